@@ -1,0 +1,97 @@
+#include "data/reply_handling.h"
+
+#include "data/read_values.h"
+#include "data/write_completion.h"
+#include "driver/tarvelan.h"
+#include "modbus/reply_check.h"
+#include "modbus/send_schedule.h"
+
+namespace
+{
+
+const int WRITE_FAILED = 0;
+const int WRITE_CONFIRMED = 1;
+
+int check(const QByteArray& reply)
+{
+    // The check reads only; constData() keeps the runtime's bytes from being copied.
+    const char* const bytes = reply.constData();
+    return check_rcv_data(reinterpret_cast<unsigned char*>(const_cast<char*>(bytes)),
+                          static_cast<int>(reply.size()));
+}
+
+void settleWrite(const VARIABLE& job, int success)
+{
+    if (driver.currentKind == WRITE_JOB)
+        _write_FailOrSuc(job.station, job.regType, job.address, job.count, success);
+}
+
+int retireRequest()
+{
+    if (!driver.frameList.isEmpty())
+        driver.frameList.removeFirst();
+    if (driver.frameList.isEmpty())
+        dealListWhenFinish();
+    driver.errorCount = 0;
+    return REPLY_ACCEPTED;
+}
+
+int acceptData(const QByteArray& reply)
+{
+    driver.commFailed = 0;
+    const ReadRequest request(driver.frameList.first());
+    storeReadValues(request, ReplyBytes(reply));
+    return retireRequest();
+}
+
+int acceptAcknowledgement()
+{
+    settleWrite(driver.frameList.first().job, WRITE_CONFIRMED);
+    driver.commFailed = 0;
+    return retireRequest();
+}
+
+QString failureText(int replyLength, const ReadRequest& request)
+{
+    return QString::fromLatin1("%1,%2,%3,")
+               .arg(replyLength)
+               .arg(request.station)
+               .arg(request.address)
+           + request.regType;
+}
+
+int rejectReply(int replyLength, QString& errorText)
+{
+    ++driver.errorCount;
+    if (driver.errorCount < driver.retryLimit)
+        return REPLY_RETRY;
+
+    driver.commFailed = 1;
+    const ReadRequest request(driver.frameList.first());
+    settleWrite(driver.frameList.first().job, WRITE_FAILED);
+    errorText = failureText(replyLength, request);
+    markUnanswered(request);
+    driver.frameList.clear();
+    driver.errorCount = 0;
+    dealListWhenFinish();
+    return REPLY_FAILED;
+}
+
+} // namespace
+
+int intf_dealRcvFrame(QByteArray& reply, QString& errorText)
+{
+    errorText = QString::fromLatin1("");
+    if (driver.frameList.isEmpty())
+        return REPLY_IGNORED;
+    switch (check(reply)) {
+    case REPLY_WITH_DATA:
+        return acceptData(reply);
+    case REPLY_ACKNOWLEDGES:
+        return acceptAcknowledgement();
+    case REPLY_BAD:
+        return rejectReply(static_cast<int>(reply.size()), errorText);
+    default:
+        return REPLY_IGNORED;
+    }
+}

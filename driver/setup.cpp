@@ -1,0 +1,82 @@
+#include "driver/setup.h"
+
+#include "driver/wrapping.h"
+
+#include <QtCore/QStringList>
+
+namespace
+{
+
+const int PARAMETER_COUNT = 5;
+const int BITS_PER_REGISTER_OF_LIMIT = 8;
+
+// Fewer than five items leave the parameters of an earlier call in force.
+void takeParameters(const QString& parameters)
+{
+    const QStringList items = parameters.split(QLatin1Char('#'));
+    if (items.size() < PARAMETER_COUNT)
+        return;
+    driver.linkId = items.at(0).toInt();
+    driver.writeLocalOnly = items.at(1).toInt();
+    driver.param2 = items.at(2).toInt();
+    driver.retryLimit = items.at(3).toInt();
+    driver.maxWords = items.at(4).toInt();
+}
+
+} // namespace
+
+void intf_getProtocolType(int* out)
+{
+    *out = 0;
+}
+
+void intf_getDriverParameter(QString& out)
+{
+    // SM stands before M on purpose, unlike in REG_LIST.
+    out = QString::fromLatin1("0,9600,8,NONE,1,0,1,192.168.1.10,8888,tarvelan,"
+                              "X,Y,SM,M,S,T,C,D,SD,CV,32CV,TV,Z");
+}
+
+void intf_getDriverPropertyPage(QString& out)
+{
+    out = QString::fromLatin1("0_0");
+}
+
+void intf_SetDriverPropertyPage(QString& out)
+{
+    out = QString::fromLatin1("");
+}
+
+void intf_setAddrValueChangeCallBack(ValueChangeCallBack callBack)
+{
+    driver.valueChangeCallBack = callBack;
+}
+
+int intf_initProperty(unsigned char* shared, void* hostValue, unsigned short* recipeBuffer,
+                      int* status, const char* parameters, QMutex* mutex)
+{
+    if (status)
+        *status = 0;
+    takeParameters(QString::fromLatin1(parameters));
+
+    driver.hostShared = shared;
+    driver.hostArg1 = hostValue;
+    driver.recipeBuffer = recipeBuffer;
+    driver.hostMutex = mutex;
+
+    driver.readList.clear();
+    driver.writeList.clear();
+    driver.condList.clear();
+    driver.dataAreas.clear();
+    driver.currentKind = NO_JOB;
+    driver.burstCount = 0;
+    driver.aux1 = 0;
+    driver.errorCount = 0;
+    driver.maxWordsPerJob = driver.maxWords;
+    driver.maxBitsPerJob = wrapMul(driver.maxWords, BITS_PER_REGISTER_OF_LIMIT);
+    driver.commFailed = 0;
+    driver.frameList.clear();
+    driver.aux2 = 0;
+    driver.aux3 = 1;
+    return 1;
+}

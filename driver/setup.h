@@ -1,0 +1,61 @@
+/// Set-up entry points: what the driver is, and how a runtime configures it.
+/// All run on the runtime's communication thread; none calls the value-change
+/// function, and all may be called from inside it except intf_initProperty().
+#ifndef TARVELAN_DRIVER_SETUP_H
+#define TARVELAN_DRIVER_SETUP_H
+
+#include "driver/export.h"
+#include "driver/tarvelan.h"
+
+#include <QtCore/QMutex>
+#include <QtCore/QString>
+
+extern "C" {
+
+/// Writes the protocol type, 0, to `*out`.
+KX_EXPORT void intf_getProtocolType(int* out);
+
+/// Assigns the default parameters to `out`: 23 items separated by commas (baud
+/// rate, data bits, parity, stop bits, device address and port, driver name,
+/// register types).
+KX_EXPORT void intf_getDriverParameter(QString& out);
+
+/// Assigns the property page, "0_0", to `out`.
+KX_EXPORT void intf_getDriverPropertyPage(QString& out);
+
+/// Assigns the empty string to `out`; the driver keeps nothing.
+KX_EXPORT void intf_SetDriverPropertyPage(QString& out);
+
+/// Registers the value-change function, replacing any earlier one. The driver
+/// does not test it for null: register one before the first reply or write.
+KX_EXPORT void intf_setAddrValueChangeCallBack(ValueChangeCallBack callBack);
+
+/// Hands over parameters and resources and discards every queued job, frame
+/// and cached value. The recipe plan and its position survive.
+///
+/// @param shared       the runtime's block of at least 60117 bytes: byte 60115
+///                     requests a recipe write, byte 60116 a recipe read, each
+///                     set to 1 by the runtime and cleared to 0 by the driver.
+///                     Null: no recipe is ever requested.
+/// @param hostValue    stored, never used
+/// @param recipeBuffer recipe values, 16-bit words, as many as the recipe
+///                     variables' offsets and counts reach. Null: recipe writes
+///                     send zeros and recipe reads store nothing here.
+/// @param status       set to 0; null is accepted
+/// @param parameters   Latin-1, items separated by "#": link number, local-write
+///                     switch, a stored value, retry limit (bad replies in a row),
+///                     maximum request length (registers). An item that is no
+///                     decimal number counts as 0; items after the fifth are
+///                     ignored; with fewer than five none of them changes.
+/// @param mutex        locked only around the two request bytes, never while
+///                     the value-change function runs. Null: nothing to lock.
+/// @return always 1
+///
+/// The pointers stay the runtime's and must outlive the driver's use of them,
+/// that is until the next call of this function or the unloading of the library.
+KX_EXPORT int intf_initProperty(unsigned char* shared, void* hostValue,
+                                unsigned short* recipeBuffer, int* status, const char* parameters,
+                                QMutex* mutex);
+}
+
+#endif

@@ -1,0 +1,12 @@
+#include "driver/tarvelan.h"
+
+// The object has static storage, so every field not set here starts as zero.
+tarvelan::tarvelan() : burstCount(0), commFailed(0), rcpIndex(0)
+{
+    dataAreas.clear();
+    // Sort order of the register types. TV stands before CV on purpose: it
+    // differs from REG_LIST, and merged requests follow it.
+    regNames = QString::fromLatin1("X,Y,M,SM,S,T,C,D,SD,TV,CV,32CV,Z").split(QLatin1Char(','));
+}
+
+tarvelan::~tarvelan() {}

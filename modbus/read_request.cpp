@@ -1,0 +1,39 @@
+#include "modbus/read_request.h"
+
+#include "driver/tarvelan.h"
+#include "driver/wrapping.h"
+#include "modbus/frame_bytes.h"
+#include "registers/register_types.h"
+
+namespace
+{
+
+const int BROADCAST_STATION = 0;
+const int FIRST_DATA_BYTE = 3; // after station, function and byte count
+const int REPLY_OVERHEAD = 5;  // those three and the CRC
+const int BYTES_PER_REGISTER = 2;
+
+} // namespace
+
+void getReadFrame(VARIABLE& job)
+{
+    if (job.station == BROADCAST_STATION)
+        return;
+    const RegisterType* const type = findRegisterType(job.regType);
+    const bool readsBits = type && type->registerClass == BIT_CLASS;
+
+    FRAME_PRO request = FRAME_PRO();
+    FrameBytes bytes(request);
+    bytes.putHeader(job.station, readsBits ? READ_COILS : READ_HOLDING_REGISTERS,
+                    modbusNumber(type, job.address), job.count);
+    bytes.putCrc(SHORT_FRAME_LENGTH - CRC_LENGTH);
+
+    const int dataBytes =
+        readsBits ? packedBytes(job.count) : wrapMul(job.count, BYTES_PER_REGISTER);
+    request.sendLen = SHORT_FRAME_LENGTH;
+    request.recvLen = wrapAdd(dataBytes, REPLY_OVERHEAD);
+    request.frameFunc = FIRST_DATA_BYTE;
+    request.dataLen = readsBits ? job.count : dataBytes;
+    request.job = job;
+    driver.frameList.append(request);
+}

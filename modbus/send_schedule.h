@@ -1,0 +1,29 @@
+/// Which request goes next, and what becomes of a job once it is answered.
+#ifndef TARVELAN_MODBUS_SEND_SCHEDULE_H
+#define TARVELAN_MODBUS_SEND_SCHEDULE_H
+
+#include "driver/export.h"
+#include "driver/records.h"
+
+extern "C" {
+
+/// Hands out the next request. While a request waits for its reply, the same one
+/// is handed out again. Otherwise the order of preference is: a requested recipe
+/// transfer; a write while fewer than 5 writes and condition reads have gone in a
+/// row; a condition read while fewer than 3 have; the next cyclic read.
+///
+/// Communication thread only; not from inside the value-change function, which
+/// it never calls. Locks the runtime's mutex briefly to read the two recipe
+/// request bytes.
+/// @param out the whole record is copied: transmit `sendLen` bytes of `frame`,
+///            then collect up to `recvLen` bytes of reply
+/// @return 1 when `*out` holds a request, 0 when there is nothing to send
+KX_EXPORT int intf_getSendFrame(FRAME_PRO* out);
+}
+
+/// Retires the job that was answered or given up: drops the write, rotates the
+/// cyclic reads, reports and drops the condition read, steps the recipe. Called
+/// when `frameList` has become empty.
+KX_EXPORT void dealListWhenFinish();
+
+#endif

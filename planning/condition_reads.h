@@ -1,0 +1,30 @@
+#ifndef TARVELAN_PLANNING_CONDITION_READS_H
+#define TARVELAN_PLANNING_CONDITION_READS_H
+
+#include "driver/export.h"
+#include "driver/records.h"
+
+extern "C" {
+
+/// Queues a one-off read, served ahead of the cyclic reads.
+///
+/// A range longer than the request limit (`maxWords` registers, or 8 times as
+/// many bits when `key.bitIndex` is -1) is split; a limit of 0 leaves it whole,
+/// and a count of 0 or less is one piece. A piece that is already waiting behind
+/// the head of the queue is not queued twice. The queue holds 513 jobs; when it
+/// is full the newest replaces the last.
+///
+/// When the piece queued last has been answered or has failed for good, the
+/// value-change function is called with (-1, -1, "-1", r), r being 0, or -1 after
+/// the failure. Any failure drops all waiting condition reads, and when an earlier
+/// piece fails nothing is reported.
+///
+/// Communication thread only; may be called from inside the value-change
+/// function; does not call it.
+/// @param key  station, register type, first address, count; not changed
+/// @param kind stored in the jobs
+/// @return always 1
+KX_EXPORT int intf_addConditionRead(KEY_ADDRESS& key, int kind);
+}
+
+#endif

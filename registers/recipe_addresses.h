@@ -1,0 +1,35 @@
+/// Recipe variables and their conversion into jobs.
+#ifndef TARVELAN_REGISTERS_RECIPE_ADDRESSES_H
+#define TARVELAN_REGISTERS_RECIPE_ADDRESSES_H
+
+#include "driver/export.h"
+#include "driver/records.h"
+
+#include <QtCore/QVector>
+
+extern "C" {
+
+/// Replaces the recipe plan: keeps the variables of this driver's link, sorts
+/// them and joins those whose registers touch or overlap into blocks of at most
+/// `maxWords` registers, one request each.
+///
+/// A block takes its values from the recipe buffer contiguously, from the
+/// position of its first variable on: lay variables that share or follow each
+/// other in the registers out in the same order, without gaps. A recipe of one
+/// variable is planned, and sent, as two identical blocks.
+///
+/// The position of a running transfer is not reset. Communication thread only;
+/// not from inside the value-change function. Does not call it.
+/// @param vars read, not changed; stays the caller's
+/// @return the number of variables kept
+KX_EXPORT int intf_setRcpAddress(QVector<_RCP_VAR_PRO>& vars);
+}
+
+/// Turns one block into a job, `job.kind` excepted.
+/// @param withData nonzero: copy `count` 16-bit words from the recipe buffer at
+///                 `bufOffset` into the payload, at most 1024 bytes; words before
+///                 the buffer's start, or without a buffer, stay 0. Zero: the
+///                 payload is all 0.
+KX_EXPORT void rcpAddrToVar(_RCP_VAR_PRO var, VARIABLE& job, int withData);
+
+#endif
