@@ -1,0 +1,183 @@
+#include "addresses/address_text.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtCore/QStringList>
+
+#include <limits>
+
+namespace
+{
+
+const int LOWEST_STATION = 1;
+const int HIGHEST_STATION = 247;
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+QString typeNames()
+{
+    QStringList names;
+    for (const RegisterType& type : REGISTER_TYPES)
+        names << text(type.name);
+    return names.join(text(", "));
+}
+
+int highestAddress(const RegisterType* type)
+{
+    return text(type->highest).toInt(nullptr, type->radix);
+}
+
+QString addressesOf(const RegisterType* type)
+{
+    return text("%1%2 to %1%3 (%4)")
+        .arg(text(type->name), text(type->lowest), text(type->highest),
+             text(type->radix == 8 ? "octal" : "decimal"));
+}
+
+bool fail(QString* error, const QString& message)
+{
+    *error = message;
+    return false;
+}
+
+bool takeType(const QString& name, const QString& whole, AddressRange* range, QString* error)
+{
+    range->type = findRegisterType(name);
+    if (range->type)
+        return true;
+    return fail(
+        error,
+        text("%1: unknown register type '%2'; the types are %3").arg(whole, name, typeNames()));
+}
+
+bool takeAddress(const QString& digits, const QString& whole, AddressRange* range, QString* error)
+{
+    bool isNumber = false;
+    range->address = digits.toInt(&isNumber, range->type->radix);
+    if (!isNumber)
+        return fail(error, text("%1: '%2' is not %3 number; the addresses are %4")
+                               .arg(whole, digits,
+                                    text(range->type->radix == 8 ? "an octal" : "a decimal"),
+                                    addressesOf(range->type)));
+    if (range->address < range->type->lowestAddress || range->address > highestAddress(range->type))
+        return fail(
+            error,
+            text("%1: out of range; the addresses are %2").arg(whole, addressesOf(range->type)));
+    return true;
+}
+
+bool takeCount(const QString& digits, const QString& whole, AddressRange* range, QString* error)
+{
+    if (digits.isNull())
+        return true;
+    bool isNumber = false;
+    range->values = digits.toInt(&isNumber);
+    if (!isNumber || range->values < 1)
+        return fail(error, text("%1: the count must be 1 or more").arg(whole));
+    if (range->values - 1 > highestAddress(range->type) - range->address)
+        return fail(error, text("%1: %2 values run past the last address; the addresses are %3")
+                               .arg(whole)
+                               .arg(range->values)
+                               .arg(addressesOf(range->type)));
+    return true;
+}
+
+bool takeStation(const QString& digits, const QString& whole, AddressRange* range, QString* error)
+{
+    if (digits.isNull())
+        return true;
+    bool isNumber = false;
+    range->station = digits.toInt(&isNumber);
+    if (isNumber && range->station >= LOWEST_STATION && range->station <= HIGHEST_STATION)
+        return true;
+    return fail(error, text("%1: the station must be %2 to %3")
+                           .arg(whole)
+                           .arg(LOWEST_STATION)
+                           .arg(HIGHEST_STATION));
+}
+
+qint64 lowestValue(const RegisterType* type)
+{
+    if (type->registerClass == BIT_CLASS)
+        return 0;
+    return type->registerClass == WORD_CLASS ? std::numeric_limits<qint16>::min()
+                                             : std::numeric_limits<qint32>::min();
+}
+
+qint64 highestValue(const RegisterType* type)
+{
+    if (type->registerClass == BIT_CLASS)
+        return 1;
+    return type->registerClass == WORD_CLASS ? std::numeric_limits<quint16>::max()
+                                             : std::numeric_limits<quint32>::max();
+}
+
+bool takeValue(const QString& digits, const QString& whole, Assignment* assignment, QString* error)
+{
+    const bool isHex = digits.startsWith(text("0x"), Qt::CaseInsensitive);
+    bool isNumber = false;
+    const qint64 value =
+        isHex ? digits.mid(2).toLongLong(&isNumber, 16) : digits.toLongLong(&isNumber, 10);
+    if (!isNumber)
+        return fail(error,
+                    text("%1: '%2' is not a decimal or 0x hexadecimal number").arg(whole, digits));
+    const RegisterType* const type = assignment->range.type;
+    if (value < lowestValue(type) || value > highestValue(type))
+        return fail(error, text("%1: %2 does not fit; %3 takes %4 to %5")
+                               .arg(whole, digits, text(type->name))
+                               .arg(lowestValue(type))
+                               .arg(highestValue(type)));
+    assignment->values << value;
+    return true;
+}
+
+} // namespace
+
+bool parseAddressRange(const QString& address, AddressRange* range, QString* error)
+{
+    static const QRegularExpression pattern(
+        text("^((?:32)?[A-Za-z]+)([^:@]*)(?::([^@]*))?(?:@(.*))?$"));
+    const QRegularExpressionMatch parts = pattern.match(address);
+    if (!parts.hasMatch())
+        return fail(error, text("%1: not an address; write TYPE ADDRESS[:COUNT][@STATION] without "
+                                "spaces, such as D100:4, X17 or 32CV200@2")
+                               .arg(address));
+    *range = AddressRange();
+    return takeType(parts.captured(1), address, range, error)
+           && takeAddress(parts.captured(2), address, range, error)
+           && takeCount(parts.captured(3), address, range, error)
+           && takeStation(parts.captured(4), address, range, error);
+}
+
+bool parseAssignment(const QString& whole, Assignment* assignment, QString* error)
+{
+    const auto equals = whole.indexOf(QLatin1Char('='));
+    if (equals < 0)
+        return fail(error, text("%1: not an assignment; write ADDRESS=VALUE[,VALUE...], such as "
+                                "D100=1234")
+                               .arg(whole));
+    *assignment = Assignment();
+    const QString address = whole.left(equals);
+    if (!parseAddressRange(address, &assignment->range, error))
+        return false;
+    const QStringList values = whole.mid(equals + 1).split(QLatin1Char(','));
+    for (const QString& value : values) {
+        if (!takeValue(value, whole, assignment, error))
+            return false;
+    }
+    const int count = static_cast<int>(assignment->values.size());
+    const bool countGiven = address.contains(QLatin1Char(':'));
+    if (countGiven && count != assignment->range.values)
+        return fail(error, text("%1: %2 values for a count of %3")
+                               .arg(whole)
+                               .arg(count)
+                               .arg(assignment->range.values));
+    return takeCount(QString::number(count), whole, &assignment->range, error);
+}
+
+QString addressText(const RegisterType* type, int address)
+{
+    return text(type->name) + QString::number(address, type->radix);
+}

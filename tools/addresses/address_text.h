@@ -1,0 +1,40 @@
+/// Addresses and assignments as a panel's user types them: D100, D100:4, X17,
+/// 32CV200, M0@2, D100=1234, M0=1,0,1. X and Y are octal, all others decimal.
+#ifndef KX_TOOLS_ADDRESS_TEXT_H
+#define KX_TOOLS_ADDRESS_TEXT_H
+
+#include "registers/register_types.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+/// Consecutive addresses of one register type.
+struct AddressRange {
+    const RegisterType* type = nullptr;
+    int address = 0;  ///< first device address, as a number
+    int values = 1;   ///< addresses covered; a 32CV value is one
+    int station = -1; ///< after "@"; -1 when not given
+
+    /// Bits, or 16-bit registers (two per 32CV value), as the driver counts.
+    int driverCount() const { return values * registersPerAddress(type); }
+};
+
+/// Values for consecutive addresses.
+struct Assignment {
+    AddressRange range;
+    QList<qint64> values; ///< one per address: 0 or 1, -32768..65535, or 32 bits
+};
+
+/// Parses TYPE ADDRESS [:COUNT] [@STATION]. Returns false and one line in
+/// `*error` when the type is unknown, a digit does not suit its radix, the range
+/// leaves the type's addresses, or the station is not 1 to 247.
+bool parseAddressRange(const QString& text, AddressRange* range, QString* error);
+
+/// Parses RANGE=VALUE[,VALUE...]; values decimal, 0x hexadecimal or negative. A
+/// count, when given, must equal the number of values. Each value must fit.
+bool parseAssignment(const QString& text, Assignment* assignment, QString* error);
+
+/// The address as a user types it, octal for X and Y: "X17", "32CV200".
+QString addressText(const RegisterType* type, int address);
+
+#endif
