@@ -11,7 +11,7 @@ set(KX_PUBLIC_HEADERS
 
 add_library(tarvelan_kx_series SHARED
   tarvelan_kx_series.cpp
-  driver/job_queue.cpp driver/setup.cpp driver/tarvelan.cpp
+  driver/data_area_index.cpp driver/job_queue.cpp driver/setup.cpp driver/tarvelan.cpp driver/value_change.cpp
   registers/address_check.cpp registers/address_series.cpp registers/address_weight.cpp
   registers/recipe_addresses.cpp registers/register_catalogue.cpp registers/register_types.cpp
   planning/address_merge.cpp planning/condition_reads.cpp planning/monitor_flags.cpp

@@ -2,6 +2,7 @@
 
 #include "data/data_areas.h"
 #include "driver/tarvelan.h"
+#include "driver/value_change.h"
 #include "driver/wrapping.h"
 
 namespace
@@ -13,7 +14,7 @@ const int WATCHED_AS_PAIR_END = 1 << 2;
 
 void report(int station, const QString& name, int address)
 {
-    driver.valueChangeCallBack(driver.linkId, station, name, address);
+    callRuntime(driver.linkId, station, name, address);
 }
 
 bool hasBit(int value, int bit)

@@ -16,6 +16,21 @@ KX_EXPORT int getIndexOfDataArea(int station, QString regType, int address, QLis
 /// next record is created or the value-change function is called.
 _DATA_& dataArea(int station, const QString& regType, int address);
 
+/// Placed around many lookups: until it goes out of scope nobody but the driver
+/// touches the cache, reportValueChange() excepted.
+class UndisturbedAreas
+{
+public:
+    UndisturbedAreas();
+    ~UndisturbedAreas();
+
+private:
+    UndisturbedAreas(const UndisturbedAreas&);
+    UndisturbedAreas& operator=(const UndisturbedAreas&);
+
+    bool m_before;
+};
+
 /// The bytes that the runtime sees: `writeValue` while a write is pending, else
 /// `value`.
 inline const unsigned char* visibleValue(const _DATA_& area)

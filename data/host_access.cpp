@@ -73,6 +73,7 @@ int intf_getData(int station, QString regType, int address, int count, unsigned 
         return 1;
     const int size = valueSize(type->registerClass);
     const int values = count / registersPerAddress(type);
+    const UndisturbedAreas undisturbed;
     for (int i = 0; i < values; ++i) {
         const _DATA_& area = dataArea(station, regType, wrapAdd(address, i));
         std::memcpy(out + static_cast<qint64>(i) * size, visibleValue(area),

@@ -4,6 +4,7 @@
 #include "data/data_areas.h"
 #include "data/recipe_values.h"
 #include "driver/tarvelan.h"
+#include "driver/value_change.h"
 #include "driver/wrapping.h"
 #include "registers/register_types.h"
 
@@ -25,7 +26,7 @@ void storeBit(const ReadRequest& request, const ReplyBytes& reply, int i)
     area.commError = 0;
     if (area.value[0] != reply.at(wrapAdd(request.firstDataByte, i))) {
         area.writePending = 0;
-        driver.valueChangeCallBack(driver.linkId, request.station, request.regType, address);
+        callRuntime(driver.linkId, request.station, request.regType, address);
     }
     const int packed = reply.at(wrapAdd(request.firstDataByte, i / BITS_PER_BYTE));
     dataArea(request.station, request.regType, address).value[0] =
@@ -82,6 +83,7 @@ ReadRequest::ReadRequest(const FRAME_PRO& frame)
 
 void storeReadValues(const ReadRequest& request, const ReplyBytes& reply)
 {
+    const UndisturbedAreas undisturbed;
     const RecipeRange recipe = currentRecipeRange();
     const RegisterClass registerClass = registerClassOf(request.regType);
     switch (registerClass) {
@@ -110,6 +112,7 @@ void markUnanswered(const ReadRequest& request)
     const RegisterClass registerClass = registerClassOf(request.regType);
     if (registerClass == UNKNOWN_CLASS)
         return;
+    const UndisturbedAreas undisturbed;
     const bool areBits = registerClass == BIT_CLASS;
     const int marks = areBits ? request.dataLength : request.dataLength / BYTES_PER_REGISTER;
     const int stride = areBits ? BITS_PER_GROUP : 1;

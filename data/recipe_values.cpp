@@ -3,6 +3,7 @@
 #include "data/data_areas.h"
 #include "data/read_values.h"
 #include "driver/tarvelan.h"
+#include "driver/value_change.h"
 #include "driver/wrapping.h"
 
 namespace
@@ -33,7 +34,7 @@ bool storeWordInBuffer(int offset, int word)
 
 void reportWord(int offset)
 {
-    driver.valueChangeCallBack(RECIPE_LINK, NO_STATION, QString::fromLatin1("RWI"), offset);
+    callRuntime(RECIPE_LINK, NO_STATION, QString::fromLatin1("RWI"), offset);
 }
 
 } // namespace

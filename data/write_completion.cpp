@@ -4,6 +4,7 @@
 #include "data/data_areas.h"
 #include "data/value_size.h"
 #include "driver/tarvelan.h"
+#include "driver/value_change.h"
 #include "driver/wrapping.h"
 #include "registers/register_types.h"
 
@@ -22,7 +23,7 @@ void confirm(const RegisterType* type, int station, const QString& regType, int 
     if (type->registerClass == DOUBLE_WORD_CLASS)
         _OnlyOneDataTypeDataChange(station, regType, address, 0, 0, 0, 0);
     else
-        driver.valueChangeCallBack(driver.linkId, station, regType, address);
+        callRuntime(driver.linkId, station, regType, address);
 }
 
 void abandon(const RegisterType* type, int station, const QString& regType, int address)
@@ -30,7 +31,7 @@ void abandon(const RegisterType* type, int station, const QString& regType, int 
     _DATA_& area = dataArea(station, regType, address);
     area.writePending = 0;
     if (type->registerClass == BIT_CLASS) {
-        driver.valueChangeCallBack(driver.linkId, station, regType, address);
+        callRuntime(driver.linkId, station, regType, address);
     } else if (type->registerClass == WORD_CLASS) {
         int read = wordOf(area.value);
         int written = wordOf(area.writeValue);
@@ -48,6 +49,7 @@ void _write_FailOrSuc(int station, QString regType, int address, int count, int 
     if (!type)
         return;
     const int values = count / registersPerAddress(type);
+    const UndisturbedAreas undisturbed;
     for (int i = 0; i < values; ++i) {
         const int valueAddress = wrapAdd(address, i);
         if (success == CONFIRMED)

@@ -4,6 +4,7 @@
 #include "data/data_areas.h"
 #include "data/value_size.h"
 #include "driver/tarvelan.h"
+#include "driver/value_change.h"
 #include "driver/wrapping.h"
 #include "registers/register_types.h"
 
@@ -16,7 +17,7 @@ void reportWrite(RegisterClass registerClass, int station, const QString& regTyp
                  const unsigned char* newBytes)
 {
     if (registerClass == BIT_CLASS) {
-        driver.valueChangeCallBack(driver.linkId, station, regType, address);
+        callRuntime(driver.linkId, station, regType, address);
     } else if (registerClass == WORD_CLASS) {
         int oldWord = wordOf(visibleValue(dataArea(station, regType, address)));
         int newWord = wordOf(newBytes);
@@ -35,6 +36,7 @@ void write_saveDataToArea(int station, QString regType, int address, int count, 
         return;
     const int size = valueSize(type->registerClass);
     const int values = count / registersPerAddress(type);
+    const UndisturbedAreas undisturbed;
     for (int i = 0; i < values; ++i) {
         const int valueAddress = wrapAdd(address, i);
         const unsigned char* const newBytes = data + static_cast<qint64>(i) * size;

@@ -1,5 +1,6 @@
 #include "driver/setup.h"
 
+#include "driver/data_area_index.h"
 #include "driver/wrapping.h"
 
 #include <QtCore/QStringList>
@@ -68,6 +69,7 @@ int intf_initProperty(unsigned char* shared, void* hostValue, unsigned short* re
     driver.writeList.clear();
     driver.condList.clear();
     driver.dataAreas.clear();
+    driver.dataAreaIndex->reset();
     driver.currentKind = NO_JOB;
     driver.burstCount = 0;
     driver.aux1 = 0;

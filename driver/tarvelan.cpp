@@ -1,7 +1,9 @@
 #include "driver/tarvelan.h"
 
+#include "driver/data_area_index.h"
+
 // The object has static storage, so every field not set here starts as zero.
-tarvelan::tarvelan() : burstCount(0), commFailed(0), rcpIndex(0)
+tarvelan::tarvelan() : burstCount(0), commFailed(0), rcpIndex(0), dataAreaIndex(new DataAreaIndex)
 {
     dataAreas.clear();
     // Sort order of the register types. TV stands before CV on purpose: it
@@ -9,4 +11,7 @@ tarvelan::tarvelan() : burstCount(0), commFailed(0), rcpIndex(0)
     regNames = QString::fromLatin1("X,Y,M,SM,S,T,C,D,SD,TV,CV,32CV,Z").split(QLatin1Char(','));
 }
 
-tarvelan::~tarvelan() {}
+tarvelan::~tarvelan()
+{
+    delete dataAreaIndex;
+}

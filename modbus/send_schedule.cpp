@@ -2,6 +2,7 @@
 
 #include "driver/job_queue.h"
 #include "driver/tarvelan.h"
+#include "driver/value_change.h"
 #include "modbus/read_request.h"
 #include "modbus/recipe_requests.h"
 #include "modbus/write_request.h"
@@ -92,8 +93,8 @@ void finishConditionRead()
     if (driver.condList.isEmpty())
         return;
     if (sameTarget(driver.condList.first(), driver.condVar))
-        driver.valueChangeCallBack(-1, -1, QString::fromLatin1("-1"),
-                                   driver.commFailed ? CONDITION_READ_FAILED : CONDITION_READ_DONE);
+        callRuntime(-1, -1, QString::fromLatin1("-1"),
+                    driver.commFailed ? CONDITION_READ_FAILED : CONDITION_READ_DONE);
     if (driver.commFailed)
         driver.condList.clear();
     else if (!driver.condList.isEmpty())

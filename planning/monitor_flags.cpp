@@ -39,6 +39,7 @@ int _setDataAreaMonitorFlag(int station, QString regType, int address, int count
     if (!type)
         return 0;
     const int addresses = count / registersPerAddress(type);
+    const UndisturbedAreas undisturbed;
     for (int i = 0; i < addresses; ++i) {
         if (type->registerClass == BIT_CLASS)
             markBit(station, regType, wrapAdd(address, i));
