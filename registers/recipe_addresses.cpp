@@ -98,10 +98,9 @@ void rcpAddrToVar(_RCP_VAR_PRO var, VARIABLE& job, int withData)
         return;
 
     const int wordsInPayload = PAYLOAD_SIZE / 2;
-    const int words = std::min(var.count, wordsInPayload);
-    const int skipped = var.bufOffset < 0 ? -std::max(var.bufOffset, -wordsInPayload) : 0;
-    if (words > skipped)
-        std::memcpy(job.data + 2 * skipped,
-                    driver.recipeBuffer + (static_cast<qint64>(var.bufOffset) + skipped),
-                    static_cast<size_t>(words - skipped) * 2);
+    for (int i = 0; i < std::min(var.count, wordsInPayload); ++i) {
+        const qint64 word = static_cast<qint64>(var.bufOffset) + i;
+        if (word >= 0)
+            std::memcpy(&job.data[2 * i], &driver.recipeBuffer[word], 2);
+    }
 }
