@@ -39,6 +39,7 @@ QString addressesOf(const RegisterType* type)
 bool fail(QString* error, const QString& message)
 {
     *error = message;
+    error->replace(QLatin1Char('\n'), text("\\n"));
     return false;
 }
 
@@ -52,15 +53,33 @@ bool takeType(const QString& name, const QString& whole, AddressRange* range, QS
         text("%1: unknown register type '%2'; the types are %3").arg(whole, name, typeNames()));
 }
 
+// Digits only, unlike QString's conversion, which takes signs, spaces and prefixes.
+bool hasOnlyDigits(const QString& digits, int radix)
+{
+    for (const QChar& digit : digits) {
+        const auto value = text("0123456789abcdef").indexOf(digit.toLower());
+        if (value < 0 || value >= radix)
+            return false;
+    }
+    return !digits.isEmpty();
+}
+
+// The number, or the highest int when it is larger than that.
+int numberOf(const QString& digits, int radix)
+{
+    bool fits = false;
+    const int number = digits.toInt(&fits, radix);
+    return fits ? number : std::numeric_limits<int>::max();
+}
+
 bool takeAddress(const QString& digits, const QString& whole, AddressRange* range, QString* error)
 {
-    bool isNumber = false;
-    range->address = digits.toInt(&isNumber, range->type->radix);
-    if (!isNumber)
+    if (!hasOnlyDigits(digits, range->type->radix))
         return fail(error, text("%1: '%2' is not %3 number; the addresses are %4")
                                .arg(whole, digits,
                                     text(range->type->radix == 8 ? "an octal" : "a decimal"),
                                     addressesOf(range->type)));
+    range->address = numberOf(digits, range->type->radix);
     if (range->address < range->type->lowestAddress || range->address > highestAddress(range->type))
         return fail(
             error,
@@ -72,15 +91,12 @@ bool takeCount(const QString& digits, const QString& whole, AddressRange* range,
 {
     if (digits.isNull())
         return true;
-    bool isNumber = false;
-    range->values = digits.toInt(&isNumber);
-    if (!isNumber || range->values < 1)
+    range->values = hasOnlyDigits(digits, 10) ? numberOf(digits, 10) : 0;
+    if (range->values < 1)
         return fail(error, text("%1: the count must be 1 or more").arg(whole));
     if (range->values - 1 > highestAddress(range->type) - range->address)
         return fail(error, text("%1: %2 values run past the last address; the addresses are %3")
-                               .arg(whole)
-                               .arg(range->values)
-                               .arg(addressesOf(range->type)));
+                               .arg(whole, digits, addressesOf(range->type)));
     return true;
 }
 
@@ -88,14 +104,12 @@ bool takeStation(const QString& digits, const QString& whole, AddressRange* rang
 {
     if (digits.isNull())
         return true;
-    bool isNumber = false;
-    range->station = digits.toInt(&isNumber);
-    if (isNumber && range->station >= LOWEST_STATION && range->station <= HIGHEST_STATION)
+    range->station = hasOnlyDigits(digits, 10) ? numberOf(digits, 10) : 0;
+    if (range->station >= LOWEST_STATION && range->station <= HIGHEST_STATION)
         return true;
-    return fail(error, text("%1: the station must be %2 to %3")
-                           .arg(whole)
-                           .arg(LOWEST_STATION)
-                           .arg(HIGHEST_STATION));
+    return fail(error,
+                text("%1: the station must be %2 to %3")
+                    .arg(whole, QString::number(LOWEST_STATION), QString::number(HIGHEST_STATION)));
 }
 
 qint64 lowestValue(const RegisterType* type)
@@ -117,18 +131,19 @@ qint64 highestValue(const RegisterType* type)
 bool takeValue(const QString& digits, const QString& whole, Assignment* assignment, QString* error)
 {
     const bool isHex = digits.startsWith(text("0x"), Qt::CaseInsensitive);
-    bool isNumber = false;
-    const qint64 value =
-        isHex ? digits.mid(2).toLongLong(&isNumber, 16) : digits.toLongLong(&isNumber, 10);
-    if (!isNumber)
+    const bool isNegative = digits.startsWith(QLatin1Char('-'));
+    const int radix = isHex ? 16 : 10;
+    if (!hasOnlyDigits(digits.mid(isHex ? 2 : isNegative ? 1 : 0), radix))
         return fail(error,
                     text("%1: '%2' is not a decimal or 0x hexadecimal number").arg(whole, digits));
+    bool fits = false;
+    const qint64 value = digits.toLongLong(&fits, radix);
     const RegisterType* const type = assignment->range.type;
-    if (value < lowestValue(type) || value > highestValue(type))
-        return fail(error, text("%1: %2 does not fit; %3 takes %4 to %5")
-                               .arg(whole, digits, text(type->name))
-                               .arg(lowestValue(type))
-                               .arg(highestValue(type)));
+    if (!fits || value < lowestValue(type) || value > highestValue(type))
+        return fail(error,
+                    text("%1: %2 does not fit; %3 takes %4 to %5")
+                        .arg(whole, digits, text(type->name), QString::number(lowestValue(type)),
+                             QString::number(highestValue(type))));
     assignment->values << value;
     return true;
 }
@@ -171,9 +186,8 @@ bool parseAssignment(const QString& whole, Assignment* assignment, QString* erro
     const bool countGiven = address.contains(QLatin1Char(':'));
     if (countGiven && count != assignment->range.values)
         return fail(error, text("%1: %2 values for a count of %3")
-                               .arg(whole)
-                               .arg(count)
-                               .arg(assignment->range.values));
+                               .arg(whole, QString::number(count),
+                                    QString::number(assignment->range.values)));
     return takeCount(QString::number(count), whole, &assignment->range, error);
 }
 
