@@ -1,0 +1,91 @@
+// kxsim: simulated controllers on a pseudo-terminal or a serial port.
+
+#include "kxsim/options.h"
+#include "kxsim/pseudo_terminal.h"
+#include "kxsim/simulator.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <csignal>
+#include <cstdio>
+#include <unistd.h>
+
+namespace
+{
+
+const int WRONG_USAGE = 2;
+const int PORT_FAILED = 3;
+
+kxsim::Simulator* signalled = nullptr;
+
+void stopOnSignal(int)
+{
+    signalled->stop();
+}
+
+// At once, for scripts that wait for the line.
+void printLine(std::FILE* stream, const QString& text)
+{
+    std::fprintf(stream, "%s\n", text.toLocal8Bit().constData());
+    std::fflush(stream);
+}
+
+int fail(int exitCode, const QString& message)
+{
+    printLine(stderr, QStringLiteral("kxsim: ") + message);
+    return exitCode;
+}
+
+std::unique_ptr<kxsim::SlaveLine> openLine(const kxsim::Options& options, QString* error)
+{
+    if (!options.port.device.isEmpty())
+        return kxsim::SerialPort::open(options.port, error);
+    auto terminal = kxsim::PseudoTerminal::open(error);
+    if (terminal && !options.link.isEmpty() && !terminal->linkFrom(options.link, error))
+        return nullptr;
+    return terminal;
+}
+
+int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations* stations)
+{
+    kxsim::Simulator simulator(line, stations, options.simulation.moves);
+    if (options.logs)
+        simulator.setLog([](const QString& text) { printLine(stderr, text); });
+    simulator.setCommands(STDIN_FILENO, [](const QString& text) { printLine(stdout, text); });
+    signalled = &simulator;
+    std::signal(SIGINT, stopOnSignal);
+    std::signal(SIGTERM, stopOnSignal);
+    // In the background of a terminal, commands are given up rather than all else.
+    std::signal(SIGTTIN, SIG_IGN);
+    // Whoever read the answers may be gone; the line is still served.
+    std::signal(SIGPIPE, SIG_IGN);
+    printLine(stdout, QStringLiteral("kxsim: listening on ") + line->name());
+    const bool wasStopped = simulator.run();
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+    return wasStopped ? 0 : fail(PORT_FAILED, line->name() + QStringLiteral(": the line was lost"));
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    kxsim::Options options;
+    QString error;
+    if (!kxsim::parseOptions(QCoreApplication::arguments(), &options, &error))
+        return fail(WRONG_USAGE, error);
+    if (!options.information.isEmpty()) {
+        std::fputs(options.information.toLocal8Bit().constData(), stdout);
+        return 0;
+    }
+    kxsim::Stations stations(options.simulation.stations);
+    for (const Assignment& preset : options.simulation.presets) {
+        if (!stations.preset(preset, &error))
+            return fail(WRONG_USAGE, error);
+    }
+    const auto line = openLine(options, &error);
+    if (!line)
+        return fail(PORT_FAILED, error);
+    return serve(options, line.get(), &stations);
+}

@@ -1,0 +1,173 @@
+#include "kxsim/options.h"
+
+#include <QtCore/QCommandLineParser>
+
+namespace kxsim
+{
+
+namespace
+{
+
+const char* const DESCRIPTION =
+    "Simulated controller: a Modbus RTU slave with the whole register map. Opens a\n"
+    "pseudo-terminal and prints its name, or uses a serial port.";
+
+const char* const EXAMPLES =
+    "\n"
+    "Addresses: TYPE ADDRESS[:COUNT][@STATION]. X and Y are octal (X10 follows X7), all\n"
+    "others decimal. Types: X Y M SM S T C D SD CV 32CV TV Z.\n"
+    "\n"
+    "Without --still these values move: D0 and 32CV200 count up, D1 is a slow wave, M0 and\n"
+    "Y0 toggle, TV0 and T0 are a timer. A preset value stays still.\n"
+    "\n"
+    "Commands on standard input, one per line:\n"
+    "  get D100:4       print the values as D100=1,2,3,4\n"
+    "  set X17=1        set the sixteenth input; it stays still from then on\n"
+    "\n"
+    "Examples:\n"
+    "  kxsim\n"
+    "  kxsim --set D100=1234 --set M0=1,0,1,1 --set X17=1\n"
+    "  kxsim --station 1 --station 2 --set D100@2=5\n"
+    "  kxsim --port /dev/ttyUSB0 --baud 19200 --parity even --log\n"
+    "\n"
+    "Exit codes: 0 ended by a signal, 2 wrong usage, 3 port cannot be opened or was lost.\n";
+
+// What libmodbus can set; it falls back to 9600 in silence for all other rates.
+const int BAUDS[] = {110,   300,   600,   1200,   2400,   4800,   9600,
+                     19200, 38400, 57600, 115200, 230400, 460800, 921600};
+
+const int HIGHEST_STATION = 247;
+
+struct CommandLine {
+    QCommandLineOption station = {
+        {"a", "station"}, "Station to simulate, 1 to 247; repeatable (default 1).", "number"};
+    QCommandLineOption set = {"set", "Preset values; repeatable.", "address=value[,value...]"};
+    QCommandLineOption still = {"still", "Let no value move."};
+    QCommandLineOption symlink = {"symlink", "Link to make to the pseudo-terminal.", "path"};
+    QCommandLineOption log = {{"l", "log"}, "Print requests and replies in hex on stderr."};
+    QCommandLineOption port = {{"P", "port"}, "Serial port to use.", "device"};
+    QCommandLineOption baud = {{"b", "baud"}, "Bits per second (default 9600).", "rate", "9600"};
+    QCommandLineOption parity = {
+        {"p", "parity"}, "none, even or odd (default none).", "parity", "none"};
+    QCommandLineOption dataBits = {{"d", "data-bits"}, "7 or 8 (default 8).", "bits", "8"};
+    QCommandLineOption stopBits = {{"s", "stop-bits"}, "1 or 2 (default 1).", "bits", "1"};
+    QCommandLineOption help = {{"h", "help"}, "Show this help."};
+    QCommandLineOption version = {{"v", "version"}, "Show the version."};
+    QCommandLineParser parser;
+
+    CommandLine()
+    {
+        parser.setApplicationDescription(QString::fromLatin1(DESCRIPTION));
+        parser.addOptions({station, set, still, symlink, log, port, baud, parity, dataBits,
+                           stopBits, help, version});
+    }
+};
+
+bool fail(QString* error, const QString& message)
+{
+    *error = message;
+    return false;
+}
+
+bool takeStations(const QStringList& texts, Options* options, QString* error)
+{
+    if (!texts.isEmpty())
+        options->simulation.stations.clear();
+    for (const QString& text : texts) {
+        const int station = text.toInt();
+        if (station < 1 || station > HIGHEST_STATION)
+            return fail(error, QStringLiteral("--station %1: the station must be 1 to %2")
+                                   .arg(text)
+                                   .arg(HIGHEST_STATION));
+        options->simulation.stations << station;
+    }
+    return true;
+}
+
+bool takePresets(const QStringList& texts, Options* options, QString* error)
+{
+    for (const QString& text : texts) {
+        Assignment preset;
+        if (!parseAssignment(text, &preset, error))
+            return false;
+        const int station = preset.range.station;
+        if (station >= 0 && !options->simulation.stations.contains(station))
+            return fail(error, QStringLiteral("%1: station %2 is not simulated; add --station %2")
+                                   .arg(text)
+                                   .arg(station));
+        options->simulation.presets << preset;
+    }
+    return true;
+}
+
+// The number in the option's value when it is one of the allowed.
+template <typename Allowed>
+bool takeNumber(const QString& option, const QString& text, const Allowed& allowed, int* number,
+                QString* error)
+{
+    QStringList choices;
+    *number = text.toInt();
+    for (const int choice : allowed) {
+        if (choice == *number)
+            return true;
+        choices << QString::number(choice);
+    }
+    return fail(error, QStringLiteral("--%1 %2: must be one of %3")
+                           .arg(option, text, choices.join(QStringLiteral(", "))));
+}
+
+bool takeParity(const QString& text, PortSettings* port, QString* error)
+{
+    const QStringList names = {"none", "even", "odd", "n", "e", "o"};
+    if (!names.contains(text.toLower()))
+        return fail(error, QStringLiteral("--parity %1: must be none, even or odd").arg(text));
+    port->parity = text.at(0).toUpper().toLatin1();
+    return true;
+}
+
+bool takePort(const CommandLine& line, Options* options, QString* error)
+{
+    const QCommandLineParser& parser = line.parser;
+    PortSettings& port = options->port;
+    port.device = parser.value(line.port);
+    options->link = parser.value(line.symlink);
+    if (parser.isSet(line.port) && port.device.isEmpty())
+        return fail(error, QStringLiteral("--port: the device is missing"));
+    if (parser.isSet(line.port) && parser.isSet(line.symlink))
+        return fail(error, QStringLiteral("--symlink links to a pseudo-terminal, not to --port"));
+    const int dataBits[] = {7, 8};
+    const int stopBits[] = {1, 2};
+    return takeNumber(QStringLiteral("baud"), parser.value(line.baud), BAUDS, &port.baud, error)
+           && takeNumber(QStringLiteral("data-bits"), parser.value(line.dataBits), dataBits,
+                         &port.dataBits, error)
+           && takeNumber(QStringLiteral("stop-bits"), parser.value(line.stopBits), stopBits,
+                         &port.stopBits, error)
+           && takeParity(parser.value(line.parity), &port, error);
+}
+
+} // namespace
+
+bool parseOptions(const QStringList& arguments, Options* options, QString* error)
+{
+    CommandLine line;
+    if (!line.parser.parse(arguments))
+        return fail(error, line.parser.errorText());
+    if (line.parser.isSet(line.help)) {
+        options->information = line.parser.helpText() + QString::fromLatin1(EXAMPLES);
+        return true;
+    }
+    if (line.parser.isSet(line.version)) {
+        options->information = QStringLiteral("kxsim " KX_VERSION "\n");
+        return true;
+    }
+    if (!line.parser.positionalArguments().isEmpty())
+        return fail(error, QStringLiteral("unexpected argument '%1'")
+                               .arg(line.parser.positionalArguments().first()));
+    options->logs = line.parser.isSet(line.log);
+    options->simulation.moves = !line.parser.isSet(line.still);
+    return takeStations(line.parser.values(line.station), options, error)
+           && takePresets(line.parser.values(line.set), options, error)
+           && takePort(line, options, error);
+}
+
+} // namespace kxsim

@@ -1,0 +1,34 @@
+/// A pseudo-terminal that hosts open like a serial port.
+#ifndef KX_KXSIM_PSEUDO_TERMINAL_H
+#define KX_KXSIM_PSEUDO_TERMINAL_H
+
+#include "kxsim/slave_line.h"
+
+#include <memory>
+
+namespace kxsim
+{
+
+class PseudoTerminal : public SlaveLine
+{
+public:
+    /// Opens a new pseudo-terminal in raw mode. Null, and one line in `*error`,
+    /// when the system gives none.
+    static std::unique_ptr<PseudoTerminal> open(QString* error);
+    ~PseudoTerminal() override;
+
+    /// Makes `path` a link to the device; it is removed with the terminal. An old
+    /// link is replaced, anything else at that path is left alone and refused.
+    bool linkFrom(const QString& path, QString* error);
+
+private:
+    PseudoTerminal() = default;
+    bool openBothEnds();
+
+    int m_hostEnd = -1; ///< held open, so that the line outlives a host that closes it
+    QString m_link;
+};
+
+} // namespace kxsim
+
+#endif

@@ -1,0 +1,37 @@
+#include "kxsim/serial_port.h"
+
+#include <QtCore/QFile>
+
+#include <modbus/modbus.h>
+
+#include <cerrno>
+
+namespace kxsim
+{
+
+SerialPort::SerialPort(_modbus* context) : m_context(context) {}
+
+std::unique_ptr<SerialPort> SerialPort::open(const PortSettings& settings, QString* error)
+{
+    // libmodbus serves only to open and set up the device.
+    std::unique_ptr<SerialPort> port(
+        new SerialPort(modbus_new_rtu(QFile::encodeName(settings.device).constData(), settings.baud,
+                                      settings.parity, settings.dataBits, settings.stopBits)));
+    if (port->m_context && modbus_connect(port->m_context) == 0) {
+        port->m_descriptor = modbus_get_socket(port->m_context);
+        port->m_name = settings.device;
+        return port;
+    }
+    *error = QStringLiteral("cannot open %1: %2")
+                 .arg(settings.device, QString::fromLocal8Bit(modbus_strerror(errno)));
+    return nullptr;
+}
+
+SerialPort::~SerialPort()
+{
+    if (m_descriptor >= 0)
+        modbus_close(m_context);
+    modbus_free(m_context);
+}
+
+} // namespace kxsim

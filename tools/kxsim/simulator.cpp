@@ -1,0 +1,167 @@
+#include "kxsim/simulator.h"
+
+#include "kxsim/commands.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace kxsim
+{
+
+namespace
+{
+
+const int MOTION_MILLISECONDS = 100;
+
+// Longer than any pause inside a request, even with USB adapters that hold bytes
+// back for 16 ms; shorter than a host waits before it repeats.
+const std::chrono::milliseconds SILENCE(50);
+
+} // namespace
+
+Simulator::Simulator(SlaveLine* line, Stations* stations, bool moves)
+    : m_line(line), m_stations(stations), m_server(stations)
+{
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
+        throw std::runtime_error("no pipe for the simulated controller");
+    m_stopReader = ends[0];
+    m_stopWriter = ends[1];
+    if (!moves)
+        return;
+    for (auto& [station, memory] : m_stations->all())
+        m_motions.emplace_back(&memory);
+}
+
+Simulator::~Simulator()
+{
+    close(m_stopReader);
+    close(m_stopWriter);
+}
+
+void Simulator::setCommands(int descriptor, const TextSink& answer)
+{
+    m_commands = descriptor;
+    m_answer = answer;
+}
+
+void Simulator::stop()
+{
+    const char byte = 0;
+    // A full pipe already means stop.
+    const ssize_t written = write(m_stopWriter, &byte, 1);
+    static_cast<void>(written);
+}
+
+QString Simulator::command(const QString& line)
+{
+    const std::lock_guard<std::mutex> lock(m_memoryLock);
+    return runCommand(line, m_stations);
+}
+
+bool Simulator::run()
+{
+    m_started = Clock::now();
+    for (;;) {
+        // poll() leaves out negative descriptors.
+        pollfd sources[] = {
+            {m_stopReader, POLLIN, 0}, {m_line->descriptor(), POLLIN, 0}, {m_commands, POLLIN, 0}};
+        if (poll(sources, 3, waitMilliseconds()) < 0)
+            continue;
+        if (sources[0].revents)
+            return true;
+        move();
+        if (sources[1].revents && !receive())
+            return false;
+        dropAfterSilence();
+        if (sources[2].revents)
+            readCommands();
+    }
+}
+
+int Simulator::waitMilliseconds() const
+{
+    if (!m_received.isEmpty())
+        return static_cast<int>(SILENCE.count());
+    return m_motions.empty() ? -1 : MOTION_MILLISECONDS;
+}
+
+void Simulator::move()
+{
+    const auto elapsed =
+        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - m_started);
+    const std::lock_guard<std::mutex> lock(m_memoryLock);
+    for (Motion& motion : m_motions)
+        motion.advanceTo(elapsed.count());
+}
+
+bool Simulator::receive()
+{
+    if (!m_line->receive(&m_received))
+        return false;
+    m_lastByte = Clock::now();
+    answerRequests();
+    return true;
+}
+
+void Simulator::answerRequests()
+{
+    while (!m_received.isEmpty()) {
+        RequestServer::Answer answer;
+        {
+            const std::lock_guard<std::mutex> lock(m_memoryLock);
+            answer = m_server.answer(m_received);
+        }
+        if (answer.requestLength == 0)
+            return;
+        log(answer.verdict == RequestServer::EXECUTED ? "request" : "ignored",
+            m_received.left(answer.requestLength));
+        m_received.remove(0, answer.requestLength);
+        if (!answer.reply.isEmpty())
+            send(answer.reply);
+    }
+}
+
+void Simulator::dropAfterSilence()
+{
+    if (m_received.isEmpty() || Clock::now() - m_lastByte < SILENCE)
+        return;
+    log("dropped", m_received);
+    m_received.clear();
+}
+
+void Simulator::send(const QByteArray& reply)
+{
+    log("reply", reply);
+    m_line->send(reply);
+}
+
+void Simulator::readCommands()
+{
+    char bytes[512];
+    const ssize_t length = read(m_commands, bytes, sizeof bytes);
+    if (length > 0) {
+        m_commandBytes.append(bytes, static_cast<int>(length));
+    } else {
+        m_commands = -1;
+        m_commandBytes.append('\n'); // the last line may lack its end
+    }
+    for (auto end = m_commandBytes.indexOf('\n'); end >= 0; end = m_commandBytes.indexOf('\n')) {
+        const QString answer = command(QString::fromUtf8(m_commandBytes.left(end)));
+        m_commandBytes.remove(0, end + 1);
+        if (!answer.isEmpty())
+            m_answer(answer);
+    }
+}
+
+void Simulator::log(const char* what, const QByteArray& bytes) const
+{
+    if (m_log)
+        m_log(QStringLiteral("%1 %2")
+                  .arg(QLatin1String(what), -7)
+                  .arg(QString::fromLatin1(bytes.toHex(' '))));
+}
+
+} // namespace kxsim

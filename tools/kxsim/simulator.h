@@ -1,0 +1,76 @@
+/// Serves simulated controllers on a line until told to stop.
+#ifndef KX_KXSIM_SIMULATOR_H
+#define KX_KXSIM_SIMULATOR_H
+
+#include "kxsim/motion.h"
+#include "kxsim/request_server.h"
+#include "kxsim/slave_line.h"
+#include "kxsim/stations.h"
+
+#include <chrono>
+#include <functional>
+#include <mutex>
+#include <vector>
+
+namespace kxsim
+{
+
+class Simulator
+{
+public:
+    using TextSink = std::function<void(const QString&)>;
+
+    /// Line and stations must outlive the simulator. Presets belong into the
+    /// stations before.
+    Simulator(SlaveLine* line, Stations* stations, bool moves);
+    ~Simulator();
+    Simulator(const Simulator&) = delete;
+    Simulator& operator=(const Simulator&) = delete;
+
+    /// Calls `log` with one line of hex per request and reply, from inside run().
+    void setLog(const TextSink& log) { m_log = log; }
+
+    /// Takes commands (see commands.h) from a file descriptor until it ends, and
+    /// hands each answer to `answer` from inside run().
+    void setCommands(int descriptor, const TextSink& answer);
+
+    /// Serves until stop(); false when the line was lost.
+    bool run();
+
+    /// Ends run(), also one yet to come. For any thread or signal handler.
+    void stop();
+
+    /// Runs one command; for any thread.
+    QString command(const QString& line);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    int waitMilliseconds() const;
+    void move();
+    bool receive();
+    void answerRequests();
+    void dropAfterSilence();
+    void send(const QByteArray& reply);
+    void readCommands();
+    void log(const char* what, const QByteArray& bytes) const;
+
+    SlaveLine* m_line;
+    Stations* m_stations;
+    RequestServer m_server;
+    std::vector<Motion> m_motions;
+    std::mutex m_memoryLock;
+    TextSink m_log;
+    TextSink m_answer;
+    int m_commands = -1;
+    QByteArray m_commandBytes;
+    QByteArray m_received;
+    Clock::time_point m_started;
+    Clock::time_point m_lastByte;
+    int m_stopReader;
+    int m_stopWriter;
+};
+
+} // namespace kxsim
+
+#endif

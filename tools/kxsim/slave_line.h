@@ -1,0 +1,40 @@
+/// The controllers' end of a serial line: an open terminal device.
+#ifndef KX_KXSIM_SLAVE_LINE_H
+#define KX_KXSIM_SLAVE_LINE_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+namespace kxsim
+{
+
+class SlaveLine
+{
+public:
+    virtual ~SlaveLine() = default;
+    SlaveLine(const SlaveLine&) = delete;
+    SlaveLine& operator=(const SlaveLine&) = delete;
+
+    /// The device that a host opens, or the port in use.
+    QString name() const { return m_name; }
+
+    /// File descriptor to wait on for received bytes; it never blocks.
+    int descriptor() const { return m_descriptor; }
+
+    /// Appends what has arrived to `received`; false when the line is lost.
+    bool receive(QByteArray* received);
+
+    /// Sends what the line takes at once. The rest is lost, as on a wire that
+    /// nobody listens to.
+    void send(const QByteArray& bytes);
+
+protected:
+    SlaveLine() = default;
+
+    QString m_name;
+    int m_descriptor = -1;
+};
+
+} // namespace kxsim
+
+#endif
