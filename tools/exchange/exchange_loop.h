@@ -1,0 +1,93 @@
+/// The exchange cycle between the driver and a line.
+#ifndef KX_TOOLS_EXCHANGE_LOOP_H
+#define KX_TOOLS_EXCHANGE_LOOP_H
+
+#include "exchange/driver_library.h"
+#include "exchange/line.h"
+#include "exchange/reply_verdict.h"
+#include "exchange/statistics.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QObject>
+#include <QtCore/QTimer>
+
+struct ExchangeSettings {
+    int replyTimeout = 1000; ///< milliseconds from the end of the transmission
+    int turnaround = 100;    ///< milliseconds that stations need to act on a broadcast
+    int idleInterval = 20;   ///< milliseconds until the driver is asked again
+};
+
+/// Polls the driver for a request, transmits it, collects the reply, hands it over
+/// and obeys the result. Event driven: start() returns at once.
+///
+/// Bytes left over from before are thrown away before each request, and the line
+/// has been silent for the frame gap. A reply is handed over when it is complete,
+/// refused by the station (an exception) or beyond repair, else as far as it came
+/// by the time-out. A reply of another request is thrown away and the wait goes
+/// on; when nothing better comes the driver gets an empty reply.
+///
+/// Broadcasts (station 0) are answered by nobody: after the turnaround delay the
+/// driver gets an empty reply, repeats the request up to its retry limit and
+/// counts it as failed. A request longer than its frame is not whole; it is never
+/// transmitted, and the driver gets an empty reply.
+class ExchangeLoop : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The line stays the caller's, is open by start() and outlives the loop.
+    ExchangeLoop(const DriverEntryPoints& entryPoints, Line* line, const ExchangeSettings& settings,
+                 QObject* parent = nullptr);
+
+    void start();
+    /// A request in flight is given up without telling the driver, which hands it
+    /// out again after the next start().
+    void stop();
+    bool isRunning() const { return m_state != State::Stopped; }
+
+    /// Asks the driver at once instead of after the idle interval: for new work.
+    void wake();
+
+    const Statistics& statistics() const { return m_statistics; }
+    /// Milliseconds since the first start().
+    qint64 elapsed() const { return m_started.isValid() ? m_started.elapsed() : 0; }
+
+signals:
+    /// After the driver dealt with the reply.
+    void exchanged(const ExchangeRecord& record);
+    /// The driver has nothing to send; each time it is asked in vain.
+    void idle();
+    /// The line is lost; the loop has stopped.
+    void lineFailed(const QString& error);
+
+private:
+    enum class State { Stopped, AwaitingSilence, Idle, AwaitingReply, AwaitingTurnaround };
+
+    void proceed();
+    void poll();
+    void transmit();
+    void takeBytes(const QByteArray& bytes);
+    void judge();
+    void handleTimeout();
+    void finish(ReplyKind kind, QByteArray reply);
+    void loseLine(const QString& error);
+    void waitMicroseconds(qint64 duration);
+    void waitForSilence();
+    qint64 now() const; ///< microseconds since the first start()
+
+    DriverEntryPoints m_driver;
+    Line* m_line;
+    ExchangeSettings m_settings;
+    State m_state = State::Stopped;
+    QTimer m_timer;
+    QElapsedTimer m_started;
+    qint64 m_silentSince = 0;        ///< as now(); ahead of it while transmitting
+    qint64 m_silenceWantedSince = 0; ///< as now()
+    FRAME_PRO m_request = FRAME_PRO();
+    QByteArray m_collected; ///< without the replies of other requests
+    ExchangeRecord m_record;
+    bool m_repeating = false;
+    Statistics m_statistics;
+};
+
+#endif

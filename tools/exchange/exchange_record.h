@@ -1,0 +1,41 @@
+#ifndef KX_TOOLS_EXCHANGE_RECORD_H
+#define KX_TOOLS_EXCHANGE_RECORD_H
+
+#include "driver/records.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QDateTime>
+#include <QtCore/QMetaType>
+#include <QtCore/QString>
+
+/// What came back, as the runtime sees it.
+enum class ReplyKind {
+    Good,      ///< complete, of the station and function asked
+    None,      ///< nothing until the time-out
+    Short,     ///< fewer bytes than expected until the time-out
+    Bad,       ///< no frame in the bytes
+    Exception, ///< the station refused; see exceptionCode
+    Foreign,   ///< only replies of other requests came
+    Broadcast, ///< station 0: no station answers
+    NotSent    ///< the request was not whole and was not transmitted
+};
+
+/// One request, what came back, and what the driver made of it.
+struct ExchangeRecord {
+    QByteArray request;
+    QByteArray reply;          ///< all bytes received since the request
+    VARIABLE job = VARIABLE(); ///< the job that the request was built from
+    ReplyKind replyKind = ReplyKind::None;
+    int exceptionCode = 0; ///< with ReplyKind::Exception
+    int foreignReplies = 0;
+    int result = 0;        ///< of intf_dealRcvFrame(), see ReplyResult
+    QString errorText;     ///< with result 2
+    bool repeated = false; ///< the request had been sent before
+    QDateTime sentAt;
+    QDateTime finishedAt;
+};
+
+Q_DECLARE_METATYPE(ExchangeRecord)
+Q_DECLARE_METATYPE(VARIABLE)
+
+#endif

@@ -1,0 +1,40 @@
+/// A line to the controllers: bytes out, bytes in, never blocking.
+#ifndef KX_TOOLS_LINE_H
+#define KX_TOOLS_LINE_H
+
+#include "exchange/line_timing.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+class Line : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// What a person calls the line: "/dev/ttyUSB0", "192.168.0.5:8888".
+    virtual QString name() const = 0;
+    virtual LineTiming timing() const = 0;
+
+    /// Ends in opened() or failed(), possibly before it returns.
+    virtual void open() = 0;
+    virtual void close() = 0;
+    virtual bool isOpen() const = 0;
+
+    /// Queues bytes; a fault comes later as failed().
+    virtual void write(const QByteArray& bytes) = 0;
+    /// Throws away what has arrived and was not yet reported.
+    virtual void discardWaiting() = 0;
+
+signals:
+    void opened();
+    void bytesArrived(const QByteArray& bytes);
+    /// The line cannot be opened, or is lost; it is closed then. `error` is one
+    /// line that begins with the line's name.
+    void failed(const QString& error);
+};
+
+#endif

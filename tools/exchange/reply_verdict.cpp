@@ -1,0 +1,90 @@
+#include "exchange/reply_verdict.h"
+
+#include "modbus/crc.h"
+
+namespace
+{
+
+const int EXCEPTION_LENGTH = 5;
+const int WRITE_ECHO_LENGTH = 8;
+const int ECHOED_BYTES = 6;  // station, function, address, value or quantity
+const int READ_OVERHEAD = 5; // station, function, byte count, CRC
+const int EXCEPTION_FLAG = 0x80;
+
+int byteAt(const QByteArray& bytes, int index)
+{
+    return static_cast<unsigned char>(bytes.at(index));
+}
+
+bool isRead(int function)
+{
+    return function >= 1 && function <= 4;
+}
+
+/// The whole length that a frame announces by its first three bytes; 0 unknown.
+int announcedLength(const QByteArray& received)
+{
+    const int function = byteAt(received, 1);
+    if (function & EXCEPTION_FLAG)
+        return EXCEPTION_LENGTH;
+    if (isRead(function))
+        return byteAt(received, 2) + READ_OVERHEAD;
+    return function == 5 || function == 6 || function == 15 || function == 16 ? WRITE_ECHO_LENGTH
+                                                                              : 0;
+}
+
+bool holdsFrame(const QByteArray& received, int length)
+{
+    return length >= EXCEPTION_LENGTH && received.size() >= length
+           && endsWithItsCrc(received.left(length));
+}
+
+bool answers(const FRAME_PRO& request, const QByteArray& received)
+{
+    if (byteAt(received, 0) != request.frame[0] || byteAt(received, 1) != request.frame[1])
+        return false;
+    if (isRead(request.frame[1]))
+        return byteAt(received, 2) == request.recvLen - READ_OVERHEAD;
+    for (int i = 0; i < ECHOED_BYTES; ++i) {
+        if (byteAt(received, i) != request.frame[i])
+            return false;
+    }
+    return true;
+}
+
+bool refuses(const FRAME_PRO& request, const QByteArray& received)
+{
+    return byteAt(received, 0) == request.frame[0]
+           && byteAt(received, 1) == (request.frame[1] | EXCEPTION_FLAG);
+}
+
+} // namespace
+
+bool endsWithItsCrc(const QByteArray& frame)
+{
+    const int length = static_cast<int>(frame.size()) - 2;
+    if (length < 0)
+        return false;
+    const quint16 crc =
+        modbusCrc(reinterpret_cast<const unsigned char*>(frame.constData()), length);
+    return byteAt(frame, length) == (crc & 0xFF) && byteAt(frame, length + 1) == crc >> 8;
+}
+
+int exceptionCodeOf(const QByteArray& exceptionReply)
+{
+    return byteAt(exceptionReply, 2);
+}
+
+Judgement judgeReply(const FRAME_PRO& request, const QByteArray& received)
+{
+    if (received.size() < EXCEPTION_LENGTH)
+        return {Verdict::Incomplete, 0};
+    if (holdsFrame(received, request.recvLen))
+        return {answers(request, received) ? Verdict::Good : Verdict::Foreign, request.recvLen};
+    const int announced = announcedLength(received);
+    if (holdsFrame(received, announced))
+        return {refuses(request, received) ? Verdict::Exception : Verdict::Foreign, announced};
+    if (received.size() >= request.recvLen)
+        return {Verdict::Bad, request.recvLen};
+    return {Verdict::Incomplete, 0};
+}

@@ -1,0 +1,33 @@
+/// What the bytes that came back after a request are. Pure functions.
+#ifndef KX_TOOLS_REPLY_VERDICT_H
+#define KX_TOOLS_REPLY_VERDICT_H
+
+#include "driver/records.h"
+
+#include <QtCore/QByteArray>
+
+enum class Verdict {
+    Incomplete, ///< may still become a reply
+    Good,       ///< the reply to this request
+    Exception,  ///< this station refuses this request; see exceptionCodeOf()
+    Foreign,    ///< a whole frame that answers another request
+    Bad         ///< as many bytes as expected, or more, and no frame in them
+};
+
+struct Judgement {
+    Verdict verdict = Verdict::Incomplete;
+    int length = 0; ///< bytes from the start that the verdict is about
+};
+
+/// The driver checks length and CRC only, so the runtime checks that station,
+/// function, byte count and (for writes) the echoed fields suit the request.
+/// @param request of at most FRAME_SIZE bytes
+Judgement judgeReply(const FRAME_PRO& request, const QByteArray& received);
+
+/// The code of an exception reply: 1 illegal function, 2 illegal address, ...
+int exceptionCodeOf(const QByteArray& exceptionReply);
+
+/// Whether the last two bytes are the CRC of those before them.
+bool endsWithItsCrc(const QByteArray& frame);
+
+#endif

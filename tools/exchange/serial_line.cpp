@@ -1,0 +1,63 @@
+#include "exchange/serial_line.h"
+
+namespace
+{
+
+QSerialPort::StopBits stopBits(int bits)
+{
+    return bits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop;
+}
+
+} // namespace
+
+SerialLine::SerialLine(const QString& portName, const LineTiming& timing,
+                       QSerialPort::Parity parity, QObject* parent)
+    : Line(parent), m_timing(timing), m_name(portName)
+{
+    m_port.setPortName(portName);
+    m_port.setBaudRate(timing.baud);
+    m_port.setDataBits(static_cast<QSerialPort::DataBits>(timing.dataBits));
+    m_port.setStopBits(stopBits(timing.stopBits));
+    m_port.setParity(parity);
+    connect(&m_port, &QSerialPort::readyRead, this, &SerialLine::readArrived);
+    connect(&m_port, &QSerialPort::errorOccurred, this, &SerialLine::handleError);
+}
+
+void SerialLine::open()
+{
+    if (!m_port.open(QIODevice::ReadWrite))
+        return;
+    discardWaiting();
+    emit opened();
+}
+
+void SerialLine::close()
+{
+    if (m_port.isOpen())
+        m_port.close();
+}
+
+void SerialLine::discardWaiting()
+{
+    m_port.readAll();
+    m_port.clear(QSerialPort::Input);
+}
+
+void SerialLine::readArrived()
+{
+    const QByteArray bytes = m_port.readAll();
+    if (!bytes.isEmpty())
+        emit bytesArrived(bytes);
+}
+
+void SerialLine::handleError(QSerialPort::SerialPortError error)
+{
+    if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError)
+        return;
+    const bool wasOpen = m_port.isOpen();
+    const QString reason = m_port.errorString();
+    close();
+    emit failed(
+        QString::fromLatin1(wasOpen ? "%1: the port is lost: %2" : "%1: cannot open the port: %2")
+            .arg(m_name, reason));
+}

@@ -1,0 +1,35 @@
+#ifndef KX_TOOLS_SERIAL_LINE_H
+#define KX_TOOLS_SERIAL_LINE_H
+
+#include "exchange/line.h"
+
+#include <QtSerialPort/QSerialPort>
+
+/// A serial port, or a pseudo-terminal that stands for one.
+class SerialLine : public Line
+{
+    Q_OBJECT
+
+public:
+    /// @param timing its parity bit tells only the length; `parity` says which
+    SerialLine(const QString& portName, const LineTiming& timing, QSerialPort::Parity parity,
+               QObject* parent = nullptr);
+
+    QString name() const override { return m_name; }
+    LineTiming timing() const override { return m_timing; }
+    void open() override;
+    void close() override;
+    bool isOpen() const override { return m_port.isOpen(); }
+    void write(const QByteArray& bytes) override { m_port.write(bytes); }
+    void discardWaiting() override;
+
+private:
+    void readArrived();
+    void handleError(QSerialPort::SerialPortError error);
+
+    QSerialPort m_port;
+    LineTiming m_timing;
+    QString m_name;
+};
+
+#endif

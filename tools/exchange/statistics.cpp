@@ -1,0 +1,38 @@
+#include "exchange/statistics.h"
+
+#include "data/reply_handling.h"
+
+void Statistics::add(const ExchangeRecord& record)
+{
+    if (record.replyKind == ReplyKind::NotSent) {
+        ++notSent;
+        return;
+    }
+    ++requests;
+    if (record.result == REPLY_RETRY)
+        ++repeated;
+    else if (record.result == REPLY_ACCEPTED)
+        ++accepted;
+    else
+        ++failed;
+    if (record.replyKind == ReplyKind::Exception)
+        ++exceptions;
+    foreign += record.foreignReplies;
+    bytesSent += record.request.size();
+    bytesReceived += record.reply.size();
+}
+
+double Statistics::requestsPerSecond(qint64 elapsedMilliseconds) const
+{
+    if (elapsedMilliseconds <= 0)
+        return 0;
+    return static_cast<double>(requests) * 1000 / static_cast<double>(elapsedMilliseconds);
+}
+
+double Statistics::lineLoad(const LineTiming& timing, qint64 elapsedMilliseconds) const
+{
+    if (elapsedMilliseconds <= 0)
+        return 0;
+    const qint64 busy = timing.transmissionTime(bytesSent + bytesReceived);
+    return static_cast<double>(busy) / (static_cast<double>(elapsedMilliseconds) * 1000);
+}

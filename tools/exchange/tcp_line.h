@@ -1,0 +1,35 @@
+#ifndef KX_TOOLS_TCP_LINE_H
+#define KX_TOOLS_TCP_LINE_H
+
+#include "exchange/line.h"
+
+#include <QtCore/QTimer>
+#include <QtNetwork/QTcpSocket>
+
+/// A gateway that carries the serial line's bytes over the network unchanged.
+class TcpLine : public Line
+{
+    Q_OBJECT
+
+public:
+    TcpLine(const QString& host, quint16 port, QObject* parent = nullptr);
+
+    QString name() const override;
+    LineTiming timing() const override;
+    /// Gives up after 5 seconds.
+    void open() override;
+    void close() override;
+    bool isOpen() const override { return m_socket.state() == QAbstractSocket::ConnectedState; }
+    void write(const QByteArray& bytes) override { m_socket.write(bytes); }
+    void discardWaiting() override { m_socket.readAll(); }
+
+private:
+    void handleError();
+
+    QTcpSocket m_socket;
+    QTimer m_connecting;
+    QString m_host;
+    quint16 m_port;
+};
+
+#endif
