@@ -1,0 +1,272 @@
+// What becomes of a job once its reply has been dealt with.
+
+#include "support/driver_fixture.h"
+
+#include <QtTest/QtTest>
+
+namespace
+{
+
+QList<int> addresses(const QList<VARIABLE>& jobs)
+{
+    QList<int> result;
+    for (const VARIABLE& job : jobs)
+        result << job.address;
+    return result;
+}
+
+QList<VARIABLE> jobsAt(int first, int count)
+{
+    QList<VARIABLE> jobs;
+    for (int i = 0; i < count; ++i)
+        jobs << job(1, "D", first + i, 1);
+    return jobs;
+}
+
+const Report DONE = {-1, -1, "-1", 0};
+const Report FAILED = {-1, -1, "-1", -1};
+
+} // namespace
+
+class JobRetirementTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aWriteIsDroppedWhetherOrNotItSucceeded()
+    {
+        for (const int failed : {0, 1}) {
+            DriverFixture runtime;
+            driver.writeList = jobsAt(0, 2);
+            driver.currentKind = WRITE_JOB;
+            driver.commFailed = failed;
+            dealListWhenFinish();
+            QCOMPARE(addresses(driver.writeList), QList<int>() << 1);
+            dealListWhenFinish();
+            dealListWhenFinish();
+            QVERIFY(driver.writeList.isEmpty());
+            QCOMPARE(runtime.reports, QList<Report>());
+        }
+    }
+
+    void aCyclicReadGoesToTheBack_data()
+    {
+        QTest::addColumn<int>("jobs");
+        QTest::addColumn<QList<int>>("order");
+        QTest::newRow("none") << 0 << QList<int>();
+        QTest::newRow("one") << 1 << (QList<int>() << 0);
+        QTest::newRow("two") << 2 << (QList<int>() << 1 << 0);
+        QTest::newRow("three") << 3 << (QList<int>() << 1 << 2 << 0);
+    }
+
+    void aCyclicReadGoesToTheBack()
+    {
+        QFETCH(int, jobs);
+        for (const int failed : {0, 1}) {
+            DriverFixture runtime;
+            driver.readList = jobsAt(0, jobs);
+            driver.currentKind = CYCLIC_READ_JOB;
+            driver.commFailed = failed;
+            dealListWhenFinish();
+            QTEST(addresses(driver.readList), "order");
+        }
+    }
+
+    void otherKindsChangeNothing()
+    {
+        for (const int kind : {0, 1, 7, -1}) {
+            DriverFixture runtime;
+            driver.readList = jobsAt(0, 2);
+            driver.writeList = jobsAt(10, 2);
+            driver.condList = jobsAt(20, 2);
+            driver.condVar = driver.condList.first();
+            driver.rcpIndex = 1;
+            driver.currentKind = kind;
+            runtime.requestRecipeRead();
+            runtime.requestRecipeWrite();
+            dealListWhenFinish();
+            QCOMPARE(addresses(driver.readList), QList<int>() << 0 << 1);
+            QCOMPARE(addresses(driver.writeList), QList<int>() << 10 << 11);
+            QCOMPARE(addresses(driver.condList), QList<int>() << 20 << 21);
+            QCOMPARE(driver.rcpIndex, 1);
+            QCOMPARE(int(runtime.shared[60115] + runtime.shared[60116]), 2);
+            QCOMPARE(runtime.reports, QList<Report>());
+        }
+    }
+
+    void theEndOfAConditionReadIsReportedBeforeItIsDropped()
+    {
+        DriverFixture runtime("7#0#0#3#32");
+        driver.condList = jobsAt(20, 2);
+        driver.condVar = driver.condList.first();
+        driver.currentKind = CONDITION_READ_JOB;
+        QList<int> queued;
+        runtime.onReport = [&](const Report&) { queued = addresses(driver.condList); };
+        dealListWhenFinish();
+        QCOMPARE(runtime.reports, QList<Report>() << DONE);
+        QCOMPARE(queued, QList<int>() << 20 << 21);
+        QCOMPARE(addresses(driver.condList), QList<int>() << 21);
+    }
+
+    void anEarlierPieceIsDroppedSilently()
+    {
+        DriverFixture runtime;
+        driver.condList = jobsAt(20, 2);
+        driver.condVar = driver.condList.last();
+        driver.currentKind = CONDITION_READ_JOB;
+        dealListWhenFinish();
+        QCOMPARE(runtime.reports, QList<Report>());
+        QCOMPARE(addresses(driver.condList), QList<int>() << 21);
+    }
+
+    void theTargetIsStationTypeAddressAndCount_data()
+    {
+        QTest::addColumn<int>("station");
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("address");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("reports");
+        QTest::newRow("same") << 1 << "D" << 20 << 1 << 0 << 1;
+        QTest::newRow("other kind") << 1 << "D" << 20 << 1 << 9 << 1;
+        QTest::newRow("other station") << 2 << "D" << 20 << 1 << 0 << 0;
+        QTest::newRow("other type") << 1 << "SD" << 20 << 1 << 0 << 0;
+        QTest::newRow("other case") << 1 << "d" << 20 << 1 << 0 << 0;
+        QTest::newRow("other address") << 1 << "D" << 21 << 1 << 0 << 0;
+        QTest::newRow("other count") << 1 << "D" << 20 << 2 << 0 << 0;
+    }
+
+    void theTargetIsStationTypeAddressAndCount()
+    {
+        QFETCH(int, station);
+        QFETCH(QString, type);
+        QFETCH(int, address);
+        QFETCH(int, count);
+        QFETCH(int, kind);
+        DriverFixture runtime;
+        driver.condList = jobsAt(20, 1);
+        driver.condVar = job(station, type.toLatin1().constData(), address, count);
+        driver.condVar.kind = kind;
+        driver.currentKind = CONDITION_READ_JOB;
+        dealListWhenFinish();
+        QTEST(static_cast<int>(runtime.reports.size()), "reports");
+        QVERIFY(driver.condList.isEmpty());
+    }
+
+    void aFailureDropsAllConditionReads()
+    {
+        DriverFixture runtime;
+        driver.condList = jobsAt(20, 3);
+        driver.condVar = driver.condList.first();
+        driver.currentKind = CONDITION_READ_JOB;
+        driver.commFailed = 1;
+        QList<int> queued;
+        runtime.onReport = [&](const Report&) { queued = addresses(driver.condList); };
+        dealListWhenFinish();
+        QCOMPARE(runtime.reports, QList<Report>() << FAILED);
+        QCOMPARE(queued, QList<int>() << 20 << 21 << 22);
+        QVERIFY(driver.condList.isEmpty());
+    }
+
+    void theFailureOfAnEarlierPieceIsNotReported()
+    {
+        DriverFixture runtime;
+        driver.condList = jobsAt(20, 3);
+        driver.condVar = driver.condList.last();
+        driver.currentKind = CONDITION_READ_JOB;
+        driver.commFailed = 1;
+        dealListWhenFinish();
+        QCOMPARE(runtime.reports, QList<Report>());
+        QVERIFY(driver.condList.isEmpty());
+    }
+
+    void withoutConditionReadsNothingIsReported()
+    {
+        for (const int failed : {0, 1}) {
+            DriverFixture runtime;
+            driver.currentKind = CONDITION_READ_JOB;
+            driver.commFailed = failed;
+            dealListWhenFinish();
+            QCOMPARE(runtime.reports, QList<Report>());
+        }
+    }
+
+    void aRecipeStepsBlockByBlock_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("ownByte");
+        QTest::addColumn<int>("otherByte");
+        QTest::newRow("write") << 5 << 60115 << 60116;
+        QTest::newRow("read") << 6 << 60116 << 60115;
+    }
+
+    void aRecipeStepsBlockByBlock()
+    {
+        QFETCH(int, kind);
+        QFETCH(int, ownByte);
+        QFETCH(int, otherByte);
+        DriverFixture runtime;
+        driver.rcpVars.resize(2);
+        driver.currentKind = kind;
+        runtime.requestRecipeRead();
+        runtime.requestRecipeWrite();
+
+        runtime.mutex.lock(); // between two blocks the bytes are not touched
+        dealListWhenFinish();
+        runtime.mutex.unlock();
+        QCOMPARE(driver.rcpIndex, 1);
+        QCOMPARE(int(runtime.shared[static_cast<size_t>(ownByte)]), 1);
+
+        dealListWhenFinish();
+        QCOMPARE(driver.rcpIndex, 0);
+        QCOMPARE(int(runtime.shared[static_cast<size_t>(ownByte)]), 0);
+        QCOMPARE(int(runtime.shared[static_cast<size_t>(otherByte)]), 1);
+        QVERIFY(runtime.mutex.tryLock());
+        runtime.mutex.unlock();
+    }
+
+    void aFailureEndsTheRecipe_data() { aRecipeStepsBlockByBlock_data(); }
+
+    void aFailureEndsTheRecipe()
+    {
+        QFETCH(int, kind);
+        QFETCH(int, ownByte);
+        QFETCH(int, otherByte);
+        DriverFixture runtime;
+        driver.rcpVars.resize(5);
+        driver.rcpIndex = 2;
+        driver.currentKind = kind;
+        driver.commFailed = 1;
+        runtime.requestRecipeRead();
+        runtime.requestRecipeWrite();
+        dealListWhenFinish();
+        QCOMPARE(driver.rcpIndex, 0);
+        QCOMPARE(int(runtime.shared[static_cast<size_t>(ownByte)]), 0);
+        QCOMPARE(int(runtime.shared[static_cast<size_t>(otherByte)]), 1);
+        QCOMPARE(static_cast<int>(driver.rcpVars.size()), 5);
+    }
+
+    void aPositionPastTheBlocksEndsTheRecipe()
+    {
+        DriverFixture runtime;
+        driver.rcpIndex = 9;
+        driver.currentKind = RECIPE_READ_JOB;
+        runtime.requestRecipeRead();
+        dealListWhenFinish();
+        QCOMPARE(driver.rcpIndex, 0);
+        QCOMPARE(int(runtime.shared[60116]), 0);
+    }
+
+    void withoutASharedBlockTheRecipeEndsAllTheSame()
+    {
+        DriverFixture runtime;
+        driver.hostShared = nullptr;
+        driver.rcpIndex = 9;
+        driver.currentKind = RECIPE_WRITE_JOB;
+        dealListWhenFinish();
+        QCOMPARE(driver.rcpIndex, 0);
+    }
+};
+
+QTEST_APPLESS_MAIN(JobRetirementTest)
+#include "tst_job_retirement.moc"
