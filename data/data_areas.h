@@ -2,8 +2,10 @@
 #ifndef TARVELAN_DATA_DATA_AREAS_H
 #define TARVELAN_DATA_DATA_AREAS_H
 
+#include "driver/data_area_index.h"
 #include "driver/export.h"
 #include "driver/records.h"
+#include "driver/tarvelan.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -12,9 +14,18 @@
 /// and address; a new, zeroed one is appended when there is none.
 KX_EXPORT int getIndexOfDataArea(int station, QString regType, int address, QList<_DATA_>& list);
 
+/// Appends a zeroed record and returns its index.
+int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int address);
+
 /// The driver's own record for an address, found or created. Valid until the
 /// next record is created or the value-change function is called.
-_DATA_& dataArea(int station, const QString& regType, int address);
+inline _DATA_& dataArea(int station, const QString& regType, int address)
+{
+    int index = driver.dataAreaIndex->find(driver.dataAreas, station, regType, address);
+    if (index < 0)
+        index = appendDataArea(driver.dataAreas, station, regType, address);
+    return driver.dataAreas[index];
+}
 
 /// Placed around many lookups: until it goes out of scope nobody but the driver
 /// touches the cache, reportValueChange() excepted.

@@ -6,18 +6,6 @@ namespace
 const size_t FIRST_SIZE = 64;
 const int EMPTY = -1;
 
-bool sameName(const QString& a, const QString& b)
-{
-    return a.constData() == b.constData() || a == b;
-}
-
-template <typename Record>
-bool matches(const Record& record, int station, const QString& regType, int address)
-{
-    return record.address == address && record.station == station
-           && sameName(record.regType, regType);
-}
-
 quint32 mixed(quint32 hash, quint32 value)
 {
     hash = (hash ^ value) * 0x9E3779B1u;
@@ -149,18 +137,13 @@ int DataAreaIndex::findInTable(const QList<_DATA_>& list, quint32 hash, int stat
     return EMPTY;
 }
 
-int DataAreaIndex::find(const QList<_DATA_>& list, int station, const QString& regType, int address)
+int DataAreaIndex::search(const QList<_DATA_>& list, int station, const QString& regType,
+                          int address)
 {
     refresh(list);
-    // The next address of a request is usually the next record, and the address
-    // just reported the same one. When a key is there twice, only the table
-    // knows which record is the first.
-    if (m_used == m_known && m_last != EMPTY) {
-        if (m_last + 1 < m_known && matches(list.at(m_last + 1), station, regType, address))
-            return ++m_last;
-        if (matches(list.at(m_last), station, regType, address))
-            return m_last;
-    }
+    // The address just reported is usually the one looked up last.
+    if (m_used == m_known && m_last != EMPTY && matches(list.at(m_last), station, regType, address))
+        return m_last;
     const int found =
         findInTable(list, hashOf(station, regType, address), station, regType, address);
     if (found != EMPTY)

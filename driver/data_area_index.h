@@ -18,7 +18,18 @@ public:
     DataAreaIndex();
 
     /// Index of the first record of that key in `list`, or -1.
-    int find(const QList<_DATA_>& list, int station, const QString& regType, int address);
+    int find(const QList<_DATA_>& list, int station, const QString& regType, int address)
+    {
+        // The next address of a request is usually the next record. When a key is
+        // there twice, only the table knows which record is the first.
+        const int next = m_last + 1;
+        if (m_undisturbed && m_refreshed && next < m_known && m_used == m_known
+            && matches(list.at(next), station, regType, address)) {
+            m_last = next;
+            return next;
+        }
+        return search(list, station, regType, address);
+    }
 
     /// Forgets everything, as after clearing the list.
     void reset();
@@ -41,6 +52,19 @@ private:
         int address;
     };
 
+    static bool sameName(const QString& a, const QString& b)
+    {
+        return a.constData() == b.constData() || a == b;
+    }
+
+    template <typename Record>
+    static bool matches(const Record& record, int station, const QString& regType, int address)
+    {
+        return record.address == address && record.station == station
+               && sameName(record.regType, regType);
+    }
+
+    int search(const QList<_DATA_>& list, int station, const QString& regType, int address);
     void refresh(const QList<_DATA_>& list);
     bool isUnchanged(const QList<_DATA_>& list) const;
     void add(const QList<_DATA_>& list, int record);

@@ -9,6 +9,8 @@
 
 #include <QtCore/QString>
 
+#include <cstring>
+
 /// Bytes in every payload (`VARIABLE::data`, `KEY_ADDRESS::data`).
 const int PAYLOAD_SIZE = 1024;
 /// Bytes in `FRAME_PRO::frame`.
@@ -36,6 +38,21 @@ struct VARIABLE {
     /// Values to write: one byte per bit (0 or 1), two bytes per register (low
     /// byte first), four bytes per "32CV" value (least significant first).
     unsigned char data[PAYLOAD_SIZE];
+
+    VARIABLE() = default;
+    VARIABLE(const VARIABLE&) = default;
+
+    // Member by member; compilers assign arrays a byte at a time when left alone.
+    VARIABLE& operator=(const VARIABLE& other)
+    {
+        kind = other.kind;
+        station = other.station;
+        regType = other.regType;
+        address = other.address;
+        count = other.count;
+        std::memmove(data, other.data, sizeof data);
+        return *this;
+    }
 };
 
 /// One address range that the runtime asks to have read.
@@ -64,6 +81,22 @@ struct FRAME_PRO {
     int dataLen;   ///< reads: bits asked for, or bytes of registers; writes: 0
     int reserved;  ///< never written by the driver's frame builders
     VARIABLE job;  ///< the job that the frame was built from
+
+    FRAME_PRO() = default;
+    FRAME_PRO(const FRAME_PRO&) = default;
+
+    // As for VARIABLE.
+    FRAME_PRO& operator=(const FRAME_PRO& other)
+    {
+        std::memmove(frame, other.frame, sizeof frame);
+        sendLen = other.sendLen;
+        recvLen = other.recvLen;
+        frameFunc = other.frameFunc;
+        dataLen = other.dataLen;
+        reserved = other.reserved;
+        job = other.job;
+        return *this;
+    }
 };
 
 /// One recipe variable.
