@@ -16,26 +16,6 @@ QString text(const char* latin1)
     return QString::fromLatin1(latin1);
 }
 
-QString typeNames()
-{
-    QStringList names;
-    for (const RegisterType& type : REGISTER_TYPES)
-        names << text(type.name);
-    return names.join(text(", "));
-}
-
-int highestAddress(const RegisterType* type)
-{
-    return text(type->highest).toInt(nullptr, type->radix);
-}
-
-QString addressesOf(const RegisterType* type)
-{
-    return text("%1%2 to %1%3 (%4)")
-        .arg(text(type->name), text(type->lowest), text(type->highest),
-             text(type->radix == 8 ? "octal" : "decimal"));
-}
-
 bool fail(QString* error, const QString& message)
 {
     *error = message;
@@ -48,9 +28,8 @@ bool takeType(const QString& name, const QString& whole, AddressRange* range, QS
     range->type = findRegisterType(name);
     if (range->type)
         return true;
-    return fail(
-        error,
-        text("%1: unknown register type '%2'; the types are %3").arg(whole, name, typeNames()));
+    return fail(error, text("%1: unknown register type '%2'; the types are %3")
+                           .arg(whole, name, registerTypeNames()));
 }
 
 // Digits only, unlike QString's conversion, which takes signs, spaces and prefixes.
@@ -194,4 +173,24 @@ bool parseAssignment(const QString& whole, Assignment* assignment, QString* erro
 QString addressText(const RegisterType* type, int address)
 {
     return text(type->name) + QString::number(address, type->radix);
+}
+
+QString addressesOf(const RegisterType* type)
+{
+    return text("%1%2 to %1%3 (%4)")
+        .arg(text(type->name), text(type->lowest), text(type->highest),
+             text(type->radix == 8 ? "octal" : "decimal"));
+}
+
+QString registerTypeNames()
+{
+    QStringList names;
+    for (const RegisterType& type : REGISTER_TYPES)
+        names << text(type.name);
+    return names.join(text(", "));
+}
+
+int highestAddress(const RegisterType* type)
+{
+    return text(type->highest).toInt(nullptr, type->radix);
 }

@@ -37,4 +37,13 @@ bool parseAssignment(const QString& text, Assignment* assignment, QString* error
 /// The address as a user types it, octal for X and Y: "X17", "32CV200".
 QString addressText(const RegisterType* type, int address);
 
+/// "X0 to X377 (octal)".
+QString addressesOf(const RegisterType* type);
+
+/// "X, Y, M, ...", in the catalogue's order.
+QString registerTypeNames();
+
+/// The highest address of a type, as a number.
+int highestAddress(const RegisterType* type);
+
 #endif

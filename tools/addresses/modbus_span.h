@@ -1,0 +1,26 @@
+/// Where device addresses lie on the wire: zero-based Modbus numbers.
+#ifndef KX_TOOLS_MODBUS_SPAN_H
+#define KX_TOOLS_MODBUS_SPAN_H
+
+#include "addresses/address_text.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+/// Consecutive Modbus coils or holding registers.
+struct ModbusSpan {
+    int first = 0;
+    int last = 0;
+};
+
+/// The spans of a range, in order: two when it covers the split of its type.
+QList<ModbusSpan> modbusSpans(const AddressRange& range);
+
+/// "coil 1455", "holding registers 100 to 103", "coils 4040 to 4047 and 12000 to
+/// 12007".
+QString modbusText(const RegisterType* type, const QList<ModbusSpan>& spans);
+
+/// The Modbus function that reads a type: 1 for bits, 3 for words.
+int readFunction(const RegisterType* type);
+
+#endif
