@@ -1,0 +1,51 @@
+#include "model/random_runtime.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtTest/QtTest>
+
+/// KX_RANDOM_STEPS sets the number of calls, KX_RANDOM_SEED the first seed.
+class RandomCallsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void libraryAndPlainDriverAgree();
+};
+
+namespace
+{
+
+const int STEPS_PER_SEED = 2000;
+const int ORDINARY_SECONDS = 6;
+
+qint64 numberFromEnvironment(const char* name, qint64 otherwise)
+{
+    return qEnvironmentVariableIsSet(name) ? qgetenv(name).toLongLong() : otherwise;
+}
+
+} // namespace
+
+void RandomCallsTest::libraryAndPlainDriverAgree()
+{
+    const qint64 wanted = numberFromEnvironment("KX_RANDOM_STEPS", 0);
+    qint64 seed = numberFromEnvironment("KX_RANDOM_SEED", 1);
+    const auto originalOrder = driver.regNames;
+    QElapsedTimer clock;
+    clock.start();
+    qint64 steps = 0;
+    while (wanted > 0 ? steps < wanted : clock.elapsed() < ORDINARY_SECONDS * 1000) {
+        RandomRuntime runtime(static_cast<quint64>(seed));
+        driver.regNames = originalOrder;
+        for (int step = 0; step < STEPS_PER_SEED && !runtime.differs(); ++step, ++steps)
+            runtime.step();
+        runtime.compareState();
+        if (runtime.differs())
+            qInfo().noquote() << runtime.story();
+        QVERIFY2(!runtime.differs(), qPrintable(QString::fromLatin1("seed %1").arg(seed)));
+        ++seed;
+    }
+    qInfo("%lld calls, seeds up to %lld", steps, seed - 1);
+}
+
+QTEST_GUILESS_MAIN(RandomCallsTest)
+#include "tst_random_calls.moc"
