@@ -191,8 +191,8 @@ void DriverSession::tellReports()
 
 void DriverSession::handleExchange(const ExchangeRecord& record)
 {
+    emit exchanged(record);
     tellReports();
     if (record.result == REPLY_FAILED)
         emit deviceFailed(record.errorText, record.job);
-    emit exchanged(record);
 }

@@ -67,6 +67,8 @@ public:
     qint64 elapsed() const { return m_loop.elapsed(); }
 
 signals:
+    /// The first of the signals about a request; the others follow in this order.
+    void exchanged(const ExchangeRecord& record);
     /// Sent after the driver stored the new value, so values() gives it. Bits may
     /// be reported without a change; addresses between watched ones, too.
     void valueChanged(int link, int station, const QString& name, int address);
@@ -75,9 +77,9 @@ signals:
     void conditionReadFinished(int result);
     /// A recipe read filled this word of the recipe buffer.
     void recipeWordRead(int offset);
-    /// A request failed for good; sent before exchanged() of that request.
+    /// A request failed for good.
     void deviceFailed(const QString& errorText, const VARIABLE& job);
-    void exchanged(const ExchangeRecord& record);
+    /// The driver has nothing to send; each time it is asked in vain.
     void idle();
     void lineFailed(const QString& error);
 

@@ -1,0 +1,30 @@
+/// What the command lines of all commands have in common.
+#ifndef KX_TOOLS_COMMAND_LINE_H
+#define KX_TOOLS_COMMAND_LINE_H
+
+#include "addresses/address_text.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QStringList>
+
+/// What `kxhost COMMAND --help` shows around the options.
+struct CommandHelp {
+    const char* usage;    ///< "watch [options] ADDRESS..."
+    const char* summary;  ///< what the command does, in whole sentences
+    const char* examples; ///< one per line, without indentation
+};
+
+/// Parses a command's arguments. False when the command ends here, with the help
+/// printed or one line about a wrong option; `*exitCode` then says how.
+bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
+                      const CommandHelp& help, int* exitCode);
+
+/// The number that an option holds, or one line in `*error`.
+bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
+                int* number, QString* error);
+
+/// Parses addresses; those without "@STATION" get `station`.
+bool parseAddressRanges(const QStringList& addresses, int station, QList<AddressRange>* ranges,
+                        QString* error);
+
+#endif

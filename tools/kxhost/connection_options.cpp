@@ -1,0 +1,131 @@
+#include "kxhost/connection_options.h"
+
+#include "kxhost/command_line.h"
+
+#include <QtCore/QUrl>
+
+namespace
+{
+
+struct OptionText {
+    const char* names; ///< separated by commas
+    const char* description;
+    const char* valueName; ///< null: a switch
+};
+
+const OptionText OPTIONS[] = {
+    {"p,port", "Serial port or pseudo-terminal.", "PORT"},
+    {"b,baud", "Baud rate (default 9600).", "BAUD"},
+    {"parity", "none, even or odd (default none).", "PARITY"},
+    {"data-bits", "7 or 8 (default 8).", "BITS"},
+    {"stop-bits", "1 or 2 (default 1).", "BITS"},
+    {"tcp", "Gateway that passes the serial line on (default port 8888).", "HOST[:PORT]"},
+    {"simulate", "Start a simulated controller inside and talk to it.", nullptr},
+    {"s,station", "Station of addresses without @STATION (default 1).", "STATION"},
+    {"t,timeout", "Milliseconds to wait for a reply (default 1000).", "MS"},
+    {"r,retries", "Bad replies in a row that fail a request (default 3).", "COUNT"},
+    {"max-words", "Longest request in registers (default 32).", "COUNT"},
+    {"library", "File of the driver library.", "PATH"},
+    {"frames", "Show every request and reply.", nullptr},
+    {"json", "Write lines of JSON.", nullptr},
+};
+
+const int FASTEST_BAUD = 4000000;
+const int HIGHEST_STATION = 247;
+const int LONGEST_TIMEOUT = 60000; // milliseconds
+const int MOST_RETRIES = 100;
+const int MOST_READ_WORDS = 125; // registers in one Modbus reply
+
+QString valueOf(const QCommandLineParser& parser, const char* option)
+{
+    return parser.value(QLatin1String(option));
+}
+
+bool isSet(const QCommandLineParser& parser, const char* option)
+{
+    return parser.isSet(QLatin1String(option));
+}
+
+bool takeParity(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    if (!isSet(parser, "parity"))
+        return true;
+    const QString parity = valueOf(parser, "parity").toLower();
+    if (parity == QLatin1String("even"))
+        options->parity = QSerialPort::EvenParity;
+    else if (parity == QLatin1String("odd"))
+        options->parity = QSerialPort::OddParity;
+    else if (parity != QLatin1String("none")) {
+        *error = QString::fromLatin1("--parity %1: must be none, even or odd").arg(parity);
+        return false;
+    }
+    options->timing.parityBits = options->parity == QSerialPort::NoParity ? 0 : 1;
+    return true;
+}
+
+bool takeGateway(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    if (!isSet(parser, "tcp"))
+        return true;
+    const QString text = valueOf(parser, "tcp");
+    const QUrl url(QLatin1String("tcp://") + text, QUrl::StrictMode);
+    const int port = url.port(options->tcpPort);
+    if (!url.isValid() || url.host().isEmpty() || port < 1 || !url.path().isEmpty()) {
+        *error = QString::fromLatin1("--tcp %1: must be HOST or HOST:PORT").arg(text);
+        return false;
+    }
+    options->host = url.host();
+    options->tcpPort = static_cast<quint16>(port);
+    return true;
+}
+
+bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    LineTiming& timing = options->timing;
+    SessionSettings& session = options->session;
+    return takeNumber(parser, "baud", 1, FASTEST_BAUD, &timing.baud, error)
+           && takeNumber(parser, "data-bits", 7, 8, &timing.dataBits, error)
+           && takeNumber(parser, "stop-bits", 1, 2, &timing.stopBits, error)
+           && takeNumber(parser, "station", 1, HIGHEST_STATION, &options->station, error)
+           && takeNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
+                         error)
+           && takeNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
+           && takeNumber(parser, "max-words", 1, MOST_READ_WORDS, &session.maxWords, error);
+}
+
+bool takeLine(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    options->port = valueOf(parser, "port");
+    options->simulate = isSet(parser, "simulate");
+    options->simulatedStations = {options->station};
+    const int lines =
+        int(isSet(parser, "port")) + int(isSet(parser, "tcp")) + int(isSet(parser, "simulate"));
+    const bool isNameless = isSet(parser, "port") && options->port.isEmpty();
+    if (lines == 1 && !isNameless)
+        return true;
+    *error = QLatin1String(lines > 1 ? "only one of --port, --tcp and --simulate can be used"
+                                     : "no line; name one with --port or --tcp, or use --simulate");
+    return false;
+}
+
+} // namespace
+
+void addConnectionOptions(QCommandLineParser* parser)
+{
+    for (const OptionText& option : OPTIONS) {
+        QCommandLineOption declared(QString::fromLatin1(option.names).split(QLatin1Char(',')),
+                                    QLatin1String(option.description));
+        declared.setValueName(QLatin1String(option.valueName));
+        parser->addOption(declared);
+    }
+}
+
+bool readConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                           QString* error)
+{
+    options->library = valueOf(parser, "library");
+    options->frames = isSet(parser, "frames");
+    options->json = isSet(parser, "json");
+    return takeNumbers(parser, options, error) && takeParity(parser, options, error)
+           && takeGateway(parser, options, error) && takeLine(parser, options, error);
+}

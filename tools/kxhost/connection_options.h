@@ -1,0 +1,35 @@
+/// The options that every command on a line shares.
+#ifndef KX_TOOLS_CONNECTION_OPTIONS_H
+#define KX_TOOLS_CONNECTION_OPTIONS_H
+
+#include "exchange/driver_session.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtSerialPort/QSerialPort>
+
+struct ConnectionOptions {
+    QString port; ///< serial port, when not empty
+    LineTiming timing;
+    QSerialPort::Parity parity = QSerialPort::NoParity;
+    QString host; ///< gateway, when not empty
+    quint16 tcpPort = 8888;
+    bool simulate = false; ///< simulated controllers inside the program
+    /// With `simulate`; commands add the stations that they need.
+    QList<int> simulatedStations;
+    int station = 1; ///< of addresses that name none
+    SessionSettings session;
+    QString library; ///< the driver's file; empty: beside the program, else the system's
+    bool frames = false;
+    bool json = false;
+};
+
+/// Declares --port, --baud, --parity, --data-bits, --stop-bits, --tcp, --simulate,
+/// --station, --timeout, --retries, --max-words, --library, --frames and --json.
+void addConnectionOptions(QCommandLineParser* parser);
+
+/// Reads them. False and one line in `*error` when a value is wrong, or when not
+/// exactly one of --port, --tcp and --simulate is given.
+bool readConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                           QString* error);
+
+#endif

@@ -1,0 +1,20 @@
+/// Standard output and standard error of the program.
+#ifndef KX_TOOLS_CONSOLE_H
+#define KX_TOOLS_CONSOLE_H
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+
+/// Writes to standard output at once.
+void print(const QString& text);
+void printLine(const QString& line);
+/// One object on one line.
+void printJson(const QJsonObject& object);
+
+/// Writes "kxhost: MESSAGE" to standard error; returns `exitCode`.
+int complain(const QString& message, int exitCode);
+
+bool isStandardInputTerminal();
+bool isStandardOutputTerminal();
+
+#endif

@@ -1,0 +1,55 @@
+#include "kxhost/interrupt.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace
+{
+
+const int SIGNALS[] = {SIGINT, SIGTERM, SIGHUP};
+
+int pipeEnds[2] = {-1, -1};
+
+void writeToPipe(int)
+{
+    const char byte = 0;
+    // A full pipe already holds a signal that nobody has taken yet.
+    const ssize_t written = write(pipeEnds[1], &byte, 1);
+    static_cast<void>(written);
+}
+
+void setHandlers(void (*handler)(int))
+{
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    for (const int signal : SIGNALS)
+        sigaction(signal, &action, nullptr);
+}
+
+} // namespace
+
+Interrupt::Interrupt(QObject* parent) : QObject(parent)
+{
+    if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &Interrupt::takeSignal);
+    setHandlers(writeToPipe);
+}
+
+Interrupt::~Interrupt()
+{
+    setHandlers(SIG_DFL);
+    m_notifier.reset();
+    close(pipeEnds[0]);
+    close(pipeEnds[1]);
+}
+
+void Interrupt::takeSignal()
+{
+    m_notifier->setEnabled(false);
+    setHandlers(SIG_DFL);
+    emit interrupted();
+}

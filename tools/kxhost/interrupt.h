@@ -1,0 +1,29 @@
+#ifndef KX_TOOLS_INTERRUPT_H
+#define KX_TOOLS_INTERRUPT_H
+
+#include <QtCore/QObject>
+#include <QtCore/QSocketNotifier>
+
+#include <memory>
+
+/// Turns SIGINT, SIGTERM and SIGHUP into a signal of the event loop, so that a
+/// command ends in its own order. One at a time; the first signal restores the
+/// default, so that a second one ends the program whatever it is doing.
+class Interrupt : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Interrupt(QObject* parent = nullptr);
+    ~Interrupt() override;
+
+signals:
+    void interrupted();
+
+private:
+    void takeSignal();
+
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+#endif

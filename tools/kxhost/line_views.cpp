@@ -1,0 +1,74 @@
+#include "kxhost/line_views.h"
+
+#include "kxhost/console.h"
+#include "kxhost/frame_text.h"
+#include "kxhost/summary_text.h"
+#include "kxhost/watch_table.h"
+
+namespace
+{
+
+bool hasFailed(const WatchEntry& entry)
+{
+    return entry.state == WatchState::NoAnswer || entry.state == WatchState::Refused;
+}
+
+} // namespace
+
+QString entryLine(const WatchEntry& entry, const QDateTime& time)
+{
+    return QString::fromLatin1("%1 %2 %3 %4")
+        .arg(time.toString(Qt::ISODateWithMs))
+        .arg(entry.station)
+        .arg(addressText(entry.type, entry.address),
+             hasFailed(entry) ? stateText(entry, 0) : QString::number(entry.value));
+}
+
+QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time)
+{
+    QJsonObject json;
+    json[QLatin1String("event")] = QLatin1String(hasFailed(entry) ? "failure" : "change");
+    json[QLatin1String("time")] = time.toString(Qt::ISODateWithMs);
+    json[QLatin1String("station")] = entry.station;
+    json[QLatin1String("address")] = addressText(entry.type, entry.address);
+    if (hasFailed(entry))
+        json[QLatin1String("state")] = stateText(entry, 0);
+    else
+        json[QLatin1String("value")] = entry.value;
+    return json;
+}
+
+void TextView::showEntry(const WatchEntry& entry, const QDateTime& time)
+{
+    printLine(entryLine(entry, time));
+}
+
+void TextView::showExchange(const ExchangeRecord& record)
+{
+    if (!m_frames)
+        return;
+    for (const QString& line : exchangeLines(record))
+        printLine(line);
+}
+
+void TextView::showSummary(const WatchSummary& summary)
+{
+    for (const QString& line : summaryLines(summary))
+        printLine(line);
+}
+
+void JsonView::showEntry(const WatchEntry& entry, const QDateTime& time)
+{
+    printJson(entryJson(entry, time));
+}
+
+void JsonView::showExchange(const ExchangeRecord& record)
+{
+    if (m_frames)
+        printJson(exchangeJson(record));
+}
+
+void JsonView::showSummary(const WatchSummary& summary)
+{
+    printJson(summaryJson(summary));
+}

@@ -1,0 +1,39 @@
+/// Views that write a line per event: as text, or as JSON.
+#ifndef KX_TOOLS_LINE_VIEWS_H
+#define KX_TOOLS_LINE_VIEWS_H
+
+#include "kxhost/watch_view.h"
+
+#include <QtCore/QJsonObject>
+
+/// "2024-05-17T10:11:12.013 1 D100 1234", or "... no answer" instead of the value.
+QString entryLine(const WatchEntry& entry, const QDateTime& time);
+QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time);
+
+class TextView : public WatchView
+{
+public:
+    explicit TextView(bool frames) : m_frames(frames) {}
+
+    void showEntry(const WatchEntry& entry, const QDateTime& time) override;
+    void showExchange(const ExchangeRecord& record) override;
+    void showSummary(const WatchSummary& summary) override;
+
+private:
+    bool m_frames;
+};
+
+class JsonView : public WatchView
+{
+public:
+    explicit JsonView(bool frames) : m_frames(frames) {}
+
+    void showEntry(const WatchEntry& entry, const QDateTime& time) override;
+    void showExchange(const ExchangeRecord& record) override;
+    void showSummary(const WatchSummary& summary) override;
+
+private:
+    bool m_frames;
+};
+
+#endif

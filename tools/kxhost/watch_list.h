@@ -1,0 +1,61 @@
+/// What is known of each watched address.
+#ifndef KX_TOOLS_WATCH_LIST_H
+#define KX_TOOLS_WATCH_LIST_H
+
+#include "addresses/address_text.h"
+#include "driver/records.h"
+
+#include <functional>
+
+enum class WatchState {
+    NeverRead,
+    Ok,
+    NoAnswer, ///< the last read failed for good
+    Refused   ///< as NoAnswer, but the station answered with an exception
+};
+
+struct WatchEntry {
+    int station = 0;
+    const RegisterType* type = nullptr;
+    int address = 0;
+    WatchState state = WatchState::NeverRead;
+    bool isKnown = false; ///< `value` has been read or written
+    qint64 value = 0;     ///< as DriverSession::values()
+    qint64 readAt = 0;    ///< milliseconds; last good read, with state Ok or later
+    qint64 changedAt = 0; ///< milliseconds; 0 until the first change of a known value
+
+    AddressRange range() const;
+};
+
+class WatchList
+{
+public:
+    /// Reads one cached value.
+    using ValueSource = std::function<qint64(const WatchEntry&)>;
+
+    /// Ranges name their stations; an address given twice is listed once.
+    explicit WatchList(const QList<AddressRange>& ranges);
+
+    const QList<WatchEntry>& entries() const { return m_entries; }
+    bool allAnswered() const; ///< all are in state Ok
+
+    /// A change that the driver reported; returns the entry's index when its value
+    /// is new, else -1.
+    int takeChange(int station, const QString& type, int address, const ValueSource& valueOf,
+                   qint64 now);
+
+    /// A cyclic read that was accepted: returns the indexes of entries whose value
+    /// became known.
+    QList<int> takeRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now);
+
+    /// A cyclic read that failed for good: returns the indexes of entries whose
+    /// state changed.
+    QList<int> takeFailure(const VARIABLE& job, bool refused);
+
+private:
+    QList<int> coveredBy(const VARIABLE& job) const;
+
+    QList<WatchEntry> m_entries;
+};
+
+#endif

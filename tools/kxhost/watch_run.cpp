@@ -1,0 +1,87 @@
+#include "kxhost/watch_run.h"
+
+WatchRun::WatchRun(DriverSession* session, const QList<AddressRange>& ranges, qint64 cycles,
+                   WatchView* view)
+    : m_session(session), m_ranges(ranges), m_list(ranges), m_view(view), m_cycleLimit(cycles)
+{
+    connect(session, &DriverSession::valueChanged, this, &WatchRun::takeChange);
+    connect(session, &DriverSession::exchanged, this, &WatchRun::takeExchange);
+    connect(session, &DriverSession::lineFailed, this, &WatchRun::loseLine);
+}
+
+void WatchRun::start()
+{
+    m_readsPerCycle = m_session->watch(m_ranges);
+    m_session->start();
+}
+
+void WatchRun::finish()
+{
+    if (m_isFinished)
+        return;
+    m_isFinished = true;
+    m_session->stop();
+    m_view->showSummary(summary());
+    emit finished();
+}
+
+WatchSummary WatchRun::summary() const
+{
+    WatchSummary summary;
+    summary.statistics = m_session->statistics();
+    summary.timing = m_session->line()->timing();
+    summary.elapsed = m_session->elapsed();
+    summary.cycles = m_readsPerCycle > 0 ? m_readsFinished / m_readsPerCycle : 0;
+    return summary;
+}
+
+void WatchRun::takeChange(int, int station, const QString& name, int address)
+{
+    const int index = m_list.takeChange(
+        station, name, address, [this](const WatchEntry& entry) { return valueOf(entry); }, now());
+    if (index >= 0)
+        show({index});
+}
+
+void WatchRun::takeExchange(const ExchangeRecord& record)
+{
+    m_view->showExchange(record);
+    if (record.job.kind == CYCLIC_READ_JOB)
+        takeRead(record);
+}
+
+void WatchRun::takeRead(const ExchangeRecord& record)
+{
+    if (record.result == REPLY_ACCEPTED)
+        show(m_list.takeRead(
+            record.job, [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
+    else if (record.result == REPLY_FAILED)
+        show(m_list.takeFailure(record.job, record.replyKind == ReplyKind::Exception));
+    else
+        return;
+    ++m_readsFinished;
+    if (m_cycleLimit == 0 || summary().cycles < m_cycleLimit)
+        return;
+    m_session->stop();
+    // The changes that the last reply brought are reported after it.
+    QMetaObject::invokeMethod(this, &WatchRun::finish, Qt::QueuedConnection);
+}
+
+void WatchRun::loseLine(const QString& error)
+{
+    m_isLineLost = true;
+    emit lineLost(error);
+    finish();
+}
+
+void WatchRun::show(const QList<int>& indexes)
+{
+    const QDateTime time = QDateTime::currentDateTime();
+    for (const int index : indexes)
+        m_view->showEntry(m_list.entries().at(index), time);
+}
+
+qint64 WatchRun::valueOf(const WatchEntry& entry) const
+{
+    return m_session->values(entry.range()).first();
+}

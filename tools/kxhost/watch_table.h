@@ -1,0 +1,20 @@
+/// The live table as text. Pure functions.
+#ifndef KX_TOOLS_WATCH_TABLE_H
+#define KX_TOOLS_WATCH_TABLE_H
+
+#include "kxhost/watch_list.h"
+
+#include <QtCore/QStringList>
+
+/// "ok", "changed" for a second after a change, "no answer", "refused", "never
+/// read". `now` in milliseconds, as WatchEntry::changedAt.
+QString stateText(const WatchEntry& entry, qint64 now);
+
+/// "1", "0x04D2", "0x000186A0"; nothing while the value is unknown.
+QString hexValue(const WatchEntry& entry);
+
+/// A heading and one row per entry, at most `height` lines of at most `width`
+/// characters; the last line tells how many entries did not fit.
+QStringList tableLines(const QList<WatchEntry>& entries, qint64 now, int width, int height);
+
+#endif
