@@ -55,8 +55,9 @@ void DataAreaIndex::reset()
 bool DataAreaIndex::setUndisturbed(bool undisturbed)
 {
     const bool before = m_undisturbed;
+    if (before != undisturbed)
+        m_refreshed = false;
     m_undisturbed = undisturbed;
-    m_refreshed = false;
     return before;
 }
 

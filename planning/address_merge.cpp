@@ -11,52 +11,78 @@
 namespace
 {
 
-/// A light stand-in for an entry or a block, so that no payload is copied while
+/// A light stand-in for an entry or a block, so that no payload is touched while
 /// sorting and joining.
 struct Span {
-    const KEY_ADDRESS* entry;
     const RegisterType* type;
-    unsigned int weight;
-    int index; ///< of the entry in the caller's list
+    const QString* regType;
+    int station;
+    int address;
     int count;
+    int index; ///< of the entry in the caller's list
 };
 
 typedef std::vector<Span> Spans;
-
-Span spanOf(const KEY_ADDRESS& entry, int index)
-{
-    Span span = {&entry, findRegisterType(entry.regType), 0, index, entry.count};
-    return span;
-}
 
 Spans spansOf(const QList<KEY_ADDRESS>& entries)
 {
     Spans spans;
     spans.reserve(static_cast<size_t>(entries.size()));
-    for (int i = 0; i < entries.size(); ++i)
-        spans.push_back(spanOf(entries.at(i), i));
+    for (int i = 0; i < entries.size(); ++i) {
+        const KEY_ADDRESS& entry = entries.at(i);
+        const Span span = {findRegisterType(entry.regType),
+                           &entry.regType,
+                           entry.station,
+                           entry.address,
+                           entry.count,
+                           i};
+        spans.push_back(span);
+    }
     return spans;
 }
 
-bool weighsLess(const Span& a, const Span& b)
+/// Weighs spans; each known type's position is looked up once.
+class Scales
 {
-    return a.weight < b.weight;
-}
-
-// Entries of equal weight keep their order.
-void sortByWeight(Spans& spans)
-{
-    for (size_t i = 0; i < spans.size(); ++i) {
-        const KEY_ADDRESS& entry = *spans[i].entry;
-        spans[i].weight =
-            addressWeight(entry.station, registerTypePosition(entry.regType), entry.address);
+public:
+    Scales()
+    {
+        for (int row = 0; row < REGISTER_TYPE_COUNT; ++row)
+            m_positions[row] = registerTypePosition(QString::fromLatin1(REGISTER_TYPES[row].name));
     }
-    std::stable_sort(spans.begin(), spans.end(), weighsLess);
+
+    unsigned int weigh(const Span& span) const
+    {
+        const int position = span.type ? m_positions[registerTypeRow(span.type)]
+                                       : registerTypePosition(*span.regType);
+        return addressWeight(span.station, position, span.address);
+    }
+
+private:
+    int m_positions[REGISTER_TYPE_COUNT];
+};
+
+// Ascending by weight; entries of equal weight keep their order, since their
+// number is the lower half of the sort key.
+Spans sortedByWeight(const Spans& spans)
+{
+    const Scales scales;
+    std::vector<quint64> keys;
+    keys.reserve(spans.size());
+    for (size_t i = 0; i < spans.size(); ++i)
+        keys.push_back(static_cast<quint64>(scales.weigh(spans[i])) << 32 | i);
+    std::sort(keys.begin(), keys.end());
+
+    Spans sorted;
+    sorted.reserve(spans.size());
+    for (size_t i = 0; i < keys.size(); ++i)
+        sorted.push_back(spans[static_cast<size_t>(keys[i] & 0xFFFFFFFFu)]);
+    return sorted;
 }
 
 bool sameType(const Span& a, const Span& b)
 {
-    return a.type == b.type && (a.type || a.entry->regType == b.entry->regType);
+    return a.type == b.type && (a.type || *a.regType == *b.regType);
 }
 
 /// Whether `next` must open a block of its own after `block`: another station
@@ -64,16 +90,16 @@ bool sameType(const Span& a, const Span& b)
 /// Modbus range of its type.
 bool startsAnew(const Span& next, const Span& block, int maxGap)
 {
-    const int blockEnd = wrapAdd(block.entry->address, block.count);
-    return next.entry->station != block.entry->station || !sameType(next, block)
-           || wrapSub(next.entry->address, blockEnd) > maxGap
-           || liesPastSplit(block.type, block.entry->address, next.entry->address);
+    const int blockEnd = wrapAdd(block.address, block.count);
+    return next.station != block.station || !sameType(next, block)
+           || wrapSub(next.address, blockEnd) > maxGap
+           || liesPastSplit(block.type, block.address, next.address);
 }
 
 /// Registers from the start of `block` to the end of `next`.
 int joinedCount(const Span& next, const Span& block)
 {
-    const int distance = wrapSub(next.entry->address, block.entry->address);
+    const int distance = wrapSub(next.address, block.address);
     return wrapAdd(next.count, wrapMul(registersPerAddress(next.type), distance));
 }
 
@@ -146,8 +172,7 @@ QList<AddressBlock> mergedForReading(const QList<KEY_ADDRESS>& entries, int maxW
 {
     if (entries.isEmpty())
         return QList<AddressBlock>();
-    Spans spans = spansOf(entries);
-    sortByWeight(spans);
+    const Spans spans = sortedByWeight(spansOf(entries));
     return asBlocks(bridgeGaps(joinTouching(spans, maxWords, nullptr), maxWords));
 }
 

@@ -1,5 +1,6 @@
 #include "planning/read_jobs.h"
 
+#include "data/data_areas.h"
 #include "driver/tarvelan.h"
 #include "planning/address_merge.h"
 #include "planning/monitor_flags.h"
@@ -22,6 +23,7 @@ VARIABLE cyclicReadJob(const KEY_ADDRESS& opener, int count)
 
 int intf_addrMerge(QList<KEY_ADDRESS>& keys)
 {
+    const UndisturbedAreas undisturbed;
     clearMonitorFlags();
     for (int i = 0; i < keys.size(); ++i) {
         const KEY_ADDRESS& key = keys.at(i);

@@ -9,15 +9,32 @@ namespace
 const int DOUBLE_WORD_ORIGIN = 100;
 const int REGISTERS_PER_DOUBLE_WORD = 2;
 
+// Asked once or more per request: most types differ in their first letter.
+bool isNamed(const RegisterType& type, const QString& name)
+{
+    const int size = static_cast<int>(name.size());
+    const QChar* const letters = name.constData();
+    for (int i = 0; i < size; ++i) {
+        if (letters[i] != QLatin1Char(type.name[i]) || type.name[i] == '\0')
+            return false;
+    }
+    return type.name[size] == '\0';
+}
+
 } // namespace
 
 const RegisterType* findRegisterType(const QString& name)
 {
     for (int row = 0; row < REGISTER_TYPE_COUNT; ++row) {
-        if (name == QLatin1String(REGISTER_TYPES[row].name))
+        if (isNamed(REGISTER_TYPES[row], name))
             return &REGISTER_TYPES[row];
     }
     return nullptr;
+}
+
+int registerTypeRow(const RegisterType* type)
+{
+    return static_cast<int>(type - REGISTER_TYPES);
 }
 
 RegisterClass registerClassOf(const QString& name)

@@ -32,7 +32,9 @@ struct RegisterType {
 
 const int REGISTER_TYPE_COUNT = 13;
 
-/// Row order is fixed: row r here is row r of every table of the catalogue.
+/// Row order is fixed: row r here is row r of every table of the catalogue. Each
+/// source file has a copy of this constant; pointers to rows come from
+/// findRegisterType() alone.
 constexpr RegisterType REGISTER_TYPES[REGISTER_TYPE_COUNT] = {
     // X and Y are addressed in octal: X377 is number 255.
     {"X", "OOO", "0", "377", "0", "1", BIT_CLASS, 8, 0, 256, 256, 1200, 0, false, false},
@@ -57,6 +59,9 @@ constexpr RegisterType REGISTER_TYPES[REGISTER_TYPE_COUNT] = {
 
 /// The type of that exact, case-sensitive name, or null.
 const RegisterType* findRegisterType(const QString& name);
+
+/// The row in REGISTER_TYPES of a type that findRegisterType() gave.
+int registerTypeRow(const RegisterType* type);
 
 /// The class of that name; UNKNOWN_CLASS when no register type has it.
 RegisterClass registerClassOf(const QString& name);
