@@ -1,0 +1,104 @@
+// What the driver itself would read.
+
+#include "kxhost/plan_driver.h"
+
+#include <QtTest/QtTest>
+
+class TestPlanDriver : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void theDriverIsAsked_data();
+    void theDriverIsAsked();
+    void everyLimitIsTried();
+
+private:
+    DriverEntryPoints m_driver;
+};
+
+namespace
+{
+
+QList<AddressRange> ranges(const QStringList& words)
+{
+    QList<AddressRange> ranges;
+    for (const QString& word : words) {
+        AddressRange range;
+        QString error;
+        if (!parseAddressRange(word, &range, &error))
+            qFatal("%s", qPrintable(error));
+        if (range.station < 0)
+            range.station = 1;
+        ranges << range;
+    }
+    return ranges;
+}
+
+/// "1 D0..D10 11 8/27": station, addresses, count, bytes both ways.
+QString describe(const PlannedRequest& request)
+{
+    return QString::fromLatin1("%1 %2..%3 %4 %5/%6")
+        .arg(QString::number(request.station), addressText(request.type, request.firstAddress()),
+             addressText(request.type, request.lastAddress()), QString::number(request.count),
+             QString::number(request.bytesSent), QString::number(request.bytesExpected));
+}
+
+QStringList describe(const Plan& plan)
+{
+    QStringList lines;
+    for (const PlannedRequest& request : plan.requests)
+        lines << describe(request);
+    return lines;
+}
+
+} // namespace
+
+void TestPlanDriver::initTestCase()
+{
+    QString error;
+    QVERIFY2(loadDriver(QString::fromLatin1(KX_DRIVER_FILE), &m_driver, &error), qPrintable(error));
+}
+
+void TestPlanDriver::theDriverIsAsked_data()
+{
+    QTest::addColumn<QStringList>("watched");
+    QTest::addColumn<int>("maxWords");
+    QTest::addColumn<QStringList>("requests");
+    QTest::newRow("nothing") << QStringList() << 32 << QStringList();
+    QTest::newRow("touching and near ranges in one request")
+        << QStringList{"D40", "D0:2", "D10", "D2:2"} << 32
+        << QStringList{"1 D0..D10 11 8/27", "1 D40..D40 1 8/7"};
+    QTest::newRow("every type in the order of the cycle")
+        << QStringList{"D0", "X10:9", "32CV200:2"} << 32
+        << QStringList{"1 X10..X20 9 8/7", "1 D0..D0 1 8/7", "1 32CV200..32CV201 4 8/13"};
+    QTest::newRow("stations apart")
+        << QStringList{"D0@2", "D0@1"} << 32 << QStringList{"1 D0..D0 1 8/7", "2 D0..D0 1 8/7"};
+    QTest::newRow("a range longer than the limit stands three times")
+        << QStringList{"D0:100"} << 32
+        << QStringList{"1 D0..D99 100 8/205", "1 D0..D99 100 8/205", "1 D0..D99 100 8/205"};
+}
+
+void TestPlanDriver::theDriverIsAsked()
+{
+    QFETCH(QStringList, watched);
+    QFETCH(int, maxWords);
+    const Plan plan = askForPlan(m_driver, ranges(watched), maxWords);
+    QCOMPARE(plan.maxWords, maxWords);
+    QTEST(describe(plan), "requests");
+}
+
+void TestPlanDriver::everyLimitIsTried()
+{
+    const QList<Plan> plans = askForAllPlans(m_driver, ranges({"D0", "D1", "D3"}), 4);
+    QCOMPARE(static_cast<int>(plans.size()), 4);
+    QCOMPARE(describe(plans[0]),
+             (QStringList{"1 D0..D0 1 8/7", "1 D1..D1 1 8/7", "1 D3..D3 1 8/7"}));
+    QCOMPARE(describe(plans[1]), (QStringList{"1 D0..D1 2 8/9", "1 D3..D3 1 8/7"}));
+    QCOMPARE(describe(plans[2]), (QStringList{"1 D0..D1 2 8/9", "1 D3..D3 1 8/7"}));
+    QCOMPARE(describe(plans[3]), (QStringList{"1 D0..D3 4 8/13"}));
+}
+
+QTEST_APPLESS_MAIN(TestPlanDriver)
+#include "tst_plan_driver.moc"

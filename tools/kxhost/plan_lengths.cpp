@@ -1,0 +1,55 @@
+#include "kxhost/plan_lengths.h"
+
+#include <tuple>
+
+namespace
+{
+
+bool isBetter(const LengthResult& one, const LengthResult& other)
+{
+    return std::tie(one.unread, one.cost.duration) < std::tie(other.unread, other.cost.duration);
+}
+
+} // namespace
+
+LengthResult resultOf(const Plan& plan, const QList<AddressRange>& watched,
+                      const PlanTiming& timing)
+{
+    LengthResult result;
+    result.maxWords = plan.maxWords;
+    for (const PlannedRequest& request : plan.requests) {
+        const Coverage coverage = coverageOf(request, watched);
+        result.unread += request.isTooLong() ? coverage.askedCount : coverage.misreadCount;
+        result.cost += exchangeCost(timing, request.bytesSent, request.bytesExpected);
+    }
+    return result;
+}
+
+int bestOf(const QList<LengthResult>& results)
+{
+    int best = -1;
+    for (int i = 0; i < static_cast<int>(results.size()); ++i) {
+        if (best < 0 || isBetter(results[i], results[best]))
+            best = i;
+    }
+    return best;
+}
+
+QList<LengthResult> worthShowing(const QList<LengthResult>& results, int maxWords)
+{
+    const int best = bestOf(results);
+    const int last = static_cast<int>(results.size()) - 1;
+    QList<LengthResult> rows;
+    int bestSoFar = -1;
+    bool worseShown = false;
+    for (int i = 0; i <= last; ++i) {
+        const bool isImprovement = bestSoFar < 0 || isBetter(results[i], results[bestSoFar]);
+        const bool isFirstWorse = i > best && !worseShown && isBetter(results[best], results[i]);
+        if (isImprovement)
+            bestSoFar = i;
+        worseShown = worseShown || isFirstWorse;
+        if (isImprovement || isFirstWorse || i == last || results[i].maxWords == maxWords)
+            rows << results[i];
+    }
+    return rows;
+}

@@ -1,0 +1,32 @@
+/// How long a read cycle takes on a line.
+#ifndef KX_KXHOST_PLAN_TIMING_H
+#define KX_KXHOST_PLAN_TIMING_H
+
+#include "exchange/line_timing.h"
+
+#include <QtCore/QtGlobal>
+
+struct PlanTiming {
+    LineTiming line;
+    /// Microseconds from the end of a request to the first character of the reply.
+    /// The station must first hear the frame gap, so it counts at least that.
+    qint64 turnaround = 5000;
+};
+
+struct CycleCost {
+    int requests = 0;
+    qint64 bytesSent = 0;
+    qint64 bytesExpected = 0;
+    qint64 busy = 0;     ///< microseconds in which characters occupy the line
+    qint64 duration = 0; ///< microseconds
+
+    CycleCost& operator+=(const CycleCost& other);
+    /// Share of the time, 0 to 1, in which characters occupy the line.
+    double lineLoad() const;
+};
+
+/// The cost of one answered request: request, turnaround, reply and the frame gap
+/// before the next request may begin.
+CycleCost exchangeCost(const PlanTiming& timing, int bytesSent, int bytesExpected);
+
+#endif

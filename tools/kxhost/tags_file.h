@@ -1,0 +1,36 @@
+/// The tags file: which values a person wants to see, and what they call them.
+///
+/// CSV in UTF-8. The first line that is neither blank nor a # comment is the
+/// header, exactly `name,station,address,count,comment`; each further one is a
+/// tag:
+///
+///     name,station,address,count,comment
+///     Pump running,,Y10,,contact K3
+///     Recipe,2,D100,4,"four words, read only"
+///
+/// An empty station leaves the choice to the command line, an empty count is 1.
+/// Count and comment may be left off the end. X and Y are octal.
+#ifndef KX_KXHOST_TAGS_FILE_H
+#define KX_KXHOST_TAGS_FILE_H
+
+#include "addresses/address_text.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+struct Tag {
+    QString name;       ///< not empty, unlike every other of the file
+    AddressRange range; ///< station -1 when the file leaves it open
+    QString comment;
+};
+
+/// Reads the tags of a file, in the file's order.
+/// @return false and one line in `*error` that names file and line; `*tags` is
+///         then unchanged. A file without any tag is an error.
+bool loadTags(const QString& path, QList<Tag>* tags, QString* error);
+
+/// The same for text that has been read; `path` is only named in errors.
+bool parseTags(const QByteArray& text, const QString& path, QList<Tag>* tags, QString* error);
+
+#endif
