@@ -17,6 +17,8 @@ namespace
 const int HIGHEST_STATION = 247;
 const int FUNCTION_OFFSET = 1;
 const int ADDRESS_OFFSET = 2;
+const int QUANTITY_OFFSET = 4;
+const int BYTE_COUNT_OFFSET = 6;
 
 // All bytes are there before libmodbus looks: it need not wait for more, nor
 // pause before an exception reply.
@@ -45,6 +47,21 @@ bool isServedFunction(int function)
     default:
         return false;
     }
+}
+
+// libmodbus itself does not compare the byte count of functions 15 and 16 with
+// the quantity.
+bool carriesAllValues(const QByteArray& request)
+{
+    const int function = byteAt(request, FUNCTION_OFFSET);
+    if (function != MODBUS_FC_WRITE_MULTIPLE_COILS
+        && function != MODBUS_FC_WRITE_MULTIPLE_REGISTERS)
+        return true;
+    const int quantity =
+        byteAt(request, QUANTITY_OFFSET) << 8 | byteAt(request, QUANTITY_OFFSET + 1);
+    const int bytes =
+        function == MODBUS_FC_WRITE_MULTIPLE_COILS ? (quantity + 7) / 8 : quantity * 2;
+    return byteAt(request, BYTE_COUNT_OFFSET) == bytes;
 }
 
 // The gapless range around the number is all that libmodbus gets to see, so it
@@ -92,41 +109,54 @@ RequestServer::~RequestServer()
 
 RequestServer::Answer RequestServer::answer(const QByteArray& received)
 {
+    QByteArray request;
+    const Verdict verdict = find(received, &request);
+    const int length = static_cast<int>(request.size());
+    if (verdict != EXECUTED)
+        return {verdict, length, QByteArray()};
+    const int station = byteAt(request, 0);
+    if (station != MODBUS_BROADCAST_ADDRESS) {
+        execute(request, m_stations->memory(station));
+        return {EXECUTED, length, takeReply()};
+    }
+    for (auto& [number, memory] : m_stations->all())
+        execute(request, &memory);
+    return {EXECUTED, length, takeReply()};
+}
+
+RequestServer::Verdict RequestServer::find(const QByteArray& received, QByteArray* request)
+{
     const int station = byteAt(received, 0);
     if (station > HIGHEST_STATION)
-        return {DAMAGED, 0, QByteArray()};
+        return DAMAGED;
     // libmodbus takes the message after another station's request for that
     // station's reply and skips it. So it is asked for every station here, and
     // what is not simulated is dropped afterwards.
     modbus_set_slave(m_modbus, station);
-    QByteArray request(MODBUS_MAX_ADU_LENGTH, '\0');
-    if (write(m_ownEnd, received.constData(), static_cast<size_t>(received.size())) < 0)
-        return {DAMAGED, 0, QByteArray()};
-    const int length = modbus_receive(m_modbus, reinterpret_cast<quint8*>(request.data()));
+    const QByteArray offered = received.left(MODBUS_RTU_MAX_ADU_LENGTH);
+    if (write(m_ownEnd, offered.constData(), static_cast<size_t>(offered.size())) < 0)
+        return DAMAGED;
+    quint8 bytes[MODBUS_MAX_ADU_LENGTH];
+    const int length = modbus_receive(m_modbus, bytes);
     const bool isIncomplete = length < 0 && errno == ETIMEDOUT;
-    quint8 unused[MODBUS_MAX_ADU_LENGTH];
-    while (read(m_modbusEnd, unused, sizeof unused) > 0) {
+    quint8 rest[MODBUS_MAX_ADU_LENGTH];
+    while (read(m_modbusEnd, rest, sizeof rest) > 0) {
     }
     if (length <= 0)
-        return {isIncomplete ? INCOMPLETE : DAMAGED, 0, QByteArray()};
-    request.truncate(length);
-
-    if (station == MODBUS_BROADCAST_ADDRESS) {
-        for (auto& [number, memory] : m_stations->all())
-            execute(request, &memory);
-        return {EXECUTED, length, takeReply()};
-    }
-    ControllerMemory* const memory = m_stations->memory(station);
-    if (!memory)
-        return {IGNORED, length, QByteArray()};
-    execute(request, memory);
-    return {EXECUTED, length, takeReply()};
+        return isIncomplete ? INCOMPLETE : DAMAGED;
+    *request = received.left(length);
+    const bool isServed = station == MODBUS_BROADCAST_ADDRESS || m_stations->memory(station);
+    return isServed ? EXECUTED : IGNORED;
 }
 
 void RequestServer::execute(const QByteArray& request, ControllerMemory* memory)
 {
     if (!isServedFunction(byteAt(request, FUNCTION_OFFSET))) {
         modbus_reply_exception(m_modbus, dataOf(request), MODBUS_EXCEPTION_ILLEGAL_FUNCTION);
+        return;
+    }
+    if (!carriesAllValues(request)) {
+        modbus_reply_exception(m_modbus, dataOf(request), MODBUS_EXCEPTION_ILLEGAL_DATA_VALUE);
         return;
     }
     const int number = byteAt(request, ADDRESS_OFFSET) << 8 | byteAt(request, ADDRESS_OFFSET + 1);

@@ -17,7 +17,7 @@ class RequestServer
 public:
     enum Verdict {
         INCOMPLETE, ///< the bytes so far are the beginning of a request
-        DAMAGED,    ///< no request begins here; wait for silence on the line
+        DAMAGED,    ///< no request begins at the first byte
         IGNORED,    ///< a request to a station that is not simulated
         EXECUTED    ///< carried out; `reply` is empty for a broadcast
     };
@@ -41,6 +41,7 @@ public:
     Answer answer(const QByteArray& received);
 
 private:
+    Verdict find(const QByteArray& received, QByteArray* request);
     void execute(const QByteArray& request, ControllerMemory* memory);
     QByteArray takeReply();
 

@@ -83,7 +83,7 @@ bool Simulator::run()
 
 int Simulator::waitMilliseconds() const
 {
-    if (!m_received.isEmpty())
+    if (isAmidFrame())
         return static_cast<int>(SILENCE.count());
     return m_motions.empty() ? -1 : MOTION_MILLISECONDS;
 }
@@ -109,13 +109,16 @@ bool Simulator::receive()
 void Simulator::answerRequests()
 {
     while (!m_received.isEmpty()) {
-        RequestServer::Answer answer;
-        {
-            const std::lock_guard<std::mutex> lock(m_memoryLock);
-            answer = m_server.answer(m_received);
-        }
-        if (answer.requestLength == 0)
+        const RequestServer::Answer answer = askServer();
+        if (answer.verdict == RequestServer::INCOMPLETE)
             return;
+        if (answer.verdict == RequestServer::DAMAGED) {
+            // Another station's reply, say: the next request follows somewhere in it.
+            m_damaged.append(m_received.at(0));
+            m_received.remove(0, 1);
+            continue;
+        }
+        logDamaged();
         log(answer.verdict == RequestServer::EXECUTED ? "request" : "ignored",
             m_received.left(answer.requestLength));
         m_received.remove(0, answer.requestLength);
@@ -124,12 +127,26 @@ void Simulator::answerRequests()
     }
 }
 
+RequestServer::Answer Simulator::askServer()
+{
+    const std::lock_guard<std::mutex> lock(m_memoryLock);
+    return m_server.answer(m_received);
+}
+
 void Simulator::dropAfterSilence()
 {
-    if (m_received.isEmpty() || Clock::now() - m_lastByte < SILENCE)
+    if (!isAmidFrame() || Clock::now() - m_lastByte < SILENCE)
         return;
-    log("dropped", m_received);
+    m_damaged.append(m_received);
     m_received.clear();
+    logDamaged();
+}
+
+void Simulator::logDamaged()
+{
+    if (!m_damaged.isEmpty())
+        log("damaged", m_damaged);
+    m_damaged.clear();
 }
 
 void Simulator::send(const QByteArray& reply)

@@ -50,7 +50,10 @@ private:
     void move();
     bool receive();
     void answerRequests();
+    RequestServer::Answer askServer();
+    bool isAmidFrame() const { return !m_received.isEmpty() || !m_damaged.isEmpty(); }
     void dropAfterSilence();
+    void logDamaged();
     void send(const QByteArray& reply);
     void readCommands();
     void log(const char* what, const QByteArray& bytes) const;
@@ -64,7 +67,8 @@ private:
     TextSink m_answer;
     int m_commands = -1;
     QByteArray m_commandBytes;
-    QByteArray m_received;
+    QByteArray m_received; ///< not yet a whole request
+    QByteArray m_damaged;  ///< no part of any request
     Clock::time_point m_started;
     Clock::time_point m_lastByte;
     int m_stopReader;

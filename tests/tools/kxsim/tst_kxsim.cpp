@@ -1,0 +1,224 @@
+// kxsim as a process: a host reads and writes all register types over its line.
+
+#include "kxsim_process.h"
+#include "modbus_master.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QtTest>
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
+
+class TestKxsim : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void allThirteenTypesAreRead();
+    void allWriteFunctionsReachTheMemory();
+    void outsideTheMapThereIsAnException();
+    void stationsOfOneLineHaveTheirOwnMemory();
+    void presetsStayStillWhileOthersMove();
+    void commandsAnswerAndSurviveTheirEnd();
+    void theLinkLastsAsLongAsTheProgram();
+    void theLogShowsRequestsAndReplies();
+    void signalsEndItCleanly_data();
+    void signalsEndItCleanly();
+    void aGivenPortIsServed();
+};
+
+void TestKxsim::allThirteenTypesAreRead()
+{
+    KxsimProcess kxsim({"--still",
+                        "--set",
+                        "X17=1",
+                        "--set",
+                        "Y377=1",
+                        "--set",
+                        "M2047=1,1",
+                        "--set",
+                        "SM255=1,1",
+                        "--set",
+                        "S1023=1",
+                        "--set",
+                        "T255=1",
+                        "--set",
+                        "C9=1",
+                        "--set",
+                        "D7999=1234",
+                        "--set",
+                        "SD255=255,256",
+                        "--set",
+                        "CV199=-1",
+                        "--set",
+                        "32CV255=0x12345678",
+                        "--set",
+                        "TV255=25",
+                        "--set",
+                        "Z15=15"});
+    ModbusMaster master(kxsim.portName());
+    QVERIFY2(master.isOpen(), qPrintable(master.error()));
+    QCOMPARE(master.coils(1214, 3), QList<int>({0, 1, 0}));            // X17 is the 16th input
+    QCOMPARE(master.coils(254, 2), QList<int>({0, 1}));                // Y377
+    QCOMPARE(master.coils(4046, 2), QList<int>({0, 1}));               // M2047
+    QCOMPARE(master.coils(12000, 2), QList<int>({1, 0}));              // M2048
+    QCOMPARE(master.coils(4654, 2), QList<int>({0, 1}));               // SM255
+    QCOMPARE(master.coils(30000, 2), QList<int>({1, 0}));              // SM256
+    QCOMPARE(master.coils(7022, 2), QList<int>({0, 1}));               // S1023
+    QCOMPARE(master.coils(8254, 2), QList<int>({0, 1}));               // T255
+    QCOMPARE(master.coils(9208, 3), QList<int>({0, 1, 0}));            // C9
+    QCOMPARE(master.registers(7998, 2), QList<int>({0, 1234}));        // D7999
+    QCOMPARE(master.registers(8254, 2), QList<int>({0, 255}));         // SD255
+    QCOMPARE(master.registers(12000, 2), QList<int>({256, 0}));        // SD256
+    QCOMPARE(master.registers(9699, 1), QList<int>({65535}));          // CV199
+    QCOMPARE(master.registers(9810, 2), QList<int>({0x1234, 0x5678})); // 32CV255
+    QCOMPARE(master.registers(9254, 2), QList<int>({0, 25}));          // TV255
+    QCOMPARE(master.registers(8514, 2), QList<int>({0, 15}));          // Z15
+}
+
+void TestKxsim::allWriteFunctionsReachTheMemory()
+{
+    KxsimProcess kxsim({"--still"});
+    ModbusMaster master(kxsim.portName());
+    QVERIFY2(master.writeCoil(12000, true), qPrintable(master.error()));
+    QCOMPARE(kxsim.ask("get M2047:3"), QStringLiteral("M2047=0,1,0"));
+    QVERIFY2(master.writeRegister(8515, 0xABCD), qPrintable(master.error()));
+    QCOMPARE(kxsim.ask("get Z14:2"), QStringLiteral("Z14=0,43981"));
+    QVERIFY2(master.writeCoils(8, {1, 0, 1, 1, 0, 0, 0, 1, 1}), qPrintable(master.error()));
+    QCOMPARE(kxsim.ask("get Y10:10"), QStringLiteral("Y10=1,0,1,1,0,0,0,1,1,0"));
+    QVERIFY2(master.writeRegisters(9700, {0x0001, 0x0000, 0, 7}), qPrintable(master.error()));
+    QCOMPARE(kxsim.ask("get 32CV200:3"), QStringLiteral("32CV200=65536,7,0"));
+}
+
+void TestKxsim::outsideTheMapThereIsAnException()
+{
+    KxsimProcess kxsim;
+    ModbusMaster master(kxsim.portName());
+    const QString illegalAddress = QStringLiteral("Illegal data address");
+    QCOMPARE(master.registers(8515, 2), QList<int>());
+    QCOMPARE(master.error(), illegalAddress);
+    QCOMPARE(master.coils(256, 1), QList<int>());
+    QCOMPARE(master.error(), illegalAddress);
+    QVERIFY(!master.writeRegister(65535, 1));
+    QCOMPARE(master.error(), illegalAddress);
+    QCOMPARE(master.registers(8515, 1), QList<int>({0}));
+}
+
+void TestKxsim::stationsOfOneLineHaveTheirOwnMemory()
+{
+    KxsimProcess kxsim(
+        {"--still", "-a", "1", "--station", "17", "--set", "D5=10", "--set", "D5@17=20"});
+    ModbusMaster master(kxsim.portName());
+    QCOMPARE(master.registers(5, 1), QList<int>({10}));
+    master.setStation(17);
+    QCOMPARE(master.registers(5, 1), QList<int>({20}));
+    QVERIFY(master.writeRegister(5, 21));
+    QCOMPARE(kxsim.ask("get D5@17"), QStringLiteral("D5@17=21"));
+    QCOMPARE(kxsim.ask("get D5"), QStringLiteral("D5=10"));
+}
+
+void TestKxsim::presetsStayStillWhileOthersMove()
+{
+    KxsimProcess kxsim({"--set", "D0=5"});
+    ModbusMaster master(kxsim.portName());
+    const QList<int> before = master.registers(9700, 2);
+    QTest::qWait(500);
+    QVERIFY(master.registers(9700, 2) != before);
+    QCOMPARE(master.registers(0, 1), QList<int>({5}));
+}
+
+void TestKxsim::commandsAnswerAndSurviveTheirEnd()
+{
+    KxsimProcess kxsim({"--still"});
+    kxsim.tell("set D100=1,2,3,4");
+    QCOMPARE(kxsim.ask("get D100:4"), QStringLiteral("D100=1,2,3,4"));
+    QCOMPARE(kxsim.ask("hello"), QStringLiteral("error: 'hello' is not a command; write get D100:4 "
+                                                "or set D100=5"));
+    kxsim.closeStandardInput();
+    QTest::qWait(200);
+    ModbusMaster master(kxsim.portName());
+    QCOMPARE(master.registers(100, 4), QList<int>({1, 2, 3, 4}));
+}
+
+void TestKxsim::theLinkLastsAsLongAsTheProgram()
+{
+    const QTemporaryDir folder;
+    const QString link = folder.filePath("controller");
+    {
+        KxsimProcess killed({"--symlink", link});
+        killed.exitCodeAfter(SIGKILL);
+    }
+    QVERIFY(QFileInfo(link).isSymLink());
+    // The stale link is replaced.
+    KxsimProcess kxsim({"--symlink", link, "--set", "D1=3"});
+    QCOMPARE(QFileInfo(link).symLinkTarget(), kxsim.portName());
+    {
+        ModbusMaster master(link);
+        QCOMPARE(master.registers(1, 1), QList<int>({3}));
+    }
+    QCOMPARE(kxsim.exitCodeAfter(SIGTERM), 0);
+    QVERIFY(!QFileInfo(link).isSymLink());
+}
+
+void TestKxsim::theLogShowsRequestsAndReplies()
+{
+    KxsimProcess kxsim({"--still", "--log"});
+    {
+        ModbusMaster master(kxsim.portName());
+        QCOMPARE(master.registers(0, 10).size(), 10);
+        QVERIFY(master.registers(65535, 1).isEmpty());
+    }
+    QCOMPARE(kxsim.exitCodeAfter(SIGTERM), 0);
+    const QStringList lines = kxsim.errorOutput().split('\n');
+    QCOMPARE(lines.size(), 5);
+    QCOMPARE(lines.at(0), QStringLiteral("request 01 03 00 00 00 0a c5 cd"));
+    QVERIFY2(lines.at(1).startsWith(QStringLiteral("reply   01 03 14 00 00")),
+             qPrintable(lines.at(1)));
+    QVERIFY2(lines.at(2).startsWith(QStringLiteral("request 01 03 ff ff 00 01")),
+             qPrintable(lines.at(2)));
+    QCOMPARE(lines.at(3), QStringLiteral("reply   01 83 02 c0 f1"));
+}
+
+void TestKxsim::signalsEndItCleanly_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("Ctrl-C") << SIGINT;
+    QTest::newRow("termination") << SIGTERM;
+}
+
+void TestKxsim::signalsEndItCleanly()
+{
+    QFETCH(int, signal);
+    KxsimProcess kxsim;
+    QVERIFY(!kxsim.portName().isEmpty());
+    QCOMPARE(kxsim.exitCodeAfter(signal), 0);
+    QCOMPARE(kxsim.errorOutput(), QString());
+}
+
+void TestKxsim::aGivenPortIsServed()
+{
+    // The test holds the other end of the pair and speaks through it.
+    const int otherEnd = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    QVERIFY(otherEnd >= 0 && grantpt(otherEnd) == 0 && unlockpt(otherEnd) == 0);
+    const QString port = QString::fromLocal8Bit(ptsname(otherEnd));
+    KxsimProcess kxsim({"--port", port, "-b", "9600", "-p", "even", "--set", "D100=1234"});
+    QCOMPARE(kxsim.portName(), port);
+    // Station 1 reads D100, and its reply: two bytes of data, 1234.
+    const QByteArray request = QByteArray::fromHex("01030064 0001 c5d5");
+    const QByteArray expected = QByteArray::fromHex("010302 04d2 3ad9");
+    QCOMPARE(write(otherEnd, request.constData(), 8), ssize_t(8));
+    QByteArray reply(7, '\0');
+    QCOMPARE(read(otherEnd, reply.data(), 7), ssize_t(7));
+    QCOMPARE(reply.toHex(), expected.toHex());
+    // The line is lost when the other end goes.
+    close(otherEnd);
+    QCOMPARE(kxsim.exitCodeAfter(0), 3);
+    QCOMPARE(kxsim.errorOutput(), QStringLiteral("kxsim: %1: the line was lost\n").arg(port));
+}
+
+QTEST_GUILESS_MAIN(TestKxsim)
+
+#include "tst_kxsim.moc"

@@ -1,0 +1,134 @@
+// What kxsim says to wrong and to curious command lines.
+
+#include <QtCore/QProcess>
+#include <QtCore/QTemporaryFile>
+#include <QtTest/QtTest>
+
+namespace
+{
+
+struct Outcome {
+    int exitCode;
+    QString output;
+    QString error;
+};
+
+Outcome run(const QStringList& arguments)
+{
+    QProcess kxsim;
+    kxsim.start(QStringLiteral(KXSIM_PROGRAM), arguments);
+    const bool ended = kxsim.waitForFinished(10000);
+    return {ended ? kxsim.exitCode() : -1, QString::fromUtf8(kxsim.readAllStandardOutput()),
+            QString::fromUtf8(kxsim.readAllStandardError())};
+}
+
+} // namespace
+
+class TestKxsimUsage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void wrongUsageGetsOneLine_data();
+    void wrongUsageGetsOneLine();
+    void whatIsNoTerminalIsRefused();
+    void aFileInTheLinksPlaceIsKept();
+    void helpShowsExamplesAndTheOctalTypes();
+    void theVersionIsShown();
+};
+
+void TestKxsimUsage::wrongUsageGetsOneLine_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("names");
+    const struct {
+        const char* situation;
+        const char* arguments;
+        int exitCode;
+        const char* names;
+    } rows[] = {
+        {"unknown option", "--bogus", 2, "bogus"},
+        {"option without its value", "--station", 2, "station"},
+        {"an argument that is no option", "COM1", 2, "COM1"},
+        {"station 0", "--station 0", 2, "1 to 247"},
+        {"station 248", "--station 248", 2, "1 to 247"},
+        {"station not a number", "-a one", 2, "1 to 247"},
+        {"unknown type", "--set Q1=1", 2, "unknown register type"},
+        {"address out of range", "--set D8000=1", 2, "D0 to D7999"},
+        {"octal digit 8", "--set X8=1", 2, "octal"},
+        {"values past the range", "--set Z15=1,2", 2, "Z15"},
+        {"value too large", "--set D1=65536", 2, "65536"},
+        {"no value", "--set D1", 2, "not an assignment"},
+        {"preset of a station not simulated", "--set D1@2=1", 2, "station 2 is not simulated"},
+        {"second preset wrong", "--set D1=1 --set D1=x", 2, "'x'"},
+        {"a rate no port has", "--baud 12345", 2, "9600, 19200"},
+        {"9 data bits", "--data-bits 9", 2, "7, 8"},
+        {"3 stop bits", "-s 3", 2, "1, 2"},
+        {"unknown parity", "--parity mark", 2, "none, even or odd"},
+        {"a link to a port", "--port /dev/null --symlink x", 2, "--symlink"},
+        {"a port that is not there", "--port /nowhere/tty", 3, "/nowhere/tty: No such file"},
+        {"a link in no folder", "--symlink /nowhere/link", 3, "/nowhere/link"},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row.situation)
+            << QString::fromLatin1(row.arguments).split(' ') << row.exitCode << row.names;
+}
+
+void TestKxsimUsage::wrongUsageGetsOneLine()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, exitCode);
+    QFETCH(QString, names);
+    const Outcome outcome = run(arguments);
+    QCOMPARE(outcome.exitCode, exitCode);
+    QCOMPARE(outcome.output, QString());
+    QVERIFY2(outcome.error.startsWith(QStringLiteral("kxsim: ")), qPrintable(outcome.error));
+    QCOMPARE(outcome.error.indexOf('\n'), outcome.error.size() - 1);
+    QVERIFY2(outcome.error.contains(names), qPrintable(outcome.error));
+}
+
+void TestKxsimUsage::whatIsNoTerminalIsRefused()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    const Outcome outcome = run({"--port", file.fileName()});
+    QCOMPARE(outcome.exitCode, 3);
+    QVERIFY2(outcome.error.contains(file.fileName()), qPrintable(outcome.error));
+}
+
+void TestKxsimUsage::aFileInTheLinksPlaceIsKept()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    const Outcome outcome = run({"--symlink", file.fileName()});
+    QCOMPARE(outcome.exitCode, 3);
+    QVERIFY2(outcome.error.contains(file.fileName()), qPrintable(outcome.error));
+    QVERIFY(QFile::exists(file.fileName()));
+}
+
+void TestKxsimUsage::helpShowsExamplesAndTheOctalTypes()
+{
+    for (const char* const option : {"--help", "-h"}) {
+        const Outcome outcome = run({QString::fromLatin1(option)});
+        QCOMPARE(outcome.exitCode, 0);
+        QCOMPARE(outcome.error, QString());
+        for (const char* const words :
+             {"X and Y are octal", "kxsim --set D100=1234", "--station", "--still", "--symlink",
+              "--log", "--port", "--baud", "--parity", "--data-bits", "--stop-bits"})
+            QVERIFY2(outcome.output.contains(QString::fromLatin1(words)), words);
+    }
+}
+
+void TestKxsimUsage::theVersionIsShown()
+{
+    for (const char* const option : {"--version", "-v"}) {
+        const Outcome outcome = run({QString::fromLatin1(option)});
+        QCOMPARE(outcome.exitCode, 0);
+        QCOMPARE(outcome.output, QStringLiteral("kxsim 1.0.0\n"));
+    }
+}
+
+QTEST_GUILESS_MAIN(TestKxsimUsage)
+
+#include "tst_kxsim_usage.moc"
