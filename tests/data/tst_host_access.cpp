@@ -1,0 +1,274 @@
+#include "data/cached_record.h"
+
+#include <QtTest/QtTest>
+
+#include <climits>
+
+namespace
+{
+
+// The jobs of the write queue as "station type address count".
+QStringList queued()
+{
+    QStringList jobs;
+    for (const VARIABLE& job : driver.writeList)
+        jobs << QString::fromLatin1("%1 %2 %3 %4")
+                    .arg(job.station)
+                    .arg(job.regType)
+                    .arg(job.address)
+                    .arg(job.count);
+    return jobs;
+}
+
+QByteArray payload(const VARIABLE& job, int length)
+{
+    return QByteArray(reinterpret_cast<const char*>(job.data), length);
+}
+
+int setValues(const char* type, int address, int count, const QByteArray& values, int kind = 2)
+{
+    QByteArray copy = values;
+    return intf_setData(1, QString::fromLatin1(type), address, count,
+                        reinterpret_cast<unsigned char*>(copy.data()), kind);
+}
+
+} // namespace
+
+class HostAccessTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void readsWhatIsCached_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QByteArray>("out");
+        for (const char* type : {"X", "Y", "M", "S", "SM", "T", "C"})
+            QTest::newRow(type) << type << 2 << bytes("11 00 EEEE");
+        for (const char* type : {"D", "SD", "TV", "CV", "Z"})
+            QTest::newRow(type) << type << 2 << bytes("1122 0000 EE");
+        QTest::newRow("32CV") << "32CV" << 4 << bytes("11223344 00000000 EE");
+        QTest::newRow("32CV, odd count") << "32CV" << 3 << bytes("11223344 EE");
+    }
+
+    void readsWhatIsCached()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, count);
+        QFETCH(QByteArray, out);
+        const QByteArray name = type.toLatin1();
+        DriverFixture runtime;
+        setReadValue(1, name.constData(), 5, bytes("11223344"));
+        record(1, name.constData(), 5).commError = 1; // a failed address keeps its value
+        QCOMPARE(DriverFixture::data(1, name.constData(), 5, count, static_cast<int>(out.size())),
+                 out);
+        QCOMPARE(runtime.reports, QList<Report>());
+        QCOMPARE(isCached(1, name.constData(), 6), count != 3);
+        QCOMPARE(int(cached(1, name.constData(), 5).commError), 1);
+    }
+
+    void aPendingWriteIsRead()
+    {
+        DriverFixture runtime;
+        setReadValue(1, "D", 5, bytes("3412"));
+        setValues("D", 5, 1, bytes("7856"));
+        QCOMPARE(DriverFixture::data(1, "D", 5, 1, 2), bytes("7856"));
+        record(1, "D", 5).writePending = 0;
+        QCOMPARE(DriverFixture::data(1, "D", 5, 1, 2), bytes("3412"));
+    }
+
+    void nothingToRead_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("count");
+        QTest::newRow("no bits") << "M" << 0;
+        QTest::newRow("negative bits") << "M" << -1;
+        QTest::newRow("no words") << "D" << 0;
+        QTest::newRow("fewest words") << "D" << INT_MIN;
+        QTest::newRow("half a 32CV value") << "32CV" << 1;
+        QTest::newRow("negative 32CV") << "32CV" << -4;
+        QTest::newRow("unknown type") << "Q" << 2;
+        QTest::newRow("lower case") << "d" << 2;
+        QTest::newRow("empty type") << "" << 2;
+    }
+
+    void nothingToRead()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, count);
+        DriverFixture runtime;
+        QCOMPARE(DriverFixture::data(1, type.toLatin1().constData(), 5, count, 4),
+                 bytes("EEEEEEEE"));
+        QCOMPARE(cachedCount(), 0);
+    }
+
+    void bothAlwaysSucceed()
+    {
+        DriverFixture runtime;
+        unsigned char out[4] = {};
+        QCOMPARE(intf_getData(1, "D", 5, 1, out), 1);
+        QCOMPARE(intf_getData(1, "Q", 5, 1, out), 1);
+        QCOMPARE(setValues("D", 5, 1, bytes("0100")), 1);
+        QCOMPARE(setValues("Q", 5, 1, bytes("0100")), 1);
+        QCOMPARE(setValues("D", 5, -1, bytes("")), 1);
+    }
+
+    void writesBitsAsOneJob_data()
+    {
+        QTest::addColumn<QString>("type");
+        for (const char* type : {"Y", "M", "S", "SM", "T", "C"})
+            QTest::newRow(type) << type;
+    }
+
+    void writesBitsAsOneJob()
+    {
+        QFETCH(QString, type);
+        DriverFixture runtime("1#0#0#3#2");
+        setValues(type.toLatin1().constData(), 5, 40, QByteArray(40, '\1'), 77);
+        QCOMPARE(queued(), QStringList() << "1 " + type + " 5 40");
+        QCOMPARE(driver.writeList.first().kind, 77);
+        QCOMPARE(payload(driver.writeList.first(), 41), QByteArray(40, '\1') + bytes("00"));
+    }
+
+    void writesWordsInPieces_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QStringList>("jobs");
+        QTest::newRow("70 registers") << "D" << 70
+                                      << (QStringList() << "1 D 100 32"
+                                                        << "1 D 132 32"
+                                                        << "1 D 164 6");
+        QTest::newRow("64 registers") << "D" << 64
+                                      << (QStringList() << "1 D 100 32"
+                                                        << "1 D 132 32");
+        QTest::newRow("33 registers") << "D" << 33
+                                      << (QStringList() << "1 D 100 32"
+                                                        << "1 D 132 1");
+        QTest::newRow("32 registers") << "D" << 32 << (QStringList() << "1 D 100 32");
+        QTest::newRow("SD") << "SD" << 2 << (QStringList() << "1 SD 100 2");
+        QTest::newRow("TV") << "TV" << 2 << (QStringList() << "1 TV 100 2");
+        QTest::newRow("CV") << "CV" << 2 << (QStringList() << "1 CV 100 2");
+        QTest::newRow("Z") << "Z" << 1 << (QStringList() << "1 Z 100 1");
+        QTest::newRow("32CV advances by registers") << "32CV" << 70
+                                                    << (QStringList() << "1 32CV 100 32"
+                                                                      << "1 32CV 132 32"
+                                                                      << "1 32CV 164 6");
+    }
+
+    void writesWordsInPieces()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, count);
+        QFETCH(QStringList, jobs);
+        QByteArray values;
+        for (int i = 0; i < 2 * count; ++i)
+            values.append(static_cast<char>(i + 1));
+        DriverFixture runtime;
+        setValues(type.toLatin1().constData(), 100, count, values, 9);
+        QCOMPARE(queued(), jobs);
+        for (int i = 0; i < driver.writeList.size(); ++i) {
+            const VARIABLE& piece = driver.writeList.at(i);
+            QCOMPARE(piece.kind, 9);
+            QCOMPARE(payload(piece, 2 * piece.count), values.mid(64 * i, 2 * piece.count));
+            QCOMPARE(int(piece.data[2 * piece.count]), 0);
+        }
+    }
+
+    void whatReachesOnlyTheCache_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("parameters");
+        QTest::newRow("an input") << "X"
+                                  << "1#0#0#3#32";
+        QTest::newRow("coils, local only") << "Y"
+                                           << "1#1#0#3#32";
+        QTest::newRow("words, local only") << "D"
+                                           << "1#-1#0#3#32";
+        QTest::newRow("words, length limit 0") << "D"
+                                               << "1#0#0#3#0";
+        QTest::newRow("32CV, length limit 0") << "32CV"
+                                              << "1#0#0#3#0";
+    }
+
+    void whatReachesOnlyTheCache()
+    {
+        QFETCH(QString, type);
+        QFETCH(QString, parameters);
+        const QByteArray name = type.toLatin1();
+        DriverFixture runtime(parameters.toLatin1().constData());
+        record(1, name.constData(), 5).monitorFlags = 1;
+        setValues(name.constData(), 5, 2, bytes("01010101"));
+        QCOMPARE(queued(), QStringList());
+        QVERIFY(runtime.reports.contains(Report{1, 1, type, 5}));
+        QCOMPARE(DriverFixture::data(1, name.constData(), 5, 2, 1), bytes("01"));
+    }
+
+    void countsBelowOneQueueNothing_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("count");
+        for (const int count : {0, -1, -100, INT_MIN})
+            for (const char* type : {"M", "D", "32CV", "X", "Q"})
+                QTest::newRow(QByteArray(type) + ' ' + QByteArray::number(count)) << type << count;
+    }
+
+    void countsBelowOneQueueNothing()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, count);
+        DriverFixture runtime;
+        setValues(type.toLatin1().constData(), 5, count, bytes("0101"));
+        QCOMPARE(queued(), QStringList());
+        QCOMPARE(cachedCount(), 0);
+    }
+
+    void anUnknownTypeIsIgnored()
+    {
+        DriverFixture runtime;
+        setValues("Q", 5, 1, bytes("0100"));
+        QCOMPARE(queued(), QStringList());
+        QCOMPARE(cachedCount(), 0);
+        QCOMPARE(runtime.reports, QList<Report>());
+    }
+
+    // One 32-bit register is half a value: it is sent but cannot be cached.
+    void half32CVValuesAreSentButNotCached()
+    {
+        DriverFixture runtime;
+        setValues("32CV", 200, 1, bytes("3412"));
+        QCOMPARE(queued(), QStringList() << "1 32CV 200 1");
+        QCOMPARE(cachedCount(), 0);
+    }
+
+    void bitsPastThePayloadAreCachedButSentAsOff()
+    {
+        DriverFixture runtime;
+        setValues("M", 0, 1030, QByteArray(1030, '\1'));
+        QCOMPARE(queued(), QStringList() << "1 M 0 1030");
+        QCOMPARE(payload(driver.writeList.first(), 1024), QByteArray(1024, '\1'));
+        QCOMPARE(DriverFixture::data(1, "M", 1029, 1, 1), bytes("01"));
+    }
+
+    void registersPastThePayloadAreCutFromTheJob()
+    {
+        DriverFixture runtime("1#0#0#3#600");
+        setValues("D", 0, 600, QByteArray(1200, '\x11'));
+        QCOMPARE(queued(), QStringList() << "1 D 0 600");
+        QCOMPARE(payload(driver.writeList.first(), 1024), QByteArray(1024, '\x11'));
+        QCOMPARE(DriverFixture::data(1, "D", 599, 1, 2), bytes("1111"));
+    }
+
+    void jobsAreQueuedBeforeTheReport()
+    {
+        DriverFixture runtime;
+        int jobs = 0;
+        runtime.onReport = [&](const Report&) { jobs = static_cast<int>(driver.writeList.size()); };
+        setValues("Y", 5, 1, bytes("01"));
+        QCOMPARE(jobs, 1);
+    }
+};
+
+QTEST_APPLESS_MAIN(HostAccessTest)
+#include "tst_host_access.moc"
