@@ -107,7 +107,8 @@ void ExchangeLoop::transmit()
     if (!isRunning())
         return; // the line was lost while writing
     const qint64 transmission = m_line->timing().transmissionTime(m_request.sendLen);
-    m_silentSince = now() + transmission;
+    m_transmittedAt = now() + transmission;
+    m_silentSince = m_transmittedAt;
     const bool isBroadcast = m_request.frame[0] == 0;
     m_state = isBroadcast ? State::AwaitingTurnaround : State::AwaitingReply;
     const int wait = isBroadcast ? m_settings.turnaround : m_settings.replyTimeout;
@@ -165,6 +166,9 @@ void ExchangeLoop::finish(ReplyKind kind, QByteArray reply)
     m_record.result = m_driver.dealRcvFrame(reply, m_record.errorText);
     m_repeating = m_record.result == REPLY_RETRY;
     m_statistics.add(m_record);
+    // A pseudo-terminal delivers at once what a serial line carries for milliseconds.
+    m_silentSince = qMax(
+        m_silentSince, m_transmittedAt + m_line->timing().transmissionTime(m_record.reply.size()));
     waitForSilence();
     emit exchanged(m_record);
 }

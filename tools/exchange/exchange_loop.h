@@ -81,6 +81,7 @@ private:
     State m_state = State::Stopped;
     QTimer m_timer;
     QElapsedTimer m_started;
+    qint64 m_transmittedAt = 0;      ///< as now(); end of the request's last character
     qint64 m_silentSince = 0;        ///< as now(); ahead of it while transmitting
     qint64 m_silenceWantedSince = 0; ///< as now()
     FRAME_PRO m_request = FRAME_PRO();

@@ -70,8 +70,9 @@ void WatchRun::takeRead(const ExchangeRecord& record)
 void WatchRun::loseLine(const QString& error)
 {
     m_isLineLost = true;
-    emit lineLost(error);
+    // The view gives the terminal back first.
     finish();
+    emit lineLost(error);
 }
 
 void WatchRun::show(const QList<int>& indexes)

@@ -6,7 +6,9 @@
 #include "kxhost/exit_codes.h"
 #include "kxhost/interrupt.h"
 #include "kxhost/line_views.h"
-#include "kxhost/watch_run.h"
+#include "kxhost/live_view.h"
+#include "kxhost/prompt_writer.h"
+#include "kxhost/tags_file.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -16,14 +18,17 @@ namespace
 {
 
 const CommandHelp HELP = {
-    "watch [options] ADDRESS...",
+    "watch [options] [ADDRESS...]",
     "Reads the addresses in cycles and shows their values.\n"
     "An address is TYPE NUMBER[:COUNT][@STATION]; X and Y are octal. A cycle is over\n"
     "when every request of the list was answered or has failed once. Ends with 1 when\n"
-    "an address was never read or its last read failed, or when the line was lost.",
+    "an address was never read or its last read failed, or when the line was lost.\n"
+    "On a terminal a table is shown, below which assignments such as D100=5 can be\n"
+    "typed; --frames and --json, or a pipe, give lines of changes instead.",
     "kxhost watch D100:4 M0:8 X10 32CV200 --port /dev/ttyUSB0 --station 1\n"
     "kxhost watch D0:10@1 D0:10@2 --tcp 192.168.0.5 --cycles 20 --json\n"
     "kxhost watch Y0:8 --port /dev/ttyUSB0 --baud 19200 --parity even --frames\n"
+    "kxhost watch --tags line3.csv --port /dev/ttyUSB0\n"
     "kxhost watch D0 --simulate"};
 
 struct WatchOptions {
@@ -32,28 +37,85 @@ struct WatchOptions {
     int cycles = 0;
 };
 
+bool takeTags(const QCommandLineParser& parser, WatchOptions* options, QString* error)
+{
+    const QString path = parser.value(QLatin1String("tags"));
+    QList<Tag> tags;
+    if (path.isEmpty())
+        return true;
+    if (!loadTags(path, &tags, error))
+        return false;
+    for (const Tag& tag : tags) {
+        AddressRange range = tag.range;
+        if (range.station < 0)
+            range.station = options->connection.station;
+        options->ranges << range;
+    }
+    return true;
+}
+
 bool readOptions(const QCommandLineParser& parser, WatchOptions* options, QString* error)
 {
     if (!readConnectionOptions(parser, &options->connection, error)
         || !takeNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
                        error)
         || !parseAddressRanges(parser.positionalArguments(), options->connection.station,
-                               &options->ranges, error))
+                               &options->ranges, error)
+        || !takeTags(parser, options, error))
         return false;
     for (const AddressRange& range : options->ranges) {
         if (!options->connection.simulatedStations.contains(range.station))
             options->connection.simulatedStations << range.station;
     }
     if (options->ranges.isEmpty())
-        *error = QLatin1String("nothing to watch; name addresses such as D100:4");
+        *error = QLatin1String("nothing to watch; name addresses such as D100:4, or --tags FILE");
     return !options->ranges.isEmpty();
 }
 
-std::unique_ptr<WatchView> makeView(const ConnectionOptions& options)
+bool wantsTable(const ConnectionOptions& options)
 {
-    if (options.json)
-        return std::make_unique<JsonView>(options.frames);
-    return std::make_unique<TextView>(options.frames);
+    return Terminal::isUsable() && !options.json && !options.frames;
+}
+
+QChar parityLetter(QSerialPort::Parity parity)
+{
+    if (parity == QSerialPort::NoParity)
+        return QLatin1Char('N');
+    return QLatin1Char(parity == QSerialPort::EvenParity ? 'E' : 'O');
+}
+
+int runUntilFinished(WatchRun* run)
+{
+    const Interrupt interrupt;
+    QObject::connect(&interrupt, &Interrupt::interrupted, run, &WatchRun::finish);
+    QObject::connect(run, &WatchRun::lineLost,
+                     [](const QString& error) { complain(error, EXIT_DEVICE_FAILED); });
+    QObject::connect(run, &WatchRun::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    run->start();
+    QCoreApplication::exec();
+    return run->hasDeviceFailed() ? EXIT_DEVICE_FAILED : EXIT_FINE;
+}
+
+int watchInLines(const WatchOptions& options, DriverSession* session)
+{
+    TextView text(options.connection.frames);
+    JsonView json(options.connection.frames);
+    WatchView* const view = options.connection.json ? static_cast<WatchView*>(&json) : &text;
+    WatchRun run(session, options.ranges, options.cycles, view);
+    return runUntilFinished(&run);
+}
+
+int watchInTable(const WatchOptions& options, DriverSession* session)
+{
+    const Line* const line = session->line();
+    LiveView view(line->name() + QLatin1String("  ")
+                  + lineSettingsText(line->timing(), parityLetter(options.connection.parity)));
+    PromptWriter writer(session, options.connection.station);
+    QObject::connect(&view, &LiveView::entered, &writer, &PromptWriter::take);
+    QObject::connect(&writer, &PromptWriter::message, &view, &LiveView::setMessage);
+    WatchRun run(session, options.ranges, options.cycles, &view);
+    view.attach(&run);
+    return runUntilFinished(&run);
 }
 
 int watch(const WatchOptions& options)
@@ -62,17 +124,9 @@ int watch(const WatchOptions& options)
     const int result = openConnection(options.connection, &connection);
     if (result != EXIT_FINE)
         return result;
-    const std::unique_ptr<WatchView> view = makeView(options.connection);
-    WatchRun run(connection.session.get(), options.ranges, options.cycles, view.get());
-    const Interrupt interrupt;
-    QObject::connect(&interrupt, &Interrupt::interrupted, &run, &WatchRun::finish);
-    QObject::connect(&run, &WatchRun::lineLost,
-                     [](const QString& error) { complain(error, EXIT_DEVICE_FAILED); });
-    QObject::connect(&run, &WatchRun::finished, qApp, &QCoreApplication::quit,
-                     Qt::QueuedConnection);
-    run.start();
-    QCoreApplication::exec();
-    return run.hasDeviceFailed() ? EXIT_DEVICE_FAILED : EXIT_FINE;
+    DriverSession* const session = connection.session.get();
+    return wantsTable(options.connection) ? watchInTable(options, session)
+                                          : watchInLines(options, session);
 }
 
 } // namespace
@@ -81,6 +135,9 @@ int runWatch(const QStringList& arguments)
 {
     QCommandLineParser parser;
     addConnectionOptions(&parser);
+    parser.addOption({QLatin1String("tags"),
+                      QLatin1String("Watch the addresses of a tags file (CSV) as well."),
+                      QLatin1String("FILE")});
     parser.addOption({QLatin1String("cycles"), QLatin1String("End after so many cycles."),
                       QLatin1String("COUNT")});
     int exitCode = EXIT_FINE;

@@ -1,0 +1,26 @@
+#ifndef KX_TOOLS_PROMPT_LINE_H
+#define KX_TOOLS_PROMPT_LINE_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QStringList>
+
+/// A line that is being typed. Backspace and Ctrl-U erase, Enter ends it; other
+/// control keys and cursor keys do nothing.
+class PromptLine
+{
+public:
+    QString text() const { return m_text; }
+
+    /// Takes typed bytes; returns the lines that were entered, without empty ones.
+    QStringList type(const QByteArray& bytes);
+
+private:
+    enum class Escape { None, Started, Sequence };
+
+    bool isInEscape(char byte);
+
+    QString m_text;
+    Escape m_escape = Escape::None;
+};
+
+#endif

@@ -1,0 +1,48 @@
+#include "kxhost/prompt_writer.h"
+
+#include "kxhost/commands/write_pieces.h"
+#include "kxhost/frame_text.h"
+
+PromptWriter::PromptWriter(DriverSession* session, int station)
+    : m_session(session), m_station(station)
+{
+    connect(session, &DriverSession::exchanged, this, &PromptWriter::takeExchange);
+}
+
+void PromptWriter::take(const QString& line)
+{
+    Assignment assignment;
+    QString error;
+    if (!parseAssignment(line, &assignment, &error) || isRefused(assignment, &error)) {
+        emit message(error);
+        return;
+    }
+    if (assignment.range.station < 0)
+        assignment.range.station = m_station;
+    m_line = line;
+    emit message(line + QLatin1String(": writing"));
+    const int most = addressesPerWrite(assignment.range.type, m_session->settings().maxWords);
+    for (const Assignment& piece : writePieces(assignment, most))
+        m_session->write(piece);
+}
+
+bool PromptWriter::isRefused(const Assignment& assignment, QString* reason) const
+{
+    const RegisterType* const type = assignment.range.type;
+    const QString name = QString::fromLatin1(type->name);
+    if (!type->writable)
+        *reason = name + QLatin1String(" cannot be written");
+    else if (addressesPerWrite(type, m_session->settings().maxWords) < 1)
+        *reason = name + QLatin1String(" needs longer requests; see --max-words");
+    return !reason->isEmpty();
+}
+
+void PromptWriter::takeExchange(const ExchangeRecord& record)
+{
+    if (record.job.kind != WRITE_JOB || record.result == REPLY_RETRY)
+        return;
+    const bool isConfirmed = record.result == REPLY_ACCEPTED;
+    emit message(m_line
+                 + (isConfirmed ? QLatin1String(": confirmed")
+                                : QLatin1String(": not written, ") + outcomeText(record)));
+}

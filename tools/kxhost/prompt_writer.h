@@ -1,0 +1,30 @@
+#ifndef KX_TOOLS_PROMPT_WRITER_H
+#define KX_TOOLS_PROMPT_WRITER_H
+
+#include "exchange/driver_session.h"
+
+/// Writes assignments as they are typed, and tells what became of them.
+class PromptWriter : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param station of assignments that name none
+    PromptWriter(DriverSession* session, int station);
+
+    /// Says in message() why when the assignment is refused; else writes it.
+    void take(const QString& line);
+
+signals:
+    void message(const QString& text);
+
+private:
+    bool isRefused(const Assignment& assignment, QString* reason) const;
+    void takeExchange(const ExchangeRecord& record);
+
+    DriverSession* m_session;
+    int m_station;
+    QString m_line;
+};
+
+#endif
