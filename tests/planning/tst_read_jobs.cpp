@@ -1,0 +1,165 @@
+#include "planning/range_text.h"
+#include "planning/read_jobs.h"
+#include "support/driver_fixture.h"
+
+#include <QtTest/QtTest>
+
+namespace
+{
+
+int flagsOf(const char* regType, int address)
+{
+    for (const _DATA_& area : driver.dataAreas) {
+        if (area.regType == QString(regType) && area.address == address)
+            return area.monitorFlags;
+    }
+    return -1;
+}
+
+} // namespace
+
+class ReadJobsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void plans_data();
+    void plans();
+    void jobsAreCyclicReads();
+    void theListIsLeftAlone();
+    void watchesWhatIsListedAndNothingElse();
+    void anEmptyListUnwatchesEverything();
+    void aSecondListReplacesThePlan();
+    void touchesNothingElse();
+};
+
+void ReadJobsTest::plans_data()
+{
+    QTest::addColumn<int>("maxWords");
+    QTest::addColumn<QString>("watched");
+    QTest::addColumn<QString>("jobs");
+    QTest::addColumn<int>("result");
+    const auto row = [](const char* name, int maxWords, const char* watched, const char* jobs,
+                        int result) {
+        QTest::newRow(name) << maxWords << QString(watched) << QString(jobs) << result;
+    };
+    row("one range", 5, "1 D 100 x5", "1 D 100 x5", 1);
+    row("one range longer than the limit", 32, "1 D 0 x100", "1 D 0 x100, 1 D 0 x100, 1 D 0 x100",
+        3);
+    row("overlapping ranges", 16, "1 D 0 x10, 1 D 5 x10", "1 D 0 x15", 1);
+    row("two stations", 32, "1 D 0 x1, 2 D 0 x1", "1 D 0 x1, 2 D 0 x1", 2);
+    row("gaps are bridged", 32, "1 D 40 x1, 1 D 10 x1, 1 D 2 x2, 1 D 0 x2", "1 D 0 x11, 1 D 40 x1",
+        2);
+    row("bits count single bits", 32, "1 M 0 x3, 1 M 10 x1", "1 M 0 x11", 1);
+    row("in the order of the weights", 32, "1 Z 0 x1, 1 X 3 x1, 1 TV 0 x1, 1 CV 0 x1",
+        "1 X 3 x1, 1 TV 0 x1, 1 CV 0 x1, 1 Z 0 x1", 4);
+    row("station 0", 32, "0 D 0 x1", "0 D 0 x1", 1);
+    row("unknown type", 32, "1 Q 7 x2", "1 Q 7 x2", 1);
+}
+
+void ReadJobsTest::plans()
+{
+    QFETCH(int, maxWords);
+    QFETCH(QString, watched);
+    QFETCH(QString, jobs);
+    QFETCH(int, result);
+    DriverFixture runtime;
+    driver.maxWords = maxWords;
+    QList<KEY_ADDRESS> keys = ranges(watched);
+    QCOMPARE(intf_addrMerge(keys), result);
+    QCOMPARE(textOf(driver.readList), jobs);
+    QCOMPARE(driver.intList.size(), 0);
+}
+
+void ReadJobsTest::jobsAreCyclicReads()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> keys = ranges("1 D 0 x1, 1 M 0 x1");
+    intf_addrMerge(keys);
+    QCOMPARE(driver.readList.size(), 2);
+    QCOMPARE(driver.readList.at(0).kind, 4);
+    QCOMPARE(driver.readList.at(1).kind, 4);
+}
+
+void ReadJobsTest::theListIsLeftAlone()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> keys = ranges("1 D 5 x1, 1 D 0 x5, 1 C 7 x1");
+    keys[0].keyName = "name";
+    keys[0].data[9] = 99;
+    intf_addrMerge(keys);
+    QCOMPARE(textOf(keys), QString("1 D 5 x1, 1 D 0 x5, 1 C 7 x1"));
+    QCOMPARE(keys.at(0).keyName, QString("name"));
+    QCOMPARE(int(keys.at(0).data[9]), 99);
+    QCOMPARE(keys.at(2).keyTag1, 2);
+}
+
+void ReadJobsTest::watchesWhatIsListedAndNothingElse()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> keys = ranges("1 D 10 x1, 1 D 2 x2, 1 M 9 x2, 1 32CV 200 x2, 1 Q 0 x1");
+    intf_addrMerge(keys);
+    // In the order of the list, before sorting; bridged registers get no record.
+    QStringList records;
+    for (const _DATA_& area : driver.dataAreas)
+        records << QString("%1%2 flags %3 mask %4")
+                       .arg(area.regType)
+                       .arg(area.address)
+                       .arg(area.monitorFlags)
+                       .arg(area.bitMonitorMask);
+    QCOMPARE(records, QStringList({"D10 flags 1 mask 0", "D2 flags 1 mask 0", "D3 flags 1 mask 0",
+                                   "M8 flags 0 mask 6", "32CV200 flags 1 mask 0"}));
+}
+
+void ReadJobsTest::anEmptyListUnwatchesEverything()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> keys = ranges("1 D 0 x1, 1 M 0 x1");
+    intf_addrMerge(keys);
+    driver.dataAreas[0].monitorFlags = 7;
+    driver.dataAreas[0].bitMonitorMask = 7;
+    driver.dataAreas[0].value[0] = 42;
+    QList<KEY_ADDRESS> none;
+    QCOMPARE(intf_addrMerge(none), 0);
+    QCOMPARE(driver.readList.size(), 0);
+    QCOMPARE(driver.dataAreas.size(), 2);
+    for (const _DATA_& area : driver.dataAreas) {
+        QCOMPARE(area.monitorFlags, 0);
+        QCOMPARE(area.bitMonitorMask, 0);
+    }
+    QCOMPARE(int(driver.dataAreas.at(0).value[0]), 42);
+}
+
+void ReadJobsTest::aSecondListReplacesThePlan()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> all = ranges("1 D 0 x1, 1 D 1 x1, 1 D 100 x1");
+    QList<KEY_ADDRESS> fewer = ranges("1 D 1 x1");
+    QCOMPARE(intf_addrMerge(all), 2);
+    QCOMPARE(intf_addrMerge(fewer), 1);
+    QCOMPARE(textOf(driver.readList), QString("1 D 1 x1"));
+    QCOMPARE(flagsOf("D", 0), 0);
+    QCOMPARE(flagsOf("D", 1), 1);
+    QCOMPARE(flagsOf("D", 100), 0);
+}
+
+void ReadJobsTest::touchesNothingElse()
+{
+    DriverFixture runtime;
+    driver.writeList << job(1, "D", 7, 1);
+    driver.condList << job(1, "D", 8, 1);
+    driver.intList << 3;
+    driver.burstCount = 2;
+    driver.currentKind = 3;
+    QList<KEY_ADDRESS> keys = ranges("1 D 0 x1");
+    intf_addrMerge(keys);
+    QCOMPARE(textOf(driver.writeList), QString("1 D 7 x1"));
+    QCOMPARE(textOf(driver.condList), QString("1 D 8 x1"));
+    QCOMPARE(driver.intList, QList<int>({3}));
+    QCOMPARE(driver.burstCount, 2);
+    QCOMPARE(driver.currentKind, 3);
+    QCOMPARE(runtime.reports.size(), 0);
+}
+
+QTEST_APPLESS_MAIN(ReadJobsTest)
+#include "tst_read_jobs.moc"
