@@ -56,8 +56,9 @@ void ExchangeLoop::waitMicroseconds(qint64 duration)
 
 void ExchangeLoop::waitForSilence()
 {
+    if (m_state != State::AwaitingSilence)
+        m_silenceWantedSince = now();
     m_state = State::AwaitingSilence;
-    m_silenceWantedSince = now();
     waitMicroseconds(m_silentSince + m_line->timing().frameGap() - now());
 }
 

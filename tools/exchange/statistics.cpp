@@ -34,5 +34,6 @@ double Statistics::lineLoad(const LineTiming& timing, qint64 elapsedMilliseconds
     if (elapsedMilliseconds <= 0)
         return 0;
     const qint64 busy = timing.transmissionTime(bytesSent + bytesReceived);
-    return static_cast<double>(busy) / (static_cast<double>(elapsedMilliseconds) * 1000);
+    // A pseudo-terminal may be ahead of the time that its characters would take.
+    return qMin(1.0, static_cast<double>(busy) / (static_cast<double>(elapsedMilliseconds) * 1000));
 }

@@ -1,0 +1,15 @@
+#include "tools/exchange/scripted_line.h"
+
+#include <QtCore/QTimer>
+
+void ScriptedLine::write(const QByteArray& bytes)
+{
+    written << bytes;
+    writtenAt << now();
+    if (m_answers.isEmpty())
+        return;
+    const QList<Arrival> arrivals = m_answers.takeFirst();
+    for (const Arrival& arrival : arrivals)
+        QTimer::singleShot(arrival.after, Qt::PreciseTimer, this,
+                           [this, arrival] { emit bytesArrived(arrival.bytes); });
+}

@@ -1,0 +1,47 @@
+/// A line whose answers are written down beforehand.
+#ifndef KX_TESTS_SCRIPTED_LINE_H
+#define KX_TESTS_SCRIPTED_LINE_H
+
+#include "exchange/line.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QList>
+
+/// Bytes that arrive so many milliseconds after a request.
+struct Arrival {
+    int after;
+    QByteArray bytes;
+};
+
+class ScriptedLine : public Line
+{
+public:
+    ScriptedLine() { m_clock.start(); }
+
+    QString name() const override { return QString::fromLatin1("script"); }
+    LineTiming timing() const override { return characters; }
+    void open() override { emit opened(); }
+    void close() override {}
+    bool isOpen() const override { return true; }
+    void write(const QByteArray& bytes) override;
+    void discardWaiting() override { ++discards; }
+
+    /// The answer to the next request that has none yet; after the last answer,
+    /// requests get none.
+    void answer(const QList<Arrival>& arrivals) { m_answers << arrivals; }
+
+    void lose() { emit failed(QString::fromLatin1("script: the port is lost: unplugged")); }
+
+    qint64 now() const { return m_clock.elapsed(); }
+
+    LineTiming characters = {0, 8, 0, 1}; ///< a network unless a test says otherwise
+    QList<QByteArray> written;
+    QList<qint64> writtenAt; ///< milliseconds, as now()
+    int discards = 0;
+
+private:
+    QElapsedTimer m_clock;
+    QList<QList<Arrival>> m_answers;
+};
+
+#endif
