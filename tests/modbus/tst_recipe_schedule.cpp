@@ -187,6 +187,23 @@ private slots:
         QCOMPARE(runtime.poll(), QByteArray());
     }
 
+    // Two bytes per coil are taken from the buffer, one byte per coil is sent.
+    void coilsTakeTheBytesOfTheBuffer()
+    {
+        DriverFixture runtime;
+        driver.rcpVars << block("M", 0, 3, 0);
+        runtime.recipe[0] = 0x0001; // bytes 01 00: M0 on, M1 off
+        runtime.recipe[1] = 0x0001; // byte 01: M2 on
+        runtime.requestRecipeWrite();
+        QCOMPARE(runtime.poll(), bytes("01"   // station
+                                       "0F"   // write multiple coils
+                                       "07D0" // coil 2000
+                                       "0003" // three coils
+                                       "01"   // one byte
+                                       "05"   // M0 and M2
+                                       "8F 31"));
+    }
+
     void aNegativeBufferOffsetSendsZeros()
     {
         DriverFixture runtime;
