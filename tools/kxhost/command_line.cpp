@@ -11,7 +11,9 @@ QString helpText(const QCommandLineParser& parser, const CommandHelp& help)
     // The parser's own usage line names the program's path and no command.
     QString options = parser.helpText();
     options = options.mid(options.indexOf(QLatin1Char('\n')) + 1);
-    QString text = QString::fromLatin1("Usage: kxhost %1\n%2\n%3\nExamples:\n")
+    QString text = QString::fromLatin1("Usage: kxhost %1\n%2\n%3\n"
+                                       "X and Y are octal, all other types decimal. Modbus "
+                                       "numbers are zero-based, as on\nthe wire.\n\nExamples:\n")
                        .arg(QLatin1String(help.usage), QLatin1String(help.summary), options);
     for (const QString& example : QString::fromLatin1(help.examples).split(QLatin1Char('\n')))
         text += QString::fromLatin1("  %1\n").arg(example);

@@ -1,5 +1,9 @@
 #include "kxhost/command_table.h"
 
+#include "kxhost/commands/check_command.h"
+#include "kxhost/commands/plan_command.h"
+#include "kxhost/commands/registers_command.h"
+#include "kxhost/commands/series_command.h"
 #include "kxhost/commands/watch_command.h"
 
 const std::vector<Command>& commands()
@@ -7,6 +11,12 @@ const std::vector<Command>& commands()
     static const std::vector<Command> table = {
         {"watch", "show values as they change", "kxhost watch D100:4 M0:8 X10 --port /dev/ttyUSB0",
          runWatch},
+        {"check", "say whether addresses are valid", "kxhost check X377 D8000", runCheck},
+        {"registers", "show the register types", "kxhost registers", runRegisters},
+        {"series", "generate the addresses of copies of a tag",
+         "kxhost series D100 --count 8 --step 2", runSeries},
+        {"plan", "show the requests and the time of a watch list",
+         "kxhost plan D100:4 D110:2 M0:8 --baud 9600", runPlan},
     };
     return table;
 }

@@ -1,0 +1,101 @@
+#include "kxhost/commands/check_command.h"
+
+#include "kxhost/command_line.h"
+#include "kxhost/commands/check_answer.h"
+#include "kxhost/connection.h"
+#include "kxhost/console.h"
+#include "kxhost/exit_codes.h"
+#include "kxhost/offline_options.h"
+
+#include <limits>
+
+namespace
+{
+
+const int EXIT_NOT_VALID = 1;
+
+const CommandHelp HELP = {
+    "check [options] ADDRESS...",
+    "Asks the driver whether addresses are valid, and says in a line each what number\n"
+    "and what Modbus coil or holding register they stand for, or what is wrong.\n"
+    "An address is TYPE NUMBER[:COUNT]. Needs no controller.\n"
+    "Ends with 1 when an address is not valid.",
+    "kxhost check X377 D8000 32CV200:4\n"
+    "kxhost check M2040:16 --json\n"
+    "kxhost check X10 --access 1\n"
+    "kxhost check D100 --as bit"};
+
+void addOptions(QCommandLineParser* parser)
+{
+    parser->addOption({QLatin1String("as"),
+                       QLatin1String("Kind of the tag: bit or word (default: as the register)."),
+                       QLatin1String("KIND")});
+    parser->addOption({QLatin1String("data-type"),
+                       QLatin1String("Data-type code of a word tag; 32CV takes 1, 3, 5, 6 and 9 "
+                                     "(default 1)."),
+                       QLatin1String("CODE")});
+    parser->addOption({QLatin1String("access"),
+                       QLatin1String("Access code of the tag; X refuses 1 and 2 (default 0)."),
+                       QLatin1String("CODE")});
+    addOfflineOptions(parser);
+}
+
+bool takeKind(const QCommandLineParser& parser, TagKind* kind, QString* error)
+{
+    if (!parser.isSet(QLatin1String("as")))
+        return true;
+    const QString name = parser.value(QLatin1String("as"));
+    if (name != QLatin1String("bit") && name != QLatin1String("word")) {
+        *error = QString::fromLatin1("--as %1: must be bit or word").arg(name);
+        return false;
+    }
+    *kind = name == QLatin1String("bit") ? TagKind::Bit : TagKind::Word;
+    return true;
+}
+
+bool readTag(const QCommandLineParser& parser, CheckedTag* tag, QString* error)
+{
+    const int highest = std::numeric_limits<int>::max();
+    tag->typed = parser.isSet(QLatin1String("data-type")) || parser.isSet(QLatin1String("access"));
+    return takeKind(parser, &tag->kind, error)
+           && takeNumber(parser, "data-type", 0, highest, &tag->dataType, error)
+           && takeNumber(parser, "access", 0, highest, &tag->access, error);
+}
+
+int check(const QStringList& addresses, const DriverEntryPoints& entryPoints, const CheckedTag& tag,
+          bool json)
+{
+    bool allValid = true;
+    for (const QString& address : addresses) {
+        const CheckAnswer answer = checkAddress(entryPoints, address, tag);
+        if (json)
+            printJson(answerJson(answer));
+        else
+            printLine(answerLine(answer));
+        allValid = allValid && answer.isValid();
+    }
+    return allValid ? EXIT_FINE : EXIT_NOT_VALID;
+}
+
+} // namespace
+
+int runCheck(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addOptions(&parser);
+    int exitCode = EXIT_FINE;
+    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+        return exitCode;
+    CheckedTag tag;
+    QString error;
+    if (!readTag(parser, &tag, &error))
+        return complain(error, EXIT_WRONG_USAGE);
+    if (parser.positionalArguments().isEmpty())
+        return complain(QLatin1String("nothing to check; name addresses such as X377"),
+                        EXIT_WRONG_USAGE);
+    DriverEntryPoints entryPoints;
+    exitCode = openDriver(askedLibrary(parser), &entryPoints);
+    if (exitCode != EXIT_FINE)
+        return exitCode;
+    return check(parser.positionalArguments(), entryPoints, tag, wantsJson(parser));
+}

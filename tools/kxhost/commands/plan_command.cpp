@@ -1,0 +1,81 @@
+#include "kxhost/commands/plan_command.h"
+
+#include "kxhost/command_line.h"
+#include "kxhost/connection.h"
+#include "kxhost/console.h"
+#include "kxhost/exit_codes.h"
+#include "kxhost/offline_options.h"
+#include "kxhost/plan_driver.h"
+#include "kxhost/plan_json.h"
+#include "kxhost/plan_options.h"
+#include "kxhost/plan_text.h"
+
+namespace
+{
+
+const CommandHelp HELP = {
+    "plan [options] FILE|ADDRESS...",
+    "Shows the requests with which the driver would read the addresses, how long they\n"
+    "take on a line, and which request limit makes the cycle shortest. Neighbouring\n"
+    "addresses share a request; those in the gaps between are bridged, that is, read\n"
+    "along. The driver has one limit for registers and bits alike (--max-words of\n"
+    "kxhost watch). FILE is a tags file. Needs no controller.",
+    "kxhost plan D100:4 D110:2 M0:8 X10\n"
+    "kxhost plan tags.csv --baud 19200 --parity even --turnaround 8ms\n"
+    "kxhost plan --tags pump.csv --tags valves.csv --max-words 64\n"
+    "kxhost plan D0:100 D200 --json"};
+
+void printAll(const QStringList& lines)
+{
+    for (const QString& line : lines)
+        printLine(line);
+}
+
+void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const PlanOptions& options)
+{
+    printLine(QString::fromLatin1("Request limit %1, %2")
+                  .arg(QString::number(plan.maxWords), lineText(options.timing)));
+    printLine(QString());
+    printAll(requestLines(plan, options.watched, options.timing));
+    printLine(QLatin1String("\nAsked for (#), bridged (.), both (+):"));
+    printAll(pictureLines(plan, options.watched));
+    printLine(QString());
+    for (const QString& warning : warningLines(plan, options.watched))
+        printLine(QLatin1String("Warning: ") + warning);
+    printLine(cycleText(resultOf(plan, options.watched, options.timing).cost));
+    printLine(QString::fromLatin1("\nLimits 1 to %1 (one limit for registers and bits; Modbus "
+                                  "allows %2 registers and %3 coils):")
+                  .arg(MOST_REGISTERS)
+                  .arg(MOST_REGISTERS)
+                  .arg(MOST_COILS));
+    printAll(lengthLines(lengths, plan.maxWords));
+}
+
+} // namespace
+
+int runPlan(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addPlanOptions(&parser);
+    addOfflineOptions(&parser);
+    int exitCode = EXIT_FINE;
+    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+        return exitCode;
+    PlanOptions options;
+    QString error;
+    if (!readPlanOptions(parser, &options, &error))
+        return complain(error, EXIT_WRONG_USAGE);
+    DriverEntryPoints entryPoints;
+    exitCode = openDriver(askedLibrary(parser), &entryPoints);
+    if (exitCode != EXIT_FINE)
+        return exitCode;
+    QList<LengthResult> lengths;
+    for (const Plan& plan : askForAllPlans(entryPoints, options.watched, MOST_REGISTERS))
+        lengths << resultOf(plan, options.watched, options.timing);
+    const Plan plan = askForPlan(entryPoints, options.watched, options.maxWords);
+    if (wantsJson(parser))
+        printJson(planJson(plan, lengths, options.watched, options.timing));
+    else
+        printPlan(plan, lengths, options);
+    return EXIT_FINE;
+}

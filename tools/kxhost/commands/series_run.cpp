@@ -1,0 +1,105 @@
+#include "kxhost/commands/series_run.h"
+
+#include "kxhost/aligned_rows.h"
+#include "kxhost/modbus_json.h"
+
+namespace
+{
+
+const int SOME_CLAMPED = 2; // the driver's result
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+SeriesPlace placeOf(const RegisterType* type, qint64 asked, int result)
+{
+    if (result == SOME_CLAMPED && asked > highestAddress(type))
+        return SeriesPlace::Clamped;
+    return asked < type->lowestAddress ? SeriesPlace::BelowLowest : SeriesPlace::AsAsked;
+}
+
+QList<ModbusSpan> spansOf(const RegisterType* type, const SeriesRow& row)
+{
+    AddressRange range;
+    range.type = type;
+    range.address = row.number;
+    return modbusSpans(range);
+}
+
+int countOf(const Series& series, SeriesPlace place)
+{
+    int count = 0;
+    for (const SeriesRow& row : series.rows)
+        count += row.place == place ? 1 : 0;
+    return count;
+}
+
+const char* placeName(SeriesPlace place)
+{
+    switch (place) {
+    case SeriesPlace::Clamped:
+        return "clamped";
+    case SeriesPlace::BelowLowest:
+        return "below the lowest";
+    default:
+        return "";
+    }
+}
+
+} // namespace
+
+Series askForSeries(const DriverEntryPoints& entryPoints, const AddressRange& start, int count,
+                    int step)
+{
+    QVector<QString> texts;
+    QVector<int> numbers;
+    const int result =
+        entryPoints.multiCopy(text(start.type->name), start.address, count, step, texts, numbers);
+    Series series;
+    series.type = start.type;
+    for (int i = 0; i < static_cast<int>(numbers.size()); ++i) {
+        const qint64 asked = start.address + qint64(i) * step;
+        series.rows << SeriesRow{texts[i], numbers[i], placeOf(start.type, asked, result)};
+    }
+    return series;
+}
+
+QStringList seriesLines(const Series& series)
+{
+    QList<QStringList> rows;
+    for (const SeriesRow& row : series.rows) {
+        const bool exists = row.place != SeriesPlace::BelowLowest;
+        rows << QStringList{text(series.type->name) + row.digits, text("number %1").arg(row.number),
+                            exists ? modbusText(series.type, spansOf(series.type, row)) : QString(),
+                            text(placeName(row.place))};
+    }
+    return alignedRows(rows);
+}
+
+QJsonObject seriesJson(const RegisterType* type, const SeriesRow& row)
+{
+    QJsonObject json{{text("address"), text(type->name) + row.digits},
+                     {text("number"), row.number},
+                     {text("clamped"), row.place == SeriesPlace::Clamped},
+                     {text("belowLowest"), row.place == SeriesPlace::BelowLowest}};
+    if (row.place != SeriesPlace::BelowLowest)
+        json[text("modbus")] = modbusJson(spansOf(type, row));
+    return json;
+}
+
+QString seriesNotice(const Series& series)
+{
+    const QString type = text(series.type->name);
+    QStringList notices;
+    if (const int clamped = countOf(series, SeriesPlace::Clamped))
+        notices << text("%1 of %2 addresses lie past %3 and were replaced by it")
+                       .arg(QString::number(clamped), QString::number(series.rows.size()),
+                            type + text(series.type->highest));
+    if (const int below = countOf(series, SeriesPlace::BelowLowest))
+        notices << text("%1 of %2 addresses lie below %3, the lowest")
+                       .arg(QString::number(below), QString::number(series.rows.size()),
+                            type + text(series.type->lowest));
+    return notices.join(text("; "));
+}

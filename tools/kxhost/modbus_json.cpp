@@ -1,0 +1,12 @@
+#include "kxhost/modbus_json.h"
+
+#include <QtCore/QJsonObject>
+
+QJsonArray modbusJson(const QList<ModbusSpan>& spans)
+{
+    QJsonArray json;
+    for (const ModbusSpan& span : spans)
+        json.append(
+            QJsonObject{{QLatin1String("first"), span.first}, {QLatin1String("last"), span.last}});
+    return json;
+}

@@ -1,0 +1,11 @@
+#ifndef KX_KXHOST_MODBUS_JSON_H
+#define KX_KXHOST_MODBUS_JSON_H
+
+#include "addresses/modbus_span.h"
+
+#include <QtCore/QJsonArray>
+
+/// [{"first":1200,"last":1455}].
+QJsonArray modbusJson(const QList<ModbusSpan>& spans);
+
+#endif

@@ -1,0 +1,21 @@
+#include "kxhost/offline_options.h"
+
+void addOfflineOptions(QCommandLineParser* parser)
+{
+    parser->addOption({QLatin1String("json"), QLatin1String("Write lines of JSON.")});
+    parser->addOption({QLatin1String("library"), QLatin1String("File of the driver library."),
+                       QLatin1String("PATH")});
+    QCommandLineOption simulate(QLatin1String("simulate"));
+    simulate.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser->addOption(simulate);
+}
+
+bool wantsJson(const QCommandLineParser& parser)
+{
+    return parser.isSet(QLatin1String("json"));
+}
+
+QString askedLibrary(const QCommandLineParser& parser)
+{
+    return parser.value(QLatin1String("library"));
+}

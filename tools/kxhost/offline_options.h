@@ -1,0 +1,16 @@
+/// The options of commands that ask the driver only and need no line.
+#ifndef KX_KXHOST_OFFLINE_OPTIONS_H
+#define KX_KXHOST_OFFLINE_OPTIONS_H
+
+#include <QtCore/QCommandLineParser>
+
+/// Declares --library and --json, and --simulate, which makes no difference here
+/// and is taken so that it may stand in front of every command.
+void addOfflineOptions(QCommandLineParser* parser);
+
+bool wantsJson(const QCommandLineParser& parser);
+
+/// --library, or empty.
+QString askedLibrary(const QCommandLineParser& parser);
+
+#endif
