@@ -25,7 +25,7 @@ void queueSomethingAtTheHead()
 
 } // namespace
 
-class ConditionReadsTest : public QObject
+class ConditionReadJobsTest : public QObject
 {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ private slots:
     void touchesNothingElse();
 };
 
-void ConditionReadsTest::splits_data()
+void ConditionReadJobsTest::splits_data()
 {
     QTest::addColumn<int>("maxWords");
     QTest::addColumn<QString>("range");
@@ -77,7 +77,7 @@ void ConditionReadsTest::splits_data()
     row("station 0", 10, "0 D 0 x1", words, "0 D 0 x1", "0 D 0 x1");
 }
 
-void ConditionReadsTest::splits()
+void ConditionReadJobsTest::splits()
 {
     QFETCH(int, maxWords);
     QFETCH(QString, range);
@@ -90,7 +90,7 @@ void ConditionReadsTest::splits()
     QCOMPARE(textOf(driver.condVar), last);
 }
 
-void ConditionReadsTest::keepsTheKindAndLeavesTheRequestAlone()
+void ConditionReadJobsTest::keepsTheKindAndLeavesTheRequestAlone()
 {
     DriverFixture runtime("1#0#0#3#10");
     KEY_ADDRESS asked = key(1, "D", 0, 25);
@@ -104,7 +104,7 @@ void ConditionReadsTest::keepsTheKindAndLeavesTheRequestAlone()
     QCOMPARE(asked.keyName, QString("name"));
 }
 
-void ConditionReadsTest::aWaitingRequestIsNotQueuedTwice()
+void ConditionReadJobsTest::aWaitingRequestIsNotQueuedTwice()
 {
     DriverFixture runtime("1#0#0#3#10");
     queueSomethingAtTheHead();
@@ -118,7 +118,7 @@ void ConditionReadsTest::aWaitingRequestIsNotQueuedTwice()
     QCOMPARE(driver.condVar.kind, 8);
 }
 
-void ConditionReadsTest::aRequestAtTheHeadIsQueuedAgain()
+void ConditionReadJobsTest::aRequestAtTheHeadIsQueuedAgain()
 {
     DriverFixture runtime("1#0#0#3#10");
     ask("1 D 0 x5", COUNTED_IN_WORDS, 3);
@@ -131,7 +131,7 @@ void ConditionReadsTest::aRequestAtTheHeadIsQueuedAgain()
     QCOMPARE(driver.condList.at(1).kind, 9);
 }
 
-void ConditionReadsTest::requestsOfAnotherTargetAreAppended_data()
+void ConditionReadJobsTest::requestsOfAnotherTargetAreAppended_data()
 {
     QTest::addColumn<QString>("range");
     QTest::newRow("another station") << "2 D 0 x5";
@@ -140,7 +140,7 @@ void ConditionReadsTest::requestsOfAnotherTargetAreAppended_data()
     QTest::newRow("another count") << "1 D 0 x4";
 }
 
-void ConditionReadsTest::requestsOfAnotherTargetAreAppended()
+void ConditionReadJobsTest::requestsOfAnotherTargetAreAppended()
 {
     QFETCH(QString, range);
     DriverFixture runtime("1#0#0#3#10");
@@ -150,7 +150,7 @@ void ConditionReadsTest::requestsOfAnotherTargetAreAppended()
     QCOMPARE(textOf(driver.condList), "9 D 9 x9, 1 D 0 x5, " + range);
 }
 
-void ConditionReadsTest::theQueueEndsAtFiveHundredAndThirteen()
+void ConditionReadJobsTest::theQueueEndsAtFiveHundredAndThirteen()
 {
     DriverFixture runtime("1#0#0#3#10");
     for (int i = 0; i < 600; ++i) {
@@ -164,7 +164,7 @@ void ConditionReadsTest::theQueueEndsAtFiveHundredAndThirteen()
     QCOMPARE(driver.condList.at(512).address, 5990);
 }
 
-void ConditionReadsTest::aFullQueueStillReplacesAWaitingRequest()
+void ConditionReadJobsTest::aFullQueueStillReplacesAWaitingRequest()
 {
     DriverFixture runtime("1#0#0#3#10");
     for (int i = 0; i < 513; ++i)
@@ -176,7 +176,7 @@ void ConditionReadsTest::aFullQueueStillReplacesAWaitingRequest()
     QCOMPARE(driver.condVar.address, 30);
 }
 
-void ConditionReadsTest::touchesNothingElse()
+void ConditionReadJobsTest::touchesNothingElse()
 {
     DriverFixture runtime("1#0#0#3#10");
     QList<KEY_ADDRESS> watched = ranges("1 D 0 x5");
@@ -188,5 +188,5 @@ void ConditionReadsTest::touchesNothingElse()
     QCOMPARE(runtime.reports.size(), 0);
 }
 
-QTEST_APPLESS_MAIN(ConditionReadsTest)
-#include "tst_condition_reads.moc"
+QTEST_APPLESS_MAIN(ConditionReadJobsTest)
+#include "tst_condition_read_jobs.moc"

@@ -57,7 +57,7 @@ void verifyCountersAreReset()
 
 } // namespace
 
-class ReinitialisationTest : public QObject
+class SetupAgainTest : public QObject
 {
     Q_OBJECT
 
@@ -68,7 +68,7 @@ private slots:
     void recipeAndCallBackSurvive();
 };
 
-void ReinitialisationTest::discardsJobsFramesAndCachedValues()
+void SetupAgainTest::discardsJobsFramesAndCachedValues()
 {
     DriverFixture runtime;
     fillQueues();
@@ -76,7 +76,7 @@ void ReinitialisationTest::discardsJobsFramesAndCachedValues()
     verifyQueuesAreEmpty();
 }
 
-void ReinitialisationTest::discardsThemWithTooFewItemsToo()
+void SetupAgainTest::discardsThemWithTooFewItemsToo()
 {
     DriverFixture runtime("9#0#0#3#32");
     fillQueues();
@@ -88,7 +88,7 @@ void ReinitialisationTest::discardsThemWithTooFewItemsToo()
     QCOMPARE(driver.retryLimit, 3);
 }
 
-void ReinitialisationTest::resetsTheCounters()
+void SetupAgainTest::resetsTheCounters()
 {
     DriverFixture runtime;
     upsetCounters();
@@ -96,7 +96,7 @@ void ReinitialisationTest::resetsTheCounters()
     verifyCountersAreReset();
 }
 
-void ReinitialisationTest::recipeAndCallBackSurvive()
+void SetupAgainTest::recipeAndCallBackSurvive()
 {
     DriverFixture runtime;
     const ValueChangeCallBack callBack = driver.valueChangeCallBack;
@@ -119,5 +119,5 @@ void ReinitialisationTest::recipeAndCallBackSurvive()
     QVERIFY(driver.valueChangeCallBack == callBack);
 }
 
-QTEST_APPLESS_MAIN(ReinitialisationTest)
-#include "tst_reinitialisation.moc"
+QTEST_APPLESS_MAIN(SetupAgainTest)
+#include "tst_setup_again.moc"
