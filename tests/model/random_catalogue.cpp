@@ -6,7 +6,7 @@ void RandomRuntime::checkAddress()
 {
     const QString type = m_values.regType();
     const QString text = m_values.addressText(type);
-    const int length = m_values.count();
+    const int length = m_random.chance(50) ? m_random.between(0, 3) : m_values.count();
     const int dataType = m_random.between(-1, 10);
     const int access = m_random.between(0, 3);
     called(QString::fromLatin1("check %1 %2 length %3 data type %4 access %5")

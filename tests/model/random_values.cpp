@@ -72,6 +72,8 @@ int RandomValues::address(const QString& regType)
     const int choice = m_random.below(100);
     if (choice < 70)
         return (regType == QLatin1String("32CV") ? 200 : 0) + m_random.below(40);
+    if (choice < 73)
+        return 0;
     if (choice < 90)
         return edgeOf(regType, m_random) + m_random.between(-20, 4);
     if (choice < 95)
@@ -102,8 +104,10 @@ QString RandomValues::addressText(const QString& regType)
         return QString::fromLatin1(
             m_random.oneOf({"", " 7", "7 ", "+5", "-1", "8", "0x10", "1a", "99999999999",
                             "2147483647", "-2147483648", "010", "1.5", "17777777777"}));
-    const int number = address(regType);
-    return QString::number(number, m_random.chance(50) ? 8 : 10);
+    const bool octal = regType == QLatin1String("X") || regType == QLatin1String("Y");
+    const int number =
+        m_random.chance(60) ? edgeOf(regType, m_random) - m_random.below(4) : address(regType);
+    return QString::number(number, octal == m_random.chance(90) ? 8 : 10);
 }
 
 unsigned char RandomValues::dataByte()
