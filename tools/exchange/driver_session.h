@@ -40,7 +40,9 @@ public:
     /// Discards every queued job and cached value; the recipe plan survives.
     void initialise();
 
-    /// Replaces the cyclic reads; returns how many requests make one cycle.
+    /// Replaces the cyclic reads; returns how many requests make one cycle. The
+    /// driver joins ranges but cuts none: none may be longer than `maxWords`
+    /// registers, or as many bits.
     int watch(const QList<AddressRange>& ranges);
     /// Queues a one-off read; conditionReadFinished() tells its end.
     void conditionRead(const AddressRange& range);

@@ -1,5 +1,25 @@
 #include "kxhost/watch_run.h"
 
+#include "kxhost/commands/read_pieces.h"
+
+namespace
+{
+
+/// Ranges that the driver need not cut, which it would not do: it joins bits, too,
+/// to requests of at most `maxWords`.
+QList<AddressRange> requestSized(const QList<AddressRange>& ranges, int maxWords)
+{
+    QList<AddressRange> pieces;
+    for (const AddressRange& range : ranges) {
+        const bool isBits = range.type->registerClass == BIT_CLASS;
+        const int most = isBits ? maxWords : addressesPerRead(range.type, maxWords);
+        pieces += readPieces(range, qMax(1, most));
+    }
+    return pieces;
+}
+
+} // namespace
+
 WatchRun::WatchRun(DriverSession* session, const QList<AddressRange>& ranges, qint64 cycles,
                    WatchView* view)
     : m_session(session), m_ranges(ranges), m_list(ranges), m_view(view), m_cycleLimit(cycles)
@@ -11,7 +31,7 @@ WatchRun::WatchRun(DriverSession* session, const QList<AddressRange>& ranges, qi
 
 void WatchRun::start()
 {
-    m_readsPerCycle = m_session->watch(m_ranges);
+    m_readsPerCycle = m_session->watch(requestSized(m_ranges, m_session->settings().maxWords));
     m_session->start();
 }
 

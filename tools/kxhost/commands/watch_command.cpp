@@ -1,6 +1,7 @@
 #include "kxhost/commands/watch_command.h"
 
 #include "kxhost/command_line.h"
+#include "kxhost/commands/read_pieces.h"
 #include "kxhost/connection.h"
 #include "kxhost/console.h"
 #include "kxhost/exit_codes.h"
@@ -20,7 +21,7 @@ namespace
 const CommandHelp HELP = {
     "watch [options] [ADDRESS...]",
     "Reads the addresses in cycles and shows their values.\n"
-    "An address is TYPE NUMBER[:COUNT][@STATION]; X and Y are octal. A cycle is over\n"
+    "An address is TYPE NUMBER[:COUNT][@STATION]. A cycle is over\n"
     "when every request of the list was answered or has failed once. Ends with 1 when\n"
     "an address was never read or its last read failed, or when the line was lost.\n"
     "On a terminal a table is shown, below which assignments such as D100=5 can be\n"
@@ -54,6 +55,23 @@ bool takeTags(const QCommandLineParser& parser, WatchOptions* options, QString* 
     return true;
 }
 
+/// Stations and request length; false when a range does not fit a request.
+bool prepareRanges(WatchOptions* options, QString* error)
+{
+    QList<int>& simulated = options->connection.simulatedStations;
+    for (const AddressRange& range : options->ranges) {
+        if (!simulated.contains(range.station))
+            simulated << range.station;
+        if (addressesPerRead(range.type, options->connection.session.maxWords) < 1) {
+            *error = QString::fromLatin1("%1 does not fit a request of one register; raise "
+                                         "--max-words")
+                         .arg(addressText(range.type, range.address));
+            return false;
+        }
+    }
+    return true;
+}
+
 bool readOptions(const QCommandLineParser& parser, WatchOptions* options, QString* error)
 {
     if (!readConnectionOptions(parser, &options->connection, error)
@@ -63,13 +81,9 @@ bool readOptions(const QCommandLineParser& parser, WatchOptions* options, QStrin
                                &options->ranges, error)
         || !takeTags(parser, options, error))
         return false;
-    for (const AddressRange& range : options->ranges) {
-        if (!options->connection.simulatedStations.contains(range.station))
-            options->connection.simulatedStations << range.station;
-    }
     if (options->ranges.isEmpty())
         *error = QLatin1String("nothing to watch; name addresses such as D100:4, or --tags FILE");
-    return !options->ranges.isEmpty();
+    return !options->ranges.isEmpty() && prepareRanges(options, error);
 }
 
 bool wantsTable(const ConnectionOptions& options)

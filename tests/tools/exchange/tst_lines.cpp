@@ -1,0 +1,190 @@
+#include "exchange/serial_line.h"
+#include "exchange/tcp_line.h"
+
+#include <QtNetwork/QTcpServer>
+#include <QtTest/QtTest>
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// The controller's end of a pseudo-terminal.
+class PseudoTerminal
+{
+public:
+    PseudoTerminal() : m_end(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK))
+    {
+        grantpt(m_end);
+        unlockpt(m_end);
+    }
+    ~PseudoTerminal() { closeEnd(); }
+
+    QString name() const { return QString::fromLatin1(ptsname(m_end)); }
+    void send(const QByteArray& bytes) const
+    {
+        QCOMPARE(write(m_end, bytes.constData(), static_cast<size_t>(bytes.size())),
+                 static_cast<ssize_t>(bytes.size()));
+    }
+    QByteArray received() const
+    {
+        char bytes[64];
+        const ssize_t count = read(m_end, bytes, sizeof bytes);
+        return QByteArray(bytes, static_cast<int>(qMax<ssize_t>(0, count)));
+    }
+    void closeEnd()
+    {
+        if (m_end >= 0)
+            close(m_end);
+        m_end = -1;
+    }
+
+private:
+    int m_end;
+};
+
+/// What a line tells.
+struct Listener {
+    explicit Listener(Line* line)
+    {
+        QObject::connect(line, &Line::opened, line, [this] { ++opened; });
+        QObject::connect(line, &Line::bytesArrived, line,
+                         [this](const QByteArray& bytes) { arrived += bytes; });
+        QObject::connect(line, &Line::failed, line, [this](const QString& e) { errors << e; });
+    }
+    int opened = 0;
+    QByteArray arrived;
+    QStringList errors;
+};
+
+} // namespace
+
+class LinesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void serialCarriesBytesBothWays();
+    void serialThrowsAwayWhatWaits();
+    void serialThatIsNotThere();
+    void serialThatGoesAway();
+    void networkCarriesBytesBothWays();
+    void networkThatRefuses();
+    void networkThatGoesAway();
+};
+
+void LinesTest::serialCarriesBytesBothWays()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), {19200, 8, 1, 1}, QSerialPort::EvenParity);
+    Listener listener(&line);
+    line.open();
+    QCOMPARE(listener.opened, 1);
+    QVERIFY(line.isOpen());
+    QCOMPARE(line.name(), controller.name());
+    QCOMPARE(line.timing().bitsPerCharacter(), 11);
+    // All that terminals like to change: NUL, XON, XOFF, CR, LF, 0x7F, 0xFF.
+    const QByteArray bytes = QByteArray::fromHex("00 11 13 0D 0A 7F FF 03 04");
+    line.write(bytes);
+    QByteArray received;
+    QTRY_COMPARE(received += controller.received(), bytes);
+    controller.send(bytes);
+    QTRY_COMPARE(listener.arrived, bytes);
+    QVERIFY(listener.errors.isEmpty());
+}
+
+void LinesTest::serialThrowsAwayWhatWaits()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    controller.send("old");
+    QTest::qSleep(20);
+    line.discardWaiting();
+    controller.send("new");
+    QTRY_COMPARE(listener.arrived, QByteArray("new"));
+}
+
+void LinesTest::serialThatIsNotThere()
+{
+    const QString name = QString::fromLatin1("/dev/kx-no-such-port");
+    SerialLine line(name, LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    QCOMPARE(listener.opened, 0);
+    QCOMPARE(listener.errors.size(), 1);
+    QVERIFY2(listener.errors.first().startsWith(name + QLatin1String(": cannot open the port: ")),
+             qPrintable(listener.errors.first()));
+}
+
+void LinesTest::serialThatGoesAway()
+{
+    PseudoTerminal controller;
+    const QString name = controller.name();
+    SerialLine line(name, LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    controller.closeEnd();
+    QTRY_COMPARE(listener.errors.size(), 1);
+    QVERIFY2(listener.errors.first().startsWith(name + QLatin1String(": the port is lost: ")),
+             qPrintable(listener.errors.first()));
+    QVERIFY(!line.isOpen());
+}
+
+void LinesTest::networkCarriesBytesBothWays()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.serverPort());
+    Listener listener(&line);
+    line.open();
+    QTRY_COMPARE(listener.opened, 1);
+    QVERIFY(line.isOpen());
+    QCOMPARE(line.name(), QString::fromLatin1("127.0.0.1:%1").arg(gateway.serverPort()));
+    QCOMPARE(line.timing().frameGap(), qint64(0));
+    QTRY_VERIFY(gateway.hasPendingConnections());
+    QTcpSocket* const peer = gateway.nextPendingConnection();
+    line.write("request");
+    QByteArray received;
+    QTRY_COMPARE(received += peer->readAll(), QByteArray("request"));
+    peer->write("reply");
+    QTRY_COMPARE(listener.arrived, QByteArray("reply"));
+}
+
+void LinesTest::networkThatRefuses()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    const quint16 port = gateway.serverPort();
+    gateway.close();
+    TcpLine line(QString::fromLatin1("127.0.0.1"), port);
+    Listener listener(&line);
+    line.open();
+    QTRY_COMPARE(listener.errors.size(), 1);
+    QCOMPARE(listener.errors.first(),
+             QString::fromLatin1("127.0.0.1:%1: cannot connect: Connection refused").arg(port));
+    QCOMPARE(listener.opened, 0);
+}
+
+void LinesTest::networkThatGoesAway()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.serverPort());
+    Listener listener(&line);
+    line.open();
+    QTRY_VERIFY(gateway.hasPendingConnections());
+    QTRY_COMPARE(listener.opened, 1);
+    gateway.nextPendingConnection()->close();
+    QTRY_COMPARE(listener.errors.size(), 1);
+    QVERIFY2(listener.errors.first().contains(QLatin1String(": the connection is lost: ")),
+             qPrintable(listener.errors.first()));
+    QVERIFY(!line.isOpen());
+}
+
+QTEST_GUILESS_MAIN(LinesTest)
+#include "tst_lines.moc"
