@@ -2,15 +2,23 @@
 
 #include "kxhost/commands/check_command.h"
 #include "kxhost/commands/plan_command.h"
+#include "kxhost/commands/read_command.h"
+#include "kxhost/commands/recipe_command.h"
 #include "kxhost/commands/registers_command.h"
 #include "kxhost/commands/series_command.h"
 #include "kxhost/commands/watch_command.h"
+#include "kxhost/commands/write_command.h"
 
 const std::vector<Command>& commands()
 {
     static const std::vector<Command> table = {
         {"watch", "show values as they change", "kxhost watch D100:4 M0:8 X10 --port /dev/ttyUSB0",
          runWatch},
+        {"read", "read values once", "kxhost read D100:10 --port /dev/ttyUSB0", runRead},
+        {"write", "write values", "kxhost write D100=1234 M0=1,0,1,1 --port /dev/ttyUSB0",
+         runWrite},
+        {"recipe", "download or upload a file of values",
+         "kxhost recipe download filling.csv --port /dev/ttyUSB0", runRecipe},
         {"check", "say whether addresses are valid", "kxhost check X377 D8000", runCheck},
         {"registers", "show the register types", "kxhost registers", runRegisters},
         {"series", "generate the addresses of copies of a tag",

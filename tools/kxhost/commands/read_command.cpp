@@ -1,0 +1,110 @@
+#include "kxhost/commands/read_command.h"
+
+#include "kxhost/command_line.h"
+#include "kxhost/commands/read_loop.h"
+#include "kxhost/commands/read_pieces.h"
+#include "kxhost/commands/read_run.h"
+#include "kxhost/connection.h"
+#include "kxhost/console.h"
+#include "kxhost/exit_codes.h"
+
+#include <QtCore/QJsonArray>
+
+namespace
+{
+
+const CommandHelp HELP = {
+    "read [options] ADDRESS...",
+    "Reads the addresses once and prints a line for each: station, address, value.\n"
+    "An address is TYPE NUMBER[:COUNT][@STATION]; X and Y are octal. Values of\n"
+    "registers are unsigned. Ends with 1 when a station did not answer or refused.",
+    "kxhost read D100:10 --port /dev/ttyUSB0\n"
+    "kxhost read X0:8 32CV200@2 --tcp 192.168.0.5 --json\n"
+    "kxhost read D0 --simulate"};
+
+bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                 QList<AddressRange>* ranges, QString* error)
+{
+    if (!readConnectionOptions(parser, options, error)
+        || !parseAddressRanges(parser.positionalArguments(), options->station, ranges, error))
+        return false;
+    for (const AddressRange& range : *ranges) {
+        if (addressesPerRead(range.type, options->session.maxWords) < 1) {
+            *error = QStringLiteral("%1: a 32CV takes 2 registers; --max-words is 1")
+                         .arg(addressText(range.type, range.address));
+            return false;
+        }
+        simulateStation(range.station, options);
+    }
+    if (ranges->isEmpty())
+        *error = QStringLiteral("nothing to read; name addresses such as D100:4");
+    return !ranges->isEmpty();
+}
+
+QString nameOf(const AddressRange& range)
+{
+    const QString count = range.values == 1 ? QString() : QStringLiteral(":%1").arg(range.values);
+    return QStringLiteral("%1%2@%3")
+        .arg(addressText(range.type, range.address), count)
+        .arg(range.station);
+}
+
+void printText(const ReadOutcome& outcome)
+{
+    const AddressRange& range = outcome.range;
+    for (int i = 0; i < outcome.values.size(); ++i)
+        printLine(QStringLiteral("%1 %2 %3")
+                      .arg(range.station)
+                      .arg(addressText(range.type, range.address + i))
+                      .arg(outcome.values.at(i)));
+    if (!outcome.failure.isEmpty())
+        complain(QStringLiteral("%1: %2").arg(nameOf(range), outcome.failure), EXIT_DEVICE_FAILED);
+}
+
+void printJsonOutcome(const ReadOutcome& outcome)
+{
+    QJsonObject json;
+    json[QLatin1String("event")] = QLatin1String("read");
+    json[QLatin1String("station")] = outcome.range.station;
+    json[QLatin1String("address")] = addressText(outcome.range.type, outcome.range.address);
+    json[QLatin1String("count")] = outcome.range.values;
+    if (outcome.failure.isEmpty()) {
+        QJsonArray values;
+        for (const qint64 value : outcome.values)
+            values.append(value);
+        json[QLatin1String("values")] = values;
+    } else {
+        json[QLatin1String("failure")] = outcome.failure;
+    }
+    printJson(json);
+}
+
+int read(const ConnectionOptions& options, const QList<AddressRange>& ranges)
+{
+    Connection connection;
+    const int result = openConnection(options, &connection);
+    if (result != EXIT_FINE)
+        return result;
+    showFrames(connection.session.get(), options);
+    ReadRun run(connection.session.get(), ranges);
+    QObject::connect(&run, &ReadRun::rangeFinished, options.json ? printJsonOutcome : printText);
+    runToItsEnd(&run);
+    return run.hasFailed() ? EXIT_DEVICE_FAILED : EXIT_FINE;
+}
+
+} // namespace
+
+int runRead(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addConnectionOptions(&parser);
+    int exitCode = EXIT_FINE;
+    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+        return exitCode;
+    ConnectionOptions options;
+    QList<AddressRange> ranges;
+    QString error;
+    if (!readOptions(parser, &options, &ranges, &error))
+        return complain(error, EXIT_WRONG_USAGE);
+    return read(options, ranges);
+}

@@ -1,0 +1,46 @@
+/// One-off reads, one range after the other.
+#ifndef KX_KXHOST_READ_RUN_H
+#define KX_KXHOST_READ_RUN_H
+
+#include "exchange/driver_session.h"
+
+struct ReadOutcome {
+    AddressRange range;
+    QString failure;      ///< empty when all values were read
+    QList<qint64> values; ///< one per address, none after a failure
+};
+
+/// Queues one condition read at a time: the driver reports the end of the one
+/// queued last and, after a failure, drops all that are queued. A range whose
+/// piece failed is given up; the next one is tried all the same.
+class ReadRun : public QObject
+{
+    Q_OBJECT
+
+public:
+    ReadRun(DriverSession* session, const QList<AddressRange>& ranges);
+
+    void start();
+    /// Ends the run; what was not read has failed for that reason.
+    void abort(const QString& reason);
+    bool hasFailed() const { return m_hasFailed; }
+
+signals:
+    void rangeFinished(const ReadOutcome& outcome);
+    void finished();
+
+private:
+    void queueRange();
+    void queuePiece();
+    void takeEnd(int result);
+    void takeExchange(const ExchangeRecord& record);
+    void settle(const QString& failure);
+
+    DriverSession* m_session;
+    QList<AddressRange> m_ranges; ///< not yet finished
+    QList<AddressRange> m_pieces; ///< of the first range, not yet read
+    bool m_pieceEnded = false;
+    bool m_hasFailed = false;
+};
+
+#endif

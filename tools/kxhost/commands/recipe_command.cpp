@@ -1,0 +1,189 @@
+#include "kxhost/commands/recipe_command.h"
+
+#include "kxhost/command_line.h"
+#include "kxhost/commands/read_loop.h"
+#include "kxhost/commands/write_pieces.h"
+#include "kxhost/connection.h"
+#include "kxhost/console.h"
+#include "kxhost/exit_codes.h"
+#include "kxhost/recipe_file.h"
+#include "kxhost/recipe_progress.h"
+#include "kxhost/recipe_storage.h"
+#include "kxhost/recipe_transfer.h"
+
+#include <QtCore/QJsonArray>
+
+#include <algorithm>
+
+namespace
+{
+
+const CommandHelp HELP = {
+    "recipe download|upload [options] FILE.csv",
+    "download sends the values in the file to the controllers; upload reads them from\n"
+    "the controllers and replaces the values in the file, once all have arrived.\n"
+    "\n"
+    "The file has a header line and a row for each value:\n"
+    "  name,station,register,address,type,value\n"
+    "  Speed,1,D,100,uint16,1234\n"
+    "  \"Belt, left\",1,Y,17,bit,1\n"
+    "Fields may stand in double quotes; blank lines and lines that begin with # are\n"
+    "kept. An empty station is that of --station. X and Y addresses are octal. Types:\n"
+    "  bit                   X Y M SM S T C (X cannot be downloaded)\n"
+    "  uint16, int16, hex16  D SD CV TV Z\n"
+    "  uint32, int32         32CV, or two registers of D SD CV TV Z, low word first\n"
+    "Values are decimal or 0x hexadecimal. An upload needs none and keeps the writing\n"
+    "of those that are still right. Requests have at most 123 registers, whatever\n"
+    "--max-words says. Ends with 1 when the transfer is not complete.",
+    "kxhost recipe download filling.csv --port /dev/ttyUSB0\n"
+    "kxhost recipe upload filling.csv --tcp 192.168.0.5\n"
+    "kxhost recipe download filling.csv --simulate"};
+
+struct RecipeOptions {
+    ConnectionOptions connection;
+    RecipeDirection direction = RecipeDirection::Download;
+    QString path;
+    RecipeFile file;
+    RecipeLayout layout;
+};
+
+bool takeDirection(const QStringList& arguments, RecipeOptions* options, QString* error)
+{
+    const QString direction = arguments.value(0);
+    const bool isDownload = direction == QLatin1String("download");
+    if (!isDownload && direction != QLatin1String("upload")) {
+        *error = QStringLiteral("write recipe download FILE.csv or recipe upload FILE.csv");
+        return false;
+    }
+    if (arguments.size() != 2) {
+        *error = QStringLiteral("recipe %1 takes one file").arg(direction);
+        return false;
+    }
+    options->direction = isDownload ? RecipeDirection::Download : RecipeDirection::Upload;
+    options->path = arguments.at(1);
+    return true;
+}
+
+bool takeRecipe(RecipeOptions* options, QString* error)
+{
+    ConnectionOptions& connection = options->connection;
+    const QList<RecipeRow>& rows = options->file.rows();
+    QByteArray text;
+    if (!readRecipeFile(options->path, &text, error))
+        return false;
+    const bool isGood =
+        RecipeFile::parse(text, connection.station, &options->file, error)
+        && (options->direction == RecipeDirection::Upload || canBeDownloaded(rows, error))
+        && layOutRecipe(rows, connection.session.maxWords, &options->layout, error);
+    if (!isGood)
+        *error = QStringLiteral("%1: %2").arg(options->path, *error);
+    for (const RecipeRow& row : rows)
+        simulateStation(row.range.station, &connection);
+    return isGood;
+}
+
+bool readOptions(const QCommandLineParser& parser, RecipeOptions* options, QString* error)
+{
+    int& maxWords = options->connection.session.maxWords;
+    if (!readConnectionOptions(parser, &options->connection, error)
+        || !takeDirection(parser.positionalArguments(), options, error))
+        return false;
+    maxWords = std::min(maxWords, MOST_REGISTERS_PER_WRITE);
+    return takeRecipe(options, error)
+           && (options->direction == RecipeDirection::Download
+               || canReplaceRecipeFile(options->path, error));
+}
+
+RecipeProgressStyle styleFor(const ConnectionOptions& options)
+{
+    if (options.json)
+        return RecipeProgressStyle::Json;
+    return isStandardOutputTerminal() && !options.frames ? RecipeProgressStyle::Bar
+                                                         : RecipeProgressStyle::Lines;
+}
+
+QString failureText(const RecipeTransfer& transfer, const RecipeOptions& options)
+{
+    const bool isUpload = options.direction == RecipeDirection::Upload;
+    const QStringList& done = transfer.blocksDone();
+    const QString blocks =
+        done.isEmpty() ? QStringLiteral("none") : done.join(QStringLiteral(", "));
+    const QString rest = isUpload ? QStringLiteral("the file is unchanged")
+                                  : QStringLiteral("blocks sent: %1").arg(blocks);
+    return QStringLiteral("%1 of %2 stopped after %3 of %4 blocks: %5; %6")
+        .arg(QLatin1String(isUpload ? "upload" : "download"), options.path)
+        .arg(done.size())
+        .arg(transfer.blocks())
+        .arg(transfer.failure(), rest);
+}
+
+void printSummary(const RecipeTransfer& transfer, const RecipeOptions& options)
+{
+    const bool isUpload = options.direction == RecipeDirection::Upload;
+    const int rows = static_cast<int>(options.file.rows().size());
+    if (!options.connection.json) {
+        printLine(QStringLiteral("%1 values %2 in %3 blocks")
+                      .arg(rows)
+                      .arg(QLatin1String(isUpload ? "uploaded" : "downloaded"))
+                      .arg(transfer.blocks()));
+        return;
+    }
+    QJsonObject json;
+    json[QLatin1String("event")] = QLatin1String(isUpload ? "upload" : "download");
+    json[QLatin1String("values")] = rows;
+    json[QLatin1String("blocks")] = QJsonArray::fromStringList(transfer.blocksDone());
+    json[QLatin1String("complete")] = transfer.isComplete();
+    if (!transfer.isComplete())
+        json[QLatin1String("failure")] = transfer.failure();
+    printJson(json);
+}
+
+int conclude(const RecipeTransfer& transfer, const RecipeOptions& options)
+{
+    if (!transfer.isComplete()) {
+        if (options.connection.json)
+            printSummary(transfer, options);
+        return complain(failureText(transfer, options), EXIT_DEVICE_FAILED);
+    }
+    QString error;
+    if (options.direction == RecipeDirection::Upload) {
+        const QByteArray text = options.file.withValues(transfer.values(options.file.rows()));
+        if (!replaceRecipeFile(options.path, text, &error))
+            return complain(error, EXIT_CANNOT_OPEN);
+    }
+    printSummary(transfer, options);
+    return EXIT_FINE;
+}
+
+int transferRecipe(const RecipeOptions& options)
+{
+    Connection connection;
+    const int result = openConnection(options.connection, &connection);
+    if (result != EXIT_FINE)
+        return result;
+    showFrames(connection.session.get(), options.connection);
+    RecipeTransfer transfer(connection.session.get(), options.layout, options.direction);
+    {
+        RecipeProgress progress(styleFor(options.connection), transfer.blocks());
+        QObject::connect(&transfer, &RecipeTransfer::blockDone, &transfer,
+                         [&progress](const QString& block) { progress.showBlock(block); });
+        runToItsEnd(&transfer);
+    }
+    return conclude(transfer, options);
+}
+
+} // namespace
+
+int runRecipe(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addConnectionOptions(&parser);
+    int exitCode = EXIT_FINE;
+    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+        return exitCode;
+    RecipeOptions options;
+    QString error;
+    if (!readOptions(parser, &options, &error))
+        return complain(error, EXIT_WRONG_USAGE);
+    return transferRecipe(options);
+}

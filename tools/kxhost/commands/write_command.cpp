@@ -1,0 +1,134 @@
+#include "kxhost/commands/write_command.h"
+
+#include "kxhost/command_line.h"
+#include "kxhost/commands/read_loop.h"
+#include "kxhost/commands/write_pieces.h"
+#include "kxhost/commands/write_run.h"
+#include "kxhost/connection.h"
+#include "kxhost/console.h"
+#include "kxhost/exit_codes.h"
+
+#include <QtCore/QJsonArray>
+
+namespace
+{
+
+const CommandHelp HELP = {
+    "write [options] ADDRESS=VALUE[,VALUE...]...",
+    "Writes values and says for each assignment whether the station confirmed it.\n"
+    "Values are decimal, 0x hexadecimal or negative; coils take 0 and 1. X cannot be\n"
+    "written. All assignments are checked before the first is sent. Ends with 1 when\n"
+    "a station did not answer or refused.",
+    "kxhost write D100=1234 Y10=1 32CV200=100000 --port /dev/ttyUSB0\n"
+    "kxhost write M0=1,0,1,1 D100@2=0x10,-5 --tcp 192.168.0.5 --json\n"
+    "kxhost write D100=1 --simulate"};
+
+bool takeAssignment(const QString& text, ConnectionOptions* options, Assignment* assignment,
+                    QString* error)
+{
+    if (!parseAssignment(text, assignment, error))
+        return false;
+    AddressRange& range = assignment->range;
+    if (!range.type->writable)
+        *error = QStringLiteral("%1: %2 is an input and cannot be written")
+                     .arg(text, addressText(range.type, range.address));
+    else if (addressesPerWrite(range.type, options->session.maxWords) < 1)
+        *error = QStringLiteral("%1: a 32CV takes 2 registers; --max-words is 1").arg(text);
+    if (!error->isEmpty())
+        return false;
+    if (range.station < 0)
+        range.station = options->station;
+    simulateStation(range.station, options);
+    return true;
+}
+
+bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                 QList<Assignment>* assignments, QString* error)
+{
+    if (!readConnectionOptions(parser, options, error))
+        return false;
+    for (const QString& text : parser.positionalArguments()) {
+        Assignment assignment;
+        if (!takeAssignment(text, options, &assignment, error))
+            return false;
+        assignments->append(assignment);
+    }
+    if (assignments->isEmpty())
+        *error = QStringLiteral("nothing to write; name assignments such as D100=1234");
+    return !assignments->isEmpty();
+}
+
+QString valuesText(const QList<qint64>& values)
+{
+    QStringList texts;
+    for (const qint64 value : values)
+        texts << QString::number(value);
+    return texts.join(QLatin1Char(','));
+}
+
+QString confirmedPart(const WriteOutcome& outcome)
+{
+    return outcome.confirmed == 0 ? QString()
+                                  : QStringLiteral("; the first %1 of %2 values were confirmed")
+                                        .arg(outcome.confirmed)
+                                        .arg(outcome.assignment.range.values);
+}
+
+void printText(const WriteOutcome& outcome)
+{
+    const AddressRange& range = outcome.assignment.range;
+    const QString result = outcome.failure.isEmpty() ? QStringLiteral("confirmed")
+                                                     : QStringLiteral("failed: ") + outcome.failure
+                                                           + confirmedPart(outcome);
+    printLine(QStringLiteral("%1 %2=%3 %4")
+                  .arg(QString::number(range.station), addressText(range.type, range.address),
+                       valuesText(outcome.assignment.values), result));
+}
+
+void printJsonOutcome(const WriteOutcome& outcome)
+{
+    QJsonArray values;
+    for (const qint64 value : outcome.assignment.values)
+        values.append(value);
+    const AddressRange& range = outcome.assignment.range;
+    QJsonObject json;
+    json[QLatin1String("event")] = QLatin1String("write");
+    json[QLatin1String("station")] = range.station;
+    json[QLatin1String("address")] = addressText(range.type, range.address);
+    json[QLatin1String("values")] = values;
+    json[QLatin1String("confirmed")] = outcome.confirmed;
+    if (!outcome.failure.isEmpty())
+        json[QLatin1String("failure")] = outcome.failure;
+    printJson(json);
+}
+
+int write(const ConnectionOptions& options, const QList<Assignment>& assignments)
+{
+    Connection connection;
+    const int result = openConnection(options, &connection);
+    if (result != EXIT_FINE)
+        return result;
+    showFrames(connection.session.get(), options);
+    WriteRun run(connection.session.get(), assignments);
+    QObject::connect(&run, &WriteRun::assignmentFinished,
+                     options.json ? printJsonOutcome : printText);
+    runToItsEnd(&run);
+    return run.hasFailed() ? EXIT_DEVICE_FAILED : EXIT_FINE;
+}
+
+} // namespace
+
+int runWrite(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addConnectionOptions(&parser);
+    int exitCode = EXIT_FINE;
+    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+        return exitCode;
+    ConnectionOptions options;
+    QList<Assignment> assignments;
+    QString error;
+    if (!readOptions(parser, &options, &assignments, &error))
+        return complain(error, EXIT_WRONG_USAGE);
+    return write(options, assignments);
+}
