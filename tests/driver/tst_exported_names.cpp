@@ -22,7 +22,7 @@ QStringList sorted(QStringList names)
 }
 
 // Lines of `nm -P` read "NAME TYPE VALUE SIZE".
-QStringList exportedNames()
+QStringList readExportedNames()
 {
     QStringList names;
     for (const QString& line : linesOf(KX_NM, {"-D", "-P", "--defined-only", KX_DRIVER_LIBRARY})) {
@@ -30,6 +30,12 @@ QStringList exportedNames()
             names << line.section(' ', 0, 0);
     }
     return sorted(names);
+}
+
+const QStringList& exportedNames()
+{
+    static const QStringList names = readExportedNames();
+    return names;
 }
 
 QStringList listedNames()
