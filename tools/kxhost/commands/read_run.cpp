@@ -3,6 +3,13 @@
 #include "kxhost/commands/read_loop.h"
 #include "kxhost/commands/read_pieces.h"
 
+namespace
+{
+
+const int READ_DONE = 0; // of DriverSession::conditionReadFinished()
+
+} // namespace
+
 ReadRun::ReadRun(DriverSession* session, const QList<AddressRange>& ranges)
     : m_session(session), m_ranges(ranges)
 {
@@ -21,35 +28,28 @@ void ReadRun::queueRange()
 {
     const AddressRange& range = m_ranges.first();
     m_pieces = readPieces(range, addressesPerRead(range.type, m_session->settings().maxWords));
-    queuePiece();
-}
-
-void ReadRun::queuePiece()
-{
-    m_pieceEnded = false;
     m_session->conditionRead(m_pieces.first());
 }
 
-// The exchange that ended the read follows at once and knows the reason.
-void ReadRun::takeEnd(int result)
-{
-    Q_UNUSED(result);
-    m_pieceEnded = true;
-}
-
+// Comes before the end of the read that it belongs to, and knows the reason.
 void ReadRun::takeExchange(const ExchangeRecord& record)
 {
-    if (!m_pieceEnded || m_ranges.isEmpty())
+    m_lastReason = reasonOf(record);
+}
+
+void ReadRun::takeEnd(int result)
+{
+    if (m_ranges.isEmpty())
         return;
-    if (record.result != REPLY_ACCEPTED) {
-        settle(reasonOf(record));
+    if (result != READ_DONE) {
+        settle(m_lastReason);
         return;
     }
     m_pieces.removeFirst();
     if (m_pieces.isEmpty())
         settle(QString());
     else
-        queuePiece();
+        m_session->conditionRead(m_pieces.first());
 }
 
 void ReadRun::settle(const QString& failure)

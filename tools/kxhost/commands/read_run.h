@@ -31,15 +31,14 @@ signals:
 
 private:
     void queueRange();
-    void queuePiece();
-    void takeEnd(int result);
     void takeExchange(const ExchangeRecord& record);
+    void takeEnd(int result);
     void settle(const QString& failure);
 
     DriverSession* m_session;
     QList<AddressRange> m_ranges; ///< not yet finished
     QList<AddressRange> m_pieces; ///< of the first range, not yet read
-    bool m_pieceEnded = false;
+    QString m_lastReason;         ///< what came of the latest request
     bool m_hasFailed = false;
 };
 
