@@ -5,16 +5,6 @@
 #include "kxhost/summary_text.h"
 #include "kxhost/watch_table.h"
 
-namespace
-{
-
-bool hasFailed(const WatchEntry& entry)
-{
-    return entry.state == WatchState::NoAnswer || entry.state == WatchState::Refused;
-}
-
-} // namespace
-
 QString entryLine(const WatchEntry& entry, const QDateTime& time)
 {
     return QString::fromLatin1("%1 %2 %3 %4")

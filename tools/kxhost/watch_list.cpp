@@ -20,6 +20,11 @@ bool holds(const QList<WatchEntry>& entries, const WatchEntry& wanted)
 
 } // namespace
 
+bool hasFailed(const WatchEntry& entry)
+{
+    return entry.state == WatchState::NoAnswer || entry.state == WatchState::Refused;
+}
+
 AddressRange WatchEntry::range() const
 {
     AddressRange range;
@@ -74,19 +79,21 @@ int WatchList::takeChange(int station, const QString& type, int address, const V
 
 QList<int> WatchList::takeRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now)
 {
-    QList<int> becameKnown;
+    QList<int> toTell;
     for (const int index : coveredBy(job)) {
         WatchEntry& entry = m_entries[index];
+        const bool isBack = hasFailed(entry);
         entry.state = WatchState::Ok;
         entry.readAt = now;
         // Zero is what the driver's cache starts with: reading it is no change.
-        if (!entry.isKnown) {
-            entry.isKnown = true;
+        const bool becomesKnown = !entry.isKnown;
+        if (becomesKnown)
             entry.value = valueOf(entry);
-            becameKnown << index;
-        }
+        entry.isKnown = true;
+        if (becomesKnown || isBack)
+            toTell << index;
     }
-    return becameKnown;
+    return toTell;
 }
 
 QList<int> WatchList::takeFailure(const VARIABLE& job, bool refused)

@@ -27,6 +27,9 @@ struct WatchEntry {
     AddressRange range() const;
 };
 
+/// The last read failed for good.
+bool hasFailed(const WatchEntry& entry);
+
 class WatchList
 {
 public:
@@ -45,7 +48,7 @@ public:
                    qint64 now);
 
     /// A cyclic read that was accepted: returns the indexes of entries whose value
-    /// became known.
+    /// became known, or that answer again.
     QList<int> takeRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now);
 
     /// A cyclic read that failed for good: returns the indexes of entries whose

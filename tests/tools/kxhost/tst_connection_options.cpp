@@ -1,0 +1,156 @@
+#include "kxhost/command_line.h"
+#include "kxhost/connection_options.h"
+
+#include <QtTest/QtTest>
+
+class ConnectionOptionsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void defaults();
+    void everyOption();
+    void gateways_data();
+    void gateways();
+    void simulation();
+    void errors_data();
+    void errors();
+
+private:
+    static bool read(const QByteArray& arguments, ConnectionOptions* options, QString* error);
+};
+
+bool ConnectionOptionsTest::read(const QByteArray& arguments, ConnectionOptions* options,
+                                 QString* error)
+{
+    QCommandLineParser parser;
+    addConnectionOptions(&parser);
+    const QString words = QString::fromLatin1("kxhost ") + QString::fromLatin1(arguments);
+    if (!parser.parse(words.split(QLatin1Char(' ')))) {
+        *error = parser.errorText();
+        return false;
+    }
+    return readConnectionOptions(parser, options, error);
+}
+
+void ConnectionOptionsTest::defaults()
+{
+    ConnectionOptions options;
+    QString error;
+    QVERIFY2(read("--port /dev/ttyUSB0", &options, &error), qPrintable(error));
+    QCOMPARE(options.port, QString::fromLatin1("/dev/ttyUSB0"));
+    QCOMPARE(options.timing.baud, 9600);
+    QCOMPARE(options.timing.bitsPerCharacter(), 10);
+    QCOMPARE(options.parity, QSerialPort::NoParity);
+    QCOMPARE(options.station, 1);
+    QCOMPARE(options.session.retries, 3);
+    QCOMPARE(options.session.maxWords, 32);
+    QCOMPARE(options.session.exchange.replyTimeout, 1000);
+    QCOMPARE(options.simulate, false);
+    QCOMPARE(options.frames, false);
+    QCOMPARE(options.json, false);
+    QVERIFY(options.host.isEmpty());
+    QVERIFY(options.library.isEmpty());
+}
+
+void ConnectionOptionsTest::everyOption()
+{
+    ConnectionOptions options;
+    QString error;
+    QVERIFY2(read("-p /dev/ttyS1 -b 19200 --parity Odd --data-bits 7 --stop-bits 2 -s 17 -t 250 "
+                  "-r 5 --max-words 64 --library ./driver.so --frames --json",
+                  &options, &error),
+             qPrintable(error));
+    QCOMPARE(options.port, QString::fromLatin1("/dev/ttyS1"));
+    QCOMPARE(options.timing.baud, 19200);
+    QCOMPARE(options.timing.dataBits, 7);
+    QCOMPARE(options.timing.stopBits, 2);
+    // Start, 7 data, parity and 2 stop bits.
+    QCOMPARE(options.timing.bitsPerCharacter(), 11);
+    QCOMPARE(options.parity, QSerialPort::OddParity);
+    QCOMPARE(options.station, 17);
+    QCOMPARE(options.session.exchange.replyTimeout, 250);
+    QCOMPARE(options.session.retries, 5);
+    QCOMPARE(options.session.maxWords, 64);
+    QCOMPARE(options.library, QString::fromLatin1("./driver.so"));
+    QCOMPARE(options.frames, true);
+    QCOMPARE(options.json, true);
+}
+
+void ConnectionOptionsTest::gateways_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("host");
+    QTest::addColumn<int>("port");
+    const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
+    QTest::newRow("host") << QByteArray("gateway") << text("gateway") << 8888;
+    QTest::newRow("host and port") << QByteArray("gateway:502") << text("gateway") << 502;
+    QTest::newRow("address") << QByteArray("192.168.0.5:4001") << text("192.168.0.5") << 4001;
+    QTest::newRow("IPv6 address") << QByteArray("[::1]") << text("::1") << 8888;
+    QTest::newRow("IPv6 address and port") << QByteArray("[::1]:502") << text("::1") << 502;
+}
+
+void ConnectionOptionsTest::gateways()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(int, port);
+    ConnectionOptions options;
+    QString error;
+    QVERIFY2(read("--tcp " + text, &options, &error), qPrintable(error));
+    QTEST(options.host, "host");
+    QCOMPARE(int(options.tcpPort), port);
+}
+
+void ConnectionOptionsTest::simulation()
+{
+    ConnectionOptions options;
+    QString error;
+    QVERIFY2(read("--simulate --station 9", &options, &error), qPrintable(error));
+    QCOMPARE(options.simulate, true);
+    QCOMPARE(options.simulatedStations, QList<int>({9}));
+}
+
+void ConnectionOptionsTest::errors_data()
+{
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* name, const char* arguments, const char* error) {
+        QTest::newRow(name) << QByteArray(arguments) << QString::fromLatin1(error);
+    };
+    row("no line", "--station 1", "no line; name one with --port or --tcp, or use --simulate");
+    row("two lines", "--port /dev/ttyS0 --tcp gateway",
+        "only one of --port, --tcp and --simulate can be used");
+    row("simulated and real", "--port /dev/ttyS0 --simulate",
+        "only one of --port, --tcp and --simulate can be used");
+    row("nameless port", "--port=", "no line; name one with --port or --tcp, or use --simulate");
+    row("baud 0", "--simulate --baud 0", "--baud 0: must be a number from 1 to 4000000");
+    row("baud no number", "--simulate --baud fast",
+        "--baud fast: must be a number from 1 to 4000000");
+    row("parity", "--simulate --parity mark", "--parity mark: must be none, even or odd");
+    row("data bits", "--simulate --data-bits 9", "--data-bits 9: must be a number from 7 to 8");
+    row("stop bits", "--simulate --stop-bits 3", "--stop-bits 3: must be a number from 1 to 2");
+    row("station 0", "--simulate -s 0", "--station 0: must be a number from 1 to 247");
+    row("station 248", "--simulate -s 248", "--station 248: must be a number from 1 to 247");
+    row("time-out 0", "--simulate -t 0", "--timeout 0: must be a number from 1 to 60000");
+    row("retries 0", "--simulate -r 0", "--retries 0: must be a number from 1 to 100");
+    row("length 0", "--simulate --max-words 0", "--max-words 0: must be a number from 1 to 125");
+    row("length 126", "--simulate --max-words 126",
+        "--max-words 126: must be a number from 1 to 125");
+    row("port of the gateway", "--tcp gateway:99999",
+        "--tcp gateway:99999: must be HOST or HOST:PORT");
+    row("port 0 of the gateway", "--tcp gateway:0", "--tcp gateway:0: must be HOST or HOST:PORT");
+    row("no host", "--tcp :502", "--tcp :502: must be HOST or HOST:PORT");
+    row("path behind the host", "--tcp gateway/x", "--tcp gateway/x: must be HOST or HOST:PORT");
+}
+
+void ConnectionOptionsTest::errors()
+{
+    QFETCH(QByteArray, arguments);
+    ConnectionOptions options;
+    QString error;
+    QVERIFY(!read(arguments, &options, &error));
+    QTEST(error, "error");
+}
+
+QTEST_GUILESS_MAIN(ConnectionOptionsTest)
+#include "tst_connection_options.moc"
