@@ -5,6 +5,7 @@
 #include "kxhost/commands/read_command.h"
 #include "kxhost/commands/recipe_command.h"
 #include "kxhost/commands/registers_command.h"
+#include "kxhost/commands/scan_command.h"
 #include "kxhost/commands/series_command.h"
 #include "kxhost/commands/watch_command.h"
 #include "kxhost/commands/write_command.h"
@@ -25,6 +26,8 @@ const std::vector<Command>& commands()
          "kxhost series D100 --count 8 --step 2", runSeries},
         {"plan", "show the requests and the time of a watch list",
          "kxhost plan D100:4 D110:2 M0:8 --baud 9600", runPlan},
+        {"scan", "find the stations on a line", "kxhost scan --stations 1-247 --port /dev/ttyUSB0",
+         runScan},
     };
     return table;
 }

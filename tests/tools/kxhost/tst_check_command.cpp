@@ -1,0 +1,160 @@
+// `kxhost check` as a process.
+
+#include "command_process.h"
+
+#include <QtTest/QtTest>
+
+class TestCheckCommand : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void anAddressIsAnswered_data();
+    void anAddressIsAnswered();
+    void everyAddressGetsItsLine();
+    void answersAsJson();
+    void wrongUsageIsOneLine_data();
+    void wrongUsageIsOneLine();
+    void aMissingLibraryIsNamed();
+    void theHelpTellsOfRadixAndNumbers();
+};
+
+void TestCheckCommand::anAddressIsAnswered_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<int>("exitCode");
+    const auto row = [](const char* name, const char* arguments, const char* line, int exitCode) {
+        QTest::newRow(name) << QString::fromLatin1(arguments) << QString::fromLatin1(line)
+                            << exitCode;
+    };
+    row("the highest input", "X377", "X377: valid; number 255, coil 1455, read with function 1", 0);
+    row("the first output", "Y0", "Y0: valid; number 0, coil 0, read with function 1", 0);
+    row("a counter", "32CV200",
+        "32CV200: valid; number 200, holding registers 9700 to 9701, read with function 3", 0);
+    row("several words", "D100:4",
+        "D100:4: valid; numbers 100 to 103, holding registers 100 to 103, read with function 3", 0);
+    row("bits across the split", "M2040:16",
+        "M2040:16: valid; numbers 2040 to 2055, coils 4040 to 4047 and 12000 to 12007, read with "
+        "function 1",
+        0);
+    row("past the last word", "D8000",
+        "D8000: out of range; the addresses are D0 to D7999 (decimal)", 1);
+    row("below the first counter", "32CV199",
+        "32CV199: out of range; the addresses are 32CV200 to 32CV255 (decimal)", 1);
+    row("a length past the end", "D7999:2",
+        "D7999:2: out of range; number 7999 and length 2 pass the limit of 8000", 1);
+    row("the driver counts counters in registers", "32CV200:29",
+        "32CV200:29: out of range; number 200 and length 58 pass the limit of 257", 1);
+    row("an octal digit 8", "X8",
+        "X8: '8' is not an octal number; the addresses are X0 to X377 (octal)", 1);
+    row("an unknown type", "Q5",
+        "Q5: unknown register type 'Q'; the types are X, Y, M, SM, S, T, C, D, SD, CV, 32CV, TV, Z",
+        1);
+    row("no type", "100",
+        "100: not an address; write TYPE ADDRESS[:COUNT] without spaces, such as D100:4, X17 or "
+        "32CV200",
+        1);
+    row("a count of 0", "D1:0",
+        "D1:0: not an address; write TYPE ADDRESS[:COUNT] without spaces, such as D100:4, X17 or "
+        "32CV200",
+        1);
+    row("a word as a bit tag", "D5 --as bit", "D5: D holds words and suits no bit tag", 1);
+    row("a bit as a word tag", "X5 --as word", "X5: X holds bits and suits no word tag", 1);
+    row("a bit as a bit tag", "X5 --as bit", "X5: valid; number 5, coil 1205, read with function 1",
+        0);
+    row("an input that is to be written", "X10 --access 1",
+        "X10: access code 1 is refused; X addresses are inputs", 1);
+    row("an output that is to be written", "Y10 --access 1",
+        "Y10: valid; number 8, coil 8, read with function 1", 0);
+    row("a data type that counters refuse", "32CV200 --data-type 2",
+        "32CV200: data type 2 is not allowed on 32CV, only 1, 3, 5, 6 and 9", 1);
+    row("a data type that counters take", "32CV200 --data-type 9",
+        "32CV200: valid; number 200, holding registers 9700 to 9701, read with function 3", 0);
+}
+
+void TestCheckCommand::anAddressIsAnswered()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QString, line);
+    const CommandResult result =
+        runCommand((QLatin1String("check ") + arguments).split(QLatin1Char(' ')));
+    QCOMPARE(result.output, QStringList{line});
+    QCOMPARE(result.errors, QStringList());
+    QTEST(result.exitCode, "exitCode");
+}
+
+void TestCheckCommand::everyAddressGetsItsLine()
+{
+    const CommandResult result = runCommand("check X8 D7 --simulate");
+    QCOMPARE(result.output,
+             (QStringList{"X8: '8' is not an octal number; the addresses are X0 to X377 (octal)",
+                          "D7: valid; number 7, holding register 7, read with function 3"}));
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(runCommand("check D7 X7").exitCode, 0);
+}
+
+void TestCheckCommand::answersAsJson()
+{
+    const CommandResult result = runCommand("check --json SM255:2 D8000 5");
+    QCOMPARE(result.output,
+             (QStringList{
+                 "{\"address\":\"SM255:2\",\"code\":0,\"count\":2,\"function\":1,\"modbus\":["
+                 "{\"first\":4655,\"last\":4655},{\"first\":30000,\"last\":30000}],"
+                 "\"number\":255,\"type\":\"SM\",\"valid\":true}",
+                 "{\"address\":\"D8000\",\"code\":2,\"fault\":\"out of range; the addresses are "
+                 "D0 to D7999 (decimal)\",\"valid\":false}",
+                 "{\"address\":\"5\",\"fault\":\"not an address; write TYPE ADDRESS[:COUNT] "
+                 "without spaces, such as D100:4, X17 or 32CV200\",\"valid\":false}"}));
+    QCOMPARE(result.exitCode, 1);
+}
+
+void TestCheckCommand::wrongUsageIsOneLine_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("no address") << "check"
+                                << "kxhost: nothing to check; name addresses such as X377";
+    QTest::newRow("an unknown option") << "check D1 --bad"
+                                       << "kxhost: Unknown option 'bad'.";
+    QTest::newRow("a wrong kind") << "check D1 --as byte"
+                                  << "kxhost: --as byte: must be bit or word";
+    QTest::newRow("a wrong code") << "check D1 --access x"
+                                  << "kxhost: --access x: must be a number from 0 to 2147483647";
+}
+
+void TestCheckCommand::wrongUsageIsOneLine()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QString, line);
+    const CommandResult result = runCommand(arguments.split(QLatin1Char(' ')));
+    QCOMPARE(result.errors, QStringList{line});
+    QCOMPARE(result.output, QStringList());
+    QCOMPARE(result.exitCode, 2);
+}
+
+void TestCheckCommand::aMissingLibraryIsNamed()
+{
+    const CommandResult result = runCommand("check D1 --library no/such.so");
+    QCOMPARE(static_cast<int>(result.errors.size()), 1);
+    QVERIFY2(result.errors.first().startsWith(QLatin1String("kxhost: no/such.so: ")),
+             qPrintable(result.errors.first()));
+    QCOMPARE(result.output, QStringList());
+    QCOMPARE(result.exitCode, 3);
+}
+
+void TestCheckCommand::theHelpTellsOfRadixAndNumbers()
+{
+    const CommandResult result = runCommand("check --help");
+    const QString help = result.output.join(QLatin1Char(' '));
+    QVERIFY2(help.contains(QLatin1String("X and Y are octal, all other types decimal.")),
+             qPrintable(help));
+    QVERIFY2(help.contains(QLatin1String("Modbus numbers are zero-based, as on the wire.")),
+             qPrintable(help));
+    QVERIFY2(result.output.contains(QLatin1String("  kxhost check M2040:16 --json")),
+             qPrintable(help));
+    QCOMPARE(result.exitCode, 0);
+}
+
+QTEST_GUILESS_MAIN(TestCheckCommand)
+#include "tst_check_command.moc"

@@ -1,0 +1,133 @@
+#include "kxhost/commands/scan_command.h"
+
+#include "kxhost/command_line.h"
+#include "kxhost/commands/read_loop.h"
+#include "kxhost/commands/scan_run.h"
+#include "kxhost/commands/scan_stations.h"
+#include "kxhost/connection.h"
+#include "kxhost/console.h"
+#include "kxhost/exit_codes.h"
+
+namespace
+{
+
+const CommandHelp HELP = {
+    "scan [options]",
+    "Asks every station once for D0 and shows who answers; a refusal is an answer, too.\n"
+    "Waits 200 ms for each (--timeout) and repeats nothing.\n"
+    "Ends with 0 when a station answered, with 1 when none did or the line was lost.",
+    "kxhost scan --port /dev/ttyUSB0\n"
+    "kxhost scan --stations 1-20,100 --tcp 192.168.0.5 --timeout 500\n"
+    "kxhost scan --stations 1-5 --simulate --json"};
+
+const int SHORT_TIMEOUT = 200; // milliseconds
+const char* const ALL_STATIONS = "1-247";
+
+struct ScanOptions {
+    ConnectionOptions connection;
+    QList<int> stations;
+};
+
+bool readOptions(const QCommandLineParser& parser, ScanOptions* options, QString* error)
+{
+    ConnectionOptions& connection = options->connection;
+    if (!parser.positionalArguments().isEmpty()) {
+        *error = QString::fromLatin1("%1: unexpected; a scan takes --stations")
+                     .arg(parser.positionalArguments().first());
+        return false;
+    }
+    if (!parseStations(parser.value(QLatin1String("stations")), &options->stations, error))
+        return false;
+    connection.session.exchange.replyTimeout = SHORT_TIMEOUT;
+    if (!readConnectionOptions(parser, &connection, error))
+        return false;
+    connection.session.retries = 1;
+    simulateStation(options->stations.first(), &connection);
+    return true;
+}
+
+/// Lines and, on a terminal, a bar below them.
+class ScanView
+{
+public:
+    ScanView(const ScanRun& run, int stations, bool json)
+        : m_run(run), m_stations(stations), m_json(json), m_bar(!json && isStandardOutputTerminal())
+    {
+    }
+
+    void showAnswer(const ScanReply& reply)
+    {
+        clearBar();
+        if (m_json)
+            printJson(scanJson(reply));
+        else
+            printLine(scanLine(reply));
+    }
+
+    void showProgress()
+    {
+        if (m_bar)
+            print(QLatin1Char('\r') + scanBar(m_run.asked(), m_stations, m_run.answered()));
+    }
+
+    void showSummary()
+    {
+        clearBar();
+        if (m_json)
+            printJson(QJsonObject{{QLatin1String("event"), QLatin1String("summary")},
+                                  {QLatin1String("stations"), m_run.asked()},
+                                  {QLatin1String("answered"), m_run.answered()}});
+        else
+            printLine(scanSummary(m_run.answered(), m_run.asked()));
+    }
+
+private:
+    void clearBar()
+    {
+        if (m_bar)
+            print(QLatin1String("\r\033[K"));
+    }
+
+    const ScanRun& m_run;
+    int m_stations;
+    bool m_json;
+    bool m_bar;
+};
+
+int scan(const ScanOptions& options)
+{
+    Connection connection;
+    const int result = openConnection(options.connection, &connection);
+    if (result != EXIT_FINE)
+        return result;
+    showFrames(connection.session.get(), options.connection);
+    ScanRun run(connection.session.get(), options.stations);
+    ScanView view(run, static_cast<int>(options.stations.size()), options.connection.json);
+    QObject::connect(&run, &ScanRun::stationAnswered,
+                     [&view](const ScanReply& reply) { view.showAnswer(reply); });
+    QObject::connect(&run, &ScanRun::stationAsked, [&view] { view.showProgress(); });
+    runToItsEnd(&run);
+    view.showSummary();
+    if (!run.failure().isEmpty())
+        return complain(run.failure(), EXIT_DEVICE_FAILED);
+    return run.answered() > 0 ? EXIT_FINE : EXIT_DEVICE_FAILED;
+}
+
+} // namespace
+
+int runScan(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.addOption({QLatin1String("stations"),
+                      QLatin1String("Stations to ask, such as 1-20,100 (default 1-247)."),
+                      QLatin1String("LIST"), QLatin1String(ALL_STATIONS)});
+    addConnectionOptions(&parser);
+    int exitCode = EXIT_FINE;
+    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+        return exitCode;
+    ScanOptions options;
+    QString error;
+    if (!readOptions(parser, &options, &error))
+        return complain(error, EXIT_WRONG_USAGE);
+    return scan(options);
+}

@@ -1,0 +1,78 @@
+#include "kxhost/commands/scan_reply.h"
+
+#include "exchange/reply_verdict.h"
+#include "kxhost/frame_text.h"
+
+namespace
+{
+
+const int SHORTEST_FRAME = 4; // station, function, CRC
+const int BAR_WIDTH = 40;
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+QString answerText(const ScanReply& reply)
+{
+    if (reply.answer == ScanAnswer::Exception)
+        return text("answered with %1").arg(reply.refusal);
+    return text(reply.answer == ScanAnswer::Other ? "answered with another or a late reply"
+                                                  : "answered");
+}
+
+} // namespace
+
+ScanReply scanReplyOf(const ExchangeRecord& record)
+{
+    ScanReply reply;
+    reply.station = record.job.station;
+    if (record.replyKind == ReplyKind::Good) {
+        reply.answer = ScanAnswer::Value;
+    } else if (record.replyKind == ReplyKind::Exception) {
+        reply.answer = ScanAnswer::Exception;
+        reply.exceptionCode = record.exceptionCode;
+        reply.refusal = outcomeText(record).section(QLatin1Char(','), 0, 0);
+    } else if (record.reply.size() >= SHORTEST_FRAME && endsWithItsCrc(record.reply)) {
+        reply.answer = ScanAnswer::Other;
+        reply.station = static_cast<unsigned char>(record.reply.at(0));
+    }
+    return reply;
+}
+
+QString scanLine(const ScanReply& reply)
+{
+    return text("station %1: %2").arg(QString::number(reply.station), answerText(reply));
+}
+
+QJsonObject scanJson(const ScanReply& reply)
+{
+    QJsonObject json{{text("event"), text("station")}, {text("station"), reply.station}};
+    switch (reply.answer) {
+    case ScanAnswer::Value:
+        json[text("answer")] = text("value");
+        break;
+    case ScanAnswer::Exception:
+        json[text("answer")] = text("exception");
+        json[text("exception")] = reply.exceptionCode;
+        break;
+    default:
+        json[text("answer")] = text("other");
+    }
+    return json;
+}
+
+QString scanBar(int done, int stations, int answered)
+{
+    const int filled = done * BAR_WIDTH / stations;
+    return text("[%1%2] %3/%4 stations, %5 answered")
+        .arg(QString(filled, QLatin1Char('#')), QString(BAR_WIDTH - filled, QLatin1Char('.')),
+             QString::number(done), QString::number(stations), QString::number(answered));
+}
+
+QString scanSummary(int answered, int stations)
+{
+    return text("%1 of %2 station%3 answered")
+        .arg(QString::number(answered), QString::number(stations), text(stations == 1 ? "" : "s"));
+}

@@ -1,0 +1,37 @@
+/// Whether a station answered a scan, and with what. Pure functions.
+#ifndef KX_KXHOST_SCAN_REPLY_H
+#define KX_KXHOST_SCAN_REPLY_H
+
+#include "exchange/exchange_record.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+
+enum class ScanAnswer {
+    None,
+    Value,     ///< the register that was asked for
+    Exception, ///< a refusal, which is an answer, too
+    Other      ///< some other frame with its right CRC, late ones included
+};
+
+struct ScanReply {
+    ScanAnswer answer = ScanAnswer::None;
+    int station = 0; ///< who answered; an Other reply may be a late one
+    int exceptionCode = 0;
+    QString refusal; ///< "exception 2 illegal data address"
+};
+
+/// A reply counts when its CRC is right, whatever it says.
+ScanReply scanReplyOf(const ExchangeRecord& record);
+
+/// "station 5: answered with exception 2 illegal data address".
+QString scanLine(const ScanReply& reply);
+QJsonObject scanJson(const ScanReply& reply);
+
+/// "[####....................................] 25/247 stations, 1 answered".
+QString scanBar(int done, int stations, int answered);
+
+/// "2 of 247 stations answered".
+QString scanSummary(int answered, int stations);
+
+#endif

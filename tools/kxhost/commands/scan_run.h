@@ -1,0 +1,45 @@
+#ifndef KX_KXHOST_SCAN_RUN_H
+#define KX_KXHOST_SCAN_RUN_H
+
+#include "exchange/driver_session.h"
+#include "kxhost/commands/scan_reply.h"
+
+#include <QtCore/QSet>
+
+/// Asks every station once for one register. The session allows one bad reply, so
+/// that a silent station makes room for the next.
+class ScanRun : public QObject
+{
+    Q_OBJECT
+
+public:
+    ScanRun(DriverSession* session, const QList<int>& stations, QObject* parent = nullptr);
+
+    void start();
+    /// Ends early, for example when the line is lost.
+    void abort(const QString& reason);
+
+    int asked() const { return m_asked; }
+    int answered() const { return static_cast<int>(m_answered.size()); }
+    /// Why the scan ended early; empty when it did not.
+    QString failure() const { return m_failure; }
+
+signals:
+    /// At most once per station.
+    void stationAnswered(const ScanReply& reply);
+    void stationAsked();
+    void finished();
+
+private:
+    void handleExchange(const ExchangeRecord& record);
+    void finish();
+
+    DriverSession* m_session;
+    QList<int> m_stations;
+    QSet<int> m_answered;
+    int m_asked = 0;
+    bool m_finished = false;
+    QString m_failure;
+};
+
+#endif
