@@ -1,44 +1,6 @@
-#include "data/cached_record.h"
+#include "data/recipe_plan.h"
 
 #include <QtTest/QtTest>
-
-namespace
-{
-
-_RCP_VAR_PRO variable(const char* type, int address, int count, int bufferOffset)
-{
-    _RCP_VAR_PRO variable = _RCP_VAR_PRO();
-    variable.rcpId = 1;
-    variable.station = 1;
-    variable.regType = QString::fromLatin1(type);
-    variable.address = address;
-    variable.count = count;
-    variable.bufOffset = bufferOffset;
-    return variable;
-}
-
-void plan(QVector<_RCP_VAR_PRO> variables)
-{
-    intf_setRcpAddress(variables);
-}
-
-// Polls for the next block of a recipe read and answers it.
-int answer(DriverFixture& runtime, const char* hex)
-{
-    runtime.requestRecipeRead();
-    runtime.poll();
-    return runtime.deal(withCrc(hex));
-}
-
-QList<Report> words(const QList<int>& offsets)
-{
-    QList<Report> reports;
-    for (const int offset : offsets)
-        reports << Report{0, -1, "RWI", offset};
-    return reports;
-}
-
-} // namespace
 
 class RecipeValuesTest : public QObject
 {
@@ -167,38 +129,6 @@ private slots:
         QCOMPARE(int(runtime.recipe[11]), 0);
     }
 
-    void doubleWordsAreCopiedLowWordFirst()
-    {
-        DriverFixture runtime;
-        plan({variable("32CV", 200, 2, 10), variable("32CV", 201, 2, 12)});
-        setReadValue(1, "32CV", 201, bytes("A0860100")); // unchanged values are copied too
-        QList<int> seen;
-        runtime.onReport = [&](const Report&) { seen << runtime.recipe[10] << runtime.recipe[11]; };
-        QCOMPARE(answer(runtime, "01 03 08 12345678 000186A0"), 1);
-        QCOMPARE(int(runtime.recipe[10]), 0x5678);
-        QCOMPARE(int(runtime.recipe[11]), 0x1234);
-        QCOMPARE(int(runtime.recipe[12]), 0x86A0);
-        QCOMPARE(int(runtime.recipe[13]), 0x0001);
-        QCOMPARE(runtime.reports, words({10, 11, 12, 13}));
-        QCOMPARE(seen.mid(0, 2), QList<int>() << 0x5678 << 0x1234); // both before the first report
-        QCOMPARE(readValue(1, "32CV", 200), bytes("78563412"));
-    }
-
-    // The second block begins with variable 2, yet position 1 names variable 1.
-    void doubleWordsTakeTheOffsetOfThePositionItself()
-    {
-        DriverFixture runtime;
-        plan({variable("32CV", 200, 2, 10), variable("32CV", 201, 2, 20),
-              variable("32CV", 210, 2, 30)});
-        QCOMPARE(driver.intList, QList<int>() << 0 << 2);
-        answer(runtime, "01 03 08 00000001 00000002");
-        runtime.reports.clear();
-        answer(runtime, "01 03 04 12345678");
-        QCOMPARE(runtime.reports, words({20, 21}));
-        QCOMPARE(int(runtime.recipe[20]), 0x5678);
-        QCOMPARE(int(runtime.recipe[30]), 0);
-    }
-
     void aPositionWithoutBlockStartFillsTheCacheOnly_data()
     {
         QTest::addColumn<QString>("type");
@@ -256,15 +186,6 @@ private slots:
         answer(runtime, "01 03 04 1234 5678");
         QCOMPARE(runtime.reports, words({0}));
         QCOMPARE(int(runtime.recipe[0]), 0x5678);
-    }
-
-    void halvesOfADoubleWordBeforeTheBufferAreSkipped()
-    {
-        DriverFixture runtime;
-        plan({variable("32CV", 200, 2, -1)});
-        answer(runtime, "01 03 04 12345678");
-        QCOMPARE(runtime.reports, words({0}));
-        QCOMPARE(int(runtime.recipe[0]), 0x1234);
     }
 
     void otherReadsLeaveTheBufferAlone()

@@ -1,33 +1,8 @@
+#include "modbus/mutex_wait.h"
 #include "modbus/recipe_requests.h"
 #include "support/driver_fixture.h"
 
 #include <QtTest/QtTest>
-
-#include <atomic>
-#include <thread>
-
-namespace
-{
-
-// Runs `step` on another thread while the runtime holds its mutex, and tells
-// whether it waited for it.
-template <typename Step>
-bool waitsForTheMutex(QMutex& mutex, const Step& step)
-{
-    std::atomic<bool> done(false);
-    mutex.lock();
-    std::thread thread([&] {
-        step();
-        done = true;
-    });
-    QTest::qSleep(50);
-    const bool waited = !done;
-    mutex.unlock();
-    thread.join();
-    return waited && done;
-}
-
-} // namespace
 
 class RecipeRequestsTest : public QObject
 {

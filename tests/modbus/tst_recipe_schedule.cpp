@@ -1,5 +1,6 @@
 // The scheduler while a recipe transfer is requested.
 
+#include "modbus/mutex_wait.h"
 #include "support/driver_fixture.h"
 
 #include <QtTest/QtTest>
@@ -158,6 +159,16 @@ private slots:
         QCOMPARE(runtime.poll(), QByteArray());
         QCOMPARE(int(runtime.shared[60115]), 1);
         QCOMPARE(driver.rcpIndex, 0);
+    }
+
+    void theRequestBytesAreUsedUnderTheMutex()
+    {
+        DriverFixture runtime;
+        driver.rcpVars << block("D", 100, 1, 0);
+        runtime.requestRecipeRead();
+        QVERIFY(waitsForTheMutex(runtime.mutex, [&] { runtime.poll(); }));
+        QVERIFY(waitsForTheMutex(runtime.mutex, [&] { runtime.deal(withCrc("01 03 02 0000")); }));
+        QCOMPARE(int(runtime.shared[60116]), 0);
     }
 
     void onlyOneIsARequest()
