@@ -57,17 +57,3 @@ bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest
     *number = value;
     return true;
 }
-
-bool parseAddressRanges(const QStringList& addresses, int station, QList<AddressRange>* ranges,
-                        QString* error)
-{
-    for (const QString& address : addresses) {
-        AddressRange range;
-        if (!parseAddressRange(address, &range, error))
-            return false;
-        if (range.station < 0)
-            range.station = station;
-        ranges->append(range);
-    }
-    return true;
-}

@@ -23,8 +23,4 @@ bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
 bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
                 int* number, QString* error);
 
-/// Parses addresses; those without "@STATION" get `station`.
-bool parseAddressRanges(const QStringList& addresses, int station, QList<AddressRange>* ranges,
-                        QString* error);
-
 #endif

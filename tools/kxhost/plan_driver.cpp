@@ -1,5 +1,7 @@
 #include "kxhost/plan_driver.h"
 
+#include "kxhost/watch_pieces.h"
+
 namespace
 {
 
@@ -43,7 +45,7 @@ Plan askForPlan(const DriverEntryPoints& entryPoints, const QList<AddressRange>&
                 int maxWords)
 {
     QList<KEY_ADDRESS> keys;
-    for (const AddressRange& range : watched)
+    for (const AddressRange& range : watchPieces(watched, maxWords))
         keys << keyOf(range);
     initialise(entryPoints, maxWords);
     const int requests = entryPoints.addrMerge(keys);

@@ -6,8 +6,8 @@
 #include "kxhost/plan_lengths.h"
 
 /// Initialises the driver with that maximum request length, hands over the ranges
-/// and walks through one cycle of its requests. Ranges must name their station.
-/// Everything that the driver held before is discarded.
+/// as `kxhost watch` does and walks through one cycle of its requests. Ranges must name their
+/// station. Everything that the driver held before is discarded.
 Plan askForPlan(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
                 int maxWords);
 

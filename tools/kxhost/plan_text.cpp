@@ -61,14 +61,10 @@ QString lengthWarning(const PlannedRequest& request)
 QString splitWarning(const PlannedRequest& request, const Coverage& coverage)
 {
     const RegisterType* const type = request.type;
-    // The driver joins addresses of both SM ranges, however they are given.
-    const char* const advice =
-        type->splitKeepsApart ? "give two ranges" : "give two ranges and a lower limit";
     return text("runs past the split of %1: %2 asked for from %3 on lie in the second Modbus "
-                "range, from %4 on, and are not read; %5")
+                "range, from %4 on, and are not read; a lower limit keeps the ranges apart")
         .arg(text(type->name), QString::number(coverage.misreadCount),
-             addressText(type, type->split), QString::number(modbusNumber(type, type->split)),
-             text(advice));
+             addressText(type, type->split), QString::number(modbusNumber(type, type->split)));
 }
 
 } // namespace

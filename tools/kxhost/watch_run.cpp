@@ -1,24 +1,6 @@
 #include "kxhost/watch_run.h"
 
-#include "kxhost/commands/read_pieces.h"
-
-namespace
-{
-
-/// Ranges that the driver need not cut, which it would not do: it joins bits, too,
-/// to requests of at most `maxWords`.
-QList<AddressRange> requestSized(const QList<AddressRange>& ranges, int maxWords)
-{
-    QList<AddressRange> pieces;
-    for (const AddressRange& range : ranges) {
-        const bool isBits = range.type->registerClass == BIT_CLASS;
-        const int most = isBits ? maxWords : addressesPerRead(range.type, maxWords);
-        pieces += readPieces(range, qMax(1, most));
-    }
-    return pieces;
-}
-
-} // namespace
+#include "kxhost/watch_pieces.h"
 
 WatchRun::WatchRun(DriverSession* session, const QList<AddressRange>& ranges, qint64 cycles,
                    WatchView* view)
@@ -31,7 +13,7 @@ WatchRun::WatchRun(DriverSession* session, const QList<AddressRange>& ranges, qi
 
 void WatchRun::start()
 {
-    m_readsPerCycle = m_session->watch(requestSized(m_ranges, m_session->settings().maxWords));
+    m_readsPerCycle = m_session->watch(watchPieces(m_ranges, m_session->settings().maxWords));
     m_session->start();
 }
 

@@ -75,9 +75,18 @@ void TestPlanDriver::theDriverIsAsked_data()
         << QStringList{"1 X10..X20 9 8/7", "1 D0..D0 1 8/7", "1 32CV200..32CV201 4 8/13"};
     QTest::newRow("stations apart")
         << QStringList{"D0@2", "D0@1"} << 32 << QStringList{"1 D0..D0 1 8/7", "2 D0..D0 1 8/7"};
-    QTest::newRow("a range longer than the limit stands three times")
-        << QStringList{"D0:100"} << 32
-        << QStringList{"1 D0..D99 100 8/205", "1 D0..D99 100 8/205", "1 D0..D99 100 8/205"};
+    QTest::newRow("a range longer than the limit is cut")
+        << QStringList{"D0:70"} << 32
+        << QStringList{"1 D0..D31 32 8/69", "1 D32..D63 32 8/69", "1 D64..D69 6 8/17"};
+    QTest::newRow("the limit bounds bits, too")
+        << QStringList{"M0:40"} << 32 << QStringList{"1 M0..M31 32 8/9", "1 M32..M39 8 8/6"};
+    QTest::newRow("both ranges of M")
+        << QStringList{"M2040:16"} << 32
+        << QStringList{"1 M2040..M2047 8 8/6", "1 M2048..M2055 8 8/6"};
+    QTest::newRow("a counter that does not fit the limit is asked for three times")
+        << QStringList{"32CV200"} << 1
+        << QStringList{"1 32CV200..32CV200 2 8/9", "1 32CV200..32CV200 2 8/9",
+                       "1 32CV200..32CV200 2 8/9"};
 }
 
 void TestPlanDriver::theDriverIsAsked()

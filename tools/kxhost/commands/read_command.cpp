@@ -7,6 +7,7 @@
 #include "kxhost/connection.h"
 #include "kxhost/console.h"
 #include "kxhost/exit_codes.h"
+#include "kxhost/tags_arguments.h"
 
 #include <QtCore/QJsonArray>
 
@@ -14,11 +15,12 @@ namespace
 {
 
 const CommandHelp HELP = {
-    "read [options] ADDRESS...",
+    "read [options] ADDRESS|FILE...",
     "Reads the addresses once and prints a line for each: station, address, value.\n"
-    "An address is TYPE NUMBER[:COUNT][@STATION]; X and Y are octal. Values of\n"
+    "An address is TYPE NUMBER[:COUNT][@STATION]; a file is a tags file. Values of\n"
     "registers are unsigned. Ends with 1 when a station did not answer or refused.",
     "kxhost read D100:10 --port /dev/ttyUSB0\n"
+    "kxhost read tags.csv --port /dev/ttyUSB0\n"
     "kxhost read X0:8 32CV200@2 --tcp 192.168.0.5 --json\n"
     "kxhost read D0 --simulate"};
 
@@ -26,7 +28,7 @@ bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options,
                  QList<AddressRange>* ranges, QString* error)
 {
     if (!readConnectionOptions(parser, options, error)
-        || !parseAddressRanges(parser.positionalArguments(), options->station, ranges, error))
+        || !readWatchedRanges(parser, options->station, ranges, error))
         return false;
     for (const AddressRange& range : *ranges) {
         if (addressesPerRead(range.type, options->session.maxWords) < 1) {
@@ -37,7 +39,7 @@ bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options,
         simulateStation(range.station, options);
     }
     if (ranges->isEmpty())
-        *error = QStringLiteral("nothing to read; name addresses such as D100:4");
+        *error = QStringLiteral("nothing to read; name addresses such as D100:4, or a tags file");
     return !ranges->isEmpty();
 }
 
@@ -98,6 +100,7 @@ int runRead(const QStringList& arguments)
 {
     QCommandLineParser parser;
     addConnectionOptions(&parser);
+    addTagsOption(&parser);
     int exitCode = EXIT_FINE;
     if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
         return exitCode;

@@ -9,7 +9,7 @@
 #include "kxhost/line_views.h"
 #include "kxhost/live_view.h"
 #include "kxhost/prompt_writer.h"
-#include "kxhost/tags_file.h"
+#include "kxhost/tags_arguments.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -19,9 +19,9 @@ namespace
 {
 
 const CommandHelp HELP = {
-    "watch [options] [ADDRESS...]",
+    "watch [options] ADDRESS|FILE...",
     "Reads the addresses in cycles and shows their values.\n"
-    "An address is TYPE NUMBER[:COUNT][@STATION]. A cycle is over\n"
+    "An address is TYPE NUMBER[:COUNT][@STATION]; a file is a tags file. A cycle is over\n"
     "when every request of the list was answered or has failed once. Ends with 1 when\n"
     "an address was never read or its last read failed, or when the line was lost.\n"
     "On a terminal a table is shown, below which assignments such as D100=5 can be\n"
@@ -37,23 +37,6 @@ struct WatchOptions {
     QList<AddressRange> ranges;
     int cycles = 0;
 };
-
-bool takeTags(const QCommandLineParser& parser, WatchOptions* options, QString* error)
-{
-    const QString path = parser.value(QLatin1String("tags"));
-    QList<Tag> tags;
-    if (path.isEmpty())
-        return true;
-    if (!loadTags(path, &tags, error))
-        return false;
-    for (const Tag& tag : tags) {
-        AddressRange range = tag.range;
-        if (range.station < 0)
-            range.station = options->connection.station;
-        options->ranges << range;
-    }
-    return true;
-}
 
 /// Stations and request length; false when a range does not fit a request.
 bool prepareRanges(WatchOptions* options, QString* error)
@@ -77,12 +60,10 @@ bool readOptions(const QCommandLineParser& parser, WatchOptions* options, QStrin
     if (!readConnectionOptions(parser, &options->connection, error)
         || !takeNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
                        error)
-        || !parseAddressRanges(parser.positionalArguments(), options->connection.station,
-                               &options->ranges, error)
-        || !takeTags(parser, options, error))
+        || !readWatchedRanges(parser, options->connection.station, &options->ranges, error))
         return false;
     if (options->ranges.isEmpty())
-        *error = QLatin1String("nothing to watch; name addresses such as D100:4, or --tags FILE");
+        *error = QLatin1String("nothing to watch; name addresses such as D100:4, or a tags file");
     return !options->ranges.isEmpty() && prepareRanges(options, error);
 }
 
@@ -149,9 +130,7 @@ int runWatch(const QStringList& arguments)
 {
     QCommandLineParser parser;
     addConnectionOptions(&parser);
-    parser.addOption({QLatin1String("tags"),
-                      QLatin1String("Watch the addresses of a tags file (CSV) as well."),
-                      QLatin1String("FILE")});
+    addTagsOption(&parser);
     parser.addOption({QLatin1String("cycles"), QLatin1String("End after so many cycles."),
                       QLatin1String("COUNT")});
     int exitCode = EXIT_FINE;
