@@ -188,16 +188,26 @@ private slots:
         QCOMPARE(int(runtime.recipe[0]), 0x5678);
     }
 
+    void otherReadsLeaveTheBufferAlone_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("cyclic");
+        QTest::newRow("words, cyclic") << "D" << true;
+        QTest::newRow("words, one-off") << "D" << false;
+        QTest::newRow("32CV, cyclic") << "32CV" << true;
+        QTest::newRow("32CV, one-off") << "32CV" << false;
+    }
+
     void otherReadsLeaveTheBufferAlone()
     {
+        QFETCH(QString, type);
+        QFETCH(bool, cyclic);
+        const QByteArray name = type.toLatin1();
         DriverFixture runtime;
-        plan({variable("D", 100, 1, 10), variable("D", 101, 1, 11)});
-        driver.readList << job(1, "D", 100, 2);
+        plan({variable(name.constData(), 200, 2, 10), variable(name.constData(), 202, 2, 12)});
+        (cyclic ? driver.readList : driver.condList) << job(1, name.constData(), 200, 2);
         runtime.poll();
-        runtime.deal(withCrc("01 03 04 1234 5678"));
-        driver.condList << job(1, "32CV", 200, 2);
-        runtime.poll();
-        runtime.deal(withCrc("01 03 04 1234 5678"));
+        QCOMPARE(runtime.deal(withCrc("01 03 04 1234 5678")), 1);
         QCOMPARE(int(runtime.recipe[10]), 0);
         QCOMPARE(runtime.reports, QList<Report>());
     }

@@ -19,7 +19,7 @@ private slots:
 
         // All that was queued is sent, in order, with an idle poll after every five.
         QList<int> sent;
-        while (!driver.writeList.isEmpty()) {
+        for (int polls = 0; polls < 1000 && !driver.writeList.isEmpty(); ++polls) {
             if (runtime.poll().isEmpty())
                 continue;
             sent << runtime.polled().job.address;
@@ -57,7 +57,7 @@ private slots:
         QCOMPARE(driver.condVar.address, 599);
 
         QList<int> sent;
-        while (!driver.condList.isEmpty()) {
+        for (int polls = 0; polls < 1000 && !driver.condList.isEmpty(); ++polls) {
             QVERIFY(runtime.reports.isEmpty());
             if (runtime.poll().isEmpty())
                 continue;
