@@ -17,8 +17,6 @@ namespace
 const int HIGHEST_STATION = 247;
 const int FUNCTION_OFFSET = 1;
 const int ADDRESS_OFFSET = 2;
-const int QUANTITY_OFFSET = 4;
-const int BYTE_COUNT_OFFSET = 6;
 
 // All bytes are there before libmodbus looks: it need not wait for more, nor
 // pause before an exception reply.
@@ -47,21 +45,6 @@ bool isServedFunction(int function)
     default:
         return false;
     }
-}
-
-// libmodbus itself does not compare the byte count of functions 15 and 16 with
-// the quantity.
-bool carriesAllValues(const QByteArray& request)
-{
-    const int function = byteAt(request, FUNCTION_OFFSET);
-    if (function != MODBUS_FC_WRITE_MULTIPLE_COILS
-        && function != MODBUS_FC_WRITE_MULTIPLE_REGISTERS)
-        return true;
-    const int quantity =
-        byteAt(request, QUANTITY_OFFSET) << 8 | byteAt(request, QUANTITY_OFFSET + 1);
-    const int bytes =
-        function == MODBUS_FC_WRITE_MULTIPLE_COILS ? (quantity + 7) / 8 : quantity * 2;
-    return byteAt(request, BYTE_COUNT_OFFSET) == bytes;
 }
 
 // The gapless range around the number is all that libmodbus gets to see, so it
@@ -153,10 +136,6 @@ void RequestServer::execute(const QByteArray& request, ControllerMemory* memory)
 {
     if (!isServedFunction(byteAt(request, FUNCTION_OFFSET))) {
         modbus_reply_exception(m_modbus, dataOf(request), MODBUS_EXCEPTION_ILLEGAL_FUNCTION);
-        return;
-    }
-    if (!carriesAllValues(request)) {
-        modbus_reply_exception(m_modbus, dataOf(request), MODBUS_EXCEPTION_ILLEGAL_DATA_VALUE);
         return;
     }
     const int number = byteAt(request, ADDRESS_OFFSET) << 8 | byteAt(request, ADDRESS_OFFSET + 1);

@@ -36,6 +36,13 @@ void KxsimProcess::tell(const QString& command)
     m_process.waitForBytesWritten(PATIENCE_MILLISECONDS);
 }
 
+QString KxsimProcess::lastAnswer(const QString& command)
+{
+    m_process.write(command.toUtf8());
+    m_process.closeWriteChannel();
+    return readLine();
+}
+
 int KxsimProcess::exitCodeAfter(int signal)
 {
     ::kill(static_cast<pid_t>(m_process.processId()), signal);

@@ -19,7 +19,8 @@ public:
     QString ask(const QString& command);
     /// Sends a command that has no answer.
     void tell(const QString& command);
-    void closeStandardInput() { m_process.closeWriteChannel(); }
+    /// Sends a command without the end of its line, then closes standard input.
+    QString lastAnswer(const QString& command);
 
     /// Sends a signal; returns the exit code, or -1 when it crashed or goes on.
     int exitCodeAfter(int signal);

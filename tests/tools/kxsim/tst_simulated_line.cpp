@@ -7,6 +7,8 @@
 #include <QtCore/QFile>
 #include <QtTest/QtTest>
 
+#include <poll.h>
+
 using kxsim::SimulatedLine;
 using kxsim::Simulation;
 
@@ -50,9 +52,11 @@ private slots:
     void aPresetForAStationNotSimulatedIsRefused();
     void requestsToAnotherStationGetNoReply();
     void aHostMayCloseAndComeBack();
-    void aRequestInPiecesIsAnswered();
+    void aRequestInTwoPiecesIsAnswered();
     void aCutRequestIsForgottenAfterSilence();
     void aRequestRightAfterAnotherStationsReplyIsAnswered();
+    void aHostThatDoesNotReadHoldsNothingUp();
+    void aHostNeedNotSetUpTheTerminal();
     void twoLinesAreApart();
     void destructionEndsTheLine();
 };
@@ -134,15 +138,14 @@ void TestSimulatedLine::aHostMayCloseAndComeBack()
     }
 }
 
-void TestSimulatedLine::aRequestInPiecesIsAnswered()
+void TestSimulatedLine::aRequestInTwoPiecesIsAnswered()
 {
     const auto line = stillLine();
     ModbusMaster master(line->portName());
     const QByteArray request = withCrc(READ_D100);
-    for (const char byte : request) {
-        master.send(QByteArray(1, byte));
-        QTest::qSleep(3);
-    }
+    master.send(request.left(3));
+    QTest::qSleep(5);
+    master.send(request.mid(3));
     QCOMPARE(master.received(7), withCrc(D100_IS_1234));
 }
 
@@ -163,6 +166,30 @@ void TestSimulatedLine::aRequestRightAfterAnotherStationsReplyIsAnswered()
     ModbusMaster master(line->portName());
     master.send(withCrc("09 03 0064 0002") + withCrc("09 03 04 0102 0304") + withCrc(READ_D100));
     QCOMPARE(master.received(7), withCrc(D100_IS_1234));
+}
+
+void TestSimulatedLine::aHostThatDoesNotReadHoldsNothingUp()
+{
+    const auto line = stillLine();
+    ModbusMaster master(line->portName());
+    // 200 replies of 255 bytes are more than a terminal holds back.
+    for (int request = 0; request < 200; ++request)
+        master.send(withCrc("01 03 0000 007D"));
+    master.send(withCrc("01 06 0005 0009"));
+    QTRY_COMPARE(line->command(QStringLiteral("get D5")), QStringLiteral("D5=9"));
+}
+
+void TestSimulatedLine::aHostNeedNotSetUpTheTerminal()
+{
+    const auto line = stillLine();
+    line->command(QStringLiteral("set D10=0x0D0A"));
+    QFile host(line->portName());
+    QVERIFY(host.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    // Bytes that a terminal for people would echo, change or wait after.
+    QCOMPARE(host.write(withCrc("01 03 000A 0001")), qint64(8));
+    pollfd reply = {host.handle(), POLLIN, 0};
+    QCOMPARE(poll(&reply, 1, 1000), 1);
+    QCOMPARE(host.read(7), withCrc("01 03 02 0D0A"));
 }
 
 void TestSimulatedLine::twoLinesAreApart()
