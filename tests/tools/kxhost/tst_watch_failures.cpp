@@ -1,0 +1,110 @@
+#include "command_process.h"
+#include "watch_process.h"
+
+#include <QtTest/QtTest>
+
+#include <csignal>
+
+class WatchFailuresTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void silentStationFails();
+    void oneSilentStationOfTwoFails();
+    void refusedAddressFails();
+    void stationThatComesBackIsFine();
+    void lostLineFails();
+    void signalsEndItWithTheSummary_data();
+    void signalsEndItWithTheSummary();
+};
+
+void WatchFailuresTest::silentStationFails()
+{
+    const KxsimProcess simulator;
+    const CommandResult result =
+        runCommand(on(simulator, "watch D100:2@9 --timeout 30 --retries 2 --cycles 2"));
+    QCOMPARE(result.exitCode, 1);
+    // Told once, not in every cycle.
+    QCOMPARE(withoutTimes(result.output.mid(0, result.output.size() - 2)),
+             QStringList({QString::fromLatin1("9 D100 no answer"),
+                          QString::fromLatin1("9 D101 no answer")}));
+    QVERIFY(holds(result.output, "4 requests in 2 cycles: 0 accepted, 2 repeated, 2 failed"));
+}
+
+void WatchFailuresTest::oneSilentStationOfTwoFails()
+{
+    const KxsimProcess simulator(presets("D100=5"));
+    const CommandResult result =
+        runCommand(on(simulator, "watch D100 D100@9 --timeout 30 --retries 1 --cycles 1"));
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY(holds(result.output, " 1 D100 5"));
+    QVERIFY(holds(result.output, " 9 D100 no answer"));
+}
+
+void WatchFailuresTest::refusedAddressFails()
+{
+    // The driver joins both ranges of SM, between which the controller has no coils.
+    const KxsimProcess simulator;
+    const CommandResult result =
+        runCommand(on(simulator, "watch SM255:2 --retries 1 --cycles 1 --frames"));
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY(holds(result.output, "exception 2 illegal data address, failed"));
+    QVERIFY(holds(result.output, " 1 SM255 refused"));
+    QVERIFY(holds(result.output, "1 failed, 1 refused by the station"));
+}
+
+void WatchFailuresTest::stationThatComesBackIsFine()
+{
+    const KxsimProcess simulator(presets("D100=1234"));
+    Gateway gateway(simulator);
+    RunningWatch watch(QString::fromLatin1("watch D100 --timeout 50 --retries 1 --tcp %1")
+                           .arg(gateway.address())
+                           .split(QLatin1Char(' ')));
+    QVERIFY(watch.waitForOutput(" 1 D100 1234\n"));
+    gateway.isSilent = true;
+    QVERIFY(watch.waitForOutput(" 1 D100 no answer\n"));
+    gateway.isSilent = false;
+    QVERIFY(watch.waitForOutputEnd(" 1 D100 1234\n"));
+    watch.sendSignal(SIGINT);
+    QCOMPARE(watch.exitCode(), 0);
+}
+
+void WatchFailuresTest::lostLineFails()
+{
+    auto simulator = std::make_unique<KxsimProcess>(presets("D100=1234"));
+    const QString port = simulator->portName();
+    RunningWatch watch(on(*simulator, "watch D100"));
+    QVERIFY(watch.waitForOutput(" 1 D100 1234\n"));
+    simulator.reset();
+    QCOMPARE(watch.exitCode(), 1);
+    const QByteArray errors = watch.errors();
+    QVERIFY2(errors.startsWith("kxhost: " + port.toUtf8() + ": the port is lost: "),
+             errors.constData());
+    QCOMPARE(errors.count('\n'), 1);
+    QVERIFY(watch.output().contains("requests/s"));
+}
+
+void WatchFailuresTest::signalsEndItWithTheSummary_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("Ctrl-C") << SIGINT;
+    QTest::newRow("kill") << SIGTERM;
+    QTest::newRow("terminal closed") << SIGHUP;
+}
+
+void WatchFailuresTest::signalsEndItWithTheSummary()
+{
+    QFETCH(int, signal);
+    const KxsimProcess simulator(presets("D100=1234"));
+    RunningWatch watch(on(simulator, "watch D100"));
+    QVERIFY(watch.waitForOutput(" 1 D100 1234\n"));
+    watch.sendSignal(signal);
+    QCOMPARE(watch.exitCode(), 0);
+    QVERIFY2(watch.output().contains(" 0 repeated, 0 failed\n"), watch.output().constData());
+    QVERIFY(watch.output().contains("requests/s, line load "));
+    QCOMPARE(watch.errors(), QByteArray());
+}
+
+QTEST_GUILESS_MAIN(WatchFailuresTest)
+#include "tst_watch_failures.moc"
