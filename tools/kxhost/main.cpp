@@ -4,10 +4,25 @@
 
 #include <QtCore/QCoreApplication>
 
+namespace
+{
+
+bool isSwitch(const QString& argument)
+{
+    return argument == QLatin1String("--simulate") || argument == QLatin1String("--json")
+           || argument == QLatin1String("--frames");
+}
+
+} // namespace
+
 int main(int argc, char* argv[])
 {
     QCoreApplication application(argc, argv);
-    const QStringList arguments = application.arguments().mid(1);
+    QStringList arguments = application.arguments().mid(1);
+    // Options without a value may stand in front of the command: kxhost --simulate read D0.
+    QStringList leading;
+    while (arguments.size() > 1 && isSwitch(arguments.first()))
+        leading << arguments.takeFirst();
     if (arguments.isEmpty())
         return complain(QLatin1String("no command; kxhost --help lists them"), EXIT_WRONG_USAGE);
     const QString name = arguments.first();
@@ -20,5 +35,5 @@ int main(int argc, char* argv[])
         return complain(
             QString::fromLatin1("unknown command '%1'; kxhost --help lists them").arg(name),
             EXIT_WRONG_USAGE);
-    return command->run(arguments.mid(1));
+    return command->run(leading + arguments.mid(1));
 }

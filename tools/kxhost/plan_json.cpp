@@ -33,7 +33,7 @@ QJsonObject requestJson(const PlannedRequest& request, const QList<AddressRange>
                         const PlanTiming& timing)
 {
     const Coverage coverage = coverageOf(request, watched);
-    const CycleCost cost = exchangeCost(timing, request.bytesSent, request.bytesExpected);
+    const CycleCost cost = costOf(timing, 1, request.bytesSent, request.bytesExpected);
     return QJsonObject{{text("station"), request.station},
                        {text("first"), addressText(request.type, request.firstAddress())},
                        {text("last"), addressText(request.type, request.lastAddress())},

@@ -17,11 +17,15 @@ LengthResult resultOf(const Plan& plan, const QList<AddressRange>& watched,
 {
     LengthResult result;
     result.maxWords = plan.maxWords;
+    qint64 bytesSent = 0;
+    qint64 bytesExpected = 0;
     for (const PlannedRequest& request : plan.requests) {
         const Coverage coverage = coverageOf(request, watched);
         result.unread += request.isTooLong() ? coverage.askedCount : coverage.misreadCount;
-        result.cost += exchangeCost(timing, request.bytesSent, request.bytesExpected);
+        bytesSent += request.bytesSent;
+        bytesExpected += request.bytesExpected;
     }
+    result.cost = costOf(timing, static_cast<int>(plan.requests.size()), bytesSent, bytesExpected);
     return result;
 }
 

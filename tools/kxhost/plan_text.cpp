@@ -90,7 +90,7 @@ QStringList requestLines(const Plan& plan, const QList<AddressRange>& watched,
     for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
         const PlannedRequest& request = plan.requests[i];
         const Coverage coverage = coverageOf(request, watched);
-        const CycleCost cost = exchangeCost(timing, request.bytesSent, request.bytesExpected);
+        const CycleCost cost = costOf(timing, 1, request.bytesSent, request.bytesExpected);
         rows << QStringList{QString::number(i + 1),
                             QString::number(request.station),
                             addressesText(request),

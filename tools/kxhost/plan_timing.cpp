@@ -2,30 +2,19 @@
 
 #include <algorithm>
 
-CycleCost& CycleCost::operator+=(const CycleCost& other)
-{
-    requests += other.requests;
-    bytesSent += other.bytesSent;
-    bytesExpected += other.bytesExpected;
-    busy += other.busy;
-    duration += other.duration;
-    return *this;
-}
-
 double CycleCost::lineLoad() const
 {
     return duration > 0 ? static_cast<double>(busy) / static_cast<double>(duration) : 0.0;
 }
 
-CycleCost exchangeCost(const PlanTiming& timing, int bytesSent, int bytesExpected)
+CycleCost costOf(const PlanTiming& timing, int requests, qint64 bytesSent, qint64 bytesExpected)
 {
     const qint64 gap = timing.line.frameGap();
     CycleCost cost;
-    cost.requests = 1;
+    cost.requests = requests;
     cost.bytesSent = bytesSent;
     cost.bytesExpected = bytesExpected;
-    cost.busy =
-        timing.line.transmissionTime(bytesSent) + timing.line.transmissionTime(bytesExpected);
-    cost.duration = cost.busy + std::max(timing.turnaround, gap) + gap;
+    cost.busy = timing.line.transmissionTime(bytesSent + bytesExpected);
+    cost.duration = cost.busy + requests * (std::max(timing.turnaround, gap) + gap);
     return cost;
 }

@@ -20,13 +20,12 @@ struct CycleCost {
     qint64 busy = 0;     ///< microseconds in which characters occupy the line
     qint64 duration = 0; ///< microseconds
 
-    CycleCost& operator+=(const CycleCost& other);
     /// Share of the time, 0 to 1, in which characters occupy the line.
     double lineLoad() const;
 };
 
-/// The cost of one answered request: request, turnaround, reply and the frame gap
-/// before the next request may begin.
-CycleCost exchangeCost(const PlanTiming& timing, int bytesSent, int bytesExpected);
+/// The cost of requests that are all answered: the characters both ways, and for
+/// each request the turnaround and the frame gap before the next one may begin.
+CycleCost costOf(const PlanTiming& timing, int requests, qint64 bytesSent, qint64 bytesExpected);
 
 #endif

@@ -11,7 +11,7 @@ class TestPlanTiming : public QObject
 private slots:
     void oneExchangeTakes_data();
     void oneExchangeTakes();
-    void costsOfACycleAddUp();
+    void everyRequestOfACycleWaits();
     void theLineLoadIsTheShareOfBusyTime();
 };
 
@@ -22,19 +22,19 @@ void TestPlanTiming::oneExchangeTakes_data()
     QTest::addColumn<qint64>("turnaround");
     QTest::addColumn<qint64>("busy");
     QTest::addColumn<qint64>("duration");
-    // Request 80 bits = 8334 us, reply 250 bits = 26042 us, gap 35 bits = 3646 us.
+    // 33 characters are 330 bits = 34375 us, the gap is 35 bits = 3646 us.
     QTest::newRow("9600 baud, 8N1")
-        << 9600 << 0 << qint64(5000) << qint64(34376) << qint64(8334 + 5000 + 26042 + 3646);
+        << 9600 << 0 << qint64(5000) << qint64(34375) << qint64(34375 + 5000 + 3646);
     QTest::newRow("a station cannot answer before the frame gap")
-        << 9600 << 0 << qint64(0) << qint64(34376) << qint64(8334 + 3646 + 26042 + 3646);
+        << 9600 << 0 << qint64(0) << qint64(34375) << qint64(34375 + 3646 + 3646);
     QTest::newRow("a turnaround of just the gap")
-        << 9600 << 0 << qint64(3646) << qint64(34376) << qint64(8334 + 3646 + 26042 + 3646);
-    // 88 bits = 4584 us, 275 bits = 14323 us, gap 38.5 bits = 2006 us.
+        << 9600 << 0 << qint64(3646) << qint64(34375) << qint64(34375 + 3646 + 3646);
+    // 363 bits = 18907 us, the gap is 38.5 bits = 2006 us.
     QTest::newRow("19200 baud, 8E1")
-        << 19200 << 1 << qint64(5000) << qint64(18907) << qint64(4584 + 5000 + 14323 + 2006);
-    // 80 bits = 695 us, 250 bits = 2171 us; the gap is 1750 us above 19200 baud.
+        << 19200 << 1 << qint64(5000) << qint64(18907) << qint64(18907 + 5000 + 2006);
+    // 330 bits = 2865 us; the gap is 1750 us above 19200 baud.
     QTest::newRow("115200 baud, 8N1")
-        << 115200 << 0 << qint64(0) << qint64(2866) << qint64(695 + 1750 + 2171 + 1750);
+        << 115200 << 0 << qint64(0) << qint64(2865) << qint64(2865 + 1750 + 1750);
     QTest::newRow("a network") << 0 << 0 << qint64(5000) << qint64(0) << qint64(5000);
 }
 
@@ -47,7 +47,7 @@ void TestPlanTiming::oneExchangeTakes()
     timing.line.baud = baud;
     timing.line.parityBits = parityBits;
     timing.turnaround = turnaround;
-    const CycleCost cost = exchangeCost(timing, 8, 25);
+    const CycleCost cost = costOf(timing, 1, 8, 25);
     QTEST(cost.busy, "busy");
     QTEST(cost.duration, "duration");
     QCOMPARE(cost.requests, 1);
@@ -55,17 +55,15 @@ void TestPlanTiming::oneExchangeTakes()
     QCOMPARE(cost.bytesExpected, qint64(25));
 }
 
-void TestPlanTiming::costsOfACycleAddUp()
+void TestPlanTiming::everyRequestOfACycleWaits()
 {
-    const PlanTiming timing;
-    CycleCost cycle;
-    cycle += exchangeCost(timing, 8, 25);
-    cycle += exchangeCost(timing, 8, 6); // reply 60 bits = 6250 us
+    // 47 characters are 470 bits = 48959 us.
+    const CycleCost cycle = costOf(PlanTiming(), 2, 16, 31);
     QCOMPARE(cycle.requests, 2);
     QCOMPARE(cycle.bytesSent, qint64(16));
     QCOMPARE(cycle.bytesExpected, qint64(31));
-    QCOMPARE(cycle.busy, qint64(8334 + 26042 + 8334 + 6250));
-    QCOMPARE(cycle.duration, qint64(8334 + 26042 + 8334 + 6250 + 2 * (5000 + 3646)));
+    QCOMPARE(cycle.busy, qint64(48959));
+    QCOMPARE(cycle.duration, qint64(48959 + 2 * (5000 + 3646)));
 }
 
 void TestPlanTiming::theLineLoadIsTheShareOfBusyTime()

@@ -1,0 +1,126 @@
+// Tags files as arguments of plan, read and watch, with simulated controllers inside.
+
+#include "command_process.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QtTest>
+
+class TestTagsCommands : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void everyCommandTakesAFile_data();
+    void everyCommandTakesAFile();
+    void tagsWithoutStationGetTheOneOfTheOption();
+    void aFaultNamesFileAndLine_data();
+    void aFaultNamesFileAndLine();
+    void switchesMayStandInFrontOfTheCommand();
+
+private:
+    QString write(const char* name, const QByteArray& text);
+
+    QTemporaryDir m_folder;
+    QString m_good;
+    QString m_wrong;
+};
+
+QString TestTagsCommands::write(const char* name, const QByteArray& text)
+{
+    QFile file(m_folder.filePath(QLatin1String(name)));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        qFatal("cannot write %s", name);
+    return file.fileName();
+}
+
+void TestTagsCommands::initTestCase()
+{
+    const QByteArray header = "name,station,address,count,comment\n";
+    m_good = write("good.csv", header + "Spare,,Z15,,\nEnd,2,SD511,,\n");
+    m_wrong = write("wrong.csv", header + "Lamp,,X8,,\n");
+}
+
+void TestTagsCommands::everyCommandTakesAFile_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    const QString first = QLatin1String("1 Z15 ");
+    const QString second = QLatin1String("2 SD511 ");
+    QTest::newRow("read FILE") << QStringList{"read", "--simulate", m_good} << first << second;
+    QTest::newRow("read --tags") << QStringList{"read", "--simulate", "--tags", m_good} << first
+                                 << second;
+    QTest::newRow("watch FILE") << QStringList{"watch", "--simulate", "--cycles", "1", m_good}
+                                << first << second;
+    QTest::newRow("watch --tags") << QStringList{"watch", "--simulate", "--cycles",
+                                                 "1",     "--tags",     m_good}
+                                  << first << second;
+    QTest::newRow("plan FILE") << QStringList{"plan", m_good} << QString::fromLatin1("1  Z15  ")
+                               << QString::fromLatin1("2  SD511  ");
+    QTest::newRow("plan --tags") << QStringList{"plan", "--tags", m_good}
+                                 << QString::fromLatin1("1  Z15  ")
+                                 << QString::fromLatin1("2  SD511  ");
+}
+
+void TestTagsCommands::everyCommandTakesAFile()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, first);
+    QFETCH(QString, second);
+    const CommandResult result = runCommand(arguments);
+    const QString output = result.output.join(QLatin1Char('\n'));
+    QVERIFY2(output.contains(first), qPrintable(output));
+    QVERIFY2(output.contains(second), qPrintable(output));
+    QCOMPARE(result.errors, QStringList());
+    QCOMPARE(result.exitCode, 0);
+}
+
+void TestTagsCommands::tagsWithoutStationGetTheOneOfTheOption()
+{
+    const CommandResult result = runCommand({"read", "--simulate", "--station", "7", m_good});
+    QCOMPARE(static_cast<int>(result.output.size()), 2);
+    QVERIFY2(result.output.at(0).startsWith(QLatin1String("7 Z15 ")),
+             qPrintable(result.output.at(0)));
+    QVERIFY2(result.output.at(1).startsWith(QLatin1String("2 SD511 ")),
+             qPrintable(result.output.at(1)));
+}
+
+void TestTagsCommands::aFaultNamesFileAndLine_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("read") << QStringList{"read", "--simulate"};
+    QTest::newRow("watch") << QStringList{"watch", "--simulate"};
+    QTest::newRow("plan") << QStringList{"plan"};
+}
+
+void TestTagsCommands::aFaultNamesFileAndLine()
+{
+    QFETCH(QStringList, arguments);
+    const QString fault =
+        QString::fromLatin1("kxhost: %1:2: X8: '8' is not an octal number; the addresses are X0 "
+                            "to X377 (octal)")
+            .arg(m_wrong);
+    for (const QStringList& words : {QStringList{m_wrong}, QStringList{"--tags", m_wrong}}) {
+        const CommandResult result = runCommand(arguments + words);
+        QCOMPARE(result.errors, QStringList{fault});
+        QCOMPARE(result.output, QStringList());
+        QCOMPARE(result.exitCode, 2);
+    }
+}
+
+void TestTagsCommands::switchesMayStandInFrontOfTheCommand()
+{
+    const CommandResult result = runCommand({"--simulate", "--json", "read", "Z15"});
+    QCOMPARE(static_cast<int>(result.output.size()), 1);
+    QVERIFY2(result.output.first().startsWith(QLatin1String("{\"address\":\"Z15\"")),
+             qPrintable(result.output.first()));
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(runCommand("--simulate check X377").exitCode, 0);
+    QCOMPARE(runCommand("--simulate").exitCode, 2);
+    QCOMPARE(runCommand("--simulate --help").exitCode, 0);
+}
+
+QTEST_GUILESS_MAIN(TestTagsCommands)
+#include "tst_tags_commands.moc"
