@@ -142,10 +142,13 @@ void DataAreaIndexTest::noticesAListChangedOutside_data()
     lastGone.removeLast();
     QList<_DATA_> otherOrder = words(20);
     otherOrder.swapItemsAt(0, 19);
+    QList<_DATA_> otherStart = words(20);
+    otherStart.swapItemsAt(0, 1);
     QTest::newRow("cleared") << QList<_DATA_>();
     QTest::newRow("the first record gone") << firstGone;
     QTest::newRow("the last record gone") << lastGone;
-    QTest::newRow("another order") << otherOrder;
+    QTest::newRow("the first and the last exchanged") << otherOrder;
+    QTest::newRow("the first two exchanged") << otherStart;
     QTest::newRow("other records, as many") << QList<_DATA_>(words(40).mid(20));
     QTest::newRow("other records, more") << QList<_DATA_>(words(80).mid(20));
 }
