@@ -123,8 +123,9 @@ void TestReadCommand::badInputSendsNothing_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("error");
 
-    QTest::newRow("nothing") << QStringList{}
-                             << "kxhost: nothing to read; name addresses such as D100:4";
+    QTest::newRow("nothing")
+        << QStringList{}
+        << "kxhost: nothing to read; name addresses such as D100:4, or a tags file";
     QTest::newRow("one bad address among good ones")
         << QStringList{"D1", "X8"}
         << "kxhost: X8: '8' is not an octal number; the addresses are X0 to X377 (octal)";
