@@ -1,0 +1,124 @@
+// The completion of kxhost in bash.
+
+#include "command_process.h"
+
+#include <QtCore/QProcess>
+#include <QtTest/QtTest>
+
+class TestCompletion : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theScriptIsGoodBash();
+    void everyCommandIsOffered();
+    void whatIsOffered_data();
+    void whatIsOffered();
+    void filesAreOffered();
+    void everyOptionOfEveryCommandIsOffered();
+};
+
+namespace
+{
+
+struct ShellResult {
+    int exitCode;
+    QStringList lines;
+    QByteArray errors;
+};
+
+ShellResult runBash(const QStringList& arguments)
+{
+    QProcess bash;
+    bash.start(QLatin1String("bash"), arguments);
+    bash.waitForFinished();
+    const QString output = QString::fromUtf8(bash.readAllStandardOutput());
+    return {bash.exitCode(),
+            output.split(QLatin1Char('\n')).filter(QRegularExpression(QLatin1String("."))),
+            bash.readAllStandardError()};
+}
+
+/// What is offered for the last of the words behind the program's name.
+QStringList completed(const QString& words)
+{
+    const QString script =
+        QString::fromLatin1("source '%1'; COMP_WORDS=('%2' %3); "
+                            "COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _kxhost; "
+                            "printf '%s\\n' \"${COMPREPLY[@]}\"")
+            .arg(QLatin1String(KX_COMPLETION_FILE), QLatin1String(KX_HOST_PROGRAM), words);
+    QStringList offered = runBash({QLatin1String("-c"), script}).lines;
+    offered.sort();
+    return offered;
+}
+
+} // namespace
+
+void TestCompletion::theScriptIsGoodBash()
+{
+    const ShellResult result =
+        runBash({QLatin1String("-n"), QString::fromLatin1(KX_COMPLETION_FILE)});
+    QCOMPARE(result.errors, QByteArray());
+    QCOMPARE(result.exitCode, 0);
+    const ShellResult completion =
+        runBash({QLatin1String("-c"), QString::fromLatin1("source '%1' && complete -p kxhost")
+                                          .arg(QLatin1String(KX_COMPLETION_FILE))});
+    QCOMPARE(completion.lines, QStringList{"complete -F _kxhost kxhost"});
+}
+
+void TestCompletion::everyCommandIsOffered()
+{
+    QCOMPARE(completed(QLatin1String("''")),
+             (QStringList{"--help", "--simulate", "check", "plan", "read", "recipe", "registers",
+                          "scan", "series", "watch", "write"}));
+}
+
+void TestCompletion::whatIsOffered_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QStringList>("offered");
+    QTest::newRow("commands by their beginning")
+        << "re" << QStringList{"read", "recipe", "registers"};
+    QTest::newRow("a command behind a switch") << "--simulate sc" << QStringList{"scan"};
+    QTest::newRow("options by their beginning") << "watch D100 --ti" << QStringList{"--timeout"};
+    QTest::newRow("options of this command only") << "series --st" << QStringList{"--step"};
+    QTest::newRow("parities") << "plan --parity ''" << QStringList{"even", "none", "odd"};
+    QTest::newRow("baud rates") << "watch -b 1" << QStringList{"115200", "1200", "19200"};
+    QTest::newRow("kinds") << "check D1 --as ''" << QStringList{"bit", "word"};
+    QTest::newRow("directions of a recipe") << "recipe ''" << QStringList{"download", "upload"};
+    QTest::newRow("register types") << "registers S" << QStringList{"S", "SD", "SM"};
+}
+
+void TestCompletion::whatIsOffered()
+{
+    QFETCH(QString, words);
+    QTEST(completed(words), "offered");
+}
+
+void TestCompletion::filesAreOffered()
+{
+    const QString file = QString::fromLatin1(KX_COMPLETION_FILE);
+    const QString beginning = file.left(file.size() - 2);
+    QCOMPARE(completed(QLatin1String("plan ") + beginning), QStringList{file});
+    QCOMPARE(completed(QLatin1String("watch --tags ") + beginning), QStringList{file});
+    QCOMPARE(completed(QLatin1String("scan --port /dev/nul")), QStringList{"/dev/null"});
+}
+
+void TestCompletion::everyOptionOfEveryCommandIsOffered()
+{
+    QStringList names = completed(QLatin1String("''"));
+    names.removeAll(QLatin1String("--help"));
+    names.removeAll(QLatin1String("--simulate"));
+    for (const QString& name : names) {
+        const QStringList offered = completed(name + QLatin1String(" --"));
+        for (const QString& line : runCommand({name, QLatin1String("--help")}).output) {
+            const QRegularExpressionMatch option =
+                QRegularExpression(QLatin1String("^  (?:-[a-z], )?(--[a-z-]+)")).match(line);
+            QVERIFY2(!option.hasMatch() || offered.contains(option.captured(1)),
+                     qPrintable(name + QLatin1String(": ") + line));
+        }
+        QVERIFY2(offered.contains(QLatin1String("--help")), qPrintable(name));
+    }
+}
+
+QTEST_GUILESS_MAIN(TestCompletion)
+#include "tst_completion.moc"

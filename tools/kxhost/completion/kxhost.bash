@@ -1,0 +1,71 @@
+# Completion of kxhost for bash. Source it, or install it as
+# /usr/share/bash-completion/completions/kxhost.
+
+# Commands and options come from the help of the program, so they are never out of date.
+_kxhost_commands()
+{
+    "${COMP_WORDS[0]}" --help 2>/dev/null | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p'
+}
+
+_kxhost_options()
+{
+    "${COMP_WORDS[0]}" "$1" --help 2>/dev/null | sed -n '/^Options:/,/^$/p' \
+        | grep -o -e '--[a-z][a-z-]*' | sort -u
+}
+
+# The first word that is no option: only switches stand in front of the command.
+_kxhost_command()
+{
+    local word
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        if [[ $word != -* ]]; then
+            printf '%s\n' "$word"
+            return
+        fi
+    done
+}
+
+# The values of an option, or nothing when they are for the user to choose.
+_kxhost_values()
+{
+    case $1 in
+        --baud | -b) echo "1200 2400 4800 9600 19200 38400 57600 115200" ;;
+        --parity) echo "none even odd" ;;
+        --data-bits) echo "7 8" ;;
+        --stop-bits) echo "1 2" ;;
+        --as) echo "bit word" ;;
+    esac
+}
+
+_kxhost_words()
+{
+    local command=$1 previous=$2 current=$3 values
+    values=$(_kxhost_values "$previous")
+    if [[ -z $command ]]; then
+        echo "$(_kxhost_commands) --help --simulate"
+    elif [[ -n $values ]]; then
+        echo "$values"
+    elif [[ $current == -* ]]; then
+        _kxhost_options "$command"
+    elif [[ $command == recipe && $previous == recipe ]]; then
+        echo "download upload"
+    elif [[ $command == registers ]]; then
+        echo "X Y M SM S T C D SD CV 32CV TV Z"
+    fi
+}
+
+_kxhost()
+{
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} words
+    words=$(_kxhost_words "$(_kxhost_command)" "$previous" "$current")
+    if [[ -n $words ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+    elif [[ $previous == --port || $previous == -p ]]; then
+        mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}")
+    else
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+    fi
+}
+
+complete -F _kxhost kxhost
