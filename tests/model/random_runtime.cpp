@@ -51,7 +51,7 @@ RandomRuntime::RandomRuntime(quint64 seed)
     };
 }
 
-void RandomRuntime::step()
+RandomRuntime::Call RandomRuntime::drawCall()
 {
     static const Share SHARES[] = {
         {2, &RandomRuntime::initialise},
@@ -98,8 +98,14 @@ void RandomRuntime::step()
         drawn -= chosen->weight;
         ++chosen;
     }
+    return chosen->call;
+}
+
+void RandomRuntime::step()
+{
+    const Call call = drawCall();
     beginCalls();
-    (this->*chosen->call)();
+    (this->*call)();
     if (m_random.below(4000) == 0)
         floodQueue();
     compareReports();

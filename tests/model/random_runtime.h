@@ -32,6 +32,9 @@ private:
         Call call;
     };
 
+    /// A call, drawn by weight.
+    Call drawCall();
+
     // Entry points: random_exchange.cpp, random_catalogue.cpp, random_planning.cpp.
     void initialise();
     void poll();
