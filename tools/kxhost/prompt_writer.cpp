@@ -19,7 +19,7 @@ void PromptWriter::take(const QString& line)
     }
     if (assignment.range.station < 0)
         assignment.range.station = m_station;
-    m_line = line;
+    m_hasFailed = false;
     emit message(line + QLatin1String(": writing"));
     const int most = addressesPerWrite(assignment.range.type, m_session->settings().maxWords);
     for (const Assignment& piece : writePieces(assignment, most))
@@ -41,8 +41,14 @@ void PromptWriter::takeExchange(const ExchangeRecord& record)
 {
     if (record.job.kind != WRITE_JOB || record.result == REPLY_RETRY)
         return;
-    const bool isConfirmed = record.result == REPLY_ACCEPTED;
-    emit message(m_line
-                 + (isConfirmed ? QLatin1String(": confirmed")
-                                : QLatin1String(": not written, ") + outcomeText(record)));
+    // A failed piece is what the user must know of a long assignment.
+    if (record.result == REPLY_ACCEPTED && m_hasFailed)
+        return;
+    m_hasFailed = record.result != REPLY_ACCEPTED;
+    const QString address = addressText(findRegisterType(record.job.regType), record.job.address);
+    emit message(QString::fromLatin1("%1 at station %2: %3")
+                     .arg(address)
+                     .arg(record.job.station)
+                     .arg(m_hasFailed ? QLatin1String("not written, ") + outcomeText(record)
+                                      : QLatin1String("confirmed")));
 }

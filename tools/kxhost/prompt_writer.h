@@ -24,7 +24,7 @@ private:
 
     DriverSession* m_session;
     int m_station;
-    QString m_line;
+    bool m_hasFailed = false; ///< a piece of the last assignment has
 };
 
 #endif

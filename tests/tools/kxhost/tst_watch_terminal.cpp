@@ -63,7 +63,7 @@ void WatchTerminalTest::typedAssignmentIsWritten()
     terminal.type("D100=");
     QVERIFY(terminal.waitFor("write> D100=_"));
     terminal.type("77\r");
-    QVERIFY(terminal.waitFor("D100=77: confirmed"));
+    QVERIFY(terminal.waitFor("D100 at station 1: confirmed"));
     QCOMPARE(simulator.ask(QString::fromLatin1("get D100")), QString::fromLatin1("D100=77"));
     QVERIFY(terminal.waitFor("          77      0x004D"));
 }
@@ -77,7 +77,8 @@ void WatchTerminalTest::typedAssignments_data()
                                   << QByteArray("D100=65536: 65536 does not fit");
     QTest::newRow("an input") << QByteArray("X0=1\r") << QByteArray("X cannot be written");
     QTest::newRow("silent station")
-        << QByteArray("D100@9=5\r") << QByteArray("D100@9=5: not written, no reply, failed");
+        << QByteArray("D100@9=5\r")
+        << QByteArray("D100 at station 9: not written, no reply, failed");
 }
 
 void WatchTerminalTest::typedAssignments()
