@@ -31,6 +31,7 @@ private slots:
     void lineThatDiesLeavesTheFileAndTheNextCommandWorks_data();
     void lineThatDiesLeavesTheFileAndTheNextCommandWorks();
     void interruptLeavesTheFile();
+    void missingFileIsNamed();
 };
 
 void TestRecipeFailures::failedDownloadNamesTheBlocksSent()
@@ -120,6 +121,16 @@ void TestRecipeFailures::interruptLeavesTheFile()
     const QByteArray error = host.readAllStandardError();
     QVERIFY2(error.contains("interrupted; the file is unchanged"), error.constData());
     QCOMPARE(fixture.stored(), longRecipe());
+}
+
+void TestRecipeFailures::missingFileIsNamed()
+{
+    const RecipeFixture fixture;
+    const CommandResult result = fixture.run("upload", QStringLiteral("/dev/null"));
+    QCOMPARE(result.errors,
+             (QStringList{"kxhost: " + fixture.path() + ": No such file or directory"}));
+    QCOMPARE(result.exitCode, 2);
+    QCOMPARE(fixture.files(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(TestRecipeFailures)

@@ -1,4 +1,5 @@
 #include "kxhost/recipe_layout.h"
+#include "recipe_rows.h"
 #include "support/driver_fixture.h"
 
 #include <QtTest/QtTest>
@@ -7,16 +8,6 @@ namespace
 {
 
 const int LINK = 1; // of DriverFixture
-
-QList<RecipeRow> rowsOf(const QString& rows)
-{
-    RecipeFile file;
-    QString error;
-    const QByteArray text = "name,station,register,address,type,value\n" + rows.toLatin1();
-    if (!RecipeFile::parse(text, 1, &file, &error))
-        qFatal("%s", qPrintable(error));
-    return file.rows();
-}
 
 QString textOf(const QVector<_RCP_VAR_PRO>& variables)
 {
@@ -43,10 +34,6 @@ private slots:
     void bufferHoldsTheValues();
     void uploadedValuesAreFoundInTheBuffer();
     void equalRowsShareOneRegister();
-    void badRecipesAreRefused_data();
-    void badRecipesAreRefused();
-    void downloadNeedsOutputsWithValues_data();
-    void downloadNeedsOutputsWithValues();
 };
 
 /// Variables as station.TYPE address:count=buffer offset; passes parted by "|".
@@ -185,58 +172,6 @@ void TestRecipeLayout::equalRowsShareOneRegister()
     QVERIFY(layOutRecipe(rows, 32, &layout, &error));
     QCOMPARE(layout.buffer, std::vector<unsigned short>{10});
     QCOMPARE(layout.offsets, (QList<int>{0, 0, 0}));
-}
-
-void TestRecipeLayout::badRecipesAreRefused_data()
-{
-    QTest::addColumn<QString>("rows");
-    QTest::addColumn<int>("maxWords");
-    QTest::addColumn<QString>("error");
-
-    QTest::newRow("one register, two values")
-        << "Speed,1,D,100,uint16,5\nother,1,D,101,uint16,5\n,1,D,100,uint16,6" << 32
-        << "line 2 (Speed) and line 4 give D100@1 different values: 5 and 6";
-    QTest::newRow("32 bits over a register")
-        << "a,2,D,101,uint16,5\nb,2,D,100,uint32,65536" << 32
-        << "line 2 (a) and line 3 (b) give D101@2 different values: 5 and 1";
-    QTest::newRow("one coil, two values") << "a,1,Y,17,bit,0\nb,1,Y,17,bit,1" << 32
-                                          << "line 2 (a) and line 3 (b) give Y17@1 different "
-                                             "values: 0 and 1";
-    QTest::newRow("32CV in a request of one register")
-        << "a,1,32CV,200,uint32,5" << 1
-        << "line 2 (a): 32CV200 takes 2 registers; the longest request has 1";
-}
-
-void TestRecipeLayout::badRecipesAreRefused()
-{
-    QFETCH(QString, rows);
-    QFETCH(int, maxWords);
-    RecipeLayout layout;
-    QString error;
-    QVERIFY(!layOutRecipe(rowsOf(rows), maxWords, &layout, &error));
-    QTEST(error, "error");
-}
-
-void TestRecipeLayout::downloadNeedsOutputsWithValues_data()
-{
-    QTest::addColumn<QString>("rows");
-    QTest::addColumn<QString>("error");
-
-    QTest::newRow("good") << "a,1,Y,17,bit,0" << QString();
-    QTest::newRow("no value") << "a,1,D,1,uint16,1\nb,1,D,2,uint16,"
-                              << "line 3 (b): no value for D2";
-    QTest::newRow("input") << "a,1,X,17,bit,0"
-                           << "line 2 (a): X17 is an input and cannot be "
-                              "written";
-}
-
-void TestRecipeLayout::downloadNeedsOutputsWithValues()
-{
-    QFETCH(QString, rows);
-    QFETCH(QString, error);
-    QString found;
-    QCOMPARE(canBeDownloaded(rowsOf(rows), &found), error.isEmpty());
-    QCOMPARE(found, error);
 }
 
 QTEST_GUILESS_MAIN(TestRecipeLayout)
