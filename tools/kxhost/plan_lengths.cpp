@@ -21,7 +21,9 @@ LengthResult resultOf(const Plan& plan, const QList<AddressRange>& watched,
     qint64 bytesExpected = 0;
     for (const PlannedRequest& request : plan.requests) {
         const Coverage coverage = coverageOf(request, watched);
-        result.unread += request.isTooLong() ? coverage.askedCount : coverage.misreadCount;
+        // A controller refuses such a request whole, or answers part of it wrongly.
+        if (request.isTooLong() || coverage.misreadCount > 0)
+            result.unread += coverage.askedCount;
         bytesSent += request.bytesSent;
         bytesExpected += request.bytesExpected;
     }

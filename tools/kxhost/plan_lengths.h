@@ -16,8 +16,8 @@ struct Plan {
 struct LengthResult {
     int maxWords = 0;
     CycleCost cost;
-    /// Bits and registers that are asked for but not read: the request is longer
-    /// than Modbus allows, or runs past the split of its type.
+    /// Bits and registers that are asked for in requests that a controller refuses:
+    /// longer than Modbus allows, or past the split of their type.
     int unread = 0;
 };
 

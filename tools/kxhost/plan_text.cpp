@@ -62,7 +62,8 @@ QString splitWarning(const PlannedRequest& request, const Coverage& coverage)
 {
     const RegisterType* const type = request.type;
     return text("runs past the split of %1: %2 asked for from %3 on lie in the second Modbus "
-                "range, from %4 on, and are not read; a lower limit keeps the ranges apart")
+                "range, from %4 on, so the controller refuses the request or answers with "
+                "others; a lower limit keeps the ranges apart")
         .arg(text(type->name), QString::number(coverage.misreadCount),
              addressText(type, type->split), QString::number(modbusNumber(type, type->split)));
 }

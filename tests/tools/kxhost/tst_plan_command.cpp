@@ -62,10 +62,10 @@ void TestPlanCommand::whatASplitLeavesUnread()
     const CommandResult result = runCommand("plan SM250:2 SM256:2");
     QVERIFY2(result.output.contains(QLatin1String(
                  "Warning: request 1 runs past the split of SM: 2 asked for from SM256 on lie in "
-                 "the second Modbus range, from 30000 on, and are not read; a lower limit keeps "
-                 "the ranges apart")),
+                 "the second Modbus range, from 30000 on, so the controller refuses the request or "
+                 "answers with others; a lower limit keeps the ranges apart")),
              qPrintable(result.output.join(QLatin1Char('\n'))));
-    // Two requests of 8 + 6 characters against one: the shorter cycle reads too little.
+    // Two requests of 8 + 6 characters against one that would be refused.
     QVERIFY2(result.output.contains(
                  QLatin1String("    2         2   16  12  46.5 ms  63 %       0  <- best")),
              qPrintable(result.output.join(QLatin1Char('\n'))));

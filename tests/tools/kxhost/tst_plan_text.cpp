@@ -61,8 +61,8 @@ void TestPlanText::whatIsWrongIsSaid()
     QCOMPARE(warningLines(planOf({request("D", 0, 4)}), watched("D0:4")), QStringList());
     QCOMPARE(warningLines(planOf({request("SM", 250, 12)}), watched("SM254:8")),
              (QStringList{"request 1 runs past the split of SM: 6 asked for from SM256 on lie in "
-                          "the second Modbus range, from 30000 on, and are not read; a lower "
-                          "limit keeps the ranges apart"}));
+                          "the second Modbus range, from 30000 on, so the controller refuses the "
+                          "request or answers with others; a lower limit keeps the ranges apart"}));
     QCOMPARE(warningLines(planOf({request("D", 0, 126), request("M", 0, 2001)}), watched("D0")),
              (QStringList{"request 1 asks for 126 registers, but Modbus allows 125; the "
                           "controller will refuse it",
