@@ -1,0 +1,119 @@
+#include "tools/exchange/exchange_loop_fixture.h"
+
+class ExchangeTimingTest : public ExchangeLoopFixture
+{
+    Q_OBJECT
+
+private slots:
+    void timeOutCountsFromTheEndOfTheTransmission();
+    void silenceIsKeptAfterAReply();
+    void silenceStartsAgainWithStrayBytes();
+    void lineThatNeverFallsSilentIsUsedAtLast();
+    void broadcastWaitsTheTurnaroundOnly();
+    void nothingToSendIsAskedAgainAfterTheIdleInterval();
+    void wakeAsksAtOnce();
+    void lateReplyIsThrownAwayBeforeTheNextRequest();
+};
+
+void ExchangeTimingTest::timeOutCountsFromTheEndOfTheTransmission()
+{
+    m_line->characters.baud = 1200; // 8 characters of 10 bits take 67 ms
+    m_settings.replyTimeout = 40;
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    start();
+    QVERIFY(waitForRecords(1));
+    QVERIFY(m_line->now() - m_line->writtenAt.first() >= 106);
+}
+
+void ExchangeTimingTest::silenceIsKeptAfterAReply()
+{
+    m_line->characters.baud = 1200; // 3.5 characters of 10 bits: 29.2 ms
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_line->answer({{160, withCrc(GOOD)}}); // 67 ms request, 75 ms reply
+    start();
+    QVERIFY(QTest::qWaitFor([&] { return m_line->written.size() == 2; }, 5000));
+    QVERIFY(m_line->writtenAt.at(1) - m_line->writtenAt.at(0) >= 160 + 29);
+}
+
+void ExchangeTimingTest::silenceStartsAgainWithStrayBytes()
+{
+    m_line->characters.baud = 1200;
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_line->answer({{160, withCrc(GOOD)}, {180, QByteArray("\x55")}});
+    start();
+    QVERIFY(QTest::qWaitFor([&] { return m_line->written.size() == 2; }, 5000));
+    QVERIFY(m_line->writtenAt.at(1) - m_line->writtenAt.at(0) >= 180 + 29);
+}
+
+void ExchangeTimingTest::lineThatNeverFallsSilentIsUsedAtLast()
+{
+    m_line->characters.baud = 1200;
+    m_settings.replyTimeout = 100;
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    QTimer noise;
+    connect(&noise, &QTimer::timeout, m_line.get(),
+            [this] { emit m_line->bytesArrived(QByteArray("\x55")); });
+    noise.start(5);
+    start();
+    QVERIFY(QTest::qWaitFor([&] { return m_line->written.size() == 1; }, 5000));
+    QVERIFY(m_line->writtenAt.first() >= 100);
+}
+
+void ExchangeTimingTest::broadcastWaitsTheTurnaroundOnly()
+{
+    m_settings.turnaround = 40;
+    m_driver->results = {2};
+    // Station 0, function 6, address 100, value 5.
+    m_driver->request(withCrc("00 06 00 64 00 05"), 8);
+    start();
+    QVERIFY(waitForRecords(1));
+    QCOMPARE(m_records.first().replyKind, ReplyKind::Broadcast);
+    QCOMPARE(m_driver->replies, QList<QByteArray>({QByteArray()}));
+    QVERIFY(m_loop->elapsed() >= 40);
+    QVERIFY(m_loop->elapsed() < 1500);
+}
+
+void ExchangeTimingTest::nothingToSendIsAskedAgainAfterTheIdleInterval()
+{
+    m_settings.idleInterval = 10;
+    start();
+    QVERIFY(QTest::qWaitFor([&] { return m_driver->polls >= 4; }, 5000));
+    // Three intervals, less what timers may be early.
+    QVERIFY(m_loop->elapsed() >= 27);
+}
+
+void ExchangeTimingTest::wakeAsksAtOnce()
+{
+    m_settings.idleInterval = 5000;
+    start();
+    QTRY_COMPARE(m_driver->polls, 1);
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_loop->wake();
+    QTRY_COMPARE_WITH_TIMEOUT(m_line->written.size(), 1, 1000);
+}
+
+void ExchangeTimingTest::lateReplyIsThrownAwayBeforeTheNextRequest()
+{
+    m_line->characters.baud = 1200; // a gap of 30 ms
+    m_settings.replyTimeout = 20;
+    m_driver->results = {2, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    // The time-out ends after 67 + 20 ms, the next request follows at once.
+    m_line->answer({});
+    m_line->answer({{1, withCrc(GOOD)}});
+    start();
+    connect(m_loop.get(), &ExchangeLoop::exchanged, this, [this] {
+        if (m_records.size() == 1)
+            emit m_line->bytesArrived(withCrc("01 03 04 FF FF FF FF"));
+    });
+    QVERIFY(waitForRecords(2));
+    QCOMPARE(m_driver->replies, QList<QByteArray>({QByteArray(), withCrc(GOOD)}));
+    QCOMPARE(m_records.at(1).reply, withCrc(GOOD));
+    QCOMPARE(m_loop->statistics().bytesReceived, qint64(18));
+}
+
+QTEST_GUILESS_MAIN(ExchangeTimingTest)
+#include "tst_exchange_timing.moc"
