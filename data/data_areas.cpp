@@ -3,15 +3,8 @@
 namespace
 {
 
-int searchList(const QList<_DATA_>& list, int station, const QString& regType, int address)
-{
-    for (int i = 0; i < list.size(); ++i) {
-        const _DATA_& area = list.at(i);
-        if (area.station == station && area.address == address && area.regType == regType)
-            return i;
-    }
-    return -1;
-}
+// Records; searching so few is exact whatever was done to the list from outside.
+const int SHORT_LIST = 256;
 
 } // namespace
 
@@ -27,9 +20,9 @@ int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int
 
 int getIndexOfDataArea(int station, QString regType, int address, QList<_DATA_>& list)
 {
-    const int found = &list == &driver.dataAreas
-                          ? driver.dataAreaIndex->find(list, station, regType, address)
-                          : searchList(list, station, regType, address);
+    const bool isIndexed = &list == &driver.dataAreas && list.size() > SHORT_LIST;
+    const int found = isIndexed ? driver.dataAreaIndex->find(list, station, regType, address)
+                                : DataAreaIndex::findInList(list, station, regType, address);
     return found >= 0 ? found : appendDataArea(list, station, regType, address);
 }
 

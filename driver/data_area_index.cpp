@@ -5,6 +5,10 @@ namespace
 
 const size_t FIRST_SIZE = 64;
 const int EMPTY = -1;
+// Lists up to this size are compared whole, longer ones at every eighth of these
+// first records, at powers of two and at the end.
+const int EXACT_SIZE = 64;
+const size_t STRIDE = 8;
 
 quint32 mixed(quint32 hash, quint32 value)
 {
@@ -24,11 +28,9 @@ quint32 hashOf(int station, const QString& regType, int address)
     return mixed(mixed(letters, static_cast<quint32>(station)), static_cast<quint32>(address));
 }
 
-// The first eight records, then those at powers of 16.
 bool isSampled(int record)
 {
-    return record < 8 || record == 1 << 4 || record == 1 << 8 || record == 1 << 12
-           || record == 1 << 16 || record == 1 << 20;
+    return record < EXACT_SIZE || (record & (record - 1)) == 0;
 }
 
 } // namespace
@@ -67,7 +69,8 @@ bool DataAreaIndex::isUnchanged(const QList<_DATA_>& list) const
         return false;
     if (m_known == 0)
         return true;
-    for (size_t i = 0; i < m_samples.size(); ++i) {
+    const size_t stride = m_known <= EXACT_SIZE ? 1 : STRIDE;
+    for (size_t i = 0; i < m_samples.size(); i += i < EXACT_SIZE ? stride : 1) {
         const Sample& sample = m_samples[i];
         if (!matches(list.at(sample.record), sample.station, sample.regType, sample.address))
             return false;
@@ -134,6 +137,16 @@ int DataAreaIndex::findInTable(const QList<_DATA_>& list, quint32 hash, int stat
         const int record = m_slots[slot].record;
         if (m_slots[slot].hash == hash && matches(list.at(record), station, regType, address))
             return record;
+    }
+    return EMPTY;
+}
+
+int DataAreaIndex::findInList(const QList<_DATA_>& list, int station, const QString& regType,
+                              int address)
+{
+    for (int i = 0; i < list.size(); ++i) {
+        if (matches(list.at(i), station, regType, address))
+            return i;
     }
     return EMPTY;
 }

@@ -31,6 +31,10 @@ public:
         return search(list, station, regType, address);
     }
 
+    /// The same by searching, for any list.
+    static int findInList(const QList<_DATA_>& list, int station, const QString& regType,
+                          int address);
+
     /// Forgets everything, as after clearing the list.
     void reset();
 

@@ -98,6 +98,29 @@ private slots:
         QCOMPARE(cachedCount(), 0);
     }
 
+    void noticesKeysRewrittenFromOutside()
+    {
+        DriverFixture runtime;
+        for (int address = 0; address < 20; ++address)
+            getIndexOfDataArea(1, "D", address, driver.dataAreas);
+        driver.dataAreas[9].address = 15; // now twice in the list
+        QCOMPARE(getIndexOfDataArea(1, "D", 15, driver.dataAreas), 9);
+        driver.dataAreas[12].address = 500;
+        QCOMPARE(getIndexOfDataArea(1, "D", 500, driver.dataAreas), 12);
+        QCOMPARE(getIndexOfDataArea(1, "D", 12, driver.dataAreas), 20);
+    }
+
+    void findsRecordsOfALongCache()
+    {
+        DriverFixture runtime;
+        for (int address = 0; address < 1000; ++address)
+            QCOMPARE(getIndexOfDataArea(1, "D", address, driver.dataAreas), address);
+        for (int address = 0; address < 1000; ++address)
+            QCOMPARE(getIndexOfDataArea(1, "D", address, driver.dataAreas), address);
+        driver.dataAreas.clear();
+        QCOMPARE(getIndexOfDataArea(1, "D", 999, driver.dataAreas), 0);
+    }
+
     void initialisationEmptiesTheCache()
     {
         DriverFixture runtime;

@@ -149,6 +149,9 @@ void DataAreaIndexTest::noticesAListChangedOutside_data()
     QTest::newRow("the last record gone") << lastGone;
     QTest::newRow("the first and the last exchanged") << otherOrder;
     QTest::newRow("the first two exchanged") << otherStart;
+    QList<_DATA_> otherKey = words(20);
+    otherKey[18].address = 500;
+    QTest::newRow("a key changed in the middle") << otherKey;
     QTest::newRow("other records, as many") << QList<_DATA_>(words(40).mid(20));
     QTest::newRow("other records, more") << QList<_DATA_>(words(80).mid(20));
 }

@@ -2,6 +2,9 @@
 #include "planning/range_text.h"
 #include "support/driver_fixture.h"
 
+#include "driver/job_queue.h"
+
+#include <QtCore/QElapsedTimer>
 #include <QtTest/QtTest>
 
 namespace
@@ -39,6 +42,8 @@ private slots:
     void requestsOfAnotherTargetAreAppended();
     void theQueueEndsAtFiveHundredAndThirteen();
     void aFullQueueStillReplacesAWaitingRequest();
+    void manyPiecesAreFiledLikeOneByOne();
+    void theLongestRangeIsFiledAtOnce();
     void touchesNothingElse();
 };
 
@@ -174,6 +179,39 @@ void ConditionReadJobsTest::aFullQueueStillReplacesAWaitingRequest()
     QCOMPARE(driver.condList.at(3).kind, 8);
     QCOMPARE(driver.condList.at(512).address, 5120);
     QCOMPARE(driver.condVar.address, 30);
+}
+
+void ConditionReadJobsTest::manyPiecesAreFiledLikeOneByOne()
+{
+    DriverFixture runtime("1#0#0#3#2");
+    // Waiting jobs that match a piece in the middle, one at the end and none.
+    for (const int address : {7, 4000, 9998, 4001})
+        ask(QString("1 D %1 x2").arg(address), COUNTED_IN_WORDS, 8);
+    QList<VARIABLE> expected = driver.condList;
+    for (int piece = 0; piece < 5000; ++piece) {
+        VARIABLE one = job(1, "D", 2 * piece, 2);
+        one.kind = 3;
+        addVarToList(expected, one);
+    }
+    ask("1 D 0 x10000", COUNTED_IN_WORDS, 3);
+    QCOMPARE(textOf(driver.condList), textOf(expected));
+    QCOMPARE(driver.condList.at(0).kind, 8);
+    QCOMPARE(driver.condList.at(1).kind, 3);
+    QCOMPARE(driver.condList.at(2).kind, 3);
+    QCOMPARE(driver.condList.at(3).kind, 8);
+}
+
+void ConditionReadJobsTest::theLongestRangeIsFiledAtOnce()
+{
+    DriverFixture runtime("1#0#0#3#1");
+    QElapsedTimer timer;
+    timer.start();
+    ask("1 D 0 x2147483647", COUNTED_IN_WORDS);
+    QVERIFY(timer.elapsed() < 5000);
+    QCOMPARE(driver.condList.size(), 513);
+    QCOMPARE(driver.condList.at(511).address, 511);
+    QCOMPARE(driver.condList.at(512).address, 2147483646);
+    QCOMPARE(driver.condVar.address, 2147483646);
 }
 
 void ConditionReadJobsTest::touchesNothingElse()
