@@ -17,13 +17,20 @@ const int BYTES_PER_REGISTER = 2;
 const int BYTES_PER_DOUBLE_WORD = 4;
 const int BITS_PER_BYTE = 8;
 
+// Written only when it changes, which leaves an unchanged record untouched.
+void clearError(_DATA_& area)
+{
+    if (area.commError != 0)
+        area.commError = 0;
+}
+
 // A bit is compared with the whole reply byte at its own position, not with the
 // packed bit, so replies other than 0 and 1 report bits at every poll.
 void storeBit(const ReadRequest& request, const ReplyBytes& reply, int i)
 {
     const int address = wrapAdd(request.address, i);
     _DATA_& area = dataArea(request.station, request.regType, address);
-    area.commError = 0;
+    clearError(area);
     if (area.value[0] != reply.at(wrapAdd(request.firstDataByte, i))) {
         area.writePending = 0;
         callRuntime(driver.linkId, request.station, request.regType, address);
@@ -37,18 +44,20 @@ void storeWord(const ReadRequest& request, const ReplyBytes& reply, int k)
 {
     const int address = wrapAdd(request.address, k);
     const int first = wrapAdd(request.firstDataByte, BYTES_PER_REGISTER * k);
-    const unsigned char bytes[] = {static_cast<unsigned char>(reply.at(wrapAdd(first, 1))),
-                                   static_cast<unsigned char>(reply.at(first))};
+    const int high = reply.at(first);
+    const int low = reply.at(wrapAdd(first, 1));
     _DATA_& area = dataArea(request.station, request.regType, address);
-    area.commError = 0;
-    if (std::memcmp(area.value, bytes, sizeof bytes) == 0)
+    clearError(area);
+    if (area.value[0] == low && area.value[1] == high)
         return;
     if (area.writePending == 1 && area.reserved == 0)
         area.writePending = 0;
     int oldWord = wordOf(area.value);
-    int newWord = wordOf(bytes);
+    int newWord = low | high << 8;
     _wordDataChange(&oldWord, &newWord, request.station, request.regType, address, 0);
-    std::memcpy(dataArea(request.station, request.regType, address).value, bytes, sizeof bytes);
+    unsigned char* const value = dataArea(request.station, request.regType, address).value;
+    value[0] = static_cast<unsigned char>(low);
+    value[1] = static_cast<unsigned char>(high);
 }
 
 void storeDoubleWord(const ReadRequest& request, const ReplyBytes& reply, int k)
@@ -60,7 +69,7 @@ void storeDoubleWord(const ReadRequest& request, const ReplyBytes& reply, int k)
         bytes[byte] =
             static_cast<unsigned char>(reply.at(wrapAdd(first, BYTES_PER_DOUBLE_WORD - 1 - byte)));
     _DATA_& area = dataArea(request.station, request.regType, address);
-    area.commError = 0;
+    clearError(area);
     if (std::memcmp(area.value, bytes, sizeof bytes) != 0) {
         area.writePending = 0;
         _OnlyOneDataTypeDataChange(request.station, request.regType, address, 0, 0, 0, 0);

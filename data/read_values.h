@@ -9,18 +9,24 @@
 class ReplyBytes
 {
 public:
-    explicit ReplyBytes(const QByteArray& reply) : m_reply(reply) {}
-
-    int length() const { return static_cast<int>(m_reply.size()); }
+    explicit ReplyBytes(const QByteArray& reply)
+        : m_reply(reply),
+          m_bytes(reinterpret_cast<const unsigned char*>(m_reply.constData())),
+          m_length(static_cast<unsigned int>(m_reply.size()))
+    {
+    }
 
     int at(int index) const
     {
-        return index >= 0 && index < m_reply.size() ? static_cast<unsigned char>(m_reply.at(index))
-                                                    : 0;
+        // A negative index is a large one when taken as unsigned.
+        const unsigned int position = static_cast<unsigned int>(index);
+        return position < m_length ? m_bytes[position] : 0;
     }
 
 private:
-    QByteArray m_reply; // shared, so it stays whole whatever the runtime does
+    const QByteArray m_reply; // shared, so it stays whole whatever the runtime does
+    const unsigned char* m_bytes;
+    unsigned int m_length;
 };
 
 /// What a read asked for, copied from the frame on the wire.
