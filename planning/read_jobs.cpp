@@ -8,15 +8,22 @@
 namespace
 {
 
-VARIABLE cyclicReadJob(const KEY_ADDRESS& opener, int count)
+// Jobs of the plan before are overwritten where they are: a new one costs a
+// kilobyte of zeros.
+VARIABLE& readJob(int number)
 {
-    VARIABLE job = VARIABLE();
+    if (number == driver.readList.size())
+        driver.readList.append(VARIABLE());
+    return driver.readList[number];
+}
+
+void fillReadJob(VARIABLE& job, const KEY_ADDRESS& opener, int count)
+{
     job.kind = CYCLIC_READ_JOB;
     job.station = opener.station;
     job.regType = opener.regType;
     job.address = opener.address;
     job.count = count;
-    return job;
 }
 
 } // namespace
@@ -30,11 +37,10 @@ int intf_addrMerge(QList<KEY_ADDRESS>& keys)
         _setDataAreaMonitorFlag(key.station, key.regType, key.address, key.count);
     }
 
-    driver.readList.clear();
     const QList<AddressBlock> blocks = mergedForReading(keys, driver.maxWords);
-    for (int i = 0; i < blocks.size(); ++i) {
-        const AddressBlock& block = blocks.at(i);
-        driver.readList.append(cyclicReadJob(keys.at(block.opener), block.count));
-    }
-    return static_cast<int>(driver.readList.size());
+    const int jobs = static_cast<int>(blocks.size());
+    for (int i = 0; i < jobs; ++i)
+        fillReadJob(readJob(i), keys.at(blocks.at(i).opener), blocks.at(i).count);
+    driver.readList.erase(driver.readList.begin() + jobs, driver.readList.end());
+    return jobs;
 }
