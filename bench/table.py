@@ -71,6 +71,8 @@ def polls(table):
     measured = f"{shown_time(poll)} : {shown_time(peer)}"
     table.at_most("poll of 125 D : libmodbus reading 125", measured, poll / peer, 1)
     table.at_most("the same, aim", measured, poll / peer, 0.5)
+    table.figure("poll of one D, 1,000 cached", "poll_one_register/1000")
+    table.figure("libmodbus reading 2000 coils", "libmodbus_read_coils")
     flat = "100 to 100,000 cached, largest : smallest"
     table.flat(f"poll of 125 D, {flat}", "poll_registers", per=0)
     table.flat(f"poll of 2000 M, {flat}", "poll_coils", per=0)

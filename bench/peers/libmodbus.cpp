@@ -13,6 +13,7 @@ namespace
 
 const int STATION = 1;
 const int REGISTERS = 125;
+const int COILS = 2000;
 
 typedef std::unique_ptr<modbus_t, void (*)(modbus_t*)> Connection;
 
@@ -37,6 +38,17 @@ void readRegisters(benchmark::State& state)
         state.SkipWithError("libmodbus read another value");
 }
 
+void readCoils(benchmark::State& state)
+{
+    const Connection modbus = connection();
+    answerWith(reply(STATION, 1, COILS / 8, 0).toStdString());
+    uint8_t values[COILS] = {};
+    for (auto _ : state) {
+        if (modbus_read_bits(modbus.get(), 4000, COILS, values) != COILS)
+            return state.SkipWithError("libmodbus refused the reply");
+    }
+}
+
 // Its CRC cannot be called from outside. Sending raw bytes computes it and copies
 // them; the difference of two lengths leaves the cost per byte.
 void sendRawBytes(benchmark::State& state)
@@ -51,6 +63,7 @@ void sendRawBytes(benchmark::State& state)
 }
 
 BENCHMARK(readRegisters)->Name("libmodbus_read_registers");
+BENCHMARK(readCoils)->Name("libmodbus_read_coils");
 BENCHMARK(sendRawBytes)->Name("libmodbus_send_raw")->Arg(14)->Arg(254);
 
 } // namespace
