@@ -34,7 +34,7 @@ def add_times(figures, benchmarks):
 
 
 def shown_time(nanoseconds):
-    for unit, size in (("ms", 1e6), ("us", 1e3)):
+    for unit, size in (("s", 1e9), ("ms", 1e6), ("us", 1e3)):
         if nanoseconds >= size:
             return f"{nanoseconds / size:.3g} {unit}"
     return f"{nanoseconds:.3g} ns"
@@ -120,7 +120,7 @@ def memory(table):
             ("the same, eight requests in turn", "allocations_per_poll_of_eight", 2, ""),
             ("the same, one request, all changed", "allocations_per_changed_poll", 2, "")):
         value = table.figures[name]
-        table.at_most(what, f"{value:g}{unit}", value, limit, unit)
+        table.at_most(what, f"{value:.3g}{unit}", value, limit, unit)
     table.figure("loading and unloading the library", "load_and_unload")
 
 
