@@ -62,7 +62,8 @@ class Table:
                      per_element[-1] / per_element[0], limit)
 
     def add(self, what, measured, value, target, reached):
-        self.rows.append((what, measured, f"{value:.3g}", target, "pass" if reached else "MISS"))
+        shown = f"{value:.0f}" if value >= 1000 else f"{value:.3g}"
+        self.rows.append((what, measured, shown, target, "pass" if reached else "MISS"))
 
 
 def polls(table):
