@@ -45,12 +45,14 @@ struct VARIABLE {
     // Member by member; compilers assign arrays a byte at a time when left alone.
     VARIABLE& operator=(const VARIABLE& other)
     {
+        if (this == &other)
+            return *this;
         kind = other.kind;
         station = other.station;
         regType = other.regType;
         address = other.address;
         count = other.count;
-        std::memmove(data, other.data, sizeof data);
+        std::memcpy(data, other.data, sizeof data);
         return *this;
     }
 };
@@ -88,7 +90,9 @@ struct FRAME_PRO {
     // As for VARIABLE.
     FRAME_PRO& operator=(const FRAME_PRO& other)
     {
-        std::memmove(frame, other.frame, sizeof frame);
+        if (this == &other)
+            return *this;
+        std::memcpy(frame, other.frame, sizeof frame);
         sendLen = other.sendLen;
         recvLen = other.recvLen;
         frameFunc = other.frameFunc;

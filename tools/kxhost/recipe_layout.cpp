@@ -90,6 +90,6 @@ quint32 valueInBuffer(const RecipeRow& row, int offset, const std::vector<unsign
     const quint32 low = buffer[static_cast<size_t>(offset)];
     if (row.type->bits == WORD_BITS)
         return low;
-    const quint32 high = buffer[static_cast<size_t>(offset + 1)];
+    const quint32 high = buffer[static_cast<size_t>(offset) + 1];
     return low | high << WORD_BITS;
 }

@@ -76,7 +76,7 @@ void RecipeLayoutBuilder::addRegisters(const AddressRange& run)
     for (int i = 0; i < run.values; ++i) {
         const AddressRange cell = {run.type, run.address + i, 1, run.station};
         pass.variables.append(variableOf(cell, offset + i));
-        m_layout->buffer[static_cast<size_t>(offset + i)] =
+        m_layout->buffer[static_cast<size_t>(offset) + static_cast<size_t>(i)] =
             static_cast<unsigned short>(valueAt(run, i));
         m_cellOffsets[recipeCellKey(run, i)] = offset + i;
     }
@@ -128,7 +128,7 @@ void RecipeLayoutBuilder::storeDoubleWords(const AddressRange& piece, int offset
         const int low = offset + 2 * i;
         const quint32 value = valueAt(piece, i);
         m_layout->buffer[static_cast<size_t>(low)] = static_cast<unsigned short>(value & WORD_MASK);
-        m_layout->buffer[static_cast<size_t>(low + 1)] =
+        m_layout->buffer[static_cast<size_t>(low) + 1] =
             static_cast<unsigned short>(value >> WORD_BITS);
         m_cellOffsets[recipeCellKey(piece, i)] = low;
     }

@@ -5,26 +5,36 @@ namespace
 
 const qint64 SHOWN_AS_CHANGED = 1000; // milliseconds
 
-QString row(const QString& station, const QString& type, const QString& address,
-            const QString& modbus, const QString& value, const QString& hex, const QString& age,
-            const QString& state)
+/// What one line of the table shows, heading included.
+struct Cells {
+    QString station;
+    QString type;
+    QString address;
+    QString modbus;
+    QString value;
+    QString hex;
+    QString age;
+    QString state;
+};
+
+QString row(const Cells& cells)
 {
     return QString::fromLatin1("%1  %2 %3  %4  %5  %6  %7  %8")
-        .arg(station, 7)
-        .arg(type, -4)
-        .arg(address, 7)
-        .arg(modbus, 6)
-        .arg(value, 10)
-        .arg(hex, 10)
-        .arg(age, 8)
-        .arg(state);
+        .arg(cells.station, 7)
+        .arg(cells.type, -4)
+        .arg(cells.address, 7)
+        .arg(cells.modbus, 6)
+        .arg(cells.value, 10)
+        .arg(cells.hex, 10)
+        .arg(cells.age, 8)
+        .arg(cells.state);
 }
 
 QString heading()
 {
     const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
-    return row(text("STATION"), text("TYPE"), text("ADDRESS"), text("MODBUS"), text("VALUE"),
-               text("HEX"), text("AGE"), text("STATE"));
+    return row({text("STATION"), text("TYPE"), text("ADDRESS"), text("MODBUS"), text("VALUE"),
+                text("HEX"), text("AGE"), text("STATE")});
 }
 
 /// Time since the last good read, in seconds.
@@ -38,11 +48,11 @@ QString ageText(const WatchEntry& entry, qint64 now)
 
 QString entryRow(const WatchEntry& entry, qint64 now)
 {
-    return row(QString::number(entry.station), QString::fromLatin1(entry.type->name),
-               QString::number(entry.address, entry.type->radix),
-               QString::number(modbusNumber(entry.type, entry.address)),
-               entry.isKnown ? QString::number(entry.value) : QString(), hexValue(entry),
-               ageText(entry, now), stateText(entry, now));
+    return row({QString::number(entry.station), QString::fromLatin1(entry.type->name),
+                QString::number(entry.address, entry.type->radix),
+                QString::number(modbusNumber(entry.type, entry.address)),
+                entry.isKnown ? QString::number(entry.value) : QString(), hexValue(entry),
+                ageText(entry, now), stateText(entry, now)});
 }
 
 } // namespace
