@@ -66,13 +66,10 @@ void reportBitsOfWord(const Marks& marks, int changed, int station, const QStrin
 
 void reportPairs(const Marks& marks, int station, const QString& regType, int address)
 {
-    const QString name = regType + QLatin1String("32");
-    if (address < 0)
-        return;
-    if (marks.pairStart())
-        report(station, name, address);
+    if (address >= 0 && marks.pairStart())
+        report(station, regType + QLatin1String("32"), address);
     if (address >= 1 && marks.pairEnd())
-        report(station, name, address - 1);
+        report(station, regType + QLatin1String("32"), address - 1);
 }
 
 void reportBitsOfByte(const Marks& marks, int newBits, int oldBits, int station,

@@ -21,14 +21,14 @@ int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int
 int getIndexOfDataArea(int station, QString regType, int address, QList<_DATA_>& list)
 {
     const bool isIndexed = &list == &driver.dataAreas && list.size() > SHORT_LIST;
-    const int found = isIndexed ? driver.dataAreaIndex->find(list, station, regType, address)
+    const int found = isIndexed ? dataAreaIndex->find(list, station, regType, address)
                                 : DataAreaIndex::findInList(list, station, regType, address);
     return found >= 0 ? found : appendDataArea(list, station, regType, address);
 }
 
-UndisturbedAreas::UndisturbedAreas() : m_before(driver.dataAreaIndex->setUndisturbed(true)) {}
+UndisturbedAreas::UndisturbedAreas() : m_before(dataAreaIndex->setUndisturbed(true)) {}
 
 UndisturbedAreas::~UndisturbedAreas()
 {
-    driver.dataAreaIndex->setUndisturbed(m_before);
+    dataAreaIndex->setUndisturbed(m_before);
 }

@@ -21,7 +21,7 @@ int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int
 /// next record is created or the value-change function is called.
 inline _DATA_& dataArea(int station, const QString& regType, int address)
 {
-    int index = driver.dataAreaIndex->find(driver.dataAreas, station, regType, address);
+    int index = dataAreaIndex->find(driver.dataAreas, station, regType, address);
     if (index < 0)
         index = appendDataArea(driver.dataAreas, station, regType, address);
     return driver.dataAreas[index];

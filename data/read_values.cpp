@@ -29,15 +29,17 @@ void clearError(_DATA_& area)
 void storeBit(const ReadRequest& request, const ReplyBytes& reply, int i)
 {
     const int address = wrapAdd(request.address, i);
+    const int packed = reply.at(wrapAdd(request.firstDataByte, i / BITS_PER_BYTE));
+    const unsigned char bit = static_cast<unsigned char>(packed >> i % BITS_PER_BYTE & 1);
     _DATA_& area = dataArea(request.station, request.regType, address);
     clearError(area);
-    if (area.value[0] != reply.at(wrapAdd(request.firstDataByte, i))) {
-        area.writePending = 0;
-        callRuntime(driver.linkId, request.station, request.regType, address);
+    if (area.value[0] == reply.at(wrapAdd(request.firstDataByte, i))) {
+        area.value[0] = bit;
+        return;
     }
-    const int packed = reply.at(wrapAdd(request.firstDataByte, i / BITS_PER_BYTE));
-    dataArea(request.station, request.regType, address).value[0] =
-        static_cast<unsigned char>(packed >> i % BITS_PER_BYTE & 1);
+    area.writePending = 0;
+    callRuntime(driver.linkId, request.station, request.regType, address);
+    dataArea(request.station, request.regType, address).value[0] = bit;
 }
 
 void storeWord(const ReadRequest& request, const ReplyBytes& reply, int k)

@@ -87,4 +87,7 @@ private:
     bool m_refreshed; // since the list was last disturbed
 };
 
+/// The index of `driver.dataAreas`, as long as that object lives.
+extern DataAreaIndex* dataAreaIndex;
+
 #endif

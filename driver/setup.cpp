@@ -69,7 +69,7 @@ int intf_initProperty(unsigned char* shared, void* hostValue, unsigned short* re
     driver.writeList.clear();
     driver.condList.clear();
     driver.dataAreas.clear();
-    driver.dataAreaIndex->reset();
+    dataAreaIndex->reset();
     driver.currentKind = NO_JOB;
     driver.burstCount = 0;
     driver.aux1 = 0;

@@ -10,8 +10,6 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 
-class DataAreaIndex;
-
 /// The runtime's value-change function: link number (-1: end of a condition
 /// read, 0 with name "RWI": recipe buffer word), station, register type name,
 /// address (or result, or word offset). It carries no value: read it with
@@ -59,8 +57,6 @@ public:
     int aux3;                       ///< set to 1, never read
     QList<FRAME_PRO> frameList;     ///< frames not yet answered, the one on the wire first
     int rcpIndex;                   ///< next recipe block to transfer
-
-    DataAreaIndex* dataAreaIndex; ///< the driver's own: finds records of `dataAreas`
 
 private:
     tarvelan(const tarvelan&);

@@ -5,7 +5,7 @@
 
 void callRuntime(int link, int station, const QString& name, int address)
 {
-    const bool undisturbed = driver.dataAreaIndex->setUndisturbed(false);
+    const bool undisturbed = dataAreaIndex->setUndisturbed(false);
     driver.valueChangeCallBack(link, station, name, address);
-    driver.dataAreaIndex->setUndisturbed(undisturbed);
+    dataAreaIndex->setUndisturbed(undisturbed);
 }

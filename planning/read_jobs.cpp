@@ -5,11 +5,13 @@
 #include "planning/address_merge.h"
 #include "planning/monitor_flags.h"
 
+#include <cstring>
+
 namespace
 {
 
-// Jobs of the plan before are overwritten where they are: a new one costs a
-// kilobyte of zeros.
+// Jobs of the plan before are overwritten where they are, which spares the
+// allocations.
 VARIABLE& readJob(int number)
 {
     if (number == driver.readList.size())
@@ -24,6 +26,7 @@ void fillReadJob(VARIABLE& job, const KEY_ADDRESS& opener, int count)
     job.regType = opener.regType;
     job.address = opener.address;
     job.count = count;
+    std::memset(job.data, 0, sizeof job.data);
 }
 
 } // namespace

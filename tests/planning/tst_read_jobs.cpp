@@ -30,6 +30,7 @@ private slots:
     void watchesWhatIsListedAndNothingElse();
     void anEmptyListUnwatchesEverything();
     void aSecondListReplacesThePlan();
+    void nothingOfThePlanBeforeSurvives();
     void touchesNothingElse();
 };
 
@@ -141,6 +142,29 @@ void ReadJobsTest::aSecondListReplacesThePlan()
     QCOMPARE(flagsOf("D", 0), 0);
     QCOMPARE(flagsOf("D", 1), 1);
     QCOMPARE(flagsOf("D", 100), 0);
+}
+
+void ReadJobsTest::nothingOfThePlanBeforeSurvives()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> before;
+    before << key(1, "D", 0, 4) << key(2, "M", 8, 4) << key(3, "Y", 0, 1);
+    QCOMPARE(intf_addrMerge(before), 3);
+    driver.readList[0] = job(9, "Z", 3, 7, "AABBCC");
+    driver.readList[0].kind = 2;
+
+    QList<KEY_ADDRESS> now;
+    now << key(1, "D", 100, 1);
+    QCOMPARE(intf_addrMerge(now), 1);
+    QCOMPARE(driver.readList.size(), 1);
+    const VARIABLE& planned = driver.readList.at(0);
+    QCOMPARE(planned.kind, 4);
+    QCOMPARE(planned.station, 1);
+    QCOMPARE(planned.regType, QString("D"));
+    QCOMPARE(planned.address, 100);
+    QCOMPARE(planned.count, 1);
+    for (const unsigned char byte : planned.data)
+        QCOMPARE(int(byte), 0);
 }
 
 void ReadJobsTest::touchesNothingElse()

@@ -39,36 +39,36 @@ void TestCheckCommand::anAddressIsAnswered_data()
         "function 1",
         0);
     row("past the last word", "D8000",
-        "D8000: out of range; the addresses are D0 to D7999 (decimal)", 1);
+        "D8000: out of range; the addresses are D0 to D7999 (decimal)", 2);
     row("below the first counter", "32CV199",
-        "32CV199: out of range; the addresses are 32CV200 to 32CV255 (decimal)", 1);
+        "32CV199: out of range; the addresses are 32CV200 to 32CV255 (decimal)", 2);
     row("a length past the end", "D7999:2",
-        "D7999:2: out of range; number 7999 and length 2 pass the limit of 8000", 1);
+        "D7999:2: out of range; number 7999 and length 2 pass the limit of 8000", 2);
     row("the driver counts counters in registers", "32CV200:29",
-        "32CV200:29: out of range; number 200 and length 58 pass the limit of 257", 1);
+        "32CV200:29: out of range; number 200 and length 58 pass the limit of 257", 2);
     row("an octal digit 8", "X8",
-        "X8: '8' is not an octal number; the addresses are X0 to X377 (octal)", 1);
+        "X8: '8' is not an octal number; the addresses are X0 to X377 (octal)", 2);
     row("an unknown type", "Q5",
         "Q5: unknown register type 'Q'; the types are X, Y, M, SM, S, T, C, D, SD, CV, 32CV, TV, Z",
-        1);
+        2);
     row("no type", "100",
         "100: not an address; write TYPE ADDRESS[:COUNT] without spaces, such as D100:4, X17 or "
         "32CV200",
-        1);
+        2);
     row("a count of 0", "D1:0",
         "D1:0: not an address; write TYPE ADDRESS[:COUNT] without spaces, such as D100:4, X17 or "
         "32CV200",
-        1);
-    row("a word as a bit tag", "D5 --as bit", "D5: D holds words and suits no bit tag", 1);
-    row("a bit as a word tag", "X5 --as word", "X5: X holds bits and suits no word tag", 1);
+        2);
+    row("a word as a bit tag", "D5 --as bit", "D5: D holds words and suits no bit tag", 2);
+    row("a bit as a word tag", "X5 --as word", "X5: X holds bits and suits no word tag", 2);
     row("a bit as a bit tag", "X5 --as bit", "X5: valid; number 5, coil 1205, read with function 1",
         0);
     row("an input that is to be written", "X10 --access 1",
-        "X10: access code 1 is refused; X addresses are inputs", 1);
+        "X10: access code 1 is refused; X addresses are inputs", 2);
     row("an output that is to be written", "Y10 --access 1",
         "Y10: valid; number 8, coil 8, read with function 1", 0);
     row("a data type that counters refuse", "32CV200 --data-type 2",
-        "32CV200: data type 2 is not allowed on 32CV, only 1, 3, 5, 6 and 9", 1);
+        "32CV200: data type 2 is not allowed on 32CV, only 1, 3, 5, 6 and 9", 2);
     row("a data type that counters take", "32CV200 --data-type 9",
         "32CV200: valid; number 200, holding registers 9700 to 9701, read with function 3", 0);
 }
@@ -79,18 +79,21 @@ void TestCheckCommand::anAddressIsAnswered()
     QFETCH(QString, line);
     const CommandResult result =
         runCommand((QLatin1String("check ") + arguments).split(QLatin1Char(' ')));
-    QCOMPARE(result.output, QStringList{line});
-    QCOMPARE(result.errors, QStringList());
     QTEST(result.exitCode, "exitCode");
+    const bool isValid = result.exitCode == 0;
+    QCOMPARE(result.output, isValid ? QStringList{line} : QStringList());
+    QCOMPARE(result.errors,
+             isValid ? QStringList() : QStringList{QLatin1String("kxhost: ") + line});
 }
 
 void TestCheckCommand::everyAddressGetsItsLine()
 {
     const CommandResult result = runCommand("check X8 D7 --simulate");
     QCOMPARE(result.output,
-             (QStringList{"X8: '8' is not an octal number; the addresses are X0 to X377 (octal)",
-                          "D7: valid; number 7, holding register 7, read with function 3"}));
-    QCOMPARE(result.exitCode, 1);
+             QStringList{"D7: valid; number 7, holding register 7, read with function 3"});
+    QCOMPARE(result.errors, QStringList{"kxhost: X8: '8' is not an octal number; the addresses "
+                                        "are X0 to X377 (octal)"});
+    QCOMPARE(result.exitCode, 2);
     QCOMPARE(runCommand("check D7 X7").exitCode, 0);
 }
 
@@ -106,7 +109,7 @@ void TestCheckCommand::answersAsJson()
                  "D0 to D7999 (decimal)\",\"valid\":false}",
                  "{\"address\":\"5\",\"fault\":\"not an address; write TYPE ADDRESS[:COUNT] "
                  "without spaces, such as D100:4, X17 or 32CV200\",\"valid\":false}"}));
-    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.exitCode, 2);
 }
 
 void TestCheckCommand::wrongUsageIsOneLine_data()

@@ -12,14 +12,13 @@
 namespace
 {
 
-const int EXIT_NOT_VALID = 1;
-
 const CommandHelp HELP = {
     "check [options] ADDRESS...",
     "Asks the driver whether addresses are valid, and says in a line each what number\n"
     "and what Modbus coil or holding register they stand for, or what is wrong.\n"
     "An address is TYPE NUMBER[:COUNT]. Needs no controller.\n"
-    "Ends with 1 when an address is not valid.",
+    "What is wrong goes to standard error (with --json to standard output) and ends\n"
+    "with 2.",
     "kxhost check X377 D8000 32CV200:4\n"
     "kxhost check M2040:16 --json\n"
     "kxhost check X10 --access 1\n"
@@ -65,16 +64,19 @@ bool readTag(const QCommandLineParser& parser, CheckedTag* tag, QString* error)
 int check(const QStringList& addresses, const DriverEntryPoints& entryPoints, const CheckedTag& tag,
           bool json)
 {
-    bool allValid = true;
+    int exitCode = EXIT_FINE;
     for (const QString& address : addresses) {
         const CheckAnswer answer = checkAddress(entryPoints, address, tag);
         if (json)
             printJson(answerJson(answer));
-        else
+        else if (answer.isValid())
             printLine(answerLine(answer));
-        allValid = allValid && answer.isValid();
+        else
+            complain(answerLine(answer), EXIT_WRONG_USAGE);
+        if (!answer.isValid())
+            exitCode = EXIT_WRONG_USAGE;
     }
-    return allValid ? EXIT_FINE : EXIT_NOT_VALID;
+    return exitCode;
 }
 
 } // namespace
