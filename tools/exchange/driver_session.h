@@ -37,6 +37,8 @@ public:
     /// The line must be open.
     void start() { m_loop.start(); }
     void stop() { m_loop.stop(); }
+    /// The job of the request that was in flight when the session stopped, or null.
+    const VARIABLE* jobGivenUp() const { return m_loop.jobGivenUp(); }
     /// Discards every queued job and cached value; the recipe plan survives.
     void initialise();
 

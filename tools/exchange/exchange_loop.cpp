@@ -24,14 +24,17 @@ void ExchangeLoop::start()
         return;
     if (!m_started.isValid())
         m_started.start();
+    m_hasGivenUp = false;
     m_silentSince = now();
     waitForSilence();
 }
 
 void ExchangeLoop::stop()
 {
-    if (m_state == State::AwaitingReply || m_state == State::AwaitingTurnaround)
+    if (m_state == State::AwaitingReply || m_state == State::AwaitingTurnaround) {
         m_repeating = true;
+        m_hasGivenUp = true;
+    }
     m_state = State::Stopped;
     m_timer.stop();
 }

@@ -44,6 +44,8 @@ public:
     /// out again after the next start().
     void stop();
     bool isRunning() const { return m_state != State::Stopped; }
+    /// The job of the request that was in flight when the loop stopped, or null.
+    const VARIABLE* jobGivenUp() const { return m_hasGivenUp ? &m_record.job : nullptr; }
 
     /// Asks the driver at once instead of after the idle interval: for new work.
     void wake();
@@ -88,6 +90,7 @@ private:
     QByteArray m_collected; ///< without the replies of other requests
     ExchangeRecord m_record;
     bool m_repeating = false;
+    bool m_hasGivenUp = false;
     Statistics m_statistics;
 };
 

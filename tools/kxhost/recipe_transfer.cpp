@@ -46,7 +46,10 @@ void RecipeTransfer::startPass()
 
 void RecipeTransfer::takeExchange(const ExchangeRecord& record)
 {
-    if (m_isEnded || record.result == REPLY_RETRY)
+    if (m_isEnded)
+        return;
+    noteUnsettled(record);
+    if (record.result == REPLY_RETRY)
         return;
     if (record.result != REPLY_ACCEPTED) {
         end(QStringLiteral("%1: %2").arg(blockText(record.job), reasonOf(record)));
@@ -62,6 +65,15 @@ void RecipeTransfer::takeExchange(const ExchangeRecord& record)
         end(QString());
 }
 
+void RecipeTransfer::noteUnsettled(const ExchangeRecord& record)
+{
+    // A refusal tells of this request only: an earlier try may have been obeyed.
+    if (record.result == REPLY_ACCEPTED)
+        m_maybeDone.clear();
+    else if (record.replyKind != ReplyKind::Exception && record.replyKind != ReplyKind::NotSent)
+        m_maybeDone = blockText(record.job);
+}
+
 void RecipeTransfer::abort(const QString& reason)
 {
     if (!m_isEnded)
@@ -74,6 +86,8 @@ void RecipeTransfer::end(const QString& failure)
     m_isComplete = failure.isEmpty();
     m_failure = failure;
     m_session->stop();
+    if (const VARIABLE* const job = m_session->jobGivenUp())
+        m_maybeDone = blockText(*job);
     m_session->cancelRecipe();
     emit finished();
 }

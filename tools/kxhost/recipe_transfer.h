@@ -24,6 +24,9 @@ public:
     int blocks() const { return m_layout.blocks(); }
     /// Blocks that the stations answered, in order: "D100:32@1".
     const QStringList& blocksDone() const { return m_done; }
+    /// The block that a station may have stored although nobody knows: its request
+    /// went out, and no answer settled it. Empty when there is none.
+    const QString& blockMaybeDone() const { return m_maybeDone; }
     bool isComplete() const { return m_isComplete; }
     /// Why the transfer is not complete: "D132:32@1: no reply".
     QString failure() const { return m_failure; }
@@ -37,6 +40,7 @@ signals:
 private:
     void startPass();
     void takeExchange(const ExchangeRecord& record);
+    void noteUnsettled(const ExchangeRecord& record);
     void end(const QString& failure);
 
     DriverSession* m_session;
@@ -44,6 +48,7 @@ private:
     RecipeDirection m_direction;
     int m_pass = 0;
     QStringList m_done;
+    QString m_maybeDone;
     QString m_failure;
     bool m_isComplete = false;
     bool m_isEnded = false;

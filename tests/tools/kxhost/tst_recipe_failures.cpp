@@ -10,6 +10,13 @@
 namespace
 {
 
+// Six blocks of a station that answers, and one of a station that is not there,
+// which would be sent twice, being alone in its pass.
+const char SEVEN_ROWS[] = "name,station,register,address,type,value\n"
+                          "a,1,D,0,uint16,1\nb,1,D,10,uint16,2\nc,1,D,20,uint16,3\n"
+                          "d,1,D,30,uint16,4\ne,1,D,40,uint16,5\nf,1,D,50,uint16,6\n"
+                          "g,9,D,0,uint16,7\n";
+
 /// Three hundred registers: ten blocks, a quarter of a second and more.
 QByteArray longRecipe()
 {
@@ -27,6 +34,8 @@ class TestRecipeFailures : public QObject
 
 private slots:
     void failedDownloadNamesTheBlocksSent();
+    void longListOfBlocksIsCutShort();
+    void jsonHasEveryBlock();
     void failedUploadLeavesTheFile();
     void lineThatDiesLeavesTheFileAndTheNextCommandWorks_data();
     void lineThatDiesLeavesTheFileAndTheNextCommandWorks();
@@ -44,10 +53,39 @@ void TestRecipeFailures::failedDownloadNamesTheBlocksSent()
         fixture.run("download", controller.portName(), {"--timeout", "50", "--retries", "2"});
     QCOMPARE(result.errors, (QStringList{"kxhost: download of " + fixture.path()
                                          + " stopped after 2 of 6 blocks: D0:1@9: no reply; "
-                                           "blocks sent: D0:1@1, D9:1@1"}));
+                                           "blocks sent: D0:1@1, D9:1@1; perhaps also D0:1@9"}));
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(controller.ask("get D0"), QStringLiteral("D0=5"));
     QCOMPARE(controller.ask("get D9"), QStringLiteral("D9=6"));
+}
+
+void TestRecipeFailures::longListOfBlocksIsCutShort()
+{
+    const RecipeFixture fixture;
+    const KxsimProcess controller({"--still"});
+    fixture.store(SEVEN_ROWS);
+    const CommandResult result =
+        fixture.run("download", controller.portName(), {"--timeout", "50", "--retries", "1"});
+    QCOMPARE(result.errors,
+             (QStringList{"kxhost: download of " + fixture.path()
+                          + " stopped after 6 of 8 blocks: D0:1@9: no reply; blocks sent: "
+                            "D0:1@1, D10:1@1, D20:1@1, D30:1@1, D40:1@1 and 1 more; "
+                            "perhaps also D0:1@9"}));
+}
+
+void TestRecipeFailures::jsonHasEveryBlock()
+{
+    const RecipeFixture fixture;
+    const KxsimProcess controller({"--still"});
+    fixture.store(SEVEN_ROWS);
+    const CommandResult result = fixture.run("download", controller.portName(),
+                                             {"--timeout", "50", "--retries", "1", "--json"});
+    QCOMPARE(result.output.last(),
+             QStringLiteral("{\"blocks\":[\"D0:1@1\",\"D10:1@1\",\"D20:1@1\",\"D30:1@1\","
+                            "\"D40:1@1\",\"D50:1@1\"],\"complete\":false,"
+                            "\"event\":\"download\",\"failure\":\"D0:1@9: no reply\","
+                            "\"maybeSent\":\"D0:1@9\",\"values\":7}"));
+    QCOMPARE(result.exitCode, 1);
 }
 
 void TestRecipeFailures::failedUploadLeavesTheFile()

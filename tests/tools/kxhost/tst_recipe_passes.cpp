@@ -27,6 +27,8 @@ private slots:
     void passesFollowEachOther();
     void uploadedValuesComeFromBufferAndCache();
     void failureEndsTheTransfer();
+    void refusalAfterSilenceLeavesTheBlockOpen();
+    void answerAfterSilenceSettlesTheBlock();
     void abortLowersTheRequest();
     void lostLineEndsTheTransfer();
 
@@ -82,6 +84,7 @@ void TestRecipePasses::passesFollowEachOther()
     QVERIFY(m_transfer->isComplete());
     QCOMPARE(m_transfer->failure(), QString());
     QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1", "M5:1@1", "D0:1@1", "D9:1@1"}));
+    QCOMPARE(m_transfer->blockMaybeDone(), QString());
     QCOMPARE(blocks.size(), 4);
     QVERIFY(!m_session->isRecipePending());
 }
@@ -118,9 +121,39 @@ void TestRecipePasses::failureEndsTheTransfer()
     QVERIFY(!m_transfer->isComplete());
     QCOMPARE(m_transfer->failure(), QStringLiteral("D0:1@1: exception 2 illegal data address"));
     QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1", "M5:1@1"}));
+    QCOMPARE(m_transfer->blockMaybeDone(), QString());
     QVERIFY(!m_session->isRecipePending());
     QTest::qWait(20);
     QCOMPARE(m_line->written.size(), 4); // D9 was not tried
+}
+
+void TestRecipePasses::refusalAfterSilenceLeavesTheBlockOpen()
+{
+    make(RecipeDirection::Download);
+    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    confirm(WRITE_M5);
+    confirm(WRITE_M5);
+    m_line->answer({});  // D0 may have been stored, and the reply lost
+    confirm("01 86 02"); // function 6 refused: illegal address
+    m_transfer->start();
+    QTRY_COMPARE(finished.size(), 1);
+    QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("D0:1@1"));
+}
+
+void TestRecipePasses::answerAfterSilenceSettlesTheBlock()
+{
+    make(RecipeDirection::Download);
+    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    confirm(WRITE_M5);
+    confirm(WRITE_M5);
+    m_line->answer({}); // D0, whose second try is confirmed
+    confirm(WRITE_D0);
+    confirm("01 86 02"); // D9, refused twice: function 6, illegal address
+    confirm("01 86 02");
+    m_transfer->start();
+    QTRY_COMPARE(finished.size(), 1);
+    QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1", "M5:1@1", "D0:1@1"}));
+    QCOMPARE(m_transfer->blockMaybeDone(), QString());
 }
 
 void TestRecipePasses::abortLowersTheRequest()
@@ -135,6 +168,7 @@ void TestRecipePasses::abortLowersTheRequest()
     QVERIFY(!m_session->isRecipePending());
     QVERIFY(!m_transfer->isComplete());
     QCOMPARE(m_transfer->failure(), QStringLiteral("interrupted"));
+    QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("M5:1@1"));
     QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1"}));
     QTest::qWait(100); // twice the reply time-out
     QCOMPARE(m_line->written.size(), 2);
@@ -151,6 +185,7 @@ void TestRecipePasses::lostLineEndsTheTransfer()
     m_line->lose();
     QCOMPARE(finished.size(), 1);
     QCOMPARE(m_transfer->failure(), QStringLiteral("script: the port is lost: unplugged"));
+    QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("M5:1@1"));
     QVERIFY(!m_session->isRecipePending());
 }
 

@@ -102,17 +102,29 @@ RecipeProgressStyle styleFor(const ConnectionOptions& options)
                                                          : RecipeProgressStyle::Lines;
 }
 
+const int BLOCKS_NAMED = 5;
+
+/// "D0:32@1, D32:32@1; perhaps also D64:32@1"
+QString sentText(const RecipeTransfer& transfer)
+{
+    const QStringList& done = transfer.blocksDone();
+    QString text = done.isEmpty() ? QStringLiteral("none")
+                                  : done.mid(0, BLOCKS_NAMED).join(QStringLiteral(", "));
+    if (done.size() > BLOCKS_NAMED)
+        text += QStringLiteral(" and %1 more").arg(done.size() - BLOCKS_NAMED);
+    if (!transfer.blockMaybeDone().isEmpty())
+        text += QStringLiteral("; perhaps also %1").arg(transfer.blockMaybeDone());
+    return text;
+}
+
 QString failureText(const RecipeTransfer& transfer, const RecipeOptions& options)
 {
     const bool isUpload = options.direction == RecipeDirection::Upload;
-    const QStringList& done = transfer.blocksDone();
-    const QString blocks =
-        done.isEmpty() ? QStringLiteral("none") : done.join(QStringLiteral(", "));
     const QString rest = isUpload ? QStringLiteral("the file is unchanged")
-                                  : QStringLiteral("blocks sent: %1").arg(blocks);
+                                  : QStringLiteral("blocks sent: %1").arg(sentText(transfer));
     return QStringLiteral("%1 of %2 stopped after %3 of %4 blocks: %5; %6")
         .arg(QLatin1String(isUpload ? "upload" : "download"), options.path)
-        .arg(done.size())
+        .arg(transfer.blocksDone().size())
         .arg(transfer.blocks())
         .arg(transfer.failure(), rest);
 }
@@ -135,6 +147,8 @@ void printSummary(const RecipeTransfer& transfer, const RecipeOptions& options)
     json[QLatin1String("complete")] = transfer.isComplete();
     if (!transfer.isComplete())
         json[QLatin1String("failure")] = transfer.failure();
+    if (!isUpload && !transfer.blockMaybeDone().isEmpty())
+        json[QLatin1String("maybeSent")] = transfer.blockMaybeDone();
     printJson(json);
 }
 
