@@ -55,9 +55,10 @@ void SerialLine::handleError(QSerialPort::SerialPortError error)
     if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError)
         return;
     const bool wasOpen = m_port.isOpen();
-    const QString reason = m_port.errorString();
+    // What the system says of a port that died depends on the call that met it first.
+    const QString reason =
+        wasOpen ? QStringLiteral("the port was closed or unplugged")
+                : QStringLiteral("cannot open the port: %1").arg(m_port.errorString());
     close();
-    emit failed(
-        QString::fromLatin1(wasOpen ? "%1: the port is lost: %2" : "%1: cannot open the port: %2")
-            .arg(m_name, reason));
+    emit failed(QStringLiteral("%1: %2").arg(m_name, reason));
 }

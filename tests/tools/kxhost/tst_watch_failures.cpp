@@ -79,9 +79,7 @@ void WatchFailuresTest::lostLineFails()
     simulator.reset();
     QCOMPARE(watch.exitCode(), 1);
     const QByteArray errors = watch.errors();
-    QVERIFY2(errors.startsWith("kxhost: " + port.toUtf8() + ": the port is lost: "),
-             errors.constData());
-    QCOMPARE(errors.count('\n'), 1);
+    QCOMPARE(errors, "kxhost: " + port.toUtf8() + ": the port was closed or unplugged\n");
     QVERIFY(watch.output().contains("requests/s"));
 }
 

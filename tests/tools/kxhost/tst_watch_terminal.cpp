@@ -122,7 +122,7 @@ void WatchTerminalTest::lostLineGivesTheTerminalBackBeforeItIsTold()
     simulator.reset();
     QCOMPARE(terminal.exitCode(), 1);
     QVERIFY(terminal.output().indexOf(FIRST_SCREEN_AGAIN)
-            < terminal.output().indexOf(": the port is lost: "));
+            < terminal.output().indexOf(": the port was closed or unplugged"));
     QVERIFY(terminal.echoes());
 }
 
