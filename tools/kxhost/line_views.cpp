@@ -5,12 +5,17 @@
 #include "kxhost/summary_text.h"
 #include "kxhost/watch_table.h"
 
+QString withName(const QString& address, const QString& name)
+{
+    return name.isEmpty() ? address : address + QLatin1String(" (") + name + QLatin1Char(')');
+}
+
 QString entryLine(const WatchEntry& entry, const QDateTime& time)
 {
     return QString::fromLatin1("%1 %2 %3 %4")
         .arg(time.toString(Qt::ISODateWithMs))
         .arg(entry.station)
-        .arg(addressText(entry.type, entry.address),
+        .arg(withName(addressText(entry.type, entry.address), entry.name),
              hasFailed(entry) ? stateText(entry, 0) : QString::number(entry.value));
 }
 
@@ -21,6 +26,8 @@ QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time)
     json[QLatin1String("time")] = time.toString(Qt::ISODateWithMs);
     json[QLatin1String("station")] = entry.station;
     json[QLatin1String("address")] = addressText(entry.type, entry.address);
+    if (!entry.name.isEmpty())
+        json[QLatin1String("name")] = entry.name;
     if (hasFailed(entry))
         json[QLatin1String("state")] = stateText(entry, 0);
     else

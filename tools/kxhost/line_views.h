@@ -6,7 +6,11 @@
 
 #include <QtCore/QJsonObject>
 
-/// "2024-05-17T10:11:12.013 1 D100 1234", or "... no answer" instead of the value.
+/// "D100 (Pump speed)"; the address alone when the name is empty.
+QString withName(const QString& address, const QString& name);
+
+/// "2024-05-17T10:11:12.013 1 D100 1234", or "... no answer" instead of the value;
+/// the address with its name.
 QString entryLine(const WatchEntry& entry, const QDateTime& time);
 QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time);
 

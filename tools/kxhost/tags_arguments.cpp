@@ -25,7 +25,6 @@ bool takeFile(const QString& path, QList<Tag>* tags, QString* error)
 bool takeArgument(const QString& argument, QList<Tag>* tags, QString* error)
 {
     Tag tag;
-    tag.name = argument;
     if (!parseAddressRange(argument, &tag.range, error))
         return isFileName(argument) && takeFile(argument, tags, error);
     *tags << tag;
@@ -66,7 +65,14 @@ bool readWatchedRanges(const QCommandLineParser& parser, int station, QList<Addr
     QList<Tag> tags;
     if (!readTagArguments(parser, station, &tags, error))
         return false;
-    for (const Tag& tag : tags)
-        *ranges << tag.range;
+    *ranges << rangesOf(tags);
     return true;
+}
+
+QList<AddressRange> rangesOf(const QList<Tag>& tags)
+{
+    QList<AddressRange> ranges;
+    for (const Tag& tag : tags)
+        ranges << tag.range;
+    return ranges;
 }

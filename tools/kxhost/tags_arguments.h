@@ -11,7 +11,7 @@ void addTagsOption(QCommandLineParser* parser);
 
 /// The tags of all --tags files and then of all other arguments: each an address,
 /// or the name of a tags file (one that exists, or that holds a dot or a slash).
-/// A typed address is a tag that is named as typed. Tags that name no station get
+/// A typed address is a tag with an empty name. Tags that name no station get
 /// `station`.
 /// @return false and one line in `*error` when an address or a file is wrong
 bool readTagArguments(const QCommandLineParser& parser, int station, QList<Tag>* tags,
@@ -20,5 +20,8 @@ bool readTagArguments(const QCommandLineParser& parser, int station, QList<Tag>*
 /// The same without the names.
 bool readWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,
                        QString* error);
+
+/// The tags without their names.
+QList<AddressRange> rangesOf(const QList<Tag>& tags);
 
 #endif

@@ -9,15 +9,6 @@ bool isSame(const WatchEntry& entry, int station, const QString& type, int addre
            && type == QLatin1String(entry.type->name);
 }
 
-bool holds(const QList<WatchEntry>& entries, const WatchEntry& wanted)
-{
-    for (const WatchEntry& entry : entries) {
-        if (isSame(entry, wanted.station, QLatin1String(wanted.type->name), wanted.address))
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 bool hasFailed(const WatchEntry& entry)
@@ -34,18 +25,30 @@ AddressRange WatchEntry::range() const
     return range;
 }
 
-WatchList::WatchList(const QList<AddressRange>& ranges)
+WatchList::WatchList(const QList<Tag>& tags)
 {
-    for (const AddressRange& range : ranges) {
-        for (int i = 0; i < range.values; ++i) {
+    for (const Tag& tag : tags) {
+        for (int i = 0; i < tag.range.values; ++i) {
             WatchEntry entry;
-            entry.station = range.station;
-            entry.type = range.type;
-            entry.address = range.address + i;
-            if (!holds(m_entries, entry))
-                m_entries << entry;
+            entry.station = tag.range.station;
+            entry.type = tag.range.type;
+            entry.address = tag.range.address + i;
+            entry.name = tag.name;
+            add(entry);
         }
     }
+}
+
+void WatchList::add(const WatchEntry& wanted)
+{
+    for (WatchEntry& entry : m_entries) {
+        if (!isSame(entry, wanted.station, QLatin1String(wanted.type->name), wanted.address))
+            continue;
+        if (entry.name.isEmpty())
+            entry.name = wanted.name;
+        return;
+    }
+    m_entries << wanted;
 }
 
 bool WatchList::allAnswered() const

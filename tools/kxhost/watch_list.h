@@ -4,6 +4,7 @@
 
 #include "addresses/address_text.h"
 #include "driver/records.h"
+#include "kxhost/tags_file.h"
 
 #include <functional>
 
@@ -18,6 +19,7 @@ struct WatchEntry {
     int station = 0;
     const RegisterType* type = nullptr;
     int address = 0;
+    QString name; ///< of its tag; empty when the address was typed
     WatchState state = WatchState::NeverRead;
     bool isKnown = false; ///< `value` has been read or written
     qint64 value = 0;     ///< as DriverSession::values()
@@ -36,8 +38,9 @@ public:
     /// Reads one cached value.
     using ValueSource = std::function<qint64(const WatchEntry&)>;
 
-    /// Ranges name their stations; an address given twice is listed once.
-    explicit WatchList(const QList<AddressRange>& ranges);
+    /// Tags have their stations; an address given twice is listed once, with the
+    /// first name given for it.
+    explicit WatchList(const QList<Tag>& tags);
 
     const QList<WatchEntry>& entries() const { return m_entries; }
     bool allAnswered() const; ///< all are in state Ok
@@ -56,6 +59,7 @@ public:
     QList<int> takeFailure(const VARIABLE& job, bool refused);
 
 private:
+    void add(const WatchEntry& wanted);
     QList<int> coveredBy(const VARIABLE& job) const;
 
     QList<WatchEntry> m_entries;

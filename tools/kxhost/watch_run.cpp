@@ -1,10 +1,10 @@
 #include "kxhost/watch_run.h"
 
+#include "kxhost/tags_arguments.h"
 #include "kxhost/watch_pieces.h"
 
-WatchRun::WatchRun(DriverSession* session, const QList<AddressRange>& ranges, qint64 cycles,
-                   WatchView* view)
-    : m_session(session), m_ranges(ranges), m_list(ranges), m_view(view), m_cycleLimit(cycles)
+WatchRun::WatchRun(DriverSession* session, const QList<Tag>& tags, qint64 cycles, WatchView* view)
+    : m_session(session), m_ranges(rangesOf(tags)), m_list(tags), m_view(view), m_cycleLimit(cycles)
 {
     connect(session, &DriverSession::valueChanged, this, &WatchRun::takeChange);
     connect(session, &DriverSession::exchanged, this, &WatchRun::takeExchange);

@@ -12,8 +12,7 @@ class WatchRun : public QObject
 public:
     /// @param cycles cycles after which the run is finished; 0: until stopped. A
     ///               cycle is over when every cyclic read was answered or failed.
-    WatchRun(DriverSession* session, const QList<AddressRange>& ranges, qint64 cycles,
-             WatchView* view);
+    WatchRun(DriverSession* session, const QList<Tag>& tags, qint64 cycles, WatchView* view);
 
     void start();
     /// Stops the exchange and shows the summary, once.

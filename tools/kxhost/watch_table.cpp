@@ -4,6 +4,8 @@ namespace
 {
 
 const qint64 SHOWN_AS_CHANGED = 1000; // milliseconds
+// With it, station to state fit a terminal of 80 columns.
+const int WIDEST_NAME = 22;
 
 /// What one line of the table shows, heading included.
 struct Cells {
@@ -15,9 +17,10 @@ struct Cells {
     QString hex;
     QString age;
     QString state;
+    QString name;
 };
 
-QString row(const Cells& cells)
+QString plainRow(const Cells& cells)
 {
     return QString::fromLatin1("%1  %2 %3  %4  %5  %6  %7  %8")
         .arg(cells.station, 7)
@@ -30,11 +33,44 @@ QString row(const Cells& cells)
         .arg(cells.state);
 }
 
-QString heading()
+/// What a narrow terminal can do without comes last. The name is not put in by a
+/// numbered place, since it may hold a percent sign.
+QString namedRow(const Cells& cells, int nameWidth)
+{
+    const QString before = QString::fromLatin1("%1  %2 %3  ")
+                               .arg(cells.station, 7)
+                               .arg(cells.type, -4)
+                               .arg(cells.address, 7);
+    const QString after = QString::fromLatin1("  %1  %2  %3  %4  %5")
+                              .arg(cells.value, 10)
+                              .arg(cells.age, 8)
+                              .arg(cells.state, -10)
+                              .arg(cells.hex, 10)
+                              .arg(cells.modbus, 6);
+    return before + cells.name.leftJustified(nameWidth, QLatin1Char(' '), true) + after;
+}
+
+/// `nameWidth` 0: without names.
+QString row(const Cells& cells, int nameWidth)
+{
+    return nameWidth == 0 ? plainRow(cells) : namedRow(cells, nameWidth);
+}
+
+Cells headings()
 {
     const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
-    return row({text("STATION"), text("TYPE"), text("ADDRESS"), text("MODBUS"), text("VALUE"),
-                text("HEX"), text("AGE"), text("STATE")});
+    return {text("STATION"), text("TYPE"), text("ADDRESS"), text("MODBUS"), text("VALUE"),
+            text("HEX"),     text("AGE"),  text("STATE"),   text("NAME")};
+}
+
+/// 0 when no entry has a name.
+int nameWidthOf(const QList<WatchEntry>& entries)
+{
+    int longest = 0;
+    for (const WatchEntry& entry : entries)
+        longest = qMax(longest, static_cast<int>(entry.name.size()));
+    const int narrowest = static_cast<int>(headings().name.size());
+    return longest == 0 ? 0 : qBound(narrowest, longest, WIDEST_NAME);
 }
 
 /// Time since the last good read, in seconds.
@@ -46,13 +82,17 @@ QString ageText(const WatchEntry& entry, qint64 now)
         QString::number(static_cast<double>(now - entry.readAt) / 1000, 'f', 1));
 }
 
-QString entryRow(const WatchEntry& entry, qint64 now)
+Cells cellsOf(const WatchEntry& entry, qint64 now)
 {
-    return row({QString::number(entry.station), QString::fromLatin1(entry.type->name),
-                QString::number(entry.address, entry.type->radix),
-                QString::number(modbusNumber(entry.type, entry.address)),
-                entry.isKnown ? QString::number(entry.value) : QString(), hexValue(entry),
-                ageText(entry, now), stateText(entry, now)});
+    return {QString::number(entry.station),
+            QString::fromLatin1(entry.type->name),
+            QString::number(entry.address, entry.type->radix),
+            QString::number(modbusNumber(entry.type, entry.address)),
+            entry.isKnown ? QString::number(entry.value) : QString(),
+            hexValue(entry),
+            ageText(entry, now),
+            stateText(entry, now),
+            entry.name};
 }
 
 } // namespace
@@ -86,11 +126,12 @@ QString hexValue(const WatchEntry& entry)
 
 QStringList tableLines(const QList<WatchEntry>& entries, qint64 now, int width, int height)
 {
-    QStringList lines(heading());
+    const int nameWidth = nameWidthOf(entries);
+    QStringList lines(row(headings(), nameWidth));
     const int total = static_cast<int>(entries.size());
     const int rows = total < height ? total : qMax(0, height - 2);
     for (int i = 0; i < rows; ++i)
-        lines << entryRow(entries.at(i), now);
+        lines << row(cellsOf(entries.at(i), now), nameWidth);
     if (rows < total)
         lines << QString::fromLatin1("... and %1 more").arg(total - rows);
     while (lines.size() > qMax(0, height))

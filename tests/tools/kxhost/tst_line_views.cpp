@@ -11,6 +11,8 @@ class LineViewsTest : public QObject
 private slots:
     void entries_data();
     void entries();
+    void namedEntries_data();
+    void namedEntries();
 };
 
 void LineViewsTest::entries_data()
@@ -49,6 +51,44 @@ void LineViewsTest::entries()
     QFETCH(QByteArray, json);
     const QDateTime time(QDate(2024, 5, 17), QTime(10, 11, 12, 13));
     WatchEntry entry = entryOf(address.constData(), value);
+    entry.state = static_cast<WatchState>(state);
+    QTEST(entryLine(entry, time), "line");
+    QCOMPARE(entryJson(entry, time), QJsonDocument::fromJson(json).object());
+}
+
+void LineViewsTest::namedEntries_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QByteArray>("json");
+    const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
+    QTest::newRow("value") << text("Pump speed") << int(WatchState::Ok)
+                           << text("2024-05-17T10:11:12.013 1 D100 (Pump speed) 1234")
+                           << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013",)"
+                                         R"("station":1,"address":"D100","name":"Pump speed",)"
+                                         R"("value":1234})");
+    QTest::newRow("no answer") << text("Pump speed") << int(WatchState::NoAnswer)
+                               << text("2024-05-17T10:11:12.013 1 D100 (Pump speed) no answer")
+                               << QByteArray(
+                                      R"({"event":"failure","time":"2024-05-17T10:11:12.013",)"
+                                      R"("station":1,"address":"D100","name":"Pump speed",)"
+                                      R"("state":"no answer"})");
+    QTest::newRow("percent sign in the name")
+        << text("Valve %3 %4") << int(WatchState::Ok)
+        << text("2024-05-17T10:11:12.013 1 D100 (Valve %3 %4) 1234")
+        << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013",)"
+                      R"("station":1,"address":"D100","name":"Valve %3 %4","value":1234})");
+}
+
+void LineViewsTest::namedEntries()
+{
+    QFETCH(QString, name);
+    QFETCH(int, state);
+    QFETCH(QByteArray, json);
+    const QDateTime time(QDate(2024, 5, 17), QTime(10, 11, 12, 13));
+    WatchEntry entry = entryOf("D100", 1234);
+    entry.name = name;
     entry.state = static_cast<WatchState>(state);
     QTEST(entryLine(entry, time), "line");
     QCOMPARE(entryJson(entry, time), QJsonDocument::fromJson(json).object());

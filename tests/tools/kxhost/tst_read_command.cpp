@@ -3,6 +3,7 @@
 #include "command_process.h"
 #include "tools/kxsim/kxsim_process.h"
 
+#include <QtCore/QTemporaryFile>
 #include <QtTest/QtTest>
 
 namespace
@@ -24,6 +25,7 @@ private slots:
     void valuesAreShown();
     void failedRangesAreNamed();
     void resultsAsJson();
+    void namesOfATagsFileAreShown();
     void longRangesAreCut();
     void framesAreShown();
     void badInputSendsNothing_data();
@@ -90,6 +92,27 @@ void TestReadCommand::resultsAsJson()
                           R"({"address":"Y17","count":1,"event":"read","failure":"no reply",)"
                           R"("station":9})"}));
     QCOMPARE(result.exitCode, 1);
+}
+
+void TestReadCommand::namesOfATagsFileAreShown()
+{
+    QTemporaryFile tags;
+    QVERIFY(tags.open());
+    QVERIFY(tags.write("name,station,address,count,comment\nPump %3,,D1,2\nLamp,9,Y17\n") > 0);
+    tags.close();
+    const KxsimProcess controller({"--still", "--set", "D1=5"});
+    const QStringList arguments{tags.fileName(), "D1", "--timeout", "50"};
+    const CommandResult text = readFrom(controller, arguments);
+    QCOMPARE(text.output, (QStringList{"1 D1 (Pump %3) 5", "1 D2 (Pump %3) 0", "1 D1 5"}));
+    QCOMPARE(text.errors, (QStringList{"kxhost: Y17@9 (Lamp): no reply"}));
+    const CommandResult json = readFrom(controller, arguments + QStringList{"--json"});
+    QCOMPARE(json.output,
+             (QStringList{R"({"address":"D1","count":2,"event":"read","name":"Pump %3",)"
+                          R"("station":1,"values":[5,0]})",
+                          R"({"address":"Y17","count":1,"event":"read","failure":"no reply",)"
+                          R"("name":"Lamp","station":9})",
+                          R"({"address":"D1","count":1,"event":"read","station":1,)"
+                          R"("values":[5]})"}));
 }
 
 void TestReadCommand::longRangesAreCut()

@@ -32,7 +32,7 @@ void write(const char* name)
         qFatal("cannot write %s", name);
 }
 
-/// "Level D100:4@1", or the error alone.
+/// "Level D100:4@1", "- D5:1@1" without a name, or the error alone.
 QStringList read(const QStringList& arguments)
 {
     QCommandLineParser parser;
@@ -46,7 +46,8 @@ QStringList read(const QStringList& arguments)
     QStringList lines;
     for (const Tag& tag : tags)
         lines << QString::fromLatin1("%1 %2:%3@%4")
-                     .arg(tag.name, addressText(tag.range.type, tag.range.address),
+                     .arg(tag.name.isEmpty() ? QLatin1String("-") : tag.name,
+                          addressText(tag.range.type, tag.range.address),
                           QString::number(tag.range.values), QString::number(tag.range.station));
     return lines;
 }
@@ -73,19 +74,19 @@ void TestTagsArguments::argumentsAreRead_data()
     QTest::addColumn<QStringList>("tags");
     const QStringList file{"Level D100:4@1", "Lamp X10:1@9"};
     QTest::newRow("none") << QStringList() << QStringList();
-    QTest::newRow("an address") << QStringList{"D5"} << QStringList{"D5 D5:1@1"};
-    QTest::newRow("an address with all") << QStringList{"D5:2@3"} << QStringList{"D5:2@3 D5:2@3"};
+    QTest::newRow("an address") << QStringList{"D5"} << QStringList{"- D5:1@1"};
+    QTest::newRow("an address with all") << QStringList{"D5:2@3"} << QStringList{"- D5:2@3"};
     QTest::newRow("a file") << QStringList{"tags.csv"} << file;
     QTest::newRow("a file without a dot") << QStringList{"plain"} << file;
     QTest::newRow("a file that is named like an address")
-        << QStringList{"D100"} << QStringList{"D100 D100:1@1"};
+        << QStringList{"D100"} << QStringList{"- D100:1@1"};
     QTest::newRow("such a file by its path") << QStringList{"./D100"} << file;
     QTest::newRow("such a file by the option") << QStringList{"--tags", "D100"} << file;
     QTest::newRow("files of the option come first")
-        << QStringList{"D5", "--tags", "tags.csv"} << file + QStringList{"D5 D5:1@1"};
+        << QStringList{"D5", "--tags", "tags.csv"} << file + QStringList{"- D5:1@1"};
     QTest::newRow("files and addresses in order")
         << QStringList{"D5", "plain", "D6"}
-        << QStringList{"D5 D5:1@1"} + file + QStringList{"D6 D6:1@1"};
+        << QStringList{"- D5:1@1"} + file + QStringList{"- D6:1@1"};
     QTest::newRow("a missing file")
         << QStringList{"no.csv"} << QStringList{"no.csv: No such file or directory"};
     QTest::newRow("neither address nor file")

@@ -3,6 +3,8 @@
 #include "command_process.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
@@ -14,6 +16,9 @@ private slots:
     void initTestCase();
     void everyCommandTakesAFile_data();
     void everyCommandTakesAFile();
+    void jsonHasTheNames_data();
+    void jsonHasTheNames();
+    void typedAddressesHaveNoName();
     void tagsWithoutStationGetTheOneOfTheOption();
     void aFaultNamesFileAndLine_data();
     void aFaultNamesFileAndLine();
@@ -47,8 +52,8 @@ void TestTagsCommands::everyCommandTakesAFile_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("first");
     QTest::addColumn<QString>("second");
-    const QString first = QLatin1String("1 Z15 ");
-    const QString second = QLatin1String("2 SD511 ");
+    const QString first = QLatin1String("1 Z15 (Spare) ");
+    const QString second = QLatin1String("2 SD511 (End) ");
     QTest::newRow("read FILE") << QStringList{"read", "--simulate", m_good} << first << second;
     QTest::newRow("read --tags") << QStringList{"read", "--simulate", "--tags", m_good} << first
                                  << second;
@@ -75,6 +80,37 @@ void TestTagsCommands::everyCommandTakesAFile()
     QVERIFY2(output.contains(second), qPrintable(output));
     QCOMPARE(result.errors, QStringList());
     QCOMPARE(result.exitCode, 0);
+}
+
+void TestTagsCommands::jsonHasTheNames_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("read") << QStringList{"read", "--simulate", "--json", m_good};
+    QTest::newRow("watch") << QStringList{"watch", "--simulate", "--json", "--cycles", "1", m_good};
+}
+
+void TestTagsCommands::jsonHasTheNames()
+{
+    QFETCH(QStringList, arguments);
+    QStringList names;
+    for (const QString& line : runCommand(arguments).output) {
+        const QJsonObject json = QJsonDocument::fromJson(line.toUtf8()).object();
+        if (json.contains(QLatin1String("address")))
+            names << json.value(QLatin1String("address")).toString() + QLatin1Char(' ')
+                         + json.value(QLatin1String("name")).toString();
+    }
+    names.sort();
+    QCOMPARE(names, (QStringList{"SD511 End", "Z15 Spare"}));
+}
+
+void TestTagsCommands::typedAddressesHaveNoName()
+{
+    for (const char* arguments :
+         {"read --simulate --json Z15 SD511", "watch --simulate --json --cycles 1 Z15 SD511"}) {
+        const QString output = runCommand(arguments).output.join(QLatin1Char('\n'));
+        QVERIFY2(output.contains(QLatin1String("\"address\":\"Z15\"")), qPrintable(output));
+        QVERIFY2(!output.contains(QLatin1String("\"name\"")), qPrintable(output));
+    }
 }
 
 void TestTagsCommands::tagsWithoutStationGetTheOneOfTheOption()

@@ -10,6 +10,8 @@ class WatchListTest : public QObject
 
 private slots:
     void addressesAreListedOnceInOrder();
+    void everyValueOfATagHasItsName();
+    void firstNameOfAnAddressIsKept();
     void firstReadMakesValuesKnown();
     void countersCoverHalfTheRegisters();
     void changeOfAKnownValue();
@@ -28,7 +30,7 @@ private:
 
 void WatchListTest::addressesAreListedOnceInOrder()
 {
-    const WatchList list({rangeOf("D100:2"), rangeOf("X7:2"), rangeOf("D101"), rangeOf("D101@2")});
+    const WatchList list({tagOf("D100:2"), tagOf("X7:2"), tagOf("D101"), tagOf("D101@2")});
     QStringList listed;
     for (const WatchEntry& entry : list.entries())
         listed << QString::fromLatin1("%1@%2")
@@ -39,9 +41,28 @@ void WatchListTest::addressesAreListedOnceInOrder()
     QVERIFY(!list.allAnswered());
 }
 
+void WatchListTest::everyValueOfATagHasItsName()
+{
+    const WatchList list({tagOf("D100:2", "Pump speed"), tagOf("D102")});
+    QStringList names;
+    for (const WatchEntry& entry : list.entries())
+        names << entry.name;
+    QCOMPARE(names, (QStringList{"Pump speed", "Pump speed", QString()}));
+}
+
+void WatchListTest::firstNameOfAnAddressIsKept()
+{
+    const WatchList list({tagOf("D100"), tagOf("D100:2", "Pump speed"), tagOf("D101", "Other"),
+                          tagOf("D101"), tagOf("D101@2", "Second pump")});
+    QStringList names;
+    for (const WatchEntry& entry : list.entries())
+        names << entry.name;
+    QCOMPARE(names, (QStringList{"Pump speed", "Pump speed", "Second pump"}));
+}
+
 void WatchListTest::firstReadMakesValuesKnown()
 {
-    WatchList list({rangeOf("D100:4"), rangeOf("D101@2"), rangeOf("M101")});
+    WatchList list({tagOf("D100:4"), tagOf("D101@2"), tagOf("M101")});
     const VARIABLE read = job(1, "D", 101, 2);
     QCOMPARE(list.takeRead(read, always(0), 50), QList<int>({1, 2}));
     QCOMPARE(list.entries().at(0).state, WatchState::NeverRead);
@@ -59,7 +80,7 @@ void WatchListTest::firstReadMakesValuesKnown()
 
 void WatchListTest::countersCoverHalfTheRegisters()
 {
-    WatchList list({rangeOf("32CV200:4")});
+    WatchList list({tagOf("32CV200:4")});
     // Four registers are two counters.
     QCOMPARE(list.takeRead(job(1, "32CV", 200, 4), always(1), 50), QList<int>({0, 1}));
     QCOMPARE(list.entries().at(2).state, WatchState::NeverRead);
@@ -67,7 +88,7 @@ void WatchListTest::countersCoverHalfTheRegisters()
 
 void WatchListTest::changeOfAKnownValue()
 {
-    WatchList list({rangeOf("D100:2")});
+    WatchList list({tagOf("D100:2")});
     list.takeRead(job(1, "D", 100, 2), always(4), 50);
     QCOMPARE(list.entries().at(1).changedAt, qint64(0));
     QCOMPARE(list.takeChange(1, d(), 101, always(5), 70), 1);
@@ -78,7 +99,7 @@ void WatchListTest::changeOfAKnownValue()
 
 void WatchListTest::changeBeforeTheFirstRead()
 {
-    WatchList list({rangeOf("D100")});
+    WatchList list({tagOf("D100")});
     QCOMPARE(list.takeChange(1, d(), 100, always(5), 70), 0);
     QCOMPARE(list.entries().at(0).value, qint64(5));
     // It became known, which is no change.
@@ -88,7 +109,7 @@ void WatchListTest::changeBeforeTheFirstRead()
 
 void WatchListTest::reportWithoutAChangeIsNone()
 {
-    WatchList list({rangeOf("M0")});
+    WatchList list({tagOf("M0")});
     list.takeRead(job(1, "M", 0, 1), always(1), 50);
     QCOMPARE(list.takeChange(1, QString::fromLatin1("M"), 0, always(1), 70), -1);
     QCOMPARE(list.entries().at(0).changedAt, qint64(0));
@@ -96,7 +117,7 @@ void WatchListTest::reportWithoutAChangeIsNone()
 
 void WatchListTest::changeOfAnAddressNotWatchedIsNone()
 {
-    WatchList list({rangeOf("D100")});
+    WatchList list({tagOf("D100")});
     QCOMPARE(list.takeChange(1, d(), 101, always(5), 70), -1);
     QCOMPARE(list.takeChange(2, d(), 100, always(5), 70), -1);
     QCOMPARE(list.takeChange(1, QString::fromLatin1("SD"), 100, always(5), 70), -1);
@@ -104,7 +125,7 @@ void WatchListTest::changeOfAnAddressNotWatchedIsNone()
 
 void WatchListTest::failureAndRecovery()
 {
-    WatchList list({rangeOf("D100:2")});
+    WatchList list({tagOf("D100:2")});
     const VARIABLE read = job(1, "D", 100, 2);
     list.takeRead(read, always(4), 50);
     QVERIFY(list.allAnswered());

@@ -10,6 +10,8 @@ class WatchTableTest : public QObject
 
 private slots:
     void rows();
+    void rowsWithNames();
+    void longNamesAreCut();
     void states_data();
     void states();
     void hexValues_data();
@@ -50,6 +52,40 @@ void WatchTableTest::rows()
                  QString::fromLatin1(
                      "     12  M       2048   12000                                    never read"),
              }));
+}
+
+void WatchTableTest::rowsWithNames()
+{
+    WatchEntry speed = entryOf("D100", 1234);
+    speed.name = QString::fromLatin1("Pump speed");
+    WatchEntry silent = entryOf("M2048@12", 0);
+    silent.name = QString::fromLatin1("Lamp %1");
+    silent.state = WatchState::NeverRead;
+    silent.isKnown = false;
+    silent.readAt = 0;
+    const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
+    QCOMPARE(tableLines({speed, silent, entryOf("X17", 1)}, 2300, 100, 20),
+             QStringList({
+                 text("STATION  TYPE ADDRESS  NAME             VALUE       AGE  STATE     "
+                      "         HEX  MODBUS"),
+                 text("      1  D        100  Pump speed        1234     1.3 s  ok        "
+                      "      0x04D2     100"),
+                 text("     12  M       2048  Lamp %1                           never read"
+                      "               12000"),
+                 text("      1  X         17                       1     1.3 s  ok        "
+                      "           1    1215"),
+             }));
+}
+
+// The state is what a terminal of 80 columns must still show.
+void WatchTableTest::longNamesAreCut()
+{
+    WatchEntry entry = entryOf("D100", 1234);
+    entry.name = QString::fromLatin1("Speed of the second circulation pump");
+    entry.state = WatchState::NoAnswer;
+    QCOMPARE(tableLines({entry}, 2300, 80, 20).last(),
+             QString::fromLatin1("      1  D        100  Speed of the second ci        1234     "
+                                 "1.3 s  no answer  "));
 }
 
 void WatchTableTest::states_data()

@@ -16,6 +16,15 @@ inline AddressRange rangeOf(const char* address)
     return range;
 }
 
+/// A tag of such a range; typed unless named.
+inline Tag tagOf(const char* address, const char* name = "")
+{
+    Tag tag;
+    tag.name = QString::fromLatin1(name);
+    tag.range = rangeOf(address);
+    return tag;
+}
+
 /// An entry that was read at 1000 ms.
 inline WatchEntry entryOf(const char* address, qint64 value)
 {

@@ -7,6 +7,7 @@
 #include "kxhost/connection.h"
 #include "kxhost/console.h"
 #include "kxhost/exit_codes.h"
+#include "kxhost/line_views.h"
 #include "kxhost/tags_arguments.h"
 
 #include <QtCore/QJsonArray>
@@ -17,20 +18,22 @@ namespace
 const CommandHelp HELP = {
     "read [options] ADDRESS|FILE...",
     "Reads the addresses once and prints a line for each: station, address, value.\n"
-    "An address is TYPE NUMBER[:COUNT][@STATION]; a file is a tags file. Values of\n"
-    "registers are unsigned. Ends with 1 when a station did not answer or refused.",
+    "An address is TYPE NUMBER[:COUNT][@STATION]; a file is a tags file, whose names\n"
+    "are printed after the addresses. Values of registers are unsigned. Ends with 1\n"
+    "when a station did not answer or refused.",
     "kxhost read D100:10 --port /dev/ttyUSB0\n"
     "kxhost read tags.csv --port /dev/ttyUSB0\n"
     "kxhost read X0:8 32CV200@2 --tcp 192.168.0.5 --json\n"
     "kxhost read D0 --simulate"};
 
-bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options,
-                 QList<AddressRange>* ranges, QString* error)
+bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options, QList<Tag>* tags,
+                 QString* error)
 {
     if (!readConnectionOptions(parser, options, error)
-        || !readWatchedRanges(parser, options->station, ranges, error))
+        || !readTagArguments(parser, options->station, tags, error))
         return false;
-    for (const AddressRange& range : *ranges) {
+    for (const Tag& tag : *tags) {
+        const AddressRange& range = tag.range;
         if (addressesPerRead(range.type, options->session.maxWords) < 1) {
             *error = QStringLiteral("%1: a 32CV takes 2 registers; --max-words is 1")
                          .arg(addressText(range.type, range.address));
@@ -38,12 +41,12 @@ bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options,
         }
         simulateStation(range.station, options);
     }
-    if (ranges->isEmpty())
+    if (tags->isEmpty())
         *error = QStringLiteral("nothing to read; name addresses such as D100:4, or a tags file");
-    return !ranges->isEmpty();
+    return !tags->isEmpty();
 }
 
-QString nameOf(const AddressRange& range)
+QString rangeText(const AddressRange& range)
 {
     const QString count = range.values == 1 ? QString() : QStringLiteral(":%1").arg(range.values);
     return QStringLiteral("%1%2@%3")
@@ -53,23 +56,28 @@ QString nameOf(const AddressRange& range)
 
 void printText(const ReadOutcome& outcome)
 {
-    const AddressRange& range = outcome.range;
+    const AddressRange& range = outcome.tag.range;
     for (int i = 0; i < outcome.values.size(); ++i)
         printLine(QStringLiteral("%1 %2 %3")
                       .arg(range.station)
-                      .arg(addressText(range.type, range.address + i))
-                      .arg(outcome.values.at(i)));
+                      .arg(withName(addressText(range.type, range.address + i), outcome.tag.name),
+                           QString::number(outcome.values.at(i))));
     if (!outcome.failure.isEmpty())
-        complain(QStringLiteral("%1: %2").arg(nameOf(range), outcome.failure), EXIT_DEVICE_FAILED);
+        complain(QStringLiteral("%1: %2").arg(withName(rangeText(range), outcome.tag.name),
+                                              outcome.failure),
+                 EXIT_DEVICE_FAILED);
 }
 
 void printJsonOutcome(const ReadOutcome& outcome)
 {
+    const AddressRange& range = outcome.tag.range;
     QJsonObject json;
     json[QLatin1String("event")] = QLatin1String("read");
-    json[QLatin1String("station")] = outcome.range.station;
-    json[QLatin1String("address")] = addressText(outcome.range.type, outcome.range.address);
-    json[QLatin1String("count")] = outcome.range.values;
+    json[QLatin1String("station")] = range.station;
+    json[QLatin1String("address")] = addressText(range.type, range.address);
+    json[QLatin1String("count")] = range.values;
+    if (!outcome.tag.name.isEmpty())
+        json[QLatin1String("name")] = outcome.tag.name;
     if (outcome.failure.isEmpty()) {
         QJsonArray values;
         for (const qint64 value : outcome.values)
@@ -81,14 +89,14 @@ void printJsonOutcome(const ReadOutcome& outcome)
     printJson(json);
 }
 
-int read(const ConnectionOptions& options, const QList<AddressRange>& ranges)
+int read(const ConnectionOptions& options, const QList<Tag>& tags)
 {
     Connection connection;
     const int result = openConnection(options, &connection);
     if (result != EXIT_FINE)
         return result;
     showFrames(connection.session.get(), options);
-    ReadRun run(connection.session.get(), ranges);
+    ReadRun run(connection.session.get(), tags);
     QObject::connect(&run, &ReadRun::rangeFinished, options.json ? printJsonOutcome : printText);
     runToItsEnd(&run);
     return run.hasFailed() ? EXIT_DEVICE_FAILED : EXIT_FINE;
@@ -105,9 +113,9 @@ int runRead(const QStringList& arguments)
     if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
         return exitCode;
     ConnectionOptions options;
-    QList<AddressRange> ranges;
+    QList<Tag> tags;
     QString error;
-    if (!readOptions(parser, &options, &ranges, &error))
+    if (!readOptions(parser, &options, &tags, &error))
         return complain(error, EXIT_WRONG_USAGE);
-    return read(options, ranges);
+    return read(options, tags);
 }

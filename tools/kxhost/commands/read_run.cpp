@@ -10,8 +10,7 @@ const int READ_DONE = 0; // of DriverSession::conditionReadFinished()
 
 } // namespace
 
-ReadRun::ReadRun(DriverSession* session, const QList<AddressRange>& ranges)
-    : m_session(session), m_ranges(ranges)
+ReadRun::ReadRun(DriverSession* session, const QList<Tag>& tags) : m_session(session), m_tags(tags)
 {
     connect(session, &DriverSession::conditionReadFinished, this, &ReadRun::takeEnd);
     connect(session, &DriverSession::exchanged, this, &ReadRun::takeExchange);
@@ -26,7 +25,7 @@ void ReadRun::start()
 
 void ReadRun::queueRange()
 {
-    const AddressRange& range = m_ranges.first();
+    const AddressRange& range = m_tags.first().range;
     m_pieces = readPieces(range, addressesPerRead(range.type, m_session->settings().maxWords));
     m_session->conditionRead(m_pieces.first());
 }
@@ -39,7 +38,7 @@ void ReadRun::takeExchange(const ExchangeRecord& record)
 
 void ReadRun::takeEnd(int result)
 {
-    if (m_ranges.isEmpty())
+    if (m_tags.isEmpty())
         return;
     if (result != READ_DONE) {
         settle(m_lastReason);
@@ -54,13 +53,13 @@ void ReadRun::takeEnd(int result)
 
 void ReadRun::settle(const QString& failure)
 {
-    ReadOutcome outcome = {m_ranges.takeFirst(), failure, QList<qint64>()};
+    ReadOutcome outcome = {m_tags.takeFirst(), failure, QList<qint64>()};
     if (failure.isEmpty())
-        outcome.values = m_session->values(outcome.range);
+        outcome.values = m_session->values(outcome.tag.range);
     else
         m_hasFailed = true;
     emit rangeFinished(outcome);
-    if (!m_ranges.isEmpty()) {
+    if (!m_tags.isEmpty()) {
         queueRange();
         return;
     }
@@ -71,8 +70,8 @@ void ReadRun::settle(const QString& failure)
 void ReadRun::abort(const QString& reason)
 {
     m_session->stop();
-    m_hasFailed = m_hasFailed || !m_ranges.isEmpty();
-    while (!m_ranges.isEmpty())
-        emit rangeFinished({m_ranges.takeFirst(), reason, QList<qint64>()});
+    m_hasFailed = m_hasFailed || !m_tags.isEmpty();
+    while (!m_tags.isEmpty())
+        emit rangeFinished({m_tags.takeFirst(), reason, QList<qint64>()});
     emit finished();
 }

@@ -3,9 +3,10 @@
 #define KX_KXHOST_READ_RUN_H
 
 #include "exchange/driver_session.h"
+#include "kxhost/tags_file.h"
 
 struct ReadOutcome {
-    AddressRange range;
+    Tag tag;
     QString failure;      ///< empty when all values were read
     QList<qint64> values; ///< one per address, none after a failure
 };
@@ -18,7 +19,7 @@ class ReadRun : public QObject
     Q_OBJECT
 
 public:
-    ReadRun(DriverSession* session, const QList<AddressRange>& ranges);
+    ReadRun(DriverSession* session, const QList<Tag>& tags);
 
     void start();
     /// Ends the run; what was not read has failed for that reason.
@@ -36,8 +37,8 @@ private:
     void settle(const QString& failure);
 
     DriverSession* m_session;
-    QList<AddressRange> m_ranges; ///< not yet finished
-    QList<AddressRange> m_pieces; ///< of the first range, not yet read
+    QList<Tag> m_tags;            ///< not yet finished
+    QList<AddressRange> m_pieces; ///< of the first tag, not yet read
     QString m_lastReason;         ///< what came of the latest request
     bool m_hasFailed = false;
 };

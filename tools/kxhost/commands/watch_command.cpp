@@ -21,9 +21,10 @@ namespace
 const CommandHelp HELP = {
     "watch [options] ADDRESS|FILE...",
     "Reads the addresses in cycles and shows their values.\n"
-    "An address is TYPE NUMBER[:COUNT][@STATION]; a file is a tags file. A cycle is over\n"
-    "when every request of the list was answered or has failed once. Ends with 1 when\n"
-    "an address was never read or its last read failed, or when the line was lost.\n"
+    "An address is TYPE NUMBER[:COUNT][@STATION]; a file is a tags file, whose names\n"
+    "are shown. A cycle is over when every request of the list was answered or has\n"
+    "failed once. Ends with 1 when an address was never read or its last read failed,\n"
+    "or when the line was lost.\n"
     "On a terminal a table is shown, below which assignments such as D100=5 can be\n"
     "typed; --frames and --json, or a pipe, give lines of changes instead.",
     "kxhost watch D100:4 M0:8 X10 32CV200 --port /dev/ttyUSB0 --station 1\n"
@@ -34,7 +35,7 @@ const CommandHelp HELP = {
 
 struct WatchOptions {
     ConnectionOptions connection;
-    QList<AddressRange> ranges;
+    QList<Tag> tags;
     int cycles = 0;
 };
 
@@ -42,7 +43,8 @@ struct WatchOptions {
 bool prepareRanges(WatchOptions* options, QString* error)
 {
     QList<int>& simulated = options->connection.simulatedStations;
-    for (const AddressRange& range : options->ranges) {
+    for (const Tag& tag : options->tags) {
+        const AddressRange& range = tag.range;
         if (!simulated.contains(range.station))
             simulated << range.station;
         if (addressesPerRead(range.type, options->connection.session.maxWords) < 1) {
@@ -60,11 +62,11 @@ bool readOptions(const QCommandLineParser& parser, WatchOptions* options, QStrin
     if (!readConnectionOptions(parser, &options->connection, error)
         || !takeNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
                        error)
-        || !readWatchedRanges(parser, options->connection.station, &options->ranges, error))
+        || !readTagArguments(parser, options->connection.station, &options->tags, error))
         return false;
-    if (options->ranges.isEmpty())
+    if (options->tags.isEmpty())
         *error = QLatin1String("nothing to watch; name addresses such as D100:4, or a tags file");
-    return !options->ranges.isEmpty() && prepareRanges(options, error);
+    return !options->tags.isEmpty() && prepareRanges(options, error);
 }
 
 bool wantsTable(const ConnectionOptions& options)
@@ -96,7 +98,7 @@ int watchInLines(const WatchOptions& options, DriverSession* session)
     TextView text(options.connection.frames);
     JsonView json(options.connection.frames);
     WatchView* const view = options.connection.json ? static_cast<WatchView*>(&json) : &text;
-    WatchRun run(session, options.ranges, options.cycles, view);
+    WatchRun run(session, options.tags, options.cycles, view);
     return runUntilFinished(&run);
 }
 
@@ -108,7 +110,7 @@ int watchInTable(const WatchOptions& options, DriverSession* session)
     PromptWriter writer(session, options.connection.station);
     QObject::connect(&view, &LiveView::entered, &writer, &PromptWriter::take);
     QObject::connect(&writer, &PromptWriter::message, &view, &LiveView::setMessage);
-    WatchRun run(session, options.ranges, options.cycles, &view);
+    WatchRun run(session, options.tags, options.cycles, &view);
     view.attach(&run);
     return runUntilFinished(&run);
 }
