@@ -1,5 +1,8 @@
 #include "exchange/serial_line.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
 namespace
 {
 
@@ -8,13 +11,24 @@ QSerialPort::StopBits stopBits(int bits)
     return bits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop;
 }
 
+/// QSerialPort looks for a bare name in /dev only; a link to a port may also stand
+/// in the current folder.
+QString pathOf(const QString& portName)
+{
+    if (portName.contains(QLatin1Char('/')))
+        return portName;
+    const QString device = QStringLiteral("/dev/%1").arg(portName);
+    const bool isHere = QFileInfo::exists(portName) && !QFileInfo::exists(device);
+    return isHere ? QDir::current().absoluteFilePath(portName) : device;
+}
+
 } // namespace
 
 SerialLine::SerialLine(const QString& portName, const LineTiming& timing,
                        QSerialPort::Parity parity, QObject* parent)
-    : Line(parent), m_timing(timing), m_name(portName)
+    : Line(parent), m_timing(timing), m_name(pathOf(portName))
 {
-    m_port.setPortName(portName);
+    m_port.setPortName(m_name);
     m_port.setBaudRate(timing.baud);
     m_port.setDataBits(static_cast<QSerialPort::DataBits>(timing.dataBits));
     m_port.setStopBits(stopBits(timing.stopBits));

@@ -11,10 +11,12 @@ class SerialLine : public Line
     Q_OBJECT
 
 public:
+    /// @param portName a path, or a bare name in /dev or else in the current folder
     /// @param timing its parity bit tells only the length; `parity` says which
     SerialLine(const QString& portName, const LineTiming& timing, QSerialPort::Parity parity,
                QObject* parent = nullptr);
 
+    /// The path that is opened.
     QString name() const override { return m_name; }
     LineTiming timing() const override { return m_timing; }
     void open() override;

@@ -46,6 +46,20 @@ private:
     int m_end;
 };
 
+/// An empty current folder, for as long as it lives.
+class CurrentFolder
+{
+public:
+    CurrentFolder() { QDir::setCurrent(m_folder.path()); }
+    ~CurrentFolder() { QDir::setCurrent(m_before); }
+
+    QString path() const { return QDir::currentPath(); }
+
+private:
+    QString m_before = QDir::currentPath();
+    QTemporaryDir m_folder;
+};
+
 /// What a line tells.
 struct Listener {
     explicit Listener(Line* line)
@@ -69,6 +83,9 @@ class LinesTest : public QObject
 private slots:
     void serialCarriesBytesBothWays();
     void serialThrowsAwayWhatWaits();
+    void serialNamedByALinkInTheCurrentFolder();
+    void bareNameIsLookedForInDevFirst_data();
+    void bareNameIsLookedForInDevFirst();
     void serialThatIsNotThere();
     void serialThatGoesAway();
     void networkCarriesBytesBothWays();
@@ -107,6 +124,48 @@ void LinesTest::serialThrowsAwayWhatWaits()
     line.discardWaiting();
     controller.send("new");
     QTRY_COMPARE(listener.arrived, QByteArray("new"));
+}
+
+void LinesTest::serialNamedByALinkInTheCurrentFolder()
+{
+    const CurrentFolder folder;
+    PseudoTerminal controller;
+    QVERIFY(QFile::link(controller.name(), QStringLiteral("kx-line")));
+    SerialLine line(QStringLiteral("kx-line"), LineTiming(), QSerialPort::NoParity);
+    QCOMPARE(line.name(), folder.path() + QLatin1String("/kx-line"));
+    Listener listener(&line);
+    line.open();
+    QCOMPARE(listener.errors, QStringList());
+    QCOMPARE(listener.opened, 1);
+    controller.send("reply");
+    QTRY_COMPARE(listener.arrived, QByteArray("reply"));
+}
+
+void LinesTest::bareNameIsLookedForInDevFirst_data()
+{
+    QTest::addColumn<QString>("fileHere");
+    QTest::addColumn<QString>("portName");
+    QTest::addColumn<QString>("start");
+
+    QTest::newRow("nowhere") << "other"
+                             << "kx-none"
+                             << "/dev/kx-none: cannot open the port: ";
+    QTest::newRow("in both") << "null"
+                             << "null"
+                             << "/dev/null: cannot open the port: ";
+}
+
+void LinesTest::bareNameIsLookedForInDevFirst()
+{
+    QFETCH(QString, fileHere);
+    QFETCH(QString, portName);
+    QFETCH(QString, start);
+    const CurrentFolder folder;
+    QVERIFY(QFile(fileHere).open(QIODevice::WriteOnly));
+    SerialLine line(portName, LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    QVERIFY2(listener.errors.value(0).startsWith(start), qPrintable(listener.errors.value(0)));
 }
 
 void LinesTest::serialThatIsNotThere()
