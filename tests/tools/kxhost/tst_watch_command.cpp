@@ -136,7 +136,7 @@ void WatchCommandTest::tagsFile()
     arguments << QString::fromLatin1("--tags") << path;
     const CommandResult watched = runCommand(arguments);
     QCOMPARE(watched.exitCode, 0);
-    for (const char* line : {" 1 D7 8", " 1 D100 5", " 1 D101 6", " 2 Y10 1"})
+    for (const char* line : {" 1 D7 8", " 1 D100 (Pump) 5", " 1 D101 (Pump) 6", " 2 Y10 (Valve) 1"})
         QVERIFY2(holds(watched.output, line), line);
 }
 
