@@ -20,7 +20,7 @@
 #include <QtCore/QString>
 
 struct Tag {
-    QString name;       ///< not empty, unlike every other of the file
+    QString name;       ///< unlike every other of the file; empty for a typed address
     AddressRange range; ///< station -1 when the file leaves it open
     QString comment;
 };
