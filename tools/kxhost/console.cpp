@@ -1,15 +1,39 @@
 #include "kxhost/console.h"
 
+#include "kxhost/interrupt.h"
+
 #include <QtCore/QJsonDocument>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <unistd.h>
+
+namespace
+{
+
+int outputError = 0;
+
+} // namespace
 
 void print(const QString& text)
 {
+    if (outputError != 0)
+        return Interrupt::request(); // there may have been none the first time
     const QByteArray bytes = text.toUtf8();
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout);
-    std::fflush(stdout);
+    const auto size = static_cast<size_t>(bytes.size());
+    if (std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0)
+        return;
+    outputError = errno;
+    Interrupt::request();
+}
+
+QString outputFailure()
+{
+    if (outputError == 0)
+        return QString();
+    return QStringLiteral("cannot write standard output: %1")
+        .arg(QString::fromLocal8Bit(std::strerror(outputError)));
 }
 
 void printLine(const QString& line)

@@ -5,11 +5,15 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
-/// Writes to standard output at once.
+/// Writes to standard output at once. When that fails, nothing more is written and
+/// the command is interrupted, as by Ctrl-C.
 void print(const QString& text);
 void printLine(const QString& line);
 /// One object on one line.
 void printJson(const QJsonObject& object);
+
+/// Why standard output could not be written; empty when all went well.
+QString outputFailure();
 
 /// Writes "kxhost: MESSAGE" to standard error; returns `exitCode`.
 int complain(const QString& message, int exitCode);

@@ -4,7 +4,7 @@
 /// What every command tells the shell.
 enum ExitCode {
     EXIT_FINE = 0,
-    EXIT_DEVICE_FAILED = 1, ///< a station did not answer, or refused
+    EXIT_DEVICE_FAILED = 1, ///< a station did not answer, or refused, or standard output failed
     EXIT_WRONG_USAGE = 2,   ///< nothing was opened or sent
     EXIT_CANNOT_OPEN = 3    ///< the port, the network or the driver library
 };

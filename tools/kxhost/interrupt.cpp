@@ -45,6 +45,13 @@ Interrupt::~Interrupt()
     m_notifier.reset();
     close(pipeEnds[0]);
     close(pipeEnds[1]);
+    pipeEnds[0] = pipeEnds[1] = -1;
+}
+
+void Interrupt::request()
+{
+    if (pipeEnds[1] >= 0)
+        writeToPipe(0);
 }
 
 void Interrupt::takeSignal()

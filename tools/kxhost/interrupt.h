@@ -17,6 +17,9 @@ public:
     explicit Interrupt(QObject* parent = nullptr);
     ~Interrupt() override;
 
+    /// As the signals do; nothing happens while no Interrupt lives.
+    static void request();
+
 signals:
     void interrupted();
 

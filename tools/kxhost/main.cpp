@@ -13,12 +13,8 @@ bool isSwitch(const QString& argument)
            || argument == QLatin1String("--frames");
 }
 
-} // namespace
-
-int main(int argc, char* argv[])
+int runCommand(QStringList arguments)
 {
-    QCoreApplication application(argc, argv);
-    QStringList arguments = application.arguments().mid(1);
     // Options without a value may stand in front of the command: kxhost --simulate read D0.
     QStringList leading;
     while (arguments.size() > 1 && isSwitch(arguments.first()))
@@ -36,4 +32,16 @@ int main(int argc, char* argv[])
             QString::fromLatin1("unknown command '%1'; kxhost --help lists them").arg(name),
             EXIT_WRONG_USAGE);
     return command->run(leading + arguments.mid(1));
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const int exitCode = runCommand(QCoreApplication::arguments().mid(1));
+    const QString failure = outputFailure();
+    if (failure.isEmpty())
+        return exitCode;
+    return complain(failure, exitCode == EXIT_FINE ? EXIT_DEVICE_FAILED : exitCode);
 }
