@@ -1,0 +1,16 @@
+#ifndef KX_FUZZ_REQUIRE_H
+#define KX_FUZZ_REQUIRE_H
+
+#include <cstdio>
+#include <cstdlib>
+
+/// Ends the run as a finding when `holds` is false.
+inline void require(bool holds, const char* promise)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "BROKEN PROMISE: %s\n", promise);
+    std::abort();
+}
+
+#endif
