@@ -132,7 +132,8 @@ bool takeValue(const QString& digits, const QString& whole, Assignment* assignme
 bool parseAddressRange(const QString& address, AddressRange* range, QString* error)
 {
     static const QRegularExpression pattern(
-        text("^((?:32)?[A-Za-z]+)([^:@]*)(?::([^@]*))?(?:@(.*))?$"));
+        text("\\A((?:32)?[A-Za-z]+)([^:@]*)(?::([^@]*))?(?:@(.*))?\\z"),
+        QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch parts = pattern.match(address);
     if (!parts.hasMatch())
         return fail(error, text("%1: not an address; write TYPE ADDRESS[:COUNT][@STATION] without "

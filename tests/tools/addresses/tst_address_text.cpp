@@ -153,6 +153,7 @@ void TestAddressText::aWrongAddressIsRefusedInOneLine_data()
     row("the broadcast station", "D1@0", "D1@0: the station must be 1 to 247");
     row("past the last station", "D1@248", "D1@248: the station must be 1 to 247");
     row("a station in letters", "D1@a", "D1@a: the station must be 1 to 247");
+    row("a line end after the station", "D1@2\n", "D1@2\\n: the station must be 1 to 247");
     row("two stations", "D1@2@3", "D1@2@3: the station must be 1 to 247");
     row("a per cent sign", "D1@%2", "D1@%2: the station must be 1 to 247");
 }
