@@ -48,10 +48,9 @@ bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest
     bool isNumber = false;
     const int value = parser.value(name).toInt(&isNumber);
     if (!isNumber || value < lowest || value > highest) {
-        *error = QString::fromLatin1("--%1 %2: must be a number from %3 to %4")
-                     .arg(name, parser.value(name))
-                     .arg(lowest)
-                     .arg(highest);
+        *error =
+            QString::fromLatin1("--%1 %2: must be a number from %3 to %4")
+                .arg(name, parser.value(name), QString::number(lowest), QString::number(highest));
         return false;
     }
     *number = value;

@@ -16,10 +16,9 @@ QString conflict(const RecipeRow& earlier, quint32 earlierPart, const RecipeRow&
                  quint32 laterPart, int address)
 {
     return QStringLiteral("%1 and %2 give %3@%4 different values: %5 and %6")
-        .arg(earlier.place(), later.place(), addressText(later.range.type, address))
-        .arg(later.range.station)
-        .arg(earlierPart)
-        .arg(laterPart);
+        .arg(earlier.place(), later.place(), addressText(later.range.type, address),
+             QString::number(later.range.station), QString::number(earlierPart),
+             QString::number(laterPart));
 }
 
 bool takeCell(const RecipeRow& row, int index, RecipeCells* cells, QString* error)

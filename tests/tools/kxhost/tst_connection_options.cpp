@@ -126,6 +126,8 @@ void ConnectionOptionsTest::errors_data()
     row("baud 0", "--simulate --baud 0", "--baud 0: must be a number from 1 to 4000000");
     row("baud no number", "--simulate --baud fast",
         "--baud fast: must be a number from 1 to 4000000");
+    row("a percent sign for a number", "--simulate --baud %3%4",
+        "--baud %3%4: must be a number from 1 to 4000000");
     row("parity", "--simulate --parity mark", "--parity mark: must be none, even or odd");
     row("data bits", "--simulate --data-bits 9", "--data-bits 9: must be a number from 7 to 8");
     row("stop bits", "--simulate --stop-bits 3", "--stop-bits 3: must be a number from 1 to 2");

@@ -30,6 +30,12 @@ void TestRecipeRefusals::badRecipesAreRefused_data()
     QTest::newRow("one coil, two values") << "a,1,Y,17,bit,0\nb,1,Y,17,bit,1" << 32
                                           << "line 2 (a) and line 3 (b) give Y17@1 different "
                                              "values: 0 and 1";
+    QTest::newRow("percent signs in the names")
+        << "a%3%4,1,D,100,uint16,5\nb%5%6,1,D,100,uint16,6" << 32
+        << "line 2 (a%3%4) and line 3 (b%5%6) give D100@1 different values: 5 and 6";
+    QTest::newRow("a percent sign in the name of a 32CV")
+        << "%3,1,32CV,200,uint32,5" << 1
+        << "line 2 (%3): 32CV200 takes 2 registers; the longest request has 1";
     QTest::newRow("32CV in a request of one register")
         << "a,1,32CV,200,uint32,5" << 1
         << "line 2 (a): 32CV200 takes 2 registers; the longest request has 1";
