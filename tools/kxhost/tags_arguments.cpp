@@ -15,6 +15,10 @@ bool isFileName(const QString& argument)
 
 bool takeFile(const QString& path, QList<Tag>* tags, QString* error)
 {
+    if (path.isEmpty()) {
+        *error = QLatin1String("--tags: the name of the file is missing");
+        return false;
+    }
     QList<Tag> loaded;
     if (!loadTags(path, &loaded, error))
         return false;

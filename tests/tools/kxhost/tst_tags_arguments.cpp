@@ -89,6 +89,8 @@ void TestTagsArguments::argumentsAreRead_data()
         << QStringList{"- D5:1@1"} + file + QStringList{"- D6:1@1"};
     QTest::newRow("a missing file")
         << QStringList{"no.csv"} << QStringList{"no.csv: No such file or directory"};
+    QTest::newRow("an option without a file's name")
+        << QStringList{"--tags="} << QStringList{"--tags: the name of the file is missing"};
     QTest::newRow("neither address nor file")
         << QStringList{"X8"}
         << QStringList{"X8: '8' is not an octal number; the addresses are X0 to X377 (octal)"};
