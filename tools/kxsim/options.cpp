@@ -77,8 +77,7 @@ bool takeStations(const QStringList& texts, Options* options, QString* error)
         const int station = text.toInt();
         if (station < 1 || station > HIGHEST_STATION)
             return fail(error, QStringLiteral("--station %1: the station must be 1 to %2")
-                                   .arg(text)
-                                   .arg(HIGHEST_STATION));
+                                   .arg(text, QString::number(HIGHEST_STATION)));
         options->simulation.stations << station;
     }
     return true;
@@ -93,8 +92,7 @@ bool takePresets(const QStringList& texts, Options* options, QString* error)
         const int station = preset.range.station;
         if (station >= 0 && !options->simulation.stations.contains(station))
             return fail(error, QStringLiteral("%1: station %2 is not simulated; add --station %2")
-                                   .arg(text)
-                                   .arg(station));
+                                   .arg(text, QString::number(station)));
         options->simulation.presets << preset;
     }
     return true;

@@ -54,6 +54,7 @@ void TestKxsimUsage::wrongUsageGetsOneLine_data()
         {"station 0", "--station 0", 2, "1 to 247"},
         {"station 248", "--station 248", 2, "1 to 247"},
         {"station not a number", "-a one", 2, "1 to 247"},
+        {"a percent sign in the station", "--station %2", 2, "--station %2: the station"},
         {"unknown type", "--set Q1=1", 2, "unknown register type"},
         {"address out of range", "--set D8000=1", 2, "D0 to D7999"},
         {"octal digit 8", "--set X8=1", 2, "octal"},
