@@ -48,7 +48,7 @@ std::unique_ptr<kxsim::SlaveLine> openLine(const kxsim::Options& options, QStrin
 
 int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations* stations)
 {
-    kxsim::Simulator simulator(line, stations, options.simulation.moves);
+    kxsim::Simulator simulator(line, stations, options.simulation.moves, options.simulation.faults);
     if (options.logs)
         simulator.setLog([](const QString& text) { printLine(stderr, text); });
     simulator.setCommands(STDIN_FILENO, [](const QString& text) { printLine(stdout, text); });
@@ -63,6 +63,8 @@ int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations
     const bool wasStopped = simulator.run();
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
+    if (!options.simulation.faults.chances.isEmpty())
+        printLine(stdout, QStringLiteral("kxsim: ") + simulator.command(QStringLiteral("faults")));
     return wasStopped ? 0 : fail(PORT_FAILED, line->name() + QStringLiteral(": the line was lost"));
 }
 

@@ -23,12 +23,31 @@ const char* const EXAMPLES =
     "Commands on standard input, one per line:\n"
     "  get D100:4       print the values as D100=1,2,3,4\n"
     "  set X17=1        set the sixteenth input; it stays still from then on\n"
+    "  faults           print how many requests met which fault\n"
+    "\n"
+    "Faults, at most one per request; all:0.1 gives each kind an equal share of 10 %:\n"
+    "  deaf             the request is not heard: not carried out, no reply\n"
+    "  silence          carried out, no reply\n"
+    "  delay            the reply comes late by --fault-delay\n"
+    "  corrupt          one byte of the reply is another\n"
+    "  truncate         the reply ends early\n"
+    "  extra-before     1 to 8 bytes of noise, then the reply\n"
+    "  extra-after      the reply, then 1 to 8 bytes of noise\n"
+    "  duplicate        the reply twice\n"
+    "  other-station    the same reply, from another station\n"
+    "  exception        refused as busy (exception 6), not carried out\n"
+    "  echo             the request comes back, then the reply\n"
+    "  close            no reply; the line is closed and opened again\n"
+    "The counts are printed at the end, too. The same seed and requests give the same\n"
+    "faults.\n"
     "\n"
     "Examples:\n"
     "  kxsim\n"
     "  kxsim --set D100=1234 --set M0=1,0,1,1 --set X17=1\n"
     "  kxsim --station 1 --station 2 --set D100@2=5\n"
     "  kxsim --port /dev/ttyUSB0 --baud 19200 --parity even --log\n"
+    "  kxsim --symlink /tmp/line --fault all:0.1 --fault-seed 7\n"
+    "  kxsim --fault silence:0.01 --fault corrupt:0.02\n"
     "\n"
     "Exit codes: 0 ended by a signal, 2 wrong usage, 3 port cannot be opened or was lost.\n";
 
@@ -44,6 +63,14 @@ struct CommandLine {
     QCommandLineOption set = {"set", "Preset values; repeatable.", "address=value[,value...]"};
     QCommandLineOption still = {"still", "Let no value move."};
     QCommandLineOption symlink = {"symlink", "Link to make to the pseudo-terminal.", "path"};
+    QCommandLineOption fault = {
+        "fault", "Let requests meet a fault with a probability from 0 to 1; repeatable.",
+        "kind:probability"};
+    QCommandLineOption faultSeed = {
+        "fault-seed", "Seed of the faults, for repeatable runs (default 1).", "number", "1"};
+    QCommandLineOption faultDelay = {"fault-delay",
+                                     "Milliseconds that delayed replies are late (default 1500).",
+                                     "milliseconds", "1500"};
     QCommandLineOption log = {{"l", "log"}, "Print requests and replies in hex on stderr."};
     QCommandLineOption port = {{"P", "port"}, "Serial port to use.", "device"};
     QCommandLineOption baud = {{"b", "baud"}, "Bits per second (default 9600).", "rate", "9600"};
@@ -58,8 +85,8 @@ struct CommandLine {
     CommandLine()
     {
         parser.setApplicationDescription(QString::fromLatin1(DESCRIPTION));
-        parser.addOptions({station, set, still, symlink, log, port, baud, parity, dataBits,
-                           stopBits, help, version});
+        parser.addOptions({station, set, still, symlink, fault, faultSeed, faultDelay, log, port,
+                           baud, parity, dataBits, stopBits, help, version});
     }
 };
 
@@ -143,6 +170,20 @@ bool takePort(const CommandLine& line, Options* options, QString* error)
            && takeParity(parser.value(line.parity), &port, error);
 }
 
+bool takeFaults(const CommandLine& line, Options* options, QString* error)
+{
+    FaultPlan& faults = options->simulation.faults;
+    for (const QString& text : line.parser.values(line.fault)) {
+        if (!addFault(text, &faults, error))
+            return false;
+    }
+    if (faults.holds(Fault::Close) && options->port.device.isEmpty() && options->link.isEmpty())
+        return fail(error, QStringLiteral("--fault close needs --symlink: a pseudo-terminal that "
+                                          "is opened again has another name"));
+    return takeFaultSeed(line.parser.value(line.faultSeed), &faults, error)
+           && takeFaultDelay(line.parser.value(line.faultDelay), &faults, error);
+}
+
 } // namespace
 
 bool parseOptions(const QStringList& arguments, Options* options, QString* error)
@@ -165,7 +206,7 @@ bool parseOptions(const QStringList& arguments, Options* options, QString* error
     options->simulation.moves = !line.parser.isSet(line.still);
     return takeStations(line.parser.values(line.station), options, error)
            && takePresets(line.parser.values(line.set), options, error)
-           && takePort(line, options, error);
+           && takePort(line, options, error) && takeFaults(line, options, error);
 }
 
 } // namespace kxsim

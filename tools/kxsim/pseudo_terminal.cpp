@@ -4,6 +4,7 @@
 #include <QtCore/QFileInfo>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <stdlib.h>
@@ -63,6 +64,30 @@ PseudoTerminal::~PseudoTerminal()
         QFile::remove(m_link);
     closeIfOpen(m_hostEnd);
     closeIfOpen(m_descriptor);
+}
+
+bool PseudoTerminal::reopen()
+{
+    const int oldDescriptor = m_descriptor;
+    const int oldHostEnd = m_hostEnd;
+    m_hostEnd = -1;
+    // The link leads to the new device before hosts lose the old one.
+    const bool isOpen = openBothEnds() && turnLink();
+    closeIfOpen(oldHostEnd);
+    closeIfOpen(oldDescriptor);
+    return isOpen;
+}
+
+bool PseudoTerminal::turnLink()
+{
+    if (m_link.isEmpty())
+        return true;
+    const QString fresh = m_link + QStringLiteral(".new");
+    QFile::remove(fresh);
+    return QFile::link(m_name, fresh)
+           && std::rename(QFile::encodeName(fresh).constData(),
+                          QFile::encodeName(m_link).constData())
+                  == 0;
 }
 
 bool PseudoTerminal::linkFrom(const QString& path, QString* error)

@@ -21,9 +21,13 @@ public:
     /// link is replaced, anything else at that path is left alone and refused.
     bool linkFrom(const QString& path, QString* error);
 
+    /// Gets another device and turns the link to it; hosts find it by the link alone.
+    bool reopen() override;
+
 private:
     PseudoTerminal() = default;
     bool openBothEnds();
+    bool turnLink();
 
     int m_hostEnd = -1; ///< held open, so that the line outlives a host that closes it
     QString m_link;

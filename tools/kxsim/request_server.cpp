@@ -90,7 +90,7 @@ RequestServer::~RequestServer()
     close(m_ownEnd);
 }
 
-RequestServer::Answer RequestServer::answer(const QByteArray& received)
+RequestServer::Answer RequestServer::answer(const QByteArray& received, bool carriesOut)
 {
     QByteArray request;
     const Verdict verdict = find(received, &request);
@@ -99,6 +99,8 @@ RequestServer::Answer RequestServer::answer(const QByteArray& received)
         return {verdict, length, QByteArray()};
     const int station = byteAt(request, 0);
     if (station != MODBUS_BROADCAST_ADDRESS) {
+        if (!carriesOut)
+            return {EXECUTED, length, QByteArray()};
         execute(request, m_stations->memory(station));
         return {EXECUTED, length, takeReply()};
     }

@@ -19,7 +19,7 @@ public:
         INCOMPLETE, ///< the bytes so far are the beginning of a request
         DAMAGED,    ///< no request begins at the first byte
         IGNORED,    ///< a request to a station that is not simulated
-        EXECUTED    ///< carried out; `reply` is empty for a broadcast
+        EXECUTED    ///< carried out, if asked to; `reply` is empty for a broadcast
     };
 
     struct Answer {
@@ -38,7 +38,9 @@ public:
     /// carries it out. Requests that touch an address outside the map change
     /// nothing and are answered with exception 2, other functions than 1, 3, 5,
     /// 6, 15 and 16 with exception 1.
-    Answer answer(const QByteArray& received);
+    /// @param carriesOut false: a request to one station changes nothing, and its
+    ///                   reply is left empty
+    Answer answer(const QByteArray& received, bool carriesOut = true);
 
 private:
     Verdict find(const QByteArray& received, QByteArray* request);

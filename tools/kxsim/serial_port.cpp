@@ -27,6 +27,13 @@ std::unique_ptr<SerialPort> SerialPort::open(const PortSettings& settings, QStri
     return nullptr;
 }
 
+bool SerialPort::reopen()
+{
+    modbus_close(m_context);
+    m_descriptor = modbus_connect(m_context) == 0 ? modbus_get_socket(m_context) : -1;
+    return m_descriptor >= 0;
+}
+
 SerialPort::~SerialPort()
 {
     if (m_descriptor >= 0)

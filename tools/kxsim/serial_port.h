@@ -28,6 +28,8 @@ public:
     /// Restores the device's former settings.
     ~SerialPort() override;
 
+    bool reopen() override;
+
 private:
     explicit SerialPort(_modbus* context);
 

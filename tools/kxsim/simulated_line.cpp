@@ -3,6 +3,8 @@
 #include "kxsim/pseudo_terminal.h"
 #include "kxsim/simulator.h"
 
+#include <QtCore/QTemporaryDir>
+
 #include <thread>
 #include <utility>
 
@@ -10,16 +12,20 @@ namespace kxsim
 {
 
 struct SimulatedLine::Parts {
-    Parts(std::unique_ptr<PseudoTerminal> openTerminal, Stations presetStations, bool moves)
+    Parts(std::unique_ptr<PseudoTerminal> openTerminal, Stations presetStations,
+          const Simulation& simulation)
         : terminal(std::move(openTerminal)),
           stations(std::move(presetStations)),
-          simulator(terminal.get(), &stations, moves)
+          simulator(terminal.get(), &stations, simulation.moves, simulation.faults),
+          portName(terminal->name())
     {
     }
 
+    QTemporaryDir folder; ///< of the link
     std::unique_ptr<PseudoTerminal> terminal;
     Stations stations;
     Simulator simulator;
+    QString portName;
     std::thread thread;
 };
 
@@ -39,8 +45,12 @@ std::unique_ptr<SimulatedLine> SimulatedLine::start(const Simulation& simulation
     std::unique_ptr<PseudoTerminal> terminal = PseudoTerminal::open(error);
     if (!terminal)
         return nullptr;
-    auto parts =
-        std::make_unique<Parts>(std::move(terminal), std::move(stations), simulation.moves);
+    auto parts = std::make_unique<Parts>(std::move(terminal), std::move(stations), simulation);
+    if (simulation.faults.holds(Fault::Close)) {
+        parts->portName = parts->folder.filePath(QStringLiteral("line"));
+        if (!parts->terminal->linkFrom(parts->portName, error))
+            return nullptr;
+    }
     return std::unique_ptr<SimulatedLine>(new SimulatedLine(std::move(parts)));
 }
 
@@ -52,7 +62,7 @@ SimulatedLine::~SimulatedLine()
 
 QString SimulatedLine::portName() const
 {
-    return m_parts->terminal->name();
+    return m_parts->portName;
 }
 
 QString SimulatedLine::command(const QString& line)

@@ -9,6 +9,7 @@
 #define KX_KXSIM_SIMULATED_LINE_H
 
 #include "addresses/address_text.h"
+#include "kxsim/fault_plan.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -23,6 +24,7 @@ struct Simulation {
     QList<int> stations = {1}; ///< 1 to 247, at least one; each has its own memory
     QList<Assignment> presets; ///< in all stations unless they name one
     bool moves = true;         ///< values change by themselves, presets never
+    FaultPlan faults;
 };
 
 class SimulatedLine
@@ -35,11 +37,13 @@ public:
     /// Stops serving within milliseconds. Close the host's end before.
     ~SimulatedLine();
 
-    /// The device to open as a serial port. Several openings in a row are fine.
+    /// The device to open as a serial port, or a link to it when the plan holds
+    /// Fault::Close. Several openings in a row are fine.
     QString portName() const;
 
     /// Asks or changes the memory: "get D100:4@2" returns "D100@2=1,2,3,4", "set
-    /// D100=5" an empty text; anything wrong returns "error: ...". Thread-safe.
+    /// D100=5" an empty text, "faults" the counts of LineFaults::summary(); anything
+    /// wrong returns "error: ...". Thread-safe.
     QString command(const QString& line);
 
 private:

@@ -2,6 +2,7 @@
 
 #include "kxsim/commands.h"
 
+#include <algorithm>
 #include <fcntl.h>
 #include <poll.h>
 #include <stdexcept>
@@ -21,8 +22,8 @@ const std::chrono::milliseconds SILENCE(50);
 
 } // namespace
 
-Simulator::Simulator(SlaveLine* line, Stations* stations, bool moves)
-    : m_line(line), m_stations(stations), m_server(stations)
+Simulator::Simulator(SlaveLine* line, Stations* stations, bool moves, const FaultPlan& faults)
+    : m_line(line), m_stations(stations), m_server(stations), m_faults(faults)
 {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
@@ -57,7 +58,9 @@ void Simulator::stop()
 
 QString Simulator::command(const QString& line)
 {
-    const std::lock_guard<std::mutex> lock(m_memoryLock);
+    const std::lock_guard<std::mutex> lock(m_lock);
+    if (line.simplified() == QLatin1String("faults"))
+        return m_faults.summary();
     return runCommand(line, m_stations);
 }
 
@@ -73,6 +76,7 @@ bool Simulator::run()
         if (sources[0].revents)
             return true;
         move();
+        sendDue();
         if (sources[1].revents && !receive())
             return false;
         dropAfterSilence();
@@ -83,16 +87,22 @@ bool Simulator::run()
 
 int Simulator::waitMilliseconds() const
 {
+    int wait = m_motions.empty() ? -1 : MOTION_MILLISECONDS;
     if (isAmidFrame())
-        return static_cast<int>(SILENCE.count());
-    return m_motions.empty() ? -1 : MOTION_MILLISECONDS;
+        wait = static_cast<int>(SILENCE.count());
+    if (m_lateReplies.empty())
+        return wait;
+    const auto due =
+        std::chrono::ceil<std::chrono::milliseconds>(m_lateReplies.front().due - Clock::now());
+    const int untilDue = static_cast<int>(std::max<qint64>(0, due.count()));
+    return wait < 0 ? untilDue : std::min(wait, untilDue);
 }
 
 void Simulator::move()
 {
     const auto elapsed =
         std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - m_started);
-    const std::lock_guard<std::mutex> lock(m_memoryLock);
+    const std::lock_guard<std::mutex> lock(m_lock);
     for (Motion& motion : m_motions)
         motion.advanceTo(elapsed.count());
 }
@@ -102,16 +112,15 @@ bool Simulator::receive()
     if (!m_line->receive(&m_received))
         return false;
     m_lastByte = Clock::now();
-    answerRequests();
-    return true;
+    return answerRequests();
 }
 
-void Simulator::answerRequests()
+bool Simulator::answerRequests()
 {
     while (!m_received.isEmpty()) {
         const RequestServer::Answer answer = askServer();
         if (answer.verdict == RequestServer::INCOMPLETE)
-            return;
+            return true;
         if (answer.verdict == RequestServer::DAMAGED) {
             // Another station's reply, say: the next request follows somewhere in it.
             m_damaged.append(m_received.at(0));
@@ -121,16 +130,20 @@ void Simulator::answerRequests()
         logDamaged();
         log(answer.verdict == RequestServer::EXECUTED ? "request" : "ignored",
             m_received.left(answer.requestLength));
+        const QByteArray request = m_received.left(answer.requestLength);
         m_received.remove(0, answer.requestLength);
-        if (!answer.reply.isEmpty())
-            send(answer.reply);
+        const bool isBroadcast = request.at(0) == 0;
+        if (answer.verdict == RequestServer::EXECUTED && !isBroadcast
+            && !send(request, answer.reply))
+            return false;
     }
+    return true;
 }
 
 RequestServer::Answer Simulator::askServer()
 {
-    const std::lock_guard<std::mutex> lock(m_memoryLock);
-    return m_server.answer(m_received);
+    const std::lock_guard<std::mutex> lock(m_lock);
+    return m_server.answer(m_received, m_faults.isCarriedOut());
 }
 
 void Simulator::dropAfterSilence()
@@ -149,10 +162,44 @@ void Simulator::logDamaged()
     m_damaged.clear();
 }
 
-void Simulator::send(const QByteArray& reply)
+bool Simulator::send(const QByteArray& request, const QByteArray& reply)
 {
-    log("reply", reply);
-    m_line->send(reply);
+    FaultyReply spoiled;
+    {
+        const std::lock_guard<std::mutex> lock(m_lock);
+        spoiled = m_faults.apply(request, reply);
+    }
+    if (spoiled.closesLine)
+        return reopenLine();
+    if (spoiled.after == 0)
+        put(spoiled.bytes);
+    else // all are held back for as long, so they stay in order
+        m_lateReplies.push_back(
+            {Clock::now() + std::chrono::milliseconds(spoiled.after), spoiled.bytes});
+    return true;
+}
+
+void Simulator::put(const QByteArray& bytes)
+{
+    if (bytes.isEmpty())
+        return;
+    log("reply", bytes);
+    m_line->send(bytes);
+}
+
+void Simulator::sendDue()
+{
+    while (!m_lateReplies.empty() && m_lateReplies.front().due <= Clock::now()) {
+        put(m_lateReplies.front().bytes);
+        m_lateReplies.erase(m_lateReplies.begin());
+    }
+}
+
+bool Simulator::reopenLine()
+{
+    m_received.clear();
+    m_lateReplies.clear();
+    return m_line->reopen();
 }
 
 void Simulator::readCommands()

@@ -2,6 +2,7 @@
 #ifndef KX_KXSIM_SIMULATOR_H
 #define KX_KXSIM_SIMULATOR_H
 
+#include "kxsim/line_faults.h"
 #include "kxsim/motion.h"
 #include "kxsim/request_server.h"
 #include "kxsim/slave_line.h"
@@ -22,7 +23,8 @@ public:
 
     /// Line and stations must outlive the simulator. Presets belong into the
     /// stations before.
-    Simulator(SlaveLine* line, Stations* stations, bool moves);
+    Simulator(SlaveLine* line, Stations* stations, bool moves,
+              const FaultPlan& faults = FaultPlan());
     ~Simulator();
     Simulator(const Simulator&) = delete;
     Simulator& operator=(const Simulator&) = delete;
@@ -40,29 +42,41 @@ public:
     /// Ends run(), also one yet to come. For any thread or signal handler.
     void stop();
 
-    /// Runs one command; for any thread.
+    /// Runs one command: those of commands.h, and "faults", which gives
+    /// LineFaults::summary(). For any thread.
     QString command(const QString& line);
 
 private:
     using Clock = std::chrono::steady_clock;
 
+    /// Bytes held back by a fault.
+    struct LateReply {
+        Clock::time_point due;
+        QByteArray bytes;
+    };
+
     int waitMilliseconds() const;
     void move();
     bool receive();
-    void answerRequests();
+    bool answerRequests();
     RequestServer::Answer askServer();
     bool isAmidFrame() const { return !m_received.isEmpty() || !m_damaged.isEmpty(); }
     void dropAfterSilence();
     void logDamaged();
-    void send(const QByteArray& reply);
+    bool send(const QByteArray& request, const QByteArray& reply);
+    void put(const QByteArray& bytes);
+    void sendDue();
+    bool reopenLine();
     void readCommands();
     void log(const char* what, const QByteArray& bytes) const;
 
     SlaveLine* m_line;
     Stations* m_stations;
     RequestServer m_server;
+    LineFaults m_faults;
+    std::vector<LateReply> m_lateReplies; ///< the next due first
     std::vector<Motion> m_motions;
-    std::mutex m_memoryLock;
+    std::mutex m_lock; ///< of the memory and the counts
     TextSink m_log;
     TextSink m_answer;
     int m_commands = -1;

@@ -28,6 +28,10 @@ public:
     /// nobody listens to.
     void send(const QByteArray& bytes);
 
+    /// Closes the line and opens it again: what was on its way is gone, and hosts
+    /// find it lost. False when it cannot be opened again.
+    virtual bool reopen() = 0;
+
 protected:
     SlaveLine() = default;
 
