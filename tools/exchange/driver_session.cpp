@@ -49,14 +49,14 @@ qint64 valueAt(const QByteArray& bytes, int offset, int size)
 } // namespace
 
 DriverSession::DriverSession(const DriverEntryPoints& entryPoints, Line* line,
-                             const SessionSettings& settings, QObject* parent)
+                             const SessionSettings& settings, LoopClock* clock, QObject* parent)
     : QObject(parent),
       m_driver(entryPoints),
       m_line(line),
       m_settings(settings),
       m_shared(SHARED_BLOCK_SIZE, 0),
       m_recipeBuffer(RECIPE_BUFFER_WORDS, 0),
-      m_loop(entryPoints, line, settings.exchange)
+      m_loop(entryPoints, line, settings.exchange, clock)
 {
     liveSession = this;
     m_driver.setAddrValueChangeCallBack(valueChangeFunction);

@@ -29,9 +29,10 @@ class DriverSession : public QObject
     Q_OBJECT
 
 public:
-    /// The line stays the caller's and outlives the session.
+    /// The line stays the caller's and outlives the session, as does the clock;
+    /// without one the system's is used.
     DriverSession(const DriverEntryPoints& entryPoints, Line* line, const SessionSettings& settings,
-                  QObject* parent = nullptr);
+                  LoopClock* clock = nullptr, QObject* parent = nullptr);
     ~DriverSession() override;
 
     /// The line must be open.

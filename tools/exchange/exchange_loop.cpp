@@ -5,28 +5,40 @@ namespace
 
 const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
 
+QByteArray bytesOf(const FRAME_PRO& request)
+{
+    return QByteArray(reinterpret_cast<const char*>(request.frame), request.sendLen);
+}
+
 } // namespace
 
 ExchangeLoop::ExchangeLoop(const DriverEntryPoints& entryPoints, Line* line,
-                           const ExchangeSettings& settings, QObject* parent)
-    : QObject(parent), m_driver(entryPoints), m_line(line), m_settings(settings)
+                           const ExchangeSettings& settings, LoopClock* clock, QObject* parent)
+    : QObject(parent),
+      m_driver(entryPoints),
+      m_line(line),
+      m_settings(settings),
+      m_clock(clock ? clock : &m_systemClock)
 {
-    m_timer.setSingleShot(true);
-    m_timer.setTimerType(Qt::PreciseTimer);
-    connect(&m_timer, &QTimer::timeout, this, &ExchangeLoop::proceed);
+    connect(m_clock, &LoopClock::woken, this, &ExchangeLoop::proceed);
     connect(line, &Line::bytesArrived, this, &ExchangeLoop::takeBytes);
     connect(line, &Line::failed, this, &ExchangeLoop::loseLine);
+    connect(line, &Line::interrupted, this, &ExchangeLoop::awaitLine);
+    connect(line, &Line::opened, this, &ExchangeLoop::resume);
 }
 
 void ExchangeLoop::start()
 {
     if (isRunning())
         return;
-    if (!m_started.isValid())
-        m_started.start();
+    if (m_startedAt < 0)
+        m_startedAt = now();
     m_hasGivenUp = false;
     m_silentSince = now();
-    waitForSilence();
+    if (m_line->isOpen())
+        waitForSilence();
+    else
+        m_state = State::AwaitingLine;
 }
 
 void ExchangeLoop::stop()
@@ -36,7 +48,7 @@ void ExchangeLoop::stop()
         m_hasGivenUp = true;
     }
     m_state = State::Stopped;
-    m_timer.stop();
+    m_clock->cancel();
 }
 
 void ExchangeLoop::wake()
@@ -45,16 +57,14 @@ void ExchangeLoop::wake()
         proceed();
 }
 
-qint64 ExchangeLoop::now() const
+qint64 ExchangeLoop::elapsed() const
 {
-    return m_started.nsecsElapsed() / MICROSECONDS_PER_MILLISECOND;
+    return m_startedAt < 0 ? 0 : (now() - m_startedAt) / MICROSECONDS_PER_MILLISECOND;
 }
 
-void ExchangeLoop::waitMicroseconds(qint64 duration)
+qint64 ExchangeLoop::silence() const
 {
-    const qint64 milliseconds =
-        (duration + MICROSECONDS_PER_MILLISECOND - 1) / MICROSECONDS_PER_MILLISECOND;
-    m_timer.start(static_cast<int>(qMax(qint64(0), milliseconds)));
+    return qMax(m_line->timing().frameGap(), m_settings.quiet * MICROSECONDS_PER_MILLISECOND);
 }
 
 void ExchangeLoop::waitForSilence()
@@ -62,17 +72,19 @@ void ExchangeLoop::waitForSilence()
     if (m_state != State::AwaitingSilence)
         m_silenceWantedSince = now();
     m_state = State::AwaitingSilence;
-    waitMicroseconds(m_silentSince + m_line->timing().frameGap() - now());
+    m_clock->wakeAfter(m_silentSince + silence() - now());
 }
 
 void ExchangeLoop::proceed()
 {
     switch (m_state) {
     case State::Stopped:
+    case State::AwaitingLine:
         return;
     case State::AwaitingSilence:
+    case State::AwaitingLateReply:
     case State::Idle:
-        if (now() < m_silentSince + m_line->timing().frameGap())
+        if (now() < m_silentSince + silence())
             return waitForSilence();
         return poll();
     case State::AwaitingReply:
@@ -84,39 +96,74 @@ void ExchangeLoop::proceed()
 
 void ExchangeLoop::poll()
 {
-    m_request = FRAME_PRO();
-    if (m_driver.getSendFrame(&m_request) == 0) {
+    m_stray.sort(&m_owed, m_isHolding);
+    m_owed.forgetBefore(now());
+    FRAME_PRO request = FRAME_PRO();
+    if (m_driver.getSendFrame(&request) == 0) {
         m_state = State::Idle;
-        m_timer.start(m_settings.idleInterval);
+        m_clock->wakeAfter(m_settings.idleInterval * MICROSECONDS_PER_MILLISECOND);
         emit idle();
         return;
     }
+    const bool isWhole = request.sendLen <= FRAME_SIZE;
+    const bool isRepeat = isWhole && m_repeating && bytesOf(request) == m_record.request;
+    if (isWhole && isHeldBack(request, isRepeat))
+        return;
+    prepare(request, isRepeat);
+    if (isWhole)
+        transmit();
+    else
+        finish(ReplyKind::NotSent, QByteArray());
+}
+
+bool ExchangeLoop::isHeldBack(const FRAME_PRO& request, bool isRepeat)
+{
+    const qint64 until = isRepeat ? 0 : m_owed.blockedUntil(request);
+    const bool wasHolding = m_isHolding;
+    m_isHolding = until > 0;
+    if (m_isHolding) {
+        m_statistics.heldBack += wasHolding ? 0 : 1;
+        m_state = State::AwaitingLateReply;
+        m_clock->wakeAfter(until - now());
+    }
+    return m_isHolding;
+}
+
+void ExchangeLoop::prepare(const FRAME_PRO& request, bool isRepeat)
+{
+    m_request = request;
     m_collected.clear();
     m_record = ExchangeRecord();
-    m_record.job = m_request.job;
-    m_record.repeated = m_repeating;
+    m_record.job = request.job;
+    m_record.repeated = isRepeat;
     m_record.sentAt = QDateTime::currentDateTime();
-    if (m_request.sendLen > FRAME_SIZE)
-        finish(ReplyKind::NotSent, QByteArray());
-    else
-        transmit();
 }
 
 void ExchangeLoop::transmit()
 {
-    m_record.request =
-        QByteArray(reinterpret_cast<const char*>(m_request.frame), m_request.sendLen);
-    m_line->discardWaiting();
+    m_record.request = bytesOf(m_request);
+    const QByteArray discarded = m_line->discardWaiting();
+    m_statistics.bytesReceived += discarded.size();
+    m_stray.add(discarded);
+    m_stray.sort(&m_owed, false);
     m_line->write(m_record.request);
-    if (!isRunning())
-        return; // the line was lost while writing
+    if (isRunning() && m_state != State::AwaitingLine) // else the line was lost while writing
+        awaitReply();
+}
+
+void ExchangeLoop::awaitReply()
+{
     const qint64 transmission = m_line->timing().transmissionTime(m_request.sendLen);
     m_transmittedAt = now() + transmission;
     m_silentSince = m_transmittedAt;
     const bool isBroadcast = m_request.frame[0] == 0;
     m_state = isBroadcast ? State::AwaitingTurnaround : State::AwaitingReply;
     const int wait = isBroadcast ? m_settings.turnaround : m_settings.replyTimeout;
-    waitMicroseconds(transmission + wait * MICROSECONDS_PER_MILLISECOND);
+    m_clock->wakeAfter(transmission + wait * MICROSECONDS_PER_MILLISECOND);
+    const int settle = m_settings.settle < 0 ? m_settings.replyTimeout : m_settings.settle;
+    if (!isBroadcast)
+        m_owed.add(m_request,
+                   m_transmittedAt + (qint64(wait) + settle) * MICROSECONDS_PER_MILLISECOND);
 }
 
 void ExchangeLoop::takeBytes(const QByteArray& bytes)
@@ -128,10 +175,14 @@ void ExchangeLoop::takeBytes(const QByteArray& bytes)
         return judge();
     }
     m_statistics.bytesReceived += bytes.size();
+    m_stray.add(bytes);
     // A line that never falls silent must not keep the requests back for ever.
     const qint64 limit = m_settings.replyTimeout * MICROSECONDS_PER_MILLISECOND;
-    if (m_state == State::Idle || now() < m_silenceWantedSince + limit)
+    if (m_state != State::AwaitingSilence || now() < m_silenceWantedSince + limit)
         m_silentSince = qMax(m_silentSince, now());
+    // It may be the late reply that a request is held back for.
+    if (m_state == State::AwaitingLateReply)
+        waitForSilence();
 }
 
 void ExchangeLoop::judge()
@@ -142,8 +193,8 @@ void ExchangeLoop::judge()
         case Verdict::Incomplete:
             return;
         case Verdict::Foreign:
-            ++m_record.foreignReplies;
-            m_collected.remove(0, judgement.length);
+        case Verdict::Echo:
+            throwAway(judgement);
             break;
         case Verdict::Good:
             return finish(ReplyKind::Good, m_collected.left(judgement.length));
@@ -154,6 +205,17 @@ void ExchangeLoop::judge()
             return finish(ReplyKind::Exception, m_collected.left(judgement.length));
         }
     }
+}
+
+void ExchangeLoop::throwAway(const Judgement& judgement)
+{
+    if (judgement.verdict == Verdict::Echo) {
+        ++m_statistics.thrownAway.echoes;
+    } else {
+        ++m_record.foreignReplies;
+        m_stray.throwAway(m_collected.left(judgement.length), &m_owed, false);
+    }
+    m_collected.remove(0, judgement.length);
 }
 
 void ExchangeLoop::handleTimeout()
@@ -167,14 +229,32 @@ void ExchangeLoop::finish(ReplyKind kind, QByteArray reply)
 {
     m_record.replyKind = kind;
     m_record.finishedAt = QDateTime::currentDateTime();
+    settleAccounts(reply);
     m_record.result = m_driver.dealRcvFrame(reply, m_record.errorText);
     m_repeating = m_record.result == REPLY_RETRY;
     m_statistics.add(m_record);
     // A pseudo-terminal delivers at once what a serial line carries for milliseconds.
     m_silentSince = qMax(
         m_silentSince, m_transmittedAt + m_line->timing().transmissionTime(m_record.reply.size()));
-    waitForSilence();
+    if (kind == ReplyKind::Lost)
+        m_state = State::AwaitingLine;
+    else
+        waitForSilence();
     emit exchanged(m_record);
+}
+
+void ExchangeLoop::settleAccounts(const QByteArray& reply)
+{
+    const ReplyKind kind = m_record.replyKind;
+    const bool isGood = kind == ReplyKind::Good;
+    const bool isAnswered = isGood || kind == ReplyKind::Exception || kind == ReplyKind::Bad
+                            || kind == ReplyKind::Short;
+    // A refusal or damaged bytes may belong to another reply that is owed.
+    if (isGood || (isAnswered && m_owed.isOwedOnly(m_request)))
+        m_owed.forget(m_request);
+    if (isAnswered)
+        m_stray.setLastTaken(reply);
+    m_stray.add(m_collected.mid(reply.size()));
 }
 
 void ExchangeLoop::loseLine(const QString& error)
@@ -183,4 +263,24 @@ void ExchangeLoop::loseLine(const QString& error)
         return;
     stop();
     emit lineFailed(error);
+}
+
+void ExchangeLoop::awaitLine()
+{
+    if (!isRunning())
+        return;
+    m_clock->cancel();
+    const bool isInFlight = m_state == State::AwaitingReply || m_state == State::AwaitingTurnaround;
+    m_state = State::AwaitingLine;
+    if (isInFlight)
+        finish(ReplyKind::Lost, QByteArray());
+}
+
+void ExchangeLoop::resume()
+{
+    if (m_state != State::AwaitingLine)
+        return;
+    ++m_statistics.reopened;
+    m_silentSince = now();
+    waitForSilence();
 }

@@ -4,27 +4,42 @@
 
 #include "exchange/driver_library.h"
 #include "exchange/line.h"
+#include "exchange/loop_clock.h"
+#include "exchange/owed_replies.h"
 #include "exchange/reply_verdict.h"
 #include "exchange/statistics.h"
+#include "exchange/stray_bytes.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QObject>
-#include <QtCore/QTimer>
 
 struct ExchangeSettings {
     int replyTimeout = 1000; ///< milliseconds from the end of the transmission
     int turnaround = 100;    ///< milliseconds that stations need to act on a broadcast
     int idleInterval = 20;   ///< milliseconds until the driver is asked again
+    /// Milliseconds past the time-out in which a late reply may still come; negative:
+    /// as long as the time-out.
+    int settle = -1;
+    /// Milliseconds of silence before each request, when longer than the frame gap: for
+    /// gateways that deliver a reply twice.
+    int quiet = 0;
 };
 
 /// Polls the driver for a request, transmits it, collects the reply, hands it over
 /// and obeys the result. Event driven: start() returns at once.
 ///
 /// Bytes left over from before are thrown away before each request, and the line
-/// has been silent for the frame gap. A reply is handed over when it is complete,
+/// has been silent; what they were is counted. A reply is handed over when it is complete,
 /// refused by the station (an exception) or beyond repair, else as far as it came
 /// by the time-out. A reply of another request is thrown away and the wait goes
 /// on; when nothing better comes the driver gets an empty reply.
+///
+/// A reply may come after its time-out, and replies to reads carry no address. So a
+/// request is held back while a late reply could be taken for its own, until that
+/// reply came or the settle time is over. A repeat is sent at once: the late reply is
+/// its reply, too.
+///
+/// When the line is interrupted, the driver gets an empty reply to the request in
+/// flight, and nothing is sent until the line is open again.
 ///
 /// Broadcasts (station 0) are answered by nobody: after the turnaround delay the
 /// driver gets an empty reply, repeats the request up to its retry limit and
@@ -35,9 +50,10 @@ class ExchangeLoop : public QObject
     Q_OBJECT
 
 public:
-    /// The line stays the caller's, is open by start() and outlives the loop.
+    /// The line stays the caller's, has been opened by start() and outlives the loop,
+    /// as does the clock; without one the system's is used.
     ExchangeLoop(const DriverEntryPoints& entryPoints, Line* line, const ExchangeSettings& settings,
-                 QObject* parent = nullptr);
+                 LoopClock* clock = nullptr, QObject* parent = nullptr);
 
     void start();
     /// A request in flight is given up without telling the driver, which hands it
@@ -52,7 +68,7 @@ public:
 
     const Statistics& statistics() const { return m_statistics; }
     /// Milliseconds since the first start().
-    qint64 elapsed() const { return m_started.isValid() ? m_started.elapsed() : 0; }
+    qint64 elapsed() const;
 
 signals:
     /// After the driver dealt with the reply.
@@ -63,26 +79,42 @@ signals:
     void lineFailed(const QString& error);
 
 private:
-    enum class State { Stopped, AwaitingSilence, Idle, AwaitingReply, AwaitingTurnaround };
+    enum class State {
+        Stopped,
+        AwaitingSilence,
+        AwaitingLateReply,
+        Idle,
+        AwaitingReply,
+        AwaitingTurnaround,
+        AwaitingLine
+    };
 
     void proceed();
     void poll();
+    bool isHeldBack(const FRAME_PRO& request, bool isRepeat);
+    void prepare(const FRAME_PRO& request, bool isRepeat);
     void transmit();
+    void awaitReply();
     void takeBytes(const QByteArray& bytes);
     void judge();
+    void throwAway(const Judgement& judgement);
     void handleTimeout();
     void finish(ReplyKind kind, QByteArray reply);
+    void settleAccounts(const QByteArray& reply);
     void loseLine(const QString& error);
-    void waitMicroseconds(qint64 duration);
+    void awaitLine();
+    void resume();
     void waitForSilence();
-    qint64 now() const; ///< microseconds since the first start()
+    qint64 silence() const; ///< microseconds, before each request
+    qint64 now() const { return m_clock->now(); }
 
     DriverEntryPoints m_driver;
     Line* m_line;
     ExchangeSettings m_settings;
     State m_state = State::Stopped;
-    QTimer m_timer;
-    QElapsedTimer m_started;
+    SystemClock m_systemClock;
+    LoopClock* m_clock;
+    qint64 m_startedAt = -1;         ///< as now()
     qint64 m_transmittedAt = 0;      ///< as now(); end of the request's last character
     qint64 m_silentSince = 0;        ///< as now(); ahead of it while transmitting
     qint64 m_silenceWantedSince = 0; ///< as now()
@@ -91,7 +123,10 @@ private:
     ExchangeRecord m_record;
     bool m_repeating = false;
     bool m_hasGivenUp = false;
+    bool m_isHolding = false; ///< the request to come is held back
     Statistics m_statistics;
+    OwedReplies m_owed; ///< by now()
+    StrayBytes m_stray{&m_statistics.thrownAway};
 };
 
 #endif

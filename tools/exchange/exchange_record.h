@@ -16,6 +16,7 @@ enum class ReplyKind {
     Bad,       ///< no frame in the bytes
     Exception, ///< the station refused; see exceptionCode
     Foreign,   ///< only replies of other requests came
+    Lost,      ///< the line was lost before a reply came
     Broadcast, ///< station 0: no station answers
     NotSent    ///< the request was not whole and was not transmitted
 };
@@ -26,11 +27,11 @@ struct ExchangeRecord {
     QByteArray reply;          ///< all bytes received since the request
     VARIABLE job = VARIABLE(); ///< the job that the request was built from
     ReplyKind replyKind = ReplyKind::None;
-    int exceptionCode = 0; ///< with ReplyKind::Exception
-    int foreignReplies = 0;
-    int result = 0;        ///< of intf_dealRcvFrame(), see ReplyResult
-    QString errorText;     ///< with result 2
-    bool repeated = false; ///< the request had been sent before
+    int exceptionCode = 0;  ///< with ReplyKind::Exception
+    int foreignReplies = 0; ///< thrown away while waiting, of whatever other request
+    int result = 0;         ///< of intf_dealRcvFrame(), see ReplyResult
+    QString errorText;      ///< with result 2
+    bool repeated = false;  ///< the request had been sent before
     QDateTime sentAt;
     QDateTime finishedAt;
 };

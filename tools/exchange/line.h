@@ -26,12 +26,15 @@ public:
 
     /// Queues bytes; a fault comes later as failed().
     virtual void write(const QByteArray& bytes) = 0;
-    /// Throws away what has arrived and was not yet reported.
-    virtual void discardWaiting() = 0;
+    /// Throws away what has arrived and was not yet reported; returns what is known
+    /// of it.
+    virtual QByteArray discardWaiting() = 0;
 
 signals:
     void opened();
     void bytesArrived(const QByteArray& bytes);
+    /// The line is lost and is being opened again; opened() or failed() follows.
+    void interrupted();
     /// The line cannot be opened, or is lost; it is closed then. `error` is one
     /// line that begins with the line's name.
     void failed(const QString& error);

@@ -2,11 +2,15 @@
 
 #include "modbus/crc.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace
 {
 
 const int EXCEPTION_LENGTH = 5;
 const int WRITE_ECHO_LENGTH = 8;
+const int STATION_AND_FUNCTION = 2;
 const int ECHOED_BYTES = 6;  // station, function, address, value or quantity
 const int READ_OVERHEAD = 5; // station, function, byte count, CRC
 const int EXCEPTION_FLAG = 0x80;
@@ -52,6 +56,13 @@ bool answers(const FRAME_PRO& request, const QByteArray& received)
     return true;
 }
 
+/// Compares as many bytes as both have.
+bool agree(const FRAME_PRO& request, const QByteArray& received)
+{
+    const int length = std::min(request.sendLen, static_cast<int>(received.size()));
+    return std::memcmp(request.frame, received.constData(), static_cast<size_t>(length)) == 0;
+}
+
 bool refuses(const FRAME_PRO& request, const QByteArray& received)
 {
     return byteAt(received, 0) == request.frame[0]
@@ -59,6 +70,21 @@ bool refuses(const FRAME_PRO& request, const QByteArray& received)
 }
 
 } // namespace
+
+bool areMistakable(const FRAME_PRO& one, const FRAME_PRO& other)
+{
+    const int compared = isRead(one.frame[1]) ? STATION_AND_FUNCTION : ECHOED_BYTES;
+    return one.recvLen == other.recvLen
+           && std::memcmp(one.frame, other.frame, static_cast<size_t>(compared)) == 0;
+}
+
+int frameLengthOf(const QByteArray& received)
+{
+    if (received.size() < EXCEPTION_LENGTH)
+        return 0;
+    const int announced = announcedLength(received);
+    return holdsFrame(received, announced) ? announced : 0;
+}
 
 bool endsWithItsCrc(const QByteArray& frame)
 {
@@ -79,8 +105,14 @@ Judgement judgeReply(const FRAME_PRO& request, const QByteArray& received)
 {
     if (received.size() < EXCEPTION_LENGTH)
         return {Verdict::Incomplete, 0};
-    if (holdsFrame(received, request.recvLen))
-        return {answers(request, received) ? Verdict::Good : Verdict::Foreign, request.recvLen};
+    const bool hasExpectedLength = holdsFrame(received, request.recvLen);
+    if (hasExpectedLength && answers(request, received))
+        return {Verdict::Good, request.recvLen};
+    if (agree(request, received))
+        return received.size() < request.sendLen ? Judgement{Verdict::Incomplete, 0}
+                                                 : Judgement{Verdict::Echo, request.sendLen};
+    if (hasExpectedLength)
+        return {Verdict::Foreign, request.recvLen};
     const int announced = announcedLength(received);
     if (holdsFrame(received, announced))
         return {refuses(request, received) ? Verdict::Exception : Verdict::Foreign, announced};

@@ -11,6 +11,7 @@ enum class Verdict {
     Good,       ///< the reply to this request
     Exception,  ///< this station refuses this request; see exceptionCodeOf()
     Foreign,    ///< a whole frame that answers another request
+    Echo,       ///< the request itself, as on a line that hears its own bytes
     Bad         ///< as many bytes as expected, or more, and no frame in them
 };
 
@@ -20,9 +21,16 @@ struct Judgement {
 };
 
 /// The driver checks length and CRC only, so the runtime checks that station,
-/// function, byte count and (for writes) the echoed fields suit the request.
+/// function, byte count and (for writes) the echoed fields suit the request. The
+/// reply to a write of one coil or register equals its request and is Good.
 /// @param request of at most FRAME_SIZE bytes
 Judgement judgeReply(const FRAME_PRO& request, const QByteArray& received);
+
+/// Whether a reply to one of these requests can look like a reply to the other.
+bool areMistakable(const FRAME_PRO& one, const FRAME_PRO& other);
+
+/// Length of the whole frame, CRC and all, at the beginning of `received`; 0 if none.
+int frameLengthOf(const QByteArray& received);
 
 /// The code of an exception reply: 1 illegal function, 2 illegal address, ...
 int exceptionCodeOf(const QByteArray& exceptionReply);

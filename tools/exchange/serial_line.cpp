@@ -51,10 +51,11 @@ void SerialLine::close()
         m_port.close();
 }
 
-void SerialLine::discardWaiting()
+QByteArray SerialLine::discardWaiting()
 {
-    m_port.readAll();
+    const QByteArray discarded = m_port.readAll();
     m_port.clear(QSerialPort::Input);
+    return discarded;
 }
 
 void SerialLine::readArrived()

@@ -23,7 +23,7 @@ public:
     void close() override;
     bool isOpen() const override { return m_port.isOpen(); }
     void write(const QByteArray& bytes) override { m_port.write(bytes); }
-    void discardWaiting() override;
+    QByteArray discardWaiting() override;
 
 private:
     void readArrived();

@@ -2,6 +2,46 @@
 
 #include "data/reply_handling.h"
 
+namespace
+{
+
+void countBad(const ExchangeRecord& record, BadReplies* bad)
+{
+    switch (record.replyKind) {
+    case ReplyKind::None:
+        ++bad->none;
+        return;
+    case ReplyKind::Short:
+        ++bad->incomplete;
+        return;
+    case ReplyKind::Bad:
+        ++bad->damaged;
+        return;
+    case ReplyKind::Exception:
+        ++bad->exceptions;
+        return;
+    case ReplyKind::Foreign:
+        ++bad->foreign;
+        return;
+    case ReplyKind::Lost:
+        ++bad->lost;
+        return;
+    case ReplyKind::Broadcast:
+        ++bad->broadcasts;
+        return;
+    case ReplyKind::Good:
+    case ReplyKind::NotSent:
+        ++bad->ignored;
+    }
+}
+
+} // namespace
+
+qint64 BadReplies::sum() const
+{
+    return none + incomplete + damaged + exceptions + foreign + lost + broadcasts + ignored;
+}
+
 void Statistics::add(const ExchangeRecord& record)
 {
     if (record.replyKind == ReplyKind::NotSent) {
@@ -15,9 +55,8 @@ void Statistics::add(const ExchangeRecord& record)
         ++accepted;
     else
         ++failed;
-    if (record.replyKind == ReplyKind::Exception)
-        ++exceptions;
-    foreign += record.foreignReplies;
+    if (record.result != REPLY_ACCEPTED)
+        countBad(record, &bad);
     bytesSent += record.request.size();
     bytesReceived += record.reply.size();
 }

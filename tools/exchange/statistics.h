@@ -4,16 +4,41 @@
 #include "exchange/exchange_record.h"
 #include "exchange/line_timing.h"
 
+/// Why requests were repeated or failed. Their sum is that of `repeated` and `failed`.
+struct BadReplies {
+    qint64 none = 0;       ///< nothing came until the time-out
+    qint64 incomplete = 0; ///< too few bytes came until the time-out
+    qint64 damaged = 0;    ///< no frame in the bytes
+    qint64 exceptions = 0; ///< the station refused
+    qint64 foreign = 0;    ///< only replies of other requests came
+    qint64 lost = 0;       ///< the line was lost meanwhile
+    qint64 broadcasts = 0; ///< no station answers
+    qint64 ignored = 0;    ///< a good reply that the driver did not take
+
+    qint64 sum() const;
+};
+
+/// What came without being asked for, or too late. None of it reached the driver.
+struct ThrownAway {
+    qint64 foreign = 0;    ///< whole replies of other stations or requests
+    qint64 late = 0;       ///< whole replies to requests given up or repeated
+    qint64 duplicates = 0; ///< whole replies like the one just taken
+    qint64 echoes = 0;     ///< requests that came back
+    qint64 bytes = 0;      ///< in no whole frame
+};
+
 /// Counts of finished exchanges: requests = accepted + repeated + failed. A
 /// request in flight is not in them yet.
 struct Statistics {
-    qint64 requests = 0;   ///< transmitted
-    qint64 accepted = 0;   ///< the driver took the reply
-    qint64 repeated = 0;   ///< bad or no reply; the driver asked again
-    qint64 failed = 0;     ///< bad or no reply for the last time
-    qint64 exceptions = 0; ///< among repeated and failed: the station refused
-    qint64 foreign = 0;    ///< replies of other requests, thrown away
-    qint64 notSent = 0;    ///< requests that were not whole; not in `requests`
+    qint64 requests = 0; ///< transmitted
+    qint64 accepted = 0; ///< the driver took the reply
+    qint64 repeated = 0; ///< bad or no reply; the driver asked again
+    qint64 failed = 0;   ///< bad or no reply for the last time
+    qint64 notSent = 0;  ///< requests that were not whole; not in `requests`
+    BadReplies bad;
+    ThrownAway thrownAway;
+    qint64 heldBack = 0; ///< requests that waited for a late reply to come or to expire
+    qint64 reopened = 0; ///< times that a lost line was opened again
     qint64 bytesSent = 0;
     qint64 bytesReceived = 0;
 

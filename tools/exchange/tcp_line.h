@@ -21,7 +21,7 @@ public:
     void close() override;
     bool isOpen() const override { return m_socket.state() == QAbstractSocket::ConnectedState; }
     void write(const QByteArray& bytes) override { m_socket.write(bytes); }
-    void discardWaiting() override { m_socket.readAll(); }
+    QByteArray discardWaiting() override { return m_socket.readAll(); }
 
 private:
     void handleError();

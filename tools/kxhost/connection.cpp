@@ -1,5 +1,6 @@
 #include "kxhost/connection.h"
 
+#include "exchange/reopening_line.h"
 #include "exchange/serial_line.h"
 #include "exchange/tcp_line.h"
 #include "kxhost/console.h"
@@ -18,6 +19,7 @@ bool simulate(ConnectionOptions* options, Connection* connection, QString* error
 {
     kxsim::Simulation simulation;
     simulation.stations = options->simulatedStations;
+    simulation.faults = options->faults;
     connection->simulator = kxsim::SimulatedLine::start(simulation, error);
     if (!connection->simulator)
         return false;
@@ -82,6 +84,9 @@ int openConnection(const ConnectionOptions& asked, Connection* connection)
     if (options.simulate && !simulate(&options, connection, &reason))
         return complain(reason, EXIT_CANNOT_OPEN);
     connection->line = makeLine(options);
+    if (options.patience > 0)
+        connection->line =
+            std::make_unique<ReopeningLine>(std::move(connection->line), options.patience);
     reason = openLine(connection->line.get());
     if (!reason.isEmpty())
         return complain(reason, EXIT_CANNOT_OPEN);

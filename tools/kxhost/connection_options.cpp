@@ -21,9 +21,21 @@ const OptionText OPTIONS[] = {
     {"stop-bits", "1 or 2 (default 1).", "BITS"},
     {"tcp", "Gateway that passes the serial line on (default port 8888).", "HOST[:PORT]"},
     {"simulate", "Start a simulated controller inside and talk to it.", nullptr},
+    {"fault", "Fault of the simulated line, as of kxsim; repeatable.", "KIND:PROBABILITY"},
+    {"fault-seed", "Seed of the faults, for repeatable runs (default 1).", "NUMBER"},
+    {"fault-delay", "Milliseconds that delayed replies are late (default 1500).", "MS"},
     {"s,station", "Station of addresses without @STATION (default 1).", "STATION"},
     {"t,timeout", "Milliseconds to wait for a reply (default 1000).", "MS"},
+    {"settle",
+     "Milliseconds after the time-out in which a late reply may still come; requests it could "
+     "be mistaken for wait (default as --timeout).",
+     "MS"},
+    {"quiet",
+     "Milliseconds of silence before each request (default, and at least, 3.5 characters; none "
+     "on a gateway).",
+     "MS"},
     {"r,retries", "Bad replies in a row that fail a request (default 3).", "COUNT"},
+    {"reopen", "Seconds to try to open a lost line again (default 0: end at once).", "SECONDS"},
     {"max-words", "Longest request in registers (default 32).", "COUNT"},
     {"library", "File of the driver library.", "PATH"},
     {"frames", "Show every request and reply.", nullptr},
@@ -32,7 +44,9 @@ const OptionText OPTIONS[] = {
 
 const int FASTEST_BAUD = 4000000;
 const int HIGHEST_STATION = 247;
-const int LONGEST_TIMEOUT = 60000; // milliseconds
+const int LONGEST_TIMEOUT = 60000;  // milliseconds
+const int LONGEST_PATIENCE = 86400; // seconds
+const int MILLISECONDS_PER_SECOND = 1000;
 const int MOST_RETRIES = 100;
 const int MOST_READ_WORDS = 125; // registers in one Modbus reply
 
@@ -89,8 +103,38 @@ bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, Q
            && takeNumber(parser, "station", 1, HIGHEST_STATION, &options->station, error)
            && takeNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
                          error)
+           && takeNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error)
+           && takeNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error)
            && takeNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
            && takeNumber(parser, "max-words", 1, MOST_READ_WORDS, &session.maxWords, error);
+}
+
+bool takePatience(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    int seconds = 0;
+    if (!takeNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error))
+        return false;
+    options->patience = seconds * MILLISECONDS_PER_SECOND;
+    return true;
+}
+
+bool takeFaults(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    for (const char* const option : {"fault", "fault-seed", "fault-delay"}) {
+        if (isSet(parser, option) && !options->simulate) {
+            *error = QString::fromLatin1("--%1 needs --simulate; kxsim has it, too")
+                         .arg(QLatin1String(option));
+            return false;
+        }
+    }
+    for (const QString& text : parser.values(QLatin1String("fault"))) {
+        if (!kxsim::addFault(text, &options->faults, error))
+            return false;
+    }
+    return (!isSet(parser, "fault-seed")
+            || kxsim::takeFaultSeed(valueOf(parser, "fault-seed"), &options->faults, error))
+           && (!isSet(parser, "fault-delay")
+               || kxsim::takeFaultDelay(valueOf(parser, "fault-delay"), &options->faults, error));
 }
 
 bool takeLine(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
@@ -127,5 +171,6 @@ bool readConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* 
     options->frames = isSet(parser, "frames");
     options->json = isSet(parser, "json");
     return takeNumbers(parser, options, error) && takeParity(parser, options, error)
-           && takeGateway(parser, options, error) && takeLine(parser, options, error);
+           && takeGateway(parser, options, error) && takeLine(parser, options, error)
+           && takePatience(parser, options, error) && takeFaults(parser, options, error);
 }

@@ -3,6 +3,7 @@
 #define KX_TOOLS_CONNECTION_OPTIONS_H
 
 #include "exchange/driver_session.h"
+#include "kxsim/fault_plan.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtSerialPort/QSerialPort>
@@ -16,7 +17,9 @@ struct ConnectionOptions {
     bool simulate = false; ///< simulated controllers inside the program
     /// With `simulate`; commands add the stations that they need.
     QList<int> simulatedStations;
-    int station = 1; ///< of addresses that name none
+    kxsim::FaultPlan faults; ///< of the simulated line
+    int patience = 0;        ///< milliseconds after which a lost line is given up
+    int station = 1;         ///< of addresses that name none
     SessionSettings session;
     QString library; ///< the driver's file; empty: beside the program, else the system's
     bool frames = false;
@@ -24,7 +27,8 @@ struct ConnectionOptions {
 };
 
 /// Declares --port, --baud, --parity, --data-bits, --stop-bits, --tcp, --simulate,
-/// --station, --timeout, --retries, --max-words, --library, --frames and --json.
+/// --fault, --fault-seed, --fault-delay, --station, --timeout, --settle, --quiet,
+/// --retries, --reopen, --max-words, --library, --frames and --json.
 void addConnectionOptions(QCommandLineParser* parser);
 
 /// Reads them. False and one line in `*error` when a value is wrong, or when not

@@ -105,6 +105,8 @@ QString replyKindText(const ExchangeRecord& record)
             .arg(exceptionName(record.exceptionCode));
     case ReplyKind::Foreign:
         return QLatin1String("reply of another request");
+    case ReplyKind::Lost:
+        return QLatin1String("line lost");
     case ReplyKind::Broadcast:
         return QLatin1String("broadcast");
     case ReplyKind::NotSent:

@@ -3,6 +3,59 @@
 namespace
 {
 
+struct NamedCount {
+    qint64 count;
+    const char* text;
+};
+
+/// "3 with no reply, 1 refused by the station"; counts of 0 are left out.
+QString listText(const QList<NamedCount>& counts)
+{
+    QStringList texts;
+    for (const NamedCount& named : counts) {
+        if (named.count > 0)
+            texts << QString::fromLatin1("%1 %2").arg(named.count).arg(QLatin1String(named.text));
+    }
+    return texts.join(QLatin1String(", "));
+}
+
+void addLine(const char* title, const QList<NamedCount>& counts, QStringList* lines)
+{
+    const QString list = listText(counts);
+    if (!list.isEmpty())
+        *lines << QLatin1String(title) + list;
+}
+
+/// What went wrong on the line; nothing on a sound one.
+QStringList faultLines(const Statistics& counts)
+{
+    const BadReplies& bad = counts.bad;
+    const ThrownAway& thrown = counts.thrownAway;
+    QStringList lines;
+    addLine("repeated or failed: ",
+            {{bad.none, "without a reply"},
+             {bad.incomplete, "cut short"},
+             {bad.damaged, "damaged"},
+             {bad.exceptions, "refused by the station"},
+             {bad.foreign, "answered by replies of other requests only"},
+             {bad.lost, "cut off by the loss of the line"},
+             {bad.broadcasts, "broadcast"},
+             {bad.ignored, "ignored by the driver"}},
+            &lines);
+    addLine("thrown away: ",
+            {{thrown.foreign, "replies of other requests"},
+             {thrown.late, "late replies"},
+             {thrown.duplicates, "duplicates"},
+             {thrown.echoes, "echoes"},
+             {thrown.bytes, "bytes in no frame"}},
+            &lines);
+    addLine("line: ",
+            {{counts.heldBack, "requests held back until a late reply could come no more"},
+             {counts.reopened, "times opened again"}},
+            &lines);
+    return lines;
+}
+
 QString decimal(double value)
 {
     return QString::number(value, 'f', 1);
@@ -11,6 +64,27 @@ QString decimal(double value)
 double loadPercent(const WatchSummary& summary)
 {
     return 100 * summary.statistics.lineLoad(summary.timing, summary.elapsed);
+}
+
+QJsonObject badRepliesJson(const BadReplies& bad)
+{
+    return {{QLatin1String("none"), bad.none},
+            {QLatin1String("short"), bad.incomplete},
+            {QLatin1String("damaged"), bad.damaged},
+            {QLatin1String("refused"), bad.exceptions},
+            {QLatin1String("foreign"), bad.foreign},
+            {QLatin1String("lineLost"), bad.lost},
+            {QLatin1String("broadcast"), bad.broadcasts},
+            {QLatin1String("ignored"), bad.ignored}};
+}
+
+QJsonObject thrownAwayJson(const ThrownAway& thrown)
+{
+    return {{QLatin1String("foreign"), thrown.foreign},
+            {QLatin1String("late"), thrown.late},
+            {QLatin1String("duplicates"), thrown.duplicates},
+            {QLatin1String("echoes"), thrown.echoes},
+            {QLatin1String("bytes"), thrown.bytes}};
 }
 
 } // namespace
@@ -34,17 +108,13 @@ QStringList summaryLines(const WatchSummary& summary)
             .arg(counts.accepted)
             .arg(counts.repeated)
             .arg(counts.failed);
-    if (counts.exceptions > 0)
-        requests += QString::fromLatin1(", %1 refused by the station").arg(counts.exceptions);
-    if (counts.foreign > 0)
-        requests += QString::fromLatin1(", %1 replies of other requests").arg(counts.foreign);
     if (counts.notSent > 0)
-        requests += QString::fromLatin1(", %1 too long to send").arg(counts.notSent);
+        requests += QString::fromLatin1("; %1 too long to send").arg(counts.notSent);
     const QString time = QString::fromLatin1("%1 s, %2 bytes sent, %3 received, ")
                              .arg(decimal(static_cast<double>(summary.elapsed) / 1000))
                              .arg(counts.bytesSent)
                              .arg(counts.bytesReceived);
-    return {requests, time + speedText(summary)};
+    return QStringList({requests}) + faultLines(counts) + QStringList({time + speedText(summary)});
 }
 
 QJsonObject summaryJson(const WatchSummary& summary)
@@ -58,9 +128,11 @@ QJsonObject summaryJson(const WatchSummary& summary)
     json[QLatin1String("accepted")] = counts.accepted;
     json[QLatin1String("repeated")] = counts.repeated;
     json[QLatin1String("failed")] = counts.failed;
-    json[QLatin1String("refused")] = counts.exceptions;
-    json[QLatin1String("foreign")] = counts.foreign;
     json[QLatin1String("notSent")] = counts.notSent;
+    json[QLatin1String("badReplies")] = badRepliesJson(counts.bad);
+    json[QLatin1String("thrownAway")] = thrownAwayJson(counts.thrownAway);
+    json[QLatin1String("heldBack")] = counts.heldBack;
+    json[QLatin1String("reopened")] = counts.reopened;
     json[QLatin1String("bytesSent")] = counts.bytesSent;
     json[QLatin1String("bytesReceived")] = counts.bytesReceived;
     json[QLatin1String("requestsPerSecond")] = counts.requestsPerSecond(summary.elapsed);

@@ -7,7 +7,8 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QStringList>
 
-/// "36 requests: 34 accepted, 2 repeated, 0 failed" and a line with the speed.
+/// "36 requests in 12 cycles: 34 accepted, 2 repeated, 0 failed", on a line with
+/// faults what they were, and a line with the speed.
 QStringList summaryLines(const WatchSummary& summary);
 
 QJsonObject summaryJson(const WatchSummary& summary);

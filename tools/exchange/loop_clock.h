@@ -1,0 +1,44 @@
+/// Time as an exchange loop sees it: the system's, or one that a simulation moves.
+#ifndef KX_TOOLS_LOOP_CLOCK_H
+#define KX_TOOLS_LOOP_CLOCK_H
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QObject>
+#include <QtCore/QTimer>
+
+class LoopClock : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// Microseconds since some moment in the past.
+    virtual qint64 now() const = 0;
+    /// Sends woken() once after so many microseconds, never from inside this call;
+    /// replaces what was asked before.
+    virtual void wakeAfter(qint64 microseconds) = 0;
+    virtual void cancel() = 0;
+
+signals:
+    void woken();
+};
+
+class SystemClock : public LoopClock
+{
+    Q_OBJECT
+
+public:
+    explicit SystemClock(QObject* parent = nullptr);
+
+    qint64 now() const override;
+    /// In whole milliseconds, rounded up.
+    void wakeAfter(qint64 microseconds) override;
+    void cancel() override { m_timer.stop(); }
+
+private:
+    QTimer m_timer;
+    QElapsedTimer m_since;
+};
+
+#endif

@@ -1,0 +1,28 @@
+#include "exchange/stray_bytes.h"
+
+#include "exchange/reply_verdict.h"
+
+void StrayBytes::sort(OwedReplies* owed, bool isExpecting)
+{
+    // Noise may stand before a frame.
+    while (!m_bytes.isEmpty()) {
+        const int length = frameLengthOf(m_bytes);
+        if (length > 0)
+            throwAway(m_bytes.left(length), owed, isExpecting);
+        else
+            ++m_counts->bytes;
+        m_bytes.remove(0, length > 0 ? length : 1);
+    }
+}
+
+void StrayBytes::throwAway(const QByteArray& frame, OwedReplies* owed, bool isExpecting)
+{
+    if (isExpecting && owed->take(frame))
+        ++m_counts->late;
+    else if (frame == m_lastTaken)
+        ++m_counts->duplicates;
+    else if (owed->isOwed(frame))
+        ++m_counts->late;
+    else
+        ++m_counts->foreign;
+}

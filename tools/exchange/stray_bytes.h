@@ -1,0 +1,35 @@
+#ifndef KX_TOOLS_STRAY_BYTES_H
+#define KX_TOOLS_STRAY_BYTES_H
+
+#include "exchange/owed_replies.h"
+#include "exchange/statistics.h"
+
+/// Bytes that belong to no request in flight: sorts them into late replies, doubles
+/// and noise, and counts them.
+class StrayBytes
+{
+public:
+    explicit StrayBytes(ThrownAway* counts) : m_counts(counts) {}
+
+    void add(const QByteArray& bytes) { m_bytes += bytes; }
+
+    /// To be called when the line has fallen silent: what is no whole frame now never
+    /// will be.
+    /// @param isExpecting whether a late reply was waited for. Only then is it owed no
+    ///                    longer: at other times a double, or the same bytes from
+    ///                    another station, may look like it.
+    void sort(OwedReplies* owed, bool isExpecting);
+
+    /// Counts one whole frame that is not what was asked for.
+    void throwAway(const QByteArray& frame, OwedReplies* owed, bool isExpecting);
+
+    /// The frame that doubles are told by.
+    void setLastTaken(const QByteArray& reply) { m_lastTaken = reply; }
+
+private:
+    ThrownAway* m_counts;
+    QByteArray m_bytes;
+    QByteArray m_lastTaken;
+};
+
+#endif
