@@ -28,7 +28,7 @@ private slots:
         m_driver.reset();
         m_driver = std::make_unique<ScriptedDriver>();
         m_line = std::make_unique<ScriptedLine>();
-        m_settings = {3000, 100, 5};
+        m_settings = {3000, 100, 5, -1, 0};
         m_records.clear();
     }
 

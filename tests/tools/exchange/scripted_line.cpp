@@ -13,3 +13,23 @@ void ScriptedLine::write(const QByteArray& bytes)
         QTimer::singleShot(arrival.after, Qt::PreciseTimer, this,
                            [this, arrival] { emit bytesArrived(arrival.bytes); });
 }
+
+QByteArray ScriptedLine::discardWaiting()
+{
+    ++discards;
+    const QByteArray discarded = waiting;
+    waiting.clear();
+    return discarded;
+}
+
+void ScriptedLine::interrupt()
+{
+    m_isOpen = false;
+    emit interrupted();
+}
+
+void ScriptedLine::reopen()
+{
+    m_isOpen = true;
+    emit opened();
+}

@@ -22,9 +22,9 @@ public:
     LineTiming timing() const override { return characters; }
     void open() override { emit opened(); }
     void close() override {}
-    bool isOpen() const override { return true; }
+    bool isOpen() const override { return m_isOpen; }
     void write(const QByteArray& bytes) override;
-    void discardWaiting() override { ++discards; }
+    QByteArray discardWaiting() override;
 
     /// The answer to the next request that has none yet; after the last answer,
     /// requests get none.
@@ -32,15 +32,20 @@ public:
 
     void lose() { emit failed(QString::fromLatin1("script: the port is lost: unplugged")); }
 
+    void interrupt();
+    void reopen();
+
     qint64 now() const { return m_clock.elapsed(); }
 
     LineTiming characters = {0, 8, 0, 1}; ///< a network unless a test says otherwise
     QList<QByteArray> written;
     QList<qint64> writtenAt; ///< milliseconds, as now()
+    QByteArray waiting;      ///< arrived and not reported; the next request finds it
     int discards = 0;
 
 private:
     QElapsedTimer m_clock;
+    bool m_isOpen = true;
     QList<QList<Arrival>> m_answers;
 };
 

@@ -96,7 +96,7 @@ void ExchangeLoopTest::replyOfAnotherStationIsThrownAwayAndTheRightOneTaken()
     QCOMPARE(m_driver->replies, QList<QByteArray>({withCrc(GOOD)}));
     QCOMPARE(m_records.first().foreignReplies, 1);
     QCOMPARE(m_records.first().reply, withCrc("02 03 04 04 D2 16 2E") + withCrc(GOOD));
-    QCOMPARE(m_loop->statistics().foreign, qint64(1));
+    QCOMPARE(m_loop->statistics().thrownAway.foreign, qint64(1));
 }
 
 void ExchangeLoopTest::lateReplyAfterTheNextRequestIsNotTakenForIts()
@@ -129,7 +129,7 @@ void ExchangeLoopTest::badReplyIsAskedForAgain()
     QCOMPARE(m_records.at(2).repeated, false);
     QCOMPARE(m_loop->statistics().repeated, qint64(1));
     QCOMPARE(m_loop->statistics().accepted, qint64(2));
-    QCOMPARE(m_loop->statistics().exceptions, qint64(1));
+    QCOMPARE(m_loop->statistics().bad.exceptions, qint64(1));
 }
 
 void ExchangeLoopTest::finalFailureTellsTheErrorText()

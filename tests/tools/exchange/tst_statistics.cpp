@@ -3,12 +3,17 @@
 
 #include <QtTest/QtTest>
 
+Q_DECLARE_METATYPE(ReplyKind)
+Q_DECLARE_METATYPE(qint64*)
+
 class StatisticsTest : public QObject
 {
     Q_OBJECT
 
 private slots:
     void everyExchangeIsOneOfThree();
+    void everyBadReplyIsCountedByItsKind_data();
+    void everyBadReplyIsCountedByItsKind();
     void figures();
     void noTimePassed();
     void loadIsNeverMoreThanTheWholeTime();
@@ -16,6 +21,8 @@ private slots:
 
 namespace
 {
+
+BadReplies bad; // what the rows of a table point into
 
 ExchangeRecord record(ReplyKind kind, int result, int sent, int received)
 {
@@ -36,19 +43,49 @@ void StatisticsTest::everyExchangeIsOneOfThree()
     statistics.add(record(ReplyKind::None, 8, 8, 0));
     statistics.add(record(ReplyKind::Exception, 8, 8, 5));
     statistics.add(record(ReplyKind::Exception, 2, 8, 5));
-    ExchangeRecord foreign = record(ReplyKind::Foreign, 8, 8, 14);
-    foreign.foreignReplies = 2;
-    statistics.add(foreign);
+    statistics.add(record(ReplyKind::Foreign, 8, 8, 14));
     statistics.add(record(ReplyKind::NotSent, 2, 0, 0));
     QCOMPARE(statistics.requests, qint64(5));
     QCOMPARE(statistics.accepted, qint64(1));
     QCOMPARE(statistics.repeated, qint64(3));
     QCOMPARE(statistics.failed, qint64(1));
-    QCOMPARE(statistics.exceptions, qint64(2));
-    QCOMPARE(statistics.foreign, qint64(2));
+    QCOMPARE(statistics.bad.exceptions, qint64(2));
+    QCOMPARE(statistics.bad.none, qint64(1));
+    QCOMPARE(statistics.bad.foreign, qint64(1));
+    QCOMPARE(statistics.bad.sum(), qint64(4));
     QCOMPARE(statistics.notSent, qint64(1));
     QCOMPARE(statistics.bytesSent, qint64(40));
     QCOMPARE(statistics.bytesReceived, qint64(33));
+}
+
+void StatisticsTest::everyBadReplyIsCountedByItsKind_data()
+{
+    QTest::addColumn<ReplyKind>("kind");
+    QTest::addColumn<qint64*>("count");
+    const auto row = [](const char* name, ReplyKind kind, qint64 BadReplies::*member) {
+        QTest::newRow(name) << kind << &(bad.*member);
+    };
+    row("none", ReplyKind::None, &BadReplies::none);
+    row("short", ReplyKind::Short, &BadReplies::incomplete);
+    row("bad", ReplyKind::Bad, &BadReplies::damaged);
+    row("exception", ReplyKind::Exception, &BadReplies::exceptions);
+    row("foreign", ReplyKind::Foreign, &BadReplies::foreign);
+    row("lost", ReplyKind::Lost, &BadReplies::lost);
+    row("broadcast", ReplyKind::Broadcast, &BadReplies::broadcasts);
+    row("good, not taken", ReplyKind::Good, &BadReplies::ignored);
+}
+
+void StatisticsTest::everyBadReplyIsCountedByItsKind()
+{
+    QFETCH(ReplyKind, kind);
+    QFETCH(qint64*, count);
+    Statistics statistics;
+    statistics.add(record(kind, 8, 8, 0));
+    statistics.add(record(kind, 2, 8, 0));
+    statistics.add(record(kind, 0, 8, 0));
+    bad = statistics.bad;
+    QCOMPARE(*count, qint64(3));
+    QCOMPARE(bad.sum(), qint64(3));
 }
 
 void StatisticsTest::figures()

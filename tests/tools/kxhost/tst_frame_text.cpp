@@ -97,6 +97,7 @@ void FrameTextTest::outcomes_data()
     row("exception 4", ReplyKind::Exception, 4, 8, "exception 4 device failure, repeated");
     row("exception 11", ReplyKind::Exception, 11, 8, "exception 11 other reason, repeated");
     row("foreign", ReplyKind::Foreign, 0, 2, "reply of another request, failed");
+    row("lost", ReplyKind::Lost, 0, 8, "line lost, repeated");
     row("broadcast", ReplyKind::Broadcast, 0, 2, "broadcast, failed");
     row("not sent", ReplyKind::NotSent, 0, 2, "too long to send, failed");
     row("ignored", ReplyKind::Good, 0, 0, "good, ignored");

@@ -43,13 +43,28 @@ void SummaryTextTest::lines()
 void SummaryTextTest::rareCountsAreNamedWhenThereAreAny()
 {
     WatchSummary rare = summary();
-    rare.statistics.exceptions = 3;
-    rare.statistics.foreign = 4;
-    rare.statistics.notSent = 5;
-    QCOMPARE(summaryLines(rare).first(),
-             QString::fromLatin1("36 requests in 12 cycles: 33 accepted, 2 repeated, 1 failed, "
-                                 "3 refused by the station, 4 replies of other requests, "
+    Statistics& counts = rare.statistics;
+    counts.notSent = 5;
+    counts.bad = {1, 2, 3, 4, 5, 6, 7, 8};
+    counts.thrownAway = {11, 12, 13, 14, 15};
+    counts.heldBack = 21;
+    counts.reopened = 22;
+    const QStringList lines = summaryLines(rare);
+    QCOMPARE(lines.size(), 5);
+    QCOMPARE(lines.at(0),
+             QString::fromLatin1("36 requests in 12 cycles: 33 accepted, 2 repeated, 1 failed; "
                                  "5 too long to send"));
+    QCOMPARE(lines.at(1),
+             QString::fromLatin1("repeated or failed: 1 without a reply, 2 cut short, 3 damaged, "
+                                 "4 refused by the station, 5 answered by replies of other "
+                                 "requests only, 6 cut off by the loss of the line, 7 broadcast, "
+                                 "8 ignored by the driver"));
+    QCOMPARE(lines.at(2),
+             QString::fromLatin1("thrown away: 11 replies of other requests, 12 late replies, "
+                                 "13 duplicates, 14 echoes, 15 bytes in no frame"));
+    QCOMPARE(lines.at(3),
+             QString::fromLatin1("line: 21 requests held back until a late reply could come no "
+                                 "more, 22 times opened again"));
 }
 
 void SummaryTextTest::networkHasNoLineLoad()
@@ -63,11 +78,19 @@ void SummaryTextTest::networkHasNoLineLoad()
 void SummaryTextTest::json()
 {
     WatchSummary all = summary();
-    all.statistics.exceptions = 3;
-    all.statistics.foreign = 4;
     all.statistics.notSent = 5;
+    all.statistics.bad = {1, 2, 3, 4, 5, 6, 7, 8};
+    all.statistics.thrownAway = {11, 12, 13, 14, 15};
+    all.statistics.heldBack = 21;
+    all.statistics.reopened = 22;
     const QJsonObject json = summaryJson(all);
     const auto number = [&](const char* name) { return json[QLatin1String(name)].toDouble(-1); };
+    const auto numbers = [&](const char* name, const QStringList& keys) {
+        QList<int> values;
+        for (const QString& key : keys)
+            values << json[QLatin1String(name)].toObject()[key].toInt(-1);
+        return values;
+    };
     QCOMPARE(json[QLatin1String("event")].toString(), QString::fromLatin1("summary"));
     QCOMPARE(number("milliseconds"), 2000.0);
     QCOMPARE(number("cycles"), 12.0);
@@ -75,9 +98,14 @@ void SummaryTextTest::json()
     QCOMPARE(number("accepted"), 33.0);
     QCOMPARE(number("repeated"), 2.0);
     QCOMPARE(number("failed"), 1.0);
-    QCOMPARE(number("refused"), 3.0);
-    QCOMPARE(number("foreign"), 4.0);
     QCOMPARE(number("notSent"), 5.0);
+    QCOMPARE(numbers("badReplies", {"none", "short", "damaged", "refused", "foreign", "lineLost",
+                                    "broadcast", "ignored"}),
+             QList<int>({1, 2, 3, 4, 5, 6, 7, 8}));
+    QCOMPARE(numbers("thrownAway", {"foreign", "late", "duplicates", "echoes", "bytes"}),
+             QList<int>({11, 12, 13, 14, 15}));
+    QCOMPARE(number("heldBack"), 21.0);
+    QCOMPARE(number("reopened"), 22.0);
     QCOMPARE(number("bytesSent"), 288.0);
     QCOMPARE(number("bytesReceived"), 192.0);
     QCOMPARE(number("requestsPerSecond"), 18.0);

@@ -1,0 +1,56 @@
+/// A serial line with simulated controllers and faults, in virtual time.
+#ifndef KX_TESTS_FAULTY_LINE_H
+#define KX_TESTS_FAULTY_LINE_H
+
+#include "exchange/line.h"
+#include "kxsim/line_faults.h"
+#include "kxsim/request_server.h"
+#include "tools/faults/virtual_clock.h"
+
+/// What the controllers and the line between are.
+struct FaultyLineSettings {
+    QList<int> stations = {1};
+    kxsim::FaultPlan faults;
+    LineTiming timing;
+    int processing = 5;    ///< milliseconds from a request to its reply
+    bool trickles = false; ///< bytes arrive two by two, as the line carries them
+};
+
+class FaultyLine : public Line
+{
+public:
+    FaultyLine(const FaultyLineSettings& settings, VirtualClock* clock);
+
+    QString name() const override { return QString::fromLatin1("faulty line"); }
+    LineTiming timing() const override { return m_settings.timing; }
+    void open() override;
+    void close() override { m_isOpen = false; }
+    bool isOpen() const override { return m_isOpen; }
+    void write(const QByteArray& bytes) override;
+    QByteArray discardWaiting() override { return QByteArray(); }
+
+    kxsim::Stations& stations() { return m_stations; }
+    const kxsim::LineFaults& faults() const { return m_faults; }
+    /// Late replies that went down with a line that was closed.
+    int lostLateReplies() const { return m_lostLateReplies; }
+
+    /// Called before a controller takes a request, whole and with CRC.
+    std::function<void(const QByteArray&)> onRequest;
+
+private:
+    void serve(const QByteArray& request);
+    void deliver(const kxsim::FaultyReply& reply);
+    void arrive(qint64 after, const QByteArray& bytes, bool isLate);
+    void closeForAWhile();
+
+    FaultyLineSettings m_settings;
+    VirtualClock* m_clock;
+    kxsim::Stations m_stations;
+    kxsim::RequestServer m_server;
+    kxsim::LineFaults m_faults;
+    bool m_isOpen = true;
+    int m_openings = 0; ///< bytes of an earlier one do not arrive
+    int m_lostLateReplies = 0;
+};
+
+#endif
