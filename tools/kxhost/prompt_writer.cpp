@@ -4,7 +4,7 @@
 #include "kxhost/frame_text.h"
 
 PromptWriter::PromptWriter(DriverSession* session, int station)
-    : m_session(session), m_station(station)
+    : m_session(session), m_pacer(session), m_station(station)
 {
     connect(session, &DriverSession::exchanged, this, &PromptWriter::takeExchange);
 }
@@ -23,7 +23,7 @@ void PromptWriter::take(const QString& line)
     emit message(line + QLatin1String(": writing"));
     const int most = addressesPerWrite(assignment.range.type, m_session->settings().maxWords);
     for (const Assignment& piece : writePieces(assignment, most))
-        m_session->write(piece);
+        m_pacer.add(piece);
 }
 
 bool PromptWriter::isRefused(const Assignment& assignment, QString* reason) const

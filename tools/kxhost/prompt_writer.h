@@ -1,7 +1,7 @@
 #ifndef KX_TOOLS_PROMPT_WRITER_H
 #define KX_TOOLS_PROMPT_WRITER_H
 
-#include "exchange/driver_session.h"
+#include "exchange/write_pacer.h"
 
 /// Writes assignments as they are typed, and tells what became of them.
 class PromptWriter : public QObject
@@ -23,6 +23,7 @@ private:
     void takeExchange(const ExchangeRecord& record);
 
     DriverSession* m_session;
+    WritePacer m_pacer;
     int m_station;
     bool m_hasFailed = false; ///< a piece of the last assignment has
 };
