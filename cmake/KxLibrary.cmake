@@ -1,5 +1,7 @@
 # The driver library, its headers and its installation.
 
+include(CheckCXXCompilerFlag)
+
 set(KX_PUBLIC_HEADERS
   tarvelan_kx_series.h
   driver/export.h driver/records.h driver/setup.h driver/tarvelan.h
@@ -14,6 +16,7 @@ add_library(tarvelan_kx_series SHARED
   driver/data_area_index.cpp driver/job_queue.cpp driver/setup.cpp driver/tarvelan.cpp driver/value_change.cpp
   registers/address_check.cpp registers/address_series.cpp registers/address_weight.cpp
   registers/recipe_addresses.cpp registers/register_catalogue.cpp registers/register_types.cpp
+  registers/type_names.cpp
   planning/address_merge.cpp planning/condition_reads.cpp planning/monitor_flags.cpp
   planning/read_jobs.cpp
   modbus/crc.cpp modbus/frame_bytes.cpp modbus/read_request.cpp modbus/recipe_requests.cpp
@@ -39,6 +42,12 @@ target_compile_options(tarvelan_kx_series
   PRIVATE -fno-semantic-interposition
   # Without -fPIC an executable would get its own copy of `driver`.
   PUBLIC -fPIC)
+# For x86 g++ copies kilobyte records with string instructions, which start slowly.
+check_cxx_compiler_flag(-mmemcpy-strategy=libcall:-1:noalign KX_HAS_MEMCPY_STRATEGY)
+if(KX_HAS_MEMCPY_STRATEGY)
+  target_compile_options(tarvelan_kx_series PRIVATE
+    -mmemcpy-strategy=libcall:-1:noalign -mmemset-strategy=libcall:-1:noalign)
+endif()
 # A panel loads several drivers that export the same names: each must use its own.
 target_link_options(tarvelan_kx_series PRIVATE -Wl,-Bsymbolic -Wl,--no-undefined)
 

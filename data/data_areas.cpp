@@ -1,5 +1,7 @@
 #include "data/data_areas.h"
 
+#include "registers/type_names.h"
+
 namespace
 {
 
@@ -12,7 +14,8 @@ int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int
 {
     _DATA_ area = _DATA_();
     area.station = station;
-    area.regType = regType;
+    const RegisterType* const type = findRegisterType(regType);
+    area.regType = type ? typeNames->of(type) : regType;
     area.address = address;
     list.append(area);
     return static_cast<int>(list.size()) - 1;

@@ -7,7 +7,7 @@
 #include "driver/tarvelan.h"
 #include "driver/wrapping.h"
 #include "planning/job_split.h"
-#include "registers/register_types.h"
+#include "registers/type_names.h"
 
 #include <algorithm>
 #include <cstring>
@@ -73,9 +73,10 @@ int intf_getData(int station, QString regType, int address, int count, unsigned 
         return 1;
     const int size = valueSize(type->registerClass);
     const int values = count / registersPerAddress(type);
+    const QString& name = typeNames->of(type);
     const UndisturbedAreas undisturbed;
     for (int i = 0; i < values; ++i) {
-        const _DATA_& area = dataArea(station, regType, wrapAdd(address, i));
+        const _DATA_& area = dataArea(station, name, wrapAdd(address, i));
         std::memcpy(out + static_cast<qint64>(i) * size, visibleValue(area),
                     static_cast<size_t>(size));
     }

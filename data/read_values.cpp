@@ -3,12 +3,11 @@
 #include "data/change_notification.h"
 #include "data/data_areas.h"
 #include "data/recipe_values.h"
+#include "data/unchanged_run.h"
 #include "driver/tarvelan.h"
 #include "driver/value_change.h"
-#include "driver/wrapping.h"
-#include "registers/register_types.h"
 
-#include <cstring>
+#include <QtCore/QtEndian>
 
 namespace
 {
@@ -17,75 +16,147 @@ const int BYTES_PER_REGISTER = 2;
 const int BYTES_PER_DOUBLE_WORD = 4;
 const int BITS_PER_BYTE = 8;
 
-// Written only when it changes, which leaves an unchanged record untouched.
-void clearError(_DATA_& area)
-{
-    if (area.commError != 0)
+/// The elements of a reply, of whatever class, and where they belong.
+struct Elements {
+    const int station;
+    const QString& regType;
+    const int address;
+    const int firstDataByte;
+    const ReplyBytes reply;
+
+    Elements(const ReadRequest& request, const ReplyBytes& replyBytes)
+        : station(request.station),
+          regType(typeNames->of(request.type)),
+          address(request.address),
+          firstDataByte(request.firstDataByte),
+          reply(replyBytes)
+    {
+    }
+
+    _DATA_& record(int element) const
+    {
+        return dataArea(station, regType, wrapAdd(address, element));
+    }
+
+    /// With the mark of an unanswered read taken off.
+    _DATA_& answeredRecord(int element) const
+    {
+        _DATA_& area = record(element);
         area.commError = 0;
-}
+        return area;
+    }
+};
 
 // A bit is compared with the whole reply byte at its own position, not with the
 // packed bit, so replies other than 0 and 1 report bits at every poll.
-void storeBit(const ReadRequest& request, const ReplyBytes& reply, int i)
-{
-    const int address = wrapAdd(request.address, i);
-    const int packed = reply.at(wrapAdd(request.firstDataByte, i / BITS_PER_BYTE));
-    const unsigned char bit = static_cast<unsigned char>(packed >> i % BITS_PER_BYTE & 1);
-    _DATA_& area = dataArea(request.station, request.regType, address);
-    clearError(area);
-    if (area.value[0] == reply.at(wrapAdd(request.firstDataByte, i))) {
-        area.value[0] = bit;
-        return;
+struct Bits : Elements {
+    Bits(const ReadRequest& request, const ReplyBytes& replyBytes) : Elements(request, replyBytes)
+    {
     }
-    area.writePending = 0;
-    callRuntime(driver.linkId, request.station, request.regType, address);
-    dataArea(request.station, request.regType, address).value[0] = bit;
+
+    int compared(int i) const { return reply.at(wrapAdd(firstDataByte, i)); }
+
+    unsigned char bit(int i) const
+    {
+        const int packed = reply.at(wrapAdd(firstDataByte, i / BITS_PER_BYTE));
+        return static_cast<unsigned char>(packed >> i % BITS_PER_BYTE & 1);
+    }
+
+    bool areIn(const _DATA_& area, int i) const
+    {
+        return area.value[0] == compared(i) && area.value[0] == bit(i);
+    }
+
+    void store(int i) const
+    {
+        _DATA_& area = answeredRecord(i);
+        if (area.value[0] == compared(i)) {
+            area.value[0] = bit(i);
+            return;
+        }
+        area.writePending = 0;
+        callRuntime(driver.linkId, station, regType, wrapAdd(address, i));
+        record(i).value[0] = bit(i);
+    }
+};
+
+struct Words : Elements {
+    Words(const ReadRequest& request, const ReplyBytes& replyBytes) : Elements(request, replyBytes)
+    {
+    }
+
+    int word(int k) const { return reply.wordAt(wrapAdd(firstDataByte, BYTES_PER_REGISTER * k)); }
+
+    bool areIn(const _DATA_& area, int k) const { return wordOf(area.value) == word(k); }
+
+    void store(int k) const
+    {
+        _DATA_& area = answeredRecord(k);
+        int oldWord = wordOf(area.value);
+        int newWord = word(k);
+        if (oldWord == newWord)
+            return;
+        if (area.writePending == 1 && area.reserved == 0)
+            area.writePending = 0;
+        _wordDataChange(&oldWord, &newWord, station, regType, wrapAdd(address, k), 0);
+        qToLittleEndian(static_cast<quint16>(newWord), record(k).value);
+    }
+};
+
+struct DoubleWords : Elements {
+    DoubleWords(const ReadRequest& request, const ReplyBytes& replyBytes)
+        : Elements(request, replyBytes)
+    {
+    }
+
+    quint32 doubleWord(int k) const
+    {
+        const int first = wrapAdd(firstDataByte, BYTES_PER_DOUBLE_WORD * k);
+        const quint32 high = static_cast<quint32>(reply.wordAt(first));
+        return high << 16 | static_cast<quint32>(reply.wordAt(wrapAdd(first, BYTES_PER_REGISTER)));
+    }
+
+    // A recipe takes every value, changed or not.
+    bool areIn(const _DATA_& area, int k) const
+    {
+        return driver.currentKind != RECIPE_READ_JOB
+               && qFromLittleEndian<quint32>(area.value) == doubleWord(k);
+    }
+
+    void store(int k) const
+    {
+        _DATA_& area = answeredRecord(k);
+        const quint32 value = doubleWord(k);
+        if (qFromLittleEndian<quint32>(area.value) != value) {
+            area.writePending = 0;
+            _OnlyOneDataTypeDataChange(station, regType, wrapAdd(address, k), 0, 0, 0, 0);
+            qToLittleEndian(value, record(k).value);
+        }
+        if (driver.currentKind == RECIPE_READ_JOB)
+            storeRecipeDoubleWord(k, value);
+    }
+};
+
+template <typename Kind>
+void storeAll(const Kind& elements, int count)
+{
+    for (int k = 0; k < count; ++k) {
+        k = endOfUnchangedRun(elements, k, count);
+        if (k < count)
+            elements.store(k);
+    }
 }
 
-void storeWord(const ReadRequest& request, const ReplyBytes& reply, int k)
+RegisterClass classOf(const ReadRequest& request)
 {
-    const int address = wrapAdd(request.address, k);
-    const int first = wrapAdd(request.firstDataByte, BYTES_PER_REGISTER * k);
-    const int high = reply.at(first);
-    const int low = reply.at(wrapAdd(first, 1));
-    _DATA_& area = dataArea(request.station, request.regType, address);
-    clearError(area);
-    if (area.value[0] == low && area.value[1] == high)
-        return;
-    if (area.writePending == 1 && area.reserved == 0)
-        area.writePending = 0;
-    int oldWord = wordOf(area.value);
-    int newWord = low | high << 8;
-    _wordDataChange(&oldWord, &newWord, request.station, request.regType, address, 0);
-    unsigned char* const value = dataArea(request.station, request.regType, address).value;
-    value[0] = static_cast<unsigned char>(low);
-    value[1] = static_cast<unsigned char>(high);
-}
-
-void storeDoubleWord(const ReadRequest& request, const ReplyBytes& reply, int k)
-{
-    const int address = wrapAdd(request.address, k);
-    const int first = wrapAdd(request.firstDataByte, BYTES_PER_DOUBLE_WORD * k);
-    unsigned char bytes[BYTES_PER_DOUBLE_WORD];
-    for (int byte = 0; byte < BYTES_PER_DOUBLE_WORD; ++byte)
-        bytes[byte] =
-            static_cast<unsigned char>(reply.at(wrapAdd(first, BYTES_PER_DOUBLE_WORD - 1 - byte)));
-    _DATA_& area = dataArea(request.station, request.regType, address);
-    clearError(area);
-    if (std::memcmp(area.value, bytes, sizeof bytes) != 0) {
-        area.writePending = 0;
-        _OnlyOneDataTypeDataChange(request.station, request.regType, address, 0, 0, 0, 0);
-        std::memcpy(dataArea(request.station, request.regType, address).value, bytes, sizeof bytes);
-    }
-    if (driver.currentKind == RECIPE_READ_JOB)
-        storeRecipeDoubleWord(k, bytes);
+    return request.type ? request.type->registerClass : UNKNOWN_CLASS;
 }
 
 } // namespace
 
 ReadRequest::ReadRequest(const FRAME_PRO& frame)
     : station(frame.job.station),
-      regType(frame.job.regType),
+      type(findRegisterType(frame.job.regType)),
       address(frame.job.address),
       firstDataByte(frame.frameFunc),
       dataLength(frame.dataLen)
@@ -96,20 +167,16 @@ void storeReadValues(const ReadRequest& request, const ReplyBytes& reply)
 {
     const UndisturbedAreas undisturbed;
     const RecipeRange recipe = currentRecipeRange();
-    const RegisterClass registerClass = registerClassOf(request.regType);
-    switch (registerClass) {
+    switch (classOf(request)) {
     case BIT_CLASS:
-        for (int i = 0; i < request.dataLength; ++i)
-            storeBit(request, reply, i);
+        storeAll(Bits(request, reply), request.dataLength);
         break;
     case WORD_CLASS:
-        for (int k = 0; k < request.dataLength / BYTES_PER_REGISTER; ++k)
-            storeWord(request, reply, k);
+        storeAll(Words(request, reply), request.dataLength / BYTES_PER_REGISTER);
         storeRecipeWords(recipe, request, reply);
         break;
     case DOUBLE_WORD_CLASS:
-        for (int k = 0; k < request.dataLength / BYTES_PER_DOUBLE_WORD; ++k)
-            storeDoubleWord(request, reply, k);
+        storeAll(DoubleWords(request, reply), request.dataLength / BYTES_PER_DOUBLE_WORD);
         break;
     case UNKNOWN_CLASS:
         break;
@@ -120,14 +187,15 @@ void storeReadValues(const ReadRequest& request, const ReplyBytes& reply)
 // register, on purpose: the marks reach beyond the addresses read.
 void markUnanswered(const ReadRequest& request)
 {
-    const RegisterClass registerClass = registerClassOf(request.regType);
+    const RegisterClass registerClass = classOf(request);
     if (registerClass == UNKNOWN_CLASS)
         return;
     const UndisturbedAreas undisturbed;
+    const QString& regType = typeNames->of(request.type);
     const bool areBits = registerClass == BIT_CLASS;
     const int marks = areBits ? request.dataLength : request.dataLength / BYTES_PER_REGISTER;
     const int stride = areBits ? BITS_PER_GROUP : 1;
     for (int i = 0; i < marks; ++i)
-        dataArea(request.station, request.regType, wrapAdd(request.address, wrapMul(i, stride)))
-            .commError = 1;
+        dataArea(request.station, regType, wrapAdd(request.address, wrapMul(i, stride))).commError =
+            1;
 }

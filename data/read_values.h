@@ -2,40 +2,44 @@
 #define TARVELAN_DATA_READ_VALUES_H
 
 #include "driver/records.h"
+#include "driver/wrapping.h"
+#include "registers/type_names.h"
 
 #include <QtCore/QByteArray>
 
-/// Bytes of a reply by index; one that the reply does not hold counts as 0.
+/// Bytes of a reply by index; one that the reply does not hold counts as 0. The
+/// reply must outlive it.
 class ReplyBytes
 {
 public:
     explicit ReplyBytes(const QByteArray& reply)
-        : m_reply(reply),
-          m_bytes(reinterpret_cast<const unsigned char*>(m_reply.constData())),
-          m_length(static_cast<unsigned int>(m_reply.size()))
+        : m_bytes(reinterpret_cast<const unsigned char*>(reply.constData())),
+          m_length(static_cast<int>(reply.size()))
     {
     }
 
-    int at(int index) const
+    int at(int index) const { return index >= 0 && index < m_length ? m_bytes[index] : 0; }
+
+    /// Two bytes, high byte first.
+    int wordAt(int index) const
     {
-        // A negative index is a large one when taken as unsigned.
-        const unsigned int position = static_cast<unsigned int>(index);
-        return position < m_length ? m_bytes[position] : 0;
+        if (Q_LIKELY(index >= 0 && index < m_length - 1))
+            return m_bytes[index] << 8 | m_bytes[index + 1];
+        return at(index) << 8 | at(wrapAdd(index, 1));
     }
 
 private:
-    const QByteArray m_reply; // shared, so it stays whole whatever the runtime does
     const unsigned char* m_bytes;
-    unsigned int m_length;
+    int m_length;
 };
 
-/// What a read asked for, copied from the frame on the wire.
+/// What a read asked for, taken from the frame on the wire.
 struct ReadRequest {
     int station;
-    QString regType;
+    const RegisterType* type; ///< null when no register type has the name
     int address;
-    int firstDataByte;
-    int dataLength; ///< bits, or bytes of registers
+    int firstDataByte; ///< its index in the reply
+    int dataLength;    ///< bits, or bytes of registers
 
     explicit ReadRequest(const FRAME_PRO& frame);
 };

@@ -1,6 +1,5 @@
 #include "data/recipe_values.h"
 
-#include "data/data_areas.h"
 #include "data/read_values.h"
 #include "driver/tarvelan.h"
 #include "driver/value_change.h"
@@ -60,20 +59,20 @@ void storeRecipeWords(const RecipeRange& range, const ReadRequest& request, cons
             wrapSub(driver.rcpVarsA.at(j).address, driver.rcpVarsA.at(range.first).address);
         const int first = wrapAdd(request.firstDataByte, wrapMul(distance, BYTES_PER_REGISTER));
         const int offset = driver.rcpVarsA.at(j).bufOffset;
-        const int word = reply.at(first) << 8 | reply.at(wrapAdd(first, 1));
+        const int word = reply.wordAt(first);
         if (storeWordInBuffer(offset, word))
             reportWord(offset);
     }
 }
 
-void storeRecipeDoubleWord(int k, const unsigned char* bytes)
+void storeRecipeDoubleWord(int k, quint32 value)
 {
     if (!hasVariable(driver.rcpIndex))
         return;
     const int low = wrapAdd(driver.rcpVarsA.at(driver.rcpIndex).bufOffset, wrapMul(k, 2));
     const int high = wrapAdd(low, 1);
-    const bool lowStored = storeWordInBuffer(low, wordOf(bytes));
-    const bool highStored = storeWordInBuffer(high, wordOf(bytes + 2));
+    const bool lowStored = storeWordInBuffer(low, static_cast<int>(value & 0xFFFF));
+    const bool highStored = storeWordInBuffer(high, static_cast<int>(value >> 16));
     if (lowStored)
         reportWord(low);
     if (highStored)

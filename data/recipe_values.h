@@ -3,6 +3,8 @@
 #ifndef TARVELAN_DATA_RECIPE_VALUES_H
 #define TARVELAN_DATA_RECIPE_VALUES_H
 
+#include <QtCore/QtGlobal>
+
 class ReplyBytes;
 struct ReadRequest;
 
@@ -21,8 +23,8 @@ RecipeRange currentRecipeRange();
 void storeRecipeWords(const RecipeRange& range, const ReadRequest& request,
                       const ReplyBytes& reply);
 
-/// Copies 32CV value number `k` of the block, least significant byte first. The
-/// position among the recipe variables is `rcpIndex` itself, on purpose.
-void storeRecipeDoubleWord(int k, const unsigned char* bytes);
+/// Copies 32CV value number `k` of the block, low word first. The position among
+/// the recipe variables is `rcpIndex` itself, on purpose.
+void storeRecipeDoubleWord(int k, quint32 value);
 
 #endif

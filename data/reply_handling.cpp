@@ -40,7 +40,9 @@ int acceptData(const QByteArray& reply)
 {
     driver.commFailed = 0;
     const ReadRequest request(driver.frameList.first());
-    storeReadValues(request, ReplyBytes(reply));
+    // Shared, so that it stays whole whatever the runtime does when called.
+    const QByteArray bytes(reply);
+    storeReadValues(request, ReplyBytes(bytes));
     return retireRequest();
 }
 
@@ -51,13 +53,10 @@ int acceptAcknowledgement()
     return retireRequest();
 }
 
-QString failureText(int replyLength, const ReadRequest& request)
+QString failureText(int replyLength, const VARIABLE& job)
 {
-    return QString::fromLatin1("%1,%2,%3,")
-               .arg(replyLength)
-               .arg(request.station)
-               .arg(request.address)
-           + request.regType;
+    return QString::fromLatin1("%1,%2,%3,").arg(replyLength).arg(job.station).arg(job.address)
+           + job.regType;
 }
 
 int rejectReply(int replyLength, QString& errorText)
@@ -68,8 +67,9 @@ int rejectReply(int replyLength, QString& errorText)
 
     driver.commFailed = 1;
     const ReadRequest request(driver.frameList.first());
+    const QString text = failureText(replyLength, driver.frameList.first().job);
     settleWrite(driver.frameList.first().job, WRITE_FAILED);
-    errorText = failureText(replyLength, request);
+    errorText = text;
     markUnanswered(request);
     driver.frameList.clear();
     driver.errorCount = 0;
@@ -81,7 +81,8 @@ int rejectReply(int replyLength, QString& errorText)
 
 int intf_dealRcvFrame(QByteArray& reply, QString& errorText)
 {
-    errorText = QString::fromLatin1("");
+    if (!errorText.isEmpty() || errorText.isNull())
+        errorText = QString::fromLatin1("");
     if (driver.frameList.isEmpty())
         return REPLY_IGNORED;
     switch (check(reply)) {

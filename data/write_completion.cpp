@@ -6,7 +6,7 @@
 #include "driver/tarvelan.h"
 #include "driver/value_change.h"
 #include "driver/wrapping.h"
-#include "registers/register_types.h"
+#include "registers/type_names.h"
 
 #include <cstring>
 
@@ -49,12 +49,13 @@ void _write_FailOrSuc(int station, QString regType, int address, int count, int 
     if (!type)
         return;
     const int values = count / registersPerAddress(type);
+    const QString& name = typeNames->of(type);
     const UndisturbedAreas undisturbed;
     for (int i = 0; i < values; ++i) {
         const int valueAddress = wrapAdd(address, i);
         if (success == CONFIRMED)
-            confirm(type, station, regType, valueAddress);
+            confirm(type, station, name, valueAddress);
         else
-            abandon(type, station, regType, valueAddress);
+            abandon(type, station, name, valueAddress);
     }
 }

@@ -6,7 +6,7 @@
 #include "driver/tarvelan.h"
 #include "driver/value_change.h"
 #include "driver/wrapping.h"
-#include "registers/register_types.h"
+#include "registers/type_names.h"
 
 #include <cstring>
 
@@ -36,16 +36,17 @@ void write_saveDataToArea(int station, QString regType, int address, int count, 
         return;
     const int size = valueSize(type->registerClass);
     const int values = count / registersPerAddress(type);
+    const QString& name = typeNames->of(type);
     const UndisturbedAreas undisturbed;
     for (int i = 0; i < values; ++i) {
         const int valueAddress = wrapAdd(address, i);
         const unsigned char* const newBytes = data + static_cast<qint64>(i) * size;
-        const _DATA_& before = dataArea(station, regType, valueAddress);
+        const _DATA_& before = dataArea(station, name, valueAddress);
         if (std::memcmp(visibleValue(before), newBytes, static_cast<size_t>(size)) != 0)
-            reportWrite(type->registerClass, station, regType, valueAddress, newBytes);
+            reportWrite(type->registerClass, station, name, valueAddress, newBytes);
 
         // The value-change function may have created records: look it up again.
-        _DATA_& area = dataArea(station, regType, valueAddress);
+        _DATA_& area = dataArea(station, name, valueAddress);
         std::memcpy(area.writeValue, newBytes, static_cast<size_t>(size));
         area.writePending = 1;
     }

@@ -5,10 +5,10 @@ namespace
 
 const size_t FIRST_SIZE = 64;
 const int EMPTY = -1;
-// Lists up to this size are compared whole, longer ones at every eighth of these
+const int STALE = -2; // the list is not what was indexed
+// Lists up to this size are compared whole, longer ones at their ends or at these
 // first records, at powers of two and at the end.
 const int EXACT_SIZE = 64;
-const size_t STRIDE = 8;
 
 quint32 mixed(quint32 hash, quint32 value)
 {
@@ -39,52 +39,79 @@ DataAreaIndex::DataAreaIndex()
     : m_end(Sample()),
       m_known(0),
       m_used(0),
-      m_last(EMPTY),
+      m_last(NONE),
+      m_expected(0),
+      m_trustedEnd(0),
       m_undisturbed(false),
-      m_refreshed(false)
+      m_trust(NOTHING_COMPARED)
 {
 }
 
 void DataAreaIndex::reset()
 {
     m_slots.clear();
+    m_followers.clear();
     m_samples.clear();
     m_known = 0;
     m_used = 0;
-    m_last = EMPTY;
+    m_last = NONE;
+    m_expected = 0;
+    m_trustedEnd = 0;
 }
 
 bool DataAreaIndex::setUndisturbed(bool undisturbed)
 {
     const bool before = m_undisturbed;
-    if (before != undisturbed)
-        m_refreshed = false;
+    if (before != undisturbed) {
+        m_trust = NOTHING_COMPARED;
+        m_trustedEnd = 0;
+    }
     m_undisturbed = undisturbed;
     return before;
 }
 
-bool DataAreaIndex::isUnchanged(const QList<_DATA_>& list) const
+bool DataAreaIndex::isUnchanged(const QList<_DATA_>& list, const Sample& sample)
+{
+    return isRecordOf(list.at(sample.record), sample.station, sample.regType, sample.address);
+}
+
+bool DataAreaIndex::samplesUnchanged(const QList<_DATA_>& list) const
+{
+    for (size_t i = 0; i < m_samples.size(); ++i) {
+        if (!isUnchanged(list, m_samples[i]))
+            return false;
+    }
+    return m_known == 0 || isUnchanged(list, m_end);
+}
+
+bool DataAreaIndex::endsUnchanged(const QList<_DATA_>& list) const
 {
     if (m_known > list.size())
         return false;
-    if (m_known == 0)
+    if (m_known <= EXACT_SIZE)
+        return samplesUnchanged(list);
+    return isUnchanged(list, m_samples[0]) && isUnchanged(list, m_end);
+}
+
+/// Before it is said that a key is nowhere, at most once per undisturbed time.
+bool DataAreaIndex::hasSameSamples(const QList<_DATA_>& list)
+{
+    if (m_trust == SAMPLES_COMPARED)
         return true;
-    const size_t stride = m_known <= EXACT_SIZE ? 1 : STRIDE;
-    for (size_t i = 0; i < m_samples.size(); i += i < EXACT_SIZE ? stride : 1) {
-        const Sample& sample = m_samples[i];
-        if (!matches(list.at(sample.record), sample.station, sample.regType, sample.address))
-            return false;
-    }
-    return matches(list.at(m_end.record), m_end.station, m_end.regType, m_end.address);
+    if (m_undisturbed)
+        m_trust = SAMPLES_COMPARED;
+    return samplesUnchanged(list);
 }
 
 void DataAreaIndex::refresh(const QList<_DATA_>& list)
 {
-    if (!(m_undisturbed && m_refreshed) && !isUnchanged(list))
+    if (m_trust == NOTHING_COMPARED && !endsUnchanged(list))
         reset();
-    m_refreshed = true;
+    if (m_trust == NOTHING_COMPARED && m_undisturbed)
+        m_trust = ENDS_COMPARED;
     while (m_known < list.size())
         add(list, m_known);
+    m_trustedEnd = m_undisturbed && m_used == m_known ? m_known : 0;
 }
 
 void DataAreaIndex::put(const Slot& entry)
@@ -116,13 +143,14 @@ void DataAreaIndex::add(const QList<_DATA_>& list, int record)
         grow();
     const _DATA_& area = list.at(record);
     const Slot entry = {hashOf(area.station, area.regType, area.address), record};
-    if (findInTable(list, entry.hash, area.station, area.regType, area.address) == EMPTY) {
+    if (findInTable(list, entry.hash, area.station, area.regType, area.address) < 0) {
         put(entry);
         ++m_used;
     }
     const Sample sample = {record, area.station, area.regType, area.address};
     if (isSampled(record))
         m_samples.push_back(sample);
+    m_followers.push_back(record + 1);
     m_end = sample;
     m_known = record + 1;
 }
@@ -134,9 +162,14 @@ int DataAreaIndex::findInTable(const QList<_DATA_>& list, quint32 hash, int stat
         return EMPTY;
     const size_t mask = m_slots.size() - 1;
     for (size_t slot = hash & mask; m_slots[slot].record != EMPTY; slot = (slot + 1) & mask) {
+        if (m_slots[slot].hash != hash)
+            continue;
         const int record = m_slots[slot].record;
-        if (m_slots[slot].hash == hash && matches(list.at(record), station, regType, address))
+        const _DATA_& area = list.at(record);
+        if (isRecordOf(area, station, regType, address))
             return record;
+        if (hashOf(area.station, area.regType, area.address) != hash)
+            return STALE;
     }
     return EMPTY;
 }
@@ -145,7 +178,7 @@ int DataAreaIndex::findInList(const QList<_DATA_>& list, int station, const QStr
                               int address)
 {
     for (int i = 0; i < list.size(); ++i) {
-        if (matches(list.at(i), station, regType, address))
+        if (isRecordOf(list.at(i), station, regType, address))
             return i;
     }
     return EMPTY;
@@ -156,11 +189,21 @@ int DataAreaIndex::search(const QList<_DATA_>& list, int station, const QString&
 {
     refresh(list);
     // The address just reported is usually the one looked up last.
-    if (m_used == m_known && m_last != EMPTY && matches(list.at(m_last), station, regType, address))
+    if (m_used == m_known && m_last != NONE
+        && isRecordOf(list.at(m_last), station, regType, address))
         return m_last;
-    const int found =
-        findInTable(list, hashOf(station, regType, address), station, regType, address);
-    if (found != EMPTY)
-        m_last = found;
-    return found;
+    const quint32 hash = hashOf(station, regType, address);
+    int found = findInTable(list, hash, station, regType, address);
+    if (found == EMPTY && !hasSameSamples(list))
+        found = STALE;
+    if (found == STALE) {
+        reset();
+        refresh(list);
+        found = findInTable(list, hash, station, regType, address);
+    }
+    if (found == EMPTY)
+        return EMPTY;
+    if (m_last != NONE)
+        m_followers[static_cast<size_t>(m_last)] = found;
+    return foundAt(found);
 }

@@ -42,14 +42,16 @@ struct VARIABLE {
     VARIABLE() = default;
     VARIABLE(const VARIABLE&) = default;
 
-    // Member by member; compilers assign arrays a byte at a time when left alone.
+    // Member by member. Compilers assign arrays a byte at a time when left alone,
+    // and a name that is shared already need not be counted anew.
     VARIABLE& operator=(const VARIABLE& other)
     {
         if (this == &other)
             return *this;
         kind = other.kind;
         station = other.station;
-        regType = other.regType;
+        if (!regType.isSharedWith(other.regType))
+            regType = other.regType;
         address = other.address;
         count = other.count;
         std::memcpy(data, other.data, sizeof data);

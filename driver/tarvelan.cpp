@@ -1,6 +1,7 @@
 #include "driver/tarvelan.h"
 
 #include "driver/data_area_index.h"
+#include "registers/type_names.h"
 
 #include <QtCore/QStringList>
 
@@ -14,12 +15,16 @@ tarvelan::tarvelan() : burstCount(0), commFailed(0), rcpIndex(0)
     // Sort order of the register types. TV stands before CV on purpose: it
     // differs from REG_LIST, and merged requests follow it.
     regNames = QString::fromLatin1("X,Y,M,SM,S,T,C,D,SD,TV,CV,32CV,Z").split(QLatin1Char(','));
-    if (this == &driver)
+    if (this == &driver) {
         dataAreaIndex = new DataAreaIndex;
+        typeNames = new TypeNames;
+    }
 }
 
 tarvelan::~tarvelan()
 {
-    if (this == &driver)
+    if (this == &driver) {
+        delete typeNames;
         delete dataAreaIndex;
+    }
 }

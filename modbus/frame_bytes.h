@@ -18,6 +18,9 @@ enum ModbusFunction {
 const int SHORT_FRAME_LENGTH = 8;
 const int CRC_LENGTH = 2;
 
+/// A frame for that job, all else zero.
+FRAME_PRO blankFrame(const VARIABLE& job);
+
 /// Writes into `FRAME_PRO::frame`. A byte before its start or past its end is
 /// not written.
 class FrameBytes

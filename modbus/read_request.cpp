@@ -22,7 +22,7 @@ void getReadFrame(VARIABLE& job)
     const RegisterType* const type = findRegisterType(job.regType);
     const bool readsBits = type && type->registerClass == BIT_CLASS;
 
-    FRAME_PRO request = FRAME_PRO();
+    FRAME_PRO request = blankFrame(job);
     FrameBytes bytes(request);
     bytes.putHeader(job.station, readsBits ? READ_COILS : READ_HOLDING_REGISTERS,
                     modbusNumber(type, job.address), job.count);
@@ -34,6 +34,5 @@ void getReadFrame(VARIABLE& job)
     request.recvLen = wrapAdd(dataBytes, REPLY_OVERHEAD);
     request.frameFunc = FIRST_DATA_BYTE;
     request.dataLen = readsBits ? job.count : dataBytes;
-    request.job = job;
     driver.frameList.append(request);
 }

@@ -95,12 +95,11 @@ void getWriteFrame(VARIABLE& job)
     if (!type)
         return;
 
-    FRAME_PRO request = FRAME_PRO();
+    FRAME_PRO request = blankFrame(job);
     FrameBytes bytes(request);
     request.sendLen =
         job.count == 1 ? putSingleWrite(bytes, job, type) : putMultipleWrite(bytes, job, type);
     bytes.putCrc(request.sendLen - CRC_LENGTH);
     request.recvLen = SHORT_FRAME_LENGTH;
-    request.job = job;
     driver.frameList.append(request);
 }

@@ -3,43 +3,11 @@
 #include "driver/tarvelan.h"
 #include "driver/wrapping.h"
 #include "registers/address_weight.h"
-#include "registers/register_types.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace
 {
-
-/// A light stand-in for an entry or a block, so that no payload is touched while
-/// sorting and joining.
-struct Span {
-    const RegisterType* type;
-    const QString* regType;
-    int station;
-    int address;
-    int count;
-    int index; ///< of the entry in the caller's list
-};
-
-typedef std::vector<Span> Spans;
-
-Spans spansOf(const QList<KEY_ADDRESS>& entries)
-{
-    Spans spans;
-    spans.reserve(static_cast<size_t>(entries.size()));
-    for (int i = 0; i < entries.size(); ++i) {
-        const KEY_ADDRESS& entry = entries.at(i);
-        const Span span = {findRegisterType(entry.regType),
-                           &entry.regType,
-                           entry.station,
-                           entry.address,
-                           entry.count,
-                           i};
-        spans.push_back(span);
-    }
-    return spans;
-}
 
 /// Weighs spans; each known type's position is looked up once.
 class Scales
@@ -51,7 +19,7 @@ public:
             m_positions[row] = registerTypePosition(QString::fromLatin1(REGISTER_TYPES[row].name));
     }
 
-    unsigned int weigh(const Span& span) const
+    unsigned int weigh(const AddressSpan& span) const
     {
         const int position = span.type ? m_positions[registerTypeRow(span.type)]
                                        : registerTypePosition(*span.regType);
@@ -64,7 +32,7 @@ private:
 
 // Ascending by weight; entries of equal weight keep their order, since their
 // number is the lower half of the sort key.
-Spans sortedByWeight(const Spans& spans)
+AddressSpans sortedByWeight(const AddressSpans& spans)
 {
     const Scales scales;
     std::vector<quint64> keys;
@@ -73,14 +41,14 @@ Spans sortedByWeight(const Spans& spans)
         keys.push_back(static_cast<quint64>(scales.weigh(spans[i])) << 32 | i);
     std::sort(keys.begin(), keys.end());
 
-    Spans sorted;
+    AddressSpans sorted;
     sorted.reserve(spans.size());
     for (size_t i = 0; i < keys.size(); ++i)
         sorted.push_back(spans[static_cast<size_t>(keys[i] & 0xFFFFFFFFu)]);
     return sorted;
 }
 
-bool sameType(const Span& a, const Span& b)
+bool sameType(const AddressSpan& a, const AddressSpan& b)
 {
     return a.type == b.type && (a.type || *a.regType == *b.regType);
 }
@@ -88,7 +56,7 @@ bool sameType(const Span& a, const Span& b)
 /// Whether `next` must open a block of its own after `block`: another station
 /// or type, more than `maxGap` registers past the block's end, or the other
 /// Modbus range of its type.
-bool startsAnew(const Span& next, const Span& block, int maxGap)
+bool startsAnew(const AddressSpan& next, const AddressSpan& block, int maxGap)
 {
     const int blockEnd = wrapAdd(block.address, block.count);
     return next.station != block.station || !sameType(next, block)
@@ -97,7 +65,7 @@ bool startsAnew(const Span& next, const Span& block, int maxGap)
 }
 
 /// Registers from the start of `block` to the end of `next`.
-int joinedCount(const Span& next, const Span& block)
+int joinedCount(const AddressSpan& next, const AddressSpan& block)
 {
     const int distance = wrapSub(next.address, block.address);
     return wrapAdd(next.count, wrapMul(registersPerAddress(next.type), distance));
@@ -105,7 +73,7 @@ int joinedCount(const Span& next, const Span& block)
 
 /// Widens `block` to take in `next`, or returns false when it would grow past
 /// `maxWords`.
-bool takesIn(Span& block, const Span& next, int maxWords)
+bool takesIn(AddressSpan& block, const AddressSpan& next, int maxWords)
 {
     const int count = joinedCount(next, block);
     if (count > maxWords)
@@ -117,17 +85,17 @@ bool takesIn(Span& block, const Span& next, int maxWords)
 // Joins entries that touch or overlap. The first entry is compared with the
 // block that it opened itself, so an entry longer than the limit closes its own
 // block and reopens it, and a single entry is closed twice.
-Spans joinTouching(const Spans& entries, int maxWords, QList<int>* blockStarts)
+AddressSpans joinTouching(const AddressSpans& entries, int maxWords, QList<int>* blockStarts)
 {
-    Spans blocks;
+    AddressSpans blocks;
     const size_t size = entries.size();
-    Span block = entries[0];
+    AddressSpan block = entries[0];
     if (blockStarts)
         blockStarts->append(0);
     if (size == 1)
         blocks.push_back(block);
     for (size_t i = 0; i < size; ++i) {
-        const Span& next = entries[i];
+        const AddressSpan& next = entries[i];
         const bool isLast = i == size - 1;
         if (startsAnew(next, block, 0) || !takesIn(block, next, maxWords)) {
             blocks.push_back(block);
@@ -142,10 +110,10 @@ Spans joinTouching(const Spans& entries, int maxWords, QList<int>* blockStarts)
 }
 
 // Joins blocks across gaps; the registers of a gap are read along with them.
-Spans bridgeGaps(const Spans& blocks, int maxWords)
+AddressSpans bridgeGaps(const AddressSpans& blocks, int maxWords)
 {
-    Spans bridged;
-    Span block = blocks[0];
+    AddressSpans bridged;
+    AddressSpan block = blocks[0];
     for (size_t i = 1; i < blocks.size(); ++i) {
         if (startsAnew(blocks[i], block, maxWords) || !takesIn(block, blocks[i], maxWords)) {
             bridged.push_back(block);
@@ -156,7 +124,7 @@ Spans bridgeGaps(const Spans& blocks, int maxWords)
     return bridged;
 }
 
-QList<AddressBlock> asBlocks(const Spans& spans)
+QList<AddressBlock> asBlocks(const AddressSpans& spans)
 {
     QList<AddressBlock> blocks;
     for (size_t i = 0; i < spans.size(); ++i) {
@@ -168,27 +136,45 @@ QList<AddressBlock> asBlocks(const Spans& spans)
 
 } // namespace
 
-QList<AddressBlock> mergedForReading(const QList<KEY_ADDRESS>& entries, int maxWords)
+AddressSpans spansOf(const QList<KEY_ADDRESS>& entries)
 {
-    if (entries.isEmpty())
-        return QList<AddressBlock>();
-    const Spans spans = sortedByWeight(spansOf(entries));
-    return asBlocks(bridgeGaps(joinTouching(spans, maxWords, nullptr), maxWords));
+    AddressSpans spans;
+    spans.reserve(static_cast<size_t>(entries.size()));
+    for (int i = 0; i < entries.size(); ++i) {
+        const KEY_ADDRESS& entry = entries.at(i);
+        const AddressSpan span = {findRegisterType(entry.regType),
+                                  &entry.regType,
+                                  entry.station,
+                                  entry.address,
+                                  entry.count,
+                                  i};
+        spans.push_back(span);
+    }
+    return spans;
 }
 
-QList<AddressBlock> mergedForRecipe(const QList<KEY_ADDRESS>& entries, int maxWords,
+QList<AddressBlock> mergedForReading(const AddressSpans& entries, int maxWords)
+{
+    if (entries.empty())
+        return QList<AddressBlock>();
+    const AddressSpans sorted = sortedByWeight(entries);
+    return asBlocks(bridgeGaps(joinTouching(sorted, maxWords, nullptr), maxWords));
+}
+
+QList<AddressBlock> mergedForRecipe(const AddressSpans& entries, int maxWords,
                                     QList<int>& blockStarts)
 {
-    if (entries.isEmpty())
+    if (entries.empty())
         return QList<AddressBlock>();
-    return asBlocks(joinTouching(spansOf(entries), maxWords, &blockStarts));
+    return asBlocks(joinTouching(entries, maxWords, &blockStarts));
 }
 
 void addrMerge(QList<KEY_ADDRESS>& list, int mode)
 {
-    const QList<AddressBlock> blocks = mode == RECIPE_MERGE
-                                           ? mergedForRecipe(list, driver.maxWords, driver.intList)
-                                           : mergedForReading(list, driver.maxWords);
+    const AddressSpans entries = spansOf(list);
+    const QList<AddressBlock> blocks =
+        mode == RECIPE_MERGE ? mergedForRecipe(entries, driver.maxWords, driver.intList)
+                             : mergedForReading(entries, driver.maxWords);
     QList<KEY_ADDRESS> merged;
     for (int i = 0; i < blocks.size(); ++i) {
         merged.append(list.at(blocks.at(i).opener));

@@ -4,14 +4,33 @@
 
 #include "driver/export.h"
 #include "driver/records.h"
+#include "registers/register_types.h"
 
 #include <QtCore/QList>
+
+#include <vector>
 
 /// What a merge serves. Any value other than RECIPE_MERGE merges for reading.
 enum MergeMode {
     READ_MERGE = 1,  ///< sorts, joins touching entries, then bridges gaps
     RECIPE_MERGE = 2 ///< keeps the order, joins touching entries only
 };
+
+/// A light stand-in for an entry or a block, so that no payload is touched while
+/// marking, sorting and joining.
+struct AddressSpan {
+    const RegisterType* type; ///< null when no register type has the name
+    const QString* regType;   ///< the entry's
+    int station;
+    int address;
+    int count;
+    int index; ///< of the entry in the caller's list
+};
+
+typedef std::vector<AddressSpan> AddressSpans;
+
+/// The spans of `entries`, which must outlive them.
+AddressSpans spansOf(const QList<KEY_ADDRESS>& entries);
 
 /// One merged request: the entry that opened it, and its widened length.
 struct AddressBlock {
@@ -24,11 +43,11 @@ struct AddressBlock {
 /// @return the blocks in the order in which they close. An entry is never cut.
 ///         The first of several entries, or any single one, that is longer than
 ///         `maxWords` appears more than once; runtimes count on these copies.
-QList<AddressBlock> mergedForReading(const QList<KEY_ADDRESS>& entries, int maxWords);
+QList<AddressBlock> mergedForReading(const AddressSpans& entries, int maxWords);
 
 /// The same for a recipe, whose single entry appears twice.
 /// @param blockStarts the index of each entry that opens a block is appended
-QList<AddressBlock> mergedForRecipe(const QList<KEY_ADDRESS>& entries, int maxWords,
+QList<AddressBlock> mergedForRecipe(const AddressSpans& entries, int maxWords,
                                     QList<int>& blockStarts);
 
 /// Replaces `list` by its blocks, copies of the opening entries with `count`

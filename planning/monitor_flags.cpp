@@ -3,7 +3,7 @@
 #include "data/data_areas.h"
 #include "driver/tarvelan.h"
 #include "driver/wrapping.h"
-#include "registers/register_types.h"
+#include "registers/type_names.h"
 
 namespace
 {
@@ -35,18 +35,22 @@ int _setBitValue(int value, int bit, int set)
 
 int _setDataAreaMonitorFlag(int station, QString regType, int address, int count)
 {
-    const RegisterType* const type = findRegisterType(regType);
-    if (!type)
-        return 0;
-    const int addresses = count / registersPerAddress(type);
     const UndisturbedAreas undisturbed;
+    if (const RegisterType* const type = findRegisterType(regType))
+        markWatched(type, station, address, count);
+    return 0;
+}
+
+void markWatched(const RegisterType* type, int station, int address, int count)
+{
+    const QString& name = typeNames->of(type);
+    const int addresses = count / registersPerAddress(type);
     for (int i = 0; i < addresses; ++i) {
         if (type->registerClass == BIT_CLASS)
-            markBit(station, regType, wrapAdd(address, i));
+            markBit(station, name, wrapAdd(address, i));
         else
-            markWhole(station, regType, wrapAdd(address, i));
+            markWhole(station, name, wrapAdd(address, i));
     }
-    return 0;
 }
 
 void clearMonitorFlags()

@@ -2,6 +2,7 @@
 #define TARVELAN_PLANNING_MONITOR_FLAGS_H
 
 #include "driver/export.h"
+#include "registers/register_types.h"
 
 #include <QtCore/QString>
 
@@ -16,6 +17,9 @@ KX_EXPORT int _setBitValue(int value, int bit, int set);
 ///              below 2) marks nothing, as does an unknown type
 /// @return always 0
 KX_EXPORT int _setDataAreaMonitorFlag(int station, QString regType, int address, int count);
+
+/// The same for a known type.
+void markWatched(const RegisterType* type, int station, int address, int count);
 
 /// Unwatches every cached address.
 void clearMonitorFlags();

@@ -4,14 +4,13 @@
 #include "driver/tarvelan.h"
 #include "planning/address_merge.h"
 #include "planning/monitor_flags.h"
-
-#include <cstring>
+#include "registers/type_names.h"
 
 namespace
 {
 
 // Jobs of the plan before are overwritten where they are, which spares the
-// allocations.
+// allocations. The payload of a read carries nothing.
 VARIABLE& readJob(int number)
 {
     if (number == driver.readList.size())
@@ -19,14 +18,15 @@ VARIABLE& readJob(int number)
     return driver.readList[number];
 }
 
-void fillReadJob(VARIABLE& job, const KEY_ADDRESS& opener, int count)
+void fillReadJob(VARIABLE& job, const AddressSpan& opener, int count)
 {
+    const QString& regType = opener.type ? typeNames->of(opener.type) : *opener.regType;
     job.kind = CYCLIC_READ_JOB;
     job.station = opener.station;
-    job.regType = opener.regType;
+    if (!job.regType.isSharedWith(regType))
+        job.regType = regType;
     job.address = opener.address;
     job.count = count;
-    std::memset(job.data, 0, sizeof job.data);
 }
 
 } // namespace
@@ -34,16 +34,19 @@ void fillReadJob(VARIABLE& job, const KEY_ADDRESS& opener, int count)
 int intf_addrMerge(QList<KEY_ADDRESS>& keys)
 {
     const UndisturbedAreas undisturbed;
+    const AddressSpans watched = spansOf(keys);
     clearMonitorFlags();
-    for (int i = 0; i < keys.size(); ++i) {
-        const KEY_ADDRESS& key = keys.at(i);
-        _setDataAreaMonitorFlag(key.station, key.regType, key.address, key.count);
+    for (size_t i = 0; i < watched.size(); ++i) {
+        const AddressSpan& span = watched[i];
+        if (span.type)
+            markWatched(span.type, span.station, span.address, span.count);
     }
 
-    const QList<AddressBlock> blocks = mergedForReading(keys, driver.maxWords);
+    const QList<AddressBlock> blocks = mergedForReading(watched, driver.maxWords);
     const int jobs = static_cast<int>(blocks.size());
     for (int i = 0; i < jobs; ++i)
-        fillReadJob(readJob(i), keys.at(blocks.at(i).opener), blocks.at(i).count);
+        fillReadJob(readJob(i), watched[static_cast<size_t>(blocks.at(i).opener)],
+                    blocks.at(i).count);
     driver.readList.erase(driver.readList.begin() + jobs, driver.readList.end());
     return jobs;
 }

@@ -71,6 +71,16 @@ private slots:
         QCOMPARE(static_cast<int>(list.size()), 2);
     }
 
+    // However many strings the runtime makes of it, one copy is kept.
+    void recordsOfATypeShareItsName()
+    {
+        QList<_DATA_> list;
+        for (int i = 0; i < 3; ++i)
+            getIndexOfDataArea(i, QString::fromLatin1("32CV"), 200, list);
+        QVERIFY(list.at(0).regType.isSharedWith(list.at(2).regType));
+        QCOMPARE(list.at(2).regType, QString("32CV"));
+    }
+
     void theFirstOfEqualRecordsIsFound()
     {
         QList<_DATA_> list;

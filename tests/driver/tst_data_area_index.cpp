@@ -2,6 +2,8 @@
 
 #include <QtTest/QtTest>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -40,9 +42,15 @@ private slots:
     void noticesRecordsAppendedOutside();
     void noticesAListChangedOutside_data();
     void noticesAListChangedOutside();
+    void noticesALongListChangedOutside_data();
+    void noticesALongListChangedOutside();
     void indexesAnewAfterAReset();
     void remembersWhetherItIsUndisturbed();
     void findsAppendedRecordsWhileUndisturbed();
+    void aRunIsWhatLiesBehindTheRecordFoundLast();
+    void thereIsNoRun_data();
+    void thereIsNoRun();
+    void learnsWhichRecordComesNext();
 
 private:
     static int find(DataAreaIndex& index, const QList<_DATA_>& list, const char* regType,
@@ -167,6 +175,46 @@ void DataAreaIndexTest::noticesAListChangedOutside()
     QCOMPARE(find(index, list, "D", -3), -1);
 }
 
+// Lists of more records than are compared one by one.
+void DataAreaIndexTest::noticesALongListChangedOutside_data()
+{
+    QTest::addColumn<QList<_DATA_>>("list");
+    const QList<_DATA_> before = words(500);
+    QList<_DATA_> firstGone = before;
+    firstGone.removeFirst();
+    QList<_DATA_> lastGone = before;
+    lastGone.removeLast();
+    QList<_DATA_> reversedInside = before;
+    std::reverse(reversedInside.begin() + 1, reversedInside.end() - 1);
+    QList<_DATA_> twoExchanged = before;
+    twoExchanged.swapItemsAt(300, 301);
+    QList<_DATA_> othersInside = before;
+    for (int i = 1; i < 499; ++i)
+        othersInside[i].address += 1;
+    QTest::newRow("the first record gone") << firstGone;
+    QTest::newRow("the last record gone") << lastGone;
+    QTest::newRow("another order between the same ends") << reversedInside;
+    QTest::newRow("two exchanged in the middle") << twoExchanged;
+    QTest::newRow("other records between the same ends") << othersInside;
+    QTest::newRow("other records, as many") << QList<_DATA_>(words(1000).mid(500));
+    QTest::newRow("other records, more") << QList<_DATA_>(words(2000).mid(500));
+    QTest::newRow("fewer") << words(65);
+}
+
+void DataAreaIndexTest::noticesALongListChangedOutside()
+{
+    QFETCH(QList<_DATA_>, list);
+    for (const bool undisturbed : {false, true}) {
+        DataAreaIndex index;
+        QCOMPARE(find(index, words(500), "D", 1497), 499);
+        QCOMPARE(find(index, words(500), "D", 903), 301);
+        index.setUndisturbed(undisturbed);
+        for (int i = 0; i < list.size(); ++i)
+            QCOMPARE(find(index, list, "D", list.at(i).address), i);
+        QCOMPARE(find(index, list, "D", -3), -1);
+    }
+}
+
 void DataAreaIndexTest::indexesAnewAfterAReset()
 {
     DataAreaIndex index;
@@ -204,6 +252,59 @@ void DataAreaIndexTest::findsAppendedRecordsWhileUndisturbed()
         QCOMPARE(find(index, list, "D", i), i);
         QCOMPARE(find(index, list, "D", i / 2), i / 2);
     }
+}
+
+void DataAreaIndexTest::aRunIsWhatLiesBehindTheRecordFoundLast()
+{
+    const QList<_DATA_> list = words(20); // D0, D3, ... D57
+    DataAreaIndex index;
+    index.setUndisturbed(true);
+    QCOMPARE(find(index, list, "D", 15), 5);
+    QCOMPARE(index.runStart(), 6);
+    QCOMPARE(index.runEnd(), 20);
+    index.goOnFrom(9);
+    QCOMPARE(index.runStart(), 10);
+    QCOMPARE(find(index, list, "D", 30), 10);
+    QCOMPARE(find(index, list, "D", 30), 10);
+    QCOMPARE(index.runStart(), 11);
+    index.goOnFrom(19);
+    QCOMPARE(index.runStart(), index.runEnd());
+}
+
+void DataAreaIndexTest::thereIsNoRun_data()
+{
+    QTest::addColumn<QList<_DATA_>>("list");
+    QTest::addColumn<bool>("undisturbed");
+    QTest::newRow("when the list may change") << words(20) << false;
+    QTest::newRow("when a key is there twice") << words(20) + words(1) << true;
+}
+
+void DataAreaIndexTest::thereIsNoRun()
+{
+    QFETCH(QList<_DATA_>, list);
+    QFETCH(bool, undisturbed);
+    DataAreaIndex index;
+    index.setUndisturbed(undisturbed);
+    QCOMPARE(find(index, list, "D", 15), 5);
+    QCOMPARE(index.runStart(), index.runEnd());
+    QVERIFY(index.runEnd() <= list.size());
+}
+
+void DataAreaIndexTest::learnsWhichRecordComesNext()
+{
+    const QList<_DATA_> list = words(20);
+    DataAreaIndex index;
+    index.setUndisturbed(true);
+    for (int round = 0; round < 3; ++round) {
+        for (const int record : {5, 2, 19, 3, 4})
+            QCOMPARE(find(index, list, "D", 3 * record), record);
+    }
+    // Record 2 came after 5, so what lies behind 5 is not expected.
+    QCOMPARE(find(index, list, "D", 15), 5);
+    QCOMPARE(index.runStart(), index.runEnd());
+    QCOMPARE(find(index, list, "D", 18), 6);
+    QCOMPARE(find(index, list, "D", 9), 3);
+    QCOMPARE(index.runStart(), 4);
 }
 
 QTEST_APPLESS_MAIN(DataAreaIndexTest)
