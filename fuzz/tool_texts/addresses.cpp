@@ -1,0 +1,113 @@
+#include "kxhost/commands/scan_stations.h"
+#include "kxhost/plan_options.h"
+#include "kxhost/prompt_line.h"
+#include "support/require.h"
+#include "tool_texts/texts.h"
+
+namespace
+{
+
+QString written(const AddressRange& range)
+{
+    QString text = addressText(range.type, range.address) + QStringLiteral(":%1").arg(range.values);
+    if (range.station >= 0)
+        text += QStringLiteral("@%1").arg(range.station);
+    return text;
+}
+
+bool isOfOnePiece(const QByteArray& text)
+{
+    for (const QChar character : QString::fromUtf8(text)) {
+        if (character <= QLatin1Char(' ') || character.isSpace())
+            return false;
+    }
+    return true;
+}
+
+void readRange(const QByteArray& text)
+{
+    AddressRange range;
+    const auto parse = [&](const QByteArray& address, QString* error) {
+        return parseAddressRange(QString::fromUtf8(address), &range, error);
+    };
+    if (!takes(parse, text))
+        return;
+    checkRange(range);
+    require(isOfOnePiece(text), "an address has no blanks");
+    AddressRange again;
+    QString error;
+    require(parseAddressRange(written(range), &again, &error) && again.type == range.type
+                && again.address == range.address && again.values == range.values
+                && again.station == range.station,
+            "an address written out is the same");
+}
+
+void readAssignment(const QByteArray& text)
+{
+    Assignment assignment;
+    const auto parse = [&](const QByteArray& whole, QString* error) {
+        return parseAssignment(QString::fromUtf8(whole), &assignment, error);
+    };
+    if (!takes(parse, text))
+        return;
+    checkRange(assignment.range);
+    require(isOfOnePiece(text), "an assignment has no blanks");
+    require(assignment.values.size() == assignment.range.values, "one value per address");
+}
+
+void readStations(const QByteArray& text)
+{
+    QList<int> stations;
+    const auto parse = [&](const QByteArray& list, QString* error) {
+        return parseStations(QString::fromLatin1(list), &stations, error);
+    };
+    // A line break is shown as it stands; nobody types one.
+    if (text.contains('\n') || !takes(parse, text))
+        return;
+    require(!stations.isEmpty(), "a list of stations has one");
+    int before = 0;
+    for (const int station : stations) {
+        require(station > before && station <= 247, "stations rise from 1 to 247");
+        before = station;
+    }
+}
+
+void readDuration(const QByteArray& text)
+{
+    qint64 microseconds = 0;
+    if (parseDuration(QString::fromUtf8(text), &microseconds))
+        require(microseconds >= 0 && microseconds <= 60000000, "a duration is at most a minute");
+}
+
+void type(const QByteArray& keys)
+{
+    PromptLine line;
+    for (const QString& entered : line.type(keys)) {
+        require(!entered.trimmed().isEmpty(), "an entered line is not empty");
+        readRange(entered.toUtf8());
+    }
+    require(line.text().size() <= 1000, "a typed line is at most 1000 long");
+}
+
+} // namespace
+
+void readAddresses(InputReader* input)
+{
+    switch (input->below(5)) {
+    case 0:
+        readRange(input->rest());
+        break;
+    case 1:
+        readAssignment(input->rest());
+        break;
+    case 2:
+        readStations(input->rest());
+        break;
+    case 3:
+        readDuration(input->rest());
+        break;
+    default:
+        type(input->rest());
+        break;
+    }
+}

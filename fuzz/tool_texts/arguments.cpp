@@ -1,0 +1,75 @@
+#include "kxhost/connection_options.h"
+#include "kxhost/offline_options.h"
+#include "kxhost/plan_options.h"
+#include "kxhost/tags_arguments.h"
+#include "kxsim/options.h"
+#include "support/require.h"
+#include "tool_texts/texts.h"
+
+#include <QtCore/QCommandLineParser>
+
+namespace
+{
+
+// One argument per line. None names a file: a slash becomes a backslash, and a dot,
+// too, may name a tags file.
+QStringList argumentsOf(QByteArray lines)
+{
+    lines.replace('/', '\\');
+    lines.replace('.', '_');
+    return QString::fromUtf8(lines).split(QLatin1Char('\n'));
+}
+
+bool parse(QCommandLineParser* parser, const QByteArray& lines, QString* error)
+{
+    if (parser->parse(QStringList(QStringLiteral("kxhost")) + argumentsOf(lines)))
+        return true;
+    *error = parser->errorText();
+    return false;
+}
+
+bool readPlan(const QByteArray& lines, QString* error)
+{
+    QCommandLineParser parser;
+    addPlanOptions(&parser);
+    addOfflineOptions(&parser);
+    PlanOptions options;
+    if (!parse(&parser, lines, error) || !readPlanOptions(parser, &options, error))
+        return false;
+    for (const AddressRange& range : options.watched) {
+        checkRange(range);
+        require(range.station != -1, "each address has a station");
+    }
+    return true;
+}
+
+bool readConnection(const QByteArray& lines, QString* error)
+{
+    QCommandLineParser parser;
+    addConnectionOptions(&parser);
+    addTagsOption(&parser);
+    ConnectionOptions options;
+    QList<Tag> tags;
+    if (!parse(&parser, lines, error) || !readConnectionOptions(parser, &options, error)
+        || !readTagArguments(parser, options.station, &tags, error))
+        return false;
+    require(options.station >= 1 && options.station <= 247, "a station is 1 to 247");
+    require(options.simulate || !options.port.isEmpty() || !options.host.isEmpty(),
+            "a connection has a line");
+    return true;
+}
+
+bool readSimulator(const QByteArray& lines, QString* error)
+{
+    kxsim::Options options;
+    return kxsim::parseOptions(QStringList(QStringLiteral("kxsim")) + argumentsOf(lines), &options,
+                               error);
+}
+
+} // namespace
+
+void readArguments(InputReader* input)
+{
+    const Parser parsers[] = {readPlan, readConnection, readSimulator};
+    takes(parsers[input->below(3)], input->rest());
+}

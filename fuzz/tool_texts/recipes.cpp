@@ -1,0 +1,130 @@
+#include "kxhost/recipe_file.h"
+#include "kxhost/recipe_layout.h"
+#include "support/panel.h"
+#include "support/require.h"
+#include "tool_texts/texts.h"
+
+#include <map>
+#include <tuple>
+
+namespace
+{
+
+const int LINK = 1;
+const char HEADER[] = "name,station,register,address,type,value\n";
+
+/// Station, type and address of a value that travels, and the value.
+typedef std::map<std::tuple<int, QString, int>, quint32> Values;
+
+Values valuesOf(const QList<RecipeRow>& rows)
+{
+    Values values;
+    for (const RecipeRow& row : rows) {
+        for (int i = 0; row.hasValue && i < row.range.values; ++i)
+            values[std::make_tuple(row.range.station, QString::fromLatin1(row.range.type->name),
+                                   row.range.address + i)] =
+                row.range.values == 1 ? row.value : row.value >> (16 * i) & 0xFFFF;
+    }
+    return values;
+}
+
+quint32 valueIn(const VARIABLE& job, int size, int index)
+{
+    quint32 value = 0;
+    for (int byte = size - 1; byte >= 0; --byte)
+        value = value << 8 | job.data[index * size + byte];
+    return value;
+}
+
+// What the driver would send of a block.
+void addValuesOf(const _RCP_VAR_PRO& block, Values* values)
+{
+    VARIABLE job = VARIABLE();
+    rcpAddrToVar(block, job, 1);
+    const RegisterType* const type = findRegisterType(block.regType);
+    const bool isBit = type->registerClass == BIT_CLASS;
+    const int perValue = registersPerAddress(type);
+    require(!isBit || block.count % 8 != 0, "no write of coils is a multiple of 8 long");
+    for (int i = 0; i < block.count / perValue; ++i)
+        (*values)[std::make_tuple(block.station, block.regType, block.address + i)] =
+            valueIn(job, isBit ? 1 : 2 * perValue, i);
+}
+
+// However the rows are laid out, the driver sends each row's value to its address.
+void checkLayout(const QList<RecipeRow>& rows, int maxWords)
+{
+    RecipeLayout layout;
+    QString error;
+    if (!layOutRecipe(rows, maxWords, &layout, &error)) {
+        require(!error.isEmpty(), "a refusal says why");
+        return;
+    }
+    Panel panel("1#0#0#3#32");
+    driver.linkId = LINK;
+    driver.maxWords = maxWords;
+    driver.recipeBuffer = layout.buffer.data();
+    Values sent;
+    for (const RecipePass& pass : layout.passes) {
+        QVector<_RCP_VAR_PRO> variables = pass.forLink(LINK);
+        intf_setRcpAddress(variables);
+        require(driver.rcpVars.size() == pass.blocks,
+                "the driver makes the blocks that were planned");
+        for (const _RCP_VAR_PRO& block : driver.rcpVars)
+            addValuesOf(block, &sent);
+    }
+    for (const auto& value : valuesOf(rows)) {
+        const auto found = sent.find(value.first);
+        require(found != sent.end() && found->second == value.second,
+                "each value is sent to its address");
+    }
+}
+
+void checkRewriting(const RecipeFile& file, const QByteArray& text, quint32 change)
+{
+    QList<quint32> values;
+    bool isComplete = true;
+    for (const RecipeRow& row : file.rows()) {
+        checkRange(row.range);
+        values << row.value;
+        isComplete = isComplete && row.hasValue;
+    }
+    require(!isComplete || file.withValues(values) == text, "the same values keep the text");
+
+    for (int i = 0; i < values.size(); ++i)
+        values[i] = (values.at(i) ^ change) & 0xFFFFFFFFu >> (32 - file.rows().at(i).type->bits);
+    RecipeFile again;
+    QString error;
+    require(RecipeFile::parse(file.withValues(values), 1, &again, &error),
+            "a recipe with new values is a recipe");
+    require(again.rows().size() == values.size(), "no row is lost");
+    for (int i = 0; i < values.size(); ++i)
+        require(again.rows().at(i).value == values.at(i) && again.rows().at(i).hasValue,
+                "the new values are read back");
+}
+
+} // namespace
+
+void readRecipe(InputReader* input)
+{
+    const int maxWords = 1 + input->byte() % 123;
+    const quint32 change = static_cast<quint32>(input->word());
+    // Few bytes become a header by chance.
+    const QByteArray header = input->below(8) != 0 ? HEADER : "";
+    const QByteArray text = header + input->rest();
+    RecipeFile file;
+    const auto parse = [&](const QByteArray& content, QString* error) {
+        return RecipeFile::parse(content, 1, &file, error);
+    };
+    if (!takes(parse, text))
+        return;
+    checkRewriting(file, text, change);
+    checkLayout(file.rows(), maxWords);
+    takes(
+        [&](const QByteArray& content, QString* error) {
+            RecipeLayout layout;
+            return !RecipeFile::parse(content, 1, &file, error)
+                   || (canBeDownloaded(file.rows(), error)
+                       && layOutRecipe(file.rows(), maxWords, &layout, error));
+        },
+        text);
+}

@@ -1,0 +1,33 @@
+#include "kxhost/tags_file.h"
+#include "support/require.h"
+#include "tool_texts/texts.h"
+
+#include <QtCore/QSet>
+
+namespace
+{
+
+const char HEADER[] = "name,station,address,count,comment\n";
+
+}
+
+void readTags(InputReader* input)
+{
+    QList<Tag> tags;
+    const auto parse = [&](const QByteArray& text, QString* error) {
+        return parseTags(text, QStringLiteral("tags.csv"), &tags, error);
+    };
+    // Few bytes become a header by chance.
+    const QByteArray header = input->below(8) != 0 ? HEADER : "";
+    if (!takes(parse, header + input->rest())) {
+        require(tags.isEmpty(), "a refused file leaves the tags alone");
+        return;
+    }
+    QSet<QString> names;
+    require(!tags.isEmpty(), "a tags file has a tag");
+    for (const Tag& tag : tags) {
+        require(!tag.name.isEmpty() && !names.contains(tag.name), "each tag has a name of its own");
+        names.insert(tag.name);
+        checkRange(tag.range);
+    }
+}
