@@ -6,16 +6,23 @@
 #include "planning/monitor_flags.h"
 #include "registers/type_names.h"
 
+#include <cstring>
+
 namespace
 {
 
 // Jobs of the plan before are overwritten where they are, which spares the
-// allocations. The payload of a read carries nothing.
+// allocations.
 VARIABLE& readJob(int number)
 {
     if (number == driver.readList.size())
         driver.readList.append(VARIABLE());
     return driver.readList[number];
+}
+
+bool isBlank(const unsigned char* payload)
+{
+    return payload[0] == 0 && std::memcmp(payload, payload + 1, PAYLOAD_SIZE - 1) == 0;
 }
 
 void fillReadJob(VARIABLE& job, const AddressSpan& opener, int count)
@@ -27,6 +34,8 @@ void fillReadJob(VARIABLE& job, const AddressSpan& opener, int count)
         job.regType = regType;
     job.address = opener.address;
     job.count = count;
+    if (!isBlank(job.data))
+        std::memset(job.data, 0, sizeof job.data);
 }
 
 } // namespace
