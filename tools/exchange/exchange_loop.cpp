@@ -107,7 +107,7 @@ void ExchangeLoop::poll()
     }
     const bool isWhole = request.sendLen <= FRAME_SIZE;
     const bool isRepeat = isWhole && m_repeating && bytesOf(request) == m_record.request;
-    if (isWhole && isHeldBack(request, isRepeat))
+    if (isWhole && isHeldBack(request))
         return;
     prepare(request, isRepeat);
     if (isWhole)
@@ -116,9 +116,9 @@ void ExchangeLoop::poll()
         finish(ReplyKind::NotSent, QByteArray());
 }
 
-bool ExchangeLoop::isHeldBack(const FRAME_PRO& request, bool isRepeat)
+bool ExchangeLoop::isHeldBack(const FRAME_PRO& request)
 {
-    const qint64 until = isRepeat ? 0 : m_owed.blockedUntil(request);
+    const qint64 until = m_owed.blockedUntil(request);
     const bool wasHolding = m_isHolding;
     m_isHolding = until > 0;
     if (m_isHolding) {

@@ -35,8 +35,7 @@ struct ExchangeSettings {
 ///
 /// A reply may come after its time-out, and replies to reads carry no address. So a
 /// request is held back while a late reply could be taken for its own, until that
-/// reply came or the settle time is over. A repeat is sent at once: the late reply is
-/// its reply, too.
+/// reply came or the settle time is over; see OwedReplies.
 ///
 /// When the line is interrupted, the driver gets an empty reply to the request in
 /// flight, and nothing is sent until the line is open again.
@@ -91,7 +90,7 @@ private:
 
     void proceed();
     void poll();
-    bool isHeldBack(const FRAME_PRO& request, bool isRepeat);
+    bool isHeldBack(const FRAME_PRO& request);
     void prepare(const FRAME_PRO& request, bool isRepeat);
     void transmit();
     void awaitReply();

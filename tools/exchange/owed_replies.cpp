@@ -23,7 +23,17 @@ void OwedReplies::add(const FRAME_PRO& request, qint64 until)
 {
     if (m_owed.size() == MOST_OWED)
         m_owed.removeFirst();
-    m_owed.append({request, until});
+    if (!isReadRequest(request))
+        age(request);
+    m_owed.append({request, until, false});
+}
+
+void OwedReplies::age(const FRAME_PRO& request)
+{
+    for (Owed& owed : m_owed) {
+        if (owed.request.frame[0] == request.frame[0] && !areSame(owed.request, request))
+            owed.isOld = true;
+    }
 }
 
 void OwedReplies::forget(const FRAME_PRO& request)
@@ -33,6 +43,8 @@ void OwedReplies::forget(const FRAME_PRO& request)
     });
     if (found != m_owed.end())
         m_owed.erase(found);
+    for (Owed& owed : m_owed)
+        owed.isOld = owed.isOld || owed.request.frame[0] == request.frame[0];
 }
 
 int OwedReplies::indexOf(const QByteArray& frame) const
@@ -69,7 +81,8 @@ qint64 OwedReplies::blockedUntil(const FRAME_PRO& request) const
 {
     qint64 until = 0;
     for (const Owed& owed : m_owed) {
-        if (areMistakable(owed.request, request))
+        const bool isItsOwn = areSame(owed.request, request) && !owed.isOld;
+        if (!isItsOwn && areMistakable(owed.request, request))
             until = std::max(until, owed.until);
     }
     return until;

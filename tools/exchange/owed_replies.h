@@ -4,6 +4,10 @@
 /// A reply to a read carries no address, so the late reply to a read of D0 looks like
 /// the reply to a read of D100 of the same length. The runtime therefore holds back a
 /// request for as long as an owed reply could be taken for its own.
+///
+/// The same request again needs no such wait while the station has been silent since
+/// and nothing else was written to it: the late reply is its reply, too. So neither
+/// repeats nor the cyclic requests to a dead station are held back.
 #ifndef KX_TOOLS_OWED_REPLIES_H
 #define KX_TOOLS_OWED_REPLIES_H
 
@@ -33,14 +37,18 @@ public:
     /// Drops what can no longer come.
     void forgetBefore(qint64 now);
 
-    /// Until when a reply may come that looks like the reply to `request`; 0 if none.
+    /// Until when a reply may come that looks like the reply to `request` and is not;
+    /// 0 if none.
     qint64 blockedUntil(const FRAME_PRO& request) const;
 
 private:
     struct Owed {
         FRAME_PRO request;
         qint64 until;
+        bool isOld; ///< the station has answered, or was written to, since
     };
+
+    void age(const FRAME_PRO& request);
 
     int indexOf(const QByteArray& frame) const;
 

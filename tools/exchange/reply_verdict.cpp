@@ -71,6 +71,11 @@ bool refuses(const FRAME_PRO& request, const QByteArray& received)
 
 } // namespace
 
+bool isReadRequest(const FRAME_PRO& request)
+{
+    return isRead(request.frame[1]);
+}
+
 bool areMistakable(const FRAME_PRO& one, const FRAME_PRO& other)
 {
     const int compared = isRead(one.frame[1]) ? STATION_AND_FUNCTION : ECHOED_BYTES;

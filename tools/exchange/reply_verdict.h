@@ -26,6 +26,8 @@ struct Judgement {
 /// @param request of at most FRAME_SIZE bytes
 Judgement judgeReply(const FRAME_PRO& request, const QByteArray& received);
 
+bool isReadRequest(const FRAME_PRO& request);
+
 /// Whether a reply to one of these requests can look like a reply to the other.
 bool areMistakable(const FRAME_PRO& one, const FRAME_PRO& other);
 

@@ -89,8 +89,8 @@ void FaultyRun::takeExchange(const ExchangeRecord& record)
     }
     if (record.replyKind == ReplyKind::Bad || record.replyKind == ReplyKind::Short)
         m_hiddenReplies += wholeFramesIn(record.reply) - record.foreignReplies;
-    if (record.result != REPLY_RETRY)
-        m_countBefore = m_memory.count();
+    if (record.result == REPLY_ACCEPTED)
+        m_countAtAnswer[record.job.station] = m_memory.count();
 }
 
 void FaultyRun::check(const AddressRange& range)
@@ -100,7 +100,8 @@ void FaultyRun::check(const AddressRange& range)
         ++m_valuesShown;
         if (!m_memory.belongsTo(range.type, range.station, address, value))
             ++m_misplaced;
-        else if (!m_memory.hasHeld(range.type, range.station, address, value, m_countBefore))
+        else if (!m_memory.hasHeld(range.type, range.station, address, value,
+                                   m_countAtAnswer.value(range.station)))
             ++m_stale;
         ++address;
     }

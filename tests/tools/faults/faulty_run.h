@@ -6,6 +6,8 @@
 #include "tools/faults/faulty_line.h"
 #include "tools/faults/identifying_memory.h"
 
+#include <QtCore/QHash>
+
 struct FaultyRunSettings {
     FaultyLineSettings line;
     SessionSettings session;
@@ -38,7 +40,7 @@ public:
     /// Of the values that accepted reads brought.
     qint64 valuesShown() const { return m_valuesShown; }
     qint64 misplaced() const { return m_misplaced; } ///< held by another address
-    qint64 stale() const { return m_stale; }         ///< held before the request was sent
+    qint64 stale() const { return m_stale; }         ///< held before the station's previous answer
 
 private:
     void takeExchange(const ExchangeRecord& record);
@@ -50,7 +52,7 @@ private:
     DriverSession m_session;
     QList<AddressRange> m_watched;
     int m_readsPerCycle = 0;
-    int m_countBefore = 0; ///< of the memory, when the latest exchange ended
+    QHash<int, int> m_countAtAnswer; ///< by station, of the memory at its latest answer
     qint64 m_valuesShown = 0;
     qint64 m_misplaced = 0;
     qint64 m_stale = 0;
