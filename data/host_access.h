@@ -29,7 +29,8 @@ KX_EXPORT int intf_getData(int station, QString regType, int address, int count,
 /// replaces the last. Calls the value-change function, after queueing and before
 /// storing each value, for each address whose visible value changes.
 /// @param count as in intf_getData(); below 1 does nothing
-/// @param data  layout as `out` of intf_getData(); not changed, stays the caller's
+/// @param data  layout as `out` of intf_getData(), but two bytes per register also
+///              for an odd count of 32CV; not changed, stays the caller's
 /// @param kind  stored in the jobs; a write is 2
 /// @return always 1
 KX_EXPORT int intf_setData(int station, QString regType, int address, int count,

@@ -38,9 +38,13 @@ KX_EXPORT void intf_setAddrValueChangeCallBack(ValueChangeCallBack callBack);
 ///                     set to 1 by the runtime and cleared to 0 by the driver.
 ///                     Null: no recipe is ever requested.
 /// @param hostValue    stored, never used
-/// @param recipeBuffer recipe values, 16-bit words, as many as the recipe
-///                     variables' offsets and counts reach. Null: recipe writes
-///                     send zeros and recipe reads store nothing here.
+/// @param recipeBuffer recipe values, 16-bit words: from each recipe variable's
+///                     offset on, room for the longest block, that is `maxWords`
+///                     or the longest variable. A block is written from its first
+///                     variable's offset on, whatever the offsets of the others,
+///                     and a 32CV block is read to the offset of the variable
+///                     that has the block's number. Null: recipe writes send
+///                     zeros and recipe reads store nothing here.
 /// @param status       set to 0; null is accepted
 /// @param parameters   Latin-1, items separated by "#": link number, local-write
 ///                     switch, a stored value, retry limit (bad replies in a row),

@@ -39,6 +39,19 @@ private slots:
         QCOMPARE(int(runtime.recipe[30]), 0);
     }
 
+    // So a recipe buffer has room for the longest block from each offset on.
+    void aLongBlockReachesPastTheVariableOfItsPosition()
+    {
+        DriverFixture runtime;
+        plan({variable("32CV", 200, 2, 20), variable("32CV", 201, 2, 22),
+              variable("32CV", 220, 8, 0)});
+        answer(runtime, "01 03 08 00000001 00000002");
+        runtime.reports.clear();
+        answer(runtime, "01 03 10 00000003 00000004 00000005 00000006");
+        QCOMPARE(runtime.reports, words({22, 23, 24, 25, 26, 27, 28, 29}));
+        QCOMPARE(int(runtime.recipe[28]), 6);
+    }
+
     void halvesOfADoubleWordBeforeTheBufferAreSkipped()
     {
         DriverFixture runtime;

@@ -43,6 +43,7 @@ private slots:
     void copiesWordsAsTheyLieInTheBuffer_data();
     void copiesWordsAsTheyLieInTheBuffer();
     void copiesAtMostAWholePayload();
+    void aBlockAcrossAGapReachesPastItsVariables();
     void wordsBeforeTheBufferStayZero();
     void withoutABufferThePayloadIsZero();
 };
@@ -97,6 +98,21 @@ void RecipeJobsTest::copiesAtMostAWholePayload()
     QCOMPARE(longer.count, 600);
     QCOMPARE(payload(longer, 0, 1024), payload(whole, 0, 1024));
     QCOMPARE(payload(converted(block(-1, 1), 1), 0, 1024), QByteArray(1024, 0));
+}
+
+// 32CV200 and 32CV202 are joined, with the two registers of 32CV201 between them. The
+// block takes six words, although the variables' values lie in four.
+void RecipeJobsTest::aBlockAcrossAGapReachesPastItsVariables()
+{
+    DriverFixture runtime;
+    std::iota(runtime.recipe.begin(), runtime.recipe.end(), static_cast<unsigned short>(1));
+    QVector<_RCP_VAR_PRO> variables = {{1, 1, "32CV", 200, 2, 0, {}},
+                                       {1, 1, "32CV", 202, 2, 2, {}}};
+    intf_setRcpAddress(variables);
+    QCOMPARE(driver.rcpVars.size(), 1);
+    const VARIABLE made = converted(driver.rcpVars.first(), 1);
+    QCOMPARE(made.count, 6);
+    QCOMPARE(payload(made, 0, 14), bytes("0100 0200 0300 0400 0500 0600 0000"));
 }
 
 void RecipeJobsTest::wordsBeforeTheBufferStayZero()
