@@ -1,18 +1,18 @@
 #include "model/plain_driver.h"
 
 #include <cstring>
+#include <utility>
 
 void PlainDriver::sortByWeight(QVector<_RCP_VAR_PRO>& vars) const
 {
     const int n = static_cast<int>(vars.size());
+    _RCP_VAR_PRO* const all = vars.data();
     for (int pass = 0; pass < n - 1; ++pass) {
         for (int j = 0; j <= n - pass - 2; ++j) {
-            const _RCP_VAR_PRO a = vars.at(j);
-            const _RCP_VAR_PRO b = vars.at(j + 1);
-            if (weight(a.station, a.regType, a.address) > weight(b.station, b.regType, b.address)) {
-                vars[j] = b;
-                vars[j + 1] = a;
-            }
+            const _RCP_VAR_PRO& a = all[j];
+            const _RCP_VAR_PRO& b = all[j + 1];
+            if (weight(a.station, a.regType, a.address) > weight(b.station, b.regType, b.address))
+                std::swap(all[j], all[j + 1]);
         }
     }
 }
