@@ -2,6 +2,7 @@
 
 #include "kxsim_process.h"
 #include "modbus_master.h"
+#include "support/driver_fixture.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
@@ -24,6 +25,11 @@ private slots:
     void presetsStayStillWhileOthersMove();
     void commandsAnswerAndSurviveTheirEnd();
     void theLinkLastsAsLongAsTheProgram();
+    void faultsAreCounted();
+    void aRefusedOrUnheardWriteChangesNothing_data();
+    void aRefusedOrUnheardWriteChangesNothing();
+    void aDelayedReplyComesLate();
+    void aClosedLineIsFoundAgainByItsLink();
     void theLogShowsRequestsAndReplies();
     void signalsEndItCleanly_data();
     void signalsEndItCleanly();
@@ -159,6 +165,72 @@ void TestKxsim::theLinkLastsAsLongAsTheProgram()
         ModbusMaster master(link);
         QCOMPARE(master.registers(1, 1), QList<int>({3}));
     }
+    QCOMPARE(kxsim.exitCodeAfter(SIGTERM), 0);
+    QVERIFY(!QFileInfo(link).isSymLink());
+}
+
+void TestKxsim::faultsAreCounted()
+{
+    KxsimProcess kxsim({"--still", "--set", "D1=3", "--fault", "echo:1"});
+    {
+        ModbusMaster master(kxsim.portName());
+        master.send(withCrc("01 03 0001 0001"));
+        QCOMPARE(master.received(15), withCrc("01 03 0001 0001") + withCrc("01 03 02 0003"));
+        // A broadcast has no reply that a fault could spoil.
+        master.send(withCrc("00 06 0001 0004"));
+    }
+    QTRY_COMPARE(kxsim.ask("get D1"), QStringLiteral("D1=4"));
+    QCOMPARE(kxsim.ask("faults"),
+             QStringLiteral("requests=1 none=0 deaf=0 silence=0 delay=0 corrupt=0 truncate=0 "
+                            "extra-before=0 extra-after=0 duplicate=0 other-station=0 "
+                            "exception=0 echo=1 close=0"));
+}
+
+void TestKxsim::aRefusedOrUnheardWriteChangesNothing_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<bool>("isCarriedOut");
+    QTest::newRow("unheard") << "deaf:1" << false;
+    QTest::newRow("refused") << "exception:1" << false;
+    QTest::newRow("reply lost") << "silence:1" << true;
+}
+
+void TestKxsim::aRefusedOrUnheardWriteChangesNothing()
+{
+    QFETCH(QString, fault);
+    QFETCH(bool, isCarriedOut);
+    KxsimProcess kxsim({"--still", "--fault", fault});
+    ModbusMaster master(kxsim.portName());
+    QVERIFY(!master.writeRegister(5, 9));
+    QCOMPARE(kxsim.ask("get D5"), isCarriedOut ? QStringLiteral("D5=9") : QStringLiteral("D5=0"));
+}
+
+void TestKxsim::aDelayedReplyComesLate()
+{
+    KxsimProcess kxsim({"--still", "--fault", "delay:1", "--fault-delay", "300"});
+    ModbusMaster master(kxsim.portName());
+    QElapsedTimer sent;
+    sent.start();
+    master.send(withCrc("01 03 0001 0001"));
+    QCOMPARE(master.received(7), withCrc("01 03 02 0000"));
+    QVERIFY(sent.elapsed() >= 300);
+}
+
+void TestKxsim::aClosedLineIsFoundAgainByItsLink()
+{
+    const QTemporaryDir folder;
+    const QString link = folder.filePath("controller");
+    KxsimProcess kxsim({"--still", "--symlink", link, "--fault", "close:1"});
+    const QString first = QFileInfo(link).symLinkTarget();
+    {
+        ModbusMaster master(link);
+        master.send(withCrc("01 06 0005 0009"));
+        QTRY_VERIFY(QFileInfo(link).symLinkTarget() != first);
+    }
+    ModbusMaster master(link);
+    QVERIFY(master.isOpen());
+    master.send(withCrc("01 06 0006 0009"));
+    QTRY_COMPARE(kxsim.ask("get D5:2"), QStringLiteral("D5=9,9"));
     QCOMPARE(kxsim.exitCodeAfter(SIGTERM), 0);
     QVERIFY(!QFileInfo(link).isSymLink());
 }

@@ -68,6 +68,13 @@ void TestKxsimUsage::wrongUsageGetsOneLine_data()
         {"3 stop bits", "-s 3", 2, "1, 2"},
         {"unknown parity", "--parity mark", 2, "none, even or odd"},
         {"a link to a port", "--port /dev/null --symlink x", 2, "--symlink"},
+        {"unknown fault", "--fault noise:0.1", 2, "'noise' is none of deaf"},
+        {"fault without a probability", "--fault silence", 2, "KIND:PROBABILITY"},
+        {"faults beyond certainty", "--fault silence:0.7 --fault delay:0.7", 2, "more than 1"},
+        {"closed line without a link", "--fault close:0.1", 2, "--symlink"},
+        {"all faults without a link", "--fault all:0.1", 2, "--symlink"},
+        {"seed not a number", "--fault-seed x", 2, "--fault-seed x"},
+        {"no delay", "--fault-delay 0", 2, "from 1 to 60000"},
         {"a port that is not there", "--port /nowhere/tty", 3, "/nowhere/tty: No such file"},
         {"a link in no folder", "--symlink /nowhere/link", 3, "/nowhere/link"},
     };
@@ -116,7 +123,8 @@ void TestKxsimUsage::helpShowsExamplesAndTheOctalTypes()
         QCOMPARE(outcome.error, QString());
         for (const char* const words :
              {"X and Y are octal", "kxsim --set D100=1234", "--station", "--still", "--symlink",
-              "--log", "--port", "--baud", "--parity", "--data-bits", "--stop-bits"})
+              "--log", "--fault", "--fault-seed", "--fault-delay", "extra-before", "--port",
+              "--baud", "--parity", "--data-bits", "--stop-bits"})
             QVERIFY2(outcome.output.contains(QString::fromLatin1(words)), words);
     }
 }

@@ -1,0 +1,157 @@
+// kxhost on a simulated line with faults: it keeps working, and its counts are those of
+// the simulator.
+
+#include "command_process.h"
+#include "tools/kxsim/kxsim_process.h"
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QtTest>
+
+class WatchFaultsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyKindIsSurvivedAndCounted_data();
+    void everyKindIsSurvivedAndCounted();
+    void lateRepliesAreThrownAway();
+    void theSimulatorInsideHasFaultsToo();
+    void withoutReopeningALostLineIsTheEnd();
+};
+
+namespace
+{
+
+/// A kxsim with a link to its line, which outlives the line.
+class FaultyKxsim
+{
+public:
+    explicit FaultyKxsim(const QString& fault)
+        : m_process({QString::fromLatin1("--still"), QString::fromLatin1("--symlink"), line(),
+                     QString::fromLatin1("--fault"), fault, QString::fromLatin1("--fault-delay"),
+                     QString::fromLatin1("800")})
+    {
+    }
+
+    QString line() const { return m_folder.filePath(QString::fromLatin1("line")); }
+
+    /// The count of that name in the answer to "faults".
+    int count(const QString& name)
+    {
+        for (const QString& word : m_process.ask(QString::fromLatin1("faults")).split(' ')) {
+            if (word.startsWith(name + QLatin1Char('=')))
+                return word.section(QLatin1Char('='), 1).toInt();
+        }
+        return -1;
+    }
+
+private:
+    QTemporaryDir m_folder;
+    KxsimProcess m_process;
+};
+
+QStringList words(const QString& arguments)
+{
+    return arguments.split(QLatin1Char(' '));
+}
+
+QJsonObject summaryOf(const CommandResult& result)
+{
+    const QString last = result.output.isEmpty() ? QString() : result.output.last();
+    return QJsonDocument::fromJson(last.toUtf8()).object();
+}
+
+} // namespace
+
+void WatchFaultsTest::everyKindIsSurvivedAndCounted_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<int>("cycles");  // of two requests
+    QTest::addColumn<int>("timeout"); // milliseconds; long where none is to expire
+    QTest::addColumn<QString>("group");
+    QTest::addColumn<QString>("count");
+    const auto row = [](const char* fault, int cycles, int timeout, const char* group,
+                        const char* count) {
+        QTest::newRow(fault) << QString::fromLatin1(fault) << cycles << timeout
+                             << QString::fromLatin1(group) << QString::fromLatin1(count);
+    };
+    row("deaf", 4, 600, "badReplies", "none");
+    row("silence", 4, 600, "badReplies", "none");
+    row("corrupt", 20, 9000, "badReplies", "damaged");
+    row("truncate", 4, 600, "badReplies", "short");
+    row("extra-before", 20, 9000, "badReplies", "damaged");
+    row("duplicate", 20, 9000, "thrownAway", "duplicates");
+    row("other-station", 4, 600, "badReplies", "foreign");
+    row("exception", 20, 9000, "badReplies", "refused");
+    row("echo", 20, 9000, "thrownAway", "echoes");
+    row("close", 10, 400, "badReplies", "lineLost");
+}
+
+void WatchFaultsTest::everyKindIsSurvivedAndCounted()
+{
+    QFETCH(QString, fault);
+    QFETCH(int, cycles);
+    QFETCH(int, timeout);
+    QFETCH(QString, group);
+    QFETCH(QString, count);
+    FaultyKxsim kxsim(fault + QString::fromLatin1(":0.15"));
+    const QString arguments =
+        QString::fromLatin1(
+            "watch D0:9 D200:4 --baud 115200 --json --reopen 9 --settle 0 --retries 9 "
+            "--cycles %1 --timeout %2 --port %3")
+            .arg(QString::number(cycles), QString::number(timeout), kxsim.line());
+    const CommandResult result = runCommand(words(arguments));
+    QCOMPARE(result.exitCode, 0);
+    const QJsonObject summary = summaryOf(result);
+    QVERIFY(kxsim.count(fault) > 0);
+    QCOMPARE(summary[group].toObject()[count].toInt(-1), kxsim.count(fault));
+    QCOMPARE(summary[QLatin1String("requests")].toInt(),
+             kxsim.count(QString::fromLatin1("requests")));
+    QCOMPARE(summary[QLatin1String("accepted")].toInt(), 2 * cycles);
+    QCOMPARE(summary[QLatin1String("repeated")].toInt(),
+             summary[QLatin1String("requests")].toInt() - 2 * cycles);
+    QCOMPARE(summary[QLatin1String("failed")].toInt(-1), 0);
+    QCOMPARE(summary[QLatin1String("reopened")].toInt(), kxsim.count(QString::fromLatin1("close")));
+}
+
+void WatchFaultsTest::lateRepliesAreThrownAway()
+{
+    FaultyKxsim kxsim(QString::fromLatin1("delay:0.3"));
+    const CommandResult result = runCommand(
+        words(QString::fromLatin1("watch D0:9 D200:4 --baud 115200 --json --cycles 5 --retries 9 "
+                                  "--timeout 500 --port %1")
+                  .arg(kxsim.line())));
+    QCOMPARE(result.exitCode, 0);
+    const QJsonObject summary = summaryOf(result);
+    const int late = summary[QLatin1String("thrownAway")].toObject()[QLatin1String("late")].toInt();
+    QVERIFY(late > 0);
+    QVERIFY(late <= kxsim.count(QString::fromLatin1("delay")));
+    QCOMPARE(summary[QLatin1String("accepted")].toInt(), 10);
+}
+
+void WatchFaultsTest::theSimulatorInsideHasFaultsToo()
+{
+    const CommandResult result = runCommand(
+        words(QString::fromLatin1("watch D0:9 D200:4 --baud 115200 --json --simulate --cycles 20 "
+                                  "--timeout 400 --settle 0 --reopen 9 --fault close:0.1 "
+                                  "--fault corrupt:0.1 --fault-seed 5")));
+    QCOMPARE(result.exitCode, 0);
+    const QJsonObject summary = summaryOf(result);
+    QCOMPARE(summary[QLatin1String("accepted")].toInt(), 40);
+    QVERIFY(summary[QLatin1String("reopened")].toInt() > 0);
+    QVERIFY(summary[QLatin1String("badReplies")].toObject()[QLatin1String("damaged")].toInt() > 0);
+}
+
+void WatchFaultsTest::withoutReopeningALostLineIsTheEnd()
+{
+    FaultyKxsim kxsim(QString::fromLatin1("close:1"));
+    const CommandResult result =
+        runCommand(words(QString::fromLatin1("watch D0 --cycles 5 --port %1").arg(kxsim.line())));
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(kxsim.count(QString::fromLatin1("requests")), 1);
+}
+
+QTEST_GUILESS_MAIN(WatchFaultsTest)
+#include "tst_watch_faults.moc"
