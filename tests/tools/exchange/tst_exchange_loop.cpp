@@ -17,6 +17,10 @@ private slots:
     void finalFailureTellsTheErrorText();
     void requestThatIsNotWholeIsNotSent();
     void lostLineStopsTheLoop();
+    void interruptedLineIsWaitedFor();
+    void startOnAnInterruptedLineWaitsForIt();
+    void echoIsSkippedAndTheReplyTaken();
+    void whatWaitedOnTheLineIsCounted();
     void stoppedRequestGoesOutAgain();
 };
 
@@ -171,6 +175,63 @@ void ExchangeLoopTest::lostLineStopsTheLoop()
     QTest::qWait(20);
     QVERIFY(m_driver->replies.isEmpty());
     QCOMPARE(m_line->written.size(), 1);
+}
+
+void ExchangeLoopTest::interruptedLineIsWaitedFor()
+{
+    m_driver->results = {8, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    start();
+    QTRY_COMPARE(m_line->written.size(), 1);
+    m_line->interrupt();
+    QCOMPARE(m_records.size(), 1);
+    QCOMPARE(m_records.first().replyKind, ReplyKind::Lost);
+    QCOMPARE(m_driver->replies, QList<QByteArray>({QByteArray()}));
+    QTest::qWait(50);
+    QCOMPARE(m_line->written.size(), 1);
+    m_line->answer({{1, withCrc(GOOD)}});
+    m_line->reopen();
+    QVERIFY(waitForRecords(2));
+    QCOMPARE(m_records.at(1).result, 1);
+    QCOMPARE(m_records.at(1).repeated, true);
+    QCOMPARE(m_loop->statistics().reopened, qint64(1));
+    QCOMPARE(m_loop->statistics().bad.lost, qint64(1));
+    QCOMPARE(m_loop->statistics().requests, qint64(2));
+}
+
+void ExchangeLoopTest::startOnAnInterruptedLineWaitsForIt()
+{
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_line->interrupt();
+    start();
+    QTest::qWait(50);
+    QVERIFY(m_line->written.isEmpty());
+    m_line->reopen();
+    QTRY_COMPARE(m_line->written.size(), 1);
+}
+
+void ExchangeLoopTest::echoIsSkippedAndTheReplyTaken()
+{
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_line->answer({{1, withCrc(READ)}, {20, withCrc(GOOD)}});
+    start();
+    QVERIFY(waitForRecords(1));
+    QCOMPARE(m_driver->replies, QList<QByteArray>({withCrc(GOOD)}));
+    QCOMPARE(m_records.first().foreignReplies, 0);
+    QCOMPARE(m_loop->statistics().thrownAway.echoes, qint64(1));
+}
+
+void ExchangeLoopTest::whatWaitedOnTheLineIsCounted()
+{
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_line->waiting = bytes("55 AA") + withCrc("02 03 02 00 01");
+    m_line->answer({{1, withCrc(GOOD)}});
+    start();
+    QVERIFY(waitForRecords(1));
+    QCOMPARE(m_driver->replies, QList<QByteArray>({withCrc(GOOD)}));
+    QCOMPARE(m_loop->statistics().thrownAway.bytes, qint64(2));
+    QCOMPARE(m_loop->statistics().thrownAway.foreign, qint64(1));
+    QCOMPARE(m_loop->statistics().bytesReceived, qint64(9 + 9));
 }
 
 void ExchangeLoopTest::stoppedRequestGoesOutAgain()

@@ -1,5 +1,8 @@
 #include "tools/exchange/exchange_loop_fixture.h"
 
+// As long as READ, at address 200.
+const char* const READ_OTHER = "01 03 00 C8 00 02";
+
 class ExchangeTimingTest : public ExchangeLoopFixture
 {
     Q_OBJECT
@@ -13,6 +16,11 @@ private slots:
     void nothingToSendIsAskedAgainAfterTheIdleInterval();
     void wakeAsksAtOnce();
     void lateReplyIsThrownAwayBeforeTheNextRequest();
+    void aRequestWaitsForALateReplyItCouldBeMistakenFor();
+    void theLateReplyEndsTheWait();
+    void aRequestOfAnotherLengthDoesNotWait();
+    void aRepeatDoesNotWait();
+    void aLongerSilenceIsKeptWhenAskedFor();
 };
 
 void ExchangeTimingTest::timeOutCountsFromTheEndOfTheTransmission()
@@ -113,6 +121,74 @@ void ExchangeTimingTest::lateReplyIsThrownAwayBeforeTheNextRequest()
     QCOMPARE(m_driver->replies, QList<QByteArray>({QByteArray(), withCrc(GOOD)}));
     QCOMPARE(m_records.at(1).reply, withCrc(GOOD));
     QCOMPARE(m_loop->statistics().bytesReceived, qint64(18));
+    QCOMPARE(m_loop->statistics().thrownAway.late, qint64(1));
+}
+
+void ExchangeTimingTest::aRequestWaitsForALateReplyItCouldBeMistakenFor()
+{
+    m_settings.replyTimeout = 60;
+    m_settings.settle = 200;
+    m_driver->results = {2, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc(READ_OTHER), GOOD_LENGTH);
+    start();
+    QVERIFY(QTest::qWaitFor([&] { return m_line->written.size() == 2; }, 5000));
+    QVERIFY(m_line->writtenAt.at(1) - m_line->writtenAt.at(0) >= 260);
+    QCOMPARE(m_loop->statistics().heldBack, qint64(1));
+}
+
+void ExchangeTimingTest::theLateReplyEndsTheWait()
+{
+    m_settings.replyTimeout = 60;
+    m_settings.settle = 4000;
+    m_driver->results = {2, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc(READ_OTHER), GOOD_LENGTH);
+    m_line->answer({{150, withCrc(GOOD)}});
+    m_line->answer({{1, withCrc("01 03 04 00 01 00 02")}});
+    start();
+    QVERIFY(waitForRecords(2));
+    QVERIFY(m_line->writtenAt.at(1) - m_line->writtenAt.at(0) >= 150);
+    QCOMPARE(m_driver->replies.at(1), withCrc("01 03 04 00 01 00 02"));
+    QCOMPARE(m_loop->statistics().thrownAway.late, qint64(1));
+    QCOMPARE(m_loop->statistics().heldBack, qint64(1));
+}
+
+void ExchangeTimingTest::aRequestOfAnotherLengthDoesNotWait()
+{
+    m_settings.replyTimeout = 60;
+    m_settings.settle = 4000;
+    m_driver->results = {2, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc("01 03 00 64 00 01"), 7);
+    start();
+    QTRY_COMPARE_WITH_TIMEOUT(m_line->written.size(), 2, 2000);
+    QCOMPARE(m_loop->statistics().heldBack, qint64(0));
+}
+
+void ExchangeTimingTest::aRepeatDoesNotWait()
+{
+    m_settings.replyTimeout = 60;
+    m_settings.settle = 4000;
+    m_driver->results = {8, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    start();
+    QTRY_COMPARE_WITH_TIMEOUT(m_line->written.size(), 2, 2000);
+}
+
+void ExchangeTimingTest::aLongerSilenceIsKeptWhenAskedFor()
+{
+    m_settings.quiet = 120;
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc(READ_OTHER), GOOD_LENGTH);
+    // The double comes as a frame of its own.
+    m_line->answer({{1, withCrc(GOOD)}, {60, withCrc(GOOD)}});
+    m_line->answer({{1, withCrc("01 03 04 00 01 00 02")}});
+    start();
+    QVERIFY(waitForRecords(2));
+    QVERIFY(m_line->writtenAt.at(1) - m_line->writtenAt.at(0) >= 60 + 120);
+    QCOMPARE(m_driver->replies.at(1), withCrc("01 03 04 00 01 00 02"));
+    QCOMPARE(m_loop->statistics().thrownAway.duplicates, qint64(1));
 }
 
 QTEST_GUILESS_MAIN(ExchangeTimingTest)

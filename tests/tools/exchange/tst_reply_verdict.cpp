@@ -1,25 +1,9 @@
 #include "exchange/reply_verdict.h"
-#include "support/driver_fixture.h"
+#include "tools/exchange/request_frames.h"
 
 #include <QtTest/QtTest>
 
-#include <cstring>
-
 Q_DECLARE_METATYPE(Verdict)
-
-namespace
-{
-
-FRAME_PRO requestOf(const QByteArray& frame, int recvLen)
-{
-    FRAME_PRO request = FRAME_PRO();
-    std::memcpy(request.frame, frame.constData(), static_cast<size_t>(frame.size()));
-    request.sendLen = static_cast<int>(frame.size());
-    request.recvLen = recvLen;
-    return request;
-}
-
-} // namespace
 
 class ReplyVerdictTest : public QObject
 {
@@ -30,6 +14,9 @@ private slots:
     void reads();
     void writes_data();
     void writes();
+    void echoesAsLongAsTheReply();
+    void framesAtTheBeginning_data();
+    void framesAtTheBeginning();
     void exceptionCode();
     void crc();
 };
@@ -59,6 +46,10 @@ void ReplyVerdictTest::reads_data()
     QTest::newRow("exception with a wrong CRC")
         << bytes("01 83 02 00 00") << Verdict::Incomplete << 0;
     QTest::newRow("wrong CRC") << bytes("01 03 04 04 D2 16 2E 00 00") << Verdict::Bad << 9;
+    const QByteArray request = withCrc("01 03 00 64 00 02");
+    QTest::newRow("the request itself") << request << Verdict::Echo << 8;
+    QTest::newRow("the request and the reply") << request + good << Verdict::Echo << 8;
+    QTest::newRow("the request's beginning") << request.left(7) << Verdict::Incomplete << 0;
     QTest::newRow("noise") << bytes("FF FF FF FF FF FF FF FF FF FF") << Verdict::Bad << 9;
 }
 
@@ -90,6 +81,10 @@ void ReplyVerdictTest::writes_data()
         << multiple << withCrc("01 10 00 64 00 02") << Verdict::Good;
     QTest::newRow("echo with another quantity")
         << multiple << withCrc("01 10 00 64 00 03") << Verdict::Foreign;
+    // The reply to one register is its request; only of several is the echo told apart.
+    QTest::newRow("the request of several itself") << multiple << multiple << Verdict::Echo;
+    QTest::newRow("more of it than a reply has")
+        << multiple << multiple.left(10) << Verdict::Incomplete;
     QTest::newRow("exception") << multiple << withCrc("01 90 04") << Verdict::Exception;
 }
 
@@ -99,6 +94,39 @@ void ReplyVerdictTest::writes()
     QFETCH(QByteArray, received);
     QFETCH(Verdict, verdict);
     QCOMPARE(judgeReply(requestOf(request, 8), received).verdict, verdict);
+}
+
+void ReplyVerdictTest::echoesAsLongAsTheReply()
+{
+    // 24 coils from 768 on: the high byte of the address stands where the byte count
+    // of the reply does, and both are 3. So the echo fits in every byte; luckily the
+    // controller has no such coils.
+    const QByteArray frame = withCrc("01 01 03 00 00 18");
+    QCOMPARE(judgeReply(requestOf(frame, 8), frame).verdict, Verdict::Good);
+    // 24 coils from 2000 on, where the controller has some.
+    const QByteArray real = withCrc("01 01 07 D0 00 18");
+    QCOMPARE(judgeReply(requestOf(real, 8), real).verdict, Verdict::Echo);
+}
+
+void ReplyVerdictTest::framesAtTheBeginning_data()
+{
+    QTest::addColumn<QByteArray>("received");
+    QTest::addColumn<int>("length");
+    const QByteArray good = withCrc("01 03 04 04 D2 16 2E");
+    QTest::newRow("nothing") << QByteArray() << 0;
+    QTest::newRow("a read's reply") << good << 9;
+    QTest::newRow("more behind it") << good + good << 9;
+    QTest::newRow("its beginning") << good.left(8) << 0;
+    QTest::newRow("a write's reply") << withCrc("01 06 00 64 00 05") << 8;
+    QTest::newRow("a refusal") << withCrc("01 83 02") << 5;
+    QTest::newRow("an unknown function") << withCrc("01 2B 04 04 D2 16 2E") << 0;
+    QTest::newRow("noise before it") << "U" + good << 0;
+}
+
+void ReplyVerdictTest::framesAtTheBeginning()
+{
+    QFETCH(QByteArray, received);
+    QTEST(frameLengthOf(received), "length");
 }
 
 void ReplyVerdictTest::exceptionCode()

@@ -94,6 +94,7 @@ private slots:
     void noneIsLostInSilence_data();
     void noneIsLostInSilence();
     void withoutSettlingALateReplyConfirmsAnotherWrite();
+    void abandonedWritesAreReportedFailed();
     void withoutPacingWritesAreLost();
 };
 
@@ -135,6 +136,26 @@ void WritesUnderFaultsTest::withoutSettlingALateReplyConfirmsAnotherWrite()
     settings.session.exchange.settle = 0;
     FaultyRun run(settings);
     QVERIFY(endsOfWrites(SHORT_RUN, &run).notInMemory > 0);
+}
+
+void WritesUnderFaultsTest::abandonedWritesAreReportedFailed()
+{
+    FaultyRun run(twoStations(QString::fromLatin1("all:0")));
+    WritePacer pacer(&run.session());
+    QList<int> ended;
+    connect(&pacer, &WritePacer::finished, this, [&](int number, bool isConfirmed) {
+        QVERIFY(!isConfirmed);
+        ended << number;
+    });
+    std::mt19937 random(11);
+    QList<int> numbers;
+    for (int number = 0; number < 100; ++number)
+        numbers << pacer.add(writeNumber(number, &random));
+    QCOMPARE(pacer.pending(), 100);
+    run.session().initialise();
+    pacer.abandon();
+    QCOMPARE(ended, numbers);
+    QCOMPARE(pacer.pending(), 0);
 }
 
 void WritesUnderFaultsTest::withoutPacingWritesAreLost()

@@ -46,6 +46,10 @@ void ConnectionOptionsTest::defaults()
     QCOMPARE(options.session.retries, 3);
     QCOMPARE(options.session.maxWords, 32);
     QCOMPARE(options.session.exchange.replyTimeout, 1000);
+    QCOMPARE(options.session.exchange.settle, -1);
+    QCOMPARE(options.session.exchange.quiet, 0);
+    QCOMPARE(options.patience, 0);
+    QVERIFY(options.faults.chances.isEmpty());
     QCOMPARE(options.simulate, false);
     QCOMPARE(options.frames, false);
     QCOMPARE(options.json, false);
@@ -58,7 +62,8 @@ void ConnectionOptionsTest::everyOption()
     ConnectionOptions options;
     QString error;
     QVERIFY2(read("-p /dev/ttyS1 -b 19200 --parity Odd --data-bits 7 --stop-bits 2 -s 17 -t 250 "
-                  "-r 5 --max-words 64 --library ./driver.so --frames --json",
+                  "-r 5 --settle 0 --quiet 7 --reopen 3 --max-words 64 --library ./driver.so "
+                  "--frames --json",
                   &options, &error),
              qPrintable(error));
     QCOMPARE(options.port, QString::fromLatin1("/dev/ttyS1"));
@@ -70,6 +75,9 @@ void ConnectionOptionsTest::everyOption()
     QCOMPARE(options.parity, QSerialPort::OddParity);
     QCOMPARE(options.station, 17);
     QCOMPARE(options.session.exchange.replyTimeout, 250);
+    QCOMPARE(options.session.exchange.settle, 0);
+    QCOMPARE(options.session.exchange.quiet, 7);
+    QCOMPARE(options.patience, 3000);
     QCOMPARE(options.session.retries, 5);
     QCOMPARE(options.session.maxWords, 64);
     QCOMPARE(options.library, QString::fromLatin1("./driver.so"));
@@ -105,7 +113,14 @@ void ConnectionOptionsTest::simulation()
 {
     ConnectionOptions options;
     QString error;
-    QVERIFY2(read("--simulate --station 9", &options, &error), qPrintable(error));
+    QVERIFY2(read("--simulate --station 9 --fault silence:0.5 --fault echo:0.25 --fault-seed 4 "
+                  "--fault-delay 70",
+                  &options, &error),
+             qPrintable(error));
+    QCOMPARE(options.faults.chances.size(), 2);
+    QVERIFY(options.faults.holds(kxsim::Fault::Echo));
+    QCOMPARE(options.faults.seed, 4U);
+    QCOMPARE(options.faults.delay, 70);
     QCOMPARE(options.simulate, true);
     QCOMPARE(options.simulatedStations, QList<int>({9}));
 }
@@ -134,6 +149,20 @@ void ConnectionOptionsTest::errors_data()
     row("station 0", "--simulate -s 0", "--station 0: must be a number from 1 to 247");
     row("station 248", "--simulate -s 248", "--station 248: must be a number from 1 to 247");
     row("time-out 0", "--simulate -t 0", "--timeout 0: must be a number from 1 to 60000");
+    row("settle time", "--simulate --settle -1", "--settle -1: must be a number from 0 to 60000");
+    row("silence", "--simulate --quiet x", "--quiet x: must be a number from 0 to 60000");
+    row("reopening", "--simulate --reopen -1", "--reopen -1: must be a number from 0 to 86400");
+    row("fault of a real line", "--port /dev/ttyS0 --fault silence:0.1",
+        "--fault needs --simulate; kxsim has it, too");
+    row("seed of a real line", "--tcp gateway --fault-seed 1",
+        "--fault-seed needs --simulate; kxsim has it, too");
+    row("fault", "--simulate --fault silence",
+        "--fault silence: write KIND:PROBABILITY with a probability from 0 to 1, such as "
+        "silence:0.01");
+    row("seed", "--simulate --fault-seed x",
+        "--fault-seed x: must be a number from 0 to 4294967295");
+    row("delay", "--simulate --fault-delay 0",
+        "--fault-delay 0: must be milliseconds from 1 to 60000");
     row("retries 0", "--simulate -r 0", "--retries 0: must be a number from 1 to 100");
     row("length 0", "--simulate --max-words 0", "--max-words 0: must be a number from 1 to 125");
     row("length 126", "--simulate --max-words 126",
