@@ -1,0 +1,127 @@
+// Very many exchanges with controllers in memory: every value compared, and memory
+// and queues no larger at the end than at the beginning.
+
+#include "long/soak_round.h"
+#include "support/memory_use.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QElapsedTimer>
+
+#include <cstdio>
+
+namespace
+{
+
+const int EXCHANGES_PER_ROUND = 5000;
+const int WARM_UP_ROUNDS = 50;
+const qint64 ALLOWED_SPREAD = 64 * 1024; // bytes
+const qint64 MILLISECONDS_BETWEEN_LINES = 60000;
+
+struct Wanted {
+    qint64 exchanges;
+    quint64 seed;
+};
+
+Wanted wantedFrom(const QCoreApplication& application)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QString::fromLatin1("Polls controllers in memory as fast as it can.\nExample: kx_soak -n "
+                            "50000000"));
+    parser.addHelpOption();
+    const QCommandLineOption exchanges({QString::fromLatin1("n"), QString::fromLatin1("exchanges")},
+                                       QString::fromLatin1("Requests to send."),
+                                       QString::fromLatin1("NUMBER"),
+                                       QString::fromLatin1("400000"));
+    const QCommandLineOption seed({QString::fromLatin1("s"), QString::fromLatin1("seed")},
+                                  QString::fromLatin1("Same seed, same run."),
+                                  QString::fromLatin1("NUMBER"), QString::fromLatin1("1"));
+    parser.addOptions({exchanges, seed});
+    parser.process(application);
+    bool isNumber = false;
+    const Wanted wanted = {parser.value(exchanges).toLongLong(&isNumber),
+                           parser.value(seed).toULongLong()};
+    if (!isNumber || wanted.exchanges < 1)
+        soakFailed(QString::fromLatin1("--exchanges takes a number from 1 on"));
+    return wanted;
+}
+
+void printProgress(const SoakCounts& counts, const MemoryUse& use, qint64 milliseconds)
+{
+    std::printf("%lld exchanges after %lld s: heap %lld, resident %lld bytes\n",
+                static_cast<long long>(counts.exchanges),
+                static_cast<long long>(milliseconds / 1000), static_cast<long long>(use.heap),
+                static_cast<long long>(use.resident));
+    std::fflush(stdout);
+}
+
+void print(const char* what, qint64 count)
+{
+    std::printf("%-22s %lld\n", what, static_cast<long long>(count));
+}
+
+void printCounts(const SoakCounts& counts)
+{
+    print("exchanges", counts.exchanges);
+    print("  accepted", counts.accepted);
+    print("  to be repeated", counts.repeated);
+    print("  failed for good", counts.failed);
+    print("cyclic reads", counts.reads);
+    print("writes", counts.writes);
+    print("condition reads", counts.conditionReads);
+    print("recipe blocks", counts.recipeBlocks);
+    print("recipes compared", counts.recipes);
+    print("plans", counts.plans);
+    print("initialisations", counts.initialisations);
+    print("values reported", counts.reports);
+    print("values compared", counts.valuesCompared);
+}
+
+void checkMemory(const MemorySpread& spread)
+{
+    if (!isMemoryMeasurable()) {
+        std::printf("memory is not measured under this allocator\n");
+        return;
+    }
+    std::printf("memory after warm-up, %d times: heap %lld to %lld bytes, resident %lld to %lld\n",
+                spread.measurements(), static_cast<long long>(spread.lowest().heap),
+                static_cast<long long>(spread.highest().heap),
+                static_cast<long long>(spread.lowest().resident),
+                static_cast<long long>(spread.highest().resident));
+    if (!spread.isWithin(ALLOWED_SPREAD))
+        soakFailed(QString::fromLatin1("memory moved by more than 64 KiB"));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const Wanted wanted = wantedFrom(application);
+    SoakRuntime runtime(wanted.seed);
+    SoakCounts& counts = runtime.counts();
+    MemorySpread spread;
+    QElapsedTimer clock;
+    clock.start();
+    qint64 nextLine = MILLISECONDS_BETWEEN_LINES;
+    const QueueSizes first = sizesAtRest(runtime);
+    for (int round = 0; counts.exchanges < wanted.exchanges || spread.measurements() < 2; ++round) {
+        runRound(runtime, EXCHANGES_PER_ROUND);
+        const QueueSizes sizes = sizesAtRest(runtime);
+        if (!(sizes == first))
+            soakFailed(QString::fromLatin1("at first %1; now %2").arg(first.text(), sizes.text()));
+        const MemoryUse use = memoryUse();
+        if (round >= WARM_UP_ROUNDS)
+            spread.add(use);
+        if (clock.elapsed() >= nextLine) {
+            printProgress(counts, use, clock.elapsed());
+            nextLine += MILLISECONDS_BETWEEN_LINES;
+        }
+    }
+    printCounts(counts);
+    std::printf("at rest, always: %s\n", qPrintable(first.text()));
+    checkMemory(spread);
+    std::printf("%lld s\n", static_cast<long long>(clock.elapsed() / 1000));
+    return 0;
+}

@@ -1,0 +1,61 @@
+#include "support/memory_use.h"
+
+#include <malloc.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace
+{
+
+qint64 heapBytes()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<qint64>(info.uordblks + info.hblkhd);
+}
+
+qint64 residentBytes()
+{
+    long size = 0;
+    long resident = 0;
+    std::FILE* const file = std::fopen("/proc/self/statm", "r");
+    if (!file || std::fscanf(file, "%ld %ld", &size, &resident) != 2)
+        resident = 0;
+    if (file)
+        std::fclose(file);
+    return static_cast<qint64>(resident) * sysconf(_SC_PAGESIZE);
+}
+
+} // namespace
+
+MemoryUse memoryUse()
+{
+    malloc_trim(0); // so that pages that are merely kept for later do not count
+    const MemoryUse use = {heapBytes(), residentBytes()};
+    return use;
+}
+
+bool isMemoryMeasurable()
+{
+#ifdef __SANITIZE_ADDRESS__
+    return false;
+#else
+    return heapBytes() > 0; // valgrind's allocator says 0
+#endif
+}
+
+void MemorySpread::add(const MemoryUse& use)
+{
+    const bool isFirst = m_measurements++ == 0;
+    m_lowest.heap = isFirst ? use.heap : std::min(m_lowest.heap, use.heap);
+    m_lowest.resident = isFirst ? use.resident : std::min(m_lowest.resident, use.resident);
+    m_highest.heap = isFirst ? use.heap : std::max(m_highest.heap, use.heap);
+    m_highest.resident = isFirst ? use.resident : std::max(m_highest.resident, use.resident);
+}
+
+bool MemorySpread::isWithin(qint64 bytes) const
+{
+    return m_highest.heap - m_lowest.heap <= bytes
+           && m_highest.resident - m_lowest.resident <= bytes;
+}

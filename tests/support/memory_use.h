@@ -1,0 +1,36 @@
+#ifndef KX_TESTS_MEMORY_USE_H
+#define KX_TESTS_MEMORY_USE_H
+
+#include <QtCore/QtGlobal>
+
+/// Bytes that this process uses.
+struct MemoryUse {
+    qint64 heap;     ///< allocated and not freed: mallinfo2, small and mapped blocks
+    qint64 resident; ///< pages in memory: /proc/self/statm
+};
+
+MemoryUse memoryUse();
+
+/// False under AddressSanitizer and valgrind, whose allocators keep what is freed.
+bool isMemoryMeasurable();
+
+/// Lowest and highest of several measurements.
+class MemorySpread
+{
+public:
+    void add(const MemoryUse& use);
+
+    int measurements() const { return m_measurements; }
+    MemoryUse lowest() const { return m_lowest; }
+    MemoryUse highest() const { return m_highest; }
+
+    /// Neither figure moved by more than `bytes`.
+    bool isWithin(qint64 bytes) const;
+
+private:
+    int m_measurements = 0;
+    MemoryUse m_lowest = {0, 0};
+    MemoryUse m_highest = {0, 0};
+};
+
+#endif
