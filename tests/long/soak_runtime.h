@@ -7,6 +7,10 @@
 #include "model/random_source.h"
 #include "tarvelan_kx_series.h"
 
+const int SOAK_RETRY_LIMIT = 3;
+const int SOAK_LINK = 4;
+const int GAP_IN_RECIPE_BUFFER = 5; // words between the recipe ranges
+
 struct SoakCounts {
     qint64 exchanges;
     qint64 accepted;
@@ -86,5 +90,8 @@ private:
 
 /// Says what went wrong and ends the program with exit code 1.
 [[noreturn]] void soakFailed(const QString& what);
+
+/// The same, with the job, unless `holds`.
+void soakExpect(bool holds, const char* what, const VARIABLE& job);
 
 #endif
