@@ -1,4 +1,4 @@
-# The driver library, its headers and its installation.
+# The driver library and its headers.
 
 include(CheckCXXCompilerFlag)
 
@@ -67,10 +67,3 @@ set_target_properties(kx_register_types PROPERTIES CXX_STANDARD ${KX_DRIVER_CXX_
 target_include_directories(kx_register_types PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(kx_register_types PUBLIC Kx::Core)
 kx_add_warnings(kx_register_types)
-
-install(TARGETS tarvelan_kx_series LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-foreach(header IN LISTS KX_PUBLIC_HEADERS)
-  get_filename_component(folder "${header}" DIRECTORY)
-  install(FILES ${header}
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tarvelan_kx_series/${folder})
-endforeach()
