@@ -193,6 +193,9 @@ void DataAreaIndexTest::noticesALongListChangedOutside_data()
         othersInside[i].address += 1;
     QTest::newRow("the first record gone") << firstGone;
     QTest::newRow("the last record gone") << lastGone;
+    QList<_DATA_> otherLast = before;
+    otherLast[499].address = 9999;
+    QTest::newRow("the last record replaced") << otherLast;
     QTest::newRow("another order between the same ends") << reversedInside;
     QTest::newRow("two exchanged in the middle") << twoExchanged;
     QTest::newRow("other records between the same ends") << othersInside;

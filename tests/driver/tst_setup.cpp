@@ -26,6 +26,7 @@ private slots:
     void readsTheParameters_data();
     void readsTheParameters();
     void statusIsZeroAndTheResultOneAfterEveryCall();
+    void theStatusMayBeNull();
     void keepsTheResourcesOfTheRuntime();
     void theRequestLimitAboveAllBitsWraps();
 };
@@ -129,6 +130,13 @@ void SetupTest::statusIsZeroAndTheResultOneAfterEveryCall()
         QCOMPARE(intf_initProperty(nullptr, nullptr, nullptr, &status, parameters, nullptr), 1);
         QCOMPARE(status, 0);
     }
+}
+
+void SetupTest::theStatusMayBeNull()
+{
+    DriverFixture runtime;
+    QCOMPARE(intf_initProperty(nullptr, nullptr, nullptr, nullptr, "7#0#0#0#32", nullptr), 1);
+    QCOMPARE(driver.linkId, 7);
 }
 
 void SetupTest::keepsTheResourcesOfTheRuntime()

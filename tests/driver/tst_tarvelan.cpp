@@ -18,6 +18,7 @@ private slots:
     void theConstructorResetsThreeCounters();
     void theDestructorReleasesEveryList();
     void aCopyOfAJobCopiesTheWholePayload();
+    void aRecordAssignedToItselfStays();
     void aCopyOfAKeyCopiesEveryField();
     void theReservedFieldOfAFrameIsHandedOverAsItStands();
 };
@@ -170,6 +171,26 @@ void TarvelanTest::aCopyOfAJobCopiesTheWholePayload()
     QCOMPARE(copy.count, 1);
     QCOMPARE(std::memcmp(copy.data, original.data, 1024), 0);
     QCOMPARE(int(copy.data[1023]), 19); // 1023 = 4 * 251 + 19
+}
+
+void TarvelanTest::aRecordAssignedToItselfStays()
+{
+    VARIABLE one = job(2, "32CV", 200, 1, "0102");
+    const VARIABLE& sameJob = one;
+    one = sameJob;
+    QCOMPARE(one.station, 2);
+    QCOMPARE(one.regType, QString("32CV"));
+    QCOMPARE(int(one.data[1]), 2);
+
+    FRAME_PRO frame = FRAME_PRO();
+    frame.frame[1023] = 5;
+    frame.sendLen = 8;
+    frame.job = one;
+    const FRAME_PRO& sameFrame = frame;
+    frame = sameFrame;
+    QCOMPARE(int(frame.frame[1023]), 5);
+    QCOMPARE(frame.sendLen, 8);
+    QCOMPARE(frame.job.regType, QString("32CV"));
 }
 
 void TarvelanTest::aCopyOfAKeyCopiesEveryField()
