@@ -27,13 +27,15 @@ int registerOf(const DeviceRange& range, int word)
 
 } // namespace
 
+// Far from SM256, since one request may take in SM on both sides of its split, and
+// would read other coils.
 const std::vector<DeviceRange>& processRanges()
 {
     static const std::vector<DeviceRange> ranges = {
         range(1, "D", 0, 1200),   range(1, "M", 0, 2048),   range(1, "M", 2048, 600),
         range(1, "SD", 0, 256),   range(1, "SD", 256, 256), range(1, "32CV", 200, 112),
         range(1, "TV", 0, 256),   range(1, "T", 0, 256),    range(1, "X", 0, 256),
-        range(2, "D", 0, 400),    range(2, "CV", 0, 200),   range(2, "SM", 0, 256),
+        range(2, "D", 0, 400),    range(2, "CV", 0, 200),   range(2, "SM", 0, 120),
         range(2, "SM", 256, 256), range(2, "C", 0, 256),    range(3, "D", 0, 100),
         range(3, "S", 0, 1024)};
     return ranges;

@@ -103,12 +103,18 @@ QByteArray SoakRuntime::values(const DeviceRange& range)
 void SoakRuntime::compare(const DeviceRange& range)
 {
     m_counts.valuesCompared += range.count;
-    if (values(range) != inMemory(m_controller, range))
-        soakFailed(QString::fromLatin1("a value differs: station %1, %2 %3, count %4")
+    const QByteArray seen = values(range);
+    const QByteArray there = inMemory(m_controller, range);
+    if (seen != there)
+        soakFailed(QString::fromLatin1("exchange %1, job kind %2: station %3, %4 %5, count %6: the "
+                                       "cache holds %7, the controller %8")
+                       .arg(m_counts.exchanges)
+                       .arg(driver.currentKind)
                        .arg(range.station)
                        .arg(range.regType)
                        .arg(range.address)
-                       .arg(range.count));
+                       .arg(range.count)
+                       .arg(QString::fromLatin1(seen.toHex()), QString::fromLatin1(there.toHex())));
 }
 
 void SoakRuntime::reported(int link, int station, const QString& name, int address)
