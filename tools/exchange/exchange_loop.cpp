@@ -96,7 +96,7 @@ void ExchangeLoop::proceed()
 
 void ExchangeLoop::poll()
 {
-    m_stray.sort(&m_owed, m_isHolding);
+    m_stray.sort(&m_owed, m_isHolding ? &m_heldBack : nullptr);
     m_owed.forgetBefore(now());
     FRAME_PRO request = FRAME_PRO();
     if (m_driver.getSendFrame(&request) == 0) {
@@ -122,6 +122,7 @@ bool ExchangeLoop::isHeldBack(const FRAME_PRO& request)
     const bool wasHolding = m_isHolding;
     m_isHolding = until > 0;
     if (m_isHolding) {
+        m_heldBack = request;
         m_statistics.heldBack += wasHolding ? 0 : 1;
         m_state = State::AwaitingLateReply;
         m_clock->wakeAfter(until - now());
@@ -145,7 +146,7 @@ void ExchangeLoop::transmit()
     const QByteArray discarded = m_line->discardWaiting();
     m_statistics.bytesReceived += discarded.size();
     m_stray.add(discarded);
-    m_stray.sort(&m_owed, false);
+    m_stray.sort(&m_owed, nullptr);
     m_line->write(m_record.request);
     if (isRunning() && m_state != State::AwaitingLine) // else the line was lost while writing
         awaitReply();
@@ -213,7 +214,7 @@ void ExchangeLoop::throwAway(const Judgement& judgement)
         ++m_statistics.thrownAway.echoes;
     } else {
         ++m_record.foreignReplies;
-        m_stray.throwAway(m_collected.left(judgement.length), &m_owed, false);
+        m_stray.throwAway(m_collected.left(judgement.length), &m_owed);
     }
     m_collected.remove(0, judgement.length);
 }

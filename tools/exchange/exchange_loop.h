@@ -122,7 +122,8 @@ private:
     ExchangeRecord m_record;
     bool m_repeating = false;
     bool m_hasGivenUp = false;
-    bool m_isHolding = false; ///< the request to come is held back
+    bool m_isHolding = false; ///< a request is held back
+    FRAME_PRO m_heldBack = FRAME_PRO();
     Statistics m_statistics;
     OwedReplies m_owed; ///< by now()
     StrayBytes m_stray{&m_statistics.thrownAway};

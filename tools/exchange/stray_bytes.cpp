@@ -2,22 +2,23 @@
 
 #include "exchange/reply_verdict.h"
 
-void StrayBytes::sort(OwedReplies* owed, bool isExpecting)
+void StrayBytes::sort(OwedReplies* owed, const FRAME_PRO* heldBack)
 {
     // Noise may stand before a frame.
     while (!m_bytes.isEmpty()) {
         const int length = frameLengthOf(m_bytes);
         if (length > 0)
-            throwAway(m_bytes.left(length), owed, isExpecting);
+            throwAway(m_bytes.left(length), owed, heldBack);
         else
             ++m_counts->bytes;
         m_bytes.remove(0, length > 0 ? length : 1);
     }
 }
 
-void StrayBytes::throwAway(const QByteArray& frame, OwedReplies* owed, bool isExpecting)
+void StrayBytes::throwAway(const QByteArray& frame, OwedReplies* owed, const FRAME_PRO* heldBack)
 {
-    if (isExpecting && owed->take(frame))
+    const bool isAwaited = heldBack && judgeReply(*heldBack, frame).verdict == Verdict::Good;
+    if (isAwaited && owed->take(frame))
         ++m_counts->late;
     else if (frame == m_lastTaken)
         ++m_counts->duplicates;

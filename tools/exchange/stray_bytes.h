@@ -15,13 +15,13 @@ public:
 
     /// To be called when the line has fallen silent: what is no whole frame now never
     /// will be.
-    /// @param isExpecting whether a late reply was waited for. Only then is it owed no
-    ///                    longer: at other times a double, or the same bytes from
-    ///                    another station, may look like it.
-    void sort(OwedReplies* owed, bool isExpecting);
+    /// @param heldBack the request that waited for a late reply, or null. Only a reply
+    ///                 that it waited for is owed no longer: at other times a double,
+    ///                 or the same bytes from another station, may look like it.
+    void sort(OwedReplies* owed, const FRAME_PRO* heldBack);
 
     /// Counts one whole frame that is not what was asked for.
-    void throwAway(const QByteArray& frame, OwedReplies* owed, bool isExpecting);
+    void throwAway(const QByteArray& frame, OwedReplies* owed, const FRAME_PRO* heldBack = nullptr);
 
     /// The frame that doubles are told by.
     void setLastTaken(const QByteArray& reply) { m_lastTaken = reply; }

@@ -7,6 +7,8 @@ namespace
 {
 
 const FRAME_PRO READ = requestOf(withCrc("01 03 00 64 00 02"), 9);
+const FRAME_PRO READ_200 = requestOf(withCrc("01 03 00 C8 00 02"), 9);
+const FRAME_PRO OF_STATION_2 = requestOf(withCrc("02 03 00 64 00 02"), 9);
 const QByteArray REPLY = withCrc("01 03 04 04 D2 16 2E");
 const QByteArray SAME_FROM_2 = withCrc("02 03 04 04 D2 16 2E");
 
@@ -45,7 +47,7 @@ void StrayBytesTest::whatTheyAre()
     ThrownAway counts;
     StrayBytes stray(&counts);
     stray.add(bytes);
-    stray.sort(&owed, false);
+    stray.sort(&owed, nullptr);
     QTEST(QList<int>(
               {int(counts.foreign), int(counts.late), int(counts.duplicates), int(counts.bytes)}),
           "counts");
@@ -59,12 +61,15 @@ void StrayBytesTest::aLateReplyStaysOwedUnlessItWasExpected()
     ThrownAway counts;
     StrayBytes stray(&counts);
     stray.add(REPLY);
-    stray.sort(&owed, false);
+    stray.sort(&owed, nullptr);
     QVERIFY(owed.isOwed(REPLY));
     stray.add(REPLY);
-    stray.sort(&owed, true);
+    stray.sort(&owed, &OF_STATION_2);
+    QVERIFY(owed.isOwed(REPLY));
+    stray.add(REPLY);
+    stray.sort(&owed, &READ_200);
     QVERIFY(!owed.isOwed(REPLY));
-    QCOMPARE(counts.late, qint64(2));
+    QCOMPARE(counts.late, qint64(3));
 }
 
 void StrayBytesTest::aDoubleOfTheLastReplyIsNotTakenForALateOne()
@@ -75,7 +80,7 @@ void StrayBytesTest::aDoubleOfTheLastReplyIsNotTakenForALateOne()
     StrayBytes stray(&counts);
     stray.setLastTaken(REPLY);
     stray.add(REPLY);
-    stray.sort(&owed, false);
+    stray.sort(&owed, nullptr);
     QCOMPARE(counts.duplicates, qint64(1));
     QCOMPARE(counts.late, qint64(0));
     QVERIFY(owed.isOwed(REPLY));
@@ -90,8 +95,8 @@ void StrayBytesTest::bytesCountWhenSorted()
     stray.add(REPLY.left(4));
     QCOMPARE(counts.bytes, qint64(0));
     stray.add(REPLY.mid(4));
-    stray.sort(&owed, false);
-    stray.sort(&owed, false);
+    stray.sort(&owed, nullptr);
+    stray.sort(&owed, nullptr);
     QCOMPARE(counts.late, qint64(1));
     QCOMPARE(counts.bytes, qint64(0));
 }
