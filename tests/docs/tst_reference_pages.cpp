@@ -1,0 +1,103 @@
+// The reference holds a page for every exported entry point, as the headers declare it.
+
+#include "page.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QStringList>
+#include <QtTest/QtTest>
+
+namespace
+{
+
+QStringList exportedNames()
+{
+    QFile file(QStringLiteral(KX_EXPORTED_NAMES));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("%s: %s", KX_EXPORTED_NAMES, qPrintable(file.errorString()));
+    QStringList names;
+    for (const QString& line : QString::fromLatin1(file.readAll()).split('\n')) {
+        if (!line.isEmpty() && !line.startsWith('#'))
+            names << line;
+    }
+    return names;
+}
+
+QStringList entryPoints()
+{
+    return exportedNames().filter(QStringLiteral("intf_"));
+}
+
+QString declarations()
+{
+    QString headers;
+    for (const char* header :
+         {"driver/setup.h", "registers/address_check.h", "registers/address_series.h",
+          "registers/recipe_addresses.h", "registers/register_catalogue.h", "planning/read_jobs.h",
+          "planning/condition_reads.h", "modbus/send_schedule.h", "data/reply_handling.h",
+          "data/host_access.h"})
+        headers += sourceText(QString::fromLatin1(header));
+    return headers.simplified();
+}
+
+// "_Z14check_rcv_dataPhi" is check_rcv_data: a length, then so many letters.
+QString plainName(const QString& exported)
+{
+    if (!exported.startsWith(QLatin1String("_Z")))
+        return exported;
+    if (exported.startsWith(QLatin1String("_ZN8tarvelanD")))
+        return QStringLiteral("~tarvelan");
+    int start = exported.startsWith(QLatin1String("_ZN")) ? 3 : 2;
+    int length = 0;
+    for (; exported.at(start).isDigit(); ++start)
+        length = 10 * length + exported.at(start).digitValue();
+    return exported.mid(start, length);
+}
+
+} // namespace
+
+class ReferencePagesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void entryPoint_data()
+    {
+        QTest::addColumn<QString>("page");
+        QCOMPARE(int(entryPoints().size()), 18);
+        for (const QString& name : entryPoints())
+            QTest::newRow(qPrintable(name))
+                << sourceText(QStringLiteral("docs/reference/%1.md").arg(name));
+    }
+
+    void entryPoint()
+    {
+        QFETCH(QString, page);
+        const QString name = QString::fromLatin1(QTest::currentDataTag());
+        QVERIFY(page.startsWith("# " + name + "\n"));
+        const QString synopsis = between(page, "## Synopsis\n\n```cpp\n", "\n```").simplified();
+        QVERIFY(synopsis.contains(" " + name + "("));
+        QVERIFY2(declarations().contains("KX_EXPORT " + synopsis), qPrintable(synopsis));
+        QVERIFY(page.contains("```{literalinclude} ../examples/reference/" + name + ".cpp\n"));
+        QVERIFY(page.contains("```{literalinclude} ../examples/reference/" + name + ".expected\n"));
+        QVERIFY(sourceText("docs/examples/reference/" + name + ".cpp").contains(name + "("));
+        QVERIFY(sourceText("docs/reference/index.md").contains("(" + name + ".md)"));
+    }
+
+    void everyOtherNameIsOnOnePage()
+    {
+        const QString page = sourceText("docs/reference/other-names.md");
+        int others = 0;
+        for (const QString& exported : exportedNames()) {
+            if (exported.startsWith(QLatin1String("intf_")))
+                continue;
+            ++others;
+            const QString name = plainName(exported);
+            QVERIFY2(page.contains("`" + name + "`") || page.contains("::" + name + "`"),
+                     qPrintable(name));
+        }
+        QCOMPARE(others, 24);
+    }
+};
+
+QTEST_APPLESS_MAIN(ReferencePagesTest)
+#include "tst_reference_pages.moc"
