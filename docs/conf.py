@@ -16,3 +16,5 @@ html_show_sphinx = False
 html_show_copyright = False
 html_copy_source = False
 highlight_language = "none"
+# Quotes and dashes stand as they are typed.
+smartquotes = False

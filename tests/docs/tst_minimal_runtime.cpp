@@ -69,6 +69,15 @@ private slots:
         QCOMPARE(runtime.readLine(), QString("no answer: 0,1,100,D"));
         QCOMPARE(runtime.exitCode(), 0);
     }
+
+    // Length and CRC are right, so the driver would take it.
+    void anotherStationAnswers()
+    {
+        KxsimProcess simulator({"--fault", "other-station:1"});
+        QVERIFY(!simulator.portName().isEmpty());
+        RuntimeProcess runtime(simulator.portName(), {"100", "3"});
+        QCOMPARE(runtime.readLine(), QString("no answer: 0,1,100,D"));
+    }
 };
 
 QTEST_GUILESS_MAIN(MinimalRuntimeTest)
