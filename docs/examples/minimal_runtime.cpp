@@ -11,6 +11,7 @@
 #include <QtSerialPort/QSerialPort>
 
 #include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 namespace
@@ -21,6 +22,12 @@ const int TIMEOUT = 1000;    // milliseconds for a whole reply
 const int FRAME_GAP = 4;     // milliseconds of silence: 3.5 characters at 9600 baud
 const int POLL_INTERVAL = 5; // milliseconds between exchanges
 
+[[noreturn]] void endWith(const QString& error)
+{
+    std::fprintf(stderr, "minimal_runtime: %s\n", qPrintable(error));
+    std::exit(1);
+}
+
 // [load]
 QLibrary library(QStringLiteral("libtarvelan_kx_series.so.1"));
 
@@ -30,7 +37,7 @@ Function* find(const char* name, Function* /*of the header, for its type*/)
 {
     const auto found = reinterpret_cast<Function*>(library.resolve(name));
     if (!found)
-        qFatal("%s", qPrintable(library.errorString()));
+        endWith(library.errorString());
     return found;
 }
 #define FIND(name) find(#name, static_cast<decltype(&name)>(nullptr))
@@ -67,6 +74,54 @@ QByteArray exchange(QSerialPort* port, const FRAME_PRO& request)
 }
 // [/reply]
 
+void watch(int address)
+{
+    // [setup]
+    // Link 1, writes reach the device, 3 bad replies fail a request, 32 registers each.
+    static QMutex mutex;
+    static std::vector<unsigned char> shared(60117, 0);
+    int status = 0;
+    FIND(intf_initProperty)(shared.data(), nullptr, nullptr, &status, "1#0#0#3#32", &mutex);
+    FIND(intf_setAddrValueChangeCallBack)(valueChanged);
+    KEY_ADDRESS watched = KEY_ADDRESS();
+    watched.station = STATION;
+    watched.regType = QStringLiteral("D");
+    watched.address = address;
+    watched.count = 1;
+    QList<KEY_ADDRESS> watchList = QList<KEY_ADDRESS>() << watched;
+    FIND(intf_addrMerge)(watchList);
+    // [/setup]
+}
+
+void showValue(int address)
+{
+    unsigned char word[2];
+    FIND(intf_getData)(STATION, QStringLiteral("D"), address, 1, word);
+    std::printf("D%d = %d\n", address, word[0] | word[1] << 8);
+}
+
+void poll(QSerialPort* port, int address, int exchanges)
+{
+    const auto getSendFrame = FIND(intf_getSendFrame);
+    const auto dealRcvFrame = FIND(intf_dealRcvFrame);
+    // [loop]
+    FRAME_PRO request = FRAME_PRO();
+    for (int i = 0; i != exchanges && getSendFrame(&request) == 1; ++i) {
+        QByteArray reply = exchange(port, request);
+        QString error;
+        const int result = dealRcvFrame(reply, error);
+        if (result == REPLY_FAILED)
+            std::printf("no answer: %s\n", qPrintable(error));
+        if (result == REPLY_ACCEPTED && changed) {
+            changed = false;
+            showValue(address);
+        }
+        std::fflush(stdout);
+        QThread::msleep(POLL_INTERVAL);
+    }
+    // [/loop]
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -74,48 +129,13 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3)
-        qFatal("usage: minimal_runtime PORT ADDRESS [EXCHANGES]");
+        endWith(QStringLiteral("usage: minimal_runtime PORT ADDRESS [EXCHANGES]"));
     QSerialPort port(arguments.at(1));
     if (!port.open(QIODevice::ReadWrite)) // a port opens as 9600 8N1
-        qFatal("%s: %s", qPrintable(port.portName()), qPrintable(port.errorString()));
+        endWith(arguments.at(1) + QStringLiteral(": ") + port.errorString());
 
-    // [setup]
-    QMutex mutex;
-    std::vector<unsigned char> shared(60117, 0);
-    int status = 0;
-    // Link 1, writes reach the device, 3 bad replies fail a request, 32 registers each.
-    FIND(intf_initProperty)(shared.data(), nullptr, nullptr, &status, "1#0#0#3#32", &mutex);
-    FIND(intf_setAddrValueChangeCallBack)(valueChanged);
-    KEY_ADDRESS watched = KEY_ADDRESS();
-    watched.station = STATION;
-    watched.regType = QStringLiteral("D");
-    watched.address = arguments.at(2).toInt();
-    watched.count = 1;
-    QList<KEY_ADDRESS> watchList = QList<KEY_ADDRESS>() << watched;
-    FIND(intf_addrMerge)(watchList);
-    // [/setup]
-
-    const auto getSendFrame = FIND(intf_getSendFrame);
-    const auto dealRcvFrame = FIND(intf_dealRcvFrame);
-    const auto getData = FIND(intf_getData);
-    const int exchanges = arguments.value(3, QStringLiteral("-1")).toInt();
-    // [loop]
-    FRAME_PRO request = FRAME_PRO();
-    for (int i = 0; i != exchanges && getSendFrame(&request) == 1; ++i) {
-        QByteArray reply = exchange(&port, request);
-        QString error;
-        const int result = dealRcvFrame(reply, error);
-        if (result == REPLY_FAILED)
-            std::printf("no answer: %s\n", qPrintable(error));
-        if (result == REPLY_ACCEPTED && changed) {
-            changed = false;
-            unsigned char word[2];
-            getData(STATION, watched.regType, watched.address, 1, word);
-            std::printf("D%d = %d\n", watched.address, word[0] | word[1] << 8);
-        }
-        std::fflush(stdout);
-        QThread::msleep(POLL_INTERVAL);
-    }
-    // [/loop]
+    const int address = arguments.at(2).toInt();
+    watch(address);
+    poll(&port, address, arguments.value(3, QStringLiteral("-1")).toInt());
     return 0;
 }
