@@ -20,6 +20,8 @@ private slots:
     void theLateReplyEndsTheWait();
     void aRequestOfAnotherLengthDoesNotWait();
     void aRepeatDoesNotWait();
+    void damagedBytesMayBelongToAnotherReplyThatIsOwed();
+    void damagedReplyIsTheOnlyOneToCome();
     void aLongerSilenceIsKeptWhenAskedFor();
 };
 
@@ -172,6 +174,33 @@ void ExchangeTimingTest::aRepeatDoesNotWait()
     m_settings.settle = 4000;
     m_driver->results = {8, 1};
     m_driver->request(withCrc(READ), GOOD_LENGTH);
+    start();
+    QTRY_COMPARE_WITH_TIMEOUT(m_line->written.size(), 2, 2000);
+}
+
+void ExchangeTimingTest::damagedBytesMayBelongToAnotherReplyThatIsOwed()
+{
+    m_settings.replyTimeout = 60;
+    m_settings.settle = 200;
+    m_driver->results = {2, 2, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc("01 03 00 64 00 01"), 7);
+    m_driver->request(withCrc("01 03 00 C8 00 01"), 7);
+    m_line->answer({});
+    // Noise, or the late reply to the first request, damaged: the second is owed its own.
+    m_line->answer({{1, bytes("01 03 04 00 00 00 00")}});
+    start();
+    QVERIFY(QTest::qWaitFor([&] { return m_line->written.size() == 3; }, 5000));
+    QVERIFY(m_line->writtenAt.at(2) - m_line->writtenAt.at(1) >= 260);
+}
+
+void ExchangeTimingTest::damagedReplyIsTheOnlyOneToCome()
+{
+    m_settings.settle = 4000;
+    m_driver->results = {2, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc(READ_OTHER), GOOD_LENGTH);
+    m_line->answer({{1, bytes("01 03 04 00 00 00 00 00 00")}});
     start();
     QTRY_COMPARE_WITH_TIMEOUT(m_line->written.size(), 2, 2000);
 }

@@ -95,7 +95,10 @@ private slots:
     void noneIsLostInSilence();
     void withoutSettlingALateReplyConfirmsAnotherWrite();
     void abandonedWritesAreReportedFailed();
-    void withoutPacingWritesAreLost();
+    void moreWritesThanTheDriverQueues_data();
+    void moreWritesThanTheDriverQueues();
+    void twoWritesOfOneTargetAreBothSent_data();
+    void twoWritesOfOneTargetAreBothSent();
 };
 
 void WritesUnderFaultsTest::noneIsLostInSilence_data()
@@ -158,23 +161,64 @@ void WritesUnderFaultsTest::abandonedWritesAreReportedFailed()
     QCOMPARE(pacer.pending(), 0);
 }
 
-void WritesUnderFaultsTest::withoutPacingWritesAreLost()
+void WritesUnderFaultsTest::moreWritesThanTheDriverQueues_data()
 {
+    QTest::addColumn<bool>("isPaced");
+    QTest::addColumn<int>("confirmed");
+    QTest::newRow("paced") << true << 600;
+    // The driver's queue holds 513; the others replaced each other at its end.
+    QTest::newRow("not paced") << false << 513;
+}
+
+void WritesUnderFaultsTest::moreWritesThanTheDriverQueues()
+{
+    QFETCH(bool, isPaced);
     FaultyRun run(twoStations(QString::fromLatin1("all:0")));
-    int settled = 0;
+    WritePacer pacer(&run.session());
+    int confirmed = 0;
     connect(&run.session(), &DriverSession::exchanged, this, [&](const ExchangeRecord& record) {
-        settled += record.job.kind == WRITE_JOB && record.result == REPLY_ACCEPTED ? 1 : 0;
+        confirmed += record.job.kind == WRITE_JOB && record.result == REPLY_ACCEPTED ? 1 : 0;
     });
-    for (int address = 0; address < 600; ++address) {
-        const QString text = QString::fromLatin1("D%1@1=1").arg(4000 + address);
-        Assignment write;
-        QString error;
-        QVERIFY(parseAssignment(text, &write, &error));
-        run.session().write(write);
+    for (int address = 4000; address < 4600; ++address) {
+        const Assignment write = {rangeOf(QString::fromLatin1("D%1@1").arg(address)), {1}};
+        if (isPaced)
+            pacer.add(write);
+        else
+            run.session().write(write);
     }
     run.runUntil([&] { return run.session().statistics().requests >= 1000; });
-    // The driver's queue holds 513.
-    QCOMPARE(settled, 513);
+    QTEST(confirmed, "confirmed");
+}
+
+void WritesUnderFaultsTest::twoWritesOfOneTargetAreBothSent_data()
+{
+    QTest::addColumn<bool>("isPaced");
+    QTest::addColumn<int>("confirmed");
+    QTest::newRow("paced") << true << 4;
+    // Behind the first in the queue, the newer replaces the older.
+    QTest::newRow("not paced") << false << 2;
+}
+
+void WritesUnderFaultsTest::twoWritesOfOneTargetAreBothSent()
+{
+    QFETCH(bool, isPaced);
+    FaultyRun run(twoStations(QString::fromLatin1("all:0")));
+    WritePacer pacer(&run.session());
+    int confirmed = 0;
+    connect(&run.session(), &DriverSession::exchanged, this, [&](const ExchangeRecord& record) {
+        confirmed += record.job.kind == WRITE_JOB && record.result == REPLY_ACCEPTED ? 1 : 0;
+    });
+    const AddressRange first = rangeOf(QString::fromLatin1("D4000@1"));
+    const AddressRange second = rangeOf(QString::fromLatin1("D4001@1"));
+    const QList<Assignment> writes = {{first, {1}}, {second, {1}}, {second, {2}}, {second, {3}}};
+    for (const Assignment& write : writes) {
+        if (isPaced)
+            pacer.add(write);
+        else
+            run.session().write(write);
+    }
+    run.runUntil([&] { return run.session().statistics().requests >= 20; });
+    QTEST(confirmed, "confirmed");
 }
 
 QTEST_GUILESS_MAIN(WritesUnderFaultsTest)
