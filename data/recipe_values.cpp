@@ -53,7 +53,7 @@ RecipeRange currentRecipeRange()
 void storeRecipeWords(const RecipeRange& range, const ReadRequest& request, const ReplyBytes& reply)
 {
     for (int j = range.first; j < range.end; ++j) {
-        if (!hasVariable(j) || !hasVariable(range.first))
+        if (!hasVariable(j))
             return;
         const int distance =
             wrapSub(driver.rcpVarsA.at(j).address, driver.rcpVarsA.at(range.first).address);

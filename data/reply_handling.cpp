@@ -90,9 +90,7 @@ int intf_dealRcvFrame(QByteArray& reply, QString& errorText)
         return acceptData(reply);
     case REPLY_ACKNOWLEDGES:
         return acceptAcknowledgement();
-    case REPLY_BAD:
-        return rejectReply(static_cast<int>(reply.size()), errorText);
     default:
-        return REPLY_IGNORED;
+        return rejectReply(static_cast<int>(reply.size()), errorText);
     }
 }

@@ -60,6 +60,16 @@ private slots:
         QCOMPARE(runtime.reports, words({0}));
         QCOMPARE(int(runtime.recipe[0]), 0x1234);
     }
+
+    void aDoubleWordBeforeTheBufferIsSkipped()
+    {
+        DriverFixture runtime;
+        plan({variable("32CV", 200, 2, -2)});
+        answer(runtime, "01 03 04 12345678");
+        QCOMPARE(runtime.reports, QList<Report>());
+        QCOMPARE(int(runtime.recipe[0]), 0);
+        QCOMPARE(readValue(1, "32CV", 200), bytes("78563412"));
+    }
 };
 
 QTEST_APPLESS_MAIN(RecipeDoubleWordsTest)

@@ -169,6 +169,30 @@ private slots:
         QCOMPARE(runtime.reports, words({10, 20}));
     }
 
+    // The runtime may have moved the position since the request was built.
+    void aPositionBeforeTheStartFillsTheCacheOnly_data()
+    {
+        aPositionWithoutBlockStartFillsTheCacheOnly_data();
+    }
+
+    void aPositionBeforeTheStartFillsTheCacheOnly()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, count);
+        QFETCH(QString, reply);
+        const QByteArray name = type.toLatin1();
+        DriverFixture runtime;
+        plan({variable(name.constData(), 200, count, 10)});
+        runtime.requestRecipeRead();
+        runtime.poll();
+        driver.rcpIndex = -1;
+        QCOMPARE(runtime.deal(withCrc(reply.toLatin1().constData())), 1);
+        QCOMPARE(runtime.reports, QList<Report>());
+        QCOMPARE(int(runtime.recipe[10]), 0);
+        QCOMPARE(readValue(1, name.constData(), 200), bytes("34120000"));
+        QCOMPARE(driver.rcpIndex, 0);
+    }
+
     void withoutABufferNothingIsReported()
     {
         DriverFixture runtime;

@@ -30,6 +30,7 @@ private slots:
     void watchesWhatIsListedAndNothingElse();
     void anEmptyListUnwatchesEverything();
     void aSecondListReplacesThePlan();
+    void nothingOfThePlanBeforeSurvives_data();
     void nothingOfThePlanBeforeSurvives();
     void touchesNothingElse();
 };
@@ -144,14 +145,24 @@ void ReadJobsTest::aSecondListReplacesThePlan()
     QCOMPARE(flagsOf("D", 100), 0);
 }
 
+void ReadJobsTest::nothingOfThePlanBeforeSurvives_data()
+{
+    QTest::addColumn<int>("payloadByte");
+    QTest::newRow("the first byte of the payload") << 0;
+    QTest::newRow("the second byte") << 1;
+    QTest::newRow("the last byte") << 1023;
+}
+
 void ReadJobsTest::nothingOfThePlanBeforeSurvives()
 {
+    QFETCH(int, payloadByte);
     DriverFixture runtime;
     QList<KEY_ADDRESS> before;
     before << key(1, "D", 0, 4) << key(2, "M", 8, 4) << key(3, "Y", 0, 1);
     QCOMPARE(intf_addrMerge(before), 3);
-    driver.readList[0] = job(9, "Z", 3, 7, "AABBCC");
+    driver.readList[0] = job(9, "Z", 3, 7);
     driver.readList[0].kind = 2;
+    driver.readList[0].data[payloadByte] = 0xAA;
 
     QList<KEY_ADDRESS> now;
     now << key(1, "D", 100, 1);
