@@ -1,0 +1,57 @@
+// Links between the Markdown files of the sources, as someone follows them there.
+
+#include "page.h"
+
+#include <QtCore/QDirIterator>
+#include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
+#include <QtTest/QtTest>
+
+namespace
+{
+
+const QString SOURCES = QStringLiteral(KX_SOURCES);
+
+QStringList markdownFiles()
+{
+    QStringList files = {"README.md", "CONTRIBUTING.md", "CHANGELOG.md", "bench/README.md"};
+    QDirIterator docs(SOURCES + "/docs", {"*.md"}, QDir::Files, QDirIterator::Subdirectories);
+    while (docs.hasNext())
+        files << QDir(SOURCES).relativeFilePath(docs.next());
+    return files;
+}
+
+// The files that a page links to, seen from the page; other sites and headings of the
+// same page left out.
+QStringList linkedFiles(const QString& page)
+{
+    static const QRegularExpression link(R"(\]\(([^)#:\s]+)(#[^)]*)?\))");
+    QStringList files;
+    for (auto found = link.globalMatch(page); found.hasNext();)
+        files << found.next().captured(1);
+    return files;
+}
+
+} // namespace
+
+class RepositoryLinksTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void linksLeadToFiles()
+    {
+        int links = 0;
+        for (const QString& file : markdownFiles()) {
+            const QDir folder = QFileInfo(SOURCES + "/" + file).dir();
+            for (const QString& linked : linkedFiles(sourceText(file))) {
+                ++links;
+                QVERIFY2(folder.exists(linked), qPrintable(file + " links to " + linked));
+            }
+        }
+        QVERIFY(links > 80); // of which most are in the reference
+    }
+};
+
+QTEST_APPLESS_MAIN(RepositoryLinksTest)
+#include "tst_repository_links.moc"
