@@ -42,6 +42,8 @@ target_compile_options(tarvelan_kx_series
   PRIVATE -fno-semantic-interposition
   # Without -fPIC an executable would get its own copy of `driver`.
   PUBLIC -fPIC)
+# For core dumps from the field, and to compare the binary interface. Packages strip it.
+target_compile_options(tarvelan_kx_series PRIVATE -g)
 # For x86 g++ copies kilobyte records with string instructions, which start slowly.
 check_cxx_compiler_flag(-mmemcpy-strategy=libcall:-1:noalign KX_HAS_MEMCPY_STRATEGY)
 if(KX_HAS_MEMCPY_STRATEGY)
