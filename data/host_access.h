@@ -14,9 +14,12 @@ extern "C" {
 /// gives zeros and gets a cache record. Does not call the value-change function.
 /// @param address first device address, as a number (X and Y: not the octal digits)
 /// @param count   bits, or 16-bit registers (32CV: two per value, so count / 2
-///                values); below 1 copies nothing, as does an unknown type
-/// @param out     the caller's: one byte per bit, two bytes per register (low byte
-///                first), four bytes per 32CV value (least significant first)
+///                values); below 1 copies nothing, as does an unknown type. It has
+///                no upper limit, and each address gets a record: stay within the
+///                type's range.
+/// @param out     the caller's, as long as `count` says: one byte per bit, two bytes
+///                per register (low byte first), four bytes per 32CV value (least
+///                significant first)
 /// @return always 1
 KX_EXPORT int intf_getData(int station, QString regType, int address, int count,
                            unsigned char* out);
@@ -25,10 +28,16 @@ KX_EXPORT int intf_getData(int station, QString regType, int address, int count,
 /// queues writes to the device. X only reaches the cache. Bit types go as one job
 /// (payload bytes past 1024 are sent as 0), word types are cut into jobs of at
 /// most `maxWords` registers, of which a payload holds 512; with a limit of 0 no
-/// word job is queued. The queue holds 513 jobs; when it is full the newest
-/// replaces the last. Calls the value-change function, after queueing and before
+/// word job is queued. More than one coil and a multiple of eight of them reach the
+/// device with the last eight off. Keep a write on one side of the split of M, SM and
+/// SD, and one of 32CV within `maxWords`: what lies beyond goes to other addresses.
+///
+/// The queue holds 513 jobs; when it is full the newest replaces the last, which is
+/// then never sent: its value stays in sight until the address is written again or
+/// another value is read. Calls the value-change function, after queueing and before
 /// storing each value, for each address whose visible value changes.
-/// @param count as in intf_getData(); below 1 does nothing
+/// @param count as in intf_getData(); below 1 does nothing. Time and memory grow with
+///              it, and `data` is read to its end: stay within the type's range.
 /// @param data  layout as `out` of intf_getData(), but two bytes per register also
 ///              for an odd count of 32CV; not changed, stays the caller's
 /// @param kind  stored in the jobs; a write is 2

@@ -22,6 +22,12 @@ extern "C" {
 /// Calls the value-change function, always before the new value is stored when a
 /// read changed it, and after when a write was confirmed. From inside it,
 /// intf_getData(), intf_setData() and intf_addConditionRead() may be called.
+///
+/// Time and memory grow with the count of the job that the request was built from:
+/// a good reply or a settled write visits each of its addresses, and a read that
+/// fails for good marks as many records, creating those that are missing (of bits
+/// eight addresses apart, of 32CV one per register). Counts within the range of a
+/// type keep that to some ten thousand.
 /// Communication thread only. Locks the runtime's mutex briefly when a recipe
 /// transfer ends, never while the value-change function runs.
 /// @param reply     the bytes received, station first, CRC last; empty when none

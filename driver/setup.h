@@ -46,9 +46,10 @@ KX_EXPORT void intf_setAddrValueChangeCallBack(ValueChangeCallBack callBack);
 ///                     that has the block's number. Null: recipe writes send
 ///                     zeros and recipe reads store nothing here.
 /// @param status       set to 0; null is accepted
-/// @param parameters   Latin-1, items separated by "#": link number, local-write
-///                     switch, a stored value, retry limit (bad replies in a row),
-///                     maximum request length (registers). An item that is no
+/// @param parameters   Latin-1 up to a zero byte, of any length; not null. Items
+///                     separated by "#": link number, local-write switch, a stored
+///                     value, retry limit (bad replies in a row), maximum request
+///                     length (registers). An item that is no
 ///                     decimal number counts as 0; items after the fifth are
 ///                     ignored; with fewer than five none of them changes.
 /// @param mutex        locked only around the two request bytes, never while

@@ -21,7 +21,11 @@ extern "C" {
 ///
 /// Communication thread only; may be called from inside the value-change
 /// function; does not call it.
-/// @param key  station, register type, first address, count; not changed
+/// @param key  station, register type, first address, count; not changed. Nothing is
+///             checked: keep the range within the type's, on one side of the split of
+///             M, SM and SD, and one of 32CV within `maxWords`. However long it is,
+///             the call takes no more than a few milliseconds; but a request that
+///             fails for good marks as many cache records as it asked for.
 /// @param kind stored in the jobs
 /// @return always 1
 KX_EXPORT int intf_addConditionRead(KEY_ADDRESS& key, int kind);

@@ -12,11 +12,17 @@ extern "C" {
 /// requests as the maximum request length allows, and marks exactly those
 /// addresses as watched. Cached values are kept.
 ///
+/// A request may join SM addresses on both sides of SM256, where their coils are not
+/// contiguous, and reads other coils from SM256 on: watch them more than `maxWords`
+/// apart, or ask for them with intf_addConditionRead(), a range each.
+///
 /// Communication thread only; does not call the value-change function.
 /// @param keys station, register type, first address and count (bits, or 16-bit
 ///             registers; 32CV two per value) of each range; not changed, stays
-///             the caller's. Every watched address gets a cache record, so keep
-///             counts within the type's range.
+///             the caller's. Any number of them. A range is never cut, so none
+///             should be longer than one request can read. Every watched address
+///             gets a cache record: keep addresses and counts, which are not
+///             checked, within the type's range and counts above 0.
 /// @return the number of cyclic read jobs, 0 for an empty list
 KX_EXPORT int intf_addrMerge(QList<KEY_ADDRESS>& keys);
 }

@@ -12,7 +12,8 @@ extern "C" {
 /// state, may be called on any thread and from inside the value-change function.
 /// @param regType register type name, exact and case-sensitive
 /// @param start   first address as a number (also for X and Y)
-/// @param count   copies; below 1 appends nothing
+/// @param count   copies; below 1 appends nothing. Time and memory grow with it,
+///                without a limit.
 /// @param step    added from copy to copy, wrapping at 32 bits
 /// @param texts   one address text per copy is appended: octal for X and Y, else
 ///                decimal; a negative address prints as its unsigned 32-bit value

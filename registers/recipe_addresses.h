@@ -20,7 +20,10 @@ extern "C" {
 ///
 /// The position of a running transfer is not reset. Communication thread only;
 /// not from inside the value-change function. Does not call it.
-/// @param vars read, not changed; stays the caller's
+/// @param vars read, not changed; stays the caller's. Any number of them. A variable
+///             is never cut: one of more than 512 registers, or of more than one
+///             request can carry, is not transferred whole. Addresses, counts and
+///             offsets are not checked.
 /// @return the number of variables kept
 KX_EXPORT int intf_setRcpAddress(QVector<_RCP_VAR_PRO>& vars);
 }
