@@ -2,7 +2,6 @@
 
 #include <QtCore/QStringList>
 
-#include <algorithm>
 #include <vector>
 
 namespace
@@ -22,6 +21,16 @@ std::size_t bytesOf(const QString& regType, int count)
         return 0;
     const bool isDouble = regType == QLatin1String("32CV");
     return static_cast<std::size_t>(isBit(regType) ? count : isDouble ? count / 2 * 4 : count * 2);
+}
+
+// One of the first `most` bytes is another.
+QByteArray withAnyByte(QByteArray reply, int most, InputReader* input)
+{
+    const char byte = static_cast<char>(input->byte());
+    const int index = input->below(most);
+    if (!reply.isEmpty())
+        reply[index % static_cast<int>(reply.size())] = byte;
+    return reply;
 }
 
 } // namespace
@@ -107,10 +116,8 @@ QByteArray hostileReply(InputReader* input, const Panel& panel)
     switch (kind) {
     case 0:
         return QByteArray();
-    case 1: // a bit turned over
-        reply[input->below(static_cast<int>(std::min<qsizetype>(reply.size(), 256)))] =
-            static_cast<char>(input->byte());
-        return reply;
+    case 1: // another byte
+        return withAnyByte(reply, 256, input);
     case 2: // too short
         reply.chop(1 + input->below(8));
         return reply;
@@ -120,8 +127,7 @@ QByteArray hostileReply(InputReader* input, const Panel& panel)
         return withCrc(reply.left(1) + '\x83' + '\2');
     case 5: // another station, function or byte count, with its CRC
         reply.chop(2);
-        reply[input->below(3)] = static_cast<char>(input->byte());
-        return withCrc(reply);
+        return withCrc(withAnyByte(reply, 3, input));
     case 6:
         return input->text();
     default:
