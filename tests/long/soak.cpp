@@ -14,7 +14,10 @@ namespace
 {
 
 const int EXCHANGES_PER_ROUND = 5000;
+// Warm is what has made 50 rounds, and a tenth of a long run: until then the heap
+// still meets new orders of allocations.
 const int WARM_UP_ROUNDS = 50;
+const int WARM_UP_PART = 10;
 const qint64 ALLOWED_SPREAD = 64 * 1024; // bytes
 const qint64 MILLISECONDS_BETWEEN_LINES = 60000;
 
@@ -112,7 +115,7 @@ int main(int argc, char** argv)
         if (!(sizes == first))
             soakFailed(QString::fromLatin1("at first %1; now %2").arg(first.text(), sizes.text()));
         const MemoryUse use = memoryUse();
-        if (round >= WARM_UP_ROUNDS)
+        if (round >= WARM_UP_ROUNDS && counts.exchanges >= wanted.exchanges / WARM_UP_PART)
             spread.add(use);
         if (clock.elapsed() >= nextLine) {
             printProgress(counts, use, clock.elapsed());
