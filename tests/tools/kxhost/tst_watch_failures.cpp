@@ -8,7 +8,7 @@
 namespace
 {
 
-const int SUMMARY_LINES = 4; // of a run with time-outs
+const int SUMMARY_LINES = 3; // of a run with time-outs
 
 } // namespace
 
