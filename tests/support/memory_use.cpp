@@ -36,12 +36,21 @@ MemoryUse memoryUse()
     return use;
 }
 
+bool runsUnderValgrind()
+{
+#ifdef __SANITIZE_ADDRESS__
+    return false;
+#else
+    return heapBytes() == 0; // since its own allocator serves all requests
+#endif
+}
+
 bool isMemoryMeasurable()
 {
 #ifdef __SANITIZE_ADDRESS__
     return false;
 #else
-    return heapBytes() > 0; // valgrind's allocator says 0
+    return !runsUnderValgrind();
 #endif
 }
 

@@ -11,6 +11,9 @@ struct MemoryUse {
 
 MemoryUse memoryUse();
 
+/// True under valgrind, where everything takes some fifty times as long.
+bool runsUnderValgrind();
+
 /// False under AddressSanitizer and valgrind, whose allocators keep what is freed.
 bool isMemoryMeasurable();
 
