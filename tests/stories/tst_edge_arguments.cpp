@@ -216,8 +216,7 @@ void EdgeArgumentsTest::strangeNamesAreNobodys()
 
 void EdgeArgumentsTest::checksAddresses()
 {
-    const QList<QString> texts = {QString(),
-                                  QString(QLatin1Char('7')).repeated(1000000),
+    const QList<QString> texts = {QString(), QString(QLatin1Char('7')).repeated(1000000),
                                   QString(QLatin1Char(' ')).repeated(1000000),
                                   QString(QChar(0x0667)), // an Arabic 7
                                   QString::fromLatin1("-2147483649")};
