@@ -15,16 +15,19 @@ qint64 heapBytes()
     return static_cast<qint64>(info.uordblks + info.hblkhd);
 }
 
+// Without the pages of files, such as the code of libraries, which the kernel takes
+// away and brings back as it likes.
 qint64 residentBytes()
 {
     long size = 0;
     long resident = 0;
+    long ofFiles = 0;
     std::FILE* const file = std::fopen("/proc/self/statm", "r");
-    if (!file || std::fscanf(file, "%ld %ld", &size, &resident) != 2)
-        resident = 0;
+    if (!file || std::fscanf(file, "%ld %ld %ld", &size, &resident, &ofFiles) != 3)
+        resident = ofFiles = 0;
     if (file)
         std::fclose(file);
-    return static_cast<qint64>(resident) * sysconf(_SC_PAGESIZE);
+    return static_cast<qint64>(resident - ofFiles) * sysconf(_SC_PAGESIZE);
 }
 
 } // namespace

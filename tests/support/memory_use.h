@@ -6,7 +6,7 @@
 /// Bytes that this process uses.
 struct MemoryUse {
     qint64 heap;     ///< allocated and not freed: mallinfo2, small and mapped blocks
-    qint64 resident; ///< pages in memory: /proc/self/statm
+    qint64 resident; ///< pages of its own in memory: /proc/self/statm
 };
 
 MemoryUse memoryUse();
