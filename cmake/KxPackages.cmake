@@ -58,4 +58,14 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
     COMPONENT ${component})
 endforeach()
 
+# Manual pages are installed compressed, too.
+if(KX_BUILD_TOOLS)
+  foreach(page kxhost.1 kxsim.1)
+    execute_process(COMMAND ${KX_GZIP} -9nc "${CMAKE_CURRENT_SOURCE_DIR}/docs/man/${page}"
+      OUTPUT_FILE "${CMAKE_CURRENT_BINARY_DIR}/packaging/${page}.gz" COMMAND_ERROR_IS_FATAL ANY)
+    install(FILES "${CMAKE_CURRENT_BINARY_DIR}/packaging/${page}.gz"
+      DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+  endforeach()
+endif()
+
 include(CPack)

@@ -52,6 +52,7 @@ QString helpOfAllCommands()
     help += QLatin1String("\nExamples:\n");
     for (const Command& command : commands())
         help += QString::fromLatin1("  %1\n").arg(QLatin1String(command.example));
-    help += QLatin1String("\nkxhost COMMAND --help shows the options of a command.\n");
+    help += QLatin1String("\nkxhost COMMAND --help shows the options of a command,\n"
+                          "kxhost --version the versions.\n");
     return help;
 }

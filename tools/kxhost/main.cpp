@@ -1,6 +1,7 @@
 #include "kxhost/command_table.h"
 #include "kxhost/console.h"
 #include "kxhost/exit_codes.h"
+#include "kxhost/version_text.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -24,6 +25,10 @@ int runCommand(QStringList arguments)
     const QString name = arguments.first();
     if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
         print(helpOfAllCommands());
+        return EXIT_FINE;
+    }
+    if (name == QLatin1String("--version") || name == QLatin1String("-v")) {
+        print(versionText());
         return EXIT_FINE;
     }
     const Command* const command = findCommand(name);

@@ -2,6 +2,8 @@
 
 #include <QtCore/QCommandLineParser>
 
+#include <modbus/modbus.h>
+
 namespace kxsim
 {
 
@@ -79,7 +81,8 @@ struct CommandLine {
     QCommandLineOption dataBits = {{"d", "data-bits"}, "7 or 8 (default 8).", "bits", "8"};
     QCommandLineOption stopBits = {{"s", "stop-bits"}, "1 or 2 (default 1).", "bits", "1"};
     QCommandLineOption help = {{"h", "help"}, "Show this help."};
-    QCommandLineOption version = {{"v", "version"}, "Show the version."};
+    QCommandLineOption version = {{"v", "version"},
+                                  "Show the versions of kxsim, Qt and libmodbus."};
     QCommandLineParser parser;
 
     CommandLine()
@@ -196,7 +199,11 @@ bool parseOptions(const QStringList& arguments, Options* options, QString* error
         return true;
     }
     if (line.parser.isSet(line.version)) {
-        options->information = QStringLiteral("kxsim " KX_VERSION "\n");
+        options->information = QStringLiteral("kxsim " KX_VERSION "\nQt %1\nlibmodbus %2.%3.%4\n")
+                                   .arg(QLatin1String(qVersion()))
+                                   .arg(libmodbus_version_major)
+                                   .arg(libmodbus_version_minor)
+                                   .arg(libmodbus_version_micro);
         return true;
     }
     if (!line.parser.positionalArguments().isEmpty())

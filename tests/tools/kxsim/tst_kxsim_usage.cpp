@@ -134,7 +134,11 @@ void TestKxsimUsage::theVersionIsShown()
     for (const char* const option : {"--version", "-v"}) {
         const Outcome outcome = run({QString::fromLatin1(option)});
         QCOMPARE(outcome.exitCode, 0);
-        QCOMPARE(outcome.output, QStringLiteral("kxsim 1.0.0\n"));
+        // As Debian's libmodbus of the day is called.
+        const QRegularExpression expected(
+            QStringLiteral("^kxsim 1\\.0\\.0\nQt %1\nlibmodbus 3\\.\\d+\\.\\d+\n$")
+                .arg(QRegularExpression::escape(qVersion())));
+        QVERIFY2(expected.match(outcome.output).hasMatch(), qPrintable(outcome.output));
     }
 }
 

@@ -1,0 +1,10 @@
+#ifndef KX_TOOLS_VERSION_TEXT_H
+#define KX_TOOLS_VERSION_TEXT_H
+
+#include <QtCore/QString>
+
+/// What `kxhost --version` prints: the versions of kxhost and Qt, and the file that
+/// the driver library is loaded from, which carries its version in its name.
+QString versionText();
+
+#endif
