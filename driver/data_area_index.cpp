@@ -81,7 +81,7 @@ bool DataAreaIndex::samplesUnchanged(const QList<_DATA_>& list) const
         if (!isUnchanged(list, m_samples[i]))
             return false;
     }
-    return m_known == 0 || isUnchanged(list, m_end);
+    return true;
 }
 
 bool DataAreaIndex::endsUnchanged(const QList<_DATA_>& list) const

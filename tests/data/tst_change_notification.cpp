@@ -64,6 +64,7 @@ private slots:
         QTest::newRow("two bits off") << 0x0005 << 0x0005 << 0 << (QList<int>() << 160 << 162);
         QTest::newRow("one of two") << 0x0005 << 0x0001 << 0x0005 << (QList<int>() << 162);
         QTest::newRow("changed, not watched") << 0x0005 << 0 << 0x0002 << QList<int>();
+        QTest::newRow("the lowest bit alone") << 0x0001 << 0 << 0x0003 << (QList<int>() << 160);
         QTest::newRow("highest bit") << 0x8000 << 0 << 0x8000 << (QList<int>() << 175);
         QTest::newRow("mark above bit 15") << 0x10000 << 0 << 0x10001 << QList<int>();
         QTest::newRow("sign bit of the mask") << INT_MIN << 0 << 0xFFFF << QList<int>();

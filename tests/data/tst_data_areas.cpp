@@ -108,6 +108,18 @@ private slots:
         QCOMPARE(cachedCount(), 0);
     }
 
+    // A list as long as the cache is, of which one record in the middle differs.
+    void aListLikeTheCacheIsSearchedWhole()
+    {
+        DriverFixture runtime;
+        DriverFixture::data(1, "D", 0, 300, 600);
+        QList<_DATA_> list = driver.dataAreas;
+        list[200].address = 5000;
+        QCOMPARE(getIndexOfDataArea(1, "D", 299, driver.dataAreas), 299);
+        QCOMPARE(getIndexOfDataArea(1, "D", 5000, list), 200);
+        QCOMPARE(static_cast<int>(list.size()), 300);
+    }
+
     void noticesKeysRewrittenFromOutside()
     {
         DriverFixture runtime;
