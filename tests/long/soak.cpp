@@ -18,6 +18,7 @@ const int EXCHANGES_PER_ROUND = 5000;
 // still meets new orders of allocations.
 const int WARM_UP_ROUNDS = 50;
 const int WARM_UP_PART = 10;
+const int LEAST_MEASUREMENTS = 16;
 const qint64 ALLOWED_SPREAD = 64 * 1024; // bytes
 const qint64 MILLISECONDS_BETWEEN_LINES = 60000;
 
@@ -89,7 +90,7 @@ void printCounts(const SoakCounts& counts)
 
 bool needsMore(const MemorySpread& spread)
 {
-    return isMemoryMeasurable() && spread.measurements() < 2;
+    return isMemoryMeasurable() && spread.measurements() < LEAST_MEASUREMENTS;
 }
 
 void checkMemory(const MemorySpread& spread)

@@ -9,6 +9,8 @@
 namespace
 {
 
+const int AVERAGED = 8; // measurements of the resident size
+
 qint64 heapBytes()
 {
     const struct mallinfo2 info = mallinfo2();
@@ -61,13 +63,19 @@ void MemorySpread::add(const MemoryUse& use)
 {
     const bool isFirst = m_measurements++ == 0;
     m_lowest.heap = isFirst ? use.heap : std::min(m_lowest.heap, use.heap);
-    m_lowest.resident = isFirst ? use.resident : std::min(m_lowest.resident, use.resident);
     m_highest.heap = isFirst ? use.heap : std::max(m_highest.heap, use.heap);
-    m_highest.resident = isFirst ? use.resident : std::max(m_highest.resident, use.resident);
+    m_residentSum += use.resident;
+    if (m_measurements % AVERAGED != 0)
+        return;
+    const qint64 resident = m_residentSum / AVERAGED;
+    const bool isFirstAverage = m_measurements == AVERAGED;
+    m_residentSum = 0;
+    m_lowest.resident = isFirstAverage ? resident : std::min(m_lowest.resident, resident);
+    m_highest.resident = isFirstAverage ? resident : std::max(m_highest.resident, resident);
 }
 
 bool MemorySpread::isWithin(qint64 bytes) const
 {
-    return m_highest.heap - m_lowest.heap <= bytes
+    return m_measurements >= AVERAGED && m_highest.heap - m_lowest.heap <= bytes
            && m_highest.resident - m_lowest.resident <= bytes;
 }

@@ -17,7 +17,9 @@ bool runsUnderValgrind();
 /// False under AddressSanitizer and valgrind, whose allocators keep what is freed.
 bool isMemoryMeasurable();
 
-/// Lowest and highest of several measurements.
+/// Lowest and highest of several measurements. Whether a freed piece leaves a whole
+/// page empty is chance, so that the resident size goes up and down by some 20 pages:
+/// of it, averages of eight measurements count.
 class MemorySpread
 {
 public:
@@ -27,11 +29,13 @@ public:
     MemoryUse lowest() const { return m_lowest; }
     MemoryUse highest() const { return m_highest; }
 
-    /// Neither figure moved by more than `bytes`.
+    /// Eight measurements were made at least, and neither figure moved by more than
+    /// `bytes`.
     bool isWithin(qint64 bytes) const;
 
 private:
     int m_measurements = 0;
+    qint64 m_residentSum = 0;
     MemoryUse m_lowest = {0, 0};
     MemoryUse m_highest = {0, 0};
 };
