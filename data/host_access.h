@@ -12,6 +12,8 @@ extern "C" {
 /// Copies cached values into `out`: the value written last while that write is
 /// pending, else the value read last, also after a failure. An address never read
 /// gives zeros and gets a cache record. Does not call the value-change function.
+/// @param station station number
+/// @param regType register type name, exact and case-sensitive
 /// @param address first device address, as a number (X and Y: not the octal digits)
 /// @param count   bits, or 16-bit registers (32CV: two per value, so count / 2
 ///                values); below 1 copies nothing, as does an unknown type. It has
@@ -36,6 +38,8 @@ KX_EXPORT int intf_getData(int station, QString regType, int address, int count,
 /// then never sent: its value stays in sight until the address is written again or
 /// another value is read. Calls the value-change function, after queueing and before
 /// storing each value, for each address whose visible value changes.
+/// @param station, regType, address as in intf_getData(); station 0 is a broadcast,
+///              which no controller answers
 /// @param count as in intf_getData(); below 1 does nothing. Time and memory grow with
 ///              it, and `data` is read to its end: stay within the type's range.
 /// @param data  layout as `out` of intf_getData(), but two bytes per register also

@@ -28,13 +28,16 @@ extern "C" {
 /// fails for good marks as many records, creating those that are missing (of bits
 /// eight addresses apart, of 32CV one per register). Counts within the range of a
 /// type keep that to some ten thousand.
-/// Communication thread only. Locks the runtime's mutex briefly when a recipe
-/// transfer ends, never while the value-change function runs.
+/// Communication thread only; not from inside the value-change function. Locks the
+/// runtime's mutex briefly when a recipe transfer ends, so the caller must not hold it;
+/// never while the value-change function runs.
 /// @param reply     the bytes received, station first, CRC last; empty when none
 ///                  came within the runtime's time-out. Not changed; stays the
 ///                  caller's.
-/// @param errorText set to "", or with result 2 to "LENGTH,STATION,ADDRESS,TYPE"
-///                  of the reply and the failed request
+/// @param errorText set to "", or with result 2 to "LENGTH,STATION,ADDRESS,TYPE": bytes
+///                  in the reply, then of the failed request the station, the first
+///                  address (decimal, also of X and Y) and the register type; stays the
+///                  caller's
 /// @return 0, 1, 2 or 8, see ReplyResult
 KX_EXPORT int intf_dealRcvFrame(QByteArray& reply, QString& errorText);
 }

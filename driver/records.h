@@ -28,7 +28,7 @@ enum JobKind {
 
 /// One read or write job.
 struct VARIABLE {
-    int kind;        ///< job kind tag, see JobKind
+    int kind;        ///< see JobKind; a recipe block keeps the one of the job before
     int station;     ///< station number; only its low byte is sent
     QString regType; ///< register type name, one of the 13 of `REG_LIST`
     int address;     ///< device address of the first element, as a number
@@ -111,7 +111,7 @@ struct _RCP_VAR_PRO {
     int station;               ///< station number
     QString regType;           ///< register type name
     int address;               ///< device address, as a number
-    int count;                 ///< 16-bit registers
+    int count;                 ///< 16-bit registers; of bit types bits
     int bufOffset;             ///< position in the recipe buffer, in 16-bit words
     unsigned char rcpExtra[4]; ///< the runtime's values; carried unread
 };

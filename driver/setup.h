@@ -1,6 +1,5 @@
-/// Set-up entry points: what the driver is, and how a runtime configures it.
-/// All run on the runtime's communication thread; none calls the value-change
-/// function, and all may be called from inside it except intf_initProperty().
+/// Set-up entry points: what the driver is, and how a runtime configures it. None
+/// calls the value-change function.
 #ifndef TARVELAN_DRIVER_SETUP_H
 #define TARVELAN_DRIVER_SETUP_H
 
@@ -12,26 +11,39 @@
 
 extern "C" {
 
-/// Writes the protocol type, 0, to `*out`.
+/// Gives the protocol type, a number for the runtime. Pure: may be called on any
+/// thread, before initialising and from inside the value-change function.
+/// @param out set to 0; not null; stays the caller's
 KX_EXPORT void intf_getProtocolType(int* out);
 
-/// Assigns the default parameters to `out`: 23 items separated by commas (baud
-/// rate, data bits, parity, stop bits, device address and port, driver name,
-/// register types).
+/// Gives the default parameters. Pure, as intf_getProtocolType().
+/// @param out set to 23 items separated by commas, among them the baud rate (bits
+///            per second), data bits, parity, stop bits, network address and port of
+///            a device, the driver's name and the register types; stays the caller's
 KX_EXPORT void intf_getDriverParameter(QString& out);
 
-/// Assigns the property page, "0_0", to `out`.
+/// Gives the property page, a text for the runtime. Pure, as intf_getProtocolType().
+/// @param out set to "0_0"; stays the caller's
 KX_EXPORT void intf_getDriverPropertyPage(QString& out);
 
-/// Assigns the empty string to `out`; the driver keeps nothing.
+/// Takes a property page, of which the driver keeps nothing. Pure, as
+/// intf_getProtocolType().
+/// @param out set to the empty string, whatever it held; stays the caller's
 KX_EXPORT void intf_SetDriverPropertyPage(QString& out);
 
-/// Registers the value-change function, replacing any earlier one. The driver
-/// does not test it for null: register one before the first reply or write.
+/// Registers the value-change function, replacing any earlier one. Communication
+/// thread only; may be called from inside that function: the next report goes to the
+/// new one.
+/// @param callBack called on the communication thread, inside intf_dealRcvFrame() and
+///                 intf_setData(), without a test for null: register one before the
+///                 first reply or write. It must exist until it is replaced or the
+///                 library is used no more.
 KX_EXPORT void intf_setAddrValueChangeCallBack(ValueChangeCallBack callBack);
 
 /// Hands over parameters and resources and discards every queued job, frame
 /// and cached value. The recipe plan and its position survive.
+///
+/// Communication thread only; not from inside the value-change function.
 ///
 /// @param shared       the runtime's block of at least 60117 bytes: byte 60115
 ///                     requests a recipe write, byte 60116 a recipe read, each

@@ -14,10 +14,13 @@ extern "C" {
 ///
 /// Communication thread only; not from inside the value-change function, which
 /// it never calls. Locks the runtime's mutex briefly to read the two recipe
-/// request bytes.
-/// @param out the whole record is copied: transmit `sendLen` bytes of `frame`,
-///            then collect up to `recvLen` bytes of reply
-/// @return 1 when `*out` holds a request, 0 when there is nothing to send
+/// request bytes, so the caller must not hold it.
+/// @param out not null, the caller's. With result 1 the whole record is copied:
+///            transmit `sendLen` bytes of `frame`, then collect up to `recvLen` bytes
+///            of reply; with result 0 it is untouched.
+/// @return 1 when `*out` holds a request, 0 when there is nothing to send, or when the
+///         next job yields no request (a read of station 0, a recipe download of an
+///         unknown type)
 KX_EXPORT int intf_getSendFrame(FRAME_PRO* out);
 }
 

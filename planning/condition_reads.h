@@ -16,17 +16,20 @@ extern "C" {
 ///
 /// When the piece queued last has been answered or has failed for good, the
 /// value-change function is called with (-1, -1, "-1", r), r being 0, or -1 after
-/// the failure. Any failure drops all waiting condition reads, and when an earlier
-/// piece fails nothing is reported.
+/// the failure. Any failure drops all waiting condition reads, those queued from
+/// inside its report too, and when an earlier piece fails nothing is reported.
 ///
 /// Communication thread only; may be called from inside the value-change
 /// function; does not call it.
-/// @param key  station, register type, first address, count; not changed. Nothing is
-///             checked: keep the range within the type's, on one side of the split of
+/// @param key  station, register type, first address (a number), count (bits, or
+///             16-bit registers; 32CV two per value), `bitIndex`; not changed, stays the
+///             caller's. Nothing is checked: keep the station above 0, since a read of
+///             station 0 yields no request and stays at the head of the queue, and
+///             keep the range within the type's, on one side of the split of
 ///             M, SM and SD, and one of 32CV within `maxWords`. However long it is,
 ///             the call takes no more than a few milliseconds; but a request that
 ///             fails for good marks as many cache records as it asked for.
-/// @param kind stored in the jobs
+/// @param kind stored in the jobs; a condition read is 3
 /// @return always 1
 KX_EXPORT int intf_addConditionRead(KEY_ADDRESS& key, int kind);
 }

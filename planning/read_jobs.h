@@ -16,7 +16,8 @@ extern "C" {
 /// contiguous, and reads other coils from SM256 on: watch them more than `maxWords`
 /// apart, or ask for them with intf_addConditionRead(), a range each.
 ///
-/// Communication thread only; does not call the value-change function.
+/// Communication thread only; not from inside the value-change function, which it
+/// does not call.
 /// @param keys station, register type, first address and count (bits, or 16-bit
 ///             registers; 32CV two per value) of each range; not changed, stays
 ///             the caller's. Any number of them. A range is never cut, so none

@@ -22,22 +22,23 @@ extern "C" {
 
 /// Checks the address of a bit or word tag.
 /// @param regType  register type name, exact and case-sensitive
-/// @param addrText address as typed: octal for X and Y, else decimal
-/// @param addr     out: the number; stored with results 0, 2 and 4 (then 0),
-///                 untouched with 1 and 3
-/// @param length   register units from the address on that the tag covers;
-///                 0 or less is not refused
+/// @param addrText address as typed: octal for X and Y, else decimal; a sign is taken
+/// @param addr     out, not null, the caller's: the number; stored with results 0, 2
+///                 and 4 (then 0), untouched with 1 and 3
+/// @param length   bits or 16-bit registers from the address on that the tag covers
+///                 (32CV: two per value); 0 or less is not refused
 /// @param isWord   0 for a bit tag, any other value for a word tag
 /// @return 0 to 4 of AddressCheck; a kind mismatch wins over all other faults
 KX_EXPORT int intf_checkAddrValidity(const QString& regType, const QString& addrText, int* addr,
                                      int length, int isWord);
 
 /// Checks the address of a tag with its data type and access.
+/// @param regType, addrText, length as for intf_checkAddrValidity()
+/// @param addr     the same, but also untouched with 5 and 6
 /// @param dataType the runtime's data-type code; -1 means a bit tag; 32CV takes
 ///                 1, 3, 5, 6 and 9
 /// @param access   the runtime's access code; X refuses 1 and 2
-/// @return 0 to 6 of AddressCheck; order of precedence 1, 6, 5, 3, 4, 2. `addr`
-///         is untouched with 1, 3, 5 and 6.
+/// @return 0 to 6 of AddressCheck; order of precedence 1, 6, 5, 3, 4, 2
 KX_EXPORT int intf_checkAddr(const QString& regType, const QString& addrText, int* addr,
                              int dataType, int length, int access);
 }

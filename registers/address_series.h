@@ -17,7 +17,8 @@ extern "C" {
 /// @param step    added from copy to copy, wrapping at 32 bits
 /// @param texts   one address text per copy is appended: octal for X and Y, else
 ///                decimal; a negative address prints as its unsigned 32-bit value
-/// @param addrs   the same addresses as numbers are appended
+/// @param addrs   the same addresses as numbers are appended. Both vectors stay the
+///                caller's and are not cleared.
 /// @return 0 unknown type, nothing appended; 1 all within the type's highest
 ///         address; 2 at least one was past it and replaced by it. There is no
 ///         test against the lowest address.

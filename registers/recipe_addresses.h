@@ -20,11 +20,13 @@ extern "C" {
 ///
 /// The position of a running transfer is not reset. Communication thread only;
 /// not from inside the value-change function. Does not call it.
-/// @param vars read, not changed; stays the caller's. Any number of them. A variable
-///             is never cut: one of more than 512 registers, or of more than one
-///             request can carry, is not transferred whole. Addresses, counts and
-///             offsets are not checked.
-/// @return the number of variables kept
+/// @param vars of each variable: link number, station, register type, first address (a
+///             number), count (16-bit registers, 32CV two per value; bit types bits)
+///             and offset in the recipe buffer (16-bit words). Read, not changed; stays
+///             the caller's. Any number of them. A variable is never cut: one of more
+///             than 512 registers, or of more than one request can carry, is not
+///             transferred whole. Addresses, counts and offsets are not checked.
+/// @return the number of variables kept, that is of this driver's link
 KX_EXPORT int intf_setRcpAddress(QVector<_RCP_VAR_PRO>& vars);
 }
 

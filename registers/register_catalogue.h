@@ -22,13 +22,17 @@ extern KX_EXPORT const int REG_OFFSET[13 * 3];
 
 extern "C" {
 
-/// Appends register type names to `names`, which is not cleared.
-/// @param kind 0: bit types (SM before M); 1: word types; other: none
+/// Lists the register types of one kind. Pure: may be called on any thread and from
+/// inside the value-change function.
+/// @param kind  0: bit types (SM before M); 1: word types, 32CV among them; other: none
+/// @param names the names are appended; not cleared, stays the caller's
 /// @return 1, or 0 for any other kind
 KX_EXPORT int intf_getRegListByType(int kind, QList<QString>& names);
 
-/// Appends the five description columns of a register type to `description`.
-/// @param regType exact, case-sensitive name
+/// Describes one register type. Pure, as intf_getRegListByType().
+/// @param regType     exact, case-sensitive name
+/// @param description the five columns of `REG_DESCRIPTION` are appended; not cleared,
+///                    stays the caller's
 /// @return 1, or 0 (nothing appended) when no type has that name
 KX_EXPORT int intf_getRegDiscription(const QString& regType, QList<QString>& description);
 }

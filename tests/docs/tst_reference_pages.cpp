@@ -27,6 +27,7 @@ QStringList entryPoints()
     return exportedNames().filter(QStringLiteral("intf_"));
 }
 
+/// The headers that declare entry points, on one line.
 QString declarations()
 {
     QString headers;
@@ -37,6 +38,24 @@ QString declarations()
           "data/host_access.h"})
         headers += sourceText(QString::fromLatin1(header));
     return headers.simplified();
+}
+
+QString synopsisOf(const QString& page)
+{
+    return between(page, "## Synopsis\n\n```cpp\n", "\n```").simplified();
+}
+
+/// What the header says before that declaration, on one line.
+QString commentBefore(const QString& synopsis)
+{
+    QString before = declarations().section("KX_EXPORT " + synopsis, 0, 0);
+    return before.section("KX_EXPORT ", -1).remove("/// ");
+}
+
+/// The rows of the guide that say what must not be called from inside.
+QString forbiddenInTheGuide()
+{
+    return sourceText("docs/guide/threads-and-calls.md").split('\n').filter("| no |").join(' ');
 }
 
 // "_Z14check_rcv_dataPhi" is check_rcv_data: a length, then so many letters.
@@ -74,13 +93,31 @@ private slots:
         QFETCH(QString, page);
         const QString name = QString::fromLatin1(QTest::currentDataTag());
         QVERIFY(page.startsWith("# " + name + "\n"));
-        const QString synopsis = between(page, "## Synopsis\n\n```cpp\n", "\n```").simplified();
+        const QString synopsis = synopsisOf(page);
         QVERIFY(synopsis.contains(" " + name + "("));
         QVERIFY2(declarations().contains("KX_EXPORT " + synopsis), qPrintable(synopsis));
         QVERIFY(page.contains("```{literalinclude} ../examples/reference/" + name + ".cpp\n"));
         QVERIFY(page.contains("```{literalinclude} ../examples/reference/" + name + ".expected\n"));
         QVERIFY(sourceText("docs/examples/reference/" + name + ".cpp").contains(name + "("));
         QVERIFY(sourceText("docs/reference/index.md").contains("(" + name + ".md)"));
+    }
+
+    void whatIsCalledFromInside_data() { entryPoint_data(); }
+
+    // Page, header and guide say the same of calls from inside the value-change function.
+    void whatIsCalledFromInside()
+    {
+        QFETCH(QString, page);
+        const bool isForbidden =
+            page.contains(" It must not be called from inside the value-change function.");
+        QCOMPARE(page.contains(" It may be called from inside the value-change function."),
+                 !isForbidden);
+        QCOMPARE(
+            commentBefore(synopsisOf(page)).contains("not from inside the value-change function"),
+            isForbidden);
+        QCOMPARE(forbiddenInTheGuide().contains(
+                     QString("`%1`").arg(QLatin1String(QTest::currentDataTag()))),
+                 isForbidden);
     }
 
     void everyOtherNameIsOnOnePage()
