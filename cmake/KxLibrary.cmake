@@ -50,6 +50,9 @@ if(KX_HAS_MEMCPY_STRATEGY)
   target_compile_options(tarvelan_kx_series PRIVATE
     -mmemcpy-strategy=libcall:-1:noalign -mmemset-strategy=libcall:-1:noalign)
 endif()
+if(KX_PRECOMPILES)
+  target_precompile_headers(tarvelan_kx_series PRIVATE ${KX_CORE_HEADERS})
+endif()
 # A panel loads several drivers that export the same names: each must use its own.
 target_link_options(tarvelan_kx_series PRIVATE -Wl,-Bsymbolic -Wl,--no-undefined)
 

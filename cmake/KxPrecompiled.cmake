@@ -1,0 +1,31 @@
+# Qt's headers take longer to parse than the sources that read them. A build with tests
+# parses them once for all; any other, such as the one that check-style looks at, shows
+# that each source includes what it uses.
+
+set(KX_CORE_HEADERS <QtCore/QtCore> <algorithm> <functional> <vector>)
+
+if(BUILD_TESTING AND NOT KX_QT EQUAL 4)
+  set(KX_PRECOMPILES ON)
+else()
+  set(KX_PRECOMPILES OFF)
+endif()
+
+# kx_add_core_headers(NAME): QtCore's headers for targets with the flags of this folder.
+function(kx_add_core_headers name)
+  if(KX_PRECOMPILES)
+    set(source "${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp")
+    file(GENERATE OUTPUT "${source}" CONTENT "")
+    add_library(${name} STATIC "${source}")
+    set_target_properties(${name} PROPERTIES CXX_STANDARD 17)
+    target_link_libraries(${name} PRIVATE Kx::Core)
+    kx_add_warnings(${name}) # some of which are part of what is precompiled
+    target_precompile_headers(${name} PRIVATE ${KX_CORE_HEADERS})
+  endif()
+endfunction()
+
+# kx_precompile(TARGET NAME): TARGET reads the headers of NAME.
+function(kx_precompile target name)
+  if(KX_PRECOMPILES)
+    target_precompile_headers(${target} REUSE_FROM ${name})
+  endif()
+endfunction()
