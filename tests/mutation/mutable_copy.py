@@ -63,7 +63,7 @@ class MutableCopy:
         self.tests = self.read_tests()
         self.seconds = {test.name: self.measure(test) for test in self.tests}
         self.originals = {unit: (self.build / unit.object).read_bytes() for unit in self.units}
-        self.optimised = {}
+        self.codes = {unit: self.code_of(self.build / unit.object) for unit in self.units}
 
     def copy_sources(self):
         listed = subprocess.run(['git', 'ls-files', '--cached', '--others', '--exclude-standard'],
@@ -184,13 +184,19 @@ class MutableCopy:
         for command in (target / 'link.txt').read_text().splitlines():
             run_quietly(shlex.split(command), target.parent.parent)
 
+    def code_of(self, path):
+        """The content of an object without the lines and columns of its source."""
+        stripped = self.build / 'stripped.o'
+        run_quietly(['objcopy', '--strip-debug', path, stripped], self.build)
+        return stripped.read_bytes()
+
     def optimised_objects(self, units):
         """What optimising makes of the units: the same for equivalent texts."""
         made = []
         for unit in units:
             output = self.build / 'optimised.o'
-            command = [word for word in unit.command]
+            command = list(unit.command)
             command[command.index('-o') + 1] = str(output)
             run_quietly(command + ['-O2', '-fno-reorder-functions'], unit.directory, timeout=300)
-            made.append(output.read_bytes())
+            made.append(self.code_of(output))
         return made
