@@ -147,22 +147,30 @@ void ReadJobsTest::aSecondListReplacesThePlan()
 
 void ReadJobsTest::nothingOfThePlanBeforeSurvives_data()
 {
-    QTest::addColumn<int>("payloadByte");
-    QTest::newRow("the first byte of the payload") << 0;
-    QTest::newRow("the second byte") << 1;
-    QTest::newRow("the last byte") << 1023;
+    QTest::addColumn<int>("first"); // of the payload bytes that are not 0
+    QTest::addColumn<int>("step");
+    QTest::addColumn<int>("value");
+    QTest::newRow("the first byte of the payload") << 0 << 1024 << 0xAA;
+    QTest::newRow("the second byte") << 1 << 1024 << 0xAA;
+    QTest::newRow("the last byte") << 1023 << 1024 << 0xAA;
+    QTest::newRow("every other byte") << 1 << 2 << 0xAA;
+    QTest::newRow("every byte 1") << 0 << 1 << 1;
+    QTest::newRow("every byte 255") << 0 << 1 << 0xFF;
 }
 
 void ReadJobsTest::nothingOfThePlanBeforeSurvives()
 {
-    QFETCH(int, payloadByte);
+    QFETCH(int, first);
+    QFETCH(int, step);
+    QFETCH(int, value);
     DriverFixture runtime;
     QList<KEY_ADDRESS> before;
     before << key(1, "D", 0, 4) << key(2, "M", 8, 4) << key(3, "Y", 0, 1);
     QCOMPARE(intf_addrMerge(before), 3);
     driver.readList[0] = job(9, "Z", 3, 7);
     driver.readList[0].kind = 2;
-    driver.readList[0].data[payloadByte] = 0xAA;
+    for (int byte = first; byte < PAYLOAD_SIZE; byte += step)
+        driver.readList[0].data[byte] = static_cast<unsigned char>(value);
 
     QList<KEY_ADDRESS> now;
     now << key(1, "D", 100, 1);
