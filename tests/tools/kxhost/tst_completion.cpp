@@ -1,8 +1,8 @@
 // The completion of kxhost in bash.
 
+#include "bash_completion.h"
 #include "command_process.h"
 
-#include <QtCore/QProcess>
 #include <QtTest/QtTest>
 
 class TestCompletion : public QObject
@@ -21,48 +21,19 @@ private slots:
 namespace
 {
 
-struct ShellResult {
-    int exitCode;
-    QStringList lines;
-    QByteArray errors;
-};
+const CompletionScript SCRIPT = {KX_COMPLETION_FILE, "_kxhost", KX_HOST_PROGRAM};
 
-ShellResult runBash(const QStringList& arguments)
-{
-    QProcess bash;
-    bash.start(QLatin1String("bash"), arguments);
-    bash.waitForFinished();
-    const QString output = QString::fromUtf8(bash.readAllStandardOutput());
-    return {bash.exitCode(),
-            output.split(QLatin1Char('\n')).filter(QRegularExpression(QLatin1String("."))),
-            bash.readAllStandardError()};
-}
-
-/// What is offered for the last of the words behind the program's name.
 QStringList completed(const QString& words)
 {
-    const QString script =
-        QString::fromLatin1("source '%1'; COMP_WORDS=('%2' %3); "
-                            "COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _kxhost; "
-                            "printf '%s\\n' \"${COMPREPLY[@]}\"")
-            .arg(QLatin1String(KX_COMPLETION_FILE), QLatin1String(KX_HOST_PROGRAM), words);
-    QStringList offered = runBash({QLatin1String("-c"), script}).lines;
-    offered.sort();
-    return offered;
+    return SCRIPT.completed(words);
 }
 
 } // namespace
 
 void TestCompletion::theScriptIsGoodBash()
 {
-    const ShellResult result =
-        runBash({QLatin1String("-n"), QString::fromLatin1(KX_COMPLETION_FILE)});
-    QCOMPARE(result.errors, QByteArray());
-    QCOMPARE(result.exitCode, 0);
-    const ShellResult completion =
-        runBash({QLatin1String("-c"), QString::fromLatin1("source '%1' && complete -p kxhost")
-                                          .arg(QLatin1String(KX_COMPLETION_FILE))});
-    QCOMPARE(completion.lines, QStringList{"complete -F _kxhost kxhost"});
+    QCOMPARE(SCRIPT.faults(), QByteArray());
+    QCOMPARE(SCRIPT.registration("kxhost"), QStringList{"complete -F _kxhost kxhost"});
 }
 
 void TestCompletion::everyCommandIsOffered()

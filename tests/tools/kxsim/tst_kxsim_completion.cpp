@@ -1,0 +1,81 @@
+// The completion of kxsim in bash.
+
+#include "bash_completion.h"
+
+#include <QtCore/QProcess>
+#include <QtTest/QtTest>
+
+namespace
+{
+
+const CompletionScript SCRIPT = {KX_COMPLETION_FILE, "_kxsim", KXSIM_PROGRAM};
+
+} // namespace
+
+class TestKxsimCompletion : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theScriptIsGoodBash();
+    void whatIsOffered_data();
+    void whatIsOffered();
+    void everyOptionIsOffered();
+    void everyFaultIsOffered();
+    void filesAreOffered();
+};
+
+void TestKxsimCompletion::theScriptIsGoodBash()
+{
+    QCOMPARE(SCRIPT.faults(), QByteArray());
+    QCOMPARE(SCRIPT.registration("kxsim"), QStringList{"complete -F _kxsim kxsim"});
+}
+
+void TestKxsimCompletion::whatIsOffered_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QStringList>("offered");
+    QTest::newRow("options by their beginning")
+        << "--st" << QStringList{"--station", "--still", "--stop-bits"};
+    QTest::newRow("an option behind a switch") << "--still --sy" << QStringList{"--symlink"};
+    QTest::newRow("parities") << "--parity ''" << QStringList{"even", "none", "odd"};
+    QTest::newRow("parities, short") << "-p e" << QStringList{"even"};
+    QTest::newRow("baud rates") << "-b 1" << QStringList{"115200", "1200", "19200"};
+    QTest::newRow("data bits") << "-d ''" << QStringList{"7", "8"};
+    QTest::newRow("stop bits") << "--stop-bits ''" << QStringList{"1", "2"};
+    QTest::newRow("faults by their beginning") << "--fault de" << QStringList{"deaf:", "delay:"};
+    QTest::newRow("a station is the user's") << "--station ''" << QStringList();
+    QTest::newRow("preset values are the user's") << "--set D" << QStringList();
+}
+
+void TestKxsimCompletion::whatIsOffered()
+{
+    QFETCH(QString, words);
+    QTEST(SCRIPT.completed(words), "offered");
+}
+
+void TestKxsimCompletion::everyOptionIsOffered()
+{
+    QCOMPARE(SCRIPT.completed("''"),
+             (QStringList{"--baud", "--data-bits", "--fault", "--fault-delay", "--fault-seed",
+                          "--help", "--log", "--parity", "--port", "--set", "--station", "--still",
+                          "--stop-bits", "--symlink", "--version"}));
+}
+
+void TestKxsimCompletion::everyFaultIsOffered()
+{
+    QCOMPARE(SCRIPT.completed("--fault ''"),
+             (QStringList{"all:", "close:", "corrupt:", "deaf:", "delay:", "duplicate:", "echo:",
+                          "exception:", "extra-after:", "extra-before:", "other-station:",
+                          "silence:", "truncate:"}));
+}
+
+void TestKxsimCompletion::filesAreOffered()
+{
+    const QString file = KX_COMPLETION_FILE;
+    QCOMPARE(SCRIPT.completed("--symlink " + file.left(file.size() - 2)), QStringList{file});
+    QCOMPARE(SCRIPT.completed("--port /dev/nul"), QStringList{"/dev/null"});
+}
+
+QTEST_GUILESS_MAIN(TestKxsimCompletion)
+#include "tst_kxsim_completion.moc"
