@@ -136,7 +136,7 @@ bool parseAddressRange(const QString& address, AddressRange* range, QString* err
         QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch parts = pattern.match(address);
     if (!parts.hasMatch())
-        return fail(error, text("%1: not an address; write TYPE ADDRESS[:COUNT][@STATION] without "
+        return fail(error, text("%1: not an address; write TYPENUMBER[:COUNT][@STATION] without "
                                 "spaces, such as D100:4, X17 or 32CV200@2")
                                .arg(address));
     *range = AddressRange();

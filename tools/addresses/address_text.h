@@ -25,7 +25,7 @@ struct Assignment {
     QList<qint64> values; ///< one per address: 0 or 1, -32768..65535, or 32 bits
 };
 
-/// Parses TYPE ADDRESS [:COUNT] [@STATION]. Returns false and one line in
+/// Parses TYPENUMBER[:COUNT][@STATION]. Returns false and one line in
 /// `*error` when the type is unknown, a digit does not suit its radix, the range
 /// leaves the type's addresses, or the station is not 1 to 247.
 bool parseAddressRange(const QString& text, AddressRange* range, QString* error);

@@ -17,7 +17,18 @@ QString helpText(const QCommandLineParser& parser, const CommandHelp& help)
                        .arg(QLatin1String(help.usage), QLatin1String(help.summary), options);
     for (const QString& example : QString::fromLatin1(help.examples).split(QLatin1Char('\n')))
         text += QString::fromLatin1("  %1\n").arg(example);
-    return text;
+    return text + QLatin1Char('\n') + exitCodesText();
+}
+
+/// "unknown option 'speed'; kxhost watch --help shows the options"
+QString parserFault(const QCommandLineParser& parser, const CommandHelp& help)
+{
+    QString fault = parser.errorText();
+    fault.replace(0, 1, fault.at(0).toLower());
+    if (fault.endsWith(QLatin1Char('.')))
+        fault.chop(1);
+    const QString command = QString::fromLatin1(help.usage).section(QLatin1Char(' '), 0, 0);
+    return QString::fromLatin1("%1; kxhost %2 --help shows the options").arg(fault, command);
 }
 
 } // namespace
@@ -35,12 +46,18 @@ bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
         return false;
     }
     if (!isParsed)
-        *exitCode = complain(parser->errorText(), EXIT_WRONG_USAGE);
+        *exitCode = complain(parserFault(*parser, help), EXIT_WRONG_USAGE);
     return isParsed;
 }
 
+QString exitCodesText()
+{
+    return QString::fromLatin1("Exit codes: 0 fine, 1 a station failed or the line was lost, "
+                               "2 wrong usage,\n3 the port or the library cannot be opened.\n");
+}
+
 bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
-                int* number, QString* error)
+                int* number, QString* error, const char* unit)
 {
     const QString name = QString::fromLatin1(option);
     if (!parser.isSet(name))
@@ -48,9 +65,10 @@ bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest
     bool isNumber = false;
     const int value = parser.value(name).toInt(&isNumber);
     if (!isNumber || value < lowest || value > highest) {
-        *error =
-            QString::fromLatin1("--%1 %2: must be a number from %3 to %4")
-                .arg(name, parser.value(name), QString::number(lowest), QString::number(highest));
+        const QString kind = unit ? QLatin1String(" of ") + QLatin1String(unit) : QString();
+        *error = QString::fromLatin1("--%1 %2: must be a whole number%3 from %4 to %5")
+                     .arg(name, parser.value(name), kind, QString::number(lowest),
+                          QString::number(highest));
         return false;
     }
     *number = value;

@@ -19,8 +19,12 @@ struct CommandHelp {
 bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
                       const CommandHelp& help, int* exitCode);
 
+/// What each exit code means, for the helps.
+QString exitCodesText();
+
 /// The number that an option holds, or one line in `*error`.
+/// @param unit for the line, such as "milliseconds"
 bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
-                int* number, QString* error);
+                int* number, QString* error, const char* unit = nullptr);
 
 #endif

@@ -1,5 +1,6 @@
 #include "kxhost/command_table.h"
 
+#include "kxhost/command_line.h"
 #include "kxhost/commands/check_command.h"
 #include "kxhost/commands/plan_command.h"
 #include "kxhost/commands/read_command.h"
@@ -43,8 +44,9 @@ const Command* findCommand(const QString& name)
 
 QString helpOfAllCommands()
 {
-    QString help = QString::fromLatin1("Usage: kxhost COMMAND [options] ...\n"
-                                       "Talks to controllers over Modbus RTU.\n\nCommands:\n");
+    QString help =
+        QString::fromLatin1("Usage: kxhost COMMAND [options] ...\n"
+                            "Talks to KX series controllers over Modbus RTU.\n\nCommands:\n");
     for (const Command& command : commands())
         help += QString::fromLatin1("  %1 %2\n")
                     .arg(QLatin1String(command.name), -10)
@@ -52,6 +54,10 @@ QString helpOfAllCommands()
     help += QLatin1String("\nExamples:\n");
     for (const Command& command : commands())
         help += QString::fromLatin1("  %1\n").arg(QLatin1String(command.example));
+    help += QLatin1String("\nAn address is TYPENUMBER[:COUNT][@STATION], such as D100:4, X17 or "
+                          "32CV200@2.\nX and Y are octal (X10 follows X7), all other types "
+                          "decimal.\n\n");
+    help += exitCodesText();
     help += QLatin1String("\nkxhost COMMAND --help shows the options of a command,\n"
                           "kxhost --version the versions.\n");
     return help;

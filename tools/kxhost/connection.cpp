@@ -69,7 +69,7 @@ int openDriver(const QString& library, DriverEntryPoints* entryPoints)
 {
     QString error;
     if (!loadDriver(driverFile(library), entryPoints, &error))
-        return complain(error, EXIT_CANNOT_OPEN);
+        return complain(error + QLatin1String("; name its file with --library"), EXIT_CANNOT_OPEN);
     return EXIT_FINE;
 }
 

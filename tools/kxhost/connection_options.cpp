@@ -8,38 +8,46 @@ namespace
 {
 
 struct OptionText {
-    const char* names; ///< separated by commas
-    const char* description;
-    const char* valueName; ///< null: a switch
+    const char* names;       ///< separated by commas
+    const char* description; ///< %1 stands for the usual time-out
+    const char* valueName;   ///< null: a switch
 };
 
 const OptionText OPTIONS[] = {
-    {"p,port", "Serial port or pseudo-terminal.", "PORT"},
-    {"b,baud", "Baud rate (default 9600).", "BAUD"},
-    {"parity", "none, even or odd (default none).", "PARITY"},
-    {"data-bits", "7 or 8 (default 8).", "BITS"},
-    {"stop-bits", "1 or 2 (default 1).", "BITS"},
-    {"tcp", "Gateway that passes the serial line on (default port 8888).", "HOST[:PORT]"},
+    {"p,port",
+     "Serial port or pseudo-terminal. A name without / is one in /dev or, when there is none, "
+     "a file of the current folder.",
+     "PORT"},
+    {"b,baud", "Bits per second (default 9600).", "BAUD"},
+    {"parity", "Parity: none, even or odd (default none).", "PARITY"},
+    {"data-bits", "Data bits, 7 or 8 (default 8).", "BITS"},
+    {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
+    {"tcp", "Network gateway to the serial line (default port 8888).", "HOST[:PORT]"},
     {"simulate", "Start a simulated controller inside and talk to it.", nullptr},
-    {"fault", "Fault of the simulated line, as of kxsim; repeatable.", "KIND:PROBABILITY"},
+    {"fault",
+     "Fault of the simulated line and its probability, 0 to 1; kxsim --help lists the kinds; "
+     "repeatable.",
+     "KIND:PROBABILITY"},
     {"fault-seed", "Seed of the faults, for repeatable runs (default 1).", "NUMBER"},
     {"fault-delay", "Milliseconds that delayed replies are late (default 1500).", "MS"},
     {"s,station", "Station of addresses without @STATION (default 1).", "STATION"},
-    {"t,timeout", "Milliseconds to wait for a reply (default 1000).", "MS"},
+    {"t,timeout", "Milliseconds to wait for a reply (default %1).", "MS"},
     {"settle",
-     "Milliseconds after the time-out in which a late reply may still come; requests it could "
-     "be mistaken for wait (default as --timeout).",
+     "Milliseconds after the time-out in which a late reply may still come; requests that it "
+     "could be taken to answer wait so long (default as --timeout).",
      "MS"},
     {"quiet",
-     "Milliseconds of silence before each request (default, and at least, 3.5 characters; none "
-     "on a gateway).",
+     "Milliseconds of silence before each request (default, and at least, the time of 3.5 "
+     "characters; on a gateway 0).",
      "MS"},
-    {"r,retries", "Bad replies in a row that fail a request (default 3).", "COUNT"},
-    {"reopen", "Seconds to try to open a lost line again (default 0: end at once).", "SECONDS"},
-    {"max-words", "Longest request in registers (default 32).", "COUNT"},
+    {"r,retries", "Bad or missing replies in a row after which a request has failed (default 3).",
+     "COUNT"},
+    {"reopen", "Seconds in which a lost line is opened again (default 0: end at once).", "SECONDS"},
+    {"max-words", "The driver's longest request: so many registers, or watched bits (default 32).",
+     "COUNT"},
     {"library", "File of the driver library.", "PATH"},
-    {"frames", "Show every request and reply.", nullptr},
-    {"json", "Write lines of JSON.", nullptr},
+    {"frames", "Show every request and reply, in hexadecimal.", nullptr},
+    {"json", "Write JSON, an object per line.", nullptr},
 };
 
 const int FASTEST_BAUD = 4000000;
@@ -102,9 +110,11 @@ bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, Q
            && takeNumber(parser, "stop-bits", 1, 2, &timing.stopBits, error)
            && takeNumber(parser, "station", 1, HIGHEST_STATION, &options->station, error)
            && takeNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
-                         error)
-           && takeNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error)
-           && takeNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error)
+                         error, "milliseconds")
+           && takeNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error,
+                         "milliseconds")
+           && takeNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error,
+                         "milliseconds")
            && takeNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
            && takeNumber(parser, "max-words", 1, MOST_READ_WORDS, &session.maxWords, error);
 }
@@ -112,7 +122,7 @@ bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, Q
 bool takePatience(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     int seconds = 0;
-    if (!takeNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error))
+    if (!takeNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error, "seconds"))
         return false;
     options->patience = seconds * MILLISECONDS_PER_SECOND;
     return true;
@@ -122,7 +132,7 @@ bool takeFaults(const QCommandLineParser& parser, ConnectionOptions* options, QS
 {
     for (const char* const option : {"fault", "fault-seed", "fault-delay"}) {
         if (isSet(parser, option) && !options->simulate) {
-            *error = QString::fromLatin1("--%1 needs --simulate; kxsim has it, too")
+            *error = QString::fromLatin1("--%1 needs --simulate; kxsim has the same option")
                          .arg(QLatin1String(option));
             return false;
         }
@@ -154,12 +164,15 @@ bool takeLine(const QCommandLineParser& parser, ConnectionOptions* options, QStr
 
 } // namespace
 
-void addConnectionOptions(QCommandLineParser* parser)
+void addConnectionOptions(QCommandLineParser* parser, int timeout, const QStringList& hidden)
 {
     for (const OptionText& option : OPTIONS) {
-        QCommandLineOption declared(QString::fromLatin1(option.names).split(QLatin1Char(',')),
-                                    QLatin1String(option.description));
+        QCommandLineOption declared(QString::fromLatin1(option.names).split(QLatin1Char(',')));
+        QString description = QString::fromLatin1(option.description);
+        declared.setDescription(description.replace(QLatin1String("%1"), QString::number(timeout)));
         declared.setValueName(QLatin1String(option.valueName));
+        if (hidden.contains(declared.names().last()))
+            declared.setFlags(QCommandLineOption::HiddenFromHelp);
         parser->addOption(declared);
     }
 }

@@ -29,7 +29,10 @@ struct ConnectionOptions {
 /// Declares --port, --baud, --parity, --data-bits, --stop-bits, --tcp, --simulate,
 /// --fault, --fault-seed, --fault-delay, --station, --timeout, --settle, --quiet,
 /// --retries, --reopen, --max-words, --library, --frames and --json.
-void addConnectionOptions(QCommandLineParser* parser);
+/// @param timeout milliseconds that the help names as the usual time-out
+/// @param hidden  long names of options that the help leaves out
+void addConnectionOptions(QCommandLineParser* parser, int timeout = 1000,
+                          const QStringList& hidden = QStringList());
 
 /// Reads them. False and one line in `*error` when a value is wrong, or when not
 /// exactly one of --port, --tcp and --simulate is given.

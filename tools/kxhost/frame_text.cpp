@@ -83,6 +83,14 @@ QString exceptionName(int code)
         return QLatin1String("illegal data value");
     case 4:
         return QLatin1String("device failure");
+    case 5:
+        return QLatin1String("still at work");
+    case 6:
+        return QLatin1String("busy");
+    case 10:
+        return QLatin1String("gateway has no path");
+    case 11:
+        return QLatin1String("no answer to the gateway");
     default:
         return QLatin1String("other reason");
     }
@@ -100,7 +108,7 @@ QString replyKindText(const ExchangeRecord& record)
     case ReplyKind::Bad:
         return QLatin1String("bad reply");
     case ReplyKind::Exception:
-        return QString::fromLatin1("exception %1 %2")
+        return QString::fromLatin1("exception %1 (%2)")
             .arg(record.exceptionCode)
             .arg(exceptionName(record.exceptionCode));
     case ReplyKind::Foreign:

@@ -18,7 +18,7 @@ QString requestText(const QByteArray& request);
 QString replyText(const QByteArray& reply);
 
 /// What came back and what the driver made of it: "good, accepted", "no reply,
-/// repeated", "exception 2 illegal data address, failed: 5,1,100,D".
+/// repeated", "exception 2 (illegal data address), failed: 5,1,100,D".
 QString outcomeText(const ExchangeRecord& record);
 
 /// One time-stamped line for the request, one for the reply.

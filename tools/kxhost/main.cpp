@@ -21,7 +21,8 @@ int runCommand(QStringList arguments)
     while (arguments.size() > 1 && isSwitch(arguments.first()))
         leading << arguments.takeFirst();
     if (arguments.isEmpty())
-        return complain(QLatin1String("no command; kxhost --help lists them"), EXIT_WRONG_USAGE);
+        return complain(QLatin1String("no command; kxhost --help lists the commands"),
+                        EXIT_WRONG_USAGE);
     const QString name = arguments.first();
     if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
         print(helpOfAllCommands());
@@ -34,7 +35,7 @@ int runCommand(QStringList arguments)
     const Command* const command = findCommand(name);
     if (!command)
         return complain(
-            QString::fromLatin1("unknown command '%1'; kxhost --help lists them").arg(name),
+            QString::fromLatin1("unknown command '%1'; kxhost --help lists the commands").arg(name),
             EXIT_WRONG_USAGE);
     return command->run(leading + arguments.mid(1));
 }

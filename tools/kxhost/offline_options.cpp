@@ -2,12 +2,9 @@
 
 void addOfflineOptions(QCommandLineParser* parser)
 {
-    parser->addOption({QLatin1String("json"), QLatin1String("Write lines of JSON.")});
+    parser->addOption({QLatin1String("json"), QLatin1String("Write JSON, an object per line.")});
     parser->addOption({QLatin1String("library"), QLatin1String("File of the driver library."),
                        QLatin1String("PATH")});
-    QCommandLineOption simulate(QLatin1String("simulate"));
-    simulate.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser->addOption(simulate);
 }
 
 bool wantsJson(const QCommandLineParser& parser)

@@ -4,8 +4,7 @@
 
 #include <QtCore/QCommandLineParser>
 
-/// Declares --library and --json, and --simulate, which makes no difference here
-/// and is taken so that it may stand in front of every command.
+/// Declares --library and --json.
 void addOfflineOptions(QCommandLineParser* parser);
 
 bool wantsJson(const QCommandLineParser& parser);

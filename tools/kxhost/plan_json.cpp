@@ -17,7 +17,7 @@ QJsonObject costJson(const CycleCost& cost)
     return QJsonObject{{text("requests"), cost.requests},
                        {text("bytesSent"), cost.bytesSent},
                        {text("bytesExpected"), cost.bytesExpected},
-                       {text("duration"), cost.duration},
+                       {text("durationUs"), cost.duration},
                        {text("lineLoad"), cost.lineLoad()}};
 }
 
@@ -46,15 +46,15 @@ QJsonObject requestJson(const PlannedRequest& request, const QList<AddressRange>
                        {text("tooLong"), request.isTooLong()},
                        {text("bytesSent"), request.bytesSent},
                        {text("bytesExpected"), request.bytesExpected},
-                       {text("duration"), cost.duration}};
+                       {text("durationUs"), cost.duration}};
 }
 
 QJsonObject lineJson(const PlanTiming& timing)
 {
     return QJsonObject{{text("baud"), timing.line.baud},
                        {text("bitsPerCharacter"), timing.line.bitsPerCharacter()},
-                       {text("turnaround"), timing.turnaround},
-                       {text("frameGap"), timing.line.frameGap()}};
+                       {text("turnaroundUs"), timing.turnaround},
+                       {text("frameGapUs"), timing.line.frameGap()}};
 }
 
 } // namespace

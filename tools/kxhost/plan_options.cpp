@@ -16,16 +16,17 @@ const int HIGHEST_STATION = 247;
 const double LONGEST_TURNAROUND = 60e6; // microseconds
 
 const char* const OPTIONS[][3] = {
-    {"baud", "Baud rate (default 9600).", "BAUD"},
-    {"parity", "none, even or odd (default none).", "PARITY"},
-    {"data-bits", "7 or 8 (default 8).", "BITS"},
-    {"stop-bits", "1 or 2 (default 1).", "BITS"},
+    {"b,baud", "Bits per second (default 9600).", "BAUD"},
+    {"parity", "Parity: none, even or odd (default none).", "PARITY"},
+    {"data-bits", "Data bits, 7 or 8 (default 8).", "BITS"},
+    {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
     {"turnaround",
-     "Time from the end of a request to the reply, such as 5ms or 800us (default 5ms). At "
-     "least the frame gap of 3.5 characters.",
+     "Time from the end of a request to its reply, such as 5ms or 800us; without a unit, "
+     "milliseconds (default 5ms). At least the frame gap of 3.5 characters counts.",
      "TIME"},
-    {"station", "Station of addresses without @STATION (default 1).", "STATION"},
-    {"max-words", "The driver's limit of a request, in registers or bits (default 32).", "COUNT"},
+    {"s,station", "Station of addresses without @STATION (default 1).", "STATION"},
+    {"max-words", "The driver's longest request: so many registers, or watched bits (default 32).",
+     "COUNT"},
 };
 
 QString text(const char* latin1)
@@ -35,7 +36,7 @@ QString text(const char* latin1)
 
 bool takeParity(const QCommandLineParser& parser, LineTiming* line, QString* error)
 {
-    const QString parity = parser.value(text("parity"));
+    const QString parity = parser.value(text("parity")).toLower();
     const bool isNone = parity.isEmpty() || parity == text("none");
     line->parityBits = isNone ? 0 : 1;
     if (isNone || parity == text("even") || parity == text("odd"))
@@ -60,7 +61,8 @@ bool takeTurnaround(const QCommandLineParser& parser, qint64* turnaround, QStrin
 void addPlanOptions(QCommandLineParser* parser)
 {
     for (const auto& option : OPTIONS)
-        parser->addOption({text(option[0]), text(option[1]), text(option[2])});
+        parser->addOption(
+            {text(option[0]).split(QLatin1Char(',')), text(option[1]), text(option[2])});
     addTagsOption(parser);
 }
 

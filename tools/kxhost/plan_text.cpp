@@ -2,6 +2,7 @@
 
 #include "addresses/modbus_span.h"
 #include "kxhost/aligned_rows.h"
+#include "kxhost/counted.h"
 
 #include <cmath>
 
@@ -86,7 +87,7 @@ QStringList requestLines(const Plan& plan, const QList<AddressRange>& watched,
                          const PlanTiming& timing)
 {
     QList<QStringList> rows = {{text("#"), text("STATION"), text("ADDRESSES"), text("MODBUS"),
-                                text("ASKED"), text("BRIDGED"), text("OUT"), text("IN"),
+                                text("ASKED"), text("BRIDGED"), text("BYTES OUT"), text("BYTES IN"),
                                 text("TIME")}};
     for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
         const PlannedRequest& request = plan.requests[i];
@@ -144,17 +145,17 @@ QStringList warningLines(const Plan& plan, const QList<AddressRange>& watched)
 QString cycleText(const CycleCost& cost)
 {
     const double seconds = static_cast<double>(cost.duration) / MICROSECONDS;
-    return text("Cycle: %1 request%2, %3 bytes out, %4 in, %5 (%6 cycles/s), line load %7")
-        .arg(QString::number(cost.requests), text(cost.requests == 1 ? "" : "s"),
-             QString::number(cost.bytesSent), QString::number(cost.bytesExpected),
-             timeText(cost.duration), QString::number(1.0 / seconds, 'f', 1),
-             percentText(cost.lineLoad()));
+    return text("Cycle: %1, %2 bytes out, %3 in, %4 (%5 cycles/s), line load %6")
+        .arg(counted(cost.requests, "request", "requests"), QString::number(cost.bytesSent),
+             QString::number(cost.bytesExpected), timeText(cost.duration),
+             QString::number(1.0 / seconds, 'f', 1), percentText(cost.lineLoad()));
 }
 
 QStringList lengthLines(const QList<LengthResult>& results, int maxWords)
 {
-    QList<QStringList> rows = {{text("LIMIT"), text("REQUESTS"), text("OUT"), text("IN"),
-                                text("CYCLE"), text("LOAD"), text("UNREAD"), QString()}};
+    QList<QStringList> rows = {{text("LIMIT"), text("REQUESTS"), text("BYTES OUT"),
+                                text("BYTES IN"), text("CYCLE"), text("LOAD"), text("UNREAD"),
+                                QString()}};
     const int best = bestOf(results);
     for (const LengthResult& result : worthShowing(results, maxWords)) {
         QStringList marks;

@@ -33,7 +33,7 @@ bool PromptWriter::isRefused(const Assignment& assignment, QString* reason) cons
     if (!type->writable)
         *reason = name + QLatin1String(" cannot be written");
     else if (addressesPerWrite(type, m_session->settings().maxWords) < 1)
-        *reason = name + QLatin1String(" needs longer requests; see --max-words");
+        *reason = QLatin1String("a 32CV takes 2 registers; --max-words is 1");
     return !reason->isEmpty();
 }
 

@@ -41,11 +41,13 @@ QString addressOf(const QList<CsvField>& fields)
 bool takePlace(const QList<CsvField>& fields, int defaultStation, RecipeRow* row, QString* error)
 {
     if (!isNumber(fields.at(ADDRESS).text)) {
-        *error = QStringLiteral("'%1' is not an address").arg(fields.at(ADDRESS).text);
+        *error = QStringLiteral("'%1' is not an address; write its number, of X and Y in octal")
+                     .arg(fields.at(ADDRESS).text);
         return false;
     }
     if (!findRegisterType(fields.at(REGISTER).text)) {
-        *error = QStringLiteral("unknown register '%1'").arg(fields.at(REGISTER).text);
+        *error = QStringLiteral("unknown register '%1'; the types are %2")
+                     .arg(fields.at(REGISTER).text, registerTypeNames());
         return false;
     }
     if (!parseAddressRange(addressOf(fields), &row->range, error))
@@ -110,7 +112,7 @@ bool RecipeFile::parse(const QByteArray& text, int defaultStation, RecipeFile* f
         hasHeader = true;
     }
     if (file->m_rows.isEmpty()) {
-        *error = hasHeader ? QStringLiteral("no rows")
+        *error = hasHeader ? QStringLiteral("no rows behind the header")
                            : QStringLiteral("no header line; it is %1").arg(QLatin1String(HEADER));
         return false;
     }

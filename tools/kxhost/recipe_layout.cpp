@@ -20,7 +20,7 @@ bool doubleWordsFit(const QList<RecipeRow>& rows, int maxWords, QString* error)
 {
     for (const RecipeRow& row : rows) {
         if (row.range.type->registerClass == DOUBLE_WORD_CLASS && maxWords < 2) {
-            *error = QStringLiteral("%1: %2 takes 2 registers; the longest request has %3")
+            *error = QStringLiteral("%1: %2 takes 2 registers; raise --max-words, which is %3")
                          .arg(row.place(), addressText(row.range.type, row.range.address),
                               QString::number(maxWords));
             return false;

@@ -23,7 +23,9 @@ bool readRecipeFile(const QString& path, QByteArray* text, QString* error)
     if (file.error() != QFileDevice::NoError)
         return fail(file, error);
     if (text->size() > LARGEST_RECIPE_FILE) {
-        *error = QStringLiteral("%1: larger than a recipe can be").arg(path);
+        *error = QStringLiteral("%1: larger than %2 MiB, the most that a recipe file may have")
+                     .arg(path)
+                     .arg(LARGEST_RECIPE_FILE / 1024 / 1024);
         return false;
     }
     return true;

@@ -1,12 +1,20 @@
 #include "kxhost/summary_text.h"
 
+#include "kxhost/counted.h"
+
 namespace
 {
 
 struct NamedCount {
     qint64 count;
-    const char* text;
+    const char* one;
+    const char* many;
 };
+
+NamedCount named(qint64 count, const char* text)
+{
+    return {count, text, text};
+}
 
 /// "3 with no reply, 1 refused by the station"; counts of 0 are left out.
 QString listText(const QList<NamedCount>& counts)
@@ -14,7 +22,7 @@ QString listText(const QList<NamedCount>& counts)
     QStringList texts;
     for (const NamedCount& named : counts) {
         if (named.count > 0)
-            texts << QString::fromLatin1("%1 %2").arg(named.count).arg(QLatin1String(named.text));
+            texts << counted(named.count, named.one, named.many);
     }
     return texts.join(QLatin1String(", "));
 }
@@ -33,25 +41,23 @@ QStringList faultLines(const Statistics& counts)
     const ThrownAway& thrown = counts.thrownAway;
     QStringList lines;
     addLine("repeated or failed: ",
-            {{bad.none, "without a reply"},
-             {bad.incomplete, "cut short"},
-             {bad.damaged, "damaged"},
-             {bad.exceptions, "refused by the station"},
-             {bad.foreign, "answered by replies of other requests only"},
-             {bad.lost, "cut off by the loss of the line"},
-             {bad.broadcasts, "broadcast"},
-             {bad.ignored, "ignored by the driver"}},
+            {named(bad.none, "without a reply"), named(bad.incomplete, "cut short"),
+             named(bad.damaged, "damaged"), named(bad.exceptions, "refused by the station"),
+             named(bad.foreign, "answered by replies of other requests only"),
+             named(bad.lost, "cut off by the loss of the line"), named(bad.broadcasts, "broadcast"),
+             named(bad.ignored, "ignored by the driver")},
             &lines);
     addLine("thrown away: ",
-            {{thrown.foreign, "replies of other requests"},
-             {thrown.late, "late replies"},
-             {thrown.duplicates, "duplicates"},
-             {thrown.echoes, "echoes"},
-             {thrown.bytes, "bytes in no frame"}},
+            {{thrown.foreign, "reply of another request", "replies of other requests"},
+             {thrown.late, "late reply", "late replies"},
+             {thrown.duplicates, "duplicate", "duplicates"},
+             {thrown.echoes, "echo", "echoes"},
+             {thrown.bytes, "byte in no frame", "bytes in no frame"}},
             &lines);
     addLine("line: ",
-            {{counts.heldBack, "requests held back until a late reply could come no more"},
-             {counts.reopened, "times opened again"}},
+            {{counts.heldBack, "request held back until a late reply could come no more",
+              "requests held back until a late reply could come no more"},
+             {counts.reopened, "time opened again", "times opened again"}},
             &lines);
     return lines;
 }
@@ -101,13 +107,12 @@ QString speedText(const WatchSummary& summary)
 QStringList summaryLines(const WatchSummary& summary)
 {
     const Statistics& counts = summary.statistics;
-    QString requests =
-        QString::fromLatin1("%1 requests in %2 cycles: %3 accepted, %4 repeated, %5 failed")
-            .arg(counts.requests)
-            .arg(summary.cycles)
-            .arg(counts.accepted)
-            .arg(counts.repeated)
-            .arg(counts.failed);
+    QString requests = QString::fromLatin1("%1 in %2: %3 accepted, %4 repeated, %5 failed")
+                           .arg(counted(counts.requests, "request", "requests"),
+                                counted(summary.cycles, "cycle", "cycles"))
+                           .arg(counts.accepted)
+                           .arg(counts.repeated)
+                           .arg(counts.failed);
     if (counts.notSent > 0)
         requests += QString::fromLatin1("; %1 too long to send").arg(counts.notSent);
     const QString time = QString::fromLatin1("%1 s, %2 bytes sent, %3 received, ")

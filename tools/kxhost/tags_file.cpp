@@ -59,15 +59,17 @@ bool takeRange(const QStringList& fields, AddressRange* range, QString* error)
 bool takeTag(QStringList fields, Tag* tag, QString* error)
 {
     if (fields.size() < FEWEST_COLUMNS || fields.size() > COLUMN_COUNT)
-        return fail(error, text("%1 fields instead of %2 (%3)")
-                               .arg(QString::number(fields.size()), QString::number(COLUMN_COUNT),
-                                    text(HEADER)));
+        return fail(error, text("%1 fields instead of %2 to %3 (%4)")
+                               .arg(QString::number(fields.size()), QString::number(FEWEST_COLUMNS),
+                                    QString::number(COLUMN_COUNT), text(HEADER)));
     while (fields.size() < COLUMN_COUNT)
         fields << QString();
     tag->name = fields[NAME];
     tag->comment = fields[COMMENT];
     if (tag->name.isEmpty())
         return fail(error, text("the tag has no name"));
+    if (fields[ADDRESS].isEmpty())
+        return fail(error, text("the tag has no address"));
     return takeRange(fields, &tag->range, error);
 }
 

@@ -52,7 +52,7 @@ QString runCommand(const QString& command, Stations* stations)
     if (verb == QLatin1String("set"))
         return setValues(argument, stations);
     return errorLine(
-        QStringLiteral("'%1' is not a command; write get D100:4 or set D100=5").arg(verb));
+        QStringLiteral("'%1' is not a command; write get D100:4, set D100=5 or faults").arg(verb));
 }
 
 } // namespace kxsim

@@ -84,17 +84,19 @@ bool takeFaultSeed(const QString& text, FaultPlan* plan, QString* error)
     bool isNumber = false;
     plan->seed = text.toUInt(&isNumber);
     return isNumber
-           || fail(
-               error,
-               QStringLiteral("--fault-seed %1: must be a number from 0 to 4294967295").arg(text));
+           || fail(error,
+                   QStringLiteral("--fault-seed %1: must be a whole number from 0 to 4294967295")
+                       .arg(text));
 }
 
 bool takeFaultDelay(const QString& text, FaultPlan* plan, QString* error)
 {
     plan->delay = text.toInt();
     return (plan->delay >= 1 && plan->delay <= LONGEST_DELAY)
-           || fail(error, QStringLiteral("--fault-delay %1: must be milliseconds from 1 to %2")
-                              .arg(text, QString::number(LONGEST_DELAY)));
+           || fail(error,
+                   QStringLiteral(
+                       "--fault-delay %1: must be a whole number of milliseconds from 1 to %2")
+                       .arg(text, QString::number(LONGEST_DELAY)));
 }
 
 } // namespace kxsim

@@ -10,14 +10,18 @@ namespace kxsim
 namespace
 {
 
-const char* const DESCRIPTION =
-    "Simulated controller: a Modbus RTU slave with the whole register map. Opens a\n"
-    "pseudo-terminal and prints its name, or uses a serial port.";
+const char* const USAGE =
+    "Usage: kxsim [options]\n"
+    "Simulated controllers: Modbus RTU slaves with the whole register map. Opens a\n"
+    "pseudo-terminal and prints its name, or uses a serial port, until it is ended by\n"
+    "Ctrl-C or a signal.\n";
 
 const char* const EXAMPLES =
     "\n"
-    "Addresses: TYPE ADDRESS[:COUNT][@STATION]. X and Y are octal (X10 follows X7), all\n"
-    "others decimal. Types: X Y M SM S T C D SD CV 32CV TV Z.\n"
+    "Addresses: TYPENUMBER[:COUNT][@STATION], such as D100:4, X17 or 32CV200@2.\n"
+    "X and Y are octal (X10 follows X7), all other types decimal. Types: X Y M SM S T C D\n"
+    "SD CV 32CV TV Z. Without @STATION values are set at all stations, and shown of the\n"
+    "lowest.\n"
     "\n"
     "Without --still these values move: D0 and 32CV200 count up, D1 is a slow wave, M0 and\n"
     "Y0 toggle, TV0 and T0 are a timer. A preset value stays still.\n"
@@ -51,7 +55,8 @@ const char* const EXAMPLES =
     "  kxsim --symlink /tmp/line --fault all:0.1 --fault-seed 7\n"
     "  kxsim --fault silence:0.01 --fault corrupt:0.02\n"
     "\n"
-    "Exit codes: 0 ended by a signal, 2 wrong usage, 3 port cannot be opened or was lost.\n";
+    "Exit codes: 0 ended by Ctrl-C or a signal, 2 wrong usage, 3 the port cannot be opened or\n"
+    "was lost.\n";
 
 // What libmodbus can set; it falls back to 9600 in silence for all other rates.
 const int BAUDS[] = {110,   300,   600,   1200,   2400,   4800,   9600,
@@ -61,25 +66,27 @@ const int HIGHEST_STATION = 247;
 
 struct CommandLine {
     QCommandLineOption station = {
-        {"a", "station"}, "Station to simulate, 1 to 247; repeatable (default 1).", "number"};
-    QCommandLineOption set = {"set", "Preset values; repeatable.", "address=value[,value...]"};
+        {"a", "station"}, "Station to simulate, 1 to 247; repeatable (default 1).", "NUMBER"};
+    QCommandLineOption set = {"set", "Preset values; repeatable.", "ADDRESS=VALUE[,VALUE...]"};
     QCommandLineOption still = {"still", "Let no value move."};
-    QCommandLineOption symlink = {"symlink", "Link to make to the pseudo-terminal.", "path"};
+    QCommandLineOption symlink = {"symlink", "Link to make to the pseudo-terminal.", "PATH"};
     QCommandLineOption fault = {
         "fault", "Let requests meet a fault with a probability from 0 to 1; repeatable.",
-        "kind:probability"};
+        "KIND:PROBABILITY"};
     QCommandLineOption faultSeed = {
-        "fault-seed", "Seed of the faults, for repeatable runs (default 1).", "number", "1"};
-    QCommandLineOption faultDelay = {"fault-delay",
-                                     "Milliseconds that delayed replies are late (default 1500).",
-                                     "milliseconds", "1500"};
-    QCommandLineOption log = {{"l", "log"}, "Print requests and replies in hex on stderr."};
-    QCommandLineOption port = {{"P", "port"}, "Serial port to use.", "device"};
-    QCommandLineOption baud = {{"b", "baud"}, "Bits per second (default 9600).", "rate", "9600"};
+        "fault-seed", "Seed of the faults, for repeatable runs (default 1).", "NUMBER", "1"};
+    QCommandLineOption faultDelay = {
+        "fault-delay", "Milliseconds that delayed replies are late (default 1500).", "MS", "1500"};
+    QCommandLineOption log = {{"l", "log"}, "Print requests and replies in hex on standard error."};
+    QCommandLineOption port = {
+        {"P", "port"}, "Serial port to use instead, such as /dev/ttyUSB0.", "DEVICE"};
+    QCommandLineOption baud = {{"b", "baud"}, "Bits per second (default 9600).", "BAUD", "9600"};
     QCommandLineOption parity = {
-        {"p", "parity"}, "none, even or odd (default none).", "parity", "none"};
-    QCommandLineOption dataBits = {{"d", "data-bits"}, "7 or 8 (default 8).", "bits", "8"};
-    QCommandLineOption stopBits = {{"s", "stop-bits"}, "1 or 2 (default 1).", "bits", "1"};
+        {"p", "parity"}, "Parity: none, even or odd (default none).", "PARITY", "none"};
+    QCommandLineOption dataBits = {
+        {"d", "data-bits"}, "Data bits, 7 or 8 (default 8).", "BITS", "8"};
+    QCommandLineOption stopBits = {
+        {"s", "stop-bits"}, "Stop bits, 1 or 2 (default 1).", "BITS", "1"};
     QCommandLineOption help = {{"h", "help"}, "Show this help."};
     QCommandLineOption version = {{"v", "version"},
                                   "Show the versions of kxsim, Qt and libmodbus."};
@@ -87,11 +94,28 @@ struct CommandLine {
 
     CommandLine()
     {
-        parser.setApplicationDescription(QString::fromLatin1(DESCRIPTION));
         parser.addOptions({station, set, still, symlink, fault, faultSeed, faultDelay, log, port,
                            baud, parity, dataBits, stopBits, help, version});
     }
 };
+
+// The parser's own usage line names the program's path.
+QString helpText(const QCommandLineParser& parser)
+{
+    const QString options = parser.helpText();
+    return QString::fromLatin1(USAGE) + options.mid(options.indexOf(QLatin1Char('\n')) + 1)
+           + QString::fromLatin1(EXAMPLES);
+}
+
+/// "unknown option 'speed'; kxsim --help shows the options"
+QString parserFault(const QCommandLineParser& parser)
+{
+    QString fault = parser.errorText();
+    fault.replace(0, 1, fault.at(0).toLower());
+    if (fault.endsWith(QLatin1Char('.')))
+        fault.chop(1);
+    return fault + QStringLiteral("; kxsim --help shows the options");
+}
 
 bool fail(QString* error, const QString& message)
 {
@@ -160,7 +184,7 @@ bool takePort(const CommandLine& line, Options* options, QString* error)
     port.device = parser.value(line.port);
     options->link = parser.value(line.symlink);
     if (parser.isSet(line.port) && port.device.isEmpty())
-        return fail(error, QStringLiteral("--port: the device is missing"));
+        return fail(error, QStringLiteral("--port: the name of the port is missing"));
     if (parser.isSet(line.port) && parser.isSet(line.symlink))
         return fail(error, QStringLiteral("--symlink links to a pseudo-terminal, not to --port"));
     const int dataBits[] = {7, 8};
@@ -193,9 +217,9 @@ bool parseOptions(const QStringList& arguments, Options* options, QString* error
 {
     CommandLine line;
     if (!line.parser.parse(arguments))
-        return fail(error, line.parser.errorText());
+        return fail(error, parserFault(line.parser));
     if (line.parser.isSet(line.help)) {
-        options->information = line.parser.helpText() + QString::fromLatin1(EXAMPLES);
+        options->information = helpText(line.parser);
         return true;
     }
     if (line.parser.isSet(line.version)) {
@@ -207,7 +231,7 @@ bool parseOptions(const QStringList& arguments, Options* options, QString* error
         return true;
     }
     if (!line.parser.positionalArguments().isEmpty())
-        return fail(error, QStringLiteral("unexpected argument '%1'")
+        return fail(error, QStringLiteral("unexpected argument '%1'; a port is named with --port")
                                .arg(line.parser.positionalArguments().first()));
     options->logs = line.parser.isSet(line.log);
     options->simulation.moves = !line.parser.isSet(line.still);

@@ -100,7 +100,7 @@ void TestAddressText::aWrongAddressIsRefusedInOneLine_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("error");
-    const char* const notAnAddress = ": not an address; write TYPE ADDRESS[:COUNT][@STATION] "
+    const char* const notAnAddress = ": not an address; write TYPENUMBER[:COUNT][@STATION] "
                                      "without spaces, such as D100:4, X17 or 32CV200@2";
     const char* const unknown = "; the types are X, Y, M, SM, S, T, C, D, SD, CV, 32CV, TV, Z";
     const auto row = [](const char* name, const char* typed, const QString& error) {

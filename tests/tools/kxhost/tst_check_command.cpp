@@ -43,22 +43,21 @@ void TestCheckCommand::anAddressIsAnswered_data()
     row("below the first counter", "32CV199",
         "32CV199: out of range; the addresses are 32CV200 to 32CV255 (decimal)", 2);
     row("a length past the end", "D7999:2",
-        "D7999:2: out of range; number 7999 and length 2 pass the limit of 8000", 2);
+        "D7999:2: 2 values run past the last address; the addresses are D0 to D7999 (decimal)", 2);
     row("the driver counts counters in registers", "32CV200:29",
-        "32CV200:29: out of range; number 200 and length 58 pass the limit of 257", 2);
+        "32CV200:29: 29 values run past the last address; the addresses are 32CV200 to 32CV255 "
+        "(decimal)",
+        2);
     row("an octal digit 8", "X8",
         "X8: '8' is not an octal number; the addresses are X0 to X377 (octal)", 2);
     row("an unknown type", "Q5",
         "Q5: unknown register type 'Q'; the types are X, Y, M, SM, S, T, C, D, SD, CV, 32CV, TV, Z",
         2);
     row("no type", "100",
-        "100: not an address; write TYPE ADDRESS[:COUNT] without spaces, such as D100:4, X17 or "
+        "100: not an address; write TYPENUMBER[:COUNT] without spaces, such as D100:4, X17 or "
         "32CV200",
         2);
-    row("a count of 0", "D1:0",
-        "D1:0: not an address; write TYPE ADDRESS[:COUNT] without spaces, such as D100:4, X17 or "
-        "32CV200",
-        2);
+    row("a count of 0", "D1:0", "D1:0: the count must be 1 or more", 2);
     row("a word as a bit tag", "D5 --as bit", "D5: D holds words and suits no bit tag", 2);
     row("a bit as a word tag", "X5 --as word", "X5: X holds bits and suits no word tag", 2);
     row("a bit as a bit tag", "X5 --as bit", "X5: valid; number 5, coil 1205, read with function 1",
@@ -88,7 +87,7 @@ void TestCheckCommand::anAddressIsAnswered()
 
 void TestCheckCommand::everyAddressGetsItsLine()
 {
-    const CommandResult result = runCommand("check X8 D7 --simulate");
+    const CommandResult result = runCommand("check X8 D7");
     QCOMPARE(result.output,
              QStringList{"D7: valid; number 7, holding register 7, read with function 3"});
     QCOMPARE(result.errors, QStringList{"kxhost: X8: '8' is not an octal number; the addresses "
@@ -107,7 +106,7 @@ void TestCheckCommand::answersAsJson()
                  "\"number\":255,\"type\":\"SM\",\"valid\":true}",
                  "{\"address\":\"D8000\",\"code\":2,\"fault\":\"out of range; the addresses are "
                  "D0 to D7999 (decimal)\",\"valid\":false}",
-                 "{\"address\":\"5\",\"fault\":\"not an address; write TYPE ADDRESS[:COUNT] "
+                 "{\"address\":\"5\",\"fault\":\"not an address; write TYPENUMBER[:COUNT] "
                  "without spaces, such as D100:4, X17 or 32CV200\",\"valid\":false}"}));
     QCOMPARE(result.exitCode, 2);
 }
@@ -118,12 +117,14 @@ void TestCheckCommand::wrongUsageIsOneLine_data()
     QTest::addColumn<QString>("line");
     QTest::newRow("no address") << "check"
                                 << "kxhost: nothing to check; name addresses such as X377";
-    QTest::newRow("an unknown option") << "check D1 --bad"
-                                       << "kxhost: Unknown option 'bad'.";
+    QTest::newRow("an unknown option")
+        << "check D1 --bad"
+        << "kxhost: unknown option 'bad'; kxhost check --help shows the options";
     QTest::newRow("a wrong kind") << "check D1 --as byte"
                                   << "kxhost: --as byte: must be bit or word";
-    QTest::newRow("a wrong code") << "check D1 --access x"
-                                  << "kxhost: --access x: must be a number from 0 to 2147483647";
+    QTest::newRow("a wrong code")
+        << "check D1 --access x"
+        << "kxhost: --access x: must be a whole number from 0 to 2147483647";
 }
 
 void TestCheckCommand::wrongUsageIsOneLine()

@@ -138,35 +138,42 @@ void ConnectionOptionsTest::errors_data()
     row("simulated and real", "--port /dev/ttyS0 --simulate",
         "only one of --port, --tcp and --simulate can be used");
     row("nameless port", "--port=", "no line; name one with --port or --tcp, or use --simulate");
-    row("baud 0", "--simulate --baud 0", "--baud 0: must be a number from 1 to 4000000");
+    row("baud 0", "--simulate --baud 0", "--baud 0: must be a whole number from 1 to 4000000");
     row("baud no number", "--simulate --baud fast",
-        "--baud fast: must be a number from 1 to 4000000");
+        "--baud fast: must be a whole number from 1 to 4000000");
     row("a percent sign for a number", "--simulate --baud %3%4",
-        "--baud %3%4: must be a number from 1 to 4000000");
+        "--baud %3%4: must be a whole number from 1 to 4000000");
     row("parity", "--simulate --parity mark", "--parity mark: must be none, even or odd");
-    row("data bits", "--simulate --data-bits 9", "--data-bits 9: must be a number from 7 to 8");
-    row("stop bits", "--simulate --stop-bits 3", "--stop-bits 3: must be a number from 1 to 2");
-    row("station 0", "--simulate -s 0", "--station 0: must be a number from 1 to 247");
-    row("station 248", "--simulate -s 248", "--station 248: must be a number from 1 to 247");
-    row("time-out 0", "--simulate -t 0", "--timeout 0: must be a number from 1 to 60000");
-    row("settle time", "--simulate --settle -1", "--settle -1: must be a number from 0 to 60000");
-    row("silence", "--simulate --quiet x", "--quiet x: must be a number from 0 to 60000");
-    row("reopening", "--simulate --reopen -1", "--reopen -1: must be a number from 0 to 86400");
+    row("data bits", "--simulate --data-bits 9",
+        "--data-bits 9: must be a whole number from 7 to 8");
+    row("stop bits", "--simulate --stop-bits 3",
+        "--stop-bits 3: must be a whole number from 1 to 2");
+    row("station 0", "--simulate -s 0", "--station 0: must be a whole number from 1 to 247");
+    row("station 248", "--simulate -s 248", "--station 248: must be a whole number from 1 to 247");
+    row("time-out 0", "--simulate -t 0",
+        "--timeout 0: must be a whole number of milliseconds from 1 to 60000");
+    row("settle time", "--simulate --settle -1",
+        "--settle -1: must be a whole number of milliseconds from 0 to 60000");
+    row("silence", "--simulate --quiet x",
+        "--quiet x: must be a whole number of milliseconds from 0 to 60000");
+    row("reopening", "--simulate --reopen -1",
+        "--reopen -1: must be a whole number of seconds from 0 to 86400");
     row("fault of a real line", "--port /dev/ttyS0 --fault silence:0.1",
-        "--fault needs --simulate; kxsim has it, too");
+        "--fault needs --simulate; kxsim has the same option");
     row("seed of a real line", "--tcp gateway --fault-seed 1",
-        "--fault-seed needs --simulate; kxsim has it, too");
+        "--fault-seed needs --simulate; kxsim has the same option");
     row("fault", "--simulate --fault silence",
         "--fault silence: write KIND:PROBABILITY with a probability from 0 to 1, such as "
         "silence:0.01");
     row("seed", "--simulate --fault-seed x",
-        "--fault-seed x: must be a number from 0 to 4294967295");
+        "--fault-seed x: must be a whole number from 0 to 4294967295");
     row("delay", "--simulate --fault-delay 0",
-        "--fault-delay 0: must be milliseconds from 1 to 60000");
-    row("retries 0", "--simulate -r 0", "--retries 0: must be a number from 1 to 100");
-    row("length 0", "--simulate --max-words 0", "--max-words 0: must be a number from 1 to 125");
+        "--fault-delay 0: must be a whole number of milliseconds from 1 to 60000");
+    row("retries 0", "--simulate -r 0", "--retries 0: must be a whole number from 1 to 100");
+    row("length 0", "--simulate --max-words 0",
+        "--max-words 0: must be a whole number from 1 to 125");
     row("length 126", "--simulate --max-words 126",
-        "--max-words 126: must be a number from 1 to 125");
+        "--max-words 126: must be a whole number from 1 to 125");
     row("port of the gateway", "--tcp gateway:99999",
         "--tcp gateway:99999: must be HOST or HOST:PORT");
     row("port 0 of the gateway", "--tcp gateway:0", "--tcp gateway:0: must be HOST or HOST:PORT");

@@ -91,11 +91,17 @@ void FrameTextTest::outcomes_data()
     row("no reply", ReplyKind::None, 0, 8, "no reply, repeated");
     row("short", ReplyKind::Short, 0, 8, "short reply, repeated");
     row("bad", ReplyKind::Bad, 0, 2, "bad reply, failed");
-    row("exception 1", ReplyKind::Exception, 1, 8, "exception 1 illegal function, repeated");
-    row("exception 2", ReplyKind::Exception, 2, 8, "exception 2 illegal data address, repeated");
-    row("exception 3", ReplyKind::Exception, 3, 8, "exception 3 illegal data value, repeated");
-    row("exception 4", ReplyKind::Exception, 4, 8, "exception 4 device failure, repeated");
-    row("exception 11", ReplyKind::Exception, 11, 8, "exception 11 other reason, repeated");
+    row("exception 1", ReplyKind::Exception, 1, 8, "exception 1 (illegal function), repeated");
+    row("exception 2", ReplyKind::Exception, 2, 8, "exception 2 (illegal data address), repeated");
+    row("exception 3", ReplyKind::Exception, 3, 8, "exception 3 (illegal data value), repeated");
+    row("exception 4", ReplyKind::Exception, 4, 8, "exception 4 (device failure), repeated");
+    row("exception 5", ReplyKind::Exception, 5, 8, "exception 5 (still at work), repeated");
+    row("exception 6", ReplyKind::Exception, 6, 2, "exception 6 (busy), failed");
+    row("exception 10", ReplyKind::Exception, 10, 8,
+        "exception 10 (gateway has no path), repeated");
+    row("exception 11", ReplyKind::Exception, 11, 8,
+        "exception 11 (no answer to the gateway), repeated");
+    row("exception 200", ReplyKind::Exception, 200, 8, "exception 200 (other reason), repeated");
     row("foreign", ReplyKind::Foreign, 0, 2, "reply of another request, failed");
     row("lost", ReplyKind::Lost, 0, 8, "line lost, repeated");
     row("broadcast", ReplyKind::Broadcast, 0, 2, "broadcast, failed");

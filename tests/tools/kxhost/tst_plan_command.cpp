@@ -24,18 +24,21 @@ private slots:
 // characters (14.6 ms), request 2 has 8 + 29 (38.5 ms); each waits 5 + 3.6 ms.
 void TestPlanCommand::aPlanIsShown()
 {
-    const CommandResult result = runCommand("plan D110:2 X10 D100:4 --simulate");
+    const CommandResult result = runCommand("plan D110:2 X10 D100:4");
     QCOMPARE(
         result.output,
         (QStringList{
             "Request limit 32, 9600 baud, 10 bits per character, turnaround 5.0 ms, frame gap 3.6 "
             "ms",
             "",
-            "#  STATION  ADDRESSES     MODBUS                        ASKED  BRIDGED  OUT  IN     "
-            "TIME",
-            "1        1  X10           coil 1208                         1        0    8   6  "
+            "#  STATION  ADDRESSES     MODBUS                        ASKED  BRIDGED  BYTES OUT  "
+            "BYTES IN "
+            "    TIME",
+            "1        1  X10           coil 1208                         1        0          8     "
+            "    6  "
             "23.2 ms",
-            "2        1  D100 to D111  holding registers 100 to 111      6        6    8  29  "
+            "2        1  D100 to D111  holding registers 100 to 111      6        6          8     "
+            "   29  "
             "47.2 ms",
             "",
             "Asked for (#), bridged (.), both (+):",
@@ -46,13 +49,13 @@ void TestPlanCommand::aPlanIsShown()
             "",
             "Limits 1 to 125 (one limit for registers and bits; Modbus allows 125 registers and "
             "2000 coils):",
-            "LIMIT  REQUESTS  OUT  IN     CYCLE  LOAD  UNREAD",
-            "    1         7   56  48  168.9 ms  64 %       0",
-            "    2         4   32  33  102.3 ms  66 %       0",
-            "    4         3   24  28   80.1 ms  68 %       0",
-            "   12         2   16  35   70.4 ms  75 %       0  <- best",
-            "   32         2   16  35   70.4 ms  75 %       0  <- in use",
-            "  125         2   16  35   70.4 ms  75 %       0"}));
+            "LIMIT  REQUESTS  BYTES OUT  BYTES IN     CYCLE  LOAD  UNREAD",
+            "    1         7         56        48  168.9 ms  64 %       0",
+            "    2         4         32        33  102.3 ms  66 %       0",
+            "    4         3         24        28   80.1 ms  68 %       0",
+            "   12         2         16        35   70.4 ms  75 %       0  <- best",
+            "   32         2         16        35   70.4 ms  75 %       0  <- in use",
+            "  125         2         16        35   70.4 ms  75 %       0"}));
     QCOMPARE(result.errors, QStringList());
     QCOMPARE(result.exitCode, 0);
 }
@@ -66,8 +69,8 @@ void TestPlanCommand::whatASplitLeavesUnread()
                  "answers with others; a lower limit keeps the ranges apart")),
              qPrintable(result.output.join(QLatin1Char('\n'))));
     // Two requests of 8 + 6 characters against one that would be refused.
-    QVERIFY2(result.output.contains(
-                 QLatin1String("    2         2   16  12  46.5 ms  63 %       0  <- best")),
+    QVERIFY2(result.output.contains(QLatin1String(
+                 "    2         2         16        12  46.5 ms  63 %       0  <- best")),
              qPrintable(result.output.join(QLatin1Char('\n'))));
     QCOMPARE(result.exitCode, 0);
 }
@@ -75,7 +78,7 @@ void TestPlanCommand::whatASplitLeavesUnread()
 void TestPlanCommand::theLineCounts()
 {
     // 14 characters of 11 bits at 19200 baud are 8.02 ms, the gap 2.01 ms.
-    const CommandResult result = runCommand("plan X0 --baud 19200 --parity even --turnaround 10ms");
+    const CommandResult result = runCommand("plan X0 -b 19200 --parity Even --turnaround 10ms");
     QCOMPARE(result.output.value(0),
              QString::fromLatin1("Request limit 32, 19200 baud, 11 bits per character, turnaround "
                                  "10.0 ms, frame gap 2.0 ms"));
@@ -91,11 +94,16 @@ void TestPlanCommand::aPlanAsJson()
     const QJsonObject json = QJsonDocument::fromJson(result.output.first().toUtf8()).object();
     QCOMPARE(json.value(QLatin1String("maxWords")).toInt(), 12);
     QCOMPARE(json.value(QLatin1String("best")).toInt(), 12);
+    QCOMPARE(
+        QJsonDocument(json.value(QLatin1String("line")).toObject()).toJson(QJsonDocument::Compact),
+        QByteArray("{\"baud\":9600,\"bitsPerCharacter\":10,\"frameGapUs\":3646,"
+                   "\"turnaroundUs\":5000}"));
+    QCOMPARE(json.value(QLatin1String("cycle")).toObject().value("durationUs").toInt(), 47188);
     QCOMPARE(static_cast<int>(json.value(QLatin1String("limits")).toArray().size()), 125);
     const QJsonObject request = json.value(QLatin1String("requests")).toArray().at(0).toObject();
     QCOMPARE(QJsonDocument(request).toJson(QJsonDocument::Compact),
              QByteArray("{\"asked\":6,\"bridged\":6,\"bytesExpected\":29,\"bytesSent\":8,"
-                        "\"count\":12,\"duration\":47188,\"first\":\"D100\",\"function\":3,"
+                        "\"count\":12,\"durationUs\":47188,\"first\":\"D100\",\"function\":3,"
                         "\"last\":\"D111\",\"misread\":0,\"modbus\":100,\"station\":2,"
                         "\"tooLong\":false}"));
 }
@@ -117,17 +125,17 @@ void TestPlanCommand::wrongUsageIsOneLine_data()
     row("a wrong time", "plan D1 --turnaround 5m",
         "kxhost: --turnaround 5m: must be a time from 0 to 60s, such as 5ms or 800us");
     row("a wrong limit", "plan D1 --max-words 126",
-        "kxhost: --max-words 126: must be a number from 1 to 125");
+        "kxhost: --max-words 126: must be a whole number from 1 to 125");
     row("a wrong baud rate", "plan D1 --baud 0",
-        "kxhost: --baud 0: must be a number from 1 to 4000000");
+        "kxhost: --baud 0: must be a whole number from 1 to 4000000");
     row("a wrong parity", "plan D1 --parity mark",
         "kxhost: --parity mark: must be none, even or odd");
     row("a wrong station", "plan D1 --station 0",
-        "kxhost: --station 0: must be a number from 1 to 247");
+        "kxhost: --station 0: must be a whole number from 1 to 247");
     row("wrong data bits", "plan D1 --data-bits 9",
-        "kxhost: --data-bits 9: must be a number from 7 to 8");
+        "kxhost: --data-bits 9: must be a whole number from 7 to 8");
     row("wrong stop bits", "plan D1 --stop-bits 3",
-        "kxhost: --stop-bits 3: must be a number from 1 to 2");
+        "kxhost: --stop-bits 3: must be a whole number from 1 to 2");
 }
 
 void TestPlanCommand::wrongUsageIsOneLine()

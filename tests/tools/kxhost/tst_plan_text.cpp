@@ -92,13 +92,15 @@ void TestPlanText::theBestAndTheOneInUseAreMarked()
     second.maxWords = 2;
     second.cost = costOf(PlanTiming(), 1, 8, 13); // 21 characters are 21.875 ms
     second.unread = 3;
-    QCOMPARE(lengthLines({first, second}, 2),
-             (QStringList{"LIMIT  REQUESTS  OUT  IN    CYCLE  LOAD  UNREAD",
-                          "    1         4   32  28  97.1 ms  64 %       0  <- best",
-                          "    2         1    8  13  30.5 ms  72 %       3  <- in use"}));
+    QCOMPARE(
+        lengthLines({first, second}, 2),
+        (QStringList{"LIMIT  REQUESTS  BYTES OUT  BYTES IN    CYCLE  LOAD  UNREAD",
+                     "    1         4         32        28  97.1 ms  64 %       0  <- best",
+                     "    2         1          8        13  30.5 ms  72 %       3  <- in use"}));
     QCOMPARE(lengthLines({first, second}, 1).at(1),
-             QString::fromLatin1("    1         4   32  28  97.1 ms  64 %       0  <- best, in "
-                                 "use"));
+             QString::fromLatin1(
+                 "    1         4         32        28  97.1 ms  64 %       0  <- best, in "
+                 "use"));
 }
 
 QTEST_APPLESS_MAIN(TestPlanText)

@@ -154,7 +154,7 @@ void TestReadCommand::badInputSendsNothing_data()
         << "kxhost: X8: '8' is not an octal number; the addresses are X0 to X377 (octal)";
     QTest::newRow("32CV in requests of one register")
         << QStringList{"D1", "32CV200", "--max-words", "1"}
-        << "kxhost: 32CV200: a 32CV takes 2 registers; --max-words is 1";
+        << "kxhost: 32CV200: a 32CV takes 2 registers; raise --max-words, which is 1";
 }
 
 void TestReadCommand::badInputSendsNothing()

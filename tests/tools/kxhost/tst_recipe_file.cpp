@@ -126,7 +126,7 @@ void TestRecipeFile::badFilesAreRefused_data()
 
     QTest::newRow("empty") << QByteArray()
                            << "no header line; it is name,station,register,address,type,value";
-    QTest::newRow("header only") << QByteArray(HEADER) << "no rows";
+    QTest::newRow("header only") << QByteArray(HEADER) << "no rows behind the header";
     QTest::newRow("no header")
         << QByteArray("a,1,D,100,uint16,1\n")
         << "line 1: the first row must be the header name,station,register,address,type,value";
@@ -136,11 +136,14 @@ void TestRecipeFile::badFilesAreRefused_data()
         << recipe("a,1,D,100,uint16,1,\n") << "line 2: 7 columns instead of the 6 of the header";
     QTest::newRow("open quote") << recipe("\"a,1,D,100,uint16,1\nb,1,D,101,uint16,1")
                                 << "line 2: a quote is not closed";
-    QTest::newRow("unknown register")
-        << recipe("a,1,d,100,uint16,1") << "line 2: unknown register 'd'";
+    QTest::newRow("unknown register") << recipe("a,1,d,100,uint16,1")
+                                      << "line 2: unknown register 'd'; the types are X, Y, M, SM, "
+                                         "S, T, C, D, SD, CV, 32CV, TV, Z";
     QTest::newRow("address with a count")
-        << recipe("a,1,D,100:2,uint16,1") << "line 2: '100:2' is not an address";
-    QTest::newRow("no address") << recipe("a,1,D,,uint16,1") << "line 2: '' is not an address";
+        << recipe("a,1,D,100:2,uint16,1")
+        << "line 2: '100:2' is not an address; write its number, of X and Y in octal";
+    QTest::newRow("no address") << recipe(
+        "a,1,D,,uint16,1") << "line 2: '' is not an address; write its number, of X and Y in octal";
     QTest::newRow("unknown type")
         << recipe("a,1,D,1,word,1")
         << "line 2: unknown type 'word'; the types are bit, uint16, int16, hex16, uint32, int32";

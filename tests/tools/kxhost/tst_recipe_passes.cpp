@@ -119,7 +119,7 @@ void TestRecipePasses::failureEndsTheTransfer()
     m_transfer->start();
     QTRY_COMPARE(finished.size(), 1);
     QVERIFY(!m_transfer->isComplete());
-    QCOMPARE(m_transfer->failure(), QStringLiteral("D0:1@1: exception 2 illegal data address"));
+    QCOMPARE(m_transfer->failure(), QStringLiteral("D0:1@1: exception 2 (illegal data address)"));
     QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1", "M5:1@1"}));
     QCOMPARE(m_transfer->blockMaybeDone(), QString());
     QVERIFY(!m_session->isRecipePending());

@@ -13,6 +13,8 @@ private slots:
     void namedTypesOnly();
     void rowsAsJson();
     void anUnknownTypeIsRefused();
+    void whatNeedsNoLineTakesNone_data();
+    void whatNeedsNoLineTakesNone();
 };
 
 void TestRegistersCommand::theWholeCatalogueIsShown()
@@ -49,7 +51,7 @@ void TestRegistersCommand::theWholeCatalogueIsShown()
 
 void TestRegistersCommand::namedTypesOnly()
 {
-    const CommandResult result = runCommand("registers Z X --simulate");
+    const CommandResult result = runCommand("registers Z X");
     QCOMPARE(result.output,
              (QStringList{"TYPE  KIND  LOWEST  HIGHEST  DIGITS   FORMAT  FUNCTION  MODBUS",
                           "X     bit   X0      X377     octal    OOO     1         coils 1200 to "
@@ -76,6 +78,34 @@ void TestRegistersCommand::anUnknownTypeIsRefused()
     const CommandResult result = runCommand("registers X x");
     QCOMPARE(result.errors, (QStringList{"kxhost: unknown register type 'x'; the types are X, Y, "
                                          "M, SM, S, T, C, D, SD, CV, 32CV, TV, Z"}));
+    QCOMPARE(result.output, QStringList());
+    QCOMPARE(result.exitCode, 2);
+}
+
+void TestRegistersCommand::whatNeedsNoLineTakesNone_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("registers") << "registers --simulate"
+                               << "registers";
+    QTest::newRow("in front") << "--simulate registers"
+                              << "registers";
+    QTest::newRow("check") << "check D1 --simulate"
+                           << "check";
+    QTest::newRow("series") << "series D1 --simulate"
+                            << "series";
+    QTest::newRow("plan") << "--simulate plan D1"
+                          << "plan";
+}
+
+void TestRegistersCommand::whatNeedsNoLineTakesNone()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QString, command);
+    const CommandResult result = runCommand(arguments.split(' '));
+    QCOMPARE(result.errors, QStringList(QString("kxhost: unknown option 'simulate'; kxhost %1 "
+                                                "--help shows the options")
+                                            .arg(command)));
     QCOMPARE(result.output, QStringList());
     QCOMPARE(result.exitCode, 2);
 }

@@ -2,8 +2,11 @@
 
 #include "command_process.h"
 #include "kxsim/simulated_line.h"
+#include "watch_process.h"
 
 #include <QtTest/QtTest>
+
+#include <csignal>
 
 class TestScanCommand : public QObject
 {
@@ -16,6 +19,9 @@ private slots:
     void answersAsJson();
     void framesAreShown();
     void aSimulatedControllerInside();
+    void ctrlCEndsAScanThatFoundAStation();
+    void ctrlCEndsAScanThatFoundNone();
+    void theHelpNamesItsOwnTimeoutAndNoUselessOption();
     void wrongUsageIsOneLine_data();
     void wrongUsageIsOneLine();
     void aMissingPortIsNamed();
@@ -62,7 +68,7 @@ void TestScanCommand::answersAsJson()
     const CommandResult result = scan({"--stations", "5,6", "--json"});
     QCOMPARE(result.output,
              (QStringList{"{\"answer\":\"value\",\"event\":\"station\",\"station\":5}",
-                          "{\"answered\":1,\"event\":\"summary\",\"stations\":2}"}));
+                          "{\"answered\":1,\"event\":\"summary\",\"notAsked\":0,\"stations\":2}"}));
     QCOMPARE(result.exitCode, 0);
 }
 
@@ -83,6 +89,47 @@ void TestScanCommand::aSimulatedControllerInside()
     QCOMPARE(result.exitCode, 0);
 }
 
+// Stations that do not answer keep the scan going for more than a minute.
+void TestScanCommand::ctrlCEndsAScanThatFoundAStation()
+{
+    RunningWatch scan({"scan", "--port", m_line->portName(), "--stations", "1-247"});
+    QVERIFY(scan.waitForOutput("station 2: answered\n"));
+    scan.sendSignal(SIGINT);
+    QVERIFY(scan.waitForOutputEnd("had been asked\n"));
+    QCOMPARE(scan.exitCode(), 0);
+    QCOMPARE(scan.errors(), QByteArray());
+    const QRegularExpression summary("(\\d+) of (\\d+) stations answered; stopped before the other "
+                                     "(\\d+) had been asked\n$");
+    const QRegularExpressionMatch match = summary.match(QString::fromUtf8(scan.output()));
+    QVERIFY2(match.hasMatch(), scan.output().constData());
+    QCOMPARE(match.captured(2).toInt() + match.captured(3).toInt(), 247);
+}
+
+void TestScanCommand::ctrlCEndsAScanThatFoundNone()
+{
+    RunningWatch scan(
+        {"scan", "--port", m_line->portName(), "--stations", "100-247", "--json", "--frames"});
+    QVERIFY(scan.waitForOutput("\"event\":\"exchange\""));
+    scan.sendSignal(SIGINT);
+    QVERIFY(scan.waitForOutputEnd("}\n"));
+    QCOMPARE(scan.exitCode(), 1);
+    QCOMPARE(scan.errors(), QByteArray());
+    QVERIFY2(scan.output().contains("{\"answered\":0,\"event\":\"summary\",\"notAsked\":1"),
+             scan.output().constData());
+}
+
+void TestScanCommand::theHelpNamesItsOwnTimeoutAndNoUselessOption()
+{
+    const QString help = runCommand("scan --help").output.join('\n');
+    QVERIFY(help.contains("Milliseconds to wait for a reply (default 200)."));
+    QVERIFY(!help.contains("--station "));
+    QVERIFY(!help.contains("--retries"));
+    QVERIFY(!help.contains("--max-words"));
+    QVERIFY(runCommand("read --help")
+                .output.join('\n')
+                .contains("Milliseconds to wait for a reply (default 1000)."));
+}
+
 void TestScanCommand::wrongUsageIsOneLine_data()
 {
     QTest::addColumn<QString>("arguments");
@@ -95,8 +142,18 @@ void TestScanCommand::wrongUsageIsOneLine_data()
     QTest::newRow("a station without the option")
         << "scan --simulate 5"
         << "kxhost: 5: unexpected; a scan takes --stations";
-    QTest::newRow("a wrong time-out") << "scan --simulate --timeout 0"
-                                      << "kxhost: --timeout 0: must be a number from 1 to 60000";
+    QTest::newRow("a station") << "scan --simulate -s 5"
+                               << "kxhost: --station: a scan has no use for it; it asks each "
+                                  "station of --stations once";
+    QTest::newRow("retries") << "scan --simulate --retries 2"
+                             << "kxhost: --retries: a scan has no use for it; it asks each "
+                                "station of --stations once";
+    QTest::newRow("a request limit") << "scan --simulate --max-words 8"
+                                     << "kxhost: --max-words: a scan has no use for it; it asks "
+                                        "each station of --stations once";
+    QTest::newRow("a wrong time-out")
+        << "scan --simulate --timeout 0"
+        << "kxhost: --timeout 0: must be a whole number of milliseconds from 1 to 60000";
 }
 
 void TestScanCommand::wrongUsageIsOneLine()

@@ -33,7 +33,7 @@ void TestScanReply::aReplyCounts_data()
         << QByteArray("{\"answer\":\"value\",\"event\":\"station\",\"station\":5}");
     QTest::newRow("a refusal") // station 5, function 3 refused, illegal data address
         << ReplyKind::Exception << 2 << withCrc("05 83 02")
-        << "station 5: answered with exception 2 illegal data address"
+        << "station 5: answered with exception 2 (illegal data address)"
         << QByteArray("{\"answer\":\"exception\",\"event\":\"station\",\"exception\":2,"
                       "\"station\":5}");
     QTest::newRow("the late reply of the station before")
@@ -95,8 +95,10 @@ void TestScanReply::theBarShowsHowFar()
 
 void TestScanReply::theSummaryCounts()
 {
-    QCOMPARE(scanSummary(2, 247), QString::fromLatin1("2 of 247 stations answered"));
-    QCOMPARE(scanSummary(0, 1), QString::fromLatin1("0 of 1 station answered"));
+    QCOMPARE(scanSummary(2, 247, 0), QString::fromLatin1("2 of 247 stations answered"));
+    QCOMPARE(scanSummary(0, 1, 0), QString::fromLatin1("0 of 1 station answered"));
+    QCOMPARE(scanSummary(1, 3, 244), QString::fromLatin1("1 of 3 stations answered; stopped before "
+                                                         "the other 244 had been asked"));
 }
 
 QTEST_APPLESS_MAIN(TestScanReply)

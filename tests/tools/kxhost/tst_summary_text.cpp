@@ -9,6 +9,7 @@ class SummaryTextTest : public QObject
 private slots:
     void lines();
     void rareCountsAreNamedWhenThereAreAny();
+    void oneOfEachIsSingular();
     void networkHasNoLineLoad();
     void json();
 
@@ -65,6 +66,23 @@ void SummaryTextTest::rareCountsAreNamedWhenThereAreAny()
     QCOMPARE(lines.at(3),
              QString::fromLatin1("line: 21 requests held back until a late reply could come no "
                                  "more, 22 times opened again"));
+}
+
+void SummaryTextTest::oneOfEachIsSingular()
+{
+    WatchSummary one = summary();
+    one.cycles = 1;
+    Statistics& counts = one.statistics;
+    counts.requests = 1;
+    counts.thrownAway = {1, 1, 1, 1, 1};
+    counts.heldBack = 1;
+    counts.reopened = 1;
+    const QStringList lines = summaryLines(one);
+    QVERIFY(lines.at(0).startsWith("1 request in 1 cycle: "));
+    QCOMPARE(lines.at(1), QString("thrown away: 1 reply of another request, 1 late reply, "
+                                  "1 duplicate, 1 echo, 1 byte in no frame"));
+    QCOMPARE(lines.at(2), QString("line: 1 request held back until a late reply could come no "
+                                  "more, 1 time opened again"));
 }
 
 void SummaryTextTest::networkHasNoLineLoad()

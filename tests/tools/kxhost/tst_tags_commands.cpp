@@ -153,7 +153,7 @@ void TestTagsCommands::switchesMayStandInFrontOfTheCommand()
     QVERIFY2(result.output.first().startsWith(QLatin1String("{\"address\":\"Z15\"")),
              qPrintable(result.output.first()));
     QCOMPARE(result.exitCode, 0);
-    QCOMPARE(runCommand("--simulate check X377").exitCode, 0);
+    QCOMPARE(runCommand("--json check X377").exitCode, 0);
     QCOMPARE(runCommand("--simulate").exitCode, 2);
     QCOMPARE(runCommand("--simulate --help").exitCode, 0);
 }

@@ -102,17 +102,15 @@ void TestTagsFile::aWrongFileIsRefusedWithFileAndLine_data()
     row("a header after comments", "# a\n\nb\n",
         "tags.csv:3: the first line must be the header name,station,address,count,comment");
     row("too few fields", header + "a,1\n",
-        "tags.csv:2: 2 fields instead of 5 (name,station,address,count,comment)");
+        "tags.csv:2: 2 fields instead of 3 to 5 (name,station,address,count,comment)");
     row("too many fields", header + "a,1,D7,1,b,c\n",
-        "tags.csv:2: 6 fields instead of 5 (name,station,address,count,comment)");
+        "tags.csv:2: 6 fields instead of 3 to 5 (name,station,address,count,comment)");
     row("no name", header + ",1,D7,1,\n", "tags.csv:2: the tag has no name");
     row("a name twice", header + "# x\na,1,D7,1,\na,1,D8,1,\n",
         "tags.csv:4: the name 'a' is taken by line 3");
     row("a wrong address", header + "a,1,D7,1,\nb,1,X8,1,\n",
         "tags.csv:3: X8:1@1: '8' is not an octal number; the addresses are X0 to X377 (octal)");
-    row("no address", header + "a,,,,\n",
-        "tags.csv:2: : not an address; write TYPE ADDRESS[:COUNT][@STATION] without spaces, such "
-        "as D100:4, X17 or 32CV200@2");
+    row("no address", header + "a,,,,\n", "tags.csv:2: the tag has no address");
     row("a count of 0", header + "a,,D7,0,\n", "tags.csv:2: D7:0: the count must be 1 or more");
     row("a count past the end", header + "a,,D7999,2,\n",
         "tags.csv:2: D7999:2: 2 values run past the last address; the addresses are D0 to D7999 "

@@ -52,7 +52,7 @@ void WatchCommandTest::rangesBeyondOneRequest()
     const CommandResult result = runCommand(on(simulator, "watch D0:100 M0:70 --cycles 1"));
     QCOMPARE(result.exitCode, 0);
     // 32 + 32 + 32 + 4 registers, 32 + 32 + 6 coils.
-    QVERIFY(holds(result.output, "7 requests in 1 cycles: 7 accepted"));
+    QVERIFY(holds(result.output, "7 requests in 1 cycle: 7 accepted"));
     QVERIFY(holds(result.output, " 1 D99 7"));
     QVERIFY(holds(result.output, " 1 M69 1"));
 }

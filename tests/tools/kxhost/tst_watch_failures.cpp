@@ -56,7 +56,7 @@ void WatchFailuresTest::refusedAddressFails()
     const CommandResult result =
         runCommand(on(simulator, "watch SM255:2 --retries 1 --cycles 1 --frames"));
     QCOMPARE(result.exitCode, 1);
-    QVERIFY(holds(result.output, "exception 2 illegal data address, failed"));
+    QVERIFY(holds(result.output, "exception 2 (illegal data address), failed"));
     QVERIFY(holds(result.output, " 1 SM255 refused"));
     QVERIFY(holds(result.output, "repeated or failed: 1 refused by the station"));
 }

@@ -18,10 +18,12 @@ class WatchUsageTest : public QObject
 
 private slots:
     void help();
+    void helpOfAllCommands();
     void wrongUsage_data();
     void wrongUsage();
     void cannotOpen_data();
     void cannotOpen();
+    void aMissingLibraryCanBeNamed();
 };
 
 void WatchUsageTest::help()
@@ -31,7 +33,18 @@ void WatchUsageTest::help()
     QVERIFY(holds(result.output, "Usage: kxhost watch [options] ADDRESS|FILE..."));
     QVERIFY(holds(result.output, "--cycles <COUNT>"));
     QVERIFY(holds(result.output, "  kxhost watch D100:4 M0:8 X10 32CV200 --port /dev/ttyUSB0"));
-    QVERIFY(holds(runCommand("--help").output, "  watch      show values as they change"));
+    QVERIFY(holds(result.output, "X and Y are octal, all other types decimal."));
+    QVERIFY(holds(result.output, "a file of"));
+    QVERIFY(holds(result.output, "Exit codes: 0 fine, 1 a station failed or the line was lost"));
+}
+
+void WatchUsageTest::helpOfAllCommands()
+{
+    const QStringList help = runCommand("--help").output;
+    QVERIFY(holds(help, "  watch      show values as they change"));
+    QVERIFY(holds(help, "An address is TYPENUMBER[:COUNT][@STATION]"));
+    QVERIFY(holds(help, "X and Y are octal (X10 follows X7), all other types decimal."));
+    QVERIFY(holds(help, "Exit codes: 0 fine, 1 a station failed or the line was lost"));
 }
 
 void WatchUsageTest::wrongUsage_data()
@@ -42,12 +55,14 @@ void WatchUsageTest::wrongUsage_data()
         QTest::newRow(name) << QByteArray(arguments)
                             << QString::fromLatin1("kxhost: ") + QString::fromLatin1(error);
     };
-    row("unknown command", "wach D0", "unknown command 'wach'; kxhost --help lists them");
+    row("unknown command", "wach D0", "unknown command 'wach'; kxhost --help lists the commands");
     row("no address", "watch --simulate",
         "nothing to watch; name addresses such as D100:4, or a tags file");
     row("no line", "watch D0", "no line; name one with --port or --tcp, or use --simulate");
-    row("unknown option", "watch D0 --simulate --speed 5", "Unknown option 'speed'.");
-    row("option without its value", "watch D0 --port", "Missing value after '--port'.");
+    row("unknown option", "watch D0 --simulate --speed 5",
+        "unknown option 'speed'; kxhost watch --help shows the options");
+    row("option without its value", "watch D0 --port",
+        "missing value after '--port'; kxhost watch --help shows the options");
     row("unknown type", "watch Q0 --simulate",
         "Q0: unknown register type 'Q'; the types are X, Y, M, SM, S, T, C, D, SD, CV, 32CV, TV, "
         "Z");
@@ -63,9 +78,9 @@ void WatchUsageTest::wrongUsage_data()
     row("second address wrong", "watch D0 D1@248 --simulate",
         "D1@248: the station must be 1 to 247");
     row("cycles 0", "watch D0 --simulate --cycles 0",
-        "--cycles 0: must be a number from 1 to 2147483647");
+        "--cycles 0: must be a whole number from 1 to 2147483647");
     row("counter in a request of one register", "watch 32CV200 --simulate --max-words 1",
-        "32CV200 does not fit a request of one register; raise --max-words");
+        "32CV200: a 32CV takes 2 registers; raise --max-words, which is 1");
     row("tags file that is not there", "watch --simulate --tags /kx-no-such-file",
         "/kx-no-such-file: No such file or directory");
 }
@@ -107,6 +122,15 @@ void WatchUsageTest::cannotOpen()
     QCOMPARE(result.errors.size(), 1);
     QVERIFY2(result.errors.first().startsWith(start), qPrintable(result.errors.first()));
     QCOMPARE(result.output, QStringList());
+}
+
+void WatchUsageTest::aMissingLibraryCanBeNamed()
+{
+    const CommandResult result = runCommand("registers --library /kx-no-such-library.so.1");
+    QCOMPARE(result.exitCode, 3);
+    QCOMPARE(result.errors.size(), 1);
+    QVERIFY2(result.errors.first().endsWith(QLatin1String("; name its file with --library")),
+             qPrintable(result.errors.first()));
 }
 
 QTEST_GUILESS_MAIN(WatchUsageTest)

@@ -173,7 +173,7 @@ void TestWriteCommand::badInputSendsNothing_data()
         << "kxhost: D2: not an assignment; write ADDRESS=VALUE[,VALUE...], such as D100=1234";
     QTest::newRow("32CV in requests of one register")
         << QStringList{"D1=5", "32CV200=1", "--max-words", "1"}
-        << "kxhost: 32CV200=1: a 32CV takes 2 registers; --max-words is 1";
+        << "kxhost: 32CV200=1: a 32CV takes 2 registers; raise --max-words, which is 1";
 }
 
 void TestWriteCommand::badInputSendsNothing()

@@ -141,8 +141,9 @@ void TestKxsim::commandsAnswerAndSurviveTheirEnd()
     KxsimProcess kxsim({"--still"});
     kxsim.tell("set D100=1,2,3,4");
     QCOMPARE(kxsim.ask("get D100:4"), QStringLiteral("D100=1,2,3,4"));
-    QCOMPARE(kxsim.ask("hello"), QStringLiteral("error: 'hello' is not a command; write get D100:4 "
-                                                "or set D100=5"));
+    QCOMPARE(kxsim.ask("hello"),
+             QStringLiteral("error: 'hello' is not a command; write get D100:4, "
+                            "set D100=5 or faults"));
     QCOMPARE(kxsim.lastAnswer("get D101"), QStringLiteral("D101=2"));
     QTest::qWait(200);
     ModbusMaster master(kxsim.portName());

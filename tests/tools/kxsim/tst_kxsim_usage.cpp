@@ -48,9 +48,11 @@ void TestKxsimUsage::wrongUsageGetsOneLine_data()
         int exitCode;
         const char* names;
     } rows[] = {
-        {"unknown option", "--bogus", 2, "bogus"},
+        {"unknown option", "--bogus", 2,
+         "kxsim: unknown option 'bogus'; kxsim --help shows the options"},
         {"option without its value", "--station", 2, "station"},
-        {"an argument that is no option", "COM1", 2, "COM1"},
+        {"an argument that is no option", "COM1", 2,
+         "unexpected argument 'COM1'; a port is named with --port"},
         {"station 0", "--station 0", 2, "1 to 247"},
         {"station 248", "--station 248", 2, "1 to 247"},
         {"station not a number", "-a one", 2, "1 to 247"},
@@ -121,6 +123,7 @@ void TestKxsimUsage::helpShowsExamplesAndTheOctalTypes()
         const Outcome outcome = run({QString::fromLatin1(option)});
         QCOMPARE(outcome.exitCode, 0);
         QCOMPARE(outcome.error, QString());
+        QVERIFY(outcome.output.startsWith("Usage: kxsim [options]\nSimulated controllers: "));
         for (const char* const words :
              {"X and Y are octal", "kxsim --set D100=1234", "--station", "--still", "--symlink",
               "--log", "--fault", "--fault-seed", "--fault-delay", "extra-before", "--port",

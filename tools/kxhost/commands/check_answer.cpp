@@ -38,14 +38,12 @@ bool isWordTag(const RegisterType* type, const CheckedTag& tag)
     return !type || type->registerClass != BIT_CLASS;
 }
 
-QString rangeFault(const RegisterType* type, int number, int length)
+QString rangeFault(const RegisterType* type, int number, int values)
 {
     if (number < type->lowestAddress || number > highestAddress(type))
         return text("out of range; the addresses are %1").arg(addressesOf(type));
-    return text("out of range; number %1 and length %2 pass the limit of %3")
-        .arg(number)
-        .arg(length)
-        .arg(type->limit);
+    return text("%1 values run past the last address; the addresses are %2")
+        .arg(QString::number(values), addressesOf(type));
 }
 
 QString digitsFault(const RegisterType* type, const QString& digits)
@@ -68,7 +66,7 @@ QString faultOf(int code, const RegisterType* type, const AddressParts& parts, i
     case ADDRESS_KIND_MISMATCH:
         return kindFault(type);
     case ADDRESS_OUT_OF_RANGE:
-        return rangeFault(type, number, parts.values * registersPerAddress(type));
+        return rangeFault(type, number, parts.values);
     case ADDRESS_UNKNOWN_TYPE:
         return text("unknown register type '%1'; the types are %2")
             .arg(parts.type, registerTypeNames());
@@ -79,7 +77,7 @@ QString faultOf(int code, const RegisterType* type, const AddressParts& parts, i
     case ADDRESS_ACCESS_REFUSED:
         return text("access code %1 is refused; X addresses are inputs").arg(tag.access);
     default:
-        return text("the driver answers %1").arg(code);
+        return text("the driver answers with code %1").arg(code);
     }
 }
 
@@ -106,8 +104,11 @@ CheckAnswer checkAddress(const DriverEntryPoints& entryPoints, const QString& ty
     answer.typed = typed;
     AddressParts parts;
     if (!splitAddress(typed, &parts)) {
-        answer.fault = text("not an address; write TYPE ADDRESS[:COUNT] without spaces, such as "
-                            "D100:4, X17 or 32CV200");
+        answer.fault =
+            typed.contains(QRegularExpression(text(":0+\\z")))
+                ? text("the count must be 1 or more")
+                : text("not an address; write TYPENUMBER[:COUNT] without spaces, such as D100:4, "
+                       "X17 or 32CV200");
         return answer;
     }
     const RegisterType* const type = findRegisterType(parts.type);

@@ -16,9 +16,9 @@ const CommandHelp HELP = {
     "check [options] ADDRESS...",
     "Asks the driver whether addresses are valid, and says in a line each what number\n"
     "and what Modbus coil or holding register they stand for, or what is wrong.\n"
-    "An address is TYPE NUMBER[:COUNT]. Needs no controller.\n"
-    "What is wrong goes to standard error (with --json to standard output) and ends\n"
-    "with 2.",
+    "An address is TYPENUMBER[:COUNT], COUNT being in values. Needs no controller.\n"
+    "What is wrong goes to standard error (with --json to standard output), and makes\n"
+    "the exit code 2.",
     "kxhost check X377 D8000 32CV200:4\n"
     "kxhost check M2040:16 --json\n"
     "kxhost check X10 --access 1\n"

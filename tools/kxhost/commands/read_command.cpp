@@ -18,9 +18,9 @@ namespace
 const CommandHelp HELP = {
     "read [options] ADDRESS|FILE...",
     "Reads the addresses once and prints a line for each: station, address, value.\n"
-    "An address is TYPE NUMBER[:COUNT][@STATION]; a file is a tags file, whose names\n"
-    "are printed after the addresses. Values of registers are unsigned. Ends with 1\n"
-    "when a station did not answer or refused.",
+    "An address is TYPENUMBER[:COUNT][@STATION], COUNT being in values; a file is a\n"
+    "tags file, whose names are printed after the addresses. Values of registers are\n"
+    "unsigned. Exit code 1 when a station did not answer or refused.",
     "kxhost read D100:10 --port /dev/ttyUSB0\n"
     "kxhost read tags.csv --port /dev/ttyUSB0\n"
     "kxhost read X0:8 32CV200@2 --tcp 192.168.0.5 --json\n"
@@ -35,7 +35,7 @@ bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options, Q
     for (const Tag& tag : *tags) {
         const AddressRange& range = tag.range;
         if (addressesPerRead(range.type, options->session.maxWords) < 1) {
-            *error = QStringLiteral("%1: a 32CV takes 2 registers; --max-words is 1")
+            *error = QStringLiteral("%1: a 32CV takes 2 registers; raise --max-words, which is 1")
                          .arg(addressText(range.type, range.address));
             return false;
         }

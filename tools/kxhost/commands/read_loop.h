@@ -10,7 +10,7 @@
 /// Prints every exchange when the options ask for frames.
 void showFrames(const DriverSession* session, const ConnectionOptions& options);
 
-/// Why a request failed: "no reply", "exception 2 illegal data address".
+/// Why a request failed: "no reply", "exception 2 (illegal data address)".
 QString reasonOf(const ExchangeRecord& record);
 
 /// Lets the simulated controllers answer for that station.

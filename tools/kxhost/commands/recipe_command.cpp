@@ -5,6 +5,7 @@
 #include "kxhost/commands/write_pieces.h"
 #include "kxhost/connection.h"
 #include "kxhost/console.h"
+#include "kxhost/counted.h"
 #include "kxhost/exit_codes.h"
 #include "kxhost/recipe_file.h"
 #include "kxhost/recipe_progress.h"
@@ -34,7 +35,7 @@ const CommandHelp HELP = {
     "  uint32, int32         32CV, or two registers of D SD CV TV Z, low word first\n"
     "Values are decimal or 0x hexadecimal. An upload needs none and keeps the writing\n"
     "of those that are still right. Requests have at most 123 registers, whatever\n"
-    "--max-words says. Ends with 1 when the transfer is not complete.",
+    "--max-words says. Exit code 1 when the transfer is not complete.",
     "kxhost recipe download filling.csv --port /dev/ttyUSB0\n"
     "kxhost recipe upload filling.csv --tcp 192.168.0.5\n"
     "kxhost recipe download filling.csv --simulate"};
@@ -134,10 +135,10 @@ void printSummary(const RecipeTransfer& transfer, const RecipeOptions& options)
     const bool isUpload = options.direction == RecipeDirection::Upload;
     const int rows = static_cast<int>(options.file.rows().size());
     if (!options.connection.json) {
-        printLine(QStringLiteral("%1 values %2 in %3 blocks")
-                      .arg(rows)
-                      .arg(QLatin1String(isUpload ? "uploaded" : "downloaded"))
-                      .arg(transfer.blocks()));
+        printLine(QStringLiteral("%1 %2 in %3")
+                      .arg(counted(rows, "value", "values"),
+                           QLatin1String(isUpload ? "uploaded" : "downloaded"),
+                           counted(transfer.blocks(), "block", "blocks")));
         return;
     }
     QJsonObject json;

@@ -14,14 +14,16 @@ namespace
 const CommandHelp HELP = {
     "scan [options]",
     "Asks every station once for D0 and shows who answers; a refusal is an answer, too.\n"
-    "Waits 200 ms for each (--timeout) and repeats nothing.\n"
-    "Ends with 0 when a station answered, with 1 when none did or the line was lost.",
+    "Waits 200 ms for each (--timeout) and repeats nothing. Ctrl-C stops it.\n"
+    "Exit code 0 when a station answered, 1 when none did or the line was lost.",
     "kxhost scan --port /dev/ttyUSB0\n"
     "kxhost scan --stations 1-20,100 --tcp 192.168.0.5 --timeout 500\n"
     "kxhost scan --stations 1-5 --simulate --json"};
 
 const int SHORT_TIMEOUT = 200; // milliseconds
 const char* const ALL_STATIONS = "1-247";
+const QStringList UNUSED_OPTIONS = {QStringLiteral("station"), QStringLiteral("retries"),
+                                    QStringLiteral("max-words")};
 
 struct ScanOptions {
     ConnectionOptions connection;
@@ -35,6 +37,14 @@ bool readOptions(const QCommandLineParser& parser, ScanOptions* options, QString
         *error = QString::fromLatin1("%1: unexpected; a scan takes --stations")
                      .arg(parser.positionalArguments().first());
         return false;
+    }
+    for (const QString& option : UNUSED_OPTIONS) {
+        if (parser.isSet(option)) {
+            *error = QString::fromLatin1("--%1: a scan has no use for it; it asks each station of "
+                                         "--stations once")
+                         .arg(option);
+            return false;
+        }
     }
     if (!parseStations(parser.value(QLatin1String("stations")), &options->stations, error))
         return false;
@@ -76,9 +86,10 @@ public:
         if (m_json)
             printJson(QJsonObject{{QLatin1String("event"), QLatin1String("summary")},
                                   {QLatin1String("stations"), m_run.asked()},
-                                  {QLatin1String("answered"), m_run.answered()}});
+                                  {QLatin1String("answered"), m_run.answered()},
+                                  {QLatin1String("notAsked"), m_stations - m_run.asked()}});
         else
-            printLine(scanSummary(m_run.answered(), m_run.asked()));
+            printLine(scanSummary(m_run.answered(), m_run.asked(), m_stations - m_run.asked()));
     }
 
 private:
@@ -121,7 +132,7 @@ int runScan(const QStringList& arguments)
     parser.addOption({QLatin1String("stations"),
                       QLatin1String("Stations to ask, such as 1-20,100 (default 1-247)."),
                       QLatin1String("LIST"), QLatin1String(ALL_STATIONS)});
-    addConnectionOptions(&parser);
+    addConnectionOptions(&parser, SHORT_TIMEOUT, UNUSED_OPTIONS);
     int exitCode = EXIT_FINE;
     if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
         return exitCode;

@@ -1,6 +1,7 @@
 #include "kxhost/commands/scan_reply.h"
 
 #include "exchange/reply_verdict.h"
+#include "kxhost/counted.h"
 #include "kxhost/frame_text.h"
 
 namespace
@@ -71,8 +72,12 @@ QString scanBar(int done, int stations, int answered)
              QString::number(done), QString::number(stations), QString::number(answered));
 }
 
-QString scanSummary(int answered, int stations)
+QString scanSummary(int answered, int asked, int notAsked)
 {
-    return text("%1 of %2 station%3 answered")
-        .arg(QString::number(answered), QString::number(stations), text(stations == 1 ? "" : "s"));
+    const QString summary =
+        text("%1 of %2 answered")
+            .arg(QString::number(answered), counted(asked, "station", "stations"));
+    return notAsked == 0 ? summary
+                         : text("%1; stopped before the other %2 had been asked")
+                               .arg(summary, QString::number(notAsked));
 }

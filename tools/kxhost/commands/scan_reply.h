@@ -18,20 +18,20 @@ struct ScanReply {
     ScanAnswer answer = ScanAnswer::None;
     int station = 0; ///< who answered; an Other reply may be a late one
     int exceptionCode = 0;
-    QString refusal; ///< "exception 2 illegal data address"
+    QString refusal; ///< "exception 2 (illegal data address)"
 };
 
 /// A reply counts when its CRC is right, whatever it says.
 ScanReply scanReplyOf(const ExchangeRecord& record);
 
-/// "station 5: answered with exception 2 illegal data address".
+/// "station 5: answered with exception 2 (illegal data address)".
 QString scanLine(const ScanReply& reply);
 QJsonObject scanJson(const ScanReply& reply);
 
 /// "[####....................................] 25/247 stations, 1 answered".
 QString scanBar(int done, int stations, int answered);
 
-/// "2 of 247 stations answered".
-QString scanSummary(int answered, int stations);
+/// "2 of 247 stations answered", and how many were not asked when it was stopped.
+QString scanSummary(int answered, int asked, int notAsked);
 
 #endif

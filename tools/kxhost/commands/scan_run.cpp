@@ -4,7 +4,7 @@ ScanRun::ScanRun(DriverSession* session, const QList<int>& stations, QObject* pa
     : QObject(parent), m_session(session), m_stations(stations)
 {
     connect(session, &DriverSession::exchanged, this, &ScanRun::handleExchange);
-    connect(session, &DriverSession::lineFailed, this, &ScanRun::abort);
+    connect(session, &DriverSession::lineFailed, this, &ScanRun::loseLine);
 }
 
 void ScanRun::start()
@@ -21,7 +21,13 @@ void ScanRun::start()
     m_session->start();
 }
 
-void ScanRun::abort(const QString& reason)
+void ScanRun::abort(const QString& /*reason*/)
+{
+    if (!m_finished)
+        finish();
+}
+
+void ScanRun::loseLine(const QString& reason)
 {
     if (m_finished)
         return;

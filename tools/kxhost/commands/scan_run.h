@@ -16,12 +16,12 @@ public:
     ScanRun(DriverSession* session, const QList<int>& stations, QObject* parent = nullptr);
 
     void start();
-    /// Ends early, for example when the line is lost.
+    /// Ends early, as the user wishes.
     void abort(const QString& reason);
 
     int asked() const { return m_asked; }
     int answered() const { return static_cast<int>(m_answered.size()); }
-    /// Why the scan ended early; empty when it did not.
+    /// Why the line was lost; empty when it was not.
     QString failure() const { return m_failure; }
 
 signals:
@@ -31,6 +31,7 @@ signals:
     void finished();
 
 private:
+    void loseLine(const QString& reason);
     void handleExchange(const ExchangeRecord& record);
     void finish();
 

@@ -94,12 +94,12 @@ QString seriesNotice(const Series& series)
     const QString type = text(series.type->name);
     QStringList notices;
     if (const int clamped = countOf(series, SeriesPlace::Clamped))
-        notices << text("%1 of %2 addresses lie past %3 and were replaced by it")
-                       .arg(QString::number(clamped), QString::number(series.rows.size()),
-                            type + text(series.type->highest));
+        notices << text("past %1 and replaced by it: %2 of %3 addresses")
+                       .arg(type + text(series.type->highest), QString::number(clamped),
+                            QString::number(series.rows.size()));
     if (const int below = countOf(series, SeriesPlace::BelowLowest))
-        notices << text("%1 of %2 addresses lie below %3, the lowest")
-                       .arg(QString::number(below), QString::number(series.rows.size()),
-                            type + text(series.type->lowest));
+        notices << text("below %1, the lowest: %2 of %3 addresses")
+                       .arg(type + text(series.type->lowest), QString::number(below),
+                            QString::number(series.rows.size()));
     return notices.join(text("; "));
 }

@@ -21,10 +21,10 @@ namespace
 const CommandHelp HELP = {
     "watch [options] ADDRESS|FILE...",
     "Reads the addresses in cycles and shows their values.\n"
-    "An address is TYPE NUMBER[:COUNT][@STATION]; a file is a tags file, whose names\n"
-    "are shown. A cycle is over when every request of the list was answered or has\n"
-    "failed once. Ends with 1 when an address was never read or its last read failed,\n"
-    "or when the line was lost.\n"
+    "An address is TYPENUMBER[:COUNT][@STATION], COUNT being in values; a file is a\n"
+    "tags file, whose names are shown. A cycle is over when every request of the list\n"
+    "was answered or has failed once. Ctrl-C ends it. Exit code 1 when an address was\n"
+    "never read or its last read failed, or when the line was lost.\n"
     "On a terminal a table is shown, below which assignments such as D100=5 can be\n"
     "typed; --frames and --json, or a pipe, give lines of changes instead.",
     "kxhost watch D100:4 M0:8 X10 32CV200 --port /dev/ttyUSB0 --station 1\n"
@@ -48,9 +48,9 @@ bool prepareRanges(WatchOptions* options, QString* error)
         if (!simulated.contains(range.station))
             simulated << range.station;
         if (addressesPerRead(range.type, options->connection.session.maxWords) < 1) {
-            *error = QString::fromLatin1("%1 does not fit a request of one register; raise "
-                                         "--max-words")
-                         .arg(addressText(range.type, range.address));
+            *error =
+                QString::fromLatin1("%1: a 32CV takes 2 registers; raise --max-words, which is 1")
+                    .arg(addressText(range.type, range.address));
             return false;
         }
     }

@@ -17,8 +17,8 @@ const CommandHelp HELP = {
     "write [options] ADDRESS=VALUE[,VALUE...]...",
     "Writes values and says for each assignment whether the station confirmed it.\n"
     "Values are decimal, 0x hexadecimal or negative; coils take 0 and 1. X cannot be\n"
-    "written. All assignments are checked before the first is sent. Ends with 1 when\n"
-    "a station did not answer or refused.",
+    "written. All assignments are checked before the first is sent. Exit code 1 when a\n"
+    "station did not answer or refused.",
     "kxhost write D100=1234 Y10=1 32CV200=100000 --port /dev/ttyUSB0\n"
     "kxhost write M0=1,0,1,1 D100@2=0x10,-5 --tcp 192.168.0.5 --json\n"
     "kxhost write D100=1 --simulate"};
@@ -33,7 +33,8 @@ bool takeAssignment(const QString& text, ConnectionOptions* options, Assignment*
         *error = QStringLiteral("%1: %2 is an input and cannot be written")
                      .arg(text, addressText(range.type, range.address));
     else if (addressesPerWrite(range.type, options->session.maxWords) < 1)
-        *error = QStringLiteral("%1: a 32CV takes 2 registers; --max-words is 1").arg(text);
+        *error =
+            QStringLiteral("%1: a 32CV takes 2 registers; raise --max-words, which is 1").arg(text);
     if (!error->isEmpty())
         return false;
     if (range.station < 0)

@@ -1,0 +1,12 @@
+#ifndef KX_KXHOST_COUNTED_H
+#define KX_KXHOST_COUNTED_H
+
+#include <QtCore/QString>
+
+/// "1 request", "2 requests".
+inline QString counted(qint64 count, const char* one, const char* many)
+{
+    return QString::fromLatin1("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
+}
+
+#endif
