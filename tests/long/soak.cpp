@@ -18,7 +18,9 @@ const int EXCHANGES_PER_ROUND = 5000;
 // still meets new orders of allocations.
 const int WARM_UP_ROUNDS = 50;
 const int WARM_UP_PART = 10;
+const int STRETCH_PART = 20; // without initialising
 const int LEAST_MEASUREMENTS = 16;
+const int LEAST_UNMEASURED = 4;          // when there is nothing to measure but the queues
 const qint64 ALLOWED_SPREAD = 64 * 1024; // bytes
 const qint64 MILLISECONDS_BETWEEN_LINES = 60000;
 
@@ -93,19 +95,44 @@ bool needsMore(const MemorySpread& spread)
     return isMemoryMeasurable() && spread.measurements() < LEAST_MEASUREMENTS;
 }
 
+bool isWarm(int rounds, qint64 exchanges, qint64 wanted)
+{
+    return (rounds > WARM_UP_ROUNDS || !isMemoryMeasurable()) && exchanges >= wanted / WARM_UP_PART;
+}
+
 void checkMemory(const MemorySpread& spread)
 {
     if (!isMemoryMeasurable()) {
         std::printf("memory is not measured under this allocator\n");
         return;
     }
-    std::printf("memory after warm-up, %d times: heap %lld to %lld bytes, resident %lld to %lld\n",
+    std::printf("memory after warm-up, %d times: heap %lld to %lld bytes; resident, each the "
+                "average of eight, %lld to %lld bytes\n",
                 spread.measurements(), static_cast<long long>(spread.lowest().heap),
                 static_cast<long long>(spread.highest().heap),
                 static_cast<long long>(spread.lowest().resident),
                 static_cast<long long>(spread.highest().resident));
     if (!spread.isWithin(ALLOWED_SPREAD))
         soakFailed(QString::fromLatin1("memory moved by more than 64 KiB"));
+}
+
+void checkStretch(const Stretch& stretch)
+{
+    const MemoryUse lowest = stretch.memory.lowest();
+    const MemoryUse highest = stretch.memory.highest();
+    std::printf("without initialising: %d measurements over %lld exchanges: heap %lld to %lld "
+                "bytes, %lld cached values always\n",
+                stretch.memory.measurements(), static_cast<long long>(stretch.exchanges),
+                static_cast<long long>(lowest.heap), static_cast<long long>(highest.heap),
+                static_cast<long long>(stretch.sizes.cache));
+    if (isMemoryMeasurable() && highest.heap - lowest.heap > ALLOWED_SPREAD)
+        soakFailed(QString::fromLatin1("without initialising, the heap moved by more than 64 KiB"));
+}
+
+Stretch stretchOf(SoakRuntime& runtime, qint64 wanted)
+{
+    return runWithoutInitialising(runtime, wanted / STRETCH_PART,
+                                  isMemoryMeasurable() ? LEAST_MEASUREMENTS : LEAST_UNMEASURED);
 }
 
 } // namespace
@@ -121,13 +148,15 @@ int main(int argc, char** argv)
     clock.start();
     qint64 nextLine = MILLISECONDS_BETWEEN_LINES;
     const QueueSizes first = sizesAtRest(runtime);
-    for (int round = 0; counts.exchanges < wanted.exchanges || needsMore(spread); ++round) {
+    Stretch stretch = Stretch();
+    for (int round = 1; counts.exchanges < wanted.exchanges || needsMore(spread); ++round) {
         runRound(runtime, EXCHANGES_PER_ROUND);
-        const QueueSizes sizes = sizesAtRest(runtime);
-        if (!(sizes == first))
-            soakFailed(QString::fromLatin1("at first %1; now %2").arg(first.text(), sizes.text()));
+        const bool isMeasured = isWarm(round, counts.exchanges, wanted.exchanges);
+        if (isMeasured && stretch.exchanges == 0)
+            stretch = stretchOf(runtime, wanted.exchanges);
+        expectSame(first, sizesAtRest(runtime));
         const MemoryUse use = memoryUse();
-        if (round >= WARM_UP_ROUNDS && counts.exchanges >= wanted.exchanges / WARM_UP_PART)
+        if (isMeasured)
             spread.add(use);
         if (clock.elapsed() >= nextLine) {
             printProgress(counts, use, clock.elapsed());
@@ -136,6 +165,9 @@ int main(int argc, char** argv)
     }
     printCounts(counts);
     std::printf("at rest, always: %s\n", qPrintable(first.text()));
+    std::printf("caches checked, %lld times: nothing that was not asked for, nothing twice\n",
+                static_cast<long long>(counts.cachesChecked));
+    checkStretch(stretch);
     checkMemory(spread);
     std::printf("%lld s\n", static_cast<long long>(clock.elapsed() / 1000));
     return 0;

@@ -94,10 +94,29 @@ void SoakRuntime::checkRecipe(bool isGood)
 
 QByteArray SoakRuntime::values(const DeviceRange& range)
 {
+    m_known.addAll(range);
     QByteArray out(bytesOf(range), '\xEE');
     intf_getData(range.station, range.regType, range.address, range.count,
                  reinterpret_cast<unsigned char*>(out.data()));
     return out;
+}
+
+void SoakRuntime::noteCached(int result, int kind)
+{
+    const bool isRead =
+        kind == CYCLIC_READ_JOB || kind == CONDITION_READ_JOB || kind == RECIPE_READ_JOB;
+    if (isRead && result == REPLY_ACCEPTED)
+        m_known.addAll(rangeOf(m_request.job));
+    if (isRead && result == REPLY_FAILED)
+        m_known.addUnanswered(rangeOf(m_request.job));
+}
+
+void SoakRuntime::checkCache()
+{
+    ++m_counts.cachesChecked;
+    const QString wrong = m_known.wrongIn(driver.dataAreas);
+    if (!wrong.isEmpty())
+        soakFailed(QString::fromLatin1("exchange %1: %2").arg(m_counts.exchanges).arg(wrong));
 }
 
 void SoakRuntime::compare(const DeviceRange& range)

@@ -1,65 +1,40 @@
 #include "long/soak_round.h"
 
+#include "long/soak_plans.h"
+
 #include <algorithm>
 
 namespace
 {
 
 const int MOST_WORDS = 123; // which a write of registers may carry, too
+const int MOST_BITS = 2000;
 const int WRITES_THAT_OVERFILL = 600;
 const int DRAINING = 20000; // exchanges that empty any queue, faults long over
+// Without initialising: few registers per request, so that failures reach few addresses.
+const int STRETCH_WORDS = 32;
+const int STRETCH_BITS = 8 * STRETCH_WORDS;
+const int EXCHANGES_PER_MEASUREMENT = 1000;
 
-typedef std::vector<DeviceRange> Ranges;
-
-const DeviceRange& anyOf(RandomSource& random, const Ranges& ranges)
-{
-    return ranges[static_cast<size_t>(random.below(static_cast<int>(ranges.size())))];
-}
-
-/// A part of `whole` of at most `most` elements. Never a multiple of eight coils,
-/// the last eight of which a write turns off.
-DeviceRange pieceOf(RandomSource& random, const DeviceRange& whole, int most)
-{
-    const int step = holdsDoubleWords(whole.regType) ? 2 : 1;
-    DeviceRange piece = whole;
-    piece.count = step * random.between(1, std::min(most, whole.count) / step);
-    if (holdsBits(piece.regType) && piece.count % 8 == 0)
-        --piece.count;
-    piece.address += random.between(0, (whole.count - piece.count) / step);
-    return piece;
-}
-
-/// All of the ranges in pieces that one request can read.
-void appendWhole(Ranges& plan, const Ranges& ranges, int most)
-{
-    for (const DeviceRange& whole : ranges) {
-        const int step = holdsDoubleWords(whole.regType) ? 2 : 1;
-        const int limit = most / step * step;
-        for (int done = 0; done < whole.count; done += limit) {
-            DeviceRange piece = whole;
-            piece.address += done / step;
-            piece.count = std::min(limit, whole.count - done);
-            plan.push_back(piece);
-        }
-    }
-}
-
-/// Every setpoint, and parts of what the process changes.
-Ranges randomPlan(RandomSource& random, int maxWords)
-{
-    Ranges plan;
-    appendWhole(plan, setpointRanges(), maxWords);
-    for (const DeviceRange& process : processRanges()) {
-        for (int i = random.below(5); i > 0; --i)
-            plan.push_back(pieceOf(random, process, holdsBits(process.regType) ? 2000 : maxWords));
-    }
-    return plan;
-}
+/// What may happen in a round, other than single polls and writes.
+struct Course {
+    int mostBits; ///< in one entry of a plan
+    bool initialises;
+};
 
 /// Lets the line be good or bad, or the controllers be silent, for a while.
 int faultsForAWhile(RandomSource& random)
 {
     return random.oneOf({0, 0, 0, 1, 5, 20, 100});
+}
+
+QueueSizes sizesNow()
+{
+    const QueueSizes sizes = {
+        driver.readList.size(),  driver.writeList.size(), driver.condList.size(),
+        driver.frameList.size(), driver.dataAreas.size(), driver.rcpVarsA.size(),
+        driver.rcpVars.size(),   driver.intList.size(),   driver.regNames.size()};
+    return sizes;
 }
 
 void drain(SoakRuntime& runtime)
@@ -69,7 +44,7 @@ void drain(SoakRuntime& runtime)
     int left = DRAINING;
     while (!driver.writeList.isEmpty() || !driver.condList.isEmpty() || runtime.isRecipeRunning()) {
         if (left-- == 0 || !runtime.exchange())
-            soakFailed(QString::fromLatin1("the queues do not drain"));
+            soakFailed(QString::fromLatin1("the queues do not drain: %1").arg(sizesNow().text()));
     }
     if (runtime.isAskedOnce())
         soakFailed(QString::fromLatin1("the end of a condition read was not reported"));
@@ -102,12 +77,12 @@ void overfillTheQueue(SoakRuntime& runtime)
 }
 
 /// Once in a thousand exchanges or so each; what an operator does now and then.
-void doSomethingRare(SoakRuntime& runtime, Ranges& plan)
+void doSomethingRare(SoakRuntime& runtime, const Course& course, Ranges& plan)
 {
     RandomSource& random = runtime.random();
-    switch (random.below(4)) {
+    switch (random.below(course.initialises ? 4 : 3)) {
     case 0:
-        plan = randomPlan(random, runtime.maxWords());
+        plan = randomPlan(random, runtime.maxWords(), course.mostBits);
         runtime.watch(plan);
         break;
     case 1:
@@ -140,14 +115,42 @@ void doSomething(SoakRuntime& runtime)
     }
 }
 
-} // namespace
-
-bool QueueSizes::operator==(const QueueSizes& other) const
+void work(SoakRuntime& runtime, const Course& course, int exchanges, Ranges& plan)
 {
-    return reads == other.reads && writes == other.writes && conditions == other.conditions
-           && frames == other.frames && cache == other.cache && variables == other.variables
-           && blocks == other.blocks && starts == other.starts && names == other.names;
+    RandomSource& random = runtime.random();
+    plan = randomPlan(random, runtime.maxWords(), course.mostBits);
+    runtime.watch(plan);
+    runtime.setWritesInside(true);
+    for (int i = 0; i < exchanges; ++i) {
+        if (random.below(300) == 0)
+            runtime.setFaults(faultsForAWhile(random));
+        if (random.below(300) == 0)
+            doSomethingRare(runtime, course, plan);
+        doSomething(runtime);
+        if (!runtime.exchange())
+            soakFailed(QString::fromLatin1("nothing to send"));
+    }
+    drain(runtime);
 }
+
+void expectNothingLeft(SoakRuntime& runtime)
+{
+    const QueueSizes sizes = sizesNow();
+    if (sizes.writes != 0 || sizes.conditions != 0 || sizes.frames != 0)
+        soakFailed(QString::fromLatin1("left over: %1").arg(sizes.text()));
+    runtime.checkCache();
+}
+
+/// Watches and reads every address of the soak.
+QueueSizes sizesWhenAllIsRead(SoakRuntime& runtime)
+{
+    const Ranges everything = wholePlan(runtime.maxWords());
+    runtime.watch(everything);
+    compareAll(runtime, everything);
+    return sizesNow();
+}
+
+} // namespace
 
 QString QueueSizes::text() const
 {
@@ -162,39 +165,52 @@ QString QueueSizes::text() const
         .arg(blocks);
 }
 
+void expectSame(const QueueSizes& first, const QueueSizes& now)
+{
+    if (first.reads != now.reads || first.writes != now.writes || first.conditions != now.conditions
+        || first.frames != now.frames || first.cache != now.cache
+        || first.variables != now.variables || first.blocks != now.blocks
+        || first.starts != now.starts || first.names != now.names)
+        soakFailed(QString::fromLatin1("at first %1; now %2").arg(first.text(), now.text()));
+}
+
 void runRound(SoakRuntime& runtime, int exchanges)
 {
-    RandomSource& random = runtime.random();
-    runtime.initialise(random.oneOf({32, 64, MOST_WORDS}));
-    Ranges plan = randomPlan(random, runtime.maxWords());
-    runtime.watch(plan);
-    runtime.setWritesInside(true);
-    for (int i = 0; i < exchanges; ++i) {
-        if (random.below(300) == 0)
-            runtime.setFaults(faultsForAWhile(random));
-        if (random.below(300) == 0)
-            doSomethingRare(runtime, plan);
-        doSomething(runtime);
-        if (!runtime.exchange())
-            soakFailed(QString::fromLatin1("nothing to send"));
-    }
-    drain(runtime);
+    runtime.initialise(runtime.random().oneOf({32, 64, MOST_WORDS}));
+    Ranges plan;
+    const Course course = {MOST_BITS, true};
+    work(runtime, course, exchanges, plan);
     compareAll(runtime, plan);
     overfillTheQueue(runtime);
     compareAll(runtime, plan);
+    expectNothingLeft(runtime);
 }
 
 QueueSizes sizesAtRest(SoakRuntime& runtime)
 {
-    Ranges everything;
-    for (const Ranges* ranges : {&processRanges(), &setpointRanges(), &recipeRanges()})
-        appendWhole(everything, *ranges, MOST_WORDS);
     runtime.initialise(MOST_WORDS);
-    runtime.watch(everything);
-    compareAll(runtime, everything);
-    const QueueSizes sizes = {
-        driver.readList.size(),  driver.writeList.size(), driver.condList.size(),
-        driver.frameList.size(), driver.dataAreas.size(), driver.rcpVarsA.size(),
-        driver.rcpVars.size(),   driver.intList.size(),   driver.regNames.size()};
-    return sizes;
+    return sizesWhenAllIsRead(runtime);
+}
+
+Stretch runWithoutInitialising(SoakRuntime& runtime, qint64 exchanges, int measurements)
+{
+    runtime.initialise(STRETCH_WORDS);
+    for (const DeviceRange& range : everythingInReach(STRETCH_WORDS))
+        runtime.values(range);
+    sizesWhenAllIsRead(runtime);
+    overfillTheQueue(runtime);
+    Stretch stretch = {0, MemorySpread(), sizesWhenAllIsRead(runtime)};
+
+    const qint64 start = runtime.counts().exchanges;
+    const Course course = {STRETCH_BITS, false};
+    Ranges plan;
+    while (stretch.exchanges < exchanges || stretch.memory.measurements() < measurements) {
+        work(runtime, course, EXCHANGES_PER_MEASUREMENT, plan);
+        compareAll(runtime, plan);
+        expectSame(stretch.sizes, sizesWhenAllIsRead(runtime));
+        expectNothingLeft(runtime);
+        stretch.memory.add(memoryUse());
+        stretch.exchanges = runtime.counts().exchanges - start;
+    }
+    return stretch;
 }

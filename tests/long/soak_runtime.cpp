@@ -66,6 +66,8 @@ SoakRuntime::~SoakRuntime()
 
 void SoakRuntime::initialise(int maxWords)
 {
+    checkCache();
+    m_known.clear();
     ++m_counts.initialisations;
     m_maxWords = maxWords;
     m_badInARow = 0;
@@ -95,6 +97,7 @@ void SoakRuntime::watch(const std::vector<DeviceRange>& ranges)
         key.address = range.address;
         key.count = range.count;
         keys.append(key);
+        m_known.addWatched(range);
     }
     const int jobs = intf_addrMerge(keys);
     if (jobs < 1 || jobs != driver.readList.size())
@@ -177,6 +180,7 @@ bool SoakRuntime::exchange()
     const int result = intf_dealRcvFrame(reply, errorText);
     m_handlesReply = false;
     checkResult(result, isGood);
+    noteCached(result, kind);
     if (result == REPLY_ACCEPTED)
         checkServed(kind, m_request.job);
     if (result == REPLY_FAILED && kind == CONDITION_READ_JOB)

@@ -3,7 +3,7 @@
 #ifndef KX_TESTS_SOAK_RUNTIME_H
 #define KX_TESTS_SOAK_RUNTIME_H
 
-#include "long/device_ranges.h"
+#include "long/known_addresses.h"
 #include "model/random_source.h"
 #include "tarvelan_kx_series.h"
 
@@ -25,6 +25,7 @@ struct SoakCounts {
     qint64 initialisations;
     qint64 reports;
     qint64 valuesCompared;
+    qint64 cachesChecked;
 };
 
 class SoakRuntime
@@ -33,7 +34,8 @@ public:
     explicit SoakRuntime(quint64 seed);
     ~SoakRuntime();
 
-    /// Initialises with a request limit of `maxWords`, then plans the recipes.
+    /// Checks the cache that goes, initialises with a request limit of `maxWords`, then plans the
+    /// recipes.
     void initialise(int maxWords);
     void watch(const std::vector<DeviceRange>& ranges);
 
@@ -56,6 +58,10 @@ public:
 
     /// The cache and the controllers' memory agree on all of it?
     void compare(const DeviceRange& range);
+    /// Values as a screen reads them, which gives each address a record.
+    QByteArray values(const DeviceRange& range);
+    /// The cache holds each address that came in since it was empty once, and no other?
+    void checkCache();
 
     RandomSource& random() { return m_random; }
     SoakCounts& counts() { return m_counts; }
@@ -70,10 +76,11 @@ private:
     void checkResult(int result, bool isGood);
     void checkServed(int kind, const VARIABLE& job);
     void checkRecipe(bool isGood);
-    QByteArray values(const DeviceRange& range);
+    void noteCached(int result, int kind);
 
     RandomSource m_random;
     MemoryController m_controller;
+    KnownAddresses m_known;
     SoakCounts m_counts;
     std::vector<unsigned char> m_shared;
     std::vector<quint16> m_recipe;
