@@ -23,11 +23,12 @@ const int FRAME_GAP = 4;  // milliseconds of silence: 3.5 characters at 9600 bau
 }
 
 // [load]
+static QLibrary library(QStringLiteral("libtarvelan_kx_series.so.1"));
+
 // The entry point of that name, with the type that the header gives it.
 template <typename Function>
 static Function* find(const char* name, Function* /*of the header, for its type*/)
 {
-    static QLibrary library(QStringLiteral("libtarvelan_kx_series.so.1"));
     const auto found = reinterpret_cast<Function*>(library.resolve(name));
     if (!found)
         endWith(library.errorString());
