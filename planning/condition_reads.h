@@ -16,8 +16,9 @@ extern "C" {
 ///
 /// When the piece queued last has been answered or has failed for good, the
 /// value-change function is called with (-1, -1, "-1", r), r being 0, or -1 after
-/// the failure. Any failure drops all waiting condition reads, those queued from
-/// inside its report too, and when an earlier piece fails nothing is reported.
+/// the failure. Only the failure of a condition read drops all waiting condition
+/// reads, those queued from inside its report too; when an earlier piece fails
+/// nothing is reported. A failed cyclic read, write or recipe leaves them waiting.
 ///
 /// Communication thread only; may be called from inside the value-change
 /// function; does not call it.

@@ -12,6 +12,16 @@ void watchD5()
     intf_addrMerge(watched);
 }
 
+/// The one-off read of D100 still waits, goes out and ends well.
+void expectD100Done(DriverFixture& runtime)
+{
+    QCOMPARE(addresses(driver.condList), QList<int>() << 100);
+    QCOMPARE(runtime.reports, QList<Report>());
+    QCOMPARE(serve(runtime, 1), QStringList() << "D 100 1");
+    QCOMPARE(runtime.reports, QList<Report>() << CONDITION_DONE);
+    QVERIFY(driver.condList.isEmpty());
+}
+
 } // namespace
 
 class ConditionReadsTest : public QObject
@@ -93,6 +103,49 @@ private slots:
         QCOMPARE(runtime.reports, QList<Report>());
         QCOMPARE(serve(runtime, 2), QStringList() << "D 5 1"
                                                   << "D 5 1");
+    }
+
+    void itOutlivesAFailedWrite()
+    {
+        DriverFixture runtime("1#0#0#1#32");
+        setValues(1, "D", 7, 1, "0100");
+        addCondition(1, "D", 100, 1);
+        QCOMPARE(failRequest(runtime), QList<int>() << 2);
+        QCOMPARE(runtime.lastError(), QString("0,1,7,D"));
+        expectD100Done(runtime);
+    }
+
+    void itOutlivesAFailedCyclicRead()
+    {
+        DriverFixture runtime("1#0#0#1#32");
+        watchD5();
+        QCOMPARE(runtime.poll(), withCrc("01 03 0005 0001"));
+        addCondition(1, "D", 100, 1); // while the cyclic read is on the wire
+        QCOMPARE(runtime.deal(QByteArray()), 2);
+        QCOMPARE(runtime.lastError(), QString("0,1,5,D"));
+        expectD100Done(runtime);
+    }
+
+    void itOutlivesAFailedRecipeWrite()
+    {
+        DriverFixture runtime("1#0#0#1#32");
+        QCOMPARE(planRecipe({{"D", 20, 1, 0}}), 1);
+        runtime.requestRecipeWrite();
+        addCondition(1, "D", 100, 1);
+        QCOMPARE(failRequest(runtime), QList<int>() << 2);
+        QCOMPARE(runtime.lastError(), QString("0,1,20,D"));
+        expectD100Done(runtime);
+    }
+
+    void itOutlivesAFailedRecipeRead()
+    {
+        DriverFixture runtime("1#0#0#1#32");
+        QCOMPARE(planRecipe({{"D", 20, 1, 0}}), 1);
+        runtime.requestRecipeRead();
+        addCondition(1, "D", 100, 1);
+        QCOMPARE(failRequest(runtime), QList<int>() << 2);
+        QCOMPARE(runtime.lastError(), QString("0,1,20,D"));
+        expectD100Done(runtime);
     }
 
     void onlyTheRequestAskedLastIsReported()
