@@ -4,7 +4,6 @@
 
 #include "driver/job_queue.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtTest/QtTest>
 
 namespace
@@ -203,13 +202,12 @@ void ConditionReadJobsTest::manyPiecesAreFiledLikeOneByOne()
         QCOMPARE(driver.condList.at(index).kind, 8);
 }
 
+// Two milliseconds. Its two thousand million pieces one by one would take most of an
+// hour, so that a driver that files them so does not come back within a test's time.
 void ConditionReadJobsTest::theLongestRangeIsFiledAtOnce()
 {
     DriverFixture runtime("1#0#0#3#1");
-    QElapsedTimer timer;
-    timer.start();
     ask("1 D 0 x2147483647", COUNTED_IN_WORDS);
-    QVERIFY(timer.elapsed() < 5000);
     QCOMPARE(driver.condList.size(), 513);
     QCOMPARE(driver.condList.at(511).address, 511);
     QCOMPARE(driver.condList.at(512).address, 2147483646);
