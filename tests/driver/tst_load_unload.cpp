@@ -16,8 +16,8 @@ const int CYCLES = 2500; // an emulator translates the library anew each time
 const int CYCLES = 10000;
 #endif
 const int CYCLES_UNDER_VALGRIND = 200; // which reads the library's symbols each time
-const int WARM_UP = 1000;
-const int BETWEEN_MEASUREMENTS = 500;
+const int WARM_UP = CYCLES / 10;
+const int BETWEEN_MEASUREMENTS = CYCLES / 20;
 
 int reports = 0;
 
