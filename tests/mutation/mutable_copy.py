@@ -152,11 +152,12 @@ class MutableCopy:
         return None
 
     def units_with(self, name):
-        """What the library's build, and the test of that file, compile from it."""
+        """What the library's build, the test of that file, and tests that name it compile from it."""
         own = 'tst_' + Path(name).stem
         return [unit for unit in self.units if name in self.depends[unit]
                 and (not unit.source.startswith(('tests/', 'fuzz/'))
-                     or Path(unit.source).stem.startswith(own))]
+                     or Path(unit.source).stem.startswith(own)
+                     or f'#include "{name}"' in (self.sources / unit.source).read_text())]
 
     def compile_all(self, units):
         with ThreadPoolExecutor(self.jobs) as pool:
