@@ -45,7 +45,9 @@ const OptionText OPTIONS[] = {
     {"reopen", "Seconds in which a lost line is opened again (default 0: end at once).", "SECONDS"},
     {"max-words", "The driver's longest request: so many registers, or watched bits (default 32).",
      "COUNT"},
-    {"library", "File of the driver library.", "PATH"},
+    {"library",
+     "File of the driver library (default: the one beside the program, else the system's).",
+     "PATH"},
     {"frames", "Show every request and reply, in hexadecimal.", nullptr},
     {"json", "Write JSON, an object per line.", nullptr},
 };

@@ -3,7 +3,9 @@
 void addOfflineOptions(QCommandLineParser* parser)
 {
     parser->addOption({QLatin1String("json"), QLatin1String("Write JSON, an object per line.")});
-    parser->addOption({QLatin1String("library"), QLatin1String("File of the driver library."),
+    parser->addOption({QLatin1String("library"),
+                       QLatin1String("File of the driver library (default: the one beside the "
+                                     "program, else the system's)."),
                        QLatin1String("PATH")});
 }
 

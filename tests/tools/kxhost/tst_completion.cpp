@@ -54,6 +54,10 @@ void TestCompletion::whatIsOffered_data()
     QTest::newRow("options of this command only") << "series --st" << QStringList{"--step"};
     QTest::newRow("parities") << "plan --parity ''" << QStringList{"even", "none", "odd"};
     QTest::newRow("baud rates") << "watch -b 1" << QStringList{"115200", "1200", "19200"};
+    QTest::newRow("faults by their beginning")
+        << "read D0 --simulate --fault de" << QStringList{"deaf:", "delay:"};
+    QTest::newRow("a number is the user's") << "read D0 --timeout ''" << QStringList();
+    QTest::newRow("a step is the user's") << "series D0 --step ''" << QStringList();
     QTest::newRow("kinds") << "check D1 --as ''" << QStringList{"bit", "word"};
     QTest::newRow("directions of a recipe") << "recipe ''" << QStringList{"download", "upload"};
     QTest::newRow("register types") << "registers S" << QStringList{"S", "SD", "SM"};
@@ -71,6 +75,7 @@ void TestCompletion::filesAreOffered()
     const QString beginning = file.left(file.size() - 2);
     QCOMPARE(completed(QLatin1String("plan ") + beginning), QStringList{file});
     QCOMPARE(completed(QLatin1String("watch --tags ") + beginning), QStringList{file});
+    QCOMPARE(completed(QLatin1String("registers --library ") + beginning), QStringList{file});
     QCOMPARE(completed(QLatin1String("scan --port /dev/nul")), QStringList{"/dev/null"});
 }
 

@@ -14,12 +14,12 @@ namespace
 {
 
 const CommandHelp HELP = {
-    "plan [options] FILE|ADDRESS...",
+    "plan [options] ADDRESS|FILE...",
     "Shows the requests with which the driver would read the addresses, how long they\n"
     "take on a line, and which request limit makes the cycle shortest. Neighbouring\n"
     "addresses share a request; those in the gaps between are bridged, that is, read\n"
     "along. The driver has one limit for registers and bits alike (--max-words of\n"
-    "kxhost watch). UNREAD counts the addresses that a controller would refuse or\n"
+    "kxhost watch). UNREAD counts bits and registers that a controller would refuse or\n"
     "answer with others. FILE is a tags file. Needs no controller.",
     "kxhost plan D100:4 D110:2 M0:8 X10\n"
     "kxhost plan tags.csv --baud 19200 --parity even --turnaround 8ms\n"

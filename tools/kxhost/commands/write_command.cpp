@@ -17,8 +17,8 @@ const CommandHelp HELP = {
     "write [options] ADDRESS=VALUE[,VALUE...]...",
     "Writes values and says for each assignment whether the station confirmed it.\n"
     "Values are decimal, 0x hexadecimal or negative; coils take 0 and 1. X cannot be\n"
-    "written. All assignments are checked before the first is sent. Exit code 1 when a\n"
-    "station did not answer or refused.",
+    "written. All assignments are checked before the first is sent. Exit code 1 when\n"
+    "a station did not answer or refused.",
     "kxhost write D100=1234 Y10=1 32CV200=100000 --port /dev/ttyUSB0\n"
     "kxhost write M0=1,0,1,1 D100@2=0x10,-5 --tcp 192.168.0.5 --json\n"
     "kxhost write D100=1 --simulate"};

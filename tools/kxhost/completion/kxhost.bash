@@ -13,6 +13,14 @@ _kxhost_options()
         | grep -o -e '--[a-z][a-z-]*' | sort -u
 }
 
+# Of the simulated controller that stands beside the program.
+_kxhost_faults()
+{
+    "${COMP_WORDS[0]%kxhost}kxsim" --help 2>/dev/null \
+        | sed -n '/^Faults,/,/^$/s/^  \([a-z-]*\) .*/\1:/p'
+    echo "all:"
+}
+
 # The first word that is no option: only switches stand in front of the command.
 _kxhost_command()
 {
@@ -34,12 +42,27 @@ _kxhost_values()
         --data-bits) echo "7 8" ;;
         --stop-bits) echo "1 2" ;;
         --as) echo "bit word" ;;
+        --fault) _kxhost_faults ;;
+    esac
+}
+
+# Whether an option takes a number or another text that only the user knows.
+_kxhost_takes_number()
+{
+    case $1 in
+        --station | -s | --timeout | -t | --settle | --quiet | --retries | -r | --reopen) ;;
+        --max-words | --tcp | --fault-seed | --fault-delay | --cycles | --stations) ;;
+        --count | -n | --step | --turnaround | --data-type | --access) ;;
+        *) return 1 ;;
     esac
 }
 
 _kxhost_words()
 {
     local command=$1 previous=$2 current=$3 values
+    case $previous in
+        --library | --tags | --port | -p) return ;; # files
+    esac
     values=$(_kxhost_values "$previous")
     if [[ -z $command ]]; then
         echo "$(_kxhost_commands) --help --simulate"
@@ -60,6 +83,10 @@ _kxhost()
     words=$(_kxhost_words "$(_kxhost_command)" "$previous" "$current")
     if [[ -n $words ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+        # A probability follows the kind of a fault.
+        [[ ${COMPREPLY[0]} != *: ]] || compopt -o nospace 2>/dev/null
+    elif _kxhost_takes_number "$previous"; then
+        COMPREPLY=()
     elif [[ $previous == --port || $previous == -p ]]; then
         mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}")
     else
