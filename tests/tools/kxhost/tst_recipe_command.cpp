@@ -158,7 +158,8 @@ void TestRecipeCommand::badInputSendsNothing_data()
     QTest::newRow("no direction") << QByteArray("send") << QByteArray("a,1,D,1,uint16,5\n") << none
                                   << "write recipe download FILE.csv or recipe upload FILE.csv";
     QTest::newRow("two files") << QByteArray("upload") << QByteArray("a,1,D,1,uint16,5\n")
-                               << QStringList{"x.csv"} << "recipe upload takes one file";
+                               << QStringList{"x.csv"}
+                               << "recipe upload takes one file; write recipe upload FILE.csv";
     QTest::newRow("a bad row among good ones")
         << QByteArray("download") << QByteArray("a,1,D,1,uint16,5\nb,1,D,8000,uint16,5\n") << none
         << "%1: line 3: D8000@1: out of range; the addresses are D0 to D7999 (decimal)";

@@ -57,7 +57,8 @@ bool takeDirection(const QStringList& arguments, RecipeOptions* options, QString
         return false;
     }
     if (arguments.size() != 2) {
-        *error = QStringLiteral("recipe %1 takes one file").arg(direction);
+        *error =
+            QStringLiteral("recipe %1 takes one file; write recipe %1 FILE.csv").arg(direction);
         return false;
     }
     options->direction = isDownload ? RecipeDirection::Download : RecipeDirection::Upload;
