@@ -15,8 +15,10 @@ extern "C" {
 ///
 /// A block takes its values from the recipe buffer contiguously, from the
 /// position of its first variable on: lay variables that share or follow each
-/// other in the registers out in the same order, without gaps. A recipe of one
-/// variable is planned, and sent, as two identical blocks.
+/// other in the registers out in the same order, without gaps. Of 32CV the count,
+/// though in registers, is added to the address here: 32CV200 with a count of 2 is
+/// joined with 32CV202, and the block covers 32CV201. A recipe of one variable is
+/// planned, and sent, as two identical blocks.
 ///
 /// The position of a running transfer is not reset. Communication thread only;
 /// not from inside the value-change function. Does not call it.
