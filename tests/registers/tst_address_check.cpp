@@ -1,36 +1,12 @@
-#include "registers/address_check.h"
+#include "registers/checked_address.h"
 
 #include <QtTest/QtTest>
-
-#include <limits>
 
 namespace
 {
 
-const int UNTOUCHED = -4711;
-const int BIT_TAG = -1;
-const int HIGHEST_INT = std::numeric_limits<int>::max();
 const QStringList BIT_TYPES = {"X", "Y", "M", "SM", "S", "T", "C"};
 const QStringList WORD_TYPES = {"D", "SD", "CV", "32CV", "TV", "Z"};
-
-struct Checked {
-    int result;
-    int address;
-};
-
-Checked validity(const QString& type, const QString& text, int length, int isWord)
-{
-    Checked checked = {0, UNTOUCHED};
-    checked.result = intf_checkAddrValidity(type, text, &checked.address, length, isWord);
-    return checked;
-}
-
-Checked check(const QString& type, const QString& text, int dataType, int length, int access)
-{
-    Checked checked = {0, UNTOUCHED};
-    checked.result = intf_checkAddr(type, text, &checked.address, dataType, length, access);
-    return checked;
-}
 
 } // namespace
 

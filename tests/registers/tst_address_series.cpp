@@ -40,6 +40,21 @@ void AddressSeriesTest::series_data()
     add("each clamped anew", "Z", {100, 3, 100}, 2, {15, 15, 15}, "15 15 15");
     add("the step wraps below zero", "D", {7999, 2, highestInt}, 1, {7999, -2147475650},
         "7999 2147491646");
+    const int lowestInt = std::numeric_limits<int>::min();
+    add("from the lowest int up", "D", {lowestInt, 2, 1}, 1, {lowestInt, -2147483647},
+        "2147483648 2147483649");
+    add("from the lowest int up in octal", "X", {lowestInt, 2, 1}, 1, {lowestInt, -2147483647},
+        "20000000000 20000000001");
+    add("from the lowest int down wraps", "D", {lowestInt, 2, -1}, 2, {lowestInt, 7999},
+        "2147483648 7999");
+    add("from the highest int up wraps", "D", {highestInt, 3, 1}, 2, {7999, lowestInt, -2147483647},
+        "7999 2147483648 2147483649");
+    add("a step of the lowest int", "Y", {5, 3, lowestInt}, 1, {5, -2147483643, 5},
+        "5 20000000005 5");
+    add("the highest int and a step of the lowest", "32CV", {highestInt, 4, lowestInt}, 2,
+        {255, -1, 255, -1}, "255 4294967295 255 4294967295");
+    add("a count of the lowest int", "M", {0, lowestInt, 1}, 1, {}, "");
+    add("all three the lowest int", "Z", {lowestInt, lowestInt, lowestInt}, 1, {}, "");
     add("one copy", "S", {1023, 1, 5}, 1, {1023}, "1023");
     add("no copy", "D", {0, 0, 1}, 1, {}, "");
     add("fewer than no copy", "D", {0, -3, 1}, 1, {}, "");

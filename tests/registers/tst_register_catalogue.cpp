@@ -2,6 +2,8 @@
 
 #include <QtTest/QtTest>
 
+#include <limits>
+
 using Texts = QList<QString>;
 
 class RegisterCatalogueTest : public QObject
@@ -70,6 +72,10 @@ void RegisterCatalogueTest::listsTheTypesOfAKind_data()
     QTest::newRow("word types") << 1 << 1 << Texts({"D", "SD", "CV", "32CV", "TV", "Z"});
     QTest::newRow("no third kind") << 2 << 0 << Texts();
     QTest::newRow("no kind below 0") << -1 << 0 << Texts();
+    QTest::newRow("the lowest int") << std::numeric_limits<int>::min() << 0 << Texts();
+    QTest::newRow("the highest int") << std::numeric_limits<int>::max() << 0 << Texts();
+    QTest::newRow("low byte 0") << 256 << 0 << Texts();
+    QTest::newRow("low byte 1, negative") << -255 << 0 << Texts();
 }
 
 void RegisterCatalogueTest::listsTheTypesOfAKind()
