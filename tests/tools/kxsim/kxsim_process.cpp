@@ -55,6 +55,11 @@ QString KxsimProcess::errorOutput()
     return QString::fromUtf8(m_process.readAllStandardError());
 }
 
+QString KxsimProcess::output()
+{
+    return QString::fromUtf8(m_process.readAllStandardOutput());
+}
+
 QString KxsimProcess::readLine()
 {
     while (!m_process.canReadLine() && m_process.waitForReadyRead(PATIENCE_MILLISECONDS)) {

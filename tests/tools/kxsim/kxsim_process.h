@@ -25,6 +25,8 @@ public:
     /// Sends a signal; returns the exit code, or -1 when it crashed or goes on.
     int exitCodeAfter(int signal);
     QString errorOutput();
+    /// What it printed since the latest answer.
+    QString output();
 
 private:
     QString readLine();

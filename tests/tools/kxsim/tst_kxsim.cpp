@@ -181,10 +181,13 @@ void TestKxsim::faultsAreCounted()
         master.send(withCrc("00 06 0001 0004"));
     }
     QTRY_COMPARE(kxsim.ask("get D1"), QStringLiteral("D1=4"));
-    QCOMPARE(kxsim.ask("faults"),
-             QStringLiteral("requests=1 none=0 deaf=0 silence=0 delay=0 corrupt=0 truncate=0 "
-                            "extra-before=0 extra-after=0 duplicate=0 other-station=0 "
-                            "exception=0 echo=1 close=0"));
+    const QString counts =
+        QStringLiteral("requests=1 none=0 deaf=0 silence=0 delay=0 corrupt=0 truncate=0 "
+                       "extra-before=0 extra-after=0 duplicate=0 other-station=0 "
+                       "exception=0 echo=1 close=0");
+    QCOMPARE(kxsim.ask("faults"), counts);
+    QCOMPARE(kxsim.exitCodeAfter(SIGTERM), 0);
+    QCOMPARE(kxsim.output(), QStringLiteral("kxsim: %1\n").arg(counts));
 }
 
 void TestKxsim::aRefusedOrUnheardWriteChangesNothing_data()
@@ -269,6 +272,7 @@ void TestKxsim::signalsEndItCleanly()
     QVERIFY(!kxsim.portName().isEmpty());
     QCOMPARE(kxsim.exitCodeAfter(signal), 0);
     QCOMPARE(kxsim.errorOutput(), QString());
+    QCOMPARE(kxsim.output(), QString()); // it was asked for no faults
 }
 
 void TestKxsim::aGivenPortIsServed()
