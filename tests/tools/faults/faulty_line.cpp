@@ -1,5 +1,8 @@
 #include "tools/faults/faulty_line.h"
 
+#include "tools/faults/whole_frames.h"
+
+using kxsim::Fault;
 using kxsim::FaultyReply;
 using kxsim::RequestServer;
 
@@ -40,8 +43,30 @@ void FaultyLine::serve(const QByteArray& request)
     if (onRequest)
         onRequest(request);
     const RequestServer::Answer answer = m_server.answer(request, m_faults.isCarriedOut());
-    if (answer.verdict == RequestServer::EXECUTED)
-        deliver(m_faults.apply(request, answer.reply));
+    if (answer.verdict != RequestServer::EXECUTED)
+        return;
+    const FaultyReply reply = m_faults.apply(request, answer.reply);
+    account(latestFault(), answer.reply, reply.bytes);
+    deliver(reply);
+}
+
+Fault FaultyLine::latestFault()
+{
+    size_t kind = 0;
+    while (m_faults.count(static_cast<Fault>(kind)) == m_faultsSeen[kind])
+        ++kind;
+    ++m_faultsSeen[kind];
+    return static_cast<Fault>(kind);
+}
+
+void FaultyLine::account(Fault fault, const QByteArray& reply, const QByteArray& spoiled)
+{
+    if (fault == Fault::Corrupt)
+        m_framesByChance += wholeFramesIn(spoiled);
+    if (fault != Fault::ExtraBefore && fault != Fault::ExtraAfter)
+        return;
+    m_noise += spoiled.size() - reply.size();
+    m_framesByChance += wholeFramesIn(spoiled) - 1;
 }
 
 void FaultyLine::deliver(const FaultyReply& reply)

@@ -33,12 +33,18 @@ public:
     const kxsim::LineFaults& faults() const { return m_faults; }
     /// Late replies that went down with a line that was closed.
     int lostLateReplies() const { return m_lostLateReplies; }
+    /// Frames that are no replies: noise or damaged bytes that have their CRC by chance.
+    int framesByChance() const { return m_framesByChance; }
+    /// Bytes put before and behind replies.
+    qint64 noise() const { return m_noise; }
 
     /// Called before a controller takes a request, whole and with CRC.
     std::function<void(const QByteArray&)> onRequest;
 
 private:
     void serve(const QByteArray& request);
+    kxsim::Fault latestFault();
+    void account(kxsim::Fault fault, const QByteArray& reply, const QByteArray& spoiled);
     void deliver(const kxsim::FaultyReply& reply);
     void arrive(qint64 after, const QByteArray& bytes, bool isLate);
     void closeForAWhile();
@@ -51,6 +57,9 @@ private:
     bool m_isOpen = true;
     int m_openings = 0; ///< bytes of an earlier one do not arrive
     int m_lostLateReplies = 0;
+    std::array<qint64, kxsim::FAULT_COUNT> m_faultsSeen = {};
+    int m_framesByChance = 0;
+    qint64 m_noise = 0;
 };
 
 #endif

@@ -1,5 +1,7 @@
 #include "tools/faults/faulty_run.h"
 
+#include "tools/faults/whole_frames.h"
+
 #include <QtTest/QtTest>
 
 using kxsim::Fault;
@@ -21,17 +23,6 @@ DriverEntryPoints loadedDriver()
 bool isRead(const ExchangeRecord& record)
 {
     return record.job.kind == CYCLIC_READ_JOB || record.job.kind == CONDITION_READ_JOB;
-}
-
-int wholeFramesIn(QByteArray bytes)
-{
-    int frames = 0;
-    while (!bytes.isEmpty()) {
-        const int length = frameLengthOf(bytes);
-        frames += length > 0 ? 1 : 0;
-        bytes.remove(0, length > 0 ? length : 1);
-    }
-    return frames;
 }
 
 } // namespace
@@ -111,5 +102,5 @@ qint64 FaultyRun::wholeReplies() const
 {
     return faults(Fault::None) + faults(Fault::ExtraAfter) + 2 * faults(Fault::Duplicate)
            + faults(Fault::ExtraBefore) + faults(Fault::Echo) + faults(Fault::OtherStation)
-           + faults(Fault::Delay) - m_line.lostLateReplies();
+           + faults(Fault::Delay) - m_line.lostLateReplies() + m_line.framesByChance();
 }

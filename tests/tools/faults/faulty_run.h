@@ -32,7 +32,8 @@ public:
     int readsPerCycle() const { return m_readsPerCycle; }
     /// Counts of faults, by kind.
     qint64 faults(kxsim::Fault fault) const { return m_line.faults().count(fault); }
-    /// Whole replies that the line has carried, but for refusals.
+    /// Whole replies that the line has carried, but for refusals, and what looks like one
+    /// by chance.
     qint64 wholeReplies() const;
     /// Those that came behind noise or behind a reply cut short, and went down with it.
     qint64 hiddenReplies() const { return m_hiddenReplies; }

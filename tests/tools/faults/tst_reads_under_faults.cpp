@@ -73,6 +73,8 @@ private slots:
     void withoutSettlingLateRepliesAreTakenForOthers();
     void eachKindIsCountedForWhatItIs_data();
     void eachKindIsCountedForWhatItIs();
+    void framesByChanceAreAccountedFor_data();
+    void framesByChanceAreAccountedFor();
 };
 
 void ReadsUnderFaultsTest::noValueIsMisplaced_data()
@@ -172,6 +174,36 @@ void ReadsUnderFaultsTest::eachKindIsCountedForWhatItIs()
     QCOMPARE(host.bad.sum(), isRepeated ? run.faults(kind) : 0);
     QCOMPARE(host.accepted + host.repeated + host.failed, host.requests);
     QCOMPARE(run.misplaced() + run.stale(), qint64(0));
+}
+
+// A frame of five bytes whose CRC is right comes once in some ten thousand bursts of
+// noise, so the seeds are those of runs that have one.
+void ReadsUnderFaultsTest::framesByChanceAreAccountedFor_data()
+{
+    QTest::addColumn<QByteArray>("fault");
+    QTest::addColumn<uint>("seed");
+    QTest::newRow("in noise behind a reply") << QByteArray("extra-after:1") << 39U;
+    QTest::newRow("at the beginning of noise before a reply")
+        << QByteArray("extra-before:0.9") << 67U;
+    QTest::newRow("inside noise before a reply") << QByteArray("extra-before:0.9") << 113U;
+    QTest::newRow("in a damaged reply") << QByteArray("corrupt:0.9") << 11U;
+    QTest::newRow("at the beginning of a damaged reply") << QByteArray("corrupt:0.9") << 169U;
+}
+
+void ReadsUnderFaultsTest::framesByChanceAreAccountedFor()
+{
+    QFETCH(QByteArray, fault);
+    QFETCH(uint, seed);
+    kxsim::FaultPlan plan = planOf(fault.constData());
+    plan.seed = seed;
+    FaultyRun run(manyBlocks(plan));
+    const Statistics& host = run.session().statistics();
+    run.runUntil([&] { return host.requests >= SHORT_RUN; });
+    run.settle();
+    const ThrownAway& thrown = host.thrownAway;
+    QCOMPARE(run.line().framesByChance(), 1);
+    QCOMPARE(host.accepted + thrown.late + thrown.duplicates + thrown.foreign + run.hiddenReplies(),
+             run.wholeReplies());
 }
 
 QTEST_GUILESS_MAIN(ReadsUnderFaultsTest)

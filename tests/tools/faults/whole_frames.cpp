@@ -1,0 +1,14 @@
+#include "tools/faults/whole_frames.h"
+
+#include "exchange/reply_verdict.h"
+
+int wholeFramesIn(QByteArray bytes)
+{
+    int frames = 0;
+    while (!bytes.isEmpty()) {
+        const int length = frameLengthOf(bytes);
+        frames += length > 0 ? 1 : 0;
+        bytes.remove(0, length > 0 ? length : 1);
+    }
+    return frames;
+}
