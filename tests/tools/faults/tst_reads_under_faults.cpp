@@ -3,6 +3,7 @@
 
 #include "tools/faults/faulty_run.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtTest/QtTest>
 
 using kxsim::Fault;
@@ -73,6 +74,10 @@ private slots:
     void withoutSettlingLateRepliesAreTakenForOthers();
     void eachKindIsCountedForWhatItIs_data();
     void eachKindIsCountedForWhatItIs();
+    void noiseIsCountedByTheByte_data();
+    void noiseIsCountedByTheByte();
+    void lateRepliesAreFoundAgain_data();
+    void lateRepliesAreFoundAgain();
     void framesByChanceAreAccountedFor_data();
     void framesByChanceAreAccountedFor();
 };
@@ -172,6 +177,60 @@ void ReadsUnderFaultsTest::eachKindIsCountedForWhatItIs()
     QVERIFY(run.faults(kind) > 50);
     QCOMPARE(count(host), run.faults(kind));
     QCOMPARE(host.bad.sum(), isRepeated ? run.faults(kind) : 0);
+    QCOMPARE(host.accepted + host.repeated + host.failed, host.requests);
+    QCOMPARE(run.misplaced() + run.stale(), qint64(0));
+}
+
+void ReadsUnderFaultsTest::noiseIsCountedByTheByte_data()
+{
+    QTest::addColumn<QByteArray>("fault");
+    QTest::addColumn<Fault>("kind");
+    QTest::addColumn<bool>("isRepeated");
+    QTest::newRow("before a reply") << QByteArray("extra-before:0.1") << Fault::ExtraBefore << true;
+    QTest::newRow("behind a reply") << QByteArray("extra-after:0.1") << Fault::ExtraAfter << false;
+}
+
+void ReadsUnderFaultsTest::noiseIsCountedByTheByte()
+{
+    QFETCH(QByteArray, fault);
+    QFETCH(Fault, kind);
+    QFETCH(bool, isRepeated);
+    FaultyRun run(manyBlocks(planOf(fault.constData())));
+    const Statistics& host = run.session().statistics();
+    run.runUntil([&] { return host.requests >= 1000; });
+    run.settle();
+    QVERIFY(run.faults(kind) > 50);
+    QVERIFY(host.thrownAway.bytes >= run.faults(kind));
+    QCOMPARE(host.thrownAway.bytes, run.line().noise());
+    QCOMPARE(host.repeated + host.failed, isRepeated ? run.faults(kind) : 0);
+    QCOMPARE(host.accepted + host.repeated + host.failed, host.requests);
+    QCOMPARE(run.misplaced() + run.stale(), qint64(0));
+}
+
+void ReadsUnderFaultsTest::lateRepliesAreFoundAgain_data()
+{
+    QTest::addColumn<int>("delay");
+    QTest::newRow("half a time-out late") << 1500;
+    QTest::newRow("just past the time-out") << 1001;
+    QTest::newRow("at the end of the settle time") << 1950;
+}
+
+void ReadsUnderFaultsTest::lateRepliesAreFoundAgain()
+{
+    QFETCH(int, delay);
+    FaultyRunSettings settings = manyBlocks(planOf("delay:0.1", delay));
+    // Coils keep their values, so that a late reply may look like a double.
+    settings.watched = settings.watched.filter(QRegularExpression(QStringLiteral("^[^MY]")));
+    FaultyRun run(settings);
+    const Statistics& host = run.session().statistics();
+    run.runUntil([&] { return host.requests >= 1000; });
+    run.settle();
+    QVERIFY(run.faults(Fault::Delay) > 50);
+    QVERIFY(host.thrownAway.late > 50);
+    QCOMPARE(host.accepted + host.thrownAway.late,
+             run.faults(Fault::None) + run.faults(Fault::Delay));
+    // While one reply was waited for, the late one of another request may have come.
+    QCOMPARE(host.bad.none + host.bad.foreign, host.repeated + host.failed);
     QCOMPARE(host.accepted + host.repeated + host.failed, host.requests);
     QCOMPARE(run.misplaced() + run.stale(), qint64(0));
 }
