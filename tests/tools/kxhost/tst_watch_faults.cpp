@@ -16,6 +16,8 @@ class WatchFaultsTest : public QObject
 private slots:
     void everyKindIsSurvivedAndCounted_data();
     void everyKindIsSurvivedAndCounted();
+    void noiseIsCountedByTheByte_data();
+    void noiseIsCountedByTheByte();
     void lateRepliesAreThrownAway();
     void theSimulatorInsideHasFaultsToo();
     void withoutReopeningALostLineIsTheEnd();
@@ -56,6 +58,9 @@ QStringList words(const QString& arguments)
 {
     return arguments.split(QLatin1Char(' '));
 }
+
+const int MOST_NOISE = 8; // bytes, of one fault
+const int MOST_OWED = 2;  // late replies at the end: 800 ms late, requests 500 ms apart
 
 QJsonObject summaryOf(const CommandResult& result)
 {
@@ -116,6 +121,40 @@ void WatchFaultsTest::everyKindIsSurvivedAndCounted()
     QCOMPARE(summary[QLatin1String("reopened")].toInt(), kxsim.count(QString::fromLatin1("close")));
 }
 
+void WatchFaultsTest::noiseIsCountedByTheByte_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<bool>("isRepeated");
+    QTest::newRow("before a reply") << QStringLiteral("extra-before") << true;
+    QTest::newRow("behind a reply") << QStringLiteral("extra-after") << false;
+}
+
+void WatchFaultsTest::noiseIsCountedByTheByte()
+{
+    QFETCH(QString, fault);
+    QFETCH(bool, isRepeated);
+    FaultyKxsim kxsim(fault + QStringLiteral(":0.4"));
+    const CommandResult result =
+        runCommand(words(QStringLiteral("watch D0:9 --baud 115200 --json --retries 20 --cycles 20 "
+                                        "--timeout 9000 --port %1")
+                             .arg(kxsim.line())));
+    QCOMPARE(result.exitCode, 0);
+    const QJsonObject summary = summaryOf(result);
+    const int requests = summary[QLatin1String("requests")].toInt();
+    QCOMPARE(requests, kxsim.count(QStringLiteral("requests")));
+    QCOMPARE(summary[QLatin1String("repeated")].toInt(-1), isRepeated ? kxsim.count(fault) : 0);
+    // Station, function, byte count, 18 bytes of values and the CRC are 23 bytes each.
+    const int noise = summary[QLatin1String("bytesReceived")].toInt() - 23 * requests;
+    const int bytes =
+        summary[QLatin1String("thrownAway")].toObject()[QLatin1String("bytes")].toInt();
+    QVERIFY(kxsim.count(fault) >= 5);
+    QVERIFY(noise >= kxsim.count(fault));
+    QVERIFY(bytes > 0);
+    // What came behind the last reply is received, but no longer sorted.
+    QVERIFY2(bytes <= noise && bytes >= noise - MOST_NOISE,
+             qPrintable(QStringLiteral("%1 bytes of %2 are noise").arg(bytes).arg(noise)));
+}
+
 void WatchFaultsTest::lateRepliesAreThrownAway()
 {
     FaultyKxsim kxsim(QString::fromLatin1("delay:0.3"));
@@ -125,10 +164,18 @@ void WatchFaultsTest::lateRepliesAreThrownAway()
                   .arg(kxsim.line())));
     QCOMPARE(result.exitCode, 0);
     const QJsonObject summary = summaryOf(result);
-    const int late = summary[QLatin1String("thrownAway")].toObject()[QLatin1String("late")].toInt();
+    const QJsonObject thrown = summary[QLatin1String("thrownAway")].toObject();
+    const int late = thrown[QLatin1String("late")].toInt();
     QVERIFY(late > 0);
     QVERIFY(late <= kxsim.count(QString::fromLatin1("delay")));
     QCOMPARE(summary[QLatin1String("accepted")].toInt(), 10);
+    // Every request was answered, and all but the last of the late replies came in time to
+    // be seen; the values stand still, so one may look like the double of another.
+    const int requests = kxsim.count(QStringLiteral("requests"));
+    const int found = 10 + late + thrown[QLatin1String("duplicates")].toInt();
+    QCOMPARE(summary[QLatin1String("requests")].toInt(), requests);
+    QVERIFY2(found <= requests && found >= requests - MOST_OWED,
+             qPrintable(QStringLiteral("%1 of %2 replies").arg(found).arg(requests)));
 }
 
 void WatchFaultsTest::theSimulatorInsideHasFaultsToo()
