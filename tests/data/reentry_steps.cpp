@@ -29,6 +29,16 @@ void planRecipe(const char* type, int count)
 
 } // namespace
 
+void watchEverything()
+{
+    for (const char* type : {"D", "32CV"}) {
+        for (int address = 0; address < 3; ++address) {
+            record(1, type, address).monitorFlags = 7;
+            record(1, type, address).bitMonitorMask = 0xFFFF;
+        }
+    }
+}
+
 void exchange(DriverFixture& runtime, const char* reply)
 {
     runtime.poll();
@@ -114,7 +124,7 @@ const QList<NamedStep>& situations()
         {"condition read done",
          [](DriverFixture& runtime) {
              addCondition(5);
-             exchange(runtime, "01 03 02 0000");
+             exchange(runtime, "01 03 02 4321");
          }},
         {"condition read failed",
          [](DriverFixture& runtime) {
@@ -131,8 +141,8 @@ const QList<NamedStep>& reentries()
         {"writes",
          [](DriverFixture&) {
              setValues(2, "D", 0, 2, "1111 2222");
-             setValues(1, "D", 1, 1, "3333");
-             setValues(1, "Y", 1, 1, "00");
+             setValues(1, "D", 1, 2, "3333 4444");
+             setValues(1, "Y", 1, 3, "000000");
              setValues(1, "32CV", 1, 2, "44444444");
          }},
         {"reads many new addresses",

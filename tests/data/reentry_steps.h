@@ -18,6 +18,9 @@ const QList<NamedStep>& situations();
 /// What the value-change function does.
 const QList<NamedStep>& reentries();
 
+/// Marks the first three addresses of D and 32CV in each way there is.
+void watchEverything();
+
 /// Polls once and hands over a reply given without its CRC.
 void exchange(DriverFixture& runtime, const char* reply);
 

@@ -5,21 +5,6 @@
 
 #include <QtTest/QtTest>
 
-namespace
-{
-
-void watchEverything()
-{
-    for (const char* type : {"D", "32CV"}) {
-        for (int address = 0; address < 3; ++address) {
-            record(1, type, address).monitorFlags = 7;
-            record(1, type, address).bitMonitorMask = 0xFFFF;
-        }
-    }
-}
-
-} // namespace
-
 class ReentryTest : public QObject
 {
     Q_OBJECT
