@@ -47,6 +47,61 @@ QByteArray goTo(DriverFixture& runtime, Point point)
     return reply;
 }
 
+void writeFiveHundredRegisters()
+{
+    setValues(1, "D", 0, 500, QByteArray("3412").repeated(500).constData());
+}
+
+/// What the runtime asks for, and the job whose request is next.
+struct Transfer {
+    const char* name;
+    void (*begin)(DriverFixture& runtime);
+    const char* job;
+};
+
+const Transfer TRANSFERS[] = {
+    {"registers", [](DriverFixture&) { watch("D", 100, 125); }, "D 100 125"},
+    {"coils", [](DriverFixture&) { watch("M", 0, 100); }, "M 0 100"},
+    {"counters", [](DriverFixture&) { watch("32CV", 200, 112); }, "32CV 200 112"},
+    {"condition, first piece", [](DriverFixture&) { addCondition(1, "D", 0, 500); }, "D 0 125"},
+    {"condition, second piece",
+     [](DriverFixture& runtime) {
+         addCondition(1, "D", 0, 500);
+         serve(runtime, 1);
+     },
+     "D 125 125"},
+    {"condition, last piece",
+     [](DriverFixture& runtime) {
+         addCondition(1, "D", 0, 500);
+         serve(runtime, 4); // one of them idle, after three
+     },
+     "D 375 125"},
+    {"condition of counters", [](DriverFixture&) { addCondition(1, "32CV", 200, 4); },
+     "32CV 200 4"},
+    {"one coil", [](DriverFixture&) { setValues(1, "Y", 5, 1, "01"); }, "Y 5 1"},
+    {"many registers", [](DriverFixture&) { setValues(1, "D", 5, 3, "0100 0200 0300"); }, "D 5 3"},
+    {"counters written", [](DriverFixture&) { setValues(1, "32CV", 200, 4, "A0860100 01000000"); },
+     "32CV 200 4"},
+    {"split write, first piece", [](DriverFixture&) { writeFiveHundredRegisters(); }, "D 0 125"},
+    {"split write, second piece",
+     [](DriverFixture& runtime) {
+         writeFiveHundredRegisters();
+         serve(runtime, 1);
+     },
+     "D 125 125"},
+    {"split write, last piece",
+     [](DriverFixture& runtime) {
+         writeFiveHundredRegisters();
+         serve(runtime, 3);
+     },
+     "D 375 125"},
+};
+
+QString textOf(const VARIABLE& job)
+{
+    return QString::fromLatin1("%1 %2 %3").arg(job.regType).arg(job.address).arg(job.count);
+}
+
 bool isAsNew()
 {
     return driver.readList.isEmpty() && driver.writeList.isEmpty() && driver.condList.isEmpty()
@@ -69,31 +124,24 @@ private slots:
 
 void ReinitialisationPointsTest::ofATransfer_data()
 {
-    QTest::addColumn<QByteArray>("transfer");
+    QTest::addColumn<int>("transfer");
     QTest::addColumn<int>("point");
-    for (const char* transfer : {"registers", "coils", "condition", "one coil", "many registers"}) {
+    for (int i = 0; i < int(sizeof TRANSFERS / sizeof *TRANSFERS); ++i) {
         for (const NamedPoint& named : POINTS)
-            QTest::newRow(QByteArray(transfer) + ", " + named.name)
-                << QByteArray(transfer) << int(named.point);
+            QTest::newRow(QByteArray(TRANSFERS[i].name) + ", " + named.name)
+                << i << int(named.point);
     }
 }
 
 void ReinitialisationPointsTest::ofATransfer()
 {
-    QFETCH(QByteArray, transfer);
+    QFETCH(int, transfer);
     QFETCH(int, point);
     DriverFixture runtime(PARAMETERS);
-    if (transfer == "registers")
-        watch("D", 100, 125);
-    else if (transfer == "coils")
-        watch("M", 0, 100);
-    else if (transfer == "condition")
-        addCondition(1, "D", 0, 500); // four pieces
-    else if (transfer == "one coil")
-        setValues(1, "Y", 5, 1, "01");
-    else
-        setValues(1, "D", 5, 3, "0100 0200 0300");
+    TRANSFERS[transfer].begin(runtime);
     const QByteArray reply = goTo(runtime, Point(point));
+    if (point != BEFORE_THE_REQUEST)
+        QCOMPARE(textOf(runtime.polled().job), QString(TRANSFERS[transfer].job));
 
     runtime.initialise(PARAMETERS);
     runtime.reports.clear();
