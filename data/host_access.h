@@ -30,7 +30,8 @@ KX_EXPORT int intf_getData(int station, QString regType, int address, int count,
 /// queues writes to the device. X only reaches the cache. Bit types go as one job
 /// (payload bytes past 1024 are sent as 0), word types are cut into jobs of at
 /// most `maxWords` registers, of which a payload holds 512; with a limit of 0 no
-/// word job is queued. More than one coil and a multiple of eight of them reach the
+/// word job is queued, with a negative one only, and whole, what is shorter than that
+/// limit without its sign. More than one coil and a multiple of eight of them reach the
 /// device with the last eight off. Keep a write on one side of the split of M, SM and
 /// SD, and one of 32CV within `maxWords`: what lies beyond goes to other addresses.
 ///

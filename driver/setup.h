@@ -43,6 +43,9 @@ KX_EXPORT void intf_setAddrValueChangeCallBack(ValueChangeCallBack callBack);
 /// Hands over parameters and resources and discards every queued job, frame
 /// and cached value. The recipe plan and its position survive.
 ///
+/// Takes time in proportion to the length of `parameters` and to the jobs and cache
+/// records that it drops.
+///
 /// Communication thread only; not from inside the value-change function.
 ///
 /// @param shared       the runtime's block of at least 60117 bytes: byte 60115

@@ -16,14 +16,18 @@ extern "C" {
 /// contiguous, and reads other coils from SM256 on: watch them more than `maxWords`
 /// apart, or ask for them with intf_addConditionRead(), a range each.
 ///
+/// Takes time as n log n for n entries, and in proportion to the addresses of all their
+/// counts and to the records in the cache.
+///
 /// Communication thread only; not from inside the value-change function, which it
 /// does not call.
 /// @param keys station, register type, first address and count (bits, or 16-bit
 ///             registers; 32CV two per value) of each range; not changed, stays
 ///             the caller's. Any number of them. A range is never cut, so none
 ///             should be longer than one request can read. Every watched address
-///             gets a cache record: keep addresses and counts, which are not
-///             checked, within the type's range and counts above 0.
+///             gets a cache record, of bit types every group of eight: keep addresses
+///             and counts, which are not checked, within the type's range and counts
+///             above 0.
 /// @return the number of cyclic read jobs, 0 for an empty list
 KX_EXPORT int intf_addrMerge(QList<KEY_ADDRESS>& keys);
 }
