@@ -38,7 +38,6 @@ void AddressCheckEdgesTest::strangeTexts_data()
                               "7",
                               2)),
         4, 0);
-    row("a zero character amid",
         QString(QLatin1String("1\0"
                               "7",
                               3)),
