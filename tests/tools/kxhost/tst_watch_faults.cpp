@@ -2,11 +2,10 @@
 // the simulator.
 
 #include "command_process.h"
-#include "tools/kxsim/kxsim_process.h"
+#include "faulty_kxsim.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
 class WatchFaultsTest : public QObject
@@ -26,41 +25,15 @@ private slots:
 namespace
 {
 
-/// A kxsim with a link to its line, which outlives the line.
-class FaultyKxsim
-{
-public:
-    explicit FaultyKxsim(const QString& fault)
-        : m_process({QString::fromLatin1("--still"), QString::fromLatin1("--symlink"), line(),
-                     QString::fromLatin1("--fault"), fault, QString::fromLatin1("--fault-delay"),
-                     QString::fromLatin1("800")})
-    {
-    }
+const int DELAY = 800;    // milliseconds
+const int MOST_NOISE = 8; // bytes, of one fault
+const int MOST_OWED = 2;  // late replies at the end: 800 ms late, requests 500 ms apart
 
-    QString line() const { return m_folder.filePath(QString::fromLatin1("line")); }
-
-    /// The count of that name in the answer to "faults".
-    int count(const QString& name)
-    {
-        for (const QString& word : m_process.ask(QString::fromLatin1("faults")).split(' ')) {
-            if (word.startsWith(name + QLatin1Char('=')))
-                return word.section(QLatin1Char('='), 1).toInt();
-        }
-        return -1;
-    }
-
-private:
-    QTemporaryDir m_folder;
-    KxsimProcess m_process;
-};
-
+const int DELAY = 800; // milliseconds
 QStringList words(const QString& arguments)
 {
     return arguments.split(QLatin1Char(' '));
 }
-
-const int MOST_NOISE = 8; // bytes, of one fault
-const int MOST_OWED = 2;  // late replies at the end: 800 ms late, requests 500 ms apart
 
 QJsonObject summaryOf(const CommandResult& result)
 {
@@ -101,7 +74,7 @@ void WatchFaultsTest::everyKindIsSurvivedAndCounted()
     QFETCH(int, timeout);
     QFETCH(QString, group);
     QFETCH(QString, count);
-    FaultyKxsim kxsim(fault + QString::fromLatin1(":0.15"));
+    FaultyKxsim kxsim(fault + QString::fromLatin1(":0.15"), DELAY);
     const QString arguments =
         QString::fromLatin1(
             "watch D0:9 D200:4 --baud 115200 --json --reopen 9 --settle 0 --retries 9 "
@@ -133,7 +106,7 @@ void WatchFaultsTest::noiseIsCountedByTheByte()
 {
     QFETCH(QString, fault);
     QFETCH(bool, isRepeated);
-    FaultyKxsim kxsim(fault + QStringLiteral(":0.4"));
+    FaultyKxsim kxsim(fault + QStringLiteral(":0.4"), DELAY);
     const CommandResult result =
         runCommand(words(QStringLiteral("watch D0:9 --baud 115200 --json --retries 20 --cycles 20 "
                                         "--timeout 9000 --port %1")
@@ -157,7 +130,7 @@ void WatchFaultsTest::noiseIsCountedByTheByte()
 
 void WatchFaultsTest::lateRepliesAreThrownAway()
 {
-    FaultyKxsim kxsim(QString::fromLatin1("delay:0.3"));
+    FaultyKxsim kxsim(QString::fromLatin1("delay:0.3"), DELAY);
     const CommandResult result = runCommand(
         words(QString::fromLatin1("watch D0:9 D200:4 --baud 115200 --json --cycles 5 --retries 9 "
                                   "--timeout 500 --port %1")
@@ -193,7 +166,7 @@ void WatchFaultsTest::theSimulatorInsideHasFaultsToo()
 
 void WatchFaultsTest::withoutReopeningALostLineIsTheEnd()
 {
-    FaultyKxsim kxsim(QString::fromLatin1("close:1"));
+    FaultyKxsim kxsim(QString::fromLatin1("close:1"), DELAY);
     const CommandResult result =
         runCommand(words(QString::fromLatin1("watch D0 --cycles 5 --port %1").arg(kxsim.line())));
     QCOMPARE(result.exitCode, 1);
