@@ -33,15 +33,7 @@ void AddressCheckEdgesTest::strangeTexts_data()
     row("leading zeros", QString(1000000, '0') + '7', 0, 7);
     row("a million sevens", QString(1000000, '7'), 4, 0);
     row("a million spaces", QString(1000000, ' '), 4, 0);
-    row("a zero character before",
-        QString(QLatin1String("\0"
-                              "7",
-                              2)),
-        4, 0);
-        QString(QLatin1String("1\0"
-                              "7",
-                              3)),
-        4, 0);
+    row("a zero character alone", QString(QChar(0)), 4, 0);
     row("an Arabic digit", QString(QChar(0x0667)), 4, 0);
     row("a wide digit", QString(QChar(0xFF17)), 4, 0);
     row("half a surrogate pair", QString(QChar(0xD800)), 4, 0);
