@@ -29,7 +29,6 @@ const int DELAY = 800;    // milliseconds
 const int MOST_NOISE = 8; // bytes, of one fault
 const int MOST_OWED = 2;  // late replies at the end: 800 ms late, requests 500 ms apart
 
-const int DELAY = 800; // milliseconds
 QStringList words(const QString& arguments)
 {
     return arguments.split(QLatin1Char(' '));
