@@ -21,6 +21,9 @@ qint64 heapBytes()
 // away and brings back as it likes.
 qint64 residentBytes()
 {
+#ifdef KX_EMULATED
+    return 0; // the pages are those of the emulator, which keeps what it has translated
+#else
     long size = 0;
     long resident = 0;
     long ofFiles = 0;
@@ -30,6 +33,7 @@ qint64 residentBytes()
     if (file)
         std::fclose(file);
     return static_cast<qint64>(resident - ofFiles) * sysconf(_SC_PAGESIZE);
+#endif
 }
 
 } // namespace
