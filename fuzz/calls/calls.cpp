@@ -15,7 +15,9 @@ const int DEEPEST_CALL_BACK = 3;
 void makeCall(InputReader* input, Panel* panel)
 {
     const int choice = input->byte();
-    if (choice < 0xC0)
+    if (choice >= 0xB0 && choice < 0xC0)
+        panel->registerFunction(choice % 2 == 1);
+    else if (choice < 0xC0)
         ENTRY_POINTS[choice % ENTRY_POINT_COUNT](input, panel);
     else
         INNER_CALLS[choice % INNER_CALL_COUNT](input, panel);

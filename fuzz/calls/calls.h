@@ -7,7 +7,7 @@
 
 typedef void (*Call)(InputReader* input, Panel* panel);
 
-/// The entry points that a runtime calls.
+/// The entry points that a runtime calls, but intf_setAddrValueChangeCallBack().
 extern const Call ENTRY_POINTS[];
 extern const int ENTRY_POINT_COUNT;
 

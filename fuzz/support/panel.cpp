@@ -38,7 +38,7 @@ Panel::Panel(const char* parameters)
 {
     current = this;
     forgetEverything();
-    intf_setAddrValueChangeCallBack(valueChanged);
+    registerFunction(false);
     initialise(parameters);
 }
 
@@ -124,11 +124,25 @@ void Panel::check() const
     mutex.unlock();
 }
 
-void Panel::valueChanged(int link, int station, QString name, int address)
+void Panel::registerFunction(bool isSecond)
 {
-    Q_UNUSED(link);
-    Q_UNUSED(station);
-    Q_UNUSED(address);
+    m_isSecond = isSecond;
+    intf_setAddrValueChangeCallBack(isSecond ? secondFunction : firstFunction);
+}
+
+void Panel::firstFunction(int, int, QString name, int)
+{
+    valueChanged(false, name);
+}
+
+void Panel::secondFunction(int, int, QString name, int)
+{
+    valueChanged(true, name);
+}
+
+void Panel::valueChanged(bool isSecond, const QString& name)
+{
+    require(isSecond == current->m_isSecond, "reports come to the function registered last");
     require(!name.isNull(), "a report has a name");
     require(current->m_mutex.tryLock(), "the mutex is free inside the value-change function");
     current->m_mutex.unlock();

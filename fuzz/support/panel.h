@@ -23,6 +23,10 @@ public:
     /// recipe buffer, the status and the mutex.
     void initialise(const char* parameters, bool withResources = true);
 
+    /// Registers one of two value-change functions, the first to begin with. They do the
+    /// same; reports must come to the one registered last.
+    void registerFunction(bool isSecond);
+
     void requestRecipeWrite() { m_shared[60115] = 1; }
     void requestRecipeRead() { m_shared[60116] = 1; }
 
@@ -51,13 +55,16 @@ public:
 private:
     static const int MOST_MARKS = 5000;
 
-    static void valueChanged(int link, int station, QString name, int address);
+    static void firstFunction(int link, int station, QString name, int address);
+    static void secondFunction(int link, int station, QString name, int address);
+    static void valueChanged(bool isSecond, const QString& name);
     static bool isAffordable(const FRAME_PRO& request);
 
     std::vector<unsigned char> m_shared;
     std::vector<unsigned short> m_recipe;
     QMutex m_mutex;
     FRAME_PRO m_request;
+    bool m_isSecond = false; ///< the value-change function registered last
 };
 
 /// Appends a frame's CRC, low byte first.
