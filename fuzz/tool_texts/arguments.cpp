@@ -8,17 +8,16 @@
 
 #include <QtCore/QCommandLineParser>
 
-namespace
-{
-
-// One argument per line. None names a file: a slash becomes a backslash, and a dot,
-// too, may name a tags file.
+// A slash becomes a backslash; a dot, too, may name a tags file.
 QStringList argumentsOf(QByteArray lines)
 {
     lines.replace('/', '\\');
     lines.replace('.', '_');
     return QString::fromUtf8(lines).split(QLatin1Char('\n'));
 }
+
+namespace
+{
 
 bool parse(QCommandLineParser* parser, const QByteArray& lines, QString* error)
 {
@@ -70,6 +69,9 @@ bool readSimulator(const QByteArray& lines, QString* error)
 
 void readArguments(InputReader* input)
 {
+    const int choice = input->byte();
+    if (choice >= 0x80)
+        return readCommand(input);
     const Parser parsers[] = {readPlan, readConnection, readSimulator};
-    takes(parsers[input->below(3)], input->rest());
+    takes(parsers[choice % 3], input->rest());
 }

@@ -17,9 +17,14 @@ bool takes(const Parser& parse, const QByteArray& text);
 /// Checks a range that was accepted.
 void checkRange(const AddressRange& range);
 
+/// One argument per line. None names a file.
+QStringList argumentsOf(QByteArray lines);
+
 void readTags(InputReader* input);
 void readRecipe(InputReader* input);
 void readAddresses(InputReader* input);
 void readArguments(InputReader* input);
+/// A command of kxhost with its arguments, as far as it goes without a line.
+void readCommand(InputReader* input);
 
 #endif

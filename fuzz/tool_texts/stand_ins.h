@@ -1,0 +1,14 @@
+/// What stands in for the parts of kxhost that reach outside the program: its console,
+/// its line, its driver and its recipe files. Linked in front of kxhost's own.
+#ifndef KX_FUZZ_STAND_INS_H
+#define KX_FUZZ_STAND_INS_H
+
+#include <QtCore/QStringList>
+
+/// What was complained about since the last call.
+QStringList takeComplaints();
+
+/// Whether commands get the driver, or are told that it cannot be loaded.
+void lendDriver(bool lends);
+
+#endif
