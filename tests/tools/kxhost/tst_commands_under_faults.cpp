@@ -39,6 +39,12 @@ QStringList valuesIn(const QString& assignment)
     return assignment.section(QLatin1Char('='), 1).split(QLatin1Char(','));
 }
 
+/// The type's name: 32CV of 32CV210.
+QString typeOf(const QString& address)
+{
+    return address.left(address.indexOf(QRegularExpression("[0-9]+$")));
+}
+
 /// D110:2
 QStringList addresses()
 {
@@ -55,10 +61,9 @@ QStringList linesOfRead(bool isAllZero)
     QStringList lines;
     for (const QString& assignment : VALUES) {
         const QStringList values = valuesIn(assignment);
-        const int split = addressIn(assignment).indexOf(QRegularExpression("[0-9]+$"));
-        const QString type = addressIn(assignment).left(split);
+        const QString type = typeOf(addressIn(assignment));
         const int base = type == QLatin1String("Y") ? 8 : 10;
-        const int first = addressIn(assignment).mid(split).toInt(nullptr, base);
+        const int first = addressIn(assignment).mid(type.size()).toInt(nullptr, base);
         for (int i = 0; i < values.size(); ++i)
             lines << QStringLiteral("1 %1%2 %3")
                          .arg(type, QString::number(first + i, base),
@@ -73,14 +78,13 @@ QByteArray recipe(bool isAllZero)
     QByteArray text = "name,station,register,address,type,value\n";
     for (const QString& line : linesOfRead(isAllZero)) {
         const QStringList words = line.split(QLatin1Char(' '));
-        const int split = words.at(1).indexOf(QRegularExpression("[0-9]+$"));
-        const QString type = words.at(1).left(split);
+        const QString type = typeOf(words.at(1));
         const QString kind =
             type == QLatin1String("M") || type == QLatin1String("Y")
                 ? QStringLiteral("bit")
                 : QLatin1String(type == QLatin1String("32CV") ? "uint32" : "uint16");
         text += QStringLiteral("%1,1,%2,%3,%4,%5\n")
-                    .arg(words.at(1), type, words.at(1).mid(split), kind, words.at(2))
+                    .arg(words.at(1), type, words.at(1).mid(type.size()), kind, words.at(2))
                     .toLatin1();
     }
     return text;
