@@ -42,6 +42,7 @@ private slots:
     void noticesRecordsAppendedOutside();
     void noticesAListChangedOutside_data();
     void noticesAListChangedOutside();
+    void noticesThatTheOnlyRecordIsGone();
     void noticesALongListChangedOutside_data();
     void noticesALongListChangedOutside();
     void indexesAnewAfterAReset();
@@ -173,6 +174,15 @@ void DataAreaIndexTest::noticesAListChangedOutside()
     for (int i = 0; i < list.size(); ++i)
         QCOMPARE(find(index, list, "D", list.at(i).address), i);
     QCOMPARE(find(index, list, "D", -3), -1);
+}
+
+void DataAreaIndexTest::noticesThatTheOnlyRecordIsGone()
+{
+    QList<_DATA_> list = words(1);
+    DataAreaIndex index;
+    QCOMPARE(find(index, list, "D", 0), 0);
+    list.removeLast(); // what it held may still be in memory
+    QCOMPARE(find(index, list, "D", 0), -1);
 }
 
 // Lists of more records than are compared one by one.
