@@ -18,10 +18,15 @@ bool run(const Command& command, const QStringList& arguments, QString* error)
 {
     lendDriver(asksForTextsOnly(command));
     takeComplaints();
+    takeJson();
     const int exitCode = command.run(arguments);
     *error = takeComplaints().join(QStringLiteral("; "));
-    if (exitCode == EXIT_WRONG_USAGE)
+    const QStringList json = takeJson();
+    if (exitCode == EXIT_WRONG_USAGE) {
+        // With --json, check says there what is wrong.
+        *error += json.join(QLatin1Char(' '));
         return false;
+    }
     require(error->isEmpty(), "a command that goes on complains of nothing");
     require(exitCode == EXIT_FINE || exitCode == EXIT_CANNOT_OPEN,
             "without a line, no station fails");

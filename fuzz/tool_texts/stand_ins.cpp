@@ -6,6 +6,8 @@
 #include "kxhost/recipe_storage.h"
 #include "support/require.h"
 
+#include <QtCore/QJsonDocument>
+
 namespace
 {
 
@@ -15,6 +17,7 @@ const char RECIPE[] = "name,station,register,address,type,value\n"
                       "Belt,2,Y,17,bit,1\n";
 
 QStringList complaints;
+QStringList json;
 bool isDriverLent = false;
 
 } // namespace
@@ -23,6 +26,13 @@ QStringList takeComplaints()
 {
     QStringList taken;
     taken.swap(complaints);
+    return taken;
+}
+
+QStringList takeJson()
+{
+    QStringList taken;
+    taken.swap(json);
     return taken;
 }
 
@@ -35,7 +45,10 @@ void print(const QString&) {}
 
 void printLine(const QString&) {}
 
-void printJson(const QJsonObject&) {}
+void printJson(const QJsonObject& object)
+{
+    json << QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
+}
 
 QString outputFailure()
 {

@@ -8,6 +8,9 @@
 /// What was complained about since the last call.
 QStringList takeComplaints();
 
+/// The JSON printed since the last call, an object each.
+QStringList takeJson();
+
 /// Whether commands get the driver, or are told that it cannot be loaded.
 void lendDriver(bool lends);
 
