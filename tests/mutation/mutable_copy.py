@@ -11,10 +11,10 @@ from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 SOURCES = ['driver', 'registers', 'planning', 'modbus', 'data', 'tarvelan_kx_series.cpp']
-#As many random calls for every change, whatever the speed of the machine.
+# As many random calls for every change, whatever the speed of the machine.
 ENVIRONMENT = dict(os.environ, KX_RANDOM_STEPS='20000')
-#The tests that change with every change of the library, but for those that look for
-#something else than results, and long.
+# The tests that change with every change of the library, but for those that look for
+# something else than results, and long.
 FOLDERS = ['driver', 'registers', 'planning', 'modbus', 'data', 'stories', 'model']
 LEFT_OUT = ['tst_damaged_replies', 'tst_edge_arguments', 'tst_load_unload', 'tst_long_lists',
             'tst_long_parameters', 'tst_public_headers', 'tst_qt48_dialect']
@@ -49,8 +49,7 @@ class MutableCopy:
         run_quietly(['cmake', '-S', self.sources, '-B', self.build, '-DKX_BUILD_TOOLS=OFF',
                      '-DCMAKE_BUILD_TYPE=None', '-DCMAKE_CXX_FLAGS=-O0 -w'], self.build)
         self.units = self.read_units()
-        targets = sorted(
-{unit.target.stem for unit in self.units})
+        targets = sorted({unit.target.stem for unit in self.units})
         run_quietly(['cmake', '--build', self.build, '-j', str(self.jobs), '--target', *targets],
                     self.build)
         self.depends = {unit: self.headers_of(unit) for unit in self.units}
@@ -91,9 +90,7 @@ class MutableCopy:
     def headers_of(self, unit):
         rules = (self.build / (unit.object + '.d')).read_text()
         prefix = str(self.sources) + '/'
-        return
-{word[len(prefix):] for word in rules.split() if word.startswith(prefix)
-}
+        return {word[len(prefix):] for word in rules.split() if word.startswith(prefix)}
 
     def read_tests(self):
         listed = subprocess.run(['ctest', '--show-only=json-v1'], cwd=self.build, text=True,
@@ -103,9 +100,7 @@ class MutableCopy:
             directory = next((value['value'] for value in test['properties']
                               if value['name'] == 'WORKING_DIRECTORY'), str(self.build))
             program = Path(test.get('command', ['none'])[0])
-            if program.name in
-    {unit.target.stem for unit in self.units
-    }:
+            if program.name in {unit.target.stem for unit in self.units}:
                 tests.append(Test(test['name'], test['command'], directory))
         return tests
 
@@ -123,7 +118,7 @@ class MutableCopy:
             resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds))
             resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-    try:
+        try:
             return subprocess.run(test.command, cwd=test.directory, stdin=subprocess.DEVNULL,
                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                                   preexec_fn=limit, env=ENVIRONMENT, timeout=30 + 20 * seconds,
@@ -152,7 +147,7 @@ class MutableCopy:
         return None
 
     def units_with(self, name):
-        """What the library's build, the test of that file, and tests that name it compile from it."""
+        """What the library's build, the test of that file, and tests that include it compile from it."""
         own = 'tst_' + Path(name).stem
         return [unit for unit in self.units if name in self.depends[unit]
                 and (not unit.source.startswith(('tests/', 'fuzz/'))
@@ -173,11 +168,9 @@ class MutableCopy:
                 self.link(target)
         built = {unit.target for unit in self.units}
         for link in self.build.rglob('link.txt') if archives else ():
-            if link.parent in built and any(Path(archive).name in link.read_text() for archive in archives):
-                targets = targets |
-            {
-                link.parent
-            }
+            if link.parent in built and any(Path(archive).name in link.read_text()
+                                            for archive in archives):
+                targets = targets | {link.parent}
         for target in sorted(targets):
             if (target / 'link.txt').exists() and 'ar qc' not in (target / 'link.txt').read_text():
                 self.link(target)
