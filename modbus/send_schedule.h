@@ -18,9 +18,10 @@ extern "C" {
 /// @param out not null, the caller's. With result 1 the whole record is copied:
 ///            transmit `sendLen` bytes of `frame`, then collect up to `recvLen` bytes
 ///            of reply; with result 0 it is untouched.
-/// @return 1 when `*out` holds a request, 0 when there is nothing to send, or when the
+/// @return 1 when `*out` holds a request, 0 when there is nothing to send; when the
 ///         next job yields no request (a read of station 0, a recipe download of an
-///         unknown type)
+///         unknown type); or once, without a cyclic read, after five writes or three
+///         condition reads in a row, although more may wait: ask again
 KX_EXPORT int intf_getSendFrame(FRAME_PRO* out);
 }
 
