@@ -61,6 +61,7 @@ endforeach()
 # Manual pages are installed compressed, too.
 if(KX_BUILD_TOOLS)
   foreach(page kxhost.1 kxsim.1)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS docs/man/${page})
     execute_process(COMMAND ${KX_GZIP} -9nc "${CMAKE_CURRENT_SOURCE_DIR}/docs/man/${page}"
       OUTPUT_FILE "${CMAKE_CURRENT_BINARY_DIR}/packaging/${page}.gz" COMMAND_ERROR_IS_FATAL ANY)
     install(FILES "${CMAKE_CURRENT_BINARY_DIR}/packaging/${page}.gz"
