@@ -72,6 +72,7 @@ private slots:
         QTest::newRow("literal") << "    name = QStringLiteral(\"D\");" << true;
         QTest::newRow("view") << "void check(QStringView text);" << true;
         QTest::newRow("first of a constant list") << "list.constFirst()" << true;
+        QTest::newRow("constant iterator") << "list.cbegin()" << true;
         QTest::newRow("signal as pointer") << "connect(a, &A::changed, b, &B::update);" << true;
         QTest::newRow("digit separator") << "const int LIMIT = 10'000;" << true;
         QTest::newRow("attribute") << "[[nodiscard]] int count();" << true;
