@@ -37,6 +37,8 @@ target_include_directories(tarvelan_kx_series PUBLIC
   $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tarvelan_kx_series>)
 target_link_libraries(tarvelan_kx_series PUBLIC Kx::Core)
+# What the headers ask of a runtime's compiler.
+target_compile_features(tarvelan_kx_series INTERFACE cxx_std_${KX_DRIVER_CXX_STANDARD})
 kx_add_warnings(tarvelan_kx_series)
 target_compile_options(tarvelan_kx_series
   PRIVATE -fno-semantic-interposition
@@ -54,7 +56,10 @@ if(KX_PRECOMPILES)
   target_precompile_headers(tarvelan_kx_series PRIVATE ${KX_CORE_HEADERS})
 endif()
 # A panel loads several drivers that export the same names: each must use its own.
-target_link_options(tarvelan_kx_series PRIVATE -Wl,-Bsymbolic -Wl,--no-undefined)
+target_link_options(tarvelan_kx_series PRIVATE -Wl,-Bsymbolic)
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize") # clang gives their run time to programs only
+  target_link_options(tarvelan_kx_series PRIVATE -Wl,--no-undefined)
+endif()
 
 # Hides what the compiler would export on its own, such as template instances.
 set(KX_EXPORTED_NAMES "${CMAKE_CURRENT_SOURCE_DIR}/driver/exported_names.txt")

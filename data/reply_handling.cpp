@@ -41,7 +41,7 @@ int acceptData(const QByteArray& reply)
     driver.commFailed = 0;
     const ReadRequest request(driver.frameList.first());
     // Shared, so that it stays whole whatever the runtime does when called.
-    const QByteArray bytes(reply);
+    const QByteArray bytes(reply); // NOLINT(performance-unnecessary-copy-initialization)
     storeReadValues(request, ReplyBytes(bytes));
     return retireRequest();
 }

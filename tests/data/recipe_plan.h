@@ -6,14 +6,7 @@
 
 inline _RCP_VAR_PRO variable(const char* type, int address, int count, int bufferOffset)
 {
-    _RCP_VAR_PRO variable = _RCP_VAR_PRO();
-    variable.rcpId = 1;
-    variable.station = 1;
-    variable.regType = QString::fromLatin1(type);
-    variable.address = address;
-    variable.count = count;
-    variable.bufOffset = bufferOffset;
-    return variable;
+    return variable(1, QString::fromLatin1(type), address, count, bufferOffset);
 }
 
 inline void plan(QVector<_RCP_VAR_PRO> variables)

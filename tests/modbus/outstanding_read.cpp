@@ -33,14 +33,9 @@ void fillQueues()
     write("D", 150, 77); // pending on an address that the reply brings
     KEY_ADDRESS wanted = key(1, "TV", 7, 3);
     intf_addConditionRead(wanted, CONDITION_READ_JOB);
-    QVector<_RCP_VAR_PRO> recipe(2, _RCP_VAR_PRO());
-    for (int i = 0; i < 2; ++i) {
-        recipe[i].rcpId = 1;
-        recipe[i].station = 1;
-        recipe[i].regType = QString::fromLatin1("D");
-        recipe[i].address = 300 + 50 * i;
-        recipe[i].count = 1;
-    }
+    QVector<_RCP_VAR_PRO> recipe;
+    for (const int address : {300, 350})
+        recipe << variable(1, QString::fromLatin1("D"), address, 1, 0);
     intf_setRcpAddress(recipe);
 }
 

@@ -29,16 +29,8 @@ QVector<_RCP_VAR_PRO> variables(int number, int count)
 {
     QVector<_RCP_VAR_PRO> list;
     list.reserve(number);
-    for (int i = 0; i < number; ++i) {
-        _RCP_VAR_PRO variable = _RCP_VAR_PRO();
-        variable.rcpId = 1;
-        variable.station = 1;
-        variable.regType = QString::fromLatin1("D");
-        variable.address = number - i;
-        variable.count = count;
-        variable.bufOffset = i % 2000;
-        list << variable;
-    }
+    for (int i = 0; i < number; ++i)
+        list << variable(1, QString::fromLatin1("D"), number - i, count, i % 2000);
     return list;
 }
 

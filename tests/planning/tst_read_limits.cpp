@@ -19,25 +19,12 @@ QString planned(const char* texts)
     return jobs == driver.readList.size() ? textOf(driver.readList) : QString("another number");
 }
 
-/// Hands over a reply to the request of the last poll that lies in memory of its own,
-/// as long as it is.
-int dealExactly(const DriverFixture& runtime, const QByteArray& data)
+/// Hands over a reply to the request of the last poll.
+int answer(DriverFixture& runtime, const QByteArray& data)
 {
     const QByteArray head(reinterpret_cast<const char*>(runtime.polled().frame), 2);
-    const QByteArray frame =
-        withCrc((head + static_cast<char>(data.size()) + data).toHex().constData());
-    const std::vector<char> received(frame.begin(), frame.end());
-    QByteArray reply = QByteArray::fromRawData(received.data(), static_cast<int>(received.size()));
-    QString errorText;
-    return intf_dealRcvFrame(reply, errorText);
-}
-
-int unanswered()
-{
-    int marks = 0;
-    for (const _DATA_& area : driver.dataAreas)
-        marks += area.commError;
-    return marks;
+    return runtime.deal(
+        withCrc((head + static_cast<char>(data.size()) + data).toHex().constData()));
 }
 
 } // namespace
@@ -110,7 +97,7 @@ void ReadLimitsTest::manyCoils()
     const int lastBit = (coils - 1) % 8;
     data[data.size() - 1] = static_cast<char>(1 | 1 << lastBit);
     QCOMPARE(runtime.polled().recvLen, static_cast<int>(data.size()) + 5);
-    QCOMPARE(dealExactly(runtime, data), 1);
+    QCOMPARE(answer(runtime, data), 1);
     std::vector<unsigned char> seen(static_cast<size_t>(coils), 0xEE);
     intf_getData(1, "M", 0, coils, seen.data());
     for (int coil = 0; coil < coils; ++coil)
@@ -119,7 +106,7 @@ void ReadLimitsTest::manyCoils()
 
     runtime.poll();
     QCOMPARE(runtime.deal(QByteArray()), 2);
-    QCOMPARE(unanswered(), coils); // every eighth address from M0 on
+    QCOMPARE(runtime.unanswered(), coils); // every eighth address from M0 on
     QCOMPARE(int(driver.dataAreas.last().address), 8 * (coils - 1));
     QCOMPARE(int(driver.dataAreas.last().commError), 1);
 }
@@ -144,7 +131,7 @@ void ReadLimitsTest::manyCounters()
     QByteArray data = bytes("000186A0").repeated(values); // 100000
     data += QByteArray(2 * registers - static_cast<int>(data.size()), '\x77');
     QCOMPARE(runtime.polled().recvLen, 2 * registers + 5);
-    QCOMPARE(dealExactly(runtime, data), 1);
+    QCOMPARE(answer(runtime, data), 1);
     QCOMPARE(static_cast<int>(driver.dataAreas.size()), values);
     std::vector<unsigned char> seen(static_cast<size_t>(4 * values), 0xEE);
     intf_getData(1, "32CV", 200, registers, seen.data());
@@ -153,7 +140,7 @@ void ReadLimitsTest::manyCounters()
 
     runtime.poll();
     QCOMPARE(runtime.deal(QByteArray()), 2);
-    QCOMPARE(unanswered(), registers); // an address per register
+    QCOMPARE(runtime.unanswered(), registers); // an address per register
     QCOMPARE(static_cast<int>(driver.dataAreas.size()), registers);
 }
 
@@ -165,7 +152,7 @@ void ReadLimitsTest::manyRegisters()
     QByteArray data;
     for (int i = 0; i < 8000; ++i)
         data += QByteArray(1, static_cast<char>(i >> 8)) + static_cast<char>(i & 0xFF);
-    QCOMPARE(dealExactly(runtime, data), 1);
+    QCOMPARE(answer(runtime, data), 1);
     std::vector<unsigned char> seen(16000, 0xEE);
     intf_getData(1, "D", 0, 8000, seen.data());
     for (int i = 0; i < 8000; ++i)

@@ -6,20 +6,6 @@
 namespace
 {
 
-const int LINK = 1;
-
-_RCP_VAR_PRO variable(int station, const char* regType, int address, int count, int bufOffset)
-{
-    _RCP_VAR_PRO made = _RCP_VAR_PRO();
-    made.rcpId = LINK;
-    made.station = station;
-    made.regType = regType;
-    made.address = address;
-    made.count = count;
-    made.bufOffset = bufOffset;
-    return made;
-}
-
 using Variables = QVector<_RCP_VAR_PRO>;
 
 // One text per variable: "STATION TYPE ADDRESS xCOUNT @OFFSET".
@@ -176,7 +162,7 @@ void RecipeAddressesTest::sortingKeepsRecordsWholeAndEqualsInOrder()
              QStringList({"1 D 10 x1 @4", "1 D 20 x1 @2", "1 D 20 x1 @3", "1 D 50 x1 @1"}));
     const int firstExtra[] = {4, 2, 3, 1};
     for (int i = 0; i < 4; ++i) {
-        QCOMPARE(driver.rcpVarsA.at(i).rcpId, LINK);
+        QCOMPARE(driver.rcpVarsA.at(i).rcpId, 1);
         QCOMPARE(int(driver.rcpVarsA.at(i).rcpExtra[0]), firstExtra[i]);
         QCOMPARE(int(driver.rcpVarsA.at(i).rcpExtra[3]), 10 * firstExtra[i]);
     }

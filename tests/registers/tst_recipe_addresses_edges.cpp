@@ -15,18 +15,6 @@ const int HIGHEST_INT = std::numeric_limits<int>::max();
 
 using Variables = QVector<_RCP_VAR_PRO>;
 
-_RCP_VAR_PRO variable(int station, const QString& regType, int address, int count, int bufOffset)
-{
-    _RCP_VAR_PRO made = _RCP_VAR_PRO();
-    made.rcpId = 1;
-    made.station = station;
-    made.regType = regType;
-    made.address = address;
-    made.count = count;
-    made.bufOffset = bufOffset;
-    return made;
-}
-
 /// "STATION ADDRESS xCOUNT @OFFSET" of each.
 QString texts(const Variables& variables)
 {

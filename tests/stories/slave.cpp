@@ -82,16 +82,8 @@ void addCondition(int station, const char* type, int address, int count)
 int planRecipe(const QList<RecipeVariable>& variables)
 {
     QVector<_RCP_VAR_PRO> records;
-    for (const RecipeVariable& variable : variables) {
-        _RCP_VAR_PRO record = _RCP_VAR_PRO();
-        record.rcpId = 1;
-        record.station = 1;
-        record.regType = QString::fromLatin1(variable.type);
-        record.address = variable.address;
-        record.count = variable.count;
-        record.bufOffset = variable.bufferOffset;
-        records << record;
-    }
+    for (const RecipeVariable& v : variables)
+        records << variable(1, QString::fromLatin1(v.type), v.address, v.count, v.bufferOffset);
     return intf_setRcpAddress(records);
 }
 

@@ -16,23 +16,6 @@ void ask(const KEY_ADDRESS& wanted, int kind)
     QCOMPARE(intf_addConditionRead(key, kind), 1);
 }
 
-/// As a reply comes that lies in memory of its own, as long as it is.
-int dealExactly(const QByteArray& frame)
-{
-    const std::vector<char> received(frame.begin(), frame.end());
-    QByteArray reply = QByteArray::fromRawData(received.data(), static_cast<int>(received.size()));
-    QString errorText;
-    return intf_dealRcvFrame(reply, errorText);
-}
-
-int unanswered()
-{
-    int marks = 0;
-    for (const _DATA_& area : driver.dataAreas)
-        marks += area.commError;
-    return marks;
-}
-
 } // namespace
 
 class ConditionReadEdgesTest : public QObject
@@ -197,7 +180,7 @@ void ConditionReadEdgesTest::pastEveryArray()
     QCOMPARE(runtime.poll().size(), 8);
     const QByteArray all = data.repeated(values);
     QCOMPARE(runtime.polled().recvLen, static_cast<int>(all.size()) + 5);
-    QCOMPARE(dealExactly(replyWith(runtime, all.toHex().constData())), 1);
+    QCOMPARE(runtime.deal(replyWith(runtime, all.toHex().constData())), 1);
     QVERIFY(driver.condList.isEmpty());
     QCOMPARE(runtime.reports.last(), CONDITION_DONE);
     const QByteArray expected = value.repeated(values);
@@ -218,7 +201,7 @@ void ConditionReadEdgesTest::pastEveryArrayAndFailed()
     QCOMPARE(runtime.lastError(), "0,1,200," + type);
     QCOMPARE(runtime.reports, QList<Report>() << CONDITION_FAILED);
     QVERIFY(driver.condList.isEmpty());
-    QCOMPARE(unanswered(), count); // one per coil or register, coils eight apart
+    QCOMPARE(runtime.unanswered(), count); // one per coil or register, coils eight apart
     QCOMPARE(static_cast<int>(driver.dataAreas.size()), count);
     QCOMPARE(driver.dataAreas.last().address, 200 + (type == "M" ? 8 : 1) * (count - 1));
 }

@@ -71,8 +71,17 @@ QByteArray DriverFixture::poll()
 
 int DriverFixture::deal(const QByteArray& reply)
 {
-    QByteArray received = reply;
+    const std::vector<char> bytes(reply.begin(), reply.end());
+    QByteArray received = QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));
     return intf_dealRcvFrame(received, m_lastError);
+}
+
+int DriverFixture::unanswered()
+{
+    int marks = 0;
+    for (const _DATA_& area : driver.dataAreas)
+        marks += area.commError;
+    return marks;
 }
 
 QByteArray DriverFixture::data(int station, const char* regType, int address, int count, int bytes)
@@ -132,4 +141,16 @@ VARIABLE job(int station, const char* regType, int address, int count, const cha
     const QByteArray payload = bytes(hex);
     std::memcpy(job.data, payload.constData(), static_cast<size_t>(payload.size()));
     return job;
+}
+
+_RCP_VAR_PRO variable(int station, const QString& regType, int address, int count, int bufOffset)
+{
+    _RCP_VAR_PRO variable = _RCP_VAR_PRO();
+    variable.rcpId = 1;
+    variable.station = station;
+    variable.regType = regType;
+    variable.address = address;
+    variable.count = count;
+    variable.bufOffset = bufOffset;
+    return variable;
 }

@@ -48,12 +48,16 @@ public:
     /// The frame of the last poll() that gave one.
     const FRAME_PRO& polled() const { return m_polled; }
 
-    /// Hands over a reply; see lastError() for the error text.
+    /// Hands over a reply that lies in memory of its own, as long as it is; see
+    /// lastError() for the error text.
     int deal(const QByteArray& reply);
     QString lastError() const { return m_lastError; }
 
     void requestRecipeWrite() { shared[60115] = 1; }
     void requestRecipeRead() { shared[60116] = 1; }
+
+    /// Cached addresses whose last read went unanswered.
+    static int unanswered();
 
     /// Values as the runtime reads them.
     static QByteArray data(int station, const char* regType, int address, int count, int bytes);
@@ -86,5 +90,8 @@ KEY_ADDRESS key(int station, const char* regType, int address, int count);
 
 /// A job with a zeroed payload, and with payload bytes from hex text.
 VARIABLE job(int station, const char* regType, int address, int count, const char* hex = "");
+
+/// A recipe variable of link 1.
+_RCP_VAR_PRO variable(int station, const QString& regType, int address, int count, int bufOffset);
 
 #endif

@@ -198,7 +198,10 @@ void ExchangeLoop::judge()
             throwAway(judgement);
             break;
         case Verdict::Good:
-            return finish(ReplyKind::Good, m_collected.left(judgement.length));
+            if (!isTooSoon(judgement.length))
+                return finish(ReplyKind::Good, m_collected.left(judgement.length));
+            throwAway(judgement);
+            break;
         case Verdict::Bad:
             return finish(ReplyKind::Bad, m_collected.left(judgement.length));
         case Verdict::Exception:
@@ -206,6 +209,14 @@ void ExchangeLoop::judge()
             return finish(ReplyKind::Exception, m_collected.left(judgement.length));
         }
     }
+}
+
+bool ExchangeLoop::isTooSoon(int length)
+{
+    const bool isSoon = now() < m_transmittedAt + m_line->timing().transmissionTime(length);
+    if (m_owed.isOwedOnly(m_request))
+        m_lineKeepsTime = m_lineKeepsTime.value_or(true) && !isSoon;
+    return isSoon && m_lineKeepsTime.value_or(false) && m_owed.owesOther(m_request);
 }
 
 void ExchangeLoop::throwAway(const Judgement& judgement)

@@ -12,6 +12,8 @@
 
 #include <QtCore/QObject>
 
+#include <optional>
+
 struct ExchangeSettings {
     int replyTimeout = 1000; ///< milliseconds from the end of the transmission
     int turnaround = 100;    ///< milliseconds that stations need to act on a broadcast
@@ -36,6 +38,10 @@ struct ExchangeSettings {
 /// A reply may come after its time-out, and replies to reads carry no address. So a
 /// request is held back while a late reply could be taken for its own, until that
 /// reply came or the settle time is over; see OwedReplies.
+///
+/// A reply that is complete sooner after its request than its characters can travel
+/// is another's: while one is owed, it is thrown away, provided that the line keeps
+/// time. A pseudo-terminal does not, which its first reply shows.
 ///
 /// When the line is interrupted, the driver gets an empty reply to the request in
 /// flight, and nothing is sent until the line is open again.
@@ -96,6 +102,7 @@ private:
     void awaitReply();
     void takeBytes(const QByteArray& bytes);
     void judge();
+    bool isTooSoon(int length);
     void throwAway(const Judgement& judgement);
     void handleTimeout();
     void finish(ReplyKind kind, QByteArray reply);
@@ -126,6 +133,8 @@ private:
     FRAME_PRO m_heldBack = FRAME_PRO();
     Statistics m_statistics;
     OwedReplies m_owed; ///< by now()
+    /// Whether characters take their time; unknown before the first reply.
+    std::optional<bool> m_lineKeepsTime;
     StrayBytes m_stray{&m_statistics.thrownAway};
 };
 

@@ -71,6 +71,12 @@ bool OwedReplies::isOwedOnly(const FRAME_PRO& request) const
     return m_owed.size() == 1 && areSame(m_owed.first().request, request);
 }
 
+bool OwedReplies::owesOther(const FRAME_PRO& request) const
+{
+    return std::any_of(m_owed.begin(), m_owed.end(),
+                       [&](const Owed& owed) { return !areSame(owed.request, request); });
+}
+
 void OwedReplies::forgetBefore(qint64 now)
 {
     const auto isOver = [now](const Owed& owed) { return owed.until <= now; };

@@ -34,6 +34,9 @@ public:
     /// Whether nothing but one reply to this request can come.
     bool isOwedOnly(const FRAME_PRO& request) const;
 
+    /// Whether a reply to another request can come.
+    bool owesOther(const FRAME_PRO& request) const;
+
     /// Drops what can no longer come.
     void forgetBefore(qint64 now);
 

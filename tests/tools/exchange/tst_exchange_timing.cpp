@@ -23,6 +23,8 @@ private slots:
     void damagedBytesMayBelongToAnotherReplyThatIsOwed();
     void damagedReplyIsTheOnlyOneToCome();
     void aLongerSilenceIsKeptWhenAskedFor();
+    void aReplySoonerThanItsCharacters_data();
+    void aReplySoonerThanItsCharacters();
 };
 
 void ExchangeTimingTest::timeOutCountsFromTheEndOfTheTransmission()
@@ -218,6 +220,42 @@ void ExchangeTimingTest::aLongerSilenceIsKeptWhenAskedFor()
     QVERIFY(m_line->writtenAt.at(1) - m_line->writtenAt.at(0) >= 60 + 120);
     QCOMPARE(m_driver->replies.at(1), withCrc("01 03 04 00 01 00 02"));
     QCOMPARE(m_loop->statistics().thrownAway.duplicates, qint64(1));
+}
+
+void ExchangeTimingTest::aReplySoonerThanItsCharacters_data()
+{
+    QTest::addColumn<int>("firstReplyAfter"); // milliseconds
+    QTest::addColumn<bool>("owesAnother");
+    QTest::addColumn<bool>("isTaken");
+    QTest::newRow("is another's while one is owed") << 170 << true << false;
+    QTest::newRow("is taken when nothing else is owed") << 170 << false << true;
+    QTest::newRow("is taken on a line that does not keep time") << 20 << true << true;
+}
+
+// At 1200 baud a request takes 67 ms and its reply 75 ms.
+void ExchangeTimingTest::aReplySoonerThanItsCharacters()
+{
+    QFETCH(int, firstReplyAfter);
+    QFETCH(bool, owesAnother);
+    QFETCH(bool, isTaken);
+    m_line->characters.baud = 1200;
+    m_settings.replyTimeout = 200;
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_line->answer({{firstReplyAfter, withCrc(GOOD)}});
+    m_driver->results = {1};
+    if (owesAnother) {
+        m_driver->request(withCrc("02 03 00 64 00 02"), GOOD_LENGTH);
+        m_line->answer({});
+        m_driver->results << 2;
+    }
+    m_driver->request(withCrc("03 03 00 64 00 02"), GOOD_LENGTH);
+    const QByteArray soon = withCrc("03 03 04 FF FF FF FF");
+    const QByteArray inTime = withCrc("03 03 04 00 01 00 02");
+    m_line->answer({{20, soon}, {170, inTime}});
+    start();
+    QVERIFY(waitForRecords(owesAnother ? 3 : 2));
+    QCOMPARE(m_driver->replies.last(), isTaken ? soon : inTime);
+    QCOMPARE(m_loop->statistics().thrownAway.late, qint64(isTaken ? 0 : 1));
 }
 
 QTEST_GUILESS_MAIN(ExchangeTimingTest)

@@ -40,6 +40,7 @@ private slots:
     void aLateReplyIsTakenOnce();
     void refusalsAreNotTaken();
     void owedOnlyToOne();
+    void owedToAnother();
 };
 
 void OwedRepliesTest::nothingIsOwedAtFirst()
@@ -162,6 +163,18 @@ void OwedRepliesTest::owedOnlyToOne()
     QVERIFY(!owed.isOwedOnly(READ_200));
     owed.add(READ_100, 600);
     QVERIFY(!owed.isOwedOnly(READ_100));
+}
+
+void OwedRepliesTest::owedToAnother()
+{
+    OwedReplies owed;
+    QVERIFY(!owed.owesOther(READ_100));
+    owed.add(READ_100, 500);
+    owed.add(READ_100, 600);
+    QVERIFY(!owed.owesOther(READ_100));
+    QVERIFY(owed.owesOther(READ_200));
+    owed.add(READ_200, 700);
+    QVERIFY(owed.owesOther(READ_100));
 }
 
 QTEST_APPLESS_MAIN(OwedRepliesTest)

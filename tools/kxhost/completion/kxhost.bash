@@ -65,7 +65,7 @@ _kxhost_words()
     esac
     values=$(_kxhost_values "$previous")
     if [[ -z $command ]]; then
-        echo "$(_kxhost_commands) --help --simulate"
+        echo "$(_kxhost_commands) --help --simulate --version"
     elif [[ -n $values ]]; then
         echo "$values"
     elif [[ $current == -* ]]; then

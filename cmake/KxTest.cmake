@@ -1,0 +1,67 @@
+# QtTest programs. There are many, and they take longer to build than to run: they share
+# one precompiled header, are not optimised, and are linked by the quicker linker.
+
+include(CheckLinkerFlag)
+check_linker_flag(CXX -fuse-ld=gold KX_HAS_GOLD)
+set(KX_TEST_SECONDS 120 CACHE STRING "Seconds after which a test has failed")
+
+# Definitions that come with some of Qt's modules would not allow a shared precompiled
+# header. Nothing here reads them.
+foreach(component IN LISTS KX_QT_COMPONENTS)
+  get_target_property(definitions Qt${KX_QT}::${component} INTERFACE_COMPILE_DEFINITIONS)
+  list(FILTER definitions EXCLUDE REGEX "^QT_(TESTCASE_.*|NETWORK_LIB|SERIALPORT_LIB)$")
+  set_target_properties(Qt${KX_QT}::${component} PROPERTIES
+    INTERFACE_COMPILE_DEFINITIONS "${definitions}")
+endforeach()
+
+# kx_add_test_headers(NAME): the target whose precompiled header the others share.
+function(kx_add_test_headers name)
+  target_compile_options(${name} PRIVATE -O0)
+  target_precompile_headers(${name} PRIVATE <QtTest/QtTest> <functional> <vector>)
+  set(KX_TEST_HEADERS ${name} PARENT_SCOPE)
+endfunction()
+
+function(kx_use_test_headers target)
+  target_compile_options(${target} PRIVATE -O0 -fPIC)
+  target_precompile_headers(${target} REUSE_FROM ${KX_TEST_HEADERS})
+endfunction()
+
+# kx_moc_test(NAME): makes NAME.moc of NAME.cpp, which includes it. AUTOMOC would let moc
+# read all of Qt's headers for each test, which takes longer than to compile it.
+function(kx_moc_test name)
+  set(moc "${CMAKE_CURRENT_BINARY_DIR}/moc/${name}.moc")
+  file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/moc")
+  add_custom_command(OUTPUT "${moc}"
+    COMMAND $<TARGET_FILE:Qt${KX_QT}::moc> "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp" -o "${moc}"
+    DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp" VERBATIM)
+  target_sources(${name} PRIVATE "${moc}")
+  target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/moc")
+endfunction()
+
+# kx_add_test_program(NAME SOURCE...): run by CTest; linked to nothing yet.
+function(kx_add_test_program name)
+  add_executable(${name} ${ARGN})
+  kx_moc_test(${name})
+  kx_use_test_headers(${name})
+  kx_add_warnings(${name})
+  if(KX_HAS_GOLD)
+    target_link_options(${name} PRIVATE -fuse-ld=gold)
+  endif()
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${KX_TEST_SECONDS})
+endfunction()
+
+# kx_add_test(NAME SOURCE... [LIBRARIES ...]): linked to the driver and what tests share.
+function(kx_add_test name)
+  cmake_parse_arguments(KX "" "" "LIBRARIES" ${ARGN})
+  kx_add_test_program(${name} ${KX_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE kx_test_support ${KX_LIBRARIES})
+endfunction()
+
+# kx_add_test_library(NAME SOURCE...): what several tests share.
+function(kx_add_test_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PUBLIC kx_test_support)
+  kx_use_test_headers(${name})
+  kx_add_warnings(${name})
+endfunction()
