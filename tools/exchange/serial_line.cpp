@@ -53,7 +53,7 @@ void SerialLine::close()
 
 QByteArray SerialLine::discardWaiting()
 {
-    const QByteArray discarded = m_port.readAll();
+    QByteArray discarded = m_port.readAll();
     m_port.clear(QSerialPort::Input);
     return discarded;
 }

@@ -17,12 +17,11 @@ void StrayBytes::sort(OwedReplies* owed, const FRAME_PRO* heldBack)
 
 void StrayBytes::throwAway(const QByteArray& frame, OwedReplies* owed, const FRAME_PRO* heldBack)
 {
-    const bool isAwaited = heldBack && judgeReply(*heldBack, frame).verdict == Verdict::Good;
-    if (isAwaited && owed->take(frame))
-        ++m_counts->late;
-    else if (frame == m_lastTaken)
+    const bool isFitting = heldBack && judgeReply(*heldBack, frame).verdict == Verdict::Good;
+    const bool isAwaited = isFitting && owed->take(frame);
+    if (!isAwaited && frame == m_lastTaken)
         ++m_counts->duplicates;
-    else if (owed->isOwed(frame))
+    else if (isAwaited || owed->isOwed(frame))
         ++m_counts->late;
     else
         ++m_counts->foreign;

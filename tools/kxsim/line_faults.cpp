@@ -90,7 +90,7 @@ QByteArray LineFaults::corrupted(QByteArray reply)
 
 FaultyReply LineFaults::apply(const QByteArray& request, const QByteArray& reply)
 {
-    const FaultyReply result = spoiled(request, reply);
+    FaultyReply result = spoiled(request, reply);
     ++m_counts[static_cast<size_t>(m_next)];
     draw();
     return result;

@@ -75,7 +75,7 @@ void TestReadCommand::failedRangesAreNamed()
 {
     const KxsimProcess controller({"--still", "--set", "D1=5"});
     const CommandResult result =
-        readFrom(controller, {"D0:40@9", "D1", "--timeout", "50", "--retries", "2"});
+        readFrom(controller, {"D0:40@9", "D1", "--timeout", "300", "--retries", "2"});
     QCOMPARE(result.output, (QStringList{"1 D1 5"}));
     QCOMPARE(result.errors, (QStringList{"kxhost: D0:40@9: no reply"}));
     QCOMPARE(result.exitCode, 1);
@@ -85,7 +85,7 @@ void TestReadCommand::resultsAsJson()
 {
     const KxsimProcess controller({"--still", "--set", "D1=5"});
     const CommandResult result =
-        readFrom(controller, {"D1:2", "Y17@9", "--json", "--timeout", "50"});
+        readFrom(controller, {"D1:2", "Y17@9", "--json", "--timeout", "300"});
     QCOMPARE(result.output,
              (QStringList{R"({"address":"D1","count":2,"event":"read","station":1,)"
                           R"("values":[5,0]})",
@@ -101,7 +101,7 @@ void TestReadCommand::namesOfATagsFileAreShown()
     QVERIFY(tags.write("name,station,address,count,comment\nPump %3,,D1,2\nLamp,9,Y17\n") > 0);
     tags.close();
     const KxsimProcess controller({"--still", "--set", "D1=5"});
-    const QStringList arguments{tags.fileName(), "D1", "--timeout", "50"};
+    const QStringList arguments{tags.fileName(), "D1", "--timeout", "300"};
     const CommandResult text = readFrom(controller, arguments);
     QCOMPARE(text.output, (QStringList{"1 D1 (Pump %3) 5", "1 D2 (Pump %3) 0", "1 D1 5"}));
     QCOMPARE(text.errors, (QStringList{"kxhost: Y17@9 (Lamp): no reply"}));

@@ -50,7 +50,7 @@ void TestRecipeFailures::failedDownloadNamesTheBlocksSent()
     fixture.store("name,station,register,address,type,value\n"
                   "a,1,D,0,uint16,5\nb,1,D,9,uint16,6\nc,9,D,0,uint16,7\nd,10,D,0,uint16,7\n");
     const CommandResult result =
-        fixture.run("download", controller.portName(), {"--timeout", "50", "--retries", "2"});
+        fixture.run("download", controller.portName(), {"--timeout", "300", "--retries", "2"});
     QCOMPARE(result.errors, (QStringList{"kxhost: download of " + fixture.path()
                                          + " stopped after 2 of 6 blocks: D0:1@9: no reply; "
                                            "blocks sent: D0:1@1, D9:1@1; perhaps also D0:1@9"}));
@@ -65,7 +65,7 @@ void TestRecipeFailures::longListOfBlocksIsCutShort()
     const KxsimProcess controller({"--still"});
     fixture.store(SEVEN_ROWS);
     const CommandResult result =
-        fixture.run("download", controller.portName(), {"--timeout", "50", "--retries", "1"});
+        fixture.run("download", controller.portName(), {"--timeout", "300", "--retries", "1"});
     QCOMPARE(result.errors,
              (QStringList{"kxhost: download of " + fixture.path()
                           + " stopped after 6 of 8 blocks: D0:1@9: no reply; blocks sent: "
@@ -79,7 +79,7 @@ void TestRecipeFailures::jsonHasEveryBlock()
     const KxsimProcess controller({"--still"});
     fixture.store(SEVEN_ROWS);
     const CommandResult result = fixture.run("download", controller.portName(),
-                                             {"--timeout", "50", "--retries", "1", "--json"});
+                                             {"--timeout", "300", "--retries", "1", "--json"});
     QCOMPARE(result.output.last(),
              QStringLiteral("{\"blocks\":[\"D0:1@1\",\"D10:1@1\",\"D20:1@1\",\"D30:1@1\","
                             "\"D40:1@1\",\"D50:1@1\"],\"complete\":false,"
@@ -96,7 +96,7 @@ void TestRecipeFailures::failedUploadLeavesTheFile()
                             "a,1,D,0,uint16,1\nb,9,D,0,uint16,2\n";
     fixture.store(text);
     const CommandResult result =
-        fixture.run("upload", controller.portName(), {"--timeout", "50", "--retries", "1"});
+        fixture.run("upload", controller.portName(), {"--timeout", "300", "--retries", "1"});
     QCOMPARE(result.errors, (QStringList{"kxhost: upload of " + fixture.path()
                                          + " stopped after 2 of 4 blocks: D0:1@9: no reply; "
                                            "the file is unchanged"}));

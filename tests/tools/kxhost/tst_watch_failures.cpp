@@ -30,7 +30,7 @@ void WatchFailuresTest::silentStationFails()
 {
     const KxsimProcess simulator;
     const CommandResult result =
-        runCommand(on(simulator, "watch D100:2@9 --timeout 30 --retries 2 --cycles 2"));
+        runCommand(on(simulator, "watch D100:2@9 --timeout 300 --retries 2 --cycles 2"));
     QCOMPARE(result.exitCode, 1);
     // Told once, not in every cycle.
     QCOMPARE(withoutTimes(result.output.mid(0, result.output.size() - SUMMARY_LINES)),
@@ -43,7 +43,7 @@ void WatchFailuresTest::oneSilentStationOfTwoFails()
 {
     const KxsimProcess simulator(presets("D100=5"));
     const CommandResult result =
-        runCommand(on(simulator, "watch D100 D100@9 --timeout 30 --retries 1 --cycles 1"));
+        runCommand(on(simulator, "watch D100 D100@9 --timeout 300 --retries 1 --cycles 1"));
     QCOMPARE(result.exitCode, 1);
     QVERIFY(holds(result.output, " 1 D100 5"));
     QVERIFY(holds(result.output, " 9 D100 no answer"));

@@ -98,7 +98,7 @@ void TestWriteCommand::oneRefusalDoesNotKeepTheOthersBack()
 {
     KxsimProcess controller({"--still"});
     const CommandResult result =
-        writeTo(controller, {"D1=5", "D2@9=6", "D3=-7", "--timeout", "50", "--retries", "1"});
+        writeTo(controller, {"D1=5", "D2@9=6", "D3=-7", "--timeout", "300", "--retries", "1"});
     QCOMPARE(result.output,
              (QStringList{"1 D1=5 confirmed", "9 D2=6 failed: no reply", "1 D3=-7 confirmed"}));
     QCOMPARE(result.exitCode, 1);
@@ -117,7 +117,7 @@ void TestWriteCommand::resultsAsJson()
 {
     KxsimProcess controller({"--still"});
     const CommandResult result =
-        writeTo(controller, {"D1=5,-6", "M0@9=1", "--json", "--timeout", "50"});
+        writeTo(controller, {"D1=5,-6", "M0@9=1", "--json", "--timeout", "300"});
     QCOMPARE(result.output,
              (QStringList{R"({"address":"D1","confirmed":2,"event":"write","station":1,)"
                           R"("values":[5,-6]})",
