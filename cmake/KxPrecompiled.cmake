@@ -10,7 +10,8 @@ else()
   set(KX_PRECOMPILES OFF)
 endif()
 
-# kx_add_core_headers(NAME): QtCore's headers for targets with the flags of this folder.
+# kx_add_core_headers(NAME): QtCore's headers for all that is compiled as C++17 and is
+# optimised.
 function(kx_add_core_headers name)
   if(KX_PRECOMPILES)
     set(source "${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp")
