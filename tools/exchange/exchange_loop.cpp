@@ -147,8 +147,11 @@ void ExchangeLoop::transmit()
     m_statistics.bytesReceived += discarded.size();
     m_stray.add(discarded);
     m_stray.sort(&m_owed, nullptr);
-    m_line->write(m_record.request);
-    if (isRunning() && m_state != State::AwaitingLine) // else the line was lost while writing
+    // The line may turn out to be lost while bytes are thrown away, or while writing.
+    const auto isLost = [this] { return !isRunning() || m_state == State::AwaitingLine; };
+    if (!isLost())
+        m_line->write(m_record.request);
+    if (!isLost())
         awaitReply();
 }
 

@@ -19,6 +19,8 @@ QByteArray ScriptedLine::discardWaiting()
     ++discards;
     const QByteArray discarded = waiting;
     waiting.clear();
+    if (isLostWhenDiscarding)
+        lose();
     return discarded;
 }
 

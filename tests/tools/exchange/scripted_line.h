@@ -42,6 +42,7 @@ public:
     QList<qint64> writtenAt; ///< milliseconds, as now()
     QByteArray waiting;      ///< arrived and not reported; the next request finds it
     int discards = 0;
+    bool isLostWhenDiscarding = false;
 
 private:
     QElapsedTimer m_clock;

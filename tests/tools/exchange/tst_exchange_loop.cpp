@@ -17,6 +17,7 @@ private slots:
     void finalFailureTellsTheErrorText();
     void requestThatIsNotWholeIsNotSent();
     void lostLineStopsTheLoop();
+    void lineFoundLostBeforeTheRequestIsNotWrittenTo();
     void interruptedLineIsWaitedFor();
     void startOnAnInterruptedLineWaitsForIt();
     void echoIsSkippedAndTheReplyTaken();
@@ -175,6 +176,17 @@ void ExchangeLoopTest::lostLineStopsTheLoop()
     QTest::qWait(20);
     QVERIFY(m_driver->replies.isEmpty());
     QCOMPARE(m_line->written.size(), 1);
+}
+
+void ExchangeLoopTest::lineFoundLostBeforeTheRequestIsNotWrittenTo()
+{
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_line->isLostWhenDiscarding = true;
+    start();
+    QTRY_VERIFY(!m_loop->isRunning());
+    QTest::qWait(20);
+    QVERIFY(m_line->written.isEmpty());
+    QVERIFY(m_driver->replies.isEmpty());
 }
 
 void ExchangeLoopTest::interruptedLineIsWaitedFor()
