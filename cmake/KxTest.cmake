@@ -17,7 +17,7 @@ endforeach()
 # kx_add_test_headers(NAME): the target whose precompiled header the others share.
 function(kx_add_test_headers name)
   target_compile_options(${name} PRIVATE -O0)
-  target_precompile_headers(${name} PRIVATE <QtTest/QtTest> <functional> <vector>)
+  target_precompile_headers(${name} PRIVATE <QtTest/QTest> <functional> <vector>)
   set(KX_TEST_HEADERS ${name} PARENT_SCOPE)
 endfunction()
 

@@ -1,7 +1,7 @@
 #include "data/cached_record.h"
 #include "data/change_notification.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <climits>
 

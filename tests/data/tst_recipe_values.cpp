@@ -1,6 +1,6 @@
 #include "data/recipe_plan.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class RecipeValuesTest : public QObject
 {

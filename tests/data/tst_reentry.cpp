@@ -3,7 +3,7 @@
 
 #include "data/reentry_steps.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class ReentryTest : public QObject
 {

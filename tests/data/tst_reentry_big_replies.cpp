@@ -3,7 +3,7 @@
 
 #include "data/cached_record.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "data/read_values.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class ReplyBytesTest : public QObject
 {

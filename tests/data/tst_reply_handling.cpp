@@ -1,6 +1,6 @@
 #include "data/cached_record.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -1,7 +1,7 @@
 // Replies that bring what is there: what may and what may not be passed over.
 #include "data/cached_record.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "data/value_size.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class ValueSizeTest : public QObject
 {

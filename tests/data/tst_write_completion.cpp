@@ -1,7 +1,7 @@
 #include "data/cached_record.h"
 #include "data/write_completion.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <climits>
 

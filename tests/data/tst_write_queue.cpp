@@ -3,7 +3,7 @@
 #include "data/cached_record.h"
 #include "driver/job_queue.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

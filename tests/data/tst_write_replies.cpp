@@ -2,7 +2,7 @@
 
 #include "data/cached_record.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -3,7 +3,7 @@
 #include "kxsim_process.h"
 
 #include <QtCore/QProcess>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -4,7 +4,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QStringList>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -3,7 +3,7 @@
 #include "page.h"
 
 #include <QtCore/QProcess>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class RegisterMapTest : public QObject
 {

@@ -5,7 +5,7 @@
 #include <QtCore/QDirIterator>
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -4,7 +4,7 @@
 #include "support/driver_fixture.h"
 
 #include <QtCore/QRegularExpression>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <cstring>
 

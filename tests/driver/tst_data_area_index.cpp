@@ -1,6 +1,6 @@
 #include "driver/data_area_index.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <algorithm>
 

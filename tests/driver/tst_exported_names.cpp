@@ -1,7 +1,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

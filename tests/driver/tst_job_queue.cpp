@@ -1,7 +1,7 @@
 #include "driver/job_queue.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include "support/memory_use.h"
 #include "tarvelan_kx_series.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <dlfcn.h>
 

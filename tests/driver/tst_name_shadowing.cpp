@@ -4,7 +4,7 @@
 #include "tarvelan_kx_series.h"
 
 #include <QtCore/QFile>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <dlfcn.h>
 

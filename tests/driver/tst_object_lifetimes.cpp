@@ -4,7 +4,7 @@
 #include "driver/destructor_watch.h"
 #include "driver/tarvelan.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <cstring>
 

@@ -3,7 +3,7 @@
 #include <QtCore/QDirIterator>
 #include <QtCore/QRegularExpression>
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

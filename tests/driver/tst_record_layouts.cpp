@@ -4,7 +4,7 @@
 
 #include "driver/tarvelan.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

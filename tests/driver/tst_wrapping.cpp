@@ -1,6 +1,6 @@
 #include "driver/wrapping.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class WrappingTest : public QObject
 {

@@ -3,7 +3,7 @@
 #define KX_TESTS_MUTEX_WAIT_H
 
 #include <QtCore/QMutex>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <atomic>
 #include <thread>

@@ -1,6 +1,6 @@
 #include "modbus/crc.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

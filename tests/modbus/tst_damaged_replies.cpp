@@ -4,7 +4,7 @@
 
 #include "modbus/outstanding_read.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -2,7 +2,7 @@
 
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

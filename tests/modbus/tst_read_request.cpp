@@ -1,7 +1,7 @@
 #include "modbus/read_request.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <climits>
 #include <cstring>

@@ -2,7 +2,7 @@
 #include "modbus/recipe_requests.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class RecipeRequestsTest : public QObject
 {

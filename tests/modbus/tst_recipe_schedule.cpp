@@ -3,7 +3,7 @@
 #include "modbus/mutex_wait.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -3,7 +3,7 @@
 #include "modbus/write_request.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <climits>
 #include <cstring>

@@ -1,7 +1,7 @@
 #include "model/random_runtime.h"
 
 #include <QtCore/QElapsedTimer>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 /// KX_RANDOM_STEPS sets the number of calls, KX_RANDOM_SEED the first seed.
 class RandomCallsTest : public QObject

@@ -3,7 +3,7 @@
 #include "planning/range_text.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <random>
 

@@ -4,7 +4,7 @@
 
 #include "driver/job_queue.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "planning/job_split.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class JobSplitTest : public QObject
 {

@@ -1,7 +1,7 @@
 #include "planning/monitor_flags.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

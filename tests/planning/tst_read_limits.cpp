@@ -5,7 +5,7 @@
 #include "planning/read_jobs.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 #include "registers/checked_address.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -2,7 +2,7 @@
 
 #include "registers/checked_address.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class AddressCheckEdgesTest : public QObject
 {

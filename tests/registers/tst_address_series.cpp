@@ -1,6 +1,6 @@
 #include "registers/address_series.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <limits>
 

@@ -1,7 +1,7 @@
 #include "driver/tarvelan.h"
 #include "registers/address_weight.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class AddressWeightTest : public QObject
 {

@@ -1,7 +1,7 @@
 #include "registers/recipe_addresses.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

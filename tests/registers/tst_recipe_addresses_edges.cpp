@@ -3,7 +3,7 @@
 #include "registers/recipe_addresses.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <limits>
 

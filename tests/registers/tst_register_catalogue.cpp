@@ -1,6 +1,6 @@
 #include "registers/register_catalogue.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 #include "registers/register_types.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "registers/type_names.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TypeNamesTest : public QObject
 {

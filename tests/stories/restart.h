@@ -4,7 +4,7 @@
 
 #include "stories/slave.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 const char* const PARAMETERS = "1#0#0#3#125";
 const int RECIPE_BLOCKS = 4;

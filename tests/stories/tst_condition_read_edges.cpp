@@ -3,7 +3,7 @@
 
 #include "stories/slave.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <climits>
 

@@ -4,7 +4,7 @@
 
 #include "stories/slave.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <climits>
 

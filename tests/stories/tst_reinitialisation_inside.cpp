@@ -3,7 +3,7 @@
 
 #include "stories/restart.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class ReinitialisationInsideTest : public QObject
 {

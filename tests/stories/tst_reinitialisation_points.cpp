@@ -4,7 +4,7 @@
 
 #include "stories/restart.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -2,7 +2,7 @@
 
 #include "stories/slave.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class SingleVariableRecipeTest : public QObject
 {

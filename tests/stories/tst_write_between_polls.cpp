@@ -1,6 +1,6 @@
 #include "stories/slave.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

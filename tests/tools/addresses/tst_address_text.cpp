@@ -2,7 +2,7 @@
 
 #include "addresses/address_text.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

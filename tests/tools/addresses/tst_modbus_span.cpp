@@ -2,7 +2,7 @@
 
 #include "addresses/modbus_span.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestModbusSpan : public QObject
 {

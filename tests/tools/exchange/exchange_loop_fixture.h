@@ -7,7 +7,7 @@
 #include "tools/exchange/scripted_driver.h"
 #include "tools/exchange/scripted_line.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "exchange/driver_library.h"
 
 #include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class DriverLibraryTest : public QObject
 {

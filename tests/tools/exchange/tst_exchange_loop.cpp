@@ -1,5 +1,7 @@
 #include "tools/exchange/exchange_loop_fixture.h"
 
+#include <QtTest/QSignalSpy>
+
 Q_DECLARE_METATYPE(ReplyKind)
 
 class ExchangeLoopTest : public ExchangeLoopFixture

@@ -1,6 +1,6 @@
 #include "exchange/line_timing.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class LineTimingTest : public QObject
 {

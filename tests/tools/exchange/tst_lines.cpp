@@ -2,7 +2,7 @@
 #include "exchange/tcp_line.h"
 
 #include <QtNetwork/QTcpServer>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <cstdlib>
 #include <fcntl.h>

@@ -1,7 +1,7 @@
 #include "exchange/owed_replies.h"
 #include "tools/exchange/request_frames.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 Q_DECLARE_METATYPE(FRAME_PRO)
 

@@ -1,6 +1,7 @@
 #include "exchange/reopening_line.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -1,7 +1,7 @@
 #include "exchange/reply_verdict.h"
 #include "tools/exchange/request_frames.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 Q_DECLARE_METATYPE(Verdict)
 

@@ -1,7 +1,7 @@
 #include "exchange/statistics.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 Q_DECLARE_METATYPE(ReplyKind)
 Q_DECLARE_METATYPE(qint64*)

@@ -1,7 +1,7 @@
 #include "exchange/stray_bytes.h"
 #include "tools/exchange/request_frames.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

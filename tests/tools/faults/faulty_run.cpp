@@ -2,7 +2,7 @@
 
 #include "tools/faults/whole_frames.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 using kxsim::Fault;
 

@@ -3,7 +3,7 @@
 
 #include "tools/faults/faulty_run.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -4,7 +4,7 @@
 #include "tools/faults/faulty_run.h"
 
 #include <QtCore/QRegularExpression>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 using kxsim::Fault;
 

@@ -5,7 +5,7 @@
 #include "kxhost/recipe_transfer.h"
 #include "tools/faults/faulty_run.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <random>
 

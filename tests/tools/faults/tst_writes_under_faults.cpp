@@ -4,7 +4,7 @@
 #include "exchange/write_pacer.h"
 #include "tools/faults/faulty_run.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <random>
 

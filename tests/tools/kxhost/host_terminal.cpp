@@ -1,6 +1,6 @@
 #include "host_terminal.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <csignal>
 #include <cstdlib>

@@ -2,7 +2,7 @@
 
 #include "command_process.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestCheckCommand : public QObject
 {

@@ -5,7 +5,7 @@
 #include "recipe_fixture.h"
 
 #include <QtCore/QRegularExpression>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

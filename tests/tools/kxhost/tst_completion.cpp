@@ -3,7 +3,8 @@
 #include "bash_completion.h"
 #include "command_process.h"
 
-#include <QtTest/QtTest>
+#include <QtCore/QRegularExpression>
+#include <QtTest/QTest>
 
 class TestCompletion : public QObject
 {

@@ -1,7 +1,7 @@
 #include "kxhost/command_line.h"
 #include "kxhost/connection_options.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class ConnectionOptionsTest : public QObject
 {

@@ -1,7 +1,7 @@
 #include "kxhost/frame_text.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class FrameTextTest : public QObject
 {

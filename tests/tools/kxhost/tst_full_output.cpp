@@ -1,7 +1,7 @@
 // kxhost with a standard output that takes nothing.
 
 #include <QtCore/QProcess>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class FullOutputTest : public QObject
 {

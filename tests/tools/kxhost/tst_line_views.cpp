@@ -2,7 +2,7 @@
 #include "tools/kxhost/watch_entries.h"
 
 #include <QtCore/QJsonDocument>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class LineViewsTest : public QObject
 {

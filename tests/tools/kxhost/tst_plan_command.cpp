@@ -5,7 +5,7 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestPlanCommand : public QObject
 {

@@ -2,7 +2,7 @@
 
 #include "kxhost/plan_driver.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestPlanDriver : public QObject
 {

@@ -2,7 +2,7 @@
 
 #include "kxhost/plan_lengths.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

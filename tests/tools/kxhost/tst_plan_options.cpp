@@ -2,7 +2,7 @@
 
 #include "kxhost/plan_options.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestPlanOptions : public QObject
 {

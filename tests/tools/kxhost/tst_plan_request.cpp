@@ -3,7 +3,7 @@
 #include "kxhost/plan_request.h"
 
 #include <QtCore/QStringList>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

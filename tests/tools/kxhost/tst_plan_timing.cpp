@@ -2,7 +2,7 @@
 
 #include "kxhost/plan_timing.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestPlanTiming : public QObject
 {

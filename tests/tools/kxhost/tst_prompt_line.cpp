@@ -1,6 +1,6 @@
 #include "kxhost/prompt_line.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class PromptLineTest : public QObject
 {

@@ -4,7 +4,7 @@
 #include "tools/kxsim/kxsim_process.h"
 
 #include <QtCore/QTemporaryFile>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

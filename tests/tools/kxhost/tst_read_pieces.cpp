@@ -1,6 +1,6 @@
 #include "kxhost/commands/read_pieces.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

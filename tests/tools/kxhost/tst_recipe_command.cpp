@@ -3,7 +3,7 @@
 #include "recipe_fixture.h"
 #include "tools/kxsim/kxsim_process.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

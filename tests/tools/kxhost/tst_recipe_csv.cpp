@@ -1,6 +1,6 @@
 #include "kxhost/recipe_csv.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestRecipeCsv : public QObject
 {

@@ -1,6 +1,6 @@
 #include "kxhost/recipe_file.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

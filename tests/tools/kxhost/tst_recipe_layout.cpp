@@ -2,7 +2,7 @@
 #include "recipe_rows.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -2,7 +2,8 @@
 #include "support/driver_fixture.h"
 #include "tools/exchange/scripted_line.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "kxhost/recipe_progress.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestRecipeProgress : public QObject
 {

@@ -1,7 +1,7 @@
 #include "kxhost/recipe_layout.h"
 #include "recipe_rows.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestRecipeRefusals : public QObject
 {

@@ -1,6 +1,6 @@
 #include "kxhost/recipe_value.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestRecipeValue : public QObject
 {

@@ -4,7 +4,8 @@
 #include "kxsim/simulated_line.h"
 #include "watch_process.h"
 
-#include <QtTest/QtTest>
+#include <QtCore/QRegularExpression>
+#include <QtTest/QTest>
 
 #include <csignal>
 

@@ -5,7 +5,7 @@
 #include "support/driver_fixture.h"
 
 #include <QtCore/QJsonDocument>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestScanReply : public QObject
 {

@@ -2,7 +2,7 @@
 
 #include "kxhost/commands/scan_stations.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestScanStations : public QObject
 {

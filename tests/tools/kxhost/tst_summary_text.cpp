@@ -1,6 +1,6 @@
 #include "kxhost/summary_text.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class SummaryTextTest : public QObject
 {

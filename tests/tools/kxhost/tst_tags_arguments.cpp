@@ -4,7 +4,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestTagsArguments : public QObject
 {

@@ -3,7 +3,7 @@
 #include "kxhost/tags_file.h"
 
 #include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class TestTagsFile : public QObject
 {

@@ -4,8 +4,9 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

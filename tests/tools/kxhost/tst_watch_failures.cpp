@@ -1,7 +1,7 @@
 #include "command_process.h"
 #include "watch_process.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <csignal>
 

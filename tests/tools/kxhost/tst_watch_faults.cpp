@@ -6,7 +6,7 @@
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class WatchFaultsTest : public QObject
 {

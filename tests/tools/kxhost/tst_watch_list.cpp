@@ -2,7 +2,7 @@
 #include "support/driver_fixture.h"
 #include "tools/kxhost/watch_entries.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class WatchListTest : public QObject
 {

@@ -2,7 +2,7 @@
 #include "kxhost/watch_table.h"
 #include "tools/kxhost/watch_entries.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class WatchTableTest : public QObject
 {

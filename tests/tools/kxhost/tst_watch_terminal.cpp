@@ -1,7 +1,7 @@
 #include "host_terminal.h"
 #include "watch_process.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

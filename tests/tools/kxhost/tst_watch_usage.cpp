@@ -1,6 +1,6 @@
 #include "command_process.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -3,7 +3,7 @@
 #include "command_process.h"
 #include "tools/kxsim/kxsim_process.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <algorithm>
 

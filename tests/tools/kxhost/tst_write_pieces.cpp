@@ -1,6 +1,6 @@
 #include "kxhost/commands/write_pieces.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -1,7 +1,7 @@
 #include "watch_process.h"
 
 #include <QtNetwork/QTcpSocket>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <csignal>
 

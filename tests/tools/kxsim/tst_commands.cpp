@@ -2,7 +2,7 @@
 
 #include "kxsim/commands.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 using kxsim::runCommand;
 using kxsim::Stations;

@@ -2,7 +2,7 @@
 
 #include "kxsim/controller_memory.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 using kxsim::ControllerMemory;
 using kxsim::NumberRange;

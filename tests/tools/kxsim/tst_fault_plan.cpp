@@ -1,6 +1,6 @@
 #include "kxsim/fault_plan.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 using kxsim::Fault;
 using kxsim::FaultPlan;

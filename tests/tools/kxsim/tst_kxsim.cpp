@@ -6,7 +6,7 @@
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <csignal>
 #include <cstdlib>

@@ -3,7 +3,7 @@
 #include "bash_completion.h"
 
 #include <QtCore/QProcess>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

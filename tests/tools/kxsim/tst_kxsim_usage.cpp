@@ -1,8 +1,9 @@
 // What kxsim says to wrong and to curious command lines.
 
 #include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryFile>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 namespace
 {

@@ -1,7 +1,7 @@
 #include "kxsim/line_faults.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 using kxsim::Fault;
 using kxsim::FaultPlan;

@@ -2,7 +2,7 @@
 
 #include "kxsim/motion.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 using kxsim::ControllerMemory;
 using kxsim::Motion;

@@ -3,7 +3,7 @@
 #include "kxsim/request_server.h"
 #include "support/driver_fixture.h"
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 using kxsim::RequestServer;
 using kxsim::Stations;

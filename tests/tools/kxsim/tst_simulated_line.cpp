@@ -5,7 +5,7 @@
 #include "support/driver_fixture.h"
 
 #include <QtCore/QFile>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <poll.h>
 
