@@ -83,7 +83,8 @@ int PlainDriver::setData(int station, const QString& regType, int address, int c
         job.address = wrapped(address + static_cast<qint64>(limit) * j);
         job.count = rest != 0 && j == jobs - 1 ? rest : limit;
         const int bytes = qMin(1024, bit ? job.count : 2 * qMin(job.count, 512));
-        std::memcpy(job.data, data + (bit ? 0 : 2 * limit * j), static_cast<size_t>(bytes));
+        const qint64 offset = bit ? 0 : static_cast<qint64>(2) * limit * j;
+        std::memcpy(job.data, data + offset, static_cast<size_t>(bytes));
         addVarToList(writeList, job);
     }
     saveWritten(station, regType, address, count, data);
