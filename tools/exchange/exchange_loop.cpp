@@ -1,5 +1,7 @@
 #include "exchange/exchange_loop.h"
 
+#include "exchange/reply_verdict.h"
+
 namespace
 {
 
@@ -88,9 +90,9 @@ void ExchangeLoop::proceed()
             return waitForSilence();
         return poll();
     case State::AwaitingReply:
-        return handleTimeout();
+        return finish(m_collector.incomplete());
     case State::AwaitingTurnaround:
-        return finish(ReplyKind::Broadcast, QByteArray());
+        return finish({ReplyKind::Broadcast, QByteArray()});
     }
 }
 
@@ -113,7 +115,7 @@ void ExchangeLoop::poll()
     if (isWhole)
         transmit();
     else
-        finish(ReplyKind::NotSent, QByteArray());
+        finish({ReplyKind::NotSent, QByteArray()});
 }
 
 bool ExchangeLoop::isHeldBack(const FRAME_PRO& request)
@@ -133,7 +135,7 @@ bool ExchangeLoop::isHeldBack(const FRAME_PRO& request)
 void ExchangeLoop::prepare(const FRAME_PRO& request, bool isRepeat)
 {
     m_request = request;
-    m_collected.clear();
+    m_collector.begin(request);
     m_record = ExchangeRecord();
     m_record.job = request.job;
     m_record.repeated = isRepeat;
@@ -175,8 +177,10 @@ void ExchangeLoop::takeBytes(const QByteArray& bytes)
     if (m_state == State::AwaitingReply) {
         m_silentSince = qMax(m_silentSince, now());
         m_record.reply += bytes;
-        m_collected += bytes;
-        return judge();
+        const auto reply = m_collector.add(bytes, now() - m_transmittedAt, m_line->timing());
+        if (reply)
+            finish(*reply);
+        return;
     }
     m_statistics.bytesReceived += bytes.size();
     m_stray.add(bytes);
@@ -189,87 +193,25 @@ void ExchangeLoop::takeBytes(const QByteArray& bytes)
         waitForSilence();
 }
 
-void ExchangeLoop::judge()
+void ExchangeLoop::finish(CollectedReply reply)
 {
-    for (;;) {
-        const Judgement judgement = judgeReply(m_request, m_collected);
-        switch (judgement.verdict) {
-        case Verdict::Incomplete:
-            return;
-        case Verdict::Foreign:
-        case Verdict::Echo:
-            throwAway(judgement);
-            break;
-        case Verdict::Good:
-            if (!isTooSoon(judgement.length))
-                return finish(ReplyKind::Good, m_collected.left(judgement.length));
-            throwAway(judgement);
-            break;
-        case Verdict::Bad:
-            return finish(ReplyKind::Bad, m_collected.left(judgement.length));
-        case Verdict::Exception:
-            m_record.exceptionCode = exceptionCodeOf(m_collected);
-            return finish(ReplyKind::Exception, m_collected.left(judgement.length));
-        }
-    }
-}
-
-bool ExchangeLoop::isTooSoon(int length)
-{
-    const bool isSoon = now() < m_transmittedAt + m_line->timing().transmissionTime(length);
-    if (m_owed.isOwedOnly(m_request))
-        m_lineKeepsTime = m_lineKeepsTime.value_or(true) && !isSoon;
-    return isSoon && m_lineKeepsTime.value_or(false) && m_owed.owesOther(m_request);
-}
-
-void ExchangeLoop::throwAway(const Judgement& judgement)
-{
-    if (judgement.verdict == Verdict::Echo) {
-        ++m_statistics.thrownAway.echoes;
-    } else {
-        ++m_record.foreignReplies;
-        m_stray.throwAway(m_collected.left(judgement.length), &m_owed);
-    }
-    m_collected.remove(0, judgement.length);
-}
-
-void ExchangeLoop::handleTimeout()
-{
-    if (!m_collected.isEmpty())
-        return finish(ReplyKind::Short, m_collected);
-    finish(m_record.foreignReplies > 0 ? ReplyKind::Foreign : ReplyKind::None, QByteArray());
-}
-
-void ExchangeLoop::finish(ReplyKind kind, QByteArray reply)
-{
-    m_record.replyKind = kind;
+    m_record.replyKind = reply.kind;
+    m_record.foreignReplies = m_collector.foreignReplies();
+    if (reply.kind == ReplyKind::Exception)
+        m_record.exceptionCode = exceptionCodeOf(reply.bytes);
     m_record.finishedAt = QDateTime::currentDateTime();
-    settleAccounts(reply);
-    m_record.result = m_driver.dealRcvFrame(reply, m_record.errorText);
+    m_collector.settle(reply);
+    m_record.result = m_driver.dealRcvFrame(reply.bytes, m_record.errorText);
     m_repeating = m_record.result == REPLY_RETRY;
     m_statistics.add(m_record);
     // A pseudo-terminal delivers at once what a serial line carries for milliseconds.
     m_silentSince = qMax(
         m_silentSince, m_transmittedAt + m_line->timing().transmissionTime(m_record.reply.size()));
-    if (kind == ReplyKind::Lost)
+    if (reply.kind == ReplyKind::Lost)
         m_state = State::AwaitingLine;
     else
         waitForSilence();
     emit exchanged(m_record);
-}
-
-void ExchangeLoop::settleAccounts(const QByteArray& reply)
-{
-    const ReplyKind kind = m_record.replyKind;
-    const bool isGood = kind == ReplyKind::Good;
-    const bool isAnswered = isGood || kind == ReplyKind::Exception || kind == ReplyKind::Bad
-                            || kind == ReplyKind::Short;
-    // A refusal or damaged bytes may belong to another reply that is owed.
-    if (isGood || (isAnswered && m_owed.isOwedOnly(m_request)))
-        m_owed.forget(m_request);
-    if (isAnswered)
-        m_stray.setLastTaken(reply);
-    m_stray.add(m_collected.mid(reply.size()));
 }
 
 void ExchangeLoop::loseLine(const QString& error)
@@ -288,7 +230,7 @@ void ExchangeLoop::awaitLine()
     const bool isInFlight = m_state == State::AwaitingReply || m_state == State::AwaitingTurnaround;
     m_state = State::AwaitingLine;
     if (isInFlight)
-        finish(ReplyKind::Lost, QByteArray());
+        finish({ReplyKind::Lost, QByteArray()});
 }
 
 void ExchangeLoop::resume()

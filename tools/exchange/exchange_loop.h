@@ -6,13 +6,11 @@
 #include "exchange/line.h"
 #include "exchange/loop_clock.h"
 #include "exchange/owed_replies.h"
-#include "exchange/reply_verdict.h"
+#include "exchange/reply_collector.h"
 #include "exchange/statistics.h"
 #include "exchange/stray_bytes.h"
 
 #include <QtCore/QObject>
-
-#include <optional>
 
 struct ExchangeSettings {
     int replyTimeout = 1000; ///< milliseconds from the end of the transmission
@@ -33,15 +31,11 @@ struct ExchangeSettings {
 /// has been silent; what they were is counted. A reply is handed over when it is complete,
 /// refused by the station (an exception) or beyond repair, else as far as it came
 /// by the time-out. A reply of another request is thrown away and the wait goes
-/// on; when nothing better comes the driver gets an empty reply.
+/// on; when nothing better comes the driver gets an empty reply. See ReplyCollector.
 ///
 /// A reply may come after its time-out, and replies to reads carry no address. So a
 /// request is held back while a late reply could be taken for its own, until that
 /// reply came or the settle time is over; see OwedReplies.
-///
-/// A reply that is complete sooner after its request than its characters can travel
-/// is another's: while one is owed, it is thrown away, provided that the line keeps
-/// time. A pseudo-terminal does not, which its first reply shows.
 ///
 /// When the line is interrupted, the driver gets an empty reply to the request in
 /// flight, and nothing is sent until the line is open again.
@@ -101,12 +95,7 @@ private:
     void transmit();
     void awaitReply();
     void takeBytes(const QByteArray& bytes);
-    void judge();
-    bool isTooSoon(int length);
-    void throwAway(const Judgement& judgement);
-    void handleTimeout();
-    void finish(ReplyKind kind, QByteArray reply);
-    void settleAccounts(const QByteArray& reply);
+    void finish(CollectedReply reply);
     void loseLine(const QString& error);
     void awaitLine();
     void resume();
@@ -125,7 +114,6 @@ private:
     qint64 m_silentSince = 0;        ///< as now(); ahead of it while transmitting
     qint64 m_silenceWantedSince = 0; ///< as now()
     FRAME_PRO m_request = FRAME_PRO();
-    QByteArray m_collected; ///< without the replies of other requests
     ExchangeRecord m_record;
     bool m_repeating = false;
     bool m_hasGivenUp = false;
@@ -133,9 +121,8 @@ private:
     FRAME_PRO m_heldBack = FRAME_PRO();
     Statistics m_statistics;
     OwedReplies m_owed; ///< by now()
-    /// Whether characters take their time; unknown before the first reply.
-    std::optional<bool> m_lineKeepsTime;
     StrayBytes m_stray{&m_statistics.thrownAway};
+    ReplyCollector m_collector{&m_owed, &m_stray, &m_statistics.thrownAway};
 };
 
 #endif

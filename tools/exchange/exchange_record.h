@@ -37,6 +37,7 @@ struct ExchangeRecord {
 };
 
 Q_DECLARE_METATYPE(ExchangeRecord)
+Q_DECLARE_METATYPE(ReplyKind)
 Q_DECLARE_METATYPE(VARIABLE)
 
 #endif

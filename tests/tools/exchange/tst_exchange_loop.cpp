@@ -2,8 +2,6 @@
 
 #include <QtTest/QSignalSpy>
 
-Q_DECLARE_METATYPE(ReplyKind)
-
 class ExchangeLoopTest : public ExchangeLoopFixture
 {
     Q_OBJECT

@@ -3,7 +3,6 @@
 
 #include <QtTest/QTest>
 
-Q_DECLARE_METATYPE(ReplyKind)
 Q_DECLARE_METATYPE(qint64*)
 
 class StatisticsTest : public QObject

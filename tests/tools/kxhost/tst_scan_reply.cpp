@@ -19,8 +19,6 @@ private slots:
     void theSummaryCounts();
 };
 
-Q_DECLARE_METATYPE(ReplyKind)
-
 void TestScanReply::aReplyCounts_data()
 {
     QTest::addColumn<ReplyKind>("kind");

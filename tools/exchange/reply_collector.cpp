@@ -1,0 +1,79 @@
+#include "exchange/reply_collector.h"
+
+#include "exchange/reply_verdict.h"
+
+ReplyCollector::ReplyCollector(OwedReplies* owed, StrayBytes* stray, ThrownAway* counts)
+    : m_owed(owed), m_stray(stray), m_counts(counts)
+{
+}
+
+void ReplyCollector::begin(const FRAME_PRO& request)
+{
+    m_request = request;
+    m_bytes.clear();
+    m_foreignReplies = 0;
+}
+
+std::optional<CollectedReply> ReplyCollector::add(const QByteArray& bytes, qint64 sinceRequest,
+                                                  const LineTiming& timing)
+{
+    m_bytes += bytes;
+    for (;;) {
+        const Judgement judgement = judgeReply(m_request, m_bytes);
+        switch (judgement.verdict) {
+        case Verdict::Incomplete:
+            return std::nullopt;
+        case Verdict::Echo:
+            ++m_counts->echoes;
+            m_bytes.remove(0, judgement.length);
+            break;
+        case Verdict::Foreign:
+            throwAway(judgement.length);
+            break;
+        case Verdict::Good:
+            if (!isTooSoon(judgement.length, sinceRequest, timing))
+                return CollectedReply{ReplyKind::Good, m_bytes.left(judgement.length)};
+            throwAway(judgement.length);
+            break;
+        case Verdict::Bad:
+            return CollectedReply{ReplyKind::Bad, m_bytes.left(judgement.length)};
+        case Verdict::Exception:
+            return CollectedReply{ReplyKind::Exception, m_bytes.left(judgement.length)};
+        }
+    }
+}
+
+bool ReplyCollector::isTooSoon(int length, qint64 sinceRequest, const LineTiming& timing)
+{
+    const bool isSoon = sinceRequest < timing.transmissionTime(length);
+    if (m_owed->isOwedOnly(m_request))
+        m_lineKeepsTime = m_lineKeepsTime.value_or(true) && !isSoon;
+    return isSoon && m_lineKeepsTime.value_or(false) && m_owed->owesOther(m_request);
+}
+
+void ReplyCollector::throwAway(int length)
+{
+    ++m_foreignReplies;
+    m_stray->throwAway(m_bytes.left(length), m_owed);
+    m_bytes.remove(0, length);
+}
+
+CollectedReply ReplyCollector::incomplete() const
+{
+    if (!m_bytes.isEmpty())
+        return {ReplyKind::Short, m_bytes};
+    return {m_foreignReplies > 0 ? ReplyKind::Foreign : ReplyKind::None, QByteArray()};
+}
+
+void ReplyCollector::settle(const CollectedReply& reply)
+{
+    const bool isGood = reply.kind == ReplyKind::Good;
+    const bool isAnswered = isGood || reply.kind == ReplyKind::Exception
+                            || reply.kind == ReplyKind::Bad || reply.kind == ReplyKind::Short;
+    // A refusal or damaged bytes may belong to another reply that is owed.
+    if (isGood || (isAnswered && m_owed->isOwedOnly(m_request)))
+        m_owed->forget(m_request);
+    if (isAnswered)
+        m_stray->setLastTaken(reply.bytes);
+    m_stray->add(m_bytes.mid(reply.bytes.size()));
+}

@@ -1,0 +1,60 @@
+/// Collects what comes back while a request is in flight until it is the reply.
+#ifndef KX_TOOLS_REPLY_COLLECTOR_H
+#define KX_TOOLS_REPLY_COLLECTOR_H
+
+#include "exchange/exchange_record.h"
+#include "exchange/owed_replies.h"
+#include "exchange/statistics.h"
+#include "exchange/stray_bytes.h"
+
+#include <optional>
+
+struct CollectedReply {
+    ReplyKind kind = ReplyKind::None;
+    QByteArray bytes; ///< for the driver
+};
+
+/// Replies of other requests and echoes are thrown away and counted; what stands behind
+/// the reply is left to StrayBytes.
+///
+/// A reply that is complete sooner after its request than its characters can travel
+/// is another's: while one is owed, it is thrown away, provided that the line keeps
+/// time. A pseudo-terminal does not, which its first reply shows.
+class ReplyCollector
+{
+public:
+    /// All three stay the caller's and outlive the collector.
+    ReplyCollector(OwedReplies* owed, StrayBytes* stray, ThrownAway* counts);
+
+    /// A request goes out; nothing has come back for it.
+    void begin(const FRAME_PRO& request);
+
+    /// @param sinceRequest microseconds since the request's last character
+    /// @return the reply (Good, Bad or Exception), once it is there
+    std::optional<CollectedReply> add(const QByteArray& bytes, qint64 sinceRequest,
+                                      const LineTiming& timing);
+
+    /// What there is when no more is waited for: Short, Foreign or None.
+    CollectedReply incomplete() const;
+
+    /// How many replies of other requests came meanwhile.
+    int foreignReplies() const { return m_foreignReplies; }
+
+    /// The exchange is over: who is owed a reply now, and what the bytes behind it are.
+    void settle(const CollectedReply& reply);
+
+private:
+    bool isTooSoon(int length, qint64 sinceRequest, const LineTiming& timing);
+    void throwAway(int length);
+
+    OwedReplies* m_owed;
+    StrayBytes* m_stray;
+    ThrownAway* m_counts;
+    FRAME_PRO m_request = FRAME_PRO();
+    QByteArray m_bytes; ///< without the replies of other requests
+    int m_foreignReplies = 0;
+    /// Whether characters take their time; unknown before the first reply.
+    std::optional<bool> m_lineKeepsTime;
+};
+
+#endif
