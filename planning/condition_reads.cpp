@@ -72,7 +72,7 @@ void fileSuperseded(ConditionRead& read, int first, int end)
         const int number = read.numberAt(driver.condList.at(i).address);
         if (number >= first && number < end
             && sameTarget(driver.condList.at(i), read.piece(number)))
-            driver.condList[i] = read.piece(number);
+            addVarToList(driver.condList, read.piece(number));
     }
 }
 
