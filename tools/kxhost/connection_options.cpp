@@ -30,7 +30,7 @@ const OptionText OPTIONS[] = {
      "KIND:PROBABILITY"},
     {"fault-seed", "Seed of the faults, for repeatable runs (default 1).", "NUMBER"},
     {"fault-delay", "Milliseconds that delayed replies are late (default 1500).", "MS"},
-    {"s,station", "Station of addresses without @STATION (default 1).", "STATION"},
+    {"a,station", "Station of addresses without @STATION (default 1).", "STATION"},
     {"t,timeout", "Milliseconds to wait for a reply (default %1).", "MS"},
     {"settle",
      "Milliseconds after the time-out in which a late reply may still come; requests that it "

@@ -24,7 +24,7 @@ const char* const OPTIONS[][3] = {
      "Time from the end of a request to its reply, such as 5ms or 800us; without a unit, "
      "milliseconds (default 5ms). At least the frame gap of 3.5 characters counts.",
      "TIME"},
-    {"s,station", "Station of addresses without @STATION (default 1).", "STATION"},
+    {"a,station", "Station of addresses without @STATION (default 1).", "STATION"},
     {"max-words", "The driver's longest request: so many registers, or watched bits (default 32).",
      "COUNT"},
 };

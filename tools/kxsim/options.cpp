@@ -79,14 +79,12 @@ struct CommandLine {
         "fault-delay", "Milliseconds that delayed replies are late (default 1500).", "MS", "1500"};
     QCommandLineOption log = {{"l", "log"}, "Print requests and replies in hex on standard error."};
     QCommandLineOption port = {
-        {"P", "port"}, "Serial port to use instead, such as /dev/ttyUSB0.", "DEVICE"};
+        {"p", "port"}, "Serial port to use instead, such as /dev/ttyUSB0.", "DEVICE"};
     QCommandLineOption baud = {{"b", "baud"}, "Bits per second (default 9600).", "BAUD", "9600"};
-    QCommandLineOption parity = {
-        {"p", "parity"}, "Parity: none, even or odd (default none).", "PARITY", "none"};
-    QCommandLineOption dataBits = {
-        {"d", "data-bits"}, "Data bits, 7 or 8 (default 8).", "BITS", "8"};
-    QCommandLineOption stopBits = {
-        {"s", "stop-bits"}, "Stop bits, 1 or 2 (default 1).", "BITS", "1"};
+    QCommandLineOption parity = {"parity", "Parity: none, even or odd (default none).", "PARITY",
+                                 "none"};
+    QCommandLineOption dataBits = {"data-bits", "Data bits, 7 or 8 (default 8).", "BITS", "8"};
+    QCommandLineOption stopBits = {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS", "1"};
     QCommandLineOption help = {{"h", "help"}, "Show this help."};
     QCommandLineOption version = {{"v", "version"},
                                   "Show the versions of kxsim, Qt and libmodbus."};

@@ -61,7 +61,7 @@ void ConnectionOptionsTest::everyOption()
 {
     ConnectionOptions options;
     QString error;
-    QVERIFY2(read("-p /dev/ttyS1 -b 19200 --parity Odd --data-bits 7 --stop-bits 2 -s 17 -t 250 "
+    QVERIFY2(read("-p /dev/ttyS1 -b 19200 --parity Odd --data-bits 7 --stop-bits 2 -a 17 -t 250 "
                   "-r 5 --settle 0 --quiet 7 --reopen 3 --max-words 64 --library ./driver.so "
                   "--frames --json",
                   &options, &error),
@@ -148,8 +148,8 @@ void ConnectionOptionsTest::errors_data()
         "--data-bits 9: must be a whole number from 7 to 8");
     row("stop bits", "--simulate --stop-bits 3",
         "--stop-bits 3: must be a whole number from 1 to 2");
-    row("station 0", "--simulate -s 0", "--station 0: must be a whole number from 1 to 247");
-    row("station 248", "--simulate -s 248", "--station 248: must be a whole number from 1 to 247");
+    row("station 0", "--simulate -a 0", "--station 0: must be a whole number from 1 to 247");
+    row("station 248", "--simulate -a 248", "--station 248: must be a whole number from 1 to 247");
     row("time-out 0", "--simulate -t 0",
         "--timeout 0: must be a whole number of milliseconds from 1 to 60000");
     row("settle time", "--simulate --settle -1",

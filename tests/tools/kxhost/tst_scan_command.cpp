@@ -143,7 +143,7 @@ void TestScanCommand::wrongUsageIsOneLine_data()
     QTest::newRow("a station without the option")
         << "scan --simulate 5"
         << "kxhost: 5: unexpected; a scan takes --stations";
-    QTest::newRow("a station") << "scan --simulate -s 5"
+    QTest::newRow("a station") << "scan --simulate -a 5"
                                << "kxhost: --station: a scan has no use for it; it asks each "
                                   "station of --stations once";
     QTest::newRow("retries") << "scan --simulate --retries 2"

@@ -3,6 +3,7 @@
 #include "command_process.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QMap>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
@@ -23,13 +24,32 @@ QSet<QString> optionsIn(const QString& text)
     return options;
 }
 
-/// In man pages a hyphen that is typed has a backslash before it.
-QSet<QString> optionsInPage(const char* path)
+/// The one-letter options and what they stand for: "p" is "--port".
+QMap<QString, QString> lettersIn(const QString& text)
+{
+    QMap<QString, QString> letters;
+    auto found = QRegularExpression("-([a-zA-Z]), (--[a-z][a-z-]*)").globalMatch(text);
+    while (found.hasNext()) {
+        const QRegularExpressionMatch match = found.next();
+        letters[match.captured(1)] += match.captured(2);
+    }
+    return letters;
+}
+
+/// Without the roff: a hyphen that is typed has a backslash before it.
+QString manPage(const char* path)
 {
     QFile page(path);
     if (!page.open(QIODevice::ReadOnly))
-        return {};
-    return optionsIn(QString::fromUtf8(page.readAll()).remove('\\'));
+        return QString();
+    return QString::fromUtf8(page.readAll()).remove('\\').replace(" \", \" ", ", ");
+}
+
+QString helpOfKxsim()
+{
+    QProcess kxsim;
+    kxsim.start(KX_SIM_PROGRAM, {"--help"});
+    return kxsim.waitForFinished() ? QString::fromUtf8(kxsim.readAllStandardOutput()) : QString();
 }
 
 } // namespace
@@ -62,20 +82,41 @@ private slots:
     void theManPageOfKxhostHasEveryOption()
     {
         QSet<QString> options = {"--version"};
-        for (const char* command : COMMANDS)
-            options += optionsIn(runCommand({command, "--help"}).output.join('\n'));
+        QMap<QString, QString> letters = {{"v", "--version"}};
+        for (const char* command : COMMANDS) {
+            const QString help = runCommand({command, "--help"}).output.join('\n');
+            options += optionsIn(help);
+            const QMap<QString, QString> ofCommand = lettersIn(help);
+            for (const QString& letter : ofCommand.keys()) {
+                const QString option = ofCommand.value(letter);
+                QCOMPARE(letters.value(letter, option), option);
+                letters[letter] = option;
+            }
+        }
         QVERIFY(options.size() > 25);
-        QCOMPARE(optionsInPage(KX_MAN_PAGES "/kxhost.1"), options);
+        QVERIFY(letters.size() > 5);
+        QCOMPARE(optionsIn(manPage(KX_MAN_PAGES "/kxhost.1")), options);
+        QCOMPARE(lettersIn(manPage(KX_MAN_PAGES "/kxhost.1")), letters);
     }
 
     void theManPageOfKxsimHasEveryOption()
     {
-        QProcess kxsim;
-        kxsim.start(KX_SIM_PROGRAM, {"--help"});
-        QVERIFY(kxsim.waitForFinished());
-        const QSet<QString> options = optionsIn(QString::fromUtf8(kxsim.readAllStandardOutput()));
-        QVERIFY(options.size() > 10);
-        QCOMPARE(optionsInPage(KX_MAN_PAGES "/kxsim.1"), options);
+        const QString help = helpOfKxsim();
+        QVERIFY(optionsIn(help).size() > 10);
+        QCOMPARE(optionsIn(manPage(KX_MAN_PAGES "/kxsim.1")), optionsIn(help));
+        QCOMPARE(lettersIn(manPage(KX_MAN_PAGES "/kxsim.1")), lettersIn(help));
+    }
+
+    void aLetterStandsForTheSameInBothPrograms()
+    {
+        const auto ofKxhost = lettersIn(manPage(KX_MAN_PAGES "/kxhost.1"));
+        const auto ofKxsim = lettersIn(helpOfKxsim());
+        int common = 0;
+        for (const QString& letter : ofKxsim.keys()) {
+            common += ofKxhost.contains(letter) ? 1 : 0;
+            QCOMPARE(ofKxhost.value(letter, ofKxsim.value(letter)), ofKxsim.value(letter));
+        }
+        QCOMPARE(common, 5); // -a, -b, -h, -p, -v
     }
 };
 

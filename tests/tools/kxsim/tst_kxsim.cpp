@@ -281,7 +281,7 @@ void TestKxsim::aGivenPortIsServed()
     const int otherEnd = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
     QVERIFY(otherEnd >= 0 && grantpt(otherEnd) == 0 && unlockpt(otherEnd) == 0);
     const QString port = QString::fromLocal8Bit(ptsname(otherEnd));
-    KxsimProcess kxsim({"--port", port, "-b", "9600", "-p", "even", "--set", "D100=1234"});
+    KxsimProcess kxsim({"-p", port, "-b", "9600", "--parity", "even", "--set", "D100=1234"});
     QCOMPARE(kxsim.portName(), port);
     // Station 1 reads D100, and its reply: two bytes of data, 1234.
     const QByteArray request = QByteArray::fromHex("01030064 0001 c5d5");

@@ -39,9 +39,9 @@ void TestKxsimCompletion::whatIsOffered_data()
         << "--st" << QStringList{"--station", "--still", "--stop-bits"};
     QTest::newRow("an option behind a switch") << "--still --sy" << QStringList{"--symlink"};
     QTest::newRow("parities") << "--parity ''" << QStringList{"even", "none", "odd"};
-    QTest::newRow("parities, short") << "-p e" << QStringList{"even"};
+    QTest::newRow("parities by their beginning") << "--parity e" << QStringList{"even"};
     QTest::newRow("baud rates") << "-b 1" << QStringList{"115200", "1200", "19200"};
-    QTest::newRow("data bits") << "-d ''" << QStringList{"7", "8"};
+    QTest::newRow("data bits") << "--data-bits ''" << QStringList{"7", "8"};
     QTest::newRow("stop bits") << "--stop-bits ''" << QStringList{"1", "2"};
     QTest::newRow("faults by their beginning") << "--fault de" << QStringList{"deaf:", "delay:"};
     QTest::newRow("a station is the user's") << "--station ''" << QStringList();
@@ -75,6 +75,7 @@ void TestKxsimCompletion::filesAreOffered()
     const QString file = KX_COMPLETION_FILE;
     QCOMPARE(SCRIPT.completed("--symlink " + file.left(file.size() - 2)), QStringList{file});
     QCOMPARE(SCRIPT.completed("--port /dev/nul"), QStringList{"/dev/null"});
+    QCOMPARE(SCRIPT.completed("-p /dev/nul"), QStringList{"/dev/null"});
 }
 
 QTEST_GUILESS_MAIN(TestKxsimCompletion)

@@ -68,7 +68,7 @@ void TestKxsimUsage::wrongUsageGetsOneLine_data()
         {"second preset wrong", "--set D1=1 --set D1=x", 2, "'x'"},
         {"a rate no port has", "--baud 12345", 2, "9600, 19200"},
         {"9 data bits", "--data-bits 9", 2, "7, 8"},
-        {"3 stop bits", "-s 3", 2, "1, 2"},
+        {"3 stop bits", "--stop-bits 3", 2, "1, 2"},
         {"unknown parity", "--parity mark", 2, "none, even or odd"},
         {"a link to a port", "--port /dev/null --symlink x", 2, "--symlink"},
         {"unknown fault", "--fault noise:0.1", 2, "'noise' is none of deaf"},

@@ -50,7 +50,7 @@ _kxhost_values()
 _kxhost_takes_number()
 {
     case $1 in
-        --station | -s | --timeout | -t | --settle | --quiet | --retries | -r | --reopen) ;;
+        --station | -a | --timeout | -t | --settle | --quiet | --retries | -r | --reopen) ;;
         --max-words | --tcp | --fault-seed | --fault-delay | --cycles | --stations) ;;
         --count | -n | --step | --turnaround | --data-type | --access) ;;
         *) return 1 ;;

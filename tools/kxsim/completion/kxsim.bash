@@ -19,9 +19,9 @@ _kxsim_values()
 {
     case $1 in
         --baud | -b) echo "1200 2400 4800 9600 19200 38400 57600 115200" ;;
-        --parity | -p) echo "none even odd" ;;
-        --data-bits | -d) echo "7 8" ;;
-        --stop-bits | -s) echo "1 2" ;;
+        --parity) echo "none even odd" ;;
+        --data-bits) echo "7 8" ;;
+        --stop-bits) echo "1 2" ;;
         --fault) _kxsim_faults ;;
     esac
 }
@@ -31,7 +31,7 @@ _kxsim()
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} words
     words=$(_kxsim_values "$previous")
     case $previous in
-        --port | -P) mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}") ;;
+        --port | -p) mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}") ;;
         --symlink) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
         --station | -a | --set | --fault-seed | --fault-delay) COMPREPLY=() ;;
         *) mapfile -t COMPREPLY < <(compgen -W "${words:-$(_kxsim_options)}" -- "$current") ;;
