@@ -154,6 +154,31 @@ private slots:
         QCOMPARE(readValue(1, "SD", 2), bytes("00000000"));
     }
 
+    void aNeighbourOfAnotherKindThatHoldsTheSameValue_data()
+    {
+        QTest::addColumn<int>("station");
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("address");
+        QTest::newRow("of another station") << 2 << "D" << 1;
+        QTest::newRow("of another type") << 1 << "SD" << 1;
+        QTest::newRow("of another address") << 1 << "D" << 9;
+    }
+
+    void aNeighbourOfAnotherKindThatHoldsTheSameValue()
+    {
+        QFETCH(int, station);
+        QFETCH(QString, type);
+        QFETCH(int, address);
+        DriverFixture runtime;
+        record(1, "D", 0).value[1] = 0x11; // 0x1100
+        _DATA_& neighbour = record(station, qPrintable(type), address);
+        neighbour.value[0] = 0x01; // 0x1101
+        neighbour.value[1] = 0x11;
+        answerEightWords(runtime);
+        QCOMPARE(words(0, 8), bytes("0011 0111 0211 0311 0411 0511 0611 0711"));
+        QCOMPARE(cachedAddresses(), QList<int>({0, address, 1, 2, 3, 4, 5, 6, 7}));
+    }
+
     void aShorterCacheIsFilledUp()
     {
         DriverFixture runtime;
