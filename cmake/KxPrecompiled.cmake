@@ -12,23 +12,23 @@ else()
   set(KX_PRECOMPILES OFF)
 endif()
 
-# kx_add_core_headers(NAME): QtCore's headers for all that is compiled as C++17 and is
-# optimised.
-function(kx_add_core_headers name)
+# kx_add_core_headers(): the target kx_core_headers, for all that is compiled as C++17 and
+# is optimised.
+function(kx_add_core_headers)
   if(KX_PRECOMPILES)
-    set(source "${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp")
+    set(source "${CMAKE_CURRENT_BINARY_DIR}/kx_core_headers.cpp")
     file(GENERATE OUTPUT "${source}" CONTENT "")
-    add_library(${name} STATIC "${source}")
-    set_target_properties(${name} PROPERTIES CXX_STANDARD 17)
-    target_link_libraries(${name} PRIVATE Kx::Core)
-    kx_add_warnings(${name}) # some of which are part of what is precompiled
-    target_precompile_headers(${name} PRIVATE ${KX_CORE_HEADERS})
+    add_library(kx_core_headers STATIC "${source}")
+    set_target_properties(kx_core_headers PROPERTIES CXX_STANDARD 17)
+    target_link_libraries(kx_core_headers PRIVATE Kx::Core)
+    kx_add_warnings(kx_core_headers) # some of which are part of what is precompiled
+    target_precompile_headers(kx_core_headers PRIVATE ${KX_CORE_HEADERS})
   endif()
 endfunction()
 
-# kx_precompile(TARGET NAME): TARGET reads the headers of NAME.
-function(kx_precompile target name)
+# kx_precompile(TARGET): TARGET reads them.
+function(kx_precompile target)
   if(KX_PRECOMPILES)
-    target_precompile_headers(${target} REUSE_FROM ${name})
+    target_precompile_headers(${target} REUSE_FROM kx_core_headers)
   endif()
 endfunction()

@@ -65,7 +65,7 @@ void file(ConditionRead& read, int first, int end)
 }
 
 // Files pieces that each replace the last job of a full queue: all that stays of
-// them is that they renew the jobs of the same target.
+// them is that they renew the job of the same target, the last one if there are more.
 void fileSuperseded(ConditionRead& read, int first, int end)
 {
     for (int i = 1; i < driver.condList.size(); ++i) {

@@ -134,7 +134,6 @@ bool ExchangeLoop::isHeldBack(const FRAME_PRO& request)
 
 void ExchangeLoop::prepare(const FRAME_PRO& request, bool isRepeat)
 {
-    m_request = request;
     m_collector.begin(request);
     m_record = ExchangeRecord();
     m_record.job = request.job;
@@ -144,7 +143,7 @@ void ExchangeLoop::prepare(const FRAME_PRO& request, bool isRepeat)
 
 void ExchangeLoop::transmit()
 {
-    m_record.request = bytesOf(m_request);
+    m_record.request = bytesOf(m_collector.request());
     const QByteArray discarded = m_line->discardWaiting();
     m_statistics.bytesReceived += discarded.size();
     m_stray.add(discarded);
@@ -159,16 +158,17 @@ void ExchangeLoop::transmit()
 
 void ExchangeLoop::awaitReply()
 {
-    const qint64 transmission = m_line->timing().transmissionTime(m_request.sendLen);
+    const FRAME_PRO& request = m_collector.request();
+    const qint64 transmission = m_line->timing().transmissionTime(request.sendLen);
     m_transmittedAt = now() + transmission;
     m_silentSince = m_transmittedAt;
-    const bool isBroadcast = m_request.frame[0] == 0;
+    const bool isBroadcast = request.frame[0] == 0;
     m_state = isBroadcast ? State::AwaitingTurnaround : State::AwaitingReply;
     const int wait = isBroadcast ? m_settings.turnaround : m_settings.replyTimeout;
     m_clock->wakeAfter(transmission + wait * MICROSECONDS_PER_MILLISECOND);
     const int settle = m_settings.settle < 0 ? m_settings.replyTimeout : m_settings.settle;
     if (!isBroadcast)
-        m_owed.add(m_request,
+        m_owed.add(request,
                    m_transmittedAt + (qint64(wait) + settle) * MICROSECONDS_PER_MILLISECOND);
 }
 

@@ -113,7 +113,6 @@ private:
     qint64 m_transmittedAt = 0;      ///< as now(); end of the request's last character
     qint64 m_silentSince = 0;        ///< as now(); ahead of it while transmitting
     qint64 m_silenceWantedSince = 0; ///< as now()
-    FRAME_PRO m_request = FRAME_PRO();
     ExchangeRecord m_record;
     bool m_repeating = false;
     bool m_hasGivenUp = false;

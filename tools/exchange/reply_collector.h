@@ -28,6 +28,7 @@ public:
 
     /// A request goes out; nothing has come back for it.
     void begin(const FRAME_PRO& request);
+    const FRAME_PRO& request() const { return m_request; }
 
     /// @param sinceRequest microseconds since the request's last character
     /// @return the reply (Good, Bad or Exception), once it is there
