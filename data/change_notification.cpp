@@ -49,6 +49,7 @@ public:
 private:
     const _DATA_& area() const { return dataArea(m_station, m_regType, m_address); }
 
+    UndisturbedAreas m_undisturbed;
     int m_station;
     const QString& m_regType;
     int m_address;

@@ -2,14 +2,6 @@
 
 #include "registers/type_names.h"
 
-namespace
-{
-
-// Records; searching so few is exact whatever was done to the list from outside.
-const int SHORT_LIST = 256;
-
-} // namespace
-
 int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int address)
 {
     _DATA_ area = _DATA_();
@@ -23,15 +15,24 @@ int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int
 
 int getIndexOfDataArea(int station, QString regType, int address, QList<_DATA_>& list)
 {
-    const bool isIndexed = &list == &driver.dataAreas && list.size() > SHORT_LIST;
-    const int found = isIndexed ? dataAreaIndex->find(list, station, regType, address)
-                                : DataAreaIndex::findInList(list, station, regType, address);
+    int found;
+    if (&list == &driver.dataAreas) {
+        const UndisturbedAreas undisturbed;
+        found = dataAreaIndex->find(list, station, regType, address);
+    } else {
+        found = DataAreaIndex::findInList(list, station, regType, address);
+    }
     return found >= 0 ? found : appendDataArea(list, station, regType, address);
 }
 
-UndisturbedAreas::UndisturbedAreas() : m_before(dataAreaIndex->setUndisturbed(true)) {}
+UndisturbedAreas::UndisturbedAreas() : m_isOutermost(!dataAreaIndex->isInHand())
+{
+    if (m_isOutermost)
+        dataAreaIndex->takeUp(driver.dataAreas);
+}
 
 UndisturbedAreas::~UndisturbedAreas()
 {
-    dataAreaIndex->setUndisturbed(m_before);
+    if (m_isOutermost)
+        dataAreaIndex->letGo(driver.dataAreas);
 }

@@ -18,7 +18,8 @@ KX_EXPORT int getIndexOfDataArea(int station, QString regType, int address, QLis
 int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int address);
 
 /// The driver's own record for an address, found or created. Valid until the
-/// next record is created or the value-change function is called.
+/// next record is created or the value-change function is called. For use inside of
+/// UndisturbedAreas.
 inline _DATA_& dataArea(int station, const QString& regType, int address)
 {
     int index = dataAreaIndex->find(driver.dataAreas, station, regType, address);
@@ -27,8 +28,8 @@ inline _DATA_& dataArea(int station, const QString& regType, int address)
     return driver.dataAreas[index];
 }
 
-/// Placed around many lookups: until it goes out of scope nobody but the driver
-/// touches the cache, reportValueChange() excepted.
+/// Placed around lookups in each entry point: until it goes out of scope nobody but the
+/// driver touches the cache, callRuntime() excepted.
 class UndisturbedAreas
 {
 public:
@@ -39,7 +40,7 @@ private:
     UndisturbedAreas(const UndisturbedAreas&);
     UndisturbedAreas& operator=(const UndisturbedAreas&);
 
-    bool m_before;
+    bool m_isOutermost;
 };
 
 /// The bytes that the runtime sees: `writeValue` while a write is pending, else

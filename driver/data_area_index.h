@@ -19,23 +19,41 @@ inline bool isRecordOf(const _DATA_& area, int station, const QString& regType, 
     return area.address == address && area.station == station && sameName(area.regType, regType);
 }
 
-/// A hash table beside `tarvelan::dataAreas`. Between calls of the driver and
-/// inside the value-change function the list may be cleared or appended to from
-/// outside, so a search first looks whether the list still ends as it did, and
-/// before it finds nothing it compares samples from all over the list. Every hit
-/// is verified against its record.
+/// A hash table beside `tarvelan::dataAreas`. Between calls of the driver and inside
+/// the value-change function anybody may change that list. So the driver takes it up
+/// before it searches and lets it go afterwards; in between, the index holds an
+/// implicitly shared copy. A list that is no longer shared with that copy was open for
+/// writing, and is indexed anew.
 class DataAreaIndex
 {
 public:
     DataAreaIndex();
 
-    /// Index of the first record of that key in `list`, or -1.
+    /// Nobody but the driver touches the list from here on.
+    void takeUp(const QList<_DATA_>& list)
+    {
+        if (!list.isSharedWith(m_letGo))
+            reset();
+        m_letGo = QList<_DATA_>(); // else the driver's own writing would copy the list
+        m_isInHand = true;
+    }
+
+    /// Anybody may change the list from here on.
+    void letGo(const QList<_DATA_>& list)
+    {
+        m_letGo = list;
+        m_isInHand = false;
+    }
+
+    bool isInHand() const { return m_isInHand; }
+
+    /// Index of the first record of that key in the list in hand, or -1.
     int find(const QList<_DATA_>& list, int station, const QString& regType, int address)
     {
         // Usually the record that came next the last time, or the one found last.
-        if (m_expected < m_trustedEnd && isRecordOf(list.at(m_expected), station, regType, address))
+        if (m_expected < m_runEnd && isRecordOf(list.at(m_expected), station, regType, address))
             return foundAt(m_expected);
-        if (m_last < m_trustedEnd && m_last != NONE
+        if (m_last < m_runEnd && m_last != NONE
             && isRecordOf(list.at(m_last), station, regType, address))
             return m_last;
         return search(list, station, regType, address);
@@ -46,13 +64,13 @@ public:
                           int address);
 
     /// The records from `runStart()` to before `runEnd()` lie behind the one found
-    /// last and are each the first of its key. None when the list may have changed,
-    /// or when another record than the next is expected.
+    /// last and are each the first of its key. None when another record than the next
+    /// is expected. For the list in hand.
     int runStart() const
     {
-        return m_expected == m_last + 1 && m_expected < m_trustedEnd ? m_expected : m_trustedEnd;
+        return m_expected == m_last + 1 && m_expected < m_runEnd ? m_expected : m_runEnd;
     }
-    int runEnd() const { return m_trustedEnd; }
+    int runEnd() const { return m_runEnd; }
 
     /// Makes a record of the run the one found last.
     void goOnFrom(int record) { foundAt(record); }
@@ -60,26 +78,11 @@ public:
     /// Forgets everything, as after clearing the list.
     void reset();
 
-    /// While true, nobody else can touch the list, so one comparison serves all
-    /// searches. Returns what it was.
-    bool setUndisturbed(bool undisturbed);
-
 private:
     struct Slot {
         quint32 hash;
-        int record; // -1: empty
+        int record; // NONE: empty
     };
-
-    /// What record number `record` was when it was indexed.
-    struct Sample {
-        int record;
-        int station;
-        QString regType;
-        int address;
-    };
-
-    /// How much of the list was compared since it was last disturbed.
-    enum Trust { NOTHING_COMPARED, ENDS_COMPARED, SAMPLES_COMPARED };
 
     static const int NONE = -1;
 
@@ -91,29 +94,20 @@ private:
     }
 
     int search(const QList<_DATA_>& list, int station, const QString& regType, int address);
-    void refresh(const QList<_DATA_>& list);
-    static bool isUnchanged(const QList<_DATA_>& list, const Sample& sample);
-    bool endsUnchanged(const QList<_DATA_>& list) const;
-    bool samplesUnchanged(const QList<_DATA_>& list) const;
-    bool hasSameSamples(const QList<_DATA_>& list);
     void add(const QList<_DATA_>& list, int record);
     void grow();
     void put(const Slot& entry);
     int findInTable(const QList<_DATA_>& list, quint32 hash, int station, const QString& regType,
                     int address) const;
 
-    std::vector<Slot> m_slots;     // a power of two of them
-    std::vector<int> m_followers;  // of each record: the one found after it last time
-    std::vector<Sample> m_samples; // the first records, then ever fewer
-    Sample m_end;                  // the last record
-    int m_known;                   // records indexed, from the list's start
-    int m_used;                    // slots in use
-    int m_last;                    // record found last, or NONE
-    int m_expected;                // its follower; the first record when there is none
-    int m_trustedEnd;              // m_known while the list was compared, nobody disturbs
-                                   // it and no key is there twice; else 0
-    bool m_undisturbed;
-    Trust m_trust;
+    std::vector<Slot> m_slots;    // a power of two of them
+    std::vector<int> m_followers; // of each record indexed: the one found after it last time
+    QList<_DATA_> m_letGo;        // the list as the driver let it go; empty while in hand
+    int m_used;                   // slots in use
+    int m_last;                   // record found last, or NONE
+    int m_expected;               // its follower; the first record when there is none
+    int m_runEnd;                 // records indexed, if no key is there twice; else 0
+    bool m_isInHand;
 };
 
 /// The index of `driver.dataAreas`, as long as that object lives.

@@ -18,6 +18,12 @@ typedef void (*ValueChangeCallBack)(int link, int station, QString name, int add
 
 /// Field order is binary interface: the 31 fields below, in this order.
 /// Runtimes and tests may look at them between calls; nothing here is locked.
+///
+/// `dataAreas` may be changed, too, between calls and inside the value-change function;
+/// the first record of a key counts. References and iterators into it are good until the
+/// next call of the driver, those got inside that function until it returns. Read it
+/// with at() or through a const reference: asking for write access, as operator[] and
+/// begin() do, makes the driver copy the list and index it anew.
 class KX_EXPORT tarvelan
 {
 public:

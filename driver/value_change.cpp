@@ -5,7 +5,10 @@
 
 void callRuntime(int link, int station, const QString& name, int address)
 {
-    const bool undisturbed = dataAreaIndex->setUndisturbed(false);
+    const bool isInHand = dataAreaIndex->isInHand();
+    if (isInHand)
+        dataAreaIndex->letGo(driver.dataAreas);
     driver.valueChangeCallBack(link, station, name, address);
-    dataAreaIndex->setUndisturbed(undisturbed);
+    if (isInHand)
+        dataAreaIndex->takeUp(driver.dataAreas);
 }

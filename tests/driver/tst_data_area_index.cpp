@@ -16,6 +16,7 @@ _DATA_ area(int station, const char* regType, int address)
     return made;
 }
 
+// D0, D3, D6, ...
 QList<_DATA_> words(int count)
 {
     QList<_DATA_> list;
@@ -24,9 +25,102 @@ QList<_DATA_> words(int count)
     return list;
 }
 
+// The index and the list that it belongs to, as the driver uses them.
+struct Indexed {
+    QList<_DATA_> list;
+    DataAreaIndex index;
+
+    explicit Indexed(const QList<_DATA_>& records) : list(records) { index.takeUp(list); }
+
+    int find(const char* regType, int address)
+    {
+        return index.find(list, 1, QString(regType), address);
+    }
+
+    void findAll()
+    {
+        for (int i = 0; i < list.size(); ++i)
+            index.find(list, list.at(i).station, list.at(i).regType, list.at(i).address);
+    }
+
+    bool findsWhatASearchFinds()
+    {
+        for (int i = 0; i < list.size(); ++i) {
+            const _DATA_ key = list.at(i);
+            if (index.find(list, key.station, key.regType, key.address)
+                != DataAreaIndex::findInList(list, key.station, key.regType, key.address))
+                return false;
+        }
+        return find("D", -3) == -1;
+    }
+};
+
+typedef void (*Change)(QList<_DATA_>& list);
+
+void clear(QList<_DATA_>& list)
+{
+    list.clear();
+}
+
+void takeTheFirstOut(QList<_DATA_>& list)
+{
+    list.removeFirst();
+}
+
+void takeTheLastOut(QList<_DATA_>& list)
+{
+    list.removeLast();
+}
+
+void takeTheMiddleOut(QList<_DATA_>& list)
+{
+    list.removeAt(list.size() / 2);
+}
+
+void putOneFirst(QList<_DATA_>& list)
+{
+    list.prepend(area(1, "M", 8));
+}
+
+void append(QList<_DATA_>& list)
+{
+    list << area(1, "M", 8);
+}
+
+void turnRound(QList<_DATA_>& list)
+{
+    std::reverse(list.begin(), list.end());
+}
+
+void exchangeTwoInTheMiddle(QList<_DATA_>& list)
+{
+    std::swap(list[list.size() / 2], list[list.size() / 2 - 1]);
+}
+
+void changeAKeyInTheMiddle(QList<_DATA_>& list)
+{
+    list[list.size() / 2].address = 100001;
+}
+
+void repeatALaterKey(QList<_DATA_>& list)
+{
+    list[list.size() / 4].address = list.at(list.size() / 2).address;
+}
+
+void changeAllStations(QList<_DATA_>& list)
+{
+    for (int i = 0; i < list.size(); ++i)
+        list[i].station = 2;
+}
+
+void takeOthers(QList<_DATA_>& list)
+{
+    list = words(2 * static_cast<int>(list.size())).mid(static_cast<int>(list.size()));
+}
+
 } // namespace
 
-Q_DECLARE_METATYPE(_DATA_)
+Q_DECLARE_METATYPE(Change)
 
 class DataAreaIndexTest : public QObject
 {
@@ -34,58 +128,37 @@ class DataAreaIndexTest : public QObject
 
 private slots:
     void findsNothingInAnEmptyList();
-    void findsEveryRecord_data();
     void findsEveryRecord();
     void everyPartOfTheKeyCounts_data();
     void everyPartOfTheKeyCounts();
     void findsTheFirstOfEqualRecords();
-    void noticesRecordsAppendedOutside();
-    void noticesAListChangedOutside_data();
-    void noticesAListChangedOutside();
-    void noticesThatTheOnlyRecordIsGone();
-    void noticesALongListChangedOutside_data();
-    void noticesALongListChangedOutside();
-    void indexesAnewAfterAReset();
-    void remembersWhetherItIsUndisturbed();
-    void findsAppendedRecordsWhileUndisturbed();
+    void indexesWhatWasChangedWhileLetGo_data();
+    void indexesWhatWasChangedWhileLetGo();
+    void keepsItsIndexWhenNobodyWrote();
+    void aCopyOfTheOldListPutBackIsTheOldList();
+    void theDriversOwnWritingCopiesNothing();
+    void forgetsTheListAfterAReset();
+    void findsRecordsThatTheDriverAppends();
     void aRunIsWhatLiesBehindTheRecordFoundLast();
-    void thereIsNoRun_data();
-    void thereIsNoRun();
+    void thereIsNoRunWhenAKeyIsThereTwice();
     void learnsWhichRecordComesNext();
-
-private:
-    static int find(DataAreaIndex& index, const QList<_DATA_>& list, const char* regType,
-                    int address)
-    {
-        return index.find(list, 1, QString(regType), address);
-    }
 };
 
 void DataAreaIndexTest::findsNothingInAnEmptyList()
 {
-    DataAreaIndex index;
-    QCOMPARE(find(index, {}, "D", 0), -1);
-}
-
-void DataAreaIndexTest::findsEveryRecord_data()
-{
-    QTest::addColumn<bool>("undisturbed");
-    QTest::newRow("the list may change between searches") << false;
-    QTest::newRow("nobody touches the list") << true;
+    Indexed empty((QList<_DATA_>()));
+    QCOMPARE(empty.find("D", 0), -1);
 }
 
 void DataAreaIndexTest::findsEveryRecord()
 {
-    QFETCH(bool, undisturbed);
-    const QList<_DATA_> list = words(1000); // D0, D3, ... D2997
-    DataAreaIndex index;
-    index.setUndisturbed(undisturbed);
+    Indexed indexed(words(1000)); // D0, D3, ... D2997
     for (int i = 0; i < 1000; ++i)
-        QCOMPARE(find(index, list, "D", 3 * i), i);
+        QCOMPARE(indexed.find("D", 3 * i), i);
     for (int i = 999; i >= 0; --i)
-        QCOMPARE(find(index, list, "D", 3 * i), i);
-    QCOMPARE(find(index, list, "D", 1), -1);
-    QCOMPARE(find(index, list, "D", 3000), -1);
+        QCOMPARE(indexed.find("D", 3 * i), i);
+    QCOMPARE(indexed.find("D", 1), -1);
+    QCOMPARE(indexed.find("D", 3000), -1);
 }
 
 void DataAreaIndexTest::everyPartOfTheKeyCounts_data()
@@ -112,211 +185,170 @@ void DataAreaIndexTest::everyPartOfTheKeyCounts()
     QFETCH(QString, regType);
     QFETCH(int, address);
     QFETCH(int, expected);
-    const QList<_DATA_> list = {area(1, "D", 5),      area(2, "D", 5), area(1, "SD", 5),
-                                area(1, "D", 6),      area(1, "", 5),  area(1, "aXbXcXe", 5),
-                                area(1, "aXcXcXe", 5)};
-    DataAreaIndex index;
-    QCOMPARE(index.find(list, station, regType, address), expected);
+    QList<_DATA_> list;
+    list << area(1, "D", 5) << area(2, "D", 5) << area(1, "SD", 5) << area(1, "D", 6)
+         << area(1, "", 5) << area(1, "aXbXcXe", 5) << area(1, "aXcXcXe", 5);
+    Indexed indexed(list);
+    QCOMPARE(indexed.index.find(indexed.list, station, regType, address), expected);
 }
 
 void DataAreaIndexTest::findsTheFirstOfEqualRecords()
 {
-    const QList<_DATA_> list = {area(1, "D", 5), area(1, "D", 6), area(1, "D", 5), area(1, "D", 6),
-                                area(1, "D", 7)};
-    DataAreaIndex index;
-    for (const bool undisturbed : {false, true}) {
-        index.setUndisturbed(undisturbed);
-        QCOMPARE(find(index, list, "D", 6), 1);
-        QCOMPARE(find(index, list, "D", 5), 0);
-        QCOMPARE(find(index, list, "D", 6), 1);
-        QCOMPARE(find(index, list, "D", 7), 4);
-    }
-}
-
-void DataAreaIndexTest::noticesRecordsAppendedOutside()
-{
-    QList<_DATA_> list = words(20);
-    DataAreaIndex index;
-    QCOMPARE(find(index, list, "M", 8), -1);
-    list << area(1, "M", 8);
-    QCOMPARE(find(index, list, "M", 8), 20);
-}
-
-void DataAreaIndexTest::noticesAListChangedOutside_data()
-{
-    QTest::addColumn<QList<_DATA_>>("list");
-    QList<_DATA_> firstGone = words(20);
-    firstGone.removeFirst();
-    QList<_DATA_> lastGone = words(20);
-    lastGone.removeLast();
-    QList<_DATA_> otherOrder = words(20);
-    otherOrder.swapItemsAt(0, 19);
-    QList<_DATA_> otherStart = words(20);
-    otherStart.swapItemsAt(0, 1);
-    QTest::newRow("cleared") << QList<_DATA_>();
-    QTest::newRow("the first record gone") << firstGone;
-    QTest::newRow("the last record gone") << lastGone;
-    QTest::newRow("the first and the last exchanged") << otherOrder;
-    QTest::newRow("the first two exchanged") << otherStart;
-    QList<_DATA_> otherKey = words(20);
-    otherKey[18].address = 500;
-    QTest::newRow("a key changed in the middle") << otherKey;
-    QTest::newRow("other records, as many") << QList<_DATA_>(words(40).mid(20));
-    QTest::newRow("other records, more") << QList<_DATA_>(words(80).mid(20));
-}
-
-void DataAreaIndexTest::noticesAListChangedOutside()
-{
-    QFETCH(QList<_DATA_>, list);
-    const QList<_DATA_> before = words(20);
-    DataAreaIndex index;
-    QCOMPARE(find(index, before, "D", 57), 19);
-    for (int i = 0; i < list.size(); ++i)
-        QCOMPARE(find(index, list, "D", list.at(i).address), i);
-    QCOMPARE(find(index, list, "D", -3), -1);
-}
-
-void DataAreaIndexTest::noticesThatTheOnlyRecordIsGone()
-{
-    QList<_DATA_> list = words(1);
-    DataAreaIndex index;
-    QCOMPARE(find(index, list, "D", 0), 0);
-    list.removeLast(); // what it held may still be in memory
-    QCOMPARE(find(index, list, "D", 0), -1);
-}
-
-// Lists of more records than are compared one by one.
-void DataAreaIndexTest::noticesALongListChangedOutside_data()
-{
-    QTest::addColumn<QList<_DATA_>>("list");
-    const QList<_DATA_> before = words(500);
-    QList<_DATA_> firstGone = before;
-    firstGone.removeFirst();
-    QList<_DATA_> lastGone = before;
-    lastGone.removeLast();
-    QList<_DATA_> reversedInside = before;
-    std::reverse(reversedInside.begin() + 1, reversedInside.end() - 1);
-    QList<_DATA_> twoExchanged = before;
-    twoExchanged.swapItemsAt(300, 301);
-    QList<_DATA_> othersInside = before;
-    for (int i = 1; i < 499; ++i)
-        othersInside[i].address += 1;
-    QTest::newRow("the first record gone") << firstGone;
-    QTest::newRow("the last record gone") << lastGone;
-    QList<_DATA_> otherLast = before;
-    otherLast[499].address = 9999;
-    QTest::newRow("the last record replaced") << otherLast;
-    QTest::newRow("another order between the same ends") << reversedInside;
-    QTest::newRow("two exchanged in the middle") << twoExchanged;
-    QTest::newRow("other records between the same ends") << othersInside;
-    QTest::newRow("other records, as many") << QList<_DATA_>(words(1000).mid(500));
-    QTest::newRow("other records, more") << QList<_DATA_>(words(2000).mid(500));
-    QTest::newRow("fewer") << words(65);
-}
-
-void DataAreaIndexTest::noticesALongListChangedOutside()
-{
-    QFETCH(QList<_DATA_>, list);
-    for (const bool undisturbed : {false, true}) {
-        DataAreaIndex index;
-        QCOMPARE(find(index, words(500), "D", 1497), 499);
-        QCOMPARE(find(index, words(500), "D", 903), 301);
-        index.setUndisturbed(undisturbed);
-        for (int i = 0; i < list.size(); ++i)
-            QCOMPARE(find(index, list, "D", list.at(i).address), i);
-        QCOMPARE(find(index, list, "D", -3), -1);
-    }
-}
-
-void DataAreaIndexTest::indexesAnewAfterAReset()
-{
-    DataAreaIndex index;
-    QCOMPARE(find(index, words(20), "D", 57), 19);
-    index.reset();
-    QCOMPARE(find(index, {}, "D", 57), -1);
-    QCOMPARE(find(index, {area(1, "D", 57)}, "D", 57), 0);
-}
-
-void DataAreaIndexTest::remembersWhetherItIsUndisturbed()
-{
-    DataAreaIndex index;
-    QCOMPARE(index.setUndisturbed(true), false);
-    QCOMPARE(index.setUndisturbed(true), true);
-    QCOMPARE(index.setUndisturbed(false), true);
-    QCOMPARE(index.setUndisturbed(false), false);
-
-    // What was disturbed in between is noticed by the next undisturbed search.
-    index.setUndisturbed(true);
-    QCOMPARE(find(index, words(20), "D", 57), 19);
-    index.setUndisturbed(false);
-    index.setUndisturbed(true);
-    QCOMPARE(find(index, words(5), "D", 57), -1);
-    QCOMPARE(find(index, words(5), "D", 12), 4);
-}
-
-void DataAreaIndexTest::findsAppendedRecordsWhileUndisturbed()
-{
-    DataAreaIndex index;
-    index.setUndisturbed(true);
     QList<_DATA_> list;
+    list << area(1, "D", 5) << area(1, "D", 6) << area(1, "D", 5) << area(1, "D", 6)
+         << area(1, "D", 7);
+    Indexed indexed(list);
+    QCOMPARE(indexed.find("D", 6), 1);
+    QCOMPARE(indexed.find("D", 5), 0);
+    QCOMPARE(indexed.find("D", 6), 1);
+    QCOMPARE(indexed.find("D", 7), 4);
+}
+
+void DataAreaIndexTest::indexesWhatWasChangedWhileLetGo_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<int>("size");
+    const struct {
+        const char* name;
+        Change change;
+    } changes[] = {
+        {"cleared", clear},
+        {"the first gone", takeTheFirstOut},
+        {"the last gone", takeTheLastOut},
+        {"one in the middle gone", takeTheMiddleOut},
+        {"another first", putOneFirst},
+        {"one more", append},
+        {"the other way round", turnRound},
+        {"two exchanged in the middle", exchangeTwoInTheMiddle},
+        {"a key changed in the middle", changeAKeyInTheMiddle},
+        {"a later key put earlier, too", repeatALaterKey},
+        {"another station", changeAllStations},
+        {"other records, as many", takeOthers},
+    };
+    const int sizes[] = {1, 2, 64, 65, 300, 1000};
+    for (const auto& change : changes) {
+        for (const int size : sizes) {
+            if (size > 1 || change.change != exchangeTwoInTheMiddle)
+                QTest::newRow(qPrintable(QString("%1, %2 records").arg(change.name).arg(size)))
+                    << change.change << size;
+        }
+    }
+}
+
+void DataAreaIndexTest::indexesWhatWasChangedWhileLetGo()
+{
+    QFETCH(Change, change);
+    QFETCH(int, size);
+    Indexed indexed(words(size));
+    indexed.findAll();
+    indexed.index.letGo(indexed.list);
+    change(indexed.list);
+    indexed.index.takeUp(indexed.list);
+    QVERIFY(indexed.findsWhatASearchFinds());
+    QVERIFY(indexed.findsWhatASearchFinds());
+}
+
+// The run is known without a search, so nothing was indexed anew.
+void DataAreaIndexTest::keepsItsIndexWhenNobodyWrote()
+{
+    Indexed indexed(words(1000));
+    indexed.findAll();
+    QCOMPARE(indexed.find("D", 15), 5);
+    indexed.index.letGo(indexed.list);
+    QCOMPARE(indexed.list.at(7).address, 21);
+    indexed.index.takeUp(indexed.list);
+    QCOMPARE(indexed.index.runStart(), 6);
+    QCOMPARE(indexed.index.runEnd(), 1000);
+}
+
+void DataAreaIndexTest::aCopyOfTheOldListPutBackIsTheOldList()
+{
+    Indexed indexed(words(100));
+    indexed.findAll();
+    const QList<_DATA_> kept = indexed.list;
+    indexed.index.letGo(indexed.list);
+    indexed.list[50].address = 1;
+    indexed.index.takeUp(indexed.list);
+    QCOMPARE(indexed.find("D", 1), 50);
+    indexed.index.letGo(indexed.list);
+    indexed.list = kept;
+    indexed.index.takeUp(indexed.list);
+    QCOMPARE(indexed.find("D", 1), -1);
+    QCOMPARE(indexed.find("D", 150), 50);
+}
+
+void DataAreaIndexTest::theDriversOwnWritingCopiesNothing()
+{
+    Indexed indexed(words(100));
+    const _DATA_* const before = &indexed.list.at(50);
+    indexed.index.letGo(indexed.list);
+    QVERIFY(!indexed.index.isInHand());
+    indexed.index.takeUp(indexed.list);
+    QVERIFY(indexed.index.isInHand());
+    QCOMPARE(const_cast<const _DATA_*>(&indexed.list[50]), before);
+}
+
+void DataAreaIndexTest::forgetsTheListAfterAReset()
+{
+    Indexed indexed(words(20));
+    QCOMPARE(indexed.find("D", 57), 19);
+    indexed.index.letGo(indexed.list);
+    indexed.list.clear();
+    indexed.index.reset();
+    indexed.index.takeUp(indexed.list);
+    QCOMPARE(indexed.find("D", 57), -1);
+    indexed.list << area(1, "D", 57);
+    QCOMPARE(indexed.find("D", 57), 0);
+}
+
+void DataAreaIndexTest::findsRecordsThatTheDriverAppends()
+{
+    Indexed indexed((QList<_DATA_>()));
     for (int i = 0; i < 200; ++i) {
-        QCOMPARE(find(index, list, "D", i), -1);
-        list << area(1, "D", i);
-        QCOMPARE(find(index, list, "D", i), i);
-        QCOMPARE(find(index, list, "D", i / 2), i / 2);
+        QCOMPARE(indexed.find("D", i), -1);
+        indexed.list << area(1, "D", i);
+        QCOMPARE(indexed.find("D", i), i);
+        QCOMPARE(indexed.find("D", i / 2), i / 2);
     }
 }
 
 void DataAreaIndexTest::aRunIsWhatLiesBehindTheRecordFoundLast()
 {
-    const QList<_DATA_> list = words(20); // D0, D3, ... D57
-    DataAreaIndex index;
-    index.setUndisturbed(true);
-    QCOMPARE(find(index, list, "D", 15), 5);
+    Indexed indexed(words(20)); // D0, D3, ... D57
+    DataAreaIndex& index = indexed.index;
+    QCOMPARE(indexed.find("D", 15), 5);
     QCOMPARE(index.runStart(), 6);
     QCOMPARE(index.runEnd(), 20);
     index.goOnFrom(9);
     QCOMPARE(index.runStart(), 10);
-    QCOMPARE(find(index, list, "D", 30), 10);
-    QCOMPARE(find(index, list, "D", 30), 10);
+    QCOMPARE(indexed.find("D", 30), 10);
+    QCOMPARE(indexed.find("D", 30), 10);
     QCOMPARE(index.runStart(), 11);
     index.goOnFrom(19);
     QCOMPARE(index.runStart(), index.runEnd());
 }
 
-void DataAreaIndexTest::thereIsNoRun_data()
+void DataAreaIndexTest::thereIsNoRunWhenAKeyIsThereTwice()
 {
-    QTest::addColumn<QList<_DATA_>>("list");
-    QTest::addColumn<bool>("undisturbed");
-    QTest::newRow("when the list may change") << words(20) << false;
-    QTest::newRow("when a key is there twice") << words(20) + words(1) << true;
-}
-
-void DataAreaIndexTest::thereIsNoRun()
-{
-    QFETCH(QList<_DATA_>, list);
-    QFETCH(bool, undisturbed);
-    DataAreaIndex index;
-    index.setUndisturbed(undisturbed);
-    QCOMPARE(find(index, list, "D", 15), 5);
-    QCOMPARE(index.runStart(), index.runEnd());
-    QVERIFY(index.runEnd() <= list.size());
+    Indexed indexed(words(20) + words(1));
+    QCOMPARE(indexed.find("D", 15), 5);
+    QCOMPARE(indexed.index.runStart(), indexed.index.runEnd());
+    QVERIFY(indexed.index.runEnd() <= 20);
 }
 
 void DataAreaIndexTest::learnsWhichRecordComesNext()
 {
-    const QList<_DATA_> list = words(20);
-    DataAreaIndex index;
-    index.setUndisturbed(true);
+    Indexed indexed(words(20));
+    DataAreaIndex& index = indexed.index;
     for (int round = 0; round < 3; ++round) {
         for (const int record : {5, 2, 19, 3, 4})
-            QCOMPARE(find(index, list, "D", 3 * record), record);
+            QCOMPARE(indexed.find("D", 3 * record), record);
     }
     // Record 2 came after 5, so what lies behind 5 is not expected.
-    QCOMPARE(find(index, list, "D", 15), 5);
+    QCOMPARE(indexed.find("D", 15), 5);
     QCOMPARE(index.runStart(), index.runEnd());
-    QCOMPARE(find(index, list, "D", 18), 6);
-    QCOMPARE(find(index, list, "D", 9), 3);
+    QCOMPARE(indexed.find("D", 18), 6);
+    QCOMPARE(indexed.find("D", 9), 3);
     QCOMPARE(index.runStart(), 4);
 }
 

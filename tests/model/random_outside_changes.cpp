@@ -18,10 +18,16 @@ void RandomRuntime::changeRecord()
         return;
     const int index = m_random.below(static_cast<int>(m_plain.dataAreas.size()));
     const _DATA_ content = m_values.dataArea();
-    called(QString::fromLatin1("change record %1 to ").arg(index) + shown(content));
-    const auto change = [&content](_DATA_& area) {
+    const bool withKey = m_random.chance(40);
+    called(QString::fromLatin1(withKey ? "change record %1, key included, to "
+                                       : "change record %1 to ")
+               .arg(index)
+           + shown(content));
+    const auto change = [&content, withKey](_DATA_& area) {
         const _DATA_ key = area;
         area = content;
+        if (withKey)
+            return;
         area.station = key.station;
         area.regType = key.regType;
         area.address = key.address;
