@@ -34,7 +34,7 @@ public:
     {
         if (!list.isSharedWith(m_letGo))
             reset();
-        m_letGo = QList<_DATA_>(); // else the driver's own writing would copy the list
+        QList<_DATA_>().swap(m_letGo); // else the driver's own writing would copy the list
         m_isInHand = true;
     }
 
