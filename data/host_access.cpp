@@ -15,7 +15,18 @@
 namespace
 {
 
-const int BYTES_PER_REGISTER = 2;
+/// How a write is cut: the most elements of one job, and the bytes of each.
+struct Cut {
+    int limit;
+    int elementSize;
+};
+
+Cut cutOf(const RegisterType* type)
+{
+    const Cut bits = {PAYLOAD_SIZE, 1};
+    const Cut registers = {driver.maxWordsPerJob, 2};
+    return type->registerClass == BIT_CLASS ? bits : registers;
+}
 
 void fillPayload(VARIABLE& job, const unsigned char* bytes, qint64 length)
 {
@@ -24,26 +35,17 @@ void fillPayload(VARIABLE& job, const unsigned char* bytes, qint64 length)
     std::memset(job.data + used, 0, PAYLOAD_SIZE - used);
 }
 
-void queueBits(VARIABLE& job, int address, int count, const unsigned char* data)
+// The address advances by elements from job to job: by registers also for 32CV.
+void queuePieces(VARIABLE& job, int address, int count, const unsigned char* data, const Cut& cut)
 {
-    job.address = address;
-    job.count = count;
-    fillPayload(job, data, count);
-    addVarToList(driver.writeList, job);
-}
-
-// The address advances by registers from job to job, also for 32CV.
-void queueRegisters(VARIABLE& job, int address, int count, const unsigned char* data)
-{
-    const int limit = driver.maxWordsPerJob;
-    if (limit == 0)
+    if (cut.limit == 0)
         return;
-    const int jobs = pieceCount(count, limit);
-    for (int piece = 0; piece < jobs; ++piece) {
-        const qint64 offset = static_cast<qint64>(BYTES_PER_REGISTER) * limit * piece;
-        job.address = wrapAdd(address, wrapMul(limit, piece));
-        job.count = pieceLength(count, limit, piece);
-        fillPayload(job, data + offset, static_cast<qint64>(BYTES_PER_REGISTER) * job.count);
+    const int pieces = pieceCount(count, cut.limit);
+    for (int piece = 0; piece < pieces; ++piece) {
+        const qint64 offset = static_cast<qint64>(cut.elementSize) * cut.limit * piece;
+        job.address = wrapAdd(address, wrapMul(cut.limit, piece));
+        job.count = pieceLength(count, cut.limit, piece);
+        fillPayload(job, data + offset, static_cast<qint64>(cut.elementSize) * job.count);
         addVarToList(driver.writeList, job);
     }
 }
@@ -58,10 +60,7 @@ void queueWrite(int station, const QString& regType, int address, int count,
     job.kind = kind;
     job.station = station;
     job.regType = regType;
-    if (type->registerClass == BIT_CLASS)
-        queueBits(job, address, count, data);
-    else
-        queueRegisters(job, address, count, data);
+    queuePieces(job, address, count, data, cutOf(type));
 }
 
 } // namespace

@@ -27,12 +27,13 @@ KX_EXPORT int intf_getData(int station, QString regType, int address, int count,
                            unsigned char* out);
 
 /// Stores values in the cache at once and, unless the driver writes locally only,
-/// queues writes to the device. X only reaches the cache. Bit types go as one job
-/// (payload bytes past 1024 are sent as 0), word types are cut into jobs of at
+/// queues writes to the device, in ascending order. X only reaches the cache. Bit types
+/// are cut into jobs of at most 1024 bits, word types into jobs of at
 /// most `maxWords` registers, of which a payload holds 512; with a limit of 0 no
 /// word job is queued, with a negative one only, and whole, what is shorter than that
-/// limit without its sign. More than one coil and a multiple of eight of them reach the
-/// device with the last eight off. Keep a write on one side of the split of M, SM and
+/// limit without its sign. A job of more than one coil and a multiple of eight of them
+/// reaches the device with its last eight off, each job of 1024 among them: write at most
+/// 1023 bits at once. Keep a write on one side of the split of M, SM and
 /// SD, and one of 32CV within `maxWords`: what lies beyond goes to other addresses.
 ///
 /// The queue holds 513 jobs; when it is full the newest replaces the last, which is

@@ -178,13 +178,44 @@ private slots:
         QCOMPARE(cachedCount(), 0);
     }
 
-    void bitsPastThePayloadAreCachedButSentAsOff()
+    void writesBitsInPieces_data()
     {
-        DriverFixture runtime;
-        setValues("M", 0, 1030, QByteArray(1030, '\1'));
-        QCOMPARE(queued(), QStringList() << "1 M 0 1030");
-        QCOMPARE(payload(driver.writeList.first(), 1024), QByteArray(1024, '\1'));
-        QCOMPARE(DriverFixture::data(1, "M", 1029, 1, 1), bytes("01"));
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QStringList>("jobs");
+        QTest::newRow("as many as a payload holds") << 1024 << (QStringList() << "1 M 10 1024");
+        QTest::newRow("one more") << 1025
+                                  << (QStringList() << "1 M 10 1024"
+                                                    << "1 M 1034 1");
+        QTest::newRow("the most coils that a request may carry")
+            << 1968
+            << (QStringList() << "1 M 10 1024"
+                              << "1 M 1034 944");
+        QTest::newRow("two whole pieces") << 2048
+                                          << (QStringList() << "1 M 10 1024"
+                                                            << "1 M 1034 1024");
+        QTest::newRow("a rest after two") << 2500
+                                          << (QStringList() << "1 M 10 1024"
+                                                            << "1 M 1034 1024"
+                                                            << "1 M 2058 452");
+    }
+
+    void writesBitsInPieces()
+    {
+        QFETCH(int, count);
+        QFETCH(QStringList, jobs);
+        QByteArray values;
+        for (int i = 0; i < count; ++i)
+            values.append(static_cast<char>(i % 251 + 1)); // no two pieces are alike
+        DriverFixture runtime("1#0#0#3#2");
+        setValues("M", 10, count, values, 77);
+        QCOMPARE(queued(), jobs);
+        for (int i = 0; i < driver.writeList.size(); ++i) {
+            const VARIABLE& piece = driver.writeList.at(i);
+            QCOMPARE(piece.kind, 77);
+            QCOMPARE(payload(piece, piece.count), values.mid(1024 * i, piece.count));
+            QCOMPARE(payload(piece, 1024).mid(piece.count), QByteArray(1024 - piece.count, 0));
+        }
+        QCOMPARE(DriverFixture::data(1, "M", 10, count, count), values);
     }
 
     void registersPastThePayloadAreCutFromTheJob()

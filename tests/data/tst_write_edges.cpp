@@ -38,6 +38,9 @@ private slots:
     void theLimitIsNotForCoils();
     void kinds();
     void addressesWrapFromPieceToPiece();
+    void addressesOfCoilsWrapToo();
+    void aLongWriteOfCoilsGoesInTwoRequests();
+    void aLongWriteRenewsItsWaitingPieces();
 };
 
 void WriteEdgesTest::limits_data()
@@ -121,6 +124,59 @@ void WriteEdgesTest::addressesWrapFromPieceToPiece()
     QCOMPARE(runtime.poll(), withCrc("01 06 FFFF 1111"));
     QCOMPARE(runtime.deal(withCrc("01 06 FFFF 1111")), 1);
     QCOMPARE(readValue(1, "D", INT_MAX), bytes("11110000"));
+}
+
+void WriteEdgesTest::addressesOfCoilsWrapToo()
+{
+    DriverFixture runtime;
+    std::vector<unsigned char> coils(1025, 1);
+    intf_setData(1, "Y", INT_MAX - 1023, 1025, coils.data(), WRITE_JOB);
+    QCOMPARE(queued(), QString("2147482624 x1024, -2147483648 x1"));
+    QCOMPARE(writtenValue(1, "Y", INT_MAX), bytes("01000000"));
+    QCOMPARE(writtenValue(1, "Y", INT_MIN), bytes("01000000"));
+}
+
+// 1030 coils, all on: a request of 1024 and one of 6. A multiple of eight has its last
+// eight sent as off, so M1016 to M1023 are.
+void WriteEdgesTest::aLongWriteOfCoilsGoesInTwoRequests()
+{
+    DriverFixture runtime;
+    std::vector<unsigned char> coils(1030, 1);
+    intf_setData(1, "M", 0, 1030, coils.data(), WRITE_JOB);
+    QCOMPARE(runtime.poll(), withCrc((QByteArray("01"   // station
+                                                 "0F"   // write multiple coils
+                                                 "07D0" // coil 2000
+                                                 "0400" // 1024 coils
+                                                 "80")  // 128 bytes
+                                      + QByteArray("FF").repeated(127) + "00")
+                                         .constData()));
+    QCOMPARE(runtime.deal(withCrc("01 0F 07D0 0400")), 1);
+    QCOMPARE(runtime.poll(), withCrc("01"   // station
+                                     "0F"   // write multiple coils
+                                     "0BD0" // coil 3024
+                                     "0006" // six coils
+                                     "01"   // one byte
+                                     "3F"   // all on
+                                     ));
+    QCOMPARE(runtime.deal(withCrc("01 0F 0BD0 0006")), 1);
+    QCOMPARE(readValue(1, "M", 1029), bytes("01000000"));
+    QVERIFY(!isPending(1, "M", 1029));
+    QVERIFY(driver.writeList.isEmpty());
+}
+
+// The head may be on the line already; the other pieces take the newer values in place.
+void WriteEdgesTest::aLongWriteRenewsItsWaitingPieces()
+{
+    DriverFixture runtime;
+    std::vector<unsigned char> coils(2050, 0);
+    intf_setData(1, "M", 0, 2050, coils.data(), WRITE_JOB);
+    coils.assign(2050, 1);
+    intf_setData(1, "M", 0, 2050, coils.data(), WRITE_JOB);
+    QCOMPARE(queued(), QString("0 x1024, 1024 x1024, 2048 x2, 0 x1024"));
+    QCOMPARE(int(driver.writeList.at(0).data[1023]), 0);
+    QCOMPARE(int(driver.writeList.at(1).data[1023]), 1);
+    QCOMPARE(int(driver.writeList.at(2).data[1]), 1);
+    QCOMPARE(int(driver.writeList.at(3).data[1023]), 1);
 }
 
 QTEST_APPLESS_MAIN(WriteEdgesTest)

@@ -70,7 +70,7 @@ int PlainDriver::setData(int station, const QString& regType, int address, int c
                          const unsigned char* data, int kind)
 {
     const bool bit = isBitType(regType);
-    const int limit = bit ? count : maxWordsPerJob;
+    const int limit = bit ? 1024 : maxWordsPerJob;
     const bool queued = writeLocalOnly == 0 && catalogueRow(regType) >= 0
                         && regType != QLatin1String("X") && count >= 1 && limit != 0;
     const int rest = queued ? count % limit : 0;
@@ -82,8 +82,9 @@ int PlainDriver::setData(int station, const QString& regType, int address, int c
         job.regType = regType;
         job.address = wrapped(address + static_cast<qint64>(limit) * j);
         job.count = rest != 0 && j == jobs - 1 ? rest : limit;
-        const int bytes = qMin(1024, bit ? job.count : 2 * qMin(job.count, 512));
-        const qint64 offset = bit ? 0 : static_cast<qint64>(2) * limit * j;
+        const int size = bit ? 1 : 2;
+        const int bytes = size * qMin(job.count, 1024 / size);
+        const qint64 offset = static_cast<qint64>(size) * limit * j;
         std::memcpy(job.data, data + offset, static_cast<size_t>(bytes));
         addVarToList(writeList, job);
     }

@@ -89,7 +89,9 @@ int RandomValues::count()
         return m_random.between(-3, 0);
     if (choice < 192)
         return m_random.oneOf({-40, -8, INT_MIN, INT_MIN + 1});
-    return choice < 198 ? m_random.between(100, 140) : m_random.between(500, 600);
+    if (choice < 198)
+        return m_random.between(100, 140);
+    return choice < 199 ? m_random.between(500, 600) : m_random.between(1000, 1100);
 }
 
 QString RandomValues::addressText(const QString& regType)
