@@ -58,8 +58,8 @@ KX_EXPORT void intf_setAddrValueChangeCallBack(ValueChangeCallBack callBack);
 ///                     or the longest variable. A block is written from its first
 ///                     variable's offset on, whatever the offsets of the others,
 ///                     and a 32CV block is read to the offset of the variable
-///                     that has the block's number. Null: recipe writes send
-///                     zeros and recipe reads store nothing here.
+///                     that has the block's number. Null: recipe writes end
+///                     at once, with nothing sent, and recipe reads store nothing.
 /// @param status       set to 0; null is accepted
 /// @param parameters   Latin-1 up to a zero byte, of any length; not null. Items
 ///                     separated by "#": link number, local-write switch, a stored

@@ -33,10 +33,15 @@ void buildCurrentFrame()
     }
 }
 
+bool hasBlock()
+{
+    return driver.rcpIndex >= 0 && driver.rcpIndex < driver.rcpVars.size();
+}
+
 // Without a block left to transfer, the current job is built once more.
 void scheduleRecipe(JobKind kind)
 {
-    if (driver.rcpIndex >= 0 && driver.rcpIndex < driver.rcpVars.size()) {
+    if (hasBlock()) {
         rcpAddrToVar(driver.rcpVars.at(driver.rcpIndex), driver.currentJob,
                      kind == RECIPE_WRITE_JOB);
         driver.currentKind = kind;
@@ -69,9 +74,19 @@ void scheduleJob()
     }
 }
 
+void endRecipeWrite()
+{
+    driver.rcpIndex = 0;
+    clearRecipeWriteRequest();
+}
+
 void scheduleNext()
 {
-    const RecipeRequests requested = recipeRequests();
+    RecipeRequests requested = recipeRequests();
+    if (requested.write && hasBlock() && !hasEveryValue(driver.rcpVars.at(driver.rcpIndex))) {
+        endRecipeWrite();
+        requested.write = false;
+    }
     if (requested.write)
         scheduleRecipe(RECIPE_WRITE_JOB);
     else if (requested.read)

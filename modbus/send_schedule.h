@@ -12,6 +12,10 @@ extern "C" {
 /// transfer; a write while fewer than 5 writes and condition reads have gone in a
 /// row; a condition read while fewer than 3 have; the next cyclic read.
 ///
+/// A recipe write whose next block lacks values (hasEveryValue()) ends here: `rcpIndex`
+/// becomes 0, then its request byte is cleared, and this call goes on as if only the
+/// other byte had been read as set. Nothing else tells of it.
+///
 /// Communication thread only; not from inside the value-change function, which
 /// it never calls. Locks the runtime's mutex briefly to read the two recipe
 /// request bytes, so the caller must not hold it.

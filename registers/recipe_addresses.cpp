@@ -3,9 +3,11 @@
 #include "driver/tarvelan.h"
 #include "planning/address_merge.h"
 #include "registers/address_weight.h"
+#include "registers/register_types.h"
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -85,6 +87,16 @@ int intf_setRcpAddress(QVector<_RCP_VAR_PRO>& vars)
     for (int i = 0; i < keys.size(); ++i)
         driver.rcpVars.append(asBlock(keys.at(i)));
     return static_cast<int>(driver.rcpVarsA.size());
+}
+
+bool hasEveryValue(const _RCP_VAR_PRO& block)
+{
+    const RegisterType* const type = findRegisterType(block.regType);
+    const bool areCoils = type && type->registerClass == BIT_CLASS;
+    // Counted in bytes, a lower one wraps to the length of a whole frame.
+    const int lowestCount = std::numeric_limits<int>::min() / 2;
+    return driver.recipeBuffer && block.bufOffset >= 0 && block.count >= lowestCount
+           && !(areCoils && block.count > PAYLOAD_SIZE);
 }
 
 void rcpAddrToVar(_RCP_VAR_PRO var, VARIABLE& job, int withData)

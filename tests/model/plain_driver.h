@@ -104,6 +104,7 @@ private:
     void fileConditionRead(const VARIABLE& job);
     int rebuildCurrentJob();
     void scheduleRecipe(int kind);
+    bool lacksValues(const _RCP_VAR_PRO& block) const;
     int scheduleLists();
     void finishConditionRead();
     void finishRecipe(int requestByte);
@@ -115,6 +116,7 @@ private:
     void decodeBits(const FRAME_PRO& frame, const QByteArray& reply);
     void decodeWords(const FRAME_PRO& frame, const QByteArray& reply);
     void decodeDoubleWords(const FRAME_PRO& frame, const QByteArray& reply);
+    bool storeInBuffer(int offset, int word);
     void copyRecipeDoubleWord(int k, const unsigned char* mostSignificantFirst);
     void copyRecipeWords(const FRAME_PRO& frame, const QByteArray& reply, int first, int end);
 };

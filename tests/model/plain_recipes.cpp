@@ -58,7 +58,7 @@ void PlainDriver::rcpAddrToVar(const _RCP_VAR_PRO& var, VARIABLE& job, int withD
     job.address = var.address;
     job.count = var.count;
     std::memset(job.data, 0, sizeof job.data);
-    if (withData == 0)
+    if (withData == 0 || recipeBuffer == nullptr)
         return;
     for (int i = 0; i < var.count && i < 512; ++i) {
         if (var.bufOffset + i < 0)
@@ -67,4 +67,10 @@ void PlainDriver::rcpAddrToVar(const _RCP_VAR_PRO& var, VARIABLE& job, int withD
         job.data[2 * i] = lowByte(word);
         job.data[2 * i + 1] = lowByte(word >> 8);
     }
+}
+
+bool PlainDriver::lacksValues(const _RCP_VAR_PRO& block) const
+{
+    return recipeBuffer == nullptr || block.bufOffset < 0 || block.count < -1073741824
+           || (isBitType(block.regType) && block.count > 1024);
 }

@@ -158,15 +158,25 @@ void PlainDriver::decodeDoubleWords(const FRAME_PRO& frame, const QByteArray& re
     }
 }
 
+bool PlainDriver::storeInBuffer(int offset, int word)
+{
+    if (recipeBuffer == nullptr || offset < 0)
+        return false;
+    recipeBuffer[offset] = static_cast<unsigned short>(word);
+    return true;
+}
+
 void PlainDriver::copyRecipeDoubleWord(int k, const unsigned char* b)
 {
     if (rcpIndex >= rcpVarsA.size())
         return;
     const int o = rcpVarsA.at(rcpIndex).bufOffset + 2 * k;
-    recipeBuffer[o] = static_cast<unsigned short>(b[2] * 256 + b[3]);
-    recipeBuffer[o + 1] = static_cast<unsigned short>(b[0] * 256 + b[1]);
-    valueChanged(0, -1, QString::fromLatin1("RWI"), o);
-    valueChanged(0, -1, QString::fromLatin1("RWI"), o + 1);
+    const bool hasLow = storeInBuffer(o, b[2] * 256 + b[3]);
+    const bool hasHigh = storeInBuffer(o + 1, b[0] * 256 + b[1]);
+    if (hasLow)
+        valueChanged(0, -1, QString::fromLatin1("RWI"), o);
+    if (hasHigh)
+        valueChanged(0, -1, QString::fromLatin1("RWI"), o + 1);
 }
 
 void PlainDriver::copyRecipeWords(const FRAME_PRO& frame, const QByteArray& reply, int first,
@@ -178,7 +188,7 @@ void PlainDriver::copyRecipeWords(const FRAME_PRO& frame, const QByteArray& repl
         const int high = replyByte(reply, wrapped(d + 2 * p));
         const int low = replyByte(reply, wrapped(d + 2 * p + 1));
         const int o = rcpVarsA.at(j).bufOffset;
-        recipeBuffer[o] = static_cast<unsigned short>(high * 256 + low);
-        valueChanged(0, -1, QString::fromLatin1("RWI"), o);
+        if (storeInBuffer(o, high * 256 + low))
+            valueChanged(0, -1, QString::fromLatin1("RWI"), o);
     }
 }

@@ -14,8 +14,13 @@ int PlainDriver::sendFrame(FRAME_PRO* out)
         *out = frameList.at(0);
         return 1;
     }
-    const bool write = hostShared != nullptr && hostShared[RECIPE_WRITE_BYTE] == 1;
+    bool write = hostShared != nullptr && hostShared[RECIPE_WRITE_BYTE] == 1;
     const bool read = hostShared != nullptr && hostShared[RECIPE_READ_BYTE] == 1;
+    if (write && rcpIndex < rcpVars.size() && lacksValues(rcpVars.at(rcpIndex))) {
+        rcpIndex = 0;
+        hostShared[RECIPE_WRITE_BYTE] = 0;
+        write = false;
+    }
     if (write || read) {
         if (rcpIndex < rcpVars.size())
             scheduleRecipe(write ? 5 : 6);

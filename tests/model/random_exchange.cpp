@@ -75,6 +75,11 @@ void RandomRuntime::requestRecipe()
     const unsigned short content = static_cast<unsigned short>(m_random.below(65536));
     m_library.recipe[word] = content;
     m_plainRecipe[word] = content;
+    if (m_random.chance(3)) { // until it is initialised again
+        called(QString::fromLatin1("no recipe buffer"));
+        driver.recipeBuffer = nullptr;
+        m_plain.recipeBuffer = nullptr;
+    }
 }
 
 void RandomRuntime::getData()

@@ -158,7 +158,7 @@ _RCP_VAR_PRO RandomValues::recipeVariable(int link)
     var.regType = regType();
     var.address = address(var.regType);
     var.count = count();
-    var.bufOffset = m_random.below(RECIPE_OFFSETS);
+    var.bufOffset = m_random.chance(97) ? m_random.below(RECIPE_OFFSETS) : m_random.between(-9, -1);
     for (unsigned char& extra : var.rcpExtra)
         extra = m_random.byte();
     return var;
