@@ -7,6 +7,9 @@
 #include "modbus/recipe_requests.h"
 #include "modbus/write_request.h"
 #include "registers/recipe_addresses.h"
+#include "registers/register_types.h"
+
+#include <limits>
 
 namespace
 {
@@ -36,6 +39,19 @@ void buildCurrentFrame()
 bool hasBlock()
 {
     return driver.rcpIndex >= 0 && driver.rcpIndex < driver.rcpVars.size();
+}
+
+// Whether a download of the block would send only what the runtime gave. Registers past
+// a payload are not asked for: they make a frame that is not whole, which no runtime
+// transmits.
+bool hasEveryValue(const _RCP_VAR_PRO& block)
+{
+    const RegisterType* const type = findRegisterType(block.regType);
+    const bool areCoils = type && type->registerClass == BIT_CLASS;
+    // Counted in bytes, a lower one wraps to the length of a whole frame.
+    const int lowestCount = std::numeric_limits<int>::min() / 2;
+    return driver.recipeBuffer && block.bufOffset >= 0 && block.count >= lowestCount
+           && !(areCoils && block.count > PAYLOAD_SIZE);
 }
 
 // Without a block left to transfer, the current job is built once more.

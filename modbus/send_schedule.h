@@ -12,9 +12,11 @@ extern "C" {
 /// transfer; a write while fewer than 5 writes and condition reads have gone in a
 /// row; a condition read while fewer than 3 have; the next cyclic read.
 ///
-/// A recipe write whose next block lacks values (hasEveryValue()) ends here: `rcpIndex`
-/// becomes 0, then its request byte is cleared, and this call goes on as if only the
-/// other byte had been read as set. Nothing else tells of it.
+/// A recipe write whose next block lacks values ends here, since a controller must not
+/// get what nobody gave: there is no recipe buffer, the block begins before the buffer,
+/// it holds more coils than a payload, 1024, or its count is below -2^30. `rcpIndex`
+/// becomes 0, then the request byte is cleared, and this call goes on as if the byte had
+/// not been set. Nothing else tells of it, and blocks before it have been sent.
 ///
 /// Communication thread only; not from inside the value-change function, which
 /// it never calls. Locks the runtime's mutex briefly to read the two recipe

@@ -3,11 +3,11 @@
 #include "driver/tarvelan.h"
 #include "planning/address_merge.h"
 #include "registers/address_weight.h"
-#include "registers/register_types.h"
+
+#include <QtCore/QtEndian>
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -89,16 +89,6 @@ int intf_setRcpAddress(QVector<_RCP_VAR_PRO>& vars)
     return static_cast<int>(driver.rcpVarsA.size());
 }
 
-bool hasEveryValue(const _RCP_VAR_PRO& block)
-{
-    const RegisterType* const type = findRegisterType(block.regType);
-    const bool areCoils = type && type->registerClass == BIT_CLASS;
-    // Counted in bytes, a lower one wraps to the length of a whole frame.
-    const int lowestCount = std::numeric_limits<int>::min() / 2;
-    return driver.recipeBuffer && block.bufOffset >= 0 && block.count >= lowestCount
-           && !(areCoils && block.count > PAYLOAD_SIZE);
-}
-
 void rcpAddrToVar(_RCP_VAR_PRO var, VARIABLE& job, int withData)
 {
     job.station = var.station;
@@ -113,6 +103,6 @@ void rcpAddrToVar(_RCP_VAR_PRO var, VARIABLE& job, int withData)
     for (int i = 0; i < std::min(var.count, wordsInPayload); ++i) {
         const qint64 word = static_cast<qint64>(var.bufOffset) + i;
         if (word >= 0)
-            std::memcpy(&job.data[2 * i], &driver.recipeBuffer[word], 2);
+            qToLittleEndian<quint16>(driver.recipeBuffer[word], &job.data[2 * i]);
     }
 }

@@ -30,8 +30,8 @@ extern "C" {
 ///             and offset in the recipe buffer (16-bit words). Read, not changed; stays
 ///             the caller's. Any number of them. A variable is never cut: one of more
 ///             than 512 registers, or of more than one request can carry, is not
-///             transferred whole. Addresses, counts and offsets are not checked; a download
-///             ends, with nothing sent, at a block that hasEveryValue() refuses.
+///             transferred whole. Addresses, counts and offsets are not checked here; a
+///             download ends at a block that lacks values, see intf_getSendFrame().
 /// @return the number of variables kept, that is of this driver's link
 KX_EXPORT int intf_setRcpAddress(QVector<_RCP_VAR_PRO>& vars);
 }
@@ -40,14 +40,8 @@ KX_EXPORT int intf_setRcpAddress(QVector<_RCP_VAR_PRO>& vars);
 /// @param withData nonzero: copy `count` 16-bit words of the recipe buffer from
 ///                 `bufOffset` on into the payload, low byte first whatever the
 ///                 processor's byte order, at most 1024 bytes; words before the
-///                 buffer's start, or without a buffer, stay 0: see hasEveryValue().
-///                 Zero: the payload is all 0.
+///                 buffer's start, or without a buffer, stay 0, so look
+///                 for these first. Zero: the payload is all 0.
 KX_EXPORT void rcpAddrToVar(_RCP_VAR_PRO var, VARIABLE& job, int withData);
-
-/// Whether a download of `block` would send only values that the runtime gave: there
-/// is a recipe buffer, the block does not begin before it, its count is not below -2^30,
-/// and its coils, if it holds coils, fit a payload. Registers past a payload make a frame
-/// that is not whole, which no runtime transmits, so they are not asked for here.
-bool hasEveryValue(const _RCP_VAR_PRO& block);
 
 #endif

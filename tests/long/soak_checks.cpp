@@ -23,6 +23,14 @@ const DeviceRange* processRangeAround(const DeviceRange& range)
     return nullptr;
 }
 
+QByteArray lowByteFirst(const quint16* words, int length)
+{
+    QByteArray bytes(length, '\0');
+    for (int i = 0; i < length; ++i)
+        bytes[i] = static_cast<char>(words[i / 2] >> 8 * (i % 2) & 0xFF);
+    return bytes;
+}
+
 } // namespace
 
 void soakFailed(const QString& what)
@@ -84,8 +92,7 @@ void SoakRuntime::checkRecipe(bool isGood)
     ++m_counts.recipes;
     size_t offset = 0;
     for (const DeviceRange& range : recipeRanges()) {
-        const QByteArray inBuffer(reinterpret_cast<const char*>(&m_recipe[offset]), bytesOf(range));
-        if (inBuffer != inMemory(m_controller, range))
+        if (lowByteFirst(&m_recipe[offset], bytesOf(range)) != inMemory(m_controller, range))
             soakFailed(QString::fromLatin1("a recipe differs: %1").arg(range.regType));
         m_counts.valuesCompared += range.count;
         offset += static_cast<size_t>(range.count + GAP_IN_RECIPE_BUFFER);

@@ -40,8 +40,8 @@ class RecipeJobsTest : public QObject
 private slots:
     void copiesTheTargetAndKeepsTheKind();
     void withoutDataThePayloadIsZero();
-    void copiesWordsAsTheyLieInTheBuffer_data();
-    void copiesWordsAsTheyLieInTheBuffer();
+    void copiesWordsLowByteFirst_data();
+    void copiesWordsLowByteFirst();
     void copiesAtMostAWholePayload();
     void aBlockAcrossAGapReachesPastItsVariables();
     void wordsBeforeTheBufferStayZero();
@@ -69,21 +69,23 @@ void RecipeJobsTest::withoutDataThePayloadIsZero()
     QCOMPARE(payload(made, 0, 1024), QByteArray(1024, 0));
 }
 
-void RecipeJobsTest::copiesWordsAsTheyLieInTheBuffer_data()
+void RecipeJobsTest::copiesWordsLowByteFirst_data()
 {
     QTest::addColumn<int>("withData");
     QTest::newRow("data asked for with 1") << 1;
     QTest::newRow("data asked for with any nonzero value") << -5;
 }
 
-void RecipeJobsTest::copiesWordsAsTheyLieInTheBuffer()
+void RecipeJobsTest::copiesWordsLowByteFirst()
 {
     QFETCH(int, withData);
     DriverFixture runtime;
-    // Buffer bytes 4 to 11: only 6 to 9 belong to words 3 and 4.
-    std::memcpy(&runtime.recipe[2], "\x44\x55\x66\x77\x88\x99\xAA\xBB", 8);
+    runtime.recipe[2] = 0x4455;
+    runtime.recipe[3] = 0x6677;
+    runtime.recipe[4] = 0x8899;
+    runtime.recipe[5] = 0xAABB;
     const VARIABLE made = converted(block(2, 3), withData);
-    QCOMPARE(payload(made, 0, 4), bytes("66 77 88 99"));
+    QCOMPARE(payload(made, 0, 4), bytes("7766 9988"));
     QCOMPARE(payload(made, 4, 1020), QByteArray(1020, 0));
 }
 

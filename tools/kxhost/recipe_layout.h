@@ -4,10 +4,10 @@
 /// The driver joins variables that touch into blocks, one request each. A block
 /// takes its values from the buffer without gaps, starting at its first variable;
 /// on a read only the first register of each variable comes back. And:
-/// - coils take one byte each from the buffer, not one word, so a coil variable
-///   that is joined to another would find its values in the wrong place; a block
-///   of 8, 16, ... coils would switch its last eight off; coils that were read
-///   reach the cache but never the buffer;
+/// - coils take one byte each from the buffer, the low byte of a word first, so a
+///   coil variable that is joined to another would find its values in the wrong
+///   place; a block of 8, 16, ... coils would switch its last eight off; coils that
+///   were read reach the cache but never the buffer;
 /// - SM variables are joined across the jump in their Modbus numbers;
 /// - 32CV variables are joined across gaps as wide as the block is long, and on
 ///   a read the block's number is taken for the variable's number.

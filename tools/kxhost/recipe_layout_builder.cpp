@@ -3,12 +3,12 @@
 #include "kxhost/commands/read_pieces.h"
 #include "kxhost/commands/write_pieces.h"
 
-#include <cstring>
-
 namespace
 {
 
 const int WORD_BITS = 16;
+const int COIL_BITS = 8; // that a coil takes in the recipe buffer
+const int COILS_PER_WORD = WORD_BITS / COIL_BITS;
 const quint32 WORD_MASK = 0xFFFF;
 const int NOT_IN_BUFFER = -1;
 
@@ -96,7 +96,8 @@ RecipePass& RecipeLayoutBuilder::passFor(const AddressRange& piece)
     return m_layout->passes.last();
 }
 
-// The driver copies a word per coil, although it uses a byte of each.
+// The driver copies a word per coil, although it sends two coils of each, that in the
+// low byte first.
 void RecipeLayoutBuilder::addPieces(const AddressRange& run)
 {
     const bool isBits = run.type->registerClass == BIT_CLASS;
@@ -115,11 +116,11 @@ void RecipeLayoutBuilder::addPieces(const AddressRange& run)
 
 void RecipeLayoutBuilder::storeCoils(const AddressRange& piece, int offset)
 {
-    QByteArray coils;
-    for (int i = 0; i < piece.values; ++i)
-        coils.append(static_cast<char>(valueAt(piece, i)));
-    std::memcpy(&m_layout->buffer[static_cast<size_t>(offset)], coils.constData(),
-                static_cast<size_t>(coils.size()));
+    for (int i = 0; i < piece.values; ++i) {
+        unsigned short& word = m_layout->buffer[static_cast<size_t>(offset + i / COILS_PER_WORD)];
+        const int shift = i % COILS_PER_WORD * COIL_BITS;
+        word = static_cast<unsigned short>(word | valueAt(piece, i) << shift);
+    }
 }
 
 void RecipeLayoutBuilder::storeDoubleWords(const AddressRange& piece, int offset)

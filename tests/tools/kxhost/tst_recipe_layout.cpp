@@ -32,6 +32,7 @@ private slots:
     void rowsBecomePasses_data();
     void rowsBecomePasses();
     void bufferHoldsTheValues();
+    void coilsLieLowByteFirst();
     void uploadedValuesAreFoundInTheBuffer();
     void equalRowsShareOneRegister();
 };
@@ -139,7 +140,7 @@ void TestRecipeLayout::bufferHoldsTheValues()
                                                "d,1,M,0,bit,1\ne,1,M,1,bit,0\nf,1,M,2,bit,1")),
                          32, &layout, &error));
     const unsigned short expected[] = {
-        0x0001, 0x0001, 0x0000, // M0 1, M1 0, M2 1: a byte each, and the words kept free
+        0x0001, 0x0001, 0x0000, // M0 1, M1 0, M2 1: low byte first, and the words kept free
         0x5678, 0x1234,         // D100 low word, D101 high word
         0xFFFE,                 // D102
         0xCDEF, 0x89AB,         // 32CV200 low word, high word
@@ -148,6 +149,16 @@ void TestRecipeLayout::bufferHoldsTheValues()
     for (size_t i = 0; i < layout.buffer.size(); ++i)
         QCOMPARE(layout.buffer[i], expected[i]);
     QCOMPARE(layout.offsets, (QList<int>{3, 5, 6, -1, -1, -1}));
+}
+
+void TestRecipeLayout::coilsLieLowByteFirst()
+{
+    RecipeLayout layout;
+    QString error;
+    QVERIFY(layOutRecipe(rowsOf(QStringLiteral("a,1,M,0,bit,0\nb,1,M,1,bit,1\nc,1,M,2,bit,1\n"
+                                               "d,1,M,3,bit,1\ne,1,M,4,bit,1\nf,1,M,5,bit,0")),
+                         32, &layout, &error));
+    QCOMPARE(layout.buffer, (std::vector<unsigned short>{0x0100, 0x0101, 0x0001, 0, 0, 0}));
 }
 
 void TestRecipeLayout::uploadedValuesAreFoundInTheBuffer()
