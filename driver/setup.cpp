@@ -1,6 +1,7 @@
 #include "driver/setup.h"
 
 #include "driver/data_area_index.h"
+#include "driver/number_text.h"
 #include "driver/wrapping.h"
 
 #include <QtCore/QStringList>
@@ -9,6 +10,7 @@ namespace
 {
 
 const int PARAMETER_COUNT = 5;
+const int DECIMAL = 10;
 const int BITS_PER_REGISTER_OF_LIMIT = 8;
 
 // Fewer than five items leave the parameters of an earlier call in force.
@@ -17,11 +19,11 @@ void takeParameters(const QString& parameters)
     const QStringList items = parameters.split(QLatin1Char('#'));
     if (items.size() < PARAMETER_COUNT)
         return;
-    driver.linkId = items.at(0).toInt();
-    driver.writeLocalOnly = items.at(1).toInt();
-    driver.param2 = items.at(2).toInt();
-    driver.retryLimit = items.at(3).toInt();
-    driver.maxWords = items.at(4).toInt();
+    driver.linkId = numberIn(items.at(0), DECIMAL);
+    driver.writeLocalOnly = numberIn(items.at(1), DECIMAL);
+    driver.param2 = numberIn(items.at(2), DECIMAL);
+    driver.retryLimit = numberIn(items.at(3), DECIMAL);
+    driver.maxWords = numberIn(items.at(4), DECIMAL);
 }
 
 } // namespace

@@ -78,6 +78,8 @@ void checkAddress(InputReader* input)
     int same = UNTOUCHED;
     require(intf_checkAddr(regType, text, &same, dataType, length, 0) == result && same == number,
             "both checks agree");
+    if (text.contains(QChar(0)))
+        require(result != 0 && result != 2, "a text with a zero character is no number");
     if (result == 0) {
         const QString written = QString::number(number, radixOf(regType));
         require(intf_checkAddrValidity(regType, written, &same, length, isWord) == 0

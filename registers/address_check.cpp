@@ -1,5 +1,6 @@
 #include "registers/address_check.h"
 
+#include "driver/number_text.h"
 #include "registers/register_types.h"
 
 namespace
@@ -22,7 +23,7 @@ int checkRange(const RegisterType* type, const QString& addrText, int* addr, int
     if (!type)
         return ADDRESS_UNKNOWN_TYPE;
     bool isNumber = false;
-    *addr = addrText.toInt(&isNumber, type->radix);
+    *addr = numberIn(addrText, type->radix, &isNumber);
     if (!isNumber)
         return ADDRESS_NOT_A_NUMBER;
     // 64-bit: a length near the edge of int must not wrap into the range.

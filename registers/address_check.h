@@ -22,7 +22,8 @@ extern "C" {
 
 /// Checks the address of a bit or word tag.
 /// @param regType  register type name, exact and case-sensitive
-/// @param addrText address as typed: octal for X and Y, else decimal; a sign is taken
+/// @param addrText address as typed: octal for X and Y, else decimal; a sign and
+///                 spaces around are taken; with a zero character it is no number
 /// @param addr     out, not null, the caller's: the number; stored with results 0, 2
 ///                 and 4 (then 0), untouched with 1 and 3
 /// @param length   bits or 16-bit registers from the address on that the tag covers

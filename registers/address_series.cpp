@@ -1,5 +1,6 @@
 #include "registers/address_series.h"
 
+#include "driver/number_text.h"
 #include "driver/wrapping.h"
 #include "registers/register_types.h"
 
@@ -19,7 +20,7 @@ int intf_multiCopy(const QString& regType, int start, int count, int step, QVect
     if (!type)
         return UNKNOWN_TYPE;
     const QString highestText = QString::fromLatin1(type->highest);
-    const int highest = highestText.toInt(nullptr, type->radix);
+    const int highest = numberIn(highestText, type->radix);
 
     int result = ALL_WITHIN;
     int address = start;

@@ -44,7 +44,7 @@ int checkRange(const QString& regType, const QString& text, int* addr, int lengt
     if (row < 0)
         return 3;
     bool converted = false;
-    *addr = text.toInt(&converted, ROWS[row].radix);
+    *addr = text.contains(QChar(0)) ? 0 : text.toInt(&converted, ROWS[row].radix);
     if (!converted)
         return 4;
     const qint64 end = static_cast<qint64>(*addr) + length;

@@ -96,6 +96,8 @@ int RandomValues::count()
 
 QString RandomValues::addressText(const QString& regType)
 {
+    if (m_random.chance(2))
+        return QString::number(m_random.below(8)) + QChar(0) + QString::number(m_random.below(8));
     if (m_random.chance(20))
         return QString::fromLatin1(
             m_random.oneOf({"", " 7", "7 ", "+5", "-1", "8", "0x10", "1a", "99999999999",

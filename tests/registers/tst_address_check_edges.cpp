@@ -34,6 +34,12 @@ void AddressCheckEdgesTest::strangeTexts_data()
     row("a million sevens", QString(1000000, '7'), 4, 0);
     row("a million spaces", QString(1000000, ' '), 4, 0);
     row("a zero character alone", QString(QChar(0)), 4, 0);
+    row("a zero character behind", QString("7") + QChar(0), 4, 0);
+    row("a zero character before", QChar(0) + QString("7"), 4, 0);
+    row("digits behind a zero character", QString("7") + QChar(0) + "1", 4, 0);
+    row("letters behind a zero character", QString("5") + QChar(0) + "abc", 4, 0);
+    row("a space behind a zero character", QString("7") + QChar(0) + ' ', 4, 0);
+    row("a million zero characters", '7' + QString(1000000, QChar(0)), 4, 0);
     row("an Arabic digit", QString(QChar(0x0667)), 4, 0);
     row("a wide digit", QString(QChar(0xFF17)), 4, 0);
     row("half a surrogate pair", QString(QChar(0xD800)), 4, 0);

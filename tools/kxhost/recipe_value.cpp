@@ -1,5 +1,7 @@
 #include "kxhost/recipe_value.h"
 
+#include "driver/number_text.h"
+
 #include <QtCore/QStringList>
 
 #include <limits>
@@ -67,7 +69,8 @@ bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32*
     const bool isHex = text.startsWith(QStringLiteral("0x"), Qt::CaseInsensitive);
     bool isNumber = false;
     const qint64 value = isHex ? text.mid(2).toLongLong(&isNumber, 16) : text.toLongLong(&isNumber);
-    if (!isNumber || (isHex && text.mid(2).startsWith(QLatin1Char('-')))) {
+    if (!isNumber || holdsZeroCharacter(text)
+        || (isHex && text.mid(2).startsWith(QLatin1Char('-')))) {
         *error = QStringLiteral("'%1' is not a decimal or 0x hexadecimal number").arg(text);
         return false;
     }

@@ -120,6 +120,16 @@ void TestAddressText::aWrongAddressIsRefusedInOneLine_data()
         "D 5: ' 5' is not a decimal number; the addresses are D0 to D7999 (decimal)");
     row("a line end", "D5\n",
         "D5\\n: '5\\n' is not a decimal number; the addresses are D0 to D7999 (decimal)");
+    const QString zero = QChar(0);
+    const auto withZero = [&](const char* name, const QString& typed, const QString& error) {
+        QTest::newRow(name) << typed << typed + error;
+    };
+    withZero("a zero character behind the number", "D5" + zero,
+             ": '5" + zero + "' is not a decimal number; the addresses are D0 to D7999 (decimal)");
+    withZero("digits behind a zero character", "X5" + zero + "1",
+             ": '5" + zero + "1' is not an octal number; the addresses are X0 to X377 (octal)");
+    withZero("a zero character in the count", "D5:2" + zero, ": the count must be 1 or more");
+    withZero("a zero character in the station", "D5@2" + zero, ": the station must be 1 to 247");
     row("a plus sign", "D+5",
         "D+5: '+5' is not a decimal number; the addresses are D0 to D7999 (decimal)");
     row("a minus sign", "CV-1",

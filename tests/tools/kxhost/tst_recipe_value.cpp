@@ -73,6 +73,10 @@ void TestRecipeValue::badValuesAreRefused_data()
                                                 << "0x" << number.arg("0x");
     QTest::newRow("minus inside hexadecimal") << "int16"
                                               << "0x-1" << number.arg("0x-1");
+    const QString amid = QString("5") + QChar(0) + "abc";
+    QTest::newRow("letters behind a zero character") << "uint16" << amid << number.arg(amid);
+    const QString behind = QString("0x5") + QChar(0);
+    QTest::newRow("hexadecimal, then a zero character") << "uint16" << behind << number.arg(behind);
     QTest::newRow("longer than 64 bits")
         << "uint32"
         << "99999999999999999999" << number.arg("99999999999999999999");
