@@ -25,6 +25,8 @@ private slots:
     void registersAndReplacesTheValueChangeFunction();
     void readsTheParameters_data();
     void readsTheParameters();
+    void takesTheParametersAsLatin1_data();
+    void takesTheParametersAsLatin1();
     void statusIsZeroAndTheResultOneAfterEveryCall();
     void theStatusMayBeNull();
     void keepsTheResourcesOfTheRuntime();
@@ -120,6 +122,51 @@ void SetupTest::readsTheParameters()
     QCOMPARE(driver.maxWords, expected.at(4));
     QCOMPARE(driver.maxWordsPerJob, expected.at(4));
     QCOMPARE(driver.maxBitsPerJob, expected.at(5));
+}
+
+// One character per byte. A byte is written apart from the digit behind it.
+void SetupTest::takesTheParametersAsLatin1_data()
+{
+    QTest::addColumn<QByteArray>("link");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("no-break spaces around") << QByteArray("\xA0"
+                                                          "5\xA0")
+                                            << 5;
+    QTest::newRow("a next-line character before") << QByteArray("\x85"
+                                                                "5")
+                                                  << 5;
+    QTest::newRow("a no-break space amid") << QByteArray("5\xA0"
+                                                         "5")
+                                           << 0;
+    QTest::newRow("a superscript two is no digit") << QByteArray("\xB2") << 0;
+    QTest::newRow("a superscript two behind a digit") << QByteArray("5\xB2") << 0;
+    QTest::newRow("a soft hyphen is no minus") << QByteArray("\xAD"
+                                                             "5")
+                                               << 0;
+    QTest::newRow("a no-break space in UTF-8 is two") << QByteArray("\xC2\xA0"
+                                                                    "5")
+                                                      << 0;
+    QTest::newRow("a next-line character in UTF-8 is two") << QByteArray("5\xC2\x85") << 0;
+    QTest::newRow("a wide space in UTF-8 is three") << QByteArray("\xE3\x80\x80"
+                                                                  "5")
+                                                    << 0;
+    QTest::newRow("a minus in UTF-8 is three") << QByteArray("\xE2\x88\x92"
+                                                             "5")
+                                               << 0;
+    QTest::newRow("a wide five in UTF-8 is three") << QByteArray("\xEF\xBC\x95") << 0;
+    QTest::newRow("the beginning of UTF-8") << QByteArray("\xC2") << 0;
+}
+
+void SetupTest::takesTheParametersAsLatin1()
+{
+    QFETCH(QByteArray, link);
+    DriverFixture runtime("7#6#5#4#3");
+    initialise((link + "#11#22#33#44").constData());
+    QTEST(driver.linkId, "expected");
+    QCOMPARE(driver.writeLocalOnly, 11); // the items behind it are where they were
+    initialise(("11#22#33#44#" + link).constData());
+    QTEST(driver.maxWords, "expected");
+    QCOMPARE(driver.retryLimit, 44);
 }
 
 void SetupTest::statusIsZeroAndTheResultOneAfterEveryCall()
