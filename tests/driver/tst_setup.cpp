@@ -129,12 +129,14 @@ void SetupTest::takesTheParametersAsLatin1_data()
 {
     QTest::addColumn<QByteArray>("link");
     QTest::addColumn<int>("expected");
+    // Before Qt 6 numbers may stand between spaces past ASCII.
+    const int spaced = QT_VERSION < 0x060000 ? 5 : 0;
     QTest::newRow("no-break spaces around") << QByteArray("\xA0"
                                                           "5\xA0")
-                                            << 5;
+                                            << spaced;
     QTest::newRow("a next-line character before") << QByteArray("\x85"
                                                                 "5")
-                                                  << 5;
+                                                  << spaced;
     QTest::newRow("a no-break space amid") << QByteArray("5\xA0"
                                                          "5")
                                            << 0;

@@ -1,8 +1,11 @@
 // What becomes of a job once its reply has been dealt with.
 
+#include "planning/monitor_flags.h"
 #include "support/driver_fixture.h"
 
 #include <QtTest/QTest>
+
+#include <climits>
 
 namespace
 {
@@ -27,6 +30,8 @@ const Report DONE = {-1, -1, "-1", 0};
 const Report FAILED = {-1, -1, "-1", -1};
 
 } // namespace
+
+Q_DECLARE_METATYPE(Report)
 
 class JobRetirementTest : public QObject
 {
@@ -166,6 +171,68 @@ private slots:
         QCOMPARE(runtime.reports, QList<Report>() << FAILED);
         QCOMPARE(queued, QList<int>() << 20 << 21 << 22);
         QVERIFY(driver.condList.isEmpty());
+    }
+
+    void whatIsDroppedIsDecidedAfterTheReport_data()
+    {
+        QTest::addColumn<int>("before");
+        QTest::addColumn<int>("inside");
+        QTest::addColumn<Report>("report");
+        QTest::addColumn<QList<int>>("left");
+        const QList<int> none;
+        const QList<int> others = {21, 22};
+        QTest::newRow("good") << 0 << 0 << DONE << others;
+        QTest::newRow("failed") << 1 << 1 << FAILED << none;
+        QTest::newRow("good, failed inside") << 0 << 1 << DONE << none;
+        QTest::newRow("failed, good inside") << 1 << 0 << FAILED << others;
+        QTest::newRow("any number but 0 is a failure") << INT_MIN << 256 << FAILED << none;
+    }
+
+    // By the flag as the value-change function leaves it.
+    void whatIsDroppedIsDecidedAfterTheReport()
+    {
+        QFETCH(int, before);
+        QFETCH(int, inside);
+        QFETCH(Report, report);
+        DriverFixture runtime;
+        driver.condList = jobsAt(20, 3);
+        driver.condVar = driver.condList.first();
+        driver.currentKind = CONDITION_READ_JOB;
+        driver.commFailed = before;
+        runtime.onReport = [&](const Report&) { driver.commFailed = inside; };
+        dealListWhenFinish();
+        QCOMPARE(runtime.reports, QList<Report>() << report);
+        QTEST(addresses(driver.condList), "left");
+        QCOMPARE(driver.commFailed, inside);
+    }
+
+    // The same in a whole exchange: of the end, or of a value that the read has changed.
+    void aFailureSeenInsideAReplyDropsAll()
+    {
+        for (const bool changed : {false, true}) {
+            DriverFixture runtime;
+            driver.condList = jobsAt(20, 3);
+            driver.condVar = driver.condList.first();
+            _setDataAreaMonitorFlag(1, "D", 20, 1);
+            runtime.poll();
+            runtime.onReport = [](const Report&) { driver.commFailed = 1; };
+            const QByteArray reply = withCrc(changed ? "01 03 02 1234" : "01 03 02 0000");
+            QCOMPARE(runtime.deal(reply), 1);
+            QCOMPARE(runtime.reports.last(), changed ? FAILED : DONE);
+            QVERIFY(driver.condList.isEmpty());
+        }
+    }
+
+    void aFailureTakenBackInsideTheReportDropsOne()
+    {
+        DriverFixture runtime("1#0#0#1#32");
+        driver.condList = jobsAt(20, 3);
+        driver.condVar = driver.condList.first();
+        runtime.poll();
+        runtime.onReport = [](const Report&) { driver.commFailed = 0; };
+        QCOMPARE(runtime.deal(QByteArray()), 2);
+        QCOMPARE(runtime.reports, QList<Report>() << FAILED);
+        QCOMPARE(addresses(driver.condList), QList<int>({21, 22}));
     }
 
     void theFailureOfAnEarlierPieceIsNotReported()
