@@ -124,49 +124,35 @@ void SetupTest::readsTheParameters()
     QCOMPARE(driver.maxBitsPerJob, expected.at(5));
 }
 
-// One character per byte. A byte is written apart from the digit behind it.
+// One character per byte; 35 is the digit 5.
 void SetupTest::takesTheParametersAsLatin1_data()
 {
-    QTest::addColumn<QByteArray>("link");
+    QTest::addColumn<QByteArray>("item");
     QTest::addColumn<int>("expected");
     // Before Qt 6 numbers may stand between spaces past ASCII.
     const int spaced = QT_VERSION < 0x060000 ? 5 : 0;
-    QTest::newRow("no-break spaces around") << QByteArray("\xA0"
-                                                          "5\xA0")
-                                            << spaced;
-    QTest::newRow("a next-line character before") << QByteArray("\x85"
-                                                                "5")
-                                                  << spaced;
-    QTest::newRow("a no-break space amid") << QByteArray("5\xA0"
-                                                         "5")
-                                           << 0;
-    QTest::newRow("a superscript two is no digit") << QByteArray("\xB2") << 0;
-    QTest::newRow("a superscript two behind a digit") << QByteArray("5\xB2") << 0;
-    QTest::newRow("a soft hyphen is no minus") << QByteArray("\xAD"
-                                                             "5")
-                                               << 0;
-    QTest::newRow("a no-break space in UTF-8 is two") << QByteArray("\xC2\xA0"
-                                                                    "5")
-                                                      << 0;
-    QTest::newRow("a next-line character in UTF-8 is two") << QByteArray("5\xC2\x85") << 0;
-    QTest::newRow("a wide space in UTF-8 is three") << QByteArray("\xE3\x80\x80"
-                                                                  "5")
-                                                    << 0;
-    QTest::newRow("a minus in UTF-8 is three") << QByteArray("\xE2\x88\x92"
-                                                             "5")
-                                               << 0;
-    QTest::newRow("a wide five in UTF-8 is three") << QByteArray("\xEF\xBC\x95") << 0;
-    QTest::newRow("the beginning of UTF-8") << QByteArray("\xC2") << 0;
+    QTest::newRow("no-break spaces around") << bytes("A0 35 A0") << spaced;
+    QTest::newRow("a next-line character before") << bytes("85 35") << spaced;
+    QTest::newRow("a no-break space amid") << bytes("35 A0 35") << 0;
+    QTest::newRow("a superscript two is no digit") << bytes("B2") << 0;
+    QTest::newRow("a superscript two behind a digit") << bytes("35 B2") << 0;
+    QTest::newRow("a soft hyphen is no minus") << bytes("AD 35") << 0;
+    QTest::newRow("a no-break space in UTF-8 is two") << bytes("C2 A0 35") << 0;
+    QTest::newRow("a next-line character in UTF-8 is two") << bytes("35 C2 85") << 0;
+    QTest::newRow("a wide space in UTF-8 is three") << bytes("E3 80 80 35") << 0;
+    QTest::newRow("a minus in UTF-8 is three") << bytes("E2 88 92 35") << 0;
+    QTest::newRow("a wide five in UTF-8 is three") << bytes("EF BC 95") << 0;
+    QTest::newRow("the beginning of UTF-8") << bytes("C2") << 0;
 }
 
 void SetupTest::takesTheParametersAsLatin1()
 {
-    QFETCH(QByteArray, link);
+    QFETCH(QByteArray, item);
     DriverFixture runtime("7#6#5#4#3");
-    initialise((link + "#11#22#33#44").constData());
+    initialise((item + "#11#22#33#44").constData());
     QTEST(driver.linkId, "expected");
     QCOMPARE(driver.writeLocalOnly, 11); // the items behind it are where they were
-    initialise(("11#22#33#44#" + link).constData());
+    initialise(("11#22#33#44#" + item).constData());
     QTEST(driver.maxWords, "expected");
     QCOMPARE(driver.retryLimit, 44);
 }
