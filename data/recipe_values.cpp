@@ -52,6 +52,9 @@ RecipeRange currentRecipeRange()
 
 void storeRecipeWords(const RecipeRange& range, const ReadRequest& request, const ReplyBytes& reply)
 {
+    // The value-change function may have ended the transfer since the range was fixed.
+    if (driver.currentKind != RECIPE_READ_JOB)
+        return;
     for (int j = range.first; j < range.end; ++j) {
         if (!hasVariable(j))
             return;

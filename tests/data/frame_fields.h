@@ -29,7 +29,7 @@ inline QString cachedValues(int size)
         const QByteArray value(reinterpret_cast<const char*>(area.value), size);
         values << QString("%1:%2").arg(area.address).arg(QString(value.toHex()));
     }
-    return values.join(' ');
+    return values.join(" ");
 }
 
 #endif

@@ -22,7 +22,7 @@ QString bufferWords(const DriverFixture& runtime, size_t count)
     QStringList words;
     for (size_t i = 0; i < count; ++i)
         words << QString("%1").arg(int(runtime.recipe[10 + i]), 4, 16, QChar('0'));
-    return words.join(' ');
+    return words.join(" ");
 }
 
 } // namespace

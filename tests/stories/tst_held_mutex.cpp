@@ -78,7 +78,7 @@ void HeldMutexTest::holdsUpTheCallsThatNeedARequest()
 
 void HeldMutexTest::everyExportedFunctionIsCalled()
 {
-    const QByteArrayList objects = {"REG_LIST", "REG_DESCRIPTION", "REG_OFFSET", "driver"};
+    const QList<QByteArray> objects = {"REG_LIST", "REG_DESCRIPTION", "REG_OFFSET", "driver"};
     QFile names(KX_EXPORTED_NAMES);
     QVERIFY2(names.open(QIODevice::ReadOnly), qPrintable(names.errorString()));
     int functions = 0;
