@@ -8,41 +8,12 @@
 #include "planning/monitor_flags.h"
 #include "registers/address_weight.h"
 #include "registers/checked_address.h"
+#include "stories/far_off_codes.h"
 
 #include <QtTest/QTest>
 
-#include <climits>
-
 namespace
 {
-
-/// Every value tried but the meaningful ones.
-QList<int> othersThan(const QList<int>& meaningful)
-{
-    QList<int> codes = {INT_MIN, INT_MIN + 1, -1, 0, 1, INT_MAX - 1, INT_MAX};
-    for (const int code : meaningful) {
-        codes << code - 1 << code + 1 << -code << ~code;
-        codes << code + 256 << code - 256 << code + 65536 << code - 65536 << (code ^ INT_MIN);
-    }
-    QList<int> others;
-    for (const int code : codes) {
-        if (!meaningful.contains(code) && !others.contains(code))
-            others << code;
-    }
-    return others;
-}
-
-void addOthersThan(const QList<int>& meaningful)
-{
-    QTest::addColumn<int>("code");
-    for (const int code : othersThan(meaningful))
-        QTest::newRow(QByteArray::number(code).constData()) << code;
-}
-
-QByteArray parameters(const char* before, int code, const char* behind)
-{
-    return before + QByteArray::number(code) + behind;
-}
 
 QList<KEY_ADDRESS> d10AndD0()
 {
@@ -80,14 +51,6 @@ private slots:
     void bitsSet();
     void bitIndexes_data() { addOthersThan({-1}); }
     void bitIndexes();
-    void kindsOfJobs_data() { addOthersThan({}); }
-    void kindsOfJobs();
-    void localWrites_data() { addOthersThan({0}); }
-    void localWrites();
-    void retryLimits_data() { addOthersThan({2}); }
-    void retryLimits();
-    void reservedFields_data() { addOthersThan({0}); }
-    void reservedFields();
 };
 
 void FarOffCodesTest::kindsOfTypes()
@@ -196,8 +159,8 @@ void FarOffCodesTest::bitsOfAGroup()
     record(1, "M", 13).monitorFlags = 1; // looked at when it is no bit
     _OnlyOneDataTypeDataChange(1, "M", 13, code, 0xFF, 0xFE, 0);
     QCOMPARE(runtime.reports, reportsOf("M", {13})); // its own mark, bit 5
-    _OnlyOneDataTypeDataChange(1, "M", 13, code, 0xFF, 0xFE, code);
-    QCOMPARE(runtime.reports, reportsOf("M", {13, 13})); // bit 0, which differs
+    _OnlyOneDataTypeDataChange(1, "M", 13, code, 0x20, 0x00, code);
+    QCOMPARE(runtime.reports, reportsOf("M", {13, 18})); // the watched bit 5 differs
     record(1, "M", 8).bitMonitorMask = 0;
     _OnlyOneDataTypeDataChange(1, "M", 13, code, 0xFF, 0xFE, 0);
     QCOMPARE(static_cast<int>(runtime.reports.size()), 2);
@@ -222,62 +185,6 @@ void FarOffCodesTest::bitIndexes()
     QCOMPARE(static_cast<int>(driver.condList.size()), 3);
     QCOMPARE(driver.condList.at(2).address, 4);
     QCOMPARE(driver.condList.at(2).count, 1);
-}
-
-// The runtime's kinds are carried; what a job is, the queue says in which it waits.
-void FarOffCodesTest::kindsOfJobs()
-{
-    QFETCH(int, code);
-    DriverFixture runtime;
-    unsigned char value[2] = {0x34, 0x12};
-    intf_setData(1, "D", 5, 1, value, code);
-    KEY_ADDRESS wanted = key(1, "D", 5, 1);
-    intf_addConditionRead(wanted, code);
-    const QByteArray write = runtime.poll();
-    QCOMPARE(write, withCrc("01 06 0005 1234"));
-    QCOMPARE(runtime.polled().job.kind, code);
-    QCOMPARE(driver.currentKind, 2);
-    QCOMPARE(runtime.deal(write), 1);
-    QVERIFY(!isPending(1, "D", 5) && driver.writeList.isEmpty());
-    QCOMPARE(runtime.poll(), withCrc("01 03 0005 0001"));
-    QCOMPARE(runtime.polled().job.kind, code);
-    QCOMPARE(driver.condVar.kind, code);
-    QCOMPARE(driver.currentKind, 3);
-    QCOMPARE(runtime.deal(withCrc("01 03 02 1234")), 1);
-    QVERIFY(driver.condList.isEmpty());
-}
-
-void FarOffCodesTest::localWrites()
-{
-    QFETCH(int, code);
-    DriverFixture runtime(parameters("1#", code, "#0#3#32").constData());
-    setValues(1, "D", 5, 1, "34 12");
-    QVERIFY(driver.writeList.isEmpty());
-    QCOMPARE(writtenValue(1, "D", 5), bytes("34120000"));
-}
-
-// Above 2 a second bad reply is not the last one, below it already the first one is.
-void FarOffCodesTest::retryLimits()
-{
-    QFETCH(int, code);
-    DriverFixture runtime(parameters("1#0#0#", code, "#32").constData());
-    driver.readList << job(1, "D", 5, 1);
-    runtime.poll();
-    QCOMPARE(runtime.deal(QByteArray()), code > 2 ? 8 : 2);
-    QCOMPARE(runtime.deal(QByteArray()), code > 2 ? 8 : 0);
-}
-
-void FarOffCodesTest::reservedFields()
-{
-    QFETCH(int, code);
-    DriverFixture runtime("1#1#0#3#32");
-    setValues(1, "D", 5, 1, "34 12");
-    record(1, "D", 5).reserved = code;
-    driver.readList << job(1, "D", 5, 1);
-    runtime.poll();
-    QCOMPARE(runtime.deal(withCrc("01 03 02 0001")), 1);
-    QVERIFY(isPending(1, "D", 5));
-    QCOMPARE(cached(1, "D", 5).reserved, code);
 }
 
 QTEST_APPLESS_MAIN(FarOffCodesTest)
