@@ -267,6 +267,12 @@ void append(std::vector<Call>& calls, const Call (&more)[SIZE])
 
 } // namespace
 
+QByteArray nameOf(const Call& call)
+{
+    const QByteArray situation(call.situation);
+    return situation.isEmpty() ? QByteArray(call.function) : call.function + (", " + situation);
+}
+
 std::vector<Call> callsWithoutTheMutex()
 {
     std::vector<Call> calls;

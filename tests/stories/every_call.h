@@ -18,6 +18,9 @@ struct Call {
     Step step;
 };
 
+/// For a row of a table: "FUNCTION, SITUATION".
+QByteArray nameOf(const Call& call);
+
 /// All that read or clear no recipe request.
 std::vector<Call> callsWithoutTheMutex();
 

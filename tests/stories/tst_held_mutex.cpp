@@ -15,12 +15,9 @@ const char* const PARAMETERS = "1#0#0#1#32";
 void addRows(const std::vector<Call>& calls)
 {
     QTest::addColumn<int>("number");
-    for (size_t i = 0; i < calls.size(); ++i) {
-        const QByteArray function = calls[i].function;
-        const QByteArray situation = calls[i].situation;
-        QTest::newRow(situation.isEmpty() ? function : function + ", " + situation)
-            << static_cast<int>(i);
-    }
+    int number = 0;
+    for (const Call& call : calls)
+        QTest::newRow(nameOf(call).constData()) << number++;
 }
 
 /// "_Z", the length of the name, the name: as free functions are exported.

@@ -165,10 +165,8 @@ void PassiveLibraryTest::everyCallLeavesNoTrace_data()
 {
     QTest::addColumn<int>("number");
     int number = 0;
-    for (const Call& call : everyCall()) {
-        const QByteArray name = QByteArray(call.function) + ", " + call.situation;
-        QTest::newRow(name.constData()) << number++;
-    }
+    for (const Call& call : everyCall())
+        QTest::newRow(nameOf(call).constData()) << number++;
 }
 
 void PassiveLibraryTest::everyCallLeavesNoTrace()
