@@ -61,18 +61,22 @@ void Statistics::add(const ExchangeRecord& record)
     bytesReceived += record.reply.size();
 }
 
-double Statistics::requestsPerSecond(qint64 elapsedMilliseconds) const
+double Statistics::requestsPerSecond(const LineTiming& timing, qint64 elapsedMilliseconds) const
 {
-    if (elapsedMilliseconds <= 0)
-        return 0;
-    return static_cast<double>(requests) * 1000 / static_cast<double>(elapsedMilliseconds);
+    const double spent = spentTime(timing, elapsedMilliseconds);
+    return spent > 0 ? static_cast<double>(requests) * 1000000 / spent : 0;
 }
 
 double Statistics::lineLoad(const LineTiming& timing, qint64 elapsedMilliseconds) const
 {
-    if (elapsedMilliseconds <= 0)
-        return 0;
+    const double spent = spentTime(timing, elapsedMilliseconds);
     const qint64 busy = timing.transmissionTime(bytesSent + bytesReceived);
-    // A pseudo-terminal may be ahead of the time that its characters would take.
-    return qMin(1.0, static_cast<double>(busy) / (static_cast<double>(elapsedMilliseconds) * 1000));
+    return spent > 0 ? static_cast<double>(busy) / spent : 0;
+}
+
+double Statistics::spentTime(const LineTiming& timing, qint64 elapsedMilliseconds) const
+{
+    const qint64 busy = timing.transmissionTime(bytesSent + bytesReceived);
+    const qint64 needed = busy + requests * timing.frameGap();
+    return static_cast<double>(qMax(elapsedMilliseconds * 1000, needed));
 }

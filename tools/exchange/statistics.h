@@ -44,12 +44,19 @@ struct Statistics {
 
     void add(const ExchangeRecord& record);
 
-    /// 0 while no time has passed.
-    double requestsPerSecond(qint64 elapsedMilliseconds) const;
+    /// 0 while no time has passed. On a serial line never more than its characters
+    /// allow, see `spentTime`.
+    double requestsPerSecond(const LineTiming& timing, qint64 elapsedMilliseconds) const;
 
     /// Share of the time, 0 to 1, in which characters occupied the line. 0 on a
     /// network.
     double lineLoad(const LineTiming& timing, qint64 elapsedMilliseconds) const;
+
+private:
+    /// Microseconds that passed, but no fewer than the requests, their replies and a
+    /// frame gap before each request take on that line: a pseudo-terminal carries its
+    /// last reply in no time, which a short run would count as speed.
+    double spentTime(const LineTiming& timing, qint64 elapsedMilliseconds) const;
 };
 
 #endif

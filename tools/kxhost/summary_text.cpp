@@ -67,6 +67,11 @@ QString decimal(double value)
     return QString::number(value, 'f', 1);
 }
 
+double requestsPerSecond(const WatchSummary& summary)
+{
+    return summary.statistics.requestsPerSecond(summary.timing, summary.elapsed);
+}
+
 double loadPercent(const WatchSummary& summary)
 {
     return 100 * summary.statistics.lineLoad(summary.timing, summary.elapsed);
@@ -97,8 +102,7 @@ QJsonObject thrownAwayJson(const ThrownAway& thrown)
 
 QString speedText(const WatchSummary& summary)
 {
-    QString text = QString::fromLatin1("%1 requests/s")
-                       .arg(decimal(summary.statistics.requestsPerSecond(summary.elapsed)));
+    QString text = QString::fromLatin1("%1 requests/s").arg(decimal(requestsPerSecond(summary)));
     if (summary.timing.baud > 0)
         text += QString::fromLatin1(", line load %1 %").arg(decimal(loadPercent(summary)));
     return text;
@@ -140,7 +144,7 @@ QJsonObject summaryJson(const WatchSummary& summary)
     json[QLatin1String("reopened")] = counts.reopened;
     json[QLatin1String("bytesSent")] = counts.bytesSent;
     json[QLatin1String("bytesReceived")] = counts.bytesReceived;
-    json[QLatin1String("requestsPerSecond")] = counts.requestsPerSecond(summary.elapsed);
+    json[QLatin1String("requestsPerSecond")] = requestsPerSecond(summary);
     if (summary.timing.baud > 0)
         json[QLatin1String("lineLoad")] = counts.lineLoad(summary.timing, summary.elapsed);
     return json;

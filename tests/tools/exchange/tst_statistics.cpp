@@ -15,6 +15,7 @@ private slots:
     void everyBadReplyIsCountedByItsKind();
     void figures();
     void noTimePassed();
+    void aRunShorterThanItsCharactersTake();
     void loadIsNeverMoreThanTheWholeTime();
 };
 
@@ -93,7 +94,7 @@ void StatisticsTest::figures()
     statistics.requests = 30;
     statistics.bytesSent = 240;
     statistics.bytesReceived = 240;
-    QCOMPARE(statistics.requestsPerSecond(2000), 15.0);
+    QCOMPARE(statistics.requestsPerSecond({9600, 8, 0, 1}, 2000), 15.0);
     // 480 characters of 10 bits at 9600 baud: half a second of two.
     QCOMPARE(statistics.lineLoad({9600, 8, 0, 1}, 2000), 0.25);
     // 12 bits each: 0.6 of two seconds.
@@ -104,9 +105,28 @@ void StatisticsTest::figures()
 void StatisticsTest::noTimePassed()
 {
     Statistics statistics;
-    statistics.add(record(ReplyKind::Good, 1, 8, 9));
-    QCOMPARE(statistics.requestsPerSecond(0), 0.0);
+    QCOMPARE(statistics.requestsPerSecond({9600, 8, 0, 1}, 0), 0.0);
     QCOMPARE(statistics.lineLoad({9600, 8, 0, 1}, 0), 0.0);
+    statistics.add(record(ReplyKind::Good, 1, 8, 9)); // on a network
+    QCOMPARE(statistics.requestsPerSecond({0, 8, 0, 1}, 0), 0.0);
+    QCOMPARE(statistics.lineLoad({0, 8, 0, 1}, 0), 0.0);
+}
+
+// As on a pseudo-terminal, which carries the last reply in no time.
+void StatisticsTest::aRunShorterThanItsCharactersTake()
+{
+    Statistics statistics;
+    statistics.add(record(ReplyKind::Good, 1, 8, 1));
+    statistics.add(record(ReplyKind::Good, 1, 8, 1));
+    // 18 characters of 1 ms each, and twice a silence of 3.5 of them.
+    const LineTiming millisecondEach{10000, 8, 0, 1};
+    QCOMPARE(statistics.requestsPerSecond(millisecondEach, 0), 80.0);
+    QCOMPARE(statistics.requestsPerSecond(millisecondEach, 24), 80.0);
+    QCOMPARE(statistics.requestsPerSecond(millisecondEach, 50), 40.0);
+    QCOMPARE(statistics.lineLoad(millisecondEach, 0), 0.72);
+    QCOMPARE(statistics.lineLoad(millisecondEach, 24), 0.72);
+    QCOMPARE(statistics.lineLoad(millisecondEach, 50), 0.36);
+    QCOMPARE(statistics.requestsPerSecond({0, 8, 0, 1}, 10), 200.0); // a network is that fast
 }
 
 void StatisticsTest::loadIsNeverMoreThanTheWholeTime()
