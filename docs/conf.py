@@ -1,14 +1,25 @@
 # The HTML documentation; docs/build runs it.
+import re
+import sys
+from pathlib import Path
+
+HERE = Path(__file__).parent
+sys.path.insert(0, str(HERE / "site"))
+sys.dont_write_bytecode = True  # the sources stay as they are
+
 project = "tarvelan KX series driver"
 author = "the tarvelan KX series authors"
-html_title = "tarvelan KX series driver"
+cmake_project = (HERE.parent / "CMakeLists.txt").read_text(encoding="utf-8")
+release = re.search(r"^project\(.* VERSION ([\d.]+)", cmake_project, re.MULTILINE)[1]
+# Stands on each page, above the tree of pages.
+html_title = f"{project} {release}"
 copyright = ""
 
-extensions = ["myst_parser"]
+extensions = ["myst_parser", "shown_sources", "page_tree", "manual_pages", "name_index"]
 source_suffix = [".md"]
 root_doc = "index"
-# Manual pages are pages of their own format.
-exclude_patterns = ["man"]
+# Manual pages are pages of their own format; `site` holds the extensions.
+exclude_patterns = ["man", "site"]
 myst_heading_anchors = 3
 
 html_theme = "furo"
