@@ -1,5 +1,6 @@
-// Loads the library as a panel does and prints the driver's parameters.
-#include <QtCore/QString>
+// Loads the library as a panel does and prints the driver's parameters. The types of the
+// entry points come from the headers.
+#include <tarvelan_kx_series.h>
 
 #include <cstdio>
 
@@ -12,9 +13,8 @@ int main()
         std::fprintf(stderr, "%s\n", dlerror());
         return 1;
     }
-    typedef void (*GetDriverParameter)(QString&);
-    const GetDriverParameter getDriverParameter =
-        reinterpret_cast<GetDriverParameter>(dlsym(library, "intf_getDriverParameter"));
+    const auto getDriverParameter = reinterpret_cast<decltype(&intf_getDriverParameter)>(
+        dlsym(library, "intf_getDriverParameter"));
     if (!getDriverParameter)
         return 1;
     QString parameters;
