@@ -71,8 +71,8 @@ private:
     void receive();
     void takeNoise();
     void endFrame();
-    void giveUp() { settle(QByteArray()); }
-    void settle(QByteArray reply);
+    void giveUp() { finish(QByteArray()); }
+    void finish(QByteArray reply);
     void show();
     void endWithPort(QSerialPort::SerialPortError error);
 
@@ -126,7 +126,7 @@ void Runtime::receive()
     }
     m_received += m_port->readAll();
     if (answers(m_received, m_request))
-        settle(m_received);
+        finish(m_received);
     else
         m_frameEnd.start(FRAME_END);
 }
@@ -150,7 +150,7 @@ void Runtime::endFrame()
     for (const int length : {m_request.recvLen, 5}) {
         for (const QByteArray& part : {m_received.left(length), m_received.right(length)}) {
             if (answers(part, m_request) || refuses(part, m_request)) {
-                settle(part);
+                finish(part);
                 return;
             }
         }
@@ -159,7 +159,7 @@ void Runtime::endFrame()
 }
 
 // Hands the reply over, an empty one when none came, and shows what the driver says.
-void Runtime::settle(QByteArray reply)
+void Runtime::finish(QByteArray reply)
 {
     m_deadline.stop();
     m_frameEnd.stop();

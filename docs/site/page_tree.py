@@ -26,7 +26,8 @@ def add_tree(app, page, source):
     if page == "index":
         options = ":includehidden:\n:maxdepth: 2\n:titlesonly:"
         pages["Index of names <genindex>"] = None
-    source[0] += "\n```{toctree}\n" + options + "\n\n" + "\n".join(pages) + "\n```\n"
+    if pages:
+        source[0] += "\n```{toctree}\n" + options + "\n\n" + "\n".join(pages) + "\n```\n"
 
 
 def setup(app):
