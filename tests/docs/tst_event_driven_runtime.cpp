@@ -10,6 +10,8 @@
 #include <QtCore/QElapsedTimer>
 #include <QtTest/QTest>
 
+#include <csignal>
+
 namespace
 {
 
@@ -37,6 +39,7 @@ private slots:
     void theWaitGoesOn();
     void aLateReplyHasTimeToCome();
     void aLineThatIsNeverSilent();
+    void aLostPort();
     void noPort();
 
 private:
@@ -176,6 +179,17 @@ void EventDrivenRuntimeTest::aLineThatIsNeverSilent()
         QTest::qSleep(1);
     }
     QCOMPARE(runtime.readLines(), QStringList("failed: 0,1,100,D"));
+}
+
+void EventDrivenRuntimeTest::aLostPort()
+{
+    KxsimProcess simulator({"--still", "--set", "D100=1234"});
+    QVERIFY(!simulator.portName().isEmpty());
+    RuntimeProcess runtime(KX_RUNTIME, arguments(simulator.portName(), "100"));
+    QCOMPARE(runtime.readLine(), QString("D100 = 1234"));
+    QCOMPARE(simulator.exitCodeAfter(SIGTERM), 0);
+    QCOMPARE(runtime.exitCode(), 1);
+    QVERIFY(runtime.errorOutput().startsWith("event_driven_runtime: "));
 }
 
 void EventDrivenRuntimeTest::noPort()

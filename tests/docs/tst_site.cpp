@@ -138,11 +138,12 @@ void SiteTest::manualPages_data()
     QTest::newRow("kxsim") << "kxsim";
 }
 
-// Every section and every option of the manual page is on the site.
+// Every section and every option of the manual page is on the site, of the same version.
 void SiteTest::manualPages()
 {
     QFETCH(QString, program);
     const QString manual = sourceText("docs/man/" + program + ".1");
+    QVERIFY(manual.section('\n', 0, 0).contains("\"tarvelan KX series " KX_VERSION "\""));
     const QString page = plainText(article("tools/" + program + ".html")).simplified();
     static const QRegularExpression option(R"(\\-\\-([a-z\\-]+))");
     int options = 0;
