@@ -20,8 +20,8 @@ def sections(manual):
         ["mandoc", "-T", "html", "-O", "fragment", str(manual)],
         check=True, capture_output=True, encoding="utf-8",
     ).stdout
-    # Blank lines would end a block of HTML, and the page has one heading of the first level.
-    html = re.sub(r"\n\s*\n", "\n", html).replace("<h2", "<h3").replace("</h2>", "</h3>")
+    # The sections become headings of the second level, so those inside are of the third.
+    html = html.replace("<h2", "<h3").replace("</h2>", "</h3>")
     found = [(" ".join(each["title"].split()), each["body"]) for each in SECTION.finditer(html)]
     return [(title, body) for title, body in found if title not in LEFT_OUT]
 
