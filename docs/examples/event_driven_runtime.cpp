@@ -49,6 +49,7 @@ static bool refuses(const QByteArray& reply, const FRAME_PRO& request)
 }
 // [/reply]
 
+static int watchedAddress = 0;
 static bool changed = true; // show the first value, too
 
 static void valueChanged(int /*link*/, int /*station*/, QString /*name*/, int /*address*/)
@@ -64,7 +65,7 @@ static void valueChanged(int /*link*/, int /*station*/, QString /*name*/, int /*
 class Runtime : public QObject
 {
 public:
-    Runtime(QSerialPort* port, int address, int exchanges);
+    Runtime(QSerialPort* port, int exchanges);
 
 private:
     void transmit();
@@ -77,7 +78,6 @@ private:
     void endWithPort(QSerialPort::SerialPortError error);
 
     QSerialPort* m_port;
-    int m_address;
     int m_exchanges; // still to make; below 0: for ever
     FRAME_PRO m_request = FRAME_PRO();
     QByteArray m_received;
@@ -87,8 +87,7 @@ private:
     QTimer m_frameEnd;
 };
 
-Runtime::Runtime(QSerialPort* port, int address, int exchanges)
-    : m_port(port), m_address(address), m_exchanges(exchanges)
+Runtime::Runtime(QSerialPort* port, int exchanges) : m_port(port), m_exchanges(exchanges)
 {
     for (QTimer* timer : {&m_silence, &m_deadline, &m_frameEnd}) {
         timer->setSingleShot(true);
@@ -192,8 +191,8 @@ void Runtime::endWithPort(QSerialPort::SerialPortError error)
 void Runtime::show()
 {
     unsigned char word[2];
-    intf_getData(STATION, QStringLiteral("D"), m_address, 1, word);
-    std::printf("D%d = %d\n", m_address, word[0] | word[1] << 8);
+    intf_getData(STATION, QStringLiteral("D"), watchedAddress, 1, word);
+    std::printf("D%d = %d\n", watchedAddress, word[0] | word[1] << 8);
     changed = false;
 }
 
@@ -212,11 +211,27 @@ static void watch(int address)
     intf_addrMerge(watchList);
 }
 
-static void write(int address, int value)
+static void write(int address, quint16 value)
 {
-    unsigned char word[2] = {static_cast<unsigned char>(value),
+    unsigned char word[2] = {static_cast<unsigned char>(value & 0xFF),
                              static_cast<unsigned char>(value >> 8)};
     intf_setData(STATION, QStringLiteral("D"), address, 1, word, WRITE_JOB);
+}
+
+// Reads "100" or "100=1234"; what is not an address or a value must not become one.
+static void setUp(const QString& text)
+{
+    const QStringList parts = text.split('=');
+    const int wordType = 1;
+    bool isValue = true;
+    const quint16 value = parts.size() > 1 ? parts.at(1).toUShort(&isValue) : quint16(0);
+    if (parts.size() > 2 || !isValue
+        || intf_checkAddr(QStringLiteral("D"), parts.first(), &watchedAddress, wordType, 1, 0)
+               != ADDRESS_VALID)
+        endWith(text + QStringLiteral(" is not an address of type D, nor one with a value"));
+    watch(watchedAddress);
+    if (parts.size() > 1)
+        write(watchedAddress, value);
 }
 
 int main(int argc, char** argv)
@@ -225,14 +240,10 @@ int main(int argc, char** argv)
     const QStringList arguments = application.arguments();
     if (arguments.size() < 3)
         endWith(QStringLiteral("usage: event_driven_runtime PORT ADDRESS[=VALUE] [EXCHANGES]"));
+    setUp(arguments.at(2));
     QSerialPort port(arguments.at(1));
     if (!port.open(QIODevice::ReadWrite) || !port.setBaudRate(BAUD))
         endWith(port.portName() + QStringLiteral(": ") + port.errorString());
-    const QStringList wanted = arguments.at(2).split('=');
-    const int address = wanted.first().toInt();
-    watch(address);
-    if (wanted.size() > 1)
-        write(address, wanted.last().toInt());
-    const Runtime runtime(&port, address, arguments.size() > 3 ? arguments.at(3).toInt() : -1);
+    const Runtime runtime(&port, arguments.size() > 3 ? arguments.at(3).toInt() : -1);
     return application.exec();
 }

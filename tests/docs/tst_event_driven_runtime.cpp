@@ -41,6 +41,8 @@ private slots:
     void aLineThatIsNeverSilent();
     void aLostPort();
     void noPort();
+    void wrongArguments_data();
+    void wrongArguments();
 
 private:
     static QStringList arguments(const QString& port, const char* rest)
@@ -197,6 +199,28 @@ void EventDrivenRuntimeTest::noPort()
     RuntimeProcess runtime(KX_RUNTIME, {"/nowhere", "100"});
     QCOMPARE(runtime.exitCode(), 1);
     QVERIFY(runtime.errorOutput().startsWith("event_driven_runtime: "));
+}
+
+void EventDrivenRuntimeTest::wrongArguments_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::newRow("not a number") << "D100";
+    QTest::newRow("past the last") << "8000";
+    QTest::newRow("a value that is no number") << "100=x";
+    QTest::newRow("a value of more than 16 bits") << "100=65536";
+    QTest::newRow("no value") << "100=";
+    QTest::newRow("two values") << "100=1=2";
+}
+
+// None of them is polled or written as something else.
+void EventDrivenRuntimeTest::wrongArguments()
+{
+    QFETCH(QString, address);
+    const ScriptedPort station;
+    RuntimeProcess runtime(KX_RUNTIME, {station.name(), address, "1"});
+    QCOMPARE(runtime.exitCode(), 1);
+    QCOMPARE(runtime.errorOutput(), "event_driven_runtime: " + address
+                                        + " is not an address of type D, nor one with a value");
 }
 
 QTEST_GUILESS_MAIN(EventDrivenRuntimeTest)
