@@ -58,7 +58,7 @@ bool layOutRecipe(const QList<RecipeRow>& rows, int maxWords, RecipeLayout* layo
         else
             builder.addPieces(run);
     }
-    builder.countBlocks();
+    builder.doubleLoneVariables();
     if (layout->buffer.size() > RECIPE_BUFFER_WORDS) {
         *error = bufferOverflow(layout->buffer.size());
         return false;

@@ -19,7 +19,8 @@
 ///   per unbroken run, cut so that a write carries it, in the first pass in which
 ///   the driver joins it to no other. Each variable is then a block of its own.
 /// An upload finds registers and 32CV in the buffer, coils in the driver's cache.
-/// A pass of one variable is sent twice by the driver, which does no harm.
+/// The driver sends a recipe of one variable as two blocks, but joins equal ones: such
+/// a pass names its variable twice and is sent once.
 #ifndef KX_KXHOST_RECIPE_LAYOUT_H
 #define KX_KXHOST_RECIPE_LAYOUT_H
 

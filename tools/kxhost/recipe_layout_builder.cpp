@@ -135,11 +135,11 @@ void RecipeLayoutBuilder::storeDoubleWords(const AddressRange& piece, int offset
     }
 }
 
-// The driver makes two blocks of a single variable.
-void RecipeLayoutBuilder::countBlocks()
+// The driver makes two blocks of a single variable, but one of a variable given twice.
+void RecipeLayoutBuilder::doubleLoneVariables()
 {
     for (RecipePass& pass : m_layout->passes) {
         if (pass.variables.size() == 1)
-            pass.blocks = 2;
+            pass.variables.append(pass.variables.constFirst());
     }
 }

@@ -18,7 +18,8 @@ public:
 
     void addRegisters(const AddressRange& run);
     void addPieces(const AddressRange& run);
-    void countBlocks();
+    /// The last step.
+    void doubleLoneVariables();
     int offsetOf(const AddressRange& range) const;
 
 private:

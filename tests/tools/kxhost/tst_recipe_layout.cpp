@@ -56,8 +56,12 @@ void TestRecipeLayout::rowsBecomePasses_data()
         << "a,1,D,0,uint16,1\nb,1,D,1,uint16,1\nc,1,D,2,uint16,1" << 2
         << "1.D0:1=0 1.D1:1=1 1.D2:1=2"
         << "1.D0:2=0 1.D2:1=2";
-    QTest::newRow("a single variable is sent twice") << "a,1,D,100,uint16,1" << 32 << "1.D100:1=0"
-                                                     << "1.D100:1=0 1.D100:1=0";
+    QTest::newRow("a single variable is given twice, so that it is one block")
+        << "a,1,D,100,uint16,1" << 32 << "1.D100:1=0 1.D100:1=0"
+        << "1.D100:1=0";
+    QTest::newRow("so is one as long as a request")
+        << "a,1,32CV,200,uint32,1" << 2 << "1.32CV200:2=0 1.32CV200:2=0"
+        << "1.32CV200:2=0";
     QTest::newRow("register types of a station share a pass")
         << "a,1,CV,0,uint16,1\nb,1,TV,0,uint16,1\nc,1,D,9,uint16,1" << 32
         << "1.D9:1=0 1.CV0:1=1 1.TV0:1=2"
@@ -75,20 +79,22 @@ void TestRecipeLayout::rowsBecomePasses_data()
     QTest::newRow("eight coils take two passes")
         << "a,1,M,0,bit,1\nb,1,M,1,bit,1\nc,1,M,2,bit,1\nd,1,M,3,bit,1\ne,1,M,4,bit,1\n"
            "f,1,M,5,bit,1\ng,1,M,6,bit,1\nh,1,M,7,bit,1"
-        << 32 << "1.M0:1=0 | 1.M1:7=1"
-        << "1.M0:1=0 1.M0:1=0 | 1.M1:7=1 1.M1:7=1";
+        << 32 << "1.M0:1=0 1.M0:1=0 | 1.M1:7=1 1.M1:7=1"
+        << "1.M0:1=0 | 1.M1:7=1";
     QTest::newRow("runs of coils as long as a request share a pass")
         << "a,1,M,0,bit,1\nb,1,M,1,bit,1\nc,1,M,2,bit,1" << 2 << "1.M0:2=0 1.M2:1=2"
         << "1.M0:2=0 1.M2:1=2";
     QTest::newRow("the driver would join SM across its jump")
-        << "a,1,SM,255,bit,1\nb,1,SM,256,bit,1" << 32 << "1.SM255:1=0 | 1.SM256:1=1"
-        << "1.SM255:1=0 1.SM255:1=0 | 1.SM256:1=1 1.SM256:1=1";
+        << "a,1,SM,255,bit,1\nb,1,SM,256,bit,1" << 32
+        << "1.SM255:1=0 1.SM255:1=0 | 1.SM256:1=1 1.SM256:1=1"
+        << "1.SM255:1=0 | 1.SM256:1=1";
     QTest::newRow("the driver keeps the M ranges apart")
         << "a,1,M,2047,bit,1\nb,1,M,2048,bit,1" << 32 << "1.M2047:1=0 1.M2048:1=1"
         << "1.M2047:1=0 1.M2048:1=1";
     QTest::newRow("the driver would join 32CV across a gap")
-        << "a,1,32CV,200,uint32,1\nb,1,32CV,202,uint32,1" << 32 << "1.32CV200:2=0 | 1.32CV202:2=2"
-        << "1.32CV200:2=0 1.32CV200:2=0 | 1.32CV202:2=2 1.32CV202:2=2";
+        << "a,1,32CV,200,uint32,1\nb,1,32CV,202,uint32,1" << 32
+        << "1.32CV200:2=0 1.32CV200:2=0 | 1.32CV202:2=2 1.32CV202:2=2"
+        << "1.32CV200:2=0 | 1.32CV202:2=2";
     QTest::newRow("32CV across a wider gap")
         << "a,1,32CV,200,uint32,1\nb,1,32CV,203,uint32,1" << 32 << "1.32CV200:2=0 1.32CV203:2=2"
         << "1.32CV200:2=0 1.32CV203:2=2";
