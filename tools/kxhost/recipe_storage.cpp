@@ -3,13 +3,52 @@
 #include <QtCore/QFile>
 #include <QtCore/QSaveFile>
 
+#include <cerrno>
+#include <cstring>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace
 {
+
+const mode_t ALL_MODE_BITS = 07777;
 
 bool fail(const QFileDevice& file, QString* error)
 {
     *error = QStringLiteral("%1: %2").arg(file.fileName(), file.errorString());
     return false;
+}
+
+bool failToSync(const QString& path, QString* error)
+{
+    *error = QStringLiteral("%1: %2").arg(path, QString::fromLocal8Bit(std::strerror(errno)));
+    return false;
+}
+
+// A disk that fills up takes a part first; the next attempt then tells why.
+bool writeAll(const QByteArray& text, QSaveFile* file)
+{
+    qint64 written = 0;
+    while (written < text.size()) {
+        const qint64 count = file->write(text.constData() + written, text.size() - written);
+        if (count <= 0)
+            return false;
+        written += count;
+    }
+    return true;
+}
+
+// As far as the process may: the owner is root's to give, the group a member's. The mode
+// comes last, since a change of owner takes the set-identity bits away.
+void keepOwnerAndMode(const QString& path, int handle)
+{
+    struct stat before = {};
+    if (::stat(QFile::encodeName(path).constData(), &before) != 0)
+        return;
+    if (::fchown(handle, before.st_uid, before.st_gid) != 0
+        && ::fchown(handle, static_cast<uid_t>(-1), before.st_gid) != 0)
+        before.st_mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
+    ::fchmod(handle, before.st_mode & ALL_MODE_BITS);
 }
 
 } // namespace
@@ -43,7 +82,12 @@ bool canReplaceRecipeFile(const QString& path, QString* error)
 bool replaceRecipeFile(const QString& path, const QByteArray& text, QString* error)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+    // Unbuffered, since commit() hides it when what is left in the buffer does not fit.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(text, &file))
         return fail(file, error);
-    return true;
+    keepOwnerAndMode(path, file.handle());
+    // Some disks are only found full here.
+    if (::fsync(file.handle()) != 0 && errno != EINVAL)
+        return failToSync(path, error);
+    return file.commit() || fail(file, error);
 }

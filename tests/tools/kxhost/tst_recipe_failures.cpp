@@ -39,6 +39,8 @@ private slots:
     void lineThatDiesLeavesTheFileAndTheNextCommandWorks_data();
     void lineThatDiesLeavesTheFileAndTheNextCommandWorks();
     void interruptLeavesTheFile();
+    void fullDiskLeavesTheFile_data();
+    void fullDiskLeavesTheFile();
     void missingFileIsNamed();
 };
 
@@ -158,6 +160,42 @@ void TestRecipeFailures::interruptLeavesTheFile()
     const QByteArray error = host.readAllStandardError();
     QVERIFY2(error.contains("interrupted; the file is unchanged"), error.constData());
     QCOMPARE(fixture.stored(), longRecipe());
+}
+
+void TestRecipeFailures::fullDiskLeavesTheFile_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("lastLine");
+
+    QTest::newRow("lines") << QStringList() << QByteArray("10/10 D288:12@1");
+    QTest::newRow("JSON") << QStringList{"--json"}
+                          << QByteArray(R"(: File too large","values":300})");
+}
+
+// A limit of one block, 512 bytes, for every file that kxhost writes.
+void TestRecipeFailures::fullDiskLeavesTheFile()
+{
+    const RecipeFixture fixture;
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, lastLine);
+    fixture.store(longRecipe());
+    const QStringList limited = {"-c",
+                                 "trap '' XFSZ; ulimit -f 1; exec \"$0\" \"$@\"",
+                                 KX_HOST_PROGRAM,
+                                 "recipe",
+                                 "upload",
+                                 fixture.path(),
+                                 "--simulate"};
+    QProcess host;
+    host.start(QStringLiteral("sh"), limited + options);
+    QVERIFY(host.waitForFinished());
+    QCOMPARE(QString::fromUtf8(host.readAllStandardError()),
+             "kxhost: " + fixture.path() + ": File too large; the file is unchanged\n");
+    const QByteArray output = host.readAllStandardOutput().trimmed();
+    QVERIFY2(output.endsWith(lastLine), output.constData());
+    QCOMPARE(host.exitCode(), 1);
+    QCOMPARE(fixture.stored(), longRecipe());
+    QCOMPARE(fixture.files(), QStringList{"filling.csv"});
 }
 
 void TestRecipeFailures::missingFileIsNamed()

@@ -35,7 +35,8 @@ const CommandHelp HELP = {
     "  uint32, int32         32CV, or two registers of D SD CV TV Z, low word first\n"
     "Values are decimal or 0x hexadecimal. An upload needs none and keeps the writing\n"
     "of those that are still right. Requests have at most 123 registers, whatever\n"
-    "--max-words says. Exit code 1 when the transfer is not complete.",
+    "--max-words says. Exit code 1 when the transfer is not complete\nor the file could not be "
+    "replaced.",
     "kxhost recipe download filling.csv --port /dev/ttyUSB0\n"
     "kxhost recipe upload filling.csv --tcp 192.168.0.5\n"
     "kxhost recipe download filling.csv --simulate"};
@@ -131,7 +132,8 @@ QString failureText(const RecipeTransfer& transfer, const RecipeOptions& options
         .arg(transfer.failure(), rest);
 }
 
-void printSummary(const RecipeTransfer& transfer, const RecipeOptions& options)
+void printSummary(const RecipeTransfer& transfer, const RecipeOptions& options,
+                  const QString& failure = QString())
 {
     const bool isUpload = options.direction == RecipeDirection::Upload;
     const int rows = static_cast<int>(options.file.rows().size());
@@ -146,27 +148,37 @@ void printSummary(const RecipeTransfer& transfer, const RecipeOptions& options)
     json[QLatin1String("event")] = QLatin1String(isUpload ? "upload" : "download");
     json[QLatin1String("values")] = rows;
     json[QLatin1String("blocks")] = QJsonArray::fromStringList(transfer.blocksDone());
-    json[QLatin1String("complete")] = transfer.isComplete();
-    if (!transfer.isComplete())
-        json[QLatin1String("failure")] = transfer.failure();
+    json[QLatin1String("complete")] = failure.isEmpty();
+    if (!failure.isEmpty())
+        json[QLatin1String("failure")] = failure;
     if (!isUpload && !transfer.blockMaybeDone().isEmpty())
         json[QLatin1String("maybeSent")] = transfer.blockMaybeDone();
     printJson(json);
 }
 
+int concludeFailed(const RecipeTransfer& transfer, const RecipeOptions& options,
+                   const QString& failure, const QString& message)
+{
+    if (options.connection.json)
+        printSummary(transfer, options, failure);
+    return complain(message, EXIT_DEVICE_FAILED);
+}
+
+bool storeValues(const RecipeTransfer& transfer, const RecipeOptions& options, QString* error)
+{
+    const QByteArray text = options.file.withValues(transfer.values(options.file.rows()));
+    return replaceRecipeFile(options.path, text, error);
+}
+
 int conclude(const RecipeTransfer& transfer, const RecipeOptions& options)
 {
-    if (!transfer.isComplete()) {
-        if (options.connection.json)
-            printSummary(transfer, options);
-        return complain(failureText(transfer, options), EXIT_DEVICE_FAILED);
-    }
+    if (!transfer.isComplete())
+        return concludeFailed(transfer, options, transfer.failure(),
+                              failureText(transfer, options));
     QString error;
-    if (options.direction == RecipeDirection::Upload) {
-        const QByteArray text = options.file.withValues(transfer.values(options.file.rows()));
-        if (!replaceRecipeFile(options.path, text, &error))
-            return complain(error, EXIT_CANNOT_OPEN);
-    }
+    if (options.direction == RecipeDirection::Upload && !storeValues(transfer, options, &error))
+        return concludeFailed(transfer, options, error,
+                              error + QLatin1String("; the file is unchanged"));
     printSummary(transfer, options);
     return EXIT_FINE;
 }
