@@ -1,15 +1,6 @@
 #include "kxhost/watch_list.h"
 
-namespace
-{
-
-bool isSame(const WatchEntry& entry, int station, const QString& type, int address)
-{
-    return entry.station == station && entry.address == address
-           && type == QLatin1String(entry.type->name);
-}
-
-} // namespace
+#include <algorithm>
 
 bool hasFailed(const WatchEntry& entry)
 {
@@ -41,13 +32,15 @@ WatchList::WatchList(const QList<Tag>& tags)
 
 void WatchList::add(const WatchEntry& wanted)
 {
-    for (WatchEntry& entry : m_entries) {
-        if (!isSame(entry, wanted.station, QLatin1String(wanted.type->name), wanted.address))
-            continue;
-        if (entry.name.isEmpty())
-            entry.name = wanted.name;
-        return;
+    for (const int index : indexesOf(wanted.station, wanted.type, wanted.address, 1)) {
+        QString& name = m_entries[index].name;
+        if (name.isEmpty())
+            name = wanted.name;
+        if (wanted.name.isEmpty() || name == wanted.name)
+            return;
     }
+    m_places.insert(
+        {Place(wanted.station, wanted.type, wanted.address), static_cast<int>(m_entries.size())});
     m_entries << wanted;
 }
 
@@ -60,24 +53,23 @@ bool WatchList::allAnswered() const
     return true;
 }
 
-int WatchList::takeChange(int station, const QString& type, int address, const ValueSource& valueOf,
-                          qint64 now)
+QList<int> WatchList::takeChange(int station, const QString& type, int address,
+                                 const ValueSource& valueOf, qint64 now)
 {
-    for (int i = 0; i < m_entries.size(); ++i) {
-        WatchEntry& entry = m_entries[i];
-        if (!isSame(entry, station, type, address))
-            continue;
+    QList<int> changed;
+    for (const int index : indexesOf(station, findRegisterType(type), address, 1)) {
+        WatchEntry& entry = m_entries[index];
         const qint64 value = valueOf(entry);
         // The driver reports some bits although they have not changed.
         if (entry.isKnown && entry.value == value)
-            return -1;
+            continue;
         if (entry.isKnown)
             entry.changedAt = now;
         entry.isKnown = true;
         entry.value = value;
-        return i;
+        changed << index;
     }
-    return -1;
+    return changed;
 }
 
 QList<int> WatchList::takeRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now)
@@ -113,13 +105,19 @@ QList<int> WatchList::takeFailure(const VARIABLE& job, bool refused)
 
 QList<int> WatchList::coveredBy(const VARIABLE& job) const
 {
+    const RegisterType* const type = findRegisterType(job.regType);
+    return type ? indexesOf(job.station, type, job.address, job.count / registersPerAddress(type))
+                : QList<int>();
+}
+
+QList<int> WatchList::indexesOf(int station, const RegisterType* type, int address,
+                                int addresses) const
+{
     QList<int> indexes;
-    for (int i = 0; i < m_entries.size(); ++i) {
-        const WatchEntry& entry = m_entries[i];
-        const int end = job.address + job.count / registersPerAddress(entry.type);
-        if (isSame(entry, job.station, job.regType, entry.address) && entry.address >= job.address
-            && entry.address < end)
-            indexes << i;
-    }
+    const Place end(station, type, address + addresses);
+    for (auto place = m_places.lower_bound(Place(station, type, address));
+         place != m_places.end() && place->first < end; ++place)
+        indexes << place->second;
+    std::sort(indexes.begin(), indexes.end());
     return indexes;
 }

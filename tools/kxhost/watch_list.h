@@ -7,6 +7,8 @@
 #include "kxhost/tags_file.h"
 
 #include <functional>
+#include <map>
+#include <tuple>
 
 enum class WatchState {
     NeverRead,
@@ -38,17 +40,17 @@ public:
     /// Reads one cached value.
     using ValueSource = std::function<qint64(const WatchEntry&)>;
 
-    /// Tags have their stations; an address given twice is listed once, with the
-    /// first name given for it.
+    /// Tags have their stations. An address is listed once for each name that it has,
+    /// or once when it has none.
     explicit WatchList(const QList<Tag>& tags);
 
     const QList<WatchEntry>& entries() const { return m_entries; }
     bool allAnswered() const; ///< all are in state Ok
 
-    /// A change that the driver reported; returns the entry's index when its value
-    /// is new, else -1.
-    int takeChange(int station, const QString& type, int address, const ValueSource& valueOf,
-                   qint64 now);
+    /// A change that the driver reported; returns the indexes of the address's entries
+    /// when its value is new, else none.
+    QList<int> takeChange(int station, const QString& type, int address, const ValueSource& valueOf,
+                          qint64 now);
 
     /// A cyclic read that was accepted: returns the indexes of entries whose value
     /// became known, or that answer again.
@@ -61,8 +63,14 @@ public:
 private:
     void add(const WatchEntry& wanted);
     QList<int> coveredBy(const VARIABLE& job) const;
+    /// In the list's order.
+    QList<int> indexesOf(int station, const RegisterType* type, int address, int addresses) const;
+
+    /// Station, register type, address.
+    using Place = std::tuple<int, const RegisterType*, int>;
 
     QList<WatchEntry> m_entries;
+    std::multimap<Place, int> m_places; ///< index of each entry, one address after the other
 };
 
 #endif

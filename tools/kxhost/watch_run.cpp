@@ -39,10 +39,8 @@ WatchSummary WatchRun::summary() const
 
 void WatchRun::takeChange(int, int station, const QString& name, int address)
 {
-    const int index = m_list.takeChange(
-        station, name, address, [this](const WatchEntry& entry) { return valueOf(entry); }, now());
-    if (index >= 0)
-        show({index});
+    show(m_list.takeChange(
+        station, name, address, [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
 }
 
 void WatchRun::takeExchange(const ExchangeRecord& record)

@@ -18,6 +18,8 @@ private slots:
     void everyCommandTakesAFile();
     void jsonHasTheNames_data();
     void jsonHasTheNames();
+    void twoTagsOnOneAddressAreBothShown_data();
+    void twoTagsOnOneAddressAreBothShown();
     void typedAddressesHaveNoName();
     void tagsWithoutStationGetTheOneOfTheOption();
     void aFaultNamesFileAndLine_data();
@@ -101,6 +103,30 @@ void TestTagsCommands::jsonHasTheNames()
     }
     names.sort();
     QCOMPARE(names, (QStringList{"SD511 End", "Z15 Spare"}));
+}
+
+void TestTagsCommands::twoTagsOnOneAddressAreBothShown_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QStringList>("shown");
+    const QStringList lines = {"1 Z15 (Spare) ", "1 Z15 (Reserve) "};
+    const QStringList objects = {"\"name\":\"Spare\"", "\"name\":\"Reserve\""};
+    const QStringList watch = {"watch", "--simulate", "--cycles", "1"};
+    QTest::newRow("read, lines") << QStringList{"read", "--simulate"} << lines;
+    QTest::newRow("read, JSON") << QStringList{"read", "--simulate", "--json"} << objects;
+    QTest::newRow("watch, lines") << watch << lines;
+    QTest::newRow("watch, JSON") << watch + QStringList{"--json"} << objects;
+}
+
+void TestTagsCommands::twoTagsOnOneAddressAreBothShown()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QStringList, shown);
+    const QString tags =
+        write("twins.csv", "name,station,address,count,comment\nSpare,,Z15,,\nReserve,,Z15,,\n");
+    const QString output = runCommand(arguments + QStringList{tags}).output.join(QLatin1Char('\n'));
+    for (const QString& text : shown)
+        QVERIFY2(output.count(text) == 1, qPrintable(output));
 }
 
 void TestTagsCommands::typedAddressesHaveNoName()
