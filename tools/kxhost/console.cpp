@@ -1,6 +1,7 @@
 #include "kxhost/console.h"
 
 #include "kxhost/interrupt.h"
+#include "text/printable_text.h"
 
 #include <QtCore/QJsonDocument>
 
@@ -38,17 +39,18 @@ QString outputFailure()
 
 void printLine(const QString& line)
 {
-    print(line + QLatin1Char('\n'));
+    print(printableText(line) + QLatin1Char('\n'));
 }
 
 void printJson(const QJsonObject& object)
 {
-    printLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+    const QByteArray json = QJsonDocument(object).toJson(QJsonDocument::Compact);
+    print(printableJson(QString::fromUtf8(json)) + QLatin1Char('\n'));
 }
 
 int complain(const QString& message, int exitCode)
 {
-    std::fprintf(stderr, "kxhost: %s\n", message.toUtf8().constData());
+    std::fprintf(stderr, "kxhost: %s\n", printableText(message).toUtf8().constData());
     return exitCode;
 }
 

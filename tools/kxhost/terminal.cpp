@@ -1,6 +1,7 @@
 #include "kxhost/terminal.h"
 
 #include "kxhost/console.h"
+#include "text/printable_text.h"
 
 #include <QtCore/QtGlobal>
 
@@ -63,7 +64,10 @@ int Terminal::height() const
 
 void Terminal::draw(const QStringList& lines)
 {
+    QStringList printable;
+    for (const QString& line : lines)
+        printable << printableText(line);
     // To the end of each line, and below the last one, what was there is erased.
-    print(QLatin1String("\x1b[H") + lines.join(QLatin1String("\x1b[K\r\n"))
+    print(QLatin1String("\x1b[H") + printable.join(QLatin1String("\x1b[K\r\n"))
           + QLatin1String("\x1b[K\x1b[J"));
 }

@@ -23,7 +23,7 @@ public:
     int width() const;
     int height() const;
 
-    /// Draws lines over what was shown before.
+    /// Draws lines over what was shown before; see printLine() for controls in them.
     void draw(const QStringList& lines);
 
 private:

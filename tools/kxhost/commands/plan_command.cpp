@@ -38,13 +38,15 @@ void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const PlanO
                   .arg(QString::number(plan.maxWords), lineText(options.timing)));
     printLine(QString());
     printAll(requestLines(plan, options.watched, options.timing));
-    printLine(QLatin1String("\nAsked for (#), bridged (.), both (+):"));
+    printLine(QString());
+    printLine(QLatin1String("Asked for (#), bridged (.), both (+):"));
     printAll(pictureLines(plan, options.watched));
     printLine(QString());
     for (const QString& warning : warningLines(plan, options.watched))
         printLine(QLatin1String("Warning: ") + warning);
     printLine(cycleText(resultOf(plan, options.watched, options.timing).cost));
-    printLine(QString::fromLatin1("\nLimits 1 to %1 (one limit for registers and bits; Modbus "
+    printLine(QString());
+    printLine(QString::fromLatin1("Limits 1 to %1 (one limit for registers and bits; Modbus "
                                   "allows %2 registers and %3 coils):")
                   .arg(MOST_REGISTERS)
                   .arg(MOST_REGISTERS)

@@ -8,13 +8,13 @@ void showFrames(const DriverSession* session, const ConnectionOptions& options)
     if (!options.frames)
         return;
     const bool asJson = options.json;
-    QObject::connect(
-        session, &DriverSession::exchanged, session, [asJson](const ExchangeRecord& record) {
-            if (asJson)
-                printJson(exchangeJson(record));
-            else
-                print(exchangeLines(record).join(QLatin1Char('\n')) + QLatin1Char('\n'));
-        });
+    QObject::connect(session, &DriverSession::exchanged, session,
+                     [asJson](const ExchangeRecord& record) {
+                         if (asJson)
+                             return printJson(exchangeJson(record));
+                         for (const QString& line : exchangeLines(record))
+                             printLine(line);
+                     });
 }
 
 QString reasonOf(const ExchangeRecord& record)
