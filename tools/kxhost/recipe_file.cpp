@@ -1,24 +1,16 @@
 #include "kxhost/recipe_file.h"
 
-#include "kxhost/recipe_csv.h"
-
 namespace
 {
 
-enum Column { NAME, STATION, REGISTER, ADDRESS, TYPE, VALUE, COLUMN_COUNT };
+enum Column { NAME, STATION, REGISTER, ADDRESS, TYPE, VALUE };
 
-const char HEADER[] = "name,station,register,address,type,value";
-const char UTF8_BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
-
-QString at(int line, const QString& message)
+const QList<CsvColumn>& columns()
 {
-    return QStringLiteral("line %1: %2").arg(line).arg(message);
-}
-
-bool isSkipped(const QByteArray& line)
-{
-    const QByteArray content = line.trimmed();
-    return content.isEmpty() || content.startsWith('#');
+    static const QList<CsvColumn> columns = {{"name", false},    {"station", false},
+                                             {"register", true}, {"address", true},
+                                             {"type", true},     {"value", true}};
+    return columns;
 }
 
 bool isNumber(const QString& text)
@@ -97,74 +89,39 @@ QString RecipeRow::place() const
 bool RecipeFile::parse(const QByteArray& text, int defaultStation, RecipeFile* file, QString* error)
 {
     *file = RecipeFile();
-    file->m_lines = text.split('\n');
-    bool hasHeader = false;
-    for (int i = 0; i < file->m_lines.size(); ++i) {
-        const QByteArray& line = file->m_lines.at(i);
-        if (isSkipped(line))
-            continue;
-        const bool good =
-            hasHeader ? file->takeRow(i, defaultStation, error) : file->takeHeader(line, error);
-        if (!good) {
-            *error = at(i + 1, *error);
-            return false;
-        }
-        hasHeader = true;
+    CsvFault fault;
+    bool isGood = CsvTable::parse(text, columns(), &file->m_table, &fault);
+    for (const CsvRow& row : file->m_table.rows()) {
+        if (!isGood)
+            break;
+        fault.line = row.line;
+        isGood = file->takeRow(row, defaultStation, &fault.text);
     }
-    if (file->m_rows.isEmpty()) {
-        *error = hasHeader ? QStringLiteral("no rows behind the header")
-                           : QStringLiteral("no header line; it is %1").arg(QLatin1String(HEADER));
-        return false;
-    }
-    return true;
+    if (!isGood)
+        *error =
+            fault.line > 0 ? QStringLiteral("line %1: ").arg(fault.line) + fault.text : fault.text;
+    return isGood;
 }
 
-bool RecipeFile::takeHeader(const QByteArray& line, QString* error)
+bool RecipeFile::takeRow(const CsvRow& csv, int defaultStation, QString* error)
 {
-    const bool isMarked = line.startsWith(UTF8_BYTE_ORDER_MARK);
-    QList<CsvField> fields;
-    if (!splitCsvLine(isMarked ? line.mid(3) : line, &fields, error))
-        return false;
-    QStringList names;
-    for (const CsvField& field : fields)
-        names << field.text;
-    if (names.join(QLatin1Char(',')) == QLatin1String(HEADER))
-        return true;
-    *error = QStringLiteral("the first row must be the header %1").arg(QLatin1String(HEADER));
-    return false;
-}
-
-bool RecipeFile::takeRow(int index, int defaultStation, QString* error)
-{
-    QList<CsvField> fields;
-    if (!splitCsvLine(m_lines.at(index), &fields, error))
-        return false;
-    if (fields.size() != COLUMN_COUNT) {
-        *error = QStringLiteral("%1 columns instead of the %2 of the header")
-                     .arg(fields.size())
-                     .arg(static_cast<int>(COLUMN_COUNT));
-        return false;
-    }
     RecipeRow row;
-    row.line = index + 1;
-    row.name = fields.at(NAME).text;
-    if (!takePlace(fields, defaultStation, &row, error) || !takeType(fields, &row, error)
-        || !takeValue(fields, &row, error))
+    row.line = csv.line;
+    row.name = csv.fields.at(NAME).text;
+    if (!takePlace(csv.fields, defaultStation, &row, error) || !takeType(csv.fields, &row, error)
+        || !takeValue(csv.fields, &row, error))
         return false;
     m_rows.append(row);
-    m_places.append({fields.at(VALUE).begin, fields.at(VALUE).length});
     return true;
 }
 
 QByteArray RecipeFile::withValues(const QList<quint32>& values) const
 {
-    QList<QByteArray> lines = m_lines;
+    QMap<int, QByteArray> texts;
     for (int i = 0; i < m_rows.size(); ++i) {
         const RecipeRow& row = m_rows.at(i);
-        if (row.hasValue && row.value == values.at(i))
-            continue;
-        const QByteArray text = recipeValueText(row.type, values.at(i)).toLatin1();
-        lines[row.line - 1].replace(m_places.at(i).begin, m_places.at(i).length, text);
+        if (!row.hasValue || row.value != values.at(i))
+            texts[i] = recipeValueText(row.type, values.at(i)).toLatin1();
     }
-    return lines.join('\n');
+    return m_table.withTexts(VALUE, texts);
 }

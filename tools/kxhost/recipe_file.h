@@ -6,14 +6,14 @@
 ///     "Belt, left",1,Y,17,bit,1
 ///     Total,1,32CV,200,uint32,100000
 ///
-/// UTF-8. The header line is required, with these names in this order. Blank
-/// lines and lines that begin with # are skipped. An empty station is the
-/// connection's. Addresses are in the register's own radix (X and Y octal). An
+/// A table as csv_table.h has it: name and station may be left out. An empty station
+/// is the connection's. Addresses are in the register's own radix (X and Y octal). An
 /// empty value may be uploaded but not downloaded. See recipe_value.h for types.
 #ifndef KX_KXHOST_RECIPE_FILE_H
 #define KX_KXHOST_RECIPE_FILE_H
 
 #include "addresses/address_text.h"
+#include "kxhost/csv_table.h"
 #include "kxhost/recipe_value.h"
 
 #include <QtCore/QByteArray>
@@ -46,17 +46,10 @@ public:
     QByteArray withValues(const QList<quint32>& values) const;
 
 private:
-    bool takeHeader(const QByteArray& line, QString* error);
-    bool takeRow(int index, int defaultStation, QString* error);
+    bool takeRow(const CsvRow& csv, int defaultStation, QString* error);
 
-    struct ValuePlace {
-        int begin;
-        int length;
-    };
-
-    QList<QByteArray> m_lines; ///< without "\n"
+    CsvTable m_table;
     QList<RecipeRow> m_rows;
-    QList<ValuePlace> m_places; ///< of each row's value in its line
 };
 
 #endif

@@ -1,6 +1,6 @@
 #include "kxhost/tags_file.h"
 
-#include "kxhost/recipe_csv.h"
+#include "kxhost/csv_table.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QHash>
@@ -9,12 +9,17 @@
 namespace
 {
 
-const char* const HEADER = "name,station,address,count,comment";
+enum Column { NAME, STATION, ADDRESS, COUNT, COMMENT };
 
-enum Column { NAME, STATION, ADDRESS, COUNT, COMMENT, COLUMN_COUNT };
-
-// Count and comment may be left off.
-const int FEWEST_COLUMNS = COUNT;
+const QList<CsvColumn>& columns()
+{
+    static const QList<CsvColumn> columns = {{"name", true},
+                                             {"station", false},
+                                             {"address", true},
+                                             {"count", false},
+                                             {"comment", false}};
+    return columns;
+}
 
 QString text(const char* latin1)
 {
@@ -27,89 +32,47 @@ bool fail(QString* error, const QString& message)
     return false;
 }
 
-bool splitFields(const QByteArray& line, QStringList* fields, QString* error)
+bool takeRange(const QList<CsvField>& fields, AddressRange* range, QString* error)
 {
-    QList<CsvField> parts;
-    if (!splitCsvLine(line, &parts, error))
-        return false;
-    for (const CsvField& part : parts)
-        *fields << part.text;
-    return true;
-}
-
-bool takeHeader(const QStringList& fields, QString* error)
-{
-    if (fields == text(HEADER).split(QLatin1Char(',')))
-        return true;
-    return fail(error, text("the first line must be the header %1").arg(text(HEADER)));
-}
-
-bool takeRange(const QStringList& fields, AddressRange* range, QString* error)
-{
-    QString address = fields[ADDRESS];
+    QString address = fields.at(ADDRESS).text;
     if (address.contains(QLatin1Char(':')) || address.contains(QLatin1Char('@')))
         return fail(error, text("%1: count and station have columns of their own").arg(address));
-    if (!fields[COUNT].isEmpty())
-        address += QLatin1Char(':') + fields[COUNT];
-    if (!fields[STATION].isEmpty())
-        address += QLatin1Char('@') + fields[STATION];
+    const QString count = fields.at(COUNT).text;
+    if (!count.isEmpty())
+        address += QLatin1Char(':') + count;
+    const QString station = fields.at(STATION).text;
+    if (!station.isEmpty())
+        address += QLatin1Char('@') + station;
     return parseAddressRange(address, range, error);
 }
 
-bool takeTag(QStringList fields, Tag* tag, QString* error)
+bool takeTag(const QList<CsvField>& fields, Tag* tag, QString* error)
 {
-    if (fields.size() < FEWEST_COLUMNS || fields.size() > COLUMN_COUNT)
-        return fail(error, text("%1 fields instead of %2 to %3 (%4)")
-                               .arg(QString::number(fields.size()), QString::number(FEWEST_COLUMNS),
-                                    QString::number(COLUMN_COUNT), text(HEADER)));
-    while (fields.size() < COLUMN_COUNT)
-        fields << QString();
-    tag->name = fields[NAME];
-    tag->comment = fields[COMMENT];
+    tag->name = fields.at(NAME).text;
+    tag->comment = fields.at(COMMENT).text;
     if (tag->name.isEmpty())
         return fail(error, text("the tag has no name"));
-    if (fields[ADDRESS].isEmpty())
+    if (fields.at(ADDRESS).text.isEmpty())
         return fail(error, text("the tag has no address"));
     return takeRange(fields, &tag->range, error);
 }
 
-bool isSkipped(const QByteArray& line)
+bool takeTags(const QList<CsvRow>& rows, QList<Tag>* tags, CsvFault* fault)
 {
-    const QByteArray words = line.trimmed();
-    return words.isEmpty() || words.startsWith('#');
-}
-
-/// Takes one line after the other; the first is the header.
-class TagReader
-{
-public:
-    bool take(const QByteArray& line, int lineNumber, QString* error)
-    {
-        QStringList fields;
-        if (!splitFields(line, &fields, error))
-            return false;
-        if (!m_headerSeen) {
-            m_headerSeen = true;
-            return takeHeader(fields, error);
-        }
+    QHash<QString, int> lineOf;
+    for (const CsvRow& row : rows) {
+        fault->line = row.line;
         Tag tag;
-        if (!takeTag(fields, &tag, error))
+        if (!takeTag(row.fields, &tag, &fault->text))
             return false;
-        if (m_lineOf.contains(tag.name))
-            return fail(error, text("the name '%1' is taken by line %2")
-                                   .arg(tag.name, QString::number(m_lineOf.value(tag.name))));
-        m_lineOf.insert(tag.name, lineNumber);
-        m_tags << tag;
-        return true;
+        if (lineOf.contains(tag.name))
+            return fail(&fault->text, text("the name '%1' is taken by line %2")
+                                          .arg(tag.name, QString::number(lineOf.value(tag.name))));
+        lineOf.insert(tag.name, row.line);
+        *tags << tag;
     }
-
-    const QList<Tag>& tags() const { return m_tags; }
-
-private:
-    bool m_headerSeen = false;
-    QHash<QString, int> m_lineOf;
-    QList<Tag> m_tags;
-};
+    return true;
+}
 
 } // namespace
 
@@ -126,22 +89,15 @@ bool loadTags(const QString& path, QList<Tag>* tags, QString* error)
 
 bool parseTags(const QByteArray& content, const QString& path, QList<Tag>* tags, QString* error)
 {
-    const char* const byteOrderMark = "\xEF\xBB\xBF";
-    const QList<QByteArray> lines =
-        (content.startsWith(byteOrderMark) ? content.mid(3) : content).split('\n');
-    TagReader reader;
-    int lineNumber = 0;
-    for (const QByteArray& line : lines) {
-        ++lineNumber;
-        if (isSkipped(line))
-            continue;
-        QString fault;
-        if (!reader.take(line, lineNumber, &fault))
-            return fail(error, text("%1:%2: %3").arg(path, QString::number(lineNumber), fault));
+    CsvTable table;
+    CsvFault fault;
+    QList<Tag> taken;
+    if (CsvTable::parse(content, columns(), &table, &fault)
+        && takeTags(table.rows(), &taken, &fault)) {
+        *tags = taken;
+        return true;
     }
-    if (reader.tags().isEmpty())
-        return fail(error, text("%1: no tags; a tags file has the header %2 and a line for each")
-                               .arg(path, text(HEADER)));
-    *tags = reader.tags();
-    return true;
+    const QString place =
+        fault.line > 0 ? path + QLatin1Char(':') + QString::number(fault.line) : path;
+    return fail(error, text("%1: %2").arg(place, fault.text));
 }

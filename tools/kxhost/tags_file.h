@@ -1,15 +1,13 @@
 /// The tags file: which values a person wants to see, and what they call them.
 ///
-/// CSV in UTF-8. The first line that is neither blank nor a # comment is the
-/// header, exactly `name,station,address,count,comment`; each further one is a
-/// tag:
+/// A table as csv_table.h has it, with a row for each tag:
 ///
 ///     name,station,address,count,comment
 ///     Pump running,,Y10,,contact K3
 ///     Recipe,2,D100,4,"four words, read only"
 ///
 /// An empty station leaves the choice to the command line, an empty count is 1.
-/// Count and comment may be left off the end. X and Y are octal.
+/// Station, count and comment may be left out. X and Y are octal.
 #ifndef KX_KXHOST_TAGS_FILE_H
 #define KX_KXHOST_TAGS_FILE_H
 

@@ -25,6 +25,8 @@ private slots:
     void emptyStationIsTheConnections();
     void emptyValueIsNoted();
     void byteOrderMarkAndCarriageReturnsAreAccepted();
+    void spreadsheetsKeepTheirForm_data();
+    void spreadsheetsKeepTheirForm();
     void onlyChangedValuesAreRewritten();
     void sameValuesGiveTheSameFile();
     void badFilesAreRefused_data();
@@ -92,6 +94,70 @@ void TestRecipeFile::byteOrderMarkAndCarriageReturnsAreAccepted()
         QByteArray("\xEF\xBB\xBFname,station,register,address,type,value\r\na,1,D,1,uint16,3\r\n"));
 }
 
+void TestRecipeFile::spreadsheetsKeepTheirForm_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("rewritten"); ///< with 3 and -1 for 2 and 0
+
+    QTest::newRow("semicolons") << QByteArray("name;station;register;address;type;value\r\n"
+                                              "a;5;D;1;uint16;2\r\nb;5;D;2;int16;\r\n")
+                                << QByteArray("name;station;register;address;type;value\r\n"
+                                              "a;5;D;1;uint16;3\r\nb;5;D;2;int16;-1\r\n");
+    QTest::newRow("tabs") << QByteArray("name\tstation\tregister\taddress\ttype\tvalue\n"
+                                        "a\t5\tD\t1\tuint16\t2\nb\t\tD\t2\tint16\t\n")
+                          << QByteArray("name\tstation\tregister\taddress\ttype\tvalue\n"
+                                        "a\t5\tD\t1\tuint16\t3\nb\t\tD\t2\tint16\t-1\n");
+    QTest::newRow("another order") << QByteArray("value,type,address,register,station,name\n"
+                                                 "2,uint16,1,D,,a\n \"\" ,int16,2,D,5,b\n")
+                                   << QByteArray("value,type,address,register,station,name\n"
+                                                 "3,uint16,1,D,,a\n -1 ,int16,2,D,5,b\n");
+    QTest::newRow("neither name nor station") << QByteArray("register,address,value,type\n"
+                                                            "D,1,2,uint16\nD,2,,int16\n")
+                                              << QByteArray("register,address,value,type\n"
+                                                            "D,1,3,uint16\nD,2,-1,int16\n");
+    QTest::newRow("UTF-16, little-endian")
+        << QByteArray("\xFF\xFE" // byte-order mark
+                      "r\0e\0g\0i\0s\0t\0e\0r\0;\0a\0d\0d\0r\0e\0s\0s\0;\0"
+                      "t\0y\0p\0e\0;\0v\0a\0l\0u\0e\0\n\0"
+                      "D\0;\0"
+                      "1\0;\0u\0i\0n\0t\0"
+                      "1\0"
+                      "6\0;\0"
+                      "2\0\n\0"
+                      "D\0;\0"
+                      "2\0;\0i\0n\0t\0"
+                      "1\0"
+                      "6\0;\0",
+                      104)
+        << QByteArray("\xFF\xFE"
+                      "r\0e\0g\0i\0s\0t\0e\0r\0;\0a\0d\0d\0r\0e\0s\0s\0;\0"
+                      "t\0y\0p\0e\0;\0v\0a\0l\0u\0e\0\n\0"
+                      "D\0;\0"
+                      "1\0;\0u\0i\0n\0t\0"
+                      "1\0"
+                      "6\0;\0"
+                      "3\0\n\0"
+                      "D\0;\0"
+                      "2\0;\0i\0n\0t\0"
+                      "1\0"
+                      "6\0;\0-\0"
+                      "1\0",
+                      108);
+}
+
+void TestRecipeFile::spreadsheetsKeepTheirForm()
+{
+    QFETCH(QByteArray, text);
+    RecipeFile file;
+    QString error;
+    QVERIFY2(RecipeFile::parse(text, 5, &file, &error), qPrintable(error));
+    QCOMPARE(file.rows().size(), 2);
+    QCOMPARE(file.rows().at(0).range.station, 5);
+    QCOMPARE(file.rows().at(0).value, quint32(2));
+    QCOMPARE(file.rows().at(1).range.address, 2);
+    QTEST(file.withValues({3, 0xFFFF}), "rewritten");
+}
+
 void TestRecipeFile::onlyChangedValuesAreRewritten()
 {
     RecipeFile file;
@@ -129,11 +195,22 @@ void TestRecipeFile::badFilesAreRefused_data()
     QTest::newRow("header only") << QByteArray(HEADER) << "no rows behind the header";
     QTest::newRow("no header")
         << QByteArray("a,1,D,100,uint16,1\n")
-        << "line 1: the first row must be the header name,station,register,address,type,value";
+        << "line 1: the first line must be the header name,station,register,address,type,value, "
+           "separated by commas, semicolons or tabs";
+    QTest::newRow("Latin-1") << recipe("a,1,D,1,uint16,1\nZ\xE4hler,1,D,2,uint16,1")
+                             << "line 3: column 2: byte 0xe4 is not UTF-8; save the file as UTF-8";
+    QTest::newRow("a misspelt column")
+        << QByteArray("name,statoin,register,address,type,value\n")
+        << "line 1: unknown column 'statoin', separated by commas; the columns are "
+           "name,station,register,address,type,value";
+    QTest::newRow("no column of values")
+        << QByteArray("name;station;register;address;type\n")
+        << "line 1: the header has no column 'value'; the columns are "
+           "name,station,register,address,type,value";
     QTest::newRow("columns missing")
-        << recipe("a,1,D,100,uint16\n") << "line 2: 5 columns instead of the 6 of the header";
+        << recipe("a,1,D,100,uint16\n") << "line 2: 5 fields separated by commas instead of 6";
     QTest::newRow("one column more")
-        << recipe("a,1,D,100,uint16,1,\n") << "line 2: 7 columns instead of the 6 of the header";
+        << recipe("a,1,D,100,uint16,1,\n") << "line 2: 7 fields separated by commas instead of 6";
     QTest::newRow("open quote") << recipe("\"a,1,D,100,uint16,1\nb,1,D,101,uint16,1")
                                 << "line 2: a quote is not closed";
     QTest::newRow("unknown register") << recipe("a,1,d,100,uint16,1")

@@ -13,6 +13,8 @@ private slots:
     void aFileIsRead();
     void whatMayBeLeftOff_data();
     void whatMayBeLeftOff();
+    void spreadsheetsAreRead_data();
+    void spreadsheetsAreRead();
     void aWrongFileIsRefusedWithFileAndLine_data();
     void aWrongFileIsRefusedWithFileAndLine();
     void aWrongFileLeavesTheTagsAlone();
@@ -31,6 +33,18 @@ QString describe(const Tag& tag)
     return QString::fromLatin1("%1: %2:%3@%4 (%5)")
         .arg(tag.name, addressText(tag.range.type, tag.range.address),
              QString::number(tag.range.values), QString::number(tag.range.station), tag.comment);
+}
+
+/// UTF-16 without a byte-order mark; `lowByte` 0: little-endian, 1: big-endian.
+QByteArray utf16(const QByteArray& utf8, int lowByte)
+{
+    QByteArray bytes;
+    for (const QChar unit : QString::fromUtf8(utf8)) {
+        QByteArray pair(2, static_cast<char>(unit.row()));
+        pair[lowByte] = static_cast<char>(unit.cell());
+        bytes += pair;
+    }
+    return bytes;
 }
 
 QStringList parsed(const QByteArray& text)
@@ -82,6 +96,29 @@ void TestTagsFile::whatMayBeLeftOff()
              (QStringList{"a: D7:1@-1 ()"}));
 }
 
+void TestTagsFile::spreadsheetsAreRead_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("semicolons") << QByteArray("name;station;address;count;comment\r\n"
+                                              "Z\xC3\xA4hler;2;D7;4;a,b\r\n");
+    QTest::newRow("tabs") << QByteArray("name\tstation\taddress\tcount\tcomment\r\n"
+                                        "Z\xC3\xA4hler\t2\tD7\t4\ta,b\r\n");
+    QTest::newRow("another order") << QByteArray("comment,count,address,station,name\n"
+                                                 "\"a,b\",4,D7,2,Z\xC3\xA4hler\n");
+    QTest::newRow("rows without text at the end")
+        << QByteArray("name;station;address;count;comment\n"
+                      "Z\xC3\xA4hler;2;D7;4;a,b\n;;;;\n ; \n");
+}
+
+void TestTagsFile::spreadsheetsAreRead()
+{
+    QFETCH(QByteArray, text);
+    const QStringList expected = {QString::fromUtf8("Z\xC3\xA4hler: D7:4@2 (a,b)")};
+    QCOMPARE(parsed(text), expected);
+    QCOMPARE(parsed(QByteArray("\xFF\xFE") + utf16(text, 0)), expected);
+    QCOMPARE(parsed(QByteArray("\xFE\xFF") + utf16(text, 1)), expected);
+}
+
 void TestTagsFile::aWrongFileIsRefusedWithFileAndLine_data()
 {
     QTest::addColumn<QByteArray>("text");
@@ -90,21 +127,25 @@ void TestTagsFile::aWrongFileIsRefusedWithFileAndLine_data()
         QTest::newRow(name) << text << QString::fromLatin1(error);
     };
     const QByteArray header = HEADER;
-    const char* const noTags = "tags.csv: no tags; a tags file has the header "
-                               "name,station,address,count,comment and a line for each";
-    const char* const noHeader =
-        "tags.csv:1: the first line must be the header name,station,address,count,comment";
-    row("empty", "", noTags);
-    row("a header only", header, noTags);
-    row("no header", "a,,D7,1,\n", noHeader);
-    row("another order", "station,name,address,count,comment\n", noHeader);
-    row("semicolons", "name;station;address;count;comment\n", noHeader);
+    row("empty", "", "tags.csv: no header line; it is name,station,address,count,comment");
+    row("a header only", header, "tags.csv: no rows behind the header");
+    row("no header", "a,,D7,1,\n",
+        "tags.csv:1: the first line must be the header name,station,address,count,comment, "
+        "separated by commas, semicolons or tabs");
     row("a header after comments", "# a\n\nb\n",
-        "tags.csv:3: the first line must be the header name,station,address,count,comment");
+        "tags.csv:3: the first line must be the header name,station,address,count,comment, "
+        "separated by commas, semicolons or tabs");
+    row("another separator", "name|station|address|count|comment\n",
+        "tags.csv:1: the first line must be the header name,station,address,count,comment, "
+        "separated by commas, semicolons or tabs");
     row("too few fields", header + "a,1\n",
-        "tags.csv:2: 2 fields instead of 3 to 5 (name,station,address,count,comment)");
+        "tags.csv:2: 2 fields separated by commas instead of 3 to 5");
     row("too many fields", header + "a,1,D7,1,b,c\n",
-        "tags.csv:2: 6 fields instead of 3 to 5 (name,station,address,count,comment)");
+        "tags.csv:2: 6 fields separated by commas instead of 3 to 5");
+    row("Latin-1", header + "Z\xE4hler,1,D7,1,\n",
+        "tags.csv:2: column 2: byte 0xe4 is not UTF-8; save the file as UTF-8");
+    row("UTF-16 without a mark", utf16(header, 0),
+        "tags.csv:1: column 2: a byte that is 0; save the file as UTF-8");
     row("no name", header + ",1,D7,1,\n", "tags.csv:2: the tag has no name");
     row("a name twice", header + "# x\na,1,D7,1,\na,1,D8,1,\n",
         "tags.csv:4: the name 'a' is taken by line 3");

@@ -28,6 +28,8 @@ const CommandHelp HELP = {
     "  name,station,register,address,type,value\n"
     "  Speed,1,D,100,uint16,1234\n"
     "  \"Belt, left\",1,Y,17,bit,1\n"
+    "The columns may stand in any order, separated by commas, semicolons or tabs; name\n"
+    "and station may be left out. Text is UTF-8, or UTF-16 with a byte-order mark.\n"
     "Fields may stand in double quotes; blank lines and lines that begin with # are\n"
     "kept. An empty station is that of --station. X and Y addresses are octal. Types:\n"
     "  bit                   X Y M SM S T C (X cannot be downloaded)\n"
@@ -35,8 +37,8 @@ const CommandHelp HELP = {
     "  uint32, int32         32CV, or two registers of D SD CV TV Z, low word first\n"
     "Values are decimal or 0x hexadecimal. An upload needs none and keeps the writing\n"
     "of those that are still right. Requests have at most 123 registers, whatever\n"
-    "--max-words says. Exit code 1 when the transfer is not complete\nor the file could not be "
-    "replaced.",
+    "--max-words says. Exit code 1 when the transfer is not complete or the file cannot\n"
+    "be replaced.",
     "kxhost recipe download filling.csv --port /dev/ttyUSB0\n"
     "kxhost recipe upload filling.csv --tcp 192.168.0.5\n"
     "kxhost recipe download filling.csv --simulate"};

@@ -1,34 +1,35 @@
-#include "kxhost/recipe_csv.h"
+#include "kxhost/csv_line.h"
 
 namespace
 {
 
 const char QUOTE = '"';
-const char COMMA = ',';
-
-bool isBlank(char character)
-{
-    return character == ' ' || character == '\t' || character == '\r';
-}
 
 /// Walks along one line.
 class CsvReader
 {
 public:
-    explicit CsvReader(const QByteArray& line) : m_line(line) {}
+    CsvReader(const QByteArray& line, char separator) : m_line(line), m_separator(separator) {}
 
     bool atEnd() const { return m_position >= static_cast<int>(m_line.size()); }
-    bool skipComma();
+    bool skipSeparator();
     bool takeField(CsvField* field, QString* error);
 
 private:
+    bool isBlank(char character) const;
     void skipBlanks();
     void takePlain(CsvField* field);
     bool takeQuoted(CsvField* field, QString* error);
 
     const QByteArray& m_line;
+    char m_separator;
     int m_position = 0;
 };
+
+bool CsvReader::isBlank(char character) const
+{
+    return character != m_separator && (character == ' ' || character == '\t');
+}
 
 void CsvReader::skipBlanks()
 {
@@ -36,9 +37,9 @@ void CsvReader::skipBlanks()
         ++m_position;
 }
 
-bool CsvReader::skipComma()
+bool CsvReader::skipSeparator()
 {
-    if (atEnd() || m_line.at(m_position) != COMMA)
+    if (atEnd() || m_line.at(m_position) != m_separator)
         return false;
     ++m_position;
     return true;
@@ -57,7 +58,7 @@ bool CsvReader::takeField(CsvField* field, QString* error)
 void CsvReader::takePlain(CsvField* field)
 {
     int end = m_position;
-    for (; !atEnd() && m_line.at(m_position) != COMMA; ++m_position) {
+    for (; !atEnd() && m_line.at(m_position) != m_separator; ++m_position) {
         if (!isBlank(m_line.at(m_position)))
             end = m_position + 1;
     }
@@ -85,7 +86,7 @@ bool CsvReader::takeQuoted(CsvField* field, QString* error)
     field->length = ++m_position - field->begin;
     field->text = QString::fromUtf8(content);
     skipBlanks();
-    if (!atEnd() && m_line.at(m_position) != COMMA) {
+    if (!atEnd() && m_line.at(m_position) != m_separator) {
         *error = QStringLiteral("text follows a closing quote");
         return false;
     }
@@ -94,15 +95,19 @@ bool CsvReader::takeQuoted(CsvField* field, QString* error)
 
 } // namespace
 
-bool splitCsvLine(const QByteArray& line, QList<CsvField>* fields, QString* error)
+bool splitCsvLine(const QByteArray& line, char separator, QList<CsvField>* fields, QString* error)
 {
     fields->clear();
-    CsvReader reader(line);
+    // Not a blank: a text that is put in place of an empty field goes in front of it.
+    QByteArray content = line;
+    while (content.endsWith('\r'))
+        content.chop(1);
+    CsvReader reader(content, separator);
     do {
         CsvField field;
         if (!reader.takeField(&field, error))
             return false;
         fields->append(field);
-    } while (reader.skipComma());
+    } while (reader.skipSeparator());
     return true;
 }
