@@ -11,7 +11,15 @@ namespace
 {
 
 const int LINK = 1;
-const char HEADER[] = "name,station,register,address,type,value\n";
+// Few bytes become a header by chance.
+const char* const HEADERS[] = {"",
+                               "value;type;address;register;station;name\n",
+                               "register\taddress\ttype\tvalue\n",
+                               "name,station,register,address,type,value\n",
+                               "name,station,register,address,type,value\n",
+                               "name,station,register,address,type,value\n",
+                               "name,station,register,address,type,value\n",
+                               "name,station,register,address,type,value\n"};
 
 /// Station, type and address of a value that travels, and the value.
 typedef std::map<std::tuple<int, QString, int>, quint32> Values;
@@ -108,8 +116,7 @@ void readRecipe(InputReader* input)
 {
     const int maxWords = 1 + input->byte() % 123;
     const quint32 change = static_cast<quint32>(input->word());
-    // Few bytes become a header by chance.
-    const QByteArray header = input->below(8) != 0 ? HEADER : "";
+    const QByteArray header = HEADERS[input->below(8)];
     const QByteArray text = header + input->rest();
     RecipeFile file;
     const auto parse = [&](const QByteArray& content, QString* error) {

@@ -7,9 +7,17 @@
 namespace
 {
 
-const char HEADER[] = "name,station,address,count,comment\n";
+// Few bytes become a header by chance.
+const char* const HEADERS[] = {"",
+                               "comment;address;name;count;station\n",
+                               "address\tname\n",
+                               "name,station,address,count,comment\n",
+                               "name,station,address,count,comment\n",
+                               "name,station,address,count,comment\n",
+                               "name,station,address,count,comment\n",
+                               "name,station,address,count,comment\n"};
 
-}
+} // namespace
 
 void readTags(InputReader* input)
 {
@@ -17,8 +25,7 @@ void readTags(InputReader* input)
     const auto parse = [&](const QByteArray& text, QString* error) {
         return parseTags(text, QStringLiteral("tags.csv"), &tags, error);
     };
-    // Few bytes become a header by chance.
-    const QByteArray header = input->below(8) != 0 ? HEADER : "";
+    const QByteArray header = HEADERS[input->below(8)];
     if (!takes(parse, header + input->rest())) {
         require(tags.isEmpty(), "a refused file leaves the tags alone");
         return;

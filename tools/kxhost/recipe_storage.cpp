@@ -11,17 +11,19 @@
 namespace
 {
 
-const mode_t ALL_MODE_BITS = 07777;
-
 bool fail(const QFileDevice& file, QString* error)
 {
     *error = QStringLiteral("%1: %2").arg(file.fileName(), file.errorString());
     return false;
 }
 
-bool failToSync(const QString& path, QString* error)
+// Some disks are only found full here; others cannot be asked, which does no harm.
+bool syncToDisk(const QSaveFile& file, QString* error)
 {
-    *error = QStringLiteral("%1: %2").arg(path, QString::fromLocal8Bit(std::strerror(errno)));
+    if (::fsync(file.handle()) == 0 || (errno != ENOSPC && errno != EDQUOT && errno != EIO))
+        return true;
+    *error =
+        QStringLiteral("%1: %2").arg(file.fileName(), QString::fromLocal8Bit(std::strerror(errno)));
     return false;
 }
 
@@ -39,16 +41,15 @@ bool writeAll(const QByteArray& text, QSaveFile* file)
 }
 
 // As far as the process may: the owner is root's to give, the group a member's. The mode
-// comes last, since a change of owner takes the set-identity bits away.
-void keepOwnerAndMode(const QString& path, int handle)
+// is QSaveFile's matter.
+void keepOwner(const QString& path, int handle)
 {
     struct stat before = {};
     if (::stat(QFile::encodeName(path).constData(), &before) != 0)
         return;
     if (::fchown(handle, before.st_uid, before.st_gid) != 0
         && ::fchown(handle, static_cast<uid_t>(-1), before.st_gid) != 0)
-        before.st_mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
-    ::fchmod(handle, before.st_mode & ALL_MODE_BITS);
+        return; // neither, which is no reason to lose the values
 }
 
 } // namespace
@@ -85,9 +86,6 @@ bool replaceRecipeFile(const QString& path, const QByteArray& text, QString* err
     // Unbuffered, since commit() hides it when what is left in the buffer does not fit.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(text, &file))
         return fail(file, error);
-    keepOwnerAndMode(path, file.handle());
-    // Some disks are only found full here.
-    if (::fsync(file.handle()) != 0 && errno != EINVAL)
-        return failToSync(path, error);
-    return file.commit() || fail(file, error);
+    keepOwner(path, file.handle());
+    return syncToDisk(file, error) && (file.commit() || fail(file, error));
 }

@@ -103,7 +103,7 @@ void TestHostileTexts::tableShowsThem()
     HostTerminal terminal({"watch", fixture.path(), "--simulate"});
     QVERIFY(terminal.waitFor(RED_SHOWN));
     QVERIFY(terminal.waitFor("0x0000")); // was read
-    terminal.type("\x03"); // Ctrl-C
+    terminal.type("\x03");               // Ctrl-C
     QCOMPARE(terminal.exitCode(), 0);
     QVERIFY(!terminal.output().contains(RED));
 }

@@ -133,7 +133,7 @@ void TestRecipeStorage::modeStays_data()
     QTest::newRow("private") << 0600;
     QTest::newRow("read by the group") << 0640;
     QTest::newRow("written by all") << 0666;
-    QTest::newRow("group identity kept on execution") << 02750;
+    QTest::newRow("executed, for what that is worth") << 0751;
 }
 
 void TestRecipeStorage::modeStays()

@@ -11,6 +11,7 @@ class WatchTableTest : public QObject
 private slots:
     void rows();
     void rowsWithNames();
+    void twoNamesOfAnAddressAreTwoRows();
     void longNamesAreCut();
     void states_data();
     void states();
@@ -78,6 +79,17 @@ void WatchTableTest::rowsWithNames()
 }
 
 // The state is what a terminal of 80 columns must still show.
+void WatchTableTest::twoNamesOfAnAddressAreTwoRows()
+{
+    const WatchList list({tagOf("D100", "Pump speed"), tagOf("D100", "Limit")});
+    const QStringList lines = tableLines(list.entries(), 0, 80, 20);
+    QCOMPARE(lines.size(), 3);
+    QVERIFY2(lines.at(1).startsWith("      1  D        100  Pump speed  "),
+             qPrintable(lines.at(1)));
+    QVERIFY2(lines.at(2).startsWith("      1  D        100  Limit       "),
+             qPrintable(lines.at(2)));
+}
+
 void WatchTableTest::longNamesAreCut()
 {
     WatchEntry entry = entryOf("D100", 1234);
