@@ -1,5 +1,8 @@
 #include "addresses/address_text.h"
 
+#include "addresses/digits.h"
+#include "addresses/station_text.h"
+
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
 
@@ -8,39 +11,24 @@
 namespace
 {
 
-const int LOWEST_STATION = 1;
-const int HIGHEST_STATION = 247;
-
 QString text(const char* latin1)
 {
     return QString::fromLatin1(latin1);
 }
 
-bool fail(QString* error, const QString& message)
+bool fail(QString* fault, const QString& message)
 {
-    *error = message;
-    error->replace(QLatin1Char('\n'), text("\\n"));
+    *fault = message;
     return false;
 }
 
-bool takeType(const QString& name, const QString& whole, AddressRange* range, QString* error)
+bool takeType(const QString& name, AddressRange* range, QString* fault)
 {
     range->type = findRegisterType(name);
-    if (range->type)
-        return true;
-    return fail(error, text("%1: unknown register type '%2'; the types are %3")
-                           .arg(whole, name, registerTypeNames()));
-}
-
-// Digits only, unlike QString's conversion, which takes signs, spaces and prefixes.
-bool hasOnlyDigits(const QString& digits, int radix)
-{
-    for (const QChar& digit : digits) {
-        const auto value = text("0123456789abcdef").indexOf(digit.toLower());
-        if (value < 0 || value >= radix)
-            return false;
-    }
-    return !digits.isEmpty();
+    return range->type
+           || fail(
+               fault,
+               text("unknown register type '%1'; the types are %2").arg(name, registerTypeNames()));
 }
 
 // The number, or the highest int when it is larger than that.
@@ -51,44 +39,36 @@ int numberOf(const QString& digits, int radix)
     return fits ? number : std::numeric_limits<int>::max();
 }
 
-bool takeAddress(const QString& digits, const QString& whole, AddressRange* range, QString* error)
+bool takeAddress(const QString& digits, AddressRange* range, QString* fault)
 {
-    if (!hasOnlyDigits(digits, range->type->radix))
-        return fail(error, text("%1: '%2' is not %3 number; the addresses are %4")
-                               .arg(whole, digits,
-                                    text(range->type->radix == 8 ? "an octal" : "a decimal"),
-                                    addressesOf(range->type)));
-    range->address = numberOf(digits, range->type->radix);
-    if (range->address < range->type->lowestAddress || range->address > highestAddress(range->type))
-        return fail(
-            error,
-            text("%1: out of range; the addresses are %2").arg(whole, addressesOf(range->type)));
-    return true;
+    const RegisterType* const type = range->type;
+    if (!hasOnlyDigits(digits, type->radix))
+        return fail(fault, text("'%1' is not %2 number; the addresses are %3")
+                               .arg(digits, text(type->radix == 8 ? "an octal" : "a decimal"),
+                                    addressesOf(type)));
+    range->address = numberOf(digits, type->radix);
+    return (range->address >= type->lowestAddress && range->address <= highestAddress(type))
+           || fail(fault, text("out of range; the addresses are %1").arg(addressesOf(type)));
 }
 
-bool takeCount(const QString& digits, const QString& whole, AddressRange* range, QString* error)
+bool takeCount(const QString& digits, AddressRange* range, QString* fault)
 {
     if (digits.isNull())
         return true;
     range->values = hasOnlyDigits(digits, 10) ? numberOf(digits, 10) : 0;
     if (range->values < 1)
-        return fail(error, text("%1: the count must be 1 or more").arg(whole));
-    if (range->values - 1 > highestAddress(range->type) - range->address)
-        return fail(error, text("%1: %2 values run past the last address; the addresses are %3")
-                               .arg(whole, digits, addressesOf(range->type)));
-    return true;
+        return fail(fault, text("the count must be 1 or more"));
+    return range->values - 1 <= highestAddress(range->type) - range->address
+           || fail(fault, text("%1 values run past the last address; the addresses are %2")
+                              .arg(digits, addressesOf(range->type)));
 }
 
-bool takeStation(const QString& digits, const QString& whole, AddressRange* range, QString* error)
+bool takeStation(const QString& digits, AddressRange* range, QString* fault)
 {
-    if (digits.isNull())
-        return true;
-    range->station = hasOnlyDigits(digits, 10) ? numberOf(digits, 10) : 0;
-    if (range->station >= LOWEST_STATION && range->station <= HIGHEST_STATION)
-        return true;
-    return fail(error,
-                text("%1: the station must be %2 to %3")
-                    .arg(whole, QString::number(LOWEST_STATION), QString::number(HIGHEST_STATION)));
+    return digits.isNull() || parseStation(digits, &range->station)
+           || fail(fault,
+                   text("the station must be %1 to %2")
+                       .arg(QString::number(LOWEST_STATION), QString::number(HIGHEST_STATION)));
 }
 
 qint64 lowestValue(const RegisterType* type)
@@ -107,68 +87,87 @@ qint64 highestValue(const RegisterType* type)
                                              : std::numeric_limits<quint32>::max();
 }
 
-bool takeValue(const QString& digits, const QString& whole, Assignment* assignment, QString* error)
+bool takeValue(const QString& digits, Assignment* assignment, QString* fault)
 {
     const bool isHex = digits.startsWith(text("0x"), Qt::CaseInsensitive);
     const bool isNegative = digits.startsWith(QLatin1Char('-'));
     const int radix = isHex ? 16 : 10;
     if (!hasOnlyDigits(digits.mid(isHex ? 2 : isNegative ? 1 : 0), radix))
-        return fail(error,
-                    text("%1: '%2' is not a decimal or 0x hexadecimal number").arg(whole, digits));
+        return fail(fault, text("'%1' is not a decimal or 0x hexadecimal number").arg(digits));
     bool fits = false;
     const qint64 value = digits.toLongLong(&fits, radix);
     const RegisterType* const type = assignment->range.type;
     if (!fits || value < lowestValue(type) || value > highestValue(type))
-        return fail(error,
-                    text("%1: %2 does not fit; %3 takes %4 to %5")
-                        .arg(whole, digits, text(type->name), QString::number(lowestValue(type)),
-                             QString::number(highestValue(type))));
+        return fail(fault, text("%1 does not fit; %2 takes %3 to %4")
+                               .arg(digits, text(type->name), QString::number(lowestValue(type)),
+                                    QString::number(highestValue(type))));
     assignment->values << value;
     return true;
 }
 
+bool takeValues(const QStringList& values, bool countGiven, Assignment* assignment, QString* fault)
+{
+    for (const QString& value : values) {
+        if (!takeValue(value, assignment, fault))
+            return false;
+    }
+    const QString count = QString::number(assignment->values.size());
+    if (countGiven && values.size() != assignment->range.values)
+        return fail(fault, text("%1 values for a count of %2")
+                               .arg(count, QString::number(assignment->range.values)));
+    return takeCount(count, &assignment->range, fault);
+}
+
 } // namespace
 
-bool parseAddressRange(const QString& address, AddressRange* range, QString* error)
+bool splitAddress(const QString& typed, AddressParts* parts)
 {
     static const QRegularExpression pattern(
         text("\\A((?:32)?[A-Za-z]+)([^:@]*)(?::([^@]*))?(?:@(.*))?\\z"),
         QRegularExpression::DotMatchesEverythingOption);
-    const QRegularExpressionMatch parts = pattern.match(address);
-    if (!parts.hasMatch())
-        return fail(error, text("%1: not an address; write TYPENUMBER[:COUNT][@STATION] without "
-                                "spaces, such as D100:4, X17 or 32CV200@2")
-                               .arg(address));
+    const QRegularExpressionMatch match = pattern.match(typed);
+    *parts = {match.captured(1), match.captured(2), match.captured(3), match.captured(4)};
+    return match.hasMatch();
+}
+
+bool readAddress(const QString& typed, AddressRange* range, QString* fault)
+{
     *range = AddressRange();
-    return takeType(parts.captured(1), address, range, error)
-           && takeAddress(parts.captured(2), address, range, error)
-           && takeCount(parts.captured(3), address, range, error)
-           && takeStation(parts.captured(4), address, range, error);
+    AddressParts parts;
+    if (!splitAddress(typed, &parts))
+        return fail(fault, text("not an address; write TYPENUMBER[:COUNT][@STATION] without "
+                                "spaces, such as D100:4, X17 or 32CV200@2"));
+    return takeType(parts.type, range, fault) && takeAddress(parts.number, range, fault)
+           && takeCount(parts.count, range, fault) && takeStation(parts.station, range, fault);
+}
+
+QString faultyText(const QString& typed, const QString& fault)
+{
+    QString line = text("%1: %2").arg(typed, fault);
+    line.replace(QLatin1Char('\n'), text("\\n"));
+    return line;
+}
+
+bool parseAddressRange(const QString& address, AddressRange* range, QString* error)
+{
+    QString fault;
+    return readAddress(address, range, &fault) || fail(error, faultyText(address, fault));
 }
 
 bool parseAssignment(const QString& whole, Assignment* assignment, QString* error)
 {
     const auto equals = whole.indexOf(QLatin1Char('='));
     if (equals < 0)
-        return fail(error, text("%1: not an assignment; write ADDRESS=VALUE[,VALUE...], such as "
-                                "D100=1234")
-                               .arg(whole));
+        return fail(error, faultyText(whole, text("not an assignment; write "
+                                                  "ADDRESS=VALUE[,VALUE...], such as D100=1234")));
     *assignment = Assignment();
     const QString address = whole.left(equals);
     if (!parseAddressRange(address, &assignment->range, error))
         return false;
-    const QStringList values = whole.mid(equals + 1).split(QLatin1Char(','));
-    for (const QString& value : values) {
-        if (!takeValue(value, whole, assignment, error))
-            return false;
-    }
-    const int count = static_cast<int>(assignment->values.size());
-    const bool countGiven = address.contains(QLatin1Char(':'));
-    if (countGiven && count != assignment->range.values)
-        return fail(error, text("%1: %2 values for a count of %3")
-                               .arg(whole, QString::number(count),
-                                    QString::number(assignment->range.values)));
-    return takeCount(QString::number(count), whole, &assignment->range, error);
+    QString fault;
+    return takeValues(whole.mid(equals + 1).split(QLatin1Char(',')),
+                      address.contains(QLatin1Char(':')), assignment, &fault)
+           || fail(error, faultyText(whole, fault));
 }
 
 QString addressText(const RegisterType* type, int address)

@@ -25,10 +25,29 @@ struct Assignment {
     QList<qint64> values; ///< one per address: 0 or 1, -32768..65535, or 32 bits
 };
 
+/// The parts of TYPENUMBER[:COUNT][@STATION] as typed; null: left out.
+struct AddressParts {
+    QString type;
+    QString number;
+    QString count;
+    QString station;
+};
+
+/// Splits an address; whether the parts are any good is not looked at. False when no
+/// type stands at its beginning.
+bool splitAddress(const QString& typed, AddressParts* parts);
+
 /// Parses TYPENUMBER[:COUNT][@STATION]. Returns false and one line in
 /// `*error` when the type is unknown, a digit does not suit its radix, the range
 /// leaves the type's addresses, or the station is not 1 to 247.
+/// `*range` then holds the parts before the wrong one, and is else as constructed.
 bool parseAddressRange(const QString& text, AddressRange* range, QString* error);
+
+/// The same, with what is wrong in `*fault` without the address in front.
+bool readAddress(const QString& text, AddressRange* range, QString* fault);
+
+/// "D8000: out of range", in one line whatever was typed.
+QString faultyText(const QString& typed, const QString& fault);
 
 /// Parses RANGE=VALUE[,VALUE...]; values decimal, 0x hexadecimal or negative. A
 /// count, when given, must equal the number of values. Each value must fit.

@@ -1,5 +1,7 @@
 #include "kxhost/command_line.h"
 
+#include "addresses/digits.h"
+#include "addresses/station_text.h"
 #include "kxhost/console.h"
 #include "kxhost/exit_codes.h"
 
@@ -62,15 +64,32 @@ bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest
     const QString name = QString::fromLatin1(option);
     if (!parser.isSet(name))
         return true;
+    const QString typed = parser.value(name);
     bool isNumber = false;
-    const int value = parser.value(name).toInt(&isNumber);
-    if (!isNumber || value < lowest || value > highest) {
+    const int value = typed.toInt(&isNumber);
+    const bool isNegative = typed.startsWith(QLatin1Char('-'));
+    if (!isNumber || !hasOnlyDigits(typed.mid(isNegative ? 1 : 0), 10) || value < lowest
+        || value > highest) {
         const QString kind = unit ? QLatin1String(" of ") + QLatin1String(unit) : QString();
         *error = QString::fromLatin1("--%1 %2: must be a whole number%3 from %4 to %5")
-                     .arg(name, parser.value(name), kind, QString::number(lowest),
-                          QString::number(highest));
+                     .arg(name, typed, kind, QString::number(lowest), QString::number(highest));
         return false;
     }
     *number = value;
     return true;
+}
+
+bool takeStation(const QCommandLineParser& parser, int* station, QString* error)
+{
+    return takeNumber(parser, "station", LOWEST_STATION, HIGHEST_STATION, station, error);
+}
+
+bool checkDataBits(const QCommandLineParser& parser, QString* error)
+{
+    const QString option = QLatin1String("data-bits");
+    const QString bits = parser.value(option);
+    if (!parser.isSet(option) || bits == QLatin1String("8"))
+        return true;
+    *error = QString::fromLatin1("--data-bits %1: Modbus RTU needs 8 data bits").arg(bits);
+    return false;
 }

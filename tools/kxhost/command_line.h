@@ -22,9 +22,15 @@ bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
 /// What each exit code means, for the helps.
 QString exitCodesText();
 
-/// The number that an option holds, or one line in `*error`.
+/// The number that an option holds, in decimal digits, or one line in `*error`.
 /// @param unit for the line, such as "milliseconds"
 bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
                 int* number, QString* error, const char* unit = nullptr);
+
+/// The number that --station holds, as takeNumber().
+bool takeStation(const QCommandLineParser& parser, int* station, QString* error);
+
+/// False and one line in `*error` when --data-bits is given and is not 8.
+bool checkDataBits(const QCommandLineParser& parser, QString* error);
 
 #endif

@@ -20,7 +20,7 @@ const OptionText OPTIONS[] = {
      "PORT"},
     {"b,baud", "Bits per second (default 9600).", "BAUD"},
     {"parity", "Parity: none, even or odd (default none).", "PARITY"},
-    {"data-bits", "Data bits, 7 or 8 (default 8).", "BITS"},
+    {"data-bits", "Data bits: 8, which Modbus RTU needs.", "BITS"},
     {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
     {"tcp", "Network gateway to the serial line (default port 8888).", "HOST[:PORT]"},
     {"simulate", "Start a simulated controller inside and talk to it.", nullptr},
@@ -53,7 +53,6 @@ const OptionText OPTIONS[] = {
 };
 
 const int FASTEST_BAUD = 4000000;
-const int HIGHEST_STATION = 247;
 const int LONGEST_TIMEOUT = 60000;  // milliseconds
 const int LONGEST_PATIENCE = 86400; // seconds
 const int MILLISECONDS_PER_SECOND = 1000;
@@ -108,9 +107,9 @@ bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, Q
     LineTiming& timing = options->timing;
     SessionSettings& session = options->session;
     return takeNumber(parser, "baud", 1, FASTEST_BAUD, &timing.baud, error)
-           && takeNumber(parser, "data-bits", 7, 8, &timing.dataBits, error)
+           && checkDataBits(parser, error)
            && takeNumber(parser, "stop-bits", 1, 2, &timing.stopBits, error)
-           && takeNumber(parser, "station", 1, HIGHEST_STATION, &options->station, error)
+           && takeStation(parser, &options->station, error)
            && takeNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
                          error, "milliseconds")
            && takeNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error,

@@ -12,13 +12,12 @@ namespace
 {
 
 const int FASTEST_BAUD = 4000000;
-const int HIGHEST_STATION = 247;
 const double LONGEST_TURNAROUND = 60e6; // microseconds
 
 const char* const OPTIONS[][3] = {
     {"b,baud", "Bits per second (default 9600).", "BAUD"},
     {"parity", "Parity: none, even or odd (default none).", "PARITY"},
-    {"data-bits", "Data bits, 7 or 8 (default 8).", "BITS"},
+    {"data-bits", "Data bits: 8, which Modbus RTU needs.", "BITS"},
     {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
     {"turnaround",
      "Time from the end of a request to its reply, such as 5ms or 800us; without a unit, "
@@ -71,9 +70,9 @@ bool readPlanOptions(const QCommandLineParser& parser, PlanOptions* options, QSt
     LineTiming& line = options->timing.line;
     int station = 1;
     if (!takeNumber(parser, "baud", 1, FASTEST_BAUD, &line.baud, error)
-        || !takeNumber(parser, "data-bits", 7, 8, &line.dataBits, error)
+        || !checkDataBits(parser, error)
         || !takeNumber(parser, "stop-bits", 1, 2, &line.stopBits, error)
-        || !takeNumber(parser, "station", 1, HIGHEST_STATION, &station, error)
+        || !takeStation(parser, &station, error)
         || !takeNumber(parser, "max-words", 1, MOST_REGISTERS, &options->maxWords, error)
         || !takeParity(parser, &line, error)
         || !takeTurnaround(parser, &options->timing.turnaround, error)

@@ -1,5 +1,7 @@
 #include "kxsim/options.h"
 
+#include "addresses/station_text.h"
+
 #include <QtCore/QCommandLineParser>
 
 #include <modbus/modbus.h>
@@ -62,8 +64,6 @@ const char* const EXAMPLES =
 const int BAUDS[] = {110,   300,   600,   1200,   2400,   4800,   9600,
                      19200, 38400, 57600, 115200, 230400, 460800, 921600};
 
-const int HIGHEST_STATION = 247;
-
 struct CommandLine {
     QCommandLineOption station = {
         {"a", "station"}, "Station to simulate, 1 to 247; repeatable (default 1).", "NUMBER"};
@@ -83,7 +83,8 @@ struct CommandLine {
     QCommandLineOption baud = {{"b", "baud"}, "Bits per second (default 9600).", "BAUD", "9600"};
     QCommandLineOption parity = {"parity", "Parity: none, even or odd (default none).", "PARITY",
                                  "none"};
-    QCommandLineOption dataBits = {"data-bits", "Data bits, 7 or 8 (default 8).", "BITS", "8"};
+    QCommandLineOption dataBits = {"data-bits", "Data bits: 8, which Modbus RTU needs.", "BITS",
+                                   "8"};
     QCommandLineOption stopBits = {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS", "1"};
     QCommandLineOption help = {{"h", "help"}, "Show this help."};
     QCommandLineOption version = {{"v", "version"},
@@ -126,10 +127,11 @@ bool takeStations(const QStringList& texts, Options* options, QString* error)
     if (!texts.isEmpty())
         options->simulation.stations.clear();
     for (const QString& text : texts) {
-        const int station = text.toInt();
-        if (station < 1 || station > HIGHEST_STATION)
-            return fail(error, QStringLiteral("--station %1: the station must be 1 to %2")
-                                   .arg(text, QString::number(HIGHEST_STATION)));
+        int station = 0;
+        if (!parseStation(text, &station))
+            return fail(error, QStringLiteral("--station %1: the station must be %2 to %3")
+                                   .arg(text, QString::number(LOWEST_STATION),
+                                        QString::number(HIGHEST_STATION)));
         options->simulation.stations << station;
     }
     return true;
@@ -185,11 +187,11 @@ bool takePort(const CommandLine& line, Options* options, QString* error)
         return fail(error, QStringLiteral("--port: the name of the port is missing"));
     if (parser.isSet(line.port) && parser.isSet(line.symlink))
         return fail(error, QStringLiteral("--symlink links to a pseudo-terminal, not to --port"));
-    const int dataBits[] = {7, 8};
+    if (parser.value(line.dataBits) != QLatin1String("8"))
+        return fail(error, QStringLiteral("--data-bits %1: Modbus RTU needs 8 data bits")
+                               .arg(parser.value(line.dataBits)));
     const int stopBits[] = {1, 2};
     return takeNumber(QStringLiteral("baud"), parser.value(line.baud), BAUDS, &port.baud, error)
-           && takeNumber(QStringLiteral("data-bits"), parser.value(line.dataBits), dataBits,
-                         &port.dataBits, error)
            && takeNumber(QStringLiteral("stop-bits"), parser.value(line.stopBits), stopBits,
                          &port.stopBits, error)
            && takeParity(parser.value(line.parity), &port, error);

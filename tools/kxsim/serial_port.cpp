@@ -9,6 +9,13 @@
 namespace kxsim
 {
 
+namespace
+{
+
+const int DATA_BITS = 8; // of Modbus RTU
+
+} // namespace
+
 SerialPort::SerialPort(_modbus* context) : m_context(context) {}
 
 std::unique_ptr<SerialPort> SerialPort::open(const PortSettings& settings, QString* error)
@@ -16,7 +23,7 @@ std::unique_ptr<SerialPort> SerialPort::open(const PortSettings& settings, QStri
     // libmodbus serves only to open and set up the device.
     std::unique_ptr<SerialPort> port(
         new SerialPort(modbus_new_rtu(QFile::encodeName(settings.device).constData(), settings.baud,
-                                      settings.parity, settings.dataBits, settings.stopBits)));
+                                      settings.parity, DATA_BITS, settings.stopBits)));
     if (port->m_context && modbus_connect(port->m_context) == 0) {
         port->m_descriptor = modbus_get_socket(port->m_context);
         port->m_name = settings.device;

@@ -15,7 +15,6 @@ struct PortSettings {
     QString device;
     int baud = 9600;   ///< one of standardBauds()
     char parity = 'N'; ///< N, E or O
-    int dataBits = 8;  ///< 7 or 8
     int stopBits = 1;  ///< 1 or 2
 };
 

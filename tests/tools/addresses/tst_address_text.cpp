@@ -23,6 +23,8 @@ private slots:
     void anAddressIsRead();
     void aWrongAddressIsRefusedInOneLine_data();
     void aWrongAddressIsRefusedInOneLine();
+    void anEmbeddedNulIsNoDigit_data();
+    void anEmbeddedNulIsNoDigit();
     void theDriverCountsTwoRegistersPer32BitCounter();
     void anAddressIsWrittenInItsOwnRadix_data();
     void anAddressIsWrittenInItsOwnRadix();
@@ -134,6 +136,29 @@ void TestAddressText::aWrongAddressIsRefusedInOneLine_data()
         "D+5: '+5' is not a decimal number; the addresses are D0 to D7999 (decimal)");
     row("a minus sign", "CV-1",
         "CV-1: '-1' is not a decimal number; the addresses are CV0 to CV199 (decimal)");
+    row("full-width digits", "D\uFF11\uFF10\uFF10",
+        "D\uFF11\uFF10\uFF10: '\uFF11\uFF10\uFF10' is not a decimal number; the addresses are D0 "
+        "to "
+        "D7999 (decimal)");
+    row("Arabic digits", "D\u0665",
+        "D\u0665: '\u0665' is not a decimal number; the addresses are D0 to D7999 (decimal)");
+    row("a full-width type", "\uFF24100", text("\uFF24100") + text(notAnAddress));
+    row("a tab", "D\t5",
+        "D\t5: '\t5' is not a decimal number; the addresses are D0 to D7999 (decimal)");
+    row("a hexadecimal number", "D0x10",
+        "D0x10: '0x10' is not a decimal number; the addresses are D0 to D7999 (decimal)");
+    row("a hexadecimal octal number", "X0x1",
+        "X0x1: '0x1' is not an octal number; the addresses are X0 to X377 (octal)");
+    row("a fraction", "D1.5",
+        "D1.5: '1.5' is not a decimal number; the addresses are D0 to D7999 (decimal)");
+    row("a plus sign in the count", "D1:+2", "D1:+2: the count must be 1 or more");
+    row("full-width digits in the count", "D1:\uFF12", "D1:\uFF12: the count must be 1 or more");
+    row("a hexadecimal count", "D1:0x2", "D1:0x2: the count must be 1 or more");
+    row("a tab in the station", "D1@\t2", "D1@\t2: the station must be 1 to 247");
+    row("a plus sign in the station", "D1@+2", "D1@+2: the station must be 1 to 247");
+    row("full-width digits in the station", "D1@\uFF12", "D1@\uFF12: the station must be 1 to 247");
+    row("a station larger than an int", "D1@4294967297",
+        "D1@4294967297: the station must be 1 to 247");
     row("an octal digit 8", "X8",
         "X8: '8' is not an octal number; the addresses are X0 to X377 (octal)");
     row("an octal digit 9", "Y19",
@@ -175,6 +200,26 @@ void TestAddressText::aWrongAddressIsRefusedInOneLine()
     QString error;
     QVERIFY(!parseAddressRange(typed, &range, &error));
     QTEST(error, "error");
+}
+
+void TestAddressText::anEmbeddedNulIsNoDigit_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("in front") << QString(1, QChar(0)) + text("D5");
+    QTest::newRow("behind the type") << text("D") + QChar(0) + text("5");
+    QTest::newRow("behind the number") << text("D5") + QChar(0);
+    QTest::newRow("and text behind it") << text("D5") + QChar(0) + text("abc");
+    QTest::newRow("in the count") << text("D5:1") + QChar(0);
+    QTest::newRow("in the station") << text("D5@1") + QChar(0);
+}
+
+void TestAddressText::anEmbeddedNulIsNoDigit()
+{
+    QFETCH(QString, typed);
+    AddressRange range;
+    QString error;
+    QVERIFY(!parseAddressRange(typed, &range, &error));
+    QVERIFY2(error.startsWith(typed + text(": ")), qPrintable(error));
 }
 
 void TestAddressText::theDriverCountsTwoRegistersPer32BitCounter()

@@ -11,6 +11,8 @@ class TestCheckCommand : public QObject
 private slots:
     void anAddressIsAnswered_data();
     void anAddressIsAnswered();
+    void whatTheDriverAloneWouldTakeIsRefused_data();
+    void whatTheDriverAloneWouldTakeIsRefused();
     void everyAddressGetsItsLine();
     void answersAsJson();
     void wrongUsageIsOneLine_data();
@@ -54,9 +56,26 @@ void TestCheckCommand::anAddressIsAnswered_data()
         "Q5: unknown register type 'Q'; the types are X, Y, M, SM, S, T, C, D, SD, CV, 32CV, TV, Z",
         2);
     row("no type", "100",
-        "100: not an address; write TYPENUMBER[:COUNT] without spaces, such as D100:4, X17 or "
-        "32CV200",
+        "100: not an address; write TYPENUMBER[:COUNT][@STATION] without spaces, such as D100:4, "
+        "X17 or 32CV200@2",
         2);
+    row("with a station", "D100@2",
+        "D100@2: valid; number 100, holding register 100, read with function 3", 0);
+    row("with a count and the highest station", "D100:4@247",
+        "D100:4@247: valid; numbers 100 to 103, holding registers 100 to 103, read with function 3",
+        0);
+    row("a station that is none", "D100@248", "D100@248: the station must be 1 to 247", 2);
+    row("a lower-case type", "d5",
+        "d5: unknown register type 'd'; the types are X, Y, M, SM, S, T, C, D, SD, CV, 32CV, TV, Z",
+        2);
+    row("larger than an int", "D99999999999",
+        "D99999999999: out of range; the addresses are D0 to D7999 (decimal)", 2);
+    row("a count larger than an int", "32CV200:99999999999",
+        "32CV200:99999999999: 99999999999 values run past the last address; the addresses are "
+        "32CV200 to 32CV255 (decimal)",
+        2);
+    row("a minus sign", "CV-1",
+        "CV-1: '-1' is not a decimal number; the addresses are CV0 to CV199 (decimal)", 2);
     row("a count of 0", "D1:0", "D1:0: the count must be 1 or more", 2);
     row("a word as a bit tag", "D5 --as bit", "D5: D holds words and suits no bit tag", 2);
     row("a bit as a word tag", "X5 --as word", "X5: X holds bits and suits no word tag", 2);
@@ -85,6 +104,34 @@ void TestCheckCommand::anAddressIsAnswered()
              isValid ? QStringList() : QStringList{QLatin1String("kxhost: ") + line});
 }
 
+void TestCheckCommand::whatTheDriverAloneWouldTakeIsRefused_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QString>("line");
+    const char* const isNoD = " is not a decimal number; the addresses are D0 to D7999 (decimal)";
+    const auto row = [&](const char* name, const char* address, const char* line) {
+        QTest::newRow(name) << QString::fromLatin1(address)
+                            << QString::fromLatin1(line) + QString::fromLatin1(isNoD);
+    };
+    row("a blank before the number", "D 100", "D 100: ' 100'");
+    row("a blank behind it", "D100 ", "D100 : '100 '");
+    row("a tab", "D\t5", "D\t5: '\t5'");
+    row("a line end", "D5\n", "D5\\n: '5\\n'");
+    row("a plus sign", "D+5", "D+5: '+5'");
+    row("a minus sign before 0", "D-0", "D-0: '-0'");
+    row("a hexadecimal number", "D0x10", "D0x10: '0x10'");
+}
+
+void TestCheckCommand::whatTheDriverAloneWouldTakeIsRefused()
+{
+    QFETCH(QString, address);
+    QFETCH(QString, line);
+    const CommandResult result = runCommand(QStringList{QLatin1String("check"), address});
+    QCOMPARE(result.exitCode, 2);
+    QCOMPARE(result.errors, QStringList{QLatin1String("kxhost: ") + line});
+    QCOMPARE(result.output, QStringList());
+}
+
 void TestCheckCommand::everyAddressGetsItsLine()
 {
     const CommandResult result = runCommand("check X8 D7");
@@ -98,7 +145,7 @@ void TestCheckCommand::everyAddressGetsItsLine()
 
 void TestCheckCommand::answersAsJson()
 {
-    const CommandResult result = runCommand("check --json SM255:2 D8000 5");
+    const CommandResult result = runCommand("check --json SM255:2 D8000 5 D7@2 D+5");
     QCOMPARE(result.output,
              (QStringList{
                  "{\"address\":\"SM255:2\",\"code\":0,\"count\":2,\"function\":1,\"modbus\":["
@@ -106,8 +153,13 @@ void TestCheckCommand::answersAsJson()
                  "\"number\":255,\"type\":\"SM\",\"valid\":true}",
                  "{\"address\":\"D8000\",\"code\":2,\"fault\":\"out of range; the addresses are "
                  "D0 to D7999 (decimal)\",\"valid\":false}",
-                 "{\"address\":\"5\",\"fault\":\"not an address; write TYPENUMBER[:COUNT] "
-                 "without spaces, such as D100:4, X17 or 32CV200\",\"valid\":false}"}));
+                 "{\"address\":\"5\",\"fault\":\"not an address; write TYPENUMBER[:COUNT]"
+                 "[@STATION] without spaces, such as D100:4, X17 or 32CV200@2\",\"valid\":false}",
+                 "{\"address\":\"D7@2\",\"code\":0,\"count\":1,\"function\":3,\"modbus\":["
+                 "{\"first\":7,\"last\":7}],\"number\":7,\"station\":2,\"type\":\"D\","
+                 "\"valid\":true}",
+                 "{\"address\":\"D+5\",\"fault\":\"'+5' is not a decimal number; the addresses "
+                 "are D0 to D7999 (decimal)\",\"valid\":false}"}));
     QCOMPARE(result.exitCode, 2);
 }
 

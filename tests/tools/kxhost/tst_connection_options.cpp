@@ -61,17 +61,17 @@ void ConnectionOptionsTest::everyOption()
 {
     ConnectionOptions options;
     QString error;
-    QVERIFY2(read("-p /dev/ttyS1 -b 19200 --parity Odd --data-bits 7 --stop-bits 2 -a 17 -t 250 "
+    QVERIFY2(read("-p /dev/ttyS1 -b 19200 --parity Odd --data-bits 8 --stop-bits 2 -a 17 -t 250 "
                   "-r 5 --settle 0 --quiet 7 --reopen 3 --max-words 64 --library ./driver.so "
                   "--frames --json",
                   &options, &error),
              qPrintable(error));
     QCOMPARE(options.port, QString::fromLatin1("/dev/ttyS1"));
     QCOMPARE(options.timing.baud, 19200);
-    QCOMPARE(options.timing.dataBits, 7);
+    QCOMPARE(options.timing.dataBits, 8);
     QCOMPARE(options.timing.stopBits, 2);
-    // Start, 7 data, parity and 2 stop bits.
-    QCOMPARE(options.timing.bitsPerCharacter(), 11);
+    // Start, 8 data, parity and 2 stop bits.
+    QCOMPARE(options.timing.bitsPerCharacter(), 12);
     QCOMPARE(options.parity, QSerialPort::OddParity);
     QCOMPARE(options.station, 17);
     QCOMPARE(options.session.exchange.replyTimeout, 250);
@@ -144,11 +144,15 @@ void ConnectionOptionsTest::errors_data()
     row("a percent sign for a number", "--simulate --baud %3%4",
         "--baud %3%4: must be a whole number from 1 to 4000000");
     row("parity", "--simulate --parity mark", "--parity mark: must be none, even or odd");
-    row("data bits", "--simulate --data-bits 9",
-        "--data-bits 9: must be a whole number from 7 to 8");
+    row("7 data bits", "--simulate --data-bits 7", "--data-bits 7: Modbus RTU needs 8 data bits");
+    row("9 data bits", "--tcp gateway --data-bits 9",
+        "--data-bits 9: Modbus RTU needs 8 data bits");
+    row("no data bits", "--simulate --data-bits=", "--data-bits : Modbus RTU needs 8 data bits");
     row("stop bits", "--simulate --stop-bits 3",
         "--stop-bits 3: must be a whole number from 1 to 2");
     row("station 0", "--simulate -a 0", "--station 0: must be a whole number from 1 to 247");
+    row("a station with a sign", "--simulate -a +5",
+        "--station +5: must be a whole number from 1 to 247");
     row("station 248", "--simulate -a 248", "--station 248: must be a whole number from 1 to 247");
     row("time-out 0", "--simulate -t 0",
         "--timeout 0: must be a whole number of milliseconds from 1 to 60000");

@@ -132,8 +132,8 @@ void TestPlanCommand::wrongUsageIsOneLine_data()
         "kxhost: --parity mark: must be none, even or odd");
     row("a wrong station", "plan D1 --station 0",
         "kxhost: --station 0: must be a whole number from 1 to 247");
-    row("wrong data bits", "plan D1 --data-bits 9",
-        "kxhost: --data-bits 9: must be a whole number from 7 to 8");
+    row("wrong data bits", "plan D1 --data-bits 7",
+        "kxhost: --data-bits 7: Modbus RTU needs 8 data bits");
     row("wrong stop bits", "plan D1 --stop-bits 3",
         "kxhost: --stop-bits 3: must be a whole number from 1 to 2");
 }

@@ -41,7 +41,7 @@ void TestKxsimCompletion::whatIsOffered_data()
     QTest::newRow("parities") << "--parity ''" << QStringList{"even", "none", "odd"};
     QTest::newRow("parities by their beginning") << "--parity e" << QStringList{"even"};
     QTest::newRow("baud rates") << "-b 1" << QStringList{"115200", "1200", "19200"};
-    QTest::newRow("data bits") << "--data-bits ''" << QStringList{"7", "8"};
+    QTest::newRow("data bits") << "--data-bits ''" << QStringList{"8"};
     QTest::newRow("stop bits") << "--stop-bits ''" << QStringList{"1", "2"};
     QTest::newRow("faults by their beginning") << "--fault de" << QStringList{"deaf:", "delay:"};
     QTest::newRow("a station is the user's") << "--station ''" << QStringList();

@@ -2,33 +2,14 @@
 
 #include "kxhost/modbus_json.h"
 
-#include <QtCore/QRegularExpression>
-
 namespace
 {
+
+const int MOST_VALUES = 65536;
 
 QString text(const char* latin1)
 {
     return QString::fromLatin1(latin1);
-}
-
-/// An address in the parts that the driver's checks take.
-struct AddressParts {
-    QString type;
-    QString digits;
-    int values = 1;
-};
-
-bool splitAddress(const QString& typed, AddressParts* parts)
-{
-    static const QRegularExpression pattern(
-        text("\\A((?:32)?[A-Za-z]+)([^:@]*)(?::([1-9][0-9]{0,4}))?\\z"));
-    const QRegularExpressionMatch match = pattern.match(typed);
-    parts->type = match.captured(1);
-    parts->digits = match.captured(2);
-    if (!match.captured(3).isEmpty())
-        parts->values = match.captured(3).toInt();
-    return match.hasMatch();
 }
 
 bool isWordTag(const RegisterType* type, const CheckedTag& tag)
@@ -38,20 +19,6 @@ bool isWordTag(const RegisterType* type, const CheckedTag& tag)
     return !type || type->registerClass != BIT_CLASS;
 }
 
-QString rangeFault(const RegisterType* type, int number, int values)
-{
-    if (number < type->lowestAddress || number > highestAddress(type))
-        return text("out of range; the addresses are %1").arg(addressesOf(type));
-    return text("%1 values run past the last address; the addresses are %2")
-        .arg(QString::number(values), addressesOf(type));
-}
-
-QString digitsFault(const RegisterType* type, const QString& digits)
-{
-    return text("'%1' is not %2 number; the addresses are %3")
-        .arg(digits, text(type->radix == 8 ? "an octal" : "a decimal"), addressesOf(type));
-}
-
 QString kindFault(const RegisterType* type)
 {
     return type->registerClass == BIT_CLASS
@@ -59,39 +26,41 @@ QString kindFault(const RegisterType* type)
                : text("%1 holds words and suits no bit tag").arg(text(type->name));
 }
 
-QString faultOf(int code, const RegisterType* type, const AddressParts& parts, int number,
-                const CheckedTag& tag)
+/// @param parserFault what the parser says; empty when it takes the address
+QString faultOf(int code, const AddressRange& range, const CheckedTag& tag,
+                const QString& parserFault)
 {
     switch (code) {
     case ADDRESS_KIND_MISMATCH:
-        return kindFault(type);
-    case ADDRESS_OUT_OF_RANGE:
-        return rangeFault(type, number, parts.values);
-    case ADDRESS_UNKNOWN_TYPE:
-        return text("unknown register type '%1'; the types are %2")
-            .arg(parts.type, registerTypeNames());
-    case ADDRESS_NOT_A_NUMBER:
-        return digitsFault(type, parts.digits);
+        return kindFault(range.type);
     case ADDRESS_DATA_TYPE_REFUSED:
         return text("data type %1 is not allowed on 32CV, only 1, 3, 5, 6 and 9").arg(tag.dataType);
     case ADDRESS_ACCESS_REFUSED:
         return text("access code %1 is refused; X addresses are inputs").arg(tag.access);
     default:
-        return text("the driver answers with code %1").arg(code);
+        break;
     }
+    if (!parserFault.isEmpty())
+        return parserFault;
+    // The driver counts registers and keeps the last 32CV from being the second of two.
+    if (code == ADDRESS_OUT_OF_RANGE)
+        return text("%1 values run past the last address; the addresses are %2")
+            .arg(QString::number(range.values), addressesOf(range.type));
+    return text("the driver answers with code %1").arg(code);
 }
 
-/// Asks the driver; `*number` is what it makes of the digits.
 int askDriver(const DriverEntryPoints& entryPoints, const AddressParts& parts,
-              const RegisterType* type, const CheckedTag& tag, int* number)
+              const AddressRange& range, const CheckedTag& tag)
 {
-    const int length = parts.values * registersPerAddress(type);
-    const bool isWord = isWordTag(type, tag);
+    // More than any type has, and far from where an int ends.
+    const int length = qMin(range.values, MOST_VALUES) * registersPerAddress(range.type);
+    const bool isWord = isWordTag(range.type, tag);
+    int number = 0;
     const int code =
-        entryPoints.checkAddrValidity(parts.type, parts.digits, number, length, isWord ? 1 : 0);
+        entryPoints.checkAddrValidity(parts.type, parts.number, &number, length, isWord ? 1 : 0);
     if (code != ADDRESS_VALID || !tag.typed)
         return code;
-    return entryPoints.checkAddr(parts.type, parts.digits, number, isWord ? tag.dataType : -1,
+    return entryPoints.checkAddr(parts.type, parts.number, &number, isWord ? tag.dataType : -1,
                                  length, tag.access);
 }
 
@@ -102,32 +71,23 @@ CheckAnswer checkAddress(const DriverEntryPoints& entryPoints, const QString& ty
 {
     CheckAnswer answer;
     answer.typed = typed;
+    QString parserFault;
+    const bool isAddress = readAddress(typed, &answer.range, &parserFault);
     AddressParts parts;
-    if (!splitAddress(typed, &parts)) {
-        answer.fault =
-            typed.contains(QRegularExpression(text(":0+\\z")))
-                ? text("the count must be 1 or more")
-                : text("not an address; write TYPENUMBER[:COUNT] without spaces, such as D100:4, "
-                       "X17 or 32CV200");
-        return answer;
-    }
-    const RegisterType* const type = findRegisterType(parts.type);
-    int number = 0;
-    answer.code = askDriver(entryPoints, parts, type, tag, &number);
-    if (!answer.isValid()) {
-        answer.fault = faultOf(answer.code, type, parts, number, tag);
-        return answer;
-    }
-    answer.range.type = type;
-    answer.range.address = number;
-    answer.range.values = parts.values;
+    if (splitAddress(typed, &parts))
+        answer.code = askDriver(entryPoints, parts, answer.range, tag);
+    // The driver takes blanks and signs, and knows no station; people mistype them.
+    if (!isAddress && answer.code == ADDRESS_VALID)
+        answer.code = -1;
+    if (!answer.isValid())
+        answer.fault = faultOf(answer.code, answer.range, tag, parserFault);
     return answer;
 }
 
 QString answerLine(const CheckAnswer& answer)
 {
     if (!answer.isValid())
-        return text("%1: %2").arg(answer.typed, answer.fault);
+        return faultyText(answer.typed, answer.fault);
     const AddressRange& range = answer.range;
     const QString numbers =
         range.values == 1
@@ -152,6 +112,8 @@ QJsonObject answerJson(const CheckAnswer& answer)
     json[text("type")] = text(answer.range.type->name);
     json[text("number")] = answer.range.address;
     json[text("count")] = answer.range.values;
+    if (answer.range.station >= 0)
+        json[text("station")] = answer.range.station;
     json[text("function")] = readFunction(answer.range.type);
     json[text("modbus")] = modbusJson(modbusSpans(answer.range));
     return json;

@@ -25,7 +25,7 @@ struct CheckedTag {
 
 struct CheckAnswer {
     QString typed;
-    int code = -1; ///< see AddressCheck; -1: no address, the driver was not asked
+    int code = -1; ///< the driver's, see AddressCheck; -1: it sees no fault, the parser does
     bool isValid() const { return code == 0; }
     AddressRange range; ///< when valid
     QString fault;      ///< when not

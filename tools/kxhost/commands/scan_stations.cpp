@@ -1,6 +1,7 @@
 #include "kxhost/commands/scan_stations.h"
 
-#include <QtCore/QRegularExpression>
+#include "addresses/station_text.h"
+
 #include <QtCore/QSet>
 #include <QtCore/QStringList>
 
@@ -9,17 +10,13 @@
 namespace
 {
 
-const int LOWEST_STATION = 1;
-const int HIGHEST_STATION = 247;
-
 bool takePart(const QString& part, QSet<int>* stations)
 {
-    static const QRegularExpression pattern(
-        QString::fromLatin1("\\A([0-9]{1,3})(?:-([0-9]{1,3}))?\\z"));
-    const QRegularExpressionMatch match = pattern.match(part);
-    const int first = match.captured(1).toInt();
-    const int last = match.captured(2).isEmpty() ? first : match.captured(2).toInt();
-    if (!match.hasMatch() || first < LOWEST_STATION || last > HIGHEST_STATION || first > last)
+    const QStringList ends = part.split(QLatin1Char('-'));
+    int first = 0;
+    int last = 0;
+    if (ends.size() > 2 || !parseStation(ends.first(), &first) || !parseStation(ends.last(), &last)
+        || first > last)
         return false;
     for (int station = first; station <= last; ++station)
         stations->insert(station);

@@ -1,0 +1,11 @@
+#include "addresses/digits.h"
+
+bool hasOnlyDigits(const QString& text, int radix)
+{
+    for (const QChar digit : text) {
+        const auto value = QLatin1String("0123456789abcdef").indexOf(digit.toLower());
+        if (value < 0 || value >= radix)
+            return false;
+    }
+    return !text.isEmpty();
+}
