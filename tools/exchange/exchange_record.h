@@ -10,15 +10,16 @@
 
 /// What came back, as the runtime sees it.
 enum class ReplyKind {
-    Good,      ///< complete, of the station and function asked
-    None,      ///< nothing until the time-out
-    Short,     ///< fewer bytes than expected until the time-out
-    Bad,       ///< no frame in the bytes
-    Exception, ///< the station refused; see exceptionCode
-    Foreign,   ///< only replies of other requests came
-    Lost,      ///< the line was lost before a reply came
-    Broadcast, ///< station 0: no station answers
-    NotSent    ///< the request was not whole and was not transmitted
+    Good,           ///< complete, of the station and function asked
+    None,           ///< nothing until the time-out
+    Short,          ///< fewer bytes than expected until the time-out
+    Bad,            ///< no frame in the bytes
+    Exception,      ///< the station refused; see exceptionCode
+    WrongByteCount, ///< the station's reply, but for its byte count
+    Foreign,        ///< only replies of other requests came
+    Lost,           ///< the line was lost before a reply came
+    Broadcast,      ///< station 0: no station answers
+    NotSent         ///< the request was not whole and was not transmitted
 };
 
 /// One request, what came back, and what the driver made of it.

@@ -35,6 +35,10 @@ std::optional<CollectedReply> ReplyCollector::add(const QByteArray& bytes, qint6
                 return CollectedReply{ReplyKind::Good, m_bytes.left(judgement.length)};
             throwAway(judgement.length);
             break;
+        case Verdict::WrongByteCount:
+            // The driver would take it: it looks at length and CRC only.
+            m_bytes.remove(0, judgement.length);
+            return CollectedReply{ReplyKind::WrongByteCount, QByteArray()};
         case Verdict::Bad:
             return CollectedReply{ReplyKind::Bad, m_bytes.left(judgement.length)};
         case Verdict::Exception:
@@ -69,7 +73,8 @@ void ReplyCollector::settle(const CollectedReply& reply)
 {
     const bool isGood = reply.kind == ReplyKind::Good;
     const bool isAnswered = isGood || reply.kind == ReplyKind::Exception
-                            || reply.kind == ReplyKind::Bad || reply.kind == ReplyKind::Short;
+                            || reply.kind == ReplyKind::Bad || reply.kind == ReplyKind::Short
+                            || reply.kind == ReplyKind::WrongByteCount;
     // A refusal or damaged bytes may belong to another reply that is owed.
     if (isGood || (isAnswered && m_owed->isOwedOnly(m_request)))
         m_owed->forget(m_request);

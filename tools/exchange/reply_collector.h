@@ -31,7 +31,8 @@ public:
     const FRAME_PRO& request() const { return m_request; }
 
     /// @param sinceRequest microseconds since the request's last character
-    /// @return the reply (Good, Bad or Exception), once it is there
+    /// @return the reply (Good, Bad, Exception or, without bytes, WrongByteCount), once it
+    ///         is there
     std::optional<CollectedReply> add(const QByteArray& bytes, qint64 sinceRequest,
                                       const LineTiming& timing);
 

@@ -56,6 +56,14 @@ bool answers(const FRAME_PRO& request, const QByteArray& received)
     return true;
 }
 
+/// Whether the frame, of the expected length, is of the station and function asked; its
+/// byte count then speaks against its own length.
+bool miscounts(const FRAME_PRO& request, const QByteArray& received)
+{
+    return isRead(request.frame[1])
+           && std::memcmp(request.frame, received.constData(), STATION_AND_FUNCTION) == 0;
+}
+
 /// Compares as many bytes as both have.
 bool agree(const FRAME_PRO& request, const QByteArray& received)
 {
@@ -117,7 +125,8 @@ Judgement judgeReply(const FRAME_PRO& request, const QByteArray& received)
         return received.size() < request.sendLen ? Judgement{Verdict::Incomplete, 0}
                                                  : Judgement{Verdict::Echo, request.sendLen};
     if (hasExpectedLength)
-        return {Verdict::Foreign, request.recvLen};
+        return {miscounts(request, received) ? Verdict::WrongByteCount : Verdict::Foreign,
+                request.recvLen};
     const int announced = announcedLength(received);
     if (holdsFrame(received, announced))
         return {refuses(request, received) ? Verdict::Exception : Verdict::Foreign, announced};

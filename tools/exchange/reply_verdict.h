@@ -7,12 +7,13 @@
 #include <QtCore/QByteArray>
 
 enum class Verdict {
-    Incomplete, ///< may still become a reply
-    Good,       ///< the reply to this request
-    Exception,  ///< this station refuses this request; see exceptionCodeOf()
-    Foreign,    ///< a whole frame that answers another request
-    Echo,       ///< the request itself, as on a line that hears its own bytes
-    Bad         ///< as many bytes as expected, or more, and no frame in them
+    Incomplete,     ///< may still become a reply
+    Good,           ///< the reply to this request
+    Exception,      ///< this station refuses this request; see exceptionCodeOf()
+    Foreign,        ///< a whole frame that answers another request
+    WrongByteCount, ///< a reply to this request but for its byte count
+    Echo,           ///< the request itself, as on a line that hears its own bytes
+    Bad             ///< as many bytes as expected, or more, and no frame in them
 };
 
 struct Judgement {

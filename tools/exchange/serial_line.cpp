@@ -1,5 +1,7 @@
 #include "exchange/serial_line.h"
 
+#include "ports/port_access.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 
@@ -71,9 +73,9 @@ void SerialLine::handleError(QSerialPort::SerialPortError error)
         return;
     const bool wasOpen = m_port.isOpen();
     // What the system says of a port that died depends on the call that met it first.
-    const QString reason =
-        wasOpen ? QStringLiteral("the port was closed or unplugged")
-                : QStringLiteral("cannot open the port: %1").arg(m_port.errorString());
+    const QString reason = wasOpen ? QStringLiteral("the port was closed or unplugged")
+                                   : QStringLiteral("cannot open the port: %1")
+                                         .arg(m_port.errorString() + accessAdvice(m_name));
     close();
     emit failed(QStringLiteral("%1: %2").arg(m_name, reason));
 }

@@ -23,6 +23,9 @@ void countBad(const ExchangeRecord& record, BadReplies* bad)
     case ReplyKind::Foreign:
         ++bad->foreign;
         return;
+    case ReplyKind::WrongByteCount:
+        ++bad->byteCounts;
+        return;
     case ReplyKind::Lost:
         ++bad->lost;
         return;
@@ -39,7 +42,8 @@ void countBad(const ExchangeRecord& record, BadReplies* bad)
 
 qint64 BadReplies::sum() const
 {
-    return none + incomplete + damaged + exceptions + foreign + lost + broadcasts + ignored;
+    return none + incomplete + damaged + exceptions + foreign + lost + broadcasts + ignored
+           + byteCounts;
 }
 
 void Statistics::add(const ExchangeRecord& record)

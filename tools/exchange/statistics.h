@@ -14,6 +14,7 @@ struct BadReplies {
     qint64 lost = 0;       ///< the line was lost meanwhile
     qint64 broadcasts = 0; ///< no station answers
     qint64 ignored = 0;    ///< a good reply that the driver did not take
+    qint64 byteCounts = 0; ///< the reply's byte count was wrong
 
     qint64 sum() const;
 };

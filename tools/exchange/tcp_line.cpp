@@ -1,5 +1,7 @@
 #include "exchange/tcp_line.h"
 
+#include "exchange/gateway_address.h"
+
 namespace
 {
 
@@ -14,8 +16,7 @@ TcpLine::TcpLine(const QString& host, quint16 port, QObject* parent)
     connect(&m_connecting, &QTimer::timeout, this, [this] {
         m_socket.abort();
         emit failed(QString::fromLatin1("%1: no connection within %2 seconds")
-                        .arg(name())
-                        .arg(CONNECT_TIMEOUT / 1000));
+                        .arg(name(), QString::number(CONNECT_TIMEOUT / 1000)));
     });
     connect(&m_socket, &QTcpSocket::connected, this, [this] {
         m_connecting.stop();
@@ -29,7 +30,7 @@ TcpLine::TcpLine(const QString& host, quint16 port, QObject* parent)
 
 QString TcpLine::name() const
 {
-    return QString::fromLatin1("%1:%2").arg(m_host).arg(m_port);
+    return gatewayText({m_host, m_port});
 }
 
 LineTiming TcpLine::timing() const

@@ -12,8 +12,10 @@ class TcpLine : public Line
     Q_OBJECT
 
 public:
+    /// @param host a name or an IP address, without brackets
     TcpLine(const QString& host, quint16 port, QObject* parent = nullptr);
 
+    /// See gatewayText().
     QString name() const override;
     LineTiming timing() const override;
     /// Gives up after 5 seconds.

@@ -29,8 +29,8 @@ bool simulate(ConnectionOptions* options, Connection* connection, QString* error
 
 std::unique_ptr<Line> makeLine(const ConnectionOptions& options)
 {
-    if (!options.host.isEmpty())
-        return std::make_unique<TcpLine>(options.host, options.tcpPort);
+    if (!options.gateway.host.isEmpty())
+        return std::make_unique<TcpLine>(options.gateway.host, options.gateway.port);
     return std::make_unique<SerialLine>(options.port, options.timing, options.parity);
 }
 

@@ -2,7 +2,7 @@
 
 #include "kxhost/command_line.h"
 
-#include <QtCore/QUrl>
+#include <QtNetwork/QHostAddress>
 
 namespace
 {
@@ -91,15 +91,12 @@ bool takeGateway(const QCommandLineParser& parser, ConnectionOptions* options, Q
     if (!isSet(parser, "tcp"))
         return true;
     const QString text = valueOf(parser, "tcp");
-    const QUrl url(QLatin1String("tcp://") + text, QUrl::StrictMode);
-    const int port = url.port(options->tcpPort);
-    if (!url.isValid() || url.host().isEmpty() || port < 1 || !url.path().isEmpty()) {
-        *error = QString::fromLatin1("--tcp %1: must be HOST or HOST:PORT").arg(text);
-        return false;
-    }
-    options->host = url.host();
-    options->tcpPort = static_cast<quint16>(port);
-    return true;
+    if (parseGatewayAddress(text, &options->gateway))
+        return true;
+    *error = QString::fromLatin1("--tcp %1: must be HOST or HOST:PORT").arg(text);
+    if (QHostAddress(text).protocol() == QAbstractSocket::IPv6Protocol)
+        *error += QString::fromLatin1("; write an IPv6 address in brackets, [%1]").arg(text);
+    return false;
 }
 
 bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)

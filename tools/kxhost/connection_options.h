@@ -3,6 +3,7 @@
 #define KX_TOOLS_CONNECTION_OPTIONS_H
 
 #include "exchange/driver_session.h"
+#include "exchange/gateway_address.h"
 #include "kxsim/fault_plan.h"
 
 #include <QtCore/QCommandLineParser>
@@ -12,9 +13,8 @@ struct ConnectionOptions {
     QString port; ///< serial port, when not empty
     LineTiming timing;
     QSerialPort::Parity parity = QSerialPort::NoParity;
-    QString host; ///< gateway, when not empty
-    quint16 tcpPort = 8888;
-    bool simulate = false; ///< simulated controllers inside the program
+    GatewayAddress gateway = {QString(), 8888}; ///< when its host is not empty
+    bool simulate = false;                      ///< simulated controllers inside the program
     /// With `simulate`; commands add the stations that they need.
     QList<int> simulatedStations;
     kxsim::FaultPlan faults; ///< of the simulated line

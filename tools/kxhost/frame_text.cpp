@@ -2,6 +2,7 @@
 
 #include "data/reply_handling.h"
 #include "exchange/reply_verdict.h"
+#include "kxhost/json_time.h"
 
 namespace
 {
@@ -111,6 +112,8 @@ QString replyKindText(const ExchangeRecord& record)
         return QString::fromLatin1("exception %1 (%2)")
             .arg(record.exceptionCode)
             .arg(exceptionName(record.exceptionCode));
+    case ReplyKind::WrongByteCount:
+        return QLatin1String("wrong byte count");
     case ReplyKind::Foreign:
         return QLatin1String("reply of another request");
     case ReplyKind::Lost:
@@ -186,8 +189,8 @@ QJsonObject exchangeJson(const ExchangeRecord& record)
 {
     QJsonObject json;
     json[QLatin1String("event")] = QLatin1String("exchange");
-    json[QLatin1String("sent")] = record.sentAt.toString(Qt::ISODateWithMs);
-    json[QLatin1String("finished")] = record.finishedAt.toString(Qt::ISODateWithMs);
+    json[QLatin1String("sent")] = jsonTime(record.sentAt);
+    json[QLatin1String("finished")] = jsonTime(record.finishedAt);
     json[QLatin1String("request")] = hexText(record.request);
     json[QLatin1String("requestFields")] = requestText(record.request);
     json[QLatin1String("reply")] = hexText(record.reply);

@@ -2,6 +2,7 @@
 
 #include "kxhost/console.h"
 #include "kxhost/frame_text.h"
+#include "kxhost/json_time.h"
 #include "kxhost/summary_text.h"
 #include "kxhost/watch_table.h"
 
@@ -23,7 +24,7 @@ QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time)
 {
     QJsonObject json;
     json[QLatin1String("event")] = QLatin1String(hasFailed(entry) ? "failure" : "change");
-    json[QLatin1String("time")] = time.toString(Qt::ISODateWithMs);
+    json[QLatin1String("time")] = jsonTime(time);
     json[QLatin1String("station")] = entry.station;
     json[QLatin1String("address")] = addressText(entry.type, entry.address);
     if (!entry.name.isEmpty())

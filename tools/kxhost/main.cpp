@@ -29,7 +29,11 @@ int runCommand(QStringList arguments)
         return EXIT_FINE;
     }
     if (name == QLatin1String("--version") || name == QLatin1String("-v")) {
-        print(versionText());
+        const QString json = QLatin1String("--json");
+        if (leading.contains(json) || arguments.contains(json))
+            printJson(versionJson());
+        else
+            print(versionText());
         return EXIT_FINE;
     }
     const Command* const command = findCommand(name);

@@ -1,6 +1,5 @@
 #include "kxhost/recipe_storage.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QSaveFile>
 
 #include <cerrno>
@@ -53,23 +52,6 @@ void keepOwner(const QString& path, int handle)
 }
 
 } // namespace
-
-bool readRecipeFile(const QString& path, QByteArray* text, QString* error)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(file, error);
-    *text = file.read(LARGEST_RECIPE_FILE + 1);
-    if (file.error() != QFileDevice::NoError)
-        return fail(file, error);
-    if (text->size() > LARGEST_RECIPE_FILE) {
-        *error = QStringLiteral("%1: larger than %2 MiB, the most that a recipe file may have")
-                     .arg(path)
-                     .arg(LARGEST_RECIPE_FILE / 1024 / 1024);
-        return false;
-    }
-    return true;
-}
 
 bool canReplaceRecipeFile(const QString& path, QString* error)
 {

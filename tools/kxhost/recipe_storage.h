@@ -5,12 +5,6 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-/// Larger files are refused as no recipes.
-const qint64 LARGEST_RECIPE_FILE = 16 * 1024 * 1024; // bytes
-
-/// Returns false and one line in `*error` when the file cannot be read.
-bool readRecipeFile(const QString& path, QByteArray* text, QString* error);
-
 /// Whether the file could be replaced; leaves it alone.
 bool canReplaceRecipeFile(const QString& path, QString* error);
 

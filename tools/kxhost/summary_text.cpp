@@ -42,7 +42,8 @@ QStringList faultLines(const Statistics& counts)
     QStringList lines;
     addLine("repeated or failed: ",
             {named(bad.none, "without a reply"), named(bad.incomplete, "cut short"),
-             named(bad.damaged, "damaged"), named(bad.exceptions, "refused by the station"),
+             named(bad.damaged, "damaged"), named(bad.byteCounts, "with a wrong byte count"),
+             named(bad.exceptions, "refused by the station"),
              named(bad.foreign, "answered by replies of other requests only"),
              named(bad.lost, "cut off by the loss of the line"), named(bad.broadcasts, "broadcast"),
              named(bad.ignored, "ignored by the driver")},
@@ -79,14 +80,12 @@ double loadPercent(const WatchSummary& summary)
 
 QJsonObject badRepliesJson(const BadReplies& bad)
 {
-    return {{QLatin1String("none"), bad.none},
-            {QLatin1String("short"), bad.incomplete},
-            {QLatin1String("damaged"), bad.damaged},
-            {QLatin1String("refused"), bad.exceptions},
-            {QLatin1String("foreign"), bad.foreign},
-            {QLatin1String("lineLost"), bad.lost},
-            {QLatin1String("broadcast"), bad.broadcasts},
-            {QLatin1String("ignored"), bad.ignored}};
+    return {
+        {QLatin1String("none"), bad.none},          {QLatin1String("short"), bad.incomplete},
+        {QLatin1String("damaged"), bad.damaged},    {QLatin1String("byteCount"), bad.byteCounts},
+        {QLatin1String("refused"), bad.exceptions}, {QLatin1String("foreign"), bad.foreign},
+        {QLatin1String("lineLost"), bad.lost},      {QLatin1String("broadcast"), bad.broadcasts},
+        {QLatin1String("ignored"), bad.ignored}};
 }
 
 QJsonObject thrownAwayJson(const ThrownAway& thrown)

@@ -1,8 +1,8 @@
 #include "kxhost/tags_file.h"
 
 #include "kxhost/csv_table.h"
+#include "kxhost/text_file.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QHash>
 #include <QtCore/QStringList>
 
@@ -78,13 +78,8 @@ bool takeTags(const QList<CsvRow>& rows, QList<Tag>* tags, CsvFault* fault)
 
 bool loadTags(const QString& path, QList<Tag>* tags, QString* error)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(error, text("%1: %2").arg(path, file.errorString()));
-    const QByteArray content = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return fail(error, text("%1: %2").arg(path, file.errorString()));
-    return parseTags(content, path, tags, error);
+    QByteArray content;
+    return readTextFile(path, &content, error) && parseTags(content, path, tags, error);
 }
 
 bool parseTags(const QByteArray& content, const QString& path, QList<Tag>* tags, QString* error)

@@ -1,5 +1,7 @@
 #include "kxsim/serial_port.h"
 
+#include "ports/port_access.h"
+
 #include <QtCore/QFile>
 
 #include <modbus/modbus.h>
@@ -29,8 +31,9 @@ std::unique_ptr<SerialPort> SerialPort::open(const PortSettings& settings, QStri
         port->m_name = settings.device;
         return port;
     }
+    const QString reason = QString::fromLocal8Bit(modbus_strerror(errno));
     *error = QStringLiteral("cannot open %1: %2")
-                 .arg(settings.device, QString::fromLocal8Bit(modbus_strerror(errno)));
+                 .arg(settings.device, reason + accessAdvice(settings.device));
     return nullptr;
 }
 

@@ -89,6 +89,7 @@ private slots:
     void serialThatIsNotThere();
     void serialThatGoesAway();
     void networkCarriesBytesBothWays();
+    void networkIsNamedAsItIsTyped();
     void networkThatRefuses();
     void networkThatGoesAway();
 };
@@ -211,6 +212,13 @@ void LinesTest::networkCarriesBytesBothWays()
     QTRY_COMPARE(received += peer->readAll(), QByteArray("request"));
     peer->write("reply");
     QTRY_COMPARE(listener.arrived, QByteArray("reply"));
+}
+
+void LinesTest::networkIsNamedAsItIsTyped()
+{
+    QCOMPARE(TcpLine(QString::fromLatin1("::1"), 8888).name(), QString::fromLatin1("[::1]:8888"));
+    QCOMPARE(TcpLine(QString::fromLatin1("gateway"), 502).name(),
+             QString::fromLatin1("gateway:502"));
 }
 
 void LinesTest::networkThatRefuses()

@@ -16,6 +16,7 @@ const QByteArray ECHO = withCrc("01 03 00 64 00 02");
 // Four bytes of values: 1234 and 5678.
 const QByteArray REPLY = withCrc("01 03 04 04 D2 16 2E");
 const QByteArray REPLY_OF_2 = withCrc("02 03 04 04 D2 16 2E");
+const QByteArray MISCOUNTED = withCrc("01 03 05 04 D2 16 2E");
 const QByteArray REFUSAL = withCrc("01 83 02");
 const QByteArray DAMAGED = bytes("01 03 04 04 D2 16 2E 00 00");
 
@@ -83,6 +84,8 @@ void ReplyCollectorTest::whatIsTheReply_data()
                                          << ReplyKind::Exception << REFUSAL << QList<int>({2, 1});
     QTest::newRow("before another")
         << REPLY + REFUSAL << ReplyKind::Good << REPLY << QList<int>({0, 0});
+    QTest::newRow("a wrong byte count, for which the driver gets nothing")
+        << MISCOUNTED << ReplyKind::WrongByteCount << QByteArray() << QList<int>({0, 0});
 }
 
 void ReplyCollectorTest::whatIsTheReply()
@@ -147,6 +150,8 @@ void ReplyCollectorTest::whoIsOwedAReply_data()
     QTest::newRow("damaged") << ReplyKind::Bad << false << false;
     QTest::newRow("damaged, perhaps another") << ReplyKind::Bad << true << true;
     QTest::newRow("cut short") << ReplyKind::Short << false << false;
+    QTest::newRow("miscounted") << ReplyKind::WrongByteCount << false << false;
+    QTest::newRow("miscounted, perhaps another") << ReplyKind::WrongByteCount << true << true;
     QTest::newRow("cut short, perhaps another") << ReplyKind::Short << true << true;
     QTest::newRow("nothing came") << ReplyKind::None << false << true;
     QTest::newRow("only others came") << ReplyKind::Foreign << false << true;

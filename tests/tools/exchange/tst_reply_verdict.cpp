@@ -35,7 +35,11 @@ void ReplyVerdictTest::reads_data()
     QTest::newRow("other station") << withCrc("02 03 04 04 D2 16 2E") << Verdict::Foreign << 9;
     QTest::newRow("other function") << withCrc("01 01 04 04 D2 16 2E") << Verdict::Foreign << 9;
     QTest::newRow("other byte count, same length")
-        << withCrc("01 03 05 04 D2 16 2E") << Verdict::Foreign << 9;
+        << withCrc("01 03 05 04 D2 16 2E") << Verdict::WrongByteCount << 9;
+    QTest::newRow("a byte count of 0")
+        << withCrc("01 03 00 04 D2 16 2E") << Verdict::WrongByteCount << 9;
+    QTest::newRow("other station and byte count")
+        << withCrc("02 03 05 04 D2 16 2E") << Verdict::Foreign << 9;
     QTest::newRow("shorter whole reply") << withCrc("01 03 02 04 D2") << Verdict::Foreign << 7;
     QTest::newRow("longer whole reply")
         << withCrc("01 03 06 04 D2 16 2E 00 00") << Verdict::Foreign << 11;

@@ -70,6 +70,7 @@ void StatisticsTest::everyBadReplyIsCountedByItsKind_data()
     row("bad", ReplyKind::Bad, &BadReplies::damaged);
     row("exception", ReplyKind::Exception, &BadReplies::exceptions);
     row("foreign", ReplyKind::Foreign, &BadReplies::foreign);
+    row("miscounted", ReplyKind::WrongByteCount, &BadReplies::byteCounts);
     row("lost", ReplyKind::Lost, &BadReplies::lost);
     row("broadcast", ReplyKind::Broadcast, &BadReplies::broadcasts);
     row("good, not taken", ReplyKind::Good, &BadReplies::ignored);

@@ -103,6 +103,7 @@ void FrameTextTest::outcomes_data()
         "exception 11 (no answer to the gateway), repeated");
     row("exception 200", ReplyKind::Exception, 200, 8, "exception 200 (other reason), repeated");
     row("foreign", ReplyKind::Foreign, 0, 2, "reply of another request, failed");
+    row("wrong byte count", ReplyKind::WrongByteCount, 0, 8, "wrong byte count, repeated");
     row("lost", ReplyKind::Lost, 0, 8, "line lost, repeated");
     row("broadcast", ReplyKind::Broadcast, 0, 2, "broadcast, failed");
     row("not sent", ReplyKind::NotSent, 0, 2, "too long to send, failed");
@@ -128,8 +129,8 @@ ExchangeRecord FrameTextTest::accepted()
     record.reply = bytes("01 03 02 00 05 78 47");
     record.replyKind = ReplyKind::Good;
     record.result = 1;
-    record.sentAt = QDateTime(QDate(2024, 5, 17), QTime(10, 11, 12, 13));
-    record.finishedAt = QDateTime(QDate(2024, 5, 17), QTime(10, 11, 12, 45));
+    record.sentAt = QDateTime(QDate(2024, 5, 17), QTime(10, 11, 12, 13), Qt::UTC);
+    record.finishedAt = QDateTime(QDate(2024, 5, 17), QTime(10, 11, 12, 45), Qt::UTC);
     return record;
 }
 
@@ -165,8 +166,8 @@ void FrameTextTest::json()
     const QJsonObject json = exchangeJson(accepted());
     const auto text = [&](const char* name) { return json[QLatin1String(name)].toString(); };
     QCOMPARE(text("event"), QString::fromLatin1("exchange"));
-    QCOMPARE(text("sent"), QString::fromLatin1("2024-05-17T10:11:12.013"));
-    QCOMPARE(text("finished"), QString::fromLatin1("2024-05-17T10:11:12.045"));
+    QCOMPARE(text("sent"), QString::fromLatin1("2024-05-17T10:11:12.013Z"));
+    QCOMPARE(text("finished"), QString::fromLatin1("2024-05-17T10:11:12.045Z"));
     QCOMPARE(text("request"), QString::fromLatin1("01 03 00 64 00 01 C5 D5"));
     QCOMPARE(text("reply"), QString::fromLatin1("01 03 02 00 05 78 47"));
     QCOMPARE(text("outcome"), QString::fromLatin1("good"));

@@ -9,6 +9,8 @@ class LineViewsTest : public QObject
     Q_OBJECT
 
 private slots:
+    // Lines show local time, JSON shows UTC.
+    void initTestCase() { qputenv("TZ", "UTC"); }
     void entries_data();
     void entries();
     void namedEntries_data();
@@ -26,21 +28,22 @@ void LineViewsTest::entries_data()
     const int ok = int(WatchState::Ok);
     QTest::newRow("word") << QByteArray("D100") << qint64(1234) << ok
                           << text("2024-05-17T10:11:12.013 1 D100 1234")
-                          << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013",)"
+                          << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013Z",)"
                                         R"("station":1,"address":"D100","value":1234})");
     QTest::newRow("octal address")
         << QByteArray("X17@2") << qint64(1) << ok << text("2024-05-17T10:11:12.013 2 X17 1")
-        << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013",)"
+        << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013Z",)"
                       R"("station":2,"address":"X17","value":1})");
     QTest::newRow("no answer") << QByteArray("D100") << qint64(1234) << int(WatchState::NoAnswer)
                                << text("2024-05-17T10:11:12.013 1 D100 no answer")
                                << QByteArray(
-                                      R"({"event":"failure","time":"2024-05-17T10:11:12.013",)"
+                                      R"({"event":"failure","time":"2024-05-17T10:11:12.013Z",)"
                                       R"("station":1,"address":"D100","state":"no answer"})");
     QTest::newRow("refused") << QByteArray("D100") << qint64(1234) << int(WatchState::Refused)
                              << text("2024-05-17T10:11:12.013 1 D100 refused")
-                             << QByteArray(R"({"event":"failure","time":"2024-05-17T10:11:12.013",)"
-                                           R"("station":1,"address":"D100","state":"refused"})");
+                             << QByteArray(
+                                    R"({"event":"failure","time":"2024-05-17T10:11:12.013Z",)"
+                                    R"("station":1,"address":"D100","state":"refused"})");
 }
 
 void LineViewsTest::entries()
@@ -65,19 +68,19 @@ void LineViewsTest::namedEntries_data()
     const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
     QTest::newRow("value") << text("Pump speed") << int(WatchState::Ok)
                            << text("2024-05-17T10:11:12.013 1 D100 (Pump speed) 1234")
-                           << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013",)"
+                           << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013Z",)"
                                          R"("station":1,"address":"D100","name":"Pump speed",)"
                                          R"("value":1234})");
     QTest::newRow("no answer") << text("Pump speed") << int(WatchState::NoAnswer)
                                << text("2024-05-17T10:11:12.013 1 D100 (Pump speed) no answer")
                                << QByteArray(
-                                      R"({"event":"failure","time":"2024-05-17T10:11:12.013",)"
+                                      R"({"event":"failure","time":"2024-05-17T10:11:12.013Z",)"
                                       R"("station":1,"address":"D100","name":"Pump speed",)"
                                       R"("state":"no answer"})");
     QTest::newRow("percent sign in the name")
         << text("Valve %3 %4") << int(WatchState::Ok)
         << text("2024-05-17T10:11:12.013 1 D100 (Valve %3 %4) 1234")
-        << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013",)"
+        << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013Z",)"
                       R"("station":1,"address":"D100","name":"Valve %3 %4","value":1234})");
 }
 

@@ -119,6 +119,9 @@ void TestPlanCommand::wrongUsageIsOneLine_data()
         "kxhost: nothing to plan; name addresses such as D100:4, or a tags file");
     row("a wrong address", "plan D1 X8",
         "kxhost: X8: '8' is not an octal number; the addresses are X0 to X377 (octal)");
+    row("a file without an end", "plan --tags /dev/zero",
+        "kxhost: /dev/zero: larger than 16 MiB, the most that tags and recipes may have");
+    row("a folder", "plan --tags /", "kxhost: /: is a folder, not a file");
     row("a missing file", "plan no/such.csv", "kxhost: no/such.csv: No such file or directory");
     row("a missing tags file", "plan D1 --tags no.csv",
         "kxhost: no.csv: No such file or directory");

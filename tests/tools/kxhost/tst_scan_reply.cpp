@@ -38,6 +38,10 @@ void TestScanReply::aReplyCounts_data()
         << ReplyKind::Foreign << 0 << withCrc("04 03 02 00 01")
         << "station 4: answered with another or a late reply"
         << QByteArray("{\"answer\":\"other\",\"event\":\"station\",\"station\":4}");
+    QTest::newRow("a wrong byte count")
+        << ReplyKind::WrongByteCount << 0 << withCrc("05 03 03 00 01")
+        << "station 5: answered with a wrong byte count"
+        << QByteArray("{\"answer\":\"other\",\"event\":\"station\",\"station\":5}");
     QTest::newRow("the shortest frame")
         << ReplyKind::Short << 0 << withCrc("05 11")
         << "station 5: answered with another or a late reply"

@@ -3,6 +3,8 @@
 #include "command_process.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtCore/QMap>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
@@ -77,6 +79,30 @@ private slots:
         QCOMPARE(result.output.at(1), QString("Qt ") + qVersion());
         QVERIFY(result.output.at(2).startsWith("driver library: /"));
         QVERIFY(result.output.at(2).endsWith("/libtarvelan_kx_series.so.1.0.0"));
+    }
+
+    void kxhostAsJson_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("behind it") << QStringList{"--version", "--json"};
+        QTest::newRow("in front of it") << QStringList{"--json", "--version"};
+        QTest::newRow("short") << QStringList{"-v", "--json"};
+    }
+
+    void kxhostAsJson()
+    {
+        QFETCH(QStringList, arguments);
+        const CommandResult result = runCommand(arguments);
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(result.errors, QStringList());
+        QCOMPARE(result.output.size(), 1);
+        const QJsonObject json = QJsonDocument::fromJson(result.output.first().toUtf8()).object();
+        QCOMPARE(json.keys(), (QStringList{"driverLibrary", "kxhost", "qt"}));
+        QCOMPARE(json["kxhost"].toString(), QString("1.0.0"));
+        QCOMPARE(json["qt"].toString(), QString(qVersion()));
+        const QString library = json["driverLibrary"].toString();
+        QVERIFY2(library.startsWith('/'), qPrintable(library));
+        QVERIFY2(library.endsWith("/libtarvelan_kx_series.so.1.0.0"), qPrintable(library));
     }
 
     void theManPageOfKxhostHasEveryOption()

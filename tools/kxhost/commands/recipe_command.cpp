@@ -11,6 +11,7 @@
 #include "kxhost/recipe_progress.h"
 #include "kxhost/recipe_storage.h"
 #include "kxhost/recipe_transfer.h"
+#include "kxhost/text_file.h"
 
 #include <QtCore/QJsonArray>
 
@@ -74,7 +75,7 @@ bool takeRecipe(RecipeOptions* options, QString* error)
     ConnectionOptions& connection = options->connection;
     const QList<RecipeRow>& rows = options->file.rows();
     QByteArray text;
-    if (!readRecipeFile(options->path, &text, error))
+    if (!readTextFile(options->path, &text, error))
         return false;
     const bool isGood =
         RecipeFile::parse(text, connection.station, &options->file, error)

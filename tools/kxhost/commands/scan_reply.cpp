@@ -17,8 +17,8 @@ QString text(const char* latin1)
 
 QString answerText(const ScanReply& reply)
 {
-    if (reply.answer == ScanAnswer::Exception)
-        return text("answered with %1").arg(reply.refusal);
+    if (!reply.fault.isEmpty())
+        return text("answered with %1").arg(reply.fault);
     return text(reply.answer == ScanAnswer::Other ? "answered with another or a late reply"
                                                   : "answered");
 }
@@ -34,10 +34,12 @@ ScanReply scanReplyOf(const ExchangeRecord& record)
     } else if (record.replyKind == ReplyKind::Exception) {
         reply.answer = ScanAnswer::Exception;
         reply.exceptionCode = record.exceptionCode;
-        reply.refusal = outcomeText(record).section(QLatin1Char(','), 0, 0);
+        reply.fault = outcomeText(record).section(QLatin1Char(','), 0, 0);
     } else if (record.reply.size() >= SHORTEST_FRAME && endsWithItsCrc(record.reply)) {
         reply.answer = ScanAnswer::Other;
         reply.station = static_cast<unsigned char>(record.reply.at(0));
+        if (record.replyKind == ReplyKind::WrongByteCount)
+            reply.fault = text("a wrong byte count");
     }
     return reply;
 }

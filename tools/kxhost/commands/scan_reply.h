@@ -18,7 +18,7 @@ struct ScanReply {
     ScanAnswer answer = ScanAnswer::None;
     int station = 0; ///< who answered; an Other reply may be a late one
     int exceptionCode = 0;
-    QString refusal; ///< "exception 2 (illegal data address)"
+    QString fault; ///< "exception 2 (illegal data address)", "a wrong byte count"
 };
 
 /// A reply counts when its CRC is right, whatever it says.
