@@ -39,6 +39,7 @@ ControllerMemory::ControllerMemory()
                std::vector<bool>(MODBUS_NUMBERS)};
     m_registers = {std::vector<quint16>(MODBUS_NUMBERS), std::vector<bool>(MODBUS_NUMBERS),
                    std::vector<bool>(MODBUS_NUMBERS)};
+    m_inputs.resize(MODBUS_NUMBERS);
     for (const RegisterType& type : REGISTER_TYPES)
         addType(type);
 }
@@ -49,8 +50,13 @@ void ControllerMemory::addType(const RegisterType& type)
         type.registerClass == BIT_CLASS ? m_coils.exists : m_registers.exists;
     const int highest = QString::fromLatin1(type.highest).toInt(nullptr, type.radix);
     const int numbersPerAddress = registersPerAddress(&type);
-    for (int address = type.lowestAddress; address <= highest; ++address)
-        std::fill_n(exists.begin() + modbusNumber(&type, address), numbersPerAddress, true);
+    for (int address = type.lowestAddress; address <= highest; ++address) {
+        const int number = modbusNumber(&type, address);
+        std::fill_n(exists.begin() + number, numbersPerAddress, true);
+        // All that cannot be written are bits.
+        if (!type.writable)
+            m_inputs.at(static_cast<std::size_t>(number)) = true;
+    }
 }
 
 quint32 ControllerMemory::value(const RegisterType* type, int address) const
@@ -102,6 +108,13 @@ NumberRange ControllerMemory::coilsAround(int number) const
 NumberRange ControllerMemory::registersAround(int number) const
 {
     return rangeAround(m_registers.exists, number);
+}
+
+bool ControllerMemory::holdsInput(int firstCoil, int count) const
+{
+    const auto first = m_inputs.begin() + qMin<int>(firstCoil, MODBUS_NUMBERS);
+    const auto end = m_inputs.begin() + qMin<int>(firstCoil + count, MODBUS_NUMBERS);
+    return std::find(first, end, true) != end;
 }
 
 quint8* ControllerMemory::coil(int number)

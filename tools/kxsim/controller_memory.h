@@ -39,6 +39,9 @@ public:
     NumberRange coilsAround(int number) const;
     NumberRange registersAround(int number) const;
 
+    /// Whether one of those coils is an input, which no request may write.
+    bool holdsInput(int firstCoil, int count) const;
+
     /// The coil, one byte of 0 or 1, or the register at a Modbus number; those
     /// of one NumberRange lie one after the other.
     quint8* coil(int number);
@@ -55,6 +58,7 @@ private:
     void addType(const RegisterType& type);
 
     Space<quint8> m_coils;
+    std::vector<bool> m_inputs; ///< by coil number
     Space<quint16> m_registers;
 };
 

@@ -55,6 +55,9 @@ int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations
     signalled = &simulator;
     std::signal(SIGINT, stopOnSignal);
     std::signal(SIGTERM, stopOnSignal);
+    // nohup lets it outlive its terminal.
+    if (std::signal(SIGHUP, stopOnSignal) == SIG_IGN)
+        std::signal(SIGHUP, SIG_IGN);
     // In the background of a terminal, commands are given up rather than all else.
     std::signal(SIGTTIN, SIG_IGN);
     // Whoever read the answers may be gone; the line is still served.
@@ -63,6 +66,7 @@ int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations
     const bool wasStopped = simulator.run();
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
+    std::signal(SIGHUP, SIG_DFL);
     if (!options.simulation.faults.chances.isEmpty())
         printLine(stdout, QStringLiteral("kxsim: ") + simulator.command(QStringLiteral("faults")));
     return wasStopped ? 0 : fail(PORT_FAILED, line->name() + QStringLiteral(": the line was lost"));

@@ -57,8 +57,11 @@ const char* const EXAMPLES =
     "  kxsim --symlink /tmp/line --fault all:0.1 --fault-seed 7\n"
     "  kxsim --fault silence:0.01 --fault corrupt:0.02\n"
     "\n"
+    "Writes of X are refused (exception 2), as are addresses outside the register map; other\n"
+    "functions than 1, 3, 5, 6, 15 and 16 with exception 1, wrong counts with exception 3.\n"
+    "\n"
     "Exit codes: 0 ended by Ctrl-C or a signal, 2 wrong usage, 3 the port cannot be opened or\n"
-    "was lost.\n";
+    "was lost, or the link cannot be made.\n";
 
 // What libmodbus can set; it falls back to 9600 in silence for all other rates.
 const int BAUDS[] = {110,   300,   600,   1200,   2400,   4800,   9600,
@@ -69,7 +72,8 @@ struct CommandLine {
         {"a", "station"}, "Station to simulate, 1 to 247; repeatable (default 1).", "NUMBER"};
     QCommandLineOption set = {"set", "Preset values; repeatable.", "ADDRESS=VALUE[,VALUE...]"};
     QCommandLineOption still = {"still", "Let no value move."};
-    QCommandLineOption symlink = {"symlink", "Link to make to the pseudo-terminal.", "PATH"};
+    QCommandLineOption symlink = {
+        "symlink", "Link to make to the pseudo-terminal; one of a running kxsim is kept.", "PATH"};
     QCommandLineOption fault = {
         "fault", "Let requests meet a fault with a probability from 0 to 1; repeatable.",
         "KIND:PROBABILITY"};

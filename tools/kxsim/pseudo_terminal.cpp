@@ -1,10 +1,6 @@
 #include "kxsim/pseudo_terminal.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
-
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <stdlib.h>
@@ -60,8 +56,6 @@ bool PseudoTerminal::openBothEnds()
 
 PseudoTerminal::~PseudoTerminal()
 {
-    if (QFileInfo(m_link).symLinkTarget() == m_name)
-        QFile::remove(m_link);
     closeIfOpen(m_hostEnd);
     closeIfOpen(m_descriptor);
 }
@@ -72,34 +66,15 @@ bool PseudoTerminal::reopen()
     const int oldHostEnd = m_hostEnd;
     m_hostEnd = -1;
     // The link leads to the new device before hosts lose the old one.
-    const bool isOpen = openBothEnds() && turnLink();
+    const bool isOpen = openBothEnds() && m_link.turnTo(m_name);
     closeIfOpen(oldHostEnd);
     closeIfOpen(oldDescriptor);
     return isOpen;
 }
 
-bool PseudoTerminal::turnLink()
-{
-    if (m_link.isEmpty())
-        return true;
-    const QString fresh = m_link + QStringLiteral(".new");
-    QFile::remove(fresh);
-    return QFile::link(m_name, fresh)
-           && std::rename(QFile::encodeName(fresh).constData(),
-                          QFile::encodeName(m_link).constData())
-                  == 0;
-}
-
 bool PseudoTerminal::linkFrom(const QString& path, QString* error)
 {
-    if (QFileInfo(path).isSymLink())
-        QFile::remove(path);
-    if (QFile::link(m_name, path)) {
-        m_link = path;
-        return true;
-    }
-    *error = QStringLiteral("cannot make the link %1 to %2").arg(path, m_name);
-    return false;
+    return m_link.make(path, m_name, error);
 }
 
 } // namespace kxsim

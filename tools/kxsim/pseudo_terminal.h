@@ -3,6 +3,7 @@
 #define KX_KXSIM_PSEUDO_TERMINAL_H
 
 #include "kxsim/slave_line.h"
+#include "kxsim/terminal_link.h"
 
 #include <memory>
 
@@ -17,8 +18,8 @@ public:
     static std::unique_ptr<PseudoTerminal> open(QString* error);
     ~PseudoTerminal() override;
 
-    /// Makes `path` a link to the device; it is removed with the terminal. An old
-    /// link is replaced, anything else at that path is left alone and refused.
+    /// Makes `path` a link to the device, see TerminalLink::make(); it is removed with
+    /// the terminal.
     bool linkFrom(const QString& path, QString* error);
 
     /// Gets another device and turns the link to it; hosts find it by the link alone.
@@ -27,10 +28,9 @@ public:
 private:
     PseudoTerminal() = default;
     bool openBothEnds();
-    bool turnLink();
 
     int m_hostEnd = -1; ///< held open, so that the line outlives a host that closes it
-    QString m_link;
+    TerminalLink m_link;
 };
 
 } // namespace kxsim

@@ -1,8 +1,9 @@
 #include "kxsim/request_server.h"
 
+#include "kxsim/request_frame.h"
+
 #include <modbus/modbus.h>
 
-#include <cerrno>
 #include <new>
 #include <stdexcept>
 #include <sys/socket.h>
@@ -14,12 +15,11 @@ namespace kxsim
 namespace
 {
 
-const int HIGHEST_STATION = 247;
 const int FUNCTION_OFFSET = 1;
 const int ADDRESS_OFFSET = 2;
+const int QUANTITY_OFFSET = 4;
 
-// All bytes are there before libmodbus looks: it need not wait for more, nor
-// pause before an exception reply.
+// libmodbus pauses so long before an exception reply.
 const uint32_t NO_WAIT_MICROSECONDS = 1;
 
 int byteAt(const QByteArray& frame, int offset)
@@ -32,16 +32,19 @@ const quint8* dataOf(const QByteArray& frame)
     return reinterpret_cast<const quint8*>(frame.constData());
 }
 
-bool isServedFunction(int function)
+int numberAt(const QByteArray& frame, int offset)
 {
-    switch (function) {
-    case MODBUS_FC_READ_COILS:
-    case MODBUS_FC_READ_HOLDING_REGISTERS:
+    return byteAt(frame, offset) << 8 | byteAt(frame, offset + 1);
+}
+
+bool writesInputs(const QByteArray& request, const ControllerMemory& memory)
+{
+    const int number = numberAt(request, ADDRESS_OFFSET);
+    switch (byteAt(request, FUNCTION_OFFSET)) {
     case MODBUS_FC_WRITE_SINGLE_COIL:
-    case MODBUS_FC_WRITE_SINGLE_REGISTER:
+        return memory.holdsInput(number, 1);
     case MODBUS_FC_WRITE_MULTIPLE_COILS:
-    case MODBUS_FC_WRITE_MULTIPLE_REGISTERS:
-        return true;
+        return memory.holdsInput(number, numberAt(request, QUANTITY_OFFSET));
     default:
         return false;
     }
@@ -78,8 +81,6 @@ RequestServer::RequestServer(Stations* stations)
     m_modbusEnd = ends[0];
     m_ownEnd = ends[1];
     modbus_set_socket(m_modbus, m_modbusEnd);
-    modbus_set_indication_timeout(m_modbus, 0, NO_WAIT_MICROSECONDS);
-    modbus_set_byte_timeout(m_modbus, 0, NO_WAIT_MICROSECONDS);
     modbus_set_response_timeout(m_modbus, 0, NO_WAIT_MICROSECONDS);
 }
 
@@ -92,56 +93,36 @@ RequestServer::~RequestServer()
 
 RequestServer::Answer RequestServer::answer(const QByteArray& received, bool carriesOut)
 {
-    QByteArray request;
-    const Verdict verdict = find(received, &request);
-    const int length = static_cast<int>(request.size());
-    if (verdict != EXECUTED)
-        return {verdict, length, QByteArray()};
+    const FoundRequest found = findRequest(received);
+    if (found.kind != FoundRequest::WHOLE)
+        return {found.kind == FoundRequest::DAMAGED ? DAMAGED : INCOMPLETE, 0, QByteArray()};
+    const QByteArray request = received.left(found.length);
     const int station = byteAt(request, 0);
-    if (station != MODBUS_BROADCAST_ADDRESS) {
-        if (!carriesOut)
-            return {EXECUTED, length, QByteArray()};
-        execute(request, m_stations->memory(station));
-        return {EXECUTED, length, takeReply()};
+    if (station == MODBUS_BROADCAST_ADDRESS) {
+        for (auto& [number, memory] : m_stations->all())
+            execute(request, &memory);
+        return {EXECUTED, found.length, QByteArray()};
     }
-    for (auto& [number, memory] : m_stations->all())
-        execute(request, &memory);
-    return {EXECUTED, length, takeReply()};
-}
-
-RequestServer::Verdict RequestServer::find(const QByteArray& received, QByteArray* request)
-{
-    const int station = byteAt(received, 0);
-    if (station > HIGHEST_STATION)
-        return DAMAGED;
-    // libmodbus takes the message after another station's request for that
-    // station's reply and skips it. So it is asked for every station here, and
-    // what is not simulated is dropped afterwards.
-    modbus_set_slave(m_modbus, station);
-    const QByteArray offered = received.left(MODBUS_RTU_MAX_ADU_LENGTH);
-    if (write(m_ownEnd, offered.constData(), static_cast<size_t>(offered.size())) < 0)
-        return DAMAGED;
-    quint8 bytes[MODBUS_MAX_ADU_LENGTH];
-    const int length = modbus_receive(m_modbus, bytes);
-    const bool isIncomplete = length < 0 && errno == ETIMEDOUT;
-    quint8 rest[MODBUS_MAX_ADU_LENGTH];
-    while (read(m_modbusEnd, rest, sizeof rest) > 0) {
-    }
-    if (length <= 0)
-        return isIncomplete ? INCOMPLETE : DAMAGED;
-    *request = received.left(length);
-    const bool isServed = station == MODBUS_BROADCAST_ADDRESS || m_stations->memory(station);
-    return isServed ? EXECUTED : IGNORED;
+    ControllerMemory* const memory = m_stations->memory(station);
+    if (!memory)
+        return {IGNORED, found.length, QByteArray()};
+    if (!carriesOut)
+        return {EXECUTED, found.length, QByteArray()};
+    execute(request, memory);
+    return {EXECUTED, found.length, takeReply()};
 }
 
 void RequestServer::execute(const QByteArray& request, ControllerMemory* memory)
 {
-    if (!isServedFunction(byteAt(request, FUNCTION_OFFSET))) {
-        modbus_reply_exception(m_modbus, dataOf(request), MODBUS_EXCEPTION_ILLEGAL_FUNCTION);
+    int exception = formFault(request);
+    if (exception == 0 && writesInputs(request, *memory))
+        exception = MODBUS_EXCEPTION_ILLEGAL_DATA_ADDRESS;
+    if (exception != 0) {
+        if (byteAt(request, 0) != MODBUS_BROADCAST_ADDRESS)
+            modbus_reply_exception(m_modbus, dataOf(request), static_cast<unsigned>(exception));
         return;
     }
-    const int number = byteAt(request, ADDRESS_OFFSET) << 8 | byteAt(request, ADDRESS_OFFSET + 1);
-    modbus_mapping_t mapping = mappingAround(memory, number);
+    modbus_mapping_t mapping = mappingAround(memory, numberAt(request, ADDRESS_OFFSET));
     modbus_reply(m_modbus, dataOf(request), static_cast<int>(request.size()), &mapping);
 }
 

@@ -16,7 +16,7 @@ class RequestServer
 {
 public:
     enum Verdict {
-        INCOMPLETE, ///< the bytes so far are the beginning of a request
+        INCOMPLETE, ///< the bytes so far may be the beginning of a request
         DAMAGED,    ///< no request begins at the first byte
         IGNORED,    ///< a request to a station that is not simulated
         EXECUTED    ///< carried out, if asked to; `reply` is empty for a broadcast
@@ -35,21 +35,20 @@ public:
     RequestServer& operator=(const RequestServer&) = delete;
 
     /// Judges the request at the beginning of `received`, which is not empty, and
-    /// carries it out. Requests that touch an address outside the map change
-    /// nothing and are answered with exception 2, other functions than 1, 3, 5,
-    /// 6, 15 and 16 with exception 1.
+    /// carries it out. What is refused changes nothing: requests that touch an address
+    /// outside the map, and writes that touch an input, with exception 2, all else as
+    /// formFault() and libmodbus say.
     /// @param carriesOut false: a request to one station changes nothing, and its
     ///                   reply is left empty
     Answer answer(const QByteArray& received, bool carriesOut = true);
 
 private:
-    Verdict find(const QByteArray& received, QByteArray* request);
     void execute(const QByteArray& request, ControllerMemory* memory);
     QByteArray takeReply();
 
     Stations* m_stations;
     _modbus* m_modbus;
-    int m_modbusEnd; ///< libmodbus receives and replies here, as if on a line
+    int m_modbusEnd; ///< libmodbus replies here, as if on a line
     int m_ownEnd;
 };
 

@@ -34,6 +34,8 @@ private slots:
     void registersExistInTheseRangesOnly();
     void valuesAreCutToTheWidthOfTheirType();
     void motionLeavesPresetsAlone();
+    void inputsAreTheCoilsOfX_data();
+    void inputsAreTheCoilsOfX();
 };
 
 void TestControllerMemory::aBitLiesAtItsCoil_data()
@@ -229,6 +231,30 @@ void TestControllerMemory::motionLeavesPresetsAlone()
     }
     memory.move(type("TV"), 8, 33);
     QCOMPARE(memory.value(type("TV"), 8), 33u);
+}
+
+void TestControllerMemory::inputsAreTheCoilsOfX_data()
+{
+    QTest::addColumn<int>("coil");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<bool>("holdsInput");
+    QTest::newRow("Y0") << 0 << 1 << false;
+    QTest::newRow("before X") << 1199 << 1 << false;
+    QTest::newRow("up to X0") << 1199 << 2 << true;
+    QTest::newRow("X0") << 1200 << 1 << true;
+    QTest::newRow("X377") << 1455 << 1 << true;
+    QTest::newRow("behind X") << 1456 << 1 << false;
+    QTest::newRow("all around X") << 0 << 1968 << true;
+    QTest::newRow("M") << 2000 << 1968 << false;
+    QTest::newRow("past the last number") << 65535 << 1968 << false;
+}
+
+void TestControllerMemory::inputsAreTheCoilsOfX()
+{
+    QFETCH(int, coil);
+    QFETCH(int, count);
+    const ControllerMemory memory;
+    QTEST(memory.holdsInput(coil, count), "holdsInput");
 }
 
 QTEST_APPLESS_MAIN(TestControllerMemory)

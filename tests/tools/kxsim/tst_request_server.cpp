@@ -25,6 +25,7 @@ class TestRequestServer : public QObject
 private slots:
     void aRequestIsAnswered_data();
     void aRequestIsAnswered();
+    void aRefusedWriteChangesNothing_data();
     void aRefusedWriteChangesNothing();
     void writesReachTheMemory();
     void eachStationAnswersFromItsOwnMemory();
@@ -74,6 +75,18 @@ void TestRequestServer::aRequestIsAnswered_data()
         {"discrete inputs are not served", "01 02 0000 0001", "01 82 01"},
         {"input registers are not served", "01 04 0000 0001", "01 84 01"},
         {"nor is the station's identity", "01 11", "01 91 01"},
+        {"nor are diagnostics", "01 08 0000 A537", "01 88 01"},
+        {"nor is a function of the user's own", "01 41 123456", "01 C1 01"},
+        {"write coils with too many bytes", "01 0F 07D0 000A 03 FF03 00", "01 8F 03"},
+        {"write no coils", "01 0F 07D0 0000 00", "01 8F 03"},
+        {"write registers, bytes miscounted", "01 10 0064 0002 02 0102 0304", "01 90 03"},
+        {"write no registers", "01 10 0064 0000 00", "01 90 03"},
+        {"write no registers in a hole", "01 10 2144 0000 00", "01 90 03"},
+        {"read the first input", "01 01 04B0 0001", "01 01 01 00"},
+        {"write the first input", "01 05 04B0 FF00", "01 85 02"},
+        {"write the last input", "01 05 05AF 0000", "01 85 02"},
+        {"write inputs", "01 0F 05A8 0008 01 FF", "01 8F 02"},
+        {"write the register with an input's number", "01 06 04B0 0001", "01 06 04B0 0001"},
     };
     for (const auto& row : rows)
         QTest::newRow(row.situation) << withCrc(row.request) << withCrc(row.reply);
@@ -99,12 +112,31 @@ void TestRequestServer::aRequestIsAnswered()
     QCOMPARE(answer.reply.toHex(' '), reply.toHex(' '));
 }
 
+void TestRequestServer::aRefusedWriteChangesNothing_data()
+{
+    QTest::addColumn<QByteArray>("request");
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<int>("address");
+    const auto row = [](const char* name, const char* request, const char* type, int address) {
+        QTest::newRow(name) << withCrc(request) << QString::fromLatin1(type) << address;
+    };
+    row("past the end", "01 10 2FDF 0002 04 0102 0304", "SD", 511);
+    row("one input", "01 05 04B0 FF00", "X", 0);
+    row("inputs", "01 0F 05A8 0008 01 FF", "X", 255);
+    row("inputs, to all stations", "00 0F 05A8 0008 01 FF", "X", 255);
+    row("too many bytes for the coils", "01 0F 07D0 000A 03 FF03 00", "M", 0);
+    row("too few bytes for the registers", "01 10 0064 0002 02 0102 0304", "D", 100);
+}
+
 void TestRequestServer::aRefusedWriteChangesNothing()
 {
+    QFETCH(QByteArray, request);
+    QFETCH(QString, type);
+    QFETCH(int, address);
     Stations stations({1});
     RequestServer server(&stations);
-    server.answer(withCrc("01 10 2FDF 0002 04 0102 0304")); // SD511 and what follows it
-    QCOMPARE(stations.memory(1)->value(type("SD"), 511), 0u);
+    QCOMPARE(server.answer(request).verdict, RequestServer::EXECUTED);
+    QCOMPARE(stations.memory(1)->value(findRegisterType(type), address), 0u);
 }
 
 void TestRequestServer::writesReachTheMemory()
@@ -148,6 +180,9 @@ void TestRequestServer::aBroadcastReachesAllStationsAndIsNotAnswered()
     QCOMPARE(answer.reply, QByteArray());
     QCOMPARE(stations.memory(1)->value(type("D"), 5), 9u);
     QCOMPARE(stations.memory(2)->value(type("D"), 5), 9u);
+    // A refused one is not answered either, nor with the next reply.
+    QCOMPARE(server.answer(withCrc("00 41 123456")).reply, QByteArray());
+    QCOMPARE(server.answer(withCrc("02 03 0005 0001")).reply, withCrc("02 03 02 0009"));
 }
 
 void TestRequestServer::aRequestToAnotherStationIsIgnoredAndTheNextIsAnswered()
@@ -193,7 +228,8 @@ void TestRequestServer::noRequestBeginsHere_data()
     QTest::newRow("wrong CRC to another station") << bytes("09 03 0064 0002 00 00");
     QTest::newRow("reserved station") << withCrc("F8 03 0064 0002");
     QTest::newRow("another station's reply") << withCrc("09 03 04 0102 0304");
-    QTest::newRow("unknown function") << withCrc("01 63 0064 0002");
+    QTest::newRow("a station's refusal") << withCrc("09 83 02");
+    QTest::newRow("a refusal of a function that nobody knows") << withCrc("09 C1 01");
 }
 
 void TestRequestServer::noRequestBeginsHere()
