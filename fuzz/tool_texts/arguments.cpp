@@ -53,7 +53,7 @@ bool readConnection(const QByteArray& lines, QString* error)
         || !readTagArguments(parser, options.station, &tags, error))
         return false;
     require(options.station >= 1 && options.station <= 247, "a station is 1 to 247");
-    require(options.simulate || !options.port.isEmpty() || !options.host.isEmpty(),
+    require(options.simulate || !options.port.isEmpty() || !options.gateway.host.isEmpty(),
             "a connection has a line");
     return true;
 }

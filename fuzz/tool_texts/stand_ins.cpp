@@ -90,7 +90,7 @@ int openDriver(const QString&, DriverEntryPoints* entryPoints)
 int openConnection(const ConnectionOptions& options, Connection*)
 {
     const int lines = (options.simulate ? 1 : 0) + (options.port.isEmpty() ? 0 : 1)
-                      + (options.host.isEmpty() ? 0 : 1);
+                      + (options.gateway.host.isEmpty() ? 0 : 1);
     require(lines == 1, "a connection has one line");
     require(options.station >= 1 && options.station <= 247, "a station is 1 to 247");
     for (const int station : options.simulatedStations)

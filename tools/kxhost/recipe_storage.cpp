@@ -1,5 +1,7 @@
 #include "kxhost/recipe_storage.h"
 
+#include "kxhost/text_file.h"
+
 #include <QtCore/QSaveFile>
 
 #include <cerrno>
@@ -52,6 +54,11 @@ void keepOwner(const QString& path, int handle)
 }
 
 } // namespace
+
+bool readRecipeFile(const QString& path, QByteArray* text, QString* error)
+{
+    return readTextFile(path, text, error);
+}
 
 bool canReplaceRecipeFile(const QString& path, QString* error)
 {

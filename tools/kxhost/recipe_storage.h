@@ -5,6 +5,9 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+/// As readTextFile().
+bool readRecipeFile(const QString& path, QByteArray* text, QString* error);
+
 /// Whether the file could be replaced; leaves it alone.
 bool canReplaceRecipeFile(const QString& path, QString* error);
 

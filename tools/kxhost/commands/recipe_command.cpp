@@ -11,7 +11,6 @@
 #include "kxhost/recipe_progress.h"
 #include "kxhost/recipe_storage.h"
 #include "kxhost/recipe_transfer.h"
-#include "kxhost/text_file.h"
 
 #include <QtCore/QJsonArray>
 
@@ -75,7 +74,7 @@ bool takeRecipe(RecipeOptions* options, QString* error)
     ConnectionOptions& connection = options->connection;
     const QList<RecipeRow>& rows = options->file.rows();
     QByteArray text;
-    if (!readTextFile(options->path, &text, error))
+    if (!readRecipeFile(options->path, &text, error))
         return false;
     const bool isGood =
         RecipeFile::parse(text, connection.station, &options->file, error)
