@@ -20,11 +20,12 @@ bool fail(QString* error, const QString& path, const QString& reason)
     return false;
 }
 
-bool isLeftOver(const QFileInfo& link, bool wasLocked)
+bool isLeftOver(const QFileInfo& link, const QString& device, bool wasLocked)
 {
-    // The number may have been given to another terminal since.
-    return link.symLinkTarget().startsWith(QLatin1String(TERMINALS))
-           && (wasLocked || !QFileInfo::exists(link.symLinkTarget()));
+    const QString target = link.symLinkTarget();
+    // The number may have been given to another terminal since, or to this simulator's.
+    return target.startsWith(QLatin1String(TERMINALS))
+           && (wasLocked || target == device || !QFileInfo::exists(target));
 }
 
 } // namespace
@@ -65,7 +66,7 @@ bool TerminalLink::make(const QString& path, const QString& device, QString* err
     bool wasLocked = false;
     if (!lock(path, &wasLocked, error))
         return false;
-    if (old.isSymLink() && !isLeftOver(old, wasLocked))
+    if (old.isSymLink() && !isLeftOver(old, device, wasLocked))
         return fail(error, path,
                     QStringLiteral("is a link to %1 that no kxsim left behind; remove it or name "
                                    "another link")

@@ -24,8 +24,8 @@ public:
     /// Makes `path` a link to a device. A lock file beside it, PATH.lock, says that the
     /// link is in use; it stays behind when the program is killed. What is at the path
     /// is replaced only when it is a link that a dead simulator left: one to a
-    /// pseudo-terminal that is gone, or with a lock whose program has ended. Once per
-    /// object.
+    /// pseudo-terminal that is gone or is now `device`, or with a lock whose program has
+    /// ended. Once per object.
     /// @return false and one line in `*error`, which says what is in the way
     bool make(const QString& path, const QString& device, QString* error);
 

@@ -96,6 +96,7 @@ void TestTerminalLink::aLinkThatADeadProgramLeftIsReplaced_data()
     QTest::addColumn<QString>("target");
     QTest::addColumn<bool>("isLocked");
     QTest::newRow("its terminal is gone") << GONE << false;
+    QTest::newRow("its number is given to this one") << "/dev/pts/7" << false;
     QTest::newRow("killed") << GONE << true;
     QTest::newRow("killed, and the number is given to another terminal") << THERE << true;
 }
