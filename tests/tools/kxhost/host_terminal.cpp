@@ -1,5 +1,7 @@
 #include "host_terminal.h"
 
+#include "support/process_signal.h"
+
 #include <QtTest/QTest>
 
 #include <csignal>
@@ -56,7 +58,7 @@ HostTerminal::HostTerminal(const QStringList& arguments, int rows, const QByteAr
 HostTerminal::~HostTerminal()
 {
     if (m_program > 0) {
-        kill(m_program, SIGKILL);
+        signalProcess(m_program, SIGKILL);
         waitpid(m_program, nullptr, 0);
     }
     close(m_ownEnd);

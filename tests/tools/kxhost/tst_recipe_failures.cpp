@@ -1,6 +1,7 @@
 // `kxhost recipe` as a process, when something goes wrong on the way.
 
 #include "recipe_fixture.h"
+#include "support/process_signal.h"
 #include "tools/kxsim/kxsim_process.h"
 
 #include <QtTest/QTest>
@@ -152,8 +153,7 @@ void TestRecipeFailures::interruptLeavesTheFile()
                {"recipe", "upload", fixture.path(), "--port", controller.portName()});
     while (!host.canReadLine() && host.waitForReadyRead())
         continue;
-    QVERIFY(host.processId() > 0);
-    ::kill(static_cast<pid_t>(host.processId()), SIGINT);
+    QVERIFY(signalProcess(host.processId(), SIGINT));
     QVERIFY(host.waitForFinished());
     QCOMPARE(host.exitStatus(), QProcess::NormalExit);
     QCOMPARE(host.exitCode(), 1);

@@ -1,9 +1,9 @@
 #include "watch_process.h"
 
+#include "support/process_signal.h"
+
 #include <QtNetwork/QTcpSocket>
 #include <QtTest/QTest>
-
-#include <csignal>
 
 namespace
 {
@@ -69,7 +69,7 @@ int RunningWatch::exitCode()
 
 void RunningWatch::sendSignal(int signal)
 {
-    ::kill(static_cast<pid_t>(m_process.processId()), signal);
+    signalProcess(m_process.processId(), signal);
 }
 
 QByteArray RunningWatch::output()

@@ -1,6 +1,6 @@
 #include "kxsim_process.h"
 
-#include <csignal>
+#include "support/process_signal.h"
 
 namespace
 {
@@ -45,8 +45,9 @@ QString KxsimProcess::lastAnswer(const QString& command)
 
 int KxsimProcess::exitCodeAfter(int signal)
 {
-    ::kill(static_cast<pid_t>(m_process.processId()), signal);
-    const bool ended = m_process.waitForFinished(PATIENCE_MILLISECONDS);
+    signalProcess(m_process.processId(), signal);
+    const bool ended = m_process.state() == QProcess::NotRunning
+                       || m_process.waitForFinished(PATIENCE_MILLISECONDS);
     return ended && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }
 

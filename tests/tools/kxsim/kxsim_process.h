@@ -22,7 +22,8 @@ public:
     /// Sends a command without the end of its line, then closes standard input.
     QString lastAnswer(const QString& command);
 
-    /// Sends a signal; returns the exit code, or -1 when it crashed or goes on.
+    /// Sends a signal, unless it has ended already; returns the exit code, or -1 when it
+    /// crashed or goes on.
     int exitCodeAfter(int signal);
     QString errorOutput();
     /// What it printed since the latest answer.

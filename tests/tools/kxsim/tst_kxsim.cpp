@@ -3,6 +3,7 @@
 #include "kxsim_process.h"
 #include "modbus_master.h"
 #include "support/driver_fixture.h"
+#include "support/process_signal.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
@@ -35,6 +36,7 @@ private slots:
     void signalsEndItCleanly();
     void nohupLetsItOutliveItsTerminal();
     void aRunningOneKeepsItsLink();
+    void oneThatDidNotStartIsNotSignalled();
     void aGivenPortIsServed();
 };
 
@@ -288,7 +290,7 @@ void TestKxsim::nohupLetsItOutliveItsTerminal()
     kxsim.start("nohup", {KXSIM_PROGRAM, "--still"});
     QTRY_VERIFY(kxsim.canReadLine());
     kxsim.readLine();
-    QCOMPARE(kill(static_cast<pid_t>(kxsim.processId()), SIGHUP), 0);
+    QVERIFY(signalProcess(kxsim.processId(), SIGHUP));
     kxsim.write("get D1\n");
     QTRY_VERIFY(kxsim.canReadLine());
     QCOMPARE(kxsim.readLine(), QByteArray("D1=0\n"));
@@ -310,6 +312,15 @@ void TestKxsim::aRunningOneKeepsItsLink()
     QVERIFY2(error.startsWith("kxsim: --symlink " + link + ": a running kxsim (process "),
              qPrintable(error));
     QCOMPARE(QFileInfo(link).symLinkTarget(), running.portName());
+}
+
+// Its process number is 0, to which a signal would end the test run and its caller.
+void TestKxsim::oneThatDidNotStartIsNotSignalled()
+{
+    KxsimProcess kxsim({"--port", "/dev/null"});
+    QCOMPARE(kxsim.portName(), QString());
+    QCOMPARE(kxsim.exitCodeAfter(SIGTERM), 3);
+    QCOMPARE(kxsim.exitCodeAfter(SIGTERM), 3);
 }
 
 void TestKxsim::aGivenPortIsServed()
