@@ -1,12 +1,14 @@
-# Qt's headers take longer to parse than the sources that read them. A build with tests
-# parses them once for all; any other, such as the one that check-style looks at, shows
-# that each source includes what it uses.
+# Qt's headers take longer to parse than the sources that read them. A build with tests,
+# and that of ./run, parses them once for all; any other, such as the one that check-style
+# looks at, shows that each source includes what it uses.
+
+option(KX_PRECOMPILE "Precompile Qt's headers, as a build with tests always does" OFF)
 
 # What most sources read, and no more: each source pays for all of it.
 set(KX_CORE_HEADERS <QtCore/QObject> <QtCore/QStringList> <QtCore/QVector> <algorithm>
   <functional> <vector>)
 
-if(BUILD_TESTING AND NOT KX_QT EQUAL 4)
+if((BUILD_TESTING OR KX_PRECOMPILE) AND NOT KX_QT EQUAL 4)
   set(KX_PRECOMPILES ON)
 else()
   set(KX_PRECOMPILES OFF)
