@@ -1,5 +1,7 @@
 # Debian packages by `cpack -G DEB`; configure with the preset `package`.
 
+set(KX_DOCS_SITE "" CACHE PATH "Where docs/build made the site; a package of it is made then")
+
 set(CPACK_PACKAGE_NAME tarvelan-kx-series)
 set(CPACK_PACKAGE_CONTACT "tarvelan KX series maintainers <maintainers@tarvelan.example>")
 set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")
@@ -9,7 +11,14 @@ set(CPACK_COMPONENTS_ALL runtime development)
 if(KX_BUILD_TOOLS)
   list(APPEND CPACK_COMPONENTS_ALL tools)
 endif()
+if(KX_DOCS_SITE)
+  list(APPEND CPACK_COMPONENTS_ALL documentation)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
+# With a revision ours and the packaging's changelog are two files. A distribution's own
+# package of the same version would begin at 1 and be the newer one.
+set(CPACK_DEBIAN_PACKAGE_RELEASE 0.0)
+set(KX_PACKAGE_VERSION ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
@@ -25,7 +34,7 @@ A panel's runtime loads this library to read and write the memory
 of KX series programmable controllers. It depends on QtCore alone.")
 
 set(runtime_of_same_version
-  "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= ${PROJECT_VERSION})")
+  "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= ${KX_PACKAGE_VERSION})")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libtarvelan-kx-series-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
@@ -33,6 +42,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_of_same_version}, qtbase
 if(KX_QT EQUAL 6)
   set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_of_same_version}, qt6-base-dev")
 endif()
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libtarvelan-kx-series-doc)
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Modbus RTU driver for KX series controllers: headers
 Headers, CMake package and pkg-config file for writing a runtime that
 loads the driver for KX series programmable controllers.")
@@ -45,26 +55,50 @@ kxhost watches, reads and writes the memory of a KX series programmable
 controller, transfers recipes and scans a line. kxsim is a simulated
 controller.")
 
-# Each package brings its changelog and copyright.
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libtarvelan-kx-series-doc)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_DEPENDS libjs-sphinxdoc) # see scripts/package
+set(CPACK_COMPONENT_DOCUMENTATION_DESCRIPTION "Modbus RTU driver for KX series controllers: documentation
+Guide, reference and register map for writing a runtime that loads the
+driver for KX series programmable controllers, with examples.")
+
+# A changed text is installed anew.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+  CHANGELOG.md docs/man/kxhost.1 docs/man/kxsim.1)
 find_program(KX_GZIP gzip REQUIRED)
+set(KX_PACKAGING "${CMAKE_CURRENT_BINARY_DIR}/packaging")
+function(kx_compress file compressed)
+  execute_process(COMMAND ${KX_GZIP} -9nc "${file}"
+    OUTPUT_FILE "${KX_PACKAGING}/${compressed}" COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# Each package brings the licence, the changelog and that of its packaging.
 string(TIMESTAMP KX_CHANGELOG_DATE "%a, %d %b %Y 00:00:00 +0000" UTC)
-configure_file(packaging/changelog.in packaging/changelog @ONLY)
-execute_process(COMMAND ${KX_GZIP} -9nc "${CMAKE_CURRENT_BINARY_DIR}/packaging/changelog"
-  OUTPUT_FILE "${CMAKE_CURRENT_BINARY_DIR}/packaging/changelog.gz" COMMAND_ERROR_IS_FATAL ANY)
+configure_file(packaging/changelog.in packaging/changelog.Debian @ONLY)
+kx_compress("${KX_PACKAGING}/changelog.Debian" changelog.Debian.gz)
+kx_compress("${CMAKE_CURRENT_SOURCE_DIR}/CHANGELOG.md" changelog.gz)
 foreach(component IN LISTS CPACK_COMPONENTS_ALL)
   string(TOUPPER ${component} upper)
-  install(FILES packaging/copyright "${CMAKE_CURRENT_BINARY_DIR}/packaging/changelog.gz"
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME}
-    COMPONENT ${component})
+  set(documents ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME})
+  install(FILES "${KX_PACKAGING}/changelog.gz" "${KX_PACKAGING}/changelog.Debian.gz"
+    DESTINATION ${documents} COMPONENT ${component})
+  install(FILES LICENSE DESTINATION ${documents} RENAME copyright COMPONENT ${component})
 endforeach()
+
+if(KX_DOCS_SITE)
+  set(documents ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME})
+  install(DIRECTORY "${KX_DOCS_SITE}/" DESTINATION ${documents}/html COMPONENT documentation
+    PATTERN .doctrees EXCLUDE PATTERN .buildinfo EXCLUDE)
+  install(DIRECTORY docs/examples DESTINATION ${documents} COMPONENT documentation)
+endif()
 
 # Manual pages are installed compressed, too.
 if(KX_BUILD_TOOLS)
   foreach(page kxhost.1 kxsim.1)
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS docs/man/${page})
-    execute_process(COMMAND ${KX_GZIP} -9nc "${CMAKE_CURRENT_SOURCE_DIR}/docs/man/${page}"
-      OUTPUT_FILE "${CMAKE_CURRENT_BINARY_DIR}/packaging/${page}.gz" COMMAND_ERROR_IS_FATAL ANY)
-    install(FILES "${CMAKE_CURRENT_BINARY_DIR}/packaging/${page}.gz"
+    kx_compress("${CMAKE_CURRENT_SOURCE_DIR}/docs/man/${page}" ${page}.gz)
+    install(FILES "${KX_PACKAGING}/${page}.gz"
       DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
   endforeach()
 endif()

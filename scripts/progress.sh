@@ -5,7 +5,7 @@
 show_progress() {
     local label=$1 interval=10 # seconds
     local last=$SECONDS percent what shown=
-    if [[ -t 1 ]]; then
+    if [[ -t 1 && ${TERM:-dumb} != dumb ]]; then
         while read -r percent what; do
             [[ $shown == "$percent $what" ]] && continue
             shown="$percent $what"
