@@ -69,7 +69,7 @@ QByteArray held(const Outcome& outcome)
     QList<QByteArray> texts;
     for (int i = 0; i < outcome.count; ++i)
         texts << heldAt(outcome.type, outcome.first + i);
-    return texts.join(' ');
+    return texts.join(" ");
 }
 
 bool initialises(const QByteArray& action)

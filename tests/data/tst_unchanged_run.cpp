@@ -3,6 +3,8 @@
 
 #include <QtTest/QTest>
 
+#include <utility>
+
 namespace
 {
 
@@ -209,7 +211,7 @@ private slots:
     {
         DriverFixture runtime;
         answerEightWords(runtime);
-        driver.dataAreas.swapItemsAt(2, 5);
+        std::swap(driver.dataAreas[2], driver.dataAreas[5]);
         answer(runtime, "D", 0, 8, "01 03 10 1100 1101 2222 1103 1104 5555 1106 1107");
         QCOMPARE(cachedAddresses(), QList<int>({0, 1, 5, 3, 4, 2, 6, 7}));
         QCOMPARE(readValue(1, "D", 2), bytes("22220000"));

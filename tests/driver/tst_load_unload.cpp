@@ -152,8 +152,8 @@ void LoadUnloadTest::timeAfterTime()
     }
     if (!isMemoryMeasurable())
         return;
-    qInfo("heap %lld to %lld bytes, resident %lld to %lld", spread.lowest().heap,
-          spread.highest().heap, spread.lowest().resident, spread.highest().resident);
+    qDebug("heap %lld to %lld bytes, resident %lld to %lld", spread.lowest().heap,
+           spread.highest().heap, spread.lowest().resident, spread.highest().resident);
     QVERIFY(spread.isWithin(64 * 1024));
 }
 

@@ -57,7 +57,7 @@ public:
             alive << "REG_DESCRIPTION";
         if (isConstructed(find<tarvelan>(library, "driver")->regNames))
             alive << "driver";
-        constructions << alive.join(' ');
+        constructions << alive.join(" ");
         dlclose(library);
     }
 

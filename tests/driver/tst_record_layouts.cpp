@@ -9,7 +9,7 @@
 namespace
 {
 
-const bool QT6 = QT_VERSION_MAJOR == 6;
+const bool QT6 = QT_VERSION >= 0x060000;
 
 template <typename Record, typename Field>
 int offsetIn(const Record& record, const Field& field)

@@ -94,7 +94,7 @@ void RandomRuntime::changeTypeOrder()
         for (int i = 0; i < size; ++i)
             names.append(m_values.regType());
     }
-    called(QString::fromLatin1("order types as ") + QStringList(names).join(QLatin1Char(',')));
+    called(QString::fromLatin1("order types as ") + QStringList(names).join(QLatin1String(",")));
     driver.regNames = names;
     m_plain.regNames = names;
 }

@@ -117,7 +117,8 @@ void RandomRuntime::step()
 QString RandomRuntime::story() const
 {
     return QString::fromLatin1("after %1 calls, the last ones:\n").arg(m_callCount)
-           + m_calls.join(QLatin1Char('\n')) + QLatin1String("\nfirst difference: ") + m_difference;
+           + m_calls.join(QLatin1String("\n")) + QLatin1String("\nfirst difference: ")
+           + m_difference;
 }
 
 void RandomRuntime::called(const QString& call)

@@ -75,7 +75,7 @@ void AddressSeriesTest::series()
     QCOMPARE(intf_multiCopy(type, asked.at(0), asked.at(1), asked.at(2), madeTexts, madeAddresses),
              result);
     QCOMPARE(madeAddresses.toList(), addresses);
-    QCOMPARE(QStringList(madeTexts.toList()).join(' '), texts);
+    QCOMPARE(QStringList(madeTexts.toList()).join(" "), texts);
 }
 
 void AddressSeriesTest::highestAddressesAreKept_data()

@@ -49,8 +49,8 @@ void RecipeAddressesEdgesTest::names_data()
     QTest::newRow("null") << QString();
     QTest::newRow("empty") << QString("");
     QTest::newRow("a million characters") << QString(1000000, 'D');
-    QTest::newRow("a zero character behind") << QString(QLatin1String("D\0", 2));
-    QTest::newRow("a zero character before") << QString(QLatin1String("\0D", 2));
+    QTest::newRow("a zero character behind") << QString::fromLatin1("D\0", 2);
+    QTest::newRow("a zero character before") << QString::fromLatin1("\0D", 2);
     QTest::newRow("a zero character alone") << QString(QChar(0));
 }
 

@@ -23,8 +23,8 @@ QList<QString> strangeNames()
             QString::fromLatin1(""),
             QString::fromLatin1("d"),
             QString::fromLatin1("D "),
-            QString(QLatin1String("D\0x", 3)),
-            QString(QLatin1String("D\0", 2)),
+            QString::fromLatin1("D\0x", 3),
+            QString::fromLatin1("D\0", 2),
             QString(QChar(0xFF24)), // a wide D
             QString(QLatin1Char('D')).repeated(1000000)};
 }
