@@ -7,17 +7,25 @@ set(KX_TEST_SECONDS 120 CACHE STRING "Seconds after which a test has failed")
 
 # Definitions that come with some of Qt's modules would not allow a shared precompiled
 # header. Nothing here reads them.
-foreach(component IN LISTS KX_QT_COMPONENTS)
-  get_target_property(definitions Qt${KX_QT}::${component} INTERFACE_COMPILE_DEFINITIONS)
-  list(FILTER definitions EXCLUDE REGEX "^QT_(TESTCASE_.*|NETWORK_LIB|SERIALPORT_LIB)$")
-  set_target_properties(Qt${KX_QT}::${component} PROPERTIES
-    INTERFACE_COMPILE_DEFINITIONS "${definitions}")
-endforeach()
+if(NOT KX_QT EQUAL 4)
+  foreach(component IN LISTS KX_QT_COMPONENTS)
+    get_target_property(definitions Qt${KX_QT}::${component} INTERFACE_COMPILE_DEFINITIONS)
+    list(FILTER definitions EXCLUDE REGEX "^QT_(TESTCASE_.*|NETWORK_LIB|SERIALPORT_LIB)$")
+    set_target_properties(Qt${KX_QT}::${component} PROPERTIES
+      INTERFACE_COMPILE_DEFINITIONS "${definitions}")
+  endforeach()
+endif()
+
+# What each source of a test reads first.
+set(KX_FIRST_TEST_HEADERS <QtTest/QTest> <functional> <vector>)
+if(KX_QT EQUAL 4)
+  list(APPEND KX_FIRST_TEST_HEADERS "${PROJECT_SOURCE_DIR}/tests/support/qtest48.h")
+endif()
 
 # kx_add_test_headers(NAME): the target whose precompiled header the others share.
 function(kx_add_test_headers name)
   target_compile_options(${name} PRIVATE -O0)
-  target_precompile_headers(${name} PRIVATE <QtTest/QTest> <functional> <vector>)
+  target_precompile_headers(${name} PRIVATE ${KX_FIRST_TEST_HEADERS})
   set(KX_TEST_HEADERS ${name} PARENT_SCOPE)
 endfunction()
 
