@@ -1,5 +1,12 @@
 # Debian packages by `cpack -G DEB`; configure with the preset `package`.
 
+if(KX_QT EQUAL 4) # Debian has none that a package could depend on
+  set(CPACK_GENERATOR DEB)
+  set(CPACK_PROJECT_CONFIG_FILE "${CMAKE_CURRENT_LIST_DIR}/KxNoPackages.cmake")
+  include(CPack)
+  return()
+endif()
+
 set(KX_DOCS_SITE "" CACHE PATH "Where docs/build made the site; a package of it is made then")
 
 set(CPACK_PACKAGE_NAME tarvelan-kx-series)
