@@ -8,6 +8,9 @@
 namespace
 {
 
+/// Tests that a build for Qt 4 leaves out, as their CMakeLists.txt says.
+const char* const NOT_FOR_QT4[] = {"driver/tst_qt48_dialect.cpp"};
+
 QStringList linesOf(const QString& path)
 {
     QFile file(path);
@@ -74,7 +77,8 @@ QStringList testSources()
     for (const char* folder :
          {"driver", "registers", "planning", "modbus", "data", "stories", "model", "support"})
         paths << sourcesIn(QString(KX_SOURCE_DIR) + "/tests/" + folder);
-    paths.removeOne(QString(KX_SOURCE_DIR) + "/tests/driver/tst_qt48_dialect.cpp");
+    for (const char* path : NOT_FOR_QT4)
+        paths.removeOne(QString(KX_SOURCE_DIR) + "/tests/" + path);
     return paths;
 }
 
