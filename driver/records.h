@@ -76,9 +76,10 @@ struct KEY_ADDRESS {
 /// One prepared request with the job that produced it.
 struct FRAME_PRO {
     unsigned char frame[FRAME_SIZE]; ///< request bytes, station first, CRC last
-    /// Bytes to transmit. May exceed `FRAME_SIZE` for a write of more registers
-    /// than the frame holds; such a frame is not whole and must not be sent
-    /// (hand over an empty reply, and it fails like an unanswered request).
+    /// Bytes to transmit, 1 to `FRAME_SIZE`. A write of more registers than the frame
+    /// holds gives more, one of a negative count gives less; such a frame is not whole
+    /// and must not be sent (hand over an empty reply, and it fails like an
+    /// unanswered request).
     int sendLen;
     int recvLen;   ///< bytes of a good reply
     int frameFunc; ///< index of the first data byte in the reply: 3 for reads, 0 for writes

@@ -5,12 +5,6 @@ namespace
 
 const int WRITE_REPLY_LENGTH = 8;
 
-QByteArray frameOf(const DriverFixture& runtime)
-{
-    return QByteArray(reinterpret_cast<const char*>(runtime.polled().frame),
-                      runtime.polled().sendLen);
-}
-
 QString described(const VARIABLE& job)
 {
     return QString::fromLatin1("%1 %2 %3").arg(job.regType).arg(job.address).arg(job.count);
@@ -21,7 +15,7 @@ QString described(const VARIABLE& job)
 QByteArray replyWith(const DriverFixture& runtime, const char* data)
 {
     const QByteArray values = bytes(data);
-    const QByteArray head = frameOf(runtime).left(2) + static_cast<char>(values.size());
+    const QByteArray head = wholeBytes(runtime.polled()).left(2) + static_cast<char>(values.size());
     return withCrc((head + values).toHex().constData());
 }
 
@@ -29,7 +23,8 @@ QByteArray goodReply(const DriverFixture& runtime)
 {
     const FRAME_PRO& request = runtime.polled();
     if (request.dataLen == 0)
-        return withCrc(frameOf(runtime).left(WRITE_REPLY_LENGTH - 2).toHex().constData());
+        return withCrc(
+            wholeBytes(runtime.polled()).left(WRITE_REPLY_LENGTH - 2).toHex().constData());
     return replyWith(runtime, QByteArray(request.recvLen - 5, '\0').toHex().constData());
 }
 

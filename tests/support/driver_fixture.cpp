@@ -60,13 +60,20 @@ void DriverFixture::initialise(const char* parameters)
     intf_initProperty(shared.data(), nullptr, recipe.data(), &status, parameters, &mutex);
 }
 
+QByteArray wholeBytes(const FRAME_PRO& frame)
+{
+    if (frame.sendLen < 1 || frame.sendLen > FRAME_SIZE)
+        return QByteArray();
+    return QByteArray(reinterpret_cast<const char*>(frame.frame), frame.sendLen);
+}
+
 QByteArray DriverFixture::poll()
 {
     FRAME_PRO frame = FRAME_PRO();
     if (intf_getSendFrame(&frame) == 0)
         return QByteArray();
     m_polled = frame;
-    return QByteArray(reinterpret_cast<const char*>(frame.frame), frame.sendLen);
+    return wholeBytes(frame);
 }
 
 int DriverFixture::deal(const QByteArray& reply)

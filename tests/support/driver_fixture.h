@@ -30,6 +30,9 @@ struct Report {
 /// Shows a failed comparison of reports in QCOMPARE.
 char* toString(const Report& report);
 
+/// What a runtime may transmit of a request; empty when it is not whole.
+QByteArray wholeBytes(const FRAME_PRO& frame);
+
 class DriverFixture
 {
 public:
@@ -42,7 +45,7 @@ public:
     /// Initialises again, as a runtime that restarts communication does.
     void initialise(const char* parameters);
 
-    /// Polls once; empty when there is nothing to send.
+    /// Polls once; empty when there is nothing to send, or no whole request.
     QByteArray poll();
 
     /// The frame of the last poll() that gave one.

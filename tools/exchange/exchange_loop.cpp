@@ -7,6 +7,14 @@ namespace
 
 const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
 
+/// Recipes and writes of absurd counts make frames longer than the record holds, or of
+/// negative length.
+bool isWholeFrame(const FRAME_PRO& request)
+{
+    return request.sendLen >= 1 && request.sendLen <= FRAME_SIZE;
+}
+
+/// Of a whole frame.
 QByteArray bytesOf(const FRAME_PRO& request)
 {
     return QByteArray(reinterpret_cast<const char*>(request.frame), request.sendLen);
@@ -107,7 +115,7 @@ void ExchangeLoop::poll()
         emit idle();
         return;
     }
-    const bool isWhole = request.sendLen <= FRAME_SIZE;
+    const bool isWhole = isWholeFrame(request);
     const bool isRepeat = isWhole && m_repeating && bytesOf(request) == m_record.request;
     if (isWhole && isHeldBack(request))
         return;

@@ -42,8 +42,8 @@ struct ExchangeSettings {
 ///
 /// Broadcasts (station 0) are answered by nobody: after the turnaround delay the
 /// driver gets an empty reply, repeats the request up to its retry limit and
-/// counts it as failed. A request longer than its frame is not whole; it is never
-/// transmitted, and the driver gets an empty reply.
+/// counts it as failed. A request longer than its frame, or of no byte, is not whole; it
+/// is never transmitted, and the driver gets an empty reply.
 class ExchangeLoop : public QObject
 {
     Q_OBJECT

@@ -24,7 +24,7 @@ struct Judgement {
 /// The driver checks length and CRC only, so the runtime checks that station,
 /// function, byte count and (for writes) the echoed fields suit the request. The
 /// reply to a write of one coil or register equals its request and is Good.
-/// @param request of at most FRAME_SIZE bytes
+/// @param request of 1 to FRAME_SIZE bytes
 Judgement judgeReply(const FRAME_PRO& request, const QByteArray& received);
 
 bool isReadRequest(const FRAME_PRO& request);

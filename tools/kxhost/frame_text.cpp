@@ -121,7 +121,7 @@ QString replyKindText(const ExchangeRecord& record)
     case ReplyKind::Broadcast:
         return QLatin1String("broadcast");
     case ReplyKind::NotSent:
-        return QLatin1String("too long to send");
+        return QLatin1String("not whole, so not sent");
     }
     return QString();
 }

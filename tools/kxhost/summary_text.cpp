@@ -117,7 +117,7 @@ QStringList summaryLines(const WatchSummary& summary)
                            .arg(counts.repeated)
                            .arg(counts.failed);
     if (counts.notSent > 0)
-        requests += QString::fromLatin1("; %1 too long to send").arg(counts.notSent);
+        requests += QString::fromLatin1("; %1 not whole, so not sent").arg(counts.notSent);
     const QString time = QString::fromLatin1("%1 s, %2 bytes sent, %3 received, ")
                              .arg(decimal(static_cast<double>(summary.elapsed) / 1000))
                              .arg(counts.bytesSent)

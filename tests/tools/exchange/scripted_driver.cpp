@@ -27,11 +27,11 @@ DriverEntryPoints ScriptedDriver::entryPoints() const
     return entryPoints;
 }
 
-void ScriptedDriver::request(const QByteArray& frame, int recvLen, int sendLen)
+void ScriptedDriver::request(const QByteArray& frame, int recvLen)
 {
     FRAME_PRO request = FRAME_PRO();
     std::memcpy(request.frame, frame.constData(), static_cast<size_t>(frame.size()));
-    request.sendLen = sendLen < 0 ? static_cast<int>(frame.size()) : sendLen;
+    request.sendLen = static_cast<int>(frame.size());
     request.recvLen = recvLen;
     m_requests << request;
 }

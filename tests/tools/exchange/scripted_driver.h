@@ -17,7 +17,9 @@ public:
     DriverEntryPoints entryPoints() const;
 
     /// Adds a request; it stays the one to send until a result other than 8.
-    void request(const QByteArray& frame, int recvLen, int sendLen = -1);
+    void request(const QByteArray& frame, int recvLen);
+    /// Of the request added last; else the frame's length.
+    void setSendLenOfLast(int sendLen) { m_requests.last().sendLen = sendLen; }
     /// The results of the next replies; 1 when there are none left.
     QList<int> results;
 

@@ -56,6 +56,7 @@ private slots:
     void writtenValuesGoOut();
     void writeFromInsideASignal();
     void recipeIsSentAndItsRequestCleared();
+    void recipeOfANegativeCountFailsAndIsNotSent();
     void recipeReadFillsTheBuffer();
     void recipeCanBeWithdrawn();
     void onlyTheNewestSessionHearsTheDriver();
@@ -198,6 +199,21 @@ void DriverSessionTest::recipeIsSentAndItsRequestCleared()
     QVERIFY(m_session->isRecipePending());
     QTRY_VERIFY(!m_session->isRecipePending());
     QCOMPARE(m_line->written, QList<QByteArray>({withCrc("01 10 00 64 00 02 04 00 01 00 02")}));
+}
+
+void DriverSessionTest::recipeOfANegativeCountFailsAndIsNotSent()
+{
+    _RCP_VAR_PRO variable = recipeWord(100, 10);
+    variable.count = -100; // 2 * -100 + 9 bytes to send
+    QCOMPARE(m_session->setRecipe({variable}), 1);
+    QSignalSpy failed(m_session.get(), &DriverSession::deviceFailed);
+    m_session->start();
+    m_session->requestRecipeWrite();
+    QTRY_VERIFY(!m_session->isRecipePending());
+    QVERIFY(m_line->written.isEmpty());
+    QCOMPARE(failed.size(), 1);
+    QCOMPARE(failed.first().first().toString(), QString::fromLatin1("0,1,100,D"));
+    QCOMPARE(m_session->statistics().notSent, qint64(1));
 }
 
 void DriverSessionTest::recipeReadFillsTheBuffer()

@@ -2,6 +2,8 @@
 
 #include <QtTest/QSignalSpy>
 
+#include <limits>
+
 class ExchangeLoopTest : public ExchangeLoopFixture
 {
     Q_OBJECT
@@ -15,7 +17,10 @@ private slots:
     void lateReplyAfterTheNextRequestIsNotTakenForIts();
     void badReplyIsAskedForAgain();
     void finalFailureTellsTheErrorText();
+    void requestThatIsNotWholeIsNotSent_data();
     void requestThatIsNotWholeIsNotSent();
+    void shortestAndLongestRequestAreSent_data();
+    void shortestAndLongestRequestAreSent();
     void lostLineStopsTheLoop();
     void lineFoundLostBeforeTheRequestIsNotWrittenTo();
     void interruptedLineIsWaitedFor();
@@ -148,10 +153,23 @@ void ExchangeLoopTest::finalFailureTellsTheErrorText()
     QCOMPARE(m_loop->statistics().failed, qint64(1));
 }
 
+void ExchangeLoopTest::requestThatIsNotWholeIsNotSent_data()
+{
+    QTest::addColumn<int>("sendLen");
+    QTest::newRow("one byte longer than a frame") << 1025;
+    QTest::newRow("a write of 512 registers") << 1033; // 2 * 512 + 9
+    QTest::newRow("no byte") << 0;
+    QTest::newRow("one byte less than none") << -1;
+    QTest::newRow("a write of -100 registers") << -191; // 2 * -100 + 9
+    QTest::newRow("the most negative") << std::numeric_limits<int>::min();
+}
+
 void ExchangeLoopTest::requestThatIsNotWholeIsNotSent()
 {
+    QFETCH(int, sendLen);
     m_driver->results = {2};
-    m_driver->request(withCrc("01 10 00 00 02 00"), 8, 1033);
+    m_driver->request(withCrc("01 10 00 00 02 00"), 8);
+    m_driver->setSendLenOfLast(sendLen);
     start();
     QVERIFY(waitForRecords(1));
     QVERIFY(m_line->written.isEmpty());
@@ -159,6 +177,21 @@ void ExchangeLoopTest::requestThatIsNotWholeIsNotSent()
     QCOMPARE(m_driver->replies, QList<QByteArray>({QByteArray()}));
     QCOMPARE(m_loop->statistics().notSent, qint64(1));
     QCOMPARE(m_loop->statistics().requests, qint64(0));
+}
+
+void ExchangeLoopTest::shortestAndLongestRequestAreSent_data()
+{
+    QTest::addColumn<int>("sendLen");
+    QTest::newRow("one byte") << 1;
+    QTest::newRow("a whole frame") << 1024;
+}
+
+void ExchangeLoopTest::shortestAndLongestRequestAreSent()
+{
+    QFETCH(int, sendLen);
+    m_driver->request(QByteArray(sendLen, '\x01'), GOOD_LENGTH);
+    start();
+    QTRY_COMPARE(m_line->written, QList<QByteArray>({QByteArray(sendLen, '\x01')}));
 }
 
 void ExchangeLoopTest::lostLineStopsTheLoop()

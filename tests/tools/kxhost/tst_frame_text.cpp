@@ -106,7 +106,7 @@ void FrameTextTest::outcomes_data()
     row("wrong byte count", ReplyKind::WrongByteCount, 0, 8, "wrong byte count, repeated");
     row("lost", ReplyKind::Lost, 0, 8, "line lost, repeated");
     row("broadcast", ReplyKind::Broadcast, 0, 2, "broadcast, failed");
-    row("not sent", ReplyKind::NotSent, 0, 2, "too long to send, failed");
+    row("not sent", ReplyKind::NotSent, 0, 2, "not whole, so not sent, failed");
     row("ignored", ReplyKind::Good, 0, 0, "good, ignored");
 }
 

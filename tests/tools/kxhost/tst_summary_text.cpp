@@ -55,7 +55,7 @@ void SummaryTextTest::rareCountsAreNamedWhenThereAreAny()
     QCOMPARE(lines.size(), 5);
     QCOMPARE(lines.at(0),
              QString::fromLatin1("36 requests in 12 cycles: 33 accepted, 2 repeated, 1 failed; "
-                                 "5 too long to send"));
+                                 "5 not whole, so not sent"));
     QCOMPARE(
         lines.at(1),
         QString::fromLatin1(
