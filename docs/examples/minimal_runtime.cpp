@@ -1,6 +1,6 @@
 // The smallest runtime: loads the driver, polls one value of register type D at station 1
-// over a serial line (9600 baud, 8N1) and prints it when it has changed.
-//   minimal_runtime PORT ADDRESS [EXCHANGES]     minimal_runtime /dev/ttyUSB0 100
+// over a serial line (9600 baud, 8N1) and prints it when it has changed; a value is written first.
+//   minimal_runtime PORT ADDRESS[=VALUE] [EXCHANGES]     minimal_runtime /dev/ttyUSB0 100=7
 #include <tarvelan_kx_series.h>
 
 #include <QtCore/QCoreApplication>
@@ -11,10 +11,12 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 const int STATION = 1;
 const int TIMEOUT = 1000; // milliseconds for a whole reply
 const int FRAME_GAP = 4;  // milliseconds of silence: 3.5 characters at 9600 baud
+const int EXCEPTION_LENGTH = 5;
 
 [[noreturn]] static void endWith(const QString& error)
 {
@@ -61,24 +63,74 @@ static void watch(int address)
 }
 // [/setup]
 
-// [reply]
-// The driver checks length and CRC only. This is the rest, for a read request.
-static bool answers(const QByteArray& reply, const FRAME_PRO& request)
+static void write(int address, int value)
 {
-    return reply.size() == request.recvLen && reply.at(0) == char(request.frame[0])
-           && reply.at(1) == char(request.frame[1]) && int(quint8(reply.at(2))) == reply.size() - 5;
+    unsigned char word[] = {static_cast<unsigned char>(value & 0xFF),
+                            static_cast<unsigned char>(value >> 8)};
+    FIND(intf_setData)(STATION, QStringLiteral("D"), address, 1, word, WRITE_JOB);
 }
 
+// [reply]
+// The driver checks length and CRC only. The rest is here.
+static bool answers(const QByteArray& frame, const FRAME_PRO& request)
+{
+    // A read's reply repeats station and function, and its byte count gives recvLen. A
+    // write's repeats the address and the value or quantity, too.
+    const bool isWrite = request.dataLen == 0;
+    return frame.size() == request.recvLen
+           && std::memcmp(frame.constData(), request.frame, isWrite ? 6 : 2) == 0;
+}
+
+// An exception: the function with 0x80 set, then the reason. The driver takes it for a bad
+// reply, so the request is repeated without waiting for the time-out.
+static bool refuses(const QByteArray& frame, const FRAME_PRO& request)
+{
+    return frame.size() == EXCEPTION_LENGTH && quint8(frame.at(0)) == request.frame[0]
+           && quint8(frame.at(1)) == (request.frame[1] | 0x80);
+}
+
+static int lengthOfFrame(const QByteArray& bytes) // that begins with these
+{
+    const int function = quint8(bytes.at(1));
+    if (function & 0x80)
+        return EXCEPTION_LENGTH;
+    return function < 5 ? quint8(bytes.at(2)) + 5 : 8; // reads, writes
+}
+
+static bool hasGoodCrc(const QByteArray& frame)
+{
+    unsigned int crc = 0xFFFF;
+    for (const char byte : frame) {
+        crc ^= quint8(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = crc & 1 ? crc >> 1 ^ 0xA001 : crc >> 1;
+    }
+    return crc == 0; // as the frame's own CRC was among the bytes
+}
+
+// The reply, or an empty one at the time-out.
 static QByteArray exchange(QSerialPort* port, const FRAME_PRO& request)
 {
+    if (request.sendLen < 1 || request.sendLen > FRAME_SIZE)
+        return QByteArray(); // the request is not whole
     QThread::msleep(FRAME_GAP);
     port->readAll(); // bytes that came too late for the request before
     port->write(reinterpret_cast<const char*>(request.frame), request.sendLen);
-    QByteArray reply;
+    QByteArray received;
     const QDeadlineTimer deadline(TIMEOUT);
-    while (reply.size() < request.recvLen && port->waitForReadyRead(int(deadline.remainingTime())))
-        reply += port->readAll();
-    return answers(reply, request) ? reply : QByteArray();
+    while (!deadline.hasExpired() && port->waitForReadyRead(int(deadline.remainingTime()))) {
+        received += port->readAll();
+        while (received.size() >= EXCEPTION_LENGTH && received.size() >= lengthOfFrame(received)) {
+            const QByteArray frame = received.left(lengthOfFrame(received));
+            if (!hasGoodCrc(frame))
+                received.clear(); // noise, or damaged: nothing more is to be had from it
+            else if (answers(frame, request) || refuses(frame, request))
+                return frame;
+            else
+                received.remove(0, frame.size()); // of another request: wait on
+        }
+    }
+    return QByteArray();
 }
 // [/reply]
 
@@ -86,13 +138,15 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     if (argc < 3)
-        endWith(QStringLiteral("usage: minimal_runtime PORT ADDRESS [EXCHANGES]"));
+        endWith(QStringLiteral("usage: minimal_runtime PORT ADDRESS[=VALUE] [EXCHANGES]"));
     QSerialPort port(QString::fromLocal8Bit(argv[1]));
     if (!port.open(QIODevice::ReadWrite)) // a port opens as 9600 8N1
         endWith(port.portName() + QStringLiteral(": ") + port.errorString());
     const int address = std::atoi(argv[2]);
     int exchanges = argc > 3 ? std::atoi(argv[3]) : -1; // below 0: for ever
     watch(address);
+    if (const char* const equals = std::strchr(argv[2], '='))
+        write(address, std::atoi(equals + 1));
 
     // [loop]
     const auto getSendFrame = FIND(intf_getSendFrame);
@@ -104,7 +158,7 @@ int main(int argc, char** argv)
         QString error;
         const int result = dealRcvFrame(reply, error);
         if (result == REPLY_FAILED)
-            std::printf("no answer: %s\n", qPrintable(error));
+            std::printf("%s: %s\n", reply.isEmpty() ? "no answer" : "refused", qPrintable(error));
         if (result == REPLY_ACCEPTED && changed) {
             unsigned char word[2];
             FIND(intf_getData)(STATION, QStringLiteral("D"), address, 1, word);
