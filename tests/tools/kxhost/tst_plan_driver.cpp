@@ -83,6 +83,9 @@ void TestPlanDriver::theDriverIsAsked_data()
     QTest::newRow("both ranges of M")
         << QStringList{"M2040:16"} << 32
         << QStringList{"1 M2040..M2047 8 8/6", "1 M2048..M2055 8 8/6"};
+    QTest::newRow("both ranges of SM, the second so long that they do not fit together")
+        << QStringList{"SM250:12"} << 32
+        << QStringList{"1 SM250..SM255 6 8/6", "1 SM256..SM282 27 8/9"};
     QTest::newRow("a counter that does not fit the limit is asked for three times")
         << QStringList{"32CV200"} << 1
         << QStringList{"1 32CV200..32CV200 2 8/9", "1 32CV200..32CV200 2 8/9",

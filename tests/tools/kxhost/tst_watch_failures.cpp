@@ -19,7 +19,7 @@ class WatchFailuresTest : public QObject
 private slots:
     void silentStationFails();
     void oneSilentStationOfTwoFails();
-    void refusedAddressFails();
+    void refusedRequestFails();
     void stationThatComesBackIsFine();
     void lostLineFails();
     void signalsEndItWithTheSummary_data();
@@ -49,14 +49,13 @@ void WatchFailuresTest::oneSilentStationOfTwoFails()
     QVERIFY(holds(result.output, " 9 D100 no answer"));
 }
 
-void WatchFailuresTest::refusedAddressFails()
+void WatchFailuresTest::refusedRequestFails()
 {
-    // The driver joins both ranges of SM, between which the controller has no coils.
-    const KxsimProcess simulator;
+    const KxsimProcess simulator({"--fault", "exception:1"});
     const CommandResult result =
-        runCommand(on(simulator, "watch SM255:2 --retries 1 --cycles 1 --frames"));
+        runCommand(on(simulator, "watch SM255 --retries 1 --cycles 1 --frames"));
     QCOMPARE(result.exitCode, 1);
-    QVERIFY(holds(result.output, "exception 2 (illegal data address), failed"));
+    QVERIFY(holds(result.output, "exception 6 (busy), failed"));
     QVERIFY(holds(result.output, " 1 SM255 refused"));
     QVERIFY(holds(result.output, "repeated or failed: 1 refused by the station"));
 }
