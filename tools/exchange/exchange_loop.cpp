@@ -6,6 +6,7 @@ namespace
 {
 
 const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
+const int MOST_KEPT = 4096; // bytes of what came for one request
 
 /// Recipes and writes of absurd counts make frames longer than the record holds, or of
 /// negative length.
@@ -28,7 +29,9 @@ ExchangeLoop::ExchangeLoop(const DriverEntryPoints& entryPoints, Line* line,
       m_driver(entryPoints),
       m_line(line),
       m_settings(settings),
-      m_clock(clock ? clock : &m_systemClock)
+      m_clock(clock ? clock : &m_systemClock),
+      m_silence(settings.quiet * MICROSECONDS_PER_MILLISECOND,
+                settings.replyTimeout * MICROSECONDS_PER_MILLISECOND)
 {
     connect(m_clock, &LoopClock::woken, this, &ExchangeLoop::proceed);
     connect(line, &Line::bytesArrived, this, &ExchangeLoop::takeBytes);
@@ -44,7 +47,7 @@ void ExchangeLoop::start()
     if (m_startedAt < 0)
         m_startedAt = now();
     m_hasGivenUp = false;
-    m_silentSince = now();
+    m_silence.heardUntil(now());
     if (m_line->isOpen())
         waitForSilence();
     else
@@ -72,17 +75,13 @@ qint64 ExchangeLoop::elapsed() const
     return m_startedAt < 0 ? 0 : (now() - m_startedAt) / MICROSECONDS_PER_MILLISECOND;
 }
 
-qint64 ExchangeLoop::silence() const
-{
-    return qMax(m_line->timing().frameGap(), m_settings.quiet * MICROSECONDS_PER_MILLISECOND);
-}
-
 void ExchangeLoop::waitForSilence()
 {
+    m_silence.setFrameGap(m_line->timing().frameGap());
     if (m_state != State::AwaitingSilence)
-        m_silenceWantedSince = now();
+        m_silence.await(now());
     m_state = State::AwaitingSilence;
-    m_clock->wakeAfter(m_silentSince + silence() - now());
+    m_clock->wakeAfter(m_silence.nextAt() - now());
 }
 
 void ExchangeLoop::proceed()
@@ -94,7 +93,9 @@ void ExchangeLoop::proceed()
     case State::AwaitingSilence:
     case State::AwaitingLateReply:
     case State::Idle:
-        if (now() < m_silentSince + silence())
+        // A line that never falls silent must not keep the requests back for ever.
+        if (!m_silence.isLong(now())
+            && (m_state != State::AwaitingSilence || !m_silence.isOverdue(now())))
             return waitForSilence();
         return poll();
     case State::AwaitingReply:
@@ -117,6 +118,8 @@ void ExchangeLoop::poll()
     }
     const bool isWhole = isWholeFrame(request);
     const bool isRepeat = isWhole && m_repeating && bytesOf(request) == m_record.request;
+    if (isWhole && !m_silence.isEnough(now()))
+        return giveUp(request);
     if (isWhole && isHeldBack(request))
         return;
     prepare(request, isRepeat);
@@ -124,6 +127,13 @@ void ExchangeLoop::poll()
         transmit();
     else
         finish({ReplyKind::NotSent, QByteArray()});
+}
+
+void ExchangeLoop::giveUp(const FRAME_PRO& request)
+{
+    prepare(request, false);
+    m_silence.await(now());
+    finish({ReplyKind::NeverSilent, QByteArray()});
 }
 
 bool ExchangeLoop::isHeldBack(const FRAME_PRO& request)
@@ -169,7 +179,7 @@ void ExchangeLoop::awaitReply()
     const FRAME_PRO& request = m_collector.request();
     const qint64 transmission = m_line->timing().transmissionTime(request.sendLen);
     m_transmittedAt = now() + transmission;
-    m_silentSince = m_transmittedAt;
+    m_silence.heardUntil(m_transmittedAt);
     const bool isBroadcast = request.frame[0] == 0;
     m_state = isBroadcast ? State::AwaitingTurnaround : State::AwaitingReply;
     const int wait = isBroadcast ? m_settings.turnaround : m_settings.replyTimeout;
@@ -183,8 +193,10 @@ void ExchangeLoop::awaitReply()
 void ExchangeLoop::takeBytes(const QByteArray& bytes)
 {
     if (m_state == State::AwaitingReply) {
-        m_silentSince = qMax(m_silentSince, now());
-        m_record.reply += bytes;
+        m_silence.heardUntil(now());
+        const QByteArray kept = bytes.left(MOST_KEPT - static_cast<int>(m_record.reply.size()));
+        m_record.reply += kept;
+        m_statistics.bytesReceived += bytes.size() - kept.size();
         const auto reply = m_collector.add(bytes, now() - m_transmittedAt, m_line->timing());
         if (reply)
             finish(*reply);
@@ -192,10 +204,7 @@ void ExchangeLoop::takeBytes(const QByteArray& bytes)
     }
     m_statistics.bytesReceived += bytes.size();
     m_stray.add(bytes);
-    // A line that never falls silent must not keep the requests back for ever.
-    const qint64 limit = m_settings.replyTimeout * MICROSECONDS_PER_MILLISECOND;
-    if (m_state != State::AwaitingSilence || now() < m_silenceWantedSince + limit)
-        m_silentSince = qMax(m_silentSince, now());
+    m_silence.heardUntil(now());
     // It may be the late reply that a request is held back for.
     if (m_state == State::AwaitingLateReply)
         waitForSilence();
@@ -205,6 +214,8 @@ void ExchangeLoop::finish(CollectedReply reply)
 {
     m_record.replyKind = reply.kind;
     m_record.foreignReplies = m_collector.foreignReplies();
+    if (reply.kind != ReplyKind::NeverSilent)
+        m_silence.setNoisy(reply.kind == ReplyKind::Bad);
     if (reply.kind == ReplyKind::Exception)
         m_record.exceptionCode = exceptionCodeOf(reply.bytes);
     m_record.finishedAt = QDateTime::currentDateTime();
@@ -213,8 +224,8 @@ void ExchangeLoop::finish(CollectedReply reply)
     m_repeating = m_record.result == REPLY_RETRY;
     m_statistics.add(m_record);
     // A pseudo-terminal delivers at once what a serial line carries for milliseconds.
-    m_silentSince = qMax(
-        m_silentSince, m_transmittedAt + m_line->timing().transmissionTime(m_record.reply.size()));
+    m_silence.heardUntil(m_transmittedAt
+                         + m_line->timing().transmissionTime(m_record.reply.size()));
     if (reply.kind == ReplyKind::Lost)
         m_state = State::AwaitingLine;
     else
@@ -246,6 +257,6 @@ void ExchangeLoop::resume()
     if (m_state != State::AwaitingLine)
         return;
     ++m_statistics.reopened;
-    m_silentSince = now();
+    m_silence.heardUntil(now());
     waitForSilence();
 }

@@ -4,6 +4,7 @@
 
 #include "exchange/driver_library.h"
 #include "exchange/line.h"
+#include "exchange/line_silence.h"
 #include "exchange/loop_clock.h"
 #include "exchange/owed_replies.h"
 #include "exchange/reply_collector.h"
@@ -28,10 +29,11 @@ struct ExchangeSettings {
 /// and obeys the result. Event driven: start() returns at once.
 ///
 /// Bytes left over from before are thrown away before each request, and the line
-/// has been silent; what they were is counted. A reply is handed over when it is complete,
-/// refused by the station (an exception) or beyond repair, else as far as it came
-/// by the time-out. A reply of another request is thrown away and the wait goes
-/// on; when nothing better comes the driver gets an empty reply. See ReplyCollector.
+/// has been silent; what they were is counted. When it does not fall silent for as long
+/// as the time-out, the request is not transmitted and the driver gets an empty reply. A reply is
+/// handed over when it is complete, refused by the station (an exception) or beyond repair, else as
+/// far as it came by the time-out. A reply of another request is thrown away and the wait goes on;
+/// when nothing better comes the driver gets an empty reply. See ReplyCollector.
 ///
 /// A reply may come after its time-out, and replies to reads carry no address. So a
 /// request is held back while a late reply could be taken for its own, until that
@@ -90,6 +92,7 @@ private:
 
     void proceed();
     void poll();
+    void giveUp(const FRAME_PRO& request);
     bool isHeldBack(const FRAME_PRO& request);
     void prepare(const FRAME_PRO& request, bool isRepeat);
     void transmit();
@@ -100,7 +103,6 @@ private:
     void awaitLine();
     void resume();
     void waitForSilence();
-    qint64 silence() const; ///< microseconds, before each request
     qint64 now() const { return m_clock->now(); }
 
     DriverEntryPoints m_driver;
@@ -109,10 +111,9 @@ private:
     State m_state = State::Stopped;
     SystemClock m_systemClock;
     LoopClock* m_clock;
-    qint64 m_startedAt = -1;         ///< as now()
-    qint64 m_transmittedAt = 0;      ///< as now(); end of the request's last character
-    qint64 m_silentSince = 0;        ///< as now(); ahead of it while transmitting
-    qint64 m_silenceWantedSince = 0; ///< as now()
+    qint64 m_startedAt = -1;    ///< as now()
+    qint64 m_transmittedAt = 0; ///< as now(); end of the request's last character
+    LineSilence m_silence;      ///< by now()
     ExchangeRecord m_record;
     bool m_repeating = false;
     bool m_hasGivenUp = false;

@@ -19,13 +19,14 @@ enum class ReplyKind {
     Foreign,        ///< only replies of other requests came
     Lost,           ///< the line was lost before a reply came
     Broadcast,      ///< station 0: no station answers
-    NotSent         ///< the request was not whole and was not transmitted
+    NotSent,        ///< the request was not whole and was not transmitted
+    NeverSilent     ///< the line did not fall silent, so the request was not transmitted
 };
 
 /// One request, what came back, and what the driver made of it.
 struct ExchangeRecord {
     QByteArray request;
-    QByteArray reply;          ///< all bytes received since the request
+    QByteArray reply;          ///< bytes received since the request, the first 4096
     VARIABLE job = VARIABLE(); ///< the job that the request was built from
     ReplyKind replyKind = ReplyKind::None;
     int exceptionCode = 0;  ///< with ReplyKind::Exception

@@ -32,6 +32,7 @@ public:
 
 signals:
     void opened();
+    /// At most a few kilobytes at once, however many a line brings.
     void bytesArrived(const QByteArray& bytes);
     /// The line is lost and is being opened again; opened() or failed() follows.
     void interrupted();

@@ -35,7 +35,8 @@ SerialLine::SerialLine(const QString& portName, const LineTiming& timing,
     m_port.setDataBits(static_cast<QSerialPort::DataBits>(timing.dataBits));
     m_port.setStopBits(stopBits(timing.stopBits));
     m_port.setParity(parity);
-    connect(&m_port, &QSerialPort::readyRead, this, &SerialLine::readArrived);
+    m_port.setReadBufferSize(BoundedReader::MOST_AT_ONCE);
+    connect(&m_reader, &BoundedReader::bytesArrived, this, &Line::bytesArrived);
     connect(&m_port, &QSerialPort::errorOccurred, this, &SerialLine::handleError);
 }
 
@@ -58,13 +59,6 @@ QByteArray SerialLine::discardWaiting()
     QByteArray discarded = m_port.readAll();
     m_port.clear(QSerialPort::Input);
     return discarded;
-}
-
-void SerialLine::readArrived()
-{
-    const QByteArray bytes = m_port.readAll();
-    if (!bytes.isEmpty())
-        emit bytesArrived(bytes);
 }
 
 void SerialLine::handleError(QSerialPort::SerialPortError error)

@@ -1,6 +1,7 @@
 #ifndef KX_TOOLS_SERIAL_LINE_H
 #define KX_TOOLS_SERIAL_LINE_H
 
+#include "exchange/bounded_reader.h"
 #include "exchange/line.h"
 
 #include <QtSerialPort/QSerialPort>
@@ -26,10 +27,10 @@ public:
     QByteArray discardWaiting() override;
 
 private:
-    void readArrived();
     void handleError(QSerialPort::SerialPortError error);
 
     QSerialPort m_port;
+    BoundedReader m_reader{&m_port};
     LineTiming m_timing;
     QString m_name;
 };

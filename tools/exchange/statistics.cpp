@@ -32,6 +32,9 @@ void countBad(const ExchangeRecord& record, BadReplies* bad)
     case ReplyKind::Broadcast:
         ++bad->broadcasts;
         return;
+    case ReplyKind::NeverSilent:
+        ++bad->neverSilent;
+        return;
     case ReplyKind::Good:
     case ReplyKind::NotSent:
         ++bad->ignored;
@@ -43,7 +46,7 @@ void countBad(const ExchangeRecord& record, BadReplies* bad)
 qint64 BadReplies::sum() const
 {
     return none + incomplete + damaged + exceptions + foreign + lost + broadcasts + ignored
-           + byteCounts;
+           + byteCounts + neverSilent;
 }
 
 void Statistics::add(const ExchangeRecord& record)

@@ -6,15 +6,16 @@
 
 /// Why requests were repeated or failed. Their sum is that of `repeated` and `failed`.
 struct BadReplies {
-    qint64 none = 0;       ///< nothing came until the time-out
-    qint64 incomplete = 0; ///< too few bytes came until the time-out
-    qint64 damaged = 0;    ///< no frame in the bytes
-    qint64 exceptions = 0; ///< the station refused
-    qint64 foreign = 0;    ///< only replies of other requests came
-    qint64 lost = 0;       ///< the line was lost meanwhile
-    qint64 broadcasts = 0; ///< no station answers
-    qint64 ignored = 0;    ///< a good reply that the driver did not take
-    qint64 byteCounts = 0; ///< the reply's byte count was wrong
+    qint64 none = 0;        ///< nothing came until the time-out
+    qint64 incomplete = 0;  ///< too few bytes came until the time-out
+    qint64 damaged = 0;     ///< no frame in the bytes
+    qint64 exceptions = 0;  ///< the station refused
+    qint64 foreign = 0;     ///< only replies of other requests came
+    qint64 lost = 0;        ///< the line was lost meanwhile
+    qint64 broadcasts = 0;  ///< no station answers
+    qint64 ignored = 0;     ///< a good reply that the driver did not take
+    qint64 byteCounts = 0;  ///< the reply's byte count was wrong
+    qint64 neverSilent = 0; ///< the line did not fall silent for the request
 
     qint64 sum() const;
 };
@@ -31,7 +32,7 @@ struct ThrownAway {
 /// Counts of finished exchanges: requests = accepted + repeated + failed. A
 /// request in flight is not in them yet.
 struct Statistics {
-    qint64 requests = 0; ///< transmitted
+    qint64 requests = 0; ///< transmitted, or kept back by a line that never fell silent
     qint64 accepted = 0; ///< the driver took the reply
     qint64 repeated = 0; ///< bad or no reply; the driver asked again
     qint64 failed = 0;   ///< bad or no reply for the last time

@@ -2,6 +2,23 @@
 
 #include "exchange/reply_verdict.h"
 
+namespace
+{
+
+const int MOST_UNSORTED = 4096; // bytes; a line that never falls silent brings no end of them
+
+} // namespace
+
+void StrayBytes::add(const QByteArray& bytes)
+{
+    m_bytes += bytes;
+    const int excess = static_cast<int>(m_bytes.size()) - MOST_UNSORTED;
+    if (excess <= 0)
+        return;
+    m_counts->bytes += excess;
+    m_bytes.remove(0, excess);
+}
+
 void StrayBytes::sort(OwedReplies* owed, const FRAME_PRO* heldBack)
 {
     // Noise may stand before a frame.

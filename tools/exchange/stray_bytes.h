@@ -11,7 +11,8 @@ class StrayBytes
 public:
     explicit StrayBytes(ThrownAway* counts) : m_counts(counts) {}
 
-    void add(const QByteArray& bytes) { m_bytes += bytes; }
+    /// Of more than 4096 unsorted bytes the first ones are counted as bytes in no frame.
+    void add(const QByteArray& bytes);
 
     /// To be called when the line has fallen silent: what is no whole frame now never
     /// will be.

@@ -23,8 +23,8 @@ TcpLine::TcpLine(const QString& host, quint16 port, QObject* parent)
         m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
         emit opened();
     });
-    connect(&m_socket, &QTcpSocket::readyRead, this,
-            [this] { emit bytesArrived(m_socket.readAll()); });
+    m_socket.setReadBufferSize(BoundedReader::MOST_AT_ONCE);
+    connect(&m_reader, &BoundedReader::bytesArrived, this, &Line::bytesArrived);
     connect(&m_socket, &QAbstractSocket::errorOccurred, this, &TcpLine::handleError);
 }
 

@@ -1,6 +1,7 @@
 #ifndef KX_TOOLS_TCP_LINE_H
 #define KX_TOOLS_TCP_LINE_H
 
+#include "exchange/bounded_reader.h"
 #include "exchange/line.h"
 
 #include <QtCore/QTimer>
@@ -29,6 +30,7 @@ private:
     void handleError();
 
     QTcpSocket m_socket;
+    BoundedReader m_reader{&m_socket};
     QTimer m_connecting;
     QString m_host;
     quint16 m_port;

@@ -120,6 +120,8 @@ QString replyKindText(const ExchangeRecord& record)
         return QLatin1String("line lost");
     case ReplyKind::Broadcast:
         return QLatin1String("broadcast");
+    case ReplyKind::NeverSilent:
+        return QLatin1String("the line is never silent");
     case ReplyKind::NotSent:
         return QLatin1String("not whole, so not sent");
     }

@@ -46,7 +46,8 @@ QStringList faultLines(const Statistics& counts)
              named(bad.exceptions, "refused by the station"),
              named(bad.foreign, "answered by replies of other requests only"),
              named(bad.lost, "cut off by the loss of the line"), named(bad.broadcasts, "broadcast"),
-             named(bad.ignored, "ignored by the driver")},
+             named(bad.ignored, "ignored by the driver"),
+             named(bad.neverSilent, "kept back by a line that was never silent")},
             &lines);
     addLine("thrown away: ",
             {{thrown.foreign, "reply of another request", "replies of other requests"},
@@ -80,12 +81,16 @@ double loadPercent(const WatchSummary& summary)
 
 QJsonObject badRepliesJson(const BadReplies& bad)
 {
-    return {
-        {QLatin1String("none"), bad.none},          {QLatin1String("short"), bad.incomplete},
-        {QLatin1String("damaged"), bad.damaged},    {QLatin1String("byteCount"), bad.byteCounts},
-        {QLatin1String("refused"), bad.exceptions}, {QLatin1String("foreign"), bad.foreign},
-        {QLatin1String("lineLost"), bad.lost},      {QLatin1String("broadcast"), bad.broadcasts},
-        {QLatin1String("ignored"), bad.ignored}};
+    return {{QLatin1String("none"), bad.none},
+            {QLatin1String("short"), bad.incomplete},
+            {QLatin1String("damaged"), bad.damaged},
+            {QLatin1String("byteCount"), bad.byteCounts},
+            {QLatin1String("refused"), bad.exceptions},
+            {QLatin1String("foreign"), bad.foreign},
+            {QLatin1String("lineLost"), bad.lost},
+            {QLatin1String("broadcast"), bad.broadcasts},
+            {QLatin1String("ignored"), bad.ignored},
+            {QLatin1String("neverSilent"), bad.neverSilent}};
 }
 
 QJsonObject thrownAwayJson(const ThrownAway& thrown)

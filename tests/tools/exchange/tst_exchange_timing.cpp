@@ -11,7 +11,6 @@ private slots:
     void timeOutCountsFromTheEndOfTheTransmission();
     void silenceIsKeptAfterAReply();
     void silenceStartsAgainWithStrayBytes();
-    void lineThatNeverFallsSilentIsUsedAtLast();
     void broadcastWaitsTheTurnaroundOnly();
     void nothingToSendIsAskedAgainAfterTheIdleInterval();
     void wakeAsksAtOnce();
@@ -57,20 +56,6 @@ void ExchangeTimingTest::silenceStartsAgainWithStrayBytes()
     start();
     QVERIFY(QTest::qWaitFor([&] { return m_line->written.size() == 2; }, 5000));
     QVERIFY(m_line->writtenAt.at(1) - m_line->writtenAt.at(0) >= 180 + 29);
-}
-
-void ExchangeTimingTest::lineThatNeverFallsSilentIsUsedAtLast()
-{
-    m_line->characters.baud = 1200;
-    m_settings.replyTimeout = 100;
-    m_driver->request(withCrc(READ), GOOD_LENGTH);
-    QTimer noise;
-    connect(&noise, &QTimer::timeout, m_line.get(),
-            [this] { emit m_line->bytesArrived(QByteArray("\x55")); });
-    noise.start(5);
-    start();
-    QVERIFY(QTest::qWaitFor([&] { return m_line->written.size() == 1; }, 5000));
-    QVERIFY(m_line->writtenAt.first() >= 100);
 }
 
 void ExchangeTimingTest::broadcastWaitsTheTurnaroundOnly()

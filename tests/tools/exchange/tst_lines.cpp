@@ -24,6 +24,12 @@ public:
     ~PseudoTerminal() { closeEnd(); }
 
     QString name() const { return QString::fromLatin1(ptsname(m_end)); }
+    /// How many bytes the terminal took at once.
+    int sendSome(const QByteArray& bytes) const
+    {
+        return static_cast<int>(
+            qMax<ssize_t>(0, write(m_end, bytes.constData(), static_cast<size_t>(bytes.size()))));
+    }
     void send(const QByteArray& bytes) const
     {
         QCOMPARE(write(m_end, bytes.constData(), static_cast<size_t>(bytes.size())),
@@ -60,15 +66,30 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// A hundred thousand bytes, none of them lost or out of order.
+QByteArray flood()
+{
+    QByteArray bytes;
+    for (int i = 0; i < 50000; ++i) {
+        bytes += static_cast<char>(i >> 8);
+        bytes += static_cast<char>(i & 0xFF);
+    }
+    return bytes;
+}
+
 /// What a line tells.
 struct Listener {
     explicit Listener(Line* line)
     {
         QObject::connect(line, &Line::opened, line, [this] { ++opened; });
-        QObject::connect(line, &Line::bytesArrived, line,
-                         [this](const QByteArray& bytes) { arrived += bytes; });
+        QObject::connect(line, &Line::bytesArrived, line, [this](const QByteArray& bytes) {
+            arrived += bytes;
+            longest = qMax(longest, static_cast<int>(bytes.size()));
+        });
         QObject::connect(line, &Line::failed, line, [this](const QString& e) { errors << e; });
     }
+    /// The longest of the pieces that came.
+    int longest = 0;
     int opened = 0;
     QByteArray arrived;
     QStringList errors;
@@ -88,8 +109,10 @@ private slots:
     void bareNameIsLookedForInDevFirst();
     void serialThatIsNotThere();
     void serialThatGoesAway();
+    void serialFloodIsTakenInPieces();
     void networkCarriesBytesBothWays();
     void networkIsNamedAsItIsTyped();
+    void networkFloodIsTakenInPieces();
     void networkThatRefuses();
     void networkThatGoesAway();
 };
@@ -250,6 +273,39 @@ void LinesTest::networkThatGoesAway()
     QVERIFY2(listener.errors.first().contains(QLatin1String(": the connection is lost: ")),
              qPrintable(listener.errors.first()));
     QVERIFY(!line.isOpen());
+}
+
+void LinesTest::serialFloodIsTakenInPieces()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    const QByteArray bytes = flood();
+    int sent = 0;
+    QTimer sender;
+    connect(&sender, &QTimer::timeout, &sender,
+            [&] { sent += controller.sendSome(bytes.mid(sent)); });
+    sender.start(0);
+    QTRY_COMPARE_WITH_TIMEOUT(listener.arrived.size(), bytes.size(), 20000);
+    QVERIFY(listener.arrived == bytes);
+    QVERIFY2(listener.longest <= 4096, qPrintable(QString::number(listener.longest)));
+}
+
+void LinesTest::networkFloodIsTakenInPieces()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.serverPort());
+    Listener listener(&line);
+    line.open();
+    QTRY_VERIFY(gateway.hasPendingConnections());
+    QTcpSocket* const peer = gateway.nextPendingConnection();
+    const QByteArray bytes = flood();
+    peer->write(bytes);
+    QTRY_COMPARE_WITH_TIMEOUT(listener.arrived.size(), bytes.size(), 20000);
+    QVERIFY(listener.arrived == bytes);
+    QVERIFY2(listener.longest <= 4096, qPrintable(QString::number(listener.longest)));
 }
 
 QTEST_GUILESS_MAIN(LinesTest)

@@ -73,6 +73,7 @@ void StatisticsTest::everyBadReplyIsCountedByItsKind_data()
     row("miscounted", ReplyKind::WrongByteCount, &BadReplies::byteCounts);
     row("lost", ReplyKind::Lost, &BadReplies::lost);
     row("broadcast", ReplyKind::Broadcast, &BadReplies::broadcasts);
+    row("line never silent", ReplyKind::NeverSilent, &BadReplies::neverSilent);
     row("good, not taken", ReplyKind::Good, &BadReplies::ignored);
 }
 

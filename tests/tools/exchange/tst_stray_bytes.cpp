@@ -24,6 +24,7 @@ private slots:
     void aLateReplyStaysOwedUnlessItWasExpected();
     void aDoubleOfTheLastReplyIsNotTakenForALateOne();
     void bytesCountWhenSorted();
+    void ofAFloodTheLastBytesAreSorted();
 };
 
 void StrayBytesTest::whatTheyAre_data()
@@ -99,6 +100,20 @@ void StrayBytesTest::bytesCountWhenSorted()
     stray.sort(&owed, nullptr);
     QCOMPARE(counts.late, qint64(1));
     QCOMPARE(counts.bytes, qint64(0));
+}
+
+void StrayBytesTest::ofAFloodTheLastBytesAreSorted()
+{
+    OwedReplies owed;
+    ThrownAway counts;
+    StrayBytes stray(&counts);
+    stray.add(QByteArray(4096, '\x55'));
+    QCOMPARE(counts.bytes, qint64(0));
+    stray.add(REPLY); // 9 bytes
+    QCOMPARE(counts.bytes, qint64(9));
+    stray.sort(&owed, nullptr);
+    QCOMPARE(counts.bytes, qint64(4096));
+    QCOMPARE(counts.foreign, qint64(1));
 }
 
 QTEST_APPLESS_MAIN(StrayBytesTest)

@@ -107,6 +107,7 @@ void FrameTextTest::outcomes_data()
     row("lost", ReplyKind::Lost, 0, 8, "line lost, repeated");
     row("broadcast", ReplyKind::Broadcast, 0, 2, "broadcast, failed");
     row("not sent", ReplyKind::NotSent, 0, 2, "not whole, so not sent, failed");
+    row("never silent", ReplyKind::NeverSilent, 0, 8, "the line is never silent, repeated");
     row("ignored", ReplyKind::Good, 0, 0, "good, ignored");
 }
 

@@ -47,7 +47,7 @@ void SummaryTextTest::rareCountsAreNamedWhenThereAreAny()
     WatchSummary rare = summary();
     Statistics& counts = rare.statistics;
     counts.notSent = 5;
-    counts.bad = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    counts.bad = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
     counts.thrownAway = {11, 12, 13, 14, 15};
     counts.heldBack = 21;
     counts.reopened = 22;
@@ -62,7 +62,7 @@ void SummaryTextTest::rareCountsAreNamedWhenThereAreAny()
             "repeated or failed: 1 without a reply, 2 cut short, 3 damaged, "
             "9 with a wrong byte count, 4 refused by the station, 5 answered by replies of other "
             "requests only, 6 cut off by the loss of the line, 7 broadcast, "
-            "8 ignored by the driver"));
+            "8 ignored by the driver, 10 kept back by a line that was never silent"));
     QCOMPARE(lines.at(2),
              QString::fromLatin1("thrown away: 11 replies of other requests, 12 late replies, "
                                  "13 duplicates, 14 echoes, 15 bytes in no frame"));
@@ -114,7 +114,7 @@ void SummaryTextTest::json()
 {
     WatchSummary all = summary();
     all.statistics.notSent = 5;
-    all.statistics.bad = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    all.statistics.bad = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
     all.statistics.thrownAway = {11, 12, 13, 14, 15};
     all.statistics.heldBack = 21;
     all.statistics.reopened = 22;
@@ -135,8 +135,8 @@ void SummaryTextTest::json()
     QCOMPARE(number("failed"), 1.0);
     QCOMPARE(number("notSent"), 5.0);
     QCOMPARE(numbers("badReplies", {"none", "short", "damaged", "refused", "foreign", "lineLost",
-                                    "broadcast", "ignored", "byteCount"}),
-             QList<int>({1, 2, 3, 4, 5, 6, 7, 8, 9}));
+                                    "broadcast", "ignored", "byteCount", "neverSilent"}),
+             QList<int>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
     QCOMPARE(numbers("thrownAway", {"foreign", "late", "duplicates", "echoes", "bytes"}),
              QList<int>({11, 12, 13, 14, 15}));
     QCOMPARE(number("heldBack"), 21.0);

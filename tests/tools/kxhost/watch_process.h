@@ -32,6 +32,7 @@ public:
     int exitCode();
 
     void sendSignal(int signal);
+    qint64 processId() const { return m_process.processId(); }
     QByteArray output();
     QByteArray errors() { return m_process.readAllStandardError(); }
 
