@@ -41,6 +41,16 @@ void TextView::showEntry(const WatchEntry& entry, const QDateTime& time)
     printLine(entryLine(entry, time));
 }
 
+QString linkEventLine(const LinkEvent& event, const QDateTime& time)
+{
+    return time.toString(Qt::ISODateWithMs) + QLatin1Char(' ') + linkEventText(event);
+}
+
+void TextView::showLinkEvent(const LinkEvent& event, const QDateTime& time)
+{
+    printLine(linkEventLine(event, time));
+}
+
 void TextView::showExchange(const ExchangeRecord& record)
 {
     if (!m_frames)
@@ -58,6 +68,11 @@ void TextView::showSummary(const WatchSummary& summary)
 void JsonView::showEntry(const WatchEntry& entry, const QDateTime& time)
 {
     printJson(entryJson(entry, time));
+}
+
+void JsonView::showLinkEvent(const LinkEvent& event, const QDateTime& time)
+{
+    printJson(linkEventJson(event, time));
 }
 
 void JsonView::showExchange(const ExchangeRecord& record)

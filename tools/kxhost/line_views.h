@@ -14,12 +14,16 @@ QString withName(const QString& address, const QString& name);
 QString entryLine(const WatchEntry& entry, const QDateTime& time);
 QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time);
 
+/// "2024-05-17T10:11:12.013 station 2 does not answer".
+QString linkEventLine(const LinkEvent& event, const QDateTime& time);
+
 class TextView : public WatchView
 {
 public:
     explicit TextView(bool frames) : m_frames(frames) {}
 
     void showEntry(const WatchEntry& entry, const QDateTime& time) override;
+    void showLinkEvent(const LinkEvent& event, const QDateTime& time) override;
     void showExchange(const ExchangeRecord& record) override;
     void showSummary(const WatchSummary& summary) override;
 
@@ -33,6 +37,7 @@ public:
     explicit JsonView(bool frames) : m_frames(frames) {}
 
     void showEntry(const WatchEntry& entry, const QDateTime& time) override;
+    void showLinkEvent(const LinkEvent& event, const QDateTime& time) override;
     void showExchange(const ExchangeRecord& record) override;
     void showSummary(const WatchSummary& summary) override;
 

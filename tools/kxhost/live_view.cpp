@@ -41,6 +41,11 @@ void LiveView::showEntry(const WatchEntry&, const QDateTime&)
     // Drawn at the next interval: a fast line changes more than an eye can see.
 }
 
+void LiveView::showLinkEvent(const LinkEvent&, const QDateTime&)
+{
+    redraw(); // a mark of what is wrong now stands in the first line
+}
+
 void LiveView::showExchange(const ExchangeRecord&)
 {
     // The counts are drawn at the next interval.
@@ -77,6 +82,7 @@ WatchScreen LiveView::screen() const
 {
     WatchScreen screen;
     screen.line = m_title;
+    screen.fault = m_run->linkFault();
     screen.summary = m_run->summary();
     screen.entries = m_run->list().entries();
     screen.now = m_run->now();
@@ -88,6 +94,6 @@ WatchScreen LiveView::screen() const
 
 void LiveView::redraw()
 {
-    if (m_terminal)
+    if (m_terminal && m_run)
         m_terminal->draw(screenLines(screen(), m_terminal->width(), m_terminal->height()));
 }

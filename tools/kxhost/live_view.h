@@ -27,6 +27,7 @@ public:
     void setMessage(const QString& message);
 
     void showEntry(const WatchEntry& entry, const QDateTime& time) override;
+    void showLinkEvent(const LinkEvent& event, const QDateTime& time) override;
     void showExchange(const ExchangeRecord& record) override;
     void showSummary(const WatchSummary& summary) override;
 

@@ -9,6 +9,8 @@ WatchRun::WatchRun(DriverSession* session, const QList<Tag>& tags, qint64 cycles
     connect(session, &DriverSession::valueChanged, this, &WatchRun::takeChange);
     connect(session, &DriverSession::exchanged, this, &WatchRun::takeExchange);
     connect(session, &DriverSession::lineFailed, this, &WatchRun::loseLine);
+    connect(session->line(), &Line::interrupted, this, [this] { showLink(m_link.takeLineLost()); });
+    connect(session->line(), &Line::opened, this, [this] { showLink(m_link.takeLineOpened()); });
 }
 
 void WatchRun::start()
@@ -46,6 +48,7 @@ void WatchRun::takeChange(int, int station, const QString& name, int address)
 void WatchRun::takeExchange(const ExchangeRecord& record)
 {
     m_view->showExchange(record);
+    showLink(m_link.takeExchange(record));
     if (record.job.kind == CYCLIC_READ_JOB)
         takeRead(record);
 }
@@ -80,6 +83,13 @@ void WatchRun::show(const QList<int>& indexes)
     const QDateTime time = QDateTime::currentDateTime();
     for (const int index : indexes)
         m_view->showEntry(m_list.entries().at(index), time);
+}
+
+void WatchRun::showLink(const QList<LinkEvent>& events)
+{
+    const QDateTime time = QDateTime::currentDateTime();
+    for (const LinkEvent& event : events)
+        m_view->showLinkEvent(event, time);
 }
 
 qint64 WatchRun::valueOf(const WatchEntry& entry) const

@@ -23,6 +23,9 @@ public:
     /// Milliseconds on the clock of the list's entries.
     qint64 now() const { return m_session->elapsed(); }
 
+    /// What is wrong with the line or its stations now; empty when nothing is.
+    QString linkFault() const { return m_link.faultText(); }
+
     /// Whether the device failed: an address was never read or its last read failed,
     /// or the line was lost.
     bool hasDeviceFailed() const { return m_isLineLost || !m_list.allAnswered(); }
@@ -37,11 +40,13 @@ private:
     void takeRead(const ExchangeRecord& record);
     void loseLine(const QString& error);
     void show(const QList<int>& indexes);
+    void showLink(const QList<LinkEvent>& events);
     qint64 valueOf(const WatchEntry& entry) const;
 
     DriverSession* m_session;
     QList<AddressRange> m_ranges;
     WatchList m_list;
+    LinkState m_link;
     WatchView* m_view;
     qint64 m_cycleLimit;
     int m_readsPerCycle = 0;

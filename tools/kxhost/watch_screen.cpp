@@ -25,7 +25,10 @@ QString lineSettingsText(const LineTiming& timing, QChar parity)
 QStringList screenLines(const WatchScreen& screen, int width, int height)
 {
     const int below = screen.takesKeys ? LINES_BELOW : 0;
-    QStringList lines = {screen.line + QLatin1String("  ") + speedText(screen.summary),
+    const QString mark = screen.fault.isEmpty()
+                             ? QString()
+                             : QLatin1String("! ") + screen.fault + QLatin1String("  ");
+    QStringList lines = {mark + screen.line + QLatin1String("  ") + speedText(screen.summary),
                          summaryLines(screen.summary).first()};
     lines += tableLines(screen.entries, screen.now, width, height - LINES_ABOVE - below);
     if (screen.takesKeys)

@@ -7,7 +7,8 @@
 #include <QtCore/QStringList>
 
 struct WatchScreen {
-    QString line; ///< the line's name
+    QString line;  ///< the line's name
+    QString fault; ///< of the line or its stations now; empty when there is none
     WatchSummary summary;
     QList<WatchEntry> entries;
     qint64 now = 0;  ///< as WatchEntry::changedAt

@@ -3,6 +3,7 @@
 
 #include "exchange/exchange_record.h"
 #include "exchange/statistics.h"
+#include "kxhost/link_events.h"
 #include "kxhost/watch_list.h"
 
 /// Figures of a whole run, as shown at its end.
@@ -21,6 +22,8 @@ public:
 
     /// A value became known or changed, or the state of an address did.
     virtual void showEntry(const WatchEntry& entry, const QDateTime& time) = 0;
+    /// The line or a station is lost or back.
+    virtual void showLinkEvent(const LinkEvent& event, const QDateTime& time) = 0;
     virtual void showExchange(const ExchangeRecord& record) = 0;
     virtual void showSummary(const WatchSummary& summary) = 0;
 };

@@ -34,7 +34,8 @@ void WatchFailuresTest::silentStationFails()
     QCOMPARE(result.exitCode, 1);
     // Told once, not in every cycle.
     QCOMPARE(withoutTimes(result.output.mid(0, result.output.size() - SUMMARY_LINES)),
-             QStringList({QString::fromLatin1("9 D100 no answer"),
+             QStringList({QString::fromLatin1("station 9 does not answer"),
+                          QString::fromLatin1("9 D100 no answer"),
                           QString::fromLatin1("9 D101 no answer")}));
     QVERIFY(holds(result.output, "4 requests in 2 cycles: 0 accepted, 2 repeated, 2 failed"));
 }
@@ -69,11 +70,14 @@ void WatchFailuresTest::stationThatComesBackIsFine()
                            .split(QLatin1Char(' ')));
     QVERIFY(watch.waitForOutput(" 1 D100 1234\n"));
     gateway.isSilent = true;
+    QVERIFY(watch.waitForOutput(" station 1 does not answer\n"));
     QVERIFY(watch.waitForOutput(" 1 D100 no answer\n"));
     gateway.isSilent = false;
     QVERIFY(watch.waitForOutputEnd(" 1 D100 1234\n"));
     watch.sendSignal(SIGINT);
     QCOMPARE(watch.exitCode(), 0);
+    QCOMPARE(watch.output().count(" does not answer\n"), 1);
+    QCOMPARE(watch.output().count(" station 1 answers again\n"), 1);
 }
 
 void WatchFailuresTest::lostLineFails()

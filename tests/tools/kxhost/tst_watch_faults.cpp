@@ -6,6 +6,7 @@
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QRegularExpression>
 #include <QtTest/QTest>
 
 class WatchFaultsTest : public QObject
@@ -19,6 +20,8 @@ private slots:
     void noiseIsCountedByTheByte();
     void lateRepliesAreThrownAway();
     void theSimulatorInsideHasFaultsToo();
+    void aLostAndReopenedLineIsTold_data();
+    void aLostAndReopenedLineIsTold();
     void withoutReopeningALostLineIsTheEnd();
 };
 
@@ -161,6 +164,34 @@ void WatchFaultsTest::theSimulatorInsideHasFaultsToo()
     QCOMPARE(summary[QLatin1String("accepted")].toInt(), 40);
     QVERIFY(summary[QLatin1String("reopened")].toInt() > 0);
     QVERIFY(summary[QLatin1String("badReplies")].toObject()[QLatin1String("damaged")].toInt() > 0);
+}
+
+void WatchFaultsTest::aLostAndReopenedLineIsTold_data()
+{
+    QTest::addColumn<QString>("view");
+    QTest::addColumn<QString>("lost");
+    QTest::addColumn<QString>("open");
+    QTest::newRow("lines") << QString() << " line lost$"
+                           << " line open again$";
+    QTest::newRow("JSON") << " --json"
+                          << "\"line\".*\"lost\""
+                          << "\"line\".*\"open\"";
+}
+
+void WatchFaultsTest::aLostAndReopenedLineIsTold()
+{
+    QFETCH(QString, view);
+    QFETCH(QString, lost);
+    QFETCH(QString, open);
+    FaultyKxsim kxsim(QString::fromLatin1("close:0.3"), DELAY);
+    const CommandResult result = runCommand(words(
+        QString::fromLatin1("watch D0 --baud 115200 --reopen 9 --retries 9 --cycles 10 --port %1%2")
+            .arg(kxsim.line(), view)));
+    QCOMPARE(result.exitCode, 0);
+    const int closed = kxsim.count(QString::fromLatin1("close"));
+    QVERIFY(closed > 0);
+    QCOMPARE(static_cast<int>(result.output.filter(QRegularExpression(lost)).size()), closed);
+    QCOMPARE(static_cast<int>(result.output.filter(QRegularExpression(open)).size()), closed);
 }
 
 void WatchFaultsTest::withoutReopeningALostLineIsTheEnd()

@@ -17,6 +17,7 @@ class WatchTerminalTest : public QObject
 private slots:
     void tableIsDrawnInPlaceAndTheTerminalRestored();
     void tableFitsTheTerminal();
+    void aSilentStationIsMarkedAboveTheTable();
     void typedAssignmentIsWritten();
     void typedAssignments_data();
     void typedAssignments();
@@ -42,6 +43,15 @@ void WatchTerminalTest::tableIsDrawnInPlaceAndTheTerminalRestored()
     QVERIFY2(after.contains("        1234      0x04D2"), after.constData());
     QVERIFY2(after.contains(" 0 repeated, 0 failed\r\n"), after.constData());
     QVERIFY(terminal.output().contains("\x1b[?25h"));
+}
+
+void WatchTerminalTest::aSilentStationIsMarkedAboveTheTable()
+{
+    const KxsimProcess simulator;
+    HostTerminal terminal(on(simulator, "watch D100@9 --timeout 100 --retries 1"));
+    QVERIFY(terminal.waitFor("\x1b[H! station 9 does not answer  "));
+    terminal.type("\x03"); // Ctrl-C
+    QCOMPARE(terminal.exitCode(), 1);
 }
 
 void WatchTerminalTest::tableFitsTheTerminal()

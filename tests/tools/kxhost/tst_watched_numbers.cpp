@@ -42,6 +42,7 @@ class NoView : public WatchView
 {
 public:
     void showEntry(const WatchEntry&, const QDateTime&) override {}
+    void showLinkEvent(const LinkEvent&, const QDateTime&) override {}
     void showExchange(const ExchangeRecord&) override {}
     void showSummary(const WatchSummary&) override {}
 };
