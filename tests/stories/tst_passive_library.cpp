@@ -3,7 +3,6 @@
 
 #include "stories/every_call.h"
 
-#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
@@ -19,7 +18,8 @@ namespace
 
 QStringList entries(const QString& directory)
 {
-    return QDir(directory).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+    return QDir(directory).entryList(QDir::AllEntries | QDir::Hidden | QDir::System
+                                     | QDir::NoDotAndDotDot);
 }
 
 /// Open files as "NUMBER TARGET". The one that lists the directory is gone by now.
@@ -135,7 +135,10 @@ QByteArray traceOf(const Call& call)
     const ProcessState before = ProcessState::now();
     ProcessState inside = before;
     DriverFixture runtime("1#0#0#1#32");
-    runtime.onReport = [&](const Report&) { inside = ProcessState::now(); };
+    runtime.onReport = [&](const Report&) {
+        if (inside == before)
+            inside = ProcessState::now();
+    };
     try {
         call.before(runtime);
         call.step(runtime);
@@ -156,7 +159,6 @@ class PassiveLibraryTest : public QObject
 private slots:
     void everyCallLeavesNoTrace_data();
     void everyCallLeavesNoTrace();
-    void noTimerOfQtIsWaitedFor();
     void tracesAreSeen_data();
     void tracesAreSeen();
 };
@@ -176,21 +178,8 @@ void PassiveLibraryTest::everyCallLeavesNoTrace()
     const QTemporaryDir directory;
     QVERIFY(QDir::setCurrent(directory.path()));
     const QByteArray trace = traceOf(everyCall().at(static_cast<size_t>(number)));
-    const QStringList written = entries(".");
     QDir::setCurrent(here);
     QCOMPARE(trace, QByteArray());
-    QCOMPARE(written, QStringList());
-}
-
-// Timers of Qt need an event dispatcher.
-void PassiveLibraryTest::noTimerOfQtIsWaitedFor()
-{
-    for (const Call& call : everyCall()) {
-        DriverFixture runtime("1#0#0#1#32");
-        call.before(runtime);
-        call.step(runtime);
-    }
-    QVERIFY(!QAbstractEventDispatcher::instance());
 }
 
 void PassiveLibraryTest::tracesAreSeen_data()
