@@ -2,6 +2,7 @@
 
 #include "kxhost/text_file.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QSaveFile>
 
 #include <cerrno>
