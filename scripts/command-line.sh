@@ -49,7 +49,7 @@ need_temporary_files() {
 }
 
 need_pseudo_terminals() {
-    if ! script -qc true /dev/null </dev/null >/dev/null 2>&1; then
+    if ! SHELL=/bin/sh script -qc true /dev/null </dev/null >/dev/null 2>&1; then
         echo "$called: cannot open a pseudo-terminal, which ${1:-the simulated controller needs}; mount /dev/pts" >&2
         exit 3
     fi
