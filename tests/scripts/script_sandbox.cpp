@@ -25,10 +25,11 @@ bool isScript(const QString& path)
 /// What may hold scripts: not what was built, nor the version control's own.
 QStringList foldersOfTheProject()
 {
-    QStringList folders = SOURCES.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
-    for (int i = folders.size() - 1; i >= 0; --i) {
-        if (folders.at(i).startsWith("build") || folders.at(i) == ".git")
-            folders.removeAt(i);
+    QStringList folders;
+    for (const QString& folder :
+         SOURCES.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot)) {
+        if (!folder.startsWith("build") && folder != ".git")
+            folders << folder;
     }
     return folders;
 }
