@@ -3,9 +3,13 @@
 // loaded and destroyed from bottom to top when it is unloaded: REG_LIST, then
 // REG_DESCRIPTION, then driver. Do not move one of them to another file.
 
+#include "data/data_area_index.h"
 #include "driver/tarvelan.h"
 #include "registers/register_catalogue.h"
 #include "registers/register_types.h"
+#include "registers/type_names.h"
+
+#include <QtCore/QStringList>
 
 namespace
 {
@@ -43,5 +47,27 @@ constexpr int REG_OFFSET[13 * 3] = {
     TARVELAN_OFFSET(8),  TARVELAN_OFFSET(9), TARVELAN_OFFSET(10), TARVELAN_OFFSET(11),
     TARVELAN_OFFSET(12),
 };
+
+// The object has static storage, so every field not set here starts as zero.
+tarvelan::tarvelan() : burstCount(0), commFailed(0), rcpIndex(0)
+{
+    dataAreas.clear();
+    // Sort order of the register types. TV stands before CV on purpose: it
+    // differs from REG_LIST, and merged requests follow it.
+    regNames = QString::fromLatin1("X,Y,M,SM,S,T,C,D,SD,TV,CV,32CV,Z").split(QLatin1Char(','));
+    // No members, since the layout of the class is binary interface.
+    if (this == &driver) {
+        dataAreaIndex = new DataAreaIndex;
+        typeNames = new TypeNames;
+    }
+}
+
+tarvelan::~tarvelan()
+{
+    if (this == &driver) {
+        delete typeNames;
+        delete dataAreaIndex;
+    }
+}
 
 tarvelan driver;

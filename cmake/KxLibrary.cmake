@@ -13,7 +13,7 @@ set(KX_PUBLIC_HEADERS
 
 add_library(tarvelan_kx_series SHARED
   tarvelan_kx_series.cpp
-  driver/data_area_index.cpp driver/job_queue.cpp driver/setup.cpp driver/tarvelan.cpp driver/value_change.cpp
+  driver/job_queue.cpp driver/setup.cpp driver/value_change.cpp
   registers/address_check.cpp registers/address_series.cpp registers/address_weight.cpp
   registers/recipe_addresses.cpp registers/register_catalogue.cpp registers/register_types.cpp
   registers/type_names.cpp
@@ -21,7 +21,7 @@ add_library(tarvelan_kx_series SHARED
   planning/read_jobs.cpp
   modbus/crc.cpp modbus/frame_bytes.cpp modbus/read_request.cpp modbus/recipe_requests.cpp
   modbus/reply_check.cpp modbus/send_schedule.cpp modbus/write_request.cpp
-  data/change_notification.cpp data/data_areas.cpp data/host_access.cpp data/read_values.cpp
+  data/change_notification.cpp data/data_area_index.cpp data/data_areas.cpp data/host_access.cpp data/read_values.cpp
   data/recipe_values.cpp data/reply_handling.cpp data/write_completion.cpp
   data/written_values.cpp)
 add_library(tarvelan::kx_series ALIAS tarvelan_kx_series)

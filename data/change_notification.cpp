@@ -2,7 +2,6 @@
 
 #include "data/data_areas.h"
 #include "driver/tarvelan.h"
-#include "driver/value_change.h"
 #include "driver/wrapping.h"
 
 namespace
@@ -14,7 +13,7 @@ const int WATCHED_AS_PAIR_END = 1 << 2;
 
 void report(int station, const QString& name, int address)
 {
-    callRuntime(driver.linkId, station, name, address);
+    tellRuntime(driver.linkId, station, name, address);
 }
 
 bool hasBit(int value, int bit)

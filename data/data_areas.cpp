@@ -1,5 +1,6 @@
 #include "data/data_areas.h"
 
+#include "driver/value_change.h"
 #include "registers/type_names.h"
 
 int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int address)
@@ -35,4 +36,14 @@ UndisturbedAreas::~UndisturbedAreas()
 {
     if (m_isOutermost)
         dataAreaIndex->letGo(driver.dataAreas);
+}
+
+void tellRuntime(int link, int station, const QString& name, int address)
+{
+    const bool isInHand = dataAreaIndex->isInHand();
+    if (isInHand)
+        dataAreaIndex->letGo(driver.dataAreas);
+    callRuntime(link, station, name, address);
+    if (isInHand)
+        dataAreaIndex->takeUp(driver.dataAreas);
 }

@@ -2,7 +2,7 @@
 #ifndef TARVELAN_DATA_DATA_AREAS_H
 #define TARVELAN_DATA_DATA_AREAS_H
 
-#include "driver/data_area_index.h"
+#include "data/data_area_index.h"
 #include "driver/export.h"
 #include "driver/records.h"
 #include "driver/tarvelan.h"
@@ -29,7 +29,7 @@ inline _DATA_& dataArea(int station, const QString& regType, int address)
 }
 
 /// Placed around lookups in each entry point: until it goes out of scope nobody but the
-/// driver touches the cache, callRuntime() excepted.
+/// driver touches the cache, tellRuntime() excepted.
 class UndisturbedAreas
 {
 public:
@@ -42,6 +42,10 @@ private:
 
     bool m_isOutermost;
 };
+
+/// callRuntime() for code that has the cache in hand: lets it go meanwhile, since the
+/// runtime may change it or call back into the driver.
+void tellRuntime(int link, int station, const QString& name, int address);
 
 /// The bytes that the runtime sees: `writeValue` while a write is pending, else
 /// `value`.

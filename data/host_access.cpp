@@ -4,9 +4,9 @@
 #include "data/value_size.h"
 #include "data/written_values.h"
 #include "driver/job_queue.h"
+#include "driver/job_split.h"
 #include "driver/tarvelan.h"
 #include "driver/wrapping.h"
-#include "planning/job_split.h"
 #include "registers/type_names.h"
 
 #include <algorithm>

@@ -5,7 +5,6 @@
 #include "data/recipe_values.h"
 #include "data/unchanged_run.h"
 #include "driver/tarvelan.h"
-#include "driver/value_change.h"
 
 #include <QtCore/QtEndian>
 
@@ -75,7 +74,7 @@ struct Bits : Elements {
             return;
         }
         area.writePending = 0;
-        callRuntime(driver.linkId, station, regType, wrapAdd(address, i));
+        tellRuntime(driver.linkId, station, regType, wrapAdd(address, i));
         record(i).value[0] = bit(i);
     }
 };

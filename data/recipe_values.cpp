@@ -1,8 +1,8 @@
 #include "data/recipe_values.h"
 
+#include "data/data_areas.h"
 #include "data/read_values.h"
 #include "driver/tarvelan.h"
-#include "driver/value_change.h"
 #include "driver/wrapping.h"
 
 namespace
@@ -33,7 +33,7 @@ bool storeWordInBuffer(int offset, int word)
 
 void reportWord(int offset)
 {
-    callRuntime(RECIPE_LINK, NO_STATION, QString::fromLatin1("RWI"), offset);
+    tellRuntime(RECIPE_LINK, NO_STATION, QString::fromLatin1("RWI"), offset);
 }
 
 } // namespace

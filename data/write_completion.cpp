@@ -4,7 +4,6 @@
 #include "data/data_areas.h"
 #include "data/value_size.h"
 #include "driver/tarvelan.h"
-#include "driver/value_change.h"
 #include "driver/wrapping.h"
 #include "registers/type_names.h"
 
@@ -23,7 +22,7 @@ void confirm(const RegisterType* type, int station, const QString& regType, int 
     if (type->registerClass == DOUBLE_WORD_CLASS)
         _OnlyOneDataTypeDataChange(station, regType, address, 0, 0, 0, 0);
     else
-        callRuntime(driver.linkId, station, regType, address);
+        tellRuntime(driver.linkId, station, regType, address);
 }
 
 void abandon(const RegisterType* type, int station, const QString& regType, int address)
@@ -31,7 +30,7 @@ void abandon(const RegisterType* type, int station, const QString& regType, int 
     _DATA_& area = dataArea(station, regType, address);
     area.writePending = 0;
     if (type->registerClass == BIT_CLASS) {
-        callRuntime(driver.linkId, station, regType, address);
+        tellRuntime(driver.linkId, station, regType, address);
     } else if (type->registerClass == WORD_CLASS) {
         int read = wordOf(area.value);
         int written = wordOf(area.writeValue);

@@ -4,7 +4,6 @@
 #include "data/data_areas.h"
 #include "data/value_size.h"
 #include "driver/tarvelan.h"
-#include "driver/value_change.h"
 #include "driver/wrapping.h"
 #include "registers/type_names.h"
 
@@ -17,7 +16,7 @@ void reportWrite(RegisterClass registerClass, int station, const QString& regTyp
                  const unsigned char* newBytes)
 {
     if (registerClass == BIT_CLASS) {
-        callRuntime(driver.linkId, station, regType, address);
+        tellRuntime(driver.linkId, station, regType, address);
     } else if (registerClass == WORD_CLASS) {
         int oldWord = wordOf(visibleValue(dataArea(station, regType, address)));
         int newWord = wordOf(newBytes);

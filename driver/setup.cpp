@@ -1,6 +1,5 @@
 #include "driver/setup.h"
 
-#include "driver/data_area_index.h"
 #include "driver/number_text.h"
 #include "driver/wrapping.h"
 
@@ -71,7 +70,6 @@ int intf_initProperty(unsigned char* shared, void* hostValue, unsigned short* re
     driver.writeList.clear();
     driver.condList.clear();
     driver.dataAreas.clear();
-    dataAreaIndex->reset();
     driver.currentKind = NO_JOB;
     driver.burstCount = 0;
     driver.aux1 = 0;

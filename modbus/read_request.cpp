@@ -15,10 +15,8 @@ const int BYTES_PER_REGISTER = 2;
 
 } // namespace
 
-void getReadFrame(VARIABLE& job)
+FRAME_PRO readRequest(const VARIABLE& job)
 {
-    if (job.station == BROADCAST_STATION)
-        return;
     const RegisterType* const type = findRegisterType(job.regType);
     const bool readsBits = type && type->registerClass == BIT_CLASS;
 
@@ -34,5 +32,11 @@ void getReadFrame(VARIABLE& job)
     request.recvLen = wrapAdd(dataBytes, REPLY_OVERHEAD);
     request.frameFunc = FIRST_DATA_BYTE;
     request.dataLen = readsBits ? job.count : dataBytes;
-    driver.frameList.append(request);
+    return request;
+}
+
+void getReadFrame(VARIABLE& job)
+{
+    if (job.station != BROADCAST_STATION)
+        driver.frameList.append(readRequest(job));
 }

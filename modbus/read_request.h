@@ -4,10 +4,14 @@
 #include "driver/export.h"
 #include "driver/records.h"
 
-/// Appends the read request for `job` to the driver's `frameList`: function 1 for
-/// bit types, function 3 for everything else. Station 0 cannot answer, so it
-/// yields no frame. An unknown type reads holding registers at base 0.
-/// @param job station, type, address and count are read; nothing is changed
+/// The read request for `job`: function 1 for bit types, function 3 for everything
+/// else. An unknown type reads holding registers at base 0.
+/// @param job station, type, address and count are read
+FRAME_PRO readRequest(const VARIABLE& job);
+
+/// Appends readRequest() to the driver's `frameList`. Station 0 cannot answer, so it
+/// yields no frame.
+/// @param job is not changed
 KX_EXPORT void getReadFrame(VARIABLE& job);
 
 #endif

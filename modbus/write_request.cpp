@@ -89,17 +89,19 @@ int putMultipleWrite(FrameBytes& bytes, const VARIABLE& job, const RegisterType*
 
 } // namespace
 
-void getWriteFrame(VARIABLE& job)
+FRAME_PRO writeRequest(const VARIABLE& job, const RegisterType* type)
 {
-    const RegisterType* const type = findRegisterType(job.regType);
-    if (!type)
-        return;
-
     FRAME_PRO request = blankFrame(job);
     FrameBytes bytes(request);
     request.sendLen =
         job.count == 1 ? putSingleWrite(bytes, job, type) : putMultipleWrite(bytes, job, type);
     bytes.putCrc(request.sendLen - CRC_LENGTH);
     request.recvLen = SHORT_FRAME_LENGTH;
-    driver.frameList.append(request);
+    return request;
+}
+
+void getWriteFrame(VARIABLE& job)
+{
+    if (const RegisterType* const type = findRegisterType(job.regType))
+        driver.frameList.append(writeRequest(job, type));
 }

@@ -3,7 +3,7 @@
 #include "driver/job_queue.h"
 #include "driver/tarvelan.h"
 #include "driver/wrapping.h"
-#include "planning/job_split.h"
+#include "driver/job_split.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 /// Cutting a range that is longer than one request may be.
-#ifndef TARVELAN_PLANNING_JOB_SPLIT_H
-#define TARVELAN_PLANNING_JOB_SPLIT_H
+#ifndef TARVELAN_DRIVER_JOB_SPLIT_H
+#define TARVELAN_DRIVER_JOB_SPLIT_H
 
 /// Pieces of at most `limit` elements that `count` elements make. `limit` must
 /// not be 0; below 0 it yields no piece for as many elements as its magnitude.

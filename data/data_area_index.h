@@ -1,6 +1,6 @@
 /// Finds records of the cache without searching the list.
-#ifndef TARVELAN_DRIVER_DATA_AREA_INDEX_H
-#define TARVELAN_DRIVER_DATA_AREA_INDEX_H
+#ifndef TARVELAN_DATA_DATA_AREA_INDEX_H
+#define TARVELAN_DATA_DATA_AREA_INDEX_H
 
 #include "driver/records.h"
 

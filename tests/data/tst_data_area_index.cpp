@@ -1,4 +1,4 @@
-#include "driver/data_area_index.h"
+#include "data/data_area_index.h"
 
 #include <QtTest/QTest>
 

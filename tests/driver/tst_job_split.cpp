@@ -1,4 +1,4 @@
-#include "planning/job_split.h"
+#include "driver/job_split.h"
 
 #include <QtTest/QTest>
 

@@ -1,4 +1,6 @@
-#include "driver/data_area_index.h"
+#include "data/data_area_index.h"
+
+DataAreaIndex* dataAreaIndex;
 
 namespace
 {
