@@ -9,8 +9,6 @@
 #include "registers/recipe_addresses.h"
 #include "registers/register_types.h"
 
-#include <limits>
-
 namespace
 {
 
@@ -42,16 +40,13 @@ bool hasBlock()
 }
 
 // Whether a download of the block would send only what the runtime gave. Registers past
-// a payload are not asked for: they make a frame that is not whole, which no runtime
-// transmits.
+// a payload and counts below 1 are not asked for: they make a frame that is not whole,
+// which no runtime transmits.
 bool hasEveryValue(const _RCP_VAR_PRO& block)
 {
     const RegisterType* const type = findRegisterType(block.regType);
     const bool areCoils = type && type->registerClass == BIT_CLASS;
-    // Counted in bytes, a lower one wraps to the length of a whole frame.
-    const int lowestCount = std::numeric_limits<int>::min() / 2;
-    return driver.recipeBuffer && block.bufOffset >= 0 && block.count >= lowestCount
-           && !(areCoils && block.count > PAYLOAD_SIZE);
+    return driver.recipeBuffer && block.bufOffset >= 0 && !(areCoils && block.count > PAYLOAD_SIZE);
 }
 
 // Without a block left to transfer, the current job is built once more.

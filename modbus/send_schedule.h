@@ -14,7 +14,7 @@ extern "C" {
 ///
 /// A recipe write whose next block lacks values ends here, since a controller must not
 /// get what nobody gave: there is no recipe buffer, the block begins before the buffer,
-/// it holds more coils than a payload, 1024, or its count is below -2^30. `rcpIndex`
+/// or it holds more coils than a payload, 1024. `rcpIndex`
 /// becomes 0, then the request byte is cleared, and this call goes on as if the byte had
 /// not been set. Nothing else tells of it, and blocks before it have been sent.
 ///

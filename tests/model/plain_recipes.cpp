@@ -71,6 +71,6 @@ void PlainDriver::rcpAddrToVar(const _RCP_VAR_PRO& var, VARIABLE& job, int withD
 
 bool PlainDriver::lacksValues(const _RCP_VAR_PRO& block) const
 {
-    return recipeBuffer == nullptr || block.bufOffset < 0 || block.count < -1073741824
+    return recipeBuffer == nullptr || block.bufOffset < 0
            || (isBitType(block.regType) && block.count > 1024);
 }

@@ -68,9 +68,11 @@ void RecipeTransfer::takeExchange(const ExchangeRecord& record)
 void RecipeTransfer::noteUnsettled(const ExchangeRecord& record)
 {
     // A refusal tells of this request only: an earlier try may have been obeyed.
+    const bool wasSent =
+        record.replyKind != ReplyKind::NotSent && record.replyKind != ReplyKind::NeverSilent;
     if (record.result == REPLY_ACCEPTED)
         m_maybeDone.clear();
-    else if (record.replyKind != ReplyKind::Exception && record.replyKind != ReplyKind::NotSent)
+    else if (wasSent && record.replyKind != ReplyKind::Exception)
         m_maybeDone = blockText(record.job);
 }
 

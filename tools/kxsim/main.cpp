@@ -3,6 +3,7 @@
 #include "kxsim/options.h"
 #include "kxsim/pseudo_terminal.h"
 #include "kxsim/simulator.h"
+#include "text/printable_text.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -26,7 +27,7 @@ void stopOnSignal(int)
 // At once, for scripts that wait for the line.
 void printLine(std::FILE* stream, const QString& text)
 {
-    std::fprintf(stream, "%s\n", text.toLocal8Bit().constData());
+    std::fprintf(stream, "%s\n", printableText(text).toLocal8Bit().constData());
     std::fflush(stream);
 }
 

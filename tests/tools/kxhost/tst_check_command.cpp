@@ -111,11 +111,11 @@ void TestCheckCommand::whatTheDriverAloneWouldTakeIsRefused_data()
     const char* const isNoD = " is not a decimal number; the addresses are D0 to D7999 (decimal)";
     const auto row = [&](const char* name, const char* address, const char* line) {
         QTest::newRow(name) << QString::fromLatin1(address)
-                            << QString::fromLatin1(line) + QString::fromLatin1(isNoD);
+                            << QString::fromUtf8(line) + QString::fromLatin1(isNoD);
     };
     row("a blank before the number", "D 100", "D 100: ' 100'");
     row("a blank behind it", "D100 ", "D100 : '100 '");
-    row("a tab", "D\t5", "D\t5: '\t5'");
+    row("a tab", "D\t5", "D\uFFFD5: '\uFFFD5'"); // as it reaches the terminal
     row("a line end", "D5\n", "D5\\n: '5\\n'");
     row("a plus sign", "D+5", "D+5: '+5'");
     row("a minus sign before 0", "D-0", "D-0: '-0'");

@@ -74,6 +74,8 @@ void TestKxsimUsage::wrongUsageGetsOneLine_data()
         {"unknown parity", "--parity mark", 2, "none, even or odd"},
         {"a link to a port", "--port /dev/null --symlink x", 2, "--symlink"},
         {"unknown fault", "--fault noise:0.1", 2, "'noise' is none of deaf"},
+        {"fault that would colour a terminal", "--fault \x1b[31m:0.1", 2,
+         "'\uFFFD[31m' is none of deaf"},
         {"fault without a probability", "--fault silence", 2, "KIND:PROBABILITY"},
         {"faults beyond certainty", "--fault silence:0.7 --fault delay:0.7", 2, "more than 1"},
         {"closed line without a link", "--fault close:0.1", 2, "--symlink"},
