@@ -14,6 +14,7 @@ namespace
 
 const int WRITES_IN_A_ROW = 5;
 const int CONDITION_READS_IN_A_ROW = 3;
+const int MOST_COILS_OF_A_FRAME = 8 * (FRAME_SIZE - 9); // beside 7 bytes before them and the CRC
 const int CONDITION_READ_DONE = 0;
 const int CONDITION_READ_FAILED = -1;
 
@@ -40,13 +41,14 @@ bool hasBlock()
 }
 
 // Whether a download of the block would send only what the runtime gave. Registers past
-// a payload and counts below 1 are not asked for: they make a frame that is not whole,
-// which no runtime transmits.
+// a payload, coils past a frame and counts below 1 are not asked for: they make a frame
+// that is not whole, which no runtime transmits.
 bool hasEveryValue(const _RCP_VAR_PRO& block)
 {
     const RegisterType* const type = findRegisterType(block.regType);
     const bool areCoils = type && type->registerClass == BIT_CLASS;
-    return driver.recipeBuffer && block.bufOffset >= 0 && !(areCoils && block.count > PAYLOAD_SIZE);
+    return driver.recipeBuffer && block.bufOffset >= 0
+           && !(areCoils && block.count > PAYLOAD_SIZE && block.count <= MOST_COILS_OF_A_FRAME);
 }
 
 // Without a block left to transfer, the current job is built once more.

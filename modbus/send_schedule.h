@@ -14,7 +14,7 @@ extern "C" {
 ///
 /// A recipe write whose next block lacks values ends here, since a controller must not
 /// get what nobody gave: there is no recipe buffer, the block begins before the buffer,
-/// or it holds more coils than a payload, 1024. `rcpIndex`
+/// or it holds more coils than a payload, 1024, but no more than a frame. `rcpIndex`
 /// becomes 0, then the request byte is cleared, and this call goes on as if the byte had
 /// not been set. Nothing else tells of it, and blocks before it have been sent.
 ///

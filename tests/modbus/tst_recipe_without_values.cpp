@@ -59,6 +59,7 @@ void RecipeWithoutValuesTest::theDownloadEndsAndTheNextJobGoes_data()
     QTest::newRow("a count that would wrap back into the buffer") << true << "D" << INT_MAX << -2;
     QTest::newRow("one coil more than a payload holds") << true << "M" << 1025 << 0;
     QTest::newRow("the most coils that a request may carry") << true << "M" << 1968 << 0;
+    QTest::newRow("the most coils of a frame") << true << "M" << 8120 << 0;
 }
 
 void RecipeWithoutValuesTest::theDownloadEndsAndTheNextJobGoes()
@@ -265,6 +266,8 @@ void RecipeWithoutValuesTest::downloadsThatHaveTheirValuesGo_data()
     QTest::addColumn<int>("count");
     QTest::addColumn<int>("sendLen");
     QTest::newRow("as many coils as a payload holds") << QByteArray("Y") << 1024 << 137;
+    // Not whole, so that no runtime transmits it: 1016 bytes of coils beside 9 others.
+    QTest::newRow("more coils than a frame holds") << QByteArray("M") << 8121 << 1025;
     QTest::newRow("as many registers as a payload holds") << QByteArray("D") << 512 << 1033;
     QTest::newRow("more registers: the frame is not whole") << QByteArray("D") << 1025 << 2059;
     QTest::newRow("no register") << QByteArray("D") << 0 << 9;

@@ -72,5 +72,5 @@ void PlainDriver::rcpAddrToVar(const _RCP_VAR_PRO& var, VARIABLE& job, int withD
 bool PlainDriver::lacksValues(const _RCP_VAR_PRO& block) const
 {
     return recipeBuffer == nullptr || block.bufOffset < 0
-           || (isBitType(block.regType) && block.count > 1024);
+           || (isBitType(block.regType) && block.count > 1024 && block.count <= 8120);
 }
