@@ -1,5 +1,6 @@
 #include "data/data_areas.h"
 
+#include "driver/clear_data_areas.h"
 #include "driver/value_change.h"
 #include "registers/type_names.h"
 
@@ -36,6 +37,13 @@ UndisturbedAreas::~UndisturbedAreas()
 {
     if (m_isOutermost)
         dataAreaIndex->letGo(driver.dataAreas);
+}
+
+void clearDataAreas()
+{
+    const UndisturbedAreas undisturbed;
+    driver.dataAreas.clear();
+    dataAreaIndex->reset();
 }
 
 void tellRuntime(int link, int station, const QString& name, int address)

@@ -1,5 +1,6 @@
 #include "driver/setup.h"
 
+#include "driver/clear_data_areas.h"
 #include "driver/number_text.h"
 #include "driver/wrapping.h"
 
@@ -69,7 +70,7 @@ int intf_initProperty(unsigned char* shared, void* hostValue, unsigned short* re
     driver.readList.clear();
     driver.writeList.clear();
     driver.condList.clear();
-    driver.dataAreas.clear();
+    clearDataAreas();
     driver.currentKind = NO_JOB;
     driver.burstCount = 0;
     driver.aux1 = 0;
