@@ -17,13 +17,11 @@ int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int
 
 int getIndexOfDataArea(int station, QString regType, int address, QList<_DATA_>& list)
 {
-    int found;
     if (&list == &driver.dataAreas) {
-        const UndisturbedAreas undisturbed;
-        found = dataAreaIndex->find(list, station, regType, address);
-    } else {
-        found = DataAreaIndex::findInList(list, station, regType, address);
+        const UndisturbedAreas undisturbed; // while appending, too: a shared list would be copied
+        return indexOfArea(station, regType, address);
     }
+    const int found = DataAreaIndex::findInList(list, station, regType, address);
     return found >= 0 ? found : appendDataArea(list, station, regType, address);
 }
 
@@ -35,7 +33,8 @@ UndisturbedAreas::UndisturbedAreas() : m_isOutermost(!dataAreaIndex->isInHand())
 
 UndisturbedAreas::~UndisturbedAreas()
 {
-    if (m_isOutermost)
+    // Not in hand any more: the value-change function threw.
+    if (m_isOutermost && dataAreaIndex->isInHand())
         dataAreaIndex->letGo(driver.dataAreas);
 }
 

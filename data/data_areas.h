@@ -17,15 +17,19 @@ KX_EXPORT int getIndexOfDataArea(int station, QString regType, int address, QLis
 /// Appends a zeroed record and returns its index.
 int appendDataArea(QList<_DATA_>& list, int station, const QString& regType, int address);
 
-/// The driver's own record for an address, found or created. Valid until the
-/// next record is created or the value-change function is called. For use inside of
+/// Index of the driver's own record for an address, found or created. For use inside of
 /// UndisturbedAreas.
+inline int indexOfArea(int station, const QString& regType, int address)
+{
+    const int found = dataAreaIndex->find(driver.dataAreas, station, regType, address);
+    return found >= 0 ? found : appendDataArea(driver.dataAreas, station, regType, address);
+}
+
+/// That record. Valid until the next record is created or the value-change function is
+/// called. For use inside of UndisturbedAreas.
 inline _DATA_& dataArea(int station, const QString& regType, int address)
 {
-    int index = dataAreaIndex->find(driver.dataAreas, station, regType, address);
-    if (index < 0)
-        index = appendDataArea(driver.dataAreas, station, regType, address);
-    return driver.dataAreas[index];
+    return driver.dataAreas[indexOfArea(station, regType, address)];
 }
 
 /// Placed around lookups in each entry point: until it goes out of scope nobody but the

@@ -222,6 +222,9 @@ private slots:
     void aCopyThatTheRuntimeKeepsStaysAsItWas_data() { addSizeRows(); }
     void aCopyThatTheRuntimeKeepsStaysAsItWas();
     void aPollMovesNoRecord();
+    void recordsCreatedByHandMoveOthersRarely();
+    void editsBeforeTheFunctionThrewAreSeen_data() { addSizeRows(); }
+    void editsBeforeTheFunctionThrewAreSeen();
 };
 
 void CacheEditedOutsideTest::aKeyMovedAwayInTheMiddleIsFound()
@@ -420,6 +423,41 @@ void CacheEditedOutsideTest::aPollMovesNoRecord()
         DriverFixture::data(1, "D", 5000, 1, 2);
     }
     QCOMPARE(&areas().at(5000), before);
+}
+
+// A list that grows moves its records now and then, one that is copied each time.
+void CacheEditedOutsideTest::recordsCreatedByHandMoveOthersRarely()
+{
+    const DriverFixture runtime;
+    fillCache(64);
+    int moves = 0;
+    for (int address = 64; address < 1064; ++address) {
+        const _DATA_* const before = &areas().at(0);
+        QCOMPARE(indexOf(address), address);
+        moves += &areas().at(0) != before;
+    }
+    QVERIFY2(moves <= 10, qPrintable(QString::number(moves)));
+}
+
+// The driver throws nothing, but what the runtime's function throws passes through it.
+void CacheEditedOutsideTest::editsBeforeTheFunctionThrewAreSeen()
+{
+    QFETCH(int, size);
+    DriverFixture runtime;
+    fillCache(size);
+    runtime.onReport = [&](const Report&) {
+        driver.dataAreas[size / 2].address = 50000;
+        throw 1;
+    };
+    bool isThrown = false;
+    try {
+        setValues(1, "M", 0, 1, "01");
+    } catch (int) {
+        isThrown = true;
+    }
+    QVERIFY(isThrown);
+    QCOMPARE(indexOf(50000), size / 2);
+    QVERIFY(findsFirstRecords());
 }
 
 QTEST_APPLESS_MAIN(CacheEditedOutsideTest)
