@@ -1,9 +1,9 @@
 #include "planning/condition_reads.h"
 
 #include "driver/job_queue.h"
+#include "driver/job_split.h"
 #include "driver/tarvelan.h"
 #include "driver/wrapping.h"
-#include "driver/job_split.h"
 
 namespace
 {

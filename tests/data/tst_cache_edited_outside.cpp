@@ -212,6 +212,8 @@ private slots:
     void editsBehindANestedEntryAreSeen();
     void editsAreSeenByFunctionsCalledByHand_data() { addEditRows(); }
     void editsAreSeenByFunctionsCalledByHand();
+    void editsBehindAReportAskedForByHandAreSeen_data() { addEditRows(); }
+    void editsBehindAReportAskedForByHandAreSeen();
 
     void valuesEditedStayWhereTheyAre_data() { addSizeRows(); }
     void valuesEditedStayWhereTheyAre();
@@ -352,6 +354,20 @@ void CacheEditedOutsideTest::editsAreSeenByFunctionsCalledByHand()
             QCOMPARE(int(areas().at(first).writeValue[0]), 0x78);
         QVERIFY(findsFirstRecords());
     }
+}
+
+// The value-change function is called last, when the driver needs the list no more.
+void CacheEditedOutsideTest::editsBehindAReportAskedForByHandAreSeen()
+{
+    QFETCH(int, size);
+    QFETCH(int, edit);
+    DriverFixture runtime;
+    fillCache(size);
+    _setDataAreaMonitorFlag(1, QString::fromLatin1("D"), 0, 1);
+    onFirstReport(runtime, [&] { edits().at(edit).edit(); });
+    _OnlyOneDataTypeDataChange(1, QString::fromLatin1("D"), 0, 0, 0, 0, 0);
+    QCOMPARE(static_cast<int>(runtime.reports.size()), 1);
+    QVERIFY(findsFirstRecords());
 }
 
 void CacheEditedOutsideTest::valuesEditedStayWhereTheyAre()

@@ -31,6 +31,7 @@ private slots:
     void bothRequestsAreReadUnderOneLock();
     void thePositionIsBackBeforeTheRequestIsCleared_data();
     void thePositionIsBackBeforeTheRequestIsCleared();
+    void thePositionIsBackBeforeADownloadWithoutValuesIsCleared();
 };
 
 void RecipeLockTest::bothRequestsAreReadUnderOneLock_data()
@@ -98,6 +99,30 @@ void RecipeLockTest::thePositionIsBackBeforeTheRequestIsCleared()
     QCOMPARE(requested, 1);
     QCOMPARE(int(request), 0);
     QCOMPARE(driver.rcpIndex, 0);
+}
+
+// The driver takes the mutex twice: to read the requests, and to clear the one that lacks
+// its values.
+void RecipeLockTest::thePositionIsBackBeforeADownloadWithoutValuesIsCleared()
+{
+    RequestTrap trap;
+    DriverFixture runtime;
+    driver.hostShared = trap.shared();
+    driver.hostMutex = trap.mutex();
+    driver.recipeBuffer = nullptr;
+    driver.rcpVars << blockAt(100) << blockAt(200);
+    driver.rcpIndex = 1;
+    trap.writeRequest() = 1;
+    int indexWhenRead = -1;
+    int indexWhenCleared = -1;
+    trap.onNextRelease([&] {
+        indexWhenRead = driver.rcpIndex;
+        trap.onNextRelease([&] { indexWhenCleared = driver.rcpIndex; });
+    });
+    QCOMPARE(runtime.poll(), QByteArray());
+    QCOMPARE(indexWhenRead, 1);
+    QCOMPARE(indexWhenCleared, 0);
+    QCOMPARE(int(trap.writeRequest()), 0);
 }
 
 QTEST_APPLESS_MAIN(RecipeLockTest)
