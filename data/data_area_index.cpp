@@ -52,13 +52,12 @@ void DataAreaIndex::put(const Slot& entry)
     m_slots[slot] = entry;
 }
 
-// Called when the table is four fifths full.
+// Called when the table is four fifths full. It stays as it is when memory runs out.
 void DataAreaIndex::grow()
 {
-    std::vector<Slot> old;
-    old.swap(m_slots);
     const Slot empty = {0, NONE};
-    m_slots.assign(old.empty() ? FIRST_SIZE : old.size() * 2, empty);
+    std::vector<Slot> old(m_slots.empty() ? FIRST_SIZE : m_slots.size() * 2, empty);
+    old.swap(m_slots);
     for (size_t i = 0; i < old.size(); ++i) {
         if (old[i].record != NONE)
             put(old[i]);

@@ -3,6 +3,34 @@
 #include <QtTest/QTest>
 
 #include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace
+{
+
+bool memoryIsOut = false;
+
+} // namespace
+
+// The index takes its memory here; lists and strings of Qt take theirs elsewhere.
+void* operator new(std::size_t size)
+{
+    void* const memory = memoryIsOut ? nullptr : std::malloc(size);
+    if (!memory)
+        throw std::bad_alloc();
+    return memory;
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
 
 namespace
 {
@@ -139,6 +167,8 @@ private slots:
     void theDriversOwnWritingCopiesNothing();
     void forgetsTheListAfterAReset();
     void findsRecordsThatTheDriverAppends();
+    void knowsEveryRecordAfterMemoryRanOut_data();
+    void knowsEveryRecordAfterMemoryRanOut();
     void aRunIsWhatLiesBehindTheRecordFoundLast();
     void thereIsNoRunWhenAKeyIsThereTwice();
     void learnsWhichRecordComesNext();
@@ -310,6 +340,35 @@ void DataAreaIndexTest::findsRecordsThatTheDriverAppends()
         QCOMPARE(indexed.find("D", i), i);
         QCOMPARE(indexed.find("D", i / 2), i / 2);
     }
+}
+
+void DataAreaIndexTest::knowsEveryRecordAfterMemoryRanOut_data()
+{
+    QTest::addColumn<int>("known");
+    QTest::newRow("none indexed") << 0;
+    QTest::newRow("the table is full") << 52;
+    QTest::newRow("the table is full again") << 103;
+    QTest::newRow("the list of followers is full") << 64;
+}
+
+// Whoever asks for too much may be told by an exception, and go on.
+void DataAreaIndexTest::knowsEveryRecordAfterMemoryRanOut()
+{
+    QFETCH(int, known);
+    Indexed indexed(words(known));
+    indexed.findAll();
+    const QString type = QString::fromLatin1("D");
+    indexed.list << area(1, "D", 3 * known);
+    bool isThrown = false;
+    memoryIsOut = true;
+    try {
+        indexed.index.find(indexed.list, 1, type, 3 * known);
+    } catch (const std::bad_alloc&) {
+        isThrown = true;
+    }
+    memoryIsOut = false;
+    QVERIFY(isThrown);
+    QVERIFY(indexed.findsWhatASearchFinds());
 }
 
 void DataAreaIndexTest::aRunIsWhatLiesBehindTheRecordFoundLast()
