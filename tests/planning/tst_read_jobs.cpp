@@ -99,18 +99,21 @@ void ReadJobsTest::theListIsLeftAlone()
 void ReadJobsTest::watchesWhatIsListedAndNothingElse()
 {
     DriverFixture runtime;
-    QList<KEY_ADDRESS> keys = ranges("1 D 10 x1, 1 D 2 x2, 1 M 9 x2, 1 32CV 200 x2, 1 Q 0 x1");
+    QList<KEY_ADDRESS> keys =
+        ranges("1 D 10 x1, 1 D 2 x2, 0 D 2 x1, 1 M 9 x2, 1 32CV 200 x2, 1 Q 0 x1");
     intf_addrMerge(keys);
     // In the order of the list, before sorting; bridged registers get no record.
     QStringList records;
     for (const _DATA_& area : driver.dataAreas)
-        records << QString("%1%2 flags %3 mask %4")
+        records << QString("%1 %2%3 flags %4 mask %5")
+                       .arg(area.station)
                        .arg(area.regType)
                        .arg(area.address)
                        .arg(area.monitorFlags)
                        .arg(area.bitMonitorMask);
-    QCOMPARE(records, QStringList({"D10 flags 1 mask 0", "D2 flags 1 mask 0", "D3 flags 1 mask 0",
-                                   "M8 flags 0 mask 6", "32CV200 flags 1 mask 0"}));
+    QCOMPARE(records, QStringList({"1 D10 flags 1 mask 0", "1 D2 flags 1 mask 0",
+                                   "1 D3 flags 1 mask 0", "0 D2 flags 1 mask 0",
+                                   "1 M8 flags 0 mask 6", "1 32CV200 flags 1 mask 0"}));
 }
 
 void ReadJobsTest::anEmptyListUnwatchesEverything()
