@@ -2,6 +2,14 @@
 
 #include "exchange/reply_verdict.h"
 
+namespace
+{
+
+// A busy machine may be late once or twice with the replies of a pseudo-terminal.
+const int REPLIES_THAT_SHOW_TIME = 3;
+
+} // namespace
+
 ReplyCollector::ReplyCollector(OwedReplies* owed, StrayBytes* stray, ThrownAway* counts)
     : m_owed(owed), m_stray(stray), m_counts(counts)
 {
@@ -50,9 +58,12 @@ std::optional<CollectedReply> ReplyCollector::add(const QByteArray& bytes, qint6
 bool ReplyCollector::isTooSoon(int length, qint64 sinceRequest, const LineTiming& timing)
 {
     const bool isSoon = sinceRequest < timing.transmissionTime(length);
-    if (m_owed->isOwedOnly(m_request))
-        m_lineKeepsTime = m_lineKeepsTime.value_or(true) && !isSoon;
-    return isSoon && m_lineKeepsTime.value_or(false) && m_owed->owesOther(m_request);
+    if (m_owed->isOwedOnly(m_request)) {
+        m_hasComeTooSoon = m_hasComeTooSoon || isSoon;
+        m_repliesInTime = qMin(m_repliesInTime + 1, REPLIES_THAT_SHOW_TIME);
+    }
+    const bool keepsTime = !m_hasComeTooSoon && m_repliesInTime == REPLIES_THAT_SHOW_TIME;
+    return isSoon && keepsTime && m_owed->owesOther(m_request);
 }
 
 void ReplyCollector::throwAway(int length)

@@ -19,7 +19,9 @@ struct CollectedReply {
 ///
 /// A reply that is complete sooner after its request than its characters can travel
 /// is another's: while one is owed, it is thrown away, provided that the line keeps
-/// time. A pseudo-terminal does not, which its first reply shows.
+/// time. That is believed after three replies in time while nothing else was owed, and
+/// no more once one came too soon: a pseudo-terminal delivers at once, unless a busy
+/// machine delays it.
 class ReplyCollector
 {
 public:
@@ -55,8 +57,8 @@ private:
     FRAME_PRO m_request = FRAME_PRO();
     QByteArray m_bytes; ///< without the replies of other requests
     int m_foreignReplies = 0;
-    /// Whether characters take their time; unknown before the first reply.
-    std::optional<bool> m_lineKeepsTime;
+    int m_repliesInTime = 0;       ///< while nothing else was owed; counted as far as it matters
+    bool m_hasComeTooSoon = false; ///< one did while nothing else was owed
 };
 
 #endif

@@ -25,7 +25,6 @@ const LineTiming NO_TIME = {0, 8, 0, 1};
 const LineTiming BAUD_1200 = {1200, 8, 0, 1};
 const qint64 SOON = 74999;    // microseconds
 const qint64 IN_TIME = 75000; // microseconds
-const qint64 NONE = -100000;
 
 } // namespace
 
@@ -47,10 +46,12 @@ private slots:
     void aReplyThatWasTakenIsADoubleWhenItComesAgain();
     void soonerThanItsCharacters_data();
     void soonerThanItsCharacters();
+    void repliesWhileAnotherIsOwedDoNotMeasureTheLine();
     void theLateReplyToTheSameRequestIsItsReply();
-    void aLineOnceFoundNotToKeepTimeIsNotBelievedAgain();
 
 private:
+    void takeReplies(const QList<qint64>& sinceRequests);
+
     OwedReplies m_owed;
     ThrownAway m_counts;
     std::unique_ptr<StrayBytes> m_stray;
@@ -65,6 +66,17 @@ void ReplyCollectorTest::init()
     m_collector = std::make_unique<ReplyCollector>(&m_owed, m_stray.get(), &m_counts);
     m_collector->begin(READ);
     m_owed.add(READ, 500);
+}
+
+// Each so many microseconds after its request.
+void ReplyCollectorTest::takeReplies(const QList<qint64>& sinceRequests)
+{
+    for (const qint64 sinceRequest : sinceRequests) {
+        m_collector->settle(*m_collector->add(REPLY, sinceRequest, BAUD_1200));
+        m_collector->begin(READ);
+        m_owed.add(READ, 500);
+    }
+    m_owed.forget(READ);
 }
 
 void ReplyCollectorTest::whatIsTheReply_data()
@@ -195,26 +207,34 @@ void ReplyCollectorTest::aReplyThatWasTakenIsADoubleWhenItComesAgain()
 
 void ReplyCollectorTest::soonerThanItsCharacters_data()
 {
-    QTest::addColumn<qint64>("firstReply"); // microseconds after its request
+    QTest::addColumn<QList<qint64>>("repliesBefore"); // microseconds after their requests
     QTest::addColumn<bool>("owesAnother");
     QTest::addColumn<qint64>("reply"); // microseconds after its request
     QTest::addColumn<bool>("isTaken");
-    QTest::newRow("sooner, another owed") << IN_TIME << true << SOON << false;
-    QTest::newRow("before the request's end") << IN_TIME << true << qint64(-1) << false;
-    QTest::newRow("in time, another owed") << IN_TIME << true << IN_TIME << true;
-    QTest::newRow("sooner, nothing else owed") << IN_TIME << false << SOON << true;
-    QTest::newRow("sooner than any was measured") << NONE << true << SOON << true;
-    QTest::newRow("sooner, on a line that does not keep time") << SOON << true << SOON << true;
+    const QList<qint64> keepsTime = {IN_TIME, IN_TIME, IN_TIME};
+    QTest::newRow("sooner, another owed") << keepsTime << true << SOON << false;
+    QTest::newRow("before the request's end") << keepsTime << true << qint64(-1) << false;
+    QTest::newRow("in time, another owed") << keepsTime << true << IN_TIME << true;
+    QTest::newRow("sooner, nothing else owed") << keepsTime << false << SOON << true;
+    QTest::newRow("sooner than any was measured") << QList<qint64>() << true << SOON << true;
+    QTest::newRow("sooner, one before in time") << QList<qint64>({IN_TIME}) << true << SOON << true;
+    QTest::newRow("sooner, two before in time")
+        << QList<qint64>({IN_TIME, IN_TIME}) << true << SOON << true;
+    QTest::newRow("sooner, on a line that does not keep time")
+        << QList<qint64>({SOON}) << true << SOON << true;
+    QTest::newRow("sooner, many in time after one that was not")
+        << QList<qint64>({SOON, IN_TIME, IN_TIME, IN_TIME, IN_TIME}) << true << SOON << true;
+    QTest::newRow("sooner, one not in time after many")
+        << QList<qint64>({IN_TIME, IN_TIME, IN_TIME, IN_TIME, SOON}) << true << SOON << true;
 }
 
 void ReplyCollectorTest::soonerThanItsCharacters()
 {
-    QFETCH(qint64, firstReply);
+    QFETCH(QList<qint64>, repliesBefore);
     QFETCH(bool, owesAnother);
     QFETCH(qint64, reply);
     QFETCH(bool, isTaken);
-    if (firstReply != NONE)
-        m_collector->settle(*m_collector->add(REPLY, firstReply, BAUD_1200));
+    takeReplies(repliesBefore);
     if (owesAnother)
         m_owed.add(READ_200, 500);
     m_collector->begin(OF_STATION_2);
@@ -224,26 +244,25 @@ void ReplyCollectorTest::soonerThanItsCharacters()
     QCOMPARE(m_counts.late, qint64(isTaken ? 0 : 1));
 }
 
+// A reply while another is owed may be that one's: it shows nothing of the line.
+void ReplyCollectorTest::repliesWhileAnotherIsOwedDoNotMeasureTheLine()
+{
+    takeReplies({IN_TIME, IN_TIME});
+    m_owed.add(READ_200, 500);
+    takeReplies({IN_TIME});
+    m_collector->begin(OF_STATION_2);
+    m_owed.add(OF_STATION_2, 500);
+    QVERIFY(m_collector->add(REPLY_OF_2, SOON, BAUD_1200).has_value());
+}
+
 void ReplyCollectorTest::theLateReplyToTheSameRequestIsItsReply()
 {
-    m_collector->settle(*m_collector->add(REPLY, IN_TIME, BAUD_1200));
+    takeReplies({IN_TIME, IN_TIME, IN_TIME});
     for (int i = 0; i < 2; ++i) { // given up and repeated
         m_collector->begin(READ);
         m_owed.add(READ, 500);
     }
     QVERIFY(m_collector->add(REPLY, SOON, BAUD_1200).has_value());
-}
-
-void ReplyCollectorTest::aLineOnceFoundNotToKeepTimeIsNotBelievedAgain()
-{
-    m_collector->settle(*m_collector->add(REPLY, SOON, BAUD_1200));
-    m_collector->begin(READ);
-    m_owed.add(READ, 500);
-    m_collector->settle(*m_collector->add(REPLY, IN_TIME, BAUD_1200));
-    m_owed.add(READ_200, 500);
-    m_collector->begin(OF_STATION_2);
-    m_owed.add(OF_STATION_2, 500);
-    QVERIFY(m_collector->add(REPLY_OF_2, SOON, BAUD_1200).has_value());
 }
 
 QTEST_APPLESS_MAIN(ReplyCollectorTest)
