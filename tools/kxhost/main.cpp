@@ -2,6 +2,7 @@
 #include "kxhost/console.h"
 #include "kxhost/exit_codes.h"
 #include "kxhost/version_text.h"
+#include "streams/standard_streams.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -48,6 +49,7 @@ int runCommand(QStringList arguments)
 
 int main(int argc, char* argv[])
 {
+    occupyClosedStreams();
     const QCoreApplication application(argc, argv);
     const int exitCode = runCommand(QCoreApplication::arguments().mid(1));
     const QString failure = outputFailure();

@@ -3,6 +3,7 @@
 #include "kxsim/options.h"
 #include "kxsim/pseudo_terminal.h"
 #include "kxsim/simulator.h"
+#include "streams/standard_streams.h"
 #include "text/printable_text.h"
 
 #include <QtCore/QCoreApplication>
@@ -77,6 +78,7 @@ int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations
 
 int main(int argc, char* argv[])
 {
+    occupyClosedStreams();
     const QCoreApplication application(argc, argv);
     kxsim::Options options;
     QString error;

@@ -10,6 +10,8 @@ class FullOutputTest : public QObject
 private slots:
     void commandEndsWithOneLine_data();
     void commandEndsWithOneLine();
+    void whatIsOpenedDoesNotBecomeAClosedStream();
+    void withoutAnyStreamTheExitCodeTells();
 };
 
 void FullOutputTest::commandEndsWithOneLine_data()
@@ -32,6 +34,31 @@ void FullOutputTest::commandEndsWithOneLine()
     QCOMPARE(host.exitStatus(), QProcess::NormalExit);
     QCOMPARE(host.readAllStandardError(),
              QByteArray("kxhost: cannot write standard output: No space left on device\n"));
+    QCOMPARE(host.exitCode(), 1);
+}
+
+// A file that is opened gets the lowest free number, which may be that of a closed stream:
+// what is printed would go to the line.
+void FullOutputTest::whatIsOpenedDoesNotBecomeAClosedStream()
+{
+    QProcess host;
+    host.start(QStringLiteral("/bin/sh"),
+               {QStringLiteral("-c"), QStringLiteral("exec \"$0\" read D0 --simulate >&-"),
+                QStringLiteral(KX_HOST_PROGRAM)});
+    QVERIFY(host.waitForFinished(10000));
+    QCOMPARE(host.readAllStandardError(),
+             QByteArray("kxhost: cannot write standard output: Bad file descriptor\n"));
+    QCOMPARE(host.exitCode(), 1);
+}
+
+void FullOutputTest::withoutAnyStreamTheExitCodeTells()
+{
+    QProcess host;
+    host.start(QStringLiteral("/bin/sh"),
+               {QStringLiteral("-c"), QStringLiteral("exec \"$0\" read D0 --simulate <&- >&- 2>&-"),
+                QStringLiteral(KX_HOST_PROGRAM)});
+    QVERIFY(host.waitForFinished(10000));
+    QCOMPARE(host.exitStatus(), QProcess::NormalExit);
     QCOMPARE(host.exitCode(), 1);
 }
 

@@ -35,6 +35,7 @@ private slots:
     void signalsEndItCleanly_data();
     void signalsEndItCleanly();
     void nohupLetsItOutliveItsTerminal();
+    void withoutStreamsNothingIsPrintedOnTheLine();
     void aRunningOneKeepsItsLink();
     void oneThatDidNotStartIsNotSignalled();
     void aGivenPortIsServed();
@@ -296,6 +297,23 @@ void TestKxsim::nohupLetsItOutliveItsTerminal()
     QCOMPARE(kxsim.readLine(), QByteArray("D1=0\n"));
     kxsim.kill();
     QVERIFY(kxsim.waitForFinished());
+}
+
+// The pseudo-terminal must not get the number of a closed stream.
+void TestKxsim::withoutStreamsNothingIsPrintedOnTheLine()
+{
+    const QTemporaryDir folder;
+    const QString link = folder.filePath("controller");
+    QProcess kxsim;
+    kxsim.start("/bin/sh", {"-c", "exec \"$0\" --set D1=3 --symlink \"$1\" <&- >&- 2>&-",
+                            KXSIM_PROGRAM, link});
+    QTRY_VERIFY(QFileInfo(link).isSymLink());
+    ModbusMaster master(link);
+    master.send(withCrc("01 03 0001 0001"));
+    QCOMPARE(master.received(7), withCrc("01 03 02 0003"));
+    kxsim.terminate();
+    QVERIFY(kxsim.waitForFinished(5000));
+    QCOMPARE(kxsim.exitCode(), 0);
 }
 
 void TestKxsim::aRunningOneKeepsItsLink()

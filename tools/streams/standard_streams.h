@@ -1,0 +1,10 @@
+/// Standard input, output and error of a program that was started without them.
+#ifndef KX_TOOLS_STANDARD_STREAMS_H
+#define KX_TOOLS_STANDARD_STREAMS_H
+
+/// Takes the numbers of closed standard streams, so that no file opened later gets one:
+/// what is printed would go to the serial line. Such a stream is at its end at once, and
+/// writing to it fails. The first call of main(), before anything is opened.
+void occupyClosedStreams();
+
+#endif
