@@ -19,13 +19,23 @@ void writeToPipe(int)
     static_cast<void>(written);
 }
 
+bool isIgnored(int signal)
+{
+    struct sigaction action = {};
+    sigaction(signal, nullptr, &action);
+    return action.sa_handler == SIG_IGN;
+}
+
 void setHandlers(void (*handler)(int))
 {
     struct sigaction action = {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
-    for (const int signal : SIGNALS)
-        sigaction(signal, &action, nullptr);
+    for (const int signal : SIGNALS) {
+        // nohup lets it outlive its terminal.
+        if (signal != SIGHUP || !isIgnored(signal))
+            sigaction(signal, &action, nullptr);
+    }
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "command_process.h"
+#include "support/process_signal.h"
 #include "watch_process.h"
 
 #include <QtTest/QTest>
@@ -24,6 +25,7 @@ private slots:
     void lostLineFails();
     void signalsEndItWithTheSummary_data();
     void signalsEndItWithTheSummary();
+    void nohupLetsItOutliveItsTerminal();
 };
 
 void WatchFailuresTest::silentStationFails()
@@ -112,6 +114,20 @@ void WatchFailuresTest::signalsEndItWithTheSummary()
     QVERIFY2(watch.output().contains(" 0 repeated, 0 failed\n"), watch.output().constData());
     QVERIFY(watch.output().contains("requests/s, line load "));
     QCOMPARE(watch.errors(), QByteArray());
+}
+
+void WatchFailuresTest::nohupLetsItOutliveItsTerminal()
+{
+    QProcess watch;
+    watch.start(QStringLiteral("nohup"), {QStringLiteral(KX_HOST_PROGRAM), QStringLiteral("watch"),
+                                          QStringLiteral("D0"), QStringLiteral("--simulate")});
+    QTRY_VERIFY(watch.canReadLine());
+    QVERIFY(signalProcess(watch.processId(), SIGHUP));
+    // D0 counts on. What came in the same moment as the signal does not count.
+    QTRY_VERIFY2(watch.peek(4096).count(" 1 D0 ") >= 4, "the watch has ended");
+    QVERIFY(signalProcess(watch.processId(), SIGTERM));
+    QVERIFY(watch.waitForFinished());
+    QCOMPARE(watch.exitCode(), 0);
 }
 
 QTEST_GUILESS_MAIN(WatchFailuresTest)
