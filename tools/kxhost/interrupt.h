@@ -6,9 +6,9 @@
 
 #include <memory>
 
-/// Turns SIGINT, SIGTERM and SIGHUP into a signal of the event loop, so that a
-/// command ends in its own order. One at a time; the first signal restores the
-/// default, so that a second one ends the program whatever it is doing.
+/// Turns SIGINT, SIGTERM and SIGHUP (unless nohup set it aside) into a signal of the event loop, so
+/// that a command ends in its own order. One at a time; the first signal restores the default, so
+/// that a second one ends the program whatever it is doing.
 class Interrupt : public QObject
 {
     Q_OBJECT
