@@ -1,6 +1,7 @@
 #include "kxhost/link_events.h"
 
 #include "data/reply_handling.h"
+#include "kxhost/json_time.h"
 
 #include <QtCore/QStringList>
 
@@ -67,7 +68,7 @@ QJsonObject linkEventJson(const LinkEvent& event, const QDateTime& time)
         event.kind == LinkEvent::StationSilent || event.kind == LinkEvent::StationBack;
     QJsonObject json;
     json[QLatin1String("event")] = QLatin1String(isOfStation ? "station" : "line");
-    json[QLatin1String("time")] = time.toString(Qt::ISODateWithMs);
+    json[QLatin1String("time")] = jsonTime(time);
     if (isOfStation)
         json[QLatin1String("station")] = event.station;
     json[QLatin1String("state")] = QLatin1String(stateOf(event.kind));

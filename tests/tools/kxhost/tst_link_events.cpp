@@ -119,7 +119,7 @@ void LinkEventsTest::textAndJson_data()
     const auto row = [](LinkEvent event, const char* text, const QByteArray& json) {
         QTest::newRow(text) << event << QLatin1String("2024-05-17T10:11:12.013 ") + text
                             << "{\"event\":" + json.left(json.indexOf(','))
-                                   + ",\"time\":\"2024-05-17T10:11:12.013\""
+                                   + ",\"time\":\"2024-05-17T10:11:12.013Z\""
                                    + json.mid(json.indexOf(',')) + '}';
     };
     row({LinkEvent::LineLost}, "line lost", R"("line","state":"lost")");
@@ -138,7 +138,8 @@ void LinkEventsTest::textAndJson()
     QFETCH(QByteArray, json);
     const QDateTime time(QDate(2024, 5, 17), QTime(10, 11, 12, 13));
     QTEST(linkEventLine(event, time), "line");
-    QCOMPARE(linkEventJson(event, time), QJsonDocument::fromJson(json).object());
+    const QDateTime utc(time.date(), time.time(), Qt::UTC);
+    QCOMPARE(linkEventJson(event, utc.toLocalTime()), QJsonDocument::fromJson(json).object());
 }
 
 QTEST_APPLESS_MAIN(LinkEventsTest)
