@@ -213,7 +213,9 @@ void Simulator::readCommands()
         m_commandBytes.append('\n'); // the last line may lack its end
     }
     for (auto end = m_commandBytes.indexOf('\n'); end >= 0; end = m_commandBytes.indexOf('\n')) {
-        const QString answer = command(QString::fromUtf8(m_commandBytes.left(end)));
+        // Of a QByteArray, Qt 5 takes what stands before a zero.
+        const QString answer =
+            command(QString::fromUtf8(m_commandBytes.constData(), static_cast<int>(end)));
         m_commandBytes.remove(0, end + 1);
         if (!answer.isEmpty())
             m_answer(answer);

@@ -149,6 +149,10 @@ void TestKxsim::commandsAnswerAndSurviveTheirEnd()
     QCOMPARE(kxsim.ask("hello"),
              QStringLiteral("error: 'hello' is not a command; write get D100:4, "
                             "set D100=5 or faults"));
+    const QString withZero = QLatin1String("set D101=5") + QChar(0) + QLatin1Char('7');
+    QCOMPARE(kxsim.ask(withZero),
+             QStringLiteral("error: D101=5\uFFFD7: '5\uFFFD7' is not a decimal or 0x hexadecimal "
+                            "number"));
     QCOMPARE(kxsim.lastAnswer("get D101"), QStringLiteral("D101=2"));
     QTest::qWait(200);
     ModbusMaster master(kxsim.portName());
