@@ -15,6 +15,22 @@ bool isSwitch(const QString& argument)
            || argument == QLatin1String("--frames");
 }
 
+int showVersion(const QString& option, const QStringList& leading, QStringList behind)
+{
+    const QString json = QLatin1String("--json");
+    const bool asJson = leading.contains(json) || behind.contains(json);
+    behind.removeAll(json);
+    if (!behind.isEmpty())
+        return complain(
+            QString::fromLatin1("unexpected argument '%1' behind '%2'").arg(behind.first(), option),
+            EXIT_WRONG_USAGE);
+    if (asJson)
+        printJson(versionJson());
+    else
+        print(versionText());
+    return EXIT_FINE;
+}
+
 int runCommand(QStringList arguments)
 {
     // Options without a value may stand in front of the command: kxhost --simulate read D0.
@@ -29,14 +45,8 @@ int runCommand(QStringList arguments)
         print(helpOfAllCommands());
         return EXIT_FINE;
     }
-    if (name == QLatin1String("--version") || name == QLatin1String("-v")) {
-        const QString json = QLatin1String("--json");
-        if (leading.contains(json) || arguments.contains(json))
-            printJson(versionJson());
-        else
-            print(versionText());
-        return EXIT_FINE;
-    }
+    if (name == QLatin1String("--version") || name == QLatin1String("-v"))
+        return showVersion(name, leading, arguments.mid(1));
     const Command* const command = findCommand(name);
     if (!command)
         return complain(

@@ -189,6 +189,8 @@ bool takePort(const CommandLine& line, Options* options, QString* error)
     options->link = parser.value(line.symlink);
     if (parser.isSet(line.port) && port.device.isEmpty())
         return fail(error, QStringLiteral("--port: the name of the port is missing"));
+    if (parser.isSet(line.symlink) && options->link.isEmpty())
+        return fail(error, QStringLiteral("--symlink: the name of the link is missing"));
     if (parser.isSet(line.port) && parser.isSet(line.symlink))
         return fail(error, QStringLiteral("--symlink links to a pseudo-terminal, not to --port"));
     if (parser.value(line.dataBits) != QLatin1String("8"))

@@ -105,6 +105,27 @@ private slots:
         QVERIFY2(library.endsWith("/libtarvelan_kx_series.so.1.0.0"), qPrintable(library));
     }
 
+    void nothingElseStandsBehindVersion_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("an unknown option")
+            << QStringList{"--version", "--jason"}
+            << "kxhost: unexpected argument '--jason' behind '--version'";
+        QTest::newRow("a command") << QStringList{"--json", "-v", "watch"}
+                                   << "kxhost: unexpected argument 'watch' behind '-v'";
+    }
+
+    void nothingElseStandsBehindVersion()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, error);
+        const CommandResult result = runCommand(arguments);
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.errors, QStringList{error});
+        QCOMPARE(result.output, QStringList());
+    }
+
     void theManPageOfKxhostHasEveryOption()
     {
         QSet<QString> options = {"--version"};

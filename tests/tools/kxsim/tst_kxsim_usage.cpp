@@ -72,6 +72,7 @@ void TestKxsimUsage::wrongUsageGetsOneLine_data()
         {"9 data bits", "--data-bits 9", 2, "--data-bits 9: Modbus RTU needs 8 data bits"},
         {"3 stop bits", "--stop-bits 3", 2, "1, 2"},
         {"unknown parity", "--parity mark", 2, "none, even or odd"},
+        {"a link without a name", "--symlink=", 2, "--symlink: the name of the link is missing"},
         {"a link to a port", "--port /dev/null --symlink x", 2, "--symlink"},
         {"unknown fault", "--fault noise:0.1", 2, "'noise' is none of deaf"},
         {"fault that would colour a terminal", "--fault \x1b[31m:0.1", 2,
