@@ -37,6 +37,6 @@ QStringList screenLines(const WatchScreen& screen, int width, int height)
     while (lines.size() > qMax(0, height))
         lines.removeFirst();
     for (QString& line : lines)
-        line = line.left(width);
+        line = cutLine(line, width);
     return lines;
 }

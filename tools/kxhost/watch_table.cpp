@@ -124,6 +124,14 @@ QString hexValue(const WatchEntry& entry)
            + QString::fromLatin1("%1").arg(entry.value, digits, 16, QLatin1Char('0')).toUpper();
 }
 
+QString cutLine(const QString& line, int width)
+{
+    const QString cut = line.left(qMax(0, width));
+    if (cut.isEmpty() || line.mid(width).trimmed().isEmpty())
+        return cut;
+    return cut.left(width - 1) + QChar(0x2026);
+}
+
 QStringList tableLines(const QList<WatchEntry>& entries, qint64 now, int width, int height)
 {
     const int nameWidth = nameWidthOf(entries);
@@ -137,6 +145,6 @@ QStringList tableLines(const QList<WatchEntry>& entries, qint64 now, int width, 
     while (lines.size() > qMax(0, height))
         lines.removeLast();
     for (QString& line : lines)
-        line = line.left(width);
+        line = cutLine(line, width);
     return lines;
 }

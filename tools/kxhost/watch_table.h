@@ -13,6 +13,10 @@ QString stateText(const WatchEntry& entry, qint64 now);
 /// "1", "0x04D2", "0x000186A0"; nothing while the value is unknown.
 QString hexValue(const WatchEntry& entry);
 
+/// At most `width` characters of the line. Where more than blanks is cut off, the last is an
+/// ellipsis: half a number would be another number.
+QString cutLine(const QString& line, int width);
+
 /// A heading and one row per entry, with names when an entry has one, at most `height` lines of at
 /// most `width` characters; the last line tells how many entries did not fit.
 QStringList tableLines(const QList<WatchEntry>& entries, qint64 now, int width, int height);

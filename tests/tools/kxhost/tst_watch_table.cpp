@@ -13,6 +13,7 @@ private slots:
     void rowsWithNames();
     void twoNamesOfAnAddressAreTwoRows();
     void longNamesAreCut();
+    void whatIsCutIsMarked();
     void states_data();
     void states();
     void hexValues_data();
@@ -96,8 +97,24 @@ void WatchTableTest::longNamesAreCut()
     entry.name = QString::fromLatin1("Speed of the second circulation pump");
     entry.state = WatchState::NoAnswer;
     QCOMPARE(tableLines({entry}, 2300, 80, 20).last(),
-             QString::fromLatin1("      1  D        100  Speed of the second ci        1234     "
-                                 "1.3 s  no answer  "));
+             QString::fromUtf8("      1  D        100  Speed of the second ci        1234     "
+                               "1.3 s  no answer \u2026"));
+}
+
+// Half a number would be another number.
+void WatchTableTest::whatIsCutIsMarked()
+{
+    const QList<WatchEntry> entries = {entryOf("D100", 48)};
+    const auto cutAt = [&](int width) { return tableLines(entries, 1000, width, 20).last(); };
+    const QString whole = QString::fromLatin1("      1  D        100     100          48");
+    QCOMPARE(cutAt(41), whole.left(40) + QChar(0x2026)); // HEX stands behind it
+    QCOMPARE(cutAt(40), whole.left(39) + QChar(0x2026));
+    QCOMPARE(cutAt(45), whole + QLatin1String("   ") + QChar(0x2026));
+    QCOMPARE(cutAt(1), QString(QChar(0x2026)));
+    QCOMPARE(cutAt(0), QString());
+    // Nothing but blanks is lost.
+    QCOMPARE(tableLines({entryOf("D100", 48), entryOf("D101", 0)}, 1000, 14, 2).last(),
+             QString::fromLatin1("... and 2 more"));
 }
 
 void WatchTableTest::states_data()
