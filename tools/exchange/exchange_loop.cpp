@@ -1,25 +1,13 @@
 #include "exchange/exchange_loop.h"
 
 #include "exchange/reply_verdict.h"
+#include "exchange/whole_frame.h"
 
 namespace
 {
 
 const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
 const int MOST_KEPT = 4096; // bytes of what came for one request
-
-/// Recipes and writes of absurd counts make frames longer than the record holds, or of
-/// negative length.
-bool isWholeFrame(const FRAME_PRO& request)
-{
-    return request.sendLen >= 1 && request.sendLen <= FRAME_SIZE;
-}
-
-/// Of a whole frame.
-QByteArray bytesOf(const FRAME_PRO& request)
-{
-    return QByteArray(reinterpret_cast<const char*>(request.frame), request.sendLen);
-}
 
 } // namespace
 
@@ -184,10 +172,9 @@ void ExchangeLoop::awaitReply()
     m_state = isBroadcast ? State::AwaitingTurnaround : State::AwaitingReply;
     const int wait = isBroadcast ? m_settings.turnaround : m_settings.replyTimeout;
     m_clock->wakeAfter(transmission + wait * MICROSECONDS_PER_MILLISECOND);
-    const int settle = m_settings.settle < 0 ? m_settings.replyTimeout : m_settings.settle;
+    const qint64 owed = qint64(wait) + m_settings.settleTime();
     if (!isBroadcast)
-        m_owed.add(request,
-                   m_transmittedAt + (qint64(wait) + settle) * MICROSECONDS_PER_MILLISECOND);
+        m_owed.add(request, m_transmittedAt + owed * MICROSECONDS_PER_MILLISECOND);
 }
 
 void ExchangeLoop::takeBytes(const QByteArray& bytes)

@@ -20,6 +20,7 @@ struct ExchangeSettings {
     /// Milliseconds past the time-out in which a late reply may still come; negative:
     /// as long as the time-out.
     int settle = -1;
+    int settleTime() const { return settle < 0 ? replyTimeout : settle; }
     /// Milliseconds of silence before each request, when longer than the frame gap: for
     /// gateways that deliver a reply twice.
     int quiet = 0;
