@@ -2,6 +2,7 @@
 
 #include "model/random_source.h"
 #include "numbering_controller.h"
+#include "support/memory_use.h"
 #include "watch_process.h"
 
 #include <QtCore/QElapsedTimer>
@@ -116,7 +117,9 @@ void WatchGatewaysTest::aFloodIsSaidAndObeysCtrlC()
     QVERIFY(watch.waitForOutput(" 1 D0 no answer\n"));
     const qint64 memory = memoryOf(watch.processId());
     QTest::qWait(1000);
-    QVERIFY(memoryOf(watch.processId()) < memory + MOST_GROWTH);
+    // kxhost is built as this program is: AddressSanitizer would keep what it frees.
+    if (isMemoryMeasurable())
+        QVERIFY(memoryOf(watch.processId()) < memory + MOST_GROWTH);
     watch.sendSignal(SIGINT);
     QElapsedTimer time;
     time.start();
