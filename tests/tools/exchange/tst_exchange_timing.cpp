@@ -244,7 +244,7 @@ void ExchangeTimingTest::aReplySoonerThanItsCharacters()
     const QByteArray inTime = withCrc("03 03 04 00 01 00 02");
     m_line->answer({{20, soon}, {170, inTime}});
     start();
-    QVERIFY(waitForRecords(repliesBefore.size() + (owesAnother ? 2 : 1)));
+    QVERIFY(waitForRecords(static_cast<int>(repliesBefore.size()) + (owesAnother ? 2 : 1)));
     QCOMPARE(m_driver->replies.last(), isTaken ? soon : inTime);
     QCOMPARE(m_loop->statistics().thrownAway.late, qint64(isTaken ? 0 : 1));
 }
