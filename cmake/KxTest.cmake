@@ -34,14 +34,14 @@ function(kx_use_test_headers target)
   target_precompile_headers(${target} REUSE_FROM ${KX_TEST_HEADERS})
 endfunction()
 
-# kx_moc_test(NAME): makes NAME.moc of NAME.cpp, which includes it. AUTOMOC would let moc
+# kx_moc_test(NAME SOURCE): makes NAME.moc of the test's source, which includes it. AUTOMOC would let moc
 # read all of Qt's headers for each test, which takes longer than to compile it.
-function(kx_moc_test name)
+function(kx_moc_test name source)
   set(moc "${CMAKE_CURRENT_BINARY_DIR}/moc/${name}.moc")
   file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/moc")
   add_custom_command(OUTPUT "${moc}"
-    COMMAND $<TARGET_FILE:Qt${KX_QT}::moc> "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp" -o "${moc}"
-    DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp" VERBATIM)
+    COMMAND $<TARGET_FILE:Qt${KX_QT}::moc> "${CMAKE_CURRENT_SOURCE_DIR}/${source}" -o "${moc}"
+    DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${source}" VERBATIM)
   target_sources(${name} PRIVATE "${moc}")
   target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/moc")
 endfunction()
@@ -49,7 +49,8 @@ endfunction()
 # kx_add_test_program(NAME SOURCE...): run by CTest; linked to nothing yet.
 function(kx_add_test_program name)
   add_executable(${name} ${ARGN})
-  kx_moc_test(${name})
+  list(GET ARGN 0 source)
+  kx_moc_test(${name} ${source})
   kx_use_test_headers(${name})
   kx_add_warnings(${name})
   if(KX_HAS_GOLD)

@@ -1,8 +1,10 @@
-#include "kxhost/commands/scan_stations.h"
-#include "kxhost/plan_options.h"
-#include "kxhost/prompt_line.h"
+#include "kxhost/options/plan_options.h"
+#include "kxhost/options/scan_stations.h"
+#include "kxhost/terminal/prompt_line.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
+
+using namespace kx;
 
 namespace
 {

@@ -1,12 +1,14 @@
-#include "kxhost/connection_options.h"
-#include "kxhost/offline_options.h"
-#include "kxhost/plan_options.h"
-#include "kxhost/tags_arguments.h"
+#include "kxhost/options/connection_options.h"
+#include "kxhost/options/offline_options.h"
+#include "kxhost/options/plan_options.h"
+#include "kxhost/options/tags_arguments.h"
 #include "kxsim/options.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
 
 #include <QtCore/QCommandLineParser>
+
+using namespace kx;
 
 // A slash becomes a backslash; a dot, too, may name a tags file.
 QStringList argumentsOf(QByteArray lines)

@@ -1,8 +1,10 @@
-#include "kxhost/command_table.h"
-#include "kxhost/exit_codes.h"
+#include "kxhost/commands/command_table.h"
+#include "kxhost/terminal/exit_codes.h"
 #include "support/require.h"
 #include "tool_texts/stand_ins.h"
 #include "tool_texts/texts.h"
+
+using namespace kx;
 
 namespace
 {

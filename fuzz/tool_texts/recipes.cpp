@@ -1,11 +1,13 @@
-#include "kxhost/recipe_file.h"
-#include "kxhost/recipe_layout.h"
+#include "panel/recipe/recipe_file.h"
+#include "panel/recipe/recipe_layout.h"
 #include "support/panel.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
 
 #include <map>
 #include <tuple>
+
+using namespace kx;
 
 namespace
 {

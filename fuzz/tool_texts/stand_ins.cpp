@@ -1,12 +1,15 @@
 #include "tool_texts/stand_ins.h"
 
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
-#include "kxhost/recipe_storage.h"
+#include "kxhost/commands/connection.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "panel/recipe/recipe_storage.h"
 #include "support/require.h"
 
 #include <QtCore/QJsonDocument>
+
+namespace kx
+{
 
 namespace
 {
@@ -121,3 +124,5 @@ bool replaceRecipeFile(const QString&, const QByteArray&, QString*)
     require(false, "no recipe is stored without a line");
     return false;
 }
+
+} // namespace kx

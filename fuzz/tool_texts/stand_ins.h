@@ -5,6 +5,9 @@
 
 #include <QtCore/QStringList>
 
+namespace kx
+{
+
 /// What was complained about since the last call.
 QStringList takeComplaints();
 
@@ -13,5 +16,7 @@ QStringList takeJson();
 
 /// Whether commands get the driver, or are told that it cannot be loaded.
 void lendDriver(bool lends);
+
+} // namespace kx
 
 #endif

@@ -1,8 +1,10 @@
-#include "kxhost/tags_file.h"
+#include "panel/files/tags_file.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
 
 #include <QtCore/QSet>
+
+using namespace kx;
 
 namespace
 {

@@ -15,7 +15,7 @@ typedef std::function<bool(const QByteArray& text, QString* error)> Parser;
 bool takes(const Parser& parse, const QByteArray& text);
 
 /// Checks a range that was accepted.
-void checkRange(const AddressRange& range);
+void checkRange(const kx::AddressRange& range);
 
 /// One argument per line. None names a file.
 QStringList argumentsOf(QByteArray lines);

@@ -6,6 +6,8 @@
 
 #include <QtCore/QCoreApplication>
 
+using namespace kx;
+
 namespace
 {
 

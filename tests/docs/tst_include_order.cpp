@@ -75,9 +75,8 @@ QStringList sourceFiles()
 // Where the compiler finds it: beside the source, or below a folder that the build names.
 QString includedFile(const QString& source, const QString& name)
 {
-    const QStringList roots = {
-        folderOf(source),     ".",           "tools", "tests", "tests/tools/kxsim",
-        "tests/tools/kxhost", "tests/tools", "bench", "fuzz"};
+    const QStringList roots = {folderOf(source),    ".",           "tools", "tests",
+                               "tests/tools/kxsim", "tests/tools", "bench", "fuzz"};
     for (const QString& root : roots) {
         const QString file = QDir::cleanPath(root + "/" + name);
         if (QFileInfo(SOURCES + "/" + file).isFile())

@@ -8,6 +8,9 @@
 
 #include <limits>
 
+namespace kx
+{
+
 namespace
 {
 
@@ -194,3 +197,5 @@ int highestAddress(const RegisterType* type)
 {
     return text(type->highest).toInt(nullptr, type->radix);
 }
+
+} // namespace kx

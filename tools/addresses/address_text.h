@@ -1,12 +1,15 @@
 /// Addresses and assignments as a panel's user types them: D100, D100:4, X17,
 /// 32CV200, M0@2, D100=1234, M0=1,0,1. X and Y are octal, all others decimal.
-#ifndef KX_TOOLS_ADDRESS_TEXT_H
-#define KX_TOOLS_ADDRESS_TEXT_H
+#ifndef KX_ADDRESSES_ADDRESS_TEXT_H
+#define KX_ADDRESSES_ADDRESS_TEXT_H
 
 #include "registers/register_types.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>
+
+namespace kx
+{
 
 /// Consecutive addresses of one register type.
 struct AddressRange {
@@ -64,5 +67,7 @@ QString registerTypeNames();
 
 /// The highest address of a type, as a number.
 int highestAddress(const RegisterType* type);
+
+} // namespace kx
 
 #endif

@@ -1,5 +1,8 @@
 #include "addresses/digits.h"
 
+namespace kx
+{
+
 bool hasOnlyDigits(const QString& text, int radix)
 {
     for (const QChar digit : text) {
@@ -9,3 +12,5 @@ bool hasOnlyDigits(const QString& text, int radix)
     }
     return !text.isEmpty();
 }
+
+} // namespace kx

@@ -2,6 +2,9 @@
 
 #include <QtCore/QStringList>
 
+namespace kx
+{
+
 QList<ModbusSpan> modbusSpans(const AddressRange& range)
 {
     QList<ModbusSpan> spans;
@@ -32,3 +35,5 @@ int readFunction(const RegisterType* type)
 {
     return type->registerClass == BIT_CLASS ? 1 : 3;
 }
+
+} // namespace kx

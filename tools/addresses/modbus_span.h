@@ -1,11 +1,14 @@
 /// Where device addresses lie on the wire: zero-based Modbus numbers.
-#ifndef KX_TOOLS_MODBUS_SPAN_H
-#define KX_TOOLS_MODBUS_SPAN_H
+#ifndef KX_ADDRESSES_MODBUS_SPAN_H
+#define KX_ADDRESSES_MODBUS_SPAN_H
 
 #include "addresses/address_text.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>
+
+namespace kx
+{
 
 /// Consecutive Modbus coils or holding registers.
 struct ModbusSpan {
@@ -22,5 +25,7 @@ QString modbusText(const RegisterType* type, const QList<ModbusSpan>& spans);
 
 /// The Modbus function that reads a type: 1 for bits, 3 for words.
 int readFunction(const RegisterType* type);
+
+} // namespace kx
 
 #endif

@@ -2,6 +2,9 @@
 
 #include "addresses/digits.h"
 
+namespace kx
+{
+
 bool parseStation(const QString& digits, int* station)
 {
     bool isNumber = false;
@@ -11,3 +14,5 @@ bool parseStation(const QString& digits, int* station)
     *station = number;
     return true;
 }
+
+} // namespace kx

@@ -2,6 +2,9 @@
 
 #include <QtCore/QLibrary>
 
+namespace kx
+{
+
 namespace
 {
 
@@ -69,3 +72,5 @@ bool loadDriver(const QString& fileName, DriverEntryPoints* entryPoints, QString
     *entryPoints = found;
     return true;
 }
+
+} // namespace kx

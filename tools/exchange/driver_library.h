@@ -1,11 +1,14 @@
 /// The driver library, loaded at run time as a panel loads it: by file name, its
 /// entry points resolved by name. Nothing here is linked against the driver.
-#ifndef KX_TOOLS_DRIVER_LIBRARY_H
-#define KX_TOOLS_DRIVER_LIBRARY_H
+#ifndef KX_EXCHANGE_DRIVER_LIBRARY_H
+#define KX_EXCHANGE_DRIVER_LIBRARY_H
 
 #include "tarvelan_kx_series.h"
 
 #include <QtCore/QString>
+
+namespace kx
+{
 
 /// The name that a runtime looks for.
 const char* const DRIVER_LIBRARY_NAME = "libtarvelan_kx_series.so.1";
@@ -38,5 +41,7 @@ struct DriverEntryPoints {
 /// @return false and one line in `*error` that names the file, and the entry
 ///         point when one is missing; `*entryPoints` is then unchanged
 bool loadDriver(const QString& fileName, DriverEntryPoints* entryPoints, QString* error);
+
+} // namespace kx
 
 #endif

@@ -1,7 +1,10 @@
 #include "exchange/exchange_loop.h"
 
-#include "exchange/reply_verdict.h"
-#include "exchange/whole_frame.h"
+#include "exchange/replies/reply_verdict.h"
+#include "exchange/replies/whole_frame.h"
+
+namespace kx
+{
 
 namespace
 {
@@ -247,3 +250,5 @@ void ExchangeLoop::resume()
     m_silence.heardUntil(now());
     waitForSilence();
 }
+
+} // namespace kx

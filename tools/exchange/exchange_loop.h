@@ -1,17 +1,20 @@
 /// The exchange cycle between the driver and a line.
-#ifndef KX_TOOLS_EXCHANGE_LOOP_H
-#define KX_TOOLS_EXCHANGE_LOOP_H
+#ifndef KX_EXCHANGE_EXCHANGE_LOOP_H
+#define KX_EXCHANGE_EXCHANGE_LOOP_H
 
 #include "exchange/driver_library.h"
-#include "exchange/line.h"
 #include "exchange/line_silence.h"
+#include "exchange/lines/line.h"
 #include "exchange/loop_clock.h"
-#include "exchange/owed_replies.h"
-#include "exchange/reply_collector.h"
-#include "exchange/statistics.h"
-#include "exchange/stray_bytes.h"
+#include "exchange/replies/owed_replies.h"
+#include "exchange/replies/reply_collector.h"
+#include "exchange/replies/statistics.h"
+#include "exchange/replies/stray_bytes.h"
 
 #include <QtCore/QObject>
+
+namespace kx
+{
 
 struct ExchangeSettings {
     int replyTimeout = 1000; ///< milliseconds from the end of the transmission
@@ -125,5 +128,7 @@ private:
     StrayBytes m_stray{&m_statistics.thrownAway};
     ReplyCollector m_collector{&m_owed, &m_stray, &m_statistics.thrownAway};
 };
+
+} // namespace kx
 
 #endif

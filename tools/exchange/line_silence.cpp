@@ -1,5 +1,8 @@
 #include "exchange/line_silence.h"
 
+namespace kx
+{
+
 namespace
 {
 
@@ -22,3 +25,5 @@ qint64 LineSilence::overdueAt() const
 {
     return m_awaitedSince + qMax(m_quiet, least()) + m_patience;
 }
+
+} // namespace kx

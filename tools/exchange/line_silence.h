@@ -1,7 +1,10 @@
-#ifndef KX_TOOLS_LINE_SILENCE_H
-#define KX_TOOLS_LINE_SILENCE_H
+#ifndef KX_EXCHANGE_LINE_SILENCE_H
+#define KX_EXCHANGE_LINE_SILENCE_H
 
 #include <QtCore/QtGlobal>
+
+namespace kx
+{
 
 /// The silence before a request, without which stations cannot tell where it begins.
 /// Times are microseconds on the loop's clock.
@@ -43,5 +46,7 @@ private:
     qint64 m_since = 0;
     qint64 m_awaitedSince = 0;
 };
+
+} // namespace kx
 
 #endif

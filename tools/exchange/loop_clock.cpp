@@ -1,5 +1,8 @@
 #include "exchange/loop_clock.h"
 
+namespace kx
+{
+
 namespace
 {
 
@@ -26,3 +29,5 @@ void SystemClock::wakeAfter(qint64 microseconds)
         (microseconds + MICROSECONDS_PER_MILLISECOND - 1) / MICROSECONDS_PER_MILLISECOND;
     m_timer.start(static_cast<int>(qMax(qint64(0), milliseconds)));
 }
+
+} // namespace kx

@@ -1,10 +1,13 @@
 /// Time as an exchange loop sees it: the system's, or one that a simulation moves.
-#ifndef KX_TOOLS_LOOP_CLOCK_H
-#define KX_TOOLS_LOOP_CLOCK_H
+#ifndef KX_EXCHANGE_LOOP_CLOCK_H
+#define KX_EXCHANGE_LOOP_CLOCK_H
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
+
+namespace kx
+{
 
 class LoopClock : public QObject
 {
@@ -40,5 +43,7 @@ private:
     QTimer m_timer;
     QElapsedTimer m_since;
 };
+
+} // namespace kx
 
 #endif

@@ -1,10 +1,12 @@
-#include "kxhost/command_table.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
-#include "kxhost/version_text.h"
-#include "streams/standard_streams.h"
+#include "kxhost/commands/command_table.h"
+#include "kxhost/commands/version_text.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "system/standard_streams.h"
 
 #include <QtCore/QCoreApplication>
+
+using namespace kx;
 
 namespace
 {

@@ -15,15 +15,16 @@ QString errorLine(const QString& message)
 
 QString getValues(const QString& address, Stations* stations)
 {
-    AddressRange range;
+    kx::AddressRange range;
     QList<quint32> values;
     QString error;
-    if (!parseAddressRange(address, &range, &error) || !stations->values(range, &values, &error))
+    if (!kx::parseAddressRange(address, &range, &error)
+        || !stations->values(range, &values, &error))
         return errorLine(error);
     QStringList texts;
     for (const quint32 value : values)
         texts << QString::number(value);
-    QString name = addressText(range.type, range.address);
+    QString name = kx::addressText(range.type, range.address);
     if (range.station >= 0)
         name += QStringLiteral("@%1").arg(range.station);
     return name + QLatin1Char('=') + texts.join(QLatin1Char(','));
@@ -31,9 +32,9 @@ QString getValues(const QString& address, Stations* stations)
 
 QString setValues(const QString& text, Stations* stations)
 {
-    Assignment assignment;
+    kx::Assignment assignment;
     QString error;
-    if (!parseAssignment(text, &assignment, &error) || !stations->preset(assignment, &error))
+    if (!kx::parseAssignment(text, &assignment, &error) || !stations->preset(assignment, &error))
         return errorLine(error);
     return QString();
 }

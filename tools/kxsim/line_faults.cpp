@@ -1,5 +1,7 @@
 #include "kxsim/line_faults.h"
 
+#include "addresses/station_text.h"
+
 #include "modbus/crc.h"
 
 #include <numeric>
@@ -10,7 +12,6 @@ namespace kxsim
 namespace
 {
 
-const int HIGHEST_STATION = 247;
 const int EXCEPTION_FLAG = 0x80;
 const char BUSY = 6; // the exception that asks to try again
 const int MOST_NOISE = 8;
@@ -29,7 +30,7 @@ QByteArray withCrc(QByteArray frame)
 QByteArray fromAnotherStation(const QByteArray& reply)
 {
     QByteArray frame = reply.left(reply.size() - CRC_LENGTH);
-    frame[0] = static_cast<char>(static_cast<quint8>(frame.at(0)) % HIGHEST_STATION + 1);
+    frame[0] = static_cast<char>(static_cast<quint8>(frame.at(0)) % kx::HIGHEST_STATION + 1);
     return withCrc(frame);
 }
 

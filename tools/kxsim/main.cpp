@@ -3,8 +3,8 @@
 #include "kxsim/options.h"
 #include "kxsim/pseudo_terminal.h"
 #include "kxsim/simulator.h"
-#include "streams/standard_streams.h"
-#include "text/printable_text.h"
+#include "system/printable_text.h"
+#include "system/standard_streams.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -28,7 +28,7 @@ void stopOnSignal(int)
 // At once, for scripts that wait for the line.
 void printLine(std::FILE* stream, const QString& text)
 {
-    std::fprintf(stream, "%s\n", printableText(text).toLocal8Bit().constData());
+    std::fprintf(stream, "%s\n", kx::printableText(text).toLocal8Bit().constData());
     std::fflush(stream);
 }
 
@@ -78,7 +78,7 @@ int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations
 
 int main(int argc, char* argv[])
 {
-    occupyClosedStreams();
+    kx::occupyClosedStreams();
     const QCoreApplication application(argc, argv);
     kxsim::Options options;
     QString error;
@@ -89,7 +89,7 @@ int main(int argc, char* argv[])
         return 0;
     }
     kxsim::Stations stations(options.simulation.stations);
-    for (const Assignment& preset : options.simulation.presets) {
+    for (const kx::Assignment& preset : options.simulation.presets) {
         if (!stations.preset(preset, &error))
             return fail(WRONG_USAGE, error);
     }

@@ -132,10 +132,10 @@ bool takeStations(const QStringList& texts, Options* options, QString* error)
         options->simulation.stations.clear();
     for (const QString& text : texts) {
         int station = 0;
-        if (!parseStation(text, &station))
+        if (!kx::parseStation(text, &station))
             return fail(error, QStringLiteral("--station %1: the station must be %2 to %3")
-                                   .arg(text, QString::number(LOWEST_STATION),
-                                        QString::number(HIGHEST_STATION)));
+                                   .arg(text, QString::number(kx::LOWEST_STATION),
+                                        QString::number(kx::HIGHEST_STATION)));
         options->simulation.stations << station;
     }
     return true;
@@ -144,8 +144,8 @@ bool takeStations(const QStringList& texts, Options* options, QString* error)
 bool takePresets(const QStringList& texts, Options* options, QString* error)
 {
     for (const QString& text : texts) {
-        Assignment preset;
-        if (!parseAssignment(text, &preset, error))
+        kx::Assignment preset;
+        if (!kx::parseAssignment(text, &preset, error))
             return false;
         const int station = preset.range.station;
         if (station >= 0 && !options->simulation.stations.contains(station))

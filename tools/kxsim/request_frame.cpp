@@ -83,7 +83,7 @@ int announcedLength(const QByteArray& bytes)
 bool beginsWithRequest(const QByteArray& bytes)
 {
     const int length = announcedLength(bytes);
-    return byteAt(bytes, 0) <= HIGHEST_STATION && length > 0 && length <= bytes.size()
+    return byteAt(bytes, 0) <= kx::HIGHEST_STATION && length > 0 && length <= bytes.size()
            && endsWithItsCrc(bytes, length);
 }
 
@@ -117,7 +117,7 @@ FoundRequest findByCrc(const QByteArray& bytes)
 FoundRequest findRequest(const QByteArray& received)
 {
     const int length = announcedLength(received);
-    if (byteAt(received, 0) > HIGHEST_STATION || length > LONGEST
+    if (byteAt(received, 0) > kx::HIGHEST_STATION || length > LONGEST
         || (length == OPEN && functionOf(received) >= EXCEPTION_FLAG))
         return {FoundRequest::DAMAGED, 0};
     if (length == OPEN)

@@ -1,6 +1,6 @@
 #include "kxsim/serial_port.h"
 
-#include "ports/port_access.h"
+#include "system/port_access.h"
 
 #include <QtCore/QFile>
 
@@ -33,7 +33,7 @@ std::unique_ptr<SerialPort> SerialPort::open(const PortSettings& settings, QStri
     }
     const QString reason = QString::fromLocal8Bit(modbus_strerror(errno));
     *error = QStringLiteral("cannot open %1: %2")
-                 .arg(settings.device, reason + accessAdvice(settings.device));
+                 .arg(settings.device, reason + kx::accessAdvice(settings.device));
     return nullptr;
 }
 

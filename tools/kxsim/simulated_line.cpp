@@ -38,7 +38,7 @@ SimulatedLine::SimulatedLine(std::unique_ptr<Parts> parts) : m_parts(std::move(p
 std::unique_ptr<SimulatedLine> SimulatedLine::start(const Simulation& simulation, QString* error)
 {
     Stations stations(simulation.stations);
-    for (const Assignment& preset : simulation.presets) {
+    for (const kx::Assignment& preset : simulation.presets) {
         if (!stations.preset(preset, error))
             return nullptr;
     }

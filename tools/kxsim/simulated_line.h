@@ -21,9 +21,9 @@ namespace kxsim
 
 /// What to simulate.
 struct Simulation {
-    QList<int> stations = {1}; ///< 1 to 247, at least one; each has its own memory
-    QList<Assignment> presets; ///< in all stations unless they name one
-    bool moves = true;         ///< values change by themselves, presets never
+    QList<int> stations = {1};     ///< 1 to 247, at least one; each has its own memory
+    QList<kx::Assignment> presets; ///< in all stations unless they name one
+    bool moves = true;             ///< values change by themselves, presets never
     FaultPlan faults;
 };
 

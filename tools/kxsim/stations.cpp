@@ -6,17 +6,17 @@ namespace kxsim
 namespace
 {
 
-void presetMemory(ControllerMemory& memory, const Assignment& assignment)
+void presetMemory(ControllerMemory& memory, const kx::Assignment& assignment)
 {
     int address = assignment.range.address;
     for (const qint64 value : assignment.values)
         memory.preset(assignment.range.type, address++, static_cast<quint32>(value));
 }
 
-QString notSimulated(const AddressRange& range)
+QString notSimulated(const kx::AddressRange& range)
 {
     return QStringLiteral("%1@%2: station %2 is not simulated")
-        .arg(addressText(range.type, range.address))
+        .arg(kx::addressText(range.type, range.address))
         .arg(range.station);
 }
 
@@ -34,7 +34,7 @@ ControllerMemory* Stations::memory(int station)
     return found == m_memories.end() ? nullptr : &found->second;
 }
 
-bool Stations::preset(const Assignment& assignment, QString* error)
+bool Stations::preset(const kx::Assignment& assignment, QString* error)
 {
     if (assignment.range.station < 0) {
         for (auto& [station, stationMemory] : m_memories)
@@ -49,7 +49,7 @@ bool Stations::preset(const Assignment& assignment, QString* error)
     return named != nullptr;
 }
 
-bool Stations::values(const AddressRange& range, QList<quint32>* values, QString* error)
+bool Stations::values(const kx::AddressRange& range, QList<quint32>* values, QString* error)
 {
     const ControllerMemory* const named =
         range.station < 0 ? &m_memories.begin()->second : memory(range.station);

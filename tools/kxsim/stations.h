@@ -26,10 +26,10 @@ public:
 
     /// Presets in the named station, or in all when none is named. Returns false
     /// and one line in `*error` when the named station is not simulated.
-    bool preset(const Assignment& assignment, QString* error);
+    bool preset(const kx::Assignment& assignment, QString* error);
 
     /// Values in the named station, or in the lowest when none is named.
-    bool values(const AddressRange& range, QList<quint32>* values, QString* error);
+    bool values(const kx::AddressRange& range, QList<quint32>* values, QString* error);
 
 private:
     std::map<int, ControllerMemory> m_memories;

@@ -4,6 +4,8 @@
 
 #include <QtTest/QTest>
 
+using namespace kx;
+
 namespace
 {
 

@@ -4,6 +4,8 @@
 
 #include <QtTest/QTest>
 
+using namespace kx;
+
 class TestModbusSpan : public QObject
 {
     Q_OBJECT

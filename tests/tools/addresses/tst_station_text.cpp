@@ -4,6 +4,8 @@
 
 #include <QtTest/QTest>
 
+using namespace kx;
+
 class TestStationText : public QObject
 {
     Q_OBJECT

@@ -11,6 +11,9 @@
 
 #include <memory>
 
+namespace kx
+{
+
 // Station 1, function 3, address 100, quantity 2.
 const char* const READ = "01 03 00 64 00 02";
 // Station 1, function 3, byte count 4, registers 1234 and 5678.
@@ -52,5 +55,7 @@ protected:
     ExchangeSettings m_settings;
     QList<ExchangeRecord> m_records;
 };
+
+} // namespace kx
 
 #endif

@@ -2,6 +2,9 @@
 
 #include <cstring>
 
+namespace kx
+{
+
 namespace
 {
 
@@ -54,3 +57,5 @@ int ScriptedDriver::dealRcvFrame(QByteArray& reply, QString& errorText)
         current->m_requests.removeFirst();
     return result;
 }
+
+} // namespace kx

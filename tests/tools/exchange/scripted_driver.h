@@ -7,6 +7,9 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
 
+namespace kx
+{
+
 /// One at a time, since the driver's functions know no object.
 class ScriptedDriver
 {
@@ -32,5 +35,7 @@ private:
 
     QList<FRAME_PRO> m_requests;
 };
+
+} // namespace kx
 
 #endif

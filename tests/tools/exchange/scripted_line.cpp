@@ -2,6 +2,9 @@
 
 #include <QtCore/QTimer>
 
+namespace kx
+{
+
 void ScriptedLine::write(const QByteArray& bytes)
 {
     written << bytes;
@@ -35,3 +38,5 @@ void ScriptedLine::reopen()
     m_isOpen = true;
     emit opened();
 }
+
+} // namespace kx

@@ -2,10 +2,13 @@
 #ifndef KX_TESTS_SCRIPTED_LINE_H
 #define KX_TESTS_SCRIPTED_LINE_H
 
-#include "exchange/line.h"
+#include "exchange/lines/line.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QList>
+
+namespace kx
+{
 
 /// Bytes that arrive so many milliseconds after a request.
 struct Arrival {
@@ -49,5 +52,7 @@ private:
     bool m_isOpen = true;
     QList<QList<Arrival>> m_answers;
 };
+
+} // namespace kx
 
 #endif

@@ -3,6 +3,8 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
+using namespace kx;
+
 class DriverLibraryTest : public QObject
 {
     Q_OBJECT

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+using namespace kx;
+
 class ExchangeLoopTest : public ExchangeLoopFixture
 {
     Q_OBJECT

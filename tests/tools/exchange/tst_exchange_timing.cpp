@@ -1,5 +1,7 @@
 #include "tools/exchange/exchange_loop_fixture.h"
 
+using namespace kx;
+
 // As long as READ, at address 200.
 const char* const READ_OTHER = "01 03 00 C8 00 02";
 

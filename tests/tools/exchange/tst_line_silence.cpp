@@ -2,6 +2,8 @@
 
 #include <QtTest/QTest>
 
+using namespace kx;
+
 class LineSilenceTest : public QObject
 {
     Q_OBJECT

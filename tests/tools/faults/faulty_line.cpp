@@ -2,6 +2,9 @@
 
 #include "tools/faults/whole_frames.h"
 
+namespace kx
+{
+
 using kxsim::Fault;
 using kxsim::FaultyReply;
 using kxsim::RequestServer;
@@ -101,3 +104,5 @@ void FaultyLine::closeForAWhile()
     m_clock->after(CLOSED_FOR, [this] { open(); });
     emit interrupted();
 }
+
+} // namespace kx

@@ -2,10 +2,13 @@
 #ifndef KX_TESTS_FAULTY_LINE_H
 #define KX_TESTS_FAULTY_LINE_H
 
-#include "exchange/line.h"
+#include "exchange/lines/line.h"
 #include "kxsim/line_faults.h"
 #include "kxsim/request_server.h"
 #include "tools/faults/virtual_clock.h"
+
+namespace kx
+{
 
 /// What the controllers and the line between are.
 struct FaultyLineSettings {
@@ -61,5 +64,7 @@ private:
     int m_framesByChance = 0;
     qint64 m_noise = 0;
 };
+
+} // namespace kx
 
 #endif

@@ -4,6 +4,9 @@
 
 #include <QtTest/QTest>
 
+namespace kx
+{
+
 using kxsim::Fault;
 
 namespace
@@ -104,3 +107,5 @@ qint64 FaultyRun::wholeReplies() const
            + faults(Fault::ExtraBefore) + faults(Fault::Echo) + faults(Fault::OtherStation)
            + faults(Fault::Delay) - m_line.lostLateReplies() + m_line.framesByChance();
 }
+
+} // namespace kx

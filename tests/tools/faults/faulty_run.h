@@ -2,11 +2,14 @@
 #ifndef KX_TESTS_FAULTY_RUN_H
 #define KX_TESTS_FAULTY_RUN_H
 
-#include "exchange/driver_session.h"
+#include "panel/session/driver_session.h"
 #include "tools/faults/faulty_line.h"
 #include "tools/faults/identifying_memory.h"
 
 #include <QtCore/QHash>
+
+namespace kx
+{
 
 struct FaultyRunSettings {
     FaultyLineSettings line;
@@ -64,5 +67,7 @@ private:
 int runLength(const char* variable, int usual);
 
 AddressRange rangeOf(const QString& text);
+
+} // namespace kx
 
 #endif

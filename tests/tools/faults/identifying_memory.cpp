@@ -2,6 +2,9 @@
 
 #include <QtCore/QSet>
 
+namespace kx
+{
+
 namespace
 {
 
@@ -99,3 +102,5 @@ bool haveMarksOfTheirOwn(const QList<AddressRange>& ranges)
     }
     return marks.size() == registers;
 }
+
+} // namespace kx

@@ -7,6 +7,9 @@
 
 #include <QtCore/QByteArray>
 
+namespace kx
+{
+
 class IdentifyingMemory
 {
 public:
@@ -33,5 +36,7 @@ private:
 
 /// Whether no two registers among these share their mark: 11 bits do not do for all.
 bool haveMarksOfTheirOwn(const QList<AddressRange>& ranges);
+
+} // namespace kx
 
 #endif

@@ -5,6 +5,8 @@
 
 #include <QtTest/QTest>
 
+using namespace kx;
+
 namespace
 {
 

@@ -8,6 +8,8 @@
 
 #include <QtTest/QTest>
 
+using namespace kx;
+
 Q_DECLARE_METATYPE(LineTiming)
 
 namespace

@@ -6,6 +6,8 @@
 #include <QtCore/QRegularExpression>
 #include <QtTest/QTest>
 
+using namespace kx;
+
 using kxsim::Fault;
 
 /// One of the runtime's counts.

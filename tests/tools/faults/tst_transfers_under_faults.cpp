@@ -1,13 +1,15 @@
 // Recipes and condition reads on a line with faults: what was sent is in the controllers'
 // memories, and what was read is what they hold.
 
-#include "kxhost/commands/read_run.h"
-#include "kxhost/recipe_transfer.h"
+#include "panel/jobs/read_run.h"
+#include "panel/jobs/recipe_transfer.h"
 #include "tools/faults/faulty_run.h"
 
 #include <QtTest/QTest>
 
 #include <random>
+
+using namespace kx;
 
 namespace
 {

@@ -1,12 +1,14 @@
 // Writes on a line with faults: each ends confirmed, and is then in the controller's
 // memory, or reported as failed.
 
-#include "exchange/write_pacer.h"
+#include "panel/session/write_pacer.h"
 #include "tools/faults/faulty_run.h"
 
 #include <QtTest/QTest>
 
 #include <random>
+
+using namespace kx;
 
 namespace
 {

@@ -1,5 +1,8 @@
 #include "tools/faults/virtual_clock.h"
 
+namespace kx
+{
+
 void VirtualClock::wakeAfter(qint64 microseconds)
 {
     m_wakesAt = m_now + qMax(qint64(0), microseconds);
@@ -42,3 +45,5 @@ void VirtualClock::pass(qint64 microseconds)
         step();
     m_now = end;
 }
+
+} // namespace kx

@@ -8,6 +8,9 @@
 #include <functional>
 #include <map>
 
+namespace kx
+{
+
 class VirtualClock : public LoopClock
 {
 public:
@@ -32,5 +35,7 @@ private:
     qint64 m_wakesAt = NEVER;
     std::multimap<qint64, std::function<void()>> m_events;
 };
+
+} // namespace kx
 
 #endif

@@ -1,6 +1,9 @@
 #include "tools/faults/whole_frames.h"
 
-#include "exchange/reply_verdict.h"
+#include "exchange/replies/reply_verdict.h"
+
+namespace kx
+{
 
 int wholeFramesIn(QByteArray bytes)
 {
@@ -12,3 +15,5 @@ int wholeFramesIn(QByteArray bytes)
     }
     return frames;
 }
+
+} // namespace kx

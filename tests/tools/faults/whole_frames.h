@@ -3,7 +3,12 @@
 
 #include <QtCore/QByteArray>
 
+namespace kx
+{
+
 /// Frames with their CRC in the bytes, wherever they begin.
 int wholeFramesIn(QByteArray bytes);
+
+} // namespace kx
 
 #endif

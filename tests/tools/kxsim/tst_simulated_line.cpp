@@ -15,11 +15,11 @@ using kxsim::Simulation;
 namespace
 {
 
-Assignment assignment(const char* text)
+kx::Assignment assignment(const char* text)
 {
-    Assignment parsed;
+    kx::Assignment parsed;
     QString error;
-    if (!parseAssignment(QString::fromLatin1(text), &parsed, &error))
+    if (!kx::parseAssignment(QString::fromLatin1(text), &parsed, &error))
         qFatal("%s", qPrintable(error));
     return parsed;
 }

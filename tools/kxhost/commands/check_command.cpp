@@ -1,13 +1,16 @@
-#include "kxhost/commands/check_command.h"
+#include "kxhost/commands/commands.h"
 
-#include "kxhost/command_line.h"
-#include "kxhost/commands/check_answer.h"
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
-#include "kxhost/offline_options.h"
+#include "kxhost/commands/connection.h"
+#include "kxhost/options/command_line.h"
+#include "kxhost/options/offline_options.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "kxhost/views/check_answer.h"
 
 #include <limits>
+
+namespace kx
+{
 
 namespace
 {
@@ -102,3 +105,5 @@ int runCheck(const QStringList& arguments)
         return exitCode;
     return check(parser.positionalArguments(), entryPoints, tag, wantsJson(parser));
 }
+
+} // namespace kx

@@ -1,14 +1,17 @@
-#include "kxhost/commands/plan_command.h"
+#include "kxhost/commands/commands.h"
 
-#include "kxhost/command_line.h"
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
-#include "kxhost/offline_options.h"
-#include "kxhost/plan_driver.h"
-#include "kxhost/plan_json.h"
-#include "kxhost/plan_options.h"
-#include "kxhost/plan_text.h"
+#include "kxhost/commands/connection.h"
+#include "kxhost/options/command_line.h"
+#include "kxhost/options/offline_options.h"
+#include "kxhost/options/plan_options.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "kxhost/views/plan_json.h"
+#include "kxhost/views/plan_text.h"
+#include "panel/plan/plan_driver.h"
+
+namespace kx
+{
 
 namespace
 {
@@ -82,3 +85,5 @@ int runPlan(const QStringList& arguments)
         printPlan(plan, lengths, options);
     return EXIT_FINE;
 }
+
+} // namespace kx

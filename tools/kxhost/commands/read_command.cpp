@@ -1,16 +1,19 @@
-#include "kxhost/commands/read_command.h"
+#include "kxhost/commands/commands.h"
 
-#include "kxhost/command_line.h"
-#include "kxhost/commands/read_loop.h"
-#include "kxhost/commands/read_pieces.h"
-#include "kxhost/commands/read_run.h"
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
-#include "kxhost/line_views.h"
-#include "kxhost/tags_arguments.h"
+#include "addresses/read_pieces.h"
+#include "kxhost/commands/connection.h"
+#include "kxhost/commands/run_to_end.h"
+#include "kxhost/options/command_line.h"
+#include "kxhost/options/tags_arguments.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "kxhost/views/line_views.h"
+#include "panel/jobs/read_run.h"
 
 #include <QtCore/QJsonArray>
+
+namespace kx
+{
 
 namespace
 {
@@ -119,3 +122,5 @@ int runRead(const QStringList& arguments)
         return complain(error, EXIT_WRONG_USAGE);
     return read(options, tags);
 }
+
+} // namespace kx

@@ -1,20 +1,23 @@
-#include "kxhost/commands/recipe_command.h"
+#include "kxhost/commands/commands.h"
 
-#include "kxhost/command_line.h"
-#include "kxhost/commands/read_loop.h"
-#include "kxhost/commands/write_pieces.h"
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/counted.h"
-#include "kxhost/exit_codes.h"
-#include "kxhost/recipe_file.h"
-#include "kxhost/recipe_progress.h"
-#include "kxhost/recipe_storage.h"
-#include "kxhost/recipe_transfer.h"
+#include "addresses/write_pieces.h"
+#include "kxhost/commands/connection.h"
+#include "kxhost/commands/run_to_end.h"
+#include "kxhost/options/command_line.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "kxhost/views/recipe_progress.h"
+#include "panel/jobs/recipe_transfer.h"
+#include "panel/recipe/recipe_file.h"
+#include "panel/recipe/recipe_storage.h"
+#include "panel/text/counted.h"
 
 #include <QtCore/QJsonArray>
 
 #include <algorithm>
+
+namespace kx
+{
 
 namespace
 {
@@ -217,3 +220,5 @@ int runRecipe(const QStringList& arguments)
         return complain(error, EXIT_WRONG_USAGE);
     return transferRecipe(options);
 }
+
+} // namespace kx

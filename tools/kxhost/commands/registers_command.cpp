@@ -1,11 +1,14 @@
-#include "kxhost/commands/registers_command.h"
+#include "kxhost/commands/commands.h"
 
-#include "kxhost/command_line.h"
-#include "kxhost/commands/registers_catalogue.h"
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
-#include "kxhost/offline_options.h"
+#include "kxhost/commands/connection.h"
+#include "kxhost/options/command_line.h"
+#include "kxhost/options/offline_options.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "kxhost/views/registers_catalogue.h"
+
+namespace kx
+{
 
 namespace
 {
@@ -68,3 +71,5 @@ int runRegisters(const QStringList& arguments)
     show(rows, wantsJson(parser));
     return EXIT_FINE;
 }
+
+} // namespace kx

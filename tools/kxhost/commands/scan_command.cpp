@@ -1,12 +1,15 @@
-#include "kxhost/commands/scan_command.h"
+#include "kxhost/commands/commands.h"
 
-#include "kxhost/command_line.h"
-#include "kxhost/commands/read_loop.h"
-#include "kxhost/commands/scan_run.h"
-#include "kxhost/commands/scan_stations.h"
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
+#include "kxhost/commands/connection.h"
+#include "kxhost/commands/run_to_end.h"
+#include "kxhost/options/command_line.h"
+#include "kxhost/options/scan_stations.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "panel/jobs/scan_run.h"
+
+namespace kx
+{
 
 namespace
 {
@@ -142,3 +145,5 @@ int runScan(const QStringList& arguments)
         return complain(error, EXIT_WRONG_USAGE);
     return scan(options);
 }
+
+} // namespace kx

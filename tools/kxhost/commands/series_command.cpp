@@ -1,11 +1,14 @@
-#include "kxhost/commands/series_command.h"
+#include "kxhost/commands/commands.h"
 
-#include "kxhost/command_line.h"
+#include "kxhost/commands/connection.h"
 #include "kxhost/commands/series_run.h"
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
-#include "kxhost/offline_options.h"
+#include "kxhost/options/command_line.h"
+#include "kxhost/options/offline_options.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+
+namespace kx
+{
 
 namespace
 {
@@ -97,3 +100,5 @@ int runSeries(const QStringList& arguments)
     show(askForSeries(entryPoints, options.start, options.count, options.step), wantsJson(parser));
     return EXIT_FINE;
 }
+
+} // namespace kx

@@ -1,7 +1,10 @@
 #include "kxhost/commands/series_run.h"
 
-#include "kxhost/aligned_rows.h"
-#include "kxhost/modbus_json.h"
+#include "kxhost/views/aligned_rows.h"
+#include "kxhost/views/modbus_json.h"
+
+namespace kx
+{
 
 namespace
 {
@@ -103,3 +106,5 @@ QString seriesNotice(const Series& series)
                             QString::number(series.rows.size()));
     return notices.join(text("; "));
 }
+
+} // namespace kx

@@ -1,11 +1,14 @@
 /// The addresses of several copies of a tag, as the driver generates them.
-#ifndef KX_KXHOST_SERIES_RUN_H
-#define KX_KXHOST_SERIES_RUN_H
+#ifndef KX_KXHOST_COMMANDS_SERIES_RUN_H
+#define KX_KXHOST_COMMANDS_SERIES_RUN_H
 
 #include "addresses/address_text.h"
 #include "exchange/driver_library.h"
 
 #include <QtCore/QJsonObject>
+
+namespace kx
+{
 
 enum class SeriesPlace {
     AsAsked,
@@ -34,5 +37,7 @@ QJsonObject seriesJson(const RegisterType* type, const SeriesRow& row);
 /// "2 of 4 addresses lie past X377 and were replaced by it"; empty when all are as
 /// asked for.
 QString seriesNotice(const Series& series);
+
+} // namespace kx
 
 #endif

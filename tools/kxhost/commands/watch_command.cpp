@@ -1,19 +1,22 @@
-#include "kxhost/commands/watch_command.h"
+#include "kxhost/commands/commands.h"
 
-#include "kxhost/command_line.h"
-#include "kxhost/commands/read_pieces.h"
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
-#include "kxhost/interrupt.h"
-#include "kxhost/line_views.h"
-#include "kxhost/live_view.h"
-#include "kxhost/prompt_writer.h"
-#include "kxhost/tags_arguments.h"
+#include "addresses/read_pieces.h"
+#include "kxhost/commands/connection.h"
+#include "kxhost/commands/prompt_writer.h"
+#include "kxhost/options/command_line.h"
+#include "kxhost/options/tags_arguments.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "kxhost/terminal/interrupt.h"
+#include "kxhost/views/line_views.h"
+#include "kxhost/views/live_view.h"
 
 #include <QtCore/QCoreApplication>
 
 #include <limits>
+
+namespace kx
+{
 
 namespace
 {
@@ -144,3 +147,5 @@ int runWatch(const QStringList& arguments)
         return complain(error, EXIT_WRONG_USAGE);
     return watch(options);
 }
+
+} // namespace kx

@@ -1,14 +1,17 @@
-#include "kxhost/commands/write_command.h"
+#include "kxhost/commands/commands.h"
 
-#include "kxhost/command_line.h"
-#include "kxhost/commands/read_loop.h"
-#include "kxhost/commands/write_pieces.h"
-#include "kxhost/commands/write_run.h"
-#include "kxhost/connection.h"
-#include "kxhost/console.h"
-#include "kxhost/exit_codes.h"
+#include "addresses/write_pieces.h"
+#include "kxhost/commands/connection.h"
+#include "kxhost/commands/run_to_end.h"
+#include "kxhost/options/command_line.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+#include "panel/jobs/write_run.h"
 
 #include <QtCore/QJsonArray>
+
+namespace kx
+{
 
 namespace
 {
@@ -133,3 +136,5 @@ int runWrite(const QStringList& arguments)
         return complain(error, EXIT_WRONG_USAGE);
     return write(options, assignments);
 }
+
+} // namespace kx

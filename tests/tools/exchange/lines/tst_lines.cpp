@@ -1,0 +1,314 @@
+#include "exchange/lines/serial_line.h"
+#include "exchange/lines/tcp_line.h"
+
+#include <QtNetwork/QTcpServer>
+#include <QtTest/QTest>
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+using namespace kx;
+
+namespace
+{
+
+/// The controller's end of a pseudo-terminal.
+class PseudoTerminal
+{
+public:
+    PseudoTerminal() : m_end(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK))
+    {
+        grantpt(m_end);
+        unlockpt(m_end);
+    }
+    ~PseudoTerminal() { closeEnd(); }
+
+    QString name() const { return QString::fromLatin1(ptsname(m_end)); }
+    /// How many bytes the terminal took at once.
+    int sendSome(const QByteArray& bytes) const
+    {
+        return static_cast<int>(
+            qMax<ssize_t>(0, write(m_end, bytes.constData(), static_cast<size_t>(bytes.size()))));
+    }
+    void send(const QByteArray& bytes) const
+    {
+        QCOMPARE(write(m_end, bytes.constData(), static_cast<size_t>(bytes.size())),
+                 static_cast<ssize_t>(bytes.size()));
+    }
+    QByteArray received() const
+    {
+        char bytes[64];
+        const ssize_t count = read(m_end, bytes, sizeof bytes);
+        return QByteArray(bytes, static_cast<int>(qMax<ssize_t>(0, count)));
+    }
+    void closeEnd()
+    {
+        if (m_end >= 0)
+            close(m_end);
+        m_end = -1;
+    }
+
+private:
+    int m_end;
+};
+
+/// An empty current folder, for as long as it lives.
+class CurrentFolder
+{
+public:
+    CurrentFolder() { QDir::setCurrent(m_folder.path()); }
+    ~CurrentFolder() { QDir::setCurrent(m_before); }
+
+    QString path() const { return QDir::currentPath(); }
+
+private:
+    QString m_before = QDir::currentPath();
+    QTemporaryDir m_folder;
+};
+
+/// A hundred thousand bytes, none of them lost or out of order.
+QByteArray flood()
+{
+    QByteArray bytes;
+    for (int i = 0; i < 50000; ++i) {
+        bytes += static_cast<char>(i >> 8);
+        bytes += static_cast<char>(i & 0xFF);
+    }
+    return bytes;
+}
+
+/// What a line tells.
+struct Listener {
+    explicit Listener(Line* line)
+    {
+        QObject::connect(line, &Line::opened, line, [this] { ++opened; });
+        QObject::connect(line, &Line::bytesArrived, line, [this](const QByteArray& bytes) {
+            arrived += bytes;
+            longest = qMax(longest, static_cast<int>(bytes.size()));
+        });
+        QObject::connect(line, &Line::failed, line, [this](const QString& e) { errors << e; });
+    }
+    /// The longest of the pieces that came.
+    int longest = 0;
+    int opened = 0;
+    QByteArray arrived;
+    QStringList errors;
+};
+
+} // namespace
+
+class LinesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void serialCarriesBytesBothWays();
+    void serialThrowsAwayWhatWaits();
+    void serialNamedByALinkInTheCurrentFolder();
+    void bareNameIsLookedForInDevFirst_data();
+    void bareNameIsLookedForInDevFirst();
+    void serialThatIsNotThere();
+    void serialThatGoesAway();
+    void serialFloodIsTakenInPieces();
+    void networkCarriesBytesBothWays();
+    void networkIsNamedAsItIsTyped();
+    void networkFloodIsTakenInPieces();
+    void networkThatRefuses();
+    void networkThatGoesAway();
+};
+
+void LinesTest::serialCarriesBytesBothWays()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), {19200, 8, 1, 1}, QSerialPort::EvenParity);
+    Listener listener(&line);
+    line.open();
+    QCOMPARE(listener.opened, 1);
+    QVERIFY(line.isOpen());
+    QCOMPARE(line.name(), controller.name());
+    QCOMPARE(line.timing().bitsPerCharacter(), 11);
+    // All that terminals like to change: NUL, XON, XOFF, CR, LF, 0x7F, 0xFF.
+    const QByteArray bytes = QByteArray::fromHex("00 11 13 0D 0A 7F FF 03 04");
+    line.write(bytes);
+    QByteArray received;
+    QTRY_COMPARE(received += controller.received(), bytes);
+    controller.send(bytes);
+    QTRY_COMPARE(listener.arrived, bytes);
+    QVERIFY(listener.errors.isEmpty());
+}
+
+void LinesTest::serialThrowsAwayWhatWaits()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    controller.send("old");
+    QTest::qSleep(20);
+    line.discardWaiting();
+    controller.send("new");
+    QTRY_COMPARE(listener.arrived, QByteArray("new"));
+}
+
+void LinesTest::serialNamedByALinkInTheCurrentFolder()
+{
+    const CurrentFolder folder;
+    PseudoTerminal controller;
+    QVERIFY(QFile::link(controller.name(), QStringLiteral("kx-line")));
+    SerialLine line(QStringLiteral("kx-line"), LineTiming(), QSerialPort::NoParity);
+    QCOMPARE(line.name(), folder.path() + QLatin1String("/kx-line"));
+    Listener listener(&line);
+    line.open();
+    QCOMPARE(listener.errors, QStringList());
+    QCOMPARE(listener.opened, 1);
+    controller.send("reply");
+    QTRY_COMPARE(listener.arrived, QByteArray("reply"));
+}
+
+void LinesTest::bareNameIsLookedForInDevFirst_data()
+{
+    QTest::addColumn<QString>("fileHere");
+    QTest::addColumn<QString>("portName");
+    QTest::addColumn<QString>("start");
+
+    QTest::newRow("nowhere") << "other"
+                             << "kx-none"
+                             << "/dev/kx-none: cannot open the port: ";
+    QTest::newRow("in both") << "null"
+                             << "null"
+                             << "/dev/null: cannot open the port: ";
+}
+
+void LinesTest::bareNameIsLookedForInDevFirst()
+{
+    QFETCH(QString, fileHere);
+    QFETCH(QString, portName);
+    QFETCH(QString, start);
+    const CurrentFolder folder;
+    QVERIFY(QFile(fileHere).open(QIODevice::WriteOnly));
+    SerialLine line(portName, LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    QVERIFY2(listener.errors.value(0).startsWith(start), qPrintable(listener.errors.value(0)));
+}
+
+void LinesTest::serialThatIsNotThere()
+{
+    const QString name = QString::fromLatin1("/dev/kx-no-such-port");
+    SerialLine line(name, LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    QCOMPARE(listener.opened, 0);
+    QCOMPARE(listener.errors.size(), 1);
+    QVERIFY2(listener.errors.first().startsWith(name + QLatin1String(": cannot open the port: ")),
+             qPrintable(listener.errors.first()));
+}
+
+void LinesTest::serialThatGoesAway()
+{
+    PseudoTerminal controller;
+    const QString name = controller.name();
+    SerialLine line(name, LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    controller.closeEnd();
+    QTRY_COMPARE(listener.errors.size(), 1);
+    QCOMPARE(listener.errors.first(), name + QLatin1String(": the port was closed or unplugged"));
+    QVERIFY(!line.isOpen());
+}
+
+void LinesTest::networkCarriesBytesBothWays()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.serverPort());
+    Listener listener(&line);
+    line.open();
+    QTRY_COMPARE(listener.opened, 1);
+    QVERIFY(line.isOpen());
+    QCOMPARE(line.name(), QString::fromLatin1("127.0.0.1:%1").arg(gateway.serverPort()));
+    QCOMPARE(line.timing().frameGap(), qint64(0));
+    QTRY_VERIFY(gateway.hasPendingConnections());
+    QTcpSocket* const peer = gateway.nextPendingConnection();
+    line.write("request");
+    QByteArray received;
+    QTRY_COMPARE(received += peer->readAll(), QByteArray("request"));
+    peer->write("reply");
+    QTRY_COMPARE(listener.arrived, QByteArray("reply"));
+}
+
+void LinesTest::networkIsNamedAsItIsTyped()
+{
+    QCOMPARE(TcpLine(QString::fromLatin1("::1"), 8888).name(), QString::fromLatin1("[::1]:8888"));
+    QCOMPARE(TcpLine(QString::fromLatin1("gateway"), 502).name(),
+             QString::fromLatin1("gateway:502"));
+}
+
+void LinesTest::networkThatRefuses()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    const quint16 port = gateway.serverPort();
+    gateway.close();
+    TcpLine line(QString::fromLatin1("127.0.0.1"), port);
+    Listener listener(&line);
+    line.open();
+    QTRY_COMPARE(listener.errors.size(), 1);
+    QCOMPARE(listener.errors.first(),
+             QString::fromLatin1("127.0.0.1:%1: cannot connect: Connection refused").arg(port));
+    QCOMPARE(listener.opened, 0);
+}
+
+void LinesTest::networkThatGoesAway()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.serverPort());
+    Listener listener(&line);
+    line.open();
+    QTRY_VERIFY(gateway.hasPendingConnections());
+    QTRY_COMPARE(listener.opened, 1);
+    gateway.nextPendingConnection()->close();
+    QTRY_COMPARE(listener.errors.size(), 1);
+    QVERIFY2(listener.errors.first().contains(QLatin1String(": the connection is lost: ")),
+             qPrintable(listener.errors.first()));
+    QVERIFY(!line.isOpen());
+}
+
+void LinesTest::serialFloodIsTakenInPieces()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    const QByteArray bytes = flood();
+    int sent = 0;
+    QTimer sender;
+    connect(&sender, &QTimer::timeout, &sender,
+            [&] { sent += controller.sendSome(bytes.mid(sent)); });
+    sender.start(0);
+    QTRY_COMPARE_WITH_TIMEOUT(listener.arrived.size(), bytes.size(), 20000);
+    QVERIFY(listener.arrived == bytes);
+    QVERIFY2(listener.longest <= 4096, qPrintable(QString::number(listener.longest)));
+}
+
+void LinesTest::networkFloodIsTakenInPieces()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.serverPort());
+    Listener listener(&line);
+    line.open();
+    QTRY_VERIFY(gateway.hasPendingConnections());
+    QTcpSocket* const peer = gateway.nextPendingConnection();
+    const QByteArray bytes = flood();
+    peer->write(bytes);
+    QTRY_COMPARE_WITH_TIMEOUT(listener.arrived.size(), bytes.size(), 20000);
+    QVERIFY(listener.arrived == bytes);
+    QVERIFY2(listener.longest <= 4096, qPrintable(QString::number(listener.longest)));
+}
+
+QTEST_GUILESS_MAIN(LinesTest)
+#include "tst_lines.moc"

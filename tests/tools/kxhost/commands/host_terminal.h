@@ -1,0 +1,43 @@
+/// kxhost on a terminal of its own, at which a test types and reads.
+#ifndef KX_TESTS_HOST_TERMINAL_H
+#define KX_TESTS_HOST_TERMINAL_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QStringList>
+
+#include <sys/types.h>
+
+namespace kx
+{
+
+class HostTerminal
+{
+public:
+    /// A terminal of 80 columns.
+    explicit HostTerminal(const QStringList& arguments, int rows = 24,
+                          const QByteArray& kind = "xterm");
+    ~HostTerminal();
+
+    void type(const QByteArray& keys);
+    /// Reads until `text` was shown since the start; false after 10 seconds.
+    bool waitFor(const QByteArray& text);
+    /// Reads until the program ends; -1 when it crashed or goes on for 10 seconds.
+    int exitCode();
+
+    /// All that was shown so far.
+    QByteArray output() const { return m_output; }
+    /// Whether the terminal echoes keys, as it does unless told otherwise.
+    bool echoes() const;
+
+private:
+    bool readSome();
+
+    int m_terminal = -1;
+    int m_ownEnd = -1; ///< keeps the terminal and its settings when the program is gone
+    pid_t m_program = -1;
+    QByteArray m_output;
+};
+
+} // namespace kx
+
+#endif

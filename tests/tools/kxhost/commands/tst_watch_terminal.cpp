@@ -1,0 +1,142 @@
+#include "host_terminal.h"
+#include "watch_process.h"
+
+#include <QtTest/QTest>
+
+using namespace kx;
+
+namespace
+{
+
+const char* const FIRST_SCREEN_AGAIN = "\x1b[?1049l";
+
+} // namespace
+
+class WatchTerminalTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void tableIsDrawnInPlaceAndTheTerminalRestored();
+    void tableFitsTheTerminal();
+    void aSilentStationIsMarkedAboveTheTable();
+    void typedAssignmentIsWritten();
+    void typedAssignments_data();
+    void typedAssignments();
+    void framesAndPlainTerminalsGetLines_data();
+    void framesAndPlainTerminalsGetLines();
+    void lostLineGivesTheTerminalBackBeforeItIsTold();
+};
+
+void WatchTerminalTest::tableIsDrawnInPlaceAndTheTerminalRestored()
+{
+    const KxsimProcess simulator(presets("D100=1234"));
+    HostTerminal terminal(on(simulator, "watch D100"));
+    QVERIFY(terminal.waitFor("      1  D        100     100        1234      0x04D2"));
+    QVERIFY(terminal.waitFor("ok\x1b[K"));
+    QVERIFY(terminal.output().startsWith("\x1b[?1049h\x1b[?25l"));
+    QVERIFY(terminal.output().contains("\x1b[H" + simulator.portName().toUtf8() + "  9600 8N1  "));
+    QVERIFY(!terminal.echoes());
+    terminal.type("\x03"); // Ctrl-C
+    QCOMPARE(terminal.exitCode(), 0);
+    QVERIFY(terminal.echoes());
+    const QByteArray after =
+        terminal.output().mid(terminal.output().lastIndexOf(FIRST_SCREEN_AGAIN));
+    QVERIFY2(after.contains("        1234      0x04D2"), after.constData());
+    QVERIFY2(after.contains(" 0 repeated, 0 failed\r\n"), after.constData());
+    QVERIFY(terminal.output().contains("\x1b[?25h"));
+}
+
+void WatchTerminalTest::aSilentStationIsMarkedAboveTheTable()
+{
+    const KxsimProcess simulator;
+    HostTerminal terminal(on(simulator, "watch D100@9 --timeout 100 --retries 1"));
+    QVERIFY(terminal.waitFor("\x1b[H! station 9 does not answer  "));
+    terminal.type("\x03"); // Ctrl-C
+    QCOMPARE(terminal.exitCode(), 1);
+}
+
+void WatchTerminalTest::tableFitsTheTerminal()
+{
+    const KxsimProcess simulator;
+    HostTerminal terminal(on(simulator, "watch D0:30"), 10);
+    // Ten lines: two above, a heading, four rows, the count of the rest, two below.
+    QVERIFY(terminal.waitFor("... and 26 more\x1b[K"));
+    const QByteArray screen = terminal.output().mid(terminal.output().indexOf("\x1b[H\x1b[2J") + 7);
+    const QByteArray first = screen.left(screen.indexOf("\x1b[J"));
+    QCOMPARE(first.count('\n'), 9);
+}
+
+void WatchTerminalTest::typedAssignmentIsWritten()
+{
+    KxsimProcess simulator(presets("D100=1234"));
+    HostTerminal terminal(on(simulator, "watch D100"));
+    QVERIFY(terminal.waitFor("0x04D2"));
+    terminal.type("D100=");
+    QVERIFY(terminal.waitFor("write> D100=_"));
+    terminal.type("77\r");
+    QVERIFY(terminal.waitFor("D100 at station 1: confirmed"));
+    QCOMPARE(simulator.ask(QString::fromLatin1("get D100")), QString::fromLatin1("D100=77"));
+    QVERIFY(terminal.waitFor("          77      0x004D"));
+}
+
+void WatchTerminalTest::typedAssignments_data()
+{
+    QTest::addColumn<QByteArray>("typed");
+    QTest::addColumn<QByteArray>("message");
+    QTest::newRow("no assignment") << QByteArray("D100\r") << QByteArray("D100: not an assignment");
+    QTest::newRow("does not fit") << QByteArray("D100=65536\r")
+                                  << QByteArray("D100=65536: 65536 does not fit");
+    QTest::newRow("an input") << QByteArray("X0=1\r") << QByteArray("X cannot be written");
+    QTest::newRow("silent station")
+        << QByteArray("D100@9=5\r")
+        << QByteArray("D100 at station 9: not written, no reply, failed");
+}
+
+void WatchTerminalTest::typedAssignments()
+{
+    QFETCH(QByteArray, typed);
+    QFETCH(QByteArray, message);
+    KxsimProcess simulator(presets("D100=1234"));
+    HostTerminal terminal(on(simulator, "watch D100 --timeout 30 --retries 1"));
+    QVERIFY(terminal.waitFor("0x04D2"));
+    terminal.type(typed);
+    QVERIFY(terminal.waitFor(message));
+    QCOMPARE(simulator.ask(QString::fromLatin1("get D100")), QString::fromLatin1("D100=1234"));
+}
+
+void WatchTerminalTest::framesAndPlainTerminalsGetLines_data()
+{
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<QByteArray>("kind");
+    QTest::newRow("frames") << QByteArray("watch D100 --cycles 1 --frames") << QByteArray("xterm");
+    QTest::newRow("JSON") << QByteArray("watch D100 --cycles 1 --json") << QByteArray("xterm");
+    QTest::newRow("dumb terminal") << QByteArray("watch D100 --cycles 1") << QByteArray("dumb");
+    QTest::newRow("unknown terminal") << QByteArray("watch D100 --cycles 1") << QByteArray();
+}
+
+void WatchTerminalTest::framesAndPlainTerminalsGetLines()
+{
+    QFETCH(QByteArray, arguments);
+    QFETCH(QByteArray, kind);
+    const KxsimProcess simulator(presets("D100=1234"));
+    HostTerminal terminal(on(simulator, arguments.constData()), 24, kind);
+    QCOMPARE(terminal.exitCode(), 0);
+    QVERIFY(terminal.output().contains("1234"));
+    QVERIFY2(!terminal.output().contains('\x1b'), terminal.output().constData());
+}
+
+void WatchTerminalTest::lostLineGivesTheTerminalBackBeforeItIsTold()
+{
+    auto simulator = std::make_unique<KxsimProcess>(presets("D100=1234"));
+    HostTerminal terminal(on(*simulator, "watch D100"));
+    QVERIFY(terminal.waitFor("0x04D2"));
+    simulator.reset();
+    QCOMPARE(terminal.exitCode(), 1);
+    QVERIFY(terminal.output().indexOf(FIRST_SCREEN_AGAIN)
+            < terminal.output().indexOf(": the port was closed or unplugged"));
+    QVERIFY(terminal.echoes());
+}
+
+QTEST_GUILESS_MAIN(WatchTerminalTest)
+#include "tst_watch_terminal.moc"

@@ -1,0 +1,103 @@
+#include "kxhost/views/line_views.h"
+#include "tools/panel/watch/watch_entries.h"
+
+#include <QtCore/QJsonDocument>
+#include <QtTest/QTest>
+
+using namespace kx;
+
+class LineViewsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // Lines show local time, JSON shows UTC.
+    void initTestCase() { qputenv("TZ", "UTC"); }
+    void entries_data();
+    void entries();
+    void namedEntries_data();
+    void namedEntries();
+};
+
+void LineViewsTest::entries_data()
+{
+    QTest::addColumn<QByteArray>("address");
+    QTest::addColumn<qint64>("value");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QByteArray>("json");
+    const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
+    const int ok = int(WatchState::Ok);
+    QTest::newRow("word") << QByteArray("D100") << qint64(1234) << ok
+                          << text("2024-05-17T10:11:12.013 1 D100 1234")
+                          << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013Z",)"
+                                        R"("station":1,"address":"D100","value":1234})");
+    QTest::newRow("octal address")
+        << QByteArray("X17@2") << qint64(1) << ok << text("2024-05-17T10:11:12.013 2 X17 1")
+        << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013Z",)"
+                      R"("station":2,"address":"X17","value":1})");
+    QTest::newRow("no answer") << QByteArray("D100") << qint64(1234) << int(WatchState::NoAnswer)
+                               << text("2024-05-17T10:11:12.013 1 D100 no answer")
+                               << QByteArray(
+                                      R"({"event":"failure","time":"2024-05-17T10:11:12.013Z",)"
+                                      R"("station":1,"address":"D100","state":"no answer"})");
+    QTest::newRow("refused") << QByteArray("D100") << qint64(1234) << int(WatchState::Refused)
+                             << text("2024-05-17T10:11:12.013 1 D100 refused")
+                             << QByteArray(
+                                    R"({"event":"failure","time":"2024-05-17T10:11:12.013Z",)"
+                                    R"("station":1,"address":"D100","state":"refused"})");
+}
+
+void LineViewsTest::entries()
+{
+    QFETCH(QByteArray, address);
+    QFETCH(qint64, value);
+    QFETCH(int, state);
+    QFETCH(QByteArray, json);
+    const QDateTime time(QDate(2024, 5, 17), QTime(10, 11, 12, 13));
+    WatchEntry entry = entryOf(address.constData(), value);
+    entry.state = static_cast<WatchState>(state);
+    QTEST(entryLine(entry, time), "line");
+    QCOMPARE(entryJson(entry, time), QJsonDocument::fromJson(json).object());
+}
+
+void LineViewsTest::namedEntries_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QByteArray>("json");
+    const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
+    QTest::newRow("value") << text("Pump speed") << int(WatchState::Ok)
+                           << text("2024-05-17T10:11:12.013 1 D100 (Pump speed) 1234")
+                           << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013Z",)"
+                                         R"("station":1,"address":"D100","name":"Pump speed",)"
+                                         R"("value":1234})");
+    QTest::newRow("no answer") << text("Pump speed") << int(WatchState::NoAnswer)
+                               << text("2024-05-17T10:11:12.013 1 D100 (Pump speed) no answer")
+                               << QByteArray(
+                                      R"({"event":"failure","time":"2024-05-17T10:11:12.013Z",)"
+                                      R"("station":1,"address":"D100","name":"Pump speed",)"
+                                      R"("state":"no answer"})");
+    QTest::newRow("percent sign in the name")
+        << text("Valve %3 %4") << int(WatchState::Ok)
+        << text("2024-05-17T10:11:12.013 1 D100 (Valve %3 %4) 1234")
+        << QByteArray(R"({"event":"change","time":"2024-05-17T10:11:12.013Z",)"
+                      R"("station":1,"address":"D100","name":"Valve %3 %4","value":1234})");
+}
+
+void LineViewsTest::namedEntries()
+{
+    QFETCH(QString, name);
+    QFETCH(int, state);
+    QFETCH(QByteArray, json);
+    const QDateTime time(QDate(2024, 5, 17), QTime(10, 11, 12, 13));
+    WatchEntry entry = entryOf("D100", 1234);
+    entry.name = name;
+    entry.state = static_cast<WatchState>(state);
+    QTEST(entryLine(entry, time), "line");
+    QCOMPARE(entryJson(entry, time), QJsonDocument::fromJson(json).object());
+}
+
+QTEST_GUILESS_MAIN(LineViewsTest)
+#include "tst_line_views.moc"

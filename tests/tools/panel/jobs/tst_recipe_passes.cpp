@@ -1,0 +1,192 @@
+#include "panel/jobs/recipe_transfer.h"
+#include "support/driver_fixture.h"
+#include "tools/exchange/scripted_line.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+using namespace kx;
+
+namespace
+{
+
+// Blocks D0 and D9 of station 1, then coil M5 in a pass of its own.
+const char ROWS[] = "name,station,register,address,type,value\n"
+                    "a,1,D,0,uint16,5\nb,1,D,9,uint16,6\nc,1,M,5,bit,1\n";
+// Station, function 6, register, value: a station confirms with the same bytes.
+const char WRITE_D0[] = "01 06 00 00 00 05";
+const char WRITE_D9[] = "01 06 00 09 00 06";
+// Station, function 5, coil 2000 + 5, on.
+const char WRITE_M5[] = "01 05 07 D5 FF 00";
+
+} // namespace
+
+class TestRecipePasses : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void passesFollowEachOther();
+    void uploadedValuesComeFromBufferAndCache();
+    void failureEndsTheTransfer();
+    void refusalAfterSilenceLeavesTheBlockOpen();
+    void answerAfterSilenceSettlesTheBlock();
+    void abortLowersTheRequest();
+    void lostLineEndsTheTransfer();
+
+private:
+    void make(RecipeDirection direction);
+    void confirm(const char* frame) { m_line->answer({{1, withCrc(frame)}}); }
+
+    QList<RecipeRow> m_rows;
+    std::unique_ptr<ScriptedLine> m_line;
+    std::unique_ptr<DriverSession> m_session;
+    std::unique_ptr<RecipeTransfer> m_transfer;
+};
+
+void TestRecipePasses::init()
+{
+    DriverEntryPoints entryPoints;
+    QString error;
+    QVERIFY2(loadDriver(QString::fromLatin1(KX_DRIVER_FILE), &entryPoints, &error),
+             qPrintable(error));
+    RecipeFile file;
+    QVERIFY2(RecipeFile::parse(ROWS, 1, &file, &error), qPrintable(error));
+    m_rows = file.rows();
+    m_transfer.reset();
+    m_session.reset();
+    m_line = std::make_unique<ScriptedLine>();
+    SessionSettings settings;
+    settings.exchange = {50, 20, 5};
+    settings.retries = 2;
+    m_session = std::make_unique<DriverSession>(entryPoints, m_line.get(), settings);
+}
+
+void TestRecipePasses::make(RecipeDirection direction)
+{
+    RecipeLayout layout;
+    QString error;
+    QVERIFY2(layOutRecipe(m_rows, 32, &layout, &error), qPrintable(error));
+    m_transfer = std::make_unique<RecipeTransfer>(m_session.get(), layout, direction);
+}
+
+void TestRecipePasses::passesFollowEachOther()
+{
+    make(RecipeDirection::Download);
+    QCOMPARE(m_transfer->blocks(), 3);
+    QSignalSpy blocks(m_transfer.get(), &RecipeTransfer::blockDone);
+    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    for (const char* frame : {WRITE_M5, WRITE_D0, WRITE_D9})
+        confirm(frame);
+    m_transfer->start();
+    QVERIFY(m_session->isRecipePending());
+    QTRY_COMPARE(finished.size(), 1);
+    QCOMPARE(m_line->written,
+             (QList<QByteArray>{withCrc(WRITE_M5), withCrc(WRITE_D0), withCrc(WRITE_D9)}));
+    QVERIFY(m_transfer->isComplete());
+    QCOMPARE(m_transfer->failure(), QString());
+    QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1", "D0:1@1", "D9:1@1"}));
+    QCOMPARE(m_transfer->blockMaybeDone(), QString());
+    QCOMPARE(blocks.size(), 3);
+    QVERIFY(!m_session->isRecipePending());
+}
+
+void TestRecipePasses::uploadedValuesComeFromBufferAndCache()
+{
+    make(RecipeDirection::Upload);
+    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    confirm("01 01 01 01");    // function 1, byte count 1, M5 on
+    confirm("01 03 02 12 34"); // function 3, byte count 2, D0
+    confirm("01 03 02 AB CD"); // D9
+    m_transfer->start();
+    QTRY_COMPARE(finished.size(), 1);
+    // Station 1, coil 2005, 1 coil; registers 0 and 9, 1 register each.
+    QCOMPARE(m_line->written,
+             (QList<QByteArray>{withCrc("01 01 07 D5 00 01"), withCrc("01 03 00 00 00 01"),
+                                withCrc("01 03 00 09 00 01")}));
+    QVERIFY(m_transfer->isComplete());
+    QCOMPARE(m_transfer->values(m_rows), (QList<quint32>{0x1234, 0xABCD, 1}));
+    QCOMPARE(m_session->recipeBuffer()[1], static_cast<unsigned short>(0x1234));
+}
+
+void TestRecipePasses::failureEndsTheTransfer()
+{
+    make(RecipeDirection::Download);
+    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    confirm(WRITE_M5);
+    confirm("01 86 02"); // function 6 refused: illegal address
+    confirm("01 86 02"); // and once more, which is the retry limit
+    m_transfer->start();
+    QTRY_COMPARE(finished.size(), 1);
+    QVERIFY(!m_transfer->isComplete());
+    QCOMPARE(m_transfer->failure(), QStringLiteral("D0:1@1: exception 2 (illegal data address)"));
+    QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1"}));
+    QCOMPARE(m_transfer->blockMaybeDone(), QString());
+    QVERIFY(!m_session->isRecipePending());
+    QTest::qWait(20);
+    QCOMPARE(m_line->written.size(), 3); // D9 was not tried
+}
+
+void TestRecipePasses::refusalAfterSilenceLeavesTheBlockOpen()
+{
+    make(RecipeDirection::Download);
+    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    confirm(WRITE_M5);
+    m_line->answer({});  // D0 may have been stored, and the reply lost
+    confirm("01 86 02"); // function 6 refused: illegal address
+    m_transfer->start();
+    QTRY_COMPARE(finished.size(), 1);
+    QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("D0:1@1"));
+}
+
+void TestRecipePasses::answerAfterSilenceSettlesTheBlock()
+{
+    make(RecipeDirection::Download);
+    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    confirm(WRITE_M5);
+    m_line->answer({}); // D0, whose second try is confirmed
+    confirm(WRITE_D0);
+    confirm("01 86 02"); // D9, refused twice: function 6, illegal address
+    confirm("01 86 02");
+    m_transfer->start();
+    QTRY_COMPARE(finished.size(), 1);
+    QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1", "D0:1@1"}));
+    QCOMPARE(m_transfer->blockMaybeDone(), QString());
+}
+
+void TestRecipePasses::abortLowersTheRequest()
+{
+    make(RecipeDirection::Download);
+    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    confirm(WRITE_M5);
+    m_transfer->start();
+    QTRY_COMPARE(m_line->written.size(), 2);
+    m_transfer->abort(QStringLiteral("interrupted"));
+    QCOMPARE(finished.size(), 1);
+    QVERIFY(!m_session->isRecipePending());
+    QVERIFY(!m_transfer->isComplete());
+    QCOMPARE(m_transfer->failure(), QStringLiteral("interrupted"));
+    QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("D0:1@1"));
+    QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1"}));
+    QTest::qWait(100); // twice the reply time-out
+    QCOMPARE(m_line->written.size(), 2);
+    m_transfer->abort(QStringLiteral("again"));
+    QCOMPARE(finished.size(), 1);
+}
+
+void TestRecipePasses::lostLineEndsTheTransfer()
+{
+    make(RecipeDirection::Upload);
+    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    m_transfer->start();
+    QTRY_COMPARE(m_line->written.size(), 1);
+    m_line->lose();
+    QCOMPARE(finished.size(), 1);
+    QCOMPARE(m_transfer->failure(), QStringLiteral("script: the port is lost: unplugged"));
+    QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("M5:1@1"));
+    QVERIFY(!m_session->isRecipePending());
+}
+
+QTEST_GUILESS_MAIN(TestRecipePasses)
+#include "tst_recipe_passes.moc"

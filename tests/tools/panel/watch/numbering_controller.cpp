@@ -1,0 +1,50 @@
+#include "tools/panel/watch/numbering_controller.h"
+
+#include "support/driver_fixture.h"
+
+namespace kx
+{
+
+namespace
+{
+
+const int READ_COILS = 1;
+
+int wordAt(const QByteArray& bytes, int index)
+{
+    return static_cast<quint8>(bytes.at(index)) << 8 | static_cast<quint8>(bytes.at(index + 1));
+}
+
+QByteArray registersFrom(int first, int count)
+{
+    QByteArray data;
+    for (int number = first; number < first + count; ++number) {
+        data += static_cast<char>(number >> 8);
+        data += static_cast<char>(number & 0xFF);
+    }
+    return data;
+}
+
+QByteArray coilsFrom(int first, int count, int coilBit)
+{
+    QByteArray data((count + 7) / 8, '\0');
+    for (int i = 0; i < count; ++i) {
+        const int coil = (first + i) >> coilBit & 1;
+        data[i / 8] = static_cast<char>(data.at(i / 8) | coil << i % 8);
+    }
+    return data;
+}
+
+} // namespace
+
+QByteArray NumberingController::replyTo(const QByteArray& request) const
+{
+    const int first = wordAt(request, 2);
+    const int count = wordAt(request, 4);
+    const QByteArray data = request.at(1) == READ_COILS ? coilsFrom(first, count, coilBit)
+                                                        : registersFrom(first, count);
+    const QByteArray frame = request.left(2) + static_cast<char>(data.size()) + data;
+    return withCrc(frame.toHex().constData());
+}
+
+} // namespace kx

@@ -1,0 +1,24 @@
+/// A controller that answers every read, each coil and register with its own number:
+/// what is shown then tells from where it came.
+#ifndef KX_TESTS_NUMBERING_CONTROLLER_H
+#define KX_TESTS_NUMBERING_CONTROLLER_H
+
+#include <QtCore/QByteArray>
+
+namespace kx
+{
+
+class NumberingController
+{
+public:
+    /// A coil holds one bit of its number, the one of this place, 0 to 14.
+    static const int COIL_BITS = 15;
+    int coilBit = 0;
+
+    /// @param request a whole read of coils or holding registers
+    QByteArray replyTo(const QByteArray& request) const;
+};
+
+} // namespace kx
+
+#endif

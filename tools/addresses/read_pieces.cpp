@@ -1,0 +1,40 @@
+#include "addresses/read_pieces.h"
+
+namespace kx
+{
+
+namespace
+{
+
+const int COILS_PER_WORD = 8;
+
+bool follows(const RegisterType* type, int address)
+{
+    return modbusNumber(type, address)
+           == modbusNumber(type, address - 1) + registersPerAddress(type);
+}
+
+} // namespace
+
+int addressesPerRead(const RegisterType* type, int maxWords)
+{
+    if (type->registerClass == BIT_CLASS)
+        return maxWords * COILS_PER_WORD;
+    return maxWords / registersPerAddress(type);
+}
+
+QList<AddressRange> readPieces(const AddressRange& range, int most)
+{
+    QList<AddressRange> pieces;
+    for (int i = 0; i < range.values; ++i) {
+        const int address = range.address + i;
+        const bool fits = i > 0 && pieces.last().values < most && follows(range.type, address);
+        if (fits)
+            ++pieces.last().values;
+        else
+            pieces.append({range.type, address, 1, range.station});
+    }
+    return pieces;
+}
+
+} // namespace kx

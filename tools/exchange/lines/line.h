@@ -1,0 +1,49 @@
+/// A line to the controllers: bytes out, bytes in, never blocking.
+#ifndef KX_EXCHANGE_LINES_LINE_H
+#define KX_EXCHANGE_LINES_LINE_H
+
+#include "exchange/lines/line_timing.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+namespace kx
+{
+
+class Line : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// What a person calls the line: "/dev/ttyUSB0", "192.168.0.5:8888".
+    virtual QString name() const = 0;
+    virtual LineTiming timing() const = 0;
+
+    /// Ends in opened() or failed(), possibly before it returns.
+    virtual void open() = 0;
+    virtual void close() = 0;
+    virtual bool isOpen() const = 0;
+
+    /// Queues bytes; a fault comes later as failed().
+    virtual void write(const QByteArray& bytes) = 0;
+    /// Throws away what has arrived and was not yet reported; returns what is known
+    /// of it.
+    virtual QByteArray discardWaiting() = 0;
+
+signals:
+    void opened();
+    /// At most a few kilobytes at once, however many a line brings.
+    void bytesArrived(const QByteArray& bytes);
+    /// The line is lost and is being opened again; opened() or failed() follows.
+    void interrupted();
+    /// The line cannot be opened, or is lost; it is closed then. `error` is one
+    /// line that begins with the line's name.
+    void failed(const QString& error);
+};
+
+} // namespace kx
+
+#endif

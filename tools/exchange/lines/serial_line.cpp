@@ -1,0 +1,80 @@
+#include "exchange/lines/serial_line.h"
+
+#include "system/port_access.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
+namespace kx
+{
+
+namespace
+{
+
+QSerialPort::StopBits stopBits(int bits)
+{
+    return bits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop;
+}
+
+/// QSerialPort looks for a bare name in /dev only; a link to a port may also stand
+/// in the current folder.
+QString pathOf(const QString& portName)
+{
+    if (portName.contains(QLatin1Char('/')))
+        return portName;
+    const QString device = QStringLiteral("/dev/%1").arg(portName);
+    const bool isHere = QFileInfo::exists(portName) && !QFileInfo::exists(device);
+    return isHere ? QDir::current().absoluteFilePath(portName) : device;
+}
+
+} // namespace
+
+SerialLine::SerialLine(const QString& portName, const LineTiming& timing,
+                       QSerialPort::Parity parity, QObject* parent)
+    : Line(parent), m_timing(timing), m_name(pathOf(portName))
+{
+    m_port.setPortName(m_name);
+    m_port.setBaudRate(timing.baud);
+    m_port.setDataBits(static_cast<QSerialPort::DataBits>(timing.dataBits));
+    m_port.setStopBits(stopBits(timing.stopBits));
+    m_port.setParity(parity);
+    m_port.setReadBufferSize(BoundedReader::MOST_AT_ONCE);
+    connect(&m_reader, &BoundedReader::bytesArrived, this, &Line::bytesArrived);
+    connect(&m_port, &QSerialPort::errorOccurred, this, &SerialLine::handleError);
+}
+
+void SerialLine::open()
+{
+    if (!m_port.open(QIODevice::ReadWrite))
+        return;
+    discardWaiting();
+    emit opened();
+}
+
+void SerialLine::close()
+{
+    if (m_port.isOpen())
+        m_port.close();
+}
+
+QByteArray SerialLine::discardWaiting()
+{
+    QByteArray discarded = m_port.readAll();
+    m_port.clear(QSerialPort::Input);
+    return discarded;
+}
+
+void SerialLine::handleError(QSerialPort::SerialPortError error)
+{
+    if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError)
+        return;
+    const bool wasOpen = m_port.isOpen();
+    // What the system says of a port that died depends on the call that met it first.
+    const QString reason = wasOpen ? QStringLiteral("the port was closed or unplugged")
+                                   : QStringLiteral("cannot open the port: %1")
+                                         .arg(m_port.errorString() + accessAdvice(m_name));
+    close();
+    emit failed(QStringLiteral("%1: %2").arg(m_name, reason));
+}
+
+} // namespace kx

@@ -1,0 +1,43 @@
+#ifndef KX_EXCHANGE_LINES_SERIAL_LINE_H
+#define KX_EXCHANGE_LINES_SERIAL_LINE_H
+
+#include "exchange/lines/bounded_reader.h"
+#include "exchange/lines/line.h"
+
+#include <QtSerialPort/QSerialPort>
+
+namespace kx
+{
+
+/// A serial port, or a pseudo-terminal that stands for one.
+class SerialLine : public Line
+{
+    Q_OBJECT
+
+public:
+    /// @param portName a path, or a bare name in /dev or else in the current folder
+    /// @param timing its parity bit tells only the length; `parity` says which
+    SerialLine(const QString& portName, const LineTiming& timing, QSerialPort::Parity parity,
+               QObject* parent = nullptr);
+
+    /// The path that is opened.
+    QString name() const override { return m_name; }
+    LineTiming timing() const override { return m_timing; }
+    void open() override;
+    void close() override;
+    bool isOpen() const override { return m_port.isOpen(); }
+    void write(const QByteArray& bytes) override { m_port.write(bytes); }
+    QByteArray discardWaiting() override;
+
+private:
+    void handleError(QSerialPort::SerialPortError error);
+
+    QSerialPort m_port;
+    BoundedReader m_reader{&m_port};
+    LineTiming m_timing;
+    QString m_name;
+};
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,68 @@
+#include "exchange/lines/tcp_line.h"
+
+#include "exchange/lines/gateway_address.h"
+
+namespace kx
+{
+
+namespace
+{
+
+const int CONNECT_TIMEOUT = 5000; // milliseconds
+
+} // namespace
+
+TcpLine::TcpLine(const QString& host, quint16 port, QObject* parent)
+    : Line(parent), m_host(host), m_port(port)
+{
+    m_connecting.setSingleShot(true);
+    connect(&m_connecting, &QTimer::timeout, this, [this] {
+        m_socket.abort();
+        emit failed(QString::fromLatin1("%1: no connection within %2 seconds")
+                        .arg(name(), QString::number(CONNECT_TIMEOUT / 1000)));
+    });
+    connect(&m_socket, &QTcpSocket::connected, this, [this] {
+        m_connecting.stop();
+        m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        emit opened();
+    });
+    m_socket.setReadBufferSize(BoundedReader::MOST_AT_ONCE);
+    connect(&m_reader, &BoundedReader::bytesArrived, this, &Line::bytesArrived);
+    connect(&m_socket, &QAbstractSocket::errorOccurred, this, &TcpLine::handleError);
+}
+
+QString TcpLine::name() const
+{
+    return gatewayText({m_host, m_port});
+}
+
+LineTiming TcpLine::timing() const
+{
+    LineTiming network;
+    network.baud = 0;
+    return network;
+}
+
+void TcpLine::open()
+{
+    m_connecting.start(CONNECT_TIMEOUT);
+    m_socket.connectToHost(m_host, m_port);
+}
+
+void TcpLine::close()
+{
+    m_connecting.stop();
+    m_socket.abort();
+}
+
+void TcpLine::handleError()
+{
+    const bool wasConnecting = m_connecting.isActive();
+    const QString reason = m_socket.errorString();
+    close();
+    emit failed(QString::fromLatin1(wasConnecting ? "%1: cannot connect: %2"
+                                                  : "%1: the connection is lost: %2")
+                    .arg(name(), reason));
+}
+
+} // namespace kx

@@ -1,0 +1,44 @@
+#ifndef KX_EXCHANGE_LINES_TCP_LINE_H
+#define KX_EXCHANGE_LINES_TCP_LINE_H
+
+#include "exchange/lines/bounded_reader.h"
+#include "exchange/lines/line.h"
+
+#include <QtCore/QTimer>
+#include <QtNetwork/QTcpSocket>
+
+namespace kx
+{
+
+/// A gateway that carries the serial line's bytes over the network unchanged.
+class TcpLine : public Line
+{
+    Q_OBJECT
+
+public:
+    /// @param host a name or an IP address, without brackets
+    TcpLine(const QString& host, quint16 port, QObject* parent = nullptr);
+
+    /// See gatewayText().
+    QString name() const override;
+    LineTiming timing() const override;
+    /// Gives up after 5 seconds.
+    void open() override;
+    void close() override;
+    bool isOpen() const override { return m_socket.state() == QAbstractSocket::ConnectedState; }
+    void write(const QByteArray& bytes) override { m_socket.write(bytes); }
+    QByteArray discardWaiting() override { return m_socket.readAll(); }
+
+private:
+    void handleError();
+
+    QTcpSocket m_socket;
+    BoundedReader m_reader{&m_socket};
+    QTimer m_connecting;
+    QString m_host;
+    quint16 m_port;
+};
+
+} // namespace kx
+
+#endif

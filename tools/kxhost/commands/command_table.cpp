@@ -1,0 +1,61 @@
+#include "kxhost/commands/command_table.h"
+
+#include "kxhost/commands/commands.h"
+#include "kxhost/options/command_line.h"
+
+namespace kx
+{
+
+const std::vector<Command>& commands()
+{
+    static const std::vector<Command> table = {
+        {"watch", "show values as they change", "kxhost watch D100:4 M0:8 X10 --port /dev/ttyUSB0",
+         runWatch},
+        {"read", "read values once", "kxhost read D100:10 --port /dev/ttyUSB0", runRead},
+        {"write", "write values", "kxhost write D100=1234 M0=1,0,1,1 --port /dev/ttyUSB0",
+         runWrite},
+        {"recipe", "download or upload a file of values",
+         "kxhost recipe download filling.csv --port /dev/ttyUSB0", runRecipe},
+        {"check", "say whether addresses are valid", "kxhost check X377 D8000", runCheck},
+        {"registers", "show the register types", "kxhost registers", runRegisters},
+        {"series", "generate the addresses of copies of a tag",
+         "kxhost series D100 --count 8 --step 2", runSeries},
+        {"plan", "show the requests and the time of a watch list",
+         "kxhost plan D100:4 D110:2 M0:8 --baud 9600", runPlan},
+        {"scan", "find the stations on a line", "kxhost scan --stations 1-247 --port /dev/ttyUSB0",
+         runScan},
+    };
+    return table;
+}
+
+const Command* findCommand(const QString& name)
+{
+    for (const Command& command : commands()) {
+        if (name == QLatin1String(command.name))
+            return &command;
+    }
+    return nullptr;
+}
+
+QString helpOfAllCommands()
+{
+    QString help =
+        QString::fromLatin1("Usage: kxhost COMMAND [options] ...\n"
+                            "Talks to KX series controllers over Modbus RTU.\n\nCommands:\n");
+    for (const Command& command : commands())
+        help += QString::fromLatin1("  %1 %2\n")
+                    .arg(QLatin1String(command.name), -10)
+                    .arg(QLatin1String(command.summary));
+    help += QLatin1String("\nExamples:\n");
+    for (const Command& command : commands())
+        help += QString::fromLatin1("  %1\n").arg(QLatin1String(command.example));
+    help += QLatin1String("\nAn address is TYPENUMBER[:COUNT][@STATION], such as D100:4, X17 or "
+                          "32CV200@2.\nX and Y are octal (X10 follows X7), all other types "
+                          "decimal.\n\n");
+    help += exitCodesText();
+    help += QLatin1String("\nkxhost COMMAND --help shows the options of a command,\n"
+                          "kxhost --version the versions.\n");
+    return help;
+}
+
+} // namespace kx

@@ -1,0 +1,32 @@
+/// What each command of kxhost does with the arguments behind its name; all return an
+/// ExitCode.
+#ifndef KX_KXHOST_COMMANDS_COMMANDS_H
+#define KX_KXHOST_COMMANDS_COMMANDS_H
+
+#include <QtCore/QStringList>
+
+namespace kx
+{
+
+/// Asks the driver whether addresses are valid.
+int runCheck(const QStringList& arguments);
+/// Shows what the driver would ask for a watch list, and how long that takes.
+int runPlan(const QStringList& arguments);
+/// Reads values once.
+int runRead(const QStringList& arguments);
+/// Transfers a file of values.
+int runRecipe(const QStringList& arguments);
+/// Shows the driver's register types.
+int runRegisters(const QStringList& arguments);
+/// Finds the stations that answer on a line.
+int runScan(const QStringList& arguments);
+/// Generates the addresses of copies of a tag.
+int runSeries(const QStringList& arguments);
+/// Reads values in cycles and shows their changes.
+int runWatch(const QStringList& arguments);
+/// Writes values.
+int runWrite(const QStringList& arguments);
+
+} // namespace kx
+
+#endif

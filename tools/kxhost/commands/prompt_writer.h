@@ -1,0 +1,36 @@
+#ifndef KX_KXHOST_COMMANDS_PROMPT_WRITER_H
+#define KX_KXHOST_COMMANDS_PROMPT_WRITER_H
+
+#include "panel/session/write_pacer.h"
+
+namespace kx
+{
+
+/// Writes assignments as they are typed, and tells what became of them.
+class PromptWriter : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param station of assignments that name none
+    PromptWriter(DriverSession* session, int station);
+
+    /// Says in message() why when the assignment is refused; else writes it.
+    void take(const QString& line);
+
+signals:
+    void message(const QString& text);
+
+private:
+    bool isRefused(const Assignment& assignment, QString* reason) const;
+    void takeExchange(const ExchangeRecord& record);
+
+    DriverSession* m_session;
+    WritePacer m_pacer;
+    int m_station;
+    bool m_hasFailed = false; ///< a piece of the last assignment has
+};
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,100 @@
+#include "kxhost/options/command_line.h"
+
+#include "addresses/digits.h"
+#include "addresses/station_text.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+
+namespace kx
+{
+
+namespace
+{
+
+QString helpText(const QCommandLineParser& parser, const CommandHelp& help)
+{
+    // The parser's own usage line names the program's path and no command.
+    QString options = parser.helpText();
+    options = options.mid(options.indexOf(QLatin1Char('\n')) + 1);
+    QString text = QString::fromLatin1("Usage: kxhost %1\n%2\n%3\n"
+                                       "X and Y are octal, all other types decimal. Modbus "
+                                       "numbers are zero-based, as on\nthe wire.\n\nExamples:\n")
+                       .arg(QLatin1String(help.usage), QLatin1String(help.summary), options);
+    for (const QString& example : QString::fromLatin1(help.examples).split(QLatin1Char('\n')))
+        text += QString::fromLatin1("  %1\n").arg(example);
+    return text + QLatin1Char('\n') + exitCodesText();
+}
+
+/// "unknown option 'speed'; kxhost watch --help shows the options"
+QString parserFault(const QCommandLineParser& parser, const CommandHelp& help)
+{
+    QString fault = parser.errorText();
+    fault.replace(0, 1, fault.at(0).toLower());
+    if (fault.endsWith(QLatin1Char('.')))
+        fault.chop(1);
+    const QString command = QString::fromLatin1(help.usage).section(QLatin1Char(' '), 0, 0);
+    return QString::fromLatin1("%1; kxhost %2 --help shows the options").arg(fault, command);
+}
+
+} // namespace
+
+bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
+                      const CommandHelp& help, int* exitCode)
+{
+    const QCommandLineOption helpOption({QLatin1String("h"), QLatin1String("help")},
+                                        QLatin1String("Show this help."));
+    parser->addOption(helpOption);
+    const bool isParsed = parser->parse(QStringList(QLatin1String("kxhost")) + arguments);
+    if (parser->isSet(helpOption)) {
+        print(helpText(*parser, help));
+        *exitCode = EXIT_FINE;
+        return false;
+    }
+    if (!isParsed)
+        *exitCode = complain(parserFault(*parser, help), EXIT_WRONG_USAGE);
+    return isParsed;
+}
+
+QString exitCodesText()
+{
+    return QString::fromLatin1("Exit codes: 0 fine, 1 a station failed or the line was lost, "
+                               "2 wrong usage,\n3 the port or the library cannot be opened.\n");
+}
+
+bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
+                int* number, QString* error, const char* unit)
+{
+    const QString name = QString::fromLatin1(option);
+    if (!parser.isSet(name))
+        return true;
+    const QString typed = parser.value(name);
+    bool isNumber = false;
+    const int value = typed.toInt(&isNumber);
+    const bool isNegative = typed.startsWith(QLatin1Char('-'));
+    if (!isNumber || !hasOnlyDigits(typed.mid(isNegative ? 1 : 0), 10) || value < lowest
+        || value > highest) {
+        const QString kind = unit ? QLatin1String(" of ") + QLatin1String(unit) : QString();
+        *error = QString::fromLatin1("--%1 %2: must be a whole number%3 from %4 to %5")
+                     .arg(name, typed, kind, QString::number(lowest), QString::number(highest));
+        return false;
+    }
+    *number = value;
+    return true;
+}
+
+bool takeStation(const QCommandLineParser& parser, int* station, QString* error)
+{
+    return takeNumber(parser, "station", LOWEST_STATION, HIGHEST_STATION, station, error);
+}
+
+bool checkDataBits(const QCommandLineParser& parser, QString* error)
+{
+    const QString option = QLatin1String("data-bits");
+    const QString bits = parser.value(option);
+    if (!parser.isSet(option) || bits == QLatin1String("8"))
+        return true;
+    *error = QString::fromLatin1("--data-bits %1: Modbus RTU needs 8 data bits").arg(bits);
+    return false;
+}
+
+} // namespace kx

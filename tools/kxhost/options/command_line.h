@@ -1,0 +1,41 @@
+/// What the command lines of all commands have in common.
+#ifndef KX_KXHOST_OPTIONS_COMMAND_LINE_H
+#define KX_KXHOST_OPTIONS_COMMAND_LINE_H
+
+#include "addresses/address_text.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QStringList>
+
+namespace kx
+{
+
+/// What `kxhost COMMAND --help` shows around the options.
+struct CommandHelp {
+    const char* usage;    ///< "watch [options] ADDRESS..."
+    const char* summary;  ///< what the command does, in whole sentences
+    const char* examples; ///< one per line, without indentation
+};
+
+/// Parses a command's arguments. False when the command ends here, with the help
+/// printed or one line about a wrong option; `*exitCode` then says how.
+bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
+                      const CommandHelp& help, int* exitCode);
+
+/// What each exit code means, for the helps.
+QString exitCodesText();
+
+/// The number that an option holds, in decimal digits, or one line in `*error`.
+/// @param unit for the line, such as "milliseconds"
+bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
+                int* number, QString* error, const char* unit = nullptr);
+
+/// The number that --station holds, as takeNumber().
+bool takeStation(const QCommandLineParser& parser, int* station, QString* error);
+
+/// False and one line in `*error` when --data-bits is given and is not 8.
+bool checkDataBits(const QCommandLineParser& parser, QString* error);
+
+} // namespace kx
+
+#endif

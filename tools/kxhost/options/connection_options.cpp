@@ -1,0 +1,192 @@
+#include "kxhost/options/connection_options.h"
+
+#include "kxhost/options/command_line.h"
+
+#include <QtNetwork/QHostAddress>
+
+namespace kx
+{
+
+namespace
+{
+
+struct OptionText {
+    const char* names;       ///< separated by commas
+    const char* description; ///< %1 stands for the usual time-out
+    const char* valueName;   ///< null: a switch
+};
+
+const OptionText OPTIONS[] = {
+    {"p,port",
+     "Serial port or pseudo-terminal. A name without / is one in /dev or, when there is none, "
+     "a file of the current folder.",
+     "PORT"},
+    {"b,baud", "Bits per second (default 9600).", "BAUD"},
+    {"parity", "Parity: none, even or odd (default none).", "PARITY"},
+    {"data-bits", "Data bits: 8, which Modbus RTU needs.", "BITS"},
+    {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
+    {"tcp", "Network gateway to the serial line (default port 8888).", "HOST[:PORT]"},
+    {"simulate", "Start a simulated controller inside and talk to it.", nullptr},
+    {"fault",
+     "Fault of the simulated line and its probability, 0 to 1; kxsim --help lists the kinds; "
+     "repeatable.",
+     "KIND:PROBABILITY"},
+    {"fault-seed", "Seed of the faults, for repeatable runs (default 1).", "NUMBER"},
+    {"fault-delay", "Milliseconds that delayed replies are late (default 1500).", "MS"},
+    {"a,station", "Station of addresses without @STATION (default 1).", "STATION"},
+    {"t,timeout", "Milliseconds to wait for a reply (default %1).", "MS"},
+    {"settle",
+     "Milliseconds after the time-out in which a late reply may still come; requests that it "
+     "could be taken to answer wait so long (default as --timeout).",
+     "MS"},
+    {"quiet",
+     "Milliseconds of silence before each request (default, and at least, the time of 3.5 "
+     "characters; on a gateway 0).",
+     "MS"},
+    {"r,retries", "Bad or missing replies in a row after which a request has failed (default 3).",
+     "COUNT"},
+    {"reopen", "Seconds in which a lost line is opened again (default 0: end at once).", "SECONDS"},
+    {"max-words", "The driver's longest request: so many registers, or watched bits (default 32).",
+     "COUNT"},
+    {"library",
+     "File of the driver library (default: the one beside the program, else the system's).",
+     "PATH"},
+    {"frames", "Show every request and reply, in hexadecimal.", nullptr},
+    {"json", "Write JSON, an object per line.", nullptr},
+};
+
+const int FASTEST_BAUD = 4000000;
+const int LONGEST_TIMEOUT = 60000;  // milliseconds
+const int LONGEST_PATIENCE = 86400; // seconds
+const int MILLISECONDS_PER_SECOND = 1000;
+const int MOST_RETRIES = 100;
+const int MOST_READ_WORDS = 125; // registers in one Modbus reply
+
+QString valueOf(const QCommandLineParser& parser, const char* option)
+{
+    return parser.value(QLatin1String(option));
+}
+
+bool isSet(const QCommandLineParser& parser, const char* option)
+{
+    return parser.isSet(QLatin1String(option));
+}
+
+bool takeParity(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    if (!isSet(parser, "parity"))
+        return true;
+    const QString parity = valueOf(parser, "parity").toLower();
+    if (parity == QLatin1String("even"))
+        options->parity = QSerialPort::EvenParity;
+    else if (parity == QLatin1String("odd"))
+        options->parity = QSerialPort::OddParity;
+    else if (parity != QLatin1String("none")) {
+        *error = QString::fromLatin1("--parity %1: must be none, even or odd").arg(parity);
+        return false;
+    }
+    options->timing.parityBits = options->parity == QSerialPort::NoParity ? 0 : 1;
+    return true;
+}
+
+bool takeGateway(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    if (!isSet(parser, "tcp"))
+        return true;
+    const QString text = valueOf(parser, "tcp");
+    if (parseGatewayAddress(text, &options->gateway))
+        return true;
+    *error = QString::fromLatin1("--tcp %1: must be HOST or HOST:PORT").arg(text);
+    if (QHostAddress(text).protocol() == QAbstractSocket::IPv6Protocol)
+        *error += QString::fromLatin1("; write an IPv6 address in brackets, [%1]").arg(text);
+    return false;
+}
+
+bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    LineTiming& timing = options->timing;
+    SessionSettings& session = options->session;
+    return takeNumber(parser, "baud", 1, FASTEST_BAUD, &timing.baud, error)
+           && checkDataBits(parser, error)
+           && takeNumber(parser, "stop-bits", 1, 2, &timing.stopBits, error)
+           && takeStation(parser, &options->station, error)
+           && takeNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
+                         error, "milliseconds")
+           && takeNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error,
+                         "milliseconds")
+           && takeNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error,
+                         "milliseconds")
+           && takeNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
+           && takeNumber(parser, "max-words", 1, MOST_READ_WORDS, &session.maxWords, error);
+}
+
+bool takePatience(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    int seconds = 0;
+    if (!takeNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error, "seconds"))
+        return false;
+    options->patience = seconds * MILLISECONDS_PER_SECOND;
+    return true;
+}
+
+bool takeFaults(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    for (const char* const option : {"fault", "fault-seed", "fault-delay"}) {
+        if (isSet(parser, option) && !options->simulate) {
+            *error = QString::fromLatin1("--%1 needs --simulate; kxsim has the same option")
+                         .arg(QLatin1String(option));
+            return false;
+        }
+    }
+    for (const QString& text : parser.values(QLatin1String("fault"))) {
+        if (!kxsim::addFault(text, &options->faults, error))
+            return false;
+    }
+    return (!isSet(parser, "fault-seed")
+            || kxsim::takeFaultSeed(valueOf(parser, "fault-seed"), &options->faults, error))
+           && (!isSet(parser, "fault-delay")
+               || kxsim::takeFaultDelay(valueOf(parser, "fault-delay"), &options->faults, error));
+}
+
+bool takeLine(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    options->port = valueOf(parser, "port");
+    options->simulate = isSet(parser, "simulate");
+    options->simulatedStations = {options->station};
+    const int lines =
+        int(isSet(parser, "port")) + int(isSet(parser, "tcp")) + int(isSet(parser, "simulate"));
+    const bool isNameless = isSet(parser, "port") && options->port.isEmpty();
+    if (lines == 1 && !isNameless)
+        return true;
+    *error = QLatin1String(lines > 1 ? "only one of --port, --tcp and --simulate can be used"
+                                     : "no line; name one with --port or --tcp, or use --simulate");
+    return false;
+}
+
+} // namespace
+
+void addConnectionOptions(QCommandLineParser* parser, int timeout, const QStringList& hidden)
+{
+    for (const OptionText& option : OPTIONS) {
+        QCommandLineOption declared(QString::fromLatin1(option.names).split(QLatin1Char(',')));
+        QString description = QString::fromLatin1(option.description);
+        declared.setDescription(description.replace(QLatin1String("%1"), QString::number(timeout)));
+        declared.setValueName(QLatin1String(option.valueName));
+        if (hidden.contains(declared.names().last()))
+            declared.setFlags(QCommandLineOption::HiddenFromHelp);
+        parser->addOption(declared);
+    }
+}
+
+bool readConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                           QString* error)
+{
+    options->library = valueOf(parser, "library");
+    options->frames = isSet(parser, "frames");
+    options->json = isSet(parser, "json");
+    return takeNumbers(parser, options, error) && takeParity(parser, options, error)
+           && takeGateway(parser, options, error) && takeLine(parser, options, error)
+           && takePatience(parser, options, error) && takeFaults(parser, options, error);
+}
+
+} // namespace kx

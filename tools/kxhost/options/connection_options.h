@@ -1,0 +1,47 @@
+/// The options that every command on a line shares.
+#ifndef KX_KXHOST_OPTIONS_CONNECTION_OPTIONS_H
+#define KX_KXHOST_OPTIONS_CONNECTION_OPTIONS_H
+
+#include "exchange/lines/gateway_address.h"
+#include "kxsim/fault_plan.h"
+#include "panel/session/driver_session.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtSerialPort/QSerialPort>
+
+namespace kx
+{
+
+struct ConnectionOptions {
+    QString port; ///< serial port, when not empty
+    LineTiming timing;
+    QSerialPort::Parity parity = QSerialPort::NoParity;
+    GatewayAddress gateway = {QString(), 8888}; ///< when its host is not empty
+    bool simulate = false;                      ///< simulated controllers inside the program
+    /// With `simulate`; commands add the stations that they need.
+    QList<int> simulatedStations;
+    kxsim::FaultPlan faults; ///< of the simulated line
+    int patience = 0;        ///< milliseconds after which a lost line is given up
+    int station = 1;         ///< of addresses that name none
+    SessionSettings session;
+    QString library; ///< the driver's file; empty: beside the program, else the system's
+    bool frames = false;
+    bool json = false;
+};
+
+/// Declares --port, --baud, --parity, --data-bits, --stop-bits, --tcp, --simulate,
+/// --fault, --fault-seed, --fault-delay, --station, --timeout, --settle, --quiet,
+/// --retries, --reopen, --max-words, --library, --frames and --json.
+/// @param timeout milliseconds that the help names as the usual time-out
+/// @param hidden  long names of options that the help leaves out
+void addConnectionOptions(QCommandLineParser* parser, int timeout = 1000,
+                          const QStringList& hidden = QStringList());
+
+/// Reads them. False and one line in `*error` when a value is wrong, or when not
+/// exactly one of --port, --tcp and --simulate is given.
+bool readConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                           QString* error);
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,102 @@
+#include "kxhost/options/plan_options.h"
+
+#include "kxhost/options/command_line.h"
+#include "kxhost/options/tags_arguments.h"
+#include "panel/plan/plan_request.h"
+
+#include <QtCore/QRegularExpression>
+
+#include <cmath>
+
+namespace kx
+{
+
+namespace
+{
+
+const int FASTEST_BAUD = 4000000;
+const double LONGEST_TURNAROUND = 60e6; // microseconds
+
+const char* const OPTIONS[][3] = {
+    {"b,baud", "Bits per second (default 9600).", "BAUD"},
+    {"parity", "Parity: none, even or odd (default none).", "PARITY"},
+    {"data-bits", "Data bits: 8, which Modbus RTU needs.", "BITS"},
+    {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
+    {"turnaround",
+     "Time from the end of a request to its reply, such as 5ms or 800us; without a unit, "
+     "milliseconds (default 5ms). At least the frame gap of 3.5 characters counts.",
+     "TIME"},
+    {"a,station", "Station of addresses without @STATION (default 1).", "STATION"},
+    {"max-words", "The driver's longest request: so many registers, or watched bits (default 32).",
+     "COUNT"},
+};
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+bool takeParity(const QCommandLineParser& parser, LineTiming* line, QString* error)
+{
+    const QString parity = parser.value(text("parity")).toLower();
+    const bool isNone = parity.isEmpty() || parity == text("none");
+    line->parityBits = isNone ? 0 : 1;
+    if (isNone || parity == text("even") || parity == text("odd"))
+        return true;
+    *error = text("--parity %1: must be none, even or odd").arg(parity);
+    return false;
+}
+
+bool takeTurnaround(const QCommandLineParser& parser, qint64* turnaround, QString* error)
+{
+    if (!parser.isSet(text("turnaround")))
+        return true;
+    const QString value = parser.value(text("turnaround"));
+    if (parseDuration(value, turnaround))
+        return true;
+    *error = text("--turnaround %1: must be a time from 0 to 60s, such as 5ms or 800us").arg(value);
+    return false;
+}
+
+} // namespace
+
+void addPlanOptions(QCommandLineParser* parser)
+{
+    for (const auto& option : OPTIONS)
+        parser->addOption(
+            {text(option[0]).split(QLatin1Char(',')), text(option[1]), text(option[2])});
+    addTagsOption(parser);
+}
+
+bool readPlanOptions(const QCommandLineParser& parser, PlanOptions* options, QString* error)
+{
+    LineTiming& line = options->timing.line;
+    int station = 1;
+    if (!takeNumber(parser, "baud", 1, FASTEST_BAUD, &line.baud, error)
+        || !checkDataBits(parser, error)
+        || !takeNumber(parser, "stop-bits", 1, 2, &line.stopBits, error)
+        || !takeStation(parser, &station, error)
+        || !takeNumber(parser, "max-words", 1, MOST_REGISTERS, &options->maxWords, error)
+        || !takeParity(parser, &line, error)
+        || !takeTurnaround(parser, &options->timing.turnaround, error)
+        || !readWatchedRanges(parser, station, &options->watched, error))
+        return false;
+    if (options->watched.isEmpty())
+        *error = text("nothing to plan; name addresses such as D100:4, or a tags file");
+    return !options->watched.isEmpty();
+}
+
+bool parseDuration(const QString& duration, qint64* microseconds)
+{
+    static const QRegularExpression pattern(text("\\A([0-9]+(?:\\.[0-9]+)?) ?(us|ms|s)?\\z"));
+    const QRegularExpressionMatch match = pattern.match(duration);
+    const QString unit = match.captured(2);
+    const double scale = unit == text("us") ? 1.0 : unit == text("s") ? 1e6 : 1e3;
+    const double value = match.captured(1).toDouble() * scale;
+    if (!match.hasMatch() || value > LONGEST_TURNAROUND)
+        return false;
+    *microseconds = std::llround(value);
+    return true;
+}
+
+} // namespace kx

@@ -1,0 +1,39 @@
+#ifndef KX_KXHOST_TERMINAL_TERMINAL_H
+#define KX_KXHOST_TERMINAL_TERMINAL_H
+
+#include <QtCore/QStringList>
+
+#include <termios.h>
+
+namespace kx
+{
+
+/// The terminal's second screen, with the cursor hidden and, when standard input
+/// is the terminal, keys delivered one by one and not echoed. Ctrl-C still sends
+/// its signal. The destructor restores everything.
+class Terminal
+{
+public:
+    Terminal();
+    ~Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    /// Standard output is a terminal that understands cursor movements.
+    static bool isUsable();
+
+    bool takesKeys() const { return m_takesKeys; }
+    int width() const;
+    int height() const;
+
+    /// Draws lines over what was shown before; see printLine() for controls in them.
+    void draw(const QStringList& lines);
+
+private:
+    termios m_before = {};
+    bool m_takesKeys = false;
+};
+
+} // namespace kx
+
+#endif

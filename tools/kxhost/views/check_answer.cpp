@@ -1,0 +1,125 @@
+#include "kxhost/views/check_answer.h"
+
+#include "kxhost/views/modbus_json.h"
+
+namespace kx
+{
+
+namespace
+{
+
+const int MOST_VALUES = 65536;
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+bool isWordTag(const RegisterType* type, const CheckedTag& tag)
+{
+    if (tag.kind != TagKind::AsRegister)
+        return tag.kind == TagKind::Word;
+    return !type || type->registerClass != BIT_CLASS;
+}
+
+QString kindFault(const RegisterType* type)
+{
+    return type->registerClass == BIT_CLASS
+               ? text("%1 holds bits and suits no word tag").arg(text(type->name))
+               : text("%1 holds words and suits no bit tag").arg(text(type->name));
+}
+
+/// @param parserFault what the parser says; empty when it takes the address
+QString faultOf(int code, const AddressRange& range, const CheckedTag& tag,
+                const QString& parserFault)
+{
+    switch (code) {
+    case ADDRESS_KIND_MISMATCH:
+        return kindFault(range.type);
+    case ADDRESS_DATA_TYPE_REFUSED:
+        return text("data type %1 is not allowed on 32CV, only 1, 3, 5, 6 and 9").arg(tag.dataType);
+    case ADDRESS_ACCESS_REFUSED:
+        return text("access code %1 is refused; X addresses are inputs").arg(tag.access);
+    default:
+        break;
+    }
+    if (!parserFault.isEmpty())
+        return parserFault;
+    // The driver counts registers and keeps the last 32CV from being the second of two.
+    if (code == ADDRESS_OUT_OF_RANGE)
+        return text("%1 values run past the last address; the addresses are %2")
+            .arg(QString::number(range.values), addressesOf(range.type));
+    return text("the driver answers with code %1").arg(code);
+}
+
+int askDriver(const DriverEntryPoints& entryPoints, const AddressParts& parts,
+              const AddressRange& range, const CheckedTag& tag)
+{
+    // More than any type has, and far from where an int ends.
+    const int length = qMin(range.values, MOST_VALUES) * registersPerAddress(range.type);
+    const bool isWord = isWordTag(range.type, tag);
+    int number = 0;
+    const int code =
+        entryPoints.checkAddrValidity(parts.type, parts.number, &number, length, isWord ? 1 : 0);
+    if (code != ADDRESS_VALID || !tag.typed)
+        return code;
+    return entryPoints.checkAddr(parts.type, parts.number, &number, isWord ? tag.dataType : -1,
+                                 length, tag.access);
+}
+
+} // namespace
+
+CheckAnswer checkAddress(const DriverEntryPoints& entryPoints, const QString& typed,
+                         const CheckedTag& tag)
+{
+    CheckAnswer answer;
+    answer.typed = typed;
+    QString parserFault;
+    const bool isAddress = readAddress(typed, &answer.range, &parserFault);
+    AddressParts parts;
+    if (splitAddress(typed, &parts))
+        answer.code = askDriver(entryPoints, parts, answer.range, tag);
+    // The driver takes blanks and signs, and knows no station; people mistype them.
+    if (!isAddress && answer.code == ADDRESS_VALID)
+        answer.code = -1;
+    if (!answer.isValid())
+        answer.fault = faultOf(answer.code, answer.range, tag, parserFault);
+    return answer;
+}
+
+QString answerLine(const CheckAnswer& answer)
+{
+    if (!answer.isValid())
+        return faultyText(answer.typed, answer.fault);
+    const AddressRange& range = answer.range;
+    const QString numbers =
+        range.values == 1
+            ? text("number %1").arg(range.address)
+            : text("numbers %1 to %2").arg(range.address).arg(range.address + range.values - 1);
+    return text("%1: valid; %2, %3, read with function %4")
+        .arg(answer.typed, numbers, modbusText(range.type, modbusSpans(range)),
+             QString::number(readFunction(range.type)));
+}
+
+QJsonObject answerJson(const CheckAnswer& answer)
+{
+    QJsonObject json;
+    json[text("address")] = answer.typed;
+    json[text("valid")] = answer.isValid();
+    if (answer.code >= 0)
+        json[text("code")] = answer.code;
+    if (!answer.isValid()) {
+        json[text("fault")] = answer.fault;
+        return json;
+    }
+    json[text("type")] = text(answer.range.type->name);
+    json[text("number")] = answer.range.address;
+    json[text("count")] = answer.range.values;
+    if (answer.range.station >= 0)
+        json[text("station")] = answer.range.station;
+    json[text("function")] = readFunction(answer.range.type);
+    json[text("modbus")] = modbusJson(modbusSpans(answer.range));
+    return json;
+}
+
+} // namespace kx

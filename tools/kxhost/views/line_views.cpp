@@ -1,0 +1,87 @@
+#include "kxhost/views/line_views.h"
+
+#include "kxhost/terminal/console.h"
+#include "kxhost/views/watch_table.h"
+#include "panel/text/frame_text.h"
+#include "panel/text/json_time.h"
+#include "panel/text/summary_text.h"
+
+namespace kx
+{
+
+QString withName(const QString& address, const QString& name)
+{
+    return name.isEmpty() ? address : address + QLatin1String(" (") + name + QLatin1Char(')');
+}
+
+QString entryLine(const WatchEntry& entry, const QDateTime& time)
+{
+    return QString::fromLatin1("%1 %2 %3 %4")
+        .arg(time.toString(Qt::ISODateWithMs))
+        .arg(entry.station)
+        .arg(withName(addressText(entry.type, entry.address), entry.name),
+             hasFailed(entry) ? stateText(entry, 0) : QString::number(entry.value));
+}
+
+QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time)
+{
+    QJsonObject json;
+    json[QLatin1String("event")] = QLatin1String(hasFailed(entry) ? "failure" : "change");
+    json[QLatin1String("time")] = jsonTime(time);
+    json[QLatin1String("station")] = entry.station;
+    json[QLatin1String("address")] = addressText(entry.type, entry.address);
+    if (!entry.name.isEmpty())
+        json[QLatin1String("name")] = entry.name;
+    if (hasFailed(entry))
+        json[QLatin1String("state")] = stateText(entry, 0);
+    else
+        json[QLatin1String("value")] = entry.value;
+    return json;
+}
+
+void TextView::showEntry(const WatchEntry& entry, const QDateTime& time)
+{
+    printLine(entryLine(entry, time));
+}
+
+void TextView::showLinkEvent(const LinkEvent& event, const QDateTime& time)
+{
+    printLine(linkEventLine(event, time));
+}
+
+void TextView::showExchange(const ExchangeRecord& record)
+{
+    if (!m_frames)
+        return;
+    for (const QString& line : exchangeLines(record))
+        printLine(line);
+}
+
+void TextView::showSummary(const WatchSummary& summary)
+{
+    for (const QString& line : summaryLines(summary))
+        printLine(line);
+}
+
+void JsonView::showEntry(const WatchEntry& entry, const QDateTime& time)
+{
+    printJson(entryJson(entry, time));
+}
+
+void JsonView::showLinkEvent(const LinkEvent& event, const QDateTime& time)
+{
+    printJson(linkEventJson(event, time));
+}
+
+void JsonView::showExchange(const ExchangeRecord& record)
+{
+    if (m_frames)
+        printJson(exchangeJson(record));
+}
+
+void JsonView::showSummary(const WatchSummary& summary)
+{
+    printJson(summaryJson(summary));
+}
+
+} // namespace kx

@@ -1,0 +1,104 @@
+#include "kxhost/views/live_view.h"
+
+#include "kxhost/terminal/console.h"
+#include "kxhost/views/watch_table.h"
+#include "panel/text/summary_text.h"
+
+#include <unistd.h>
+
+namespace kx
+{
+
+namespace
+{
+
+const int REDRAW_INTERVAL = 100; // milliseconds
+
+} // namespace
+
+LiveView::LiveView(const QString& lineTitle)
+    : m_title(lineTitle), m_terminal(std::make_unique<Terminal>())
+{
+    connect(&m_redraw, &QTimer::timeout, this, &LiveView::redraw);
+    if (!m_terminal->takesKeys())
+        return;
+    m_message = QLatin1String("Type an assignment such as D100=5 and press Enter; Ctrl-C ends.");
+    m_keys = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
+    connect(m_keys.get(), &QSocketNotifier::activated, this, &LiveView::readKeys);
+}
+
+void LiveView::attach(const WatchRun* run)
+{
+    m_run = run;
+    m_redraw.start(REDRAW_INTERVAL);
+    redraw();
+}
+
+void LiveView::setMessage(const QString& message)
+{
+    m_message = message;
+}
+
+void LiveView::showEntry(const WatchEntry&, const QDateTime&)
+{
+    // Drawn at the next interval: a fast line changes more than an eye can see.
+}
+
+void LiveView::showLinkEvent(const LinkEvent&, const QDateTime&)
+{
+    redraw(); // a mark of what is wrong now stands in the first line
+}
+
+void LiveView::showExchange(const ExchangeRecord&)
+{
+    // The counts are drawn at the next interval.
+}
+
+void LiveView::showSummary(const WatchSummary& summary)
+{
+    m_redraw.stop();
+    m_keys.reset();
+    const int width = m_terminal->width();
+    const int height = m_terminal->height();
+    m_terminal.reset();
+    QStringList lines = tableLines(m_run->list().entries(), m_run->now(), width, height);
+    lines += summaryLines(summary);
+    for (const QString& line : lines)
+        printLine(line);
+}
+
+void LiveView::readKeys()
+{
+    char bytes[256];
+    const ssize_t count = read(STDIN_FILENO, bytes, sizeof bytes);
+    if (count <= 0) {
+        m_keys->setEnabled(false);
+        return;
+    }
+    const QStringList lines = m_prompt.type(QByteArray(bytes, static_cast<int>(count)));
+    for (const QString& line : lines)
+        emit entered(line);
+    redraw();
+}
+
+WatchScreen LiveView::screen() const
+{
+    WatchScreen screen;
+    screen.line = m_title;
+    screen.fault = m_run->linkFault();
+    screen.summary = m_run->summary();
+    screen.entries = m_run->list().entries();
+    screen.now = m_run->now();
+    screen.message = m_message;
+    screen.prompt = m_prompt.text();
+    screen.takesKeys = m_terminal->takesKeys();
+    return screen;
+}
+
+void LiveView::redraw()
+{
+    if (m_terminal && m_run)
+        m_terminal->draw(screenLines(screen(), m_terminal->width(), m_terminal->height()));
+}
+
+} // namespace kx

@@ -1,0 +1,181 @@
+#include "kxhost/views/plan_text.h"
+
+#include "addresses/modbus_span.h"
+#include "kxhost/views/aligned_rows.h"
+#include "panel/text/counted.h"
+
+#include <cmath>
+
+namespace kx
+{
+
+namespace
+{
+
+const int BAR_WIDTH = 64;
+const double MICROSECONDS = 1e6;
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+QString percentText(double share)
+{
+    return text("%1 %").arg(std::lround(share * 100));
+}
+
+QString addressesText(const PlannedRequest& request)
+{
+    const QString first = addressText(request.type, request.firstAddress());
+    const QString last = addressText(request.type, request.lastAddress());
+    return first == last ? first : text("%1 to %2").arg(first, last);
+}
+
+/// The coils or registers that the request really reads.
+QString wireText(const PlannedRequest& request)
+{
+    const int first = modbusNumber(request.type, request.address);
+    return modbusText(request.type, {ModbusSpan{first, first + request.count - 1}});
+}
+
+bool isSame(const PlannedRequest& one, const PlannedRequest& other)
+{
+    return one.station == other.station && one.type == other.type && one.address == other.address
+           && one.count == other.count;
+}
+
+/// The index of the first request like this one, itself included.
+int firstLike(const Plan& plan, int index)
+{
+    int first = 0;
+    while (!isSame(plan.requests[first], plan.requests[index]))
+        ++first;
+    return first;
+}
+
+QString lengthWarning(const PlannedRequest& request)
+{
+    const bool isBits = request.type->registerClass == BIT_CLASS;
+    return text("asks for %1 %2, but Modbus allows %3; the controller will refuse it")
+        .arg(QString::number(request.count), text(isBits ? "coils" : "registers"),
+             QString::number(isBits ? MOST_COILS : MOST_REGISTERS));
+}
+
+QString splitWarning(const PlannedRequest& request, const Coverage& coverage)
+{
+    const RegisterType* const type = request.type;
+    return text("runs past the split of %1: %2 asked for from %3 on lie in the second Modbus "
+                "range, from %4 on, so the controller refuses the request or answers with "
+                "others; a lower limit keeps the ranges apart")
+        .arg(text(type->name), QString::number(coverage.misreadCount),
+             addressText(type, type->split), QString::number(modbusNumber(type, type->split)));
+}
+
+} // namespace
+
+QString timeText(qint64 microseconds)
+{
+    return text("%1 ms").arg(QString::number(static_cast<double>(microseconds) / 1000.0, 'f', 1));
+}
+
+QString lineText(const PlanTiming& timing)
+{
+    return text("%1 baud, %2 bits per character, turnaround %3, frame gap %4")
+        .arg(QString::number(timing.line.baud), QString::number(timing.line.bitsPerCharacter()),
+             timeText(timing.turnaround), timeText(timing.line.frameGap()));
+}
+
+QStringList requestLines(const Plan& plan, const QList<AddressRange>& watched,
+                         const PlanTiming& timing)
+{
+    QList<QStringList> rows = {{text("#"), text("STATION"), text("ADDRESSES"), text("MODBUS"),
+                                text("ASKED"), text("BRIDGED"), text("BYTES OUT"), text("BYTES IN"),
+                                text("TIME")}};
+    for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
+        const PlannedRequest& request = plan.requests[i];
+        const Coverage coverage = coverageOf(request, watched);
+        const CycleCost cost = costOf(timing, 1, request.bytesSent, request.bytesExpected);
+        rows << QStringList{QString::number(i + 1),
+                            QString::number(request.station),
+                            addressesText(request),
+                            wireText(request),
+                            QString::number(coverage.askedCount),
+                            QString::number(coverage.bridgedCount),
+                            QString::number(request.bytesSent),
+                            QString::number(request.bytesExpected),
+                            timeText(cost.duration)};
+    }
+    return alignedRows(rows, {0, 1, 4, 5, 6, 7, 8});
+}
+
+QStringList pictureLines(const Plan& plan, const QList<AddressRange>& watched)
+{
+    QList<QStringList> rows;
+    for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
+        const PlannedRequest& request = plan.requests[i];
+        const QString bar = coverageBar(coverageOf(request, watched).asked, BAR_WIDTH);
+        rows << QStringList{
+            QString::number(i + 1), addressText(request.type, request.firstAddress()),
+            bar + QLatin1Char(' ') + addressText(request.type, request.lastAddress())};
+    }
+    return alignedRows(rows, {0, 1});
+}
+
+QStringList warningLines(const Plan& plan, const QList<AddressRange>& watched)
+{
+    QStringList warnings;
+    const auto warn = [&warnings](int index, const QString& what) {
+        warnings << text("request %1 %2").arg(QString::number(index + 1), what);
+    };
+    for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
+        const PlannedRequest& request = plan.requests[i];
+        const int first = firstLike(plan, i);
+        const Coverage coverage = coverageOf(request, watched);
+        if (first < i)
+            warn(i, text("repeats request %1, as the driver does with a range longer than its "
+                         "limit of %2")
+                        .arg(first + 1)
+                        .arg(plan.maxWords));
+        else if (request.isTooLong())
+            warn(i, lengthWarning(request));
+        else if (coverage.misreadCount > 0)
+            warn(i, splitWarning(request, coverage));
+    }
+    return warnings;
+}
+
+QString cycleText(const CycleCost& cost)
+{
+    const double seconds = static_cast<double>(cost.duration) / MICROSECONDS;
+    return text("Cycle: %1, %2 bytes out, %3 in, %4 (%5 cycles/s), line load %6")
+        .arg(counted(cost.requests, "request", "requests"), QString::number(cost.bytesSent),
+             QString::number(cost.bytesExpected), timeText(cost.duration),
+             QString::number(1.0 / seconds, 'f', 1), percentText(cost.lineLoad()));
+}
+
+QStringList lengthLines(const QList<LengthResult>& results, int maxWords)
+{
+    QList<QStringList> rows = {{text("LIMIT"), text("REQUESTS"), text("BYTES OUT"),
+                                text("BYTES IN"), text("CYCLE"), text("LOAD"), text("UNREAD"),
+                                QString()}};
+    const int best = bestOf(results);
+    for (const LengthResult& result : worthShowing(results, maxWords)) {
+        QStringList marks;
+        if (result.maxWords == results[best].maxWords)
+            marks << text("best");
+        if (result.maxWords == maxWords)
+            marks << text("in use");
+        rows << QStringList{QString::number(result.maxWords),
+                            QString::number(result.cost.requests),
+                            QString::number(result.cost.bytesSent),
+                            QString::number(result.cost.bytesExpected),
+                            timeText(result.cost.duration),
+                            percentText(result.cost.lineLoad()),
+                            QString::number(result.unread),
+                            marks.isEmpty() ? QString() : text("<- ") + marks.join(text(", "))};
+    }
+    return alignedRows(rows, {0, 1, 2, 3, 4, 5, 6});
+}
+
+} // namespace kx

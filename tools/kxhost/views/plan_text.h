@@ -1,0 +1,38 @@
+/// A plan as text for a person. Pure functions.
+#ifndef KX_KXHOST_VIEWS_PLAN_TEXT_H
+#define KX_KXHOST_VIEWS_PLAN_TEXT_H
+
+#include "panel/plan/plan_lengths.h"
+
+#include <QtCore/QStringList>
+
+namespace kx
+{
+
+/// "36.9 ms".
+QString timeText(qint64 microseconds);
+
+/// "9600 baud, 10 bits per character, turnaround 5.0 ms, frame gap 3.6 ms".
+QString lineText(const PlanTiming& timing);
+
+/// A heading and a line per request: what it reads, registers asked for and
+/// bridged, bytes both ways, time.
+QStringList requestLines(const Plan& plan, const QList<AddressRange>& watched,
+                         const PlanTiming& timing);
+
+/// A bar per request, between its first and its last address.
+QStringList pictureLines(const Plan& plan, const QList<AddressRange>& watched);
+
+/// What is wrong with requests: too long, past a split, asked for twice.
+QStringList warningLines(const Plan& plan, const QList<AddressRange>& watched);
+
+/// "Cycle: 2 requests, 16 bytes out, 34 in, 92.4 ms (10.8 cycles/s), line load 72 %".
+QString cycleText(const CycleCost& cost);
+
+/// A heading and a line per limit worth showing, with the best and the one in use
+/// marked.
+QStringList lengthLines(const QList<LengthResult>& results, int maxWords);
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,32 @@
+/// What the terminal shows while watching. Pure functions.
+#ifndef KX_KXHOST_VIEWS_WATCH_SCREEN_H
+#define KX_KXHOST_VIEWS_WATCH_SCREEN_H
+
+#include "panel/watch/watch_view.h"
+
+#include <QtCore/QStringList>
+
+namespace kx
+{
+
+struct WatchScreen {
+    QString line;  ///< the line's name
+    QString fault; ///< of the line or its stations now; empty when there is none
+    WatchSummary summary;
+    QList<WatchEntry> entries;
+    qint64 now = 0;  ///< as WatchEntry::changedAt
+    QString message; ///< about the last assignment
+    QString prompt;  ///< what is being typed
+    bool takesKeys = false;
+};
+
+/// "9600 8N1"; `parity` one of N, E, O. Empty on a network.
+QString lineSettingsText(const LineTiming& timing, QChar parity);
+
+/// Title, counts, table, then message and prompt when keys are taken: at most
+/// `height` lines of at most `width` characters.
+QStringList screenLines(const WatchScreen& screen, int width, int height);
+
+} // namespace kx
+
+#endif

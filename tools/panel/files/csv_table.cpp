@@ -1,0 +1,197 @@
+#include "panel/files/csv_table.h"
+
+#include "panel/text/counted.h"
+
+#include <algorithm>
+
+namespace kx
+{
+
+namespace
+{
+
+struct Separator {
+    char character;
+    const char* name;
+};
+
+const Separator SEPARATORS[] = {{',', "commas"}, {';', "semicolons"}, {'\t', "tabs"}};
+
+QString separatorName(char character)
+{
+    for (const Separator& separator : SEPARATORS) {
+        if (separator.character == character)
+            return QLatin1String(separator.name);
+    }
+    return QString();
+}
+
+bool isSkipped(const QByteArray& line)
+{
+    const QByteArray content = line.trimmed();
+    return content.isEmpty() || content.startsWith('#');
+}
+
+QStringList textsOf(const QList<CsvField>& fields)
+{
+    QStringList texts;
+    for (const CsvField& field : fields)
+        texts << field.text;
+    return texts;
+}
+
+bool fail(const QString& fault, QString* error)
+{
+    *error = fault;
+    return false;
+}
+
+} // namespace
+
+bool CsvTable::parse(const QByteArray& bytes, const QList<CsvColumn>& columns, CsvTable* table,
+                     CsvFault* fault)
+{
+    *table = CsvTable();
+    *fault = CsvFault();
+    table->m_columns = columns;
+    QByteArray text;
+    if (!decodeText(bytes, &text, &table->m_encoding, &fault->text))
+        return false;
+    table->m_lines = text.split('\n');
+    for (int i = 0; i < table->m_lines.size(); ++i) {
+        if (!isSkipped(table->m_lines.at(i)) && !table->takeLine(i, &fault->text)) {
+            fault->line = i + 1;
+            return false;
+        }
+    }
+    if (!table->m_rows.isEmpty())
+        return true;
+    fault->text = table->m_order.isEmpty()
+                      ? QStringLiteral("no header line; it is %1").arg(table->columnNames())
+                      : QStringLiteral("no rows behind the header");
+    return false;
+}
+
+bool CsvTable::takeLine(int index, QString* error)
+{
+    const QByteArray& line = m_lines.at(index);
+    return checkUtf8(line, error)
+           && (m_order.isEmpty() ? takeHeader(line, error) : takeRow(index, error));
+}
+
+// The separator is the one that finds most columns.
+bool CsvTable::takeHeader(const QByteArray& line, QString* error)
+{
+    QStringList names;
+    int mostKnown = 0;
+    for (const Separator& separator : SEPARATORS) {
+        QList<CsvField> fields;
+        QString fault;
+        if (!splitCsvLine(line, separator.character, &fields, &fault))
+            continue;
+        const QStringList texts = textsOf(fields);
+        const auto known = std::count_if(texts.begin(), texts.end(), [this](const QString& name) {
+            return columnOf(name) >= 0;
+        });
+        if (known <= mostKnown)
+            continue;
+        mostKnown = static_cast<int>(known);
+        names = texts;
+        m_separator = separator.character;
+    }
+    if (mostKnown == 0)
+        return fail(QStringLiteral("the first line must be the header %1, separated by commas, "
+                                   "semicolons or tabs")
+                        .arg(columnNames()),
+                    error);
+    return takeColumns(names, error);
+}
+
+bool CsvTable::takeColumns(const QStringList& names, QString* error)
+{
+    QList<int> order;
+    for (const QString& name : names) {
+        const int column = columnOf(name);
+        if (column < 0)
+            return fail(QStringLiteral("unknown column '%1', separated by %2; the columns are %3")
+                            .arg(name, separatorName(m_separator), columnNames()),
+                        error);
+        if (order.contains(column))
+            return fail(QStringLiteral("the header has two columns '%1'").arg(name), error);
+        order << column;
+    }
+    for (int column = 0; column < m_columns.size(); ++column) {
+        if (m_columns.at(column).isNeeded && !order.contains(column))
+            return fail(QStringLiteral("the header has no column '%1'; the columns are %2")
+                            .arg(QLatin1String(m_columns.at(column).name), columnNames()),
+                        error);
+    }
+    m_order = order;
+    return true;
+}
+
+bool CsvTable::takeRow(int index, QString* error)
+{
+    QList<CsvField> fields;
+    if (!splitCsvLine(m_lines.at(index), m_separator, &fields, error))
+        return false;
+    const QStringList texts = textsOf(fields);
+    if (std::all_of(texts.begin(), texts.end(), [](const QString& text) { return text.isEmpty(); }))
+        return true;
+    const int count = static_cast<int>(fields.size());
+    const int most = static_cast<int>(m_order.size());
+    if (count < fewestFields() || count > most) {
+        const QString range = fewestFields() == most
+                                  ? QString::number(most)
+                                  : QStringLiteral("%1 to %2").arg(fewestFields()).arg(most);
+        return fail(QStringLiteral("%1 separated by %2 instead of %3")
+                        .arg(counted(count, "field", "fields"), separatorName(m_separator), range),
+                    error);
+    }
+    CsvRow row;
+    row.line = index + 1;
+    for (int column = 0; column < m_columns.size(); ++column)
+        row.fields << CsvField();
+    for (int i = 0; i < count; ++i)
+        row.fields[m_order.at(i)] = fields.at(i);
+    m_rows << row;
+    return true;
+}
+
+int CsvTable::columnOf(const QString& name) const
+{
+    for (int column = 0; column < m_columns.size(); ++column) {
+        if (name == QLatin1String(m_columns.at(column).name))
+            return column;
+    }
+    return -1;
+}
+
+int CsvTable::fewestFields() const
+{
+    int fewest = static_cast<int>(m_order.size());
+    while (fewest > 0 && !m_columns.at(m_order.at(fewest - 1)).isNeeded)
+        --fewest;
+    return fewest;
+}
+
+QString CsvTable::columnNames() const
+{
+    QStringList names;
+    for (const CsvColumn& column : m_columns)
+        names << QLatin1String(column.name);
+    return names.join(QLatin1Char(','));
+}
+
+QByteArray CsvTable::withTexts(int column, const QMap<int, QByteArray>& texts) const
+{
+    QList<QByteArray> lines = m_lines;
+    for (auto text = texts.begin(); text != texts.end(); ++text) {
+        const CsvRow& row = m_rows.at(text.key());
+        const CsvField& field = row.fields.at(column);
+        lines[row.line - 1].replace(field.begin, field.length, text.value());
+    }
+    return encodeText(lines.join('\n'), m_encoding);
+}
+
+} // namespace kx

@@ -1,0 +1,90 @@
+#include "panel/jobs/scan_reply.h"
+
+#include "exchange/replies/reply_verdict.h"
+#include "panel/text/counted.h"
+#include "panel/text/frame_text.h"
+
+namespace kx
+{
+
+namespace
+{
+
+const int SHORTEST_FRAME = 4; // station, function, CRC
+const int BAR_WIDTH = 40;
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+QString answerText(const ScanReply& reply)
+{
+    if (!reply.fault.isEmpty())
+        return text("answered with %1").arg(reply.fault);
+    return text(reply.answer == ScanAnswer::Other ? "answered with another or a late reply"
+                                                  : "answered");
+}
+
+} // namespace
+
+ScanReply scanReplyOf(const ExchangeRecord& record)
+{
+    ScanReply reply;
+    reply.station = record.job.station;
+    if (record.replyKind == ReplyKind::Good) {
+        reply.answer = ScanAnswer::Value;
+    } else if (record.replyKind == ReplyKind::Exception) {
+        reply.answer = ScanAnswer::Exception;
+        reply.exceptionCode = record.exceptionCode;
+        reply.fault = outcomeText(record).section(QLatin1Char(','), 0, 0);
+    } else if (record.reply.size() >= SHORTEST_FRAME && endsWithItsCrc(record.reply)) {
+        reply.answer = ScanAnswer::Other;
+        reply.station = static_cast<unsigned char>(record.reply.at(0));
+        if (record.replyKind == ReplyKind::WrongByteCount)
+            reply.fault = text("a wrong byte count");
+    }
+    return reply;
+}
+
+QString scanLine(const ScanReply& reply)
+{
+    return text("station %1: %2").arg(QString::number(reply.station), answerText(reply));
+}
+
+QJsonObject scanJson(const ScanReply& reply)
+{
+    QJsonObject json{{text("event"), text("station")}, {text("station"), reply.station}};
+    switch (reply.answer) {
+    case ScanAnswer::Value:
+        json[text("answer")] = text("value");
+        break;
+    case ScanAnswer::Exception:
+        json[text("answer")] = text("exception");
+        json[text("exception")] = reply.exceptionCode;
+        break;
+    default:
+        json[text("answer")] = text("other");
+    }
+    return json;
+}
+
+QString scanBar(int done, int stations, int answered)
+{
+    const int filled = done * BAR_WIDTH / stations;
+    return text("[%1%2] %3/%4 stations, %5 answered")
+        .arg(QString(filled, QLatin1Char('#')), QString(BAR_WIDTH - filled, QLatin1Char('.')),
+             QString::number(done), QString::number(stations), QString::number(answered));
+}
+
+QString scanSummary(int answered, int asked, int notAsked)
+{
+    const QString summary =
+        text("%1 of %2 answered")
+            .arg(QString::number(answered), counted(asked, "station", "stations"));
+    return notAsked == 0 ? summary
+                         : text("%1; stopped before the other %2 had been asked")
+                               .arg(summary, QString::number(notAsked));
+}
+
+} // namespace kx

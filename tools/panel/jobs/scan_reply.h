@@ -1,0 +1,42 @@
+/// Whether a station answered a scan, and with what. Pure functions.
+#ifndef KX_PANEL_JOBS_SCAN_REPLY_H
+#define KX_PANEL_JOBS_SCAN_REPLY_H
+
+#include "exchange/replies/exchange_record.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+
+namespace kx
+{
+
+enum class ScanAnswer {
+    None,
+    Value,     ///< the register that was asked for
+    Exception, ///< a refusal, which is an answer, too
+    Other      ///< some other frame with its right CRC, late ones included
+};
+
+struct ScanReply {
+    ScanAnswer answer = ScanAnswer::None;
+    int station = 0; ///< who answered; an Other reply may be a late one
+    int exceptionCode = 0;
+    QString fault; ///< "exception 2 (illegal data address)", "a wrong byte count"
+};
+
+/// A reply counts when its CRC is right, whatever it says.
+ScanReply scanReplyOf(const ExchangeRecord& record);
+
+/// "station 5: answered with exception 2 (illegal data address)".
+QString scanLine(const ScanReply& reply);
+QJsonObject scanJson(const ScanReply& reply);
+
+/// "[####....................................] 25/247 stations, 1 answered".
+QString scanBar(int done, int stations, int answered);
+
+/// "2 of 247 stations answered", and how many were not asked when it was stopped.
+QString scanSummary(int answered, int asked, int notAsked);
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,76 @@
+#include "panel/plan/plan_driver.h"
+
+#include "addresses/watch_pieces.h"
+
+namespace kx
+{
+
+namespace
+{
+
+void ignoreValueChange(int, int, QString, int) {}
+
+KEY_ADDRESS keyOf(const AddressRange& range)
+{
+    KEY_ADDRESS key = KEY_ADDRESS();
+    key.station = range.station;
+    key.regType = QString::fromLatin1(range.type->name);
+    key.address = range.address;
+    key.bitIndex = range.type->registerClass == BIT_CLASS ? -1 : 0;
+    key.count = range.driverCount();
+    return key;
+}
+
+PlannedRequest plannedRequest(const FRAME_PRO& frame)
+{
+    PlannedRequest request;
+    request.station = frame.job.station;
+    request.type = findRegisterType(frame.job.regType);
+    request.address = frame.job.address;
+    request.count = frame.job.count;
+    request.bytesSent = frame.sendLen;
+    request.bytesExpected = frame.recvLen;
+    return request;
+}
+
+void initialise(const DriverEntryPoints& entryPoints, int maxWords)
+{
+    // With one bad reply allowed, each unanswered request makes room for the next.
+    const QByteArray parameters = "1#0#0#1#" + QByteArray::number(maxWords);
+    int status = 0;
+    entryPoints.setAddrValueChangeCallBack(ignoreValueChange);
+    entryPoints.initProperty(nullptr, nullptr, nullptr, &status, parameters.constData(), nullptr);
+}
+
+} // namespace
+
+Plan askForPlan(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
+                int maxWords)
+{
+    QList<KEY_ADDRESS> keys;
+    for (const AddressRange& range : watchPieces(watched, maxWords))
+        keys << keyOf(range);
+    initialise(entryPoints, maxWords);
+    const int requests = entryPoints.addrMerge(keys);
+    Plan plan;
+    plan.maxWords = maxWords;
+    FRAME_PRO frame = FRAME_PRO();
+    for (int i = 0; i < requests && entryPoints.getSendFrame(&frame) == 1; ++i) {
+        plan.requests << plannedRequest(frame);
+        QByteArray noReply;
+        QString errorText;
+        entryPoints.dealRcvFrame(noReply, errorText);
+    }
+    return plan;
+}
+
+QList<Plan> askForAllPlans(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
+                           int longest)
+{
+    QList<Plan> plans;
+    for (int maxWords = 1; maxWords <= longest; ++maxWords)
+        plans << askForPlan(entryPoints, watched, maxWords);
+    return plans;
+}
+
+} // namespace kx

@@ -1,0 +1,23 @@
+/// Asks the driver itself what it would read.
+#ifndef KX_PANEL_PLAN_PLAN_DRIVER_H
+#define KX_PANEL_PLAN_PLAN_DRIVER_H
+
+#include "exchange/driver_library.h"
+#include "panel/plan/plan_lengths.h"
+
+namespace kx
+{
+
+/// Initialises the driver with that maximum request length, hands over the ranges
+/// as `kxhost watch` does and walks through one cycle of its requests. Ranges must name their
+/// station. Everything that the driver held before is discarded.
+Plan askForPlan(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
+                int maxWords);
+
+/// Plans for every limit from 1 to `longest`.
+QList<Plan> askForAllPlans(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
+                           int longest);
+
+} // namespace kx
+
+#endif

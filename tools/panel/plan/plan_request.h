@@ -1,0 +1,54 @@
+/// One request of the driver's read cycle, and how the watched addresses lie in it.
+#ifndef KX_PANEL_PLAN_PLAN_REQUEST_H
+#define KX_PANEL_PLAN_PLAN_REQUEST_H
+
+#include "addresses/address_text.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+#include <vector>
+
+namespace kx
+{
+
+/// The most that one request may ask for; a controller refuses more.
+const int MOST_REGISTERS = 125;
+const int MOST_COILS = 2000;
+
+struct PlannedRequest {
+    int station = 1;
+    const RegisterType* type = nullptr;
+    int address = 0; ///< first device address, as a number
+    int count = 0;   ///< bits, or 16-bit registers (two per 32CV value)
+    int bytesSent = 0;
+    int bytesExpected = 0; ///< of a good reply
+
+    /// The device addresses that it covers.
+    int firstAddress() const { return address; }
+    int lastAddress() const;
+    /// More than Modbus allows in one request.
+    bool isTooLong() const;
+};
+
+/// What a request's bits or registers are for.
+struct Coverage {
+    std::vector<bool> asked; ///< one per bit or register, false: read along
+    int askedCount = 0;
+    int bridgedCount = 0; ///< read along because they lie in a gap
+    /// Asked for, but past the split of the type: the request reads the coils or
+    /// registers that follow the first range, not those of these addresses.
+    int misreadCount = 0;
+};
+
+/// The coverage of a request by the ranges watched; those of other stations and
+/// types do not count. Ranges must name their station.
+Coverage coverageOf(const PlannedRequest& request, const QList<AddressRange>& watched);
+
+/// A picture of a coverage, at most `width` characters: '#' asked for, '.' read
+/// along, '+' both when one character stands for several.
+QString coverageBar(const std::vector<bool>& asked, int width);
+
+} // namespace kx
+
+#endif

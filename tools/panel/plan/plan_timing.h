@@ -1,0 +1,36 @@
+/// How long a read cycle takes on a line.
+#ifndef KX_PANEL_PLAN_PLAN_TIMING_H
+#define KX_PANEL_PLAN_PLAN_TIMING_H
+
+#include "exchange/lines/line_timing.h"
+
+#include <QtCore/QtGlobal>
+
+namespace kx
+{
+
+struct PlanTiming {
+    LineTiming line;
+    /// Microseconds from the end of a request to the first character of the reply.
+    /// The station must first hear the frame gap, so it counts at least that.
+    qint64 turnaround = 5000;
+};
+
+struct CycleCost {
+    int requests = 0;
+    qint64 bytesSent = 0;
+    qint64 bytesExpected = 0;
+    qint64 busy = 0;     ///< microseconds in which characters occupy the line
+    qint64 duration = 0; ///< microseconds
+
+    /// Share of the time, 0 to 1, in which characters occupy the line.
+    double lineLoad() const;
+};
+
+/// The cost of requests that are all answered: the characters both ways, and for
+/// each request the turnaround and the frame gap before the next one may begin.
+CycleCost costOf(const PlanTiming& timing, int requests, qint64 bytesSent, qint64 bytesExpected);
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,24 @@
+/// Recipe files on disk.
+#ifndef KX_PANEL_RECIPE_RECIPE_STORAGE_H
+#define KX_PANEL_RECIPE_RECIPE_STORAGE_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+namespace kx
+{
+
+/// As readTextFile().
+bool readRecipeFile(const QString& path, QByteArray* text, QString* error);
+
+/// Whether the file could be replaced; leaves it alone.
+bool canReplaceRecipeFile(const QString& path, QString* error);
+
+/// Replaces the file as a whole, or leaves it as it was. Its mode stays, and its owner and
+/// group where the process may give files to them; of a symbolic link, the file that it
+/// points at is replaced. Returns false and one line in `*error` that names the file.
+bool replaceRecipeFile(const QString& path, const QByteArray& text, QString* error);
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,101 @@
+#include "panel/recipe/recipe_value.h"
+
+#include "driver/number_text.h"
+
+#include <QtCore/QStringList>
+
+#include <limits>
+
+namespace kx
+{
+
+namespace
+{
+
+const RecipeValueType TYPES[] = {
+    {"bit", 1, 0, 1, false},
+    {"uint16", 16, 0, std::numeric_limits<quint16>::max(), false},
+    {"int16", 16, std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max(), false},
+    {"hex16", 16, 0, std::numeric_limits<quint16>::max(), true},
+    {"uint32", 32, 0, std::numeric_limits<quint32>::max(), false},
+    {"int32", 32, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max(), false},
+};
+
+const int HEX16_DIGITS = 4;
+
+quint32 maskOf(const RecipeValueType* type)
+{
+    return std::numeric_limits<quint32>::max() >> (32 - type->bits);
+}
+
+} // namespace
+
+const RecipeValueType* findRecipeValueType(const QString& name)
+{
+    for (const RecipeValueType& type : TYPES) {
+        if (name == QLatin1String(type.name))
+            return &type;
+    }
+    return nullptr;
+}
+
+QString recipeValueTypeNames()
+{
+    QStringList names;
+    for (const RecipeValueType& type : TYPES)
+        names << QString::fromLatin1(type.name);
+    return names.join(QStringLiteral(", "));
+}
+
+bool suits(const RecipeValueType* type, const RegisterType* registers)
+{
+    switch (registers->registerClass) {
+    case BIT_CLASS:
+        return type->bits == 1;
+    case WORD_CLASS:
+        return type->bits == 16 || type->bits == 32;
+    case DOUBLE_WORD_CLASS:
+        return type->bits == 32;
+    default:
+        return false;
+    }
+}
+
+int addressesPerValue(const RecipeValueType* type, const RegisterType* registers)
+{
+    return type->bits == 32 && registers->registerClass == WORD_CLASS ? 2 : 1;
+}
+
+bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32* bits,
+                      QString* error)
+{
+    const bool isHex = text.startsWith(QStringLiteral("0x"), Qt::CaseInsensitive);
+    bool isNumber = false;
+    const qint64 value = isHex ? text.mid(2).toLongLong(&isNumber, 16) : text.toLongLong(&isNumber);
+    if (!isNumber || holdsZeroCharacter(text)
+        || (isHex && text.mid(2).startsWith(QLatin1Char('-')))) {
+        *error = QStringLiteral("'%1' is not a decimal or 0x hexadecimal number").arg(text);
+        return false;
+    }
+    if (value < type->lowest || value > type->highest) {
+        *error = QStringLiteral("%1 does not fit; %2 takes %3 to %4")
+                     .arg(text, QLatin1String(type->name))
+                     .arg(type->lowest)
+                     .arg(type->highest);
+        return false;
+    }
+    *bits = static_cast<quint32>(value) & maskOf(type);
+    return true;
+}
+
+QString recipeValueText(const RecipeValueType* type, quint32 bits)
+{
+    if (type->isHexadecimal)
+        return QStringLiteral("0x%1").arg(bits, HEX16_DIGITS, 16, QLatin1Char('0'));
+    if (type->lowest == 0)
+        return QString::number(bits);
+    return QString::number(type->bits == 16 ? static_cast<qint16>(bits)
+                                            : static_cast<qint32>(bits));
+}
+
+} // namespace kx

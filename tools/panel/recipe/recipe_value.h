@@ -1,0 +1,47 @@
+/// What a value in a recipe file may be: bit, uint16, int16, hex16, uint32, int32.
+///
+///     bit                    X Y M SM S T C      0 or 1
+///     uint16, int16, hex16   D SD CV TV Z        one register
+///     uint32, int32          32CV                one counter
+///     uint32, int32          D SD CV TV Z        two registers, low word first
+#ifndef KX_PANEL_RECIPE_RECIPE_VALUE_H
+#define KX_PANEL_RECIPE_RECIPE_VALUE_H
+
+#include "registers/register_types.h"
+
+#include <QtCore/QString>
+
+namespace kx
+{
+
+struct RecipeValueType {
+    const char* name;
+    int bits; ///< 1, 16 or 32
+    qint64 lowest;
+    qint64 highest;
+    bool isHexadecimal; ///< how an uploaded value is written
+};
+
+/// The type of that exact name, or null.
+const RecipeValueType* findRecipeValueType(const QString& name);
+
+/// All names, separated by commas.
+QString recipeValueTypeNames();
+
+/// Whether values of that type live in registers of that type.
+bool suits(const RecipeValueType* type, const RegisterType* registers);
+
+/// Addresses that one value takes: 2 for 32 bits in 16-bit registers, else 1.
+int addressesPerValue(const RecipeValueType* type, const RegisterType* registers);
+
+/// Parses a decimal or 0x hexadecimal number into the bits that travel. Returns
+/// false and one line in `*error` when it is no number or does not fit.
+bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32* bits,
+                      QString* error);
+
+/// The value as an upload writes it: -5, 0x04D2, 100000.
+QString recipeValueText(const RecipeValueType* type, quint32 bits);
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,32 @@
+/// The figures of a run as text. Pure functions.
+#ifndef KX_PANEL_TEXT_SUMMARY_TEXT_H
+#define KX_PANEL_TEXT_SUMMARY_TEXT_H
+
+#include "exchange/replies/statistics.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QStringList>
+
+namespace kx
+{
+
+/// Figures of a whole run, as shown at its end.
+struct WatchSummary {
+    Statistics statistics;
+    LineTiming timing;
+    qint64 elapsed = 0; ///< milliseconds
+    qint64 cycles = 0;
+};
+
+/// "36 requests in 12 cycles: 34 accepted, 2 repeated, 0 failed", on a line with
+/// faults what they were, and a line with the speed.
+QStringList summaryLines(const WatchSummary& summary);
+
+QJsonObject summaryJson(const WatchSummary& summary);
+
+/// "12.3 requests/s, line load 45.6 %"; without the load on a network.
+QString speedText(const WatchSummary& summary);
+
+} // namespace kx
+
+#endif

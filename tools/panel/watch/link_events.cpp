@@ -1,0 +1,134 @@
+#include "panel/watch/link_events.h"
+
+#include "data/reply_handling.h"
+#include "panel/text/json_time.h"
+
+#include <QtCore/QStringList>
+
+#include <algorithm>
+
+namespace kx
+{
+
+namespace
+{
+
+bool isAnswer(ReplyKind kind)
+{
+    return kind == ReplyKind::Good || kind == ReplyKind::Exception;
+}
+
+/// The request went out, and its station should have answered.
+bool isStationsFault(ReplyKind kind)
+{
+    return kind == ReplyKind::None || kind == ReplyKind::Short || kind == ReplyKind::Bad
+           || kind == ReplyKind::Foreign;
+}
+
+const char* stateOf(LinkEvent::Kind kind)
+{
+    switch (kind) {
+    case LinkEvent::LineLost:
+        return "lost";
+    case LinkEvent::LineOpened:
+        return "open";
+    case LinkEvent::LineNeverSilent:
+        return "never silent";
+    case LinkEvent::LineSilent:
+        return "silent";
+    case LinkEvent::StationSilent:
+        return "no answer";
+    case LinkEvent::StationBack:
+        return "answering";
+    }
+    return "";
+}
+
+} // namespace
+
+QString linkEventText(const LinkEvent& event)
+{
+    switch (event.kind) {
+    case LinkEvent::LineLost:
+        return QStringLiteral("line lost");
+    case LinkEvent::LineOpened:
+        return QStringLiteral("line open again");
+    case LinkEvent::LineNeverSilent:
+        return QStringLiteral("line never silent");
+    case LinkEvent::LineSilent:
+        return QStringLiteral("line silent again");
+    case LinkEvent::StationSilent:
+        return QStringLiteral("station %1 does not answer").arg(event.station);
+    case LinkEvent::StationBack:
+        return QStringLiteral("station %1 answers again").arg(event.station);
+    }
+    return QString();
+}
+
+QString linkEventLine(const LinkEvent& event, const QDateTime& time)
+{
+    return time.toString(Qt::ISODateWithMs) + QLatin1Char(' ') + linkEventText(event);
+}
+
+QJsonObject linkEventJson(const LinkEvent& event, const QDateTime& time)
+{
+    const bool isOfStation =
+        event.kind == LinkEvent::StationSilent || event.kind == LinkEvent::StationBack;
+    QJsonObject json;
+    json[QLatin1String("event")] = QLatin1String(isOfStation ? "station" : "line");
+    json[QLatin1String("time")] = jsonTime(time);
+    if (isOfStation)
+        json[QLatin1String("station")] = event.station;
+    json[QLatin1String("state")] = QLatin1String(stateOf(event.kind));
+    return json;
+}
+
+QList<LinkEvent> LinkState::takeExchange(const ExchangeRecord& record)
+{
+    QList<LinkEvent> events;
+    const bool isNeverSilent = record.replyKind == ReplyKind::NeverSilent;
+    if (isNeverSilent != m_isNeverSilent && (isNeverSilent || record.replyKind != ReplyKind::Bad)) {
+        m_isNeverSilent = isNeverSilent;
+        events << LinkEvent{isNeverSilent ? LinkEvent::LineNeverSilent : LinkEvent::LineSilent};
+    }
+    const int station = record.job.station;
+    if (isAnswer(record.replyKind)) {
+        if (m_silentStations.remove(station))
+            events << LinkEvent{LinkEvent::StationBack, station};
+    } else if (record.result == REPLY_FAILED && isStationsFault(record.replyKind)
+               && !m_silentStations.contains(station)) {
+        m_silentStations.insert(station);
+        events << LinkEvent{LinkEvent::StationSilent, station};
+    }
+    return events;
+}
+
+QList<LinkEvent> LinkState::takeLineLost()
+{
+    m_isLost = true;
+    return {LinkEvent{LinkEvent::LineLost}};
+}
+
+QList<LinkEvent> LinkState::takeLineOpened()
+{
+    if (!m_isLost)
+        return {};
+    m_isLost = false;
+    return {LinkEvent{LinkEvent::LineOpened}};
+}
+
+QString LinkState::faultText() const
+{
+    QStringList faults;
+    if (m_isLost)
+        faults << linkEventText({LinkEvent::LineLost});
+    if (m_isNeverSilent)
+        faults << linkEventText({LinkEvent::LineNeverSilent});
+    QList<int> stations(m_silentStations.begin(), m_silentStations.end());
+    std::sort(stations.begin(), stations.end());
+    for (const int station : stations)
+        faults << linkEventText({LinkEvent::StationSilent, station});
+    return faults.join(QLatin1String("; "));
+}
+
+} // namespace kx

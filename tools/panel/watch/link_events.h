@@ -1,0 +1,53 @@
+/// What happens to the line and to stations, once per change.
+#ifndef KX_PANEL_WATCH_LINK_EVENTS_H
+#define KX_PANEL_WATCH_LINK_EVENTS_H
+
+#include "exchange/replies/exchange_record.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QList>
+#include <QtCore/QSet>
+
+namespace kx
+{
+
+struct LinkEvent {
+    enum Kind { LineLost, LineOpened, LineNeverSilent, LineSilent, StationSilent, StationBack };
+    Kind kind = LineLost;
+    int station = 0; ///< of the last two
+};
+
+/// "line lost", "line open again", "line never silent", "line silent again", "station 2
+/// does not answer", "station 2 answers again".
+QString linkEventText(const LinkEvent& event);
+
+/// "2024-05-17T10:11:12.013 station 2 does not answer".
+QString linkEventLine(const LinkEvent& event, const QDateTime& time);
+
+/// Of event "line" or "station", with its state and time.
+QJsonObject linkEventJson(const LinkEvent& event, const QDateTime& time);
+
+/// Finds the changes in what was exchanged.
+class LinkState
+{
+public:
+    /// A station is silent from a request that failed for good without any usable reply
+    /// until its next reply; a refusal is one. What the line did is not its fault.
+    QList<LinkEvent> takeExchange(const ExchangeRecord& record);
+
+    QList<LinkEvent> takeLineLost();
+    /// Nothing unless the line was lost.
+    QList<LinkEvent> takeLineOpened();
+
+    /// What is wrong now, "" when nothing is: "line lost; station 2 does not answer".
+    QString faultText() const;
+
+private:
+    bool m_isLost = false;
+    bool m_isNeverSilent = false;
+    QSet<int> m_silentStations;
+};
+
+} // namespace kx
+
+#endif
