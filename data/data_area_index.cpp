@@ -2,92 +2,16 @@
 
 DataAreaIndex* dataAreaIndex;
 
-namespace
-{
-
-const size_t FIRST_SIZE = 64;
-
-quint32 mixed(quint32 hash, quint32 value)
-{
-    hash = (hash ^ value) * 0x9E3779B1u;
-    return hash ^ hash >> 15;
-}
-
-// Names are short: their length and three letters tell them apart.
-quint32 hashOf(int station, const QString& regType, int address)
-{
-    const int size = static_cast<int>(regType.size());
-    quint32 letters = static_cast<quint32>(size);
-    if (size > 0)
-        letters += (static_cast<quint32>(regType.at(0).unicode()) << 8)
-                   + (static_cast<quint32>(regType.at(size / 2).unicode()) << 16)
-                   + (static_cast<quint32>(regType.at(size - 1).unicode()) << 24);
-    return mixed(mixed(letters, static_cast<quint32>(station)), static_cast<quint32>(address));
-}
-
-} // namespace
-
-DataAreaIndex::DataAreaIndex()
-    : m_used(0), m_last(NONE), m_expected(0), m_runEnd(0), m_isInHand(false)
-{
-}
+DataAreaIndex::DataAreaIndex() : m_last(NONE), m_expected(0), m_runEnd(0), m_isInHand(false) {}
 
 void DataAreaIndex::reset()
 {
-    m_slots.clear();
+    m_table.clear();
     m_followers.clear();
     m_letGo.clear();
-    m_used = 0;
     m_last = NONE;
     m_expected = 0;
     m_runEnd = 0;
-}
-
-void DataAreaIndex::put(const Slot& entry)
-{
-    const size_t mask = m_slots.size() - 1;
-    size_t slot = entry.hash & mask;
-    while (m_slots[slot].record != NONE)
-        slot = (slot + 1) & mask;
-    m_slots[slot] = entry;
-}
-
-// Called when the table is four fifths full. It stays as it is when memory runs out.
-void DataAreaIndex::grow()
-{
-    const Slot empty = {0, NONE};
-    std::vector<Slot> old(m_slots.empty() ? FIRST_SIZE : m_slots.size() * 2, empty);
-    old.swap(m_slots);
-    for (size_t i = 0; i < old.size(); ++i) {
-        if (old[i].record != NONE)
-            put(old[i]);
-    }
-}
-
-// A record whose key is there already stays out: the first one is found.
-void DataAreaIndex::add(const QList<_DATA_>& list, int record)
-{
-    if (m_slots.empty() || static_cast<size_t>(m_used) * 5 >= m_slots.size() * 4)
-        grow();
-    const _DATA_& area = list.at(record);
-    const Slot entry = {hashOf(area.station, area.regType, area.address), record};
-    if (findInTable(list, entry.hash, area.station, area.regType, area.address) == NONE) {
-        put(entry);
-        ++m_used;
-    }
-    m_followers.push_back(record + 1);
-}
-
-int DataAreaIndex::findInTable(const QList<_DATA_>& list, quint32 hash, int station,
-                               const QString& regType, int address) const
-{
-    const size_t mask = m_slots.size() - 1;
-    for (size_t slot = hash & mask; m_slots[slot].record != NONE; slot = (slot + 1) & mask) {
-        if (m_slots[slot].hash == hash
-            && isRecordOf(list.at(m_slots[slot].record), station, regType, address))
-            return m_slots[slot].record;
-    }
-    return NONE;
 }
 
 int DataAreaIndex::findInList(const QList<_DATA_>& list, int station, const QString& regType,
@@ -100,19 +24,22 @@ int DataAreaIndex::findInList(const QList<_DATA_>& list, int station, const QStr
     return NONE;
 }
 
-int DataAreaIndex::search(const QList<_DATA_>& list, int station, const QString& regType,
-                          int address)
+void DataAreaIndex::addNewRecords(const QList<_DATA_>& list)
 {
     const int size = static_cast<int>(list.size());
     int known = static_cast<int>(m_followers.size());
-    while (known < size)
-        add(list, known++);
-    if (known == 0)
-        return NONE;
-    m_runEnd = m_used == known ? known : 0;
+    while (known < size) {
+        m_table.add(list, known);
+        m_followers.push_back(++known);
+    }
+    m_runEnd = m_table.keys() == known ? known : 0;
+}
 
-    const int found =
-        findInTable(list, hashOf(station, regType, address), station, regType, address);
+int DataAreaIndex::search(const QList<_DATA_>& list, int station, const QString& regType,
+                          int address)
+{
+    addNewRecords(list);
+    const int found = m_table.find(list, station, regType, address);
     if (found == NONE)
         return NONE;
     if (m_last != NONE)

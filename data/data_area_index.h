@@ -2,24 +2,11 @@
 #ifndef TARVELAN_DATA_DATA_AREA_INDEX_H
 #define TARVELAN_DATA_DATA_AREA_INDEX_H
 
-#include "driver/records.h"
-
-#include <QtCore/QList>
+#include "data/record_table.h"
 
 #include <vector>
 
-inline bool sameName(const QString& a, const QString& b)
-{
-    return a.isSharedWith(b) || a == b;
-}
-
-/// True when the record holds that address of that station and register type.
-inline bool isRecordOf(const _DATA_& area, int station, const QString& regType, int address)
-{
-    return area.address == address && area.station == station && sameName(area.regType, regType);
-}
-
-/// A hash table beside `tarvelan::dataAreas`. Between calls of the driver and inside
+/// A table beside `tarvelan::dataAreas`. Between calls of the driver and inside
 /// the value-change function anybody may change that list. So the driver takes it up
 /// before it searches and lets it go afterwards; in between, the index holds an
 /// implicitly shared copy. A list that is no longer shared with that copy was open for
@@ -79,12 +66,7 @@ public:
     void reset();
 
 private:
-    struct Slot {
-        quint32 hash;
-        int record; // NONE: empty
-    };
-
-    static const int NONE = -1;
+    static const int NONE = RecordTable::NONE;
 
     int foundAt(int record)
     {
@@ -94,16 +76,11 @@ private:
     }
 
     int search(const QList<_DATA_>& list, int station, const QString& regType, int address);
-    void add(const QList<_DATA_>& list, int record);
-    void grow();
-    void put(const Slot& entry);
-    int findInTable(const QList<_DATA_>& list, quint32 hash, int station, const QString& regType,
-                    int address) const;
+    void addNewRecords(const QList<_DATA_>& list);
 
-    std::vector<Slot> m_slots;    // a power of two of them
+    RecordTable m_table;
     std::vector<int> m_followers; // of each record indexed: the one found after it last time
     QList<_DATA_> m_letGo;        // the list as the driver let it go; empty while in hand
-    int m_used;                   // slots in use
     int m_last;                   // record found last, or NONE
     int m_expected;               // its follower; the first record when there is none
     int m_runEnd;                 // records indexed, if no key is there twice; else 0

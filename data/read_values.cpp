@@ -5,6 +5,7 @@
 #include "data/recipe_values.h"
 #include "data/unchanged_run.h"
 #include "driver/tarvelan.h"
+#include "registers/type_names.h"
 
 #include <QtCore/QtEndian>
 
@@ -152,15 +153,6 @@ RegisterClass classOf(const ReadRequest& request)
 }
 
 } // namespace
-
-ReadRequest::ReadRequest(const FRAME_PRO& frame)
-    : station(frame.job.station),
-      type(findRegisterType(frame.job.regType)),
-      address(frame.job.address),
-      firstDataByte(frame.frameFunc),
-      dataLength(frame.dataLen)
-{
-}
 
 void storeReadValues(const ReadRequest& request, const ReplyBytes& reply)
 {

@@ -1,7 +1,8 @@
 #include "data/recipe_values.h"
 
 #include "data/data_areas.h"
-#include "data/read_values.h"
+#include "data/read_frame.h"
+#include "data/reply_bytes.h"
 #include "driver/tarvelan.h"
 #include "driver/wrapping.h"
 

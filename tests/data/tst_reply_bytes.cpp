@@ -1,4 +1,4 @@
-#include "data/read_values.h"
+#include "data/reply_bytes.h"
 
 #include <QtTest/QTest>
 
