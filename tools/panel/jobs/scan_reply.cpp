@@ -1,8 +1,8 @@
 #include "panel/jobs/scan_reply.h"
 
+#include "exchange/failure.h"
 #include "exchange/replies/reply_verdict.h"
 #include "panel/text/counted.h"
-#include "panel/text/frame_text.h"
 
 namespace kx
 {
@@ -37,7 +37,7 @@ ScanReply scanReplyOf(const ExchangeRecord& record)
     } else if (record.replyKind == ReplyKind::Exception) {
         reply.answer = ScanAnswer::Exception;
         reply.exceptionCode = record.exceptionCode;
-        reply.fault = outcomeText(record).section(QLatin1Char(','), 0, 0);
+        reply.fault = exceptionText(record.exceptionCode);
     } else if (record.reply.size() >= SHORTEST_FRAME && endsWithItsCrc(record.reply)) {
         reply.answer = ScanAnswer::Other;
         reply.station = static_cast<unsigned char>(record.reply.at(0));

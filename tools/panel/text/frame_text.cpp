@@ -1,6 +1,7 @@
 #include "panel/text/frame_text.h"
 
 #include "data/reply_handling.h"
+#include "exchange/failure.h"
 #include "exchange/replies/reply_verdict.h"
 #include "panel/text/json_time.h"
 
@@ -76,61 +77,6 @@ QString withNames(const QByteArray& frame, const QList<Field>& fields)
     return parts.join(QLatin1String(", "));
 }
 
-QString exceptionName(int code)
-{
-    switch (code) {
-    case 1:
-        return QLatin1String("illegal function");
-    case 2:
-        return QLatin1String("illegal data address");
-    case 3:
-        return QLatin1String("illegal data value");
-    case 4:
-        return QLatin1String("device failure");
-    case 5:
-        return QLatin1String("still at work");
-    case 6:
-        return QLatin1String("busy");
-    case 10:
-        return QLatin1String("gateway has no path");
-    case 11:
-        return QLatin1String("no answer to the gateway");
-    default:
-        return QLatin1String("other reason");
-    }
-}
-
-QString replyKindText(const ExchangeRecord& record)
-{
-    switch (record.replyKind) {
-    case ReplyKind::Good:
-        return QLatin1String("good");
-    case ReplyKind::None:
-        return QLatin1String("no reply");
-    case ReplyKind::Short:
-        return QLatin1String("short reply");
-    case ReplyKind::Bad:
-        return QLatin1String("bad reply");
-    case ReplyKind::Exception:
-        return QString::fromLatin1("exception %1 (%2)")
-            .arg(record.exceptionCode)
-            .arg(exceptionName(record.exceptionCode));
-    case ReplyKind::WrongByteCount:
-        return QLatin1String("wrong byte count");
-    case ReplyKind::Foreign:
-        return QLatin1String("reply of another request");
-    case ReplyKind::Lost:
-        return QLatin1String("line lost");
-    case ReplyKind::Broadcast:
-        return QLatin1String("broadcast");
-    case ReplyKind::NeverSilent:
-        return QLatin1String("the line is never silent");
-    case ReplyKind::NotSent:
-        return QLatin1String("not whole, so not sent");
-    }
-    return QString();
-}
-
 QString resultText(int result)
 {
     switch (result) {
@@ -172,7 +118,8 @@ QString replyText(const QByteArray& reply)
 
 QString outcomeText(const ExchangeRecord& record)
 {
-    QString text = replyKindText(record) + QLatin1String(", ") + resultText(record.result);
+    QString text = reasonText(record.replyKind, record.exceptionCode) + QLatin1String(", ")
+                   + resultText(record.result);
     if (!record.errorText.isEmpty())
         text += QLatin1String(": ") + record.errorText;
     return text;
@@ -200,7 +147,7 @@ QJsonObject exchangeJson(const ExchangeRecord& record)
     json[QLatin1String("requestFields")] = requestText(record.request);
     json[QLatin1String("reply")] = hexText(record.reply);
     json[QLatin1String("replyFields")] = replyText(record.reply);
-    json[QLatin1String("outcome")] = replyKindText(record);
+    json[QLatin1String("outcome")] = reasonText(record.replyKind, record.exceptionCode);
     json[QLatin1String("result")] = resultText(record.result);
     json[QLatin1String("repeated")] = record.repeated;
     return json;
@@ -208,7 +155,7 @@ QJsonObject exchangeJson(const ExchangeRecord& record)
 
 QString reasonOf(const ExchangeRecord& record)
 {
-    return outcomeText(record).section(QLatin1Char(','), 0, 0);
+    return reasonText(record.replyKind, record.exceptionCode);
 }
 
 } // namespace kx
