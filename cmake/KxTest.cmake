@@ -5,32 +5,25 @@ include(CheckLinkerFlag)
 check_linker_flag(CXX -fuse-ld=gold KX_HAS_GOLD)
 set(KX_TEST_SECONDS 120 CACHE STRING "Seconds after which a test has failed")
 
-# Definitions that come with some of Qt's modules would not allow a shared precompiled
-# header. Nothing here reads them.
-if(NOT KX_QT EQUAL 4)
-  foreach(component IN LISTS KX_QT_COMPONENTS)
-    get_target_property(definitions Qt${KX_QT}::${component} INTERFACE_COMPILE_DEFINITIONS)
-    list(FILTER definitions EXCLUDE REGEX "^QT_(TESTCASE_.*|NETWORK_LIB|SERIALPORT_LIB)$")
-    set_target_properties(Qt${KX_QT}::${component} PROPERTIES
-      INTERFACE_COMPILE_DEFINITIONS "${definitions}")
-  endforeach()
-endif()
-
 # What each source of a test reads first.
 set(KX_FIRST_TEST_HEADERS <QtTest/QTest> <functional> <vector>)
 if(KX_QT EQUAL 4)
   list(APPEND KX_FIRST_TEST_HEADERS "${PROJECT_SOURCE_DIR}/tests/support/qtest48.h")
 endif()
 
+# QtTest's header looks at definitions that come with some of Qt's modules, so a program
+# with them could not share what is precompiled without. Nothing here needs them.
+set(KX_TEST_OPTIONS -O0 -UQT_NETWORK_LIB -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
+
 # kx_add_test_headers(NAME): the target whose precompiled header the others share.
 function(kx_add_test_headers name)
-  target_compile_options(${name} PRIVATE -O0)
+  target_compile_options(${name} PRIVATE ${KX_TEST_OPTIONS})
   target_precompile_headers(${name} PRIVATE ${KX_FIRST_TEST_HEADERS})
   set(KX_TEST_HEADERS ${name} PARENT_SCOPE)
 endfunction()
 
 function(kx_use_test_headers target)
-  target_compile_options(${target} PRIVATE -O0 -fPIC)
+  target_compile_options(${target} PRIVATE ${KX_TEST_OPTIONS} -fPIC)
   target_precompile_headers(${target} REUSE_FROM ${KX_TEST_HEADERS})
 endfunction()
 
