@@ -85,6 +85,8 @@ void CommandLinesTest::wrongUsage_data()
         << "bench/run" << QStringList{"markdown"} << "unknown option 'markdown'";
     QTest::newRow("a format that coverage lacks")
         << "scripts/coverage" << QStringList{"xml"} << "unknown argument 'xml'";
+    QTest::newRow("a check that is none")
+        << "scripts/check-style" << QStringList{"tests"} << "unknown argument 'tests'";
     QTest::newRow("half a command")
         << "scripts/debian-root" << QStringList{"build/some-root"} << "arguments are missing";
     QTest::newRow("no directory") << "scripts/build" << QStringList() << "the directory is missing";

@@ -129,7 +129,7 @@ QString hexValue(const WatchEntry& entry)
 
 QString cutLine(const QString& line, int width)
 {
-    const QString cut = line.left(qMax(0, width));
+    QString cut = line.left(qMax(0, width)); // not const, so that it can be moved out
     if (cut.isEmpty() || line.mid(width).trimmed().isEmpty())
         return cut;
     return cut.left(width - 1) + QChar(0x2026);

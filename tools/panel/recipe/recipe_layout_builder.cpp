@@ -120,7 +120,8 @@ void RecipeLayoutBuilder::addPieces(const AddressRange& run)
 void RecipeLayoutBuilder::storeCoils(const AddressRange& piece, int offset)
 {
     for (int i = 0; i < piece.values; ++i) {
-        unsigned short& word = m_layout->buffer[static_cast<size_t>(offset + i / COILS_PER_WORD)];
+        const int at = offset + i / COILS_PER_WORD;
+        unsigned short& word = m_layout->buffer[static_cast<size_t>(at)];
         const int shift = i % COILS_PER_WORD * COIL_BITS;
         word = static_cast<unsigned short>(word | valueAt(piece, i) << shift);
     }

@@ -1,0 +1,93 @@
+// scripts/check-style: what it hands to clang, and that .ci/run stops where it fails.
+
+#include "script_sandbox.h"
+
+#include <QtTest/QTest>
+
+namespace
+{
+
+const QString FORMAT = QStringLiteral("clang-format --dry-run -Werror tools/a.cpp");
+const QString CONFIGURE =
+    QStringLiteral("cmake -S . -B build/style -DBUILD_TESTING=OFF -DKX_HAS_MEMCPY_STRATEGY=OFF");
+
+} // namespace
+
+class CheckStyleTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void whatIsRun_data();
+    void whatIsRun();
+    void whatClangRefusesIsAFailure();
+    void nothingIsTestedWhereTheStyleIsWrong();
+
+private:
+    /// How the programs that look at sources were called.
+    QStringList calls();
+
+    ScriptSandbox m_sandbox;
+};
+
+void CheckStyleTest::init()
+{
+    m_sandbox.addProgram("git", "echo tools/a.cpp");
+    m_sandbox.addProgram("clang-tidy");
+    m_sandbox.calls();
+}
+
+QStringList CheckStyleTest::calls()
+{
+    QStringList lookedAt;
+    for (const QString& call : m_sandbox.calls()) {
+        if (!call.startsWith("dpkg-query") && !call.startsWith("git"))
+            lookedAt << call;
+    }
+    return lookedAt;
+}
+
+void CheckStyleTest::whatIsRun_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QStringList>("expected");
+    QTest::newRow("for every change")
+        << QStringList()
+        << QStringList{FORMAT, CONFIGURE,
+                       "clang-tidy --quiet -p build/style --checks=-clang-analyzer-* tools/a.cpp"};
+    QTest::newRow("with the analyzer")
+        << QStringList{"all"}
+        << QStringList{FORMAT, CONFIGURE, "clang-tidy --quiet -p build/style tools/a.cpp"};
+    QTest::newRow("formatting only") << QStringList{"format"} << QStringList{FORMAT};
+}
+
+void CheckStyleTest::whatIsRun()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QStringList, expected);
+    const ScriptResult result = m_sandbox.run("scripts/check-style", arguments);
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(calls(), expected);
+}
+
+void CheckStyleTest::whatClangRefusesIsAFailure()
+{
+    m_sandbox.addProgram("clang-tidy", "echo 'tools/a.cpp:1:1: error: function too long'; exit 1");
+    const ScriptResult result = m_sandbox.run("scripts/check-style", {});
+    QVERIFY(result.exitCode != 0);
+    QCOMPARE(result.output, QStringList{"tools/a.cpp:1:1: error: function too long"});
+}
+
+void CheckStyleTest::nothingIsTestedWhereTheStyleIsWrong()
+{
+    m_sandbox.addProgram("clang-tidy", "exit 1");
+    QVERIFY(m_sandbox.run(".ci/run", {}).exitCode != 0);
+    QVERIFY(calls().filter("ctest").isEmpty());
+    m_sandbox.addProgram("clang-tidy");
+    m_sandbox.run(".ci/run", {});
+    QVERIFY(!calls().filter("ctest").isEmpty());
+}
+
+QTEST_GUILESS_MAIN(CheckStyleTest)
+#include "tst_check_style.moc"
