@@ -1,31 +1,31 @@
-"""A copy of the library and its tests, built apart, in which single files change."""
+"""A copy of the sources and their tests, built apart, in which single files change."""
 
 import json
-import os
 import re
-import resource
 import shlex
 import subprocess
 from collections import namedtuple
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-SOURCES = ['driver', 'registers', 'planning', 'modbus', 'data', 'tarvelan_kx_series.cpp']
-# As many random calls for every change, whatever the speed of the machine.
-ENVIRONMENT = dict(os.environ, KX_RANDOM_STEPS='20000')
-# The tests that change with every change of the library, but for those that look for
-# something else than results, and long.
+from limited_test import Test, cost_of, passes
+
+LIBRARY = ['driver', 'registers', 'planning', 'modbus', 'data', 'tarvelan_kx_series.cpp']
+TOOLS = 'tools'
+# The tests of the library, but for those that look for something else than results, and long.
 FOLDERS = ['driver', 'registers', 'planning', 'modbus', 'data', 'stories', 'model']
 LEFT_OUT = ['tst_damaged_replies', 'tst_edge_arguments', 'tst_load_unload', 'tst_long_lists',
             'tst_long_parameters', 'tst_public_headers', 'tst_qt48_dialect']
-MEMORY_LIMIT = 4 << 30  # bytes, of an endless loop that allocates
 
-Test = namedtuple('Test', 'name command directory')
 Unit = namedtuple('Unit', 'source object target command directory')
 
 
 class BuildFailed(Exception):
     pass
+
+
+def is_below(folder, ancestor):
+    return f'{folder}/'.startswith(f'{ancestor}/')
 
 
 def run_quietly(command, directory, **options):
@@ -36,25 +36,29 @@ def run_quietly(command, directory, **options):
 
 
 class MutableCopy:
-    def __init__(self, checkout, directory, jobs):
+    """Of the library and its tests; with the tools and theirs if so asked."""
+
+    def __init__(self, checkout, directory, jobs, with_tools):
         self.sources = directory / 'sources'
         self.build = directory / 'build'
         self.checkout = checkout
         self.jobs = jobs
+        self.with_tools = with_tools
+        self.outdated = set()  # targets of tests that are to be linked before they run
 
     def prepare(self):
         """Brings the copy up to date, builds it and runs its tests once."""
         self.copy_sources()
         self.build.mkdir(parents=True, exist_ok=True)
-        run_quietly(['cmake', '-S', self.sources, '-B', self.build, '-DKX_BUILD_TOOLS=OFF',
-                     '-DCMAKE_BUILD_TYPE=None', '-DCMAKE_CXX_FLAGS=-O0 -w'], self.build)
+        run_quietly(['cmake', '-S', self.sources, '-B', self.build,
+                     f'-DKX_BUILD_TOOLS={self.with_tools:d}', '-DCMAKE_BUILD_TYPE=None', '-DCMAKE_CXX_FLAGS=-O0 -w'], self.build)
         self.units = self.read_units()
         targets = sorted({unit.target.stem for unit in self.units})
         run_quietly(['cmake', '--build', self.build, '-j', str(self.jobs), '--target', *targets],
                     self.build)
         self.depends = {unit: self.headers_of(unit) for unit in self.units}
         self.tests = self.read_tests()
-        self.seconds = {test.name: self.measure(test) for test in self.tests}
+        self.costs = {test.name: self.measured(test) for test in self.tests}
         self.originals = {unit: (self.build / unit.object).read_bytes() for unit in self.units}
         self.codes = {unit: self.code_of(self.build / unit.object) for unit in self.units}
 
@@ -79,13 +83,16 @@ class MutableCopy:
             output = command[command.index('-o') + 1]
             target = directory / re.match(r'.*CMakeFiles/[^/]+\.dir', output).group()
             place = target.relative_to(self.build).as_posix()
-            wanted = target.stem not in LEFT_OUT and place.startswith(
-                ('CMakeFiles/', *(f'tests/{folder}/' for folder in FOLDERS)))
+            wanted = target.stem not in LEFT_OUT and place.startswith(self.folders_built())
             if wanted and not entry['file'].startswith(str(self.build)):
                 units.append(Unit(Path(entry['file']).relative_to(self.sources).as_posix(),
                                   (directory / output).relative_to(self.build).as_posix(),
                                   target, tuple(command), directory))
         return units
+
+    def folders_built(self):
+        folders = ['CMakeFiles/', *(f'tests/{folder}/' for folder in FOLDERS)]
+        return tuple(folders + ([f'{TOOLS}/', f'tests/{TOOLS}/'] if self.with_tools else []))
 
     def headers_of(self, unit):
         rules = (self.build / (unit.object + '.d')).read_text()
@@ -95,49 +102,42 @@ class MutableCopy:
     def read_tests(self):
         listed = subprocess.run(['ctest', '--show-only=json-v1'], cwd=self.build, text=True,
                                 stdout=subprocess.PIPE, check=True).stdout
+        programs = {unit.target.stem: unit.target for unit in self.units}
         tests = []
         for test in json.loads(listed)['tests']:
             directory = next((value['value'] for value in test['properties']
                               if value['name'] == 'WORKING_DIRECTORY'), str(self.build))
-            program = Path(test.get('command', ['none'])[0])
-            if program.name in {unit.target.stem for unit in self.units}:
-                tests.append(Test(test['name'], test['command'], directory))
+            target = programs.get(Path(test.get('command', ['none'])[0]).name)
+            if target:
+                folder = target.parent.parent.relative_to(self.build / 'tests').as_posix()
+                tests.append(Test(test['name'], test['command'], directory, folder, target))
         return tests
 
-    def measure(self, test):
-        """Seconds of processor time, which do not depend on what else is running."""
-        before = resource.getrusage(resource.RUSAGE_CHILDREN)
-        if not self.passes(test, 600):
-            raise BuildFailed(f'{test.name} fails without any change')
-        after = resource.getrusage(resource.RUSAGE_CHILDREN)
-        return after.ru_utime - before.ru_utime + after.ru_stime - before.ru_stime
-
     @staticmethod
-    def passes(test, seconds):
-        def limit():
-            resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds))
-            resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
-            resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-        try:
-            return subprocess.run(test.command, cwd=test.directory, stdin=subprocess.DEVNULL,
-                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                  preexec_fn=limit, env=ENVIRONMENT, timeout=30 + 20 * seconds,
-                                  check=False).returncode == 0
-        except subprocess.TimeoutExpired:  # waits for a lock
-            return False
+    def measured(test):
+        cost = cost_of(test)
+        if not cost:
+            raise BuildFailed(f'{test.name} fails without any change')
+        return cost
 
     def failing_test(self, name):
         """The first test that fails, those of the changed file first; else None."""
-        folder, stem = Path(name).parent.name, Path(name).stem
-        own = [test for test in self.tests if test.name.startswith('tst_' + stem)]
-        near = {Path(unit.source).stem for unit in self.units
-                if unit.source.startswith(f'tests/{folder}/')}
-        rest = sorted((test for test in self.tests if test not in own),
-                      key=lambda test: (test.name not in near, self.seconds[test.name]))
+        folder, stem = Path(name).parent.as_posix(), Path(name).stem
+        # The library's tests have to do without those of the tools, and know nothing of them.
+        able = [test for test in self.tests
+                if is_below(test.folder, TOOLS) == is_below(folder, TOOLS)]
+        own = [test for test in able if test.name.startswith('tst_' + stem)]
+        rest = sorted((test for test in able if test not in own),
+                      key=lambda test: (test.folder != folder, self.costs[test.name].clock))
         failed = []
 
         def attempt(test):
-            if not failed and not self.passes(test, 2 + int(5 * self.seconds[test.name])):
+            if failed:
+                return
+            if test.target in self.outdated:
+                self.link(test.target)
+                self.outdated.discard(test.target)
+            if not passes(test, 2 + int(5 * self.costs[test.name].processor)):
                 failed.append(test.name)
         for group in (own, rest):
             with ThreadPoolExecutor(self.jobs) as pool:
@@ -147,12 +147,13 @@ class MutableCopy:
         return None
 
     def units_with(self, name):
-        """What the library's build, the test of that file, and tests that include it compile from it."""
+        """What the build compiles from it, the test of that file, and tests that include it."""
         own = 'tst_' + Path(name).stem
+        included = f'#include "{name.removeprefix(TOOLS + "/")}"'
         return [unit for unit in self.units if name in self.depends[unit]
                 and (not unit.source.startswith(('tests/', 'fuzz/'))
                      or Path(unit.source).stem.startswith(own)
-                     or f'#include "{name}"' in (self.sources / unit.source).read_text())]
+                     or included in (self.sources / unit.source).read_text())]
 
     def compile_all(self, units):
         with ThreadPoolExecutor(self.jobs) as pool:
@@ -160,20 +161,27 @@ class MutableCopy:
                           units))
 
     def link_all(self, targets):
+        """Links what the targets are part of; a test only when it runs."""
         archives = []
         for target in targets:
-            if re.search(r'\bar qc\b', (target / 'link.txt').read_text()):
-                archives += re.findall(r'\S+\.a\b', (target / 'link.txt').read_text())[:1]
+            if self.is_archive(target):
+                archives.append(re.search(r'\S+\.a\b', (target / 'link.txt').read_text()).group())
                 Path(target.parent.parent, archives[-1]).unlink(missing_ok=True)
                 self.link(target)
-        built = {unit.target for unit in self.units}
-        for link in self.build.rglob('link.txt') if archives else ():
-            if link.parent in built and any(Path(archive).name in link.read_text()
-                                            for archive in archives):
-                targets = targets | {link.parent}
-        for target in sorted(targets):
-            if (target / 'link.txt').exists() and 'ar qc' not in (target / 'link.txt').read_text():
-                self.link(target)
+        programs = {test.target for test in self.tests}
+        built = {unit.target for unit in self.units if (unit.target / 'link.txt').exists()}
+        for target in sorted(target for target in built if not self.is_archive(target)):
+            inputs = (target / 'link.txt').read_text()
+            if target in targets or any(Path(archive).name in inputs for archive in archives):
+                if target in programs:
+                    self.outdated.add(target)
+                else:
+                    self.link(target)
+
+    @staticmethod
+    def is_archive(target):
+        link = target / 'link.txt'
+        return link.exists() and bool(re.search(r'\bar qc\b', link.read_text()))
 
     @staticmethod
     def link(target):
