@@ -93,6 +93,12 @@ void ScriptSandbox::addFile(const QString& path, const QString& commands)
     write(project() + path, commands);
 }
 
+QString ScriptSandbox::text(const QString& path) const
+{
+    QFile file(project() + path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
 void ScriptSandbox::setVariable(const QString& name, const QString& value)
 {
     m_environment.insert(name, value);

@@ -26,6 +26,8 @@ public:
     void addProgram(const QString& name, const QString& commands = QString());
     /// The same for a file of the project, such as "build/run/bin/kxhost".
     void addFile(const QString& path, const QString& commands = QString());
+    /// Of a file of the project; empty when there is none.
+    QString text(const QString& path) const;
     void setVariable(const QString& name, const QString& value);
 
     /// @param script as of scriptsOfTheProject()
