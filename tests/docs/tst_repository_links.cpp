@@ -14,7 +14,8 @@ const QString SOURCES = QStringLiteral(KX_SOURCES);
 
 QStringList markdownFiles()
 {
-    return QStringList({"README.md", "CONTRIBUTING.md", "CHANGELOG.md", "bench/README.md"})
+    return QStringList({"README.md", "CONTRIBUTING.md", "CHANGELOG.md", "RELEASING.md",
+                        "SECURITY.md", "bench/README.md", "fuzz/README.md"})
            + sourceFiles("docs", "*.md");
 }
 

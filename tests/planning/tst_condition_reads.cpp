@@ -27,7 +27,7 @@ void queueSomethingAtTheHead()
 
 } // namespace
 
-class ConditionReadJobsTest : public QObject
+class ConditionReadsTest : public QObject
 {
     Q_OBJECT
 
@@ -46,7 +46,7 @@ private slots:
     void touchesNothingElse();
 };
 
-void ConditionReadJobsTest::splits_data()
+void ConditionReadsTest::splits_data()
 {
     QTest::addColumn<int>("maxWords");
     QTest::addColumn<QString>("range");
@@ -81,7 +81,7 @@ void ConditionReadJobsTest::splits_data()
     row("station 0", 10, "0 D 0 x1", words, "0 D 0 x1", "0 D 0 x1");
 }
 
-void ConditionReadJobsTest::splits()
+void ConditionReadsTest::splits()
 {
     QFETCH(int, maxWords);
     QFETCH(QString, range);
@@ -94,7 +94,7 @@ void ConditionReadJobsTest::splits()
     QCOMPARE(textOf(driver.condVar), last);
 }
 
-void ConditionReadJobsTest::keepsTheKindAndLeavesTheRequestAlone()
+void ConditionReadsTest::keepsTheKindAndLeavesTheRequestAlone()
 {
     DriverFixture runtime("1#0#0#3#10");
     KEY_ADDRESS asked = key(1, "D", 0, 25);
@@ -108,7 +108,7 @@ void ConditionReadJobsTest::keepsTheKindAndLeavesTheRequestAlone()
     QCOMPARE(asked.keyName, QString("name"));
 }
 
-void ConditionReadJobsTest::aWaitingRequestIsNotQueuedTwice()
+void ConditionReadsTest::aWaitingRequestIsNotQueuedTwice()
 {
     DriverFixture runtime("1#0#0#3#10");
     queueSomethingAtTheHead();
@@ -122,7 +122,7 @@ void ConditionReadJobsTest::aWaitingRequestIsNotQueuedTwice()
     QCOMPARE(driver.condVar.kind, 8);
 }
 
-void ConditionReadJobsTest::aRequestAtTheHeadIsQueuedAgain()
+void ConditionReadsTest::aRequestAtTheHeadIsQueuedAgain()
 {
     DriverFixture runtime("1#0#0#3#10");
     ask("1 D 0 x5", COUNTED_IN_WORDS, 3);
@@ -135,7 +135,7 @@ void ConditionReadJobsTest::aRequestAtTheHeadIsQueuedAgain()
     QCOMPARE(driver.condList.at(1).kind, 9);
 }
 
-void ConditionReadJobsTest::requestsOfAnotherTargetAreAppended_data()
+void ConditionReadsTest::requestsOfAnotherTargetAreAppended_data()
 {
     QTest::addColumn<QString>("range");
     QTest::newRow("another station") << "2 D 0 x5";
@@ -144,7 +144,7 @@ void ConditionReadJobsTest::requestsOfAnotherTargetAreAppended_data()
     QTest::newRow("another count") << "1 D 0 x4";
 }
 
-void ConditionReadJobsTest::requestsOfAnotherTargetAreAppended()
+void ConditionReadsTest::requestsOfAnotherTargetAreAppended()
 {
     QFETCH(QString, range);
     DriverFixture runtime("1#0#0#3#10");
@@ -154,7 +154,7 @@ void ConditionReadJobsTest::requestsOfAnotherTargetAreAppended()
     QCOMPARE(textOf(driver.condList), "9 D 9 x9, 1 D 0 x5, " + range);
 }
 
-void ConditionReadJobsTest::theQueueEndsAtFiveHundredAndThirteen()
+void ConditionReadsTest::theQueueEndsAtFiveHundredAndThirteen()
 {
     DriverFixture runtime("1#0#0#3#10");
     for (int i = 0; i < 600; ++i) {
@@ -168,7 +168,7 @@ void ConditionReadJobsTest::theQueueEndsAtFiveHundredAndThirteen()
     QCOMPARE(driver.condList.at(512).address, 5990);
 }
 
-void ConditionReadJobsTest::aFullQueueStillReplacesAWaitingRequest()
+void ConditionReadsTest::aFullQueueStillReplacesAWaitingRequest()
 {
     DriverFixture runtime("1#0#0#3#10");
     for (int i = 0; i < 513; ++i)
@@ -180,7 +180,7 @@ void ConditionReadJobsTest::aFullQueueStillReplacesAWaitingRequest()
     QCOMPARE(driver.condVar.address, 30);
 }
 
-void ConditionReadJobsTest::manyPiecesAreFiledLikeOneByOne()
+void ConditionReadsTest::manyPiecesAreFiledLikeOneByOne()
 {
     DriverFixture runtime("1#0#0#3#2");
     // Waiting jobs that match a piece in the middle, the last and the first of those that
@@ -206,7 +206,7 @@ void ConditionReadJobsTest::manyPiecesAreFiledLikeOneByOne()
 
 // Two milliseconds. Its two thousand million pieces one by one would take most of an
 // hour, so that a driver that files them so does not come back within a test's time.
-void ConditionReadJobsTest::theLongestRangeIsFiledAtOnce()
+void ConditionReadsTest::theLongestRangeIsFiledAtOnce()
 {
     DriverFixture runtime("1#0#0#3#1");
     ask("1 D 0 x2147483647", COUNTED_IN_WORDS);
@@ -216,7 +216,7 @@ void ConditionReadJobsTest::theLongestRangeIsFiledAtOnce()
     QCOMPARE(driver.condVar.address, 2147483646);
 }
 
-void ConditionReadJobsTest::touchesNothingElse()
+void ConditionReadsTest::touchesNothingElse()
 {
     DriverFixture runtime("1#0#0#3#10");
     QList<KEY_ADDRESS> watched = ranges("1 D 0 x5");
@@ -228,5 +228,5 @@ void ConditionReadJobsTest::touchesNothingElse()
     QCOMPARE(runtime.reports.size(), 0);
 }
 
-QTEST_APPLESS_MAIN(ConditionReadJobsTest)
-#include "tst_condition_read_jobs.moc"
+QTEST_APPLESS_MAIN(ConditionReadsTest)
+#include "tst_condition_reads.moc"

@@ -24,7 +24,7 @@ void expectD100Done(DriverFixture& runtime)
 
 } // namespace
 
-class ConditionReadsTest : public QObject
+class ConditionReadsOnTheLineTest : public QObject
 {
     Q_OBJECT
 
@@ -205,5 +205,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(ConditionReadsTest)
-#include "tst_condition_reads.moc"
+QTEST_APPLESS_MAIN(ConditionReadsOnTheLineTest)
+#include "tst_condition_reads_on_the_line.moc"
