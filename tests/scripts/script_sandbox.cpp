@@ -85,12 +85,17 @@ ScriptSandbox::ScriptSandbox()
 
 void ScriptSandbox::addProgram(const QString& name, const QString& commands)
 {
-    write(programs() + name, commands);
+    addCommands(programs() + name, commands);
 }
 
 void ScriptSandbox::addFile(const QString& path, const QString& commands)
 {
-    write(project() + path, commands);
+    addCommands(project() + path, commands);
+}
+
+void ScriptSandbox::addText(const QString& path, const QString& text)
+{
+    write(project() + path, text.toUtf8());
 }
 
 QString ScriptSandbox::text(const QString& path) const
@@ -104,16 +109,21 @@ void ScriptSandbox::setVariable(const QString& name, const QString& value)
     m_environment.insert(name, value);
 }
 
-void ScriptSandbox::write(const QString& path, const QString& commands)
+void ScriptSandbox::addCommands(const QString& path, const QString& commands)
+{
+    write(path, QString("#!/bin/sh\necho \"${0##*/} $*\" >>'%1'\n%2\n")
+                    .arg(callsFile(), commands)
+                    .toUtf8());
+    QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner);
+}
+
+void ScriptSandbox::write(const QString& path, const QByteArray& content)
 {
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         qFatal("cannot write %s", qPrintable(path));
-    file.write(QString("#!/bin/sh\necho \"${0##*/} $*\" >>'%1'\n%2\n")
-                   .arg(callsFile(), commands)
-                   .toUtf8());
-    file.setPermissions(file.permissions() | QFile::ExeOwner);
+    file.write(content);
 }
 
 ScriptResult ScriptSandbox::run(const QString& script, const QStringList& arguments)

@@ -26,6 +26,7 @@ public:
     void addProgram(const QString& name, const QString& commands = QString());
     /// The same for a file of the project, such as "build/run/bin/kxhost".
     void addFile(const QString& path, const QString& commands = QString());
+    void addText(const QString& path, const QString& text);
     /// Of a file of the project; empty when there is none.
     QString text(const QString& path) const;
     void setVariable(const QString& name, const QString& value);
@@ -38,7 +39,8 @@ public:
     QStringList calls();
 
 private:
-    void write(const QString& path, const QString& commands);
+    void addCommands(const QString& path, const QString& commands);
+    static void write(const QString& path, const QByteArray& content);
     QString callsFile() const { return m_folder.filePath(QStringLiteral("calls")); }
     QString programs() const { return m_folder.filePath(QStringLiteral("programs/")); }
     QString project() const { return m_folder.filePath(QStringLiteral("project/")); }

@@ -32,7 +32,7 @@ QString cachedCoils()
 
 } // namespace
 
-class FrameFieldsTest : public QObject
+class ReadFrameTest : public QObject
 {
     Q_OBJECT
 
@@ -49,7 +49,7 @@ private slots:
     void aReadWithoutDataIsAcknowledged();
 };
 
-void FrameFieldsTest::words_data()
+void ReadFrameTest::words_data()
 {
     addFields();
     QTest::addColumn<QString>("values");
@@ -71,7 +71,7 @@ void FrameFieldsTest::words_data()
     QTest::newRow("the lowest int") << 3 << INT_MIN << "";
 }
 
-void FrameFieldsTest::words()
+void ReadFrameTest::words()
 {
     QFETCH(int, start);
     QFETCH(int, length);
@@ -83,7 +83,7 @@ void FrameFieldsTest::words()
     QTEST(cachedValues(2), "values");
 }
 
-void FrameFieldsTest::doubleWords_data()
+void ReadFrameTest::doubleWords_data()
 {
     addFields();
     QTest::addColumn<QString>("values");
@@ -99,7 +99,7 @@ void FrameFieldsTest::doubleWords_data()
     QTest::newRow("the lowest int") << 3 << INT_MIN << "";
 }
 
-void FrameFieldsTest::doubleWords()
+void ReadFrameTest::doubleWords()
 {
     QFETCH(int, start);
     QFETCH(int, length);
@@ -112,7 +112,7 @@ void FrameFieldsTest::doubleWords()
 }
 
 // Reported is what differs from the whole reply byte at the coil's own position.
-void FrameFieldsTest::coils_data()
+void ReadFrameTest::coils_data()
 {
     addFields();
     QTest::addColumn<QString>("values"); // from M0 on
@@ -134,7 +134,7 @@ void FrameFieldsTest::coils_data()
     QTest::newRow("the lowest int") << 3 << INT_MIN << "" << none;
 }
 
-void FrameFieldsTest::coils()
+void ReadFrameTest::coils()
 {
     QFETCH(int, start);
     QFETCH(int, length);
@@ -148,7 +148,7 @@ void FrameFieldsTest::coils()
     QCOMPARE(runtime.reports, reportsOf("M", reported));
 }
 
-void FrameFieldsTest::marksOfAFailedRead_data()
+void ReadFrameTest::marksOfAFailedRead_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<int>("length");
@@ -168,7 +168,7 @@ void FrameFieldsTest::marksOfAFailedRead_data()
 }
 
 // Where the data would have started does not matter.
-void FrameFieldsTest::marksOfAFailedRead()
+void ReadFrameTest::marksOfAFailedRead()
 {
     QFETCH(QString, type);
     QFETCH(int, length);
@@ -189,7 +189,7 @@ void FrameFieldsTest::marksOfAFailedRead()
 }
 
 // Then it settles nothing: a confirmed write of an unwatched word would be reported.
-void FrameFieldsTest::theEchoOfAWriteIsReadWhenItHasData()
+void ReadFrameTest::theEchoOfAWriteIsReadWhenItHasData()
 {
     DriverFixture runtime;
     setValues(1, "D", 100, 1, "34 12");
@@ -203,7 +203,7 @@ void FrameFieldsTest::theEchoOfAWriteIsReadWhenItHasData()
     QVERIFY(driver.writeList.isEmpty());
 }
 
-void FrameFieldsTest::aReadWithoutDataIsAcknowledged()
+void ReadFrameTest::aReadWithoutDataIsAcknowledged()
 {
     DriverFixture runtime;
     driver.readList << job(1, "D", 100, 3);
@@ -214,5 +214,5 @@ void FrameFieldsTest::aReadWithoutDataIsAcknowledged()
     QVERIFY(driver.frameList.isEmpty());
 }
 
-QTEST_APPLESS_MAIN(FrameFieldsTest)
-#include "tst_frame_fields.moc"
+QTEST_APPLESS_MAIN(ReadFrameTest)
+#include "tst_read_frame.moc"
