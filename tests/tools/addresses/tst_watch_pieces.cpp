@@ -62,12 +62,13 @@ QString textOf(const QList<AddressRange>& pieces)
 /// What is wrong with the driver's requests; empty when nothing is.
 QString faultOf(const Plan& plan, const QList<AddressRange>& watched)
 {
+    const WatchedRanges ranges(watched);
     int asked = 0;
     int wanted = 0;
     for (const AddressRange& range : watched)
         wanted += range.driverCount();
     for (const PlannedRequest& request : plan.requests) {
-        const Coverage coverage = coverageOf(request, watched);
+        const Coverage coverage = coverageOf(request, ranges);
         asked += coverage.askedCount;
         if (coverage.misreadCount > 0)
             return QStringLiteral("%1 of the request from %2 are misread")

@@ -35,19 +35,20 @@ void printAll(const QStringList& lines)
         printLine(line);
 }
 
-void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const PlanOptions& options)
+void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const WatchedRanges& watched,
+               const PlanTiming& timing)
 {
     printLine(QString::fromLatin1("Request limit %1, %2")
-                  .arg(QString::number(plan.maxWords), lineText(options.timing)));
+                  .arg(QString::number(plan.maxWords), lineText(timing)));
     printLine(QString());
-    printAll(requestLines(plan, options.watched, options.timing));
+    printAll(requestLines(plan, watched, timing));
     printLine(QString());
     printLine(QLatin1String("Asked for (#), bridged (.), both (+):"));
-    printAll(pictureLines(plan, options.watched));
+    printAll(pictureLines(plan, watched));
     printLine(QString());
-    for (const QString& warning : warningLines(plan, options.watched))
+    for (const QString& warning : warningLines(plan, watched))
         printLine(QLatin1String("Warning: ") + warning);
-    printLine(cycleText(resultOf(plan, options.watched, options.timing).cost));
+    printLine(cycleText(resultOf(plan, watched, timing).cost));
     printLine(QString());
     printLine(QString::fromLatin1("Limits 1 to %1 (one limit for registers and bits; Modbus "
                                   "allows %2 registers and %3 coils):")
@@ -55,6 +56,17 @@ void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const PlanO
                   .arg(MOST_REGISTERS)
                   .arg(MOST_COILS));
     printAll(lengthLines(lengths, plan.maxWords));
+}
+
+/// One plan at a time: of many tags, all of them are hundreds of megabytes.
+QList<LengthResult> lengthsOf(const DriverEntryPoints& entryPoints, const PlanOptions& options,
+                              const WatchedRanges& watched)
+{
+    QList<LengthResult> lengths;
+    for (int maxWords = 1; maxWords <= MOST_REGISTERS; ++maxWords)
+        lengths << resultOf(askForPlan(entryPoints, options.watched, maxWords), watched,
+                            options.timing);
+    return lengths;
 }
 
 } // namespace
@@ -75,14 +87,13 @@ int runPlan(const QStringList& arguments)
     exitCode = openDriver(askedLibrary(parser), &entryPoints);
     if (exitCode != EXIT_FINE)
         return exitCode;
-    QList<LengthResult> lengths;
-    for (const Plan& plan : askForAllPlans(entryPoints, options.watched, MOST_REGISTERS))
-        lengths << resultOf(plan, options.watched, options.timing);
+    const WatchedRanges watched(options.watched);
+    const QList<LengthResult> lengths = lengthsOf(entryPoints, options, watched);
     const Plan plan = askForPlan(entryPoints, options.watched, options.maxWords);
     if (wantsJson(parser))
-        printJson(planJson(plan, lengths, options.watched, options.timing));
+        printJson(planJson(plan, lengths, watched, options.timing));
     else
-        printPlan(plan, lengths, options);
+        printPlan(plan, lengths, watched, options.timing);
     return EXIT_FINE;
 }
 

@@ -32,7 +32,7 @@ QJsonObject lengthJson(const LengthResult& result)
     return json;
 }
 
-QJsonObject requestJson(const PlannedRequest& request, const QList<AddressRange>& watched,
+QJsonObject requestJson(const PlannedRequest& request, const WatchedRanges& watched,
                         const PlanTiming& timing)
 {
     const Coverage coverage = coverageOf(request, watched);
@@ -63,7 +63,7 @@ QJsonObject lineJson(const PlanTiming& timing)
 } // namespace
 
 QJsonObject planJson(const Plan& plan, const QList<LengthResult>& lengths,
-                     const QList<AddressRange>& watched, const PlanTiming& timing)
+                     const WatchedRanges& watched, const PlanTiming& timing)
 {
     QJsonArray requests;
     for (const PlannedRequest& request : plan.requests)

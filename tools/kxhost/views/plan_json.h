@@ -10,7 +10,7 @@ namespace kx
 {
 
 QJsonObject planJson(const Plan& plan, const QList<LengthResult>& lengths,
-                     const QList<AddressRange>& watched, const PlanTiming& timing);
+                     const WatchedRanges& watched, const PlanTiming& timing);
 
 } // namespace kx
 

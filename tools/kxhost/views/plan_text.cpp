@@ -5,6 +5,9 @@
 #include "panel/text/counted.h"
 
 #include <cmath>
+#include <map>
+#include <tuple>
+#include <vector>
 
 namespace kx
 {
@@ -39,19 +42,17 @@ QString wireText(const PlannedRequest& request)
     return modbusText(request.type, {ModbusSpan{first, first + request.count - 1}});
 }
 
-bool isSame(const PlannedRequest& one, const PlannedRequest& other)
+/// For each request the index of the first like it, itself included.
+std::vector<int> firstsLike(const QList<PlannedRequest>& requests)
 {
-    return one.station == other.station && one.type == other.type && one.address == other.address
-           && one.count == other.count;
-}
-
-/// The index of the first request like this one, itself included.
-int firstLike(const Plan& plan, int index)
-{
-    int first = 0;
-    while (!isSame(plan.requests[first], plan.requests[index]))
-        ++first;
-    return first;
+    std::map<std::tuple<int, const RegisterType*, int, int>, int> seen;
+    std::vector<int> firsts;
+    for (const PlannedRequest& request : requests) {
+        const auto what =
+            std::make_tuple(request.station, request.type, request.address, request.count);
+        firsts.push_back(seen.emplace(what, static_cast<int>(firsts.size())).first->second);
+    }
+    return firsts;
 }
 
 QString lengthWarning(const PlannedRequest& request)
@@ -86,8 +87,7 @@ QString lineText(const PlanTiming& timing)
              timeText(timing.turnaround), timeText(timing.line.frameGap()));
 }
 
-QStringList requestLines(const Plan& plan, const QList<AddressRange>& watched,
-                         const PlanTiming& timing)
+QStringList requestLines(const Plan& plan, const WatchedRanges& watched, const PlanTiming& timing)
 {
     QList<QStringList> rows = {{text("#"), text("STATION"), text("ADDRESSES"), text("MODBUS"),
                                 text("ASKED"), text("BRIDGED"), text("BYTES OUT"), text("BYTES IN"),
@@ -109,7 +109,7 @@ QStringList requestLines(const Plan& plan, const QList<AddressRange>& watched,
     return alignedRows(rows, {0, 1, 4, 5, 6, 7, 8});
 }
 
-QStringList pictureLines(const Plan& plan, const QList<AddressRange>& watched)
+QStringList pictureLines(const Plan& plan, const WatchedRanges& watched)
 {
     QList<QStringList> rows;
     for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
@@ -122,15 +122,16 @@ QStringList pictureLines(const Plan& plan, const QList<AddressRange>& watched)
     return alignedRows(rows, {0, 1});
 }
 
-QStringList warningLines(const Plan& plan, const QList<AddressRange>& watched)
+QStringList warningLines(const Plan& plan, const WatchedRanges& watched)
 {
     QStringList warnings;
     const auto warn = [&warnings](int index, const QString& what) {
         warnings << text("request %1 %2").arg(QString::number(index + 1), what);
     };
+    const std::vector<int> firsts = firstsLike(plan.requests);
     for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
         const PlannedRequest& request = plan.requests[i];
-        const int first = firstLike(plan, i);
+        const int first = firsts[static_cast<size_t>(i)];
         const Coverage coverage = coverageOf(request, watched);
         if (first < i)
             warn(i, text("repeats request %1, as the driver does with a range longer than its "

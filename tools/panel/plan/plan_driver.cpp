@@ -64,13 +64,4 @@ Plan askForPlan(const DriverEntryPoints& entryPoints, const QList<AddressRange>&
     return plan;
 }
 
-QList<Plan> askForAllPlans(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
-                           int longest)
-{
-    QList<Plan> plans;
-    for (int maxWords = 1; maxWords <= longest; ++maxWords)
-        plans << askForPlan(entryPoints, watched, maxWords);
-    return plans;
-}
-
 } // namespace kx

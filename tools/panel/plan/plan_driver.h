@@ -14,10 +14,6 @@ namespace kx
 Plan askForPlan(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
                 int maxWords);
 
-/// Plans for every limit from 1 to `longest`.
-QList<Plan> askForAllPlans(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
-                           int longest);
-
 } // namespace kx
 
 #endif

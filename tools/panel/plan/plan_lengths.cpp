@@ -15,8 +15,7 @@ bool isBetter(const LengthResult& one, const LengthResult& other)
 
 } // namespace
 
-LengthResult resultOf(const Plan& plan, const QList<AddressRange>& watched,
-                      const PlanTiming& timing)
+LengthResult resultOf(const Plan& plan, const WatchedRanges& watched, const PlanTiming& timing)
 {
     LengthResult result;
     result.maxWords = plan.maxWords;

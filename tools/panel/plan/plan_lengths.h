@@ -24,8 +24,7 @@ struct LengthResult {
     int unread = 0;
 };
 
-LengthResult resultOf(const Plan& plan, const QList<AddressRange>& watched,
-                      const PlanTiming& timing);
+LengthResult resultOf(const Plan& plan, const WatchedRanges& watched, const PlanTiming& timing);
 
 /// The index of the best: it reads the most of what is asked for, in the shortest
 /// cycle, at the lowest limit. -1 for an empty list.

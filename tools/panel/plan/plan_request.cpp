@@ -19,11 +19,6 @@ bool PlannedRequest::isTooLong() const
 namespace
 {
 
-bool concerns(const PlannedRequest& request, const AddressRange& range)
-{
-    return range.station == request.station && range.type == request.type;
-}
-
 /// Whether the request's Modbus numbers run on where those of the type jump.
 bool isMisread(const PlannedRequest& request, int unit)
 {
@@ -31,6 +26,12 @@ bool isMisread(const PlannedRequest& request, int unit)
     const int device = request.address + unit / each;
     return modbusNumber(request.type, device) + unit % each
            != modbusNumber(request.type, request.address) + unit;
+}
+
+AddressRange addressesOf(const PlannedRequest& request)
+{
+    return {request.type, request.firstAddress(),
+            request.lastAddress() - request.firstAddress() + 1, request.station};
 }
 
 void markAsked(const PlannedRequest& request, const AddressRange& range, std::vector<bool>* asked)
@@ -53,14 +54,12 @@ QChar barCharacter(const std::vector<bool>& asked, size_t begin, size_t end)
 
 } // namespace
 
-Coverage coverageOf(const PlannedRequest& request, const QList<AddressRange>& watched)
+Coverage coverageOf(const PlannedRequest& request, const WatchedRanges& watched)
 {
     Coverage coverage;
     coverage.asked.assign(static_cast<size_t>(std::max(request.count, 0)), false);
-    for (const AddressRange& range : watched) {
-        if (concerns(request, range))
-            markAsked(request, range, &coverage.asked);
-    }
+    for (const AddressRange& range : watched.within(addressesOf(request)))
+        markAsked(request, range, &coverage.asked);
     for (int unit = 0; unit < request.count; ++unit) {
         if (!coverage.asked[static_cast<size_t>(unit)])
             ++coverage.bridgedCount;

@@ -2,9 +2,8 @@
 #ifndef KX_PANEL_PLAN_PLAN_REQUEST_H
 #define KX_PANEL_PLAN_PLAN_REQUEST_H
 
-#include "addresses/address_text.h"
+#include "panel/plan/watched_ranges.h"
 
-#include <QtCore/QList>
 #include <QtCore/QString>
 
 #include <vector>
@@ -41,9 +40,8 @@ struct Coverage {
     int misreadCount = 0;
 };
 
-/// The coverage of a request by the ranges watched; those of other stations and
-/// types do not count. Ranges must name their station.
-Coverage coverageOf(const PlannedRequest& request, const QList<AddressRange>& watched);
+/// The coverage of a request by what is watched; other stations and types do not count.
+Coverage coverageOf(const PlannedRequest& request, const WatchedRanges& watched);
 
 /// A picture of a coverage, at most `width` characters: '#' asked for, '.' read
 /// along, '+' both when one character stands for several.

@@ -20,14 +20,14 @@ PlannedRequest request(const char* type, int address, int count)
     return request;
 }
 
-QList<AddressRange> watched(const char* text)
+WatchedRanges watched(const char* text)
 {
     AddressRange range;
     QString error;
     if (!parseAddressRange(QString::fromLatin1(text), &range, &error))
         qFatal("%s", qPrintable(error));
     range.station = 1;
-    return {range};
+    return WatchedRanges({range});
 }
 
 Plan planOf(const QList<PlannedRequest>& requests)

@@ -116,7 +116,8 @@ void TestPlanLengths::aPlanIsSummedUp()
     Plan plan;
     plan.maxWords = 32;
     plan.requests << request("SM", 254, 4, 6) << request("D", 0, 10, 25);
-    const LengthResult summed = resultOf(plan, {range("SM254:4"), range("D0:10")}, PlanTiming());
+    const LengthResult summed =
+        resultOf(plan, WatchedRanges({range("SM254:4"), range("D0:10")}), PlanTiming());
     QCOMPARE(summed.maxWords, 32);
     QCOMPARE(summed.cost.requests, 2);
     QCOMPARE(summed.cost.bytesExpected, qint64(31));
@@ -127,7 +128,8 @@ void TestPlanLengths::requestsThatAreTooLongReadNothing()
 {
     Plan plan;
     plan.requests << request("D", 0, 126, 257);
-    QCOMPARE(resultOf(plan, {range("D0:100"), range("D125")}, PlanTiming()).unread, 101);
+    QCOMPARE(resultOf(plan, WatchedRanges({range("D0:100"), range("D125")}), PlanTiming()).unread,
+             101);
 }
 
 QTEST_APPLESS_MAIN(TestPlanLengths)

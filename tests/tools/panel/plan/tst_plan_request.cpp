@@ -1,6 +1,7 @@
 // How watched addresses lie in the requests that read them.
 
 #include "panel/plan/plan_request.h"
+#include "support/growth.h"
 
 #include <QtCore/QStringList>
 #include <QtTest/QTest>
@@ -52,6 +53,7 @@ class TestPlanRequest : public QObject
 private slots:
     void everyRegisterIsAskedForOrBridged_data();
     void everyRegisterIsAskedForOrBridged();
+    void eightThousandRequestsCostFourTimesTwoThousand();
     void aBarShowsACoverage_data();
     void aBarShowsACoverage();
     void aRequestKnowsItsLastAddress();
@@ -104,12 +106,37 @@ void TestPlanRequest::everyRegisterIsAskedForOrBridged()
     QFETCH(int, address);
     QFETCH(int, count);
     QFETCH(QString, watched);
-    const Coverage coverage =
-        coverageOf(request(type.toLatin1().constData(), address, count), ranges(watched));
+    const Coverage coverage = coverageOf(request(type.toLatin1().constData(), address, count),
+                                         WatchedRanges(ranges(watched)));
     QTEST(coverageBar(coverage.asked, 100), "picture");
     QTEST(coverage.askedCount, "asked");
     QTEST(coverage.bridgedCount, "bridged");
     QTEST(coverage.misreadCount, "misread");
+}
+
+/// Processor time to cover so many requests of a register each, in units of clock().
+static std::clock_t costOfCoverages(int requests)
+{
+    const RegisterType* const type = findRegisterType(QStringLiteral("D"));
+    QList<AddressRange> ranges;
+    for (int i = requests - 1; i >= 0; --i)
+        ranges.append({type, i, 1, 1});
+    const std::clock_t start = std::clock();
+    const WatchedRanges watched(ranges);
+    int asked = 0;
+    for (int i = 0; i < requests; ++i)
+        asked += coverageOf(request("D", i, 1), watched).askedCount;
+    const std::clock_t cost = std::clock() - start;
+    if (asked != requests)
+        qFatal("not all are covered");
+    return cost;
+}
+
+// Sixteen times as much if the ranges were walked for each request.
+void TestPlanRequest::eightThousandRequestsCostFourTimesTwoThousand()
+{
+    const double times = growth(costOfCoverages, 2000, 8000);
+    QVERIFY2(times < 8, qPrintable(QString::number(times)));
 }
 
 void TestPlanRequest::aBarShowsACoverage_data()
