@@ -2,6 +2,9 @@
 
 #include "addresses/read_pieces.h"
 
+#include <QtCore/QHash>
+#include <QtCore/QPair>
+
 #include <algorithm>
 
 namespace kx
@@ -17,23 +20,37 @@ bool isJoinedAcrossItsSplit(const RegisterType* type)
     return type->split < type->limit && type->baseBelow != type->baseFrom && !type->splitKeepsApart;
 }
 
-/// Lengthens the first piece past the split until no request of at most `maxWords` holds
-/// both it and the last piece below. What is read along is not shown.
-void keepApart(QList<AddressRange>* pieces, const AddressRange& one, int maxWords)
+/// Of one station: the pieces on both sides of a split that are nearest to each other.
+struct Split {
+    int lastBelow = -1; ///< address
+    int firstPast = -1; ///< index of the piece
+};
+
+void takePiece(const QList<AddressRange>& pieces, int index, Split* split)
 {
-    int lastBelow = -1;
-    AddressRange* firstPast = nullptr;
-    for (AddressRange& piece : *pieces) {
-        if (piece.station != one.station || piece.type != one.type)
-            continue;
-        if (piece.address < one.type->split)
-            lastBelow = std::max(lastBelow, piece.address);
-        else if (!firstPast || piece.address < firstPast->address)
-            firstPast = &piece;
+    const AddressRange& piece = pieces.at(index);
+    if (piece.address < piece.type->split)
+        split->lastBelow = std::max(split->lastBelow, piece.address);
+    else if (split->firstPast < 0 || piece.address < pieces.at(split->firstPast).address)
+        split->firstPast = index;
+}
+
+/// Lengthens the first piece past each split until no request of at most `maxWords` holds
+/// both it and the last piece below. What is read along is not shown.
+void keepApart(QList<AddressRange>* pieces, int maxWords)
+{
+    QHash<QPair<int, int>, Split> splits; // by station and row of the type
+    for (int i = 0; i < static_cast<int>(pieces->size()); ++i) {
+        const AddressRange& piece = pieces->at(i);
+        if (isJoinedAcrossItsSplit(piece.type))
+            takePiece(*pieces, i, &splits[{piece.station, registerTypeRow(piece.type)}]);
     }
-    if (lastBelow >= 0 && firstPast)
-        firstPast->values =
-            std::max(firstPast->values, lastBelow + maxWords + 1 - firstPast->address);
+    for (const Split& split : splits) {
+        if (split.lastBelow < 0 || split.firstPast < 0)
+            continue;
+        AddressRange& past = (*pieces)[split.firstPast];
+        past.values = std::max(past.values, split.lastBelow + maxWords + 1 - past.address);
+    }
 }
 
 } // namespace
@@ -46,10 +63,7 @@ QList<AddressRange> watchPieces(const QList<AddressRange>& ranges, int maxWords)
         const int most = isBits ? maxWords : addressesPerRead(range.type, maxWords);
         pieces += readPieces(range, qMax(1, most));
     }
-    for (const AddressRange& range : ranges) {
-        if (isJoinedAcrossItsSplit(range.type))
-            keepApart(&pieces, range, maxWords);
-    }
+    keepApart(&pieces, maxWords);
     return pieces;
 }
 

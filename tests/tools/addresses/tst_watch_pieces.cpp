@@ -2,6 +2,7 @@
 
 #include "addresses/watch_pieces.h"
 #include "panel/plan/plan_driver.h"
+#include "support/growth.h"
 
 #include <QtTest/QTest>
 
@@ -19,6 +20,7 @@ private slots:
     void noRequestRunsAcrossASplit();
     void wholeTypesAreReadWhereTheyAre_data();
     void wholeTypesAreReadWhereTheyAre();
+    void eightThousandRangesCostFourTimesTwoThousand();
 
 private:
     DriverEntryPoints m_driver;
@@ -178,6 +180,28 @@ void TestWatchPieces::wholeTypesAreReadWhereTheyAre()
         QVERIFY2(fault.isEmpty(),
                  qPrintable(QStringLiteral("limit %1: %2").arg(maxWords).arg(fault)));
     }
+}
+
+/// Processor time to cut so many single addresses of SM at 64 stations, in units of clock().
+static std::clock_t costOfPieces(int ranges)
+{
+    const RegisterType* const type = findRegisterType(QStringLiteral("SM"));
+    QList<AddressRange> watched;
+    for (int i = 0; i < ranges; ++i)
+        watched.append({type, 192 + i / 64, 1, 1 + i % 64});
+    const std::clock_t start = std::clock();
+    const QList<AddressRange> pieces = watchPieces(watched, 32);
+    const std::clock_t cost = std::clock() - start;
+    if (pieces.size() != ranges)
+        qFatal("%d pieces", int(pieces.size()));
+    return cost;
+}
+
+// Sixteen times as much if all pieces were walked for each range of SM.
+void TestWatchPieces::eightThousandRangesCostFourTimesTwoThousand()
+{
+    const double times = growth(costOfPieces, 2000, 8000);
+    QVERIFY2(times < 8, qPrintable(QString::number(times)));
 }
 
 QTEST_APPLESS_MAIN(TestWatchPieces)
