@@ -75,7 +75,19 @@ void ExchangeLoop::waitForSilence()
     m_clock->wakeAfter(m_silence.nextAt() - now());
 }
 
+// Bytes may lie in the port that came before the time was up: a busy program finds the
+// timer first.
 void ExchangeLoop::proceed()
+{
+    const State before = m_state;
+    const QByteArray waiting = m_line->takeWaiting();
+    if (!waiting.isEmpty())
+        takeBytes(waiting);
+    if (m_state == before)
+        act();
+}
+
+void ExchangeLoop::act()
 {
     switch (m_state) {
     case State::Stopped:

@@ -95,6 +95,7 @@ private:
     };
 
     void proceed();
+    void act();
     void poll();
     void giveUp(const FRAME_PRO& request);
     bool isHeldBack(const FRAME_PRO& request);

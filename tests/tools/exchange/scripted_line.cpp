@@ -2,6 +2,8 @@
 
 #include <QtCore/QTimer>
 
+#include <utility>
+
 namespace kx
 {
 
@@ -9,6 +11,7 @@ void ScriptedLine::write(const QByteArray& bytes)
 {
     written << bytes;
     writtenAt << now();
+    waiting += std::exchange(unreported, QByteArray());
     if (m_answers.isEmpty())
         return;
     const QList<Arrival> arrivals = m_answers.takeFirst();
@@ -17,11 +20,17 @@ void ScriptedLine::write(const QByteArray& bytes)
                            [this, arrival] { emit bytesArrived(arrival.bytes); });
 }
 
+QByteArray ScriptedLine::takeWaiting()
+{
+    if (whenLookedInto)
+        whenLookedInto();
+    return std::exchange(waiting, QByteArray());
+}
+
 QByteArray ScriptedLine::discardWaiting()
 {
     ++discards;
-    const QByteArray discarded = waiting;
-    waiting.clear();
+    const QByteArray discarded = std::exchange(unseen, QByteArray());
     if (isLostWhenDiscarding)
         lose();
     return discarded;

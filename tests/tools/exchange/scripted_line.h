@@ -7,6 +7,8 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QList>
 
+#include <functional>
+
 namespace kx
 {
 
@@ -27,6 +29,7 @@ public:
     void close() override {}
     bool isOpen() const override { return m_isOpen; }
     void write(const QByteArray& bytes) override;
+    QByteArray takeWaiting() override;
     QByteArray discardWaiting() override;
 
     /// The answer to the next request that has none yet; after the last answer,
@@ -43,7 +46,10 @@ public:
     LineTiming characters = {0, 8, 0, 1}; ///< a network unless a test says otherwise
     QList<QByteArray> written;
     QList<qint64> writtenAt; ///< milliseconds, as now()
-    QByteArray waiting;      ///< arrived and not reported; the next request finds it
+    QByteArray waiting;      ///< arrived and not reported; found when looked for
+    QByteArray unseen;       ///< arrives after that, right before the next request
+    QByteArray unreported;   ///< lies in the port after the next request
+    std::function<void()> whenLookedInto;
     int discards = 0;
     bool isLostWhenDiscarding = false;
 

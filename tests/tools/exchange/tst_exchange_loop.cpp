@@ -28,7 +28,12 @@ private slots:
     void interruptedLineIsWaitedFor();
     void startOnAnInterruptedLineWaitsForIt();
     void echoIsSkippedAndTheReplyTaken();
+    void whatWaitedOnTheLineIsCounted_data();
     void whatWaitedOnTheLineIsCounted();
+    void whatLiesInThePortAtTheTimeOut_data();
+    void whatLiesInThePortAtTheTimeOut();
+    void lineFoundLostAtTheTimeOut();
+    void lineFoundInterruptedAtTheTimeOut();
     void stoppedRequestGoesOutAgain();
 };
 
@@ -268,10 +273,18 @@ void ExchangeLoopTest::echoIsSkippedAndTheReplyTaken()
     QCOMPARE(m_loop->statistics().thrownAway.echoes, qint64(1));
 }
 
+void ExchangeLoopTest::whatWaitedOnTheLineIsCounted_data()
+{
+    QTest::addColumn<bool>("isSeen");
+    QTest::newRow("seen before the request was asked for") << true;
+    QTest::newRow("come since") << false;
+}
+
 void ExchangeLoopTest::whatWaitedOnTheLineIsCounted()
 {
+    QFETCH(bool, isSeen);
     m_driver->request(withCrc(READ), GOOD_LENGTH);
-    m_line->waiting = bytes("55 AA") + withCrc("02 03 02 00 01");
+    (isSeen ? m_line->waiting : m_line->unseen) = bytes("55 AA") + withCrc("02 03 02 00 01");
     m_line->answer({{1, withCrc(GOOD)}});
     start();
     QVERIFY(waitForRecords(1));
@@ -279,6 +292,71 @@ void ExchangeLoopTest::whatWaitedOnTheLineIsCounted()
     QCOMPARE(m_loop->statistics().thrownAway.bytes, qint64(2));
     QCOMPARE(m_loop->statistics().thrownAway.foreign, qint64(1));
     QCOMPARE(m_loop->statistics().bytesReceived, qint64(9 + 9));
+}
+
+void ExchangeLoopTest::whatLiesInThePortAtTheTimeOut_data()
+{
+    QTest::addColumn<QByteArray>("lying");
+    QTest::addColumn<ReplyKind>("kind");
+    QTest::addColumn<QByteArray>("handedOver");
+    const QByteArray good = withCrc(GOOD);
+    QTest::newRow("the reply") << good << ReplyKind::Good << good;
+    QTest::newRow("the reply and noise") << good + "\x55" << ReplyKind::Good << good;
+    QTest::newRow("a refusal") << withCrc("01 83 06") << ReplyKind::Exception
+                               << withCrc("01 83 06");
+    QTest::newRow("half of it") << good.left(4) << ReplyKind::Short << good.left(4);
+    QTest::newRow("another station's")
+        << withCrc("02 03 04 04 D2 16 2E") << ReplyKind::Foreign << QByteArray();
+    QTest::newRow("nothing") << QByteArray() << ReplyKind::None << QByteArray();
+}
+
+// A busy program finds the time-out before the bytes.
+void ExchangeLoopTest::whatLiesInThePortAtTheTimeOut()
+{
+    QFETCH(QByteArray, lying);
+    QFETCH(ReplyKind, kind);
+    QFETCH(QByteArray, handedOver);
+    m_settings.replyTimeout = 30;
+    m_driver->results = {1, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_line->unreported = lying;
+    start();
+    QVERIFY(waitForRecords(1));
+    QCOMPARE(m_driver->replies, QList<QByteArray>({handedOver}));
+    QVERIFY(m_records.first().replyKind == kind);
+    QCOMPARE(m_records.first().reply, lying);
+    QVERIFY(m_loop->elapsed() >= 30);
+    QCOMPARE(m_loop->statistics().bytesReceived, qint64(lying.size()));
+    QTest::qWait(20);
+    QCOMPARE(static_cast<int>(m_records.size()), 1);
+}
+
+void ExchangeLoopTest::lineFoundLostAtTheTimeOut()
+{
+    m_settings.replyTimeout = 30;
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    start();
+    QTRY_COMPARE(m_line->written.size(), 1);
+    m_line->whenLookedInto = [this] { m_line->lose(); };
+    QTRY_VERIFY(!m_loop->isRunning());
+    QVERIFY(m_driver->replies.isEmpty());
+    QVERIFY(m_records.isEmpty());
+}
+
+void ExchangeLoopTest::lineFoundInterruptedAtTheTimeOut()
+{
+    m_settings.replyTimeout = 30;
+    m_driver->results = {8, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    start();
+    QTRY_COMPARE(m_line->written.size(), 1);
+    m_line->whenLookedInto = [this] { m_line->interrupt(); };
+    QVERIFY(waitForRecords(1));
+    QTest::qWait(50);
+    QCOMPARE(static_cast<int>(m_records.size()), 1);
+    QVERIFY(m_records.first().replyKind == ReplyKind::Lost);
+    QCOMPARE(m_driver->replies, QList<QByteArray>({QByteArray()}));
+    QCOMPARE(m_line->written.size(), 1);
 }
 
 void ExchangeLoopTest::stoppedRequestGoesOutAgain()

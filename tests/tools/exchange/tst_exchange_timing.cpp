@@ -13,12 +13,14 @@ private slots:
     void timeOutCountsFromTheEndOfTheTransmission();
     void silenceIsKeptAfterAReply();
     void silenceStartsAgainWithStrayBytes();
+    void silenceStartsAgainWithBytesInThePort();
     void broadcastWaitsTheTurnaroundOnly();
     void nothingToSendIsAskedAgainAfterTheIdleInterval();
     void wakeAsksAtOnce();
     void lateReplyIsThrownAwayBeforeTheNextRequest();
     void aRequestWaitsForALateReplyItCouldBeMistakenFor();
     void theLateReplyEndsTheWait();
+    void theLateReplyLiesInThePortWhenTheWaitEnds();
     void aRequestOfAnotherLengthDoesNotWait();
     void aRepeatDoesNotWait();
     void damagedBytesMayBelongToAnotherReplyThatIsOwed();
@@ -58,6 +60,18 @@ void ExchangeTimingTest::silenceStartsAgainWithStrayBytes()
     start();
     QVERIFY(QTest::qWaitFor([&] { return m_line->written.size() == 2; }, 5000));
     QVERIFY(m_line->writtenAt.at(1) - m_line->writtenAt.at(0) >= 180 + 29);
+}
+
+void ExchangeTimingTest::silenceStartsAgainWithBytesInThePort()
+{
+    m_line->characters.baud = 1200; // 3.5 characters of 10 bits: 29.2 ms
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_line->waiting = QByteArray("\x55");
+    start();
+    QTRY_COMPARE(m_line->written.size(), 1);
+    // The silence before the bytes were seen, and the one after.
+    QVERIFY(m_line->writtenAt.first() >= 29 + 29);
+    QCOMPARE(m_loop->statistics().thrownAway.bytes, qint64(1));
 }
 
 void ExchangeTimingTest::broadcastWaitsTheTurnaroundOnly()
@@ -143,6 +157,21 @@ void ExchangeTimingTest::theLateReplyEndsTheWait()
     QCOMPARE(m_driver->replies.at(1), withCrc("01 03 04 00 01 00 02"));
     QCOMPARE(m_loop->statistics().thrownAway.late, qint64(1));
     QCOMPARE(m_loop->statistics().heldBack, qint64(1));
+}
+
+void ExchangeTimingTest::theLateReplyLiesInThePortWhenTheWaitEnds()
+{
+    m_settings.replyTimeout = 60;
+    m_settings.settle = 200;
+    m_driver->results = {2, 1};
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    m_driver->request(withCrc(READ_OTHER), GOOD_LENGTH);
+    start();
+    QVERIFY(waitForRecords(1));
+    m_line->waiting = withCrc(GOOD);
+    QTRY_COMPARE(m_line->written.size(), 2);
+    QCOMPARE(m_loop->statistics().thrownAway.late, qint64(1));
+    QCOMPARE(m_loop->statistics().thrownAway.foreign, qint64(0));
 }
 
 void ExchangeTimingTest::aRequestOfAnotherLengthDoesNotWait()

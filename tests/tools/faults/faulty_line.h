@@ -30,6 +30,7 @@ public:
     void close() override { m_isOpen = false; }
     bool isOpen() const override { return m_isOpen; }
     void write(const QByteArray& bytes) override;
+    QByteArray takeWaiting() override { return QByteArray(); }
     QByteArray discardWaiting() override { return QByteArray(); }
 
     kxsim::Stations& stations() { return m_stations; }

@@ -17,8 +17,22 @@ BoundedReader::BoundedReader(QIODevice* device) : m_device(device)
     connect(device, &QIODevice::readyRead, this, &BoundedReader::takeArrived);
 }
 
+QByteArray BoundedReader::takeWaiting()
+{
+    if (!m_device->isOpen())
+        return QByteArray();
+    m_isTaking = true;
+    if (m_device->bytesAvailable() < MOST_AT_ONCE)
+        m_device->waitForReadyRead(0);
+    m_isTaking = false;
+    // Looking may have shown that the line is lost.
+    return m_device->isOpen() ? m_device->read(MOST_AT_ONCE) : QByteArray();
+}
+
 void BoundedReader::takeArrived()
 {
+    if (m_isTaking)
+        return;
     if (m_device->bytesAvailable() < MOST_AT_ONCE)
         read();
     else if (!m_pause.isActive())

@@ -21,6 +21,9 @@ public:
     /// The device stays the caller's and outlives the reader.
     explicit BoundedReader(QIODevice* device);
 
+    /// What has arrived, up to MOST_AT_ONCE, without bytesArrived(). Waits for nothing.
+    QByteArray takeWaiting();
+
 signals:
     void bytesArrived(const QByteArray& bytes);
 
@@ -29,7 +32,8 @@ private:
     void read();
 
     QIODevice* m_device;
-    QTimer m_pause; ///< while a full buffer waits
+    QTimer m_pause;          ///< while a full buffer waits
+    bool m_isTaking = false; ///< bytes are being taken and must not be reported
 };
 
 } // namespace kx

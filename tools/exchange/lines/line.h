@@ -27,8 +27,13 @@ public:
     virtual void close() = 0;
     virtual bool isOpen() const = 0;
 
-    /// Queues bytes; a fault comes later as failed().
+    /// Hands the bytes to the system at once, and what it does not take then, later. A
+    /// fault comes as failed() or interrupted(), possibly before this returns.
     virtual void write(const QByteArray& bytes) = 0;
+    /// What has arrived and was not reported, at most a few kilobytes; it is not reported
+    /// then. Looks into the port, too, which a busy program may not have come to. That the
+    /// line is lost may come out before this returns.
+    virtual QByteArray takeWaiting() = 0;
     /// Throws away what has arrived and was not yet reported; returns what is known
     /// of it.
     virtual QByteArray discardWaiting() = 0;

@@ -27,6 +27,7 @@ public:
     void close() override;
     bool isOpen() const override { return m_line->isOpen(); }
     void write(const QByteArray& bytes) override { m_line->write(bytes); }
+    QByteArray takeWaiting() override { return m_line->takeWaiting(); }
     QByteArray discardWaiting() override { return m_line->discardWaiting(); }
 
 private:

@@ -57,6 +57,13 @@ void SerialLine::close()
         m_port.close();
 }
 
+// Left to the event loop, bytes would leave only when a busy program comes to it.
+void SerialLine::write(const QByteArray& bytes)
+{
+    m_port.write(bytes);
+    m_port.flush();
+}
+
 QByteArray SerialLine::discardWaiting()
 {
     QByteArray discarded = m_port.readAll();

@@ -26,7 +26,8 @@ public:
     void open() override;
     void close() override;
     bool isOpen() const override { return m_port.isOpen(); }
-    void write(const QByteArray& bytes) override { m_port.write(bytes); }
+    void write(const QByteArray& bytes) override;
+    QByteArray takeWaiting() override { return m_reader.takeWaiting(); }
     QByteArray discardWaiting() override;
 
 private:

@@ -55,8 +55,18 @@ void TcpLine::close()
     m_socket.abort();
 }
 
-void TcpLine::handleError()
+// Left to the event loop, bytes would leave only when a busy program comes to it.
+void TcpLine::write(const QByteArray& bytes)
 {
+    m_socket.write(bytes);
+    m_socket.flush();
+}
+
+void TcpLine::handleError(QAbstractSocket::SocketError error)
+{
+    // Nothing lay in the socket when somebody looked.
+    if (error == QAbstractSocket::SocketTimeoutError)
+        return;
     const bool wasConnecting = m_connecting.isActive();
     const QString reason = m_socket.errorString();
     close();

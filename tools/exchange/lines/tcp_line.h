@@ -26,11 +26,12 @@ public:
     void open() override;
     void close() override;
     bool isOpen() const override { return m_socket.state() == QAbstractSocket::ConnectedState; }
-    void write(const QByteArray& bytes) override { m_socket.write(bytes); }
+    void write(const QByteArray& bytes) override;
+    QByteArray takeWaiting() override { return m_reader.takeWaiting(); }
     QByteArray discardWaiting() override { return m_socket.readAll(); }
 
 private:
-    void handleError();
+    void handleError(QAbstractSocket::SocketError error);
 
     QTcpSocket m_socket;
     BoundedReader m_reader{&m_socket};

@@ -1,58 +1,14 @@
 #include "exchange/lines/serial_line.h"
 #include "exchange/lines/tcp_line.h"
+#include "tools/exchange/lines/pseudo_terminal.h"
 
 #include <QtNetwork/QTcpServer>
 #include <QtTest/QTest>
-
-#include <cstdlib>
-#include <fcntl.h>
-#include <termios.h>
-#include <unistd.h>
 
 using namespace kx;
 
 namespace
 {
-
-/// The controller's end of a pseudo-terminal.
-class PseudoTerminal
-{
-public:
-    PseudoTerminal() : m_end(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK))
-    {
-        grantpt(m_end);
-        unlockpt(m_end);
-    }
-    ~PseudoTerminal() { closeEnd(); }
-
-    QString name() const { return QString::fromLatin1(ptsname(m_end)); }
-    /// How many bytes the terminal took at once.
-    int sendSome(const QByteArray& bytes) const
-    {
-        return static_cast<int>(
-            qMax<ssize_t>(0, write(m_end, bytes.constData(), static_cast<size_t>(bytes.size()))));
-    }
-    void send(const QByteArray& bytes) const
-    {
-        QCOMPARE(write(m_end, bytes.constData(), static_cast<size_t>(bytes.size())),
-                 static_cast<ssize_t>(bytes.size()));
-    }
-    QByteArray received() const
-    {
-        char bytes[64];
-        const ssize_t count = read(m_end, bytes, sizeof bytes);
-        return QByteArray(bytes, static_cast<int>(qMax<ssize_t>(0, count)));
-    }
-    void closeEnd()
-    {
-        if (m_end >= 0)
-            close(m_end);
-        m_end = -1;
-    }
-
-private:
-    int m_end;
-};
 
 /// An empty current folder, for as long as it lives.
 class CurrentFolder
@@ -106,6 +62,9 @@ class LinesTest : public QObject
 private slots:
     void serialCarriesBytesBothWays();
     void serialThrowsAwayWhatWaits();
+    void serialSendsWithoutAnEventLoop();
+    void serialGivesWhatWaits();
+    void serialFoundLostWhenLookedInto();
     void serialNamedByALinkInTheCurrentFolder();
     void bareNameIsLookedForInDevFirst_data();
     void bareNameIsLookedForInDevFirst();
@@ -113,6 +72,9 @@ private slots:
     void serialThatGoesAway();
     void serialFloodIsTakenInPieces();
     void networkCarriesBytesBothWays();
+    void networkSendsWithoutAnEventLoop();
+    void networkGivesWhatWaits();
+    void networkFoundLostWhenLookedInto();
     void networkIsNamedAsItIsTyped();
     void networkFloodIsTakenInPieces();
     void networkThatRefuses();
@@ -150,6 +112,46 @@ void LinesTest::serialThrowsAwayWhatWaits()
     line.discardWaiting();
     controller.send("new");
     QTRY_COMPARE(listener.arrived, QByteArray("new"));
+}
+
+void LinesTest::serialSendsWithoutAnEventLoop()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    line.open();
+    line.write("request");
+    QCOMPARE(controller.awaited(), QByteArray("request"));
+}
+
+void LinesTest::serialGivesWhatWaits()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    QCOMPARE(line.takeWaiting(), QByteArray());
+    Listener listener(&line);
+    line.open();
+    QCOMPARE(line.takeWaiting(), QByteArray());
+    controller.deliver("reply");
+    QCOMPARE(line.takeWaiting(), QByteArray("reply"));
+    QCOMPARE(line.takeWaiting(), QByteArray());
+    QTest::qWait(20);
+    QCOMPARE(listener.arrived, QByteArray());
+    controller.send("next");
+    QTRY_COMPARE(listener.arrived, QByteArray("next"));
+    QCOMPARE(listener.errors, QStringList());
+}
+
+void LinesTest::serialFoundLostWhenLookedInto()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    controller.closeEnd();
+    QCOMPARE(line.takeWaiting(), QByteArray());
+    QCOMPARE(listener.errors,
+             QStringList(line.name() + QLatin1String(": the port was closed or unplugged")));
+    QVERIFY(!line.isOpen());
 }
 
 void LinesTest::serialNamedByALinkInTheCurrentFolder()
@@ -237,6 +239,65 @@ void LinesTest::networkCarriesBytesBothWays()
     QTRY_COMPARE(received += peer->readAll(), QByteArray("request"));
     peer->write("reply");
     QTRY_COMPARE(listener.arrived, QByteArray("reply"));
+}
+
+void LinesTest::networkSendsWithoutAnEventLoop()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.serverPort());
+    line.open();
+    QTRY_VERIFY(line.isOpen() && gateway.hasPendingConnections());
+    QTcpSocket* const peer = gateway.nextPendingConnection();
+    line.write("request");
+    QVERIFY(peer->waitForReadyRead(2000));
+    QCOMPARE(peer->readAll(), QByteArray("request"));
+}
+
+void LinesTest::networkGivesWhatWaits()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.serverPort());
+    QCOMPARE(line.takeWaiting(), QByteArray());
+    Listener listener(&line);
+    line.open();
+    QTRY_VERIFY(line.isOpen() && gateway.hasPendingConnections());
+    QTcpSocket* const peer = gateway.nextPendingConnection();
+    QCOMPARE(line.takeWaiting(), QByteArray());
+    peer->write("reply");
+    QVERIFY(peer->flush());
+    QByteArray taken;
+    for (int i = 0; i < 2000 && taken.isEmpty(); ++i) {
+        QTest::qSleep(1);
+        taken = line.takeWaiting();
+    }
+    QCOMPARE(taken, QByteArray("reply"));
+    QCOMPARE(line.takeWaiting(), QByteArray());
+    QTest::qWait(20);
+    QCOMPARE(listener.arrived, QByteArray());
+    peer->write("next");
+    QTRY_COMPARE(listener.arrived, QByteArray("next"));
+    QCOMPARE(listener.errors, QStringList());
+    QVERIFY(line.isOpen());
+}
+
+void LinesTest::networkFoundLostWhenLookedInto()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.serverPort());
+    Listener listener(&line);
+    line.open();
+    QTRY_VERIFY(line.isOpen() && gateway.hasPendingConnections());
+    gateway.nextPendingConnection()->abort();
+    for (int i = 0; i < 2000 && line.isOpen(); ++i) {
+        QTest::qSleep(1);
+        QCOMPARE(line.takeWaiting(), QByteArray());
+    }
+    QCOMPARE(listener.errors.size(), 1);
+    QVERIFY2(listener.errors.first().contains(QLatin1String(": the connection is lost: ")),
+             qPrintable(listener.errors.first()));
 }
 
 void LinesTest::networkIsNamedAsItIsTyped()

@@ -25,6 +25,7 @@ public:
     void close() override { isUp = false; }
     bool isOpen() const override { return isUp; }
     void write(const QByteArray& bytes) override { written += bytes; }
+    QByteArray takeWaiting() override { return QByteArray("w"); }
     QByteArray discardWaiting() override { return QByteArray("x"); }
 
     void lose()
@@ -76,6 +77,7 @@ void ReopeningLineTest::theLineInsideIsUsed()
     QCOMPARE(m_line->timing().baud, 4800);
     m_line->write(QByteArray("abc"));
     QCOMPARE(m_inside->written, QByteArray("abc"));
+    QCOMPARE(m_line->takeWaiting(), QByteArray("w"));
     QCOMPARE(m_line->discardWaiting(), QByteArray("x"));
     emit m_inside->bytesArrived(QByteArray("def"));
     QCOMPARE(arrived.size(), 1);

@@ -32,6 +32,7 @@ public:
         const QByteArray reply = controller.replyTo(bytes);
         m_clock->after(1000, [this, reply] { emit bytesArrived(reply); });
     }
+    QByteArray takeWaiting() override { return QByteArray(); }
     QByteArray discardWaiting() override { return QByteArray(); }
 
     NumberingController controller;
