@@ -24,6 +24,7 @@ ExchangeLoop::ExchangeLoop(const DriverEntryPoints& entryPoints, Line* line,
       m_silence(settings.quiet * MICROSECONDS_PER_MILLISECOND,
                 settings.replyTimeout * MICROSECONDS_PER_MILLISECOND)
 {
+    qRegisterMetaType<ExchangeRecord>(); // for listeners in other threads
     connect(m_clock, &LoopClock::woken, this, &ExchangeLoop::proceed);
     connect(line, &Line::bytesArrived, this, &ExchangeLoop::takeBytes);
     connect(line, &Line::failed, this, &ExchangeLoop::loseLine);

@@ -77,7 +77,7 @@ public:
 
 signals:
     /// After the driver dealt with the reply.
-    void exchanged(const ExchangeRecord& record);
+    void exchanged(const kx::ExchangeRecord& record);
     /// The driver has nothing to send; each time it is asked in vain.
     void idle();
     /// The line is lost; the loop has stopped.
@@ -114,7 +114,7 @@ private:
     Line* m_line;
     ExchangeSettings m_settings;
     State m_state = State::Stopped;
-    SystemClock m_systemClock;
+    SystemClock m_systemClock{this};
     LoopClock* m_clock;
     qint64 m_startedAt = -1;    ///< as now()
     qint64 m_transmittedAt = 0; ///< as now(); end of the request's last character

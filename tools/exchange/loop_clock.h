@@ -40,7 +40,7 @@ public:
     void cancel() override { m_timer.stop(); }
 
 private:
-    QTimer m_timer;
+    QTimer m_timer{this};
     QElapsedTimer m_since;
 };
 

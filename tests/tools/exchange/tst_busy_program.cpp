@@ -1,5 +1,5 @@
 // A program that is busy while a reply comes finds the timer of the time-out first: the
-// reply lies in the port all the same.
+// reply lies in the port all the same. So does a connection that stands.
 
 #include "exchange/exchange_loop.h"
 #include "exchange/lines/reopening_line.h"
@@ -76,6 +76,7 @@ private slots:
     void aReplyInASerialPortIsTaken();
     void aReplyInAPortThatIsReopenedIsTaken();
     void aReplyFromANetworkIsTaken();
+    void aConnectionThatStandsIsTaken();
 
 private:
     void exchange(Line* line, const std::function<void()>& controller);
@@ -151,6 +152,28 @@ void BusyProgramTest::aReplyFromANetworkIsTaken()
         peer->write(withCrc(GOOD));
         QVERIFY(peer->flush());
     });
+}
+
+void BusyProgramTest::aConnectionThatStandsIsTaken()
+{
+    QTcpServer gateway;
+    QVERIFY(gateway.listen(QHostAddress::LocalHost));
+    TcpLine line(QStringLiteral("127.0.0.1"), gateway.serverPort());
+    line.setConnectTimeout(TIMEOUT);
+    QStringList told;
+    connect(&line, &Line::opened, this, [&] { told << QStringLiteral("opened"); });
+    connect(&line, &Line::failed, this, [&](const QString& error) { told << error; });
+    QSocketNotifier screen(m_screen.socket(), QSocketNotifier::Read);
+    connect(&screen, &QSocketNotifier::activated, &screen, [&] {
+        m_screen.take();
+        line.open();
+        QTest::qSleep(2 * TIMEOUT);
+    });
+    QTimer animation;
+    animation.start(0);
+    m_screen.ask();
+    QTRY_COMPARE(told, QStringList(QStringLiteral("opened")));
+    QVERIFY(line.isOpen());
 }
 
 QTEST_GUILESS_MAIN(BusyProgramTest)

@@ -10,7 +10,7 @@ const int PAUSE = 1; // milliseconds: 4 MB/s, far more than a serial line behind
 
 } // namespace
 
-BoundedReader::BoundedReader(QIODevice* device) : m_device(device)
+BoundedReader::BoundedReader(QIODevice* device, QObject* parent) : QObject(parent), m_device(device)
 {
     m_pause.setSingleShot(true);
     connect(&m_pause, &QTimer::timeout, this, &BoundedReader::read);

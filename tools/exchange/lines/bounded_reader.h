@@ -18,8 +18,8 @@ public:
     /// size, so that the rest waits in the system, and with the sender.
     static const int MOST_AT_ONCE = 4096;
 
-    /// The device stays the caller's and outlives the reader.
-    explicit BoundedReader(QIODevice* device);
+    /// The device stays the caller's, lives in the same thread and outlives the reader.
+    explicit BoundedReader(QIODevice* device, QObject* parent = nullptr);
 
     /// What has arrived, up to MOST_AT_ONCE, without bytesArrived(). Waits for nothing.
     QByteArray takeWaiting();
@@ -32,7 +32,7 @@ private:
     void read();
 
     QIODevice* m_device;
-    QTimer m_pause;          ///< while a full buffer waits
+    QTimer m_pause{this};    ///< while a full buffer waits
     bool m_isTaking = false; ///< bytes are being taken and must not be reported
 };
 

@@ -15,6 +15,7 @@ const int RETRY_INTERVAL = 100; // milliseconds
 ReopeningLine::ReopeningLine(std::unique_ptr<Line> line, int patience, QObject* parent)
     : Line(parent), m_line(std::move(line)), m_patience(patience)
 {
+    m_line->setParent(this);
     m_retry.setSingleShot(true);
     connect(&m_retry, &QTimer::timeout, this, &ReopeningLine::open);
     connect(m_line.get(), &Line::bytesArrived, this, &Line::bytesArrived);

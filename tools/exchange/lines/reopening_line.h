@@ -18,6 +18,7 @@ class ReopeningLine : public Line
     Q_OBJECT
 
 public:
+    /// @param line     becomes a child of this one
     /// @param patience milliseconds after which a lost line is given up
     ReopeningLine(std::unique_ptr<Line> line, int patience, QObject* parent = nullptr);
 
@@ -38,7 +39,7 @@ private:
     int m_patience;
     bool m_wasOpened = false;
     QElapsedTimer m_lostSince; ///< invalid while the line is open
-    QTimer m_retry;
+    QTimer m_retry{this};
 };
 
 } // namespace kx

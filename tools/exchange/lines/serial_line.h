@@ -33,8 +33,8 @@ public:
 private:
     void handleError(QSerialPort::SerialPortError error);
 
-    QSerialPort m_port;
-    BoundedReader m_reader{&m_port};
+    QSerialPort m_port{this};
+    BoundedReader m_reader{&m_port, this};
     LineTiming m_timing;
     QString m_name;
 };

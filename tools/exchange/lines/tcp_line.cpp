@@ -5,22 +5,11 @@
 namespace kx
 {
 
-namespace
-{
-
-const int CONNECT_TIMEOUT = 5000; // milliseconds
-
-} // namespace
-
 TcpLine::TcpLine(const QString& host, quint16 port, QObject* parent)
     : Line(parent), m_host(host), m_port(port)
 {
     m_connecting.setSingleShot(true);
-    connect(&m_connecting, &QTimer::timeout, this, [this] {
-        m_socket.abort();
-        emit failed(QString::fromLatin1("%1: no connection within %2 seconds")
-                        .arg(name(), QString::number(CONNECT_TIMEOUT / 1000)));
-    });
+    connect(&m_connecting, &QTimer::timeout, this, &TcpLine::giveUp);
     connect(&m_socket, &QTcpSocket::connected, this, [this] {
         m_connecting.stop();
         m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
@@ -45,8 +34,18 @@ LineTiming TcpLine::timing() const
 
 void TcpLine::open()
 {
-    m_connecting.start(CONNECT_TIMEOUT);
+    m_connecting.start(m_connectTimeout);
     m_socket.connectToHost(m_host, m_port);
+}
+
+void TcpLine::giveUp()
+{
+    // Once round the event loop: a busy program finds the timer before the connection.
+    if (m_connecting.interval() > 0)
+        return m_connecting.start(0);
+    m_socket.abort();
+    emit failed(QString::fromLatin1("%1: no connection within %2 seconds")
+                    .arg(name(), QString::number(m_connectTimeout / 1000.0)));
 }
 
 void TcpLine::close()

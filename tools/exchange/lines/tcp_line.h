@@ -22,8 +22,10 @@ public:
     /// See gatewayText().
     QString name() const override;
     LineTiming timing() const override;
-    /// Gives up after 5 seconds.
+    /// Gives up after 5 seconds, unless another time was set.
     void open() override;
+    /// @param milliseconds above 0; of the openings from now on
+    void setConnectTimeout(int milliseconds) { m_connectTimeout = milliseconds; }
     void close() override;
     bool isOpen() const override { return m_socket.state() == QAbstractSocket::ConnectedState; }
     void write(const QByteArray& bytes) override;
@@ -31,13 +33,15 @@ public:
     QByteArray discardWaiting() override { return m_socket.readAll(); }
 
 private:
+    void giveUp();
     void handleError(QAbstractSocket::SocketError error);
 
-    QTcpSocket m_socket;
-    BoundedReader m_reader{&m_socket};
-    QTimer m_connecting;
+    QTcpSocket m_socket{this};
+    BoundedReader m_reader{&m_socket, this};
+    QTimer m_connecting{this};
     QString m_host;
     quint16 m_port;
+    int m_connectTimeout = 5000; ///< milliseconds
 };
 
 } // namespace kx

@@ -1,14 +1,10 @@
 #include "kxhost/commands/connection.h"
 
-#include "exchange/lines/reopening_line.h"
-#include "exchange/lines/serial_line.h"
-#include "exchange/lines/tcp_line.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
-#include <QtCore/QEventLoop>
 #include <QtCore/QFile>
 
 namespace kx
@@ -18,42 +14,28 @@ namespace
 {
 
 /// Starts the simulated controllers and lets `options` name their line.
-bool simulate(ConnectionOptions* options, Connection* connection, QString* error)
+bool simulate(ConnectionOptions* options, HostSession* host, QString* error)
 {
     kxsim::Simulation simulation;
     simulation.stations = options->simulatedStations;
     simulation.faults = options->faults;
-    connection->simulator = kxsim::SimulatedLine::start(simulation, error);
-    if (!connection->simulator)
+    host->simulator = kxsim::SimulatedLine::start(simulation, error);
+    if (!host->simulator)
         return false;
-    options->port = connection->simulator->portName();
+    options->port = host->simulator->portName();
     return true;
 }
 
-std::unique_ptr<Line> makeLine(const ConnectionOptions& options)
+int waitUntilOpen(Connection* connection)
 {
-    if (!options.gateway.host.isEmpty())
-        return std::make_unique<TcpLine>(options.gateway.host, options.gateway.port);
-    return std::make_unique<SerialLine>(options.port, options.timing, options.parity);
-}
-
-/// Waits until the line is open; gives the reason when it fails.
-QString openLine(Line* line)
-{
-    QEventLoop waiting;
-    QString reason;
-    bool isSettled = false;
-    const auto settle = [&](const QString& error) {
-        reason = error;
-        isSettled = true;
-        waiting.quit();
-    };
-    QObject::connect(line, &Line::opened, &waiting, [&] { settle(QString()); });
-    QObject::connect(line, &Line::failed, &waiting, settle);
-    line->open();
-    if (!isSettled)
-        waiting.exec();
-    return reason;
+    const QObject waiting;
+    QObject::connect(connection, &Connection::opened, &waiting,
+                     [] { QCoreApplication::exit(EXIT_FINE); });
+    QObject::connect(connection, &Connection::failed, &waiting, [](const Failure& failure) {
+        QCoreApplication::exit(complain(failure.text, EXIT_CANNOT_OPEN));
+    });
+    connection->open();
+    return QCoreApplication::exec();
 }
 
 } // namespace
@@ -76,7 +58,7 @@ int openDriver(const QString& library, DriverEntryPoints* entryPoints)
     return EXIT_FINE;
 }
 
-int openConnection(const ConnectionOptions& asked, Connection* connection)
+int openSession(const ConnectionOptions& asked, HostSession* host)
 {
     ConnectionOptions options = asked;
     DriverEntryPoints entryPoints;
@@ -84,17 +66,14 @@ int openConnection(const ConnectionOptions& asked, Connection* connection)
     if (driverResult != EXIT_FINE)
         return driverResult;
     QString reason;
-    if (options.simulate && !simulate(&options, connection, &reason))
+    if (options.simulate && !simulate(&options, host, &reason))
         return complain(reason, EXIT_CANNOT_OPEN);
-    connection->line = makeLine(options);
-    if (options.patience > 0)
-        connection->line =
-            std::make_unique<ReopeningLine>(std::move(connection->line), options.patience);
-    reason = openLine(connection->line.get());
-    if (!reason.isEmpty())
-        return complain(reason, EXIT_CANNOT_OPEN);
-    connection->session =
-        std::make_unique<DriverSession>(entryPoints, connection->line.get(), options.session);
+    host->connection = std::make_unique<Connection>(options);
+    const int lineResult = waitUntilOpen(host->connection.get());
+    if (lineResult != EXIT_FINE)
+        return lineResult;
+    host->session =
+        std::make_unique<DriverSession>(entryPoints, host->connection->line(), options.session);
     return EXIT_FINE;
 }
 

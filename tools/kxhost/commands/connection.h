@@ -10,10 +10,10 @@ namespace kx
 {
 
 /// A driver at work on an open line.
-struct Connection {
+struct HostSession {
     std::unique_ptr<kxsim::SimulatedLine> simulator; ///< with --simulate
-    std::unique_ptr<Line> line;
-    std::unique_ptr<DriverSession> session; ///< not started
+    std::unique_ptr<Connection> connection;          ///< open
+    std::unique_ptr<DriverSession> session;          ///< not started
 };
 
 /// The driver's file: the one asked for, else the one in ../lib of the program,
@@ -25,8 +25,9 @@ QString driverFile(const QString& asked);
 int openDriver(const QString& library, DriverEntryPoints* entryPoints);
 
 /// Loads the driver, opens the line and prepares a session. Complains in one line
-/// and returns an ExitCode other than 0 when that fails.
-int openConnection(const ConnectionOptions& options, Connection* connection);
+/// and returns an ExitCode other than 0 when that fails. Runs the event loop until the line
+/// is open, so it must not be called from inside that.
+int openSession(const ConnectionOptions& options, HostSession* host);
 
 } // namespace kx
 

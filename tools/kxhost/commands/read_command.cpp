@@ -94,12 +94,12 @@ void printJsonOutcome(const ReadOutcome& outcome)
 
 int read(const ConnectionOptions& options, const QList<Tag>& tags)
 {
-    Connection connection;
-    const int result = openConnection(options, &connection);
+    HostSession host;
+    const int result = openSession(options, &host);
     if (result != EXIT_FINE)
         return result;
-    showFrames(connection.session.get(), options);
-    ReadRun run(connection.session.get(), tags);
+    showFrames(host.session.get(), options);
+    ReadRun run(host.session.get(), tags);
     QObject::connect(&run, &ReadRun::rangeFinished, options.json ? printJsonOutcome : printText);
     runToItsEnd(&run);
     return run.hasFailed() ? EXIT_DEVICE_FAILED : EXIT_FINE;

@@ -190,12 +190,12 @@ int conclude(const RecipeTransfer& transfer, const RecipeOptions& options)
 
 int transferRecipe(const RecipeOptions& options)
 {
-    Connection connection;
-    const int result = openConnection(options.connection, &connection);
+    HostSession host;
+    const int result = openSession(options.connection, &host);
     if (result != EXIT_FINE)
         return result;
-    showFrames(connection.session.get(), options.connection);
-    RecipeTransfer transfer(connection.session.get(), options.layout, options.direction);
+    showFrames(host.session.get(), options.connection);
+    RecipeTransfer transfer(host.session.get(), options.layout, options.direction);
     {
         RecipeProgress progress(styleFor(options.connection), transfer.blocks());
         QObject::connect(&transfer, &RecipeTransfer::blockDone, &transfer,

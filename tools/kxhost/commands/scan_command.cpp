@@ -110,12 +110,12 @@ private:
 
 int scan(const ScanOptions& options)
 {
-    Connection connection;
-    const int result = openConnection(options.connection, &connection);
+    HostSession host;
+    const int result = openSession(options.connection, &host);
     if (result != EXIT_FINE)
         return result;
-    showFrames(connection.session.get(), options.connection);
-    ScanRun run(connection.session.get(), options.stations);
+    showFrames(host.session.get(), options.connection);
+    ScanRun run(host.session.get(), options.stations);
     ScanView view(run, static_cast<int>(options.stations.size()), options.connection.json);
     QObject::connect(&run, &ScanRun::stationAnswered,
                      [&view](const ScanReply& reply) { view.showAnswer(reply); });

@@ -120,11 +120,11 @@ int watchInTable(const WatchOptions& options, DriverSession* session)
 
 int watch(const WatchOptions& options)
 {
-    Connection connection;
-    const int result = openConnection(options.connection, &connection);
+    HostSession host;
+    const int result = openSession(options.connection, &host);
     if (result != EXIT_FINE)
         return result;
-    DriverSession* const session = connection.session.get();
+    DriverSession* const session = host.session.get();
     return wantsTable(options.connection) ? watchInTable(options, session)
                                           : watchInLines(options, session);
 }

@@ -108,12 +108,12 @@ void printJsonOutcome(const WriteOutcome& outcome)
 
 int write(const ConnectionOptions& options, const QList<Assignment>& assignments)
 {
-    Connection connection;
-    const int result = openConnection(options, &connection);
+    HostSession host;
+    const int result = openSession(options, &host);
     if (result != EXIT_FINE)
         return result;
-    showFrames(connection.session.get(), options);
-    WriteRun run(connection.session.get(), assignments);
+    showFrames(host.session.get(), options);
+    WriteRun run(host.session.get(), assignments);
     QObject::connect(&run, &WriteRun::assignmentFinished,
                      options.json ? printJsonOutcome : printText);
     runToItsEnd(&run);

@@ -2,26 +2,20 @@
 #ifndef KX_KXHOST_OPTIONS_CONNECTION_OPTIONS_H
 #define KX_KXHOST_OPTIONS_CONNECTION_OPTIONS_H
 
-#include "exchange/lines/gateway_address.h"
+#include "exchange/connection.h"
 #include "kxsim/fault_plan.h"
 #include "panel/session/driver_session.h"
 
 #include <QtCore/QCommandLineParser>
-#include <QtSerialPort/QSerialPort>
 
 namespace kx
 {
 
-struct ConnectionOptions {
-    QString port; ///< serial port, when not empty
-    LineTiming timing;
-    QSerialPort::Parity parity = QSerialPort::NoParity;
-    GatewayAddress gateway = {QString(), 8888}; ///< when its host is not empty
-    bool simulate = false;                      ///< simulated controllers inside the program
+struct ConnectionOptions : ConnectionSettings {
+    bool simulate = false; ///< simulated controllers inside the program; they name the port
     /// With `simulate`; commands add the stations that they need.
     QList<int> simulatedStations;
     kxsim::FaultPlan faults; ///< of the simulated line
-    int patience = 0;        ///< milliseconds after which a lost line is given up
     int station = 1;         ///< of addresses that name none
     SessionSettings session;
     QString library; ///< the driver's file; empty: beside the program, else the system's

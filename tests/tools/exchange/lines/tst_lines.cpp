@@ -5,6 +5,10 @@
 #include <QtNetwork/QTcpServer>
 #include <QtTest/QTest>
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+
 using namespace kx;
 
 namespace
@@ -22,6 +26,37 @@ public:
 private:
     QString m_before = QDir::currentPath();
     QTemporaryDir m_folder;
+};
+
+/// Takes up no connection, and has no room for further ones to wait: they get no answer.
+class FullServer
+{
+public:
+    FullServer() : m_server(socket(AF_INET, SOCK_STREAM, 0))
+    {
+        m_address.sin_family = AF_INET;
+        m_address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof m_address;
+        auto* const address = reinterpret_cast<sockaddr*>(&m_address);
+        QVERIFY(bind(m_server, address, size) == 0 && listen(m_server, 0) == 0);
+        QVERIFY(getsockname(m_server, address, &size) == 0);
+        for (int& client : m_clients) {
+            client = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
+            connect(client, address, size);
+        }
+    }
+    ~FullServer()
+    {
+        for (const int client : m_clients)
+            close(client);
+        close(m_server);
+    }
+    quint16 port() const { return ntohs(m_address.sin_port); }
+
+private:
+    int m_server;
+    sockaddr_in m_address = {};
+    int m_clients[4] = {};
 };
 
 /// A hundred thousand bytes, none of them lost or out of order.
@@ -78,6 +113,7 @@ private slots:
     void networkIsNamedAsItIsTyped();
     void networkFloodIsTakenInPieces();
     void networkThatRefuses();
+    void networkThatDoesNotAnswer();
     void networkThatGoesAway();
 };
 
@@ -319,6 +355,23 @@ void LinesTest::networkThatRefuses()
     QTRY_COMPARE(listener.errors.size(), 1);
     QCOMPARE(listener.errors.first(),
              QString::fromLatin1("127.0.0.1:%1: cannot connect: Connection refused").arg(port));
+    QCOMPARE(listener.opened, 0);
+}
+
+void LinesTest::networkThatDoesNotAnswer()
+{
+    const FullServer gateway;
+    TcpLine line(QString::fromLatin1("127.0.0.1"), gateway.port());
+    Listener listener(&line);
+    line.setConnectTimeout(50);
+    line.open();
+    QTRY_COMPARE(listener.errors.size(), 1);
+    QCOMPARE(
+        listener.errors.first(),
+        QString::fromLatin1("127.0.0.1:%1: no connection within 0.05 seconds").arg(gateway.port()));
+    QVERIFY(!line.isOpen());
+    QTest::qWait(20);
+    QCOMPARE(listener.errors.size(), 1);
     QCOMPARE(listener.opened, 0);
 }
 

@@ -1,0 +1,83 @@
+#include "exchange/connection.h"
+
+#include "exchange/lines/reopening_line.h"
+#include "exchange/lines/serial_line.h"
+#include "exchange/lines/tcp_line.h"
+
+#include <memory>
+
+namespace kx
+{
+
+namespace
+{
+
+std::unique_ptr<Line> bareLine(const ConnectionSettings& settings)
+{
+    if (!settings.gateway.host.isEmpty())
+        return std::make_unique<TcpLine>(settings.gateway.host, settings.gateway.port);
+    return std::make_unique<SerialLine>(settings.port, settings.timing, settings.parity);
+}
+
+std::unique_ptr<Line> lineOf(const ConnectionSettings& settings)
+{
+    if (settings.patience <= 0)
+        return bareLine(settings);
+    return std::make_unique<ReopeningLine>(bareLine(settings), settings.patience);
+}
+
+} // namespace
+
+Connection::Connection(const ConnectionSettings& settings, QObject* parent)
+    : QObject(parent), m_line(lineOf(settings).release())
+{
+    qRegisterMetaType<Failure>(); // for listeners in other threads
+    m_line->setParent(this);
+    m_start.setSingleShot(true);
+    connect(&m_start, &QTimer::timeout, m_line, &Line::open);
+    connect(m_line, &Line::opened, this, &Connection::handleOpened);
+    connect(m_line, &Line::interrupted, this, &Connection::handleInterruption);
+    connect(m_line, &Line::failed, this, &Connection::handleFailure);
+}
+
+void Connection::open()
+{
+    if (m_state != State::Closed)
+        return;
+    m_state = State::Opening;
+    m_start.start(0);
+}
+
+void Connection::close()
+{
+    m_state = State::Closed;
+    m_start.stop();
+    m_line->close();
+}
+
+void Connection::handleOpened()
+{
+    if (m_state == State::Closed)
+        return;
+    m_state = State::Open;
+    emit opened();
+}
+
+void Connection::handleInterruption()
+{
+    if (m_state == State::Closed)
+        return;
+    m_state = State::Interrupted;
+    emit interrupted();
+}
+
+void Connection::handleFailure(const QString& error)
+{
+    if (m_state == State::Closed)
+        return;
+    const bool wasOpening = m_state == State::Opening;
+    m_state = State::Closed;
+    emit failed(failureOf(wasOpening ? FailureKind::CannotOpen : FailureKind::LineLost, error));
+}
+
+} // namespace kx
