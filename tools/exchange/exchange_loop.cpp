@@ -1,6 +1,5 @@
 #include "exchange/exchange_loop.h"
 
-#include "exchange/replies/reply_verdict.h"
 #include "exchange/replies/whole_frame.h"
 
 namespace kx
@@ -10,7 +9,6 @@ namespace
 {
 
 const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
-const int MOST_KEPT = 4096; // bytes of what came for one request
 
 } // namespace
 
@@ -49,7 +47,7 @@ void ExchangeLoop::start()
 void ExchangeLoop::stop()
 {
     if (m_state == State::AwaitingReply || m_state == State::AwaitingTurnaround) {
-        m_repeating = true;
+        m_current.giveUp();
         m_hasGivenUp = true;
     }
     m_state = State::Stopped;
@@ -103,7 +101,7 @@ void ExchangeLoop::act()
             return waitForSilence();
         return poll();
     case State::AwaitingReply:
-        return finish(m_collector.incomplete());
+        return finish(m_current.incomplete());
     case State::AwaitingTurnaround:
         return finish({ReplyKind::Broadcast, QByteArray()});
     }
@@ -121,12 +119,11 @@ void ExchangeLoop::poll()
         return;
     }
     const bool isWhole = isWholeFrame(request);
-    const bool isRepeat = isWhole && m_repeating && bytesOf(request) == m_record.request;
     if (isWhole && !m_silence.isEnough(now()))
         return giveUp(request);
     if (isWhole && isHeldBack(request))
         return;
-    prepare(request, isRepeat);
+    m_current.begin(request, m_current.isRepeat(request));
     if (isWhole)
         transmit();
     else
@@ -135,7 +132,7 @@ void ExchangeLoop::poll()
 
 void ExchangeLoop::giveUp(const FRAME_PRO& request)
 {
-    prepare(request, false);
+    m_current.begin(request, false);
     m_silence.await(now());
     finish({ReplyKind::NeverSilent, QByteArray()});
 }
@@ -154,18 +151,9 @@ bool ExchangeLoop::isHeldBack(const FRAME_PRO& request)
     return m_isHolding;
 }
 
-void ExchangeLoop::prepare(const FRAME_PRO& request, bool isRepeat)
-{
-    m_collector.begin(request);
-    m_record = ExchangeRecord();
-    m_record.job = request.job;
-    m_record.repeated = isRepeat;
-    m_record.sentAt = QDateTime::currentDateTime();
-}
-
 void ExchangeLoop::transmit()
 {
-    m_record.request = bytesOf(m_collector.request());
+    const QByteArray request = m_current.send();
     const QByteArray discarded = m_line->discardWaiting();
     m_statistics.bytesReceived += discarded.size();
     m_stray.add(discarded);
@@ -173,35 +161,32 @@ void ExchangeLoop::transmit()
     // The line may turn out to be lost while bytes are thrown away, or while writing.
     const auto isLost = [this] { return !isRunning() || m_state == State::AwaitingLine; };
     if (!isLost())
-        m_line->write(m_record.request);
+        m_line->write(request);
     if (!isLost())
         awaitReply();
 }
 
 void ExchangeLoop::awaitReply()
 {
-    const FRAME_PRO& request = m_collector.request();
+    const FRAME_PRO& request = m_current.request();
     const qint64 transmission = m_line->timing().transmissionTime(request.sendLen);
-    m_transmittedAt = now() + transmission;
-    m_silence.heardUntil(m_transmittedAt);
+    const qint64 transmittedAt = now() + transmission;
+    m_current.setTransmittedAt(transmittedAt);
+    m_silence.heardUntil(transmittedAt);
     const bool isBroadcast = request.frame[0] == 0;
     m_state = isBroadcast ? State::AwaitingTurnaround : State::AwaitingReply;
     const int wait = isBroadcast ? m_settings.turnaround : m_settings.replyTimeout;
     m_clock->wakeAfter(transmission + wait * MICROSECONDS_PER_MILLISECOND);
     const qint64 owed = qint64(wait) + m_settings.settleTime();
     if (!isBroadcast)
-        m_owed.add(request, m_transmittedAt + owed * MICROSECONDS_PER_MILLISECOND);
+        m_owed.add(request, transmittedAt + owed * MICROSECONDS_PER_MILLISECOND);
 }
 
 void ExchangeLoop::takeBytes(const QByteArray& bytes)
 {
     if (m_state == State::AwaitingReply) {
         m_silence.heardUntil(now());
-        const QByteArray kept = bytes.left(MOST_KEPT - static_cast<int>(m_record.reply.size()));
-        m_record.reply += kept;
-        m_statistics.bytesReceived += bytes.size() - kept.size();
-        const auto reply = m_collector.add(bytes, now() - m_transmittedAt, m_line->timing());
-        if (reply)
+        if (const auto reply = m_current.add(bytes, now(), m_line->timing()))
             finish(*reply);
         return;
     }
@@ -213,27 +198,17 @@ void ExchangeLoop::takeBytes(const QByteArray& bytes)
         waitForSilence();
 }
 
-void ExchangeLoop::finish(CollectedReply reply)
+void ExchangeLoop::finish(const CollectedReply& reply)
 {
-    m_record.replyKind = reply.kind;
-    m_record.foreignReplies = m_collector.foreignReplies();
     if (reply.kind != ReplyKind::NeverSilent)
         m_silence.setNoisy(reply.kind == ReplyKind::Bad);
-    if (reply.kind == ReplyKind::Exception)
-        m_record.exceptionCode = exceptionCodeOf(reply.bytes);
-    m_record.finishedAt = QDateTime::currentDateTime();
-    m_collector.settle(reply);
-    m_record.result = m_driver.dealRcvFrame(reply.bytes, m_record.errorText);
-    m_repeating = m_record.result == REPLY_RETRY;
-    m_statistics.add(m_record);
-    // A pseudo-terminal delivers at once what a serial line carries for milliseconds.
-    m_silence.heardUntil(m_transmittedAt
-                         + m_line->timing().transmissionTime(m_record.reply.size()));
+    m_current.end(reply, m_driver);
+    m_silence.heardUntil(m_current.carriedAt(m_line->timing()));
     if (reply.kind == ReplyKind::Lost)
         m_state = State::AwaitingLine;
     else
         waitForSilence();
-    emit exchanged(m_record);
+    emit exchanged(m_current.record());
 }
 
 void ExchangeLoop::loseLine(const QString& error)

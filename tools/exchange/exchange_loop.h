@@ -2,12 +2,11 @@
 #ifndef KX_EXCHANGE_EXCHANGE_LOOP_H
 #define KX_EXCHANGE_EXCHANGE_LOOP_H
 
-#include "exchange/driver_library.h"
+#include "exchange/current_exchange.h"
 #include "exchange/line_silence.h"
 #include "exchange/lines/line.h"
 #include "exchange/loop_clock.h"
 #include "exchange/replies/owed_replies.h"
-#include "exchange/replies/reply_collector.h"
 #include "exchange/replies/statistics.h"
 #include "exchange/replies/stray_bytes.h"
 
@@ -50,6 +49,41 @@ struct ExchangeSettings {
 /// driver gets an empty reply, repeats the request up to its retry limit and
 /// counts it as failed. A request longer than its frame, or of no byte, is not whole; it
 /// is never transmitted, and the driver gets an empty reply.
+///
+/// "Time" is the one that was waited for: before it counts, the bytes are taken that lie in the
+/// port, which a busy program has not come to. A reply among them is accepted, although nobody
+/// can tell whether it came in time.
+///
+///     State               Event                     Done                       Next state
+///     Stopped             start()                                              AwaitingSilence
+///                         start(), line not open                               AwaitingLine
+///     AwaitingSilence     time, silent              the driver is asked        as Asked
+///                         time, not silent yet                                 the same
+///                         time, patience over       the driver is asked        as Asked, but a
+///                                                                              request fails
+///                                                                              unsent
+///     AwaitingLateReply   bytes                     thrown away                AwaitingSilence
+///                         time                      the driver is asked        as Asked
+///     Idle                time, or wake()           the driver is asked        as Asked
+///     both                time, not silent                                     AwaitingSilence
+///     Asked               nothing to send           idle()                     Idle
+///       (passed at once)  could be mistaken         held back                  AwaitingLateReply
+///                         not whole                 empty reply, exchanged()   AwaitingSilence
+///                         a broadcast               transmitted                AwaitingTurnaround
+///                         else                      transmitted                AwaitingReply
+///     AwaitingReply       bytes, reply whole        handed over, exchanged()   AwaitingSilence
+///                         bytes, not whole yet      kept                       the same
+///                         time                      what came is handed over,  AwaitingSilence
+///                                                   exchanged()
+///     AwaitingTurnaround  time                      empty reply, exchanged()   AwaitingSilence
+///     both                line interrupted          empty reply, exchanged()   AwaitingLine
+///     AwaitingLine        line open again                                      AwaitingSilence
+///     all but Stopped     line interrupted                                     AwaitingLine
+///                         line lost                 lineFailed()               Stopped
+///                         stop()                                               Stopped
+///     all others          bytes                     thrown away, silence anew  the same
+///
+/// Lives in the thread of its line and its clock; move all three to another together.
 class ExchangeLoop : public QObject
 {
     Q_OBJECT
@@ -66,7 +100,7 @@ public:
     void stop();
     bool isRunning() const { return m_state != State::Stopped; }
     /// The job of the request that was in flight when the loop stopped, or null.
-    const VARIABLE* jobGivenUp() const { return m_hasGivenUp ? &m_record.job : nullptr; }
+    const VARIABLE* jobGivenUp() const { return m_hasGivenUp ? &m_current.record().job : nullptr; }
 
     /// Asks the driver at once instead of after the idle interval: for new work.
     void wake();
@@ -99,11 +133,10 @@ private:
     void poll();
     void giveUp(const FRAME_PRO& request);
     bool isHeldBack(const FRAME_PRO& request);
-    void prepare(const FRAME_PRO& request, bool isRepeat);
     void transmit();
     void awaitReply();
     void takeBytes(const QByteArray& bytes);
-    void finish(CollectedReply reply);
+    void finish(const CollectedReply& reply);
     void loseLine(const QString& error);
     void awaitLine();
     void resume();
@@ -116,18 +149,15 @@ private:
     State m_state = State::Stopped;
     SystemClock m_systemClock{this};
     LoopClock* m_clock;
-    qint64 m_startedAt = -1;    ///< as now()
-    qint64 m_transmittedAt = 0; ///< as now(); end of the request's last character
-    LineSilence m_silence;      ///< by now()
-    ExchangeRecord m_record;
-    bool m_repeating = false;
+    qint64 m_startedAt = -1; ///< as now()
+    LineSilence m_silence;   ///< by now()
     bool m_hasGivenUp = false;
     bool m_isHolding = false; ///< a request is held back
     FRAME_PRO m_heldBack = FRAME_PRO();
     Statistics m_statistics;
     OwedReplies m_owed; ///< by now()
     StrayBytes m_stray{&m_statistics.thrownAway};
-    ReplyCollector m_collector{&m_owed, &m_stray, &m_statistics.thrownAway};
+    CurrentExchange m_current{&m_owed, &m_stray, &m_statistics};
 };
 
 } // namespace kx

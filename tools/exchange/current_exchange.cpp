@@ -1,0 +1,69 @@
+#include "exchange/current_exchange.h"
+
+#include "exchange/replies/reply_verdict.h"
+#include "exchange/replies/whole_frame.h"
+
+namespace kx
+{
+
+namespace
+{
+
+const int MOST_KEPT = 4096; // bytes of what came for one request
+
+} // namespace
+
+CurrentExchange::CurrentExchange(OwedReplies* owed, StrayBytes* stray, Statistics* statistics)
+    : m_statistics(statistics), m_collector(owed, stray, &statistics->thrownAway)
+{
+}
+
+bool CurrentExchange::isRepeat(const FRAME_PRO& request) const
+{
+    return m_isToBeRepeated && isWholeFrame(request) && bytesOf(request) == m_record.request;
+}
+
+void CurrentExchange::begin(const FRAME_PRO& request, bool isRepeat)
+{
+    m_collector.begin(request);
+    m_record = ExchangeRecord();
+    m_record.job = request.job;
+    m_record.repeated = isRepeat;
+    m_record.sentAt = QDateTime::currentDateTime();
+}
+
+QByteArray CurrentExchange::send()
+{
+    m_record.request = bytesOf(request());
+    return m_record.request;
+}
+
+std::optional<CollectedReply> CurrentExchange::add(const QByteArray& bytes, qint64 now,
+                                                   const LineTiming& timing)
+{
+    const QByteArray kept = bytes.left(MOST_KEPT - static_cast<int>(m_record.reply.size()));
+    m_record.reply += kept;
+    m_statistics->bytesReceived += bytes.size() - kept.size();
+    return m_collector.add(bytes, now - m_transmittedAt, timing);
+}
+
+void CurrentExchange::end(const CollectedReply& reply, const DriverEntryPoints& driver)
+{
+    m_record.replyKind = reply.kind;
+    m_record.foreignReplies = m_collector.foreignReplies();
+    if (reply.kind == ReplyKind::Exception)
+        m_record.exceptionCode = exceptionCodeOf(reply.bytes);
+    m_record.finishedAt = QDateTime::currentDateTime();
+    m_collector.settle(reply);
+    QByteArray bytes = reply.bytes;
+    m_record.result = driver.dealRcvFrame(bytes, m_record.errorText);
+    m_isToBeRepeated = m_record.result == REPLY_RETRY;
+    m_statistics->add(m_record);
+}
+
+qint64 CurrentExchange::carriedAt(const LineTiming& timing) const
+{
+    return m_transmittedAt + timing.transmissionTime(m_record.reply.size());
+}
+
+} // namespace kx
