@@ -1,5 +1,6 @@
 #include "kxhost/commands/commands.h"
 
+#include "exchange/driver_lease.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/options/command_line.h"
 #include "kxhost/options/offline_options.h"
@@ -63,9 +64,11 @@ QList<LengthResult> lengthsOf(const DriverEntryPoints& entryPoints, const PlanOp
                               const WatchedRanges& watched)
 {
     QList<LengthResult> lengths;
-    for (int maxWords = 1; maxWords <= MOST_REGISTERS; ++maxWords)
-        lengths << resultOf(askForPlan(entryPoints, options.watched, maxWords), watched,
-                            options.timing);
+    for (int maxWords = 1; maxWords <= MOST_REGISTERS; ++maxWords) {
+        const std::optional<Plan> plan = askForPlan(entryPoints, options.watched, maxWords);
+        if (plan)
+            lengths << resultOf(*plan, watched, options.timing);
+    }
     return lengths;
 }
 
@@ -89,11 +92,13 @@ int runPlan(const QStringList& arguments)
         return exitCode;
     const WatchedRanges watched(options.watched);
     const QList<LengthResult> lengths = lengthsOf(entryPoints, options, watched);
-    const Plan plan = askForPlan(entryPoints, options.watched, options.maxWords);
+    const std::optional<Plan> plan = askForPlan(entryPoints, options.watched, options.maxWords);
+    if (!plan)
+        return complain(DriverLease::refusal(), EXIT_CANNOT_OPEN);
     if (wantsJson(parser))
-        printJson(planJson(plan, lengths, watched, options.timing));
+        printJson(planJson(*plan, lengths, watched, options.timing));
     else
-        printPlan(plan, lengths, watched, options.timing);
+        printPlan(*plan, lengths, watched, options.timing);
     return EXIT_FINE;
 }
 

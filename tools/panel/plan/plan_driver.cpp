@@ -1,6 +1,7 @@
 #include "panel/plan/plan_driver.h"
 
 #include "addresses/watch_pieces.h"
+#include "exchange/driver_lease.h"
 
 namespace kx
 {
@@ -44,9 +45,12 @@ void initialise(const DriverEntryPoints& entryPoints, int maxWords)
 
 } // namespace
 
-Plan askForPlan(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
-                int maxWords)
+std::optional<Plan> askForPlan(const DriverEntryPoints& entryPoints,
+                               const QList<AddressRange>& watched, int maxWords)
 {
+    const DriverLease lease;
+    if (!lease.isHeld())
+        return std::nullopt;
     QList<KEY_ADDRESS> keys;
     for (const AddressRange& range : watchPieces(watched, maxWords))
         keys << keyOf(range);

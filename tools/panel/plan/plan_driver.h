@@ -5,14 +5,17 @@
 #include "exchange/driver_library.h"
 #include "panel/plan/plan_lengths.h"
 
+#include <optional>
+
 namespace kx
 {
 
 /// Initialises the driver with that maximum request length, hands over the ranges
 /// as `kxhost watch` does and walks through one cycle of its requests. Ranges must name their
 /// station. Everything that the driver held before is discarded.
-Plan askForPlan(const DriverEntryPoints& entryPoints, const QList<AddressRange>& watched,
-                int maxWords);
+/// @return none while a session has the driver, which stays as it is
+std::optional<Plan> askForPlan(const DriverEntryPoints& entryPoints,
+                               const QList<AddressRange>& watched, int maxWords);
 
 } // namespace kx
 

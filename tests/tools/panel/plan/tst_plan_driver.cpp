@@ -2,6 +2,8 @@
 
 #include "panel/plan/plan_driver.h"
 
+#include "exchange/driver_lease.h"
+
 #include <QtTest/QTest>
 
 using namespace kx;
@@ -15,6 +17,7 @@ private slots:
     void theDriverIsAsked_data();
     void theDriverIsAsked();
     void eachPlanStartsAnew();
+    void aDriverInUseIsLeftAlone();
 
 private:
     DriverEntryPoints m_driver;
@@ -98,7 +101,7 @@ void TestPlanDriver::theDriverIsAsked()
 {
     QFETCH(QStringList, watched);
     QFETCH(int, maxWords);
-    const Plan plan = askForPlan(m_driver, ranges(watched), maxWords);
+    const Plan plan = askForPlan(m_driver, ranges(watched), maxWords).value();
     QCOMPARE(plan.maxWords, maxWords);
     QTEST(describe(plan), "requests");
 }
@@ -106,13 +109,20 @@ void TestPlanDriver::theDriverIsAsked()
 void TestPlanDriver::eachPlanStartsAnew()
 {
     const QList<AddressRange> watched = ranges({"D0", "D1", "D3"});
-    QCOMPARE(describe(askForPlan(m_driver, watched, 1)),
+    QCOMPARE(describe(askForPlan(m_driver, watched, 1).value()),
              (QStringList{"1 D0..D0 1 8/7", "1 D1..D1 1 8/7", "1 D3..D3 1 8/7"}));
-    QCOMPARE(describe(askForPlan(m_driver, watched, 2)),
+    QCOMPARE(describe(askForPlan(m_driver, watched, 2).value()),
              (QStringList{"1 D0..D1 2 8/9", "1 D3..D3 1 8/7"}));
-    QCOMPARE(describe(askForPlan(m_driver, watched, 3)),
+    QCOMPARE(describe(askForPlan(m_driver, watched, 3).value()),
              (QStringList{"1 D0..D1 2 8/9", "1 D3..D3 1 8/7"}));
-    QCOMPARE(describe(askForPlan(m_driver, watched, 4)), (QStringList{"1 D0..D3 4 8/13"}));
+    QCOMPARE(describe(askForPlan(m_driver, watched, 4).value()), (QStringList{"1 D0..D3 4 8/13"}));
+}
+
+void TestPlanDriver::aDriverInUseIsLeftAlone()
+{
+    const DriverLease session;
+    QVERIFY(session.isHeld());
+    QVERIFY(!askForPlan(m_driver, ranges({"D0"}), 4));
 }
 
 QTEST_APPLESS_MAIN(TestPlanDriver)

@@ -1,0 +1,28 @@
+#include "exchange/driver_lease.h"
+
+#include <atomic>
+
+namespace kx
+{
+
+namespace
+{
+
+std::atomic<bool> isTaken(false);
+
+} // namespace
+
+DriverLease::DriverLease() : m_isHeld(!isTaken.exchange(true)) {}
+
+DriverLease::~DriverLease()
+{
+    if (m_isHeld)
+        isTaken = false;
+}
+
+QString DriverLease::refusal()
+{
+    return QStringLiteral("the driver is in use in this process; end its session first");
+}
+
+} // namespace kx
