@@ -74,22 +74,6 @@ bool takeStation(const QString& digits, AddressRange* range, QString* fault)
                        .arg(QString::number(LOWEST_STATION), QString::number(HIGHEST_STATION)));
 }
 
-qint64 lowestValue(const RegisterType* type)
-{
-    if (type->registerClass == BIT_CLASS)
-        return 0;
-    return type->registerClass == WORD_CLASS ? std::numeric_limits<qint16>::min()
-                                             : std::numeric_limits<qint32>::min();
-}
-
-qint64 highestValue(const RegisterType* type)
-{
-    if (type->registerClass == BIT_CLASS)
-        return 1;
-    return type->registerClass == WORD_CLASS ? std::numeric_limits<quint16>::max()
-                                             : std::numeric_limits<quint32>::max();
-}
-
 bool takeValue(const QString& digits, Assignment* assignment, QString* fault)
 {
     const bool isHex = digits.startsWith(text("0x"), Qt::CaseInsensitive);
@@ -196,6 +180,22 @@ QString registerTypeNames()
 int highestAddress(const RegisterType* type)
 {
     return text(type->highest).toInt(nullptr, type->radix);
+}
+
+qint64 lowestValue(const RegisterType* type)
+{
+    if (type->registerClass == BIT_CLASS)
+        return 0;
+    return type->registerClass == WORD_CLASS ? std::numeric_limits<qint16>::min()
+                                             : std::numeric_limits<qint32>::min();
+}
+
+qint64 highestValue(const RegisterType* type)
+{
+    if (type->registerClass == BIT_CLASS)
+        return 1;
+    return type->registerClass == WORD_CLASS ? std::numeric_limits<quint16>::max()
+                                             : std::numeric_limits<quint32>::max();
 }
 
 } // namespace kx

@@ -68,6 +68,11 @@ QString registerTypeNames();
 /// The highest address of a type, as a number.
 int highestAddress(const RegisterType* type);
 
+/// The lowest and the highest value that may be assigned: bits 0 and 1; words and 32CV from the
+/// lowest signed to the highest unsigned value.
+qint64 lowestValue(const RegisterType* type);
+qint64 highestValue(const RegisterType* type);
+
 } // namespace kx
 
 #endif

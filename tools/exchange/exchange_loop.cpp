@@ -54,6 +54,12 @@ void ExchangeLoop::stop()
     m_clock->cancel();
 }
 
+const VARIABLE* ExchangeLoop::jobInFlight() const
+{
+    const bool isInFlight = m_state == State::AwaitingReply || m_state == State::AwaitingTurnaround;
+    return isInFlight || m_hasGivenUp ? &m_current.record().job : nullptr;
+}
+
 void ExchangeLoop::wake()
 {
     if (m_state == State::Idle)

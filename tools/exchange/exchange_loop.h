@@ -99,8 +99,9 @@ public:
     /// out again after the next start().
     void stop();
     bool isRunning() const { return m_state != State::Stopped; }
-    /// The job of the request that was in flight when the loop stopped, or null.
-    const VARIABLE* jobGivenUp() const { return m_hasGivenUp ? &m_current.record().job : nullptr; }
+    /// The job of the request that was transmitted and not answered: that is in flight, or was
+    /// when the loop stopped. Else null.
+    const VARIABLE* jobInFlight() const;
 
     /// Asks the driver at once instead of after the idle interval: for new work.
     void wake();

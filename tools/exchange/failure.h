@@ -32,6 +32,7 @@ enum class FailureKind {
 
     // What is wrong with the work itself:
     Aborted,     ///< as asked for
+    OutOfRange,  ///< no such station, address or value
     TooLong,     ///< does not fit into a request
     NotWritable, ///< the addresses can only be read
     QueueFull    ///< too much waits

@@ -23,6 +23,16 @@ DriverEntryPoints loadedDriver()
     return entryPoints;
 }
 
+std::unique_ptr<Session> makeSession(Line* line, const SessionSettings& settings, LoopClock* clock)
+{
+    QString error;
+    std::unique_ptr<Session> session =
+        Session::create(loadedDriver(), line, settings, &error, clock);
+    if (!session)
+        qFatal("%s", qPrintable(error));
+    return session;
+}
+
 bool isRead(const ExchangeRecord& record)
 {
     return record.job.kind == CYCLIC_READ_JOB || record.job.kind == CONDITION_READ_JOB;
@@ -48,17 +58,17 @@ AddressRange rangeOf(const QString& text)
 FaultyRun::FaultyRun(const FaultyRunSettings& settings)
     : m_line(settings.line, &m_clock),
       m_memory(&m_line.stations()),
-      m_session(loadedDriver(), &m_line, settings.session, &m_clock)
+      m_session(makeSession(&m_line, settings.session, &m_clock))
 {
     for (const QString& text : settings.watched)
         m_watched << rangeOf(text);
     if (!haveMarksOfTheirOwn(m_watched))
         qFatal("two watched registers share their mark");
     m_line.onRequest = [this](const QByteArray& request) { m_memory.prepareFor(request); };
-    QObject::connect(&m_session, &DriverSession::exchanged, &m_session,
+    QObject::connect(m_session.get(), &Session::exchanged, m_session.get(),
                      [this](const ExchangeRecord& record) { takeExchange(record); });
-    m_readsPerCycle = m_session.watch(m_watched);
-    m_session.start();
+    m_readsPerCycle = m_session->watch(m_watched);
+    m_session->start();
 }
 
 void FaultyRun::runUntil(const std::function<bool()>& isEnough)
@@ -69,7 +79,7 @@ void FaultyRun::runUntil(const std::function<bool()>& isEnough)
 
 void FaultyRun::settle()
 {
-    m_session.watch(QList<AddressRange>());
+    m_session->watch(QList<AddressRange>());
     // What is in flight is answered or fails; then the driver has nothing to send.
     m_clock.pass(LONG_ENOUGH);
 }
@@ -90,7 +100,7 @@ void FaultyRun::takeExchange(const ExchangeRecord& record)
 void FaultyRun::check(const AddressRange& range)
 {
     int address = range.address;
-    for (const qint64 value : m_session.values(range)) {
+    for (const qint64 value : m_session->values(range)) {
         ++m_valuesShown;
         if (!m_memory.belongsTo(range.type, range.station, address, value))
             ++m_misplaced;

@@ -2,7 +2,7 @@
 #ifndef KX_TESTS_FAULTY_RUN_H
 #define KX_TESTS_FAULTY_RUN_H
 
-#include "panel/session/driver_session.h"
+#include "panel/session/session.h"
 #include "tools/faults/faulty_line.h"
 #include "tools/faults/identifying_memory.h"
 
@@ -27,7 +27,7 @@ public:
     /// Stops asking and waits for what is still on its way.
     void settle();
 
-    DriverSession& session() { return m_session; }
+    Session& session() { return *m_session; }
     FaultyLine& line() { return m_line; }
     const VirtualClock& clock() const { return m_clock; }
     const QList<AddressRange>& watched() const { return m_watched; }
@@ -53,7 +53,7 @@ private:
     VirtualClock m_clock;
     FaultyLine m_line;
     IdentifyingMemory m_memory;
-    DriverSession m_session;
+    std::unique_ptr<Session> m_session;
     QList<AddressRange> m_watched;
     int m_readsPerCycle = 0;
     QHash<int, int> m_countAtAnswer; ///< by station, of the memory at its latest answer

@@ -41,7 +41,7 @@ qint64 cycleTime(const FaultyRunSettings& settings, qint64* accepted)
     const int cycle = run.readsPerCycle();
     int reads = 0;
     QObject::connect(
-        &run.session(), &DriverSession::exchanged, &run.session(),
+        &run.session(), &Session::exchanged, &run.session(),
         [&](const ExchangeRecord& record) { reads += record.result == REPLY_RETRY ? 0 : 1; });
     run.runUntil([&] { return reads == cycle * WARM_UP; });
     const qint64 begin = run.clock().now();

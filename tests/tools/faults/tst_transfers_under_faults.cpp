@@ -1,8 +1,8 @@
 // Recipes and condition reads on a line with faults: what was sent is in the controllers'
 // memories, and what was read is what they hold.
 
-#include "panel/jobs/read_run.h"
-#include "panel/jobs/recipe_transfer.h"
+#include "panel/jobs/read_job.h"
+#include "panel/jobs/recipe_job.h"
 #include "tools/faults/faulty_run.h"
 
 #include <QtTest/QTest>
@@ -168,9 +168,9 @@ void TransfersUnderFaultsTest::downloadedRecipesAreInMemory()
         RecipeLayout layout;
         QString error;
         QVERIFY2(layOutRecipe(rows, 8, &layout, &error), qPrintable(error));
-        RecipeTransfer transfer(&run.session(), layout, RecipeDirection::Download);
+        RecipeJob transfer(&run.session(), layout, RecipeDirection::Download);
         QVERIFY(runToTheEnd(&transfer, &run));
-        QVERIFY2(transfer.isComplete(), qPrintable(transfer.failure()));
+        QVERIFY2(transfer.isComplete(), qPrintable(transfer.failure().text));
         for (const RecipeRow& row : rows)
             QCOMPARE(inMemory(row.range, &run), QList<quint32>{row.value});
     }
@@ -188,9 +188,9 @@ void TransfersUnderFaultsTest::uploadedRecipesAreAsInMemory()
     QVERIFY2(layOutRecipe(rows, 8, &layout, &error), qPrintable(error));
     for (int left = runLength("KX_FAULT_TRANSFERS", SHORT_RUN); left > 0; --left) {
         fillMemory(&run, &random);
-        RecipeTransfer transfer(&run.session(), layout, RecipeDirection::Upload);
+        RecipeJob transfer(&run.session(), layout, RecipeDirection::Upload);
         QVERIFY(runToTheEnd(&transfer, &run));
-        QVERIFY2(transfer.isComplete(), qPrintable(transfer.failure()));
+        QVERIFY2(transfer.isComplete(), qPrintable(transfer.failure().text));
         QList<quint32> held;
         for (const RecipeRow& row : rows)
             held << inMemory(row.range, &run);
@@ -212,10 +212,10 @@ void TransfersUnderFaultsTest::conditionReadsAreAsInMemory()
         tags << Tag{QString(), rangeOf(QLatin1String(text)), QString()};
     for (int left = runLength("KX_FAULT_TRANSFERS", SHORT_RUN); left > 0; --left) {
         fillMemory(&run, &random);
-        ReadRun reads(&run.session(), tags);
+        ReadJob reads(&run.session(), tags);
         int ranges = 0;
-        connect(&reads, &ReadRun::rangeFinished, this, [&](const ReadOutcome& outcome) {
-            QCOMPARE(outcome.failure, QString());
+        connect(&reads, &ReadJob::rangeFinished, this, [&](const ReadOutcome& outcome) {
+            QCOMPARE(outcome.failure.text, QString());
             QList<quint32> values;
             for (const qint64 value : outcome.values)
                 values << static_cast<quint32>(value);

@@ -1,7 +1,6 @@
 // Writes on a line with faults: each ends confirmed, and is then in the controller's
 // memory, or reported as failed.
 
-#include "panel/session/write_pacer.h"
 #include "tools/faults/faulty_run.h"
 
 #include <QtTest/QTest>
@@ -65,7 +64,6 @@ FaultyRunSettings twoStations(const QString& fault)
 
 Ends endsOfWrites(int length, FaultyRun* run)
 {
-    WritePacer pacer(&run->session());
     std::mt19937 random(11);
     QList<Assignment> writes;
     Ends ends;
@@ -74,15 +72,24 @@ Ends endsOfWrites(int length, FaultyRun* run)
         ends.isConfirmed << false;
         ends.times << 0;
     }
-    QObject::connect(&pacer, &WritePacer::finished, &pacer, [&](int number, bool isConfirmed) {
-        ++ends.times[number];
-        ends.isConfirmed[number] = isConfirmed;
-        if (isConfirmed && !isInMemory(writes.at(number), &run->line().stations()))
-            ++ends.notInMemory;
-    });
-    for (const Assignment& write : writes)
-        pacer.add(write);
-    run->runUntil([&] { return pacer.pending() == 0; });
+    int ended = 0;
+    int firstHandle = 0;
+    Session& session = run->session();
+    QObject::connect(
+        &session, &Session::writeFinished, &session, [&](int handle, const WriteEnd& end) {
+            const int number = handle - firstHandle;
+            ++ended;
+            ++ends.times[number];
+            ends.isConfirmed[number] = end.failure.isNone();
+            if (end.failure.isNone() && !isInMemory(writes.at(number), &run->line().stations()))
+                ++ends.notInMemory;
+        });
+    for (const Assignment& write : writes) {
+        const int handle = session.write(write);
+        firstHandle = firstHandle == 0 ? handle : firstHandle;
+    }
+    run->runUntil([&] { return ended == length; });
+    QObject::disconnect(&session, &Session::writeFinished, nullptr, nullptr);
     return ends;
 }
 
@@ -97,9 +104,7 @@ private slots:
     void noneIsLostInSilence();
     void withoutSettlingALateReplyConfirmsAnotherWrite();
     void abandonedWritesAreReportedFailed();
-    void moreWritesThanTheDriverQueues_data();
     void moreWritesThanTheDriverQueues();
-    void twoWritesOfOneTargetAreBothSent_data();
     void twoWritesOfOneTargetAreBothSent();
 };
 
@@ -146,81 +151,49 @@ void WritesUnderFaultsTest::withoutSettlingALateReplyConfirmsAnotherWrite()
 void WritesUnderFaultsTest::abandonedWritesAreReportedFailed()
 {
     FaultyRun run(twoStations(QString::fromLatin1("all:0")));
-    WritePacer pacer(&run.session());
     QList<int> ended;
-    connect(&pacer, &WritePacer::finished, this, [&](int number, bool isConfirmed) {
-        QVERIFY(!isConfirmed);
-        ended << number;
+    connect(&run.session(), &Session::writeFinished, this, [&](int handle, const WriteEnd& end) {
+        QCOMPARE(end.failure.kind, FailureKind::DriverInitialised);
+        ended << handle;
     });
     std::mt19937 random(11);
-    QList<int> numbers;
+    QList<int> handles;
     for (int number = 0; number < 100; ++number)
-        numbers << pacer.add(writeNumber(number, &random));
-    QCOMPARE(pacer.pending(), 100);
+        handles << run.session().write(writeNumber(number, &random));
     run.session().initialise();
-    pacer.abandon();
-    QCOMPARE(ended, numbers);
-    QCOMPARE(pacer.pending(), 0);
+    QCOMPARE(ended, handles);
 }
 
-void WritesUnderFaultsTest::moreWritesThanTheDriverQueues_data()
-{
-    QTest::addColumn<bool>("isPaced");
-    QTest::addColumn<int>("confirmed");
-    QTest::newRow("paced") << true << 600;
-    // The driver's queue holds 513; the others replaced each other at its end.
-    QTest::newRow("not paced") << false << 513;
-}
-
+// The driver's queue alone holds 513; further ones would replace each other at its end.
 void WritesUnderFaultsTest::moreWritesThanTheDriverQueues()
 {
-    QFETCH(bool, isPaced);
     FaultyRun run(twoStations(QString::fromLatin1("all:0")));
-    WritePacer pacer(&run.session());
     int confirmed = 0;
-    connect(&run.session(), &DriverSession::exchanged, this, [&](const ExchangeRecord& record) {
+    connect(&run.session(), &Session::exchanged, this, [&](const ExchangeRecord& record) {
         confirmed += record.job.kind == WRITE_JOB && record.result == REPLY_ACCEPTED ? 1 : 0;
     });
-    for (int address = 4000; address < 4600; ++address) {
-        const Assignment write = {rangeOf(QString::fromLatin1("D%1@1").arg(address)), {1}};
-        if (isPaced)
-            pacer.add(write);
-        else
-            run.session().write(write);
-    }
+    for (int address = 4000; address < 4600; ++address)
+        run.session().write({rangeOf(QString::fromLatin1("D%1@1").arg(address)), {1}});
     run.runUntil([&] { return run.session().statistics().requests >= 1000; });
-    QTEST(confirmed, "confirmed");
+    QCOMPARE(confirmed, 600);
 }
 
-void WritesUnderFaultsTest::twoWritesOfOneTargetAreBothSent_data()
-{
-    QTest::addColumn<bool>("isPaced");
-    QTest::addColumn<int>("confirmed");
-    QTest::newRow("paced") << true << 4;
-    // Behind the first in the queue, the newer replaces the older.
-    QTest::newRow("not paced") << false << 2;
-}
-
+// In the driver's queue, behind the first, the newer would replace the older.
 void WritesUnderFaultsTest::twoWritesOfOneTargetAreBothSent()
 {
-    QFETCH(bool, isPaced);
     FaultyRun run(twoStations(QString::fromLatin1("all:0")));
-    WritePacer pacer(&run.session());
-    int confirmed = 0;
-    connect(&run.session(), &DriverSession::exchanged, this, [&](const ExchangeRecord& record) {
-        confirmed += record.job.kind == WRITE_JOB && record.result == REPLY_ACCEPTED ? 1 : 0;
+    QList<QByteArray> sent; // function 6 of station 1: register, value
+    connect(&run.session(), &Session::exchanged, this, [&](const ExchangeRecord& record) {
+        if (record.job.kind == WRITE_JOB && record.result == REPLY_ACCEPTED)
+            sent << record.request.mid(2, 4).toHex(' ');
     });
     const AddressRange first = rangeOf(QString::fromLatin1("D4000@1"));
     const AddressRange second = rangeOf(QString::fromLatin1("D4001@1"));
     const QList<Assignment> writes = {{first, {1}}, {second, {1}}, {second, {2}}, {second, {3}}};
-    for (const Assignment& write : writes) {
-        if (isPaced)
-            pacer.add(write);
-        else
-            run.session().write(write);
-    }
+    for (const Assignment& write : writes)
+        run.session().write(write);
     run.runUntil([&] { return run.session().statistics().requests >= 20; });
-    QTEST(confirmed, "confirmed");
+    QCOMPARE(sent, (QList<QByteArray>{"0f a0 00 01", "0f a1 00 01", "0f a1 00 02", "0f a1 00 03"}));
 }
 
 QTEST_GUILESS_MAIN(WritesUnderFaultsTest)

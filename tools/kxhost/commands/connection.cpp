@@ -73,8 +73,8 @@ int openSession(const ConnectionOptions& asked, HostSession* host)
     if (lineResult != EXIT_FINE)
         return lineResult;
     host->session =
-        std::make_unique<DriverSession>(entryPoints, host->connection->line(), options.session);
-    return EXIT_FINE;
+        Session::create(entryPoints, host->connection->line(), options.session, &reason);
+    return host->session ? EXIT_FINE : complain(reason, EXIT_CANNOT_OPEN);
 }
 
 } // namespace kx

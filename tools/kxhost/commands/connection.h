@@ -3,6 +3,7 @@
 
 #include "kxhost/options/connection_options.h"
 #include "kxsim/simulated_line.h"
+#include "panel/session/session.h"
 
 #include <memory>
 
@@ -13,7 +14,7 @@ namespace kx
 struct HostSession {
     std::unique_ptr<kxsim::SimulatedLine> simulator; ///< with --simulate
     std::unique_ptr<Connection> connection;          ///< open
-    std::unique_ptr<DriverSession> session;          ///< not started
+    std::unique_ptr<Session> session;                ///< not started
 };
 
 /// The driver's file: the one asked for, else the one in ../lib of the program,

@@ -6,10 +6,9 @@
 namespace kx
 {
 
-PromptWriter::PromptWriter(DriverSession* session, int station)
-    : m_session(session), m_pacer(session), m_station(station)
+PromptWriter::PromptWriter(Session* session, int station) : m_session(session), m_station(station)
 {
-    connect(session, &DriverSession::exchanged, this, &PromptWriter::takeExchange);
+    connect(session, &Session::exchanged, this, &PromptWriter::takeExchange);
 }
 
 void PromptWriter::take(const QString& line)
@@ -26,7 +25,7 @@ void PromptWriter::take(const QString& line)
     emit message(line + QLatin1String(": writing"));
     const int most = addressesPerWrite(assignment.range.type, m_session->settings().maxWords);
     for (const Assignment& piece : writePieces(assignment, most))
-        m_pacer.add(piece);
+        m_session->write(piece);
 }
 
 bool PromptWriter::isRefused(const Assignment& assignment, QString* reason) const

@@ -1,7 +1,7 @@
 #ifndef KX_KXHOST_COMMANDS_PROMPT_WRITER_H
 #define KX_KXHOST_COMMANDS_PROMPT_WRITER_H
 
-#include "panel/session/write_pacer.h"
+#include "panel/session/session.h"
 
 namespace kx
 {
@@ -13,7 +13,7 @@ class PromptWriter : public QObject
 
 public:
     /// @param station of assignments that name none
-    PromptWriter(DriverSession* session, int station);
+    PromptWriter(Session* session, int station);
 
     /// Says in message() why when the assignment is refused; else writes it.
     void take(const QString& line);
@@ -25,8 +25,7 @@ private:
     bool isRefused(const Assignment& assignment, QString* reason) const;
     void takeExchange(const ExchangeRecord& record);
 
-    DriverSession* m_session;
-    WritePacer m_pacer;
+    Session* m_session;
     int m_station;
     bool m_hasFailed = false; ///< a piece of the last assignment has
 };

@@ -8,7 +8,7 @@
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/line_views.h"
-#include "panel/jobs/read_run.h"
+#include "panel/jobs/read_job.h"
 
 #include <QtCore/QJsonArray>
 
@@ -65,9 +65,9 @@ void printText(const ReadOutcome& outcome)
                       .arg(range.station)
                       .arg(withName(addressText(range.type, range.address + i), outcome.tag.name),
                            QString::number(outcome.values.at(i))));
-    if (!outcome.failure.isEmpty())
+    if (!outcome.failure.isNone())
         complain(QStringLiteral("%1: %2").arg(withName(rangeText(range), outcome.tag.name),
-                                              outcome.failure),
+                                              outcome.failure.text),
                  EXIT_DEVICE_FAILED);
 }
 
@@ -81,13 +81,13 @@ void printJsonOutcome(const ReadOutcome& outcome)
     json[QLatin1String("count")] = range.values;
     if (!outcome.tag.name.isEmpty())
         json[QLatin1String("name")] = outcome.tag.name;
-    if (outcome.failure.isEmpty()) {
+    if (outcome.failure.isNone()) {
         QJsonArray values;
         for (const qint64 value : outcome.values)
             values.append(value);
         json[QLatin1String("values")] = values;
     } else {
-        json[QLatin1String("failure")] = outcome.failure;
+        json[QLatin1String("failure")] = outcome.failure.text;
     }
     printJson(json);
 }
@@ -99,10 +99,10 @@ int read(const ConnectionOptions& options, const QList<Tag>& tags)
     if (result != EXIT_FINE)
         return result;
     showFrames(host.session.get(), options);
-    ReadRun run(host.session.get(), tags);
-    QObject::connect(&run, &ReadRun::rangeFinished, options.json ? printJsonOutcome : printText);
-    runToItsEnd(&run);
-    return run.hasFailed() ? EXIT_DEVICE_FAILED : EXIT_FINE;
+    ReadJob job(host.session.get(), tags);
+    QObject::connect(&job, &ReadJob::rangeFinished, options.json ? printJsonOutcome : printText);
+    runToItsEnd(host.session.get(), &job);
+    return job.failure().isNone() ? EXIT_FINE : EXIT_DEVICE_FAILED;
 }
 
 } // namespace

@@ -7,7 +7,7 @@
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/recipe_progress.h"
-#include "panel/jobs/recipe_transfer.h"
+#include "panel/jobs/recipe_job.h"
 #include "panel/recipe/recipe_file.h"
 #include "panel/recipe/recipe_storage.h"
 #include "panel/text/counted.h"
@@ -113,7 +113,7 @@ RecipeProgressStyle styleFor(const ConnectionOptions& options)
 const int BLOCKS_NAMED = 5;
 
 /// "D0:32@1, D32:32@1; perhaps also D64:32@1"
-QString sentText(const RecipeTransfer& transfer)
+QString sentText(const RecipeJob& transfer)
 {
     const QStringList& done = transfer.blocksDone();
     QString text = done.isEmpty() ? QStringLiteral("none")
@@ -125,7 +125,7 @@ QString sentText(const RecipeTransfer& transfer)
     return text;
 }
 
-QString failureText(const RecipeTransfer& transfer, const RecipeOptions& options)
+QString failureText(const RecipeJob& transfer, const RecipeOptions& options)
 {
     const bool isUpload = options.direction == RecipeDirection::Upload;
     const QString rest = isUpload ? QStringLiteral("the file is unchanged")
@@ -134,10 +134,10 @@ QString failureText(const RecipeTransfer& transfer, const RecipeOptions& options
         .arg(QLatin1String(isUpload ? "upload" : "download"), options.path)
         .arg(transfer.blocksDone().size())
         .arg(transfer.blocks())
-        .arg(transfer.failure(), rest);
+        .arg(transfer.failure().text, rest);
 }
 
-void printSummary(const RecipeTransfer& transfer, const RecipeOptions& options,
+void printSummary(const RecipeJob& transfer, const RecipeOptions& options,
                   const QString& failure = QString())
 {
     const bool isUpload = options.direction == RecipeDirection::Upload;
@@ -161,24 +161,24 @@ void printSummary(const RecipeTransfer& transfer, const RecipeOptions& options,
     printJson(json);
 }
 
-int concludeFailed(const RecipeTransfer& transfer, const RecipeOptions& options,
-                   const QString& failure, const QString& message)
+int concludeFailed(const RecipeJob& transfer, const RecipeOptions& options, const QString& failure,
+                   const QString& message)
 {
     if (options.connection.json)
         printSummary(transfer, options, failure);
     return complain(message, EXIT_DEVICE_FAILED);
 }
 
-bool storeValues(const RecipeTransfer& transfer, const RecipeOptions& options, QString* error)
+bool storeValues(const RecipeJob& transfer, const RecipeOptions& options, QString* error)
 {
     const QByteArray text = options.file.withValues(transfer.values(options.file.rows()));
     return replaceRecipeFile(options.path, text, error);
 }
 
-int conclude(const RecipeTransfer& transfer, const RecipeOptions& options)
+int conclude(const RecipeJob& transfer, const RecipeOptions& options)
 {
     if (!transfer.isComplete())
-        return concludeFailed(transfer, options, transfer.failure(),
+        return concludeFailed(transfer, options, transfer.failure().text,
                               failureText(transfer, options));
     QString error;
     if (options.direction == RecipeDirection::Upload && !storeValues(transfer, options, &error))
@@ -195,12 +195,12 @@ int transferRecipe(const RecipeOptions& options)
     if (result != EXIT_FINE)
         return result;
     showFrames(host.session.get(), options.connection);
-    RecipeTransfer transfer(host.session.get(), options.layout, options.direction);
+    RecipeJob transfer(host.session.get(), options.layout, options.direction);
     {
         RecipeProgress progress(styleFor(options.connection), transfer.blocks());
-        QObject::connect(&transfer, &RecipeTransfer::blockDone, &transfer,
+        QObject::connect(&transfer, &RecipeJob::blockDone, &transfer,
                          [&progress](const QString& block) { progress.showBlock(block); });
-        runToItsEnd(&transfer);
+        runToItsEnd(host.session.get(), &transfer);
     }
     return conclude(transfer, options);
 }

@@ -1,29 +1,44 @@
 #include "kxhost/commands/run_to_end.h"
 
 #include "kxhost/terminal/console.h"
+#include "kxhost/terminal/interrupt.h"
 #include "panel/text/frame_text.h"
+
+#include <QtCore/QCoreApplication>
 
 namespace kx
 {
 
-void showFrames(const DriverSession* session, const ConnectionOptions& options)
+void showFrames(const Session* session, const ConnectionOptions& options)
 {
     if (!options.frames)
         return;
     const bool asJson = options.json;
-    QObject::connect(session, &DriverSession::exchanged, session,
-                     [asJson](const ExchangeRecord& record) {
-                         if (asJson)
-                             return printJson(exchangeJson(record));
-                         for (const QString& line : exchangeLines(record))
-                             printLine(line);
-                     });
+    QObject::connect(session, &Session::exchanged, session, [asJson](const ExchangeRecord& record) {
+        if (asJson)
+            return printJson(exchangeJson(record));
+        for (const QString& line : exchangeLines(record))
+            printLine(line);
+    });
 }
 
 void simulateStation(int station, ConnectionOptions* options)
 {
     if (!options->simulatedStations.contains(station))
         options->simulatedStations << station;
+}
+
+void runToItsEnd(Session* session, Job* job)
+{
+    const Interrupt interrupt;
+    QObject::connect(&interrupt, &Interrupt::interrupted, job,
+                     [job] { job->abort(QStringLiteral("interrupted")); });
+    QObject::connect(job, &Job::finished, QCoreApplication::instance(), &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    QObject::connect(job, &Job::finished, session, &Session::stop);
+    session->start();
+    job->start();
+    QCoreApplication::exec();
 }
 
 } // namespace kx

@@ -3,31 +3,19 @@
 #define KX_KXHOST_COMMANDS_RUN_TO_END_H
 
 #include "kxhost/options/connection_options.h"
-#include "kxhost/terminal/interrupt.h"
-
-#include <QtCore/QCoreApplication>
+#include "panel/jobs/job.h"
 
 namespace kx
 {
 
 /// Prints every exchange when the options ask for frames.
-void showFrames(const DriverSession* session, const ConnectionOptions& options);
+void showFrames(const Session* session, const ConnectionOptions& options);
 
 /// Lets the simulated controllers answer for that station.
 void simulateStation(int station, ConnectionOptions* options);
 
-/// Runs a transfer to its end; an interrupt ends it early through its abort().
-template <class Transfer>
-void runToItsEnd(Transfer* transfer)
-{
-    const Interrupt interrupt;
-    QObject::connect(&interrupt, &Interrupt::interrupted, transfer,
-                     [transfer] { transfer->abort(QStringLiteral("interrupted")); });
-    QObject::connect(transfer, &Transfer::finished, QCoreApplication::instance(),
-                     &QCoreApplication::quit, Qt::QueuedConnection);
-    transfer->start();
-    QCoreApplication::exec();
-}
+/// Lets the session poll while the job is at work; an interrupt aborts the job.
+void runToItsEnd(Session* session, Job* job);
 
 } // namespace kx
 

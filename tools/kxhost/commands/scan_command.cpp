@@ -6,7 +6,7 @@
 #include "kxhost/options/scan_stations.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
-#include "panel/jobs/scan_run.h"
+#include "panel/jobs/scan_job.h"
 
 namespace kx
 {
@@ -63,8 +63,8 @@ bool readOptions(const QCommandLineParser& parser, ScanOptions* options, QString
 class ScanView
 {
 public:
-    ScanView(const ScanRun& run, int stations, bool json)
-        : m_run(run), m_stations(stations), m_json(json), m_bar(!json && isStandardOutputTerminal())
+    ScanView(const ScanJob& job, int stations, bool json)
+        : m_job(job), m_stations(stations), m_json(json), m_bar(!json && isStandardOutputTerminal())
     {
     }
 
@@ -80,7 +80,7 @@ public:
     void showProgress()
     {
         if (m_bar)
-            print(QLatin1Char('\r') + scanBar(m_run.asked(), m_stations, m_run.answered()));
+            print(QLatin1Char('\r') + scanBar(m_job.asked(), m_stations, m_job.answered()));
     }
 
     void showSummary()
@@ -88,11 +88,11 @@ public:
         clearBar();
         if (m_json)
             printJson(QJsonObject{{QLatin1String("event"), QLatin1String("summary")},
-                                  {QLatin1String("stations"), m_run.asked()},
-                                  {QLatin1String("answered"), m_run.answered()},
-                                  {QLatin1String("notAsked"), m_stations - m_run.asked()}});
+                                  {QLatin1String("stations"), m_job.asked()},
+                                  {QLatin1String("answered"), m_job.answered()},
+                                  {QLatin1String("notAsked"), m_stations - m_job.asked()}});
         else
-            printLine(scanSummary(m_run.answered(), m_run.asked(), m_stations - m_run.asked()));
+            printLine(scanSummary(m_job.answered(), m_job.asked(), m_stations - m_job.asked()));
     }
 
 private:
@@ -102,7 +102,7 @@ private:
             print(QLatin1String("\r\033[K"));
     }
 
-    const ScanRun& m_run;
+    const ScanJob& m_job;
     int m_stations;
     bool m_json;
     bool m_bar;
@@ -115,16 +115,16 @@ int scan(const ScanOptions& options)
     if (result != EXIT_FINE)
         return result;
     showFrames(host.session.get(), options.connection);
-    ScanRun run(host.session.get(), options.stations);
-    ScanView view(run, static_cast<int>(options.stations.size()), options.connection.json);
-    QObject::connect(&run, &ScanRun::stationAnswered,
+    ScanJob job(host.session.get(), options.stations);
+    ScanView view(job, static_cast<int>(options.stations.size()), options.connection.json);
+    QObject::connect(&job, &ScanJob::stationAnswered,
                      [&view](const ScanReply& reply) { view.showAnswer(reply); });
-    QObject::connect(&run, &ScanRun::stationAsked, [&view] { view.showProgress(); });
-    runToItsEnd(&run);
+    QObject::connect(&job, &ScanJob::progress, [&view] { view.showProgress(); });
+    runToItsEnd(host.session.get(), &job);
     view.showSummary();
-    if (!run.failure().isEmpty())
-        return complain(run.failure(), EXIT_DEVICE_FAILED);
-    return run.answered() > 0 ? EXIT_FINE : EXIT_DEVICE_FAILED;
+    if (job.failure().kind == FailureKind::LineLost)
+        return complain(job.failure().text, EXIT_DEVICE_FAILED);
+    return job.answered() > 0 ? EXIT_FINE : EXIT_DEVICE_FAILED;
 }
 
 } // namespace

@@ -96,7 +96,7 @@ int runUntilFinished(WatchRun* run)
     return run->hasDeviceFailed() ? EXIT_DEVICE_FAILED : EXIT_FINE;
 }
 
-int watchInLines(const WatchOptions& options, DriverSession* session)
+int watchInLines(const WatchOptions& options, Session* session)
 {
     TextView text(options.connection.frames);
     JsonView json(options.connection.frames);
@@ -105,7 +105,7 @@ int watchInLines(const WatchOptions& options, DriverSession* session)
     return runUntilFinished(&run);
 }
 
-int watchInTable(const WatchOptions& options, DriverSession* session)
+int watchInTable(const WatchOptions& options, Session* session)
 {
     const Line* const line = session->line();
     LiveView view(line->name() + QLatin1String("  ")
@@ -124,7 +124,7 @@ int watch(const WatchOptions& options)
     const int result = openSession(options.connection, &host);
     if (result != EXIT_FINE)
         return result;
-    DriverSession* const session = host.session.get();
+    Session* const session = host.session.get();
     return wantsTable(options.connection) ? watchInTable(options, session)
                                           : watchInLines(options, session);
 }

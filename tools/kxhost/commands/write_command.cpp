@@ -6,7 +6,7 @@
 #include "kxhost/options/command_line.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
-#include "panel/jobs/write_run.h"
+#include "panel/jobs/write_job.h"
 
 #include <QtCore/QJsonArray>
 
@@ -81,9 +81,10 @@ QString confirmedPart(const WriteOutcome& outcome)
 void printText(const WriteOutcome& outcome)
 {
     const AddressRange& range = outcome.assignment.range;
-    const QString result = outcome.failure.isEmpty() ? QStringLiteral("confirmed")
-                                                     : QStringLiteral("failed: ") + outcome.failure
-                                                           + confirmedPart(outcome);
+    const QString result =
+        outcome.failure.isNone()
+            ? QStringLiteral("confirmed")
+            : QStringLiteral("failed: ") + outcome.failure.text + confirmedPart(outcome);
     printLine(QStringLiteral("%1 %2=%3 %4")
                   .arg(QString::number(range.station), addressText(range.type, range.address),
                        valuesText(outcome.assignment.values), result));
@@ -101,8 +102,8 @@ void printJsonOutcome(const WriteOutcome& outcome)
     json[QLatin1String("address")] = addressText(range.type, range.address);
     json[QLatin1String("values")] = values;
     json[QLatin1String("confirmed")] = outcome.confirmed;
-    if (!outcome.failure.isEmpty())
-        json[QLatin1String("failure")] = outcome.failure;
+    if (!outcome.failure.isNone())
+        json[QLatin1String("failure")] = outcome.failure.text;
     printJson(json);
 }
 
@@ -113,11 +114,11 @@ int write(const ConnectionOptions& options, const QList<Assignment>& assignments
     if (result != EXIT_FINE)
         return result;
     showFrames(host.session.get(), options);
-    WriteRun run(host.session.get(), assignments);
-    QObject::connect(&run, &WriteRun::assignmentFinished,
+    WriteJob job(host.session.get(), assignments);
+    QObject::connect(&job, &WriteJob::assignmentFinished,
                      options.json ? printJsonOutcome : printText);
-    runToItsEnd(&run);
-    return run.hasFailed() ? EXIT_DEVICE_FAILED : EXIT_FINE;
+    runToItsEnd(host.session.get(), &job);
+    return job.failure().isNone() ? EXIT_FINE : EXIT_DEVICE_FAILED;
 }
 
 } // namespace

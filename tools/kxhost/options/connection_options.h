@@ -4,7 +4,7 @@
 
 #include "exchange/connection.h"
 #include "kxsim/fault_plan.h"
-#include "panel/session/driver_session.h"
+#include "panel/session/session_settings.h"
 
 #include <QtCore/QCommandLineParser>
 

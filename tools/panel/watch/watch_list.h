@@ -27,7 +27,7 @@ struct WatchEntry {
     QString name; ///< of its tag; empty when the address was typed
     WatchState state = WatchState::NeverRead;
     bool isKnown = false; ///< `value` has been read or written
-    qint64 value = 0;     ///< as DriverSession::values()
+    qint64 value = 0;     ///< as Session::values()
     qint64 readAt = 0;    ///< milliseconds; last good read, with state Ok or later
     qint64 changedAt = 0; ///< milliseconds; 0 until the first change of a known value
 

@@ -6,12 +6,12 @@
 namespace kx
 {
 
-WatchRun::WatchRun(DriverSession* session, const QList<Tag>& tags, qint64 cycles, WatchView* view)
+WatchRun::WatchRun(Session* session, const QList<Tag>& tags, qint64 cycles, WatchView* view)
     : m_session(session), m_ranges(rangesOf(tags)), m_list(tags), m_view(view), m_cycleLimit(cycles)
 {
-    connect(session, &DriverSession::valueChanged, this, &WatchRun::takeChange);
-    connect(session, &DriverSession::exchanged, this, &WatchRun::takeExchange);
-    connect(session, &DriverSession::lineFailed, this, &WatchRun::loseLine);
+    connect(session, &Session::valueChanged, this, &WatchRun::takeChange);
+    connect(session, &Session::exchanged, this, &WatchRun::takeExchange);
+    connect(session, &Session::lineFailed, this, &WatchRun::loseLine);
     connect(session->line(), &Line::interrupted, this, [this] { showLink(m_link.takeLineLost()); });
     connect(session->line(), &Line::opened, this, [this] { showLink(m_link.takeLineOpened()); });
 }
@@ -42,10 +42,12 @@ WatchSummary WatchRun::summary() const
     return summary;
 }
 
-void WatchRun::takeChange(int, int station, const QString& name, int address)
+void WatchRun::takeChange(const ValueChange& change)
 {
+    const AddressRange& range = change.range;
     show(m_list.takeChange(
-        station, name, address, [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
+        range.station, QString::fromLatin1(range.type->name), range.address,
+        [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
 }
 
 void WatchRun::takeExchange(const ExchangeRecord& record)
@@ -73,12 +75,12 @@ void WatchRun::takeRead(const ExchangeRecord& record)
     QMetaObject::invokeMethod(this, &WatchRun::finish, Qt::QueuedConnection);
 }
 
-void WatchRun::loseLine(const QString& error)
+void WatchRun::loseLine(const Failure& failure)
 {
     m_isLineLost = true;
     // The view gives the terminal back first.
     finish();
-    emit lineLost(error);
+    emit lineLost(failure.text);
 }
 
 void WatchRun::show(const QList<int>& indexes)

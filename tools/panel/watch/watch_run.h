@@ -1,7 +1,7 @@
 #ifndef KX_PANEL_WATCH_WATCH_RUN_H
 #define KX_PANEL_WATCH_WATCH_RUN_H
 
-#include "panel/session/driver_session.h"
+#include "panel/session/session.h"
 #include "panel/watch/watch_view.h"
 
 namespace kx
@@ -15,7 +15,7 @@ class WatchRun : public QObject
 public:
     /// @param cycles cycles after which the run is finished; 0: until stopped. A
     ///               cycle is over when every cyclic read was answered or failed.
-    WatchRun(DriverSession* session, const QList<Tag>& tags, qint64 cycles, WatchView* view);
+    WatchRun(Session* session, const QList<Tag>& tags, qint64 cycles, WatchView* view);
 
     void start();
     /// Stops the exchange and shows the summary, once.
@@ -38,15 +38,15 @@ signals:
     void lineLost(const QString& error);
 
 private:
-    void takeChange(int link, int station, const QString& name, int address);
+    void takeChange(const ValueChange& change);
     void takeExchange(const ExchangeRecord& record);
     void takeRead(const ExchangeRecord& record);
-    void loseLine(const QString& error);
+    void loseLine(const Failure& failure);
     void show(const QList<int>& indexes);
     void showLink(const QList<LinkEvent>& events);
     qint64 valueOf(const WatchEntry& entry) const;
 
-    DriverSession* m_session;
+    Session* m_session;
     QList<AddressRange> m_ranges;
     WatchList m_list;
     LinkState m_link;

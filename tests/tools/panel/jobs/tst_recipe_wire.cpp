@@ -1,6 +1,6 @@
 // What a recipe puts on the wire, frame by frame: nothing travels twice.
 
-#include "panel/jobs/recipe_transfer.h"
+#include "panel/jobs/recipe_job.h"
 #include "support/driver_fixture.h"
 #include "tools/exchange/scripted_line.h"
 #include "tools/panel/recipe/recipe_rows.h"
@@ -38,8 +38,8 @@ private:
     void run(RecipeDirection direction, const QString& exchanges);
 
     std::unique_ptr<ScriptedLine> m_line;
-    std::unique_ptr<DriverSession> m_session;
-    std::unique_ptr<RecipeTransfer> m_transfer;
+    std::unique_ptr<Session> m_session;
+    std::unique_ptr<RecipeJob> m_transfer;
     QList<RecipeRow> m_rows;
 };
 
@@ -57,15 +57,17 @@ void TestRecipeWire::run(RecipeDirection direction, const QString& exchanges)
     SessionSettings settings;
     settings.exchange.idleInterval = 1; // milliseconds
     settings.retries = 1;
-    m_session = std::make_unique<DriverSession>(entryPoints, m_line.get(), settings);
+    m_session = Session::create(entryPoints, m_line.get(), settings, &error);
+    QVERIFY2(m_session, qPrintable(error));
+    m_session->start();
     RecipeLayout layout;
     QVERIFY2(layOutRecipe(m_rows, 32, &layout, &error), qPrintable(error));
-    m_transfer = std::make_unique<RecipeTransfer>(m_session.get(), layout, direction);
-    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    m_transfer = std::make_unique<RecipeJob>(m_session.get(), layout, direction);
+    QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
     m_transfer->start();
     QTRY_COMPARE(finished.size(), 1);
     QCOMPARE(m_line->written, framesOf(exchanges, 0));
-    QCOMPARE(m_transfer->failure(), QString());
+    QCOMPARE(m_transfer->failure().text, QString());
     QCOMPARE(m_transfer->blocks(), static_cast<int>(m_line->written.size()));
     QCOMPARE(m_transfer->blocksDone().size(), m_line->written.size());
 }

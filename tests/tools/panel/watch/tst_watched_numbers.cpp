@@ -79,8 +79,8 @@ class Numbers
 public:
     Numbers(const QList<Tag>& tags, int maxWords)
         : m_line(&m_clock),
-          m_session(loadedDriver(), &m_line, settings(maxWords), &m_clock),
-          m_run(&m_session, tags, 0, &m_view),
+          m_session(makeSession(maxWords)),
+          m_run(m_session.get(), tags, 0, &m_view),
           m_numbers(m_run.list().entries().size(), 0)
     {
         m_run.start();
@@ -105,11 +105,16 @@ public:
     }
 
 private:
-    static SessionSettings settings(int maxWords)
+    std::unique_ptr<Session> makeSession(int maxWords)
     {
         SessionSettings settings;
         settings.maxWords = maxWords;
-        return settings;
+        QString error;
+        std::unique_ptr<Session> session =
+            Session::create(loadedDriver(), &m_line, settings, &error, &m_clock);
+        if (!session)
+            qFatal("%s", qPrintable(error));
+        return session;
     }
 
     /// A 32CV holds its first register in the high word.
@@ -128,7 +133,7 @@ private:
         for (int i = 0; i < m_numbers.size(); ++i) {
             const WatchEntry& entry = m_run.list().entries().at(i);
             if (entry.type->registerClass == BIT_CLASS)
-                m_numbers[i] |= m_session.values(entry.range()).first() << bit;
+                m_numbers[i] |= m_session->values(entry.range()).first() << bit;
             else
                 m_numbers[i] = entry.value;
         }
@@ -136,7 +141,7 @@ private:
 
     VirtualClock m_clock;
     NumberingLine m_line;
-    DriverSession m_session;
+    std::unique_ptr<Session> m_session;
     NoView m_view;
     WatchRun m_run;
     QVector<qint64> m_numbers; ///< as the entries

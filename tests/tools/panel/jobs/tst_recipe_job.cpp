@@ -1,4 +1,4 @@
-#include "panel/jobs/recipe_transfer.h"
+#include "panel/jobs/recipe_job.h"
 #include "support/driver_fixture.h"
 #include "tools/exchange/scripted_line.h"
 
@@ -21,7 +21,7 @@ const char WRITE_M5[] = "01 05 07 D5 FF 00";
 
 } // namespace
 
-class TestRecipePasses : public QObject
+class TestRecipeJob : public QObject
 {
     Q_OBJECT
 
@@ -41,11 +41,11 @@ private:
 
     QList<RecipeRow> m_rows;
     std::unique_ptr<ScriptedLine> m_line;
-    std::unique_ptr<DriverSession> m_session;
-    std::unique_ptr<RecipeTransfer> m_transfer;
+    std::unique_ptr<Session> m_session;
+    std::unique_ptr<RecipeJob> m_transfer;
 };
 
-void TestRecipePasses::init()
+void TestRecipeJob::init()
 {
     DriverEntryPoints entryPoints;
     QString error;
@@ -60,42 +60,42 @@ void TestRecipePasses::init()
     SessionSettings settings;
     settings.exchange = {50, 20, 5};
     settings.retries = 2;
-    m_session = std::make_unique<DriverSession>(entryPoints, m_line.get(), settings);
+    m_session = Session::create(entryPoints, m_line.get(), settings, &error);
+    QVERIFY2(m_session, qPrintable(error));
+    m_session->start();
 }
 
-void TestRecipePasses::make(RecipeDirection direction)
+void TestRecipeJob::make(RecipeDirection direction)
 {
     RecipeLayout layout;
     QString error;
     QVERIFY2(layOutRecipe(m_rows, 32, &layout, &error), qPrintable(error));
-    m_transfer = std::make_unique<RecipeTransfer>(m_session.get(), layout, direction);
+    m_transfer = std::make_unique<RecipeJob>(m_session.get(), layout, direction);
 }
 
-void TestRecipePasses::passesFollowEachOther()
+void TestRecipeJob::passesFollowEachOther()
 {
     make(RecipeDirection::Download);
     QCOMPARE(m_transfer->blocks(), 3);
-    QSignalSpy blocks(m_transfer.get(), &RecipeTransfer::blockDone);
-    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    QSignalSpy blocks(m_transfer.get(), &RecipeJob::blockDone);
+    QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
     for (const char* frame : {WRITE_M5, WRITE_D0, WRITE_D9})
         confirm(frame);
     m_transfer->start();
-    QVERIFY(m_session->isRecipePending());
     QTRY_COMPARE(finished.size(), 1);
     QCOMPARE(m_line->written,
              (QList<QByteArray>{withCrc(WRITE_M5), withCrc(WRITE_D0), withCrc(WRITE_D9)}));
     QVERIFY(m_transfer->isComplete());
-    QCOMPARE(m_transfer->failure(), QString());
+    QCOMPARE(m_transfer->failure().text, QString());
     QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1", "D0:1@1", "D9:1@1"}));
     QCOMPARE(m_transfer->blockMaybeDone(), QString());
     QCOMPARE(blocks.size(), 3);
-    QVERIFY(!m_session->isRecipePending());
 }
 
-void TestRecipePasses::uploadedValuesComeFromBufferAndCache()
+void TestRecipeJob::uploadedValuesComeFromBufferAndCache()
 {
     make(RecipeDirection::Upload);
-    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
     confirm("01 01 01 01");    // function 1, byte count 1, M5 on
     confirm("01 03 02 12 34"); // function 3, byte count 2, D0
     confirm("01 03 02 AB CD"); // D9
@@ -107,31 +107,31 @@ void TestRecipePasses::uploadedValuesComeFromBufferAndCache()
                                 withCrc("01 03 00 09 00 01")}));
     QVERIFY(m_transfer->isComplete());
     QCOMPARE(m_transfer->values(m_rows), (QList<quint32>{0x1234, 0xABCD, 1}));
-    QCOMPARE(m_session->recipeBuffer()[1], static_cast<unsigned short>(0x1234));
+    QCOMPARE(m_session->recipeWord(1), quint16(0x1234));
 }
 
-void TestRecipePasses::failureEndsTheTransfer()
+void TestRecipeJob::failureEndsTheTransfer()
 {
     make(RecipeDirection::Download);
-    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
     confirm(WRITE_M5);
     confirm("01 86 02"); // function 6 refused: illegal address
     confirm("01 86 02"); // and once more, which is the retry limit
     m_transfer->start();
     QTRY_COMPARE(finished.size(), 1);
     QVERIFY(!m_transfer->isComplete());
-    QCOMPARE(m_transfer->failure(), QStringLiteral("D0:1@1: exception 2 (illegal data address)"));
+    QCOMPARE(m_transfer->failure().text,
+             QStringLiteral("D0:1@1: exception 2 (illegal data address)"));
     QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1"}));
     QCOMPARE(m_transfer->blockMaybeDone(), QString());
-    QVERIFY(!m_session->isRecipePending());
     QTest::qWait(20);
     QCOMPARE(m_line->written.size(), 3); // D9 was not tried
 }
 
-void TestRecipePasses::refusalAfterSilenceLeavesTheBlockOpen()
+void TestRecipeJob::refusalAfterSilenceLeavesTheBlockOpen()
 {
     make(RecipeDirection::Download);
-    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
     confirm(WRITE_M5);
     m_line->answer({});  // D0 may have been stored, and the reply lost
     confirm("01 86 02"); // function 6 refused: illegal address
@@ -140,10 +140,10 @@ void TestRecipePasses::refusalAfterSilenceLeavesTheBlockOpen()
     QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("D0:1@1"));
 }
 
-void TestRecipePasses::answerAfterSilenceSettlesTheBlock()
+void TestRecipeJob::answerAfterSilenceSettlesTheBlock()
 {
     make(RecipeDirection::Download);
-    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
     confirm(WRITE_M5);
     m_line->answer({}); // D0, whose second try is confirmed
     confirm(WRITE_D0);
@@ -155,18 +155,17 @@ void TestRecipePasses::answerAfterSilenceSettlesTheBlock()
     QCOMPARE(m_transfer->blockMaybeDone(), QString());
 }
 
-void TestRecipePasses::abortLowersTheRequest()
+void TestRecipeJob::abortLowersTheRequest()
 {
     make(RecipeDirection::Download);
-    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
     confirm(WRITE_M5);
     m_transfer->start();
     QTRY_COMPARE(m_line->written.size(), 2);
     m_transfer->abort(QStringLiteral("interrupted"));
     QCOMPARE(finished.size(), 1);
-    QVERIFY(!m_session->isRecipePending());
     QVERIFY(!m_transfer->isComplete());
-    QCOMPARE(m_transfer->failure(), QStringLiteral("interrupted"));
+    QCOMPARE(m_transfer->failure().text, QStringLiteral("interrupted"));
     QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("D0:1@1"));
     QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1"}));
     QTest::qWait(100); // twice the reply time-out
@@ -175,18 +174,17 @@ void TestRecipePasses::abortLowersTheRequest()
     QCOMPARE(finished.size(), 1);
 }
 
-void TestRecipePasses::lostLineEndsTheTransfer()
+void TestRecipeJob::lostLineEndsTheTransfer()
 {
     make(RecipeDirection::Upload);
-    QSignalSpy finished(m_transfer.get(), &RecipeTransfer::finished);
+    QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
     m_transfer->start();
     QTRY_COMPARE(m_line->written.size(), 1);
     m_line->lose();
     QCOMPARE(finished.size(), 1);
-    QCOMPARE(m_transfer->failure(), QStringLiteral("script: the port is lost: unplugged"));
+    QCOMPARE(m_transfer->failure().text, QStringLiteral("script: the port is lost: unplugged"));
     QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("M5:1@1"));
-    QVERIFY(!m_session->isRecipePending());
 }
 
-QTEST_GUILESS_MAIN(TestRecipePasses)
-#include "tst_recipe_passes.moc"
+QTEST_GUILESS_MAIN(TestRecipeJob)
+#include "tst_recipe_job.moc"

@@ -1,0 +1,68 @@
+#include "panel/session/driver_values.h"
+
+#include <QtTest/QTest>
+
+using namespace kx;
+
+class TestDriverValues : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void valuesBecomeBytesAndBack_data();
+    void valuesBecomeBytesAndBack();
+    void negativeValuesComeBackUnsigned();
+    void jobsAndVariablesAreRanges();
+};
+
+void TestDriverValues::valuesBecomeBytesAndBack_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QList<qint64>>("values");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("bits, a byte each") << "M" << QList<qint64>{1, 0, 1} << QByteArray("010001");
+    QTest::newRow("words, the low byte first")
+        << "D" << QList<qint64>{0x1234, 65535} << QByteArray("3412ffff");
+    QTest::newRow("32CV, the lowest byte first")
+        << "32CV" << QList<qint64>{0x12345678, 4294967295} << QByteArray("78563412ffffffff");
+}
+
+void TestDriverValues::valuesBecomeBytesAndBack()
+{
+    QFETCH(QString, type);
+    QFETCH(QList<qint64>, values);
+    QFETCH(QByteArray, bytes);
+    const AddressRange range = {findRegisterType(type), 200, static_cast<int>(values.size()), 1};
+    QCOMPARE(driverBytes({range, values}).toHex(), bytes);
+    QCOMPARE(bytesOf(range), static_cast<int>(bytes.size()) / 2);
+    QCOMPARE(valuesOf(range, QByteArray::fromHex(bytes)), values);
+}
+
+void TestDriverValues::negativeValuesComeBackUnsigned()
+{
+    const AddressRange range = {findRegisterType(QStringLiteral("D")), 0, 1, 1};
+    QCOMPARE(driverBytes({range, {-2}}).toHex(), QByteArray("feff"));
+    QCOMPARE(valuesOf(range, QByteArray::fromHex("feff")), QList<qint64>{65534});
+}
+
+void TestDriverValues::jobsAndVariablesAreRanges()
+{
+    VARIABLE job = VARIABLE();
+    job.station = 5;
+    job.regType = QStringLiteral("32CV");
+    job.address = 200;
+    job.count = 4; // registers
+    const AddressRange range = rangeOf(job);
+    QCOMPARE(range.type, findRegisterType(QStringLiteral("32CV")));
+    QCOMPARE(range.address, 200);
+    QCOMPARE(range.values, 2);
+    QCOMPARE(range.station, 5);
+    _RCP_VAR_PRO variable = _RCP_VAR_PRO();
+    variable.regType = QStringLiteral("W");
+    variable.count = 3;
+    QVERIFY(!rangeOf(variable).type);
+    QCOMPARE(rangeOf(variable).values, 3);
+}
+
+QTEST_APPLESS_MAIN(TestDriverValues)
+#include "tst_driver_values.moc"

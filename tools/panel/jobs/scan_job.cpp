@@ -1,0 +1,42 @@
+#include "panel/jobs/scan_job.h"
+
+namespace kx
+{
+
+ScanJob::ScanJob(Session* session, const QList<int>& stations, QObject* parent)
+    : Job(session, parent), m_stations(stations)
+{
+    connect(session, &Session::readFinished, this, &ScanJob::takeEnd);
+}
+
+void ScanJob::askNextStation()
+{
+    if (m_asked == m_stations.size())
+        return end();
+    // Every controller has D0; one that has not refuses, which is an answer, too.
+    AddressRange range;
+    range.type = findRegisterType(QStringLiteral("D"));
+    range.station = m_stations.at(m_asked);
+    await(session()->read(range));
+}
+
+void ScanJob::takeEnd(int handle, const ReadEnd& end)
+{
+    if (!takesEnd(handle))
+        return;
+    if (isSessionOver(end.failure))
+        return endEarly(end.failure);
+    ++m_asked;
+    const ScanReply reply = scanReplyOf(end.exchange);
+    if (reply.answer != ScanAnswer::None && m_stations.contains(reply.station)
+        && !m_answered.contains(reply.station)) {
+        m_answered.insert(reply.station);
+        emit stationAnswered(reply);
+    }
+    if (isRunning())
+        emit progress(m_asked, static_cast<int>(m_stations.size()));
+    if (isRunning())
+        askNextStation();
+}
+
+} // namespace kx

@@ -1,0 +1,67 @@
+#include "panel/jobs/write_job.h"
+
+#include "addresses/write_pieces.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kx
+{
+
+WriteJob::WriteJob(Session* session, const QList<Assignment>& assignments, QObject* parent)
+    : Job(session, parent),
+      m_assignments(assignments),
+      m_total(static_cast<int>(assignments.size()))
+{
+    connect(session, &Session::writeFinished, this, &WriteJob::takeEnd);
+}
+
+void WriteJob::writeNextAssignment()
+{
+    if (m_assignments.isEmpty())
+        return end();
+    const Assignment& assignment = m_assignments.first();
+    const int most = addressesPerWrite(assignment.range.type, session()->settings().maxWords);
+    m_pieces = writePieces(assignment, std::max(1, most));
+    if (m_pieces.isEmpty())
+        m_pieces << assignment; // which the session refuses
+    await(session()->write(m_pieces.first()));
+}
+
+void WriteJob::takeEnd(int handle, const WriteEnd& end)
+{
+    if (!takesEnd(handle))
+        return;
+    if (isSessionOver(end.failure))
+        return endEarly(end.failure);
+    if (!end.failure.isNone())
+        return settle(end.failure);
+    m_confirmed += m_pieces.takeFirst().range.values;
+    if (m_pieces.isEmpty())
+        settle(Failure());
+    else
+        await(session()->write(m_pieces.first()));
+}
+
+void WriteJob::tell(const Failure& failure)
+{
+    noteFailure(failure);
+    emit assignmentFinished({m_assignments.takeFirst(), failure, std::exchange(m_confirmed, 0)});
+}
+
+void WriteJob::settle(const Failure& failure)
+{
+    tell(failure);
+    if (isRunning())
+        emit progress(m_total - static_cast<int>(m_assignments.size()), m_total);
+    if (isRunning())
+        writeNextAssignment();
+}
+
+void WriteJob::giveUp(const Failure& reason)
+{
+    while (!m_assignments.isEmpty())
+        tell(reason);
+}
+
+} // namespace kx

@@ -1,0 +1,106 @@
+#ifndef KX_PANEL_SESSION_DRIVER_PORT_H
+#define KX_PANEL_SESSION_DRIVER_PORT_H
+
+#include "exchange/driver_lease.h"
+#include "exchange/driver_library.h"
+#include "panel/session/recipe_memory.h"
+#include "panel/session/session_events.h"
+#include "panel/session/session_settings.h"
+
+#include <QtCore/QVector>
+
+namespace kx
+{
+
+/// The driver, with ranges and values in place of records and bytes, and with what a runtime
+/// must know of its queues. Each method is a call or two of the driver.
+///
+/// Requests come out with their true kind: the driver leaves the kind of the job before in
+/// the blocks of a recipe, which would be taken for a write of the same registers.
+///
+/// All methods on one thread, which need not be the one that made the port.
+class DriverPort
+{
+public:
+    /// Initialises the driver when it is free; see isHeld().
+    DriverPort(const DriverEntryPoints& entryPoints, const SessionSettings& settings);
+    /// The driver keeps no pointer into the port.
+    ~DriverPort();
+    Q_DISABLE_COPY(DriverPort)
+
+    /// False when somebody else has the driver; then nothing else may be called.
+    bool isHeld() const { return m_lease.isHeld(); }
+
+    /// What an exchange loop is to call.
+    DriverEntryPoints requests() const;
+
+    /// Discards all that waits, the watch list and all cached values.
+    void initialise();
+    /// Gives up the writes, the one-off read and the recipe that wait or are on their way,
+    /// as if nobody had answered; nothing of them is sent any more, and a reply that comes
+    /// yet is ignored.
+    void giveUpQueued();
+
+    int watch(const QList<AddressRange>& ranges);
+    /// One at a time, of one request: the driver drops all when one fails.
+    void read(const AddressRange& range);
+    /// One at a time, of one request: a write of a range whose write waits would replace it.
+    void write(const Assignment& assignment);
+    QList<qint64> values(const AddressRange& range) const;
+
+    /// Whether a write (WRITE_JOB) or a one-off read (CONDITION_READ_JOB) is in the driver: then
+    /// no other of its kind may follow.
+    bool hasQueued(JobKind kind) const
+    {
+        return kind == WRITE_JOB ? m_write.isQueued : m_read.isQueued;
+    }
+    bool hasQueued() const { return m_write.isQueued || m_read.isQueued; }
+    /// Gives that one up, at once when it is on its way, else before it would be sent.
+    void drop(JobKind kind);
+
+    /// The changes reported since the last call, without their values.
+    QList<ValueChange> takeChanges();
+
+    /// Requests the transfer of variables of this link, of which there is one at least.
+    void startRecipe(RecipeDirection direction, QVector<_RCP_VAR_PRO> variables);
+    /// Whether blocks are left to transfer.
+    bool isRecipePending() { return m_recipe.requested() != NO_JOB; }
+    /// Gives the transfer up, as giveUpQueued(); the next one starts at its first block.
+    void withdrawRecipe();
+    RecipeMemory& recipeMemory() { return m_recipe; }
+    const RecipeMemory& recipeMemory() const { return m_recipe; }
+
+private:
+    /// One write, or one read, that the driver has.
+    struct Slot {
+        bool isQueued = false;
+        bool isUnwanted = false;
+    };
+
+    static int getSendFrame(FRAME_PRO* out);
+    static int dealRcvFrame(QByteArray& reply, QString& errorText);
+    static void valueChange(int link, int station, QString name, int address);
+
+    int nextRequest(FRAME_PRO* out);
+    int settle(QByteArray& reply, QString& errorText);
+    void giveUpRequest();
+    Slot& slotOf(int kind);
+    bool isRecipeOut() const;
+
+    DriverLease m_lease;
+    DriverEntryPoints m_driver;
+    SessionSettings m_settings;
+    RecipeMemory m_recipe;
+    QByteArray m_parameters;
+    int m_status = 0;
+    QList<ValueChange> m_changes;
+    bool m_isOut = false;   ///< a request was handed out and has not ended
+    int m_outKind = NO_JOB; ///< of that request
+    Slot m_write;
+    Slot m_read;
+    int m_blocksDone = 0; ///< of the recipe: where the driver goes on
+};
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,66 @@
+#include "panel/session/driver_values.h"
+
+namespace kx
+{
+
+namespace
+{
+
+int bytesPerValue(const RegisterType* type)
+{
+    return type->registerClass == BIT_CLASS ? 1 : 2 * registersPerAddress(type);
+}
+
+template <class Record>
+AddressRange rangeOfRecord(const Record& record)
+{
+    AddressRange range;
+    range.type = findRegisterType(record.regType);
+    range.address = record.address;
+    range.values = range.type ? record.count / registersPerAddress(range.type) : record.count;
+    range.station = record.station;
+    return range;
+}
+
+} // namespace
+
+AddressRange rangeOf(const VARIABLE& job)
+{
+    return rangeOfRecord(job);
+}
+
+AddressRange rangeOf(const _RCP_VAR_PRO& variable)
+{
+    return rangeOfRecord(variable);
+}
+
+int bytesOf(const AddressRange& range)
+{
+    return range.values * bytesPerValue(range.type);
+}
+
+QByteArray driverBytes(const Assignment& assignment)
+{
+    const int size = bytesPerValue(assignment.range.type);
+    QByteArray bytes;
+    for (const qint64 value : assignment.values) {
+        for (int i = 0; i < size; ++i)
+            bytes.append(static_cast<char>((value >> (8 * i)) & 0xFF));
+    }
+    return bytes;
+}
+
+QList<qint64> valuesOf(const AddressRange& range, const QByteArray& bytes)
+{
+    const int size = bytesPerValue(range.type);
+    QList<qint64> values;
+    for (int end = size; end <= bytes.size(); end += size) {
+        qint64 value = 0;
+        for (int i = end - 1; i >= end - size; --i)
+            value = value * 256 + static_cast<unsigned char>(bytes.at(i));
+        values << value;
+    }
+    return values;
+}
+
+} // namespace kx

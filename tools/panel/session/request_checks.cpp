@@ -1,0 +1,126 @@
+#include "panel/session/request_checks.h"
+
+#include "addresses/read_pieces.h"
+#include "addresses/station_text.h"
+#include "addresses/write_pieces.h"
+#include "panel/session/driver_values.h"
+
+#include <algorithm>
+
+namespace kx
+{
+
+namespace
+{
+
+Failure refusal(FailureKind kind, const AddressRange& range, const QString& text)
+{
+    Failure failure = failureOf(kind, text);
+    failure.station = range.station;
+    failure.range = range;
+    return failure;
+}
+
+Failure outOfRange(const AddressRange& range, const QString& text)
+{
+    return refusal(FailureKind::OutOfRange, range, text);
+}
+
+/// Whether the registers exist.
+Failure rangeRefusal(const AddressRange& range)
+{
+    if (!range.type)
+        return outOfRange(range, QStringLiteral("no such register type"));
+    if (range.station < LOWEST_STATION || range.station > HIGHEST_STATION)
+        return outOfRange(range, QStringLiteral("the station must be %1 to %2")
+                                     .arg(LOWEST_STATION)
+                                     .arg(HIGHEST_STATION));
+    const int highest = highestAddress(range.type);
+    if (range.values < 1 || range.address < range.type->lowestAddress || range.address > highest
+        || range.values > highest - range.address + 1)
+        return outOfRange(
+            range, QStringLiteral("out of range; there are %1").arg(addressesOf(range.type)));
+    return Failure();
+}
+
+Failure tooLong(const AddressRange& range, int maxWords)
+{
+    return refusal(
+        FailureKind::TooLong, range,
+        QStringLiteral("does not fit into one request of at most %1 registers").arg(maxWords));
+}
+
+Failure notWritable(const AddressRange& range)
+{
+    return refusal(FailureKind::NotWritable, range,
+                   QStringLiteral("an input, which cannot be written"));
+}
+
+Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction, int maxWords)
+{
+    const AddressRange range = rangeOf(variable);
+    const Failure missing = rangeRefusal(range);
+    if (!missing.isNone())
+        return missing;
+    if (direction == RecipeDirection::Download && !range.type->writable)
+        return notWritable(range);
+    if (variable.count > maxWords || variable.count != range.driverCount())
+        return tooLong(range, maxWords);
+    if (variable.bufOffset < 0 || variable.bufOffset >= RECIPE_BUFFER_WORDS)
+        return outOfRange(range, QStringLiteral("its words lie outside the recipe buffer"));
+    return Failure();
+}
+
+} // namespace
+
+Failure readRefusal(const AddressRange& range, int maxWords)
+{
+    const Failure missing = rangeRefusal(range);
+    if (!missing.isNone())
+        return missing;
+    const int most = addressesPerRead(range.type, maxWords);
+    const bool fits = most >= range.values && readPieces(range, most).size() == 1;
+    return fits ? Failure() : tooLong(range, maxWords);
+}
+
+Failure writeRefusal(const Assignment& assignment, int maxWords)
+{
+    const AddressRange& range = assignment.range;
+    const Failure missing = rangeRefusal(range);
+    if (!missing.isNone())
+        return missing;
+    if (!range.type->writable)
+        return notWritable(range);
+    const qint64 lowest = lowestValue(range.type);
+    const qint64 highest = highestValue(range.type);
+    const bool isEachRight =
+        std::all_of(assignment.values.begin(), assignment.values.end(),
+                    [=](qint64 value) { return value >= lowest && value <= highest; });
+    if (!isEachRight || assignment.values.size() != range.values)
+        return outOfRange(range, QStringLiteral("takes %1 values from %2 to %3")
+                                     .arg(range.values)
+                                     .arg(lowest)
+                                     .arg(highest));
+    const int most = addressesPerWrite(range.type, maxWords);
+    const bool fits = most >= range.values && writePieces(range, most).size() == 1;
+    return fits ? Failure() : tooLong(range, maxWords);
+}
+
+Failure recipeRefusal(RecipeDirection direction, const QList<RecipePass>& passes, int maxWords)
+{
+    int variables = 0;
+    for (const RecipePass& pass : passes) {
+        for (const _RCP_VAR_PRO& variable : pass.variables) {
+            const Failure failure = variableRefusal(variable, direction, maxWords);
+            if (!failure.isNone())
+                return failure;
+        }
+        variables += pass.variables.isEmpty() ? 0 : 1;
+    }
+    const bool hasEmptyPass = variables < passes.size();
+    return passes.isEmpty() || hasEmptyPass
+               ? failureOf(FailureKind::OutOfRange, QStringLiteral("nothing to transfer"))
+               : Failure();
+}
+
+} // namespace kx

@@ -1,0 +1,247 @@
+#include "panel/session/session.h"
+
+#include "data/reply_handling.h"
+#include "panel/session/request_checks.h"
+
+#include <utility>
+
+namespace kx
+{
+
+std::unique_ptr<Session> Session::create(const DriverEntryPoints& entryPoints, Line* line,
+                                         const SessionSettings& settings, QString* error,
+                                         LoopClock* clock)
+{
+    std::unique_ptr<Session> session(new Session(entryPoints, line, settings, clock));
+    if (session->m_port.isHeld())
+        return session;
+    *error = DriverLease::refusal();
+    return nullptr;
+}
+
+Session::Session(const DriverEntryPoints& entryPoints, Line* line, const SessionSettings& settings,
+                 LoopClock* clock)
+    : m_port(entryPoints, settings),
+      m_line(line),
+      m_settings(settings),
+      m_loop(new ExchangeLoop(m_port.requests(), line, settings.exchange, clock, this)),
+      m_reads(CONDITION_READ_JOB, &m_port),
+      m_writes(WRITE_JOB, &m_port),
+      m_recipes(&m_port)
+{
+    registerEventTypes();
+    connect(m_loop, &ExchangeLoop::exchanged, this, &Session::takeExchange);
+    connect(m_loop, &ExchangeLoop::idle, this, &Session::takeIdle);
+    connect(m_loop, &ExchangeLoop::lineFailed, this, &Session::takeLostLine);
+}
+
+Session::~Session()
+{
+    if (!m_port.isHeld())
+        return;
+    m_isGone = true;
+    stop();
+    tellWaitingEnds();
+}
+
+void Session::stop()
+{
+    m_loop->stop();
+    endAll(failureOf(FailureKind::SessionEnded, QStringLiteral("the session has ended")));
+}
+
+void Session::initialise()
+{
+    endAll(failureOf(FailureKind::DriverInitialised,
+                     QStringLiteral("the driver was initialised again")));
+    m_loop->wake();
+}
+
+void Session::takeLostLine(const QString& error)
+{
+    const Failure failure = failureOf(FailureKind::LineLost, error);
+    endAll(failure);
+    emit lineFailed(failure);
+}
+
+int Session::watch(const QList<AddressRange>& ranges)
+{
+    const int requests = m_port.watch(ranges);
+    m_loop->wake();
+    return requests;
+}
+
+int Session::read(const AddressRange& range)
+{
+    const int handle = newHandle();
+    if (accepts(handle, CONDITION_READ_JOB, readRefusal(range, m_settings.maxWords)))
+        m_reads.add(handle, {range, {}});
+    return issued(handle);
+}
+
+int Session::write(const Assignment& assignment)
+{
+    const int handle = newHandle();
+    if (!accepts(handle, WRITE_JOB, writeRefusal(assignment, m_settings.maxWords)))
+        return handle;
+    if (m_settings.writeLocalOnly) {
+        m_port.write(assignment);
+        tellLater({handle, WRITE_JOB, RecipeEnd()});
+    } else {
+        m_writes.add(handle, assignment);
+    }
+    return issued(handle);
+}
+
+int Session::transferRecipe(RecipeDirection direction, const QList<RecipePass>& passes)
+{
+    const int handle = newHandle();
+    if (accepts(handle, RECIPE_WRITE_JOB, recipeRefusal(direction, passes, m_settings.maxWords)))
+        m_recipes.add(handle, direction, passes);
+    return issued(handle);
+}
+
+bool Session::accepts(int handle, JobKind kind, Failure refusal)
+{
+    if (handle == 0)
+        return false;
+    if (refusal.isNone() && !isRunning())
+        refusal = failureOf(FailureKind::SessionEnded, QStringLiteral("the session does not run"));
+    if (!refusal.isNone())
+        tellLater({handle, kind, {refusal, AddressRange()}});
+    return refusal.isNone();
+}
+
+/// Nothing about a handle is told before the caller knows it, even if a slot stops the session.
+int Session::issued(int handle)
+{
+    m_issuing.append(handle);
+    feed();
+    m_issuing.removeLast();
+    return handle;
+}
+
+void Session::feed()
+{
+    m_writes.feed();
+    m_reads.feed();
+    m_recipes.feed();
+    tellChanges();
+    m_loop->wake();
+}
+
+bool Session::cancel(int handle, const QString& reason)
+{
+    Ended ended = {handle, NO_JOB, {failureOf(FailureKind::Aborted, reason), AddressRange()}};
+    if (m_reads.take(handle).handle != 0) {
+        ended.kind = CONDITION_READ_JOB;
+    } else if (m_writes.take(handle).handle != 0) {
+        ended.kind = WRITE_JOB;
+    } else {
+        const RecipeFeed::Step recipe = m_recipes.take(handle, m_loop->jobInFlight());
+        if (recipe.handle == 0)
+            return false;
+        ended.kind = RECIPE_WRITE_JOB;
+        ended.end.unsettled = recipe.end.unsettled;
+    }
+    tell(ended);
+    feed();
+    return true;
+}
+
+void Session::takeExchange(const ExchangeRecord& record)
+{
+    m_wasAskedAgain = false;
+    // What has ended has ended, whatever a slot does next.
+    const RequestFeed::Request read = m_reads.takeEnded(record);
+    const RequestFeed::Request write = m_writes.takeEnded(record);
+    const RecipeFeed::Step recipe = m_recipes.takeExchange(record);
+    const Failure failure = failureOf(record);
+    ReadEnd readEnd = {{}, failure, record};
+    if (read.handle != 0 && failure.isNone())
+        readEnd.values = m_port.values(read.wanted.range);
+
+    emit exchanged(record);
+    tellChanges();
+    if (read.handle != 0)
+        emit readFinished(read.handle, readEnd);
+    if (write.handle != 0)
+        emit writeFinished(write.handle, {failure, record});
+    if (recipe.block.type)
+        emit recipeBlockDone(recipe.handle, recipe.block);
+    if (recipe.hasEnded)
+        emit recipeFinished(recipe.handle, recipe.end);
+    if (record.job.kind == CYCLIC_READ_JOB && record.result == REPLY_FAILED)
+        emit failed(failure);
+    feed();
+}
+
+/// After five writes, or three reads, in a row without a cyclic read the driver says once that
+/// it has nothing, though more wait.
+void Session::takeIdle()
+{
+    const bool asksAgain = !m_wasAskedAgain && m_port.hasQueued();
+    m_wasAskedAgain = asksAgain;
+    if (asksAgain)
+        m_loop->wake();
+    else
+        emit idle();
+}
+
+void Session::tellChanges()
+{
+    // A slot may write, which adds changes.
+    const QList<ValueChange> changes = m_port.takeChanges();
+    for (ValueChange change : changes) {
+        change.value = m_port.values(change.range).first();
+        emit valueChanged(change);
+    }
+}
+
+void Session::endAll(const Failure& failure)
+{
+    const QList<RecipeFeed::Step> recipes = m_recipes.takeAll(m_loop->jobInFlight());
+    QList<Ended> all;
+    for (const RequestFeed::Request& write : m_writes.takeAll())
+        all << Ended{write.handle, WRITE_JOB, {failure, AddressRange()}};
+    for (const RequestFeed::Request& read : m_reads.takeAll())
+        all << Ended{read.handle, CONDITION_READ_JOB, {failure, AddressRange()}};
+    for (const RecipeFeed::Step& recipe : recipes)
+        all << Ended{recipe.handle, RECIPE_WRITE_JOB, {failure, recipe.end.unsettled}};
+    if (failure.kind == FailureKind::DriverInitialised)
+        m_port.initialise();
+    else
+        m_port.giveUpQueued();
+    tellChanges();
+    for (const Ended& ended : all)
+        tell(ended);
+}
+
+void Session::tellLater(const Ended& ended)
+{
+    // The caller must know the handle first.
+    if (m_toTell.isEmpty())
+        QMetaObject::invokeMethod(this, &Session::tellWaitingEnds, Qt::QueuedConnection);
+    m_toTell.append(ended);
+}
+
+void Session::tellWaitingEnds()
+{
+    const QList<Ended> all = std::exchange(m_toTell, {});
+    for (const Ended& ended : all)
+        tell(ended);
+}
+
+void Session::tell(const Ended& ended)
+{
+    if (m_issuing.contains(ended.handle))
+        tellLater(ended);
+    else if (ended.kind == CONDITION_READ_JOB)
+        emit readFinished(ended.handle, {{}, ended.end.failure, ExchangeRecord()});
+    else if (ended.kind == WRITE_JOB)
+        emit writeFinished(ended.handle, {ended.end.failure, ExchangeRecord()});
+    else
+        emit recipeFinished(ended.handle, ended.end);
+}
+
+} // namespace kx

@@ -1,0 +1,158 @@
+#ifndef KX_PANEL_SESSION_SESSION_H
+#define KX_PANEL_SESSION_SESSION_H
+
+#include "panel/session/driver_port.h"
+#include "panel/session/recipe_feed.h"
+#include "panel/session/request_feed.h"
+
+#include <memory>
+
+namespace kx
+{
+
+/// The driver at work on one line: polls a watch list, reads and writes on request,
+/// transfers recipes, and tells what happens.
+///
+/// A process has one driver, so it has one session at a time. A session has no thread of its
+/// own: make it on any thread, or move it before start(), with its line; then call it there
+/// only. It needs that thread's event loop. A slot may call any method, but must delete a
+/// session with deleteLater().
+///
+/// Every read, write and recipe has a handle and ends exactly once, in a signal that names it:
+/// when it is done, when it failed for good, when it was cancelled, and when stop(),
+/// initialise(), the destructor or a line lost for good ends all. What has ended is never
+/// sent afterwards; what had been sent before may have been carried out.
+class Session : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Initialises the driver for a new session.
+    /// @param entryPoints of loadDriver()
+    /// @param line stays the caller's and must outlive the session
+    /// @param clock stays the caller's and must outlive the session; null: the system's
+    /// @return null and one line in `*error` when another session, or a plan that is being
+    ///         asked for, has the driver
+    static std::unique_ptr<Session> create(const DriverEntryPoints& entryPoints, Line* line,
+                                           const SessionSettings& settings, QString* error,
+                                           LoopClock* clock = nullptr);
+    /// As stop(); then the driver is free for another session.
+    ~Session() override;
+
+    /// Begins to poll. The line must be open, or be opening again by itself.
+    void start() { m_loop->start(); }
+    /// Ends polling and all reads, writes and recipes (FailureKind::SessionEnded). The watch
+    /// list and the values stay, and start() goes on.
+    void stop();
+    bool isRunning() const { return m_loop->isRunning(); }
+    /// Discards the watch list and all values, and ends all reads, writes and recipes
+    /// (FailureKind::DriverInitialised). Polling goes on, once there is a new watch list.
+    void initialise();
+
+    /// Replaces what is polled. Ranges must name their stations, 1 to 247. The driver joins them
+    /// into few requests, but cuts none: give watchPieces() of ranges that may not fit one.
+    /// @return how many requests make one cycle
+    int watch(const QList<AddressRange>& ranges);
+    /// The values that the driver holds, one per address: 0 or 1, 0..65535, or 0..4294967295;
+    /// 0 for what was never read. A value written counts from write() on, until the write fails.
+    QList<qint64> values(const AddressRange& range) const { return m_port.values(range); }
+
+    /// Reads a range once, ahead of what is polled; readFinished() tells its end. Reads are
+    /// done in their order. The range must be of one station and fit one request, see readPieces();
+    /// a ReadJob cuts a longer one.
+    /// @return the read's handle, 1 or more; 0 and no end while the session is being deleted
+    int read(const AddressRange& range);
+    /// Writes values, ahead of all reads; writeFinished() tells whether the station confirmed
+    /// them. Writes are done in their order, each of them: none replaces another. It must fit
+    /// one request, see writePieces(); a WriteJob cuts a longer one.
+    /// @return the write's handle, as of read()
+    int write(const Assignment& assignment);
+
+    /// The words that the downloads asked for from now on send; those that wait keep theirs.
+    /// A variable names its first word by _RCP_VAR_PRO::bufOffset.
+    /// @return false, and nothing changes, when there are more than RECIPE_BUFFER_WORDS
+    bool loadRecipe(const std::vector<quint16>& words) { return m_recipes.load(words); }
+    /// A word that an upload has brought: in recipeFinished(), and until another transfer
+    /// begins. 0 outside the buffer.
+    quint16 recipeWord(int offset) const { return m_port.recipeMemory().word(offset); }
+    /// Transfers a recipe, pass after pass, ahead of all else; recipeFinished() tells its end.
+    /// Recipes are done in their order. While one is under way nothing else is sent.
+    /// @param passes as of layOutRecipe(): each is a recipe of its own for the driver
+    /// @return the recipe's handle, as of read()
+    int transferRecipe(RecipeDirection direction, const QList<RecipePass>& passes);
+
+    /// Ends a read, write or recipe (FailureKind::Aborted with `reason` as its text) before
+    /// this returns. A station may still act on a request that is on its way; it is not
+    /// repeated, and its reply is ignored.
+    /// @return false when it had ended before
+    bool cancel(int handle, const QString& reason);
+
+    const SessionSettings& settings() const { return m_settings; }
+    const Line* line() const { return m_line; }
+    const Statistics& statistics() const { return m_loop->statistics(); }
+    /// Milliseconds since the first start(); 0 before.
+    qint64 elapsed() const { return m_loop->elapsed(); }
+
+signals:
+    /// The first of the signals about a request; the others follow in the order below. The
+    /// record's `job.kind` is the request's true JobKind, also of a recipe's block.
+    void exchanged(const kx::ExchangeRecord& record);
+    /// Sent after the driver stored the new value. Bits may be reported without a change, and
+    /// addresses between watched ones, too.
+    void valueChanged(const kx::ValueChange& change);
+    void readFinished(int handle, const kx::ReadEnd& end);
+    void writeFinished(int handle, const kx::WriteEnd& end);
+    /// A station has answered this block of the recipe.
+    void recipeBlockDone(int handle, const kx::AddressRange& block);
+    void recipeFinished(int handle, const kx::RecipeEnd& end);
+    /// A polled request failed for good; it comes again in the next cycle.
+    void failed(const kx::Failure& failure);
+    /// The driver has nothing to send; each time it is asked in vain.
+    void idle();
+    /// The line is lost for good (FailureKind::LineLost) and the session has stopped, after the
+    /// ends of all reads, writes and recipes. Open the line and start() to go on.
+    void lineFailed(const kx::Failure& failure);
+
+private:
+    /// The end of a read, a write or a recipe without an exchange of its own.
+    struct Ended {
+        int handle;
+        JobKind kind;  ///< RECIPE_WRITE_JOB: a recipe in either direction
+        RecipeEnd end; ///< of all kinds
+    };
+
+    Session(const DriverEntryPoints& entryPoints, Line* line, const SessionSettings& settings,
+            LoopClock* clock);
+
+    int newHandle() { return m_isGone ? 0 : ++m_lastHandle; }
+    /// Else tells the end later.
+    bool accepts(int handle, JobKind kind, Failure refusal);
+    int issued(int handle);
+    void feed();
+    void takeExchange(const ExchangeRecord& record);
+    void takeIdle();
+    void takeLostLine(const QString& error);
+    void tellChanges();
+    /// Ends all that waits, here and in the driver.
+    void endAll(const Failure& failure);
+    void tellLater(const Ended& ended);
+    void tellWaitingEnds();
+    void tell(const Ended& ended);
+
+    DriverPort m_port;
+    Line* m_line;
+    SessionSettings m_settings;
+    ExchangeLoop* m_loop; ///< a child, which goes along to another thread
+    RequestFeed m_reads;
+    RequestFeed m_writes;
+    RecipeFeed m_recipes;
+    QList<Ended> m_toTell; ///< from the event loop
+    QList<int> m_issuing;  ///< handles that their callers do not know yet
+    int m_lastHandle = 0;
+    bool m_isGone = false;
+    bool m_wasAskedAgain = false; ///< since the latest exchange
+};
+
+} // namespace kx
+
+#endif

@@ -1,0 +1,18 @@
+#include "panel/session/session_events.h"
+
+namespace kx
+{
+
+void registerEventTypes()
+{
+    // Under the names by which signals know them.
+    qRegisterMetaType<ExchangeRecord>("kx::ExchangeRecord");
+    qRegisterMetaType<ValueChange>("kx::ValueChange");
+    qRegisterMetaType<ReadEnd>("kx::ReadEnd");
+    qRegisterMetaType<WriteEnd>("kx::WriteEnd");
+    qRegisterMetaType<AddressRange>("kx::AddressRange");
+    qRegisterMetaType<RecipeEnd>("kx::RecipeEnd");
+    qRegisterMetaType<Failure>("kx::Failure");
+}
+
+} // namespace kx
