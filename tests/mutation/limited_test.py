@@ -16,7 +16,7 @@ ENVIRONMENT = dict(os.environ, KX_RANDOM_STEPS='20000')
 MEMORY_LIMIT = 4 << 30  # bytes, of an endless loop that allocates
 
 
-def passes(test, processor_seconds):
+def passes(test, processor_seconds, clock_seconds):
     """Whether it ends with 0 in time; whatever it started is ended with it."""
     def limit():
         os.setpgid(0, 0)  # a session of its own would let it take a terminal that it opens
@@ -26,7 +26,7 @@ def passes(test, processor_seconds):
     process = subprocess.Popen(test.command, cwd=test.directory, stdin=subprocess.DEVNULL,
                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                                preexec_fn=limit, env=ENVIRONMENT)
-    ended = has_ended(process.pid, 30 + 20 * processor_seconds)  # or waits for a lock or a line
+    ended = has_ended(process.pid, clock_seconds)  # or waits for a lock or a line
     os.killpg(process.pid, signal.SIGKILL)  # not reaped yet, so the number is still its own
     return process.wait() == 0 and ended
 
@@ -47,6 +47,6 @@ def cost_of(test):
         used = resource.getrusage(resource.RUSAGE_CHILDREN)
         return used.ru_utime + used.ru_stime
     processor, clock = seconds(), time.monotonic()
-    if not passes(test, 600):
+    if not passes(test, 600, 600):
         return None
     return Cost(seconds() - processor, time.monotonic() - clock)

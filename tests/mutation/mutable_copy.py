@@ -121,14 +121,17 @@ class MutableCopy:
         return cost
 
     def failing_test(self, name):
-        """The first test that fails, those of the changed file first; else None."""
+        """The first test that fails, else None; those come first that are near the changed file."""
         folder, stem = Path(name).parent.as_posix(), Path(name).stem
         # The library's tests have to do without those of the tools, and know nothing of them.
         able = [test for test in self.tests
                 if is_below(test.folder, TOOLS) == is_below(folder, TOOLS)]
         own = [test for test in able if test.name.startswith('tst_' + stem)]
+        header = str(Path(name).with_suffix('.h'))
+        users = {unit.target for unit in self.units if header in self.depends[unit]}
         rest = sorted((test for test in able if test not in own),
-                      key=lambda test: (test.folder != folder, self.costs[test.name].clock))
+                      key=lambda test: (test.folder != folder, test.target not in users,
+                                        self.costs[test.name].clock))
         failed = []
 
         def attempt(test):
@@ -137,7 +140,8 @@ class MutableCopy:
             if test.target in self.outdated:
                 self.link(test.target)
                 self.outdated.discard(test.target)
-            if not passes(test, 2 + int(5 * self.costs[test.name].processor)):
+            cost = self.costs[test.name]
+            if not passes(test, 2 + int(5 * cost.processor), 20 + 10 * cost.clock):
                 failed.append(test.name)
         for group in (own, rest):
             with ThreadPoolExecutor(self.jobs) as pool:
