@@ -61,7 +61,8 @@ void LiveView::showSummary(const WatchSummary& summary)
     const int width = m_terminal->width();
     const int height = m_terminal->height();
     m_terminal.reset();
-    QStringList lines = tableLines(m_run->list().entries(), m_run->now(), width, height);
+    const WatchList& list = m_run->list();
+    QStringList lines = tableLines(list.entries(), list.longestName(), m_run->now(), width, height);
     lines += summaryLines(summary);
     for (const QString& line : lines)
         printLine(line);
@@ -88,6 +89,7 @@ WatchScreen LiveView::screen() const
     screen.fault = m_run->linkFault();
     screen.summary = m_run->summary();
     screen.entries = m_run->list().entries();
+    screen.longestName = m_run->list().longestName();
     screen.now = m_run->now();
     screen.message = m_message;
     screen.prompt = m_prompt.text();

@@ -33,7 +33,8 @@ QStringList screenLines(const WatchScreen& screen, int width, int height)
                              : QLatin1String("! ") + screen.fault + QLatin1String("  ");
     QStringList lines = {mark + screen.line + QLatin1String("  ") + speedText(screen.summary),
                          summaryLines(screen.summary).first()};
-    lines += tableLines(screen.entries, screen.now, width, height - LINES_ABOVE - below);
+    lines += tableLines(screen.entries, screen.longestName, screen.now, width,
+                        height - LINES_ABOVE - below);
     if (screen.takesKeys)
         lines << screen.message << QLatin1String("write> ") + screen.prompt + QLatin1Char('_');
     // A terminal too low for all keeps the prompt.

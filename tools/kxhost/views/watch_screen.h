@@ -13,10 +13,11 @@ struct WatchScreen {
     QString line;  ///< the line's name
     QString fault; ///< of the line or its stations now; empty when there is none
     WatchSummary summary;
-    QList<WatchEntry> entries;
-    qint64 now = 0;  ///< as WatchEntry::changedAt
-    QString message; ///< about the last assignment
-    QString prompt;  ///< what is being typed
+    QVector<WatchEntry> entries;
+    int longestName = 0; ///< of the entries, as WatchList::longestName()
+    qint64 now = 0;      ///< as WatchEntry::changedAt
+    QString message;     ///< about the last assignment
+    QString prompt;      ///< what is being typed
     bool takesKeys = false;
 };
 

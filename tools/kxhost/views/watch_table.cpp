@@ -67,11 +67,8 @@ Cells headings()
 }
 
 /// 0 when no entry has a name.
-int nameWidthOf(const QList<WatchEntry>& entries)
+int nameWidth(int longest)
 {
-    int longest = 0;
-    for (const WatchEntry& entry : entries)
-        longest = qMax(longest, static_cast<int>(entry.name.size()));
     const int narrowest = static_cast<int>(headings().name.size());
     return longest == 0 ? 0 : qBound(narrowest, longest, WIDEST_NAME);
 }
@@ -135,14 +132,15 @@ QString cutLine(const QString& line, int width)
     return cut.left(width - 1) + QChar(0x2026);
 }
 
-QStringList tableLines(const QList<WatchEntry>& entries, qint64 now, int width, int height)
+QStringList tableLines(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
+                       int height)
 {
-    const int nameWidth = nameWidthOf(entries);
-    QStringList lines(row(headings(), nameWidth));
+    const int nameColumn = nameWidth(longestName);
+    QStringList lines(row(headings(), nameColumn));
     const int total = static_cast<int>(entries.size());
     const int rows = total < height ? total : qMax(0, height - 2);
     for (int i = 0; i < rows; ++i)
-        lines << row(cellsOf(entries.at(i), now), nameWidth);
+        lines << row(cellsOf(entries.at(i), now), nameColumn);
     if (rows < total)
         lines << QString::fromLatin1("... and %1 more").arg(total - rows);
     while (lines.size() > qMax(0, height))

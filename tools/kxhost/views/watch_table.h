@@ -22,7 +22,9 @@ QString cutLine(const QString& line, int width);
 
 /// A heading and one row per entry, with names when an entry has one, at most `height` lines of at
 /// most `width` characters; the last line tells how many entries did not fit.
-QStringList tableLines(const QList<WatchEntry>& entries, qint64 now, int width, int height);
+/// @param longestName characters of the longest name of all entries, 0: none has one
+QStringList tableLines(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
+                       int height);
 
 } // namespace kx
 

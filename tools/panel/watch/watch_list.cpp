@@ -1,5 +1,7 @@
 #include "panel/watch/watch_list.h"
 
+#include <QtCore/QSet>
+
 #include <algorithm>
 
 namespace kx
@@ -19,48 +21,118 @@ AddressRange WatchEntry::range() const
     return range;
 }
 
+// No two addresses of a panel have the same.
+uint qHash(const WatchList::Place& place)
+{
+    const int addressesOfAllTypes = 16384;
+    const uint ofStation = static_cast<uint>(place.station) * REGISTER_TYPE_COUNT
+                           + static_cast<uint>(registerTypeRow(place.type));
+    return ofStation * addressesOfAllTypes + static_cast<uint>(place.address);
+}
+
+/// Which names a place has besides its first: most places have none.
+class WatchList::MoreNames
+{
+public:
+    /// False when it was there.
+    bool insert(const Place& place, const QString& name)
+    {
+        QSet<QString>& names = m_names[place];
+        if (names.contains(name))
+            return false;
+        names.insert(name);
+        return true;
+    }
+
+private:
+    QHash<Place, QSet<QString>> m_names;
+};
+
 WatchList::WatchList(const QList<Tag>& tags)
 {
+    int addresses = 0;
+    for (const Tag& tag : tags)
+        addresses += tag.range.values;
+    m_entries.reserve(addresses);
+    m_next.reserve(static_cast<size_t>(addresses));
+    m_chains.reserve(addresses);
+    MoreNames moreNames;
     for (const Tag& tag : tags) {
+        m_longestName = qMax(m_longestName, static_cast<int>(tag.name.size()));
         for (int i = 0; i < tag.range.values; ++i) {
             WatchEntry entry;
             entry.station = tag.range.station;
             entry.type = tag.range.type;
             entry.address = tag.range.address + i;
             entry.name = tag.name;
-            add(entry);
+            add(entry, &moreNames);
         }
     }
 }
 
-void WatchList::add(const WatchEntry& wanted)
+void WatchList::add(const WatchEntry& wanted, MoreNames* moreNames)
 {
-    for (const int index : indexesOf(wanted.station, wanted.type, wanted.address, 1)) {
-        QString& name = m_entries[index].name;
-        if (name.isEmpty())
-            name = wanted.name;
-        if (wanted.name.isEmpty() || name == wanted.name)
-            return;
+    const Place place = {wanted.station, wanted.type, wanted.address};
+    const auto chain = m_chains.constFind(place);
+    if (chain == m_chains.constEnd()) {
+        append(wanted);
+        return;
     }
-    m_places.insert(
-        {Place(wanted.station, wanted.type, wanted.address), static_cast<int>(m_entries.size())});
-    m_entries << wanted;
+    QString& firstName = m_entries[chain->first].name;
+    if (firstName.isEmpty())
+        firstName = wanted.name;
+    else if (!wanted.name.isEmpty() && wanted.name != firstName
+             && moreNames->insert(place, wanted.name))
+        append(wanted);
 }
 
-bool WatchList::allAnswered() const
+void WatchList::append(const WatchEntry& entry)
 {
-    for (const WatchEntry& entry : m_entries) {
-        if (entry.state != WatchState::Ok)
-            return false;
+    const int index = static_cast<int>(m_entries.size());
+    m_entries << entry;
+    m_next.push_back(-1);
+    const Place place = {entry.station, entry.type, entry.address};
+    const auto chain = m_chains.find(place);
+    if (chain == m_chains.end()) {
+        m_chains.insert(place, {index, index});
+        return;
     }
-    return true;
+    m_next[static_cast<size_t>(chain->last)] = index;
+    chain->last = index;
+}
+
+void WatchList::keepValuesOf(const WatchList& earlier)
+{
+    for (WatchEntry& entry : m_entries) {
+        const auto chain = earlier.m_chains.constFind({entry.station, entry.type, entry.address});
+        if (chain == earlier.m_chains.constEnd())
+            continue;
+        const WatchEntry& known = earlier.m_entries.at(chain->first);
+        setState(&entry, known.state);
+        entry.isKnown = known.isKnown;
+        entry.value = known.value;
+        entry.readAt = known.readAt;
+        entry.changedAt = known.changedAt;
+    }
+}
+
+void WatchList::setState(WatchEntry* entry, WatchState state)
+{
+    m_answered += static_cast<int>(state == WatchState::Ok)
+                  - static_cast<int>(entry->state == WatchState::Ok);
+    entry->state = state;
 }
 
 QList<int> WatchList::takeChange(int station, const QString& type, int address,
                                  const ValueSource& valueOf, qint64 now)
 {
     QList<int> changed;
-    for (const int index : indexesOf(station, findRegisterType(type), address, 1)) {
+    const RegisterType* const registerType = findRegisterType(type);
+    if (!registerType)
+        return changed;
+    QList<int> indexes;
+    addIndexesAt({station, registerType, address}, &indexes);
+    for (const int index : indexes) {
         WatchEntry& entry = m_entries[index];
         const qint64 value = valueOf(entry);
         // The driver reports some bits although they have not changed.
@@ -81,7 +153,7 @@ QList<int> WatchList::takeRead(const VARIABLE& job, const ValueSource& valueOf, 
     for (const int index : coveredBy(job)) {
         WatchEntry& entry = m_entries[index];
         const bool isBack = hasFailed(entry);
-        entry.state = WatchState::Ok;
+        setState(&entry, WatchState::Ok);
         entry.readAt = now;
         // Zero is what the driver's cache starts with: reading it is no change.
         const bool becomesKnown = !entry.isKnown;
@@ -101,26 +173,31 @@ QList<int> WatchList::takeFailure(const VARIABLE& job, bool refused)
     for (const int index : coveredBy(job)) {
         if (m_entries[index].state != state)
             changed << index;
-        m_entries[index].state = state;
+        setState(&m_entries[index], state);
     }
     return changed;
 }
 
-QList<int> WatchList::coveredBy(const VARIABLE& job) const
+void WatchList::addIndexesAt(const Place& place, QList<int>* indexes) const
 {
-    const RegisterType* const type = findRegisterType(job.regType);
-    return type ? indexesOf(job.station, type, job.address, job.count / registersPerAddress(type))
-                : QList<int>();
+    const auto chain = m_chains.constFind(place);
+    for (int index = chain == m_chains.constEnd() ? -1 : chain->first; index >= 0;
+         index = m_next[static_cast<size_t>(index)])
+        *indexes << index;
 }
 
-QList<int> WatchList::indexesOf(int station, const RegisterType* type, int address,
-                                int addresses) const
+QList<int> WatchList::coveredBy(const VARIABLE& job) const
 {
     QList<int> indexes;
-    const Place end(station, type, address + addresses);
-    for (auto place = m_places.lower_bound(Place(station, type, address));
-         place != m_places.end() && place->first < end; ++place)
-        indexes << place->second;
+    const RegisterType* const type = findRegisterType(job.regType);
+    if (!type)
+        return indexes;
+    // Whatever a job claims to read, its type has no more addresses than these.
+    const int first = qMax(job.address, type->lowestAddress);
+    const qint64 end =
+        qMin(qint64(job.address) + job.count / registersPerAddress(type), qint64(type->limit));
+    for (int address = first; address < end; ++address)
+        addIndexesAt({job.station, type, address}, &indexes);
     std::sort(indexes.begin(), indexes.end());
     return indexes;
 }

@@ -6,9 +6,11 @@
 #include "driver/records.h"
 #include "panel/files/tags_file.h"
 
+#include <QtCore/QHash>
+#include <QtCore/QVector>
+
 #include <functional>
-#include <map>
-#include <tuple>
+#include <vector>
 
 namespace kx
 {
@@ -37,18 +39,26 @@ struct WatchEntry {
 /// The last read failed for good.
 bool hasFailed(const WatchEntry& entry);
 
+/// Lists of 100,000 addresses are fine: what comes in costs as much as the addresses that it
+/// is about, however long the list is.
 class WatchList
 {
 public:
     /// Reads one cached value.
     using ValueSource = std::function<qint64(const WatchEntry&)>;
 
-    /// Tags have their stations. An address is listed once for each name that it has,
-    /// or once when it has none.
-    explicit WatchList(const QList<Tag>& tags);
+    /// Tags have their stations, and addresses of their types. An address is listed once for
+    /// each name that it has, or once when it has none.
+    explicit WatchList(const QList<Tag>& tags = QList<Tag>());
 
-    const QList<WatchEntry>& entries() const { return m_entries; }
-    bool allAnswered() const; ///< all are in state Ok
+    /// What `earlier` knows of addresses that are in both.
+    void keepValuesOf(const WatchList& earlier);
+
+    const QVector<WatchEntry>& entries() const { return m_entries; }
+    /// Characters of the longest name; 0 when no entry has one.
+    int longestName() const { return m_longestName; }
+    /// All are in state Ok.
+    bool allAnswered() const { return m_answered == static_cast<int>(m_entries.size()); }
 
     /// A change that the driver reported; returns the indexes of the address's entries
     /// when its value is new, else none.
@@ -64,16 +74,37 @@ public:
     QList<int> takeFailure(const VARIABLE& job, bool refused);
 
 private:
-    void add(const WatchEntry& wanted);
-    QList<int> coveredBy(const VARIABLE& job) const;
+    struct Place {
+        int station;
+        const RegisterType* type;
+        int address;
+
+        bool operator==(const Place& other) const
+        {
+            return station == other.station && type == other.type && address == other.address;
+        }
+    };
+    friend uint qHash(const Place& place);
+    /// The entries of one place: the first and the last of a chain.
+    struct Chain {
+        int first;
+        int last;
+    };
+    class MoreNames;
+
+    void add(const WatchEntry& wanted, MoreNames* moreNames);
+    void append(const WatchEntry& entry);
+    void setState(WatchEntry* entry, WatchState state);
+    /// Appends in the list's order.
+    void addIndexesAt(const Place& place, QList<int>* indexes) const;
     /// In the list's order.
-    QList<int> indexesOf(int station, const RegisterType* type, int address, int addresses) const;
+    QList<int> coveredBy(const VARIABLE& job) const;
 
-    /// Station, register type, address.
-    using Place = std::tuple<int, const RegisterType*, int>;
-
-    QList<WatchEntry> m_entries;
-    std::multimap<Place, int> m_places; ///< index of each entry, one address after the other
+    QVector<WatchEntry> m_entries;
+    QHash<Place, Chain> m_chains;
+    std::vector<int> m_next; ///< of each entry the next one of its place, -1 at the end
+    int m_longestName = 0;
+    int m_answered = 0; ///< entries in state Ok
 };
 
 } // namespace kx

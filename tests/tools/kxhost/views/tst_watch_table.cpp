@@ -41,7 +41,7 @@ void WatchTableTest::rows()
     WatchEntry changed = entryOf("D100", 1234);
     changed.changedAt = 1500;
     const QStringList lines = tableLines(
-        {changed, entryOf("X17", 1), entryOf("32CV200", 4294967295), silent}, 2300, 80, 20);
+        {changed, entryOf("X17", 1), entryOf("32CV200", 4294967295), silent}, 0, 2300, 80, 20);
     // X17 is octal: number 15, coil 1215. M2048 is coil 12000, 32CV200 register 9700.
     QCOMPARE(lines,
              QStringList({
@@ -68,7 +68,7 @@ void WatchTableTest::rowsWithNames()
     silent.isKnown = false;
     silent.readAt = 0;
     const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
-    QCOMPARE(tableLines({speed, silent, entryOf("X17", 1)}, 2300, 100, 20),
+    QCOMPARE(tableLines({speed, silent, entryOf("X17", 1)}, 10, 2300, 100, 20),
              QStringList({
                  text("STATION  TYPE ADDRESS  NAME             VALUE       AGE  STATE     "
                       "         HEX  MODBUS"),
@@ -85,7 +85,7 @@ void WatchTableTest::rowsWithNames()
 void WatchTableTest::twoNamesOfAnAddressAreTwoRows()
 {
     const WatchList list({tagOf("D100", "Pump speed"), tagOf("D100", "Limit")});
-    const QStringList lines = tableLines(list.entries(), 0, 80, 20);
+    const QStringList lines = tableLines(list.entries(), list.longestName(), 0, 80, 20);
     QCOMPARE(lines.size(), 3);
     QVERIFY2(lines.at(1).startsWith("      1  D        100  Pump speed  "),
              qPrintable(lines.at(1)));
@@ -98,7 +98,7 @@ void WatchTableTest::longNamesAreCut()
     WatchEntry entry = entryOf("D100", 1234);
     entry.name = QString::fromLatin1("Speed of the second circulation pump");
     entry.state = WatchState::NoAnswer;
-    QCOMPARE(tableLines({entry}, 2300, 80, 20).last(),
+    QCOMPARE(tableLines({entry}, 36, 2300, 80, 20).last(),
              QString::fromUtf8("      1  D        100  Speed of the second ci        1234     "
                                "1.3 s  no answer \u2026"));
 }
@@ -106,8 +106,8 @@ void WatchTableTest::longNamesAreCut()
 // Half a number would be another number.
 void WatchTableTest::whatIsCutIsMarked()
 {
-    const QList<WatchEntry> entries = {entryOf("D100", 48)};
-    const auto cutAt = [&](int width) { return tableLines(entries, 1000, width, 20).last(); };
+    const QVector<WatchEntry> entries = {entryOf("D100", 48)};
+    const auto cutAt = [&](int width) { return tableLines(entries, 0, 1000, width, 20).last(); };
     const QString whole = QString::fromLatin1("      1  D        100     100          48");
     QCOMPARE(cutAt(41), whole.left(40) + QChar(0x2026)); // HEX stands behind it
     QCOMPARE(cutAt(40), whole.left(39) + QChar(0x2026));
@@ -115,7 +115,7 @@ void WatchTableTest::whatIsCutIsMarked()
     QCOMPARE(cutAt(1), QString(QChar(0x2026)));
     QCOMPARE(cutAt(0), QString());
     // Nothing but blanks is lost.
-    QCOMPARE(tableLines({entryOf("D100", 48), entryOf("D101", 0)}, 1000, 14, 2).last(),
+    QCOMPARE(tableLines({entryOf("D100", 48), entryOf("D101", 0)}, 0, 1000, 14, 2).last(),
              QString::fromLatin1("... and 2 more"));
 }
 
@@ -171,10 +171,10 @@ void WatchTableTest::hexValues()
 
 void WatchTableTest::tooManyRowsAreCounted()
 {
-    const QList<WatchEntry> entries = {entryOf("D0", 0), entryOf("D1", 0), entryOf("D2", 0)};
-    QCOMPARE(tableLines(entries, 1000, 80, 4).size(), 4);
-    QVERIFY(!tableLines(entries, 1000, 80, 4).last().startsWith(QLatin1String("...")));
-    const QStringList cut = tableLines(entries, 1000, 80, 3);
+    const QVector<WatchEntry> entries = {entryOf("D0", 0), entryOf("D1", 0), entryOf("D2", 0)};
+    QCOMPARE(tableLines(entries, 0, 1000, 80, 4).size(), 4);
+    QVERIFY(!tableLines(entries, 0, 1000, 80, 4).last().startsWith(QLatin1String("...")));
+    const QStringList cut = tableLines(entries, 0, 1000, 80, 3);
     QCOMPARE(cut.size(), 3);
     QCOMPARE(cut.last(), QString::fromLatin1("... and 2 more"));
 }
@@ -197,7 +197,7 @@ void WatchTableTest::sizes()
     QFETCH(int, height);
     WatchScreen screen = filledScreen();
     for (const QStringList& lines :
-         {tableLines(screen.entries, 0, width, height), screenLines(screen, width, height)}) {
+         {tableLines(screen.entries, 0, 0, width, height), screenLines(screen, width, height)}) {
         QVERIFY(lines.size() <= qMax(0, height));
         for (const QString& line : lines)
             QVERIFY(line.size() <= width);

@@ -1,12 +1,12 @@
 #include "panel/watch/watch_list.h"
 #include "support/driver_fixture.h"
+#include "support/growth.h"
 #include "tools/panel/watch/watch_entries.h"
 
 #include <QtTest/QTest>
 
-#include <algorithm>
-#include <ctime>
-#include <limits>
+#include <climits>
+#include <memory>
 
 using namespace kx;
 
@@ -27,7 +27,14 @@ private slots:
     void reportWithoutAChangeIsNone();
     void changeOfAnAddressNotWatchedIsNone();
     void failureAndRecovery();
+    void readsInAnyOrderOfTheListAreToldInIts();
+    void readsBesideTheTypeCoverWhatIsInIt_data();
+    void readsBesideTheTypeCoverWhatIsInIt();
+    void valuesOfKeptAddressesAreKept();
+    void theLongestNameIsKnown();
     void sixteenThousandAddressesCostFourTimesFourThousand();
+    void eightThousandNamesOfAnAddressCostFourTimesTwoThousand();
+    void aReadAndAChangeCostNoMoreInALongList();
 
 private:
     static WatchList::ValueSource always(qint64 value)
@@ -35,7 +42,10 @@ private:
         return [value](const WatchEntry&) { return value; };
     }
     static QStringList namesOf(const WatchList& list);
+    static QList<Tag> manyTags(int addresses);
     static std::clock_t costOf(int addresses);
+    static std::clock_t costOfNames(int names);
+    static std::clock_t costOfEvents(int addresses);
     static QString d() { return QString::fromLatin1("D"); }
 };
 
@@ -92,12 +102,13 @@ void WatchListTest::anAddressTypedAndNamedIsListedOnce()
 
 void WatchListTest::allNamesOfAnAddressChangeTogether()
 {
-    WatchList list({tagOf("D100", "Pump speed"), tagOf("D101", "Other"), tagOf("D100", "Limit")});
-    QCOMPARE(list.takeRead(job(1, "D", 100, 2), always(0), 50), QList<int>({0, 1, 2}));
-    QCOMPARE(list.takeChange(1, d(), 100, always(7), 60), QList<int>({0, 2}));
+    WatchList list({tagOf("D100", "Pump speed"), tagOf("D101", "Other"), tagOf("D100", "Limit"),
+                    tagOf("D100", "Alarm"), tagOf("D100", "Pump speed")});
+    QCOMPARE(list.takeRead(job(1, "D", 100, 2), always(0), 50), QList<int>({0, 1, 2, 3}));
+    QCOMPARE(list.takeChange(1, d(), 100, always(7), 60), QList<int>({0, 2, 3}));
     QCOMPARE(list.entries().at(2).value, qint64(7));
     QCOMPARE(list.entries().at(2).changedAt, qint64(60));
-    QCOMPARE(list.takeFailure(job(1, "D", 100, 1), false), QList<int>({0, 2}));
+    QCOMPARE(list.takeFailure(job(1, "D", 100, 1), false), QList<int>({0, 2, 3}));
     QVERIFY(!list.allAnswered());
 }
 
@@ -184,13 +195,88 @@ void WatchListTest::failureAndRecovery()
     QVERIFY(list.allAnswered());
 }
 
-/// Processor time to list so many addresses and to read and change each, in units of clock().
-std::clock_t WatchListTest::costOf(int addresses)
+void WatchListTest::readsInAnyOrderOfTheListAreToldInIts()
+{
+    WatchList list({tagOf("D103", "Last"), tagOf("D100@2"), tagOf("D101", "Second"), tagOf("D100"),
+                    tagOf("D101", "Twice"), tagOf("D102")});
+    QCOMPARE(list.takeRead(job(1, "D", 100, 4), always(3), 50), QList<int>({0, 2, 3, 4, 5}));
+    QCOMPARE(list.takeFailure(job(1, "D", 101, 3), true), QList<int>({0, 2, 4, 5}));
+}
+
+void WatchListTest::readsBesideTheTypeCoverWhatIsInIt_data()
+{
+    QTest::addColumn<int>("address");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QList<int>>("covered");
+    QTest::newRow("from far below") << INT_MIN << 10 << QList<int>();
+    QTest::newRow("from below, reaching in") << -3 << 4 << QList<int>({0});
+    QTest::newRow("to the last and beyond") << 7999 << 1000 << QList<int>({1});
+    QTest::newRow("all, and as many as there are numbers") << 0 << INT_MAX << QList<int>({0, 1});
+    QTest::newRow("to the highest number") << 7999 << INT_MAX << QList<int>({1});
+    QTest::newRow("none") << 0 << 0 << QList<int>();
+    QTest::newRow("fewer than none") << 0 << -1 << QList<int>();
+}
+
+void WatchListTest::readsBesideTheTypeCoverWhatIsInIt()
+{
+    QFETCH(int, address);
+    QFETCH(int, count);
+    WatchList list({tagOf("D0"), tagOf("D7999")});
+    QTEST(list.takeRead(job(1, "D", address, count), always(1), 50), "covered");
+}
+
+void WatchListTest::valuesOfKeptAddressesAreKept()
+{
+    WatchList earlier({tagOf("D100:3"), tagOf("M0")});
+    earlier.takeRead(job(1, "D", 100, 2), always(4), 50);
+    earlier.takeChange(1, d(), 101, always(5), 70);
+    earlier.takeFailure(job(1, "M", 0, 1), true);
+    WatchList list({tagOf("M0"), tagOf("D101", "Speed"), tagOf("D101", "Twice"), tagOf("D102"),
+                    tagOf("D101@2"), tagOf("M101")});
+    list.keepValuesOf(earlier);
+    QCOMPARE(list.entries().at(0).state, WatchState::Refused);
+    QVERIFY(!list.entries().at(0).isKnown);
+    for (const int index : {1, 2}) {
+        const WatchEntry& speed = list.entries().at(index);
+        QCOMPARE(speed.state, WatchState::Ok);
+        QVERIFY(speed.isKnown);
+        QCOMPARE(speed.value, qint64(5));
+        QCOMPARE(speed.readAt, qint64(50));
+        QCOMPARE(speed.changedAt, qint64(70));
+    }
+    QCOMPARE(list.entries().at(1).name, QStringLiteral("Speed"));
+    for (const int index : {3, 4, 5})
+        QCOMPARE(list.entries().at(index).state, WatchState::NeverRead);
+    QVERIFY(!list.allAnswered());
+    WatchList shorter({tagOf("D101"), tagOf("D100")});
+    shorter.keepValuesOf(earlier);
+    QVERIFY(shorter.allAnswered());
+    shorter.takeFailure(job(1, "D", 100, 1), false);
+    QVERIFY(!shorter.allAnswered());
+}
+
+void WatchListTest::theLongestNameIsKnown()
+{
+    QCOMPARE(WatchList({tagOf("D100"), tagOf("D101")}).longestName(), 0);
+    QCOMPARE(
+        WatchList({tagOf("D100", "Pump"), tagOf("D101", "Limit"), tagOf("M0", "On")}).longestName(),
+        5);
+}
+
+/// One tag for each address, 8000 at a station.
+QList<Tag> WatchListTest::manyTags(int addresses)
 {
     QList<Tag> tags;
     for (int i = 0; i < addresses; ++i)
         tags << tagOf(qPrintable(QString::fromLatin1("D%1@%2").arg(i % 8000).arg(1 + i / 8000)),
                       qPrintable(QString::fromLatin1("Tag %1").arg(i)));
+    return tags;
+}
+
+/// Processor time to list so many addresses and to read and change each, in units of clock().
+std::clock_t WatchListTest::costOf(int addresses)
+{
+    const QList<Tag> tags = manyTags(addresses);
     const std::clock_t start = std::clock();
     WatchList list(tags);
     for (const Tag& tag : tags) {
@@ -206,14 +292,56 @@ std::clock_t WatchListTest::costOf(int addresses)
 // Sixteen times as much if each address were looked for among all.
 void WatchListTest::sixteenThousandAddressesCostFourTimesFourThousand()
 {
-    std::clock_t few = std::numeric_limits<std::clock_t>::max();
-    std::clock_t many = std::numeric_limits<std::clock_t>::max();
-    // The best of ten each, in turns: other programs use the processor's caches, too.
-    for (int attempt = 0; attempt < 10; ++attempt) {
-        few = std::min(few, costOf(4000));
-        many = std::min(many, costOf(16000));
+    const double times = growth(costOf, 4000, 16000);
+    QVERIFY2(times < 8, qPrintable(QString::number(times)));
+}
+
+/// Processor time to list an address under so many names, in units of clock().
+std::clock_t WatchListTest::costOfNames(int names)
+{
+    QList<Tag> tags;
+    for (int i = 0; i < names; ++i)
+        tags << tagOf("D100", qPrintable(QString::number(i)));
+    const std::clock_t start = std::clock();
+    const WatchList list(tags);
+    const std::clock_t cost = std::clock() - start;
+    if (list.entries().size() != names)
+        qFatal("the list is not whole");
+    return cost;
+}
+
+// Sixteen times as much if each name were compared with all before it.
+void WatchListTest::eightThousandNamesOfAnAddressCostFourTimesTwoThousand()
+{
+    const double times = growth(costOfNames, 2000, 8000);
+    QVERIFY2(times < 8, qPrintable(QString::number(times)));
+}
+
+/// Processor time for 6400 reads and changes of 64 addresses in a list of so many.
+std::clock_t WatchListTest::costOfEvents(int addresses)
+{
+    static QHash<int, std::shared_ptr<WatchList>> lists;
+    std::shared_ptr<WatchList>& list = lists[addresses];
+    if (!list)
+        list = std::make_shared<WatchList>(manyTags(addresses));
+    const std::clock_t start = std::clock();
+    for (int i = 0; i < 6400; ++i) {
+        const int address = i % 64 * (addresses / 64);
+        const int station = 1 + address / 8000;
+        list->takeRead(job(station, "D", address % 8000, 1), always(1), 50);
+        list->takeChange(station, d(), address % 8000, always(i), 60);
     }
-    QVERIFY2(many < 8 * few, qPrintable(QString::fromLatin1("%1 and %2").arg(few).arg(many)));
+    const std::clock_t cost = std::clock() - start;
+    if (list->entries().first().value != 6400 - 64)
+        qFatal("the changes are not there");
+    return cost;
+}
+
+// A hundred times as much if the list were walked.
+void WatchListTest::aReadAndAChangeCostNoMoreInALongList()
+{
+    const double times = growth(costOfEvents, 1000, 100000);
+    QVERIFY2(times < 4, qPrintable(QString::number(times)));
 }
 
 QTEST_GUILESS_MAIN(WatchListTest)
