@@ -90,7 +90,7 @@ int openDriver(const QString&, DriverEntryPoints* entryPoints)
     return EXIT_FINE;
 }
 
-int openConnection(const ConnectionOptions& options, Connection*)
+int openSession(const ConnectionOptions& options, HostSession*)
 {
     const int lines = (options.simulate ? 1 : 0) + (options.port.isEmpty() ? 0 : 1)
                       + (options.gateway.host.isEmpty() ? 0 : 1);
