@@ -23,6 +23,13 @@ int addressesPerRead(const RegisterType* type, int maxWords)
     return maxWords / registersPerAddress(type);
 }
 
+QString tooLongText(const RegisterType* type, int maxWords)
+{
+    return QStringLiteral("a %1 takes %2 registers; raise --max-words, which is %3")
+        .arg(QLatin1String(type->name), QString::number(registersPerAddress(type)),
+             QString::number(maxWords));
+}
+
 QList<AddressRange> readPieces(const AddressRange& range, int most)
 {
     QList<AddressRange> pieces;

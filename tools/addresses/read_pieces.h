@@ -18,6 +18,10 @@ namespace kx
 /// `maxWords` registers: eight coils for each register. 0 when none fits.
 int addressesPerRead(const RegisterType* type, int maxWords);
 
+/// Why addressesPerRead() is 0, and what to do: "a 32CV takes 2 registers; raise --max-words,
+/// which is 1".
+QString tooLongText(const RegisterType* type, int maxWords);
+
 /// Pieces of at most `most` addresses each (1 or more), none across a jump in the
 /// Modbus numbers. They keep the range's station.
 QList<AddressRange> readPieces(const AddressRange& range, int most);

@@ -1,6 +1,7 @@
 #include "addresses/write_pieces.h"
 
 #include "addresses/read_pieces.h"
+#include "addresses/request_limits.h"
 
 #include <algorithm>
 

@@ -9,9 +9,6 @@
 namespace kx
 {
 
-/// The most registers that one Modbus write carries.
-const int MOST_REGISTERS_PER_WRITE = 123;
-
 /// Addresses of that type that one write request may cover when it may cover
 /// `maxWords` registers. 0 when none fits.
 int addressesPerWrite(const RegisterType* type, int maxWords);

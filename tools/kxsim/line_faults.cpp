@@ -1,5 +1,6 @@
 #include "kxsim/line_faults.h"
 
+#include "addresses/request_limits.h"
 #include "addresses/station_text.h"
 
 #include "modbus/crc.h"
@@ -12,7 +13,6 @@ namespace kxsim
 namespace
 {
 
-const int EXCEPTION_FLAG = 0x80;
 const char BUSY = 6; // the exception that asks to try again
 const int MOST_NOISE = 8;
 const int CRC_LENGTH = 2;
@@ -37,7 +37,7 @@ QByteArray fromAnotherStation(const QByteArray& reply)
 QByteArray refusalOf(const QByteArray& request)
 {
     QByteArray frame = request.left(2);
-    frame[1] = static_cast<char>(frame.at(1) | EXCEPTION_FLAG);
+    frame[1] = static_cast<char>(frame.at(1) | kx::EXCEPTION_FLAG);
     frame.append(BUSY);
     return withCrc(frame);
 }

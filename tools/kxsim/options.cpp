@@ -1,6 +1,7 @@
 #include "kxsim/options.h"
 
 #include "addresses/station_text.h"
+#include "system/character_format.h"
 
 #include <QtCore/QCommandLineParser>
 
@@ -172,15 +173,6 @@ bool takeNumber(const QString& option, const QString& text, const Allowed& allow
                            .arg(option, text, choices.join(QStringLiteral(", "))));
 }
 
-bool takeParity(const QString& text, PortSettings* port, QString* error)
-{
-    const QStringList names = {"none", "even", "odd", "n", "e", "o"};
-    if (!names.contains(text.toLower()))
-        return fail(error, QStringLiteral("--parity %1: must be none, even or odd").arg(text));
-    port->parity = text.at(0).toUpper().toLatin1();
-    return true;
-}
-
 bool takePort(const CommandLine& line, Options* options, QString* error)
 {
     const QCommandLineParser& parser = line.parser;
@@ -193,14 +185,12 @@ bool takePort(const CommandLine& line, Options* options, QString* error)
         return fail(error, QStringLiteral("--symlink: the name of the link is missing"));
     if (parser.isSet(line.port) && parser.isSet(line.symlink))
         return fail(error, QStringLiteral("--symlink links to a pseudo-terminal, not to --port"));
-    if (parser.value(line.dataBits) != QLatin1String("8"))
-        return fail(error, QStringLiteral("--data-bits %1: Modbus RTU needs 8 data bits")
-                               .arg(parser.value(line.dataBits)));
     const int stopBits[] = {1, 2};
-    return takeNumber(QStringLiteral("baud"), parser.value(line.baud), BAUDS, &port.baud, error)
+    return kx::checkDataBits(parser.value(line.dataBits), error)
+           && takeNumber(QStringLiteral("baud"), parser.value(line.baud), BAUDS, &port.baud, error)
            && takeNumber(QStringLiteral("stop-bits"), parser.value(line.stopBits), stopBits,
                          &port.stopBits, error)
-           && takeParity(parser.value(line.parity), &port, error);
+           && kx::readParity(parser.value(line.parity), &port.parity, error);
 }
 
 bool takeFaults(const CommandLine& line, Options* options, QString* error)

@@ -1,5 +1,6 @@
 #include "kxsim/request_frame.h"
 
+#include "addresses/request_limits.h"
 #include "addresses/station_text.h"
 #include "modbus/crc.h"
 
@@ -15,12 +16,9 @@ const int WRITE_COIL = 5;
 const int WRITE_REGISTER = 6;
 const int WRITE_COILS = 15;
 const int WRITE_REGISTERS = 16;
-const int EXCEPTION_FLAG = 0x80; // functions from here on are refusals
 
 const int ILLEGAL_FUNCTION = 1;
 const int ILLEGAL_VALUE = 3;
-const int MOST_COILS = 1968;
-const int MOST_REGISTERS = 123;
 
 const int SHORTEST = 4;       // station, function, CRC
 const int LONGEST = 256;      // bytes of any Modbus RTU frame
@@ -118,7 +116,7 @@ FoundRequest findRequest(const QByteArray& received)
 {
     const int length = announcedLength(received);
     if (byteAt(received, 0) > kx::HIGHEST_STATION || length > LONGEST
-        || (length == OPEN && functionOf(received) >= EXCEPTION_FLAG))
+        || (length == OPEN && functionOf(received) >= kx::EXCEPTION_FLAG))
         return {FoundRequest::DAMAGED, 0};
     if (length == OPEN)
         return findByCrc(received);
@@ -137,7 +135,8 @@ int formFault(const QByteArray& request)
         return 0;
     if (!isMultipleWrite(function))
         return ILLEGAL_FUNCTION;
-    const int most = function == WRITE_COILS ? MOST_COILS : MOST_REGISTERS;
+    const int most =
+        function == WRITE_COILS ? kx::MOST_COILS_PER_WRITE : kx::MOST_REGISTERS_PER_WRITE;
     if (request.size() < WRITE_OVERHEAD || quantityOf(request) < 1 || quantityOf(request) > most
         || !hasRightByteCount(request))
         return ILLEGAL_VALUE;

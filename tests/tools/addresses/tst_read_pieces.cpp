@@ -29,6 +29,7 @@ private slots:
     void rangesAreCutForTheDriver();
     void addressesPerReadDependOnTheClass_data();
     void addressesPerReadDependOnTheClass();
+    void whyNothingFits();
 };
 
 void TestReadPieces::rangesAreCutForTheDriver_data()
@@ -79,6 +80,12 @@ void TestReadPieces::addressesPerReadDependOnTheClass()
     QFETCH(QString, type);
     QFETCH(int, maxWords);
     QTEST(addressesPerRead(findRegisterType(type), maxWords), "addresses");
+}
+
+void TestReadPieces::whyNothingFits()
+{
+    QCOMPARE(tooLongText(findRegisterType(QStringLiteral("32CV")), 1),
+             QStringLiteral("a 32CV takes 2 registers; raise --max-words, which is 1"));
 }
 
 QTEST_GUILESS_MAIN(TestReadPieces)

@@ -68,7 +68,7 @@ using WorkingTcpLine = WorkingLine<TcpLine>;
 
 } // namespace
 
-class BusyProgramTest : public QObject
+class TestBusyProgram : public QObject
 {
     Q_OBJECT
 
@@ -86,7 +86,7 @@ private:
 };
 
 /// One request, answered while the program is busy until after the time-out.
-void BusyProgramTest::exchange(Line* line, const std::function<void()>& controller)
+void TestBusyProgram::exchange(Line* line, const std::function<void()>& controller)
 {
     ScriptedDriver scripted;
     scripted.request(withCrc(READ), 9);
@@ -108,14 +108,14 @@ void BusyProgramTest::exchange(Line* line, const std::function<void()>& controll
     QVERIFY(kinds.first() == ReplyKind::Good);
 }
 
-std::unique_ptr<WorkingSerialLine> BusyProgramTest::serialLine(const QString& portName)
+std::unique_ptr<WorkingSerialLine> TestBusyProgram::serialLine(const QString& portName)
 {
     auto line = std::make_unique<WorkingSerialLine>(portName, LineTiming(), QSerialPort::NoParity);
     line->screen = &m_screen;
     return line;
 }
 
-void BusyProgramTest::aReplyInASerialPortIsTaken()
+void TestBusyProgram::aReplyInASerialPortIsTaken()
 {
     const PseudoTerminal controller;
     const auto line = serialLine(controller.name());
@@ -126,7 +126,7 @@ void BusyProgramTest::aReplyInASerialPortIsTaken()
     });
 }
 
-void BusyProgramTest::aReplyInAPortThatIsReopenedIsTaken()
+void TestBusyProgram::aReplyInAPortThatIsReopenedIsTaken()
 {
     const PseudoTerminal controller;
     ReopeningLine line(serialLine(controller.name()), 1000);
@@ -137,7 +137,7 @@ void BusyProgramTest::aReplyInAPortThatIsReopenedIsTaken()
     });
 }
 
-void BusyProgramTest::aReplyFromANetworkIsTaken()
+void TestBusyProgram::aReplyFromANetworkIsTaken()
 {
     QTcpServer gateway;
     QVERIFY(gateway.listen(QHostAddress::LocalHost));
@@ -154,7 +154,7 @@ void BusyProgramTest::aReplyFromANetworkIsTaken()
     });
 }
 
-void BusyProgramTest::aConnectionThatStandsIsTaken()
+void TestBusyProgram::aConnectionThatStandsIsTaken()
 {
     QTcpServer gateway;
     QVERIFY(gateway.listen(QHostAddress::LocalHost));
@@ -176,5 +176,5 @@ void BusyProgramTest::aConnectionThatStandsIsTaken()
     QVERIFY(line.isOpen());
 }
 
-QTEST_GUILESS_MAIN(BusyProgramTest)
+QTEST_GUILESS_MAIN(TestBusyProgram)
 #include "tst_busy_program.moc"

@@ -54,7 +54,7 @@ QStringList words(const char* text)
 
 } // namespace
 
-class ConnectionTest : public QObject
+class TestConnection : public QObject
 {
     Q_OBJECT
 
@@ -74,7 +74,7 @@ private slots:
     void openedAgainAfterAFailure();
 };
 
-void ConnectionTest::aSerialPortIsOpened()
+void TestConnection::aSerialPortIsOpened()
 {
     const PseudoTerminal controller;
     Connection connection(serial(controller.name()));
@@ -95,7 +95,7 @@ void ConnectionTest::aSerialPortIsOpened()
     QCOMPARE(listener.told, words("opened"));
 }
 
-void ConnectionTest::theSerialPortIsSetUpAsAskedFor()
+void TestConnection::theSerialPortIsSetUpAsAskedFor()
 {
     const PseudoTerminal controller;
     ConnectionSettings settings = serial(controller.name());
@@ -106,7 +106,7 @@ void ConnectionTest::theSerialPortIsSetUpAsAskedFor()
     QCOMPARE(connection.line()->timing().bitsPerCharacter(), 12);
 }
 
-void ConnectionTest::aGatewayIsConnectedTo()
+void TestConnection::aGatewayIsConnectedTo()
 {
     QTcpServer server;
     QVERIFY(server.listen(QHostAddress::LocalHost));
@@ -119,7 +119,7 @@ void ConnectionTest::aGatewayIsConnectedTo()
     QVERIFY(connection.isOpen());
 }
 
-void ConnectionTest::whatCannotBeOpened_data()
+void TestConnection::whatCannotBeOpened_data()
 {
     QTest::addColumn<bool>("isGateway");
     QTest::addColumn<int>("patience");
@@ -131,7 +131,7 @@ void ConnectionTest::whatCannotBeOpened_data()
     QTest::newRow("a gateway that refuses") << true << 0 << host;
 }
 
-void ConnectionTest::whatCannotBeOpened()
+void TestConnection::whatCannotBeOpened()
 {
     QFETCH(bool, isGateway);
     QFETCH(int, patience);
@@ -150,7 +150,7 @@ void ConnectionTest::whatCannotBeOpened()
     QCOMPARE(listener.told, words("failed"));
 }
 
-void ConnectionTest::aLostLineFails()
+void TestConnection::aLostLineFails()
 {
     PseudoTerminal controller;
     Connection connection(serial(controller.name()));
@@ -166,7 +166,7 @@ void ConnectionTest::aLostLineFails()
              name + QStringLiteral(": the port was closed or unplugged"));
 }
 
-void ConnectionTest::aLostLineIsOpenedAgain()
+void TestConnection::aLostLineIsOpenedAgain()
 {
     const QTemporaryDir folder;
     const QString link = folder.filePath(QStringLiteral("line"));
@@ -188,7 +188,7 @@ void ConnectionTest::aLostLineIsOpenedAgain()
     QCOMPARE(second.awaited(), QByteArray("request"));
 }
 
-void ConnectionTest::aLineThatStaysAwayFails()
+void TestConnection::aLineThatStaysAwayFails()
 {
     PseudoTerminal controller;
     Connection connection(serial(controller.name(), 250));
@@ -203,14 +203,14 @@ void ConnectionTest::aLineThatStaysAwayFails()
     QCOMPARE(listener.told, words("opened interrupted failed"));
 }
 
-void ConnectionTest::closedBeforeItIsOpen_data()
+void TestConnection::closedBeforeItIsOpen_data()
 {
     QTest::addColumn<bool>("isGateway");
     QTest::newRow("a serial port") << false;
     QTest::newRow("a gateway") << true;
 }
 
-void ConnectionTest::closedBeforeItIsOpen()
+void TestConnection::closedBeforeItIsOpen()
 {
     QFETCH(bool, isGateway);
     const PseudoTerminal controller;
@@ -225,7 +225,7 @@ void ConnectionTest::closedBeforeItIsOpen()
     QVERIFY(!connection.line()->isOpen());
 }
 
-void ConnectionTest::closedWhileInterrupted()
+void TestConnection::closedWhileInterrupted()
 {
     PseudoTerminal controller;
     Connection connection(serial(controller.name(), 100));
@@ -239,7 +239,7 @@ void ConnectionTest::closedWhileInterrupted()
     QCOMPARE(listener.told, words("opened interrupted"));
 }
 
-void ConnectionTest::openedTwiceIsOpenedOnce()
+void TestConnection::openedTwiceIsOpenedOnce()
 {
     const PseudoTerminal controller;
     Connection connection(serial(controller.name()));
@@ -252,7 +252,7 @@ void ConnectionTest::openedTwiceIsOpenedOnce()
     QCOMPARE(listener.told, words("opened"));
 }
 
-void ConnectionTest::openedAgainAfterAFailure()
+void TestConnection::openedAgainAfterAFailure()
 {
     const QTemporaryDir folder;
     const QString link = folder.filePath(QStringLiteral("line"));
@@ -266,5 +266,5 @@ void ConnectionTest::openedAgainAfterAFailure()
     QTRY_COMPARE(listener.told, words("failed opened"));
 }
 
-QTEST_GUILESS_MAIN(ConnectionTest)
+QTEST_GUILESS_MAIN(TestConnection)
 #include "tst_connection.moc"

@@ -4,7 +4,7 @@
 
 using namespace kx;
 
-class FailureTest : public QObject
+class TestFailure : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private slots:
     void travelsAsAValue();
 };
 
-void FailureTest::reasons_data()
+void TestFailure::reasons_data()
 {
     QTest::addColumn<ReplyKind>("came");
     QTest::addColumn<int>("exceptionCode");
@@ -60,7 +60,7 @@ void FailureTest::reasons_data()
         "the line is never silent");
 }
 
-void FailureTest::reasons()
+void TestFailure::reasons()
 {
     QFETCH(ReplyKind, came);
     QFETCH(int, exceptionCode);
@@ -80,7 +80,7 @@ void FailureTest::reasons()
     QCOMPARE(reasonText(came, exceptionCode), text);
 }
 
-void FailureTest::namesTheRequest_data()
+void TestFailure::namesTheRequest_data()
 {
     QTest::addColumn<QString>("regType");
     QTest::addColumn<int>("count"); // of the job
@@ -90,7 +90,7 @@ void FailureTest::namesTheRequest_data()
     QTest::newRow("double words, two registers each") << QStringLiteral("32CV") << 6 << 3;
 }
 
-void FailureTest::namesTheRequest()
+void TestFailure::namesTheRequest()
 {
     QFETCH(QString, regType);
     QFETCH(int, count);
@@ -109,7 +109,7 @@ void FailureTest::namesTheRequest()
     QCOMPARE(failure.range.values, values);
 }
 
-void FailureTest::anAcceptedReplyIsNone()
+void TestFailure::anAcceptedReplyIsNone()
 {
     ExchangeRecord record;
     record.replyKind = ReplyKind::Good;
@@ -123,7 +123,7 @@ void FailureTest::anAcceptedReplyIsNone()
     QCOMPARE(failure.text, QString());
 }
 
-void FailureTest::aGoodReplyThatWasNotTaken()
+void TestFailure::aGoodReplyThatWasNotTaken()
 {
     ExchangeRecord record;
     record.replyKind = ReplyKind::Good;
@@ -133,7 +133,7 @@ void FailureTest::aGoodReplyThatWasNotTaken()
     QCOMPARE(reasonText(ReplyKind::Good, 0), QStringLiteral("good"));
 }
 
-void FailureTest::withoutAddresses()
+void TestFailure::withoutAddresses()
 {
     const Failure failure = failureOf(FailureKind::Aborted, QStringLiteral("interrupted"));
     QVERIFY(failure.kind == FailureKind::Aborted);
@@ -142,7 +142,7 @@ void FailureTest::withoutAddresses()
     QVERIFY(!failure.range.type);
 }
 
-void FailureTest::travelsAsAValue()
+void TestFailure::travelsAsAValue()
 {
     const QVariant carried =
         QVariant::fromValue(failureOf(FailureKind::CannotOpen, QStringLiteral("not there")));
@@ -150,5 +150,5 @@ void FailureTest::travelsAsAValue()
     QCOMPARE(carried.value<Failure>().text, QStringLiteral("not there"));
 }
 
-QTEST_GUILESS_MAIN(FailureTest)
+QTEST_GUILESS_MAIN(TestFailure)
 #include "tst_failure.moc"

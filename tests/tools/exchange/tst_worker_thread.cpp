@@ -119,7 +119,7 @@ private:
 
 } // namespace
 
-class WorkerThreadTest : public QObject
+class TestWorkerThread : public QObject
 {
     Q_OBJECT
 
@@ -128,7 +128,7 @@ private slots:
     void nothingStaysBehind();
 };
 
-void WorkerThreadTest::nothingStaysBehind_data()
+void TestWorkerThread::nothingStaysBehind_data()
 {
     QTest::addColumn<bool>("isGateway");
     QTest::addColumn<int>("patience");
@@ -138,7 +138,7 @@ void WorkerThreadTest::nothingStaysBehind_data()
     QTest::newRow("a gateway that is connected to again") << true << 1000;
 }
 
-void WorkerThreadTest::nothingStaysBehind()
+void TestWorkerThread::nothingStaysBehind()
 {
     QFETCH(bool, isGateway);
     QFETCH(int, patience);
@@ -185,5 +185,5 @@ void WorkerThreadTest::nothingStaysBehind()
     QCOMPARE(Warnings::all(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(WorkerThreadTest)
+QTEST_GUILESS_MAIN(TestWorkerThread)
 #include "tst_worker_thread.moc"

@@ -1,5 +1,6 @@
 #include "exchange/replies/reply_verdict.h"
 
+#include "addresses/request_limits.h"
 #include "modbus/crc.h"
 
 #include <algorithm>
@@ -16,7 +17,6 @@ const int WRITE_ECHO_LENGTH = 8;
 const int STATION_AND_FUNCTION = 2;
 const int ECHOED_BYTES = 6;  // station, function, address, value or quantity
 const int READ_OVERHEAD = 5; // station, function, byte count, CRC
-const int EXCEPTION_FLAG = 0x80;
 
 int byteAt(const QByteArray& bytes, int index)
 {

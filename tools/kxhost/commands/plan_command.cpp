@@ -1,5 +1,6 @@
 #include "kxhost/commands/commands.h"
 
+#include "addresses/request_limits.h"
 #include "exchange/driver_lease.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/options/command_line.h"
@@ -53,9 +54,9 @@ void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const Watch
     printLine(QString());
     printLine(QString::fromLatin1("Limits 1 to %1 (one limit for registers and bits; Modbus "
                                   "allows %2 registers and %3 coils):")
-                  .arg(MOST_REGISTERS)
-                  .arg(MOST_REGISTERS)
-                  .arg(MOST_COILS));
+                  .arg(MOST_REGISTERS_PER_READ)
+                  .arg(MOST_REGISTERS_PER_READ)
+                  .arg(MOST_COILS_PER_READ));
     printAll(lengthLines(lengths, plan.maxWords));
 }
 
@@ -64,7 +65,7 @@ QList<LengthResult> lengthsOf(const DriverEntryPoints& entryPoints, const PlanOp
                               const WatchedRanges& watched)
 {
     QList<LengthResult> lengths;
-    for (int maxWords = 1; maxWords <= MOST_REGISTERS; ++maxWords) {
+    for (int maxWords = 1; maxWords <= MOST_REGISTERS_PER_READ; ++maxWords) {
         const std::optional<Plan> plan = askForPlan(entryPoints, options.watched, maxWords);
         if (plan)
             lengths << resultOf(*plan, watched, options.timing);

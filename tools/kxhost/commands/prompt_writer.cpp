@@ -1,5 +1,6 @@
 #include "kxhost/commands/prompt_writer.h"
 
+#include "addresses/read_pieces.h"
 #include "addresses/write_pieces.h"
 #include "panel/text/frame_text.h"
 
@@ -35,7 +36,7 @@ bool PromptWriter::isRefused(const Assignment& assignment, QString* reason) cons
     if (!type->writable)
         *reason = name + QLatin1String(" cannot be written");
     else if (addressesPerWrite(type, m_session->settings().maxWords) < 1)
-        *reason = QLatin1String("a 32CV takes 2 registers; --max-words is 1");
+        *reason = tooLongText(type, m_session->settings().maxWords);
     return !reason->isEmpty();
 }
 

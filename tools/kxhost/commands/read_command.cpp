@@ -38,8 +38,9 @@ bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options, Q
     for (const Tag& tag : *tags) {
         const AddressRange& range = tag.range;
         if (addressesPerRead(range.type, options->session.maxWords) < 1) {
-            *error = QStringLiteral("%1: a 32CV takes 2 registers; raise --max-words, which is 1")
-                         .arg(addressText(range.type, range.address));
+            *error =
+                QStringLiteral("%1: %2").arg(addressText(range.type, range.address),
+                                             tooLongText(range.type, options->session.maxWords));
             return false;
         }
         simulateStation(range.station, options);

@@ -1,6 +1,6 @@
 #include "kxhost/commands/commands.h"
 
-#include "addresses/write_pieces.h"
+#include "addresses/request_limits.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/run_to_end.h"
 #include "kxhost/options/command_line.h"

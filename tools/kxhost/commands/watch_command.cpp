@@ -51,9 +51,9 @@ bool prepareRanges(WatchOptions* options, QString* error)
         if (!simulated.contains(range.station))
             simulated << range.station;
         if (addressesPerRead(range.type, options->connection.session.maxWords) < 1) {
-            *error =
-                QString::fromLatin1("%1: a 32CV takes 2 registers; raise --max-words, which is 1")
-                    .arg(addressText(range.type, range.address));
+            *error = QString::fromLatin1("%1: %2").arg(
+                addressText(range.type, range.address),
+                tooLongText(range.type, options->connection.session.maxWords));
             return false;
         }
     }

@@ -1,5 +1,6 @@
 #include "kxhost/commands/commands.h"
 
+#include "addresses/read_pieces.h"
 #include "addresses/write_pieces.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/run_to_end.h"
@@ -37,7 +38,7 @@ bool takeAssignment(const QString& text, ConnectionOptions* options, Assignment*
                      .arg(text, addressText(range.type, range.address));
     else if (addressesPerWrite(range.type, options->session.maxWords) < 1)
         *error =
-            QStringLiteral("%1: a 32CV takes 2 registers; raise --max-words, which is 1").arg(text);
+            QStringLiteral("%1: %2").arg(text, tooLongText(range.type, options->session.maxWords));
     if (!error->isEmpty())
         return false;
     if (range.station < 0)

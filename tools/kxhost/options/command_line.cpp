@@ -4,12 +4,15 @@
 #include "addresses/station_text.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
+#include "system/character_format.h"
 
 namespace kx
 {
 
 namespace
 {
+
+const int FASTEST_BAUD = 4000000;
 
 QString helpText(const QCommandLineParser& parser, const CommandHelp& help)
 {
@@ -87,14 +90,17 @@ bool takeStation(const QCommandLineParser& parser, int* station, QString* error)
     return takeNumber(parser, "station", LOWEST_STATION, HIGHEST_STATION, station, error);
 }
 
-bool checkDataBits(const QCommandLineParser& parser, QString* error)
+bool takeTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity, QString* error)
 {
-    const QString option = QLatin1String("data-bits");
-    const QString bits = parser.value(option);
-    if (!parser.isSet(option) || bits == QLatin1String("8"))
-        return true;
-    *error = QString::fromLatin1("--data-bits %1: Modbus RTU needs 8 data bits").arg(bits);
-    return false;
+    const QString parityOption = QLatin1String("parity");
+    const QString bitsOption = QLatin1String("data-bits");
+    if (!takeNumber(parser, "baud", 1, FASTEST_BAUD, &timing->baud, error)
+        || (parser.isSet(bitsOption) && !checkDataBits(parser.value(bitsOption), error))
+        || !takeNumber(parser, "stop-bits", 1, 2, &timing->stopBits, error)
+        || (parser.isSet(parityOption) && !readParity(parser.value(parityOption), parity, error)))
+        return false;
+    timing->parityBits = *parity == 'N' ? 0 : 1;
+    return true;
 }
 
 } // namespace kx

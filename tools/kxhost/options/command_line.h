@@ -3,6 +3,7 @@
 #define KX_KXHOST_OPTIONS_COMMAND_LINE_H
 
 #include "addresses/address_text.h"
+#include "exchange/lines/line_timing.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QStringList>
@@ -33,8 +34,9 @@ bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest
 /// The number that --station holds, as takeNumber().
 bool takeStation(const QCommandLineParser& parser, int* station, QString* error);
 
-/// False and one line in `*error` when --data-bits is given and is not 8.
-bool checkDataBits(const QCommandLineParser& parser, QString* error);
+/// The format of characters that --baud, --data-bits, --stop-bits and --parity ask for, as far
+/// as they are given; `*parity` is then 'N', 'E' or 'O'. Or one line in `*error`.
+bool takeTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity, QString* error);
 
 } // namespace kx
 

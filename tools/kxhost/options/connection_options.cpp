@@ -1,5 +1,6 @@
 #include "kxhost/options/connection_options.h"
 
+#include "addresses/request_limits.h"
 #include "kxhost/options/command_line.h"
 
 #include <QtNetwork/QHostAddress>
@@ -55,12 +56,10 @@ const OptionText OPTIONS[] = {
     {"json", "Write JSON, an object per line.", nullptr},
 };
 
-const int FASTEST_BAUD = 4000000;
 const int LONGEST_TIMEOUT = 60000;  // milliseconds
 const int LONGEST_PATIENCE = 86400; // seconds
 const int MILLISECONDS_PER_SECOND = 1000;
 const int MOST_RETRIES = 100;
-const int MOST_READ_WORDS = 125; // registers in one Modbus reply
 
 QString valueOf(const QCommandLineParser& parser, const char* option)
 {
@@ -72,20 +71,13 @@ bool isSet(const QCommandLineParser& parser, const char* option)
     return parser.isSet(QLatin1String(option));
 }
 
-bool takeParity(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+bool takeCharacters(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
-    if (!isSet(parser, "parity"))
-        return true;
-    const QString parity = valueOf(parser, "parity").toLower();
-    if (parity == QLatin1String("even"))
-        options->parity = QSerialPort::EvenParity;
-    else if (parity == QLatin1String("odd"))
-        options->parity = QSerialPort::OddParity;
-    else if (parity != QLatin1String("none")) {
-        *error = QString::fromLatin1("--parity %1: must be none, even or odd").arg(parity);
+    char parity = 'N';
+    if (!takeTiming(parser, &options->timing, &parity, error))
         return false;
-    }
-    options->timing.parityBits = options->parity == QSerialPort::NoParity ? 0 : 1;
+    if (parity != 'N')
+        options->parity = parity == 'E' ? QSerialPort::EvenParity : QSerialPort::OddParity;
     return true;
 }
 
@@ -104,12 +96,8 @@ bool takeGateway(const QCommandLineParser& parser, ConnectionOptions* options, Q
 
 bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
-    LineTiming& timing = options->timing;
     SessionSettings& session = options->session;
-    return takeNumber(parser, "baud", 1, FASTEST_BAUD, &timing.baud, error)
-           && checkDataBits(parser, error)
-           && takeNumber(parser, "stop-bits", 1, 2, &timing.stopBits, error)
-           && takeStation(parser, &options->station, error)
+    return takeStation(parser, &options->station, error)
            && takeNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
                          error, "milliseconds")
            && takeNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error,
@@ -117,7 +105,7 @@ bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, Q
            && takeNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error,
                          "milliseconds")
            && takeNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
-           && takeNumber(parser, "max-words", 1, MOST_READ_WORDS, &session.maxWords, error);
+           && takeNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &session.maxWords, error);
 }
 
 bool takePatience(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
@@ -184,7 +172,7 @@ bool readConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* 
     options->library = valueOf(parser, "library");
     options->frames = isSet(parser, "frames");
     options->json = isSet(parser, "json");
-    return takeNumbers(parser, options, error) && takeParity(parser, options, error)
+    return takeCharacters(parser, options, error) && takeNumbers(parser, options, error)
            && takeGateway(parser, options, error) && takeLine(parser, options, error)
            && takePatience(parser, options, error) && takeFaults(parser, options, error);
 }

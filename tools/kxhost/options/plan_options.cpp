@@ -1,5 +1,6 @@
 #include "kxhost/options/plan_options.h"
 
+#include "addresses/request_limits.h"
 #include "kxhost/options/command_line.h"
 #include "kxhost/options/tags_arguments.h"
 #include "panel/plan/plan_request.h"
@@ -14,7 +15,6 @@ namespace kx
 namespace
 {
 
-const int FASTEST_BAUD = 4000000;
 const double LONGEST_TURNAROUND = 60e6; // microseconds
 
 const char* const OPTIONS[][3] = {
@@ -34,17 +34,6 @@ const char* const OPTIONS[][3] = {
 QString text(const char* latin1)
 {
     return QString::fromLatin1(latin1);
-}
-
-bool takeParity(const QCommandLineParser& parser, LineTiming* line, QString* error)
-{
-    const QString parity = parser.value(text("parity")).toLower();
-    const bool isNone = parity.isEmpty() || parity == text("none");
-    line->parityBits = isNone ? 0 : 1;
-    if (isNone || parity == text("even") || parity == text("odd"))
-        return true;
-    *error = text("--parity %1: must be none, even or odd").arg(parity);
-    return false;
 }
 
 bool takeTurnaround(const QCommandLineParser& parser, qint64* turnaround, QString* error)
@@ -72,12 +61,9 @@ bool readPlanOptions(const QCommandLineParser& parser, PlanOptions* options, QSt
 {
     LineTiming& line = options->timing.line;
     int station = 1;
-    if (!takeNumber(parser, "baud", 1, FASTEST_BAUD, &line.baud, error)
-        || !checkDataBits(parser, error)
-        || !takeNumber(parser, "stop-bits", 1, 2, &line.stopBits, error)
-        || !takeStation(parser, &station, error)
-        || !takeNumber(parser, "max-words", 1, MOST_REGISTERS, &options->maxWords, error)
-        || !takeParity(parser, &line, error)
+    char parity = 'N';
+    if (!takeTiming(parser, &line, &parity, error) || !takeStation(parser, &station, error)
+        || !takeNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &options->maxWords, error)
         || !takeTurnaround(parser, &options->timing.turnaround, error)
         || !readWatchedRanges(parser, station, &options->watched, error))
         return false;

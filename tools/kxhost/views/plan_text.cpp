@@ -1,6 +1,7 @@
 #include "kxhost/views/plan_text.h"
 
 #include "addresses/modbus_span.h"
+#include "addresses/request_limits.h"
 #include "kxhost/views/aligned_rows.h"
 #include "panel/text/counted.h"
 
@@ -60,7 +61,7 @@ QString lengthWarning(const PlannedRequest& request)
     const bool isBits = request.type->registerClass == BIT_CLASS;
     return text("asks for %1 %2, but Modbus allows %3; the controller will refuse it")
         .arg(QString::number(request.count), text(isBits ? "coils" : "registers"),
-             QString::number(isBits ? MOST_COILS : MOST_REGISTERS));
+             QString::number(isBits ? MOST_COILS_PER_READ : MOST_REGISTERS_PER_READ));
 }
 
 QString splitWarning(const PlannedRequest& request, const Coverage& coverage)

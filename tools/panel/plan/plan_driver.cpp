@@ -1,6 +1,7 @@
 #include "panel/plan/plan_driver.h"
 
 #include "addresses/watch_pieces.h"
+#include "exchange/driver_keys.h"
 #include "exchange/driver_lease.h"
 
 namespace kx
@@ -10,17 +11,6 @@ namespace
 {
 
 void ignoreValueChange(int, int, QString, int) {}
-
-KEY_ADDRESS keyOf(const AddressRange& range)
-{
-    KEY_ADDRESS key = KEY_ADDRESS();
-    key.station = range.station;
-    key.regType = QString::fromLatin1(range.type->name);
-    key.address = range.address;
-    key.bitIndex = range.type->registerClass == BIT_CLASS ? -1 : 0;
-    key.count = range.driverCount();
-    return key;
-}
 
 PlannedRequest plannedRequest(const FRAME_PRO& frame)
 {

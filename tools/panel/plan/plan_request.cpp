@@ -1,5 +1,7 @@
 #include "panel/plan/plan_request.h"
 
+#include "addresses/request_limits.h"
+
 #include <algorithm>
 
 namespace kx
@@ -13,7 +15,8 @@ int PlannedRequest::lastAddress() const
 
 bool PlannedRequest::isTooLong() const
 {
-    return count > (type->registerClass == BIT_CLASS ? MOST_COILS : MOST_REGISTERS);
+    return count
+           > (type->registerClass == BIT_CLASS ? MOST_COILS_PER_READ : MOST_REGISTERS_PER_READ);
 }
 
 namespace

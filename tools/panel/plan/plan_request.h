@@ -11,10 +11,6 @@
 namespace kx
 {
 
-/// The most that one request may ask for; a controller refuses more.
-const int MOST_REGISTERS = 125;
-const int MOST_COILS = 2000;
-
 struct PlannedRequest {
     int station = 1;
     const RegisterType* type = nullptr;

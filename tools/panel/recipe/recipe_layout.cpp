@@ -1,5 +1,7 @@
 #include "panel/recipe/recipe_layout.h"
 
+#include "addresses/read_pieces.h"
+#include "exchange/driver_memory.h"
 #include "panel/recipe/recipe_layout_builder.h"
 
 #include <numeric>
@@ -22,10 +24,9 @@ QString bufferOverflow(size_t words)
 bool doubleWordsFit(const QList<RecipeRow>& rows, int maxWords, QString* error)
 {
     for (const RecipeRow& row : rows) {
-        if (row.range.type->registerClass == DOUBLE_WORD_CLASS && maxWords < 2) {
-            *error = QStringLiteral("%1: %2 takes 2 registers; raise --max-words, which is %3")
-                         .arg(row.place(), addressText(row.range.type, row.range.address),
-                              QString::number(maxWords));
+        if (addressesPerRead(row.range.type, maxWords) < 1) {
+            *error =
+                QStringLiteral("%1: %2").arg(row.place(), tooLongText(row.range.type, maxWords));
             return false;
         }
     }

@@ -49,9 +49,6 @@ struct RecipeLayout {
     int blocks() const;
 };
 
-/// Words in the runtime's recipe buffer.
-const int RECIPE_BUFFER_WORDS = 65536;
-
 /// Returns false and one line in `*error` that names the rows when two of them
 /// give one register different values, when a 32CV does not fit into `maxWords`
 /// registers, or when the values do not fit into the buffer.

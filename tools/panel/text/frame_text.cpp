@@ -1,5 +1,6 @@
 #include "panel/text/frame_text.h"
 
+#include "addresses/request_limits.h"
 #include "data/reply_handling.h"
 #include "exchange/failure.h"
 #include "exchange/replies/reply_verdict.h"
@@ -11,7 +12,6 @@ namespace kx
 namespace
 {
 
-const int EXCEPTION_FLAG = 0x80;
 const int SHORTEST_FRAME = 5; // an exception reply
 
 struct Field {

@@ -176,7 +176,7 @@ void TestRecipeCommand::badInputSendsNothing_data()
     QTest::newRow("cannot be laid out")
         << QByteArray("upload") << QByteArray("a,1,D,1,uint16,5\nb,1,32CV,200,uint32,6\n")
         << QStringList{"--max-words", "1"}
-        << "%1: line 3 (b): 32CV200 takes 2 registers; raise --max-words, which is 1";
+        << "%1: line 3 (b): a 32CV takes 2 registers; raise --max-words, which is 1";
 }
 
 void TestRecipeCommand::badInputSendsNothing()

@@ -37,10 +37,10 @@ void TestRecipeRefusals::badRecipesAreRefused_data()
         << "line 2 (a%3%4) and line 3 (b%5%6) give D100@1 different values: 5 and 6";
     QTest::newRow("a percent sign in the name of a 32CV")
         << "%3,1,32CV,200,uint32,5" << 1
-        << "line 2 (%3): 32CV200 takes 2 registers; raise --max-words, which is 1";
+        << "line 2 (%3): a 32CV takes 2 registers; raise --max-words, which is 1";
     QTest::newRow("32CV in a request of one register")
         << "a,1,32CV,200,uint32,5" << 1
-        << "line 2 (a): 32CV200 takes 2 registers; raise --max-words, which is 1";
+        << "line 2 (a): a 32CV takes 2 registers; raise --max-words, which is 1";
 }
 
 void TestRecipeRefusals::badRecipesAreRefused()

@@ -1,0 +1,29 @@
+#include "system/character_format.h"
+
+#include <QtCore/QStringList>
+
+namespace kx
+{
+
+bool readParity(const QString& typed, char* parity, QString* error)
+{
+    const QStringList names = {QStringLiteral("none"), QStringLiteral("even"),
+                               QStringLiteral("odd"),  QStringLiteral("n"),
+                               QStringLiteral("e"),    QStringLiteral("o")};
+    if (!names.contains(typed.toLower())) {
+        *error = QStringLiteral("--parity %1: must be none, even or odd").arg(typed);
+        return false;
+    }
+    *parity = typed.at(0).toUpper().toLatin1();
+    return true;
+}
+
+bool checkDataBits(const QString& typed, QString* error)
+{
+    if (typed == QLatin1String("8"))
+        return true;
+    *error = QStringLiteral("--data-bits %1: Modbus RTU needs 8 data bits").arg(typed);
+    return false;
+}
+
+} // namespace kx
