@@ -3,6 +3,7 @@
 #include "addresses/read_pieces.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/prompt_writer.h"
+#include "kxhost/commands/watch_run.h"
 #include "kxhost/options/command_line.h"
 #include "kxhost/options/tags_arguments.h"
 #include "kxhost/terminal/console.h"
@@ -114,7 +115,6 @@ int watchInTable(const WatchOptions& options, Session* session)
     QObject::connect(&view, &LiveView::entered, &writer, &PromptWriter::take);
     QObject::connect(&writer, &PromptWriter::message, &view, &LiveView::setMessage);
     WatchRun run(session, options.tags, options.cycles, &view);
-    view.attach(&run);
     return runUntilFinished(&run);
 }
 

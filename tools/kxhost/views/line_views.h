@@ -2,7 +2,7 @@
 #ifndef KX_KXHOST_VIEWS_LINE_VIEWS_H
 #define KX_KXHOST_VIEWS_LINE_VIEWS_H
 
-#include "panel/watch/watch_view.h"
+#include "kxhost/views/watch_view.h"
 
 #include <QtCore/QJsonObject>
 
@@ -22,10 +22,12 @@ class TextView : public WatchView
 public:
     explicit TextView(bool frames) : m_frames(frames) {}
 
+    void showSummary(const WatchSummary& summary) override;
+
+protected:
     void showEntry(const WatchEntry& entry, const QDateTime& time) override;
     void showLinkEvent(const LinkEvent& event, const QDateTime& time) override;
     void showExchange(const ExchangeRecord& record) override;
-    void showSummary(const WatchSummary& summary) override;
 
 private:
     bool m_frames;
@@ -36,10 +38,12 @@ class JsonView : public WatchView
 public:
     explicit JsonView(bool frames) : m_frames(frames) {}
 
+    void showSummary(const WatchSummary& summary) override;
+
+protected:
     void showEntry(const WatchEntry& entry, const QDateTime& time) override;
     void showLinkEvent(const LinkEvent& event, const QDateTime& time) override;
     void showExchange(const ExchangeRecord& record) override;
-    void showSummary(const WatchSummary& summary) override;
 
 private:
     bool m_frames;

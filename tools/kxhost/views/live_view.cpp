@@ -27,9 +27,10 @@ LiveView::LiveView(const QString& lineTitle)
     connect(m_keys.get(), &QSocketNotifier::activated, this, &LiveView::readKeys);
 }
 
-void LiveView::attach(const WatchRun* run)
+void LiveView::attach(const Watch* watch)
 {
-    m_run = run;
+    WatchView::attach(watch);
+    m_watch = watch;
     m_redraw.start(REDRAW_INTERVAL);
     redraw();
 }
@@ -61,8 +62,9 @@ void LiveView::showSummary(const WatchSummary& summary)
     const int width = m_terminal->width();
     const int height = m_terminal->height();
     m_terminal.reset();
-    const WatchList& list = m_run->list();
-    QStringList lines = tableLines(list.entries(), list.longestName(), m_run->now(), width, height);
+    const WatchList& list = m_watch->list();
+    QStringList lines =
+        tableLines(list.entries(), list.longestName(), m_watch->now(), width, height);
     lines += summaryLines(summary);
     for (const QString& line : lines)
         printLine(line);
@@ -86,11 +88,11 @@ WatchScreen LiveView::screen() const
 {
     WatchScreen screen;
     screen.line = m_title;
-    screen.fault = m_run->linkFault();
-    screen.summary = m_run->summary();
-    screen.entries = m_run->list().entries();
-    screen.longestName = m_run->list().longestName();
-    screen.now = m_run->now();
+    screen.fault = m_watch->linkFault();
+    screen.summary = m_watch->summary();
+    screen.entries = m_watch->list().entries();
+    screen.longestName = m_watch->list().longestName();
+    screen.now = m_watch->now();
     screen.message = m_message;
     screen.prompt = m_prompt.text();
     screen.takesKeys = m_terminal->takesKeys();
@@ -99,7 +101,7 @@ WatchScreen LiveView::screen() const
 
 void LiveView::redraw()
 {
-    if (m_terminal && m_run)
+    if (m_terminal && m_watch)
         m_terminal->draw(screenLines(screen(), m_terminal->width(), m_terminal->height()));
 }
 

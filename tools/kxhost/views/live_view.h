@@ -4,7 +4,7 @@
 #include "kxhost/terminal/prompt_line.h"
 #include "kxhost/terminal/terminal.h"
 #include "kxhost/views/watch_screen.h"
-#include "panel/watch/watch_run.h"
+#include "kxhost/views/watch_view.h"
 
 #include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
@@ -16,27 +16,27 @@ namespace kx
 
 /// The table that is redrawn in place, with a prompt below it. The terminal is
 /// restored before the summary is written.
-class LiveView : public QObject, public WatchView
+class LiveView : public WatchView
 {
     Q_OBJECT
 
 public:
     explicit LiveView(const QString& lineTitle);
 
-    /// Shows this run from now on; it stays the caller's.
-    void attach(const WatchRun* run);
+    void attach(const Watch* watch) override;
+    void showSummary(const WatchSummary& summary) override;
 
     /// The line above the prompt.
     void setMessage(const QString& message);
 
-    void showEntry(const WatchEntry& entry, const QDateTime& time) override;
-    void showLinkEvent(const LinkEvent& event, const QDateTime& time) override;
-    void showExchange(const ExchangeRecord& record) override;
-    void showSummary(const WatchSummary& summary) override;
-
 signals:
     /// A line was typed at the prompt.
     void entered(const QString& line);
+
+protected:
+    void showEntry(const WatchEntry& entry, const QDateTime& time) override;
+    void showLinkEvent(const LinkEvent& event, const QDateTime& time) override;
+    void showExchange(const ExchangeRecord& record) override;
 
 private:
     void readKeys();
@@ -44,7 +44,7 @@ private:
     WatchScreen screen() const;
 
     QString m_title;
-    const WatchRun* m_run = nullptr;
+    const Watch* m_watch = nullptr;
     QString m_message;
     PromptLine m_prompt;
     std::unique_ptr<Terminal> m_terminal;

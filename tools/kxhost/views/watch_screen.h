@@ -2,7 +2,8 @@
 #ifndef KX_KXHOST_VIEWS_WATCH_SCREEN_H
 #define KX_KXHOST_VIEWS_WATCH_SCREEN_H
 
-#include "panel/watch/watch_view.h"
+#include "panel/text/summary_text.h"
+#include "panel/watch/watch_list.h"
 
 #include <QtCore/QStringList>
 

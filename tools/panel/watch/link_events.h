@@ -6,6 +6,7 @@
 
 #include <QtCore/QJsonObject>
 #include <QtCore/QList>
+#include <QtCore/QMetaType>
 #include <QtCore/QSet>
 
 namespace kx
@@ -49,5 +50,7 @@ private:
 };
 
 } // namespace kx
+
+Q_DECLARE_METATYPE(kx::LinkEvent)
 
 #endif

@@ -39,6 +39,10 @@ QByteArray coilsFrom(int first, int count, int coilBit)
 
 QByteArray NumberingController::replyTo(const QByteArray& request) const
 {
+    if (refuses) {
+        const char function = static_cast<char>(request.at(1) | 0x80);
+        return withCrc((request.left(1) + function + '\2').toHex().constData());
+    }
     const int first = wordAt(request, 2);
     const int count = wordAt(request, 4);
     const QByteArray data = request.at(1) == READ_COILS ? coilsFrom(first, count, coilBit)

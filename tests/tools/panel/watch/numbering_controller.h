@@ -14,6 +14,7 @@ public:
     /// A coil holds one bit of its number, the one of this place, 0 to 14.
     static const int COIL_BITS = 15;
     int coilBit = 0;
+    bool refuses = false; ///< every read, as an illegal address
 
     /// @param request a whole read of coils or holding registers
     QByteArray replyTo(const QByteArray& request) const;

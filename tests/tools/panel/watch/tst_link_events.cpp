@@ -44,7 +44,6 @@ using Records = QList<ExchangeRecord>;
 } // namespace
 
 Q_DECLARE_METATYPE(Records)
-Q_DECLARE_METATYPE(LinkEvent)
 
 void LinkEventsTest::eventsAreToldOncePerChange_data()
 {

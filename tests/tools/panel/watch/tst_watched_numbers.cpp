@@ -2,9 +2,8 @@
 // else is watched and whatever the request limit.
 
 #include "model/random_source.h"
-#include "panel/watch/watch_run.h"
-#include "tools/faults/virtual_clock.h"
-#include "tools/panel/watch/numbering_controller.h"
+#include "panel/watch/watch.h"
+#include "tools/panel/watch/numbering_line.h"
 
 #include <QtTest/QTest>
 
@@ -16,39 +15,6 @@ namespace
 const int LONGEST = 125; // registers of one reply, and the highest limit of kxhost
 const int LISTS = 4;     // random ones for each limit
 const int NEAR = 24;     // addresses from a split, or from an end of the type
-
-class NumberingLine : public Line
-{
-public:
-    explicit NumberingLine(VirtualClock* clock) : m_clock(clock) {}
-
-    QString name() const override { return QStringLiteral("numbers"); }
-    LineTiming timing() const override { return {0, 8, 0, 1}; }
-    void open() override { emit opened(); }
-    void close() override {}
-    bool isOpen() const override { return true; }
-    void write(const QByteArray& bytes) override
-    {
-        const QByteArray reply = controller.replyTo(bytes);
-        m_clock->after(1000, [this, reply] { emit bytesArrived(reply); });
-    }
-    QByteArray takeWaiting() override { return QByteArray(); }
-    QByteArray discardWaiting() override { return QByteArray(); }
-
-    NumberingController controller;
-
-private:
-    VirtualClock* m_clock;
-};
-
-class NoView : public WatchView
-{
-public:
-    void showEntry(const WatchEntry&, const QDateTime&) override {}
-    void showLinkEvent(const LinkEvent&, const QDateTime&) override {}
-    void showExchange(const ExchangeRecord&) override {}
-    void showSummary(const WatchSummary&) override {}
-};
 
 DriverEntryPoints loadedDriver()
 {
@@ -78,12 +44,11 @@ class Numbers
 {
 public:
     Numbers(const QList<Tag>& tags, int maxWords)
-        : m_line(&m_clock),
-          m_session(makeSession(maxWords)),
-          m_run(m_session.get(), tags, 0, &m_view),
-          m_numbers(m_run.list().entries().size(), 0)
+        : m_line(&m_clock), m_session(makeSession(maxWords)), m_watch(m_session.get())
     {
-        m_run.start();
+        m_watch.setTags(tags);
+        m_numbers.fill(0, m_watch.list().entries().size());
+        m_session->start();
         for (int bit = 0; bit < NumberingController::COIL_BITS; ++bit)
             addBit(bit);
     }
@@ -92,7 +57,7 @@ public:
     QString fault() const
     {
         for (int i = 0; i < m_numbers.size(); ++i) {
-            const WatchEntry& entry = m_run.list().entries().at(i);
+            const WatchEntry& entry = m_watch.list().entries().at(i);
             const int number = modbusNumber(entry.type, entry.address);
             if (entry.state != WatchState::Ok || m_numbers.at(i) != expected(entry.type, number))
                 return QStringLiteral("%1@%2 shows %3 instead of %4")
@@ -127,11 +92,11 @@ private:
     void addBit(int bit)
     {
         m_line.controller.coilBit = bit;
-        const qint64 end = m_run.summary().cycles + 2;
-        while (m_run.summary().cycles < end)
+        const qint64 end = m_watch.summary().cycles + 2;
+        while (m_watch.summary().cycles < end)
             m_clock.step();
         for (int i = 0; i < m_numbers.size(); ++i) {
-            const WatchEntry& entry = m_run.list().entries().at(i);
+            const WatchEntry& entry = m_watch.list().entries().at(i);
             if (entry.type->registerClass == BIT_CLASS)
                 m_numbers[i] |= m_session->values(entry.range()).first() << bit;
             else
@@ -142,8 +107,7 @@ private:
     VirtualClock m_clock;
     NumberingLine m_line;
     std::unique_ptr<Session> m_session;
-    NoView m_view;
-    WatchRun m_run;
+    Watch m_watch;
     QVector<qint64> m_numbers; ///< as the entries
 };
 

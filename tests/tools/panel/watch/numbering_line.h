@@ -1,0 +1,48 @@
+/// A line to a numbering controller, in virtual time.
+#ifndef KX_TESTS_NUMBERING_LINE_H
+#define KX_TESTS_NUMBERING_LINE_H
+
+#include "exchange/lines/line.h"
+#include "tools/faults/virtual_clock.h"
+#include "tools/panel/watch/numbering_controller.h"
+
+#include <QtCore/QSet>
+
+namespace kx
+{
+
+class NumberingLine : public Line
+{
+public:
+    explicit NumberingLine(VirtualClock* clock) : m_clock(clock) {}
+
+    QString name() const override { return QStringLiteral("numbers"); }
+    LineTiming timing() const override { return {0, 8, 0, 1}; }
+    void open() override { emit opened(); }
+    void close() override {}
+    bool isOpen() const override { return true; }
+    void write(const QByteArray& bytes) override
+    {
+        ++requests;
+        if (silentStations.contains(bytes.at(0)))
+            return;
+        const QByteArray reply = controller.replyTo(bytes);
+        m_clock->after(1000, [this, reply] { emit bytesArrived(reply); });
+    }
+    QByteArray takeWaiting() override { return QByteArray(); }
+    QByteArray discardWaiting() override { return QByteArray(); }
+
+    void lose() { emit failed(QStringLiteral("numbers: the port is lost")); }
+    void interrupt() { emit interrupted(); }
+
+    NumberingController controller;
+    QSet<int> silentStations; ///< answer nothing
+    int requests = 0;
+
+private:
+    VirtualClock* m_clock;
+};
+
+} // namespace kx
+
+#endif

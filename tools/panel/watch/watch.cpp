@@ -1,0 +1,106 @@
+#include "panel/watch/watch.h"
+
+#include "addresses/watch_pieces.h"
+
+namespace kx
+{
+
+Watch::Watch(Session* session, QObject* parent) : QObject(parent), m_session(session)
+{
+    connect(session, &Session::valueChanged, this, &Watch::takeChange);
+    connect(session, &Session::exchanged, this, &Watch::takeExchange);
+    connect(session, &Session::lineFailed, this, &Watch::takeLostLine);
+    connect(session->line(), &Line::interrupted, this, [this] { tellLink(m_link.takeLineLost()); });
+    connect(session->line(), &Line::opened, this, &Watch::takeOpenedLine);
+}
+
+void Watch::setTags(const QList<Tag>& tags)
+{
+    WatchList list(tags);
+    list.keepValuesOf(m_list);
+    m_list = list;
+    const int maxWords = m_session->settings().maxWords;
+    m_readsPerCycle = m_session->watch(watchPieces(rangesOf(tags), maxWords));
+    m_readsInCycle = m_hasPolled ? -1 : 0;
+    emit listReplaced();
+}
+
+WatchSummary Watch::summary() const
+{
+    WatchSummary summary;
+    summary.statistics = m_session->statistics();
+    summary.timing = m_session->line()->timing();
+    summary.elapsed = m_session->elapsed();
+    summary.cycles = m_cycles;
+    return summary;
+}
+
+void Watch::takeChange(const ValueChange& change)
+{
+    const AddressRange& range = change.range;
+    tell(m_list.takeChange(
+        range.station, QString::fromLatin1(range.type->name), range.address,
+        [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
+}
+
+void Watch::takeExchange(const ExchangeRecord& record)
+{
+    emit exchanged(record);
+    tellLink(m_link.takeExchange(record));
+    if (record.job.kind == CYCLIC_READ_JOB)
+        takeRead(record);
+}
+
+void Watch::takeRead(const ExchangeRecord& record)
+{
+    m_hasPolled = true;
+    if (record.result == REPLY_ACCEPTED)
+        tell(m_list.takeRead(
+            record.job, [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
+    else if (record.result == REPLY_FAILED)
+        tell(m_list.takeFailure(record.job, record.replyKind == ReplyKind::Exception));
+    else
+        return;
+    countRead();
+}
+
+void Watch::countRead()
+{
+    ++m_readsInCycle;
+    if (m_readsPerCycle == 0 || m_readsInCycle < m_readsPerCycle)
+        return;
+    m_readsInCycle = 0;
+    ++m_cycles;
+    emit cycleFinished(m_cycles);
+}
+
+void Watch::takeLostLine(const Failure& failure)
+{
+    m_isLineLost = true;
+    emit lineLost(failure);
+}
+
+void Watch::takeOpenedLine()
+{
+    m_isLineLost = false;
+    tellLink(m_link.takeLineOpened());
+}
+
+void Watch::tell(const QList<int>& indexes)
+{
+    if (!indexes.isEmpty())
+        emit entriesChanged(indexes);
+}
+
+void Watch::tellLink(const QList<LinkEvent>& events)
+{
+    for (const LinkEvent& event : events)
+        emit linkChanged(event);
+}
+
+qint64 Watch::valueOf(const WatchEntry& entry) const
+{
+    return m_session->values(entry.range()).first();
+}
+
+} // namespace kx

@@ -1,0 +1,83 @@
+#ifndef KX_PANEL_WATCH_WATCH_H
+#define KX_PANEL_WATCH_WATCH_H
+
+#include "panel/session/session.h"
+#include "panel/text/summary_text.h"
+#include "panel/watch/link_events.h"
+#include "panel/watch/watch_list.h"
+
+namespace kx
+{
+
+/// What a panel shows of a session: a watch list with its values, the state of line and
+/// stations, and cycles. It listens; whoever owns the session starts and stops it.
+///
+/// It lives in the session's thread, and is called there only. Its signals carry values and
+/// may be taken in another thread; entries are looked up where it lives.
+class Watch : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param session must outlive the watch; its cyclic reads are the watch's from now on
+    explicit Watch(Session* session, QObject* parent = nullptr);
+
+    /// Replaces what is watched, also while the session polls; it is polled from the next
+    /// request on. What is known of addresses that stay is kept, and cycles are counted on.
+    /// Not for slots of entriesChanged(): others would get indexes of the list before.
+    /// @param tags as WatchList takes them; none: nothing is polled
+    void setTags(const QList<Tag>& tags);
+
+    const WatchList& list() const { return m_list; }
+    WatchSummary summary() const;
+    /// Milliseconds on the clock of the list's entries.
+    qint64 now() const { return m_session->elapsed(); }
+
+    /// What is wrong with the line or its stations now; empty when nothing is.
+    QString linkFault() const { return m_link.faultText(); }
+
+    /// Whether the device failed: an address was never read or its last read failed,
+    /// or the line was lost for good and has not been opened since.
+    bool hasDeviceFailed() const { return m_isLineLost || !m_list.allAnswered(); }
+
+signals:
+    /// The list is another: indexes mean other entries.
+    void listReplaced();
+    /// A request has ended. The first signal about it; the others follow in the order below.
+    void exchanged(const kx::ExchangeRecord& record);
+    /// The line or a station is lost or back.
+    void linkChanged(const kx::LinkEvent& event);
+    /// Values became known or changed, or the states of addresses did.
+    /// @param indexes in the list, rising
+    void entriesChanged(const QList<int>& indexes);
+    /// Every cyclic read was answered or failed once more. Changes that the last reply
+    /// brought are still to come. The first cycle after setTags() may end one read late,
+    /// since what was on its way is not counted.
+    void cycleFinished(qint64 cycles);
+    /// The line is lost for good; the session has stopped.
+    void lineLost(const kx::Failure& failure);
+
+private:
+    void takeChange(const ValueChange& change);
+    void takeExchange(const ExchangeRecord& record);
+    void takeRead(const ExchangeRecord& record);
+    void countRead();
+    void takeLostLine(const Failure& failure);
+    void takeOpenedLine();
+    void tell(const QList<int>& indexes);
+    void tellLink(const QList<LinkEvent>& events);
+    qint64 valueOf(const WatchEntry& entry) const;
+
+    Session* m_session;
+    WatchList m_list;
+    LinkState m_link;
+    int m_readsPerCycle = 0;
+    int m_readsInCycle = 0; ///< finished; -1: one is on its way that belongs to no cycle
+    qint64 m_cycles = 0;
+    bool m_hasPolled = false;
+    bool m_isLineLost = false;
+};
+
+} // namespace kx
+
+#endif
