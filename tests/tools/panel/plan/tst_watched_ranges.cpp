@@ -55,8 +55,8 @@ void TestWatchedRanges::whatIsWatchedOfARangeIsFound_data()
     row("with gaps, in any order", "D103 D100 D98:2 D104", "D100:4", "D100:1@1 D103:1@1");
     row("touching is one", "D102:2 D100:2", "D100:4", "D100:4@1");
     row("twice", "D100 D100", "D100:4", "D100:1@1");
-    row("a short one inside a long one, then one behind", "D90:30 D95 D110:15", "D118:10",
-        "D118:7@1");
+    row("behind a short one that lies inside a long one", "D90:30 D95", "D100:4", "D100:4@1");
+    row("beside the same of another station", "D100@1 D101@2", "D100:4@2", "D101:1@2");
     row("other stations, before and behind", "D100@1 D100@3", "D100@2", "");
     row("other types, before and behind", "S100 D101 SD100", "D100:4", "D101:1@1");
     row("octal", "X7:2", "X6:4", "X7:2@1");
