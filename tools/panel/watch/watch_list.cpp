@@ -21,31 +21,33 @@ AddressRange WatchEntry::range() const
     return range;
 }
 
-// No two addresses of a panel have the same.
-uint qHash(const WatchList::Place& place)
+// No two pages of a panel have the same.
+uint qHash(const WatchList::PageKey& key)
 {
-    const int addressesOfAllTypes = 16384;
-    const uint ofStation = static_cast<uint>(place.station) * REGISTER_TYPE_COUNT
-                           + static_cast<uint>(registerTypeRow(place.type));
-    return ofStation * addressesOfAllTypes + static_cast<uint>(place.address);
+    const int mostPages = 256; // of a type
+    const uint ofStation = static_cast<uint>(key.station) * REGISTER_TYPE_COUNT
+                           + static_cast<uint>(registerTypeRow(key.type));
+    return ofStation * mostPages + static_cast<uint>(key.number);
 }
 
-/// Which names a place has besides its first: most places have none.
+WatchList::PageKey WatchList::pageOf(const Place& place)
+{
+    return {place.station, place.type, place.address / Page::SIZE};
+}
+
+/// The names of addresses besides their first: most have none.
 class WatchList::MoreNames
 {
 public:
-    /// False when it was there.
-    bool insert(const Place& place, const QString& name)
-    {
-        QSet<QString>& names = m_names[place];
-        if (names.contains(name))
-            return false;
-        names.insert(name);
-        return true;
-    }
+    struct Names {
+        QSet<QString> names;
+        int last = -1; ///< entry
+    };
+    /// By the first entry of the address.
+    Names& of(int first) { return m_names[first]; }
 
 private:
-    QHash<Place, QSet<QString>> m_names;
+    QHash<int, Names> m_names;
 };
 
 WatchList::WatchList(const QList<Tag>& tags)
@@ -55,7 +57,6 @@ WatchList::WatchList(const QList<Tag>& tags)
         addresses += tag.range.values;
     m_entries.reserve(addresses);
     m_next.reserve(static_cast<size_t>(addresses));
-    m_chains.reserve(addresses);
     MoreNames moreNames;
     for (const Tag& tag : tags) {
         m_longestName = qMax(m_longestName, static_cast<int>(tag.name.size()));
@@ -73,41 +74,51 @@ WatchList::WatchList(const QList<Tag>& tags)
 void WatchList::add(const WatchEntry& wanted, MoreNames* moreNames)
 {
     const Place place = {wanted.station, wanted.type, wanted.address};
-    const auto chain = m_chains.constFind(place);
-    if (chain == m_chains.constEnd()) {
-        append(wanted);
+    int& first = m_pages[pageOf(place)].first[static_cast<size_t>(place.address % Page::SIZE)];
+    if (first < 0) {
+        first = append(wanted);
         return;
     }
-    QString& firstName = m_entries[chain->first].name;
-    if (firstName.isEmpty())
+    QString& firstName = m_entries[first].name;
+    if (firstName.isEmpty()) {
         firstName = wanted.name;
-    else if (!wanted.name.isEmpty() && wanted.name != firstName
-             && moreNames->insert(place, wanted.name))
-        append(wanted);
+        return;
+    }
+    if (wanted.name.isEmpty() || wanted.name == firstName)
+        return;
+    MoreNames::Names& more = moreNames->of(first);
+    if (more.names.contains(wanted.name))
+        return;
+    more.names.insert(wanted.name);
+    const int index = append(wanted);
+    m_next[static_cast<size_t>(more.last < 0 ? first : more.last)] = index;
+    more.last = index;
 }
 
-void WatchList::append(const WatchEntry& entry)
+int WatchList::append(const WatchEntry& entry)
 {
-    const int index = static_cast<int>(m_entries.size());
     m_entries << entry;
     m_next.push_back(-1);
-    const Place place = {entry.station, entry.type, entry.address};
-    const auto chain = m_chains.find(place);
-    if (chain == m_chains.end()) {
-        m_chains.insert(place, {index, index});
-        return;
-    }
-    m_next[static_cast<size_t>(chain->last)] = index;
-    chain->last = index;
+    return static_cast<int>(m_entries.size()) - 1;
+}
+
+int WatchList::firstAt(const Place& place) const
+{
+    if (place.address < 0)
+        return -1;
+    const auto page = m_pages.constFind(pageOf(place));
+    return page == m_pages.constEnd()
+               ? -1
+               : page->first[static_cast<size_t>(place.address % Page::SIZE)];
 }
 
 void WatchList::keepValuesOf(const WatchList& earlier)
 {
     for (WatchEntry& entry : m_entries) {
-        const auto chain = earlier.m_chains.constFind({entry.station, entry.type, entry.address});
-        if (chain == earlier.m_chains.constEnd())
+        const int index = earlier.firstAt({entry.station, entry.type, entry.address});
+        if (index < 0)
             continue;
-        const WatchEntry& known = earlier.m_entries.at(chain->first);
+        const WatchEntry& known = earlier.m_entries.at(index);
         setState(&entry, known.state);
         entry.isKnown = known.isKnown;
         entry.value = known.value;
@@ -180,9 +191,7 @@ QList<int> WatchList::takeFailure(const VARIABLE& job, bool refused)
 
 void WatchList::addIndexesAt(const Place& place, QList<int>* indexes) const
 {
-    const auto chain = m_chains.constFind(place);
-    for (int index = chain == m_chains.constEnd() ? -1 : chain->first; index >= 0;
-         index = m_next[static_cast<size_t>(index)])
+    for (int index = firstAt(place); index >= 0; index = m_next[static_cast<size_t>(index)])
         *indexes << index;
 }
 

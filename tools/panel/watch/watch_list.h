@@ -9,6 +9,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QVector>
 
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -77,23 +78,32 @@ private:
     struct Place {
         int station;
         const RegisterType* type;
-        int address;
+        int address; ///< 0 or more
+    };
+    /// Neighbours lie together: the hash stays so small that the processor has it at hand.
+    struct Page {
+        static const int SIZE = 64;  // addresses
+        std::array<int, SIZE> first; ///< entry of each address, -1: none
+        Page() { first.fill(-1); }
+    };
+    struct PageKey {
+        int station;
+        const RegisterType* type;
+        int number;
 
-        bool operator==(const Place& other) const
+        bool operator==(const PageKey& other) const
         {
-            return station == other.station && type == other.type && address == other.address;
+            return station == other.station && type == other.type && number == other.number;
         }
     };
-    friend uint qHash(const Place& place);
-    /// The entries of one place: the first and the last of a chain.
-    struct Chain {
-        int first;
-        int last;
-    };
+    friend uint qHash(const PageKey& key);
     class MoreNames;
 
+    static PageKey pageOf(const Place& place);
     void add(const WatchEntry& wanted, MoreNames* moreNames);
-    void append(const WatchEntry& entry);
+    int append(const WatchEntry& entry);
+    /// The first entry of a place, -1: none.
+    int firstAt(const Place& place) const;
     void setState(WatchEntry* entry, WatchState state);
     /// Appends in the list's order.
     void addIndexesAt(const Place& place, QList<int>* indexes) const;
@@ -101,7 +111,7 @@ private:
     QList<int> coveredBy(const VARIABLE& job) const;
 
     QVector<WatchEntry> m_entries;
-    QHash<Place, Chain> m_chains;
+    QHash<PageKey, Page> m_pages;
     std::vector<int> m_next; ///< of each entry the next one of its place, -1 at the end
     int m_longestName = 0;
     int m_answered = 0; ///< entries in state Ok

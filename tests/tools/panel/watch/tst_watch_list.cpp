@@ -169,8 +169,11 @@ void WatchListTest::reportWithoutAChangeIsNone()
 
 void WatchListTest::changeOfAnAddressNotWatchedIsNone()
 {
-    WatchList list({tagOf("D100")});
+    WatchList list({tagOf("D0"), tagOf("D100")});
     QCOMPARE(list.takeChange(1, d(), 101, always(5), 70), QList<int>());
+    for (const int address : {-100, -1, 36, 164, INT_MIN, INT_MAX})
+        QCOMPARE(list.takeChange(1, d(), address, always(5), 70), QList<int>());
+    QCOMPARE(list.takeChange(1, QString::fromLatin1("d"), 100, always(5), 70), QList<int>());
     QCOMPARE(list.takeChange(2, d(), 100, always(5), 70), QList<int>());
     QCOMPARE(list.takeChange(1, QString::fromLatin1("SD"), 100, always(5), 70), QList<int>());
 }
