@@ -73,6 +73,7 @@ private:
     void takeNoise();
     void endFrame();
     void giveUp() { finish(QByteArray()); }
+    void takeTimeOut();
     void finish(QByteArray reply);
     void show();
     void endWithPort(QSerialPort::SerialPortError error);
@@ -94,7 +95,7 @@ Runtime::Runtime(QSerialPort* port, int exchanges) : m_port(port), m_exchanges(e
         timer->setTimerType(Qt::PreciseTimer);
     }
     connect(&m_silence, &QTimer::timeout, this, &Runtime::transmit);
-    connect(&m_deadline, &QTimer::timeout, this, &Runtime::giveUp);
+    connect(&m_deadline, &QTimer::timeout, this, &Runtime::takeTimeOut);
     connect(&m_frameEnd, &QTimer::timeout, this, &Runtime::endFrame);
     connect(m_port, &QIODevice::readyRead, this, &Runtime::receive);
     connect(m_port, &QSerialPort::errorOccurred, this, &Runtime::endWithPort);
@@ -112,6 +113,7 @@ void Runtime::transmit()
         m_port->clear(QSerialPort::Input); // bytes that came too late for the request before
         m_received.clear();
         m_port->write(reinterpret_cast<const char*>(m_request.frame), m_request.sendLen);
+        m_port->flush(); // at once, however busy the program will be
         const int transmission = m_request.sendLen * 10 * 1000 / BAUD; // 10 bits a byte
         m_deadline.start(transmission + TIMEOUT);
     }
@@ -128,6 +130,16 @@ void Runtime::receive()
         finish(m_received);
     else
         m_frameEnd.start(FRAME_END);
+}
+
+// A busy program may find the timer before the bytes, which lie in the port: once round the
+// event loop, which looks at ports before timers.
+void Runtime::takeTimeOut()
+{
+    if (m_deadline.interval() > 0)
+        m_deadline.start(0);
+    else
+        giveUp();
 }
 
 // A late reply, or noise: thrown away, and the line must be silent first. On one that never
