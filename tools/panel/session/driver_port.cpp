@@ -1,5 +1,6 @@
 #include "panel/session/driver_port.h"
 
+#include "exchange/driver_keys.h"
 #include "panel/session/driver_values.h"
 
 namespace kx
@@ -7,17 +8,6 @@ namespace kx
 
 namespace
 {
-
-KEY_ADDRESS keyOf(const AddressRange& range)
-{
-    KEY_ADDRESS key = KEY_ADDRESS();
-    key.station = range.station;
-    key.regType = QString::fromLatin1(range.type->name);
-    key.address = range.address;
-    key.bitIndex = range.type->registerClass == BIT_CLASS ? -1 : 0;
-    key.count = range.driverCount();
-    return key;
-}
 
 DriverPort* current = nullptr; // the holder of the driver, for its plain C functions
 

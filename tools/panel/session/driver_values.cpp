@@ -1,5 +1,7 @@
 #include "panel/session/driver_values.h"
 
+#include "addresses/request_limits.h"
+
 namespace kx
 {
 
@@ -8,7 +10,7 @@ namespace
 
 int bytesPerValue(const RegisterType* type)
 {
-    return type->registerClass == BIT_CLASS ? 1 : 2 * registersPerAddress(type);
+    return type->registerClass == BIT_CLASS ? 1 : BYTES_PER_REGISTER * registersPerAddress(type);
 }
 
 template <class Record>

@@ -1,6 +1,7 @@
 #include "panel/session/recipe_feed.h"
 
 #include "data/reply_handling.h"
+#include "exchange/driver_memory.h"
 #include "panel/session/driver_values.h"
 
 #include <utility>
@@ -99,7 +100,7 @@ RecipeFeed::Step RecipeFeed::take(int handle, const VARIABLE* inFlight)
     if (handle == 0)
         return Step();
     if (handle == m_current.handle) {
-        const Step step = takeCurrent(inFlight);
+        Step step = takeCurrent(inFlight);
         m_port->withdrawRecipe();
         return step;
     }

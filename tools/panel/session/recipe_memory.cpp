@@ -1,6 +1,6 @@
 #include "panel/session/recipe_memory.h"
 
-#include "panel/recipe/recipe_layout.h"
+#include "exchange/driver_memory.h"
 
 #include <QtCore/QMutexLocker>
 
@@ -12,9 +12,6 @@ namespace kx
 namespace
 {
 
-const size_t SHARED_BLOCK_SIZE = 60117; // bytes
-const size_t WRITE_REQUEST = 60115;     // byte of the shared block
-const size_t READ_REQUEST = 60116;
 const unsigned char REQUESTED = 1;
 // A block that starts at the buffer's last word may be as long as a payload.
 const size_t WORDS_BEHIND = PAYLOAD_SIZE;
@@ -40,8 +37,8 @@ quint16 RecipeMemory::word(int offset) const
 void RecipeMemory::raise(JobKind kind)
 {
     const QMutexLocker lock(&m_mutex);
-    m_shared[WRITE_REQUEST] = kind == RECIPE_WRITE_JOB ? REQUESTED : 0;
-    m_shared[READ_REQUEST] = kind == RECIPE_READ_JOB ? REQUESTED : 0;
+    m_shared[RECIPE_WRITE_REQUEST] = kind == RECIPE_WRITE_JOB ? REQUESTED : 0;
+    m_shared[RECIPE_READ_REQUEST] = kind == RECIPE_READ_JOB ? REQUESTED : 0;
 }
 
 void RecipeMemory::lower()
@@ -52,9 +49,9 @@ void RecipeMemory::lower()
 JobKind RecipeMemory::requested()
 {
     const QMutexLocker lock(&m_mutex);
-    if (m_shared[WRITE_REQUEST] == REQUESTED)
+    if (m_shared[RECIPE_WRITE_REQUEST] == REQUESTED)
         return RECIPE_WRITE_JOB;
-    return m_shared[READ_REQUEST] == REQUESTED ? RECIPE_READ_JOB : NO_JOB;
+    return m_shared[RECIPE_READ_REQUEST] == REQUESTED ? RECIPE_READ_JOB : NO_JOB;
 }
 
 } // namespace kx

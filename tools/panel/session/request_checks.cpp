@@ -3,6 +3,7 @@
 #include "addresses/read_pieces.h"
 #include "addresses/station_text.h"
 #include "addresses/write_pieces.h"
+#include "exchange/driver_memory.h"
 #include "panel/session/driver_values.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ Failure notWritable(const AddressRange& range)
 Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction, int maxWords)
 {
     const AddressRange range = rangeOf(variable);
-    const Failure missing = rangeRefusal(range);
+    Failure missing = rangeRefusal(range);
     if (!missing.isNone())
         return missing;
     if (direction == RecipeDirection::Download && !range.type->writable)
@@ -75,7 +76,7 @@ Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction,
 
 Failure readRefusal(const AddressRange& range, int maxWords)
 {
-    const Failure missing = rangeRefusal(range);
+    Failure missing = rangeRefusal(range);
     if (!missing.isNone())
         return missing;
     const int most = addressesPerRead(range.type, maxWords);
@@ -86,7 +87,7 @@ Failure readRefusal(const AddressRange& range, int maxWords)
 Failure writeRefusal(const Assignment& assignment, int maxWords)
 {
     const AddressRange& range = assignment.range;
-    const Failure missing = rangeRefusal(range);
+    Failure missing = rangeRefusal(range);
     if (!missing.isNone())
         return missing;
     if (!range.type->writable)
@@ -111,7 +112,7 @@ Failure recipeRefusal(RecipeDirection direction, const QList<RecipePass>& passes
     int variables = 0;
     for (const RecipePass& pass : passes) {
         for (const _RCP_VAR_PRO& variable : pass.variables) {
-            const Failure failure = variableRefusal(variable, direction, maxWords);
+            Failure failure = variableRefusal(variable, direction, maxWords);
             if (!failure.isNone())
                 return failure;
         }

@@ -153,9 +153,4 @@ QJsonObject exchangeJson(const ExchangeRecord& record)
     return json;
 }
 
-QString reasonOf(const ExchangeRecord& record)
-{
-    return reasonText(record.replyKind, record.exceptionCode);
-}
-
 } // namespace kx

@@ -29,9 +29,6 @@ QStringList exchangeLines(const ExchangeRecord& record);
 
 QJsonObject exchangeJson(const ExchangeRecord& record);
 
-/// Why a request failed: "no reply", "exception 2 (illegal data address)".
-QString reasonOf(const ExchangeRecord& record);
-
 } // namespace kx
 
 #endif
