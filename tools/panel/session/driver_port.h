@@ -65,6 +65,8 @@ public:
     void startRecipe(RecipeDirection direction, QVector<_RCP_VAR_PRO> variables);
     /// Whether blocks are left to transfer.
     bool isRecipePending() { return m_recipe.requested() != NO_JOB; }
+    /// Whether a block was handed out and has not ended.
+    bool isRecipeOut() const;
     /// Gives the transfer up, as giveUpQueued(); the next one starts at its first block.
     void withdrawRecipe();
     RecipeMemory& recipeMemory() { return m_recipe; }
@@ -85,7 +87,6 @@ private:
     int settle(QByteArray& reply, QString& errorText);
     void giveUpRequest();
     Slot& slotOf(int kind);
-    bool isRecipeOut() const;
 
     DriverLease m_lease;
     DriverEntryPoints m_driver;

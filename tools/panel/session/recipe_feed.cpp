@@ -88,8 +88,8 @@ RecipeFeed::Step RecipeFeed::takeCurrent(const VARIABLE* inFlight)
     Step step;
     step.handle = std::exchange(m_current, Recipe()).handle;
     step.hasEnded = true;
-    step.end.unsettled =
-        inFlight && isRecipe(*inFlight) && m_isPassUnderWay ? rangeOf(*inFlight) : m_unsettled;
+    // What is in flight may be a block of one that was given up before.
+    step.end.unsettled = inFlight && m_port->isRecipeOut() ? rangeOf(*inFlight) : m_unsettled;
     m_unsettled = AddressRange();
     m_isPassUnderWay = false;
     return step;

@@ -37,8 +37,6 @@ Session::Session(const DriverEntryPoints& entryPoints, Line* line, const Session
 
 Session::~Session()
 {
-    if (!m_port.isHeld())
-        return;
     m_isGone = true;
     stop();
     tellWaitingEnds();
@@ -116,18 +114,19 @@ bool Session::accepts(int handle, JobKind kind, Failure refusal)
 int Session::issued(int handle)
 {
     m_issuing.append(handle);
-    feed();
+    handOver();
+    m_loop->wake();
     m_issuing.removeLast();
     return handle;
 }
 
-void Session::feed()
+void Session::handOver()
 {
     m_writes.feed();
     m_reads.feed();
-    m_recipes.feed();
+    if (!m_isTelling)
+        m_recipes.feed();
     tellChanges();
-    m_loop->wake();
 }
 
 bool Session::cancel(int handle, const QString& reason)
@@ -145,7 +144,8 @@ bool Session::cancel(int handle, const QString& reason)
         ended.end.unsettled = recipe.end.unsettled;
     }
     tell(ended);
-    feed();
+    handOver();
+    m_loop->wake();
     return true;
 }
 
@@ -156,33 +156,36 @@ void Session::takeExchange(const ExchangeRecord& record)
     const RequestFeed::Request read = m_reads.takeEnded(record);
     const RequestFeed::Request write = m_writes.takeEnded(record);
     const RecipeFeed::Step recipe = m_recipes.takeExchange(record);
-    const Failure failure = failureOf(record);
-    ReadEnd readEnd = {{}, failure, record};
-    if (read.handle != 0 && failure.isNone())
-        readEnd.values = m_port.values(read.wanted.range);
+    QList<qint64> values;
+    if (read.handle != 0 && record.result == REPLY_ACCEPTED)
+        values = m_port.values(read.wanted.range);
 
+    m_isTelling = true;
     emit exchanged(record);
     tellChanges();
     if (read.handle != 0)
-        emit readFinished(read.handle, readEnd);
+        emit readFinished(read.handle, {values, failureOf(record), record});
     if (write.handle != 0)
-        emit writeFinished(write.handle, {failure, record});
+        emit writeFinished(write.handle, {failureOf(record), record});
     if (recipe.block.type)
         emit recipeBlockDone(recipe.handle, recipe.block);
     if (recipe.hasEnded)
         emit recipeFinished(recipe.handle, recipe.end);
     if (record.job.kind == CYCLIC_READ_JOB && record.result == REPLY_FAILED)
-        emit failed(failure);
-    feed();
+        emit failed(failureOf(record));
+    m_isTelling = false;
+    handOver();
 }
 
-/// After five writes, or three reads, in a row without a cyclic read the driver says once that
-/// it has nothing, though more wait.
+/// After five writes, or three reads, in a row without a polled read the driver says once that
+/// it has nothing, though more wait; and a request that was given up makes room for the next.
 void Session::takeIdle()
 {
-    const bool asksAgain = !m_wasAskedAgain && m_port.hasQueued();
-    m_wasAskedAgain = asksAgain;
-    if (asksAgain)
+    const bool isAskedAgain = std::exchange(m_wasAskedAgain, false);
+    if (!isAskedAgain)
+        handOver();
+    m_wasAskedAgain = !isAskedAgain && (m_port.hasQueued() || m_port.isRecipePending());
+    if (m_wasAskedAgain)
         m_loop->wake();
     else
         emit idle();
@@ -219,7 +222,6 @@ void Session::endAll(const Failure& failure)
 
 void Session::tellLater(const Ended& ended)
 {
-    // The caller must know the handle first.
     if (m_toTell.isEmpty())
         QMetaObject::invokeMethod(this, &Session::tellWaitingEnds, Qt::QueuedConnection);
     m_toTell.append(ended);

@@ -69,7 +69,7 @@ public:
     int write(const Assignment& assignment);
 
     /// The words that the downloads asked for from now on send; those that wait keep theirs.
-    /// A variable names its first word by _RCP_VAR_PRO::bufOffset.
+    /// A variable names its first word by _RCP_VAR_PRO::bufOffset. A RecipeJob loads its own.
     /// @return false, and nothing changes, when there are more than RECIPE_BUFFER_WORDS
     bool loadRecipe(const std::vector<quint16>& words) { return m_recipes.load(words); }
     /// A word that an upload has brought: in recipeFinished(), and until another transfer
@@ -128,7 +128,8 @@ private:
     /// Else tells the end later.
     bool accepts(int handle, JobKind kind, Failure refusal);
     int issued(int handle);
-    void feed();
+    /// Hands what is next over to the driver.
+    void handOver();
     void takeExchange(const ExchangeRecord& record);
     void takeIdle();
     void takeLostLine(const QString& error);
@@ -146,11 +147,13 @@ private:
     RequestFeed m_reads;
     RequestFeed m_writes;
     RecipeFeed m_recipes;
-    QList<Ended> m_toTell; ///< from the event loop
+    QList<Ended> m_toTell; ///< from the event loop, when their callers know the handles
     QList<int> m_issuing;  ///< handles that their callers do not know yet
     int m_lastHandle = 0;
     bool m_isGone = false;
-    bool m_wasAskedAgain = false; ///< since the latest exchange
+    /// What an exchange has brought: the words of an upload must not be replaced meanwhile.
+    bool m_isTelling = false;
+    bool m_wasAskedAgain = false; ///< the driver, since its latest request
 };
 
 } // namespace kx

@@ -16,7 +16,9 @@ class TestRecipeTurns : public QObject
 private slots:
     void theNextOneBeginsAtItsFirstBlock_data();
     void theNextOneBeginsAtItsFirstBlock();
+    void aBlockGivenUpIsNotTheNextOnes();
     void twoUploadsKeepTheirValues();
+    void theNextOneWaitsUntilTheEndIsTold();
     void onlyACompleteUploadHasValues();
 };
 
@@ -64,6 +66,25 @@ void TestRecipeTurns::theNextOneBeginsAtItsFirstBlock()
     QVERIFY(polling.pollsGoOn());
 }
 
+// It is still on its way when the next recipe is given up, too.
+void TestRecipeTurns::aBlockGivenUpIsNotTheNextOnes()
+{
+    PollingRun polling;
+    RecipeJob first(&polling.session(), layoutOf("a,1,D,100,uint16,5\n"),
+                    RecipeDirection::Download);
+    RecipeJob second(&polling.session(), layoutOf("a,1,D,200,uint16,6\n"),
+                     RecipeDirection::Download);
+    first.start();
+    second.start();
+    QVERIFY(polling.untilOnTheWay(QStringLiteral("01 06 00 64 00 05")));
+    first.abort(QStringLiteral("interrupted"));
+    second.abort(QStringLiteral("interrupted"));
+    QCOMPARE(first.blockMaybeDone(), QStringLiteral("D100:1@1"));
+    QCOMPARE(second.blockMaybeDone(), QString());
+    QVERIFY(polling.pollsGoOn());
+    QCOMPARE(polling.asked(), QStringList());
+}
+
 // The second one fills the same buffer.
 void TestRecipeTurns::twoUploadsKeepTheirValues()
 {
@@ -82,6 +103,24 @@ void TestRecipeTurns::twoUploadsKeepTheirValues()
     QVERIFY(polling.untilEnded(second));
     QCOMPARE(first.values(rows), (QList<quint32>{7, 1}));
     QCOMPARE(second.values(otherRows), (QList<quint32>{8, 0}));
+}
+
+// The next one puts its words into the buffer that the upload has filled.
+void TestRecipeTurns::theNextOneWaitsUntilTheEndIsTold()
+{
+    PollingRun polling;
+    QString error;
+    QVERIFY(polling.run().line().stations().preset(assignmentOf("D100@1=7"), &error));
+    RecipeJob upload(&polling.session(), layoutOf("a,1,D,100,uint16,\n"), RecipeDirection::Upload);
+    RecipeJob download(&polling.session(), layoutOf("a,1,D,200,uint16,9\n"),
+                       RecipeDirection::Download);
+    connect(&upload, &RecipeJob::blockDone, this,
+            [&] { polling.session().read(tagOf("D300@1").range); });
+    upload.start();
+    download.start();
+    QVERIFY(polling.untilEnded(download));
+    QCOMPARE(upload.values(rowsOf("a,1,D,100,uint16,")), QList<quint32>{7});
+    QCOMPARE(polling.memory("D200@1"), QList<quint32>{9});
 }
 
 void TestRecipeTurns::onlyACompleteUploadHasValues()

@@ -64,6 +64,7 @@ private slots:
     void nothingIsTakenWhileTheSessionDoesNotRun();
     void whatWaitsCanBeCancelled_data();
     void whatWaitsCanBeCancelled();
+    void roomOfACancelledWriteIsUsedAtOnce();
     void theDriversOwnIsNotSentOnceCancelled_data();
     void theDriversOwnIsNotSentOnceCancelled();
     void recipeIsSent();
@@ -380,6 +381,21 @@ void TestSession::whatWaitsCanBeCancelled()
     QCOMPARE(tried, handles);
     for (int i = 0; i < 3; ++i)
         QCOMPARE(int(m_line->written.count(requests.at(i))), i == cancelled ? sentOfCancelled : 2);
+}
+
+// The driver has nothing else to send, which would lead to the next request.
+void TestSession::roomOfACancelledWriteIsUsedAtOnce()
+{
+    m_settings.exchange.idleInterval = 60000; // milliseconds
+    makeSession();
+    m_session->start();
+    m_session->read(range("D0"));
+    QTRY_COMPARE(m_line->written.size(), 1); // it is on its way
+    const int unwanted = m_session->write(assignment("D100=1"));
+    m_session->cancel(unwanted, QString());
+    m_session->write(assignment("D101=2"));
+    QTRY_COMPARE(m_line->written.size(), 2);
+    QCOMPARE(m_line->written.last(), withCrc("01 06 00 65 00 02"));
 }
 
 void TestSession::theDriversOwnIsNotSentOnceCancelled_data()
