@@ -35,6 +35,7 @@ private slots:
     void lineFoundLostAtTheTimeOut();
     void lineFoundInterruptedAtTheTimeOut();
     void stoppedRequestGoesOutAgain();
+    void theJobInFlightIsKnown();
 };
 
 void ExchangeLoopTest::replyInPiecesIsHandedOverWhole()
@@ -357,6 +358,22 @@ void ExchangeLoopTest::lineFoundInterruptedAtTheTimeOut()
     QVERIFY(m_records.first().replyKind == ReplyKind::Lost);
     QCOMPARE(m_driver->replies, QList<QByteArray>({QByteArray()}));
     QCOMPARE(m_line->written.size(), 1);
+}
+
+void ExchangeLoopTest::theJobInFlightIsKnown()
+{
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    start();
+    QVERIFY(!m_loop->jobInFlight()); // silence comes first
+    QTRY_COMPARE(m_line->written.size(), 1);
+    QVERIFY(m_loop->jobInFlight());
+    m_loop->stop();
+    QVERIFY(m_loop->jobInFlight()); // nobody has answered it
+    m_line->answer({{1, withCrc(GOOD)}});
+    m_loop->start();
+    QVERIFY(!m_loop->jobInFlight());
+    QVERIFY(waitForRecords(1));
+    QVERIFY(!m_loop->jobInFlight());
 }
 
 void ExchangeLoopTest::stoppedRequestGoesOutAgain()

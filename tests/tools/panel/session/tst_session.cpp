@@ -65,6 +65,8 @@ private slots:
     void whatWaitsCanBeCancelled_data();
     void whatWaitsCanBeCancelled();
     void roomOfACancelledWriteIsUsedAtOnce();
+    void replyToAnEndedWriteEndsNoOther_data();
+    void replyToAnEndedWriteEndsNoOther();
     void theDriversOwnIsNotSentOnceCancelled_data();
     void theDriversOwnIsNotSentOnceCancelled();
     void recipeIsSent();
@@ -396,6 +398,38 @@ void TestSession::roomOfACancelledWriteIsUsedAtOnce()
     m_session->write(assignment("D101=2"));
     QTRY_COMPARE(m_line->written.size(), 2);
     QCOMPARE(m_line->written.last(), withCrc("01 06 00 65 00 02"));
+}
+
+void TestSession::replyToAnEndedWriteEndsNoOther_data()
+{
+    QTest::addColumn<bool>("isInitialised");
+    QTest::newRow("cancelled") << false;
+    QTest::newRow("ended by an initialisation") << true;
+}
+
+// The same values are written again, before the confirmation of the first write comes.
+void TestSession::replyToAnEndedWriteEndsNoOther()
+{
+    QFETCH(bool, isInitialised);
+    m_line->answer({{20, withCrc("01 06 00 64 00 01")}});
+    m_line->answer({{1, withCrc("01 06 00 64 00 01")}});
+    QList<int> ended;
+    QList<int> sentBefore;
+    connect(m_session.get(), &Session::writeFinished, this, [&](int handle, const WriteEnd& end) {
+        ended << handle;
+        sentBefore << static_cast<int>(m_line->written.size());
+        QCOMPARE(end.failure.isNone(), ended.size() == 2);
+    });
+    m_session->start();
+    const int first = m_session->write(assignment("D100=1"));
+    QTRY_COMPARE(m_line->written.size(), 1);
+    if (isInitialised)
+        m_session->initialise();
+    else
+        m_session->cancel(first, QString());
+    const int second = m_session->write(assignment("D100=1"));
+    QTRY_COMPARE(ended, (QList<int>{first, second}));
+    QCOMPARE(sentBefore, (QList<int>{1, 2}));
 }
 
 void TestSession::theDriversOwnIsNotSentOnceCancelled_data()
