@@ -142,7 +142,7 @@ QList<int> WatchList::takeChange(int station, const QString& type, int address,
     if (!registerType)
         return changed;
     QList<int> indexes;
-    addIndexesAt({station, registerType, address}, &indexes);
+    addPlace(firstAt({station, registerType, address}), &indexes);
     for (const int index : indexes) {
         WatchEntry& entry = m_entries[index];
         const qint64 value = valueOf(entry);
@@ -189,9 +189,9 @@ QList<int> WatchList::takeFailure(const VARIABLE& job, bool refused)
     return changed;
 }
 
-void WatchList::addIndexesAt(const Place& place, QList<int>* indexes) const
+void WatchList::addPlace(int first, QList<int>* indexes) const
 {
-    for (int index = firstAt(place); index >= 0; index = m_next[static_cast<size_t>(index)])
+    for (int index = first; index >= 0; index = m_next[static_cast<size_t>(index)])
         *indexes << index;
 }
 
@@ -203,10 +203,16 @@ QList<int> WatchList::coveredBy(const VARIABLE& job) const
         return indexes;
     // Whatever a job claims to read, its type has no more addresses than these.
     const int first = qMax(job.address, type->lowestAddress);
-    const qint64 end =
-        qMin(qint64(job.address) + job.count / registersPerAddress(type), qint64(type->limit));
-    for (int address = first; address < end; ++address)
-        addIndexesAt({job.station, type, address}, &indexes);
+    const int end = static_cast<int>(
+        qMin(qint64(job.address) + job.count / registersPerAddress(type), qint64(type->limit)));
+    for (int address = first; address < end;) {
+        const auto page = m_pages.constFind(pageOf({job.station, type, address}));
+        const int pageEnd = qMin(end, address - address % Page::SIZE + Page::SIZE);
+        if (page == m_pages.constEnd())
+            address = pageEnd;
+        for (; address < pageEnd; ++address)
+            addPlace(page->first[static_cast<size_t>(address % Page::SIZE)], &indexes);
+    }
     std::sort(indexes.begin(), indexes.end());
     return indexes;
 }

@@ -80,7 +80,7 @@ private:
         const RegisterType* type;
         int address; ///< 0 or more
     };
-    /// Neighbours lie together: the hash stays so small that the processor has it at hand.
+    /// Neighbours lie together: the hash stays small, and a read looks into it once or twice.
     struct Page {
         static const int SIZE = 64;  // addresses
         std::array<int, SIZE> first; ///< entry of each address, -1: none
@@ -105,8 +105,8 @@ private:
     /// The first entry of a place, -1: none.
     int firstAt(const Place& place) const;
     void setState(WatchEntry* entry, WatchState state);
-    /// Appends in the list's order.
-    void addIndexesAt(const Place& place, QList<int>* indexes) const;
+    /// Appends an entry and the others of its place, in the list's order; nothing for -1.
+    void addPlace(int first, QList<int>* indexes) const;
     /// In the list's order.
     QList<int> coveredBy(const VARIABLE& job) const;
 

@@ -216,6 +216,8 @@ void WatchListTest::readsBesideTheTypeCoverWhatIsInIt_data()
     QTest::newRow("to the last and beyond") << 7999 << 1000 << QList<int>({1});
     QTest::newRow("all, and as many as there are numbers") << 0 << INT_MAX << QList<int>({0, 1});
     QTest::newRow("to the highest number") << 7999 << INT_MAX << QList<int>({1});
+    QTest::newRow("up to the last") << 64 << 7935 << QList<int>();
+    QTest::newRow("with the last") << 64 << 7936 << QList<int>({1});
     QTest::newRow("none") << 0 << 0 << QList<int>();
     QTest::newRow("fewer than none") << 0 << -1 << QList<int>();
 }
