@@ -104,6 +104,15 @@ def values(table):
     table.flat("intf_setData of one address, 100 to 100,000 cached", "set_data", per=0)
 
 
+def watch_lists(table):
+    sizes = (1000, 10000, 100000)
+    table.flat("listing tags, 1,000 to 100,000, growth per tag", "list_tags", sizes, 1.6)
+    table.flat("cutting them into pieces, 1,000 to 100,000, growth per tag", "watch_pieces", sizes,
+               1.6)
+    table.flat("a read of 125 D taken by a list of 1,000 to 100,000", "list_read", sizes, per=0)
+    table.flat("a change taken by a list of 1,000 to 100,000", "list_change", sizes, per=0)
+
+
 def crc(table):
     f = table.figures
     peer = (f["libmodbus_send_raw/254"] - f["libmodbus_send_raw/14"]) / 240 * REPLY_BYTES
@@ -145,7 +154,7 @@ def main():
     arguments = parser.parse_args()
 
     table = Table(read_figures(arguments.results))
-    for part in (polls, planning, values, crc, memory):
+    for part in (polls, planning, values, watch_lists, crc, memory):
         part(table)
     rows = [("What", "Measured", "Ratio or figure", "Target", "Reached")] + table.rows
     (print_markdown if arguments.markdown else print_plain)(rows)
