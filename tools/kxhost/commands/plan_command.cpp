@@ -60,7 +60,7 @@ void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const Watch
     printAll(lengthLines(lengths, plan.maxWords));
 }
 
-/// One plan at a time: of many tags, all of them are hundreds of megabytes.
+/// One plan at a time: of tens of thousands of tags, all together take much memory.
 QList<LengthResult> lengthsOf(const DriverEntryPoints& entryPoints, const PlanOptions& options,
                               const WatchedRanges& watched)
 {
