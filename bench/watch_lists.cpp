@@ -1,6 +1,7 @@
 // Watch lists of a panel's runtime by the number of tags, each of one address with a name.
 #include "addresses/watch_pieces.h"
 #include "panel/watch/watch_list.h"
+#include "registers/register_types.h"
 #include "support/device_addresses.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,6 @@
 #include "panel/recipe/recipe_file.h"
 #include "panel/recipe/recipe_layout.h"
+#include "registers/register_types.h"
 #include "support/panel.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"

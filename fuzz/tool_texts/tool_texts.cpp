@@ -1,6 +1,7 @@
 // The texts that the tools read: tags files, recipe files, addresses, assignments and
 // arguments. What is accepted must be right, and what is refused must say why.
 
+#include "registers/register_types.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
 

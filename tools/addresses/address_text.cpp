@@ -2,6 +2,7 @@
 
 #include "addresses/digits.h"
 #include "addresses/station_text.h"
+#include "registers/register_types.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
@@ -106,6 +107,11 @@ bool takeValues(const QStringList& values, bool countGiven, Assignment* assignme
 }
 
 } // namespace
+
+int AddressRange::driverCount() const
+{
+    return values * registersPerAddress(type);
+}
 
 bool splitAddress(const QString& typed, AddressParts* parts)
 {

@@ -3,10 +3,10 @@
 #ifndef KX_ADDRESSES_ADDRESS_TEXT_H
 #define KX_ADDRESSES_ADDRESS_TEXT_H
 
-#include "registers/register_types.h"
-
 #include <QtCore/QList>
 #include <QtCore/QString>
+
+struct RegisterType; // a row of the driver's table of types
 
 namespace kx
 {
@@ -19,7 +19,7 @@ struct AddressRange {
     int station = -1; ///< after "@"; -1 when not given
 
     /// Bits, or 16-bit registers (two per 32CV value), as the driver counts.
-    int driverCount() const { return values * registersPerAddress(type); }
+    int driverCount() const;
 };
 
 /// Values for consecutive addresses.

@@ -1,5 +1,7 @@
 #include "addresses/modbus_span.h"
 
+#include "registers/register_types.h"
+
 #include <QtCore/QStringList>
 
 namespace kx

@@ -1,5 +1,7 @@
 #include "addresses/read_pieces.h"
 
+#include "registers/register_types.h"
+
 namespace kx
 {
 

@@ -1,6 +1,7 @@
 #include "addresses/watch_pieces.h"
 
 #include "addresses/read_pieces.h"
+#include "registers/register_types.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QPair>

@@ -2,6 +2,7 @@
 
 #include "addresses/read_pieces.h"
 #include "addresses/request_limits.h"
+#include "registers/register_types.h"
 
 #include <algorithm>
 

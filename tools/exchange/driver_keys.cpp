@@ -1,5 +1,7 @@
 #include "exchange/driver_keys.h"
 
+#include "registers/register_types.h"
+
 namespace kx
 {
 

@@ -1,6 +1,7 @@
 #include "exchange/failure.h"
 
 #include "data/reply_handling.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

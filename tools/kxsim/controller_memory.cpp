@@ -1,5 +1,7 @@
 #include "kxsim/controller_memory.h"
 
+#include "registers/register_types.h"
+
 #include <algorithm>
 #include <cstddef>
 

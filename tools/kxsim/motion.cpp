@@ -1,5 +1,7 @@
 #include "kxsim/motion.h"
 
+#include "registers/register_types.h"
+
 #include <algorithm>
 #include <cmath>
 

@@ -1,6 +1,7 @@
 // Addresses as a panel's user types them.
 
 #include "addresses/address_text.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

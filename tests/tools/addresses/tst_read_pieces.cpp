@@ -1,4 +1,5 @@
 #include "addresses/read_pieces.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

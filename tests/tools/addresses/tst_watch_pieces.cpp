@@ -2,6 +2,7 @@
 
 #include "addresses/watch_pieces.h"
 #include "panel/plan/plan_driver.h"
+#include "registers/register_types.h"
 #include "support/growth.h"
 
 #include <QtTest/QTest>

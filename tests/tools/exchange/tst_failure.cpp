@@ -1,4 +1,5 @@
 #include "exchange/failure.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

@@ -1,5 +1,6 @@
 #include "tools/faults/faulty_run.h"
 
+#include "registers/register_types.h"
 #include "tools/faults/whole_frames.h"
 
 #include <QtTest/QTest>

@@ -1,5 +1,7 @@
 #include "tools/faults/identifying_memory.h"
 
+#include "registers/register_types.h"
+
 #include <QtCore/QSet>
 
 namespace kx

@@ -3,6 +3,7 @@
 
 #include "panel/jobs/read_job.h"
 #include "panel/jobs/recipe_job.h"
+#include "registers/register_types.h"
 #include "tools/faults/faulty_run.h"
 
 #include <QtTest/QTest>

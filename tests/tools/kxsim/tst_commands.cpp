@@ -1,6 +1,7 @@
 // Asking and changing the memory of simulated controllers line by line.
 
 #include "kxsim/commands.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

@@ -1,6 +1,7 @@
 // Every register type lies at its Modbus numbers, and nothing lies between.
 
 #include "kxsim/controller_memory.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

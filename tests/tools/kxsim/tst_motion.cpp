@@ -1,6 +1,7 @@
 // What moves in a simulated controller, at which time.
 
 #include "kxsim/motion.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

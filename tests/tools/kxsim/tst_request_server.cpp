@@ -1,6 +1,7 @@
 // Requests and replies byte by byte, without a line. withCrc() appends the CRC.
 
 #include "kxsim/request_server.h"
+#include "registers/register_types.h"
 #include "support/driver_fixture.h"
 
 #include <QtTest/QTest>

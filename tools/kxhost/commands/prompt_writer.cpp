@@ -3,6 +3,7 @@
 #include "addresses/read_pieces.h"
 #include "addresses/write_pieces.h"
 #include "panel/text/frame_text.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

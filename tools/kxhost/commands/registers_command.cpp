@@ -6,6 +6,7 @@
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/registers_catalogue.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

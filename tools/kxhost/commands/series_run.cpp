@@ -2,6 +2,7 @@
 
 #include "kxhost/views/aligned_rows.h"
 #include "kxhost/views/modbus_json.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

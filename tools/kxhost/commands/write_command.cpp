@@ -8,6 +8,7 @@
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "panel/jobs/write_job.h"
+#include "registers/register_types.h"
 
 #include <QtCore/QJsonArray>
 

@@ -1,6 +1,7 @@
 #include "kxhost/views/check_answer.h"
 
 #include "kxhost/views/modbus_json.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

@@ -1,6 +1,7 @@
 #include "kxhost/views/plan_json.h"
 
 #include "addresses/modbus_span.h"
+#include "registers/register_types.h"
 
 #include <QtCore/QJsonArray>
 

@@ -4,6 +4,7 @@
 #include "addresses/request_limits.h"
 #include "kxhost/views/aligned_rows.h"
 #include "panel/text/counted.h"
+#include "registers/register_types.h"
 
 #include <cmath>
 #include <map>

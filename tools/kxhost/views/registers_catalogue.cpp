@@ -1,6 +1,7 @@
 #include "kxhost/views/registers_catalogue.h"
 
 #include "kxhost/views/aligned_rows.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

@@ -1,5 +1,7 @@
 #include "kxhost/views/watch_table.h"
 
+#include "registers/register_types.h"
+
 namespace kx
 {
 

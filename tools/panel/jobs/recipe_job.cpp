@@ -1,5 +1,7 @@
 #include "panel/jobs/recipe_job.h"
 
+#include "registers/register_types.h"
+
 namespace kx
 {
 

@@ -1,5 +1,7 @@
 #include "panel/jobs/scan_job.h"
 
+#include "registers/register_types.h"
+
 namespace kx
 {
 

@@ -3,6 +3,7 @@
 #include "addresses/watch_pieces.h"
 #include "exchange/driver_keys.h"
 #include "exchange/driver_lease.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

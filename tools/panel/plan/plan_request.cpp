@@ -1,6 +1,7 @@
 #include "panel/plan/plan_request.h"
 
 #include "addresses/request_limits.h"
+#include "registers/register_types.h"
 
 #include <algorithm>
 

@@ -1,5 +1,7 @@
 #include "panel/plan/watched_ranges.h"
 
+#include "registers/register_types.h"
+
 #include <algorithm>
 #include <iterator>
 #include <tuple>

@@ -1,5 +1,7 @@
 #include "panel/recipe/recipe_file.h"
 
+#include "registers/register_types.h"
+
 namespace kx
 {
 

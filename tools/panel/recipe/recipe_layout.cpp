@@ -3,6 +3,7 @@
 #include "addresses/read_pieces.h"
 #include "exchange/driver_memory.h"
 #include "panel/recipe/recipe_layout_builder.h"
+#include "registers/register_types.h"
 
 #include <numeric>
 

@@ -2,6 +2,7 @@
 
 #include "addresses/read_pieces.h"
 #include "addresses/write_pieces.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

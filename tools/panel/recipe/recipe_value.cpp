@@ -1,6 +1,7 @@
 #include "panel/recipe/recipe_value.h"
 
 #include "driver/number_text.h"
+#include "registers/register_types.h"
 
 #include <QtCore/QStringList>
 

@@ -7,9 +7,9 @@
 #ifndef KX_PANEL_RECIPE_RECIPE_VALUE_H
 #define KX_PANEL_RECIPE_RECIPE_VALUE_H
 
-#include "registers/register_types.h"
-
 #include <QtCore/QString>
+
+struct RegisterType; // a row of the driver's table of types
 
 namespace kx
 {

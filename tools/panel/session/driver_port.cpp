@@ -2,6 +2,7 @@
 
 #include "exchange/driver_keys.h"
 #include "panel/session/driver_values.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

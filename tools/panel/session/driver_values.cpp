@@ -1,6 +1,7 @@
 #include "panel/session/driver_values.h"
 
 #include "addresses/request_limits.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

@@ -5,6 +5,7 @@
 #include "addresses/write_pieces.h"
 #include "exchange/driver_memory.h"
 #include "panel/session/driver_values.h"
+#include "registers/register_types.h"
 
 #include <algorithm>
 

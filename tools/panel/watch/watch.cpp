@@ -1,6 +1,7 @@
 #include "panel/watch/watch.h"
 
 #include "addresses/watch_pieces.h"
+#include "registers/register_types.h"
 
 namespace kx
 {

@@ -1,5 +1,7 @@
 #include "panel/watch/watch_list.h"
 
+#include "registers/register_types.h"
+
 #include <QtCore/QSet>
 
 #include <algorithm>

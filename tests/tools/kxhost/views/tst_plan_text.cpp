@@ -1,6 +1,7 @@
 // A plan as text: requests with something wrong, and the marks of the limits.
 
 #include "kxhost/views/plan_text.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

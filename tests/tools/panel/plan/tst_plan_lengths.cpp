@@ -1,6 +1,7 @@
 // Which maximum request length suits a list of addresses.
 
 #include "panel/plan/plan_lengths.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

@@ -1,6 +1,7 @@
 // How watched addresses lie in the requests that read them.
 
 #include "panel/plan/plan_request.h"
+#include "registers/register_types.h"
 #include "support/growth.h"
 
 #include <QtCore/QStringList>

@@ -1,4 +1,5 @@
 #include "panel/recipe/recipe_file.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

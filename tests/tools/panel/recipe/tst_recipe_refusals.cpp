@@ -1,4 +1,5 @@
 #include "panel/recipe/recipe_layout.h"
+#include "registers/register_types.h"
 #include "tools/panel/recipe/recipe_rows.h"
 
 #include <QtTest/QTest>

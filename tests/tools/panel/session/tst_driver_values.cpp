@@ -1,4 +1,5 @@
 #include "panel/session/driver_values.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

@@ -1,4 +1,5 @@
 #include "panel/session/request_checks.h"
+#include "registers/register_types.h"
 
 #include <QtTest/QTest>
 

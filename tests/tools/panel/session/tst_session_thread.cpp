@@ -3,6 +3,7 @@
 #include "exchange/lines/serial_line.h"
 #include "kxsim/simulated_line.h"
 #include "panel/session/session.h"
+#include "registers/register_types.h"
 #include "support/driver_fixture.h"
 #include "tools/exchange/scripted_line.h"
 

@@ -3,6 +3,7 @@
 
 #include "model/random_source.h"
 #include "panel/watch/watch.h"
+#include "registers/register_types.h"
 #include "tools/panel/watch/numbering_line.h"
 
 #include <QtTest/QTest>
