@@ -3,6 +3,7 @@
 #define KX_EXCHANGE_EXCHANGE_LOOP_H
 
 #include "exchange/current_exchange.h"
+#include "exchange/exchange_settings.h"
 #include "exchange/line_silence.h"
 #include "exchange/lines/line.h"
 #include "exchange/loop_clock.h"
@@ -14,19 +15,6 @@
 
 namespace kx
 {
-
-struct ExchangeSettings {
-    int replyTimeout = 1000; ///< milliseconds from the end of the transmission
-    int turnaround = 100;    ///< milliseconds that stations need to act on a broadcast
-    int idleInterval = 20;   ///< milliseconds until the driver is asked again
-    /// Milliseconds past the time-out in which a late reply may still come; negative:
-    /// as long as the time-out.
-    int settle = -1;
-    int settleTime() const { return settle < 0 ? replyTimeout : settle; }
-    /// Milliseconds of silence before each request, when longer than the frame gap: for
-    /// gateways that deliver a reply twice.
-    int quiet = 0;
-};
 
 /// Polls the driver for a request, transmits it, collects the reply, hands it over
 /// and obeys the result. Event driven: start() returns at once.

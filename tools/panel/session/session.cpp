@@ -2,6 +2,7 @@
 
 #include "data/reply_handling.h"
 #include "panel/session/request_checks.h"
+#include "panel/session/session_parts.h"
 
 #include <utility>
 
@@ -13,7 +14,7 @@ std::unique_ptr<Session> Session::create(const DriverEntryPoints& entryPoints, L
                                          LoopClock* clock)
 {
     std::unique_ptr<Session> session(new Session(entryPoints, line, settings, clock));
-    if (session->m_port.isHeld())
+    if (session->m_parts->port.isHeld())
         return session;
     *error = DriverLease::refusal();
     return nullptr;
@@ -21,18 +22,14 @@ std::unique_ptr<Session> Session::create(const DriverEntryPoints& entryPoints, L
 
 Session::Session(const DriverEntryPoints& entryPoints, Line* line, const SessionSettings& settings,
                  LoopClock* clock)
-    : m_port(entryPoints, settings),
+    : m_parts(new Parts(entryPoints, line, settings, clock, this)),
       m_line(line),
-      m_settings(settings),
-      m_loop(new ExchangeLoop(m_port.requests(), line, settings.exchange, clock, this)),
-      m_reads(CONDITION_READ_JOB, &m_port),
-      m_writes(WRITE_JOB, &m_port),
-      m_recipes(&m_port)
+      m_settings(settings)
 {
     registerEventTypes();
-    connect(m_loop, &ExchangeLoop::exchanged, this, &Session::takeExchange);
-    connect(m_loop, &ExchangeLoop::idle, this, &Session::takeIdle);
-    connect(m_loop, &ExchangeLoop::lineFailed, this, &Session::takeLostLine);
+    connect(m_parts->loop, &ExchangeLoop::exchanged, this, &Session::takeExchange);
+    connect(m_parts->loop, &ExchangeLoop::idle, this, &Session::takeIdle);
+    connect(m_parts->loop, &ExchangeLoop::lineFailed, this, &Session::takeLostLine);
 }
 
 Session::~Session()
@@ -44,7 +41,7 @@ Session::~Session()
 
 void Session::stop()
 {
-    m_loop->stop();
+    m_parts->loop->stop();
     endAll(failureOf(FailureKind::SessionEnded, QStringLiteral("the session has ended")));
 }
 
@@ -52,7 +49,7 @@ void Session::initialise()
 {
     endAll(failureOf(FailureKind::DriverInitialised,
                      QStringLiteral("the driver was initialised again")));
-    m_loop->wake();
+    m_parts->loop->wake();
 }
 
 void Session::takeLostLine(const QString& error)
@@ -64,8 +61,8 @@ void Session::takeLostLine(const QString& error)
 
 int Session::watch(const QList<AddressRange>& ranges)
 {
-    const int requests = m_port.watch(ranges);
-    m_loop->wake();
+    const int requests = m_parts->port.watch(ranges);
+    m_parts->loop->wake();
     return requests;
 }
 
@@ -73,7 +70,7 @@ int Session::read(const AddressRange& range)
 {
     const int handle = newHandle();
     if (accepts(handle, CONDITION_READ_JOB, readRefusal(range, m_settings.maxWords)))
-        m_reads.add(handle, {range, {}});
+        m_parts->reads.add(handle, {range, {}});
     return issued(handle);
 }
 
@@ -83,10 +80,10 @@ int Session::write(const Assignment& assignment)
     if (!accepts(handle, WRITE_JOB, writeRefusal(assignment, m_settings.maxWords)))
         return handle;
     if (m_settings.writeLocalOnly) {
-        m_port.write(assignment);
+        m_parts->port.write(assignment);
         tellLater({handle, WRITE_JOB, RecipeEnd()});
     } else {
-        m_writes.add(handle, assignment);
+        m_parts->writes.add(handle, assignment);
     }
     return issued(handle);
 }
@@ -95,7 +92,7 @@ int Session::transferRecipe(RecipeDirection direction, const QList<RecipePass>& 
 {
     const int handle = newHandle();
     if (accepts(handle, RECIPE_WRITE_JOB, recipeRefusal(direction, passes, m_settings.maxWords)))
-        m_recipes.add(handle, direction, passes);
+        m_parts->recipes.add(handle, direction, passes);
     return issued(handle);
 }
 
@@ -115,29 +112,29 @@ int Session::issued(int handle)
 {
     m_issuing.append(handle);
     handOver();
-    m_loop->wake();
+    m_parts->loop->wake();
     m_issuing.removeLast();
     return handle;
 }
 
 void Session::handOver()
 {
-    m_writes.feed();
-    m_reads.feed();
+    m_parts->writes.feed();
+    m_parts->reads.feed();
     if (!m_isTelling)
-        m_recipes.feed();
+        m_parts->recipes.feed();
     tellChanges();
 }
 
 bool Session::cancel(int handle, const QString& reason)
 {
     Ended ended = {handle, NO_JOB, {failureOf(FailureKind::Aborted, reason), AddressRange()}};
-    if (m_reads.take(handle).handle != 0) {
+    if (m_parts->reads.take(handle).handle != 0) {
         ended.kind = CONDITION_READ_JOB;
-    } else if (m_writes.take(handle).handle != 0) {
+    } else if (m_parts->writes.take(handle).handle != 0) {
         ended.kind = WRITE_JOB;
     } else {
-        const RecipeFeed::Step recipe = m_recipes.take(handle, m_loop->jobInFlight());
+        const RecipeFeed::Step recipe = m_parts->recipes.take(handle, m_parts->loop->jobInFlight());
         if (recipe.handle == 0)
             return false;
         ended.kind = RECIPE_WRITE_JOB;
@@ -145,7 +142,7 @@ bool Session::cancel(int handle, const QString& reason)
     }
     tell(ended);
     handOver();
-    m_loop->wake();
+    m_parts->loop->wake();
     return true;
 }
 
@@ -153,12 +150,12 @@ void Session::takeExchange(const ExchangeRecord& record)
 {
     m_wasAskedAgain = false;
     // What has ended has ended, whatever a slot does next.
-    const RequestFeed::Request read = m_reads.takeEnded(record);
-    const RequestFeed::Request write = m_writes.takeEnded(record);
-    const RecipeFeed::Step recipe = m_recipes.takeExchange(record);
+    const RequestFeed::Request read = m_parts->reads.takeEnded(record);
+    const RequestFeed::Request write = m_parts->writes.takeEnded(record);
+    const RecipeFeed::Step recipe = m_parts->recipes.takeExchange(record);
     QList<qint64> values;
     if (read.handle != 0 && record.result == REPLY_ACCEPTED)
-        values = m_port.values(read.wanted.range);
+        values = m_parts->port.values(read.wanted.range);
 
     m_isTelling = true;
     emit exchanged(record);
@@ -184,9 +181,10 @@ void Session::takeIdle()
     const bool isAskedAgain = std::exchange(m_wasAskedAgain, false);
     if (!isAskedAgain)
         handOver();
-    m_wasAskedAgain = !isAskedAgain && (m_port.hasQueued() || m_port.isRecipePending());
+    m_wasAskedAgain =
+        !isAskedAgain && (m_parts->port.hasQueued() || m_parts->port.isRecipePending());
     if (m_wasAskedAgain)
-        m_loop->wake();
+        m_parts->loop->wake();
     else
         emit idle();
 }
@@ -194,27 +192,27 @@ void Session::takeIdle()
 void Session::tellChanges()
 {
     // A slot may write, which adds changes.
-    const QList<ValueChange> changes = m_port.takeChanges();
+    const QList<ValueChange> changes = m_parts->port.takeChanges();
     for (ValueChange change : changes) {
-        change.value = m_port.values(change.range).first();
+        change.value = m_parts->port.values(change.range).first();
         emit valueChanged(change);
     }
 }
 
 void Session::endAll(const Failure& failure)
 {
-    const QList<RecipeFeed::Step> recipes = m_recipes.takeAll(m_loop->jobInFlight());
+    const QList<RecipeFeed::Step> recipes = m_parts->recipes.takeAll(m_parts->loop->jobInFlight());
     QList<Ended> all;
-    for (const RequestFeed::Request& write : m_writes.takeAll())
+    for (const RequestFeed::Request& write : m_parts->writes.takeAll())
         all << Ended{write.handle, WRITE_JOB, {failure, AddressRange()}};
-    for (const RequestFeed::Request& read : m_reads.takeAll())
+    for (const RequestFeed::Request& read : m_parts->reads.takeAll())
         all << Ended{read.handle, CONDITION_READ_JOB, {failure, AddressRange()}};
     for (const RecipeFeed::Step& recipe : recipes)
         all << Ended{recipe.handle, RECIPE_WRITE_JOB, {failure, recipe.end.unsettled}};
     if (failure.kind == FailureKind::DriverInitialised)
-        m_port.initialise();
+        m_parts->port.initialise();
     else
-        m_port.giveUpQueued();
+        m_parts->port.giveUpQueued();
     tellChanges();
     for (const Ended& ended : all)
         tell(ended);

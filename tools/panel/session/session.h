@@ -1,9 +1,13 @@
 #ifndef KX_PANEL_SESSION_SESSION_H
 #define KX_PANEL_SESSION_SESSION_H
 
-#include "panel/session/driver_port.h"
-#include "panel/session/recipe_feed.h"
-#include "panel/session/request_feed.h"
+#include "exchange/driver_library.h"
+#include "exchange/lines/line.h"
+#include "exchange/loop_clock.h"
+#include "exchange/replies/statistics.h"
+#include "panel/recipe/recipe_layout.h"
+#include "panel/session/session_events.h"
+#include "panel/session/session_settings.h"
 
 #include <memory>
 
@@ -40,11 +44,11 @@ public:
     ~Session() override;
 
     /// Begins to poll. The line must be open, or be opening again by itself.
-    void start() { m_loop->start(); }
+    void start();
     /// Ends polling and all reads, writes and recipes (FailureKind::SessionEnded). The watch
     /// list and the values stay, and start() goes on.
     void stop();
-    bool isRunning() const { return m_loop->isRunning(); }
+    bool isRunning() const;
     /// Discards the watch list and all values, and ends all reads, writes and recipes
     /// (FailureKind::DriverInitialised). Polling goes on, once there is a new watch list.
     void initialise();
@@ -55,7 +59,7 @@ public:
     int watch(const QList<AddressRange>& ranges);
     /// The values that the driver holds, one per address: 0 or 1, 0..65535, or 0..4294967295;
     /// 0 for what was never read. A value written counts from write() on, until the write fails.
-    QList<qint64> values(const AddressRange& range) const { return m_port.values(range); }
+    QList<qint64> values(const AddressRange& range) const;
 
     /// Reads a range once, ahead of what is polled; readFinished() tells its end. Reads are
     /// done in their order. The range must be of one station and fit one request, see readPieces();
@@ -71,10 +75,10 @@ public:
     /// The words that the downloads asked for from now on send; those that wait keep theirs.
     /// A variable names its first word by _RCP_VAR_PRO::bufOffset. A RecipeJob loads its own.
     /// @return false, and nothing changes, when there are more than RECIPE_BUFFER_WORDS
-    bool loadRecipe(const std::vector<quint16>& words) { return m_recipes.load(words); }
+    bool loadRecipe(const std::vector<quint16>& words);
     /// A word that an upload has brought: in recipeFinished(), and until another transfer
     /// begins. 0 outside the buffer.
-    quint16 recipeWord(int offset) const { return m_port.recipeMemory().word(offset); }
+    quint16 recipeWord(int offset) const;
     /// Transfers a recipe, pass after pass, ahead of all else; recipeFinished() tells its end.
     /// Recipes are done in their order. While one is under way nothing else is sent.
     /// @param passes as of layOutRecipe(): each is a recipe of its own for the driver
@@ -89,9 +93,9 @@ public:
 
     const SessionSettings& settings() const { return m_settings; }
     const Line* line() const { return m_line; }
-    const Statistics& statistics() const { return m_loop->statistics(); }
+    const Statistics& statistics() const;
     /// Milliseconds since the first start(); 0 before.
-    qint64 elapsed() const { return m_loop->elapsed(); }
+    qint64 elapsed() const;
 
 signals:
     /// The first of the signals about a request; the others follow in the order below. The
@@ -114,6 +118,8 @@ signals:
     void lineFailed(const kx::Failure& failure);
 
 private:
+    struct Parts; // what a program that includes this needs not know
+
     /// The end of a read, a write or a recipe without an exchange of its own.
     struct Ended {
         int handle;
@@ -140,13 +146,9 @@ private:
     void tellWaitingEnds();
     void tell(const Ended& ended);
 
-    DriverPort m_port;
+    std::unique_ptr<Parts> m_parts;
     Line* m_line;
     SessionSettings m_settings;
-    ExchangeLoop* m_loop; ///< a child, which goes along to another thread
-    RequestFeed m_reads;
-    RequestFeed m_writes;
-    RecipeFeed m_recipes;
     QList<Ended> m_toTell; ///< from the event loop, when their callers know the handles
     QList<int> m_issuing;  ///< handles that their callers do not know yet
     int m_lastHandle = 0;

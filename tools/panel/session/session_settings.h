@@ -1,7 +1,7 @@
 #ifndef KX_PANEL_SESSION_SESSION_SETTINGS_H
 #define KX_PANEL_SESSION_SESSION_SETTINGS_H
 
-#include "exchange/exchange_loop.h"
+#include "exchange/exchange_settings.h"
 
 namespace kx
 {

@@ -1,0 +1,51 @@
+#include "panel/session/session_parts.h"
+
+namespace kx
+{
+
+Session::Parts::Parts(const DriverEntryPoints& entryPoints, Line* line,
+                      const SessionSettings& settings, LoopClock* clock, Session* session)
+    : port(entryPoints, settings),
+      loop(new ExchangeLoop(port.requests(), line, settings.exchange, clock, session)),
+      reads(CONDITION_READ_JOB, &port),
+      writes(WRITE_JOB, &port),
+      recipes(&port)
+{
+}
+
+void Session::start()
+{
+    m_parts->loop->start();
+}
+
+bool Session::isRunning() const
+{
+    return m_parts->loop->isRunning();
+}
+
+QList<qint64> Session::values(const AddressRange& range) const
+{
+    return m_parts->port.values(range);
+}
+
+bool Session::loadRecipe(const std::vector<quint16>& words)
+{
+    return m_parts->recipes.load(words);
+}
+
+quint16 Session::recipeWord(int offset) const
+{
+    return m_parts->port.recipeMemory().word(offset);
+}
+
+const Statistics& Session::statistics() const
+{
+    return m_parts->loop->statistics();
+}
+
+qint64 Session::elapsed() const
+{
+    return m_parts->loop->elapsed();
+}
+
+} // namespace kx

@@ -1,0 +1,27 @@
+#ifndef KX_PANEL_SESSION_SESSION_PARTS_H
+#define KX_PANEL_SESSION_SESSION_PARTS_H
+
+#include "exchange/exchange_loop.h"
+#include "panel/session/driver_port.h"
+#include "panel/session/recipe_feed.h"
+#include "panel/session/request_feed.h"
+#include "panel/session/session.h"
+
+namespace kx
+{
+
+/// What a session works with. Its header, which is installed, names none of it.
+struct Session::Parts {
+    Parts(const DriverEntryPoints& entryPoints, Line* line, const SessionSettings& settings,
+          LoopClock* clock, Session* session);
+
+    DriverPort port;
+    ExchangeLoop* loop; ///< a child of the session, which goes along to another thread
+    RequestFeed reads;
+    RequestFeed writes;
+    RecipeFeed recipes;
+};
+
+} // namespace kx
+
+#endif
