@@ -1,5 +1,7 @@
 #include "driver/destructor_watch.h"
 
+#include "driver/export.h"
+
 #include <cstring>
 
 #include <dlfcn.h>
@@ -38,7 +40,8 @@ int registerWithTheSystem(Destructor destructor, void* object, void* libraryHand
 } // namespace
 
 // Takes the place of the system's function for the whole process.
-extern "C" int __cxa_atexit(Destructor destructor, void* object, void* libraryHandle) noexcept
+extern "C" KX_EXPORT int __cxa_atexit(Destructor destructor, void* object,
+                                      void* libraryHandle) noexcept
 {
     if (!currentWatch || !currentWatch->watches(libraryHandle))
         return registerWithTheSystem(destructor, object, libraryHandle);
