@@ -3,6 +3,8 @@
 #ifndef KX_ADDRESSES_ADDRESS_TEXT_H
 #define KX_ADDRESSES_ADDRESS_TEXT_H
 
+#include "addresses/export.h"
+
 #include <QtCore/QList>
 #include <QtCore/QString>
 
@@ -12,7 +14,7 @@ namespace kx
 {
 
 /// Consecutive addresses of one register type.
-struct AddressRange {
+struct KXRUNTIME_EXPORT AddressRange {
     const RegisterType* type = nullptr;
     int address = 0;  ///< first device address, as a number
     int values = 1;   ///< addresses covered; a 32CV value is one
@@ -38,40 +40,40 @@ struct AddressParts {
 
 /// Splits an address; whether the parts are any good is not looked at. False when no
 /// type stands at its beginning.
-bool splitAddress(const QString& typed, AddressParts* parts);
+KXRUNTIME_EXPORT bool splitAddress(const QString& typed, AddressParts* parts);
 
 /// Parses TYPENUMBER[:COUNT][@STATION]. Returns false and one line in
 /// `*error` when the type is unknown, a digit does not suit its radix, the range
 /// leaves the type's addresses, or the station is not 1 to 247.
 /// `*range` then holds the parts before the wrong one, and is else as constructed.
-bool parseAddressRange(const QString& text, AddressRange* range, QString* error);
+KXRUNTIME_EXPORT bool parseAddressRange(const QString& text, AddressRange* range, QString* error);
 
 /// The same, with what is wrong in `*fault` without the address in front.
-bool readAddress(const QString& text, AddressRange* range, QString* fault);
+KXRUNTIME_EXPORT bool readAddress(const QString& text, AddressRange* range, QString* fault);
 
 /// "D8000: out of range", in one line whatever was typed.
-QString faultyText(const QString& typed, const QString& fault);
+KXRUNTIME_EXPORT QString faultyText(const QString& typed, const QString& fault);
 
 /// Parses RANGE=VALUE[,VALUE...]; values decimal, 0x hexadecimal or negative. A
 /// count, when given, must equal the number of values. Each value must fit.
-bool parseAssignment(const QString& text, Assignment* assignment, QString* error);
+KXRUNTIME_EXPORT bool parseAssignment(const QString& text, Assignment* assignment, QString* error);
 
 /// The address as a user types it, octal for X and Y: "X17", "32CV200".
-QString addressText(const RegisterType* type, int address);
+KXRUNTIME_EXPORT QString addressText(const RegisterType* type, int address);
 
 /// "X0 to X377 (octal)".
-QString addressesOf(const RegisterType* type);
+KXRUNTIME_EXPORT QString addressesOf(const RegisterType* type);
 
 /// "X, Y, M, ...", in the catalogue's order.
-QString registerTypeNames();
+KXRUNTIME_EXPORT QString registerTypeNames();
 
 /// The highest address of a type, as a number.
-int highestAddress(const RegisterType* type);
+KXRUNTIME_EXPORT int highestAddress(const RegisterType* type);
 
 /// The lowest and the highest value that may be assigned: bits 0 and 1; words and 32CV from the
 /// lowest signed to the highest unsigned value.
-qint64 lowestValue(const RegisterType* type);
-qint64 highestValue(const RegisterType* type);
+KXRUNTIME_EXPORT qint64 lowestValue(const RegisterType* type);
+KXRUNTIME_EXPORT qint64 highestValue(const RegisterType* type);
 
 } // namespace kx
 

@@ -8,6 +8,7 @@
 #define KX_ADDRESSES_READ_PIECES_H
 
 #include "addresses/address_text.h"
+#include "addresses/export.h"
 
 #include <QtCore/QList>
 
@@ -16,15 +17,15 @@ namespace kx
 
 /// Addresses of that type that one read request may cover when it may cover
 /// `maxWords` registers: eight coils for each register. 0 when none fits.
-int addressesPerRead(const RegisterType* type, int maxWords);
+KXRUNTIME_EXPORT int addressesPerRead(const RegisterType* type, int maxWords);
 
 /// Why addressesPerRead() is 0, and what to do: "a 32CV takes 2 registers; raise --max-words,
 /// which is 1".
-QString tooLongText(const RegisterType* type, int maxWords);
+KXRUNTIME_EXPORT QString tooLongText(const RegisterType* type, int maxWords);
 
 /// Pieces of at most `most` addresses each (1 or more), none across a jump in the
 /// Modbus numbers. They keep the range's station.
-QList<AddressRange> readPieces(const AddressRange& range, int most);
+KXRUNTIME_EXPORT QList<AddressRange> readPieces(const AddressRange& range, int most);
 
 } // namespace kx
 

@@ -2,6 +2,8 @@
 #ifndef KX_ADDRESSES_STATION_TEXT_H
 #define KX_ADDRESSES_STATION_TEXT_H
 
+#include "addresses/export.h"
+
 #include <QtCore/QString>
 
 namespace kx
@@ -12,7 +14,7 @@ const int LOWEST_STATION = 1;
 const int HIGHEST_STATION = 247;
 
 /// Reads decimal digits. False when they are no station; `*station` is then untouched.
-bool parseStation(const QString& digits, int* station);
+KXRUNTIME_EXPORT bool parseStation(const QString& digits, int* station);
 
 } // namespace kx
 

@@ -2,6 +2,7 @@
 #define KX_ADDRESSES_WATCH_PIECES_H
 
 #include "addresses/address_text.h"
+#include "addresses/export.h"
 
 #include <QtCore/QList>
 
@@ -16,7 +17,7 @@ namespace kx
 /// request. Where both sides of a station are watched, the first piece past SM255 is made
 /// so long that they do not: it covers bits that were not asked for, up to SM511 at most.
 /// @param maxWords 1 to 256: one side of SM; Modbus allows 125 registers
-QList<AddressRange> watchPieces(const QList<AddressRange>& ranges, int maxWords);
+KXRUNTIME_EXPORT QList<AddressRange> watchPieces(const QList<AddressRange>& ranges, int maxWords);
 
 } // namespace kx
 

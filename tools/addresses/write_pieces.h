@@ -3,6 +3,7 @@
 #define KX_ADDRESSES_WRITE_PIECES_H
 
 #include "addresses/address_text.h"
+#include "addresses/export.h"
 
 #include <QtCore/QList>
 
@@ -11,15 +12,15 @@ namespace kx
 
 /// Addresses of that type that one write request may cover when it may cover
 /// `maxWords` registers. 0 when none fits.
-int addressesPerWrite(const RegisterType* type, int maxWords);
+KXRUNTIME_EXPORT int addressesPerWrite(const RegisterType* type, int maxWords);
 
 /// Pieces of at most `most` addresses each (1 or more), none across a jump in the
 /// Modbus numbers. A piece of coils is never a multiple of eight long: the driver
 /// switches the last eight coils of such a write off, whatever their values.
-QList<AddressRange> writePieces(const AddressRange& range, int most);
+KXRUNTIME_EXPORT QList<AddressRange> writePieces(const AddressRange& range, int most);
 
 /// `assignment` cut at writePieces().
-QList<Assignment> writePieces(const Assignment& assignment, int most);
+KXRUNTIME_EXPORT QList<Assignment> writePieces(const Assignment& assignment, int most);
 
 } // namespace kx
 

@@ -1,6 +1,7 @@
 #ifndef KX_EXCHANGE_CONNECTION_H
 #define KX_EXCHANGE_CONNECTION_H
 
+#include "addresses/export.h"
 #include "exchange/failure.h"
 #include "exchange/lines/gateway_address.h"
 #include "exchange/lines/line.h"
@@ -35,7 +36,7 @@ struct ConnectionSettings {
 ///
 /// All else changes nothing. Used in the thread that it lives in; moveToThread() takes the
 /// line with it, and is to be called while it is closed.
-class Connection : public QObject
+class KXRUNTIME_EXPORT Connection : public QObject
 {
     Q_OBJECT
 

@@ -3,6 +3,7 @@
 #ifndef KX_EXCHANGE_DRIVER_LIBRARY_H
 #define KX_EXCHANGE_DRIVER_LIBRARY_H
 
+#include "addresses/export.h"
 #include "tarvelan_kx_series.h"
 
 #include <QtCore/QString>
@@ -40,7 +41,8 @@ struct DriverEntryPoints {
 /// strings that it handed out may live on.
 /// @return false and one line in `*error` that names the file, and the entry
 ///         point when one is missing; `*entryPoints` is then unchanged
-bool loadDriver(const QString& fileName, DriverEntryPoints* entryPoints, QString* error);
+KXRUNTIME_EXPORT bool loadDriver(const QString& fileName, DriverEntryPoints* entryPoints,
+                                 QString* error);
 
 } // namespace kx
 

@@ -3,6 +3,7 @@
 #define KX_EXCHANGE_FAILURE_H
 
 #include "addresses/address_text.h"
+#include "addresses/export.h"
 #include "exchange/replies/exchange_record.h"
 
 namespace kx
@@ -50,17 +51,17 @@ struct Failure {
 };
 
 /// A failure that is not of addresses.
-Failure failureOf(FailureKind kind, const QString& text);
+KXRUNTIME_EXPORT Failure failureOf(FailureKind kind, const QString& text);
 
 /// Of the request's station and addresses; None when the driver accepted the reply. A
 /// request that the driver repeats has not failed for good, and still gives its reason.
-Failure failureOf(const ExchangeRecord& record);
+KXRUNTIME_EXPORT Failure failureOf(const ExchangeRecord& record);
 
 /// What came back, in words: "good", "no reply", "exception 2 (illegal data address)".
-QString reasonText(ReplyKind kind, int exceptionCode);
+KXRUNTIME_EXPORT QString reasonText(ReplyKind kind, int exceptionCode);
 
 /// "exception 2 (illegal data address)".
-QString exceptionText(int code);
+KXRUNTIME_EXPORT QString exceptionText(int code);
 
 } // namespace kx
 

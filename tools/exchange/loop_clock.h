@@ -2,6 +2,8 @@
 #ifndef KX_EXCHANGE_LOOP_CLOCK_H
 #define KX_EXCHANGE_LOOP_CLOCK_H
 
+#include "addresses/export.h"
+
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
@@ -9,7 +11,7 @@
 namespace kx
 {
 
-class LoopClock : public QObject
+class KXRUNTIME_EXPORT LoopClock : public QObject
 {
     Q_OBJECT
 
@@ -27,7 +29,7 @@ signals:
     void woken();
 };
 
-class SystemClock : public LoopClock
+class KXRUNTIME_EXPORT SystemClock : public LoopClock
 {
     Q_OBJECT
 

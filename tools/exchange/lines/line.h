@@ -2,6 +2,7 @@
 #ifndef KX_EXCHANGE_LINES_LINE_H
 #define KX_EXCHANGE_LINES_LINE_H
 
+#include "addresses/export.h"
 #include "exchange/lines/line_timing.h"
 
 #include <QtCore/QByteArray>
@@ -11,7 +12,7 @@
 namespace kx
 {
 
-class Line : public QObject
+class KXRUNTIME_EXPORT Line : public QObject
 {
     Q_OBJECT
 

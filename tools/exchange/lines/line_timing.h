@@ -2,6 +2,8 @@
 #ifndef KX_EXCHANGE_LINES_LINE_TIMING_H
 #define KX_EXCHANGE_LINES_LINE_TIMING_H
 
+#include "addresses/export.h"
+
 #include <QtCore/QtGlobal>
 
 namespace kx
@@ -9,7 +11,7 @@ namespace kx
 
 /// The character format of a line; a baud rate of 0 means a network, on which
 /// characters take no time and no gap is kept.
-struct LineTiming {
+struct KXRUNTIME_EXPORT LineTiming {
     int baud = 9600;
     int dataBits = 8;
     int parityBits = 0; ///< 0 or 1

@@ -1,6 +1,7 @@
 #ifndef KX_EXCHANGE_REPLIES_STATISTICS_H
 #define KX_EXCHANGE_REPLIES_STATISTICS_H
 
+#include "addresses/export.h"
 #include "exchange/lines/line_timing.h"
 #include "exchange/replies/exchange_record.h"
 
@@ -8,7 +9,7 @@ namespace kx
 {
 
 /// Why requests were repeated or failed. Their sum is that of `repeated` and `failed`.
-struct BadReplies {
+struct KXRUNTIME_EXPORT BadReplies {
     qint64 none = 0;        ///< nothing came until the time-out
     qint64 incomplete = 0;  ///< too few bytes came until the time-out
     qint64 damaged = 0;     ///< no frame in the bytes
@@ -34,7 +35,7 @@ struct ThrownAway {
 
 /// Counts of finished exchanges: requests = accepted + repeated + failed. A
 /// request in flight is not in them yet.
-struct Statistics {
+struct KXRUNTIME_EXPORT Statistics {
     qint64 requests = 0; ///< transmitted, or kept back by a line that never fell silent
     qint64 accepted = 0; ///< the driver took the reply
     qint64 repeated = 0; ///< bad or no reply; the driver asked again

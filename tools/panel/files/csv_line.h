@@ -3,6 +3,8 @@
 #ifndef KX_PANEL_FILES_CSV_LINE_H
 #define KX_PANEL_FILES_CSV_LINE_H
 
+#include "addresses/export.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -20,7 +22,8 @@ struct CsvField {
 /// stand in double quotes, in which a separator is text and "" is one quote. Returns
 /// false and one line in `*error` when a quote is not closed or text follows a closing
 /// quote.
-bool splitCsvLine(const QByteArray& line, char separator, QList<CsvField>* fields, QString* error);
+KXRUNTIME_EXPORT bool splitCsvLine(const QByteArray& line, char separator, QList<CsvField>* fields,
+                                   QString* error);
 
 } // namespace kx
 

@@ -7,6 +7,7 @@
 #ifndef KX_PANEL_FILES_CSV_TABLE_H
 #define KX_PANEL_FILES_CSV_TABLE_H
 
+#include "addresses/export.h"
 #include "panel/files/csv_line.h"
 #include "panel/files/file_text.h"
 
@@ -34,7 +35,7 @@ struct CsvFault {
     QString text; ///< one line
 };
 
-class CsvTable
+class KXRUNTIME_EXPORT CsvTable
 {
 public:
     /// Returns false and a fault when the bytes are no such table, or one without rows.

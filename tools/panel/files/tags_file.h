@@ -12,6 +12,7 @@
 #define KX_PANEL_FILES_TAGS_FILE_H
 
 #include "addresses/address_text.h"
+#include "addresses/export.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
@@ -29,13 +30,14 @@ struct Tag {
 /// Reads the tags of a file, in the file's order.
 /// @return false and one line in `*error` that names file and line; `*tags` is
 ///         then unchanged. A file without any tag is an error.
-bool loadTags(const QString& path, QList<Tag>* tags, QString* error);
+KXRUNTIME_EXPORT bool loadTags(const QString& path, QList<Tag>* tags, QString* error);
 
 /// The same for text that has been read; `path` is only named in errors.
-bool parseTags(const QByteArray& text, const QString& path, QList<Tag>* tags, QString* error);
+KXRUNTIME_EXPORT bool parseTags(const QByteArray& text, const QString& path, QList<Tag>* tags,
+                                QString* error);
 
 /// The tags without their names.
-QList<AddressRange> rangesOf(const QList<Tag>& tags);
+KXRUNTIME_EXPORT QList<AddressRange> rangesOf(const QList<Tag>& tags);
 
 } // namespace kx
 

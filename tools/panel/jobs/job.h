@@ -1,6 +1,7 @@
 #ifndef KX_PANEL_JOBS_JOB_H
 #define KX_PANEL_JOBS_JOB_H
 
+#include "addresses/export.h"
 #include "panel/session/session.h"
 
 #include <QtCore/QPointer>
@@ -22,7 +23,7 @@ namespace kx
 ///
 /// Call it on the session's thread. It may be deleted at any time, but inside its own signals
 /// with deleteLater(); then what it still waits for is called off and finished() does not come.
-class Job : public QObject
+class KXRUNTIME_EXPORT Job : public QObject
 {
     Q_OBJECT
 

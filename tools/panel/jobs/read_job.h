@@ -1,6 +1,7 @@
 #ifndef KX_PANEL_JOBS_READ_JOB_H
 #define KX_PANEL_JOBS_READ_JOB_H
 
+#include "addresses/export.h"
 #include "panel/files/tags_file.h"
 #include "panel/jobs/job.h"
 
@@ -15,7 +16,7 @@ struct ReadOutcome {
 
 /// Reads ranges of any length once, one after the other. A range that failed is given up; the
 /// next one is tried all the same. Progress counts ranges.
-class ReadJob : public Job
+class KXRUNTIME_EXPORT ReadJob : public Job
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #ifndef KX_PANEL_JOBS_RECIPE_JOB_H
 #define KX_PANEL_JOBS_RECIPE_JOB_H
 
+#include "addresses/export.h"
 #include "panel/jobs/job.h"
 #include "panel/recipe/recipe_cells.h"
 #include "panel/recipe/recipe_layout.h"
@@ -12,7 +13,7 @@ namespace kx
 
 /// Takes a recipe to or from the controllers. A block that fails ends it. Progress counts blocks.
 /// Of several recipe jobs on one session, each begins when the one before has ended.
-class RecipeJob : public Job
+class KXRUNTIME_EXPORT RecipeJob : public Job
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #ifndef KX_PANEL_JOBS_SCAN_JOB_H
 #define KX_PANEL_JOBS_SCAN_JOB_H
 
+#include "addresses/export.h"
 #include "panel/jobs/job.h"
 #include "panel/jobs/scan_reply.h"
 
@@ -12,7 +13,7 @@ namespace kx
 /// Asks every station for one register, in their order, and tells who answers. What is polled
 /// goes on. A session that allows one bad reply asks each station once. Progress counts stations
 /// asked.
-class ScanJob : public Job
+class KXRUNTIME_EXPORT ScanJob : public Job
 {
     Q_OBJECT
 

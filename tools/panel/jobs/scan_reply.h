@@ -2,6 +2,7 @@
 #ifndef KX_PANEL_JOBS_SCAN_REPLY_H
 #define KX_PANEL_JOBS_SCAN_REPLY_H
 
+#include "addresses/export.h"
 #include "exchange/replies/exchange_record.h"
 
 #include <QtCore/QJsonObject>
@@ -25,17 +26,17 @@ struct ScanReply {
 };
 
 /// A reply counts when its CRC is right, whatever it says.
-ScanReply scanReplyOf(const ExchangeRecord& record);
+KXRUNTIME_EXPORT ScanReply scanReplyOf(const ExchangeRecord& record);
 
 /// "station 5: answered with exception 2 (illegal data address)".
-QString scanLine(const ScanReply& reply);
-QJsonObject scanJson(const ScanReply& reply);
+KXRUNTIME_EXPORT QString scanLine(const ScanReply& reply);
+KXRUNTIME_EXPORT QJsonObject scanJson(const ScanReply& reply);
 
 /// "[####....................................] 25/247 stations, 1 answered".
-QString scanBar(int done, int stations, int answered);
+KXRUNTIME_EXPORT QString scanBar(int done, int stations, int answered);
 
 /// "2 of 247 stations answered", and how many were not asked when it was stopped.
-QString scanSummary(int answered, int asked, int notAsked);
+KXRUNTIME_EXPORT QString scanSummary(int answered, int asked, int notAsked);
 
 } // namespace kx
 

@@ -1,6 +1,7 @@
 #ifndef KX_PANEL_JOBS_WRITE_JOB_H
 #define KX_PANEL_JOBS_WRITE_JOB_H
 
+#include "addresses/export.h"
 #include "panel/jobs/job.h"
 
 namespace kx
@@ -14,7 +15,7 @@ struct WriteOutcome {
 
 /// Writes assignments of any length, one after the other. An assignment of which a piece
 /// failed is given up; the next one is tried all the same. Progress counts assignments.
-class WriteJob : public Job
+class KXRUNTIME_EXPORT WriteJob : public Job
 {
     Q_OBJECT
 

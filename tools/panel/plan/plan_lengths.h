@@ -2,6 +2,7 @@
 #ifndef KX_PANEL_PLAN_PLAN_LENGTHS_H
 #define KX_PANEL_PLAN_PLAN_LENGTHS_H
 
+#include "addresses/export.h"
 #include "panel/plan/plan_request.h"
 #include "panel/plan/plan_timing.h"
 
@@ -24,16 +25,17 @@ struct LengthResult {
     int unread = 0;
 };
 
-LengthResult resultOf(const Plan& plan, const WatchedRanges& watched, const PlanTiming& timing);
+KXRUNTIME_EXPORT LengthResult resultOf(const Plan& plan, const WatchedRanges& watched,
+                                       const PlanTiming& timing);
 
 /// The index of the best: it reads the most of what is asked for, in the shortest
 /// cycle, at the lowest limit. -1 for an empty list.
-int bestOf(const QList<LengthResult>& results);
+KXRUNTIME_EXPORT int bestOf(const QList<LengthResult>& results);
 
 /// The rows worth showing of results in rising order of limits: the first and the
 /// last, each that is better than all before it, the first worse one behind the
 /// best, and the one at `maxWords`.
-QList<LengthResult> worthShowing(const QList<LengthResult>& results, int maxWords);
+KXRUNTIME_EXPORT QList<LengthResult> worthShowing(const QList<LengthResult>& results, int maxWords);
 
 } // namespace kx
 

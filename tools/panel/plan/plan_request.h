@@ -2,6 +2,7 @@
 #ifndef KX_PANEL_PLAN_PLAN_REQUEST_H
 #define KX_PANEL_PLAN_PLAN_REQUEST_H
 
+#include "addresses/export.h"
 #include "panel/plan/watched_ranges.h"
 
 #include <QtCore/QString>
@@ -11,7 +12,7 @@
 namespace kx
 {
 
-struct PlannedRequest {
+struct KXRUNTIME_EXPORT PlannedRequest {
     int station = 1;
     const RegisterType* type = nullptr;
     int address = 0; ///< first device address, as a number
@@ -37,11 +38,11 @@ struct Coverage {
 };
 
 /// The coverage of a request by what is watched; other stations and types do not count.
-Coverage coverageOf(const PlannedRequest& request, const WatchedRanges& watched);
+KXRUNTIME_EXPORT Coverage coverageOf(const PlannedRequest& request, const WatchedRanges& watched);
 
 /// A picture of a coverage, at most `width` characters: '#' asked for, '.' read
 /// along, '+' both when one character stands for several.
-QString coverageBar(const std::vector<bool>& asked, int width);
+KXRUNTIME_EXPORT QString coverageBar(const std::vector<bool>& asked, int width);
 
 } // namespace kx
 

@@ -2,6 +2,7 @@
 #ifndef KX_PANEL_PLAN_PLAN_TIMING_H
 #define KX_PANEL_PLAN_PLAN_TIMING_H
 
+#include "addresses/export.h"
 #include "exchange/lines/line_timing.h"
 
 #include <QtCore/QtGlobal>
@@ -16,7 +17,7 @@ struct PlanTiming {
     qint64 turnaround = 5000;
 };
 
-struct CycleCost {
+struct KXRUNTIME_EXPORT CycleCost {
     int requests = 0;
     qint64 bytesSent = 0;
     qint64 bytesExpected = 0;
@@ -29,7 +30,8 @@ struct CycleCost {
 
 /// The cost of requests that are all answered: the characters both ways, and for
 /// each request the turnaround and the frame gap before the next one may begin.
-CycleCost costOf(const PlanTiming& timing, int requests, qint64 bytesSent, qint64 bytesExpected);
+KXRUNTIME_EXPORT CycleCost costOf(const PlanTiming& timing, int requests, qint64 bytesSent,
+                                  qint64 bytesExpected);
 
 } // namespace kx
 

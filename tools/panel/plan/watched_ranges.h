@@ -2,6 +2,7 @@
 #define KX_PANEL_PLAN_WATCHED_RANGES_H
 
 #include "addresses/address_text.h"
+#include "addresses/export.h"
 
 #include <QtCore/QList>
 
@@ -12,7 +13,7 @@ namespace kx
 
 /// Watched addresses in order, so that what a request covers of them is found without
 /// walking all.
-class WatchedRanges
+class KXRUNTIME_EXPORT WatchedRanges
 {
 public:
     /// @param ranges in any order; they may overlap, and must name their station

@@ -2,6 +2,7 @@
 #ifndef KX_PANEL_RECIPE_RECIPE_CELLS_H
 #define KX_PANEL_RECIPE_RECIPE_CELLS_H
 
+#include "addresses/export.h"
 #include "panel/recipe/recipe_file.h"
 
 #include <map>
@@ -21,14 +22,15 @@ struct RecipeCell {
 
 typedef std::map<RecipeCellKey, RecipeCell> RecipeCells;
 
-RecipeCellKey recipeCellKey(const AddressRange& range, int index);
+KXRUNTIME_EXPORT RecipeCellKey recipeCellKey(const AddressRange& range, int index);
 
 /// Returns false and one line in `*error` when two rows give one address
 /// different values. The cells point into `rows`.
-bool takeRecipeCells(const QList<RecipeRow>& rows, RecipeCells* cells, QString* error);
+KXRUNTIME_EXPORT bool takeRecipeCells(const QList<RecipeRow>& rows, RecipeCells* cells,
+                                      QString* error);
 
 /// The unbroken runs of addresses, in the order of the keys.
-QList<AddressRange> runsOf(const RecipeCells& cells);
+KXRUNTIME_EXPORT QList<AddressRange> runsOf(const RecipeCells& cells);
 
 } // namespace kx
 

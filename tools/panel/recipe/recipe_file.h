@@ -13,6 +13,7 @@
 #define KX_PANEL_RECIPE_RECIPE_FILE_H
 
 #include "addresses/address_text.h"
+#include "addresses/export.h"
 #include "panel/files/csv_table.h"
 #include "panel/recipe/recipe_value.h"
 
@@ -23,7 +24,7 @@
 namespace kx
 {
 
-struct RecipeRow {
+struct KXRUNTIME_EXPORT RecipeRow {
     int line = 0; ///< in the file, from 1
     QString name;
     AddressRange range; ///< with its station; one address, or two (addressesPerValue())
@@ -35,7 +36,7 @@ struct RecipeRow {
     QString place() const;
 };
 
-class RecipeFile
+class KXRUNTIME_EXPORT RecipeFile
 {
 public:
     /// Returns false and one line in `*error`, with the line's number, when the

@@ -24,6 +24,7 @@
 #ifndef KX_PANEL_RECIPE_RECIPE_LAYOUT_H
 #define KX_PANEL_RECIPE_RECIPE_LAYOUT_H
 
+#include "addresses/export.h"
 #include "driver/records.h"
 #include "panel/recipe/recipe_file.h"
 
@@ -34,14 +35,14 @@
 namespace kx
 {
 
-struct RecipePass {
+struct KXRUNTIME_EXPORT RecipePass {
     QVector<_RCP_VAR_PRO> variables; ///< of link 0; see forLink()
     int blocks = 0;                  ///< requests that transfer the pass
 
     QVector<_RCP_VAR_PRO> forLink(int link) const;
 };
 
-struct RecipeLayout {
+struct KXRUNTIME_EXPORT RecipeLayout {
     QList<RecipePass> passes;
     std::vector<unsigned short> buffer; ///< filled with the rows' values
     QList<int> offsets;                 ///< of each row in the buffer, words; -1: coil
@@ -53,13 +54,15 @@ struct RecipeLayout {
 /// give one register different values, when a 32CV does not fit into `maxWords`
 /// registers, or when the values do not fit into the buffer.
 /// @param maxWords the driver's limit, 1 to MOST_REGISTERS_PER_WRITE
-bool layOutRecipe(const QList<RecipeRow>& rows, int maxWords, RecipeLayout* layout, QString* error);
+KXRUNTIME_EXPORT bool layOutRecipe(const QList<RecipeRow>& rows, int maxWords, RecipeLayout* layout,
+                                   QString* error);
 
 /// Returns false and one line in `*error` when a row has no value or is an input.
-bool canBeDownloaded(const QList<RecipeRow>& rows, QString* error);
+KXRUNTIME_EXPORT bool canBeDownloaded(const QList<RecipeRow>& rows, QString* error);
 
 /// The row's value in a buffer that an upload filled; not for coils.
-quint32 valueInBuffer(const RecipeRow& row, int offset, const std::vector<unsigned short>& buffer);
+KXRUNTIME_EXPORT quint32 valueInBuffer(const RecipeRow& row, int offset,
+                                       const std::vector<unsigned short>& buffer);
 
 } // namespace kx
 

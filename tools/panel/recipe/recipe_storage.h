@@ -2,6 +2,8 @@
 #ifndef KX_PANEL_RECIPE_RECIPE_STORAGE_H
 #define KX_PANEL_RECIPE_RECIPE_STORAGE_H
 
+#include "addresses/export.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
@@ -9,15 +11,16 @@ namespace kx
 {
 
 /// As readTextFile().
-bool readRecipeFile(const QString& path, QByteArray* text, QString* error);
+KXRUNTIME_EXPORT bool readRecipeFile(const QString& path, QByteArray* text, QString* error);
 
 /// Whether the file could be replaced; leaves it alone.
-bool canReplaceRecipeFile(const QString& path, QString* error);
+KXRUNTIME_EXPORT bool canReplaceRecipeFile(const QString& path, QString* error);
 
 /// Replaces the file as a whole, or leaves it as it was. Its mode stays, and its owner and
 /// group where the process may give files to them; of a symbolic link, the file that it
 /// points at is replaced. Returns false and one line in `*error` that names the file.
-bool replaceRecipeFile(const QString& path, const QByteArray& text, QString* error);
+KXRUNTIME_EXPORT bool replaceRecipeFile(const QString& path, const QByteArray& text,
+                                        QString* error);
 
 } // namespace kx
 

@@ -7,6 +7,8 @@
 #ifndef KX_PANEL_RECIPE_RECIPE_VALUE_H
 #define KX_PANEL_RECIPE_RECIPE_VALUE_H
 
+#include "addresses/export.h"
+
 #include <QtCore/QString>
 
 struct RegisterType; // a row of the driver's table of types
@@ -23,24 +25,24 @@ struct RecipeValueType {
 };
 
 /// The type of that exact name, or null.
-const RecipeValueType* findRecipeValueType(const QString& name);
+KXRUNTIME_EXPORT const RecipeValueType* findRecipeValueType(const QString& name);
 
 /// All names, separated by commas.
-QString recipeValueTypeNames();
+KXRUNTIME_EXPORT QString recipeValueTypeNames();
 
 /// Whether values of that type live in registers of that type.
-bool suits(const RecipeValueType* type, const RegisterType* registers);
+KXRUNTIME_EXPORT bool suits(const RecipeValueType* type, const RegisterType* registers);
 
 /// Addresses that one value takes: 2 for 32 bits in 16-bit registers, else 1.
-int addressesPerValue(const RecipeValueType* type, const RegisterType* registers);
+KXRUNTIME_EXPORT int addressesPerValue(const RecipeValueType* type, const RegisterType* registers);
 
 /// Parses a decimal or 0x hexadecimal number into the bits that travel. Returns
 /// false and one line in `*error` when it is no number or does not fit.
-bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32* bits,
-                      QString* error);
+KXRUNTIME_EXPORT bool parseRecipeValue(const RecipeValueType* type, const QString& text,
+                                       quint32* bits, QString* error);
 
 /// The value as an upload writes it: -5, 0x04D2, 100000.
-QString recipeValueText(const RecipeValueType* type, quint32 bits);
+KXRUNTIME_EXPORT QString recipeValueText(const RecipeValueType* type, quint32 bits);
 
 } // namespace kx
 

@@ -1,6 +1,7 @@
 #ifndef KX_PANEL_SESSION_SESSION_H
 #define KX_PANEL_SESSION_SESSION_H
 
+#include "addresses/export.h"
 #include "exchange/driver_library.h"
 #include "exchange/lines/line.h"
 #include "exchange/loop_clock.h"
@@ -26,7 +27,7 @@ namespace kx
 /// when it is done, when it failed for good, when it was cancelled, and when stop(),
 /// initialise(), the destructor or a line lost for good ends all. What has ended is never
 /// sent afterwards; what had been sent before may have been carried out.
-class Session : public QObject
+class KXRUNTIME_EXPORT Session : public QObject
 {
     Q_OBJECT
 

@@ -3,6 +3,7 @@
 #define KX_PANEL_SESSION_SESSION_EVENTS_H
 
 #include "addresses/address_text.h"
+#include "addresses/export.h"
 #include "exchange/failure.h"
 
 namespace kx
@@ -30,7 +31,7 @@ struct WriteEnd {
 };
 
 /// Lets the events of sessions cross threads; may be called many times, on any thread.
-void registerEventTypes();
+KXRUNTIME_EXPORT void registerEventTypes();
 
 enum class RecipeDirection {
     Download, ///< to the controllers

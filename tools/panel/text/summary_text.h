@@ -2,6 +2,7 @@
 #ifndef KX_PANEL_TEXT_SUMMARY_TEXT_H
 #define KX_PANEL_TEXT_SUMMARY_TEXT_H
 
+#include "addresses/export.h"
 #include "exchange/replies/statistics.h"
 
 #include <QtCore/QJsonObject>
@@ -20,12 +21,12 @@ struct WatchSummary {
 
 /// "36 requests in 12 cycles: 34 accepted, 2 repeated, 0 failed", on a line with
 /// faults what they were, and a line with the speed.
-QStringList summaryLines(const WatchSummary& summary);
+KXRUNTIME_EXPORT QStringList summaryLines(const WatchSummary& summary);
 
-QJsonObject summaryJson(const WatchSummary& summary);
+KXRUNTIME_EXPORT QJsonObject summaryJson(const WatchSummary& summary);
 
 /// "12.3 requests/s, line load 45.6 %"; without the load on a network.
-QString speedText(const WatchSummary& summary);
+KXRUNTIME_EXPORT QString speedText(const WatchSummary& summary);
 
 } // namespace kx
 

@@ -2,6 +2,7 @@
 #ifndef KX_PANEL_WATCH_LINK_EVENTS_H
 #define KX_PANEL_WATCH_LINK_EVENTS_H
 
+#include "addresses/export.h"
 #include "exchange/replies/exchange_record.h"
 
 #include <QtCore/QJsonObject>
@@ -20,16 +21,16 @@ struct LinkEvent {
 
 /// "line lost", "line open again", "line never silent", "line silent again", "station 2
 /// does not answer", "station 2 answers again".
-QString linkEventText(const LinkEvent& event);
+KXRUNTIME_EXPORT QString linkEventText(const LinkEvent& event);
 
 /// "2024-05-17T10:11:12.013 station 2 does not answer".
-QString linkEventLine(const LinkEvent& event, const QDateTime& time);
+KXRUNTIME_EXPORT QString linkEventLine(const LinkEvent& event, const QDateTime& time);
 
 /// Of event "line" or "station", with its state and time.
-QJsonObject linkEventJson(const LinkEvent& event, const QDateTime& time);
+KXRUNTIME_EXPORT QJsonObject linkEventJson(const LinkEvent& event, const QDateTime& time);
 
 /// Finds the changes in what was exchanged.
-class LinkState
+class KXRUNTIME_EXPORT LinkState
 {
 public:
     /// A station is silent from a request that failed for good without any usable reply

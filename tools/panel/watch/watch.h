@@ -1,6 +1,7 @@
 #ifndef KX_PANEL_WATCH_WATCH_H
 #define KX_PANEL_WATCH_WATCH_H
 
+#include "addresses/export.h"
 #include "panel/session/session.h"
 #include "panel/text/summary_text.h"
 #include "panel/watch/link_events.h"
@@ -14,7 +15,7 @@ namespace kx
 ///
 /// It lives in the session's thread, and is called there only. Its signals carry values and
 /// may be taken in another thread; entries are looked up where it lives.
-class Watch : public QObject
+class KXRUNTIME_EXPORT Watch : public QObject
 {
     Q_OBJECT
 

@@ -3,6 +3,7 @@
 #define KX_PANEL_WATCH_WATCH_LIST_H
 
 #include "addresses/address_text.h"
+#include "addresses/export.h"
 #include "driver/records.h"
 #include "panel/files/tags_file.h"
 
@@ -23,7 +24,7 @@ enum class WatchState {
     Refused   ///< as NoAnswer, but the station answered with an exception
 };
 
-struct WatchEntry {
+struct KXRUNTIME_EXPORT WatchEntry {
     int station = 0;
     const RegisterType* type = nullptr;
     int address = 0;
@@ -38,11 +39,11 @@ struct WatchEntry {
 };
 
 /// The last read failed for good.
-bool hasFailed(const WatchEntry& entry);
+KXRUNTIME_EXPORT bool hasFailed(const WatchEntry& entry);
 
 /// Lists of 100,000 addresses are fine: what comes in costs as much as the addresses that it
 /// is about, however long the list is.
-class WatchList
+class KXRUNTIME_EXPORT WatchList
 {
 public:
     /// Reads one cached value.
