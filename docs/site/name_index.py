@@ -1,7 +1,8 @@
 """Fills the site's index from the pages of the reference.
 
 In it stand the entry points, by the titles of their pages; the names in tables whose
-first column is Name; and what the declarations show: records, fields and constants.
+first column is Name; and what the declarations show: records, fields and constants. Of
+libkxruntime, below reference/runtime, it names classes and functions.
 """
 import re
 
@@ -13,6 +14,7 @@ RECORD = re.compile(r"^(struct|enum|class)\b[^;{\n]*?(\w+)\s*\{(.*?)^\};", re.M 
 FIELD = re.compile(r"^    (?! )[\w:<>*& ]+[ *&](\w+)(?:\[\w+\])?;", re.M)
 ENUMERATOR = re.compile(r"^    ([A-Z]\w+)\b", re.M)
 CONSTANT = re.compile(r"^const int (\w+)", re.M)
+RUNTIME_NAME = re.compile(r"^(?:(?:class|struct|enum class|const int) (\w+)|\w[^;{}()]*\b(\w+)\()", re.M)
 
 
 def names_of_declarations(code):
@@ -26,6 +28,10 @@ def names_of_declarations(code):
             names += [f"{record} (record)"]
             names += [f"{name} (field of {record})" for name in FIELD.findall(public)]
     return names
+
+
+def names_of_the_runtime(code):
+    return dict.fromkeys(f"kx::{kind or function}" for kind, function in RUNTIME_NAME.findall(code))
 
 
 def names_of_table(table):
@@ -65,9 +71,11 @@ class IndexNames(SphinxTransform):
             add_index(title.next_node(descend=False, siblings=True), [title.astext()])
         for table in list(self.document.findall(nodes.table)):
             add_index(table, names_of_table(table))
+        is_runtime = page.startswith("reference/runtime/")
+        names_of = names_of_the_runtime if is_runtime else names_of_declarations
         for block in list(self.document.findall(nodes.literal_block)):
             place = block.parent if isinstance(block.parent, nodes.container) else block
-            add_index(place, names_of_declarations(block.astext()))
+            add_index(place, names_of(block.astext()))
 
 
 def setup(app):

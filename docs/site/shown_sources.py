@@ -6,6 +6,9 @@ A paragraph that is nothing but a link to a source file becomes the file's text:
     [the loop](minimal_runtime.cpp#loop)       between // [loop] and // [/loop]
     [KEY_ADDRESS](../../driver/records.h#KEY_ADDRESS)    a declaration and its comment
 
+Of a class what is public is shown, and of a name all declarations that follow each other as
+overloads.
+
 Where the Markdown is read as it stands, it is a link that can be followed.
 """
 import re
@@ -19,6 +22,7 @@ LINK = re.compile(
     re.MULTILINE,
 )
 MARKER = re.compile(r"^ *// \[/?\w+\]\n", re.MULTILINE)
+EXPORT = "KXRUNTIME_EXPORT "
 LANGUAGES = {"cpp": "cpp", "h": "cpp", "expected": "text"}
 
 
@@ -27,12 +31,23 @@ def marked_part(text, name):
     return found and found.group(1)
 
 
+def without_export(code):
+    """Without the macro, which moved the lines behind it to the right."""
+
+    def moved_back(found):
+        return found.group(1).replace("\n" + " " * len(EXPORT), "\n")
+
+    return re.sub(EXPORT + r"([^;{]*)", moved_back, code)
+
+
 def declaration(text, name):
     comment = r"(?:^///[^\n]*\n)*"
-    record = rf"^(?:struct|enum|class)\b[^;{{\n]*\b{name}\s*{{.*?^}};$"
+    record = rf"^(?:struct|enum|class)\b[^;{{\n]*\b{name}(?:\s*:[^;{{]*)?\s*{{(?:[^\n]*|.*?^)}};$"
     constant = rf"^const int {name}\b[^;]*;$"
-    found = re.search(rf"{comment}(?:{record}|{constant})", text, re.M | re.S)
-    return found and found.group(0)
+    function = rf"^(?=\w)[^;{{}}()]*\b{name}\([^;{{]*\);$"
+    found = re.findall(rf"{comment}(?:{record}|{constant}|{function})", text, re.M | re.S)
+    public = re.sub(r"\n*^private:.*?(?=^};)", "\n", "\n\n".join(found), flags=re.M | re.S)
+    return without_export(public)
 
 
 def shown(file, part):

@@ -46,6 +46,8 @@ private slots:
     void theFrontPageListsPages_data();
     void theFrontPageListsPages();
     void exportedNamesAreInTheIndex();
+    void namesOfTheRuntimeAreInTheIndex_data();
+    void namesOfTheRuntimeAreInTheIndex();
     void indexOfDeclarations_data();
     void indexOfDeclarations();
     void theIndexLeadsSomewhere();
@@ -75,6 +77,7 @@ void SiteTest::theFrontPageListsPages_data()
     QTest::newRow("page of the guide") << "guide/loading.html" << true;
     QTest::newRow("entry point") << "reference/intf_getSendFrame.html" << true;
     QTest::newRow("records") << "reference/records.html" << true;
+    QTest::newRow("libkxruntime") << "reference/runtime/index.html" << true;
     QTest::newRow("program") << "tools/kxsim.html" << true;
     QTest::newRow("index of names") << "genindex.html" << true;
     QTest::newRow("heading inside a page") << "wire-format.html#exception-replies" << false;
@@ -93,6 +96,20 @@ void SiteTest::exportedNamesAreInTheIndex()
     for (const QString& name : exportedNames())
         QVERIFY2(index.contains(QRegularExpression(">(\\w+::)?" + plainName(name) + "</a>")),
                  qPrintable(name));
+}
+
+void SiteTest::namesOfTheRuntimeAreInTheIndex_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* const name : {"Session", "AddressRange", "FailureKind", "LOWEST_STATION",
+                                   "parseAddressRange", "RecipeValueType", "findRecipeValueType"})
+        QTest::newRow(name) << QString(name);
+}
+
+void SiteTest::namesOfTheRuntimeAreInTheIndex()
+{
+    QFETCH(QString, name);
+    QCOMPARE(int(siteText("genindex.html").count(">kx::" + name + "</a>")), 1);
 }
 
 void SiteTest::indexOfDeclarations_data()
@@ -177,6 +194,18 @@ void SiteTest::sourcesAreShown_data()
                                  << "int bitIndex; " << true;
     QTest::newRow("its comment") << "reference/records.html"
                                  << "One address range that the runtime asks to have read." << true;
+    QTest::newRow("class") << "reference/runtime/session.html"
+                           << "static std::unique_ptr<Session> create(" << true;
+    QTest::newRow("not its private part") << "reference/runtime/session.html"
+                                          << "m_settings;" << false;
+    QTest::newRow("function, its lines aligned without the mark of what is exported")
+        << "reference/runtime/recipes.html"
+        << "bool layOutRecipe(const QList<RecipeRow>& rows, int maxWords, RecipeLayout* layout,\n"
+           "                  QString* error);"
+        << true;
+    QTest::newRow("the second of two overloads")
+        << "reference/runtime/addresses.html"
+        << "QList<Assignment> writePieces(const Assignment& assignment, int most);" << true;
 }
 
 void SiteTest::sourcesAreShown()
