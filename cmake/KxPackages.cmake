@@ -16,7 +16,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL runtime development)
 if(KX_BUILD_TOOLS)
-  list(APPEND CPACK_COMPONENTS_ALL tools)
+  list(APPEND CPACK_COMPONENTS_ALL kxruntime tools)
 endif()
 if(KX_DOCS_SITE)
   list(APPEND CPACK_COMPONENTS_ALL documentation)
@@ -42,17 +42,35 @@ of KX series programmable controllers. It depends on QtCore alone.")
 
 set(runtime_of_same_version
   "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= ${KX_PACKAGE_VERSION})")
+# It loads the driver, which no tool sees.
+set(CPACK_DEBIAN_KXRUNTIME_PACKAGE_NAME libkxruntime${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_KXRUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_KXRUNTIME_PACKAGE_DEPENDS "${runtime_of_same_version}")
+set(CPACK_DEBIAN_KXRUNTIME_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_SOURCE_DIR}/packaging/triggers")
+set(CPACK_COMPONENT_KXRUNTIME_DESCRIPTION "runtime of panels for KX series controllers: library
+A panel's program links this library to poll, read and write KX series
+programmable controllers through their driver, which it loads, on a serial
+line or a network gateway, and to transfer recipes.")
+
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libtarvelan-kx-series-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_of_same_version}, qtbase5-dev")
-if(KX_QT EQUAL 6)
-  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_of_same_version}, qt6-base-dev")
+set(qt5_headers qtbase5-dev)
+set(qt6_headers qt6-base-dev)
+set(needed "${runtime_of_same_version}")
+if(KX_BUILD_TOOLS)
+  list(APPEND needed "${CPACK_DEBIAN_KXRUNTIME_PACKAGE_NAME} (= ${KX_PACKAGE_VERSION})")
+  list(APPEND qt5_headers libqt5serialport5-dev)
+  list(APPEND qt6_headers qt6-serialport-dev)
 endif()
+list(JOIN needed ", " needed)
+list(JOIN qt${KX_QT}_headers ", " headers)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${needed}, ${headers}")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libtarvelan-kx-series-doc)
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Modbus RTU driver for KX series controllers: headers
-Headers, CMake package and pkg-config file for writing a runtime that
-loads the driver for KX series programmable controllers.")
+Headers, CMake packages and pkg-config files for writing a runtime that
+loads the driver for KX series programmable controllers, or links
+libkxruntime, which does.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME tarvelan-kx-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
