@@ -197,7 +197,7 @@ void SiteTest::sourcesAreShown_data()
     QTest::newRow("class") << "reference/runtime/session.html"
                            << "static std::unique_ptr<Session> create(" << true;
     QTest::newRow("not its private part") << "reference/runtime/session.html"
-                                          << "m_settings;" << false;
+                                          << "m_lastHandle" << false;
     QTest::newRow("function, its lines aligned without the mark of what is exported")
         << "reference/runtime/recipes.html"
         << "bool layOutRecipe(const QList<RecipeRow>& rows, int maxWords, RecipeLayout* layout,\n"
