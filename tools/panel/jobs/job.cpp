@@ -5,6 +5,16 @@
 namespace kx
 {
 
+namespace
+{
+
+QString notWanted()
+{
+    return QStringLiteral("not wanted any more");
+}
+
+} // namespace
+
 Job::Job(Session* session, QObject* parent) : QObject(parent), m_session(session) {}
 
 Job::~Job()
@@ -12,7 +22,7 @@ Job::~Job()
     if (!m_session)
         return;
     disconnect(m_session, nullptr, this, nullptr);
-    m_session->cancel(m_awaited, QStringLiteral("not wanted any more"));
+    m_session->cancel(m_awaited, notWanted());
 }
 
 void Job::start()
@@ -34,6 +44,17 @@ void Job::abort(const QString& reason)
     if (m_session)
         m_session->cancel(m_awaited, reason);
     endEarly(failureOf(FailureKind::Aborted, reason));
+}
+
+void Job::await(const std::function<int(Session*)>& request)
+{
+    const QPointer<Job> self(this);
+    Session* const session = m_session;
+    const int handle = request(session);
+    if (self && isRunning())
+        m_awaited = handle;
+    else
+        session->cancel(handle, notWanted());
 }
 
 bool Job::takesEnd(int handle)

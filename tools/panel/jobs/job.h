@@ -6,6 +6,8 @@
 
 #include <QtCore/QPointer>
 
+#include <functional>
+
 namespace kx
 {
 
@@ -59,8 +61,10 @@ protected:
 
     /// Null once the session is deleted; never null while the job runs.
     Session* session() const { return m_session; }
-    /// The request that the job waits for; its end and no other is for the job. 0: none.
-    void await(int handle) { m_awaited = handle; }
+    /// Makes a request, of which it returns the handle, and waits for its end; that and no other
+    /// is for the job. A slot may call the job off meanwhile: then the request is, too.
+    /// Nothing may follow, since a slot may even have deleted the job.
+    void await(const std::function<int(Session*)>& request);
     /// Whether this is the end of the request awaited, which is then no longer.
     bool takesEnd(int handle);
     bool isAwaited(int handle) const { return handle != 0 && handle == m_awaited; }

@@ -23,7 +23,12 @@ void ReadJob::readNextRange()
     m_pieces = readPieces(range, std::max(1, most));
     if (m_pieces.isEmpty())
         m_pieces << range; // which the session refuses
-    await(session()->read(m_pieces.first()));
+    readNextPiece();
+}
+
+void ReadJob::readNextPiece()
+{
+    await([piece = m_pieces.first()](Session* session) { return session->read(piece); });
 }
 
 void ReadJob::takeEnd(int handle, const ReadEnd& end)
@@ -39,7 +44,7 @@ void ReadJob::takeEnd(int handle, const ReadEnd& end)
     if (m_pieces.isEmpty())
         settle(Failure());
     else
-        await(session()->read(m_pieces.first()));
+        readNextPiece();
 }
 
 void ReadJob::settle(const Failure& failure)

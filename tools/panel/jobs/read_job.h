@@ -32,6 +32,7 @@ private:
     void begin() override { readNextRange(); }
     void giveUp(const Failure& reason) override;
     void readNextRange();
+    void readNextPiece();
     void takeEnd(int handle, const ReadEnd& end);
     void settle(const Failure& failure);
 

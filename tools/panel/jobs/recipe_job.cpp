@@ -32,7 +32,9 @@ void RecipeJob::begin()
     if (isDownload && !session()->loadRecipe(m_layout.buffer))
         return endEarly(failureOf(FailureKind::TooLong,
                                   QStringLiteral("the words do not fit into the recipe buffer")));
-    await(session()->transferRecipe(m_direction, m_layout.passes));
+    await([direction = m_direction, passes = m_layout.passes](Session* session) {
+        return session->transferRecipe(direction, passes);
+    });
 }
 
 void RecipeJob::takeBlock(int handle, const AddressRange& block)

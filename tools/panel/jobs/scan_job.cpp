@@ -19,7 +19,7 @@ void ScanJob::askNextStation()
     AddressRange range;
     range.type = findRegisterType(QStringLiteral("D"));
     range.station = m_stations.at(m_asked);
-    await(session()->read(range));
+    await([range](Session* session) { return session->read(range); });
 }
 
 void ScanJob::takeEnd(int handle, const ReadEnd& end)

@@ -25,7 +25,12 @@ void WriteJob::writeNextAssignment()
     m_pieces = writePieces(assignment, std::max(1, most));
     if (m_pieces.isEmpty())
         m_pieces << assignment; // which the session refuses
-    await(session()->write(m_pieces.first()));
+    writeNextPiece();
+}
+
+void WriteJob::writeNextPiece()
+{
+    await([piece = m_pieces.first()](Session* session) { return session->write(piece); });
 }
 
 void WriteJob::takeEnd(int handle, const WriteEnd& end)
@@ -40,7 +45,7 @@ void WriteJob::takeEnd(int handle, const WriteEnd& end)
     if (m_pieces.isEmpty())
         settle(Failure());
     else
-        await(session()->write(m_pieces.first()));
+        writeNextPiece();
 }
 
 void WriteJob::tell(const Failure& failure)

@@ -31,6 +31,7 @@ private:
     void begin() override { writeNextAssignment(); }
     void giveUp(const Failure& reason) override;
     void writeNextAssignment();
+    void writeNextPiece();
     void takeEnd(int handle, const WriteEnd& end);
     void tell(const Failure& failure);
     void settle(const Failure& failure);
