@@ -46,6 +46,8 @@ void ExchangeLoop::start()
 
 void ExchangeLoop::stop()
 {
+    if (!isRunning())
+        return; // the clock may be another's
     if (m_state == State::AwaitingReply || m_state == State::AwaitingTurnaround) {
         m_current.giveUp();
         m_hasGivenUp = true;
