@@ -54,7 +54,7 @@ void RecipeJob::takeCoils(const AddressRange& block)
     if (m_direction == RecipeDirection::Download || block.type->registerClass != BIT_CLASS)
         return;
     int index = 0;
-    for (const qint64 value : session()->values(block))
+    for (const qint64 value : session()->uploadedValues())
         m_coils[recipeCellKey(block, index++)] = static_cast<quint32>(value);
 }
 

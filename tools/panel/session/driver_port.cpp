@@ -131,6 +131,11 @@ QList<qint64> DriverPort::values(const AddressRange& range) const
     return valuesOf(range, bytes);
 }
 
+QList<qint64> DriverPort::answeredValues(const AddressRange& range) const
+{
+    return valuesOfReply(range, m_reply);
+}
+
 QList<ValueChange> DriverPort::takeChanges()
 {
     QList<ValueChange> changes;
@@ -191,6 +196,7 @@ int DriverPort::settle(QByteArray& reply, QString& errorText)
     if (result == REPLY_RETRY || !m_isOut)
         return result;
     m_isOut = false;
+    m_reply = reply;
     if (m_outKind == WRITE_JOB || m_outKind == CONDITION_READ_JOB)
         slotOf(m_outKind) = Slot();
     if (isRecipe(m_outKind))

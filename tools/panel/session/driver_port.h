@@ -47,6 +47,9 @@ public:
     /// One at a time, of one request: a write of a range whose write waits would replace it.
     void write(const Assignment& assignment);
     QList<qint64> values(const AddressRange& range) const;
+    /// What the station answered to a read of the range, which is the latest request that has
+    /// ended. The cache may hold another value, of a write that waits.
+    QList<qint64> answeredValues(const AddressRange& range) const;
 
     /// Whether a write (WRITE_JOB) or a one-off read (CONDITION_READ_JOB) is in the driver: then
     /// no other of its kind may follow.
@@ -97,6 +100,7 @@ private:
     QList<ValueChange> m_changes;
     bool m_isOut = false;   ///< a request was handed out and has not ended
     int m_outKind = NO_JOB; ///< of that request
+    QByteArray m_reply;     ///< to the latest request that has ended
     Slot m_write;
     Slot m_read;
     int m_blocksDone = 0; ///< of the recipe: where the driver goes on

@@ -9,6 +9,9 @@ namespace kx
 namespace
 {
 
+const int FIRST_DATA_BYTE = 3; // behind station, function, byte count
+const int BITS_PER_BYTE = 8;   // the lowest first; of registers the highest byte comes first
+
 int bytesPerValue(const RegisterType* type)
 {
     return type->registerClass == BIT_CLASS ? 1 : BYTES_PER_REGISTER * registersPerAddress(type);
@@ -51,6 +54,24 @@ QByteArray driverBytes(const Assignment& assignment)
             bytes.append(static_cast<char>((value >> (8 * i)) & 0xFF));
     }
     return bytes;
+}
+
+QList<qint64> valuesOfReply(const AddressRange& range, const QByteArray& reply)
+{
+    const auto byteAt = [&reply](int index) {
+        const int at = FIRST_DATA_BYTE + index;
+        return at < reply.size() ? static_cast<unsigned char>(reply.at(at)) : 0;
+    };
+    const bool isBits = range.type->registerClass == BIT_CLASS;
+    const int size = bytesPerValue(range.type);
+    QList<qint64> values;
+    for (int i = 0; i < range.values; ++i) {
+        qint64 value = isBits ? byteAt(i / BITS_PER_BYTE) >> i % BITS_PER_BYTE & 1 : 0;
+        for (int k = 0; !isBits && k < size; ++k)
+            value = value * 256 + byteAt(i * size + k);
+        values << value;
+    }
+    return values;
 }
 
 QList<qint64> valuesOf(const AddressRange& range, const QByteArray& bytes)

@@ -21,6 +21,9 @@ int bytesOf(const AddressRange& range);
 /// The lowest byte of each value first.
 QByteArray driverBytes(const Assignment& assignment);
 
+/// The values in an accepted reply to a read of the range, whatever the driver's cache holds.
+QList<qint64> valuesOfReply(const AddressRange& range, const QByteArray& reply);
+
 /// @param bytes bytesOf(range), the lowest of each value first
 QList<qint64> valuesOf(const AddressRange& range, const QByteArray& bytes);
 

@@ -28,23 +28,6 @@ Failure outOfRange(const AddressRange& range, const QString& text)
     return refusal(FailureKind::OutOfRange, range, text);
 }
 
-/// Whether the registers exist.
-Failure rangeRefusal(const AddressRange& range)
-{
-    if (!range.type)
-        return outOfRange(range, QStringLiteral("no such register type"));
-    if (range.station < LOWEST_STATION || range.station > HIGHEST_STATION)
-        return outOfRange(range, QStringLiteral("the station must be %1 to %2")
-                                     .arg(LOWEST_STATION)
-                                     .arg(HIGHEST_STATION));
-    const int highest = highestAddress(range.type);
-    if (range.values < 1 || range.address < range.type->lowestAddress || range.address > highest
-        || range.values > highest - range.address + 1)
-        return outOfRange(
-            range, QStringLiteral("out of range; there are %1").arg(addressesOf(range.type)));
-    return Failure();
-}
-
 Failure tooLong(const AddressRange& range, int maxWords)
 {
     return refusal(
@@ -74,6 +57,22 @@ Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction,
 }
 
 } // namespace
+
+Failure rangeRefusal(const AddressRange& range)
+{
+    if (!range.type)
+        return outOfRange(range, QStringLiteral("no such register type"));
+    if (range.station < LOWEST_STATION || range.station > HIGHEST_STATION)
+        return outOfRange(range, QStringLiteral("the station must be %1 to %2")
+                                     .arg(LOWEST_STATION)
+                                     .arg(HIGHEST_STATION));
+    const int highest = highestAddress(range.type);
+    if (range.values < 1 || range.address < range.type->lowestAddress || range.address > highest
+        || range.values > highest - range.address + 1)
+        return outOfRange(
+            range, QStringLiteral("out of range; there are %1").arg(addressesOf(range.type)));
+    return Failure();
+}
 
 Failure readRefusal(const AddressRange& range, int maxWords)
 {

@@ -9,6 +9,9 @@
 namespace kx
 {
 
+/// No failure when the registers exist.
+Failure rangeRefusal(const AddressRange& range);
+
 /// No failure when the range can be read by one request of at most `maxWords` registers.
 Failure readRefusal(const AddressRange& range, int maxWords);
 

@@ -61,7 +61,15 @@ void Session::takeLostLine(const QString& error)
 
 int Session::watch(const QList<AddressRange>& ranges)
 {
-    const int requests = m_parts->port.watch(ranges);
+    QList<AddressRange> existing;
+    for (const AddressRange& range : ranges) {
+        const Failure missing = rangeRefusal(range);
+        if (missing.isNone())
+            existing << range;
+        else
+            tellLater({0, CYCLIC_READ_JOB, {missing, AddressRange()}});
+    }
+    const int requests = m_parts->port.watch(existing);
     m_parts->loop->wake();
     return requests;
 }
@@ -155,7 +163,9 @@ void Session::takeExchange(const ExchangeRecord& record)
     const RecipeFeed::Step recipe = m_parts->recipes.takeExchange(record);
     QList<qint64> values;
     if (read.handle != 0 && record.result == REPLY_ACCEPTED)
-        values = m_parts->port.values(read.wanted.range);
+        values = m_parts->port.answeredValues(read.wanted.range);
+    if (recipe.block.type && record.job.kind == RECIPE_READ_JOB)
+        m_uploaded = m_parts->port.answeredValues(recipe.block);
 
     m_isTelling = true;
     emit exchanged(record);
@@ -236,6 +246,8 @@ void Session::tell(const Ended& ended)
 {
     if (m_issuing.contains(ended.handle))
         tellLater(ended);
+    else if (ended.kind == CYCLIC_READ_JOB)
+        emit failed(ended.end.failure);
     else if (ended.kind == CONDITION_READ_JOB)
         emit readFinished(ended.handle, {{}, ended.end.failure, ExchangeRecord()});
     else if (ended.kind == WRITE_JOB)

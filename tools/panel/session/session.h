@@ -56,10 +56,12 @@ public:
 
     /// Replaces what is polled. Ranges must name their stations, 1 to 247. The driver joins them
     /// into few requests, but cuts none: give watchPieces() of ranges that may not fit one.
+    /// A range that does not exist is left out, and failed() tells so later.
     /// @return how many requests make one cycle
     int watch(const QList<AddressRange>& ranges);
     /// The values that the driver holds, one per address: 0 or 1, 0..65535, or 0..4294967295;
     /// 0 for what was never read. A value written counts from write() on, until the write fails.
+    /// None for a range that does not exist.
     QList<qint64> values(const AddressRange& range) const;
 
     /// Reads a range once, ahead of what is polled; readFinished() tells its end. Reads are
@@ -80,6 +82,9 @@ public:
     /// A word that an upload has brought: in recipeFinished(), and until another transfer
     /// begins. 0 outside the buffer.
     quint16 recipeWord(int offset) const;
+    /// The values of the block that an upload has brought, one per address: in
+    /// recipeBlockDone(). Coils are found here alone, since they never reach the words.
+    const QList<qint64>& uploadedValues() const { return m_uploaded; }
     /// Transfers a recipe, pass after pass, ahead of all else; recipeFinished() tells its end.
     /// Recipes are done in their order. While one is under way nothing else is sent.
     /// @param passes as of layOutRecipe(): each is a recipe of its own for the driver
@@ -110,7 +115,8 @@ signals:
     /// A station has answered this block of the recipe.
     void recipeBlockDone(int handle, const kx::AddressRange& block);
     void recipeFinished(int handle, const kx::RecipeEnd& end);
-    /// A polled request failed for good; it comes again in the next cycle.
+    /// A polled request failed for good; it comes again in the next cycle. Or a watched range
+    /// does not exist (FailureKind::OutOfRange), and is not polled.
     void failed(const kx::Failure& failure);
     /// The driver has nothing to send; each time it is asked in vain.
     void idle();
@@ -123,7 +129,7 @@ private:
 
     /// The end of a read, a write or a recipe without an exchange of its own.
     struct Ended {
-        int handle;
+        int handle;    ///< 0: of a watched range
         JobKind kind;  ///< RECIPE_WRITE_JOB: a recipe in either direction
         RecipeEnd end; ///< of all kinds
     };
@@ -150,8 +156,9 @@ private:
     std::unique_ptr<Parts> m_parts;
     Line* m_line;
     SessionSettings m_settings;
-    QList<Ended> m_toTell; ///< from the event loop, when their callers know the handles
-    QList<int> m_issuing;  ///< handles that their callers do not know yet
+    QList<Ended> m_toTell;    ///< from the event loop, when their callers know the handles
+    QList<int> m_issuing;     ///< handles that their callers do not know yet
+    QList<qint64> m_uploaded; ///< of the latest block
     int m_lastHandle = 0;
     bool m_isGone = false;
     /// What an exchange has brought: the words of an upload must not be replaced meanwhile.

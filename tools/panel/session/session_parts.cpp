@@ -1,5 +1,7 @@
 #include "panel/session/session_parts.h"
 
+#include "panel/session/request_checks.h"
+
 namespace kx
 {
 
@@ -25,7 +27,7 @@ bool Session::isRunning() const
 
 QList<qint64> Session::values(const AddressRange& range) const
 {
-    return m_parts->port.values(range);
+    return rangeRefusal(range).isNone() ? m_parts->port.values(range) : QList<qint64>();
 }
 
 bool Session::loadRecipe(const std::vector<quint16>& words)

@@ -13,6 +13,8 @@ private slots:
     void valuesBecomeBytesAndBack_data();
     void valuesBecomeBytesAndBack();
     void negativeValuesComeBackUnsigned();
+    void repliesBecomeValues_data();
+    void repliesBecomeValues();
     void jobsAndVariablesAreRanges();
 };
 
@@ -44,6 +46,31 @@ void TestDriverValues::negativeValuesComeBackUnsigned()
     const AddressRange range = {findRegisterType(QStringLiteral("D")), 0, 1, 1};
     QCOMPARE(driverBytes({range, {-2}}).toHex(), QByteArray("feff"));
     QCOMPARE(valuesOf(range, QByteArray::fromHex("feff")), QList<qint64>{65534});
+}
+
+void TestDriverValues::repliesBecomeValues_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QByteArray>("reply");
+    QTest::addColumn<QList<qint64>>("values");
+    // Station, function, byte count, data, CRC (of which nothing is looked at).
+    QTest::newRow("bits, the lowest first")
+        << "M" << QByteArray("01 01 02 81 01 FF FF") << QList<qint64>{1, 0, 0, 0, 0, 0, 0, 1, 1};
+    QTest::newRow("words, the high byte first")
+        << "D" << QByteArray("01 03 04 12 34 FF FE FF FF") << QList<qint64>{0x1234, 0xFFFE};
+    QTest::newRow("32CV, the highest byte first")
+        << "32CV" << QByteArray("01 03 04 FF 01 86 A0 FF FF") << QList<qint64>{0xFF0186A0};
+    QTest::newRow("nothing behind the reply's end")
+        << "D" << QByteArray("01 03 04 12") << QList<qint64>{0x1200, 0};
+}
+
+void TestDriverValues::repliesBecomeValues()
+{
+    QFETCH(QString, type);
+    QFETCH(QByteArray, reply);
+    QFETCH(QList<qint64>, values);
+    const AddressRange range = {findRegisterType(type), 200, static_cast<int>(values.size()), 1};
+    QCOMPARE(valuesOfReply(range, QByteArray::fromHex(reply)), values);
 }
 
 void TestDriverValues::jobsAndVariablesAreRanges()
