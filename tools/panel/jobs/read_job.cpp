@@ -1,6 +1,7 @@
 #include "panel/jobs/read_job.h"
 
 #include "addresses/read_pieces.h"
+#include "panel/session/request_checks.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,6 +12,7 @@ namespace kx
 ReadJob::ReadJob(Session* session, const QList<Tag>& tags, QObject* parent)
     : Job(session, parent), m_tags(tags), m_total(static_cast<int>(tags.size()))
 {
+    qRegisterMetaType<ReadOutcome>("kx::ReadOutcome");
     connect(session, &Session::readFinished, this, &ReadJob::takeEnd);
 }
 
@@ -19,10 +21,11 @@ void ReadJob::readNextRange()
     if (m_tags.isEmpty())
         return end();
     const AddressRange& range = m_tags.first().range;
-    const int most = addressesPerRead(range.type, session()->settings().maxWords);
-    m_pieces = readPieces(range, std::max(1, most));
-    if (m_pieces.isEmpty())
-        m_pieces << range; // which the session refuses
+    m_pieces = {range}; // which the session refuses when it does not exist
+    if (rangeRefusal(range).isNone()) {
+        const int most = addressesPerRead(range.type, session()->settings().maxWords);
+        m_pieces = readPieces(range, std::max(1, most));
+    }
     readNextPiece();
 }
 

@@ -8,6 +8,7 @@ namespace kx
 ScanJob::ScanJob(Session* session, const QList<int>& stations, QObject* parent)
     : Job(session, parent), m_stations(stations)
 {
+    qRegisterMetaType<ScanReply>("kx::ScanReply");
     connect(session, &Session::readFinished, this, &ScanJob::takeEnd);
 }
 
@@ -29,6 +30,8 @@ void ScanJob::takeEnd(int handle, const ReadEnd& end)
     if (isSessionOver(end.failure))
         return endEarly(end.failure);
     ++m_asked;
+    if (end.failure.kind == FailureKind::OutOfRange)
+        noteFailure(end.failure); // which was not asked
     const ScanReply reply = scanReplyOf(end.exchange);
     if (reply.answer != ScanAnswer::None && m_stations.contains(reply.station)
         && !m_answered.contains(reply.station)) {

@@ -12,7 +12,7 @@ namespace kx
 
 /// Asks every station for one register, in their order, and tells who answers. What is polled
 /// goes on. A session that allows one bad reply asks each station once. Progress counts stations
-/// asked.
+/// asked; a number that no station has counts along and is the job's failure.
 class KXRUNTIME_EXPORT ScanJob : public Job
 {
     Q_OBJECT

@@ -6,6 +6,7 @@
 #include "exchange/replies/exchange_record.h"
 
 #include <QtCore/QJsonObject>
+#include <QtCore/QMetaType>
 #include <QtCore/QString>
 
 namespace kx
@@ -39,5 +40,7 @@ KXRUNTIME_EXPORT QString scanBar(int done, int stations, int answered);
 KXRUNTIME_EXPORT QString scanSummary(int answered, int asked, int notAsked);
 
 } // namespace kx
+
+Q_DECLARE_METATYPE(kx::ScanReply)
 
 #endif

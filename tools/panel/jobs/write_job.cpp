@@ -1,6 +1,7 @@
 #include "panel/jobs/write_job.h"
 
 #include "addresses/write_pieces.h"
+#include "panel/session/request_checks.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,6 +14,7 @@ WriteJob::WriteJob(Session* session, const QList<Assignment>& assignments, QObje
       m_assignments(assignments),
       m_total(static_cast<int>(assignments.size()))
 {
+    qRegisterMetaType<WriteOutcome>("kx::WriteOutcome");
     connect(session, &Session::writeFinished, this, &WriteJob::takeEnd);
 }
 
@@ -21,10 +23,11 @@ void WriteJob::writeNextAssignment()
     if (m_assignments.isEmpty())
         return end();
     const Assignment& assignment = m_assignments.first();
-    const int most = addressesPerWrite(assignment.range.type, session()->settings().maxWords);
-    m_pieces = writePieces(assignment, std::max(1, most));
-    if (m_pieces.isEmpty())
-        m_pieces << assignment; // which the session refuses
+    m_pieces = {assignment}; // which the session refuses as a whole when it is not right
+    if (assignmentRefusal(assignment).isNone()) {
+        const int most = addressesPerWrite(assignment.range.type, session()->settings().maxWords);
+        m_pieces = writePieces(assignment, std::max(1, most));
+    }
     writeNextPiece();
 }
 

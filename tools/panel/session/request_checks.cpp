@@ -84,7 +84,7 @@ Failure readRefusal(const AddressRange& range, int maxWords)
     return fits ? Failure() : tooLong(range, maxWords);
 }
 
-Failure writeRefusal(const Assignment& assignment, int maxWords)
+Failure assignmentRefusal(const Assignment& assignment)
 {
     const AddressRange& range = assignment.range;
     Failure missing = rangeRefusal(range);
@@ -102,6 +102,15 @@ Failure writeRefusal(const Assignment& assignment, int maxWords)
                                      .arg(range.values)
                                      .arg(lowest)
                                      .arg(highest));
+    return Failure();
+}
+
+Failure writeRefusal(const Assignment& assignment, int maxWords)
+{
+    Failure unsuited = assignmentRefusal(assignment);
+    if (!unsuited.isNone())
+        return unsuited;
+    const AddressRange& range = assignment.range;
     const int most = addressesPerWrite(range.type, maxWords);
     const bool fits = most >= range.values && writePieces(range, most).size() == 1;
     return fits ? Failure() : tooLong(range, maxWords);

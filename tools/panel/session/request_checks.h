@@ -15,6 +15,9 @@ Failure rangeRefusal(const AddressRange& range);
 /// No failure when the range can be read by one request of at most `maxWords` registers.
 Failure readRefusal(const AddressRange& range, int maxWords);
 
+/// No failure when the values suit their type; how many requests they take does not matter.
+Failure assignmentRefusal(const Assignment& assignment);
+
 /// No failure when the values suit their type and can be written by one request.
 Failure writeRefusal(const Assignment& assignment, int maxWords);
 

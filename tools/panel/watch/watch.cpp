@@ -1,6 +1,7 @@
 #include "panel/watch/watch.h"
 
 #include "addresses/watch_pieces.h"
+#include "panel/session/request_checks.h"
 #include "registers/register_types.h"
 
 namespace kx
@@ -8,6 +9,8 @@ namespace kx
 
 Watch::Watch(Session* session, QObject* parent) : QObject(parent), m_session(session)
 {
+    qRegisterMetaType<LinkEvent>("kx::LinkEvent");
+    qRegisterMetaType<QList<int>>("QList<int>");
     connect(session, &Session::valueChanged, this, &Watch::takeChange);
     connect(session, &Session::exchanged, this, &Watch::takeExchange);
     connect(session, &Session::lineFailed, this, &Watch::takeLostLine);
@@ -17,11 +20,19 @@ Watch::Watch(Session* session, QObject* parent) : QObject(parent), m_session(ses
 
 void Watch::setTags(const QList<Tag>& tags)
 {
-    WatchList list(tags);
+    QList<Tag> existing;
+    QList<AddressRange> others;
+    for (const Tag& tag : tags) {
+        if (rangeRefusal(tag.range).isNone())
+            existing << tag;
+        else
+            others << tag.range;
+    }
+    WatchList list(existing);
     list.keepValuesOf(m_list);
     m_list = list;
     const int maxWords = m_session->settings().maxWords;
-    m_readsPerCycle = m_session->watch(watchPieces(rangesOf(tags), maxWords));
+    m_readsPerCycle = m_session->watch(watchPieces(rangesOf(existing), maxWords) + others);
     m_readsInCycle = m_hasPolled ? -1 : 0;
     emit listReplaced();
 }

@@ -26,7 +26,8 @@ public:
     /// Replaces what is watched, also while the session polls; it is polled from the next
     /// request on. What is known of addresses that stay is kept, and cycles are counted on.
     /// Not for slots of entriesChanged(): others would get indexes of the list before.
-    /// @param tags as WatchList takes them; none: nothing is polled
+    /// @param tags none: nothing is polled. Those of addresses that do not exist are left out,
+    /// and Session::failed() tells so later
     void setTags(const QList<Tag>& tags);
 
     const WatchList& list() const { return m_list; }

@@ -1,0 +1,168 @@
+// Jobs for what does not exist end with a reason, and nothing of them is sent; and what jobs tell
+// reaches other threads.
+
+#include "panel/watch/watch.h"
+#include "tools/panel/jobs/polling_run.h"
+
+#include <QtCore/QThread>
+#include <QtTest/QTest>
+
+using namespace kx;
+
+namespace
+{
+
+const int MOST = 2147483647;
+
+AddressRange rangeOfD(int address, int values, int station)
+{
+    return {findRegisterType(QStringLiteral("D")), address, values, station};
+}
+
+} // namespace
+
+class TestJobRefusals : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void rangesThatDoNotExist_data();
+    void rangesThatDoNotExist();
+    void valuesThatDoNotSuit_data();
+    void valuesThatDoNotSuit();
+    void aScanOfStationsThatDoNotExist_data();
+    void aScanOfStationsThatDoNotExist();
+    void aWatchOfRangesThatDoNotExist_data() { rangesThatDoNotExist_data(); }
+    void aWatchOfRangesThatDoNotExist();
+    void answersReachOtherThreads();
+    void typesAreKnownByTheirNames();
+};
+
+void TestJobRefusals::rangesThatDoNotExist_data()
+{
+    QTest::addColumn<AddressRange>("range");
+    QTest::newRow("no type") << AddressRange{nullptr, 0, 1, 1};
+    QTest::newRow("station 0") << rangeOfD(0, 1, 0);
+    QTest::newRow("no value") << rangeOfD(0, 0, 1);
+    QTest::newRow("fewer than none") << rangeOfD(0, -1, 1);
+    QTest::newRow("more than there are") << rangeOfD(0, MOST, 1);
+    QTest::newRow("before D0") << rangeOfD(-1, 1, 1);
+    QTest::newRow("running past D7999, in another piece") << rangeOfD(7960, 41, 1);
+}
+
+void TestJobRefusals::rangesThatDoNotExist()
+{
+    QFETCH(AddressRange, range);
+    PollingRun polling;
+    Tag tag;
+    tag.range = range;
+    ReadJob read(&polling.session(), {tag});
+    WriteJob write(&polling.session(), {{range, {1}}});
+    read.start();
+    write.start();
+    QTRY_VERIFY(read.hasEnded() && write.hasEnded());
+    QCOMPARE(read.failure().kind, FailureKind::OutOfRange);
+    QCOMPARE(write.failure().kind, FailureKind::OutOfRange);
+    QVERIFY(polling.pollsGoOn());
+    QCOMPARE(polling.asked(), QStringList());
+}
+
+void TestJobRefusals::valuesThatDoNotSuit_data()
+{
+    QTest::addColumn<int>("values");
+    QTest::addColumn<qint64>("last");
+    QTest::newRow("one too few, in the second request") << 39 << qint64(1);
+    QTest::newRow("one too many") << 41 << qint64(1);
+    QTest::newRow("the last one too high, in the second request") << 40 << qint64(65536);
+}
+
+// Of D100 to D139 in requests of 32.
+void TestJobRefusals::valuesThatDoNotSuit()
+{
+    QFETCH(int, values);
+    QFETCH(qint64, last);
+    PollingRun polling;
+    Assignment assignment = {rangeOfD(100, 40, 1), {}};
+    while (assignment.values.size() < values - 1)
+        assignment.values << 1;
+    assignment.values << last;
+    WriteJob write(&polling.session(), {assignment});
+    write.start();
+    QTRY_VERIFY(polling.untilEnded(write));
+    QCOMPARE(write.failure().text, QStringLiteral("takes 40 values from -32768 to 65535"));
+    QVERIFY(polling.pollsGoOn());
+    QCOMPARE(polling.asked(), QStringList());
+}
+
+void TestJobRefusals::aScanOfStationsThatDoNotExist_data()
+{
+    QTest::addColumn<int>("station");
+    QTest::newRow("0, which answers nobody") << 0;
+    QTest::newRow("248") << 248;
+    QTest::newRow("below 0") << -1;
+}
+
+void TestJobRefusals::aScanOfStationsThatDoNotExist()
+{
+    QFETCH(int, station);
+    PollingRun polling;
+    ScanJob scan(&polling.session(), {station, 2});
+    scan.start();
+    QTRY_VERIFY(polling.untilEnded(scan));
+    QCOMPARE(scan.failure().text, QStringLiteral("the station must be 1 to 247"));
+    QCOMPARE(scan.answered(), 1);
+    QCOMPARE(polling.asked(), QStringList{"02 03 00 00 00 01"});
+}
+
+void TestJobRefusals::aWatchOfRangesThatDoNotExist()
+{
+    QFETCH(AddressRange, range);
+    PollingRun polling;
+    QList<Failure> failures;
+    connect(&polling.session(), &Session::failed, this,
+            [&failures](const Failure& failure) { failures << failure; });
+    Watch watch(&polling.session());
+    Tag tag;
+    tag.range = range;
+    watch.setTags({tag, tagOf("D0:8@1")});
+    QTRY_COMPARE(failures.size(), 1);
+    QCOMPARE(failures.first().kind, FailureKind::OutOfRange);
+    QVERIFY(polling.pollsGoOn());
+    QCOMPARE(static_cast<int>(watch.list().entries().size()), 8);
+    QVERIFY(!watch.hasDeviceFailed());
+}
+
+void TestJobRefusals::answersReachOtherThreads()
+{
+    PollingRun polling;
+    ScanJob scan(&polling.session(), {1});
+    QThread thread;
+    QObject there;
+    there.moveToThread(&thread);
+    thread.start();
+    QList<int> stations;
+    connect(&scan, &ScanJob::stationAnswered, &there,
+            [&stations](const ScanReply& reply) { stations << reply.station; });
+    scan.start();
+    const bool hasEnded = polling.untilEnded(scan);
+    QMetaObject::invokeMethod(
+        &there, [] {}, Qt::BlockingQueuedConnection);
+    thread.quit();
+    thread.wait();
+    QVERIFY(hasEnded);
+    QCOMPARE(stations, QList<int>{1});
+}
+
+// As connections by name, and spies, look them up.
+void TestJobRefusals::typesAreKnownByTheirNames()
+{
+    PollingRun polling;
+    const Watch watch(&polling.session());
+    const ScanJob scan(&polling.session(), {1});
+    for (const char* const name :
+         {"kx::ScanReply", "kx::ReadOutcome", "kx::WriteOutcome", "kx::LinkEvent"})
+        QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
+}
+
+QTEST_GUILESS_MAIN(TestJobRefusals)
+#include "tst_job_refusals.moc"
