@@ -39,6 +39,19 @@ QStringList framesOf(const QString& kind)
     return {"02 06 00 64 00 07", "02 06 00 C8 00 08"};
 }
 
+/// Calls `react` for each part that a job tells the end of.
+void whenAPartEnds(Job* job, const std::function<void()>& react)
+{
+    if (auto* const read = qobject_cast<ReadJob*>(job))
+        QObject::connect(read, &ReadJob::rangeFinished, read, react);
+    if (auto* const write = qobject_cast<WriteJob*>(job))
+        QObject::connect(write, &WriteJob::assignmentFinished, write, react);
+    if (auto* const scan = qobject_cast<ScanJob*>(job))
+        QObject::connect(scan, &ScanJob::stationAnswered, scan, react);
+    if (auto* const recipe = qobject_cast<RecipeJob*>(job))
+        QObject::connect(recipe, &RecipeJob::blockDone, recipe, react);
+}
+
 /// What a job says, one after the other.
 class Diary : public QObject
 {
@@ -72,6 +85,8 @@ private slots:
     void abortEndsIt();
     void abortFromInsideItsProgress_data() { addKinds(); }
     void abortFromInsideItsProgress();
+    void abortWhenAPartEnds_data() { addKinds(); }
+    void abortWhenAPartEnds();
     void lostLineEndsIt_data() { addKinds(); }
     void lostLineEndsIt();
     void stoppedSessionEndsIt_data() { addKinds(); }
@@ -258,6 +273,21 @@ void TestJob::abortFromInsideItsProgress()
     QVERIFY(polling.untilEnded(*next));
     QVERIFY(next->failure().isNone());
     QCOMPARE(polling.asked(), QStringList(framesOf(kind).mid(0, 1) + framesOf(kind)));
+}
+
+// finished() is the last signal: no progress comes behind it.
+void TestJob::abortWhenAPartEnds()
+{
+    QFETCH(QString, kind);
+    PollingRun polling;
+    const std::unique_ptr<Job> job = makeJob(kind, &polling.session());
+    Diary diary(job.get());
+    whenAPartEnds(job.get(), [&job] { job->abort(QStringLiteral("interrupted")); });
+    job->start();
+    QVERIFY(polling.untilEnded(*job));
+    QVERIFY(polling.pollsGoOn());
+    QCOMPARE(diary.entries, QStringList{"finished"});
+    QCOMPARE(polling.asked(), QStringList(framesOf(kind).mid(0, 1)));
 }
 
 void TestJob::lostLineEndsIt()

@@ -1,3 +1,4 @@
+#include "support/driver_fixture.h"
 #include "tools/panel/jobs/polling_run.h"
 
 #include <QtTest/QTest>
@@ -10,6 +11,8 @@ class TestScanJob : public QObject
 
 private slots:
     void whoAnswers();
+    void repliesOfOthers_data();
+    void repliesOfOthers();
     void theWatchListStays();
     void anAbortedOneTellsHowFarItCame();
     void aLostLineEndsIt();
@@ -35,6 +38,39 @@ void TestScanJob::whoAnswers()
     // Function 3, register 0, one register.
     QCOMPARE(polling.asked(),
              (QStringList{"01 03 00 00 00 01", "02 03 00 00 00 01", "03 03 00 00 00 01"}));
+}
+
+void TestScanJob::repliesOfOthers_data()
+{
+    QTest::addColumn<QByteArray>("reply"); // to the request of station 3, which is not there
+    QTest::addColumn<QStringList>("lines");
+    // Station, function 3, byte count 2, value 7.
+    QTest::newRow("of a station that is not asked")
+        << withCrc("09 03 02 00 07") << QStringList{"1/2", "station 1: answered", "2/2"};
+    QTest::newRow("of one asked later, which is told once")
+        << withCrc("01 03 02 00 07")
+        << QStringList{"station 1: answered with another or a late reply", "1/2", "2/2"};
+}
+
+void TestScanJob::repliesOfOthers()
+{
+    QFETCH(QByteArray, reply);
+    PollingRun polling;
+    FaultyLine& line = polling.run().line();
+    line.onRequest = [&](const QByteArray& request) {
+        if (request.at(0) == 3)
+            emit line.bytesArrived(reply);
+    };
+    ScanJob job(&polling.session(), {3, 1});
+    QStringList lines;
+    connect(&job, &ScanJob::stationAnswered, this,
+            [&](const ScanReply& answer) { lines << scanLine(answer); });
+    connect(&job, &Job::progress, this,
+            [&](int done, int total) { lines << QStringLiteral("%1/%2").arg(done).arg(total); });
+    job.start();
+    QVERIFY(polling.untilEnded(job));
+    QTEST(lines, "lines");
+    QCOMPARE(job.answered(), 1);
 }
 
 void TestScanJob::theWatchListStays()

@@ -28,6 +28,7 @@ private slots:
     void outcomes_data();
     void outcomes();
     void aStationThatDoesNotExistConfirmsNothing();
+    void theFirstFailureIsTheJobs();
     void oneTargetTwice();
     void aRecipesBlockConfirmsNoWrite();
     void anAbortedOneTellsWhatWasConfirmed();
@@ -93,6 +94,19 @@ void TestWriteJob::aStationThatDoesNotExistConfirmsNothing()
     QCOMPARE(outcomes, QStringList{"D100@9: 0 confirmed, no reply"});
     QCOMPARE(job.failure().kind, FailureKind::NoReply);
     QCOMPARE(job.failure().station, 9);
+}
+
+void TestWriteJob::theFirstFailureIsTheJobs()
+{
+    PollingRun polling;
+    WriteJob job(&polling.session(),
+                 {assignmentOf("D100@9=7"), assignmentOf("X0@1=1"), assignmentOf("D100@1=7")});
+    job.start();
+    // Refusals come from the event loop, all else from the line.
+    QTRY_VERIFY(polling.untilEnded(job));
+    QCOMPARE(job.failure().kind, FailureKind::NoReply);
+    QCOMPARE(job.failure().station, 9);
+    QCOMPARE(polling.memory("D100@1"), QList<quint32>{7});
 }
 
 void TestWriteJob::oneTargetTwice()
