@@ -184,7 +184,7 @@ int DriverPort::nextRequest(FRAME_PRO* out)
     m_isOut = true;
     out->job.kind = m_outKind;
     const bool isOfSlot = m_outKind == WRITE_JOB || m_outKind == CONDITION_READ_JOB;
-    if (!isNew || !isOfSlot || !slotOf(m_outKind).isUnwanted)
+    if (!isOfSlot || !slotOf(m_outKind).isUnwanted)
         return 1;
     giveUpRequest();
     return nextRequest(out);

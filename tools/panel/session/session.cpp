@@ -188,7 +188,7 @@ void Session::takeExchange(const ExchangeRecord& record)
 /// it has nothing, though more wait; and a request that was given up makes room for the next.
 void Session::takeIdle()
 {
-    const bool isAskedAgain = std::exchange(m_wasAskedAgain, false);
+    const bool isAskedAgain = m_wasAskedAgain;
     if (!isAskedAgain)
         handOver();
     m_wasAskedAgain =
