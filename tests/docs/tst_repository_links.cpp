@@ -30,6 +30,26 @@ QStringList linkedFiles(const QString& page)
     return files;
 }
 
+// Paths in backticks that begin with a folder of the sources; what a build makes left out.
+QStringList namedFiles(const QString& page)
+{
+    static const QRegularExpression path("`([A-Za-z0-9_.]+)(/[A-Za-z0-9_./-]*)`");
+    QStringList files;
+    for (auto found = path.globalMatch(page); found.hasNext();) {
+        const QRegularExpressionMatch match = found.next();
+        if (match.captured(1) != "build" && QDir(SOURCES).exists(match.captured(1)))
+            files << match.captured(1) + match.captured(2);
+    }
+    return files;
+}
+
+// Sources are named without their extension where header and source are meant.
+bool isThere(const QString& path)
+{
+    const QDir sources(SOURCES);
+    return sources.exists(path) || sources.exists(path + ".h") || sources.exists(path + ".cpp");
+}
+
 } // namespace
 
 class RepositoryLinksTest : public QObject
@@ -48,6 +68,21 @@ private slots:
             }
         }
         QVERIFY(links > 120); // of which most are in the reference
+    }
+
+    // The changelog tells of what has been.
+    void namedFilesAreThere()
+    {
+        int named = 0;
+        for (const QString& file : markdownFiles()) {
+            if (file == "CHANGELOG.md")
+                continue;
+            for (const QString& path : namedFiles(sourceText(file))) {
+                ++named;
+                QVERIFY2(isThere(path), qPrintable(file + " names " + path));
+            }
+        }
+        QVERIFY(named > 60);
     }
 
     // What only the site's builder understands would stand there as raw text.
