@@ -23,8 +23,9 @@ namespace kx
 /// the session stops, is initialised again or deleted, and at once when it is started on a
 /// session that does not run.
 ///
-/// Call it on the session's thread. It may be deleted at any time, but inside its own signals
-/// with deleteLater(); then what it still waits for is called off and finished() does not come.
+/// Call it on the session's thread. It may be deleted at any time, but inside its own signals and
+/// those of the session with deleteLater(); then what it still waits for is called off and
+/// finished() does not come.
 class KXRUNTIME_EXPORT Job : public QObject
 {
     Q_OBJECT

@@ -32,6 +32,8 @@ private slots:
     void oneTargetTwice();
     void aRecipesBlockConfirmsNoWrite();
     void anAbortedOneTellsWhatWasConfirmed();
+    void abortFromInsideTheWriteItself_data();
+    void abortFromInsideTheWriteItself();
     void nothingToWrite();
 };
 
@@ -155,6 +157,42 @@ void TestWriteJob::anAbortedOneTellsWhatWasConfirmed()
              (QStringList{"M0@1: 1 confirmed, interrupted", "D100@1: 0 confirmed, interrupted"}));
     QVERIFY(polling.pollsGoOn());
     QCOMPARE(polling.memory("D100@1"), QList<quint32>{0});
+}
+
+void TestWriteJob::abortFromInsideTheWriteItself_data()
+{
+    QTest::addColumn<QStringList>("assignments");
+    QTest::addColumn<QStringList>("outcomes");
+    QTest::newRow("the only one") << QStringList{"D0@1=7"}
+                                  << QStringList{"D0@1: 0 confirmed, interrupted"};
+    QTest::newRow("the first of two")
+        << QStringList{"D0@1=7", "D100@1=8"}
+        << QStringList{"D0@1: 0 confirmed, interrupted", "D100@1: 0 confirmed, interrupted"};
+}
+
+// The value shown becomes the one written at once, and its slot ends the job.
+void TestWriteJob::abortFromInsideTheWriteItself()
+{
+    QFETCH(QStringList, assignments);
+    PollingRun polling;
+    QVERIFY(polling.pollsGoOn(1));
+    QList<Assignment> wanted;
+    for (const QString& text : assignments)
+        wanted << assignmentOf(qPrintable(text));
+    WriteJob job(&polling.session(), wanted);
+    QStringList outcomes;
+    connect(&job, &WriteJob::assignmentFinished, this,
+            [&](const WriteOutcome& outcome) { outcomes << textOf(outcome); });
+    int ends = 0;
+    connect(&job, &Job::finished, this, [&] { ++ends; });
+    connect(&polling.session(), &Session::valueChanged, &job,
+            [&job] { job.abort(QStringLiteral("interrupted")); });
+    job.start();
+    QVERIFY(job.hasEnded());
+    QVERIFY(polling.pollsGoOn());
+    QCOMPARE(ends, 1);
+    QTEST(outcomes, "outcomes");
+    QCOMPARE(polling.asked(), QStringList());
 }
 
 void TestWriteJob::nothingToWrite()
