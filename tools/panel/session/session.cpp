@@ -59,21 +59,6 @@ void Session::takeLostLine(const QString& error)
     emit lineFailed(failure);
 }
 
-int Session::watch(const QList<AddressRange>& ranges)
-{
-    QList<AddressRange> existing;
-    for (const AddressRange& range : ranges) {
-        const Failure missing = rangeRefusal(range);
-        if (missing.isNone())
-            existing << range;
-        else
-            tellLater({0, CYCLIC_READ_JOB, {missing, AddressRange()}});
-    }
-    const int requests = m_parts->port.watch(existing);
-    m_parts->loop->wake();
-    return requests;
-}
-
 int Session::read(const AddressRange& range)
 {
     const int handle = newHandle();

@@ -54,8 +54,8 @@ public:
     /// (FailureKind::DriverInitialised). Polling goes on, once there is a new watch list.
     void initialise();
 
-    /// Replaces what is polled. Ranges must name their stations, 1 to 247. The driver joins them
-    /// into few requests, but cuts none: give watchPieces() of ranges that may not fit one.
+    /// Replaces what is polled. Ranges must name their stations, 1 to 247. They are cut where one
+    /// request cannot hold them, and the driver joins them into few requests; see watchPieces().
     /// A range that does not exist is left out, and failed() tells so later.
     /// @return how many requests make one cycle
     int watch(const QList<AddressRange>& ranges);

@@ -1,5 +1,7 @@
 #include "panel/session/session_parts.h"
 
+#include "addresses/request_limits.h"
+#include "addresses/watch_pieces.h"
 #include "panel/session/request_checks.h"
 
 namespace kx
@@ -23,6 +25,22 @@ void Session::start()
 bool Session::isRunning() const
 {
     return m_parts->loop->isRunning();
+}
+
+int Session::watch(const QList<AddressRange>& ranges)
+{
+    QList<AddressRange> existing;
+    for (const AddressRange& range : ranges) {
+        const Failure missing = rangeRefusal(range);
+        if (missing.isNone())
+            existing << range;
+        else
+            tellLater({0, CYCLIC_READ_JOB, {missing, AddressRange()}});
+    }
+    const int requests =
+        m_parts->port.watch(watchPieces(existing, m_settings.maxWords, MOST_COILS_PER_READ));
+    m_parts->loop->wake();
+    return requests;
 }
 
 QList<qint64> Session::values(const AddressRange& range) const

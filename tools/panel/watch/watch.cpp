@@ -31,8 +31,8 @@ void Watch::setTags(const QList<Tag>& tags)
     WatchList list(existing);
     list.keepValuesOf(m_list);
     m_list = list;
-    const int maxWords = m_session->settings().maxWords;
-    m_readsPerCycle = m_session->watch(watchPieces(rangesOf(existing), maxWords) + others);
+    m_readsPerCycle =
+        m_session->watch(watchPieces(rangesOf(existing), m_session->settings().maxWords) + others);
     m_readsInCycle = m_hasPolled ? -1 : 0;
     emit listReplaced();
 }

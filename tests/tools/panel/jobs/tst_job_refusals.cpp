@@ -2,7 +2,7 @@
 // reaches other threads.
 
 #include "panel/watch/watch.h"
-#include "tools/panel/jobs/polling_run.h"
+#include "tools/panel/session/polling_run.h"
 
 #include <QtCore/QThread>
 #include <QtTest/QTest>

@@ -1,4 +1,5 @@
 #include "panel/session/driver_port.h"
+#include "registers/register_types.h"
 #include "support/driver_fixture.h"
 
 #include <QtTest/QTest>

@@ -50,6 +50,7 @@ class TestSession : public QObject
 private slots:
     void init();
     void watchedValueIsToldOnceStored();
+    void watchedRangesAreCut();
     void retryLimitAndRequestLengthReachTheDriver();
     void readEndsWithItsValues();
     void failedReadSaysWhy();
@@ -133,6 +134,18 @@ void TestSession::watchedValueIsToldOnceStored()
                                      QString::fromLatin1("1 1 D101 1 65535")}));
     QCOMPARE(seen, QList<qint64>({0, 65535}));
     QCOMPARE(m_line->written.first(), withCrc("01 03 00 64 00 02"));
+}
+
+void TestSession::watchedRangesAreCut()
+{
+    m_settings.maxWords = 32;
+    makeSession();
+    // 32 + 32 + 32 + 4 registers; 2000 + 48 bits up to the split of M, and one past it.
+    QCOMPARE(m_session->watch({range("D0:100")}), 4);
+    QCOMPARE(m_session->watch({range("M0:2049")}), 3);
+    // SM255 is coil 4655 and SM256 coil 30000: no request reads both.
+    QCOMPARE(m_session->watch({range("SM250:12")}), 2);
+    QCOMPARE(m_session->watch({range("SM255"), range("SM256")}), 2);
 }
 
 void TestSession::retryLimitAndRequestLengthReachTheDriver()
