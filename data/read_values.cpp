@@ -5,6 +5,7 @@
 #include "data/recipe_values.h"
 #include "data/unchanged_run.h"
 #include "driver/tarvelan.h"
+#include "modbus/frame_bytes.h"
 #include "registers/type_names.h"
 
 #include <QtCore/QtEndian>
@@ -12,7 +13,6 @@
 namespace
 {
 
-const int BYTES_PER_REGISTER = 2;
 const int BYTES_PER_DOUBLE_WORD = 4;
 const int BITS_PER_BYTE = 8;
 

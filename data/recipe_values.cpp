@@ -5,13 +5,13 @@
 #include "data/reply_bytes.h"
 #include "driver/tarvelan.h"
 #include "driver/wrapping.h"
+#include "modbus/frame_bytes.h"
 
 namespace
 {
 
 const int NO_STATION = -1;
 const int RECIPE_LINK = 0;
-const int BYTES_PER_REGISTER = 2;
 
 bool hasBlockStart(int index)
 {

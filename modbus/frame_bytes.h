@@ -1,4 +1,4 @@
-/// The bytes of a request under construction.
+/// The bytes of a request under construction, and what replies share with them.
 #ifndef TARVELAN_MODBUS_FRAME_BYTES_H
 #define TARVELAN_MODBUS_FRAME_BYTES_H
 
@@ -17,6 +17,7 @@ enum ModbusFunction {
 /// Length of reads, single writes and of every write's echo.
 const int SHORT_FRAME_LENGTH = 8;
 const int CRC_LENGTH = 2;
+const int BYTES_PER_REGISTER = 2;
 
 /// A frame for that job, all else zero.
 FRAME_PRO blankFrame(const VARIABLE& job);

@@ -11,7 +11,6 @@ namespace
 const int BROADCAST_STATION = 0;
 const int FIRST_DATA_BYTE = 3; // after station, function and byte count
 const int REPLY_OVERHEAD = 5;  // those three and the CRC
-const int BYTES_PER_REGISTER = 2;
 
 } // namespace
 

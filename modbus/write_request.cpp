@@ -12,7 +12,6 @@ namespace
 
 const int FIRST_VALUE_BYTE = 7; // after station, function, address, quantity, byte count
 const int COILS_PER_BYTE = 8;
-const int BYTES_PER_REGISTER = 2;
 const int BYTES_PER_DOUBLE_WORD = 4;
 const int COIL_ON = 0xFF00;
 
