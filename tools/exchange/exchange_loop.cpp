@@ -5,13 +5,6 @@
 namespace kx
 {
 
-namespace
-{
-
-const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
-
-} // namespace
-
 ExchangeLoop::ExchangeLoop(const DriverEntryPoints& entryPoints, Line* line,
                            const ExchangeSettings& settings, LoopClock* clock, QObject* parent)
     : QObject(parent),

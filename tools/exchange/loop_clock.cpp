@@ -6,7 +6,7 @@ namespace kx
 namespace
 {
 
-const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
+const qint64 NANOSECONDS_PER_MICROSECOND = 1000;
 
 } // namespace
 
@@ -20,7 +20,7 @@ SystemClock::SystemClock(QObject* parent) : LoopClock(parent)
 
 qint64 SystemClock::now() const
 {
-    return m_since.nsecsElapsed() / MICROSECONDS_PER_MILLISECOND;
+    return m_since.nsecsElapsed() / NANOSECONDS_PER_MICROSECOND;
 }
 
 void SystemClock::wakeAfter(qint64 microseconds)

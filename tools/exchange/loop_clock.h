@@ -11,6 +11,8 @@
 namespace kx
 {
 
+const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
+
 class KXRUNTIME_EXPORT LoopClock : public QObject
 {
     Q_OBJECT

@@ -6,7 +6,6 @@ namespace kx
 namespace
 {
 
-const int WORD_BITS = 16;
 const quint32 WORD_MASK = 0xFFFF;
 
 // Low word first: the runtime's and the driver's order of 32 bits in 16-bit words.

@@ -11,6 +11,8 @@
 namespace kx
 {
 
+const int WORD_BITS = 16;
+
 /// Station, register type (of findRegisterType()), address: cells of one type lie
 /// together, in the order of the register types.
 typedef std::tuple<int, const RegisterType*, int> RecipeCellKey;

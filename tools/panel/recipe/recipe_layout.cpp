@@ -2,6 +2,7 @@
 
 #include "addresses/read_pieces.h"
 #include "exchange/driver_memory.h"
+#include "panel/recipe/recipe_cells.h"
 #include "panel/recipe/recipe_layout_builder.h"
 #include "registers/register_types.h"
 
@@ -12,8 +13,6 @@ namespace kx
 
 namespace
 {
-
-const int WORD_BITS = 16;
 
 QString bufferOverflow(size_t words)
 {

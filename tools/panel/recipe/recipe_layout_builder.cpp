@@ -10,7 +10,6 @@ namespace kx
 namespace
 {
 
-const int WORD_BITS = 16;
 const int COIL_BITS = 8; // that a coil takes in the recipe buffer
 const int COILS_PER_WORD = WORD_BITS / COIL_BITS;
 const quint32 WORD_MASK = 0xFFFF;

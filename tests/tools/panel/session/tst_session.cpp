@@ -140,9 +140,9 @@ void TestSession::watchedRangesAreCut()
 {
     m_settings.maxWords = 32;
     makeSession();
-    // 32 + 32 + 32 + 4 registers; 2000 + 48 bits up to the split of M, and one past it.
+    // 32 + 32 + 32 + 4 registers; one bit, 2000 + 48 up to the split of M, and one past it.
     QCOMPARE(m_session->watch({range("D0:100")}), 4);
-    QCOMPARE(m_session->watch({range("M0:2049")}), 3);
+    QCOMPARE(m_session->watch({range("X0"), range("M0:2049")}), 4);
     // SM255 is coil 4655 and SM256 coil 30000: no request reads both.
     QCOMPARE(m_session->watch({range("SM250:12")}), 2);
     QCOMPARE(m_session->watch({range("SM255"), range("SM256")}), 2);
