@@ -31,8 +31,8 @@ _RCP_VAR_PRO variableOf(const AddressRange& range, int offset)
     return variable;
 }
 
-/// Whether the driver joins `next` to the block that `previous` is. It takes the
-/// end of a 32CV block for an address, although it counts registers.
+} // namespace
+
 bool driverJoins(const AddressRange& previous, const AddressRange& next, int maxWords)
 {
     if (previous.station != next.station || previous.type != next.type
@@ -42,8 +42,6 @@ bool driverJoins(const AddressRange& previous, const AddressRange& next, int max
     const int distance = (next.address - previous.address) * registersPerAddress(next.type);
     return distance + next.driverCount() <= maxWords;
 }
-
-} // namespace
 
 int RecipeLayoutBuilder::takeWords(int words)
 {

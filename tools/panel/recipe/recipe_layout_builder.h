@@ -11,6 +11,10 @@
 namespace kx
 {
 
+/// Whether the driver joins `next`, which does not begin before it, to the block that `previous`
+/// is. It takes the end of a 32CV block for an address, although it counts registers.
+bool driverJoins(const AddressRange& previous, const AddressRange& next, int maxWords);
+
 class RecipeLayoutBuilder
 {
 public:

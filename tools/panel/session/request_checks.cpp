@@ -3,16 +3,11 @@
 #include "addresses/read_pieces.h"
 #include "addresses/station_text.h"
 #include "addresses/write_pieces.h"
-#include "exchange/driver_memory.h"
-#include "panel/session/driver_values.h"
 #include "registers/register_types.h"
 
 #include <algorithm>
 
 namespace kx
-{
-
-namespace
 {
 
 Failure refusal(FailureKind kind, const AddressRange& range, const QString& text)
@@ -22,6 +17,9 @@ Failure refusal(FailureKind kind, const AddressRange& range, const QString& text
     failure.range = range;
     return failure;
 }
+
+namespace
+{
 
 Failure outOfRange(const AddressRange& range, const QString& text)
 {
@@ -39,21 +37,6 @@ Failure notWritable(const AddressRange& range)
 {
     return refusal(FailureKind::NotWritable, range,
                    QStringLiteral("an input, which cannot be written"));
-}
-
-Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction, int maxWords)
-{
-    const AddressRange range = rangeOf(variable);
-    Failure missing = rangeRefusal(range);
-    if (!missing.isNone())
-        return missing;
-    if (direction == RecipeDirection::Download && !range.type->writable)
-        return notWritable(range);
-    if (variable.count > maxWords || variable.count != range.driverCount())
-        return tooLong(range, maxWords);
-    if (variable.bufOffset < 0 || variable.bufOffset >= RECIPE_BUFFER_WORDS)
-        return outOfRange(range, QStringLiteral("its words lie outside the recipe buffer"));
-    return Failure();
 }
 
 } // namespace
@@ -110,27 +93,19 @@ Failure writeRefusal(const Assignment& assignment, int maxWords)
     Failure unsuited = assignmentRefusal(assignment);
     if (!unsuited.isNone())
         return unsuited;
-    const AddressRange& range = assignment.range;
+    return writeRefusal(assignment.range, maxWords);
+}
+
+Failure writeRefusal(const AddressRange& range, int maxWords)
+{
+    Failure missing = rangeRefusal(range);
+    if (!missing.isNone())
+        return missing;
+    if (!range.type->writable)
+        return notWritable(range);
     const int most = addressesPerWrite(range.type, maxWords);
     const bool fits = most >= range.values && writePieces(range, most).size() == 1;
     return fits ? Failure() : tooLong(range, maxWords);
-}
-
-Failure recipeRefusal(RecipeDirection direction, const QList<RecipePass>& passes, int maxWords)
-{
-    int variables = 0;
-    for (const RecipePass& pass : passes) {
-        for (const _RCP_VAR_PRO& variable : pass.variables) {
-            Failure failure = variableRefusal(variable, direction, maxWords);
-            if (!failure.isNone())
-                return failure;
-        }
-        variables += pass.variables.isEmpty() ? 0 : 1;
-    }
-    const bool hasEmptyPass = variables < passes.size();
-    return passes.isEmpty() || hasEmptyPass
-               ? failureOf(FailureKind::OutOfRange, QStringLiteral("nothing to transfer"))
-               : Failure();
 }
 
 } // namespace kx

@@ -3,11 +3,13 @@
 #define KX_PANEL_SESSION_REQUEST_CHECKS_H
 
 #include "exchange/failure.h"
-#include "panel/recipe/recipe_layout.h"
 #include "panel/session/session_events.h"
 
 namespace kx
 {
+
+/// A refusal of that range.
+Failure refusal(FailureKind kind, const AddressRange& range, const QString& text);
 
 /// No failure when the registers exist.
 Failure rangeRefusal(const AddressRange& range);
@@ -21,8 +23,8 @@ Failure assignmentRefusal(const Assignment& assignment);
 /// No failure when the values suit their type and can be written by one request.
 Failure writeRefusal(const Assignment& assignment, int maxWords);
 
-/// No failure when the driver transfers each variable of the passes as a whole.
-Failure recipeRefusal(RecipeDirection direction, const QList<RecipePass>& passes, int maxWords);
+/// No failure when one request can write the range, whatever its values.
+Failure writeRefusal(const AddressRange& range, int maxWords);
 
 } // namespace kx
 

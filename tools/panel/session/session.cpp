@@ -1,6 +1,7 @@
 #include "panel/session/session.h"
 
 #include "data/reply_handling.h"
+#include "panel/session/recipe_checks.h"
 #include "panel/session/request_checks.h"
 #include "panel/session/session_parts.h"
 

@@ -1,7 +1,7 @@
 // What holds for every job, on a session that polls: it ends once, its session goes on polling,
 // and nothing of it is sent when it has ended.
 
-#include "tools/panel/session/polling_run.h"
+#include "tools/panel/jobs/polling_run.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>

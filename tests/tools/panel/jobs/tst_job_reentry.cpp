@@ -1,7 +1,7 @@
 // A job that is called off from inside the request it is making: the session tells changes of
 // values before the job knows the request's handle.
 
-#include "tools/panel/session/polling_run.h"
+#include "tools/panel/jobs/polling_run.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>

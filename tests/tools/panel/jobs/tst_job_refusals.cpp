@@ -1,8 +1,7 @@
 // Jobs for what does not exist end with a reason, and nothing of them is sent; and what jobs tell
 // reaches other threads.
 
-#include "panel/watch/watch.h"
-#include "tools/panel/session/polling_run.h"
+#include "tools/panel/jobs/polling_run.h"
 
 #include <QtCore/QThread>
 #include <QtTest/QTest>
@@ -32,8 +31,6 @@ private slots:
     void valuesThatDoNotSuit();
     void aScanOfStationsThatDoNotExist_data();
     void aScanOfStationsThatDoNotExist();
-    void aWatchOfRangesThatDoNotExist_data() { rangesThatDoNotExist_data(); }
-    void aWatchOfRangesThatDoNotExist();
     void answersReachOtherThreads();
     void typesAreKnownByTheirNames();
 };
@@ -114,24 +111,6 @@ void TestJobRefusals::aScanOfStationsThatDoNotExist()
     QCOMPARE(polling.asked(), QStringList{"02 03 00 00 00 01"});
 }
 
-void TestJobRefusals::aWatchOfRangesThatDoNotExist()
-{
-    QFETCH(AddressRange, range);
-    PollingRun polling;
-    QList<Failure> failures;
-    connect(&polling.session(), &Session::failed, this,
-            [&failures](const Failure& failure) { failures << failure; });
-    Watch watch(&polling.session());
-    Tag tag;
-    tag.range = range;
-    watch.setTags({tag, tagOf("D0:8@1")});
-    QTRY_COMPARE(failures.size(), 1);
-    QCOMPARE(failures.first().kind, FailureKind::OutOfRange);
-    QVERIFY(polling.pollsGoOn());
-    QCOMPARE(static_cast<int>(watch.list().entries().size()), 8);
-    QVERIFY(!watch.hasDeviceFailed());
-}
-
 void TestJobRefusals::answersReachOtherThreads()
 {
     PollingRun polling;
@@ -157,10 +136,10 @@ void TestJobRefusals::answersReachOtherThreads()
 void TestJobRefusals::typesAreKnownByTheirNames()
 {
     PollingRun polling;
-    const Watch watch(&polling.session());
     const ScanJob scan(&polling.session(), {1});
-    for (const char* const name :
-         {"kx::ScanReply", "kx::ReadOutcome", "kx::WriteOutcome", "kx::LinkEvent"})
+    const ReadJob read(&polling.session(), {});
+    const WriteJob write(&polling.session(), {});
+    for (const char* const name : {"kx::ScanReply", "kx::ReadOutcome", "kx::WriteOutcome"})
         QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
 }
 

@@ -1,5 +1,5 @@
 #include "support/driver_fixture.h"
-#include "tools/panel/session/polling_run.h"
+#include "tools/panel/jobs/polling_run.h"
 
 #include <QtTest/QTest>
 

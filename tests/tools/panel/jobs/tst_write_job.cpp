@@ -1,4 +1,4 @@
-#include "tools/panel/session/polling_run.h"
+#include "tools/panel/jobs/polling_run.h"
 
 #include <QtTest/QTest>
 

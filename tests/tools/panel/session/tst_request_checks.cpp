@@ -1,6 +1,8 @@
 #include "panel/session/request_checks.h"
 #include "registers/register_types.h"
 
+#include "panel/session/recipe_checks.h"
+
 #include <QtTest/QTest>
 
 using namespace kx;

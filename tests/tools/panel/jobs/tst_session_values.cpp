@@ -1,7 +1,7 @@
 // Values that a read or an upload tells are the controller's, and requests for registers that do
 // not exist harm nobody.
 
-#include "tools/panel/session/polling_run.h"
+#include "tools/panel/jobs/polling_run.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>

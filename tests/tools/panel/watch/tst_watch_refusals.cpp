@@ -1,0 +1,76 @@
+// A watch of addresses that do not exist says so, and watches the others.
+
+#include "panel/watch/watch.h"
+#include "tools/faults/faulty_run.h"
+
+#include <QtTest/QTest>
+
+using namespace kx;
+
+namespace
+{
+
+const int MOST = 2147483647;
+
+AddressRange rangeOfD(int address, int values, int station)
+{
+    return {findRegisterType(QStringLiteral("D")), address, values, station};
+}
+
+} // namespace
+
+class TestWatchRefusals : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void rangesThatDoNotExist_data();
+    void rangesThatDoNotExist();
+    void typesAreKnownByTheirNames();
+};
+
+void TestWatchRefusals::rangesThatDoNotExist_data()
+{
+    QTest::addColumn<AddressRange>("range");
+    QTest::newRow("no type") << AddressRange{nullptr, 0, 1, 1};
+    QTest::newRow("station 0") << rangeOfD(0, 1, 0);
+    QTest::newRow("no value") << rangeOfD(0, 0, 1);
+    QTest::newRow("fewer than none") << rangeOfD(0, -1, 1);
+    QTest::newRow("more than there are") << rangeOfD(0, MOST, 1);
+    QTest::newRow("before D0") << rangeOfD(-1, 1, 1);
+    QTest::newRow("running past D7999") << rangeOfD(7960, 41, 1);
+}
+
+void TestWatchRefusals::rangesThatDoNotExist()
+{
+    QFETCH(AddressRange, range);
+    FaultyRun run((FaultyRunSettings()));
+    QList<Failure> failures;
+    connect(&run.session(), &Session::failed, this,
+            [&failures](const Failure& failure) { failures << failure; });
+    Watch watch(&run.session());
+    qint64 cycles = 0;
+    connect(&watch, &Watch::cycleFinished, this, [&cycles](qint64 count) { cycles = count; });
+    Tag wrong;
+    wrong.range = range;
+    Tag right;
+    right.range = rangeOfD(0, 8, 1);
+    watch.setTags({wrong, right});
+    QTRY_COMPARE(failures.size(), 1);
+    QCOMPARE(failures.first().kind, FailureKind::OutOfRange);
+    run.runUntil([&cycles] { return cycles >= 3; });
+    QCOMPARE(static_cast<int>(watch.list().entries().size()), 8);
+    QVERIFY(!watch.hasDeviceFailed());
+}
+
+// As connections by name, and spies, look them up.
+void TestWatchRefusals::typesAreKnownByTheirNames()
+{
+    FaultyRun run((FaultyRunSettings()));
+    const Watch watch(&run.session());
+    for (const char* const name : {"kx::LinkEvent", "QList<int>"})
+        QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
+}
+
+QTEST_GUILESS_MAIN(TestWatchRefusals)
+#include "tst_watch_refusals.moc"
