@@ -60,7 +60,8 @@ public:
     /// @return how many requests make one cycle
     int watch(const QList<AddressRange>& ranges);
     /// The values that the driver holds, one per address: 0 or 1, 0..65535, or 0..4294967295;
-    /// 0 for what was never read. A value written counts from write() on, until the write fails.
+    /// 0 for what was never read. A value written counts once no other write waits before it, until
+    /// the write fails.
     /// None for a range that does not exist.
     QList<qint64> values(const AddressRange& range) const;
 

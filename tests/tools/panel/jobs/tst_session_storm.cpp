@@ -63,13 +63,12 @@ Caller::Caller(PollingRun* polling, unsigned seed) : m_polling(polling), m_rando
     connect(session, &Session::writeFinished, this, &Caller::takeWrite);
     connect(session, &Session::readFinished, this, [this](int handle, const ReadEnd& end) {
         this->end(handle);
-        const auto possible = m_possible.find({end.exchange.job.station, end.exchange.job.address});
-        const bool isKnown =
-            possible == m_possible.end()
-            || std::find(possible->second.begin(), possible->second.end(), end.values.value(0))
-                   != possible->second.end();
-        if (end.failure.isNone() && !isKnown)
-            complain(QStringLiteral("a read brought %1").arg(end.values.value(0)));
+        const VARIABLE& job = end.exchange.job;
+        const QString text = QStringLiteral("D%1@%2").arg(job.address).arg(job.station);
+        // Nothing has reached the station since it answered.
+        if (end.failure.isNone()
+            && end.values != QList<qint64>{m_polling->memory(qPrintable(text)).first()})
+            complain(QStringLiteral("a read of %1 brought another value").arg(text));
         callFromASlot();
     });
     connect(session, &Session::recipeFinished, this, [this](int handle) {
