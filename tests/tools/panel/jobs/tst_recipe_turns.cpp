@@ -1,7 +1,7 @@
 // Recipes one after the other, on a session that polls.
 
-#include "tools/panel/recipe/recipe_rows.h"
 #include "tools/panel/jobs/polling_run.h"
+#include "tools/panel/recipe/recipe_rows.h"
 
 #include <QtTest/QTest>
 
