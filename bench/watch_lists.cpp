@@ -39,20 +39,20 @@ void listTags(benchmark::State& state)
         benchmark::DoNotOptimize(kx::WatchList(tags));
 }
 
-void takeRead(benchmark::State& state)
+void onRead(benchmark::State& state)
 {
     kx::WatchList list(tagsOf(state));
     VARIABLE job = VARIABLE();
     job.station = 1;
     job.regType = QString::fromLatin1("D");
     job.count = MAX_WORDS;
-    if (list.takeRead(job, zero, 1).size() != MAX_WORDS)
+    if (list.onRead(job, zero, 1).size() != MAX_WORDS)
         state.SkipWithError("not all registers are listed");
     for (auto _ : state)
-        benchmark::DoNotOptimize(list.takeRead(job, zero, 2));
+        benchmark::DoNotOptimize(list.onRead(job, zero, 2));
 }
 
-void takeChange(benchmark::State& state)
+void onChange(benchmark::State& state)
 {
     const QList<kx::Tag> tags = tagsOf(state);
     kx::WatchList list(tags);
@@ -65,7 +65,7 @@ void takeChange(benchmark::State& state)
         const kx::AddressRange& range = changed.at(next);
         next = (next + 1) % CHANGED;
         ++value;
-        benchmark::DoNotOptimize(list.takeChange(
+        benchmark::DoNotOptimize(list.onChange(
             range.station, QString::fromLatin1(range.type->name), range.address,
             [value](const kx::WatchEntry&) { return value; }, value));
     }
@@ -81,8 +81,8 @@ void cutIntoPieces(benchmark::State& state)
 }
 
 BENCHMARK(listTags)->Name("list_tags")->Arg(1000)->Arg(10000)->Arg(100000);
-BENCHMARK(takeRead)->Name("list_read")->Arg(1000)->Arg(10000)->Arg(100000);
-BENCHMARK(takeChange)->Name("list_change")->Arg(1000)->Arg(10000)->Arg(100000);
+BENCHMARK(onRead)->Name("list_read")->Arg(1000)->Arg(10000)->Arg(100000);
+BENCHMARK(onChange)->Name("list_change")->Arg(1000)->Arg(10000)->Arg(100000);
 BENCHMARK(cutIntoPieces)->Name("watch_pieces")->Arg(1000)->Arg(10000)->Arg(100000);
 
 } // namespace

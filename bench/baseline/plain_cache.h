@@ -1,6 +1,6 @@
 /// The cache as one writes it first: a list that is searched from the front.
-#ifndef KX_BENCH_PLAIN_CACHE_H
-#define KX_BENCH_PLAIN_CACHE_H
+#ifndef KX_BENCH_BASELINE_PLAIN_CACHE_H
+#define KX_BENCH_BASELINE_PLAIN_CACHE_H
 
 #include "driver/records.h"
 

@@ -1,7 +1,7 @@
 /// Planning as one writes it first: whole records are sorted by exchanging
 /// neighbours, and every mark searches the cache from the front.
-#ifndef KX_BENCH_PLAIN_PLANNER_H
-#define KX_BENCH_PLAIN_PLANNER_H
+#ifndef KX_BENCH_BASELINE_PLAIN_PLANNER_H
+#define KX_BENCH_BASELINE_PLAIN_PLANNER_H
 
 #include "baseline/plain_cache.h"
 

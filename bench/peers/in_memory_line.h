@@ -1,7 +1,7 @@
 /// A serial line that lives in memory: the program's own read(), write() and
 /// select() answer for one descriptor and pass all others on to the system.
-#ifndef KX_BENCH_IN_MEMORY_LINE_H
-#define KX_BENCH_IN_MEMORY_LINE_H
+#ifndef KX_BENCH_PEERS_IN_MEMORY_LINE_H
+#define KX_BENCH_PEERS_IN_MEMORY_LINE_H
 
 #include <string>
 

@@ -1,6 +1,6 @@
 /// Addresses of all register types at several stations, in a fixed random order.
-#ifndef KX_BENCH_DEVICE_ADDRESSES_H
-#define KX_BENCH_DEVICE_ADDRESSES_H
+#ifndef KX_BENCH_SUPPORT_DEVICE_ADDRESSES_H
+#define KX_BENCH_SUPPORT_DEVICE_ADDRESSES_H
 
 #include "driver/records.h"
 

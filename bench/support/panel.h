@@ -1,7 +1,7 @@
 /// A runtime for benchmarks: hands the driver what a panel hands it, and polls
 /// with replies made beforehand.
-#ifndef KX_BENCH_PANEL_H
-#define KX_BENCH_PANEL_H
+#ifndef KX_BENCH_SUPPORT_PANEL_H
+#define KX_BENCH_SUPPORT_PANEL_H
 
 #include "tarvelan_kx_series.h"
 

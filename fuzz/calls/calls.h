@@ -1,7 +1,7 @@
 /// Calls that a fuzzer's bytes are turned into, each taking its arguments from the
 /// input.
-#ifndef KX_FUZZ_CALLS_H
-#define KX_FUZZ_CALLS_H
+#ifndef KX_FUZZ_CALLS_CALLS_H
+#define KX_FUZZ_CALLS_CALLS_H
 
 #include "support/steps.h"
 

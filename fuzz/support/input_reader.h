@@ -1,7 +1,7 @@
 /// A fuzzer's bytes taken one decision after the other. Past the end every answer
 /// is 0, so any input is a whole one.
-#ifndef KX_FUZZ_INPUT_READER_H
-#define KX_FUZZ_INPUT_READER_H
+#ifndef KX_FUZZ_SUPPORT_INPUT_READER_H
+#define KX_FUZZ_SUPPORT_INPUT_READER_H
 
 #include <QtCore/QByteArray>
 

@@ -1,7 +1,7 @@
 /// The runtime of a fuzz run: what a panel hands to the driver, and nothing that
 /// its headers leave to the panel is forgotten. Checks what they promise.
-#ifndef KX_FUZZ_PANEL_H
-#define KX_FUZZ_PANEL_H
+#ifndef KX_FUZZ_SUPPORT_PANEL_H
+#define KX_FUZZ_SUPPORT_PANEL_H
 
 #include "tarvelan_kx_series.h"
 

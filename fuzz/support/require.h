@@ -1,5 +1,5 @@
-#ifndef KX_FUZZ_REQUIRE_H
-#define KX_FUZZ_REQUIRE_H
+#ifndef KX_FUZZ_SUPPORT_REQUIRE_H
+#define KX_FUZZ_SUPPORT_REQUIRE_H
 
 #include <cstdio>
 #include <cstdlib>

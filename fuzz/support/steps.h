@@ -1,6 +1,6 @@
 /// What a runtime does in a step, with a fuzzer's arguments.
-#ifndef KX_FUZZ_STEPS_H
-#define KX_FUZZ_STEPS_H
+#ifndef KX_FUZZ_SUPPORT_STEPS_H
+#define KX_FUZZ_SUPPORT_STEPS_H
 
 #include "support/panel.h"
 #include "support/values.h"

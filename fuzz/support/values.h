@@ -1,6 +1,6 @@
 /// Arguments made of a fuzzer's bytes, with a liking for the edges.
-#ifndef KX_FUZZ_VALUES_H
-#define KX_FUZZ_VALUES_H
+#ifndef KX_FUZZ_SUPPORT_VALUES_H
+#define KX_FUZZ_SUPPORT_VALUES_H
 
 #include "driver/records.h"
 #include "support/input_reader.h"

@@ -1,6 +1,6 @@
 #include "kxhost/options/plan_options.h"
 #include "kxhost/options/scan_stations.h"
-#include "kxhost/terminal/prompt_line.h"
+#include "kxhost/terminal/prompt_input.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
 
@@ -83,7 +83,7 @@ void readDuration(const QByteArray& text)
 
 void type(const QByteArray& keys)
 {
-    PromptLine line;
+    PromptInput line;
     for (const QString& entered : line.type(keys)) {
         require(!entered.trimmed().isEmpty(), "an entered line is not empty");
         readRange(entered.toUtf8());

@@ -35,7 +35,7 @@ bool readPlan(const QByteArray& lines, QString* error)
     addPlanOptions(&parser);
     addOfflineOptions(&parser);
     PlanOptions options;
-    if (!parse(&parser, lines, error) || !readPlanOptions(parser, &options, error))
+    if (!parse(&parser, lines, error) || !parsePlanOptions(parser, &options, error))
         return false;
     for (const AddressRange& range : options.watched) {
         checkRange(range);
@@ -51,8 +51,8 @@ bool readConnection(const QByteArray& lines, QString* error)
     addTagsOption(&parser);
     ConnectionOptions options;
     QList<Tag> tags;
-    if (!parse(&parser, lines, error) || !readConnectionOptions(parser, &options, error)
-        || !readTagArguments(parser, options.station, &tags, error))
+    if (!parse(&parser, lines, error) || !parseConnectionOptions(parser, &options, error)
+        || !parseTagArguments(parser, options.station, &tags, error))
         return false;
     require(options.station >= 1 && options.station <= 247, "a station is 1 to 247");
     require(options.simulate || !options.port.isEmpty() || !options.gateway.host.isEmpty(),

@@ -46,7 +46,7 @@ void lendDriver(bool lends)
 
 void print(const QString&) {}
 
-void printLine(const QString&) {}
+void say(const QString&) {}
 
 void printJson(const QJsonObject& object)
 {

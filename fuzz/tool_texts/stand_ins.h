@@ -1,7 +1,7 @@
 /// What stands in for the parts of kxhost that reach outside the program: its console,
 /// its line, its driver and its recipe files. Linked in front of kxhost's own.
-#ifndef KX_FUZZ_STAND_INS_H
-#define KX_FUZZ_STAND_INS_H
+#ifndef KX_FUZZ_TOOL_TEXTS_STAND_INS_H
+#define KX_FUZZ_TOOL_TEXTS_STAND_INS_H
 
 #include <QtCore/QStringList>
 

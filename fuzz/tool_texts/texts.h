@@ -1,6 +1,6 @@
 /// What users write, read by the tools' parsers.
-#ifndef KX_FUZZ_TEXTS_H
-#define KX_FUZZ_TEXTS_H
+#ifndef KX_FUZZ_TOOL_TEXTS_TEXTS_H
+#define KX_FUZZ_TOOL_TEXTS_TEXTS_H
 
 #include "addresses/address_text.h"
 #include "support/input_reader.h"

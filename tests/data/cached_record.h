@@ -1,6 +1,6 @@
 /// Looks at the driver's cache without creating records.
-#ifndef KX_TESTS_CACHED_RECORD_H
-#define KX_TESTS_CACHED_RECORD_H
+#ifndef KX_TESTS_DATA_CACHED_RECORD_H
+#define KX_TESTS_DATA_CACHED_RECORD_H
 
 #include "data/data_areas.h"
 #include "support/driver_fixture.h"

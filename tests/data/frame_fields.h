@@ -1,7 +1,7 @@
 /// Frames that say where the data of a reply start (`frameFunc`) and how many bits or bytes
 /// there are (`dataLen`). Bytes outside the reply count as 0.
-#ifndef KX_TESTS_FRAME_FIELDS_H
-#define KX_TESTS_FRAME_FIELDS_H
+#ifndef KX_TESTS_DATA_FRAME_FIELDS_H
+#define KX_TESTS_DATA_FRAME_FIELDS_H
 
 #include "data/cached_record.h"
 

@@ -1,6 +1,6 @@
 /// Recipes of link 1 and station 1, and their replies.
-#ifndef KX_TESTS_RECIPE_PLAN_H
-#define KX_TESTS_RECIPE_PLAN_H
+#ifndef KX_TESTS_DATA_RECIPE_PLAN_H
+#define KX_TESTS_DATA_RECIPE_PLAN_H
 
 #include "data/cached_record.h"
 

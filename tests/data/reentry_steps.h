@@ -1,7 +1,7 @@
 /// Situations in which the driver calls the value-change function, and what that
 /// function may do to the driver from inside.
-#ifndef KX_TESTS_REENTRY_STEPS_H
-#define KX_TESTS_REENTRY_STEPS_H
+#ifndef KX_TESTS_DATA_REENTRY_STEPS_H
+#define KX_TESTS_DATA_REENTRY_STEPS_H
 
 #include "data/cached_record.h"
 

@@ -26,7 +26,7 @@ bool hasTest(const QString& source)
 
 } // namespace
 
-class TestNamesTest : public QObject
+class NamesTestTest : public QObject
 {
     Q_OBJECT
 
@@ -48,5 +48,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestNamesTest)
+QTEST_APPLESS_MAIN(NamesTestTest)
 #include "tst_test_names.moc"

@@ -1,7 +1,7 @@
 /// Watches the destructors of a library's global objects, from their registration
 /// when the library is loaded to their run when it is unloaded.
-#ifndef KX_TESTS_DESTRUCTOR_WATCH_H
-#define KX_TESTS_DESTRUCTOR_WATCH_H
+#ifndef KX_TESTS_DRIVER_DESTRUCTOR_WATCH_H
+#define KX_TESTS_DRIVER_DESTRUCTOR_WATCH_H
 
 class DestructorWatch
 {

@@ -1,7 +1,7 @@
 /// The addresses that the soak works with, and their values in the controllers'
 /// memory in the layout of intf_getData().
-#ifndef KX_TESTS_DEVICE_RANGES_H
-#define KX_TESTS_DEVICE_RANGES_H
+#ifndef KX_TESTS_LONG_DEVICE_RANGES_H
+#define KX_TESTS_LONG_DEVICE_RANGES_H
 
 #include "long/memory_controller.h"
 

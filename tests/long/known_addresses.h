@@ -1,5 +1,5 @@
-#ifndef KX_TESTS_KNOWN_ADDRESSES_H
-#define KX_TESTS_KNOWN_ADDRESSES_H
+#ifndef KX_TESTS_LONG_KNOWN_ADDRESSES_H
+#define KX_TESTS_LONG_KNOWN_ADDRESSES_H
 
 #include "long/device_ranges.h"
 

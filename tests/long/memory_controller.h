@@ -1,7 +1,7 @@
 /// Controllers in memory: coils and holding registers of a few stations, and the
 /// reply to each request, worked out from its bytes alone.
-#ifndef KX_TESTS_MEMORY_CONTROLLER_H
-#define KX_TESTS_MEMORY_CONTROLLER_H
+#ifndef KX_TESTS_LONG_MEMORY_CONTROLLER_H
+#define KX_TESTS_LONG_MEMORY_CONTROLLER_H
 
 #include "driver/records.h"
 

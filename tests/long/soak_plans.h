@@ -1,5 +1,5 @@
-#ifndef KX_TESTS_SOAK_PLANS_H
-#define KX_TESTS_SOAK_PLANS_H
+#ifndef KX_TESTS_LONG_SOAK_PLANS_H
+#define KX_TESTS_LONG_SOAK_PLANS_H
 
 #include "long/device_ranges.h"
 #include "model/random_source.h"

@@ -1,5 +1,5 @@
-#ifndef KX_TESTS_SOAK_ROUND_H
-#define KX_TESTS_SOAK_ROUND_H
+#ifndef KX_TESTS_LONG_SOAK_ROUND_H
+#define KX_TESTS_LONG_SOAK_ROUND_H
 
 #include "long/soak_runtime.h"
 #include "support/memory_use.h"

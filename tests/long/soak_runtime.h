@@ -1,7 +1,7 @@
 /// A runtime that talks to controllers in memory over a line with faults, as fast
 /// as it can, and holds every value and every result against their memory.
-#ifndef KX_TESTS_SOAK_RUNTIME_H
-#define KX_TESTS_SOAK_RUNTIME_H
+#ifndef KX_TESTS_LONG_SOAK_RUNTIME_H
+#define KX_TESTS_LONG_SOAK_RUNTIME_H
 
 #include "long/known_addresses.h"
 #include "model/random_source.h"

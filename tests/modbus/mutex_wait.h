@@ -1,6 +1,6 @@
 /// Whether a step takes the runtime's mutex.
-#ifndef KX_TESTS_MUTEX_WAIT_H
-#define KX_TESTS_MUTEX_WAIT_H
+#ifndef KX_TESTS_MODBUS_MUTEX_WAIT_H
+#define KX_TESTS_MODBUS_MUTEX_WAIT_H
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QMutex>

@@ -1,7 +1,7 @@
 /// A read of D100 to D224 on the wire, while values, watched addresses, a write, a
 /// condition read and a recipe wait in the driver.
-#ifndef KX_TESTS_OUTSTANDING_READ_H
-#define KX_TESTS_OUTSTANDING_READ_H
+#ifndef KX_TESTS_MODBUS_OUTSTANDING_READ_H
+#define KX_TESTS_MODBUS_OUTSTANDING_READ_H
 
 #include "support/driver_fixture.h"
 

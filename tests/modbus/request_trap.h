@@ -1,7 +1,7 @@
 /// Acts at the very moment when the driver has looked at a recipe request byte and lets
 /// go of the runtime's mutex.
-#ifndef KX_TESTS_REQUEST_TRAP_H
-#define KX_TESTS_REQUEST_TRAP_H
+#ifndef KX_TESTS_MODBUS_REQUEST_TRAP_H
+#define KX_TESTS_MODBUS_REQUEST_TRAP_H
 
 #include <QtCore/QMutex>
 

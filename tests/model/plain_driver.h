@@ -1,8 +1,8 @@
 /// The driver again, as plainly as it can be written: every search walks its list,
 /// every sort is a bubble sort, every copy is a whole record. The built library is
 /// held against it, so nothing here comes from the library's sources.
-#ifndef KX_TESTS_PLAIN_DRIVER_H
-#define KX_TESTS_PLAIN_DRIVER_H
+#ifndef KX_TESTS_MODEL_PLAIN_DRIVER_H
+#define KX_TESTS_MODEL_PLAIN_DRIVER_H
 
 #include "driver/records.h"
 

@@ -1,7 +1,7 @@
 /// A runtime that makes random calls, each to the library and to the plain driver,
 /// and keeps the first difference between the two.
-#ifndef KX_TESTS_RANDOM_RUNTIME_H
-#define KX_TESTS_RANDOM_RUNTIME_H
+#ifndef KX_TESTS_MODEL_RANDOM_RUNTIME_H
+#define KX_TESTS_MODEL_RANDOM_RUNTIME_H
 
 #include "model/plain_driver.h"
 #include "model/random_values.h"

@@ -1,5 +1,5 @@
-#ifndef KX_TESTS_RANDOM_SOURCE_H
-#define KX_TESTS_RANDOM_SOURCE_H
+#ifndef KX_TESTS_MODEL_RANDOM_SOURCE_H
+#define KX_TESTS_MODEL_RANDOM_SOURCE_H
 
 #include <QtCore/QtGlobal>
 

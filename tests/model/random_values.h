@@ -1,5 +1,5 @@
-#ifndef KX_TESTS_RANDOM_VALUES_H
-#define KX_TESTS_RANDOM_VALUES_H
+#ifndef KX_TESTS_MODEL_RANDOM_VALUES_H
+#define KX_TESTS_MODEL_RANDOM_VALUES_H
 
 #include "driver/records.h"
 #include "model/random_source.h"

@@ -1,6 +1,6 @@
 /// Equality and texts of the records, for comparisons that name what differs.
-#ifndef KX_TESTS_RECORD_TEXT_H
-#define KX_TESTS_RECORD_TEXT_H
+#ifndef KX_TESTS_MODEL_RECORD_TEXT_H
+#define KX_TESTS_MODEL_RECORD_TEXT_H
 
 #include "driver/records.h"
 #include "support/driver_fixture.h"

@@ -1,7 +1,7 @@
 /// The merge in its plainest form, on whole records and with a bubble sort, to
 /// compare the driver's with. Shares no code with it.
-#ifndef KX_TESTS_MERGE_PASSES_H
-#define KX_TESTS_MERGE_PASSES_H
+#ifndef KX_TESTS_PLANNING_MERGE_PASSES_H
+#define KX_TESTS_PLANNING_MERGE_PASSES_H
 
 #include "driver/records.h"
 

@@ -1,7 +1,7 @@
 /// Address ranges and jobs as texts, so that tables of them stay readable:
 /// "1 D 100 x5" is station 1, D100, 5 registers.
-#ifndef KX_TESTS_RANGE_TEXT_H
-#define KX_TESTS_RANGE_TEXT_H
+#ifndef KX_TESTS_PLANNING_RANGE_TEXT_H
+#define KX_TESTS_PLANNING_RANGE_TEXT_H
 
 #include "driver/records.h"
 

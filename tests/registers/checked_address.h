@@ -1,6 +1,6 @@
 /// The two checks of a typed address, with the number that they gave.
-#ifndef KX_TESTS_CHECKED_ADDRESS_H
-#define KX_TESTS_CHECKED_ADDRESS_H
+#ifndef KX_TESTS_REGISTERS_CHECKED_ADDRESS_H
+#define KX_TESTS_REGISTERS_CHECKED_ADDRESS_H
 
 #include "registers/address_check.h"
 

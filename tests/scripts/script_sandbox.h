@@ -1,6 +1,6 @@
 /// Runs the project's scripts where they can install and build nothing.
-#ifndef KX_TESTS_SCRIPT_SANDBOX_H
-#define KX_TESTS_SCRIPT_SANDBOX_H
+#ifndef KX_TESTS_SCRIPTS_SCRIPT_SANDBOX_H
+#define KX_TESTS_SCRIPTS_SCRIPT_SANDBOX_H
 
 #include <QtCore/QProcessEnvironment>
 #include <QtCore/QStringList>

@@ -4,7 +4,7 @@
 
 #include <QtTest/QTest>
 
-class TestOptionsTest : public QObject
+class OptionsTestTest : public QObject
 {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ private:
     ScriptSandbox m_sandbox;
 };
 
-void TestOptionsTest::init()
+void OptionsTestTest::init()
 {
     m_sandbox.addProgram("ctest");
     m_sandbox.addProgram("cmake");
@@ -35,7 +35,7 @@ void TestOptionsTest::init()
     m_sandbox.calls();
 }
 
-QStringList TestOptionsTest::testRuns()
+QStringList OptionsTestTest::testRuns()
 {
     QStringList runs;
     for (const QString& call : m_sandbox.calls().filter("ctest ")) {
@@ -45,7 +45,7 @@ QStringList TestOptionsTest::testRuns()
     return runs;
 }
 
-void TestOptionsTest::runsAreChosen_data()
+void OptionsTestTest::runsAreChosen_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QStringList>("expected");
@@ -60,7 +60,7 @@ void TestOptionsTest::runsAreChosen_data()
     QTest::newRow("all") << QStringList{"--all"} << QStringList{qt5, qt6, sanitize};
 }
 
-void TestOptionsTest::runsAreChosen()
+void OptionsTestTest::runsAreChosen()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QStringList, expected);
@@ -70,7 +70,7 @@ void TestOptionsTest::runsAreChosen()
     QCOMPARE(testRuns(), expected);
 }
 
-void TestOptionsTest::optionsOfCtestAreHandedOn_data()
+void OptionsTestTest::optionsOfCtestAreHandedOn_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("handedOn"); // behind what the script says itself
@@ -95,7 +95,7 @@ void TestOptionsTest::optionsOfCtestAreHandedOn_data()
         << QStringList{"-V", "--", "--print-labels", "--all"} << "-V --print-labels --all";
 }
 
-void TestOptionsTest::optionsOfCtestAreHandedOn()
+void OptionsTestTest::optionsOfCtestAreHandedOn()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, handedOn);
@@ -111,7 +111,7 @@ void TestOptionsTest::optionsOfCtestAreHandedOn()
     QCOMPARE(testRuns(), QStringList{before + handedOn + " --no-tests=error"});
 }
 
-void TestOptionsTest::wrongUsage_data()
+void OptionsTestTest::wrongUsage_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("fault");
@@ -131,7 +131,7 @@ void TestOptionsTest::wrongUsage_data()
         << QStringList{""} << "unexpected argument ''; tests are chosen with -R PATTERN";
 }
 
-void TestOptionsTest::wrongUsage()
+void OptionsTestTest::wrongUsage()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, fault);
@@ -143,7 +143,7 @@ void TestOptionsTest::wrongUsage()
     QCOMPARE(m_sandbox.calls(), QStringList());
 }
 
-void TestOptionsTest::aPatternThatMatchesNothingFails()
+void OptionsTestTest::aPatternThatMatchesNothingFails()
 {
     m_sandbox.addProgram("ctest", "echo 'Total Tests: 0'");
     const ScriptResult result = m_sandbox.run("test", {"-R", "nosuchtest"});
@@ -153,7 +153,7 @@ void TestOptionsTest::aPatternThatMatchesNothingFails()
 }
 
 // Some tests are of one Qt only.
-void TestOptionsTest::aPatternNeedsToMatchInOneRunOnly()
+void OptionsTestTest::aPatternNeedsToMatchInOneRunOnly()
 {
     m_sandbox.addProgram("ctest", "case $* in *test-qt6*) ;; *) echo 'Total Tests: 0' ;; esac");
     const ScriptResult result = m_sandbox.run("test", {"--all", "-R", "x"});
@@ -163,7 +163,7 @@ void TestOptionsTest::aPatternNeedsToMatchInOneRunOnly()
     QCOMPARE(testRuns().size(), 1);
 }
 
-void TestOptionsTest::aFailedBuildEndsIt()
+void OptionsTestTest::aFailedBuildEndsIt()
 {
     m_sandbox.addProgram("cmake", "echo 'CMake Error: nothing to build' >&2; exit 1");
     const ScriptResult result = m_sandbox.run("test", {"--all"});
@@ -174,5 +174,5 @@ void TestOptionsTest::aFailedBuildEndsIt()
     QCOMPARE(testRuns(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(TestOptionsTest)
+QTEST_GUILESS_MAIN(OptionsTestTest)
 #include "tst_test_options.moc"

@@ -1,6 +1,6 @@
 /// Names that look or begin like a register type's, and are none.
-#ifndef KX_TESTS_DISGUISED_NAMES_H
-#define KX_TESTS_DISGUISED_NAMES_H
+#ifndef KX_TESTS_STORIES_DISGUISED_NAMES_H
+#define KX_TESTS_STORIES_DISGUISED_NAMES_H
 
 #include <QtCore/QString>
 

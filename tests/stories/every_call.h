@@ -1,7 +1,7 @@
 /// Every function that the library exports, in the situations in which it does something
 /// else.
-#ifndef KX_TESTS_EVERY_CALL_H
-#define KX_TESTS_EVERY_CALL_H
+#ifndef KX_TESTS_STORIES_EVERY_CALL_H
+#define KX_TESTS_STORIES_EVERY_CALL_H
 
 #include "support/driver_fixture.h"
 

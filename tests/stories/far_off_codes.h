@@ -1,6 +1,6 @@
 /// Numbers beside a code's meaningful ones, with their low bytes, and at the edges of int.
-#ifndef KX_TESTS_FAR_OFF_CODES_H
-#define KX_TESTS_FAR_OFF_CODES_H
+#ifndef KX_TESTS_STORIES_FAR_OFF_CODES_H
+#define KX_TESTS_STORIES_FAR_OFF_CODES_H
 
 #include <QtTest/QTest>
 

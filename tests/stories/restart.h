@@ -1,6 +1,6 @@
 /// What the stories of restarted communication share.
-#ifndef KX_TESTS_RESTART_H
-#define KX_TESTS_RESTART_H
+#ifndef KX_TESTS_STORIES_RESTART_H
+#define KX_TESTS_STORIES_RESTART_H
 
 #include "stories/slave.h"
 

@@ -1,6 +1,6 @@
 /// A slave for stories: answers the driver's requests as a device would.
-#ifndef KX_TESTS_SLAVE_H
-#define KX_TESTS_SLAVE_H
+#ifndef KX_TESTS_STORIES_SLAVE_H
+#define KX_TESTS_STORIES_SLAVE_H
 
 #include "support/driver_fixture.h"
 

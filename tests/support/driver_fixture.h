@@ -1,7 +1,7 @@
 /// A runtime for tests: the resources that a panel hands to the driver, and a
 /// value-change function that writes down each call.
-#ifndef KX_TESTS_DRIVER_FIXTURE_H
-#define KX_TESTS_DRIVER_FIXTURE_H
+#ifndef KX_TESTS_SUPPORT_DRIVER_FIXTURE_H
+#define KX_TESTS_SUPPORT_DRIVER_FIXTURE_H
 
 #include "tarvelan_kx_series.h"
 

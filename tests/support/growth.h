@@ -1,6 +1,6 @@
 /// How processor time grows with size, for tests that nothing is looked for among all.
-#ifndef KX_TESTS_GROWTH_H
-#define KX_TESTS_GROWTH_H
+#ifndef KX_TESTS_SUPPORT_GROWTH_H
+#define KX_TESTS_SUPPORT_GROWTH_H
 
 #include <algorithm>
 #include <ctime>

@@ -1,5 +1,5 @@
-#ifndef KX_TESTS_MEMORY_USE_H
-#define KX_TESTS_MEMORY_USE_H
+#ifndef KX_TESTS_SUPPORT_MEMORY_USE_H
+#define KX_TESTS_SUPPORT_MEMORY_USE_H
 
 #include <QtCore/QtGlobal>
 

@@ -1,7 +1,7 @@
 /// What Qt 4.8 lacks of what the tests use of QtTest, so that they read the same with each
 /// Qt. Each source of a test reads it first when the build is for Qt 4.
-#ifndef KX_TESTS_QTEST48_H
-#define KX_TESTS_QTEST48_H
+#ifndef KX_TESTS_SUPPORT_QTEST48_H
+#define KX_TESTS_SUPPORT_QTEST48_H
 
 #include <QtTest/QTest>
 

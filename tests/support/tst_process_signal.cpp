@@ -15,7 +15,7 @@ const int LOOK_ONLY = 0; // the signal that harms nobody, also where it should n
 
 } // namespace
 
-class TestProcessSignal : public QObject
+class ProcessSignalTest : public QObject
 {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ private slots:
     void anEndedProcessIsNot();
 };
 
-void TestProcessSignal::noGroupIsSignalled_data()
+void ProcessSignalTest::noGroupIsSignalled_data()
 {
     QTest::addColumn<qint64>("processId");
     QTest::newRow("the caller's group, or a child that has ended") << qint64(0);
@@ -36,13 +36,13 @@ void TestProcessSignal::noGroupIsSignalled_data()
     QTest::newRow("-1 once cut to 32 bits") << Q_INT64_C(0xFFFFFFFF);
 }
 
-void TestProcessSignal::noGroupIsSignalled()
+void ProcessSignalTest::noGroupIsSignalled()
 {
     QFETCH(qint64, processId);
     QVERIFY(!signalProcess(processId, LOOK_ONLY));
 }
 
-void TestProcessSignal::aRunningProcessIsReached()
+void ProcessSignalTest::aRunningProcessIsReached()
 {
     QProcess child;
     child.start(QStringLiteral("sleep"), {QStringLiteral("60")});
@@ -52,7 +52,7 @@ void TestProcessSignal::aRunningProcessIsReached()
     QCOMPARE(child.exitStatus(), QProcess::CrashExit); // by the signal
 }
 
-void TestProcessSignal::anEndedProcessIsNot()
+void ProcessSignalTest::anEndedProcessIsNot()
 {
     QProcess child;
     child.start(QStringLiteral("true"), QStringList());
@@ -60,5 +60,5 @@ void TestProcessSignal::anEndedProcessIsNot()
     QVERIFY(!signalProcess(child.processId(), LOOK_ONLY));
 }
 
-QTEST_APPLESS_MAIN(TestProcessSignal)
+QTEST_APPLESS_MAIN(ProcessSignalTest)
 #include "tst_process_signal.moc"

@@ -1,6 +1,6 @@
 /// A completion script at work in bash.
-#ifndef KX_TESTS_BASH_COMPLETION_H
-#define KX_TESTS_BASH_COMPLETION_H
+#ifndef KX_TESTS_TOOLS_BASH_COMPLETION_H
+#define KX_TESTS_TOOLS_BASH_COMPLETION_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

@@ -15,11 +15,6 @@ namespace kx
 namespace
 {
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 bool fail(QString* fault, const QString& message)
 {
     *fault = message;
@@ -30,9 +25,8 @@ bool takeType(const QString& name, AddressRange* range, QString* fault)
 {
     range->type = findRegisterType(name);
     return range->type
-           || fail(
-               fault,
-               text("unknown register type '%1'; the types are %2").arg(name, registerTypeNames()));
+           || fail(fault, QStringLiteral("unknown register type '%1'; the types are %2")
+                              .arg(name, registerTypeNames()));
 }
 
 // The number, or the highest int when it is larger than that.
@@ -47,12 +41,15 @@ bool takeAddress(const QString& digits, AddressRange* range, QString* fault)
 {
     const RegisterType* const type = range->type;
     if (!hasOnlyDigits(digits, type->radix))
-        return fail(fault, text("'%1' is not %2 number; the addresses are %3")
-                               .arg(digits, text(type->radix == 8 ? "an octal" : "a decimal"),
-                                    addressesOf(type)));
+        return fail(fault,
+                    QStringLiteral("'%1' is not %2 number; the addresses are %3")
+                        .arg(digits,
+                             QString::fromLatin1(type->radix == 8 ? "an octal" : "a decimal"),
+                             addressesOf(type)));
     range->address = numberOf(digits, type->radix);
     return (range->address >= type->lowestAddress && range->address <= highestAddress(type))
-           || fail(fault, text("out of range; the addresses are %1").arg(addressesOf(type)));
+           || fail(fault,
+                   QStringLiteral("out of range; the addresses are %1").arg(addressesOf(type)));
 }
 
 bool takeCount(const QString& digits, AddressRange* range, QString* fault)
@@ -61,33 +58,36 @@ bool takeCount(const QString& digits, AddressRange* range, QString* fault)
         return true;
     range->values = hasOnlyDigits(digits, 10) ? numberOf(digits, 10) : 0;
     if (range->values < 1)
-        return fail(fault, text("the count must be 1 or more"));
+        return fail(fault, QStringLiteral("the count must be 1 or more"));
     return range->values - 1 <= highestAddress(range->type) - range->address
-           || fail(fault, text("%1 values run past the last address; the addresses are %2")
-                              .arg(digits, addressesOf(range->type)));
+           || fail(fault,
+                   QStringLiteral("%1 values run past the last address; the addresses are %2")
+                       .arg(digits, addressesOf(range->type)));
 }
 
-bool takeStation(const QString& digits, AddressRange* range, QString* fault)
+bool parseStationOption(const QString& digits, AddressRange* range, QString* fault)
 {
     return digits.isNull() || parseStation(digits, &range->station)
            || fail(fault,
-                   text("the station must be %1 to %2")
+                   QStringLiteral("the station must be %1 to %2")
                        .arg(QString::number(LOWEST_STATION), QString::number(HIGHEST_STATION)));
 }
 
 bool takeValue(const QString& digits, Assignment* assignment, QString* fault)
 {
-    const bool isHex = digits.startsWith(text("0x"), Qt::CaseInsensitive);
+    const bool isHex = digits.startsWith(QStringLiteral("0x"), Qt::CaseInsensitive);
     const bool isNegative = digits.startsWith(QLatin1Char('-'));
     const int radix = isHex ? 16 : 10;
     if (!hasOnlyDigits(digits.mid(isHex ? 2 : isNegative ? 1 : 0), radix))
-        return fail(fault, text("'%1' is not a decimal or 0x hexadecimal number").arg(digits));
+        return fail(fault,
+                    QStringLiteral("'%1' is not a decimal or 0x hexadecimal number").arg(digits));
     bool fits = false;
     const qint64 value = digits.toLongLong(&fits, radix);
     const RegisterType* const type = assignment->range.type;
     if (!fits || value < lowestValue(type) || value > highestValue(type))
-        return fail(fault, text("%1 does not fit; %2 takes %3 to %4")
-                               .arg(digits, text(type->name), QString::number(lowestValue(type)),
+        return fail(fault, QStringLiteral("%1 does not fit; %2 takes %3 to %4")
+                               .arg(digits, QString::fromLatin1(type->name),
+                                    QString::number(lowestValue(type)),
                                     QString::number(highestValue(type))));
     assignment->values << value;
     return true;
@@ -101,7 +101,7 @@ bool takeValues(const QStringList& values, bool countGiven, Assignment* assignme
     }
     const QString count = QString::number(assignment->values.size());
     if (countGiven && values.size() != assignment->range.values)
-        return fail(fault, text("%1 values for a count of %2")
+        return fail(fault, QStringLiteral("%1 values for a count of %2")
                                .arg(count, QString::number(assignment->range.values)));
     return takeCount(count, &assignment->range, fault);
 }
@@ -113,46 +113,49 @@ int AddressRange::driverCount() const
     return values * registersPerAddress(type);
 }
 
-bool splitAddress(const QString& typed, AddressParts* parts)
+bool parseAddressParts(const QString& typed, AddressParts* parts)
 {
     static const QRegularExpression pattern(
-        text("\\A((?:32)?[A-Za-z]+)([^:@]*)(?::([^@]*))?(?:@(.*))?\\z"),
+        QStringLiteral("\\A((?:32)?[A-Za-z]+)([^:@]*)(?::([^@]*))?(?:@(.*))?\\z"),
         QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch match = pattern.match(typed);
     *parts = {match.captured(1), match.captured(2), match.captured(3), match.captured(4)};
     return match.hasMatch();
 }
 
-bool readAddress(const QString& typed, AddressRange* range, QString* fault)
+bool parseAddress(const QString& typed, AddressRange* range, QString* fault)
 {
     *range = AddressRange();
     AddressParts parts;
-    if (!splitAddress(typed, &parts))
-        return fail(fault, text("not an address; write TYPENUMBER[:COUNT][@STATION] without "
-                                "spaces, such as D100:4, X17 or 32CV200@2"));
+    if (!parseAddressParts(typed, &parts))
+        return fail(fault,
+                    QStringLiteral("not an address; write TYPENUMBER[:COUNT][@STATION] without "
+                                   "spaces, such as D100:4, X17 or 32CV200@2"));
     return takeType(parts.type, range, fault) && takeAddress(parts.number, range, fault)
-           && takeCount(parts.count, range, fault) && takeStation(parts.station, range, fault);
+           && takeCount(parts.count, range, fault)
+           && parseStationOption(parts.station, range, fault);
 }
 
 QString faultyText(const QString& typed, const QString& fault)
 {
-    QString line = text("%1: %2").arg(typed, fault);
-    line.replace(QLatin1Char('\n'), text("\\n"));
+    QString line = QStringLiteral("%1: %2").arg(typed, fault);
+    line.replace(QLatin1Char('\n'), QStringLiteral("\\n"));
     return line;
 }
 
 bool parseAddressRange(const QString& address, AddressRange* range, QString* error)
 {
     QString fault;
-    return readAddress(address, range, &fault) || fail(error, faultyText(address, fault));
+    return parseAddress(address, range, &fault) || fail(error, faultyText(address, fault));
 }
 
 bool parseAssignment(const QString& whole, Assignment* assignment, QString* error)
 {
     const auto equals = whole.indexOf(QLatin1Char('='));
     if (equals < 0)
-        return fail(error, faultyText(whole, text("not an assignment; write "
-                                                  "ADDRESS=VALUE[,VALUE...], such as D100=1234")));
+        return fail(error, faultyText(whole, QStringLiteral(
+                                                 "not an assignment; write "
+                                                 "ADDRESS=VALUE[,VALUE...], such as D100=1234")));
     *assignment = Assignment();
     const QString address = whole.left(equals);
     if (!parseAddressRange(address, &assignment->range, error))
@@ -165,27 +168,28 @@ bool parseAssignment(const QString& whole, Assignment* assignment, QString* erro
 
 QString addressText(const RegisterType* type, int address)
 {
-    return text(type->name) + QString::number(address, type->radix);
+    return QString::fromLatin1(type->name) + QString::number(address, type->radix);
 }
 
 QString addressesOf(const RegisterType* type)
 {
-    return text("%1%2 to %1%3 (%4)")
-        .arg(text(type->name), text(type->lowest), text(type->highest),
-             text(type->radix == 8 ? "octal" : "decimal"));
+    return QStringLiteral("%1%2 to %1%3 (%4)")
+        .arg(QString::fromLatin1(type->name), QString::fromLatin1(type->lowest),
+             QString::fromLatin1(type->highest),
+             QString::fromLatin1(type->radix == 8 ? "octal" : "decimal"));
 }
 
 QString registerTypeNames()
 {
     QStringList names;
     for (const RegisterType& type : REGISTER_TYPES)
-        names << text(type.name);
-    return names.join(text(", "));
+        names << QString::fromLatin1(type.name);
+    return names.join(QStringLiteral(", "));
 }
 
 int highestAddress(const RegisterType* type)
 {
-    return text(type->highest).toInt(nullptr, type->radix);
+    return QString::fromLatin1(type->highest).toInt(nullptr, type->radix);
 }
 
 qint64 lowestValue(const RegisterType* type)

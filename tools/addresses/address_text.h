@@ -40,7 +40,7 @@ struct AddressParts {
 
 /// Splits an address; whether the parts are any good is not looked at. False when no
 /// type stands at its beginning.
-KXRUNTIME_EXPORT bool splitAddress(const QString& typed, AddressParts* parts);
+KXRUNTIME_EXPORT bool parseAddressParts(const QString& typed, AddressParts* parts);
 
 /// Parses TYPENUMBER[:COUNT][@STATION]. Returns false and one line in
 /// `*error` when the type is unknown, a digit does not suit its radix, the range
@@ -49,7 +49,7 @@ KXRUNTIME_EXPORT bool splitAddress(const QString& typed, AddressParts* parts);
 KXRUNTIME_EXPORT bool parseAddressRange(const QString& text, AddressRange* range, QString* error);
 
 /// The same, with what is wrong in `*fault` without the address in front.
-KXRUNTIME_EXPORT bool readAddress(const QString& text, AddressRange* range, QString* fault);
+KXRUNTIME_EXPORT bool parseAddress(const QString& text, AddressRange* range, QString* fault);
 
 /// "D8000: out of range", in one line whatever was typed.
 KXRUNTIME_EXPORT QString faultyText(const QString& typed, const QString& fault);

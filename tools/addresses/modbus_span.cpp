@@ -26,9 +26,9 @@ QString modbusText(const RegisterType* type, const QList<ModbusSpan>& spans)
     for (const ModbusSpan& span : spans)
         numbers << (span.first == span.last
                         ? QString::number(span.first)
-                        : QString::fromLatin1("%1 to %2").arg(span.first).arg(span.last));
+                        : QStringLiteral("%1 to %2").arg(span.first).arg(span.last));
     const bool isOne = spans.size() == 1 && spans.first().first == spans.first().last;
-    return QString::fromLatin1("%1%2 %3").arg(
+    return QStringLiteral("%1%2 %3").arg(
         QLatin1String(type->registerClass == BIT_CLASS ? "coil" : "holding register"),
         QLatin1String(isOne ? "" : "s"), numbers.join(QLatin1String(" and ")));
 }

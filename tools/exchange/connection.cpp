@@ -35,9 +35,9 @@ Connection::Connection(const ConnectionSettings& settings, QObject* parent)
     m_line->setParent(this);
     m_start.setSingleShot(true);
     connect(&m_start, &QTimer::timeout, m_line, &Line::open);
-    connect(m_line, &Line::opened, this, &Connection::handleOpened);
-    connect(m_line, &Line::interrupted, this, &Connection::handleInterruption);
-    connect(m_line, &Line::failed, this, &Connection::handleFailure);
+    connect(m_line, &Line::opened, this, &Connection::onOpened);
+    connect(m_line, &Line::interrupted, this, &Connection::onInterrupted);
+    connect(m_line, &Line::failed, this, &Connection::onFailure);
 }
 
 void Connection::open()
@@ -55,7 +55,7 @@ void Connection::close()
     m_line->close();
 }
 
-void Connection::handleOpened()
+void Connection::onOpened()
 {
     if (m_state == State::Closed)
         return;
@@ -63,7 +63,7 @@ void Connection::handleOpened()
     emit opened();
 }
 
-void Connection::handleInterruption()
+void Connection::onInterrupted()
 {
     if (m_state == State::Closed)
         return;
@@ -71,7 +71,7 @@ void Connection::handleInterruption()
     emit interrupted();
 }
 
-void Connection::handleFailure(const QString& error)
+void Connection::onFailure(const QString& error)
 {
     if (m_state == State::Closed)
         return;

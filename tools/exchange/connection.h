@@ -62,9 +62,9 @@ signals:
 private:
     enum class State { Closed, Opening, Open, Interrupted };
 
-    void handleOpened();
-    void handleInterruption();
-    void handleFailure(const QString& error);
+    void onOpened();
+    void onInterrupted();
+    void onFailure(const QString& error);
 
     Line* m_line; ///< a child
     State m_state = State::Closed;

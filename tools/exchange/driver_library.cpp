@@ -57,7 +57,7 @@ bool loadDriver(const QString& fileName, DriverEntryPoints* entryPoints, QString
 {
     QLibrary library(fileName);
     if (!library.load()) {
-        *error = QString::fromLatin1("%1: cannot load the driver library: %2")
+        *error = QStringLiteral("%1: cannot load the driver library: %2")
                      .arg(fileName, library.errorString().simplified());
         return false;
     }
@@ -65,7 +65,7 @@ bool loadDriver(const QString& fileName, DriverEntryPoints* entryPoints, QString
     Resolver resolver(&library);
     resolveAll(&resolver, &found);
     if (!resolver.missing().isEmpty()) {
-        *error = QString::fromLatin1("%1: not the driver library: it has no %2")
+        *error = QStringLiteral("%1: not the driver library: it has no %2")
                      .arg(fileName, resolver.missing());
         return false;
     }

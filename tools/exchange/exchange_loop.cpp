@@ -17,10 +17,10 @@ ExchangeLoop::ExchangeLoop(const DriverEntryPoints& entryPoints, Line* line,
 {
     qRegisterMetaType<ExchangeRecord>(); // for listeners in other threads
     connect(m_clock, &LoopClock::woken, this, &ExchangeLoop::proceed);
-    connect(line, &Line::bytesArrived, this, &ExchangeLoop::takeBytes);
-    connect(line, &Line::failed, this, &ExchangeLoop::loseLine);
-    connect(line, &Line::interrupted, this, &ExchangeLoop::awaitLine);
-    connect(line, &Line::opened, this, &ExchangeLoop::resume);
+    connect(line, &Line::bytesArrived, this, &ExchangeLoop::onBytes);
+    connect(line, &Line::failed, this, &ExchangeLoop::onLineLost);
+    connect(line, &Line::interrupted, this, &ExchangeLoop::onInterrupted);
+    connect(line, &Line::opened, this, &ExchangeLoop::onOpened);
 }
 
 void ExchangeLoop::start()
@@ -82,7 +82,7 @@ void ExchangeLoop::proceed()
     const State before = m_state;
     const QByteArray waiting = m_line->takeWaiting();
     if (!waiting.isEmpty())
-        takeBytes(waiting);
+        onBytes(waiting);
     if (m_state == before)
         act();
 }
@@ -183,7 +183,7 @@ void ExchangeLoop::awaitReply()
         m_owed.add(request, transmittedAt + owed * MICROSECONDS_PER_MILLISECOND);
 }
 
-void ExchangeLoop::takeBytes(const QByteArray& bytes)
+void ExchangeLoop::onBytes(const QByteArray& bytes)
 {
     if (m_state == State::AwaitingReply) {
         m_silence.heardUntil(now());
@@ -212,7 +212,7 @@ void ExchangeLoop::finish(const CollectedReply& reply)
     emit exchanged(m_current.record());
 }
 
-void ExchangeLoop::loseLine(const QString& error)
+void ExchangeLoop::onLineLost(const QString& error)
 {
     if (!isRunning())
         return;
@@ -220,7 +220,7 @@ void ExchangeLoop::loseLine(const QString& error)
     emit lineFailed(error);
 }
 
-void ExchangeLoop::awaitLine()
+void ExchangeLoop::onInterrupted()
 {
     if (!isRunning())
         return;
@@ -231,7 +231,7 @@ void ExchangeLoop::awaitLine()
         finish({ReplyKind::Lost, QByteArray()});
 }
 
-void ExchangeLoop::resume()
+void ExchangeLoop::onOpened()
 {
     if (m_state != State::AwaitingLine)
         return;

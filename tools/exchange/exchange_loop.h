@@ -124,11 +124,11 @@ private:
     bool isHeldBack(const FRAME_PRO& request);
     void transmit();
     void awaitReply();
-    void takeBytes(const QByteArray& bytes);
+    void onBytes(const QByteArray& bytes);
     void finish(const CollectedReply& reply);
-    void loseLine(const QString& error);
-    void awaitLine();
-    void resume();
+    void onLineLost(const QString& error);
+    void onInterrupted();
+    void onOpened();
     void waitForSilence();
     qint64 now() const { return m_clock->now(); }
 

@@ -14,17 +14,17 @@ namespace
 bool isSwitch(const QString& argument)
 {
     return argument == QLatin1String("--simulate") || argument == QLatin1String("--json")
-           || argument == QLatin1String("--frames");
+           || argument == QStringLiteral("--frames");
 }
 
 int showVersion(const QString& option, const QStringList& leading, QStringList behind)
 {
-    const QString json = QLatin1String("--json");
+    const QString json = QStringLiteral("--json");
     const bool asJson = leading.contains(json) || behind.contains(json);
     behind.removeAll(json);
     if (!behind.isEmpty())
         return complain(
-            QString::fromLatin1("unexpected argument '%1' behind '%2'").arg(behind.first(), option),
+            QStringLiteral("unexpected argument '%1' behind '%2'").arg(behind.first(), option),
             EXIT_WRONG_USAGE);
     if (asJson)
         printJson(versionJson());
@@ -52,7 +52,7 @@ int runCommand(QStringList arguments)
     const Command* const command = findCommand(name);
     if (!command)
         return complain(
-            QString::fromLatin1("unknown command '%1'; kxhost --help lists the commands").arg(name),
+            QStringLiteral("unknown command '%1'; kxhost --help lists the commands").arg(name),
             EXIT_WRONG_USAGE);
     return command->run(leading + arguments.mid(1));
 }

@@ -79,7 +79,7 @@ bool addFault(const QString& text, FaultPlan* plan, QString* error)
                    QStringLiteral("--fault %1: the probabilities add up to more than 1").arg(text));
 }
 
-bool takeFaultSeed(const QString& text, FaultPlan* plan, QString* error)
+bool parseFaultSeed(const QString& text, FaultPlan* plan, QString* error)
 {
     bool isNumber = false;
     plan->seed = text.toUInt(&isNumber);
@@ -89,7 +89,7 @@ bool takeFaultSeed(const QString& text, FaultPlan* plan, QString* error)
                        .arg(text));
 }
 
-bool takeFaultDelay(const QString& text, FaultPlan* plan, QString* error)
+bool parseFaultDelay(const QString& text, FaultPlan* plan, QString* error)
 {
     plan->delay = text.toInt();
     return (plan->delay >= 1 && plan->delay <= LONGEST_DELAY)

@@ -50,8 +50,8 @@ bool addFault(const QString& text, FaultPlan* plan, QString* error);
 
 /// The value of --fault-seed or --fault-delay; false and one line in `*error` when it
 /// is no number, or less than 0 or 1.
-bool takeFaultSeed(const QString& text, FaultPlan* plan, QString* error);
-bool takeFaultDelay(const QString& text, FaultPlan* plan, QString* error);
+bool parseFaultSeed(const QString& text, FaultPlan* plan, QString* error);
+bool parseFaultDelay(const QString& text, FaultPlan* plan, QString* error);
 
 /// "deaf, silence, ..., close": for help and errors.
 QStringList faultNames();

@@ -26,7 +26,7 @@ void stopOnSignal(int)
 }
 
 // At once, for scripts that wait for the line.
-void printLine(std::FILE* stream, const QString& text)
+void say(std::FILE* stream, const QString& text)
 {
     std::fprintf(stream, "%s\n", kx::printableText(text).toLocal8Bit().constData());
     std::fflush(stream);
@@ -34,7 +34,7 @@ void printLine(std::FILE* stream, const QString& text)
 
 int fail(int exitCode, const QString& message)
 {
-    printLine(stderr, QStringLiteral("kxsim: ") + message);
+    say(stderr, QStringLiteral("kxsim: ") + message);
     return exitCode;
 }
 
@@ -52,8 +52,8 @@ int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations
 {
     kxsim::Simulator simulator(line, stations, options.simulation.moves, options.simulation.faults);
     if (options.logs)
-        simulator.setLog([](const QString& text) { printLine(stderr, text); });
-    simulator.setCommands(STDIN_FILENO, [](const QString& text) { printLine(stdout, text); });
+        simulator.setLog([](const QString& text) { say(stderr, text); });
+    simulator.setCommands(STDIN_FILENO, [](const QString& text) { say(stdout, text); });
     signalled = &simulator;
     std::signal(SIGINT, stopOnSignal);
     std::signal(SIGTERM, stopOnSignal);
@@ -64,13 +64,13 @@ int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations
     std::signal(SIGTTIN, SIG_IGN);
     // Whoever read the answers may be gone; the line is still served.
     std::signal(SIGPIPE, SIG_IGN);
-    printLine(stdout, QStringLiteral("kxsim: listening on ") + line->name());
+    say(stdout, QStringLiteral("kxsim: listening on ") + line->name());
     const bool wasStopped = simulator.run();
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
     std::signal(SIGHUP, SIG_DFL);
     if (!options.simulation.faults.chances.isEmpty())
-        printLine(stdout, QStringLiteral("kxsim: ") + simulator.command(QStringLiteral("faults")));
+        say(stdout, QStringLiteral("kxsim: ") + simulator.command(QStringLiteral("faults")));
     return wasStopped ? 0 : fail(PORT_FAILED, line->name() + QStringLiteral(": the line was lost"));
 }
 

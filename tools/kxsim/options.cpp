@@ -159,8 +159,8 @@ bool takePresets(const QStringList& texts, Options* options, QString* error)
 
 // The number in the option's value when it is one of the allowed.
 template <typename Allowed>
-bool takeNumber(const QString& option, const QString& text, const Allowed& allowed, int* number,
-                QString* error)
+bool parseNumber(const QString& option, const QString& text, const Allowed& allowed, int* number,
+                 QString* error)
 {
     QStringList choices;
     *number = text.toInt();
@@ -186,10 +186,10 @@ bool takePort(const CommandLine& line, Options* options, QString* error)
     if (parser.isSet(line.port) && parser.isSet(line.symlink))
         return fail(error, QStringLiteral("--symlink links to a pseudo-terminal, not to --port"));
     const int stopBits[] = {1, 2};
-    return kx::checkDataBits(parser.value(line.dataBits), error)
-           && takeNumber(QStringLiteral("baud"), parser.value(line.baud), BAUDS, &port.baud, error)
-           && takeNumber(QStringLiteral("stop-bits"), parser.value(line.stopBits), stopBits,
-                         &port.stopBits, error)
+    return kx::parseDataBits(parser.value(line.dataBits), error)
+           && parseNumber(QStringLiteral("baud"), parser.value(line.baud), BAUDS, &port.baud, error)
+           && parseNumber(QStringLiteral("stop-bits"), parser.value(line.stopBits), stopBits,
+                          &port.stopBits, error)
            && kx::readParity(parser.value(line.parity), &port.parity, error);
 }
 
@@ -203,8 +203,8 @@ bool takeFaults(const CommandLine& line, Options* options, QString* error)
     if (faults.holds(Fault::Close) && options->port.device.isEmpty() && options->link.isEmpty())
         return fail(error, QStringLiteral("--fault close needs --symlink: a pseudo-terminal that "
                                           "is opened again has another name"));
-    return takeFaultSeed(line.parser.value(line.faultSeed), &faults, error)
-           && takeFaultDelay(line.parser.value(line.faultDelay), &faults, error);
+    return parseFaultSeed(line.parser.value(line.faultSeed), &faults, error)
+           && parseFaultDelay(line.parser.value(line.faultDelay), &faults, error);
 }
 
 } // namespace

@@ -18,7 +18,7 @@ bool readParity(const QString& typed, char* parity, QString* error)
     return true;
 }
 
-bool checkDataBits(const QString& typed, QString* error)
+bool parseDataBits(const QString& typed, QString* error)
 {
     if (typed == QLatin1String("8"))
         return true;

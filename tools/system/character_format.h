@@ -13,7 +13,7 @@ namespace kx
 bool readParity(const QString& typed, char* parity, QString* error);
 
 /// Reads the value of --data-bits. False and one line in `*error` when it is not 8.
-bool checkDataBits(const QString& typed, QString* error);
+bool parseDataBits(const QString& typed, QString* error);
 
 } // namespace kx
 

@@ -17,7 +17,7 @@ QString text(const char* utf8)
 
 } // namespace
 
-class TestAddressText : public QObject
+class AddressTextTest : public QObject
 {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ private slots:
     void anAddressIsWrittenInItsOwnRadix();
 };
 
-void TestAddressText::anAddressIsRead_data()
+void AddressTextTest::anAddressIsRead_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("type");
@@ -88,7 +88,7 @@ void TestAddressText::anAddressIsRead_data()
                                << "Z" << 15 << 1 << -1;
 }
 
-void TestAddressText::anAddressIsRead()
+void AddressTextTest::anAddressIsRead()
 {
     QFETCH(QString, typed);
     AddressRange range;
@@ -101,7 +101,7 @@ void TestAddressText::anAddressIsRead()
     QTEST(range.station, "station");
 }
 
-void TestAddressText::aWrongAddressIsRefusedInOneLine_data()
+void AddressTextTest::aWrongAddressIsRefusedInOneLine_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("error");
@@ -196,7 +196,7 @@ void TestAddressText::aWrongAddressIsRefusedInOneLine_data()
     row("a per cent sign", "D1@%2", "D1@%2: the station must be 1 to 247");
 }
 
-void TestAddressText::aWrongAddressIsRefusedInOneLine()
+void AddressTextTest::aWrongAddressIsRefusedInOneLine()
 {
     QFETCH(QString, typed);
     AddressRange range;
@@ -205,7 +205,7 @@ void TestAddressText::aWrongAddressIsRefusedInOneLine()
     QTEST(error, "error");
 }
 
-void TestAddressText::anEmbeddedNulIsNoDigit_data()
+void AddressTextTest::anEmbeddedNulIsNoDigit_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::newRow("in front") << QString(1, QChar(0)) + text("D5");
@@ -216,7 +216,7 @@ void TestAddressText::anEmbeddedNulIsNoDigit_data()
     QTest::newRow("in the station") << text("D5@1") + QChar(0);
 }
 
-void TestAddressText::anEmbeddedNulIsNoDigit()
+void AddressTextTest::anEmbeddedNulIsNoDigit()
 {
     QFETCH(QString, typed);
     AddressRange range;
@@ -225,7 +225,7 @@ void TestAddressText::anEmbeddedNulIsNoDigit()
     QVERIFY2(error.startsWith(typed + text(": ")), qPrintable(error));
 }
 
-void TestAddressText::theDriverCountsTwoRegistersPer32BitCounter()
+void AddressTextTest::theDriverCountsTwoRegistersPer32BitCounter()
 {
     AddressRange range;
     QString error;
@@ -237,7 +237,7 @@ void TestAddressText::theDriverCountsTwoRegistersPer32BitCounter()
     QCOMPARE(range.driverCount(), 3);
 }
 
-void TestAddressText::anAddressIsWrittenInItsOwnRadix_data()
+void AddressTextTest::anAddressIsWrittenInItsOwnRadix_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<int>("address");
@@ -248,12 +248,12 @@ void TestAddressText::anAddressIsWrittenInItsOwnRadix_data()
     QTest::newRow("counter") << "32CV" << 200 << "32CV200";
 }
 
-void TestAddressText::anAddressIsWrittenInItsOwnRadix()
+void AddressTextTest::anAddressIsWrittenInItsOwnRadix()
 {
     QFETCH(QString, type);
     QFETCH(int, address);
     QTEST(addressText(findRegisterType(type), address), "written");
 }
 
-QTEST_APPLESS_MAIN(TestAddressText)
+QTEST_APPLESS_MAIN(AddressTextTest)
 #include "tst_address_text.moc"

@@ -16,7 +16,7 @@ QString text(const char* utf8)
 
 } // namespace
 
-class TestAssignmentText : public QObject
+class AssignmentTextTest : public QObject
 {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ private slots:
     void aWrongAssignmentIsRefusedInOneLine();
 };
 
-void TestAssignmentText::anAssignmentIsRead_data()
+void AssignmentTextTest::anAssignmentIsRead_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<int>("address");
@@ -47,7 +47,7 @@ void TestAssignmentText::anAssignmentIsRead_data()
     QTest::newRow("an octal address") << "Y10=1" << 8 << QList<qint64>{1};
 }
 
-void TestAssignmentText::anAssignmentIsRead()
+void AssignmentTextTest::anAssignmentIsRead()
 {
     QFETCH(QString, typed);
     QFETCH(QList<qint64>, values);
@@ -59,7 +59,7 @@ void TestAssignmentText::anAssignmentIsRead()
     QCOMPARE(assignment.range.values, static_cast<int>(values.size()));
 }
 
-void TestAssignmentText::aWrongAssignmentIsRefusedInOneLine_data()
+void AssignmentTextTest::aWrongAssignmentIsRefusedInOneLine_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("error");
@@ -100,7 +100,7 @@ void TestAssignmentText::aWrongAssignmentIsRefusedInOneLine_data()
         "D7999=1,2: 2 values run past the last address; the addresses are D0 to D7999 (decimal)");
 }
 
-void TestAssignmentText::aWrongAssignmentIsRefusedInOneLine()
+void AssignmentTextTest::aWrongAssignmentIsRefusedInOneLine()
 {
     QFETCH(QString, typed);
     Assignment assignment;
@@ -109,5 +109,5 @@ void TestAssignmentText::aWrongAssignmentIsRefusedInOneLine()
     QTEST(error, "error");
 }
 
-QTEST_APPLESS_MAIN(TestAssignmentText)
+QTEST_APPLESS_MAIN(AssignmentTextTest)
 #include "tst_assignment_text.moc"

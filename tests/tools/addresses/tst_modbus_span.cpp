@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestModbusSpan : public QObject
+class ModbusSpanTest : public QObject
 {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ private slots:
     void aRangeIsPlacedOnTheWire();
 };
 
-void TestModbusSpan::aRangeIsPlacedOnTheWire_data()
+void ModbusSpanTest::aRangeIsPlacedOnTheWire_data()
 {
     QTest::addColumn<QString>("range");
     QTest::addColumn<QString>("wire");
@@ -49,7 +49,7 @@ void TestModbusSpan::aRangeIsPlacedOnTheWire_data()
                               << "holding registers 9808 to 9811" << 3;
 }
 
-void TestModbusSpan::aRangeIsPlacedOnTheWire()
+void ModbusSpanTest::aRangeIsPlacedOnTheWire()
 {
     QFETCH(QString, range);
     AddressRange parsed;
@@ -59,5 +59,5 @@ void TestModbusSpan::aRangeIsPlacedOnTheWire()
     QTEST(readFunction(parsed.type), "function");
 }
 
-QTEST_APPLESS_MAIN(TestModbusSpan)
+QTEST_APPLESS_MAIN(ModbusSpanTest)
 #include "tst_modbus_span.moc"

@@ -21,7 +21,7 @@ QString textOf(const QList<AddressRange>& pieces)
 
 } // namespace
 
-class TestReadPieces : public QObject
+class ReadPiecesTest : public QObject
 {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ private slots:
     void whyNothingFits();
 };
 
-void TestReadPieces::rangesAreCutForTheDriver_data()
+void ReadPiecesTest::rangesAreCutForTheDriver_data()
 {
     QTest::addColumn<QString>("range");
     QTest::addColumn<int>("most");
@@ -53,7 +53,7 @@ void TestReadPieces::rangesAreCutForTheDriver_data()
     QTest::newRow("octal") << "Y6:3@1" << 2 << "Y6:2@1 Y10:1@1";
 }
 
-void TestReadPieces::rangesAreCutForTheDriver()
+void ReadPiecesTest::rangesAreCutForTheDriver()
 {
     QFETCH(QString, range);
     QFETCH(int, most);
@@ -63,7 +63,7 @@ void TestReadPieces::rangesAreCutForTheDriver()
     QTEST(textOf(readPieces(parsed, most)), "pieces");
 }
 
-void TestReadPieces::addressesPerReadDependOnTheClass_data()
+void ReadPiecesTest::addressesPerReadDependOnTheClass_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<int>("maxWords");
@@ -76,18 +76,18 @@ void TestReadPieces::addressesPerReadDependOnTheClass_data()
     QTest::newRow("no 32CV fits into one register") << "32CV" << 1 << 0;
 }
 
-void TestReadPieces::addressesPerReadDependOnTheClass()
+void ReadPiecesTest::addressesPerReadDependOnTheClass()
 {
     QFETCH(QString, type);
     QFETCH(int, maxWords);
     QTEST(addressesPerRead(findRegisterType(type), maxWords), "addresses");
 }
 
-void TestReadPieces::whyNothingFits()
+void ReadPiecesTest::whyNothingFits()
 {
     QCOMPARE(tooLongText(findRegisterType(QStringLiteral("32CV")), 1),
              QStringLiteral("a 32CV takes 2 registers; raise --max-words, which is 1"));
 }
 
-QTEST_GUILESS_MAIN(TestReadPieces)
+QTEST_GUILESS_MAIN(ReadPiecesTest)
 #include "tst_read_pieces.moc"

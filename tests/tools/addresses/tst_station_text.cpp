@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestStationText : public QObject
+class StationTextTest : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ private slots:
     void whatIsNoStationIsRefused();
 };
 
-void TestStationText::aStationIsRead_data()
+void StationTextTest::aStationIsRead_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<int>("station");
@@ -26,7 +26,7 @@ void TestStationText::aStationIsRead_data()
     QTest::newRow("leading zeros are not octal") << "010" << 10;
 }
 
-void TestStationText::aStationIsRead()
+void StationTextTest::aStationIsRead()
 {
     QFETCH(QString, typed);
     int station = -1;
@@ -34,7 +34,7 @@ void TestStationText::aStationIsRead()
     QTEST(station, "station");
 }
 
-void TestStationText::whatIsNoStationIsRefused_data()
+void StationTextTest::whatIsNoStationIsRefused_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::newRow("nothing") << "";
@@ -52,7 +52,7 @@ void TestStationText::whatIsNoStationIsRefused_data()
     QTest::newRow("larger than an int") << "4294967297";
 }
 
-void TestStationText::whatIsNoStationIsRefused()
+void StationTextTest::whatIsNoStationIsRefused()
 {
     QFETCH(QString, typed);
     int station = -1;
@@ -60,5 +60,5 @@ void TestStationText::whatIsNoStationIsRefused()
     QCOMPARE(station, -1);
 }
 
-QTEST_APPLESS_MAIN(TestStationText)
+QTEST_APPLESS_MAIN(StationTextTest)
 #include "tst_station_text.moc"

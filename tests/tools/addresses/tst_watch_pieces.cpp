@@ -9,7 +9,7 @@
 
 using namespace kx;
 
-class TestWatchPieces : public QObject
+class WatchPiecesTest : public QObject
 {
     Q_OBJECT
 
@@ -88,13 +88,13 @@ QString faultOf(const Plan& plan, const QList<AddressRange>& watched)
 
 } // namespace
 
-void TestWatchPieces::initTestCase()
+void WatchPiecesTest::initTestCase()
 {
     QString error;
     QVERIFY2(loadDriver(QString::fromLatin1(KX_DRIVER_FILE), &m_driver, &error), qPrintable(error));
 }
 
-void TestWatchPieces::piecesKeepTheSidesOfSmApart_data()
+void WatchPiecesTest::piecesKeepTheSidesOfSmApart_data()
 {
     QTest::addColumn<QString>("watched");
     QTest::addColumn<int>("maxWords");
@@ -127,14 +127,14 @@ void TestWatchPieces::piecesKeepTheSidesOfSmApart_data()
     row("Z15 lies past a split without a jump", "Z14:2@1", 32, "Z14:2@1");
 }
 
-void TestWatchPieces::piecesKeepTheSidesOfSmApart()
+void WatchPiecesTest::piecesKeepTheSidesOfSmApart()
 {
     QFETCH(QString, watched);
     QFETCH(int, maxWords);
     QTEST(textOf(watchPieces(ranges(watched), maxWords)), "pieces");
 }
 
-void TestWatchPieces::noRequestRunsAcrossASplit_data()
+void WatchPiecesTest::noRequestRunsAcrossASplit_data()
 {
     QTest::addColumn<QString>("type");
     QTest::newRow("M") << QStringLiteral("M");
@@ -143,7 +143,7 @@ void TestWatchPieces::noRequestRunsAcrossASplit_data()
 }
 
 /// Each address below the split with each past it, under every limit.
-void TestWatchPieces::noRequestRunsAcrossASplit()
+void WatchPiecesTest::noRequestRunsAcrossASplit()
 {
     QFETCH(QString, type);
     const RegisterType* const row = findRegisterType(type);
@@ -163,7 +163,7 @@ void TestWatchPieces::noRequestRunsAcrossASplit()
     }
 }
 
-void TestWatchPieces::wholeTypesAreReadWhereTheyAre_data()
+void WatchPiecesTest::wholeTypesAreReadWhereTheyAre_data()
 {
     QTest::addColumn<QString>("whole");
     for (const char* const whole :
@@ -172,7 +172,7 @@ void TestWatchPieces::wholeTypesAreReadWhereTheyAre_data()
         QTest::newRow(whole) << QString::fromLatin1(whole) + QLatin1String("@1");
 }
 
-void TestWatchPieces::wholeTypesAreReadWhereTheyAre()
+void WatchPiecesTest::wholeTypesAreReadWhereTheyAre()
 {
     QFETCH(QString, whole);
     const QList<AddressRange> watched = ranges(whole);
@@ -200,11 +200,11 @@ static std::clock_t costOfPieces(int ranges)
 }
 
 // Sixteen times as much if all pieces were walked for each range of SM.
-void TestWatchPieces::eightThousandRangesCostFourTimesTwoThousand()
+void WatchPiecesTest::eightThousandRangesCostFourTimesTwoThousand()
 {
     const double times = growth(costOfPieces, 2000, 8000);
     QVERIFY2(times < 8, qPrintable(QString::number(times)));
 }
 
-QTEST_APPLESS_MAIN(TestWatchPieces)
+QTEST_APPLESS_MAIN(WatchPiecesTest)
 #include "tst_watch_pieces.moc"

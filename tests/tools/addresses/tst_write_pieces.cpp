@@ -24,7 +24,7 @@ AddressRange rangeOf(const QString& text)
 
 } // namespace
 
-class TestWritePieces : public QObject
+class WritePiecesTest : public QObject
 {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ private slots:
     void addressesPerWriteKeepTheModbusLimit();
 };
 
-void TestWritePieces::noPieceOfCoilsIsAMultipleOfEight_data()
+void WritePiecesTest::noPieceOfCoilsIsAMultipleOfEight_data()
 {
     QTest::addColumn<QString>("range");
     QTest::addColumn<int>("most");
@@ -57,7 +57,7 @@ void TestWritePieces::noPieceOfCoilsIsAMultipleOfEight_data()
     QTest::newRow("32CV") << "32CV200:3" << 2 << "32CV200:2 32CV202:1";
 }
 
-void TestWritePieces::noPieceOfCoilsIsAMultipleOfEight()
+void WritePiecesTest::noPieceOfCoilsIsAMultipleOfEight()
 {
     QFETCH(QString, range);
     QFETCH(int, most);
@@ -67,7 +67,7 @@ void TestWritePieces::noPieceOfCoilsIsAMultipleOfEight()
     QTEST(texts.join(QLatin1Char(' ')), "pieces");
 }
 
-void TestWritePieces::everyCountOfCoilsIsCoveredOnce()
+void WritePiecesTest::everyCountOfCoilsIsCoveredOnce()
 {
     for (int most = 1; most <= 40; ++most) {
         for (int count = 1; count <= 100; ++count) {
@@ -84,7 +84,7 @@ void TestWritePieces::everyCountOfCoilsIsCoveredOnce()
     }
 }
 
-void TestWritePieces::valuesFollowTheirPieces()
+void WritePiecesTest::valuesFollowTheirPieces()
 {
     Assignment assignment;
     QString error;
@@ -98,7 +98,7 @@ void TestWritePieces::valuesFollowTheirPieces()
     QCOMPARE(pieces.at(1).range.station, 3);
 }
 
-void TestWritePieces::addressesPerWriteKeepTheModbusLimit_data()
+void WritePiecesTest::addressesPerWriteKeepTheModbusLimit_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<int>("maxWords");
@@ -110,12 +110,12 @@ void TestWritePieces::addressesPerWriteKeepTheModbusLimit_data()
     QTest::newRow("coils fit into the payload") << "M" << 125 << 984;
 }
 
-void TestWritePieces::addressesPerWriteKeepTheModbusLimit()
+void WritePiecesTest::addressesPerWriteKeepTheModbusLimit()
 {
     QFETCH(QString, type);
     QFETCH(int, maxWords);
     QTEST(addressesPerWrite(findRegisterType(type), maxWords), "addresses");
 }
 
-QTEST_GUILESS_MAIN(TestWritePieces)
+QTEST_GUILESS_MAIN(WritePiecesTest)
 #include "tst_write_pieces.moc"

@@ -1,6 +1,6 @@
 /// An exchange loop between a scripted driver and a scripted line.
-#ifndef KX_TESTS_EXCHANGE_LOOP_FIXTURE_H
-#define KX_TESTS_EXCHANGE_LOOP_FIXTURE_H
+#ifndef KX_TESTS_TOOLS_EXCHANGE_EXCHANGE_LOOP_FIXTURE_H
+#define KX_TESTS_TOOLS_EXCHANGE_EXCHANGE_LOOP_FIXTURE_H
 
 #include "exchange/exchange_loop.h"
 #include "support/driver_fixture.h"

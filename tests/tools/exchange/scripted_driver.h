@@ -1,6 +1,6 @@
 /// A driver whose requests and results are written down beforehand.
-#ifndef KX_TESTS_SCRIPTED_DRIVER_H
-#define KX_TESTS_SCRIPTED_DRIVER_H
+#ifndef KX_TESTS_TOOLS_EXCHANGE_SCRIPTED_DRIVER_H
+#define KX_TESTS_TOOLS_EXCHANGE_SCRIPTED_DRIVER_H
 
 #include "exchange/driver_library.h"
 

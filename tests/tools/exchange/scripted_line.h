@@ -1,6 +1,6 @@
 /// A line whose answers are written down beforehand.
-#ifndef KX_TESTS_SCRIPTED_LINE_H
-#define KX_TESTS_SCRIPTED_LINE_H
+#ifndef KX_TESTS_TOOLS_EXCHANGE_SCRIPTED_LINE_H
+#define KX_TESTS_TOOLS_EXCHANGE_SCRIPTED_LINE_H
 
 #include "exchange/lines/line.h"
 

@@ -68,7 +68,7 @@ using WorkingTcpLine = WorkingLine<TcpLine>;
 
 } // namespace
 
-class TestBusyProgram : public QObject
+class BusyProgramTest : public QObject
 {
     Q_OBJECT
 
@@ -86,7 +86,7 @@ private:
 };
 
 /// One request, answered while the program is busy until after the time-out.
-void TestBusyProgram::exchange(Line* line, const std::function<void()>& controller)
+void BusyProgramTest::exchange(Line* line, const std::function<void()>& controller)
 {
     ScriptedDriver scripted;
     scripted.request(withCrc(READ), 9);
@@ -108,14 +108,14 @@ void TestBusyProgram::exchange(Line* line, const std::function<void()>& controll
     QVERIFY(kinds.first() == ReplyKind::Good);
 }
 
-std::unique_ptr<WorkingSerialLine> TestBusyProgram::serialLine(const QString& portName)
+std::unique_ptr<WorkingSerialLine> BusyProgramTest::serialLine(const QString& portName)
 {
     auto line = std::make_unique<WorkingSerialLine>(portName, LineTiming(), QSerialPort::NoParity);
     line->screen = &m_screen;
     return line;
 }
 
-void TestBusyProgram::aReplyInASerialPortIsTaken()
+void BusyProgramTest::aReplyInASerialPortIsTaken()
 {
     const PseudoTerminal controller;
     const auto line = serialLine(controller.name());
@@ -126,7 +126,7 @@ void TestBusyProgram::aReplyInASerialPortIsTaken()
     });
 }
 
-void TestBusyProgram::aReplyInAPortThatIsReopenedIsTaken()
+void BusyProgramTest::aReplyInAPortThatIsReopenedIsTaken()
 {
     const PseudoTerminal controller;
     ReopeningLine line(serialLine(controller.name()), 1000);
@@ -137,7 +137,7 @@ void TestBusyProgram::aReplyInAPortThatIsReopenedIsTaken()
     });
 }
 
-void TestBusyProgram::aReplyFromANetworkIsTaken()
+void BusyProgramTest::aReplyFromANetworkIsTaken()
 {
     QTcpServer gateway;
     QVERIFY(gateway.listen(QHostAddress::LocalHost));
@@ -154,7 +154,7 @@ void TestBusyProgram::aReplyFromANetworkIsTaken()
     });
 }
 
-void TestBusyProgram::aConnectionThatStandsIsTaken()
+void BusyProgramTest::aConnectionThatStandsIsTaken()
 {
     QTcpServer gateway;
     QVERIFY(gateway.listen(QHostAddress::LocalHost));
@@ -176,5 +176,5 @@ void TestBusyProgram::aConnectionThatStandsIsTaken()
     QVERIFY(line.isOpen());
 }
 
-QTEST_GUILESS_MAIN(TestBusyProgram)
+QTEST_GUILESS_MAIN(BusyProgramTest)
 #include "tst_busy_program.moc"

@@ -54,7 +54,7 @@ QStringList words(const char* text)
 
 } // namespace
 
-class TestConnection : public QObject
+class ConnectionTest : public QObject
 {
     Q_OBJECT
 
@@ -74,7 +74,7 @@ private slots:
     void openedAgainAfterAFailure();
 };
 
-void TestConnection::aSerialPortIsOpened()
+void ConnectionTest::aSerialPortIsOpened()
 {
     const PseudoTerminal controller;
     Connection connection(serial(controller.name()));
@@ -95,7 +95,7 @@ void TestConnection::aSerialPortIsOpened()
     QCOMPARE(listener.told, words("opened"));
 }
 
-void TestConnection::theSerialPortIsSetUpAsAskedFor()
+void ConnectionTest::theSerialPortIsSetUpAsAskedFor()
 {
     const PseudoTerminal controller;
     ConnectionSettings settings = serial(controller.name());
@@ -106,7 +106,7 @@ void TestConnection::theSerialPortIsSetUpAsAskedFor()
     QCOMPARE(connection.line()->timing().bitsPerCharacter(), 12);
 }
 
-void TestConnection::aGatewayIsConnectedTo()
+void ConnectionTest::aGatewayIsConnectedTo()
 {
     QTcpServer server;
     QVERIFY(server.listen(QHostAddress::LocalHost));
@@ -119,7 +119,7 @@ void TestConnection::aGatewayIsConnectedTo()
     QVERIFY(connection.isOpen());
 }
 
-void TestConnection::whatCannotBeOpened_data()
+void ConnectionTest::whatCannotBeOpened_data()
 {
     QTest::addColumn<bool>("isGateway");
     QTest::addColumn<int>("patience");
@@ -131,7 +131,7 @@ void TestConnection::whatCannotBeOpened_data()
     QTest::newRow("a gateway that refuses") << true << 0 << host;
 }
 
-void TestConnection::whatCannotBeOpened()
+void ConnectionTest::whatCannotBeOpened()
 {
     QFETCH(bool, isGateway);
     QFETCH(int, patience);
@@ -150,7 +150,7 @@ void TestConnection::whatCannotBeOpened()
     QCOMPARE(listener.told, words("failed"));
 }
 
-void TestConnection::aLostLineFails()
+void ConnectionTest::aLostLineFails()
 {
     PseudoTerminal controller;
     Connection connection(serial(controller.name()));
@@ -166,7 +166,7 @@ void TestConnection::aLostLineFails()
              name + QStringLiteral(": the port was closed or unplugged"));
 }
 
-void TestConnection::aLostLineIsOpenedAgain()
+void ConnectionTest::aLostLineIsOpenedAgain()
 {
     const QTemporaryDir folder;
     const QString link = folder.filePath(QStringLiteral("line"));
@@ -188,7 +188,7 @@ void TestConnection::aLostLineIsOpenedAgain()
     QCOMPARE(second.awaited(), QByteArray("request"));
 }
 
-void TestConnection::aLineThatStaysAwayFails()
+void ConnectionTest::aLineThatStaysAwayFails()
 {
     PseudoTerminal controller;
     Connection connection(serial(controller.name(), 250));
@@ -203,14 +203,14 @@ void TestConnection::aLineThatStaysAwayFails()
     QCOMPARE(listener.told, words("opened interrupted failed"));
 }
 
-void TestConnection::closedBeforeItIsOpen_data()
+void ConnectionTest::closedBeforeItIsOpen_data()
 {
     QTest::addColumn<bool>("isGateway");
     QTest::newRow("a serial port") << false;
     QTest::newRow("a gateway") << true;
 }
 
-void TestConnection::closedBeforeItIsOpen()
+void ConnectionTest::closedBeforeItIsOpen()
 {
     QFETCH(bool, isGateway);
     const PseudoTerminal controller;
@@ -225,7 +225,7 @@ void TestConnection::closedBeforeItIsOpen()
     QVERIFY(!connection.line()->isOpen());
 }
 
-void TestConnection::closedWhileInterrupted()
+void ConnectionTest::closedWhileInterrupted()
 {
     PseudoTerminal controller;
     Connection connection(serial(controller.name(), 100));
@@ -239,7 +239,7 @@ void TestConnection::closedWhileInterrupted()
     QCOMPARE(listener.told, words("opened interrupted"));
 }
 
-void TestConnection::openedTwiceIsOpenedOnce()
+void ConnectionTest::openedTwiceIsOpenedOnce()
 {
     const PseudoTerminal controller;
     Connection connection(serial(controller.name()));
@@ -252,7 +252,7 @@ void TestConnection::openedTwiceIsOpenedOnce()
     QCOMPARE(listener.told, words("opened"));
 }
 
-void TestConnection::openedAgainAfterAFailure()
+void ConnectionTest::openedAgainAfterAFailure()
 {
     const QTemporaryDir folder;
     const QString link = folder.filePath(QStringLiteral("line"));
@@ -266,5 +266,5 @@ void TestConnection::openedAgainAfterAFailure()
     QTRY_COMPARE(listener.told, words("failed opened"));
 }
 
-QTEST_GUILESS_MAIN(TestConnection)
+QTEST_GUILESS_MAIN(ConnectionTest)
 #include "tst_connection.moc"

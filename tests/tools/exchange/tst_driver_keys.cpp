@@ -4,7 +4,7 @@
 
 using namespace kx;
 
-class TestDriverKeys : public QObject
+class DriverKeysTest : public QObject
 {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ private slots:
     void keys();
 };
 
-void TestDriverKeys::keys_data()
+void DriverKeysTest::keys_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("regType");
@@ -29,7 +29,7 @@ void TestDriverKeys::keys_data()
                                                       << "32CV" << 247 << 200 << 0 << 6;
 }
 
-void TestDriverKeys::keys()
+void DriverKeysTest::keys()
 {
     QFETCH(QString, typed);
     AddressRange range;
@@ -43,5 +43,5 @@ void TestDriverKeys::keys()
     QTEST(key.count, "count");
 }
 
-QTEST_GUILESS_MAIN(TestDriverKeys)
+QTEST_GUILESS_MAIN(DriverKeysTest)
 #include "tst_driver_keys.moc"

@@ -9,7 +9,7 @@
 
 using namespace kx;
 
-class TestDriverLease : public QObject
+class DriverLeaseTest : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private slots:
     void onlyOneOfManyThreadsHoldsIt();
 };
 
-void TestDriverLease::theFirstOneHoldsIt()
+void DriverLeaseTest::theFirstOneHoldsIt()
 {
     auto first = std::make_unique<DriverLease>();
     QVERIFY(first->isHeld());
@@ -31,7 +31,7 @@ void TestDriverLease::theFirstOneHoldsIt()
     QVERIFY(third.isHeld());
 }
 
-void TestDriverLease::aRefusedOneGivesNothingBack()
+void DriverLeaseTest::aRefusedOneGivesNothingBack()
 {
     const DriverLease holder;
     {
@@ -42,7 +42,7 @@ void TestDriverLease::aRefusedOneGivesNothingBack()
     QVERIFY(!next.isHeld());
 }
 
-void TestDriverLease::onlyOneOfManyThreadsHoldsIt()
+void DriverLeaseTest::onlyOneOfManyThreadsHoldsIt()
 {
     const int threads = 8;
     std::atomic<int> tried(0);
@@ -61,5 +61,5 @@ void TestDriverLease::onlyOneOfManyThreadsHoldsIt()
     QCOMPARE(held.load(), 1);
 }
 
-QTEST_APPLESS_MAIN(TestDriverLease)
+QTEST_APPLESS_MAIN(DriverLeaseTest)
 #include "tst_driver_lease.moc"

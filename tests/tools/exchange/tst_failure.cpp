@@ -5,7 +5,7 @@
 
 using namespace kx;
 
-class TestFailure : public QObject
+class FailureTest : public QObject
 {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ private slots:
     void travelsAsAValue();
 };
 
-void TestFailure::reasons_data()
+void FailureTest::reasons_data()
 {
     QTest::addColumn<ReplyKind>("came");
     QTest::addColumn<int>("exceptionCode");
@@ -61,7 +61,7 @@ void TestFailure::reasons_data()
         "the line is never silent");
 }
 
-void TestFailure::reasons()
+void FailureTest::reasons()
 {
     QFETCH(ReplyKind, came);
     QFETCH(int, exceptionCode);
@@ -81,7 +81,7 @@ void TestFailure::reasons()
     QCOMPARE(reasonText(came, exceptionCode), text);
 }
 
-void TestFailure::namesTheRequest_data()
+void FailureTest::namesTheRequest_data()
 {
     QTest::addColumn<QString>("regType");
     QTest::addColumn<int>("count"); // of the job
@@ -91,7 +91,7 @@ void TestFailure::namesTheRequest_data()
     QTest::newRow("double words, two registers each") << QStringLiteral("32CV") << 6 << 3;
 }
 
-void TestFailure::namesTheRequest()
+void FailureTest::namesTheRequest()
 {
     QFETCH(QString, regType);
     QFETCH(int, count);
@@ -110,7 +110,7 @@ void TestFailure::namesTheRequest()
     QCOMPARE(failure.range.values, values);
 }
 
-void TestFailure::anAcceptedReplyIsNone()
+void FailureTest::anAcceptedReplyIsNone()
 {
     ExchangeRecord record;
     record.replyKind = ReplyKind::Good;
@@ -124,7 +124,7 @@ void TestFailure::anAcceptedReplyIsNone()
     QCOMPARE(failure.text, QString());
 }
 
-void TestFailure::aGoodReplyThatWasNotTaken()
+void FailureTest::aGoodReplyThatWasNotTaken()
 {
     ExchangeRecord record;
     record.replyKind = ReplyKind::Good;
@@ -134,7 +134,7 @@ void TestFailure::aGoodReplyThatWasNotTaken()
     QCOMPARE(reasonText(ReplyKind::Good, 0), QStringLiteral("good"));
 }
 
-void TestFailure::withoutAddresses()
+void FailureTest::withoutAddresses()
 {
     const Failure failure = failureOf(FailureKind::Aborted, QStringLiteral("interrupted"));
     QVERIFY(failure.kind == FailureKind::Aborted);
@@ -143,7 +143,7 @@ void TestFailure::withoutAddresses()
     QVERIFY(!failure.range.type);
 }
 
-void TestFailure::travelsAsAValue()
+void FailureTest::travelsAsAValue()
 {
     const QVariant carried =
         QVariant::fromValue(failureOf(FailureKind::CannotOpen, QStringLiteral("not there")));
@@ -151,5 +151,5 @@ void TestFailure::travelsAsAValue()
     QCOMPARE(carried.value<Failure>().text, QStringLiteral("not there"));
 }
 
-QTEST_GUILESS_MAIN(TestFailure)
+QTEST_GUILESS_MAIN(FailureTest)
 #include "tst_failure.moc"

@@ -119,7 +119,7 @@ private:
 
 } // namespace
 
-class TestWorkerThread : public QObject
+class WorkerThreadTest : public QObject
 {
     Q_OBJECT
 
@@ -128,7 +128,7 @@ private slots:
     void nothingStaysBehind();
 };
 
-void TestWorkerThread::nothingStaysBehind_data()
+void WorkerThreadTest::nothingStaysBehind_data()
 {
     QTest::addColumn<bool>("isGateway");
     QTest::addColumn<int>("patience");
@@ -138,7 +138,7 @@ void TestWorkerThread::nothingStaysBehind_data()
     QTest::newRow("a gateway that is connected to again") << true << 1000;
 }
 
-void TestWorkerThread::nothingStaysBehind()
+void WorkerThreadTest::nothingStaysBehind()
 {
     QFETCH(bool, isGateway);
     QFETCH(int, patience);
@@ -185,5 +185,5 @@ void TestWorkerThread::nothingStaysBehind()
     QCOMPARE(Warnings::all(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(TestWorkerThread)
+QTEST_GUILESS_MAIN(WorkerThreadTest)
 #include "tst_worker_thread.moc"

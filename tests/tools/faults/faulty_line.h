@@ -1,6 +1,6 @@
 /// A serial line with simulated controllers and faults, in virtual time.
-#ifndef KX_TESTS_FAULTY_LINE_H
-#define KX_TESTS_FAULTY_LINE_H
+#ifndef KX_TESTS_TOOLS_FAULTS_FAULTY_LINE_H
+#define KX_TESTS_TOOLS_FAULTS_FAULTY_LINE_H
 
 #include "exchange/lines/line.h"
 #include "kxsim/line_faults.h"

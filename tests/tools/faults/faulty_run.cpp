@@ -67,7 +67,7 @@ FaultyRun::FaultyRun(const FaultyRunSettings& settings)
         qFatal("two watched registers share their mark");
     m_line.onRequest = [this](const QByteArray& request) { m_memory.prepareFor(request); };
     QObject::connect(m_session.get(), &Session::exchanged, m_session.get(),
-                     [this](const ExchangeRecord& record) { takeExchange(record); });
+                     [this](const ExchangeRecord& record) { onExchange(record); });
     m_readsPerCycle = m_session->watch(m_watched);
     m_session->start();
 }
@@ -85,7 +85,7 @@ void FaultyRun::settle()
     m_clock.pass(LONG_ENOUGH);
 }
 
-void FaultyRun::takeExchange(const ExchangeRecord& record)
+void FaultyRun::onExchange(const ExchangeRecord& record)
 {
     if (record.result == REPLY_ACCEPTED && isRead(record)) {
         const RegisterType* const type = findRegisterType(record.job.regType);

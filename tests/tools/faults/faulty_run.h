@@ -1,6 +1,6 @@
 /// The driver at work on a faulty line, in virtual time.
-#ifndef KX_TESTS_FAULTY_RUN_H
-#define KX_TESTS_FAULTY_RUN_H
+#ifndef KX_TESTS_TOOLS_FAULTS_FAULTY_RUN_H
+#define KX_TESTS_TOOLS_FAULTS_FAULTY_RUN_H
 
 #include "panel/session/session.h"
 #include "tools/faults/faulty_line.h"
@@ -47,7 +47,7 @@ public:
     qint64 stale() const { return m_stale; }         ///< held before the station's previous answer
 
 private:
-    void takeExchange(const ExchangeRecord& record);
+    void onExchange(const ExchangeRecord& record);
     void check(const AddressRange& range);
 
     VirtualClock m_clock;

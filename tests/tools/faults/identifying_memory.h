@@ -1,7 +1,7 @@
 /// Controllers whose every value says where it belongs and when it was held, so that a
 /// value shown at the wrong address, or from an earlier reply, is found out.
-#ifndef KX_TESTS_IDENTIFYING_MEMORY_H
-#define KX_TESTS_IDENTIFYING_MEMORY_H
+#ifndef KX_TESTS_TOOLS_FAULTS_IDENTIFYING_MEMORY_H
+#define KX_TESTS_TOOLS_FAULTS_IDENTIFYING_MEMORY_H
 
 #include "kxsim/stations.h"
 

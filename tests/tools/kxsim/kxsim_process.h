@@ -1,6 +1,6 @@
 /// kxsim as a process, started by a test.
-#ifndef KX_TESTS_KXSIM_PROCESS_H
-#define KX_TESTS_KXSIM_PROCESS_H
+#ifndef KX_TESTS_TOOLS_KXSIM_KXSIM_PROCESS_H
+#define KX_TESTS_TOOLS_KXSIM_KXSIM_PROCESS_H
 
 #include <QtCore/QProcess>
 #include <QtCore/QStringList>

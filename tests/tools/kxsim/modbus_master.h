@@ -1,6 +1,6 @@
 /// A Modbus RTU master on libmodbus, opening a line as a host does.
-#ifndef KX_TESTS_MODBUS_MASTER_H
-#define KX_TESTS_MODBUS_MASTER_H
+#ifndef KX_TESTS_TOOLS_KXSIM_MODBUS_MASTER_H
+#define KX_TESTS_TOOLS_KXSIM_MODBUS_MASTER_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>

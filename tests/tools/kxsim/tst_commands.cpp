@@ -18,7 +18,7 @@ QString run(Stations* stations, const char* line)
 
 } // namespace
 
-class TestCommands : public QObject
+class CommandsTest : public QObject
 {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ private slots:
     void aWrongSetChangesNothing();
 };
 
-void TestCommands::aGetTellsWhatWasSet_data()
+void CommandsTest::aGetTellsWhatWasSet_data()
 {
     QTest::addColumn<QString>("set");
     QTest::addColumn<QString>("get");
@@ -61,7 +61,7 @@ void TestCommands::aGetTellsWhatWasSet_data()
         QTest::newRow(row.situation) << row.set << row.get << row.answer;
 }
 
-void TestCommands::aGetTellsWhatWasSet()
+void CommandsTest::aGetTellsWhatWasSet()
 {
     QFETCH(QString, set);
     QFETCH(QString, get);
@@ -71,7 +71,7 @@ void TestCommands::aGetTellsWhatWasSet()
     QCOMPARE(runCommand(get, &stations), answer);
 }
 
-void TestCommands::aWrongLineIsAnsweredWithOneErrorLine_data()
+void CommandsTest::aWrongLineIsAnsweredWithOneErrorLine_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("names");
@@ -99,7 +99,7 @@ void TestCommands::aWrongLineIsAnsweredWithOneErrorLine_data()
                                                     << "station 3 is not simulated";
 }
 
-void TestCommands::aWrongLineIsAnsweredWithOneErrorLine()
+void CommandsTest::aWrongLineIsAnsweredWithOneErrorLine()
 {
     QFETCH(QString, line);
     QFETCH(QString, names);
@@ -110,7 +110,7 @@ void TestCommands::aWrongLineIsAnsweredWithOneErrorLine()
     QVERIFY2(!answer.contains(QLatin1Char('\n')), qPrintable(answer));
 }
 
-void TestCommands::stationsHaveTheirOwnMemory()
+void CommandsTest::stationsHaveTheirOwnMemory()
 {
     Stations stations({5, 2});
     run(&stations, "set D100@2=20");
@@ -121,7 +121,7 @@ void TestCommands::stationsHaveTheirOwnMemory()
     QCOMPARE(run(&stations, "get D100"), QString::fromLatin1("D100=20"));
 }
 
-void TestCommands::aSetWithoutStationReachesAll()
+void CommandsTest::aSetWithoutStationReachesAll()
 {
     Stations stations({1, 2});
     run(&stations, "set M0=1");
@@ -129,7 +129,7 @@ void TestCommands::aSetWithoutStationReachesAll()
     QCOMPARE(run(&stations, "get M0@2"), QString::fromLatin1("M0@2=1"));
 }
 
-void TestCommands::aSetValueStaysStill()
+void CommandsTest::aSetValueStaysStill()
 {
     Stations stations({1});
     run(&stations, "set D0=5");
@@ -137,13 +137,13 @@ void TestCommands::aSetValueStaysStill()
     QCOMPARE(run(&stations, "get D0"), QString::fromLatin1("D0=5"));
 }
 
-void TestCommands::aWrongSetChangesNothing()
+void CommandsTest::aWrongSetChangesNothing()
 {
     Stations stations({1});
     run(&stations, "set D0=1,2,70000");
     QCOMPARE(run(&stations, "get D0:3"), QString::fromLatin1("D0=0,0,0"));
 }
 
-QTEST_APPLESS_MAIN(TestCommands)
+QTEST_APPLESS_MAIN(CommandsTest)
 
 #include "tst_commands.moc"

@@ -18,7 +18,7 @@ const RegisterType* type(const char* name)
 
 } // namespace
 
-class TestControllerMemory : public QObject
+class ControllerMemoryTest : public QObject
 {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ private slots:
     void inputsAreTheCoilsOfX();
 };
 
-void TestControllerMemory::aBitLiesAtItsCoil_data()
+void ControllerMemoryTest::aBitLiesAtItsCoil_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("address");
@@ -73,7 +73,7 @@ void TestControllerMemory::aBitLiesAtItsCoil_data()
         QTest::newRow(row.situation) << row.name << row.address << row.coil;
 }
 
-void TestControllerMemory::aBitLiesAtItsCoil()
+void ControllerMemoryTest::aBitLiesAtItsCoil()
 {
     QFETCH(QString, name);
     QFETCH(int, address);
@@ -86,7 +86,7 @@ void TestControllerMemory::aBitLiesAtItsCoil()
     QCOMPARE(memory.value(bitType, address), 0u);
 }
 
-void TestControllerMemory::aWordLiesAtItsRegister_data()
+void ControllerMemoryTest::aWordLiesAtItsRegister_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("address");
@@ -114,7 +114,7 @@ void TestControllerMemory::aWordLiesAtItsRegister_data()
         QTest::newRow(row.situation) << row.name << row.address << row.number;
 }
 
-void TestControllerMemory::aWordLiesAtItsRegister()
+void ControllerMemoryTest::aWordLiesAtItsRegister()
 {
     QFETCH(QString, name);
     QFETCH(int, address);
@@ -127,7 +127,7 @@ void TestControllerMemory::aWordLiesAtItsRegister()
     QCOMPARE(memory.value(wordType, address), 0xFFFEu);
 }
 
-void TestControllerMemory::a32BitCounterLiesInTwoRegistersHighWordFirst_data()
+void ControllerMemoryTest::a32BitCounterLiesInTwoRegistersHighWordFirst_data()
 {
     QTest::addColumn<int>("address");
     QTest::addColumn<int>("highRegister");
@@ -136,7 +136,7 @@ void TestControllerMemory::a32BitCounterLiesInTwoRegistersHighWordFirst_data()
     QTest::newRow("highest") << 255 << 9810;
 }
 
-void TestControllerMemory::a32BitCounterLiesInTwoRegistersHighWordFirst()
+void ControllerMemoryTest::a32BitCounterLiesInTwoRegistersHighWordFirst()
 {
     QFETCH(int, address);
     QFETCH(int, highRegister);
@@ -148,7 +148,7 @@ void TestControllerMemory::a32BitCounterLiesInTwoRegistersHighWordFirst()
     QCOMPARE(memory.value(type("32CV"), address), 0x0001CDEFu);
 }
 
-void TestControllerMemory::coilsExistInTheseRangesOnly_data()
+void ControllerMemoryTest::coilsExistInTheseRangesOnly_data()
 {
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("last");
@@ -163,7 +163,7 @@ void TestControllerMemory::coilsExistInTheseRangesOnly_data()
     QTest::newRow("SM from its split") << 30000 << 30255;
 }
 
-void TestControllerMemory::coilsExistInTheseRangesOnly()
+void ControllerMemoryTest::coilsExistInTheseRangesOnly()
 {
     QFETCH(int, first);
     QFETCH(int, last);
@@ -178,7 +178,7 @@ void TestControllerMemory::coilsExistInTheseRangesOnly()
     QCOMPARE(memory.coilsAround(65535).count, 0);
 }
 
-void TestControllerMemory::registersExistInTheseRangesOnly_data()
+void ControllerMemoryTest::registersExistInTheseRangesOnly_data()
 {
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("last");
@@ -189,7 +189,7 @@ void TestControllerMemory::registersExistInTheseRangesOnly_data()
     QTest::newRow("SD from its split") << 12000 << 12255;
 }
 
-void TestControllerMemory::registersExistInTheseRangesOnly()
+void ControllerMemoryTest::registersExistInTheseRangesOnly()
 {
     QFETCH(int, first);
     QFETCH(int, last);
@@ -204,7 +204,7 @@ void TestControllerMemory::registersExistInTheseRangesOnly()
     QCOMPARE(memory.registersAround(65535).count, 0);
 }
 
-void TestControllerMemory::valuesAreCutToTheWidthOfTheirType()
+void ControllerMemoryTest::valuesAreCutToTheWidthOfTheirType()
 {
     ControllerMemory memory;
     memory.setValue(type("M"), 3, 2);
@@ -214,7 +214,7 @@ void TestControllerMemory::valuesAreCutToTheWidthOfTheirType()
     QCOMPARE(memory.value(type("D"), 4), 0u);
 }
 
-void TestControllerMemory::motionLeavesPresetsAlone()
+void ControllerMemoryTest::motionLeavesPresetsAlone()
 {
     ControllerMemory memory;
     const struct {
@@ -234,7 +234,7 @@ void TestControllerMemory::motionLeavesPresetsAlone()
     QCOMPARE(memory.value(type("TV"), 8), 33u);
 }
 
-void TestControllerMemory::inputsAreTheCoilsOfX_data()
+void ControllerMemoryTest::inputsAreTheCoilsOfX_data()
 {
     QTest::addColumn<int>("coil");
     QTest::addColumn<int>("count");
@@ -250,7 +250,7 @@ void TestControllerMemory::inputsAreTheCoilsOfX_data()
     QTest::newRow("past the last number") << 65535 << 1968 << false;
 }
 
-void TestControllerMemory::inputsAreTheCoilsOfX()
+void ControllerMemoryTest::inputsAreTheCoilsOfX()
 {
     QFETCH(int, coil);
     QFETCH(int, count);
@@ -258,6 +258,6 @@ void TestControllerMemory::inputsAreTheCoilsOfX()
     QTEST(memory.holdsInput(coil, count), "holdsInput");
 }
 
-QTEST_APPLESS_MAIN(TestControllerMemory)
+QTEST_APPLESS_MAIN(ControllerMemoryTest)
 
 #include "tst_controller_memory.moc"

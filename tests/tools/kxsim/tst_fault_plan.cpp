@@ -5,7 +5,7 @@
 using kxsim::Fault;
 using kxsim::FaultPlan;
 
-class TestFaultPlan : public QObject
+class FaultPlanTest : public QObject
 {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ private slots:
     void seedAndDelay();
 };
 
-void TestFaultPlan::everyKindHasItsName()
+void FaultPlanTest::everyKindHasItsName()
 {
     QCOMPARE(kxsim::faultNames(), QStringList({"deaf", "silence", "delay", "corrupt", "truncate",
                                                "extra-before", "extra-after", "duplicate",
@@ -27,7 +27,7 @@ void TestFaultPlan::everyKindHasItsName()
     QCOMPARE(kxsim::faultName(Fault::OtherStation), QString::fromLatin1("other-station"));
 }
 
-void TestFaultPlan::aKindIsAddedWithItsProbability()
+void FaultPlanTest::aKindIsAddedWithItsProbability()
 {
     FaultPlan plan;
     QString error;
@@ -43,7 +43,7 @@ void TestFaultPlan::aKindIsAddedWithItsProbability()
     QVERIFY(!plan.holds(Fault::Close));
 }
 
-void TestFaultPlan::allSharesTheProbability()
+void FaultPlanTest::allSharesTheProbability()
 {
     FaultPlan plan;
     QString error;
@@ -59,7 +59,7 @@ void TestFaultPlan::allSharesTheProbability()
         QVERIFY(kxsim::addFault(QString::fromLatin1("echo:0.1"), &tenths, &error));
 }
 
-void TestFaultPlan::wrongTextsAreRefused_data()
+void FaultPlanTest::wrongTextsAreRefused_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("names");
@@ -83,7 +83,7 @@ void TestFaultPlan::wrongTextsAreRefused_data()
                                        << "more than 1";
 }
 
-void TestFaultPlan::wrongTextsAreRefused()
+void FaultPlanTest::wrongTextsAreRefused()
 {
     QFETCH(QString, text);
     QFETCH(QString, names);
@@ -95,20 +95,20 @@ void TestFaultPlan::wrongTextsAreRefused()
     QVERIFY2(error.contains(names), qPrintable(error));
 }
 
-void TestFaultPlan::seedAndDelay()
+void FaultPlanTest::seedAndDelay()
 {
     FaultPlan plan;
     QString error;
-    QVERIFY(kxsim::takeFaultSeed(QString::fromLatin1("4294967295"), &plan, &error));
+    QVERIFY(kxsim::parseFaultSeed(QString::fromLatin1("4294967295"), &plan, &error));
     QCOMPARE(plan.seed, 4294967295U);
-    QVERIFY(!kxsim::takeFaultSeed(QString::fromLatin1("x"), &plan, &error));
+    QVERIFY(!kxsim::parseFaultSeed(QString::fromLatin1("x"), &plan, &error));
     QVERIFY2(error.contains(QString::fromLatin1("--fault-seed x")), qPrintable(error));
-    QVERIFY(kxsim::takeFaultDelay(QString::fromLatin1("250"), &plan, &error));
+    QVERIFY(kxsim::parseFaultDelay(QString::fromLatin1("250"), &plan, &error));
     QCOMPARE(plan.delay, 250);
-    QVERIFY(!kxsim::takeFaultDelay(QString::fromLatin1("0"), &plan, &error));
-    QVERIFY(!kxsim::takeFaultDelay(QString::fromLatin1("60001"), &plan, &error));
+    QVERIFY(!kxsim::parseFaultDelay(QString::fromLatin1("0"), &plan, &error));
+    QVERIFY(!kxsim::parseFaultDelay(QString::fromLatin1("60001"), &plan, &error));
     QVERIFY2(error.contains(QString::fromLatin1("from 1 to 60000")), qPrintable(error));
 }
 
-QTEST_APPLESS_MAIN(TestFaultPlan)
+QTEST_APPLESS_MAIN(FaultPlanTest)
 #include "tst_fault_plan.moc"

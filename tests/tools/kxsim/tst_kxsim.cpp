@@ -14,7 +14,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-class TestKxsim : public QObject
+class KxsimTest : public QObject
 {
     Q_OBJECT
 
@@ -41,7 +41,7 @@ private slots:
     void aGivenPortIsServed();
 };
 
-void TestKxsim::allThirteenTypesAreRead()
+void KxsimTest::allThirteenTypesAreRead()
 {
     KxsimProcess kxsim({"--still",
                         "--set",
@@ -90,7 +90,7 @@ void TestKxsim::allThirteenTypesAreRead()
     QCOMPARE(master.registers(8514, 2), QList<int>({0, 15}));          // Z15
 }
 
-void TestKxsim::allWriteFunctionsReachTheMemory()
+void KxsimTest::allWriteFunctionsReachTheMemory()
 {
     KxsimProcess kxsim({"--still"});
     ModbusMaster master(kxsim.portName());
@@ -104,7 +104,7 @@ void TestKxsim::allWriteFunctionsReachTheMemory()
     QCOMPARE(kxsim.ask("get 32CV200:3"), QStringLiteral("32CV200=65536,7,0"));
 }
 
-void TestKxsim::outsideTheMapThereIsAnException()
+void KxsimTest::outsideTheMapThereIsAnException()
 {
     KxsimProcess kxsim;
     ModbusMaster master(kxsim.portName());
@@ -118,7 +118,7 @@ void TestKxsim::outsideTheMapThereIsAnException()
     QCOMPARE(master.registers(8515, 1), QList<int>({0}));
 }
 
-void TestKxsim::stationsOfOneLineHaveTheirOwnMemory()
+void KxsimTest::stationsOfOneLineHaveTheirOwnMemory()
 {
     KxsimProcess kxsim(
         {"--still", "-a", "1", "--station", "17", "--set", "D5=10", "--set", "D5@17=20"});
@@ -131,7 +131,7 @@ void TestKxsim::stationsOfOneLineHaveTheirOwnMemory()
     QCOMPARE(kxsim.ask("get D5"), QStringLiteral("D5=10"));
 }
 
-void TestKxsim::presetsStayStillWhileOthersMove()
+void KxsimTest::presetsStayStillWhileOthersMove()
 {
     KxsimProcess kxsim({"--set", "D0=5"});
     ModbusMaster master(kxsim.portName());
@@ -141,7 +141,7 @@ void TestKxsim::presetsStayStillWhileOthersMove()
     QCOMPARE(master.registers(0, 1), QList<int>({5}));
 }
 
-void TestKxsim::commandsAnswerAndSurviveTheirEnd()
+void KxsimTest::commandsAnswerAndSurviveTheirEnd()
 {
     KxsimProcess kxsim({"--still"});
     kxsim.tell("set D100=1,2,3,4");
@@ -159,7 +159,7 @@ void TestKxsim::commandsAnswerAndSurviveTheirEnd()
     QCOMPARE(master.registers(100, 4), QList<int>({1, 2, 3, 4}));
 }
 
-void TestKxsim::theLinkLastsAsLongAsTheProgram()
+void KxsimTest::theLinkLastsAsLongAsTheProgram()
 {
     const QTemporaryDir folder;
     const QString link = folder.filePath("controller");
@@ -179,7 +179,7 @@ void TestKxsim::theLinkLastsAsLongAsTheProgram()
     QVERIFY(!QFileInfo(link).isSymLink());
 }
 
-void TestKxsim::faultsAreCounted()
+void KxsimTest::faultsAreCounted()
 {
     KxsimProcess kxsim({"--still", "--set", "D1=3", "--fault", "echo:1"});
     {
@@ -199,7 +199,7 @@ void TestKxsim::faultsAreCounted()
     QCOMPARE(kxsim.output(), QStringLiteral("kxsim: %1\n").arg(counts));
 }
 
-void TestKxsim::aRefusedOrUnheardWriteChangesNothing_data()
+void KxsimTest::aRefusedOrUnheardWriteChangesNothing_data()
 {
     QTest::addColumn<QString>("fault");
     QTest::addColumn<bool>("isCarriedOut");
@@ -208,7 +208,7 @@ void TestKxsim::aRefusedOrUnheardWriteChangesNothing_data()
     QTest::newRow("reply lost") << "silence:1" << true;
 }
 
-void TestKxsim::aRefusedOrUnheardWriteChangesNothing()
+void KxsimTest::aRefusedOrUnheardWriteChangesNothing()
 {
     QFETCH(QString, fault);
     QFETCH(bool, isCarriedOut);
@@ -218,7 +218,7 @@ void TestKxsim::aRefusedOrUnheardWriteChangesNothing()
     QCOMPARE(kxsim.ask("get D5"), isCarriedOut ? QStringLiteral("D5=9") : QStringLiteral("D5=0"));
 }
 
-void TestKxsim::aDelayedReplyComesLate()
+void KxsimTest::aDelayedReplyComesLate()
 {
     KxsimProcess kxsim({"--still", "--fault", "delay:1", "--fault-delay", "300"});
     ModbusMaster master(kxsim.portName());
@@ -229,7 +229,7 @@ void TestKxsim::aDelayedReplyComesLate()
     QVERIFY(sent.elapsed() >= 300);
 }
 
-void TestKxsim::aClosedLineIsFoundAgainByItsLink()
+void KxsimTest::aClosedLineIsFoundAgainByItsLink()
 {
     const QTemporaryDir folder;
     const QString link = folder.filePath("controller");
@@ -248,7 +248,7 @@ void TestKxsim::aClosedLineIsFoundAgainByItsLink()
     QVERIFY(!QFileInfo(link).isSymLink());
 }
 
-void TestKxsim::theLogShowsRequestsAndReplies()
+void KxsimTest::theLogShowsRequestsAndReplies()
 {
     KxsimProcess kxsim({"--still", "--log"});
     {
@@ -267,7 +267,7 @@ void TestKxsim::theLogShowsRequestsAndReplies()
     QCOMPARE(lines.at(3), QStringLiteral("reply   01 83 02 c0 f1"));
 }
 
-void TestKxsim::signalsEndItCleanly_data()
+void KxsimTest::signalsEndItCleanly_data()
 {
     QTest::addColumn<int>("signal");
     QTest::newRow("Ctrl-C") << SIGINT;
@@ -275,7 +275,7 @@ void TestKxsim::signalsEndItCleanly_data()
     QTest::newRow("the terminal is closed") << SIGHUP;
 }
 
-void TestKxsim::signalsEndItCleanly()
+void KxsimTest::signalsEndItCleanly()
 {
     QFETCH(int, signal);
     const QTemporaryDir folder;
@@ -289,7 +289,7 @@ void TestKxsim::signalsEndItCleanly()
     QCOMPARE(kxsim.output(), QString()); // it was asked for no faults
 }
 
-void TestKxsim::nohupLetsItOutliveItsTerminal()
+void KxsimTest::nohupLetsItOutliveItsTerminal()
 {
     QProcess kxsim;
     kxsim.start("nohup", {KXSIM_PROGRAM, "--still"});
@@ -304,7 +304,7 @@ void TestKxsim::nohupLetsItOutliveItsTerminal()
 }
 
 // The pseudo-terminal must not get the number of a closed stream.
-void TestKxsim::withoutStreamsNothingIsPrintedOnTheLine()
+void KxsimTest::withoutStreamsNothingIsPrintedOnTheLine()
 {
     const QTemporaryDir folder;
     const QString link = folder.filePath("controller");
@@ -320,7 +320,7 @@ void TestKxsim::withoutStreamsNothingIsPrintedOnTheLine()
     QCOMPARE(kxsim.exitCode(), 0);
 }
 
-void TestKxsim::aRunningOneKeepsItsLink()
+void KxsimTest::aRunningOneKeepsItsLink()
 {
     const QTemporaryDir folder;
     const QString link = folder.filePath("controller");
@@ -337,7 +337,7 @@ void TestKxsim::aRunningOneKeepsItsLink()
 }
 
 // Its process number is 0, to which a signal would end the test run and its caller.
-void TestKxsim::oneThatDidNotStartIsNotSignalled()
+void KxsimTest::oneThatDidNotStartIsNotSignalled()
 {
     KxsimProcess kxsim({"--port", "/dev/null"});
     QCOMPARE(kxsim.portName(), QString());
@@ -345,7 +345,7 @@ void TestKxsim::oneThatDidNotStartIsNotSignalled()
     QCOMPARE(kxsim.exitCodeAfter(SIGTERM), 3);
 }
 
-void TestKxsim::aGivenPortIsServed()
+void KxsimTest::aGivenPortIsServed()
 {
     // The test holds the other end of the pair and speaks through it.
     const int otherEnd = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
@@ -366,6 +366,6 @@ void TestKxsim::aGivenPortIsServed()
     QCOMPARE(kxsim.errorOutput(), QStringLiteral("kxsim: %1: the line was lost\n").arg(port));
 }
 
-QTEST_GUILESS_MAIN(TestKxsim)
+QTEST_GUILESS_MAIN(KxsimTest)
 
 #include "tst_kxsim.moc"

@@ -12,7 +12,7 @@ const CompletionScript SCRIPT = {KX_COMPLETION_FILE, "_kxsim", KXSIM_PROGRAM};
 
 } // namespace
 
-class TestKxsimCompletion : public QObject
+class KxsimCompletionTest : public QObject
 {
     Q_OBJECT
 
@@ -25,13 +25,13 @@ private slots:
     void filesAreOffered();
 };
 
-void TestKxsimCompletion::theScriptIsGoodBash()
+void KxsimCompletionTest::theScriptIsGoodBash()
 {
     QCOMPARE(SCRIPT.faults(), QByteArray());
     QCOMPARE(SCRIPT.registration("kxsim"), QStringList{"complete -F _kxsim kxsim"});
 }
 
-void TestKxsimCompletion::whatIsOffered_data()
+void KxsimCompletionTest::whatIsOffered_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<QStringList>("offered");
@@ -48,13 +48,13 @@ void TestKxsimCompletion::whatIsOffered_data()
     QTest::newRow("preset values are the user's") << "--set D" << QStringList();
 }
 
-void TestKxsimCompletion::whatIsOffered()
+void KxsimCompletionTest::whatIsOffered()
 {
     QFETCH(QString, words);
     QTEST(SCRIPT.completed(words), "offered");
 }
 
-void TestKxsimCompletion::everyOptionIsOffered()
+void KxsimCompletionTest::everyOptionIsOffered()
 {
     QCOMPARE(SCRIPT.completed("''"),
              (QStringList{"--baud", "--data-bits", "--fault", "--fault-delay", "--fault-seed",
@@ -62,7 +62,7 @@ void TestKxsimCompletion::everyOptionIsOffered()
                           "--stop-bits", "--symlink", "--version"}));
 }
 
-void TestKxsimCompletion::everyFaultIsOffered()
+void KxsimCompletionTest::everyFaultIsOffered()
 {
     QCOMPARE(SCRIPT.completed("--fault ''"),
              (QStringList{"all:", "close:", "corrupt:", "deaf:", "delay:", "duplicate:", "echo:",
@@ -70,7 +70,7 @@ void TestKxsimCompletion::everyFaultIsOffered()
                           "silence:", "truncate:"}));
 }
 
-void TestKxsimCompletion::filesAreOffered()
+void KxsimCompletionTest::filesAreOffered()
 {
     const QString file = KX_COMPLETION_FILE;
     QCOMPARE(SCRIPT.completed("--symlink " + file.left(file.size() - 2)), QStringList{file});
@@ -78,5 +78,5 @@ void TestKxsimCompletion::filesAreOffered()
     QCOMPARE(SCRIPT.completed("-p /dev/nul"), QStringList{"/dev/null"});
 }
 
-QTEST_GUILESS_MAIN(TestKxsimCompletion)
+QTEST_GUILESS_MAIN(KxsimCompletionTest)
 #include "tst_kxsim_completion.moc"

@@ -5,7 +5,7 @@
 
 #include <QtTest/QTest>
 
-class TestKxsimRefusals : public QObject
+class KxsimRefusalsTest : public QObject
 {
     Q_OBJECT
 
@@ -14,7 +14,7 @@ private slots:
     void aForeignMasterIsRefused();
 };
 
-void TestKxsimRefusals::aForeignMasterIsRefused_data()
+void KxsimRefusalsTest::aForeignMasterIsRefused_data()
 {
     QTest::addColumn<QByteArray>("request"); // whole frames with their CRC
     QTest::addColumn<QByteArray>("reply");
@@ -36,7 +36,7 @@ void TestKxsimRefusals::aForeignMasterIsRefused_data()
     row("inputs", "01 0F 05A8 0008 01 FF DF58", "01 8F 02 C5F1");
 }
 
-void TestKxsimRefusals::aForeignMasterIsRefused()
+void KxsimRefusalsTest::aForeignMasterIsRefused()
 {
     QFETCH(QByteArray, request);
     QFETCH(QByteArray, reply);
@@ -48,6 +48,6 @@ void TestKxsimRefusals::aForeignMasterIsRefused()
     QCOMPARE(master.coils(1200, 2), QList<int>({0, 0}));
 }
 
-QTEST_GUILESS_MAIN(TestKxsimRefusals)
+QTEST_GUILESS_MAIN(KxsimRefusalsTest)
 
 #include "tst_kxsim_refusals.moc"

@@ -25,7 +25,7 @@ Outcome run(const QStringList& arguments)
 
 } // namespace
 
-class TestKxsimUsage : public QObject
+class KxsimUsageTest : public QObject
 {
     Q_OBJECT
 
@@ -38,7 +38,7 @@ private slots:
     void theVersionIsShown();
 };
 
-void TestKxsimUsage::wrongUsageGetsOneLine_data()
+void KxsimUsageTest::wrongUsageGetsOneLine_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<int>("exitCode");
@@ -91,7 +91,7 @@ void TestKxsimUsage::wrongUsageGetsOneLine_data()
             << QString::fromLatin1(row.arguments).split(' ') << row.exitCode << row.names;
 }
 
-void TestKxsimUsage::wrongUsageGetsOneLine()
+void KxsimUsageTest::wrongUsageGetsOneLine()
 {
     QFETCH(QStringList, arguments);
     QFETCH(int, exitCode);
@@ -104,7 +104,7 @@ void TestKxsimUsage::wrongUsageGetsOneLine()
     QVERIFY2(outcome.error.contains(names), qPrintable(outcome.error));
 }
 
-void TestKxsimUsage::whatIsNoTerminalIsRefused()
+void KxsimUsageTest::whatIsNoTerminalIsRefused()
 {
     QTemporaryFile file;
     QVERIFY(file.open());
@@ -113,7 +113,7 @@ void TestKxsimUsage::whatIsNoTerminalIsRefused()
     QVERIFY2(outcome.error.contains(file.fileName()), qPrintable(outcome.error));
 }
 
-void TestKxsimUsage::aFileInTheLinksPlaceIsKept()
+void KxsimUsageTest::aFileInTheLinksPlaceIsKept()
 {
     QTemporaryFile file;
     QVERIFY(file.open());
@@ -123,7 +123,7 @@ void TestKxsimUsage::aFileInTheLinksPlaceIsKept()
     QVERIFY(QFile::exists(file.fileName()));
 }
 
-void TestKxsimUsage::helpShowsExamplesAndTheOctalTypes()
+void KxsimUsageTest::helpShowsExamplesAndTheOctalTypes()
 {
     for (const char* const option : {"--help", "-h"}) {
         const Outcome outcome = run({QString::fromLatin1(option)});
@@ -138,7 +138,7 @@ void TestKxsimUsage::helpShowsExamplesAndTheOctalTypes()
     }
 }
 
-void TestKxsimUsage::theVersionIsShown()
+void KxsimUsageTest::theVersionIsShown()
 {
     for (const char* const option : {"--version", "-v"}) {
         const Outcome outcome = run({QString::fromLatin1(option)});
@@ -151,6 +151,6 @@ void TestKxsimUsage::theVersionIsShown()
     }
 }
 
-QTEST_GUILESS_MAIN(TestKxsimUsage)
+QTEST_GUILESS_MAIN(KxsimUsageTest)
 
 #include "tst_kxsim_usage.moc"

@@ -30,7 +30,7 @@ FaultyReply spoiled(Fault fault)
 
 } // namespace
 
-class TestLineFaults : public QObject
+class LineFaultsTest : public QObject
 {
     Q_OBJECT
 
@@ -49,7 +49,7 @@ private slots:
     void probabilitiesAreKept();
 };
 
-void TestLineFaults::aSoundLineChangesNothing()
+void LineFaultsTest::aSoundLineChangesNothing()
 {
     LineFaults faults{FaultPlan()};
     const FaultyReply reply = faults.apply(REQUEST, REPLY);
@@ -62,7 +62,7 @@ void TestLineFaults::aSoundLineChangesNothing()
                                  "exception=0 echo=0 close=0"));
 }
 
-void TestLineFaults::whatComesBack_data()
+void LineFaultsTest::whatComesBack_data()
 {
     QTest::addColumn<int>("fault");
     QTest::addColumn<QByteArray>("bytes");
@@ -78,7 +78,7 @@ void TestLineFaults::whatComesBack_data()
     row("exception", Fault::Exception, withCrc("F7 83 06"));
 }
 
-void TestLineFaults::whatComesBack()
+void LineFaultsTest::whatComesBack()
 {
     QFETCH(int, fault);
     const FaultyReply reply = spoiled(static_cast<Fault>(fault));
@@ -87,14 +87,14 @@ void TestLineFaults::whatComesBack()
     QVERIFY(!reply.closesLine);
 }
 
-void TestLineFaults::aDelayedReplyIsWhole()
+void LineFaultsTest::aDelayedReplyIsWhole()
 {
     const FaultyReply reply = spoiled(Fault::Delay);
     QCOMPARE(reply.bytes, REPLY);
     QCOMPARE(reply.after, 321);
 }
 
-void TestLineFaults::aCorruptReplyDiffersInOneByte()
+void LineFaultsTest::aCorruptReplyDiffersInOneByte()
 {
     LineFaults faults(only(Fault::Corrupt));
     for (int i = 0; i < 1000; ++i) {
@@ -108,7 +108,7 @@ void TestLineFaults::aCorruptReplyDiffersInOneByte()
     QCOMPARE(faults.count(Fault::Corrupt), qint64(1000));
 }
 
-void TestLineFaults::aTruncatedReplyIsItsBeginning()
+void LineFaultsTest::aTruncatedReplyIsItsBeginning()
 {
     LineFaults faults(only(Fault::Truncate));
     QSet<int> lengths;
@@ -121,7 +121,7 @@ void TestLineFaults::aTruncatedReplyIsItsBeginning()
     QCOMPARE(lengths, QSet<int>({1, 2, 3, 4, 5, 6, 7, 8}));
 }
 
-void TestLineFaults::noiseStandsBeforeOrAfterTheReply()
+void LineFaultsTest::noiseStandsBeforeOrAfterTheReply()
 {
     LineFaults before(only(Fault::ExtraBefore));
     LineFaults after(only(Fault::ExtraAfter));
@@ -137,14 +137,14 @@ void TestLineFaults::noiseStandsBeforeOrAfterTheReply()
     QCOMPARE(lengths, QSet<int>({1, 2, 3, 4, 5, 6, 7, 8}));
 }
 
-void TestLineFaults::aClosedLineCarriesNothing()
+void LineFaultsTest::aClosedLineCarriesNothing()
 {
     const FaultyReply reply = spoiled(Fault::Close);
     QCOMPARE(reply.bytes, QByteArray());
     QVERIFY(reply.closesLine);
 }
 
-void TestLineFaults::whatIsNotHeardOrRefusedIsNotCarriedOut()
+void LineFaultsTest::whatIsNotHeardOrRefusedIsNotCarriedOut()
 {
     for (int kind = 0; kind < kxsim::FAULT_COUNT; ++kind) {
         const Fault fault = static_cast<Fault>(kind);
@@ -153,14 +153,14 @@ void TestLineFaults::whatIsNotHeardOrRefusedIsNotCarriedOut()
     }
 }
 
-void TestLineFaults::anEmptyReplyIsLeftAlone()
+void LineFaultsTest::anEmptyReplyIsLeftAlone()
 {
     QCOMPARE(LineFaults(only(Fault::Corrupt)).apply(REQUEST, QByteArray()).bytes, QByteArray());
     QCOMPARE(LineFaults(only(Fault::Exception)).apply(REQUEST, QByteArray()).bytes,
              withCrc("F7 83 06"));
 }
 
-void TestLineFaults::theSameSeedGivesTheSameFaults()
+void LineFaultsTest::theSameSeedGivesTheSameFaults()
 {
     FaultPlan plan;
     QString error;
@@ -178,7 +178,7 @@ void TestLineFaults::theSameSeedGivesTheSameFaults()
     QVERIFY(run(plan) != run(other));
 }
 
-void TestLineFaults::probabilitiesAreKept()
+void LineFaultsTest::probabilitiesAreKept()
 {
     FaultPlan plan;
     plan.chances = {{Fault::Silence, 0.25}, {Fault::Echo, 0.5}};
@@ -192,5 +192,5 @@ void TestLineFaults::probabilitiesAreKept()
     QVERIFY(qAbs(faults.count(Fault::None) - 1000) < 137);
 }
 
-QTEST_APPLESS_MAIN(TestLineFaults)
+QTEST_APPLESS_MAIN(LineFaultsTest)
 #include "tst_line_faults.moc"

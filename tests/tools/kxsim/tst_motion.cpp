@@ -18,7 +18,7 @@ const RegisterType* type(const char* name)
 
 } // namespace
 
-class TestMotion : public QObject
+class MotionTest : public QObject
 {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ private slots:
     void theCounterWrapsAfter65535();
 };
 
-void TestMotion::valuesAtATime_data()
+void MotionTest::valuesAtATime_data()
 {
     QTest::addColumn<int>("milliseconds");
     QTest::addColumn<QString>("name");
@@ -77,7 +77,7 @@ void TestMotion::valuesAtATime_data()
         QTest::newRow(row.situation) << row.milliseconds << row.name << row.address << row.value;
 }
 
-void TestMotion::valuesAtATime()
+void MotionTest::valuesAtATime()
 {
     QFETCH(int, milliseconds);
     QFETCH(QString, name);
@@ -89,7 +89,7 @@ void TestMotion::valuesAtATime()
     QCOMPARE(memory.value(findRegisterType(name), address), value);
 }
 
-void TestMotion::smallStepsEndWhereOneLargeStepEnds()
+void MotionTest::smallStepsEndWhereOneLargeStepEnds()
 {
     ControllerMemory memory;
     Motion motion(&memory);
@@ -100,7 +100,7 @@ void TestMotion::smallStepsEndWhereOneLargeStepEnds()
     QCOMPARE(memory.value(type("32CV"), 200), 65070u);
 }
 
-void TestMotion::presetsStayStill()
+void MotionTest::presetsStayStill()
 {
     ControllerMemory memory;
     const struct {
@@ -119,7 +119,7 @@ void TestMotion::presetsStayStill()
     }
 }
 
-void TestMotion::countersGoOnFromWhatAHostWrote()
+void MotionTest::countersGoOnFromWhatAHostWrote()
 {
     ControllerMemory memory;
     Motion motion(&memory);
@@ -131,7 +131,7 @@ void TestMotion::countersGoOnFromWhatAHostWrote()
     QCOMPARE(memory.value(type("32CV"), 200), 1000014u);
 }
 
-void TestMotion::theCounterWrapsAfter65535()
+void MotionTest::theCounterWrapsAfter65535()
 {
     ControllerMemory memory;
     Motion motion(&memory);
@@ -140,6 +140,6 @@ void TestMotion::theCounterWrapsAfter65535()
     QCOMPARE(memory.value(type("D"), 0), 0u);
 }
 
-QTEST_APPLESS_MAIN(TestMotion)
+QTEST_APPLESS_MAIN(MotionTest)
 
 #include "tst_motion.moc"

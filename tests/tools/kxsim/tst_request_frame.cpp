@@ -9,7 +9,7 @@ using kxsim::findRequest;
 using kxsim::formFault;
 using kxsim::FoundRequest;
 
-class TestRequestFrame : public QObject
+class RequestFrameTest : public QObject
 {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ private slots:
     void aRequestOfOpenLengthEndsWithTheLongestFrame();
 };
 
-void TestRequestFrame::aRequestIsFoundAndItsFormJudged_data()
+void RequestFrameTest::aRequestIsFoundAndItsFormJudged_data()
 {
     QTest::addColumn<QByteArray>("request");
     QTest::addColumn<int>("fault");
@@ -75,7 +75,7 @@ void TestRequestFrame::aRequestIsFoundAndItsFormJudged_data()
         QTest::newRow(row.situation) << withCrc(row.request) << row.fault;
 }
 
-void TestRequestFrame::aRequestIsFoundAndItsFormJudged()
+void RequestFrameTest::aRequestIsFoundAndItsFormJudged()
 {
     QFETCH(QByteArray, request);
     const FoundRequest found = findRequest(request);
@@ -91,7 +91,7 @@ void TestRequestFrame::aRequestIsFoundAndItsFormJudged()
     }
 }
 
-void TestRequestFrame::aCrcThatEndsWithZeroBelongsToItsRequest()
+void RequestFrameTest::aCrcThatEndsWithZeroBelongsToItsRequest()
 {
     // Two registers, byte count 0; 00 17 is the CRC without the byte count, 17 00 that with it.
     const QByteArray request = bytes("01 10 0064 0002 00 17 00");
@@ -102,7 +102,7 @@ void TestRequestFrame::aCrcThatEndsWithZeroBelongsToItsRequest()
     QCOMPARE(formFault(request), 3);
 }
 
-void TestRequestFrame::noiseDoesNotHideTheRequestBehindIt()
+void RequestFrameTest::noiseDoesNotHideTheRequestBehindIt()
 {
     // The end of another station's reply looks like the beginning of function 65.
     const QByteArray noise = bytes("12 41 03 04 05");
@@ -113,7 +113,7 @@ void TestRequestFrame::noiseDoesNotHideTheRequestBehindIt()
     QCOMPARE(findRequest(noise + request).kind, FoundRequest::DAMAGED);
 }
 
-void TestRequestFrame::aRequestOfOpenLengthEndsWithTheLongestFrame()
+void RequestFrameTest::aRequestOfOpenLengthEndsWithTheLongestFrame()
 {
     QByteArray bytes(255, '\x55');
     bytes[0] = 1;
@@ -122,6 +122,6 @@ void TestRequestFrame::aRequestOfOpenLengthEndsWithTheLongestFrame()
     QCOMPARE(findRequest(bytes + '\x55').kind, FoundRequest::DAMAGED);
 }
 
-QTEST_APPLESS_MAIN(TestRequestFrame)
+QTEST_APPLESS_MAIN(RequestFrameTest)
 
 #include "tst_request_frame.moc"

@@ -19,7 +19,7 @@ const RegisterType* type(const char* name)
 
 } // namespace
 
-class TestRequestServer : public QObject
+class RequestServerTest : public QObject
 {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ private slots:
     void onlyTheFirstOfTwoRequestsIsTaken();
 };
 
-void TestRequestServer::aRequestIsAnswered_data()
+void RequestServerTest::aRequestIsAnswered_data()
 {
     QTest::addColumn<QByteArray>("request");
     QTest::addColumn<QByteArray>("reply");
@@ -93,7 +93,7 @@ void TestRequestServer::aRequestIsAnswered_data()
         QTest::newRow(row.situation) << withCrc(row.request) << withCrc(row.reply);
 }
 
-void TestRequestServer::aRequestIsAnswered()
+void RequestServerTest::aRequestIsAnswered()
 {
     QFETCH(QByteArray, request);
     QFETCH(QByteArray, reply);
@@ -113,7 +113,7 @@ void TestRequestServer::aRequestIsAnswered()
     QCOMPARE(answer.reply.toHex(' '), reply.toHex(' '));
 }
 
-void TestRequestServer::aRefusedWriteChangesNothing_data()
+void RequestServerTest::aRefusedWriteChangesNothing_data()
 {
     QTest::addColumn<QByteArray>("request");
     QTest::addColumn<QString>("type");
@@ -129,7 +129,7 @@ void TestRequestServer::aRefusedWriteChangesNothing_data()
     row("too few bytes for the registers", "01 10 0064 0002 02 0102 0304", "D", 100);
 }
 
-void TestRequestServer::aRefusedWriteChangesNothing()
+void RequestServerTest::aRefusedWriteChangesNothing()
 {
     QFETCH(QByteArray, request);
     QFETCH(QString, type);
@@ -140,7 +140,7 @@ void TestRequestServer::aRefusedWriteChangesNothing()
     QCOMPARE(stations.memory(1)->value(findRegisterType(type), address), 0u);
 }
 
-void TestRequestServer::writesReachTheMemory()
+void RequestServerTest::writesReachTheMemory()
 {
     Stations stations({1});
     kxsim::ControllerMemory& memory = *stations.memory(1);
@@ -159,7 +159,7 @@ void TestRequestServer::writesReachTheMemory()
     QCOMPARE(memory.value(type("32CV"), 255), 0x89ABCDEFu);
 }
 
-void TestRequestServer::eachStationAnswersFromItsOwnMemory()
+void RequestServerTest::eachStationAnswersFromItsOwnMemory()
 {
     Stations stations({1, 247});
     stations.memory(1)->setValue(type("D"), 0, 0x1111);
@@ -172,7 +172,7 @@ void TestRequestServer::eachStationAnswersFromItsOwnMemory()
     QCOMPARE(stations.memory(1)->value(type("D"), 0), 0x1111u);
 }
 
-void TestRequestServer::aBroadcastReachesAllStationsAndIsNotAnswered()
+void RequestServerTest::aBroadcastReachesAllStationsAndIsNotAnswered()
 {
     Stations stations({1, 2});
     RequestServer server(&stations);
@@ -186,7 +186,7 @@ void TestRequestServer::aBroadcastReachesAllStationsAndIsNotAnswered()
     QCOMPARE(server.answer(withCrc("02 03 0005 0001")).reply, withCrc("02 03 02 0009"));
 }
 
-void TestRequestServer::aRequestToAnotherStationIsIgnoredAndTheNextIsAnswered()
+void RequestServerTest::aRequestToAnotherStationIsIgnoredAndTheNextIsAnswered()
 {
     Stations stations({1});
     RequestServer server(&stations);
@@ -199,7 +199,7 @@ void TestRequestServer::aRequestToAnotherStationIsIgnoredAndTheNextIsAnswered()
     }
 }
 
-void TestRequestServer::everyBeginningOfARequestIsIncomplete_data()
+void RequestServerTest::everyBeginningOfARequestIsIncomplete_data()
 {
     QTest::addColumn<QByteArray>("request");
     QTest::newRow("read") << withCrc("01 03 0064 0002");
@@ -208,7 +208,7 @@ void TestRequestServer::everyBeginningOfARequestIsIncomplete_data()
     QTest::newRow("to another station") << withCrc("09 0F 07D0 000A 02 FF03");
 }
 
-void TestRequestServer::everyBeginningOfARequestIsIncomplete()
+void RequestServerTest::everyBeginningOfARequestIsIncomplete()
 {
     QFETCH(QByteArray, request);
     Stations stations({1});
@@ -221,7 +221,7 @@ void TestRequestServer::everyBeginningOfARequestIsIncomplete()
     QCOMPARE(server.answer(request).requestLength, static_cast<int>(request.size()));
 }
 
-void TestRequestServer::noRequestBeginsHere_data()
+void RequestServerTest::noRequestBeginsHere_data()
 {
     QTest::addColumn<QByteArray>("received");
     QTest::newRow("wrong CRC") << bytes("01 03 0064 0002 85 D5");
@@ -233,7 +233,7 @@ void TestRequestServer::noRequestBeginsHere_data()
     QTest::newRow("a refusal of a function that nobody knows") << withCrc("09 C1 01");
 }
 
-void TestRequestServer::noRequestBeginsHere()
+void RequestServerTest::noRequestBeginsHere()
 {
     QFETCH(QByteArray, received);
     Stations stations({1});
@@ -244,7 +244,7 @@ void TestRequestServer::noRequestBeginsHere()
     QCOMPARE(server.answer(withCrc("01 03 0005 0001")).reply, withCrc("01 03 02 0000"));
 }
 
-void TestRequestServer::onlyTheFirstOfTwoRequestsIsTaken()
+void RequestServerTest::onlyTheFirstOfTwoRequestsIsTaken()
 {
     Stations stations({1});
     RequestServer server(&stations);
@@ -255,6 +255,6 @@ void TestRequestServer::onlyTheFirstOfTwoRequestsIsTaken()
     QCOMPARE(stations.memory(1)->value(type("D"), 5), 9u);
 }
 
-QTEST_APPLESS_MAIN(TestRequestServer)
+QTEST_APPLESS_MAIN(RequestServerTest)
 
 #include "tst_request_server.moc"

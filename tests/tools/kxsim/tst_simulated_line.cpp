@@ -40,7 +40,7 @@ const char* const D100_IS_1234 = "01 03 02 04D2";
 
 } // namespace
 
-class TestSimulatedLine : public QObject
+class SimulatedLineTest : public QObject
 {
     Q_OBJECT
 
@@ -61,21 +61,21 @@ private slots:
     void destructionEndsTheLine();
 };
 
-void TestSimulatedLine::presetsAreRead()
+void SimulatedLineTest::presetsAreRead()
 {
     const auto line = stillLine();
     ModbusMaster master(line->portName());
     QCOMPARE(master.registers(100, 2), QList<int>({1234, 0}));
 }
 
-void TestSimulatedLine::valuesMoveUnlessHeld_data()
+void SimulatedLineTest::valuesMoveUnlessHeld_data()
 {
     QTest::addColumn<bool>("moves");
     QTest::newRow("moving") << true;
     QTest::newRow("held") << false;
 }
 
-void TestSimulatedLine::valuesMoveUnlessHeld()
+void SimulatedLineTest::valuesMoveUnlessHeld()
 {
     QFETCH(bool, moves);
     Simulation simulation;
@@ -94,7 +94,7 @@ void TestSimulatedLine::valuesMoveUnlessHeld()
     }
 }
 
-void TestSimulatedLine::commandsAndHostShareTheMemory()
+void SimulatedLineTest::commandsAndHostShareTheMemory()
 {
     const auto line = stillLine();
     ModbusMaster master(line->portName());
@@ -104,7 +104,7 @@ void TestSimulatedLine::commandsAndHostShareTheMemory()
     QCOMPARE(line->command(QStringLiteral("get D100:2")), QStringLiteral("D100=1234,77"));
 }
 
-void TestSimulatedLine::aPresetForAStationNotSimulatedIsRefused()
+void SimulatedLineTest::aPresetForAStationNotSimulatedIsRefused()
 {
     Simulation simulation;
     simulation.presets << assignment("D1@2=5");
@@ -113,7 +113,7 @@ void TestSimulatedLine::aPresetForAStationNotSimulatedIsRefused()
     QVERIFY2(error.contains(QStringLiteral("station 2")), qPrintable(error));
 }
 
-void TestSimulatedLine::requestsToAnotherStationGetNoReply()
+void SimulatedLineTest::requestsToAnotherStationGetNoReply()
 {
     const auto line = stillLine({1, 3});
     ModbusMaster master(line->portName());
@@ -129,7 +129,7 @@ void TestSimulatedLine::requestsToAnotherStationGetNoReply()
     QVERIFY2(master.error().contains(QStringLiteral("timed out")), qPrintable(master.error()));
 }
 
-void TestSimulatedLine::aHostMayCloseAndComeBack()
+void SimulatedLineTest::aHostMayCloseAndComeBack()
 {
     const auto line = stillLine();
     for (int opening = 0; opening < 3; ++opening) {
@@ -138,7 +138,7 @@ void TestSimulatedLine::aHostMayCloseAndComeBack()
     }
 }
 
-void TestSimulatedLine::aRequestInTwoPiecesIsAnswered()
+void SimulatedLineTest::aRequestInTwoPiecesIsAnswered()
 {
     const auto line = stillLine();
     ModbusMaster master(line->portName());
@@ -149,7 +149,7 @@ void TestSimulatedLine::aRequestInTwoPiecesIsAnswered()
     QCOMPARE(master.received(7), withCrc(D100_IS_1234));
 }
 
-void TestSimulatedLine::aCutRequestIsForgottenAfterSilence()
+void SimulatedLineTest::aCutRequestIsForgottenAfterSilence()
 {
     const auto line = stillLine();
     ModbusMaster master(line->portName());
@@ -160,7 +160,7 @@ void TestSimulatedLine::aCutRequestIsForgottenAfterSilence()
     QCOMPARE(master.received(7), withCrc(D100_IS_1234));
 }
 
-void TestSimulatedLine::aRequestRightAfterAnotherStationsReplyIsAnswered()
+void SimulatedLineTest::aRequestRightAfterAnotherStationsReplyIsAnswered()
 {
     const auto line = stillLine();
     ModbusMaster master(line->portName());
@@ -168,7 +168,7 @@ void TestSimulatedLine::aRequestRightAfterAnotherStationsReplyIsAnswered()
     QCOMPARE(master.received(7), withCrc(D100_IS_1234));
 }
 
-void TestSimulatedLine::aHostThatDoesNotReadHoldsNothingUp()
+void SimulatedLineTest::aHostThatDoesNotReadHoldsNothingUp()
 {
     const auto line = stillLine();
     ModbusMaster master(line->portName());
@@ -179,7 +179,7 @@ void TestSimulatedLine::aHostThatDoesNotReadHoldsNothingUp()
     QTRY_COMPARE(line->command(QStringLiteral("get D5")), QStringLiteral("D5=9"));
 }
 
-void TestSimulatedLine::aHostNeedNotSetUpTheTerminal()
+void SimulatedLineTest::aHostNeedNotSetUpTheTerminal()
 {
     const auto line = stillLine();
     line->command(QStringLiteral("set D10=0x0D0A"));
@@ -192,7 +192,7 @@ void TestSimulatedLine::aHostNeedNotSetUpTheTerminal()
     QCOMPARE(host.read(7), withCrc("01 03 02 0D0A"));
 }
 
-void TestSimulatedLine::twoLinesAreApart()
+void SimulatedLineTest::twoLinesAreApart()
 {
     const auto first = stillLine();
     const auto second = stillLine();
@@ -201,7 +201,7 @@ void TestSimulatedLine::twoLinesAreApart()
     QCOMPARE(master.registers(100, 1), QList<int>({1234}));
 }
 
-void TestSimulatedLine::destructionEndsTheLine()
+void SimulatedLineTest::destructionEndsTheLine()
 {
     auto line = stillLine();
     const QString port = line->portName();
@@ -210,6 +210,6 @@ void TestSimulatedLine::destructionEndsTheLine()
     QVERIFY(!QFile::exists(port));
 }
 
-QTEST_GUILESS_MAIN(TestSimulatedLine)
+QTEST_GUILESS_MAIN(SimulatedLineTest)
 
 #include "tst_simulated_line.moc"

@@ -21,7 +21,7 @@ const QString THERE = QStringLiteral("/dev/pts/ptmx"); // always there, where te
 
 } // namespace
 
-class TestTerminalLink : public QObject
+class TerminalLinkTest : public QObject
 {
     Q_OBJECT
 
@@ -47,21 +47,21 @@ private:
     QString m_error;
 };
 
-void TestTerminalLink::init()
+void TerminalLinkTest::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     m_path = m_folder->filePath("line");
     m_error.clear();
 }
 
-void TestTerminalLink::leaveLock() const
+void TerminalLinkTest::leaveLock() const
 {
     QFile lock(m_path + ".lock");
     QVERIFY(lock.open(QIODevice::WriteOnly));
     lock.write("999999999\nkxsim\n" + QSysInfo::machineHostName().toUtf8() + "\n");
 }
 
-void TestTerminalLink::theLinkLastsAsLongAsItsObject()
+void TerminalLinkTest::theLinkLastsAsLongAsItsObject()
 {
     {
         TerminalLink link;
@@ -73,7 +73,7 @@ void TestTerminalLink::theLinkLastsAsLongAsItsObject()
         QStringList());
 }
 
-void TestTerminalLink::aLinkThatIsInUseIsRefused()
+void TerminalLinkTest::aLinkThatIsInUseIsRefused()
 {
     TerminalLink first;
     QVERIFY(first.make(m_path, THERE, &m_error));
@@ -91,7 +91,7 @@ void TestTerminalLink::aLinkThatIsInUseIsRefused()
     QVERIFY(!third.make(m_path, GONE, &m_error));
 }
 
-void TestTerminalLink::aLinkThatADeadProgramLeftIsReplaced_data()
+void TerminalLinkTest::aLinkThatADeadProgramLeftIsReplaced_data()
 {
     QTest::addColumn<QString>("target");
     QTest::addColumn<bool>("isLocked");
@@ -101,7 +101,7 @@ void TestTerminalLink::aLinkThatADeadProgramLeftIsReplaced_data()
     QTest::newRow("killed, and the number is given to another terminal") << THERE << true;
 }
 
-void TestTerminalLink::aLinkThatADeadProgramLeftIsReplaced()
+void TerminalLinkTest::aLinkThatADeadProgramLeftIsReplaced()
 {
     QFETCH(QString, target);
     QFETCH(bool, isLocked);
@@ -113,7 +113,7 @@ void TestTerminalLink::aLinkThatADeadProgramLeftIsReplaced()
     QCOMPARE(QFileInfo(m_path).symLinkTarget(), QString("/dev/pts/7"));
 }
 
-void TestTerminalLink::whatIsNotLeftOverIsKept_data()
+void TerminalLinkTest::whatIsNotLeftOverIsKept_data()
 {
     QTest::addColumn<QString>("target");
     QTest::addColumn<bool>("isLocked");
@@ -123,7 +123,7 @@ void TestTerminalLink::whatIsNotLeftOverIsKept_data()
     QTest::newRow("a serial port, turned there after a crash") << "/dev/ttyUSB99" << true;
 }
 
-void TestTerminalLink::whatIsNotLeftOverIsKept()
+void TerminalLinkTest::whatIsNotLeftOverIsKept()
 {
     QFETCH(QString, target);
     QFETCH(bool, isLocked);
@@ -141,7 +141,7 @@ void TestTerminalLink::whatIsNotLeftOverIsKept()
     QCOMPARE(QFileInfo(m_path).symLinkTarget(), target);
 }
 
-void TestTerminalLink::aFileInTheLinksPlaceIsKept()
+void TerminalLinkTest::aFileInTheLinksPlaceIsKept()
 {
     QFile file(m_path);
     QVERIFY(file.open(QIODevice::WriteOnly));
@@ -152,7 +152,7 @@ void TestTerminalLink::aFileInTheLinksPlaceIsKept()
     QVERIFY(!QFile::exists(m_path + ".lock"));
 }
 
-void TestTerminalLink::aFolderThatIsNotThereIsNamed()
+void TerminalLinkTest::aFolderThatIsNotThereIsNamed()
 {
     TerminalLink link;
     const QString path = m_folder->filePath("none/line");
@@ -160,7 +160,7 @@ void TestTerminalLink::aFolderThatIsNotThereIsNamed()
     QCOMPARE(m_error, QString("--symlink %1: cannot write %1.lock").arg(path));
 }
 
-void TestTerminalLink::theLinkIsTurned()
+void TerminalLinkTest::theLinkIsTurned()
 {
     {
         TerminalLink link;
@@ -173,7 +173,7 @@ void TestTerminalLink::theLinkIsTurned()
     QVERIFY(none.turnTo(THERE));
 }
 
-void TestTerminalLink::aLinkThatSomebodyElseTurnedIsKept()
+void TerminalLinkTest::aLinkThatSomebodyElseTurnedIsKept()
 {
     {
         TerminalLink link;
@@ -183,6 +183,6 @@ void TestTerminalLink::aLinkThatSomebodyElseTurnedIsKept()
     QCOMPARE(QFileInfo(m_path).symLinkTarget(), QString("/dev/null"));
 }
 
-QTEST_APPLESS_MAIN(TestTerminalLink)
+QTEST_APPLESS_MAIN(TerminalLinkTest)
 
 #include "tst_terminal_link.moc"

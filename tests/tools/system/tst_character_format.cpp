@@ -4,7 +4,7 @@
 
 using namespace kx;
 
-class TestCharacterFormat : public QObject
+class CharacterFormatTest : public QObject
 {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ private slots:
     void dataBits();
 };
 
-void TestCharacterFormat::parities_data()
+void CharacterFormatTest::parities_data()
 {
     QTest::addColumn<char>("parity");
     QTest::newRow("none") << 'N';
@@ -29,7 +29,7 @@ void TestCharacterFormat::parities_data()
     QTest::newRow("O") << 'O';
 }
 
-void TestCharacterFormat::parities()
+void CharacterFormatTest::parities()
 {
     QFETCH(char, parity);
     char read = '?';
@@ -39,7 +39,7 @@ void TestCharacterFormat::parities()
     QCOMPARE(error, QString());
 }
 
-void TestCharacterFormat::refusals_data()
+void CharacterFormatTest::refusals_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::newRow("another parity") << QStringLiteral("Mark");
@@ -48,7 +48,7 @@ void TestCharacterFormat::refusals_data()
     QTest::newRow("empty") << QString();
 }
 
-void TestCharacterFormat::refusals()
+void CharacterFormatTest::refusals()
 {
     QFETCH(QString, typed);
     char read = '?';
@@ -58,17 +58,17 @@ void TestCharacterFormat::refusals()
     QCOMPARE(error, QStringLiteral("--parity %1: must be none, even or odd").arg(typed));
 }
 
-void TestCharacterFormat::dataBits()
+void CharacterFormatTest::dataBits()
 {
     QString error;
-    QVERIFY(checkDataBits(QStringLiteral("8"), &error));
+    QVERIFY(parseDataBits(QStringLiteral("8"), &error));
     QCOMPARE(error, QString());
     for (const char* const typed : {"7", "08", "9", "", "eight"}) {
-        QVERIFY(!checkDataBits(QString::fromLatin1(typed), &error));
+        QVERIFY(!parseDataBits(QString::fromLatin1(typed), &error));
         QCOMPARE(error, QStringLiteral("--data-bits %1: Modbus RTU needs 8 data bits")
                             .arg(QLatin1String(typed)));
     }
 }
 
-QTEST_GUILESS_MAIN(TestCharacterFormat)
+QTEST_GUILESS_MAIN(CharacterFormatTest)
 #include "tst_character_format.moc"

@@ -61,7 +61,7 @@ private:
 
 } // namespace
 
-class TestPortAccess : public QObject
+class PortAccessTest : public QObject
 {
     Q_OBJECT
 
@@ -102,5 +102,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestPortAccess)
+QTEST_APPLESS_MAIN(PortAccessTest)
 #include "tst_port_access.moc"

@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestPrintableText : public QObject
+class PrintableTextTest : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ private slots:
     void jsonIsEscaped();
 };
 
-void TestPrintableText::obeyedCharactersAreReplaced_data()
+void PrintableTextTest::obeyedCharactersAreReplaced_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("printable");
@@ -40,13 +40,13 @@ void TestPrintableText::obeyedCharactersAreReplaced_data()
     QTest::newRow("beyond U+FFFF") << pair << pair;
 }
 
-void TestPrintableText::obeyedCharactersAreReplaced()
+void PrintableTextTest::obeyedCharactersAreReplaced()
 {
     QFETCH(QString, text);
     QTEST(printableText(text), "printable");
 }
 
-void TestPrintableText::jsonKeepsItsValues()
+void PrintableTextTest::jsonKeepsItsValues()
 {
     QString all;
     for (int code = 0; code < 0xD800; ++code)
@@ -59,7 +59,7 @@ void TestPrintableText::jsonKeepsItsValues()
     QCOMPARE(QJsonDocument::fromJson(json.toUtf8()).object(), object);
 }
 
-void TestPrintableText::jsonIsEscaped()
+void PrintableTextTest::jsonIsEscaped()
 {
     const QString text = QString(QLatin1String("{\"name\":\"%1%2%3\"}"))
                              .arg(QChar(0x7F))
@@ -68,5 +68,5 @@ void TestPrintableText::jsonIsEscaped()
     QCOMPARE(printableJson(text), QString(QLatin1String(R"({"name":"\u007f\u009b\u202e"})")));
 }
 
-QTEST_APPLESS_MAIN(TestPrintableText)
+QTEST_APPLESS_MAIN(PrintableTextTest)
 #include "tst_printable_text.moc"

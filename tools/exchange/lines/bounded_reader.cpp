@@ -14,7 +14,7 @@ BoundedReader::BoundedReader(QIODevice* device, QObject* parent) : QObject(paren
 {
     m_pause.setSingleShot(true);
     connect(&m_pause, &QTimer::timeout, this, &BoundedReader::read);
-    connect(device, &QIODevice::readyRead, this, &BoundedReader::takeArrived);
+    connect(device, &QIODevice::readyRead, this, &BoundedReader::onReadyRead);
 }
 
 QByteArray BoundedReader::takeWaiting()
@@ -29,7 +29,7 @@ QByteArray BoundedReader::takeWaiting()
     return m_device->isOpen() ? m_device->read(MOST_AT_ONCE) : QByteArray();
 }
 
-void BoundedReader::takeArrived()
+void BoundedReader::onReadyRead()
 {
     if (m_isTaking)
         return;

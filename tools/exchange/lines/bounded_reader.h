@@ -28,7 +28,7 @@ signals:
     void bytesArrived(const QByteArray& bytes);
 
 private:
-    void takeArrived();
+    void onReadyRead();
     void read();
 
     QIODevice* m_device;

@@ -19,8 +19,8 @@ ReopeningLine::ReopeningLine(std::unique_ptr<Line> line, int patience, QObject* 
     m_retry.setSingleShot(true);
     connect(&m_retry, &QTimer::timeout, this, &ReopeningLine::open);
     connect(m_line.get(), &Line::bytesArrived, this, &Line::bytesArrived);
-    connect(m_line.get(), &Line::opened, this, &ReopeningLine::handleOpened);
-    connect(m_line.get(), &Line::failed, this, &ReopeningLine::handleFailure);
+    connect(m_line.get(), &Line::opened, this, &ReopeningLine::onOpened);
+    connect(m_line.get(), &Line::failed, this, &ReopeningLine::onFailure);
 }
 
 void ReopeningLine::close()
@@ -31,14 +31,14 @@ void ReopeningLine::close()
     m_line->close();
 }
 
-void ReopeningLine::handleOpened()
+void ReopeningLine::onOpened()
 {
     m_wasOpened = true;
     m_lostSince.invalidate();
     emit opened();
 }
 
-void ReopeningLine::handleFailure(const QString& error)
+void ReopeningLine::onFailure(const QString& error)
 {
     if (!m_wasOpened)
         return emit failed(error);

@@ -32,8 +32,8 @@ public:
     QByteArray discardWaiting() override { return m_line->discardWaiting(); }
 
 private:
-    void handleOpened();
-    void handleFailure(const QString& error);
+    void onOpened();
+    void onFailure(const QString& error);
 
     std::unique_ptr<Line> m_line;
     int m_patience;

@@ -40,7 +40,7 @@ SerialLine::SerialLine(const QString& portName, const LineTiming& timing,
     m_port.setParity(parity);
     m_port.setReadBufferSize(BoundedReader::MOST_AT_ONCE);
     connect(&m_reader, &BoundedReader::bytesArrived, this, &Line::bytesArrived);
-    connect(&m_port, &QSerialPort::errorOccurred, this, &SerialLine::handleError);
+    connect(&m_port, &QSerialPort::errorOccurred, this, &SerialLine::onError);
 }
 
 void SerialLine::open()
@@ -71,7 +71,7 @@ QByteArray SerialLine::discardWaiting()
     return discarded;
 }
 
-void SerialLine::handleError(QSerialPort::SerialPortError error)
+void SerialLine::onError(QSerialPort::SerialPortError error)
 {
     if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError)
         return;

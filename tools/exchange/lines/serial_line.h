@@ -31,7 +31,7 @@ public:
     QByteArray discardWaiting() override;
 
 private:
-    void handleError(QSerialPort::SerialPortError error);
+    void onError(QSerialPort::SerialPortError error);
 
     QSerialPort m_port{this};
     BoundedReader m_reader{&m_port, this};

@@ -17,7 +17,7 @@ TcpLine::TcpLine(const QString& host, quint16 port, QObject* parent)
     });
     m_socket.setReadBufferSize(BoundedReader::MOST_AT_ONCE);
     connect(&m_reader, &BoundedReader::bytesArrived, this, &Line::bytesArrived);
-    connect(&m_socket, &QAbstractSocket::errorOccurred, this, &TcpLine::handleError);
+    connect(&m_socket, &QAbstractSocket::errorOccurred, this, &TcpLine::onError);
 }
 
 QString TcpLine::name() const
@@ -44,7 +44,7 @@ void TcpLine::giveUp()
     if (m_connecting.interval() > 0)
         return m_connecting.start(0);
     m_socket.abort();
-    emit failed(QString::fromLatin1("%1: no connection within %2 seconds")
+    emit failed(QStringLiteral("%1: no connection within %2 seconds")
                     .arg(name(), QString::number(m_connectTimeout / 1000.0)));
 }
 
@@ -61,7 +61,7 @@ void TcpLine::write(const QByteArray& bytes)
     m_socket.flush();
 }
 
-void TcpLine::handleError(QAbstractSocket::SocketError error)
+void TcpLine::onError(QAbstractSocket::SocketError error)
 {
     // Nothing lay in the socket when somebody looked.
     if (error == QAbstractSocket::SocketTimeoutError)

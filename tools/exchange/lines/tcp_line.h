@@ -34,7 +34,7 @@ public:
 
 private:
     void giveUp();
-    void handleError(QAbstractSocket::SocketError error);
+    void onError(QAbstractSocket::SocketError error);
 
     QTcpSocket m_socket{this};
     BoundedReader m_reader{&m_socket, this};

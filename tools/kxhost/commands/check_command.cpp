@@ -1,7 +1,7 @@
 #include "kxhost/commands/commands.h"
 
 #include "kxhost/commands/connection.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/options/offline_options.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
@@ -49,7 +49,7 @@ bool takeKind(const QCommandLineParser& parser, TagKind* kind, QString* error)
         return true;
     const QString name = parser.value(QLatin1String("as"));
     if (name != QLatin1String("bit") && name != QLatin1String("word")) {
-        *error = QString::fromLatin1("--as %1: must be bit or word").arg(name);
+        *error = QStringLiteral("--as %1: must be bit or word").arg(name);
         return false;
     }
     *kind = name == QLatin1String("bit") ? TagKind::Bit : TagKind::Word;
@@ -61,8 +61,8 @@ bool readTag(const QCommandLineParser& parser, CheckedTag* tag, QString* error)
     const int highest = std::numeric_limits<int>::max();
     tag->typed = parser.isSet(QLatin1String("data-type")) || parser.isSet(QLatin1String("access"));
     return takeKind(parser, &tag->kind, error)
-           && takeNumber(parser, "data-type", 0, highest, &tag->dataType, error)
-           && takeNumber(parser, "access", 0, highest, &tag->access, error);
+           && parseNumber(parser, "data-type", 0, highest, &tag->dataType, error)
+           && parseNumber(parser, "access", 0, highest, &tag->access, error);
 }
 
 int check(const QStringList& addresses, const DriverEntryPoints& entryPoints, const CheckedTag& tag,
@@ -74,9 +74,9 @@ int check(const QStringList& addresses, const DriverEntryPoints& entryPoints, co
         if (json)
             printJson(answerJson(answer));
         else if (answer.isValid())
-            printLine(answerLine(answer));
+            say(answerRow(answer));
         else
-            complain(answerLine(answer), EXIT_WRONG_USAGE);
+            complain(answerRow(answer), EXIT_WRONG_USAGE);
         if (!answer.isValid())
             exitCode = EXIT_WRONG_USAGE;
     }
@@ -90,7 +90,7 @@ int runCheck(const QStringList& arguments)
     QCommandLineParser parser;
     addOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     CheckedTag tag;
     QString error;

@@ -1,7 +1,7 @@
 #include "kxhost/commands/command_table.h"
 
 #include "kxhost/commands/commands.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 
 namespace kx
 {
@@ -39,22 +39,21 @@ const Command* findCommand(const QString& name)
 
 QString helpOfAllCommands()
 {
-    QString help =
-        QString::fromLatin1("Usage: kxhost COMMAND [options] ...\n"
-                            "Talks to KX series controllers over Modbus RTU.\n\nCommands:\n");
+    QString help = QStringLiteral("Usage: kxhost COMMAND [options] ...\n"
+                                  "Talks to KX series controllers over Modbus RTU.\n\nCommands:\n");
     for (const Command& command : commands())
-        help += QString::fromLatin1("  %1 %2\n")
+        help += QStringLiteral("  %1 %2\n")
                     .arg(QLatin1String(command.name), -10)
                     .arg(QLatin1String(command.summary));
-    help += QLatin1String("\nExamples:\n");
+    help += QStringLiteral("\nExamples:\n");
     for (const Command& command : commands())
-        help += QString::fromLatin1("  %1\n").arg(QLatin1String(command.example));
-    help += QLatin1String("\nAn address is TYPENUMBER[:COUNT][@STATION], such as D100:4, X17 or "
-                          "32CV200@2.\nX and Y are octal (X10 follows X7), all other types "
-                          "decimal.\n\n");
+        help += QStringLiteral("  %1\n").arg(QLatin1String(command.example));
+    help += QStringLiteral("\nAn address is TYPENUMBER[:COUNT][@STATION], such as D100:4, X17 or "
+                           "32CV200@2.\nX and Y are octal (X10 follows X7), all other types "
+                           "decimal.\n\n");
     help += exitCodesText();
-    help += QLatin1String("\nkxhost COMMAND --help shows the options of a command,\n"
-                          "kxhost --version the versions.\n");
+    help += QStringLiteral("\nkxhost COMMAND --help shows the options of a command,\n"
+                           "kxhost --version the versions.\n");
     return help;
 }
 

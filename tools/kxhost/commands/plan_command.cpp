@@ -3,7 +3,7 @@
 #include "addresses/request_limits.h"
 #include "exchange/driver_lease.h"
 #include "kxhost/commands/connection.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/options/offline_options.h"
 #include "kxhost/options/plan_options.h"
 #include "kxhost/terminal/console.h"
@@ -34,30 +34,30 @@ const CommandHelp HELP = {
 void printAll(const QStringList& lines)
 {
     for (const QString& line : lines)
-        printLine(line);
+        say(line);
 }
 
 void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const WatchedRanges& watched,
                const PlanTiming& timing)
 {
-    printLine(QString::fromLatin1("Request limit %1, %2")
-                  .arg(QString::number(plan.maxWords), lineText(timing)));
-    printLine(QString());
-    printAll(requestLines(plan, watched, timing));
-    printLine(QString());
-    printLine(QLatin1String("Asked for (#), bridged (.), both (+):"));
-    printAll(pictureLines(plan, watched));
-    printLine(QString());
-    for (const QString& warning : warningLines(plan, watched))
-        printLine(QLatin1String("Warning: ") + warning);
-    printLine(cycleText(resultOf(plan, watched, timing).cost));
-    printLine(QString());
-    printLine(QString::fromLatin1("Limits 1 to %1 (one limit for registers and bits; Modbus "
-                                  "allows %2 registers and %3 coils):")
-                  .arg(MOST_REGISTERS_PER_READ)
-                  .arg(MOST_REGISTERS_PER_READ)
-                  .arg(MOST_COILS_PER_READ));
-    printAll(lengthLines(lengths, plan.maxWords));
+    say(QStringLiteral("Request limit %1, %2")
+            .arg(QString::number(plan.maxWords), lineText(timing)));
+    say(QString());
+    printAll(requestRows(plan, watched, timing));
+    say(QString());
+    say(QLatin1String("Asked for (#), bridged (.), both (+):"));
+    printAll(pictureRows(plan, watched));
+    say(QString());
+    for (const QString& warning : warningRows(plan, watched))
+        say(QLatin1String("Warning: ") + warning);
+    say(cycleText(resultOf(plan, watched, timing).cost));
+    say(QString());
+    say(QStringLiteral("Limits 1 to %1 (one limit for registers and bits; Modbus "
+                       "allows %2 registers and %3 coils):")
+            .arg(MOST_REGISTERS_PER_READ)
+            .arg(MOST_REGISTERS_PER_READ)
+            .arg(MOST_COILS_PER_READ));
+    printAll(lengthRows(lengths, plan.maxWords));
 }
 
 /// One plan at a time: of tens of thousands of tags, all together take much memory.
@@ -81,11 +81,11 @@ int runPlan(const QStringList& arguments)
     addPlanOptions(&parser);
     addOfflineOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     PlanOptions options;
     QString error;
-    if (!readPlanOptions(parser, &options, &error))
+    if (!parsePlanOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     DriverEntryPoints entryPoints;
     exitCode = openDriver(askedLibrary(parser), &entryPoints);

@@ -10,7 +10,7 @@ namespace kx
 
 PromptWriter::PromptWriter(Session* session, int station) : m_session(session), m_station(station)
 {
-    connect(session, &Session::exchanged, this, &PromptWriter::takeExchange);
+    connect(session, &Session::exchanged, this, &PromptWriter::onExchange);
 }
 
 void PromptWriter::take(const QString& line)
@@ -41,7 +41,7 @@ bool PromptWriter::isRefused(const Assignment& assignment, QString* reason) cons
     return !reason->isEmpty();
 }
 
-void PromptWriter::takeExchange(const ExchangeRecord& record)
+void PromptWriter::onExchange(const ExchangeRecord& record)
 {
     if (record.job.kind != WRITE_JOB || record.result == REPLY_RETRY)
         return;
@@ -50,7 +50,7 @@ void PromptWriter::takeExchange(const ExchangeRecord& record)
         return;
     m_hasFailed = record.result != REPLY_ACCEPTED;
     const QString address = addressText(findRegisterType(record.job.regType), record.job.address);
-    emit message(QString::fromLatin1("%1 at station %2: %3")
+    emit message(QStringLiteral("%1 at station %2: %3")
                      .arg(address)
                      .arg(record.job.station)
                      .arg(m_hasFailed ? QLatin1String("not written, ") + outcomeText(record)

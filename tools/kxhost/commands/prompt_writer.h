@@ -23,7 +23,7 @@ signals:
 
 private:
     bool isRefused(const Assignment& assignment, QString* reason) const;
-    void takeExchange(const ExchangeRecord& record);
+    void onExchange(const ExchangeRecord& record);
 
     Session* m_session;
     int m_station;

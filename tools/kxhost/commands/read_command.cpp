@@ -3,11 +3,11 @@
 #include "addresses/read_pieces.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/run_to_end.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/options/tags_arguments.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
-#include "kxhost/views/line_views.h"
+#include "kxhost/views/printed_views.h"
 #include "panel/jobs/read_job.h"
 
 #include <QtCore/QJsonArray>
@@ -29,11 +29,11 @@ const CommandHelp HELP = {
     "kxhost read X0:8 32CV200@2 --tcp 192.168.0.5 --json\n"
     "kxhost read D0 --simulate"};
 
-bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options, QList<Tag>* tags,
-                 QString* error)
+bool parseOptions(const QCommandLineParser& parser, ConnectionOptions* options, QList<Tag>* tags,
+                  QString* error)
 {
-    if (!readConnectionOptions(parser, options, error)
-        || !readTagArguments(parser, options->station, tags, error))
+    if (!parseConnectionOptions(parser, options, error)
+        || !parseTagArguments(parser, options->station, tags, error))
         return false;
     for (const Tag& tag : *tags) {
         const AddressRange& range = tag.range;
@@ -62,10 +62,10 @@ void printText(const ReadOutcome& outcome)
 {
     const AddressRange& range = outcome.tag.range;
     for (int i = 0; i < outcome.values.size(); ++i)
-        printLine(QStringLiteral("%1 %2 %3")
-                      .arg(range.station)
-                      .arg(withName(addressText(range.type, range.address + i), outcome.tag.name),
-                           QString::number(outcome.values.at(i))));
+        say(QStringLiteral("%1 %2 %3")
+                .arg(range.station)
+                .arg(withName(addressText(range.type, range.address + i), outcome.tag.name),
+                     QString::number(outcome.values.at(i))));
     if (!outcome.failure.isNone())
         complain(QStringLiteral("%1: %2").arg(withName(rangeText(range), outcome.tag.name),
                                               outcome.failure.text),
@@ -76,7 +76,7 @@ void printJsonOutcome(const ReadOutcome& outcome)
 {
     const AddressRange& range = outcome.tag.range;
     QJsonObject json;
-    json[QLatin1String("event")] = QLatin1String("read");
+    json[QLatin1String("event")] = QStringLiteral("read");
     json[QLatin1String("station")] = range.station;
     json[QLatin1String("address")] = addressText(range.type, range.address);
     json[QLatin1String("count")] = range.values;
@@ -114,12 +114,12 @@ int runRead(const QStringList& arguments)
     addConnectionOptions(&parser);
     addTagsOption(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     ConnectionOptions options;
     QList<Tag> tags;
     QString error;
-    if (!readOptions(parser, &options, &tags, &error))
+    if (!parseOptions(parser, &options, &tags, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return read(options, tags);
 }

@@ -3,7 +3,7 @@
 #include "addresses/request_limits.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/run_to_end.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/recipe_progress.h"
@@ -57,7 +57,7 @@ struct RecipeOptions {
 bool takeDirection(const QStringList& arguments, RecipeOptions* options, QString* error)
 {
     const QString direction = arguments.value(0);
-    const bool isDownload = direction == QLatin1String("download");
+    const bool isDownload = direction == QStringLiteral("download");
     if (!isDownload && direction != QLatin1String("upload")) {
         *error = QStringLiteral("write recipe download FILE.csv or recipe upload FILE.csv");
         return false;
@@ -90,10 +90,10 @@ bool takeRecipe(RecipeOptions* options, QString* error)
     return isGood;
 }
 
-bool readOptions(const QCommandLineParser& parser, RecipeOptions* options, QString* error)
+bool parseOptions(const QCommandLineParser& parser, RecipeOptions* options, QString* error)
 {
     int& maxWords = options->connection.session.maxWords;
-    if (!readConnectionOptions(parser, &options->connection, error)
+    if (!parseConnectionOptions(parser, &options->connection, error)
         || !takeDirection(parser.positionalArguments(), options, error))
         return false;
     maxWords = std::min(maxWords, MOST_REGISTERS_PER_WRITE);
@@ -143,10 +143,10 @@ void printSummary(const RecipeJob& transfer, const RecipeOptions& options,
     const bool isUpload = options.direction == RecipeDirection::Upload;
     const int rows = static_cast<int>(options.file.rows().size());
     if (!options.connection.json) {
-        printLine(QStringLiteral("%1 %2 in %3")
-                      .arg(counted(rows, "value", "values"),
-                           QLatin1String(isUpload ? "uploaded" : "downloaded"),
-                           counted(transfer.blocks(), "block", "blocks")));
+        say(QStringLiteral("%1 %2 in %3")
+                .arg(counted(rows, "value", "values"),
+                     QLatin1String(isUpload ? "uploaded" : "downloaded"),
+                     counted(transfer.blocks(), "block", "blocks")));
         return;
     }
     QJsonObject json;
@@ -212,11 +212,11 @@ int runRecipe(const QStringList& arguments)
     QCommandLineParser parser;
     addConnectionOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     RecipeOptions options;
     QString error;
-    if (!readOptions(parser, &options, &error))
+    if (!parseOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return transferRecipe(options);
 }

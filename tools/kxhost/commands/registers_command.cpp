@@ -1,7 +1,7 @@
 #include "kxhost/commands/commands.h"
 
 #include "kxhost/commands/connection.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/options/offline_options.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
@@ -28,7 +28,7 @@ bool selectRows(const QStringList& types, QList<CatalogueRow>* rows, QString* er
     for (const QString& type : types) {
         if (findRegisterType(type))
             continue;
-        *error = QString::fromLatin1("unknown register type '%1'; the types are %2")
+        *error = QStringLiteral("unknown register type '%1'; the types are %2")
                      .arg(type, registerTypeNames());
         return false;
     }
@@ -44,8 +44,8 @@ bool selectRows(const QStringList& types, QList<CatalogueRow>* rows, QString* er
 void show(const QList<CatalogueRow>& rows, bool json)
 {
     if (!json) {
-        for (const QString& line : catalogueLines(rows))
-            printLine(line);
+        for (const QString& line : catalogueRows(rows))
+            say(line);
         return;
     }
     for (const CatalogueRow& row : rows)
@@ -59,7 +59,7 @@ int runRegisters(const QStringList& arguments)
     QCommandLineParser parser;
     addOfflineOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     DriverEntryPoints entryPoints;
     exitCode = openDriver(askedLibrary(parser), &entryPoints);

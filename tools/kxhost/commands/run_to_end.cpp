@@ -17,8 +17,8 @@ void showFrames(const Session* session, const ConnectionOptions& options)
     QObject::connect(session, &Session::exchanged, session, [asJson](const ExchangeRecord& record) {
         if (asJson)
             return printJson(exchangeJson(record));
-        for (const QString& line : exchangeLines(record))
-            printLine(line);
+        for (const QString& line : exchangeRows(record))
+            say(line);
     });
 }
 

@@ -2,7 +2,7 @@
 
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/run_to_end.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/options/scan_stations.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
@@ -33,18 +33,18 @@ struct ScanOptions {
     QList<int> stations;
 };
 
-bool readOptions(const QCommandLineParser& parser, ScanOptions* options, QString* error)
+bool parseOptions(const QCommandLineParser& parser, ScanOptions* options, QString* error)
 {
     ConnectionOptions& connection = options->connection;
     if (!parser.positionalArguments().isEmpty()) {
-        *error = QString::fromLatin1("%1: unexpected; a scan takes --stations")
+        *error = QStringLiteral("%1: unexpected; a scan takes --stations")
                      .arg(parser.positionalArguments().first());
         return false;
     }
     for (const QString& option : UNUSED_OPTIONS) {
         if (parser.isSet(option)) {
-            *error = QString::fromLatin1("--%1: a scan has no use for it; it asks each station of "
-                                         "--stations once")
+            *error = QStringLiteral("--%1: a scan has no use for it; it asks each station of "
+                                    "--stations once")
                          .arg(option);
             return false;
         }
@@ -52,7 +52,7 @@ bool readOptions(const QCommandLineParser& parser, ScanOptions* options, QString
     if (!parseStations(parser.value(QLatin1String("stations")), &options->stations, error))
         return false;
     connection.session.exchange.replyTimeout = SHORT_TIMEOUT;
-    if (!readConnectionOptions(parser, &connection, error))
+    if (!parseConnectionOptions(parser, &connection, error))
         return false;
     connection.session.retries = 1;
     simulateStation(options->stations.first(), &connection);
@@ -74,7 +74,7 @@ public:
         if (m_json)
             printJson(scanJson(reply));
         else
-            printLine(scanLine(reply));
+            say(scanRow(reply));
     }
 
     void showProgress()
@@ -92,7 +92,7 @@ public:
                                   {QLatin1String("answered"), m_job.answered()},
                                   {QLatin1String("notAsked"), m_stations - m_job.asked()}});
         else
-            printLine(scanSummary(m_job.answered(), m_job.asked(), m_stations - m_job.asked()));
+            say(scanSummary(m_job.answered(), m_job.asked(), m_stations - m_job.asked()));
     }
 
 private:
@@ -137,11 +137,11 @@ int runScan(const QStringList& arguments)
                       QLatin1String("LIST"), QLatin1String(ALL_STATIONS)});
     addConnectionOptions(&parser, SHORT_TIMEOUT, UNUSED_OPTIONS);
     int exitCode = EXIT_FINE;
-    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     ScanOptions options;
     QString error;
-    if (!readOptions(parser, &options, &error))
+    if (!parseOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return scan(options);
 }

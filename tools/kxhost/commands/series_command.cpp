@@ -2,7 +2,7 @@
 
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/series_run.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/options/offline_options.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
@@ -46,24 +46,24 @@ void addOptions(QCommandLineParser* parser)
 bool takeStart(const QStringList& addresses, AddressRange* start, QString* error)
 {
     if (addresses.size() != 1) {
-        *error = QLatin1String("name one address to start from, such as D100");
+        *error = QStringLiteral("name one address to start from, such as D100");
         return false;
     }
     const QString& address = addresses.first();
     if (address.contains(QLatin1Char(':')) || address.contains(QLatin1Char('@'))) {
-        *error = QString::fromLatin1("%1: a series starts from one address, without count or "
-                                     "station")
+        *error = QStringLiteral("%1: a series starts from one address, without count or "
+                                "station")
                      .arg(address);
         return false;
     }
     return parseAddressRange(address, start, error);
 }
 
-bool readOptions(const QCommandLineParser& parser, SeriesOptions* options, QString* error)
+bool parseOptions(const QCommandLineParser& parser, SeriesOptions* options, QString* error)
 {
     return takeStart(parser.positionalArguments(), &options->start, error)
-           && takeNumber(parser, "count", 1, MOST_COPIES, &options->count, error)
-           && takeNumber(parser, "step", -LONGEST_STEP, LONGEST_STEP, &options->step, error);
+           && parseNumber(parser, "count", 1, MOST_COPIES, &options->count, error)
+           && parseNumber(parser, "step", -LONGEST_STEP, LONGEST_STEP, &options->step, error);
 }
 
 void show(const Series& series, bool json)
@@ -72,8 +72,8 @@ void show(const Series& series, bool json)
         for (const SeriesRow& row : series.rows)
             printJson(seriesJson(series.type, row));
     } else {
-        for (const QString& line : seriesLines(series))
-            printLine(line);
+        for (const QString& line : seriesRows(series))
+            say(line);
     }
     const QString notice = seriesNotice(series);
     if (!notice.isEmpty())
@@ -87,11 +87,11 @@ int runSeries(const QStringList& arguments)
     QCommandLineParser parser;
     addOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     SeriesOptions options;
     QString error;
-    if (!readOptions(parser, &options, &error))
+    if (!parseOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     DriverEntryPoints entryPoints;
     exitCode = openDriver(askedLibrary(parser), &entryPoints);

@@ -12,11 +12,6 @@ namespace
 
 const int SOME_CLAMPED = 2; // the driver's result
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 SeriesPlace placeOf(const RegisterType* type, qint64 asked, int result)
 {
     if (result == SOME_CLAMPED && asked > highestAddress(type))
@@ -59,8 +54,8 @@ Series askForSeries(const DriverEntryPoints& entryPoints, const AddressRange& st
 {
     QVector<QString> texts;
     QVector<int> numbers;
-    const int result =
-        entryPoints.multiCopy(text(start.type->name), start.address, count, step, texts, numbers);
+    const int result = entryPoints.multiCopy(QString::fromLatin1(start.type->name), start.address,
+                                             count, step, texts, numbers);
     Series series;
     series.type = start.type;
     for (int i = 0; i < static_cast<int>(numbers.size()); ++i) {
@@ -70,42 +65,43 @@ Series askForSeries(const DriverEntryPoints& entryPoints, const AddressRange& st
     return series;
 }
 
-QStringList seriesLines(const Series& series)
+QStringList seriesRows(const Series& series)
 {
     QList<QStringList> rows;
     for (const SeriesRow& row : series.rows) {
         const bool exists = row.place != SeriesPlace::BelowLowest;
-        rows << QStringList{text(series.type->name) + row.digits, text("number %1").arg(row.number),
+        rows << QStringList{QString::fromLatin1(series.type->name) + row.digits,
+                            QStringLiteral("number %1").arg(row.number),
                             exists ? modbusText(series.type, spansOf(series.type, row)) : QString(),
-                            text(placeName(row.place))};
+                            QString::fromLatin1(placeName(row.place))};
     }
     return alignedRows(rows);
 }
 
 QJsonObject seriesJson(const RegisterType* type, const SeriesRow& row)
 {
-    QJsonObject json{{text("address"), text(type->name) + row.digits},
-                     {text("number"), row.number},
-                     {text("clamped"), row.place == SeriesPlace::Clamped},
-                     {text("belowLowest"), row.place == SeriesPlace::BelowLowest}};
+    QJsonObject json{{QStringLiteral("address"), QString::fromLatin1(type->name) + row.digits},
+                     {QStringLiteral("number"), row.number},
+                     {QStringLiteral("clamped"), row.place == SeriesPlace::Clamped},
+                     {QStringLiteral("belowLowest"), row.place == SeriesPlace::BelowLowest}};
     if (row.place != SeriesPlace::BelowLowest)
-        json[text("modbus")] = modbusJson(spansOf(type, row));
+        json[QStringLiteral("modbus")] = modbusJson(spansOf(type, row));
     return json;
 }
 
 QString seriesNotice(const Series& series)
 {
-    const QString type = text(series.type->name);
+    const QString type = QString::fromLatin1(series.type->name);
     QStringList notices;
     if (const int clamped = countOf(series, SeriesPlace::Clamped))
-        notices << text("past %1 and replaced by it: %2 of %3 addresses")
-                       .arg(type + text(series.type->highest), QString::number(clamped),
-                            QString::number(series.rows.size()));
+        notices << QStringLiteral("past %1 and replaced by it: %2 of %3 addresses")
+                       .arg(type + QString::fromLatin1(series.type->highest),
+                            QString::number(clamped), QString::number(series.rows.size()));
     if (const int below = countOf(series, SeriesPlace::BelowLowest))
-        notices << text("below %1, the lowest: %2 of %3 addresses")
-                       .arg(type + text(series.type->lowest), QString::number(below),
+        notices << QStringLiteral("below %1, the lowest: %2 of %3 addresses")
+                       .arg(type + QString::fromLatin1(series.type->lowest), QString::number(below),
                             QString::number(series.rows.size()));
-    return notices.join(text("; "));
+    return notices.join(QStringLiteral("; "));
 }
 
 } // namespace kx

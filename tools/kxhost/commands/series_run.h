@@ -31,7 +31,7 @@ Series askForSeries(const DriverEntryPoints& entryPoints, const AddressRange& st
                     int step);
 
 /// A line per address: "X374  number 252  coil 1452".
-QStringList seriesLines(const Series& series);
+QStringList seriesRows(const Series& series);
 QJsonObject seriesJson(const RegisterType* type, const SeriesRow& row);
 
 /// "2 of 4 addresses lie past X377 and were replaced by it"; empty when all are as

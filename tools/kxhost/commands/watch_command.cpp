@@ -4,13 +4,13 @@
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/prompt_writer.h"
 #include "kxhost/commands/watch_run.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/options/tags_arguments.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/terminal/interrupt.h"
-#include "kxhost/views/line_views.h"
 #include "kxhost/views/live_view.h"
+#include "kxhost/views/printed_views.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -52,7 +52,7 @@ bool prepareRanges(WatchOptions* options, QString* error)
         if (!simulated.contains(range.station))
             simulated << range.station;
         if (addressesPerRead(range.type, options->connection.session.maxWords) < 1) {
-            *error = QString::fromLatin1("%1: %2").arg(
+            *error = QStringLiteral("%1: %2").arg(
                 addressText(range.type, range.address),
                 tooLongText(range.type, options->connection.session.maxWords));
             return false;
@@ -61,15 +61,15 @@ bool prepareRanges(WatchOptions* options, QString* error)
     return true;
 }
 
-bool readOptions(const QCommandLineParser& parser, WatchOptions* options, QString* error)
+bool parseOptions(const QCommandLineParser& parser, WatchOptions* options, QString* error)
 {
-    if (!readConnectionOptions(parser, &options->connection, error)
-        || !takeNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
-                       error)
-        || !readTagArguments(parser, options->connection.station, &options->tags, error))
+    if (!parseConnectionOptions(parser, &options->connection, error)
+        || !parseNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
+                        error)
+        || !parseTagArguments(parser, options->connection.station, &options->tags, error))
         return false;
     if (options->tags.isEmpty())
-        *error = QLatin1String("nothing to watch; name addresses such as D100:4, or a tags file");
+        *error = QStringLiteral("nothing to watch; name addresses such as D100:4, or a tags file");
     return !options->tags.isEmpty() && prepareRanges(options, error);
 }
 
@@ -139,11 +139,11 @@ int runWatch(const QStringList& arguments)
     parser.addOption({QLatin1String("cycles"), QLatin1String("End after so many cycles."),
                       QLatin1String("COUNT")});
     int exitCode = EXIT_FINE;
-    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     WatchOptions options;
     QString error;
-    if (!readOptions(parser, &options, &error))
+    if (!parseOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return watch(options);
 }

@@ -8,8 +8,8 @@ WatchRun::WatchRun(Session* session, const QList<Tag>& tags, qint64 cycles, Watc
 {
     m_watch.setTags(tags);
     view->attach(&m_watch);
-    connect(&m_watch, &Watch::cycleFinished, this, &WatchRun::takeCycle);
-    connect(&m_watch, &Watch::lineLost, this, &WatchRun::loseLine);
+    connect(&m_watch, &Watch::cycleFinished, this, &WatchRun::onCycle);
+    connect(&m_watch, &Watch::lineLost, this, &WatchRun::onLineLost);
 }
 
 void WatchRun::start()
@@ -27,7 +27,7 @@ void WatchRun::finish()
     emit finished();
 }
 
-void WatchRun::takeCycle(qint64 cycles)
+void WatchRun::onCycle(qint64 cycles)
 {
     if (m_cycleLimit == 0 || cycles < m_cycleLimit)
         return;
@@ -36,7 +36,7 @@ void WatchRun::takeCycle(qint64 cycles)
     QMetaObject::invokeMethod(this, &WatchRun::finish, Qt::QueuedConnection);
 }
 
-void WatchRun::loseLine(const Failure& failure)
+void WatchRun::onLineLost(const Failure& failure)
 {
     // The view gives the terminal back first.
     finish();

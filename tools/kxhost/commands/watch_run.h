@@ -28,8 +28,8 @@ signals:
     void lineLost(const QString& error);
 
 private:
-    void takeCycle(qint64 cycles);
-    void loseLine(const Failure& failure);
+    void onCycle(qint64 cycles);
+    void onLineLost(const Failure& failure);
 
     Session* m_session;
     Watch m_watch;

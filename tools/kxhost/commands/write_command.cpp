@@ -4,7 +4,7 @@
 #include "addresses/write_pieces.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/run_to_end.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "panel/jobs/write_job.h"
@@ -48,10 +48,10 @@ bool takeAssignment(const QString& text, ConnectionOptions* options, Assignment*
     return true;
 }
 
-bool readOptions(const QCommandLineParser& parser, ConnectionOptions* options,
-                 QList<Assignment>* assignments, QString* error)
+bool parseOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                  QList<Assignment>* assignments, QString* error)
 {
-    if (!readConnectionOptions(parser, options, error))
+    if (!parseConnectionOptions(parser, options, error))
         return false;
     for (const QString& text : parser.positionalArguments()) {
         Assignment assignment;
@@ -87,9 +87,9 @@ void printText(const WriteOutcome& outcome)
         outcome.failure.isNone()
             ? QStringLiteral("confirmed")
             : QStringLiteral("failed: ") + outcome.failure.text + confirmedPart(outcome);
-    printLine(QStringLiteral("%1 %2=%3 %4")
-                  .arg(QString::number(range.station), addressText(range.type, range.address),
-                       valuesText(outcome.assignment.values), result));
+    say(QStringLiteral("%1 %2=%3 %4")
+            .arg(QString::number(range.station), addressText(range.type, range.address),
+                 valuesText(outcome.assignment.values), result));
 }
 
 void printJsonOutcome(const WriteOutcome& outcome)
@@ -99,7 +99,7 @@ void printJsonOutcome(const WriteOutcome& outcome)
         values.append(value);
     const AddressRange& range = outcome.assignment.range;
     QJsonObject json;
-    json[QLatin1String("event")] = QLatin1String("write");
+    json[QLatin1String("event")] = QStringLiteral("write");
     json[QLatin1String("station")] = range.station;
     json[QLatin1String("address")] = addressText(range.type, range.address);
     json[QLatin1String("values")] = values;
@@ -130,12 +130,12 @@ int runWrite(const QStringList& arguments)
     QCommandLineParser parser;
     addConnectionOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommandLine(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     ConnectionOptions options;
     QList<Assignment> assignments;
     QString error;
-    if (!readOptions(parser, &options, &assignments, &error))
+    if (!parseOptions(parser, &options, &assignments, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return write(options, assignments);
 }

@@ -1,7 +1,7 @@
 #include "kxhost/options/connection_options.h"
 
 #include "addresses/request_limits.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 
 #include <QtNetwork/QHostAddress>
 
@@ -88,30 +88,31 @@ bool takeGateway(const QCommandLineParser& parser, ConnectionOptions* options, Q
     const QString text = valueOf(parser, "tcp");
     if (parseGatewayAddress(text, &options->gateway))
         return true;
-    *error = QString::fromLatin1("--tcp %1: must be HOST or HOST:PORT").arg(text);
+    *error = QStringLiteral("--tcp %1: must be HOST or HOST:PORT").arg(text);
     if (QHostAddress(text).protocol() == QAbstractSocket::IPv6Protocol)
-        *error += QString::fromLatin1("; write an IPv6 address in brackets, [%1]").arg(text);
+        *error += QStringLiteral("; write an IPv6 address in brackets, [%1]").arg(text);
     return false;
 }
 
 bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     SessionSettings& session = options->session;
-    return takeStation(parser, &options->station, error)
-           && takeNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
-                         error, "milliseconds")
-           && takeNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error,
-                         "milliseconds")
-           && takeNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error,
-                         "milliseconds")
-           && takeNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
-           && takeNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &session.maxWords, error);
+    return parseStationOption(parser, &options->station, error)
+           && parseNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
+                          error, "milliseconds")
+           && parseNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error,
+                          "milliseconds")
+           && parseNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error,
+                          "milliseconds")
+           && parseNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
+           && parseNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &session.maxWords,
+                          error);
 }
 
 bool takePatience(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     int seconds = 0;
-    if (!takeNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error, "seconds"))
+    if (!parseNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error, "seconds"))
         return false;
     options->patience = seconds * MILLISECONDS_PER_SECOND;
     return true;
@@ -121,7 +122,7 @@ bool takeFaults(const QCommandLineParser& parser, ConnectionOptions* options, QS
 {
     for (const char* const option : {"fault", "fault-seed", "fault-delay"}) {
         if (isSet(parser, option) && !options->simulate) {
-            *error = QString::fromLatin1("--%1 needs --simulate; kxsim has the same option")
+            *error = QStringLiteral("--%1 needs --simulate; kxsim has the same option")
                          .arg(QLatin1String(option));
             return false;
         }
@@ -131,12 +132,12 @@ bool takeFaults(const QCommandLineParser& parser, ConnectionOptions* options, QS
             return false;
     }
     return (!isSet(parser, "fault-seed")
-            || kxsim::takeFaultSeed(valueOf(parser, "fault-seed"), &options->faults, error))
+            || kxsim::parseFaultSeed(valueOf(parser, "fault-seed"), &options->faults, error))
            && (!isSet(parser, "fault-delay")
-               || kxsim::takeFaultDelay(valueOf(parser, "fault-delay"), &options->faults, error));
+               || kxsim::parseFaultDelay(valueOf(parser, "fault-delay"), &options->faults, error));
 }
 
-bool takeLine(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+bool takeRowOf(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     options->port = valueOf(parser, "port");
     options->simulate = isSet(parser, "simulate");
@@ -166,14 +167,14 @@ void addConnectionOptions(QCommandLineParser* parser, int timeout, const QString
     }
 }
 
-bool readConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
-                           QString* error)
+bool parseConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                            QString* error)
 {
     options->library = valueOf(parser, "library");
     options->frames = isSet(parser, "frames");
     options->json = isSet(parser, "json");
     return takeCharacters(parser, options, error) && takeNumbers(parser, options, error)
-           && takeGateway(parser, options, error) && takeLine(parser, options, error)
+           && takeGateway(parser, options, error) && takeRowOf(parser, options, error)
            && takePatience(parser, options, error) && takeFaults(parser, options, error);
 }
 

@@ -33,8 +33,8 @@ void addConnectionOptions(QCommandLineParser* parser, int timeout = 1000,
 
 /// Reads them. False and one line in `*error` when a value is wrong, or when not
 /// exactly one of --port, --tcp and --simulate is given.
-bool readConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
-                           QString* error);
+bool parseConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                            QString* error);
 
 } // namespace kx
 

@@ -1,7 +1,7 @@
 #include "kxhost/options/plan_options.h"
 
 #include "addresses/request_limits.h"
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/options/tags_arguments.h"
 #include "panel/plan/plan_request.h"
 
@@ -31,19 +31,15 @@ const char* const OPTIONS[][3] = {
      "COUNT"},
 };
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 bool takeTurnaround(const QCommandLineParser& parser, qint64* turnaround, QString* error)
 {
-    if (!parser.isSet(text("turnaround")))
+    if (!parser.isSet(QStringLiteral("turnaround")))
         return true;
-    const QString value = parser.value(text("turnaround"));
+    const QString value = parser.value(QStringLiteral("turnaround"));
     if (parseDuration(value, turnaround))
         return true;
-    *error = text("--turnaround %1: must be a time from 0 to 60s, such as 5ms or 800us").arg(value);
+    *error = QStringLiteral("--turnaround %1: must be a time from 0 to 60s, such as 5ms or 800us")
+                 .arg(value);
     return false;
 }
 
@@ -52,32 +48,35 @@ bool takeTurnaround(const QCommandLineParser& parser, qint64* turnaround, QStrin
 void addPlanOptions(QCommandLineParser* parser)
 {
     for (const auto& option : OPTIONS)
-        parser->addOption(
-            {text(option[0]).split(QLatin1Char(',')), text(option[1]), text(option[2])});
+        parser->addOption({QString::fromLatin1(option[0]).split(QLatin1Char(',')),
+                           QString::fromLatin1(option[1]), QString::fromLatin1(option[2])});
     addTagsOption(parser);
 }
 
-bool readPlanOptions(const QCommandLineParser& parser, PlanOptions* options, QString* error)
+bool parsePlanOptions(const QCommandLineParser& parser, PlanOptions* options, QString* error)
 {
     LineTiming& line = options->timing.line;
     int station = 1;
     char parity = 'N';
-    if (!takeTiming(parser, &line, &parity, error) || !takeStation(parser, &station, error)
-        || !takeNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &options->maxWords, error)
+    if (!takeTiming(parser, &line, &parity, error) || !parseStationOption(parser, &station, error)
+        || !parseNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &options->maxWords, error)
         || !takeTurnaround(parser, &options->timing.turnaround, error)
-        || !readWatchedRanges(parser, station, &options->watched, error))
+        || !parseWatchedRanges(parser, station, &options->watched, error))
         return false;
     if (options->watched.isEmpty())
-        *error = text("nothing to plan; name addresses such as D100:4, or a tags file");
+        *error = QStringLiteral("nothing to plan; name addresses such as D100:4, or a tags file");
     return !options->watched.isEmpty();
 }
 
 bool parseDuration(const QString& duration, qint64* microseconds)
 {
-    static const QRegularExpression pattern(text("\\A([0-9]+(?:\\.[0-9]+)?) ?(us|ms|s)?\\z"));
+    static const QRegularExpression pattern(
+        QStringLiteral("\\A([0-9]+(?:\\.[0-9]+)?) ?(us|ms|s)?\\z"));
     const QRegularExpressionMatch match = pattern.match(duration);
     const QString unit = match.captured(2);
-    const double scale = unit == text("us") ? 1.0 : unit == text("s") ? 1e6 : 1e3;
+    const double scale = unit == QStringLiteral("us")  ? 1.0
+                         : unit == QStringLiteral("s") ? 1e6
+                                                       : 1e3;
     const double value = match.captured(1).toDouble() * scale;
     if (!match.hasMatch() || value > LONGEST_TURNAROUND)
         return false;

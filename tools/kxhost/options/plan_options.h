@@ -22,7 +22,7 @@ void addPlanOptions(QCommandLineParser* parser);
 
 /// Reads them. False and one line in `*error` when a value is wrong, or when
 /// nothing is to be watched.
-bool readPlanOptions(const QCommandLineParser& parser, PlanOptions* options, QString* error);
+bool parsePlanOptions(const QCommandLineParser& parser, PlanOptions* options, QString* error);
 
 /// "5ms", "5", "2.5 ms", "800us" or "0.1s" as microseconds, at most a minute; false
 /// for anything else. A bare number is milliseconds.

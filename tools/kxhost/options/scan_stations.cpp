@@ -35,8 +35,8 @@ bool parseStations(const QString& text, QList<int>* stations, QString* error)
         if (takePart(part, &found))
             continue;
         *error =
-            QString::fromLatin1("--stations %1: '%2' is not a station (%3 to %4) or a range "
-                                "such as 1-20")
+            QStringLiteral("--stations %1: '%2' is not a station (%3 to %4) or a range "
+                           "such as 1-20")
                 .arg(text, part, QString::number(LOWEST_STATION), QString::number(HIGHEST_STATION));
         return false;
     }

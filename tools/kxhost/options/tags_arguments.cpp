@@ -19,7 +19,7 @@ bool isFileName(const QString& argument)
 bool takeFile(const QString& path, QList<Tag>* tags, QString* error)
 {
     if (path.isEmpty()) {
-        *error = QLatin1String("--tags: the name of the file is missing");
+        *error = QStringLiteral("--tags: the name of the file is missing");
         return false;
     }
     QList<Tag> loaded;
@@ -48,8 +48,8 @@ void addTagsOption(QCommandLineParser* parser)
                        QLatin1String("FILE")});
 }
 
-bool readTagArguments(const QCommandLineParser& parser, int station, QList<Tag>* tags,
-                      QString* error)
+bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>* tags,
+                       QString* error)
 {
     for (const QString& path : parser.values(QLatin1String(TAGS_OPTION))) {
         if (!takeFile(path, tags, error))
@@ -66,11 +66,11 @@ bool readTagArguments(const QCommandLineParser& parser, int station, QList<Tag>*
     return true;
 }
 
-bool readWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,
-                       QString* error)
+bool parseWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,
+                        QString* error)
 {
     QList<Tag> tags;
-    if (!readTagArguments(parser, station, &tags, error))
+    if (!parseTagArguments(parser, station, &tags, error))
         return false;
     *ranges << rangesOf(tags);
     return true;

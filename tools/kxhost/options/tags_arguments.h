@@ -17,12 +17,12 @@ void addTagsOption(QCommandLineParser* parser);
 /// A typed address is a tag with an empty name. Tags that name no station get
 /// `station`.
 /// @return false and one line in `*error` when an address or a file is wrong
-bool readTagArguments(const QCommandLineParser& parser, int station, QList<Tag>* tags,
-                      QString* error);
+bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>* tags,
+                       QString* error);
 
 /// The same without the names.
-bool readWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,
-                       QString* error);
+bool parseWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,
+                        QString* error);
 
 } // namespace kx
 

@@ -40,7 +40,7 @@ QString outputFailure()
         .arg(QString::fromLocal8Bit(std::strerror(outputError)));
 }
 
-void printLine(const QString& line)
+void say(const QString& line)
 {
     print(printableText(line) + QLatin1Char('\n'));
 }

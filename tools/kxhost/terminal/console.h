@@ -12,14 +12,14 @@ namespace kx
 /// fails, nothing more is written and the command is interrupted, as by Ctrl-C.
 void print(const QString& text);
 /// One line, in which no character controls the terminal: see printableText().
-void printLine(const QString& line);
+void say(const QString& line);
 /// One object on one line.
 void printJson(const QJsonObject& object);
 
 /// Why standard output could not be written; empty when all went well.
 QString outputFailure();
 
-/// Writes "kxhost: MESSAGE" to standard error, as printLine(); returns `exitCode`.
+/// Writes "kxhost: MESSAGE" to standard error, as say(); returns `exitCode`.
 int complain(const QString& message, int exitCode);
 
 bool isStandardInputTerminal();

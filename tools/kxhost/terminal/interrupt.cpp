@@ -48,7 +48,7 @@ Interrupt::Interrupt(QObject* parent) : QObject(parent)
     if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
         return;
     m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
-    connect(m_notifier.get(), &QSocketNotifier::activated, this, &Interrupt::takeSignal);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &Interrupt::onSignal);
     setHandlers(writeToPipe);
 }
 
@@ -67,7 +67,7 @@ void Interrupt::request()
         writeToPipe(0);
 }
 
-void Interrupt::takeSignal()
+void Interrupt::onSignal()
 {
     m_notifier->setEnabled(false);
     setHandlers(SIG_DFL);

@@ -27,7 +27,7 @@ signals:
     void interrupted();
 
 private:
-    void takeSignal();
+    void onSignal();
 
     std::unique_ptr<QSocketNotifier> m_notifier;
 };

@@ -26,7 +26,7 @@ public:
     int width() const;
     int height() const;
 
-    /// Draws lines over what was shown before; see printLine() for controls in them.
+    /// Draws lines over what was shown before; see say() for controls in them.
     void draw(const QStringList& lines);
 
 private:

@@ -11,11 +11,6 @@ namespace
 
 const int MOST_VALUES = 65536;
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 bool isWordTag(const RegisterType* type, const CheckedTag& tag)
 {
     if (tag.kind != TagKind::AsRegister)
@@ -25,9 +20,10 @@ bool isWordTag(const RegisterType* type, const CheckedTag& tag)
 
 QString kindFault(const RegisterType* type)
 {
-    return type->registerClass == BIT_CLASS
-               ? text("%1 holds bits and suits no word tag").arg(text(type->name))
-               : text("%1 holds words and suits no bit tag").arg(text(type->name));
+    return type->registerClass == BIT_CLASS ? QStringLiteral("%1 holds bits and suits no word tag")
+                                                  .arg(QString::fromLatin1(type->name))
+                                            : QStringLiteral("%1 holds words and suits no bit tag")
+                                                  .arg(QString::fromLatin1(type->name));
 }
 
 /// @param parserFault what the parser says; empty when it takes the address
@@ -38,9 +34,10 @@ QString faultOf(int code, const AddressRange& range, const CheckedTag& tag,
     case ADDRESS_KIND_MISMATCH:
         return kindFault(range.type);
     case ADDRESS_DATA_TYPE_REFUSED:
-        return text("data type %1 is not allowed on 32CV, only 1, 3, 5, 6 and 9").arg(tag.dataType);
+        return QStringLiteral("data type %1 is not allowed on 32CV, only 1, 3, 5, 6 and 9")
+            .arg(tag.dataType);
     case ADDRESS_ACCESS_REFUSED:
-        return text("access code %1 is refused; X addresses are inputs").arg(tag.access);
+        return QStringLiteral("access code %1 is refused; X addresses are inputs").arg(tag.access);
     default:
         break;
     }
@@ -48,9 +45,9 @@ QString faultOf(int code, const AddressRange& range, const CheckedTag& tag,
         return parserFault;
     // The driver counts registers and keeps the last 32CV from being the second of two.
     if (code == ADDRESS_OUT_OF_RANGE)
-        return text("%1 values run past the last address; the addresses are %2")
+        return QStringLiteral("%1 values run past the last address; the addresses are %2")
             .arg(QString::number(range.values), addressesOf(range.type));
-    return text("the driver answers with code %1").arg(code);
+    return QStringLiteral("the driver answers with code %1").arg(code);
 }
 
 int askDriver(const DriverEntryPoints& entryPoints, const AddressParts& parts,
@@ -76,9 +73,9 @@ CheckAnswer checkAddress(const DriverEntryPoints& entryPoints, const QString& ty
     CheckAnswer answer;
     answer.typed = typed;
     QString parserFault;
-    const bool isAddress = readAddress(typed, &answer.range, &parserFault);
+    const bool isAddress = parseAddress(typed, &answer.range, &parserFault);
     AddressParts parts;
-    if (splitAddress(typed, &parts))
+    if (parseAddressParts(typed, &parts))
         answer.code = askDriver(entryPoints, parts, answer.range, tag);
     // The driver takes blanks and signs, and knows no station; people mistype them.
     if (!isAddress && answer.code == ADDRESS_VALID)
@@ -88,16 +85,16 @@ CheckAnswer checkAddress(const DriverEntryPoints& entryPoints, const QString& ty
     return answer;
 }
 
-QString answerLine(const CheckAnswer& answer)
+QString answerRow(const CheckAnswer& answer)
 {
     if (!answer.isValid())
         return faultyText(answer.typed, answer.fault);
     const AddressRange& range = answer.range;
-    const QString numbers =
-        range.values == 1
-            ? text("number %1").arg(range.address)
-            : text("numbers %1 to %2").arg(range.address).arg(range.address + range.values - 1);
-    return text("%1: valid; %2, %3, read with function %4")
+    const QString numbers = range.values == 1 ? QStringLiteral("number %1").arg(range.address)
+                                              : QStringLiteral("numbers %1 to %2")
+                                                    .arg(range.address)
+                                                    .arg(range.address + range.values - 1);
+    return QStringLiteral("%1: valid; %2, %3, read with function %4")
         .arg(answer.typed, numbers, modbusText(range.type, modbusSpans(range)),
              QString::number(readFunction(range.type)));
 }
@@ -105,21 +102,21 @@ QString answerLine(const CheckAnswer& answer)
 QJsonObject answerJson(const CheckAnswer& answer)
 {
     QJsonObject json;
-    json[text("address")] = answer.typed;
-    json[text("valid")] = answer.isValid();
+    json[QStringLiteral("address")] = answer.typed;
+    json[QStringLiteral("valid")] = answer.isValid();
     if (answer.code >= 0)
-        json[text("code")] = answer.code;
+        json[QStringLiteral("code")] = answer.code;
     if (!answer.isValid()) {
-        json[text("fault")] = answer.fault;
+        json[QStringLiteral("fault")] = answer.fault;
         return json;
     }
-    json[text("type")] = text(answer.range.type->name);
-    json[text("number")] = answer.range.address;
-    json[text("count")] = answer.range.values;
+    json[QStringLiteral("type")] = QString::fromLatin1(answer.range.type->name);
+    json[QStringLiteral("number")] = answer.range.address;
+    json[QStringLiteral("count")] = answer.range.values;
     if (answer.range.station >= 0)
-        json[text("station")] = answer.range.station;
-    json[text("function")] = readFunction(answer.range.type);
-    json[text("modbus")] = modbusJson(modbusSpans(answer.range));
+        json[QStringLiteral("station")] = answer.range.station;
+    json[QStringLiteral("function")] = readFunction(answer.range.type);
+    json[QStringLiteral("modbus")] = modbusJson(modbusSpans(answer.range));
     return json;
 }
 

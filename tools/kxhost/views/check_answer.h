@@ -38,7 +38,7 @@ CheckAnswer checkAddress(const DriverEntryPoints& entryPoints, const QString& ty
                          const CheckedTag& tag);
 
 /// "X377: valid; number 255, coil 1455, read with function 1".
-QString answerLine(const CheckAnswer& answer);
+QString answerRow(const CheckAnswer& answer);
 QJsonObject answerJson(const CheckAnswer& answer);
 
 } // namespace kx

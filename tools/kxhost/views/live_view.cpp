@@ -22,9 +22,9 @@ LiveView::LiveView(const QString& lineTitle)
     connect(&m_redraw, &QTimer::timeout, this, &LiveView::redraw);
     if (!m_terminal->takesKeys())
         return;
-    m_message = QLatin1String("Type an assignment such as D100=5 and press Enter; Ctrl-C ends.");
+    m_message = QStringLiteral("Type an assignment such as D100=5 and press Enter; Ctrl-C ends.");
     m_keys = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
-    connect(m_keys.get(), &QSocketNotifier::activated, this, &LiveView::readKeys);
+    connect(m_keys.get(), &QSocketNotifier::activated, this, &LiveView::onKeys);
 }
 
 void LiveView::attach(const Watch* watch)
@@ -64,13 +64,13 @@ void LiveView::showSummary(const WatchSummary& summary)
     m_terminal.reset();
     const WatchList& list = m_watch->list();
     QStringList lines =
-        tableLines(list.entries(), list.longestName(), m_watch->now(), width, height);
-    lines += summaryLines(summary);
+        tableRows(list.entries(), list.longestName(), m_watch->now(), width, height);
+    lines += summaryRows(summary);
     for (const QString& line : lines)
-        printLine(line);
+        say(line);
 }
 
-void LiveView::readKeys()
+void LiveView::onKeys()
 {
     char bytes[256];
     const ssize_t count = read(STDIN_FILENO, bytes, sizeof bytes);
@@ -102,7 +102,7 @@ WatchScreen LiveView::screen() const
 void LiveView::redraw()
 {
     if (m_terminal && m_watch)
-        m_terminal->draw(screenLines(screen(), m_terminal->width(), m_terminal->height()));
+        m_terminal->draw(screenRows(screen(), m_terminal->width(), m_terminal->height()));
 }
 
 } // namespace kx

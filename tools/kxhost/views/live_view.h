@@ -1,7 +1,7 @@
 #ifndef KX_KXHOST_VIEWS_LIVE_VIEW_H
 #define KX_KXHOST_VIEWS_LIVE_VIEW_H
 
-#include "kxhost/terminal/prompt_line.h"
+#include "kxhost/terminal/prompt_input.h"
 #include "kxhost/terminal/terminal.h"
 #include "kxhost/views/watch_screen.h"
 #include "kxhost/views/watch_view.h"
@@ -39,14 +39,14 @@ protected:
     void showExchange(const ExchangeRecord& record) override;
 
 private:
-    void readKeys();
+    void onKeys();
     void redraw();
     WatchScreen screen() const;
 
     QString m_title;
     const Watch* m_watch = nullptr;
     QString m_message;
-    PromptLine m_prompt;
+    PromptInput m_prompt;
     std::unique_ptr<Terminal> m_terminal;
     std::unique_ptr<QSocketNotifier> m_keys;
     QTimer m_redraw;

@@ -11,25 +11,20 @@ namespace kx
 namespace
 {
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 QJsonObject costJson(const CycleCost& cost)
 {
-    return QJsonObject{{text("requests"), cost.requests},
-                       {text("bytesSent"), cost.bytesSent},
-                       {text("bytesExpected"), cost.bytesExpected},
-                       {text("durationUs"), cost.duration},
-                       {text("lineLoad"), cost.lineLoad()}};
+    return QJsonObject{{QStringLiteral("requests"), cost.requests},
+                       {QStringLiteral("bytesSent"), cost.bytesSent},
+                       {QStringLiteral("bytesExpected"), cost.bytesExpected},
+                       {QStringLiteral("durationUs"), cost.duration},
+                       {QStringLiteral("lineLoad"), cost.lineLoad()}};
 }
 
 QJsonObject lengthJson(const LengthResult& result)
 {
     QJsonObject json = costJson(result.cost);
-    json[text("maxWords")] = result.maxWords;
-    json[text("unread")] = result.unread;
+    json[QStringLiteral("maxWords")] = result.maxWords;
+    json[QStringLiteral("unread")] = result.unread;
     return json;
 }
 
@@ -38,27 +33,27 @@ QJsonObject requestJson(const PlannedRequest& request, const WatchedRanges& watc
 {
     const Coverage coverage = coverageOf(request, watched);
     const CycleCost cost = costOf(timing, 1, request.bytesSent, request.bytesExpected);
-    return QJsonObject{{text("station"), request.station},
-                       {text("first"), addressText(request.type, request.firstAddress())},
-                       {text("last"), addressText(request.type, request.lastAddress())},
-                       {text("function"), readFunction(request.type)},
-                       {text("modbus"), modbusNumber(request.type, request.address)},
-                       {text("count"), request.count},
-                       {text("asked"), coverage.askedCount},
-                       {text("bridged"), coverage.bridgedCount},
-                       {text("misread"), coverage.misreadCount},
-                       {text("tooLong"), request.isTooLong()},
-                       {text("bytesSent"), request.bytesSent},
-                       {text("bytesExpected"), request.bytesExpected},
-                       {text("durationUs"), cost.duration}};
+    return QJsonObject{{QStringLiteral("station"), request.station},
+                       {QStringLiteral("first"), addressText(request.type, request.firstAddress())},
+                       {QStringLiteral("last"), addressText(request.type, request.lastAddress())},
+                       {QStringLiteral("function"), readFunction(request.type)},
+                       {QStringLiteral("modbus"), modbusNumber(request.type, request.address)},
+                       {QStringLiteral("count"), request.count},
+                       {QStringLiteral("asked"), coverage.askedCount},
+                       {QStringLiteral("bridged"), coverage.bridgedCount},
+                       {QStringLiteral("misread"), coverage.misreadCount},
+                       {QStringLiteral("tooLong"), request.isTooLong()},
+                       {QStringLiteral("bytesSent"), request.bytesSent},
+                       {QStringLiteral("bytesExpected"), request.bytesExpected},
+                       {QStringLiteral("durationUs"), cost.duration}};
 }
 
 QJsonObject lineJson(const PlanTiming& timing)
 {
-    return QJsonObject{{text("baud"), timing.line.baud},
-                       {text("bitsPerCharacter"), timing.line.bitsPerCharacter()},
-                       {text("turnaroundUs"), timing.turnaround},
-                       {text("frameGapUs"), timing.line.frameGap()}};
+    return QJsonObject{{QStringLiteral("baud"), timing.line.baud},
+                       {QStringLiteral("bitsPerCharacter"), timing.line.bitsPerCharacter()},
+                       {QStringLiteral("turnaroundUs"), timing.turnaround},
+                       {QStringLiteral("frameGapUs"), timing.line.frameGap()}};
 }
 
 } // namespace
@@ -73,12 +68,12 @@ QJsonObject planJson(const Plan& plan, const QList<LengthResult>& lengths,
     for (const LengthResult& length : lengths)
         limits.append(lengthJson(length));
     const int best = bestOf(lengths);
-    return QJsonObject{{text("maxWords"), plan.maxWords},
-                       {text("line"), lineJson(timing)},
-                       {text("requests"), requests},
-                       {text("cycle"), lengthJson(resultOf(plan, watched, timing))},
-                       {text("best"), best < 0 ? 0 : lengths[best].maxWords},
-                       {text("limits"), limits}};
+    return QJsonObject{{QStringLiteral("maxWords"), plan.maxWords},
+                       {QStringLiteral("line"), lineJson(timing)},
+                       {QStringLiteral("requests"), requests},
+                       {QStringLiteral("cycle"), lengthJson(resultOf(plan, watched, timing))},
+                       {QStringLiteral("best"), best < 0 ? 0 : lengths[best].maxWords},
+                       {QStringLiteral("limits"), limits}};
 }
 
 } // namespace kx

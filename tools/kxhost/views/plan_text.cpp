@@ -20,21 +20,16 @@ namespace
 const int BAR_WIDTH = 64;
 const double MICROSECONDS = 1e6;
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 QString percentText(double share)
 {
-    return text("%1 %").arg(std::lround(share * 100));
+    return QStringLiteral("%1 %").arg(std::lround(share * 100));
 }
 
 QString addressesText(const PlannedRequest& request)
 {
     const QString first = addressText(request.type, request.firstAddress());
     const QString last = addressText(request.type, request.lastAddress());
-    return first == last ? first : text("%1 to %2").arg(first, last);
+    return first == last ? first : QStringLiteral("%1 to %2").arg(first, last);
 }
 
 /// The coils or registers that the request really reads.
@@ -60,18 +55,19 @@ std::vector<int> firstsLike(const QList<PlannedRequest>& requests)
 QString lengthWarning(const PlannedRequest& request)
 {
     const bool isBits = request.type->registerClass == BIT_CLASS;
-    return text("asks for %1 %2, but Modbus allows %3; the controller will refuse it")
-        .arg(QString::number(request.count), text(isBits ? "coils" : "registers"),
+    return QStringLiteral("asks for %1 %2, but Modbus allows %3; the controller will refuse it")
+        .arg(QString::number(request.count), QString::fromLatin1(isBits ? "coils" : "registers"),
              QString::number(isBits ? MOST_COILS_PER_READ : MOST_REGISTERS_PER_READ));
 }
 
 QString splitWarning(const PlannedRequest& request, const Coverage& coverage)
 {
     const RegisterType* const type = request.type;
-    return text("runs past the split of %1: %2 asked for from %3 on lie in the second Modbus "
-                "range, from %4 on, so the controller refuses the request or answers with "
-                "others; a lower limit keeps the ranges apart")
-        .arg(text(type->name), QString::number(coverage.misreadCount),
+    return QStringLiteral(
+               "runs past the split of %1: %2 asked for from %3 on lie in the second Modbus "
+               "range, from %4 on, so the controller refuses the request or answers with "
+               "others; a lower limit keeps the ranges apart")
+        .arg(QString::fromLatin1(type->name), QString::number(coverage.misreadCount),
              addressText(type, type->split), QString::number(modbusNumber(type, type->split)));
 }
 
@@ -79,21 +75,23 @@ QString splitWarning(const PlannedRequest& request, const Coverage& coverage)
 
 QString timeText(qint64 microseconds)
 {
-    return text("%1 ms").arg(QString::number(static_cast<double>(microseconds) / 1000.0, 'f', 1));
+    return QStringLiteral("%1 ms").arg(
+        QString::number(static_cast<double>(microseconds) / 1000.0, 'f', 1));
 }
 
 QString lineText(const PlanTiming& timing)
 {
-    return text("%1 baud, %2 bits per character, turnaround %3, frame gap %4")
+    return QStringLiteral("%1 baud, %2 bits per character, turnaround %3, frame gap %4")
         .arg(QString::number(timing.line.baud), QString::number(timing.line.bitsPerCharacter()),
              timeText(timing.turnaround), timeText(timing.line.frameGap()));
 }
 
-QStringList requestLines(const Plan& plan, const WatchedRanges& watched, const PlanTiming& timing)
+QStringList requestRows(const Plan& plan, const WatchedRanges& watched, const PlanTiming& timing)
 {
-    QList<QStringList> rows = {{text("#"), text("STATION"), text("ADDRESSES"), text("MODBUS"),
-                                text("ASKED"), text("BRIDGED"), text("BYTES OUT"), text("BYTES IN"),
-                                text("TIME")}};
+    QList<QStringList> rows = {
+        {QStringLiteral("#"), QStringLiteral("STATION"), QStringLiteral("ADDRESSES"),
+         QStringLiteral("MODBUS"), QStringLiteral("ASKED"), QStringLiteral("BRIDGED"),
+         QStringLiteral("BYTES OUT"), QStringLiteral("BYTES IN"), QStringLiteral("TIME")}};
     for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
         const PlannedRequest& request = plan.requests[i];
         const Coverage coverage = coverageOf(request, watched);
@@ -111,7 +109,7 @@ QStringList requestLines(const Plan& plan, const WatchedRanges& watched, const P
     return alignedRows(rows, {0, 1, 4, 5, 6, 7, 8});
 }
 
-QStringList pictureLines(const Plan& plan, const WatchedRanges& watched)
+QStringList pictureRows(const Plan& plan, const WatchedRanges& watched)
 {
     QList<QStringList> rows;
     for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
@@ -124,11 +122,11 @@ QStringList pictureLines(const Plan& plan, const WatchedRanges& watched)
     return alignedRows(rows, {0, 1});
 }
 
-QStringList warningLines(const Plan& plan, const WatchedRanges& watched)
+QStringList warningRows(const Plan& plan, const WatchedRanges& watched)
 {
     QStringList warnings;
     const auto warn = [&warnings](int index, const QString& what) {
-        warnings << text("request %1 %2").arg(QString::number(index + 1), what);
+        warnings << QStringLiteral("request %1 %2").arg(QString::number(index + 1), what);
     };
     const std::vector<int> firsts = firstsLike(plan.requests);
     for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
@@ -136,8 +134,9 @@ QStringList warningLines(const Plan& plan, const WatchedRanges& watched)
         const int first = firsts[static_cast<size_t>(i)];
         const Coverage coverage = coverageOf(request, watched);
         if (first < i)
-            warn(i, text("repeats request %1, as the driver does with a range longer than its "
-                         "limit of %2")
+            warn(i, QStringLiteral(
+                        "repeats request %1, as the driver does with a range longer than its "
+                        "limit of %2")
                         .arg(first + 1)
                         .arg(plan.maxWords));
         else if (request.isTooLong())
@@ -151,32 +150,34 @@ QStringList warningLines(const Plan& plan, const WatchedRanges& watched)
 QString cycleText(const CycleCost& cost)
 {
     const double seconds = static_cast<double>(cost.duration) / MICROSECONDS;
-    return text("Cycle: %1, %2 bytes out, %3 in, %4 (%5 cycles/s), line load %6")
+    return QStringLiteral("Cycle: %1, %2 bytes out, %3 in, %4 (%5 cycles/s), line load %6")
         .arg(counted(cost.requests, "request", "requests"), QString::number(cost.bytesSent),
              QString::number(cost.bytesExpected), timeText(cost.duration),
              QString::number(1.0 / seconds, 'f', 1), percentText(cost.lineLoad()));
 }
 
-QStringList lengthLines(const QList<LengthResult>& results, int maxWords)
+QStringList lengthRows(const QList<LengthResult>& results, int maxWords)
 {
-    QList<QStringList> rows = {{text("LIMIT"), text("REQUESTS"), text("BYTES OUT"),
-                                text("BYTES IN"), text("CYCLE"), text("LOAD"), text("UNREAD"),
-                                QString()}};
+    QList<QStringList> rows = {{QStringLiteral("LIMIT"), QStringLiteral("REQUESTS"),
+                                QStringLiteral("BYTES OUT"), QStringLiteral("BYTES IN"),
+                                QStringLiteral("CYCLE"), QStringLiteral("LOAD"),
+                                QStringLiteral("UNREAD"), QString()}};
     const int best = bestOf(results);
     for (const LengthResult& result : worthShowing(results, maxWords)) {
         QStringList marks;
         if (result.maxWords == results[best].maxWords)
-            marks << text("best");
+            marks << QStringLiteral("best");
         if (result.maxWords == maxWords)
-            marks << text("in use");
-        rows << QStringList{QString::number(result.maxWords),
-                            QString::number(result.cost.requests),
-                            QString::number(result.cost.bytesSent),
-                            QString::number(result.cost.bytesExpected),
-                            timeText(result.cost.duration),
-                            percentText(result.cost.lineLoad()),
-                            QString::number(result.unread),
-                            marks.isEmpty() ? QString() : text("<- ") + marks.join(text(", "))};
+            marks << QStringLiteral("in use");
+        rows << QStringList{
+            QString::number(result.maxWords),
+            QString::number(result.cost.requests),
+            QString::number(result.cost.bytesSent),
+            QString::number(result.cost.bytesExpected),
+            timeText(result.cost.duration),
+            percentText(result.cost.lineLoad()),
+            QString::number(result.unread),
+            marks.isEmpty() ? QString() : QStringLiteral("<- ") + marks.join(QStringLiteral(", "))};
     }
     return alignedRows(rows, {0, 1, 2, 3, 4, 5, 6});
 }

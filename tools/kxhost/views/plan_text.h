@@ -17,20 +17,20 @@ QString lineText(const PlanTiming& timing);
 
 /// A heading and a line per request: what it reads, registers asked for and
 /// bridged, bytes both ways, time.
-QStringList requestLines(const Plan& plan, const WatchedRanges& watched, const PlanTiming& timing);
+QStringList requestRows(const Plan& plan, const WatchedRanges& watched, const PlanTiming& timing);
 
 /// A bar per request, between its first and its last address.
-QStringList pictureLines(const Plan& plan, const WatchedRanges& watched);
+QStringList pictureRows(const Plan& plan, const WatchedRanges& watched);
 
 /// What is wrong with requests: too long, past a split, asked for twice.
-QStringList warningLines(const Plan& plan, const WatchedRanges& watched);
+QStringList warningRows(const Plan& plan, const WatchedRanges& watched);
 
 /// "Cycle: 2 requests, 16 bytes out, 34 in, 92.4 ms (10.8 cycles/s), line load 72 %".
 QString cycleText(const CycleCost& cost);
 
 /// A heading and a line per limit worth showing, with the best and the one in use
 /// marked.
-QStringList lengthLines(const QList<LengthResult>& results, int maxWords);
+QStringList lengthRows(const QList<LengthResult>& results, int maxWords);
 
 } // namespace kx
 

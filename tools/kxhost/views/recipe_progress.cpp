@@ -13,7 +13,7 @@ const int BAR_WIDTH = 40;
 void printBlockJson(const QString& block, int done, int blocks)
 {
     QJsonObject json;
-    json[QLatin1String("event")] = QLatin1String("block");
+    json[QLatin1String("event")] = QStringLiteral("block");
     json[QLatin1String("block")] = block;
     json[QLatin1String("done")] = done;
     json[QLatin1String("blocks")] = blocks;
@@ -34,7 +34,7 @@ QString recipeBar(int done, int blocks)
 RecipeProgress::~RecipeProgress()
 {
     if (m_style == RecipeProgressStyle::Bar && m_done > 0)
-        printLine(QString());
+        say(QString());
 }
 
 void RecipeProgress::showBlock(const QString& block)
@@ -45,7 +45,7 @@ void RecipeProgress::showBlock(const QString& block)
         print(QLatin1Char('\r') + recipeBar(m_done, m_blocks));
         break;
     case RecipeProgressStyle::Lines:
-        printLine(QStringLiteral("%1/%2 %3").arg(m_done).arg(m_blocks).arg(block));
+        say(QStringLiteral("%1/%2 %3").arg(m_done).arg(m_blocks).arg(block));
         break;
     case RecipeProgressStyle::Json:
         printBlockJson(block, m_done, m_blocks);

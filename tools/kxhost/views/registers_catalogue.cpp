@@ -15,16 +15,11 @@ const int WORD_TYPES = 1;
 
 enum DescriptionColumn { FORMAT, LOWEST, HIGHEST, DATA_TYPE };
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 QString kindOf(const QString& dataType)
 {
-    if (dataType == text("0"))
-        return text("bit");
-    return text(dataType == text("1") ? "word" : "32-bit");
+    if (dataType == QStringLiteral("0"))
+        return QStringLiteral("bit");
+    return QString::fromLatin1(dataType == QStringLiteral("1") ? "word" : "32-bit");
 }
 
 void placeOnTheWire(CatalogueRow* row)
@@ -70,16 +65,18 @@ QList<CatalogueRow> askForCatalogue(const DriverEntryPoints& entryPoints)
     return rows;
 }
 
-QStringList catalogueLines(const QList<CatalogueRow>& rows)
+QStringList catalogueRows(const QList<CatalogueRow>& rows)
 {
-    QList<QStringList> table = {{text("TYPE"), text("KIND"), text("LOWEST"), text("HIGHEST"),
-                                 text("DIGITS"), text("FORMAT"), text("FUNCTION"), text("MODBUS")}};
+    QList<QStringList> table = {{QStringLiteral("TYPE"), QStringLiteral("KIND"),
+                                 QStringLiteral("LOWEST"), QStringLiteral("HIGHEST"),
+                                 QStringLiteral("DIGITS"), QStringLiteral("FORMAT"),
+                                 QStringLiteral("FUNCTION"), QStringLiteral("MODBUS")}};
     for (const CatalogueRow& row : rows)
         table << QStringList{row.type,
                              row.kind,
                              row.type + row.lowest,
                              row.type + row.highest,
-                             text(row.isOctal ? "octal" : "decimal"),
+                             QString::fromLatin1(row.isOctal ? "octal" : "decimal"),
                              row.format,
                              QString::number(row.readFunction),
                              spansText(row)};
@@ -88,14 +85,14 @@ QStringList catalogueLines(const QList<CatalogueRow>& rows)
 
 QJsonObject catalogueJson(const CatalogueRow& row)
 {
-    return QJsonObject{{text("type"), row.type},
-                       {text("kind"), row.kind},
-                       {text("lowest"), row.lowest},
-                       {text("highest"), row.highest},
-                       {text("radix"), row.isOctal ? 8 : 10},
-                       {text("format"), row.format},
-                       {text("function"), row.readFunction},
-                       {text("modbus"), modbusJson(row.spans)}};
+    return QJsonObject{{QStringLiteral("type"), row.type},
+                       {QStringLiteral("kind"), row.kind},
+                       {QStringLiteral("lowest"), row.lowest},
+                       {QStringLiteral("highest"), row.highest},
+                       {QStringLiteral("radix"), row.isOctal ? 8 : 10},
+                       {QStringLiteral("format"), row.format},
+                       {QStringLiteral("function"), row.readFunction},
+                       {QStringLiteral("modbus"), modbusJson(row.spans)}};
 }
 
 } // namespace kx

@@ -26,7 +26,7 @@ struct CatalogueRow {
 QList<CatalogueRow> askForCatalogue(const DriverEntryPoints& entryPoints);
 
 /// A heading and a line per type.
-QStringList catalogueLines(const QList<CatalogueRow>& rows);
+QStringList catalogueRows(const QList<CatalogueRow>& rows);
 QJsonObject catalogueJson(const CatalogueRow& row);
 
 } // namespace kx

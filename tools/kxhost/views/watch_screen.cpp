@@ -18,30 +18,30 @@ QString lineSettingsText(const LineTiming& timing, QChar parity)
 {
     if (timing.baud <= 0)
         return QString();
-    return QString::fromLatin1("%1 %2%3%4")
+    return QStringLiteral("%1 %2%3%4")
         .arg(timing.baud)
         .arg(timing.dataBits)
         .arg(parity)
         .arg(timing.stopBits);
 }
 
-QStringList screenLines(const WatchScreen& screen, int width, int height)
+QStringList screenRows(const WatchScreen& screen, int width, int height)
 {
     const int below = screen.takesKeys ? LINES_BELOW : 0;
     const QString mark = screen.fault.isEmpty()
                              ? QString()
                              : QLatin1String("! ") + screen.fault + QLatin1String("  ");
     QStringList lines = {mark + screen.line + QLatin1String("  ") + speedText(screen.summary),
-                         summaryLines(screen.summary).first()};
-    lines += tableLines(screen.entries, screen.longestName, screen.now, width,
-                        height - LINES_ABOVE - below);
+                         summaryRows(screen.summary).first()};
+    lines += tableRows(screen.entries, screen.longestName, screen.now, width,
+                       height - LINES_ABOVE - below);
     if (screen.takesKeys)
         lines << screen.message << QLatin1String("write> ") + screen.prompt + QLatin1Char('_');
     // A terminal too low for all keeps the prompt.
     while (lines.size() > qMax(0, height))
         lines.removeFirst();
     for (QString& line : lines)
-        line = cutLine(line, width);
+        line = cutRow(line, width);
     return lines;
 }
 

@@ -27,7 +27,7 @@ QString lineSettingsText(const LineTiming& timing, QChar parity);
 
 /// Title, counts, table, then message and prompt when keys are taken: at most
 /// `height` lines of at most `width` characters.
-QStringList screenLines(const WatchScreen& screen, int width, int height);
+QStringList screenRows(const WatchScreen& screen, int width, int height);
 
 } // namespace kx
 

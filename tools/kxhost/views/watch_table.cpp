@@ -27,7 +27,7 @@ struct Cells {
 
 QString plainRow(const Cells& cells)
 {
-    return QString::fromLatin1("%1  %2 %3  %4  %5  %6  %7  %8")
+    return QStringLiteral("%1  %2 %3  %4  %5  %6  %7  %8")
         .arg(cells.station, 7)
         .arg(cells.type, -4)
         .arg(cells.address, 7)
@@ -42,11 +42,11 @@ QString plainRow(const Cells& cells)
 /// numbered place, since it may hold a percent sign.
 QString namedRow(const Cells& cells, int nameWidth)
 {
-    const QString before = QString::fromLatin1("%1  %2 %3  ")
+    const QString before = QStringLiteral("%1  %2 %3  ")
                                .arg(cells.station, 7)
                                .arg(cells.type, -4)
                                .arg(cells.address, 7);
-    const QString after = QString::fromLatin1("  %1  %2  %3  %4  %5")
+    const QString after = QStringLiteral("  %1  %2  %3  %4  %5")
                               .arg(cells.value, 10)
                               .arg(cells.age, 8)
                               .arg(cells.state, -10)
@@ -80,7 +80,7 @@ QString ageText(const WatchEntry& entry, qint64 now)
 {
     if (entry.readAt == 0)
         return QString();
-    return QString::fromLatin1("%1 s").arg(
+    return QStringLiteral("%1 s").arg(
         QString::number(static_cast<double>(now - entry.readAt) / 1000, 'f', 1));
 }
 
@@ -103,11 +103,11 @@ QString stateText(const WatchEntry& entry, qint64 now)
 {
     switch (entry.state) {
     case WatchState::NeverRead:
-        return QLatin1String("never read");
+        return QStringLiteral("never read");
     case WatchState::NoAnswer:
-        return QLatin1String("no answer");
+        return QStringLiteral("no answer");
     case WatchState::Refused:
-        return QLatin1String("refused");
+        return QStringLiteral("refused");
     case WatchState::Ok:
         break;
     }
@@ -123,10 +123,10 @@ QString hexValue(const WatchEntry& entry)
         return QString::number(entry.value);
     const int digits = 4 * registersPerAddress(entry.type);
     return QLatin1String("0x")
-           + QString::fromLatin1("%1").arg(entry.value, digits, 16, QLatin1Char('0')).toUpper();
+           + QStringLiteral("%1").arg(entry.value, digits, 16, QLatin1Char('0')).toUpper();
 }
 
-QString cutLine(const QString& line, int width)
+QString cutRow(const QString& line, int width)
 {
     QString cut = line.left(qMax(0, width)); // not const, so that it can be moved out
     if (cut.isEmpty() || line.mid(width).trimmed().isEmpty())
@@ -134,8 +134,8 @@ QString cutLine(const QString& line, int width)
     return cut.left(width - 1) + QChar(0x2026);
 }
 
-QStringList tableLines(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
-                       int height)
+QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
+                      int height)
 {
     const int nameColumn = nameWidth(longestName);
     QStringList lines(row(headings(), nameColumn));
@@ -144,11 +144,11 @@ QStringList tableLines(const QVector<WatchEntry>& entries, int longestName, qint
     for (int i = 0; i < rows; ++i)
         lines << row(cellsOf(entries.at(i), now), nameColumn);
     if (rows < total)
-        lines << QString::fromLatin1("... and %1 more").arg(total - rows);
+        lines << QStringLiteral("... and %1 more").arg(total - rows);
     while (lines.size() > qMax(0, height))
         lines.removeLast();
     for (QString& line : lines)
-        line = cutLine(line, width);
+        line = cutRow(line, width);
     return lines;
 }
 

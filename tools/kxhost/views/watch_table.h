@@ -18,13 +18,13 @@ QString hexValue(const WatchEntry& entry);
 
 /// At most `width` characters of the line. Where more than blanks is cut off, the last is an
 /// ellipsis: half a number would be another number.
-QString cutLine(const QString& line, int width);
+QString cutRow(const QString& line, int width);
 
 /// A heading and one row per entry, with names when an entry has one, at most `height` lines of at
 /// most `width` characters; the last line tells how many entries did not fit.
 /// @param longestName characters of the longest name of all entries, 0: none has one
-QStringList tableLines(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
-                       int height);
+QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
+                      int height);
 
 } // namespace kx
 

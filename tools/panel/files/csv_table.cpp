@@ -59,7 +59,7 @@ bool CsvTable::parse(const QByteArray& bytes, const QList<CsvColumn>& columns, C
         return false;
     table->m_lines = text.split('\n');
     for (int i = 0; i < table->m_lines.size(); ++i) {
-        if (!isSkipped(table->m_lines.at(i)) && !table->takeLine(i, &fault->text)) {
+        if (!isSkipped(table->m_lines.at(i)) && !table->takeRowOf(i, &fault->text)) {
             fault->line = i + 1;
             return false;
         }
@@ -72,7 +72,7 @@ bool CsvTable::parse(const QByteArray& bytes, const QList<CsvColumn>& columns, C
     return false;
 }
 
-bool CsvTable::takeLine(int index, QString* error)
+bool CsvTable::takeRowOf(int index, QString* error)
 {
     const QByteArray& line = m_lines.at(index);
     return checkUtf8(line, error)
@@ -87,7 +87,7 @@ bool CsvTable::takeHeader(const QByteArray& line, QString* error)
     for (const Separator& separator : SEPARATORS) {
         QList<CsvField> fields;
         QString fault;
-        if (!splitCsvLine(line, separator.character, &fields, &fault))
+        if (!splitCsvFields(line, separator.character, &fields, &fault))
             continue;
         const QStringList texts = textsOf(fields);
         const auto known = std::count_if(texts.begin(), texts.end(), [this](const QString& name) {
@@ -133,7 +133,7 @@ bool CsvTable::takeColumns(const QStringList& names, QString* error)
 bool CsvTable::takeRow(int index, QString* error)
 {
     QList<CsvField> fields;
-    if (!splitCsvLine(m_lines.at(index), m_separator, &fields, error))
+    if (!splitCsvFields(m_lines.at(index), m_separator, &fields, error))
         return false;
     const QStringList texts = textsOf(fields);
     if (std::all_of(texts.begin(), texts.end(), [](const QString& text) { return text.isEmpty(); }))

@@ -8,7 +8,7 @@
 #define KX_PANEL_FILES_CSV_TABLE_H
 
 #include "addresses/export.h"
-#include "panel/files/csv_line.h"
+#include "panel/files/csv_fields.h"
 #include "panel/files/file_text.h"
 
 #include <QtCore/QByteArray>
@@ -49,7 +49,7 @@ public:
     QByteArray withTexts(int column, const QMap<int, QByteArray>& texts) const;
 
 private:
-    bool takeLine(int index, QString* error);
+    bool takeRowOf(int index, QString* error);
     bool takeHeader(const QByteArray& line, QString* error);
     bool takeColumns(const QStringList& names, QString* error);
     bool takeRow(int index, QString* error);

@@ -24,11 +24,6 @@ const QList<CsvColumn>& columns()
     return columns;
 }
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 bool fail(QString* error, const QString& message)
 {
     *error = message;
@@ -39,7 +34,8 @@ bool takeRange(const QList<CsvField>& fields, AddressRange* range, QString* erro
 {
     QString address = fields.at(ADDRESS).text;
     if (address.contains(QLatin1Char(':')) || address.contains(QLatin1Char('@')))
-        return fail(error, text("%1: count and station have columns of their own").arg(address));
+        return fail(error,
+                    QStringLiteral("%1: count and station have columns of their own").arg(address));
     const QString count = fields.at(COUNT).text;
     if (!count.isEmpty())
         address += QLatin1Char(':') + count;
@@ -54,9 +50,9 @@ bool takeTag(const QList<CsvField>& fields, Tag* tag, QString* error)
     tag->name = fields.at(NAME).text;
     tag->comment = fields.at(COMMENT).text;
     if (tag->name.isEmpty())
-        return fail(error, text("the tag has no name"));
+        return fail(error, QStringLiteral("the tag has no name"));
     if (fields.at(ADDRESS).text.isEmpty())
-        return fail(error, text("the tag has no address"));
+        return fail(error, QStringLiteral("the tag has no address"));
     return takeRange(fields, &tag->range, error);
 }
 
@@ -69,7 +65,7 @@ bool takeTags(const QList<CsvRow>& rows, QList<Tag>* tags, CsvFault* fault)
         if (!takeTag(row.fields, &tag, &fault->text))
             return false;
         if (lineOf.contains(tag.name))
-            return fail(&fault->text, text("the name '%1' is taken by line %2")
+            return fail(&fault->text, QStringLiteral("the name '%1' is taken by line %2")
                                           .arg(tag.name, QString::number(lineOf.value(tag.name))));
         lineOf.insert(tag.name, row.line);
         *tags << tag;
@@ -97,7 +93,7 @@ bool parseTags(const QByteArray& content, const QString& path, QList<Tag>* tags,
     }
     const QString place =
         fault.line > 0 ? path + QLatin1Char(':') + QString::number(fault.line) : path;
-    return fail(error, text("%1: %2").arg(place, fault.text));
+    return fail(error, QStringLiteral("%1: %2").arg(place, fault.text));
 }
 
 QList<AddressRange> rangesOf(const QList<Tag>& tags)

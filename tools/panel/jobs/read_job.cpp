@@ -13,7 +13,7 @@ ReadJob::ReadJob(Session* session, const QList<Tag>& tags, QObject* parent)
     : Job(session, parent), m_tags(tags), m_total(static_cast<int>(tags.size()))
 {
     qRegisterMetaType<ReadOutcome>("kx::ReadOutcome");
-    connect(session, &Session::readFinished, this, &ReadJob::takeEnd);
+    connect(session, &Session::readFinished, this, &ReadJob::onEnd);
 }
 
 void ReadJob::readNextRange()
@@ -34,7 +34,7 @@ void ReadJob::readNextPiece()
     await([piece = m_pieces.first()](Session* session) { return session->read(piece); });
 }
 
-void ReadJob::takeEnd(int handle, const ReadEnd& end)
+void ReadJob::onEnd(int handle, const ReadEnd& end)
 {
     if (!takesEnd(handle))
         return;

@@ -33,7 +33,7 @@ private:
     void giveUp(const Failure& reason) override;
     void readNextRange();
     void readNextPiece();
-    void takeEnd(int handle, const ReadEnd& end);
+    void onEnd(int handle, const ReadEnd& end);
     void settle(const Failure& failure);
 
     QList<Tag> m_tags;            ///< not yet finished

@@ -22,8 +22,8 @@ RecipeJob::RecipeJob(Session* session, const RecipeLayout& layout, RecipeDirecti
                      QObject* parent)
     : Job(session, parent), m_layout(layout), m_direction(direction)
 {
-    connect(session, &Session::recipeBlockDone, this, &RecipeJob::takeBlock);
-    connect(session, &Session::recipeFinished, this, &RecipeJob::takeEnd);
+    connect(session, &Session::recipeBlockDone, this, &RecipeJob::onBlock);
+    connect(session, &Session::recipeFinished, this, &RecipeJob::onEnd);
 }
 
 void RecipeJob::begin()
@@ -37,7 +37,7 @@ void RecipeJob::begin()
     });
 }
 
-void RecipeJob::takeBlock(int handle, const AddressRange& block)
+void RecipeJob::onBlock(int handle, const AddressRange& block)
 {
     if (!isAwaited(handle))
         return;
@@ -58,7 +58,7 @@ void RecipeJob::takeCoils(const AddressRange& block)
         m_coils[recipeCellKey(block, index++)] = static_cast<quint32>(value);
 }
 
-void RecipeJob::takeEnd(int handle, const RecipeEnd& recipeEnd)
+void RecipeJob::onEnd(int handle, const RecipeEnd& recipeEnd)
 {
     if (!takesEnd(handle))
         return;

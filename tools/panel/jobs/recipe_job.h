@@ -40,9 +40,9 @@ signals:
 private:
     void begin() override;
     void giveUp(const Failure&) override {}
-    void takeBlock(int handle, const AddressRange& block);
+    void onBlock(int handle, const AddressRange& block);
     void takeCoils(const AddressRange& block);
-    void takeEnd(int handle, const RecipeEnd& recipeEnd);
+    void onEnd(int handle, const RecipeEnd& recipeEnd);
 
     RecipeLayout m_layout;
     RecipeDirection m_direction;

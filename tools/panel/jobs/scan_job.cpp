@@ -9,7 +9,7 @@ ScanJob::ScanJob(Session* session, const QList<int>& stations, QObject* parent)
     : Job(session, parent), m_stations(stations)
 {
     qRegisterMetaType<ScanReply>("kx::ScanReply");
-    connect(session, &Session::readFinished, this, &ScanJob::takeEnd);
+    connect(session, &Session::readFinished, this, &ScanJob::onEnd);
 }
 
 void ScanJob::askNextStation()
@@ -23,7 +23,7 @@ void ScanJob::askNextStation()
     await([range](Session* session) { return session->read(range); });
 }
 
-void ScanJob::takeEnd(int handle, const ReadEnd& end)
+void ScanJob::onEnd(int handle, const ReadEnd& end)
 {
     if (!takesEnd(handle))
         return;

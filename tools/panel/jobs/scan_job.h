@@ -32,7 +32,7 @@ private:
     void begin() override { askNextStation(); }
     void giveUp(const Failure&) override {}
     void askNextStation();
-    void takeEnd(int handle, const ReadEnd& end);
+    void onEnd(int handle, const ReadEnd& end);
 
     QList<int> m_stations;
     QSet<int> m_answered;

@@ -13,17 +13,12 @@ namespace
 const int SHORTEST_FRAME = 4; // station, function, CRC
 const int BAR_WIDTH = 40;
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 QString answerText(const ScanReply& reply)
 {
     if (!reply.fault.isEmpty())
-        return text("answered with %1").arg(reply.fault);
-    return text(reply.answer == ScanAnswer::Other ? "answered with another or a late reply"
-                                                  : "answered");
+        return QStringLiteral("answered with %1").arg(reply.fault);
+    return QString::fromLatin1(
+        reply.answer == ScanAnswer::Other ? "answered with another or a late reply" : "answered");
 }
 
 } // namespace
@@ -42,29 +37,30 @@ ScanReply scanReplyOf(const ExchangeRecord& record)
         reply.answer = ScanAnswer::Other;
         reply.station = static_cast<unsigned char>(record.reply.at(0));
         if (record.replyKind == ReplyKind::WrongByteCount)
-            reply.fault = text("a wrong byte count");
+            reply.fault = QStringLiteral("a wrong byte count");
     }
     return reply;
 }
 
-QString scanLine(const ScanReply& reply)
+QString scanRow(const ScanReply& reply)
 {
-    return text("station %1: %2").arg(QString::number(reply.station), answerText(reply));
+    return QStringLiteral("station %1: %2").arg(QString::number(reply.station), answerText(reply));
 }
 
 QJsonObject scanJson(const ScanReply& reply)
 {
-    QJsonObject json{{text("event"), text("station")}, {text("station"), reply.station}};
+    QJsonObject json{{QStringLiteral("event"), QStringLiteral("station")},
+                     {QStringLiteral("station"), reply.station}};
     switch (reply.answer) {
     case ScanAnswer::Value:
-        json[text("answer")] = text("value");
+        json[QStringLiteral("answer")] = QStringLiteral("value");
         break;
     case ScanAnswer::Exception:
-        json[text("answer")] = text("exception");
-        json[text("exception")] = reply.exceptionCode;
+        json[QStringLiteral("answer")] = QStringLiteral("exception");
+        json[QStringLiteral("exception")] = reply.exceptionCode;
         break;
     default:
-        json[text("answer")] = text("other");
+        json[QStringLiteral("answer")] = QStringLiteral("other");
     }
     return json;
 }
@@ -72,7 +68,7 @@ QJsonObject scanJson(const ScanReply& reply)
 QString scanBar(int done, int stations, int answered)
 {
     const int filled = done * BAR_WIDTH / stations;
-    return text("[%1%2] %3/%4 stations, %5 answered")
+    return QStringLiteral("[%1%2] %3/%4 stations, %5 answered")
         .arg(QString(filled, QLatin1Char('#')), QString(BAR_WIDTH - filled, QLatin1Char('.')),
              QString::number(done), QString::number(stations), QString::number(answered));
 }
@@ -80,10 +76,10 @@ QString scanBar(int done, int stations, int answered)
 QString scanSummary(int answered, int asked, int notAsked)
 {
     const QString summary =
-        text("%1 of %2 answered")
+        QStringLiteral("%1 of %2 answered")
             .arg(QString::number(answered), counted(asked, "station", "stations"));
     return notAsked == 0 ? summary
-                         : text("%1; stopped before the other %2 had been asked")
+                         : QStringLiteral("%1; stopped before the other %2 had been asked")
                                .arg(summary, QString::number(notAsked));
 }
 

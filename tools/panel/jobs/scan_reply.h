@@ -30,7 +30,7 @@ struct ScanReply {
 KXRUNTIME_EXPORT ScanReply scanReplyOf(const ExchangeRecord& record);
 
 /// "station 5: answered with exception 2 (illegal data address)".
-KXRUNTIME_EXPORT QString scanLine(const ScanReply& reply);
+KXRUNTIME_EXPORT QString scanRow(const ScanReply& reply);
 KXRUNTIME_EXPORT QJsonObject scanJson(const ScanReply& reply);
 
 /// "[####....................................] 25/247 stations, 1 answered".

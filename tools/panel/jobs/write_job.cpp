@@ -15,7 +15,7 @@ WriteJob::WriteJob(Session* session, const QList<Assignment>& assignments, QObje
       m_total(static_cast<int>(assignments.size()))
 {
     qRegisterMetaType<WriteOutcome>("kx::WriteOutcome");
-    connect(session, &Session::writeFinished, this, &WriteJob::takeEnd);
+    connect(session, &Session::writeFinished, this, &WriteJob::onEnd);
 }
 
 void WriteJob::writeNextAssignment()
@@ -36,7 +36,7 @@ void WriteJob::writeNextPiece()
     await([piece = m_pieces.first()](Session* session) { return session->write(piece); });
 }
 
-void WriteJob::takeEnd(int handle, const WriteEnd& end)
+void WriteJob::onEnd(int handle, const WriteEnd& end)
 {
     if (!takesEnd(handle))
         return;

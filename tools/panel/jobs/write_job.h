@@ -32,7 +32,7 @@ private:
     void giveUp(const Failure& reason) override;
     void writeNextAssignment();
     void writeNextPiece();
-    void takeEnd(int handle, const WriteEnd& end);
+    void onEnd(int handle, const WriteEnd& end);
     void tell(const Failure& failure);
     void settle(const Failure& failure);
 

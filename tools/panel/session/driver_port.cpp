@@ -49,7 +49,7 @@ DriverEntryPoints DriverPort::requests() const
 void DriverPort::initialise()
 {
     giveUpQueued();
-    m_parameters = QString::fromLatin1("%1#%2#0#%3#%4")
+    m_parameters = QStringLiteral("%1#%2#0#%3#%4")
                        .arg(m_settings.link)
                        .arg(m_settings.writeLocalOnly ? 1 : 0)
                        .arg(m_settings.retries)

@@ -4,6 +4,7 @@
 #include "panel/recipe/recipe_layout_builder.h"
 #include "panel/session/driver_values.h"
 #include "panel/session/request_checks.h"
+#include "registers/register_types.h"
 
 #include <algorithm>
 #include <tuple>

@@ -55,7 +55,7 @@ void RecipeFeed::feed()
     m_port->startRecipe(m_current.direction, m_current.passes.first().variables);
 }
 
-RecipeFeed::Step RecipeFeed::takeExchange(const ExchangeRecord& record)
+RecipeFeed::Step RecipeFeed::onExchange(const ExchangeRecord& record)
 {
     if (!m_isPassUnderWay || !isRecipe(record.job) || record.result == REPLY_IGNORED)
         return Step();

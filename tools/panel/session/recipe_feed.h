@@ -29,7 +29,7 @@ public:
     /// Begins the next recipe, or pass, when none is under way.
     void feed();
 
-    Step takeExchange(const ExchangeRecord& record);
+    Step onExchange(const ExchangeRecord& record);
     /// Takes a recipe back, from the driver too. Gives one without a handle when there is none.
     /// @param inFlight the request that is on its way, or null
     Step take(int handle, const VARIABLE* inFlight);

@@ -28,9 +28,9 @@ Session::Session(const DriverEntryPoints& entryPoints, Line* line, const Session
       m_settings(settings)
 {
     registerEventTypes();
-    connect(m_parts->loop, &ExchangeLoop::exchanged, this, &Session::takeExchange);
-    connect(m_parts->loop, &ExchangeLoop::idle, this, &Session::takeIdle);
-    connect(m_parts->loop, &ExchangeLoop::lineFailed, this, &Session::takeLostLine);
+    connect(m_parts->loop, &ExchangeLoop::exchanged, this, &Session::onExchange);
+    connect(m_parts->loop, &ExchangeLoop::idle, this, &Session::onIdle);
+    connect(m_parts->loop, &ExchangeLoop::lineFailed, this, &Session::onLineLost);
 }
 
 Session::~Session()
@@ -53,7 +53,7 @@ void Session::initialise()
     m_parts->loop->wake();
 }
 
-void Session::takeLostLine(const QString& error)
+void Session::onLineLost(const QString& error)
 {
     const Failure failure = failureOf(FailureKind::LineLost, error);
     endAll(failure);
@@ -140,13 +140,13 @@ bool Session::cancel(int handle, const QString& reason)
     return true;
 }
 
-void Session::takeExchange(const ExchangeRecord& record)
+void Session::onExchange(const ExchangeRecord& record)
 {
     m_wasAskedAgain = false;
     // What has ended has ended, whatever a slot does next.
     const RequestFeed::Request read = m_parts->reads.takeEnded(record);
     const RequestFeed::Request write = m_parts->writes.takeEnded(record);
-    const RecipeFeed::Step recipe = m_parts->recipes.takeExchange(record);
+    const RecipeFeed::Step recipe = m_parts->recipes.onExchange(record);
     QList<qint64> values;
     if (read.handle != 0 && record.result == REPLY_ACCEPTED)
         values = m_parts->port.answeredValues(read.wanted.range);
@@ -172,7 +172,7 @@ void Session::takeExchange(const ExchangeRecord& record)
 
 /// After five writes, or three reads, in a row without a polled read the driver says once that
 /// it has nothing, though more wait; and a request that was given up makes room for the next.
-void Session::takeIdle()
+void Session::onIdle()
 {
     const bool isAskedAgain = m_wasAskedAgain;
     if (!isAskedAgain)

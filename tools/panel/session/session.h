@@ -144,9 +144,9 @@ private:
     int issued(int handle);
     /// Hands what is next over to the driver.
     void handOver();
-    void takeExchange(const ExchangeRecord& record);
-    void takeIdle();
-    void takeLostLine(const QString& error);
+    void onExchange(const ExchangeRecord& record);
+    void onIdle();
+    void onLineLost(const QString& error);
     void tellChanges();
     /// Ends all that waits, here and in the driver.
     void endAll(const Failure& failure);

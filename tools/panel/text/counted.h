@@ -9,7 +9,7 @@ namespace kx
 /// "1 request", "2 requests".
 inline QString counted(qint64 count, const char* one, const char* many)
 {
-    return QString::fromLatin1("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
+    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
 }
 
 } // namespace kx

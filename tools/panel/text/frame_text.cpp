@@ -69,8 +69,8 @@ QString withNames(const QByteArray& frame, const QList<Field>& fields)
         const int size = field.size == 0 ? crc - position : qMin(field.size, crc - position);
         if (size <= 0)
             break;
-        parts << QString::fromLatin1("%1 %2").arg(QLatin1String(field.name),
-                                                  hexText(frame.mid(position, size)));
+        parts << QStringLiteral("%1 %2").arg(QLatin1String(field.name),
+                                             hexText(frame.mid(position, size)));
         position += size;
     }
     parts << QLatin1String("CRC ") + hexText(frame.mid(crc));
@@ -81,13 +81,13 @@ QString resultText(int result)
 {
     switch (result) {
     case REPLY_ACCEPTED:
-        return QLatin1String("accepted");
+        return QStringLiteral("accepted");
     case REPLY_RETRY:
-        return QLatin1String("repeated");
+        return QStringLiteral("repeated");
     case REPLY_FAILED:
-        return QLatin1String("failed");
+        return QStringLiteral("failed");
     default:
-        return QLatin1String("ignored");
+        return QStringLiteral("ignored");
     }
 }
 
@@ -125,13 +125,13 @@ QString outcomeText(const ExchangeRecord& record)
     return text;
 }
 
-QStringList exchangeLines(const ExchangeRecord& record)
+QStringList exchangeRows(const ExchangeRecord& record)
 {
-    QString request = QString::fromLatin1("%1 request %2")
-                          .arg(timeText(record.sentAt), requestText(record.request));
+    QString request =
+        QStringLiteral("%1 request %2").arg(timeText(record.sentAt), requestText(record.request));
     if (record.repeated)
-        request += QLatin1String(" (again)");
-    QString reply = QString::fromLatin1("%1 reply   ").arg(timeText(record.finishedAt));
+        request += QStringLiteral(" (again)");
+    QString reply = QStringLiteral("%1 reply   ").arg(timeText(record.finishedAt));
     if (!record.reply.isEmpty())
         reply += replyText(record.reply) + QLatin1String(": ");
     return {request, reply + outcomeText(record)};
@@ -140,7 +140,7 @@ QStringList exchangeLines(const ExchangeRecord& record)
 QJsonObject exchangeJson(const ExchangeRecord& record)
 {
     QJsonObject json;
-    json[QLatin1String("event")] = QLatin1String("exchange");
+    json[QLatin1String("event")] = QStringLiteral("exchange");
     json[QLatin1String("sent")] = jsonTime(record.sentAt);
     json[QLatin1String("finished")] = jsonTime(record.finishedAt);
     json[QLatin1String("request")] = hexText(record.request);

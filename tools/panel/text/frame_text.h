@@ -26,7 +26,7 @@ KXRUNTIME_EXPORT QString replyText(const QByteArray& reply);
 KXRUNTIME_EXPORT QString outcomeText(const ExchangeRecord& record);
 
 /// One time-stamped line for the request, one for the reply.
-KXRUNTIME_EXPORT QStringList exchangeLines(const ExchangeRecord& record);
+KXRUNTIME_EXPORT QStringList exchangeRows(const ExchangeRecord& record);
 
 KXRUNTIME_EXPORT QJsonObject exchangeJson(const ExchangeRecord& record);
 

@@ -109,24 +109,24 @@ QJsonObject thrownAwayJson(const ThrownAway& thrown)
 
 QString speedText(const WatchSummary& summary)
 {
-    QString text = QString::fromLatin1("%1 requests/s").arg(decimal(requestsPerSecond(summary)));
+    QString text = QStringLiteral("%1 requests/s").arg(decimal(requestsPerSecond(summary)));
     if (summary.timing.baud > 0)
-        text += QString::fromLatin1(", line load %1 %").arg(decimal(loadPercent(summary)));
+        text += QStringLiteral(", line load %1 %").arg(decimal(loadPercent(summary)));
     return text;
 }
 
-QStringList summaryLines(const WatchSummary& summary)
+QStringList summaryRows(const WatchSummary& summary)
 {
     const Statistics& counts = summary.statistics;
-    QString requests = QString::fromLatin1("%1 in %2: %3 accepted, %4 repeated, %5 failed")
+    QString requests = QStringLiteral("%1 in %2: %3 accepted, %4 repeated, %5 failed")
                            .arg(counted(counts.requests, "request", "requests"),
                                 counted(summary.cycles, "cycle", "cycles"))
                            .arg(counts.accepted)
                            .arg(counts.repeated)
                            .arg(counts.failed);
     if (counts.notSent > 0)
-        requests += QString::fromLatin1("; %1 not whole, so not sent").arg(counts.notSent);
-    const QString time = QString::fromLatin1("%1 s, %2 bytes sent, %3 received, ")
+        requests += QStringLiteral("; %1 not whole, so not sent").arg(counts.notSent);
+    const QString time = QStringLiteral("%1 s, %2 bytes sent, %3 received, ")
                              .arg(decimal(static_cast<double>(summary.elapsed) / 1000))
                              .arg(counts.bytesSent)
                              .arg(counts.bytesReceived);
@@ -137,7 +137,7 @@ QJsonObject summaryJson(const WatchSummary& summary)
 {
     const Statistics& counts = summary.statistics;
     QJsonObject json;
-    json[QLatin1String("event")] = QLatin1String("summary");
+    json[QLatin1String("event")] = QStringLiteral("summary");
     json[QLatin1String("milliseconds")] = summary.elapsed;
     json[QLatin1String("cycles")] = summary.cycles;
     json[QLatin1String("requests")] = counts.requests;

@@ -21,7 +21,7 @@ struct WatchSummary {
 
 /// "36 requests in 12 cycles: 34 accepted, 2 repeated, 0 failed", on a line with
 /// faults what they were, and a line with the speed.
-KXRUNTIME_EXPORT QStringList summaryLines(const WatchSummary& summary);
+KXRUNTIME_EXPORT QStringList summaryRows(const WatchSummary& summary);
 
 KXRUNTIME_EXPORT QJsonObject summaryJson(const WatchSummary& summary);
 

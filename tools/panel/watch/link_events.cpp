@@ -65,7 +65,7 @@ QString linkEventText(const LinkEvent& event)
     return QString();
 }
 
-QString linkEventLine(const LinkEvent& event, const QDateTime& time)
+QString linkEventRow(const LinkEvent& event, const QDateTime& time)
 {
     return time.toString(Qt::ISODateWithMs) + QLatin1Char(' ') + linkEventText(event);
 }
@@ -83,7 +83,7 @@ QJsonObject linkEventJson(const LinkEvent& event, const QDateTime& time)
     return json;
 }
 
-QList<LinkEvent> LinkState::takeExchange(const ExchangeRecord& record)
+QList<LinkEvent> LinkState::onExchange(const ExchangeRecord& record)
 {
     QList<LinkEvent> events;
     const bool isNeverSilent = record.replyKind == ReplyKind::NeverSilent;
@@ -103,13 +103,13 @@ QList<LinkEvent> LinkState::takeExchange(const ExchangeRecord& record)
     return events;
 }
 
-QList<LinkEvent> LinkState::takeLineLost()
+QList<LinkEvent> LinkState::onLineLost()
 {
     m_isLost = true;
     return {LinkEvent{LinkEvent::LineLost}};
 }
 
-QList<LinkEvent> LinkState::takeLineOpened()
+QList<LinkEvent> LinkState::onLineOpened()
 {
     if (!m_isLost)
         return {};

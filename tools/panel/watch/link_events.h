@@ -24,7 +24,7 @@ struct LinkEvent {
 KXRUNTIME_EXPORT QString linkEventText(const LinkEvent& event);
 
 /// "2024-05-17T10:11:12.013 station 2 does not answer".
-KXRUNTIME_EXPORT QString linkEventLine(const LinkEvent& event, const QDateTime& time);
+KXRUNTIME_EXPORT QString linkEventRow(const LinkEvent& event, const QDateTime& time);
 
 /// Of event "line" or "station", with its state and time.
 KXRUNTIME_EXPORT QJsonObject linkEventJson(const LinkEvent& event, const QDateTime& time);
@@ -35,11 +35,11 @@ class KXRUNTIME_EXPORT LinkState
 public:
     /// A station is silent from a request that failed for good without any usable reply
     /// until its next reply; a refusal is one. What the line did is not its fault.
-    QList<LinkEvent> takeExchange(const ExchangeRecord& record);
+    QList<LinkEvent> onExchange(const ExchangeRecord& record);
 
-    QList<LinkEvent> takeLineLost();
+    QList<LinkEvent> onLineLost();
     /// Nothing unless the line was lost.
-    QList<LinkEvent> takeLineOpened();
+    QList<LinkEvent> onLineOpened();
 
     /// What is wrong now, "" when nothing is: "line lost; station 2 does not answer".
     QString faultText() const;

@@ -11,11 +11,11 @@ Watch::Watch(Session* session, QObject* parent) : QObject(parent), m_session(ses
 {
     qRegisterMetaType<LinkEvent>("kx::LinkEvent");
     qRegisterMetaType<QList<int>>("QList<int>");
-    connect(session, &Session::valueChanged, this, &Watch::takeChange);
-    connect(session, &Session::exchanged, this, &Watch::takeExchange);
-    connect(session, &Session::lineFailed, this, &Watch::takeLostLine);
-    connect(session->line(), &Line::interrupted, this, [this] { tellLink(m_link.takeLineLost()); });
-    connect(session->line(), &Line::opened, this, &Watch::takeOpenedLine);
+    connect(session, &Session::valueChanged, this, &Watch::onChange);
+    connect(session, &Session::exchanged, this, &Watch::onExchange);
+    connect(session, &Session::lineFailed, this, &Watch::onLineLost);
+    connect(session->line(), &Line::interrupted, this, [this] { tellLink(m_link.onLineLost()); });
+    connect(session->line(), &Line::opened, this, &Watch::onLineOpened);
 }
 
 void Watch::setTags(const QList<Tag>& tags)
@@ -47,30 +47,30 @@ WatchSummary Watch::summary() const
     return summary;
 }
 
-void Watch::takeChange(const ValueChange& change)
+void Watch::onChange(const ValueChange& change)
 {
     const AddressRange& range = change.range;
-    tell(m_list.takeChange(
+    tell(m_list.onChange(
         range.station, QString::fromLatin1(range.type->name), range.address,
         [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
 }
 
-void Watch::takeExchange(const ExchangeRecord& record)
+void Watch::onExchange(const ExchangeRecord& record)
 {
     emit exchanged(record);
-    tellLink(m_link.takeExchange(record));
+    tellLink(m_link.onExchange(record));
     if (record.job.kind == CYCLIC_READ_JOB)
-        takeRead(record);
+        onRead(record);
 }
 
-void Watch::takeRead(const ExchangeRecord& record)
+void Watch::onRead(const ExchangeRecord& record)
 {
     m_hasPolled = true;
     if (record.result == REPLY_ACCEPTED)
-        tell(m_list.takeRead(
+        tell(m_list.onRead(
             record.job, [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
     else if (record.result == REPLY_FAILED)
-        tell(m_list.takeFailure(record.job, record.replyKind == ReplyKind::Exception));
+        tell(m_list.onFailure(record.job, record.replyKind == ReplyKind::Exception));
     else
         return;
     countRead();
@@ -86,16 +86,16 @@ void Watch::countRead()
     emit cycleFinished(m_cycles);
 }
 
-void Watch::takeLostLine(const Failure& failure)
+void Watch::onLineLost(const Failure& failure)
 {
     m_isLineLost = true;
     emit lineLost(failure);
 }
 
-void Watch::takeOpenedLine()
+void Watch::onLineOpened()
 {
     m_isLineLost = false;
-    tellLink(m_link.takeLineOpened());
+    tellLink(m_link.onLineOpened());
 }
 
 void Watch::tell(const QList<int>& indexes)

@@ -60,12 +60,12 @@ signals:
     void lineLost(const kx::Failure& failure);
 
 private:
-    void takeChange(const ValueChange& change);
-    void takeExchange(const ExchangeRecord& record);
-    void takeRead(const ExchangeRecord& record);
+    void onChange(const ValueChange& change);
+    void onExchange(const ExchangeRecord& record);
+    void onRead(const ExchangeRecord& record);
     void countRead();
-    void takeLostLine(const Failure& failure);
-    void takeOpenedLine();
+    void onLineLost(const Failure& failure);
+    void onLineOpened();
     void tell(const QList<int>& indexes);
     void tellLink(const QList<LinkEvent>& events);
     qint64 valueOf(const WatchEntry& entry) const;

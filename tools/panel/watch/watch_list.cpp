@@ -136,8 +136,8 @@ void WatchList::setState(WatchEntry* entry, WatchState state)
     entry->state = state;
 }
 
-QList<int> WatchList::takeChange(int station, const QString& type, int address,
-                                 const ValueSource& valueOf, qint64 now)
+QList<int> WatchList::onChange(int station, const QString& type, int address,
+                               const ValueSource& valueOf, qint64 now)
 {
     QList<int> changed;
     const RegisterType* const registerType = findRegisterType(type);
@@ -160,7 +160,7 @@ QList<int> WatchList::takeChange(int station, const QString& type, int address,
     return changed;
 }
 
-QList<int> WatchList::takeRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now)
+QList<int> WatchList::onRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now)
 {
     QList<int> toTell;
     for (const int index : coveredBy(job)) {
@@ -179,7 +179,7 @@ QList<int> WatchList::takeRead(const VARIABLE& job, const ValueSource& valueOf, 
     return toTell;
 }
 
-QList<int> WatchList::takeFailure(const VARIABLE& job, bool refused)
+QList<int> WatchList::onFailure(const VARIABLE& job, bool refused)
 {
     const WatchState state = refused ? WatchState::Refused : WatchState::NoAnswer;
     QList<int> changed;

@@ -64,16 +64,16 @@ public:
 
     /// A change that the driver reported; returns the indexes of the address's entries
     /// when its value is new, else none.
-    QList<int> takeChange(int station, const QString& type, int address, const ValueSource& valueOf,
-                          qint64 now);
+    QList<int> onChange(int station, const QString& type, int address, const ValueSource& valueOf,
+                        qint64 now);
 
     /// A cyclic read that was accepted: returns the indexes of entries whose value
     /// became known, or that answer again.
-    QList<int> takeRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now);
+    QList<int> onRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now);
 
     /// A cyclic read that failed for good: returns the indexes of entries whose
     /// state changed.
-    QList<int> takeFailure(const VARIABLE& job, bool refused);
+    QList<int> onFailure(const VARIABLE& job, bool refused);
 
 private:
     struct Place {

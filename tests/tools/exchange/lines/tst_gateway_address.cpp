@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestGatewayAddress : public QObject
+class GatewayAddressTest : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ private slots:
     void whatIsNoAddressIsRefused();
 };
 
-void TestGatewayAddress::anAddressIsReadAndShown_data()
+void GatewayAddressTest::anAddressIsReadAndShown_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("host");
@@ -43,7 +43,7 @@ void TestGatewayAddress::anAddressIsReadAndShown_data()
         << "::ffff:192.168.0.5" << 502 << "[::ffff:192.168.0.5]:502";
 }
 
-void TestGatewayAddress::anAddressIsReadAndShown()
+void GatewayAddressTest::anAddressIsReadAndShown()
 {
     QFETCH(QString, typed);
     GatewayAddress gateway = {QString(), 8888};
@@ -53,7 +53,7 @@ void TestGatewayAddress::anAddressIsReadAndShown()
     QTEST(gatewayText(gateway), "shown");
 }
 
-void TestGatewayAddress::whatIsNoAddressIsRefused_data()
+void GatewayAddressTest::whatIsNoAddressIsRefused_data()
 {
     QTest::addColumn<QString>("typed");
     for (const char* const typed : {"",
@@ -85,7 +85,7 @@ void TestGatewayAddress::whatIsNoAddressIsRefused_data()
         QTest::newRow(typed) << QString::fromLatin1(typed);
 }
 
-void TestGatewayAddress::whatIsNoAddressIsRefused()
+void GatewayAddressTest::whatIsNoAddressIsRefused()
 {
     QFETCH(QString, typed);
     GatewayAddress gateway = {QStringLiteral("before"), 8888};
@@ -94,5 +94,5 @@ void TestGatewayAddress::whatIsNoAddressIsRefused()
     QCOMPARE(int(gateway.port), 8888);
 }
 
-QTEST_APPLESS_MAIN(TestGatewayAddress)
+QTEST_APPLESS_MAIN(GatewayAddressTest)
 #include "tst_gateway_address.moc"

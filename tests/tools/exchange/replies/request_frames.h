@@ -1,6 +1,6 @@
 /// Requests as the driver hands them out.
-#ifndef KX_TESTS_REQUEST_FRAMES_H
-#define KX_TESTS_REQUEST_FRAMES_H
+#ifndef KX_TESTS_TOOLS_EXCHANGE_REPLIES_REQUEST_FRAMES_H
+#define KX_TESTS_TOOLS_EXCHANGE_REPLIES_REQUEST_FRAMES_H
 
 #include "support/driver_fixture.h"
 

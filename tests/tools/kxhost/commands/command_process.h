@@ -1,6 +1,6 @@
 /// kxhost as a process, run to its end by a test.
-#ifndef KX_TESTS_COMMAND_PROCESS_H
-#define KX_TESTS_COMMAND_PROCESS_H
+#ifndef KX_TESTS_TOOLS_KXHOST_COMMANDS_COMMAND_PROCESS_H
+#define KX_TESTS_TOOLS_KXHOST_COMMANDS_COMMAND_PROCESS_H
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>

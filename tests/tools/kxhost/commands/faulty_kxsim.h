@@ -1,5 +1,5 @@
-#ifndef KX_TESTS_FAULTY_KXSIM_H
-#define KX_TESTS_FAULTY_KXSIM_H
+#ifndef KX_TESTS_TOOLS_KXHOST_COMMANDS_FAULTY_KXSIM_H
+#define KX_TESTS_TOOLS_KXHOST_COMMANDS_FAULTY_KXSIM_H
 
 #include "tools/kxsim/kxsim_process.h"
 

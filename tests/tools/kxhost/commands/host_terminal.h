@@ -1,6 +1,6 @@
 /// kxhost on a terminal of its own, at which a test types and reads.
-#ifndef KX_TESTS_HOST_TERMINAL_H
-#define KX_TESTS_HOST_TERMINAL_H
+#ifndef KX_TESTS_TOOLS_KXHOST_COMMANDS_HOST_TERMINAL_H
+#define KX_TESTS_TOOLS_KXHOST_COMMANDS_HOST_TERMINAL_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QStringList>

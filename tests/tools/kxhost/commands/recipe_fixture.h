@@ -1,6 +1,6 @@
 /// A recipe file in a folder of its own, and `kxhost recipe` at work on it.
-#ifndef KX_TESTS_RECIPE_FIXTURE_H
-#define KX_TESTS_RECIPE_FIXTURE_H
+#ifndef KX_TESTS_TOOLS_KXHOST_COMMANDS_RECIPE_FIXTURE_H
+#define KX_TESTS_TOOLS_KXHOST_COMMANDS_RECIPE_FIXTURE_H
 
 #include "command_process.h"
 

@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestCheckCommand : public QObject
+class CheckCommandTest : public QObject
 {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ private slots:
     void theHelpTellsOfRadixAndNumbers();
 };
 
-void TestCheckCommand::anAddressIsAnswered_data()
+void CheckCommandTest::anAddressIsAnswered_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("line");
@@ -93,7 +93,7 @@ void TestCheckCommand::anAddressIsAnswered_data()
         "32CV200: valid; number 200, holding registers 9700 to 9701, read with function 3", 0);
 }
 
-void TestCheckCommand::anAddressIsAnswered()
+void CheckCommandTest::anAddressIsAnswered()
 {
     QFETCH(QString, arguments);
     QFETCH(QString, line);
@@ -106,7 +106,7 @@ void TestCheckCommand::anAddressIsAnswered()
              isValid ? QStringList() : QStringList{QLatin1String("kxhost: ") + line});
 }
 
-void TestCheckCommand::whatTheDriverAloneWouldTakeIsRefused_data()
+void CheckCommandTest::whatTheDriverAloneWouldTakeIsRefused_data()
 {
     QTest::addColumn<QString>("address");
     QTest::addColumn<QString>("line");
@@ -124,7 +124,7 @@ void TestCheckCommand::whatTheDriverAloneWouldTakeIsRefused_data()
     row("a hexadecimal number", "D0x10", "D0x10: '0x10'");
 }
 
-void TestCheckCommand::whatTheDriverAloneWouldTakeIsRefused()
+void CheckCommandTest::whatTheDriverAloneWouldTakeIsRefused()
 {
     QFETCH(QString, address);
     QFETCH(QString, line);
@@ -134,7 +134,7 @@ void TestCheckCommand::whatTheDriverAloneWouldTakeIsRefused()
     QCOMPARE(result.output, QStringList());
 }
 
-void TestCheckCommand::everyAddressGetsItsLine()
+void CheckCommandTest::everyAddressGetsItsLine()
 {
     const CommandResult result = runCommand("check X8 D7");
     QCOMPARE(result.output,
@@ -145,7 +145,7 @@ void TestCheckCommand::everyAddressGetsItsLine()
     QCOMPARE(runCommand("check D7 X7").exitCode, 0);
 }
 
-void TestCheckCommand::answersAsJson()
+void CheckCommandTest::answersAsJson()
 {
     const CommandResult result = runCommand("check --json SM255:2 D8000 5 D7@2 D+5");
     QCOMPARE(result.output,
@@ -165,7 +165,7 @@ void TestCheckCommand::answersAsJson()
     QCOMPARE(result.exitCode, 2);
 }
 
-void TestCheckCommand::wrongUsageIsOneLine_data()
+void CheckCommandTest::wrongUsageIsOneLine_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("line");
@@ -181,7 +181,7 @@ void TestCheckCommand::wrongUsageIsOneLine_data()
         << "kxhost: --access x: must be a whole number from 0 to 2147483647";
 }
 
-void TestCheckCommand::wrongUsageIsOneLine()
+void CheckCommandTest::wrongUsageIsOneLine()
 {
     QFETCH(QString, arguments);
     QFETCH(QString, line);
@@ -191,7 +191,7 @@ void TestCheckCommand::wrongUsageIsOneLine()
     QCOMPARE(result.exitCode, 2);
 }
 
-void TestCheckCommand::aMissingLibraryIsNamed()
+void CheckCommandTest::aMissingLibraryIsNamed()
 {
     const CommandResult result = runCommand("check D1 --library no/such.so");
     QCOMPARE(static_cast<int>(result.errors.size()), 1);
@@ -201,7 +201,7 @@ void TestCheckCommand::aMissingLibraryIsNamed()
     QCOMPARE(result.exitCode, 3);
 }
 
-void TestCheckCommand::theHelpTellsOfRadixAndNumbers()
+void CheckCommandTest::theHelpTellsOfRadixAndNumbers()
 {
     const CommandResult result = runCommand("check --help");
     const QString help = result.output.join(QLatin1Char(' '));
@@ -214,5 +214,5 @@ void TestCheckCommand::theHelpTellsOfRadixAndNumbers()
     QCOMPARE(result.exitCode, 0);
 }
 
-QTEST_GUILESS_MAIN(TestCheckCommand)
+QTEST_GUILESS_MAIN(CheckCommandTest)
 #include "tst_check_command.moc"

@@ -8,7 +8,7 @@
 
 using namespace kx;
 
-class TestCompletion : public QObject
+class CompletionTest : public QObject
 {
     Q_OBJECT
 
@@ -33,20 +33,20 @@ QStringList completed(const QString& words)
 
 } // namespace
 
-void TestCompletion::theScriptIsGoodBash()
+void CompletionTest::theScriptIsGoodBash()
 {
     QCOMPARE(SCRIPT.faults(), QByteArray());
     QCOMPARE(SCRIPT.registration("kxhost"), QStringList{"complete -F _kxhost kxhost"});
 }
 
-void TestCompletion::everyCommandIsOffered()
+void CompletionTest::everyCommandIsOffered()
 {
     QCOMPARE(completed(QLatin1String("''")),
              (QStringList{"--help", "--simulate", "--version", "check", "plan", "read", "recipe",
                           "registers", "scan", "series", "watch", "write"}));
 }
 
-void TestCompletion::whatIsOffered_data()
+void CompletionTest::whatIsOffered_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<QStringList>("offered");
@@ -66,13 +66,13 @@ void TestCompletion::whatIsOffered_data()
     QTest::newRow("register types") << "registers S" << QStringList{"S", "SD", "SM"};
 }
 
-void TestCompletion::whatIsOffered()
+void CompletionTest::whatIsOffered()
 {
     QFETCH(QString, words);
     QTEST(completed(words), "offered");
 }
 
-void TestCompletion::filesAreOffered()
+void CompletionTest::filesAreOffered()
 {
     const QString file = QString::fromLatin1(KX_COMPLETION_FILE);
     const QString beginning = file.left(file.size() - 2);
@@ -82,7 +82,7 @@ void TestCompletion::filesAreOffered()
     QCOMPARE(completed(QLatin1String("scan --port /dev/nul")), QStringList{"/dev/null"});
 }
 
-void TestCompletion::everyOptionOfEveryCommandIsOffered()
+void CompletionTest::everyOptionOfEveryCommandIsOffered()
 {
     QStringList names = completed(QLatin1String("''"));
     for (const char* option : {"--help", "--simulate", "--version"})
@@ -99,5 +99,5 @@ void TestCompletion::everyOptionOfEveryCommandIsOffered()
     }
 }
 
-QTEST_GUILESS_MAIN(TestCompletion)
+QTEST_GUILESS_MAIN(CompletionTest)
 #include "tst_completion.moc"

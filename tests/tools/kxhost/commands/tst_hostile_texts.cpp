@@ -18,7 +18,7 @@ const char RED_SHOWN[] = "\xEF\xBF\xBD[31mred"; // U+FFFD in place of the escape
 
 } // namespace
 
-class TestHostileTexts : public QObject
+class HostileTextsTest : public QObject
 {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ private slots:
 };
 
 /// Arguments of kxhost, of which %1 is the file.
-void TestHostileTexts::linesShowThem_data()
+void HostileTextsTest::linesShowThem_data()
 {
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QStringList>("arguments");
@@ -70,7 +70,7 @@ void TestHostileTexts::linesShowThem_data()
                           << true;
 }
 
-void TestHostileTexts::linesShowThem()
+void HostileTextsTest::linesShowThem()
 {
     const RecipeFixture fixture;
     QFETCH(QByteArray, file);
@@ -85,7 +85,7 @@ void TestHostileTexts::linesShowThem()
     QCOMPARE(result.errors.size(), isError ? 1 : 0);
 }
 
-void TestHostileTexts::jsonEscapesThem()
+void HostileTextsTest::jsonEscapesThem()
 {
     const RecipeFixture fixture;
     const QByteArray name = "\x1b[31m\x7F\xC2\x9B\xE2\x80\xAE"; // U+001B, 7F, 9B, 202E
@@ -98,7 +98,7 @@ void TestHostileTexts::jsonEscapesThem()
     QCOMPARE(QJsonDocument::fromJson(line.toUtf8())["name"].toString(), QString::fromUtf8(name));
 }
 
-void TestHostileTexts::tableShowsThem()
+void HostileTextsTest::tableShowsThem()
 {
     const RecipeFixture fixture;
     fixture.store(TAGS_HEADER + QByteArray(RED) + ",,Z15,,\n");
@@ -110,5 +110,5 @@ void TestHostileTexts::tableShowsThem()
     QVERIFY(!terminal.output().contains(RED));
 }
 
-QTEST_GUILESS_MAIN(TestHostileTexts)
+QTEST_GUILESS_MAIN(HostileTextsTest)
 #include "tst_hostile_texts.moc"

@@ -9,7 +9,7 @@
 
 using namespace kx;
 
-class TestPlanCommand : public QObject
+class PlanCommandTest : public QObject
 {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ private slots:
 
 // At 9600 baud a character takes 1.0417 ms and the gap 3.6458 ms. Request 1 has 8 + 6
 // characters (14.6 ms), request 2 has 8 + 29 (38.5 ms); each waits 5 + 3.6 ms.
-void TestPlanCommand::aPlanIsShown()
+void PlanCommandTest::aPlanIsShown()
 {
     const CommandResult result = runCommand("plan D110:2 X10 D100:4");
     QCOMPARE(
@@ -63,7 +63,7 @@ void TestPlanCommand::aPlanIsShown()
 }
 
 // As kxhost watch asks: the second request is so long that the driver does not join them.
-void TestPlanCommand::bothSidesOfASplit()
+void PlanCommandTest::bothSidesOfASplit()
 {
     const CommandResult result = runCommand("plan SM250:2 SM256:2");
     const QString shown = result.output.join(QLatin1Char('\n'));
@@ -78,7 +78,7 @@ void TestPlanCommand::bothSidesOfASplit()
     QCOMPARE(result.exitCode, 0);
 }
 
-void TestPlanCommand::theLineCounts()
+void PlanCommandTest::theLineCounts()
 {
     // 14 characters of 11 bits at 19200 baud are 8.02 ms, the gap 2.01 ms.
     const CommandResult result = runCommand("plan X0 -b 19200 --parity Even --turnaround 10ms");
@@ -90,7 +90,7 @@ void TestPlanCommand::theLineCounts()
              qPrintable(result.output.join(QLatin1Char('\n'))));
 }
 
-void TestPlanCommand::aPlanAsJson()
+void PlanCommandTest::aPlanAsJson()
 {
     const CommandResult result = runCommand("plan D100:4@2 D110:2@2 --json --max-words 12");
     QCOMPARE(static_cast<int>(result.output.size()), 1);
@@ -111,7 +111,7 @@ void TestPlanCommand::aPlanAsJson()
                         "\"tooLong\":false}"));
 }
 
-void TestPlanCommand::wrongUsageIsOneLine_data()
+void PlanCommandTest::wrongUsageIsOneLine_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("line");
@@ -144,7 +144,7 @@ void TestPlanCommand::wrongUsageIsOneLine_data()
         "kxhost: --stop-bits 3: must be a whole number from 1 to 2");
 }
 
-void TestPlanCommand::wrongUsageIsOneLine()
+void PlanCommandTest::wrongUsageIsOneLine()
 {
     QFETCH(QString, arguments);
     QFETCH(QString, line);
@@ -154,5 +154,5 @@ void TestPlanCommand::wrongUsageIsOneLine()
     QCOMPARE(result.exitCode, 2);
 }
 
-QTEST_GUILESS_MAIN(TestPlanCommand)
+QTEST_GUILESS_MAIN(PlanCommandTest)
 #include "tst_plan_command.moc"

@@ -18,7 +18,7 @@ CommandResult readFrom(const KxsimProcess& controller, const QStringList& argume
 
 } // namespace
 
-class TestReadCommand : public QObject
+class ReadCommandTest : public QObject
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private slots:
     void badInputSendsNothing();
 };
 
-void TestReadCommand::valuesAreShown_data()
+void ReadCommandTest::valuesAreShown_data()
 {
     QTest::addColumn<QStringList>("presets");
     QTest::addColumn<QStringList>("arguments");
@@ -59,7 +59,7 @@ void TestReadCommand::valuesAreShown_data()
         << QStringList{"1 M6 0", "1 M7 1", "1 M8 1", "1 M9 0"};
 }
 
-void TestReadCommand::valuesAreShown()
+void ReadCommandTest::valuesAreShown()
 {
     QFETCH(QStringList, presets);
     QFETCH(QStringList, arguments);
@@ -73,7 +73,7 @@ void TestReadCommand::valuesAreShown()
     QCOMPARE(result.exitCode, 0);
 }
 
-void TestReadCommand::failedRangesAreNamed()
+void ReadCommandTest::failedRangesAreNamed()
 {
     const KxsimProcess controller({"--still", "--set", "D1=5"});
     const CommandResult result =
@@ -83,7 +83,7 @@ void TestReadCommand::failedRangesAreNamed()
     QCOMPARE(result.exitCode, 1);
 }
 
-void TestReadCommand::resultsAsJson()
+void ReadCommandTest::resultsAsJson()
 {
     const KxsimProcess controller({"--still", "--set", "D1=5"});
     const CommandResult result =
@@ -96,7 +96,7 @@ void TestReadCommand::resultsAsJson()
     QCOMPARE(result.exitCode, 1);
 }
 
-void TestReadCommand::namesOfATagsFileAreShown()
+void ReadCommandTest::namesOfATagsFileAreShown()
 {
     QTemporaryFile tags;
     QVERIFY(tags.open());
@@ -117,7 +117,7 @@ void TestReadCommand::namesOfATagsFileAreShown()
                           R"("values":[5]})"}));
 }
 
-void TestReadCommand::longRangesAreCut()
+void ReadCommandTest::longRangesAreCut()
 {
     KxsimProcess controller({"--still", "--set", "D99=9", "--log"});
     const CommandResult result = readFrom(controller, {"D0:100"});
@@ -132,7 +132,7 @@ void TestReadCommand::longRangesAreCut()
     QCOMPARE(log.count(QStringLiteral("01 03 00 60 00 04")), 1);
 }
 
-void TestReadCommand::framesAreShown()
+void ReadCommandTest::framesAreShown()
 {
     const KxsimProcess controller({"--still", "--set", "D100=1234"});
     const CommandResult result = readFrom(controller, {"D100", "--frames"});
@@ -143,7 +143,7 @@ void TestReadCommand::framesAreShown()
     QCOMPARE(result.output.at(2), QStringLiteral("1 D100 1234"));
 }
 
-void TestReadCommand::badInputSendsNothing_data()
+void ReadCommandTest::badInputSendsNothing_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("error");
@@ -159,7 +159,7 @@ void TestReadCommand::badInputSendsNothing_data()
         << "kxhost: 32CV200: a 32CV takes 2 registers; raise --max-words, which is 1";
 }
 
-void TestReadCommand::badInputSendsNothing()
+void ReadCommandTest::badInputSendsNothing()
 {
     QFETCH(QStringList, arguments);
     KxsimProcess controller({"--still", "--log"});
@@ -172,5 +172,5 @@ void TestReadCommand::badInputSendsNothing()
     QCOMPARE(controller.errorOutput(), QString());
 }
 
-QTEST_GUILESS_MAIN(TestReadCommand)
+QTEST_GUILESS_MAIN(ReadCommandTest)
 #include "tst_read_command.moc"

@@ -29,7 +29,7 @@ const QStringList BOTH_STATIONS = {"--still", "--station", "1", "--station", "2"
 
 } // namespace
 
-class TestRecipeCommand : public QObject
+class RecipeCommandTest : public QObject
 {
     Q_OBJECT
 
@@ -44,7 +44,7 @@ private slots:
     void badInputSendsNothing();
 };
 
-void TestRecipeCommand::downloadedValuesArrive()
+void RecipeCommandTest::downloadedValuesArrive()
 {
     const RecipeFixture fixture;
     KxsimProcess controller(BOTH_STATIONS);
@@ -65,7 +65,7 @@ void TestRecipeCommand::downloadedValuesArrive()
     QCOMPARE(controller.ask("get TV7@1"), QStringLiteral("TV7@1=0"));
 }
 
-void TestRecipeCommand::downloadedAndUploadedIsTheSameFile()
+void RecipeCommandTest::downloadedAndUploadedIsTheSameFile()
 {
     const RecipeFixture fixture;
     const KxsimProcess controller(BOTH_STATIONS);
@@ -75,7 +75,7 @@ void TestRecipeCommand::downloadedAndUploadedIsTheSameFile()
     QCOMPARE(fixture.stored(), QByteArray(RECIPE));
 }
 
-void TestRecipeCommand::uploadFillsInValues()
+void RecipeCommandTest::uploadFillsInValues()
 {
     const RecipeFixture fixture;
     const KxsimProcess controller({"--still", "--set", "D100=1,2,3,65535", "--set", "X10=1,0,1",
@@ -101,7 +101,7 @@ void TestRecipeCommand::uploadFillsInValues()
                                           "g,1,32CV,254,uint32,5\nh,1,32CV,255,int32,-1\n"));
 }
 
-void TestRecipeCommand::holesAreNotWritten()
+void RecipeCommandTest::holesAreNotWritten()
 {
     const RecipeFixture fixture;
     KxsimProcess controller({"--still", "--set", "32CV201=11", "--set", "D1=12", "--set", "M1=1"});
@@ -115,7 +115,7 @@ void TestRecipeCommand::holesAreNotWritten()
     QCOMPARE(controller.ask("get M0:4"), QStringLiteral("M0=1,1,1,0"));
 }
 
-void TestRecipeCommand::progressAsJson()
+void RecipeCommandTest::progressAsJson()
 {
     const RecipeFixture fixture;
     const KxsimProcess controller({"--still"});
@@ -130,7 +130,7 @@ void TestRecipeCommand::progressAsJson()
 }
 
 // script(1) gives the command a terminal.
-void TestRecipeCommand::barOnATerminal()
+void RecipeCommandTest::barOnATerminal()
 {
     const RecipeFixture fixture;
     const KxsimProcess controller({"--still"});
@@ -148,7 +148,7 @@ void TestRecipeCommand::barOnATerminal()
     QCOMPARE(terminal.exitCode(), 0);
 }
 
-void TestRecipeCommand::badInputSendsNothing_data()
+void RecipeCommandTest::badInputSendsNothing_data()
 {
     QTest::addColumn<QByteArray>("direction");
     QTest::addColumn<QByteArray>("rows"); ///< after the header
@@ -179,7 +179,7 @@ void TestRecipeCommand::badInputSendsNothing_data()
         << "%1: line 3 (b): a 32CV takes 2 registers; raise --max-words, which is 1";
 }
 
-void TestRecipeCommand::badInputSendsNothing()
+void RecipeCommandTest::badInputSendsNothing()
 {
     const RecipeFixture fixture;
     QFETCH(QByteArray, direction);
@@ -198,5 +198,5 @@ void TestRecipeCommand::badInputSendsNothing()
     QCOMPARE(controller.errorOutput(), QString());
 }
 
-QTEST_GUILESS_MAIN(TestRecipeCommand)
+QTEST_GUILESS_MAIN(RecipeCommandTest)
 #include "tst_recipe_command.moc"

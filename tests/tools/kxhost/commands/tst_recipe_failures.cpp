@@ -30,7 +30,7 @@ QByteArray longRecipe()
 
 } // namespace
 
-class TestRecipeFailures : public QObject
+class RecipeFailuresTest : public QObject
 {
     Q_OBJECT
 
@@ -47,7 +47,7 @@ private slots:
     void missingFileIsNamed();
 };
 
-void TestRecipeFailures::failedDownloadNamesTheBlocksSent()
+void RecipeFailuresTest::failedDownloadNamesTheBlocksSent()
 {
     const RecipeFixture fixture;
     KxsimProcess controller({"--still"});
@@ -63,7 +63,7 @@ void TestRecipeFailures::failedDownloadNamesTheBlocksSent()
     QCOMPARE(controller.ask("get D9"), QStringLiteral("D9=6"));
 }
 
-void TestRecipeFailures::longListOfBlocksIsCutShort()
+void RecipeFailuresTest::longListOfBlocksIsCutShort()
 {
     const RecipeFixture fixture;
     const KxsimProcess controller({"--still"});
@@ -77,7 +77,7 @@ void TestRecipeFailures::longListOfBlocksIsCutShort()
                             "perhaps also D0:1@9"}));
 }
 
-void TestRecipeFailures::jsonHasEveryBlock()
+void RecipeFailuresTest::jsonHasEveryBlock()
 {
     const RecipeFixture fixture;
     const KxsimProcess controller({"--still"});
@@ -92,7 +92,7 @@ void TestRecipeFailures::jsonHasEveryBlock()
     QCOMPARE(result.exitCode, 1);
 }
 
-void TestRecipeFailures::failedUploadLeavesTheFile()
+void RecipeFailuresTest::failedUploadLeavesTheFile()
 {
     const RecipeFixture fixture;
     const KxsimProcess controller({"--still", "--set", "D0=5"});
@@ -109,7 +109,7 @@ void TestRecipeFailures::failedUploadLeavesTheFile()
     QCOMPARE(fixture.files(), QStringList{"filling.csv"});
 }
 
-void TestRecipeFailures::lineThatDiesLeavesTheFileAndTheNextCommandWorks_data()
+void RecipeFailuresTest::lineThatDiesLeavesTheFileAndTheNextCommandWorks_data()
 {
     QTest::addColumn<QByteArray>("direction");
 
@@ -117,7 +117,7 @@ void TestRecipeFailures::lineThatDiesLeavesTheFileAndTheNextCommandWorks_data()
     QTest::newRow("upload") << QByteArray("upload");
 }
 
-void TestRecipeFailures::lineThatDiesLeavesTheFileAndTheNextCommandWorks()
+void RecipeFailuresTest::lineThatDiesLeavesTheFileAndTheNextCommandWorks()
 {
     const RecipeFixture fixture;
     QFETCH(QByteArray, direction);
@@ -145,7 +145,7 @@ void TestRecipeFailures::lineThatDiesLeavesTheFileAndTheNextCommandWorks()
     QCOMPARE(controller->ask("get D298:3"), QStringLiteral("D298=7,7,0"));
 }
 
-void TestRecipeFailures::interruptLeavesTheFile()
+void RecipeFailuresTest::interruptLeavesTheFile()
 {
     const RecipeFixture fixture;
     const KxsimProcess controller({"--still"});
@@ -164,7 +164,7 @@ void TestRecipeFailures::interruptLeavesTheFile()
     QCOMPARE(fixture.stored(), longRecipe());
 }
 
-void TestRecipeFailures::fullDiskLeavesTheFile_data()
+void RecipeFailuresTest::fullDiskLeavesTheFile_data()
 {
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QByteArray>("lastLine");
@@ -175,7 +175,7 @@ void TestRecipeFailures::fullDiskLeavesTheFile_data()
 }
 
 // A limit of one block, 512 bytes, for every file that kxhost writes.
-void TestRecipeFailures::fullDiskLeavesTheFile()
+void RecipeFailuresTest::fullDiskLeavesTheFile()
 {
     const RecipeFixture fixture;
     QFETCH(QStringList, options);
@@ -200,7 +200,7 @@ void TestRecipeFailures::fullDiskLeavesTheFile()
     QCOMPARE(fixture.files(), QStringList{"filling.csv"});
 }
 
-void TestRecipeFailures::missingFileIsNamed()
+void RecipeFailuresTest::missingFileIsNamed()
 {
     const RecipeFixture fixture;
     const CommandResult result = fixture.run("upload", QStringLiteral("/dev/null"));
@@ -210,5 +210,5 @@ void TestRecipeFailures::missingFileIsNamed()
     QCOMPARE(fixture.files(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(TestRecipeFailures)
+QTEST_GUILESS_MAIN(RecipeFailuresTest)
 #include "tst_recipe_failures.moc"

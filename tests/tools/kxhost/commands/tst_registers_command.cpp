@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestRegistersCommand : public QObject
+class RegistersCommandTest : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private slots:
     void whatNeedsNoLineTakesNone();
 };
 
-void TestRegistersCommand::theWholeCatalogueIsShown()
+void RegistersCommandTest::theWholeCatalogueIsShown()
 {
     const CommandResult result = runCommand("registers");
     QCOMPARE(
@@ -51,7 +51,7 @@ void TestRegistersCommand::theWholeCatalogueIsShown()
     QCOMPARE(result.exitCode, 0);
 }
 
-void TestRegistersCommand::namedTypesOnly()
+void RegistersCommandTest::namedTypesOnly()
 {
     const CommandResult result = runCommand("registers Z X");
     QCOMPARE(result.output,
@@ -62,7 +62,7 @@ void TestRegistersCommand::namedTypesOnly()
                           "registers 8500 to 8515"}));
 }
 
-void TestRegistersCommand::rowsAsJson()
+void RegistersCommandTest::rowsAsJson()
 {
     const CommandResult result = runCommand("registers --json Y SD");
     QCOMPARE(result.output,
@@ -75,7 +75,7 @@ void TestRegistersCommand::rowsAsJson()
     QCOMPARE(static_cast<int>(runCommand("registers --json").output.size()), 13);
 }
 
-void TestRegistersCommand::anUnknownTypeIsRefused()
+void RegistersCommandTest::anUnknownTypeIsRefused()
 {
     const CommandResult result = runCommand("registers X x");
     QCOMPARE(result.errors, (QStringList{"kxhost: unknown register type 'x'; the types are X, Y, "
@@ -84,7 +84,7 @@ void TestRegistersCommand::anUnknownTypeIsRefused()
     QCOMPARE(result.exitCode, 2);
 }
 
-void TestRegistersCommand::whatNeedsNoLineTakesNone_data()
+void RegistersCommandTest::whatNeedsNoLineTakesNone_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("command");
@@ -100,7 +100,7 @@ void TestRegistersCommand::whatNeedsNoLineTakesNone_data()
                           << "plan";
 }
 
-void TestRegistersCommand::whatNeedsNoLineTakesNone()
+void RegistersCommandTest::whatNeedsNoLineTakesNone()
 {
     QFETCH(QString, arguments);
     QFETCH(QString, command);
@@ -112,5 +112,5 @@ void TestRegistersCommand::whatNeedsNoLineTakesNone()
     QCOMPARE(result.exitCode, 2);
 }
 
-QTEST_GUILESS_MAIN(TestRegistersCommand)
+QTEST_GUILESS_MAIN(RegistersCommandTest)
 #include "tst_registers_command.moc"

@@ -11,7 +11,7 @@
 
 using namespace kx;
 
-class TestScanCommand : public QObject
+class ScanCommandTest : public QObject
 {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ private:
     std::unique_ptr<kxsim::SimulatedLine> m_line;
 };
 
-void TestScanCommand::initTestCase()
+void ScanCommandTest::initTestCase()
 {
     kxsim::Simulation simulation;
     simulation.stations = {2, 5};
@@ -44,12 +44,12 @@ void TestScanCommand::initTestCase()
     QVERIFY2(m_line, qPrintable(error));
 }
 
-CommandResult TestScanCommand::scan(const QStringList& arguments)
+CommandResult ScanCommandTest::scan(const QStringList& arguments)
 {
     return runCommand(QStringList{"scan", "--port", m_line->portName()} + arguments);
 }
 
-void TestScanCommand::twoStationsAnswer()
+void ScanCommandTest::twoStationsAnswer()
 {
     const CommandResult result = scan({"--stations", "1-6"});
     QCOMPARE(result.output, (QStringList{"station 2: answered", "station 5: answered",
@@ -58,7 +58,7 @@ void TestScanCommand::twoStationsAnswer()
     QCOMPARE(result.exitCode, 0);
 }
 
-void TestScanCommand::nobodyAnswers()
+void ScanCommandTest::nobodyAnswers()
 {
     const CommandResult result = scan({"--stations", "3-4", "--timeout", "50"});
     QCOMPARE(result.output, (QStringList{"0 of 2 stations answered"}));
@@ -66,7 +66,7 @@ void TestScanCommand::nobodyAnswers()
     QCOMPARE(result.exitCode, 1);
 }
 
-void TestScanCommand::answersAsJson()
+void ScanCommandTest::answersAsJson()
 {
     const CommandResult result = scan({"--stations", "5,6", "--json"});
     QCOMPARE(result.output,
@@ -75,7 +75,7 @@ void TestScanCommand::answersAsJson()
     QCOMPARE(result.exitCode, 0);
 }
 
-void TestScanCommand::framesAreShown()
+void ScanCommandTest::framesAreShown()
 {
     const QString request = QLatin1String("request station 05, function 03, address 00 00, "
                                           "quantity 00 01, CRC 85 8E");
@@ -85,7 +85,7 @@ void TestScanCommand::framesAreShown()
     QCOMPARE(result.output.last(), QString::fromLatin1("1 of 1 station answered"));
 }
 
-void TestScanCommand::aSimulatedControllerInside()
+void ScanCommandTest::aSimulatedControllerInside()
 {
     const CommandResult result = runCommand("scan --simulate --stations 1-2");
     QCOMPARE(result.output, (QStringList{"station 1: answered", "1 of 2 stations answered"}));
@@ -93,7 +93,7 @@ void TestScanCommand::aSimulatedControllerInside()
 }
 
 // Stations that do not answer keep the scan going for more than a minute.
-void TestScanCommand::ctrlCEndsAScanThatFoundAStation()
+void ScanCommandTest::ctrlCEndsAScanThatFoundAStation()
 {
     RunningWatch scan({"scan", "--port", m_line->portName(), "--stations", "1-247"});
     QVERIFY(scan.waitForOutput("station 2: answered\n"));
@@ -108,7 +108,7 @@ void TestScanCommand::ctrlCEndsAScanThatFoundAStation()
     QCOMPARE(match.captured(2).toInt() + match.captured(3).toInt(), 247);
 }
 
-void TestScanCommand::ctrlCEndsAScanThatFoundNone()
+void ScanCommandTest::ctrlCEndsAScanThatFoundNone()
 {
     RunningWatch scan(
         {"scan", "--port", m_line->portName(), "--stations", "100-247", "--json", "--frames"});
@@ -121,7 +121,7 @@ void TestScanCommand::ctrlCEndsAScanThatFoundNone()
              scan.output().constData());
 }
 
-void TestScanCommand::theHelpNamesItsOwnTimeoutAndNoUselessOption()
+void ScanCommandTest::theHelpNamesItsOwnTimeoutAndNoUselessOption()
 {
     const QString help = runCommand("scan --help").output.join('\n');
     QVERIFY(help.contains("Milliseconds to wait for a reply (default 200)."));
@@ -133,7 +133,7 @@ void TestScanCommand::theHelpNamesItsOwnTimeoutAndNoUselessOption()
                 .contains("Milliseconds to wait for a reply (default 1000)."));
 }
 
-void TestScanCommand::wrongUsageIsOneLine_data()
+void ScanCommandTest::wrongUsageIsOneLine_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("line");
@@ -159,7 +159,7 @@ void TestScanCommand::wrongUsageIsOneLine_data()
         << "kxhost: --timeout 0: must be a whole number of milliseconds from 1 to 60000";
 }
 
-void TestScanCommand::wrongUsageIsOneLine()
+void ScanCommandTest::wrongUsageIsOneLine()
 {
     QFETCH(QString, arguments);
     QFETCH(QString, line);
@@ -169,7 +169,7 @@ void TestScanCommand::wrongUsageIsOneLine()
     QCOMPARE(result.exitCode, 2);
 }
 
-void TestScanCommand::aMissingPortIsNamed()
+void ScanCommandTest::aMissingPortIsNamed()
 {
     const CommandResult result = runCommand("scan --port /dev/no-such-port");
     QCOMPARE(static_cast<int>(result.errors.size()), 1);
@@ -179,5 +179,5 @@ void TestScanCommand::aMissingPortIsNamed()
     QCOMPARE(result.exitCode, 3);
 }
 
-QTEST_GUILESS_MAIN(TestScanCommand)
+QTEST_GUILESS_MAIN(ScanCommandTest)
 #include "tst_scan_command.moc"

@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestSeriesCommand : public QObject
+class SeriesCommandTest : public QObject
 {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ private slots:
     void wrongUsageIsOneLine();
 };
 
-void TestSeriesCommand::aSeriesIsShown_data()
+void SeriesCommandTest::aSeriesIsShown_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QStringList>("output");
@@ -60,7 +60,7 @@ void TestSeriesCommand::aSeriesIsShown_data()
         << QStringList{"kxhost: below D0, the lowest: 1 of 2 addresses"};
 }
 
-void TestSeriesCommand::aSeriesIsShown()
+void SeriesCommandTest::aSeriesIsShown()
 {
     QFETCH(QString, arguments);
     const CommandResult result =
@@ -71,7 +71,7 @@ void TestSeriesCommand::aSeriesIsShown()
     QCOMPARE(static_cast<int>(runCommand("series D0").output.size()), 8);
 }
 
-void TestSeriesCommand::rowsAsJson()
+void SeriesCommandTest::rowsAsJson()
 {
     const CommandResult result = runCommand("series Y376 --count 3 --json");
     QCOMPARE(result.output,
@@ -83,7 +83,7 @@ void TestSeriesCommand::rowsAsJson()
                           "\"modbus\":[{\"first\":255,\"last\":255}],\"number\":255}"}));
 }
 
-void TestSeriesCommand::wrongUsageIsOneLine_data()
+void SeriesCommandTest::wrongUsageIsOneLine_data()
 {
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("line");
@@ -107,7 +107,7 @@ void TestSeriesCommand::wrongUsageIsOneLine_data()
         << "kxhost: --step a: must be a whole number from -65535 to 65535";
 }
 
-void TestSeriesCommand::wrongUsageIsOneLine()
+void SeriesCommandTest::wrongUsageIsOneLine()
 {
     QFETCH(QString, arguments);
     QFETCH(QString, line);
@@ -117,5 +117,5 @@ void TestSeriesCommand::wrongUsageIsOneLine()
     QCOMPARE(result.exitCode, 2);
 }
 
-QTEST_GUILESS_MAIN(TestSeriesCommand)
+QTEST_GUILESS_MAIN(SeriesCommandTest)
 #include "tst_series_command.moc"

@@ -10,7 +10,7 @@
 
 using namespace kx;
 
-class TestTagsCommands : public QObject
+class TagsCommandsTest : public QObject
 {
     Q_OBJECT
 
@@ -36,7 +36,7 @@ private:
     QString m_wrong;
 };
 
-QString TestTagsCommands::write(const char* name, const QByteArray& text)
+QString TagsCommandsTest::write(const char* name, const QByteArray& text)
 {
     QFile file(m_folder.filePath(QLatin1String(name)));
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
@@ -44,14 +44,14 @@ QString TestTagsCommands::write(const char* name, const QByteArray& text)
     return file.fileName();
 }
 
-void TestTagsCommands::initTestCase()
+void TagsCommandsTest::initTestCase()
 {
     const QByteArray header = "name,station,address,count,comment\n";
     m_good = write("good.csv", header + "Spare,,Z15,,\nEnd,2,SD511,,\n");
     m_wrong = write("wrong.csv", header + "Lamp,,X8,,\n");
 }
 
-void TestTagsCommands::everyCommandTakesAFile_data()
+void TagsCommandsTest::everyCommandTakesAFile_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("first");
@@ -73,7 +73,7 @@ void TestTagsCommands::everyCommandTakesAFile_data()
                                  << QString::fromLatin1("2  SD511  ");
 }
 
-void TestTagsCommands::everyCommandTakesAFile()
+void TagsCommandsTest::everyCommandTakesAFile()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, first);
@@ -86,14 +86,14 @@ void TestTagsCommands::everyCommandTakesAFile()
     QCOMPARE(result.exitCode, 0);
 }
 
-void TestTagsCommands::jsonHasTheNames_data()
+void TagsCommandsTest::jsonHasTheNames_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::newRow("read") << QStringList{"read", "--simulate", "--json", m_good};
     QTest::newRow("watch") << QStringList{"watch", "--simulate", "--json", "--cycles", "1", m_good};
 }
 
-void TestTagsCommands::jsonHasTheNames()
+void TagsCommandsTest::jsonHasTheNames()
 {
     QFETCH(QStringList, arguments);
     QStringList names;
@@ -107,7 +107,7 @@ void TestTagsCommands::jsonHasTheNames()
     QCOMPARE(names, (QStringList{"SD511 End", "Z15 Spare"}));
 }
 
-void TestTagsCommands::twoTagsOnOneAddressAreBothShown_data()
+void TagsCommandsTest::twoTagsOnOneAddressAreBothShown_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QStringList>("shown");
@@ -120,7 +120,7 @@ void TestTagsCommands::twoTagsOnOneAddressAreBothShown_data()
     QTest::newRow("watch, JSON") << watch + QStringList{"--json"} << objects;
 }
 
-void TestTagsCommands::twoTagsOnOneAddressAreBothShown()
+void TagsCommandsTest::twoTagsOnOneAddressAreBothShown()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QStringList, shown);
@@ -131,7 +131,7 @@ void TestTagsCommands::twoTagsOnOneAddressAreBothShown()
         QVERIFY2(output.count(text) == 1, qPrintable(output));
 }
 
-void TestTagsCommands::typedAddressesHaveNoName()
+void TagsCommandsTest::typedAddressesHaveNoName()
 {
     for (const char* arguments :
          {"read --simulate --json Z15 SD511", "watch --simulate --json --cycles 1 Z15 SD511"}) {
@@ -141,7 +141,7 @@ void TestTagsCommands::typedAddressesHaveNoName()
     }
 }
 
-void TestTagsCommands::tagsWithoutStationGetTheOneOfTheOption()
+void TagsCommandsTest::tagsWithoutStationGetTheOneOfTheOption()
 {
     const CommandResult result = runCommand({"read", "--simulate", "--station", "7", m_good});
     QCOMPARE(static_cast<int>(result.output.size()), 2);
@@ -151,7 +151,7 @@ void TestTagsCommands::tagsWithoutStationGetTheOneOfTheOption()
              qPrintable(result.output.at(1)));
 }
 
-void TestTagsCommands::aFaultNamesFileAndLine_data()
+void TagsCommandsTest::aFaultNamesFileAndLine_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::newRow("read") << QStringList{"read", "--simulate"};
@@ -159,7 +159,7 @@ void TestTagsCommands::aFaultNamesFileAndLine_data()
     QTest::newRow("plan") << QStringList{"plan"};
 }
 
-void TestTagsCommands::aFaultNamesFileAndLine()
+void TagsCommandsTest::aFaultNamesFileAndLine()
 {
     QFETCH(QStringList, arguments);
     const QString fault =
@@ -174,7 +174,7 @@ void TestTagsCommands::aFaultNamesFileAndLine()
     }
 }
 
-void TestTagsCommands::switchesMayStandInFrontOfTheCommand()
+void TagsCommandsTest::switchesMayStandInFrontOfTheCommand()
 {
     const CommandResult result = runCommand({"--simulate", "--json", "read", "Z15"});
     QCOMPARE(static_cast<int>(result.output.size()), 1);
@@ -186,5 +186,5 @@ void TestTagsCommands::switchesMayStandInFrontOfTheCommand()
     QCOMPARE(runCommand("--simulate --help").exitCode, 0);
 }
 
-QTEST_GUILESS_MAIN(TestTagsCommands)
+QTEST_GUILESS_MAIN(TagsCommandsTest)
 #include "tst_tags_commands.moc"

@@ -58,7 +58,7 @@ QString helpOfKxsim()
 
 } // namespace
 
-class TestVersions : public QObject
+class VersionsTest : public QObject
 {
     Q_OBJECT
 
@@ -169,5 +169,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestVersions)
+QTEST_GUILESS_MAIN(VersionsTest)
 #include "tst_versions.moc"

@@ -26,7 +26,7 @@ CommandResult writeTo(const KxsimProcess& controller, const QStringList& argumen
 
 } // namespace
 
-class TestWriteCommand : public QObject
+class WriteCommandTest : public QObject
 {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ private slots:
     void aControllerInside();
 };
 
-void TestWriteCommand::valuesArrive_data()
+void WriteCommandTest::valuesArrive_data()
 {
     QTest::addColumn<QString>("assignment");
     QTest::addColumn<int>("maxWords");
@@ -80,7 +80,7 @@ void TestWriteCommand::valuesArrive_data()
         << "D0=" + runOf("7", 125) + ",0";
 }
 
-void TestWriteCommand::valuesArrive()
+void WriteCommandTest::valuesArrive()
 {
     QFETCH(QString, assignment);
     QFETCH(int, maxWords);
@@ -96,7 +96,7 @@ void TestWriteCommand::valuesArrive()
     QTEST(controller.ask(question), "answer");
 }
 
-void TestWriteCommand::oneRefusalDoesNotKeepTheOthersBack()
+void WriteCommandTest::oneRefusalDoesNotKeepTheOthersBack()
 {
     KxsimProcess controller({"--still"});
     const CommandResult result =
@@ -107,7 +107,7 @@ void TestWriteCommand::oneRefusalDoesNotKeepTheOthersBack()
     QCOMPARE(controller.ask("get D1:3"), QStringLiteral("D1=5,0,65529"));
 }
 
-void TestWriteCommand::stationsAreKeptApart()
+void WriteCommandTest::stationsAreKeptApart()
 {
     KxsimProcess controller({"--still", "--station", "1", "--station", "2"});
     QCOMPARE(writeTo(controller, {"D5@1=10", "D5=20", "--station", "2"}).exitCode, 0);
@@ -115,7 +115,7 @@ void TestWriteCommand::stationsAreKeptApart()
     QCOMPARE(controller.ask("get D5@2"), QStringLiteral("D5@2=20"));
 }
 
-void TestWriteCommand::resultsAsJson()
+void WriteCommandTest::resultsAsJson()
 {
     KxsimProcess controller({"--still"});
     const CommandResult result =
@@ -129,7 +129,7 @@ void TestWriteCommand::resultsAsJson()
 }
 
 // mbpoll is another Modbus master; the numbers are the controller's Modbus numbers.
-void TestWriteCommand::anotherMasterReadsWhatWasWritten()
+void WriteCommandTest::anotherMasterReadsWhatWasWritten()
 {
     KxsimProcess controller({"--still"});
     QCOMPARE(writeTo(controller, {"D100=1234,65535", "M0=" + runOf("1", 8), "32CV200=305419896"})
@@ -158,7 +158,7 @@ void TestWriteCommand::anotherMasterReadsWhatWasWritten()
     QCOMPARE(poll("4:hex", 9700, 2), QStringLiteral("[9700]: 0x1234 [9701]: 0x5678"));
 }
 
-void TestWriteCommand::badInputSendsNothing_data()
+void WriteCommandTest::badInputSendsNothing_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("error");
@@ -178,7 +178,7 @@ void TestWriteCommand::badInputSendsNothing_data()
         << "kxhost: 32CV200=1: a 32CV takes 2 registers; raise --max-words, which is 1";
 }
 
-void TestWriteCommand::badInputSendsNothing()
+void WriteCommandTest::badInputSendsNothing()
 {
     QFETCH(QStringList, arguments);
     KxsimProcess controller({"--still", "--log"});
@@ -191,12 +191,12 @@ void TestWriteCommand::badInputSendsNothing()
     QCOMPARE(controller.errorOutput(), QString());
 }
 
-void TestWriteCommand::aControllerInside()
+void WriteCommandTest::aControllerInside()
 {
     const CommandResult result = runCommand("write D100=1 D100@3=2 --simulate");
     QCOMPARE(result.output, (QStringList{"1 D100=1 confirmed", "3 D100=2 confirmed"}));
     QCOMPARE(result.exitCode, 0);
 }
 
-QTEST_GUILESS_MAIN(TestWriteCommand)
+QTEST_GUILESS_MAIN(WriteCommandTest)
 #include "tst_write_command.moc"

@@ -1,6 +1,6 @@
 /// kxhost watching a simulator, for tests.
-#ifndef KX_TESTS_WATCH_PROCESS_H
-#define KX_TESTS_WATCH_PROCESS_H
+#ifndef KX_TESTS_TOOLS_KXHOST_COMMANDS_WATCH_PROCESS_H
+#define KX_TESTS_TOOLS_KXHOST_COMMANDS_WATCH_PROCESS_H
 
 #include "exchange/lines/serial_line.h"
 #include "tools/kxsim/kxsim_process.h"

@@ -1,4 +1,4 @@
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 #include "kxhost/options/connection_options.h"
 
 #include <QtTest/QTest>
@@ -32,7 +32,7 @@ bool ConnectionOptionsTest::read(const QByteArray& arguments, ConnectionOptions*
         *error = parser.errorText();
         return false;
     }
-    return readConnectionOptions(parser, options, error);
+    return parseConnectionOptions(parser, options, error);
 }
 
 void ConnectionOptionsTest::defaults()

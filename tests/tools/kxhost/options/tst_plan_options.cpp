@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestPlanOptions : public QObject
+class PlanOptionsTest : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ private slots:
     void aWrongDurationIsRefused();
 };
 
-void TestPlanOptions::aDurationIsRead_data()
+void PlanOptionsTest::aDurationIsRead_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<qint64>("microseconds");
@@ -32,7 +32,7 @@ void TestPlanOptions::aDurationIsRead_data()
     QTest::newRow("the longest") << "60s" << qint64(60000000);
 }
 
-void TestPlanOptions::aDurationIsRead()
+void PlanOptionsTest::aDurationIsRead()
 {
     QFETCH(QString, text);
     qint64 microseconds = -1;
@@ -40,7 +40,7 @@ void TestPlanOptions::aDurationIsRead()
     QTEST(microseconds, "microseconds");
 }
 
-void TestPlanOptions::aWrongDurationIsRefused_data()
+void PlanOptionsTest::aWrongDurationIsRefused_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("empty") << "";
@@ -52,7 +52,7 @@ void TestPlanOptions::aWrongDurationIsRefused_data()
     QTest::newRow("a line end") << "5ms\n";
 }
 
-void TestPlanOptions::aWrongDurationIsRefused()
+void PlanOptionsTest::aWrongDurationIsRefused()
 {
     QFETCH(QString, text);
     qint64 microseconds = 7;
@@ -60,5 +60,5 @@ void TestPlanOptions::aWrongDurationIsRefused()
     QCOMPARE(microseconds, qint64(7));
 }
 
-QTEST_APPLESS_MAIN(TestPlanOptions)
+QTEST_APPLESS_MAIN(PlanOptionsTest)
 #include "tst_plan_options.moc"

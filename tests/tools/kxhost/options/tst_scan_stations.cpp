@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestScanStations : public QObject
+class ScanStationsTest : public QObject
 {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ private slots:
     void aWrongListIsRefused();
 };
 
-void TestScanStations::aListIsRead_data()
+void ScanStationsTest::aListIsRead_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QList<int>>("stations");
@@ -29,7 +29,7 @@ void TestScanStations::aListIsRead_data()
     QTest::newRow("the highest") << "247" << QList<int>{247};
 }
 
-void TestScanStations::aListIsRead()
+void ScanStationsTest::aListIsRead()
 {
     QFETCH(QString, text);
     QList<int> stations;
@@ -38,7 +38,7 @@ void TestScanStations::aListIsRead()
     QTEST(stations, "stations");
 }
 
-void TestScanStations::allStations()
+void ScanStationsTest::allStations()
 {
     QList<int> stations;
     QString error;
@@ -48,7 +48,7 @@ void TestScanStations::allStations()
     QCOMPARE(stations.last(), 247);
 }
 
-void TestScanStations::aWrongListIsRefused_data()
+void ScanStationsTest::aWrongListIsRefused_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("part");
@@ -74,7 +74,7 @@ void TestScanStations::aWrongListIsRefused_data()
                              << " 2";
 }
 
-void TestScanStations::aWrongListIsRefused()
+void ScanStationsTest::aWrongListIsRefused()
 {
     QFETCH(QString, text);
     QFETCH(QString, part);
@@ -86,5 +86,5 @@ void TestScanStations::aWrongListIsRefused()
                         .arg(text, part));
 }
 
-QTEST_APPLESS_MAIN(TestScanStations)
+QTEST_APPLESS_MAIN(ScanStationsTest)
 #include "tst_scan_stations.moc"

@@ -8,7 +8,7 @@
 
 using namespace kx;
 
-class TestTagsArguments : public QObject
+class TagsArgumentsTest : public QObject
 {
     Q_OBJECT
 
@@ -43,7 +43,7 @@ QStringList read(const QStringList& arguments)
         return {parser.errorText()};
     QList<Tag> tags;
     QString error;
-    if (!readTagArguments(parser, 1, &tags, &error))
+    if (!parseTagArguments(parser, 1, &tags, &error))
         return {error};
     QStringList lines;
     for (const Tag& tag : tags)
@@ -56,7 +56,7 @@ QStringList read(const QStringList& arguments)
 
 } // namespace
 
-void TestTagsArguments::initTestCase()
+void TagsArgumentsTest::initTestCase()
 {
     m_before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(m_folder.path()));
@@ -65,12 +65,12 @@ void TestTagsArguments::initTestCase()
     write("D100"); // an address comes before a file of that name
 }
 
-void TestTagsArguments::cleanupTestCase()
+void TagsArgumentsTest::cleanupTestCase()
 {
     QDir::setCurrent(m_before);
 }
 
-void TestTagsArguments::argumentsAreRead_data()
+void TagsArgumentsTest::argumentsAreRead_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QStringList>("tags");
@@ -98,11 +98,11 @@ void TestTagsArguments::argumentsAreRead_data()
         << QStringList{"X8: '8' is not an octal number; the addresses are X0 to X377 (octal)"};
 }
 
-void TestTagsArguments::argumentsAreRead()
+void TagsArgumentsTest::argumentsAreRead()
 {
     QFETCH(QStringList, arguments);
     QTEST(read(arguments), "tags");
 }
 
-QTEST_GUILESS_MAIN(TestTagsArguments)
+QTEST_GUILESS_MAIN(TagsArgumentsTest)
 #include "tst_tags_arguments.moc"

@@ -41,7 +41,7 @@ Plan planOf(const QList<PlannedRequest>& requests)
 
 } // namespace
 
-class TestPlanText : public QObject
+class PlanTextTest : public QObject
 {
     Q_OBJECT
 
@@ -52,41 +52,41 @@ private slots:
     void theBestAndTheOneInUseAreMarked();
 };
 
-void TestPlanText::timesAreInMilliseconds()
+void PlanTextTest::timesAreInMilliseconds()
 {
     QCOMPARE(timeText(43021), QString::fromLatin1("43.0 ms"));
     QCOMPARE(timeText(0), QString::fromLatin1("0.0 ms"));
     QCOMPARE(timeText(1234567), QString::fromLatin1("1234.6 ms"));
 }
 
-void TestPlanText::whatIsWrongIsSaid()
+void PlanTextTest::whatIsWrongIsSaid()
 {
-    QCOMPARE(warningLines(planOf({request("D", 0, 4)}), watched("D0:4")), QStringList());
-    QCOMPARE(warningLines(planOf({request("SM", 250, 12)}), watched("SM254:8")),
+    QCOMPARE(warningRows(planOf({request("D", 0, 4)}), watched("D0:4")), QStringList());
+    QCOMPARE(warningRows(planOf({request("SM", 250, 12)}), watched("SM254:8")),
              (QStringList{"request 1 runs past the split of SM: 6 asked for from SM256 on lie in "
                           "the second Modbus range, from 30000 on, so the controller refuses the "
                           "request or answers with others; a lower limit keeps the ranges apart"}));
-    QCOMPARE(warningLines(planOf({request("D", 0, 126), request("M", 0, 2001)}), watched("D0")),
+    QCOMPARE(warningRows(planOf({request("D", 0, 126), request("M", 0, 2001)}), watched("D0")),
              (QStringList{"request 1 asks for 126 registers, but Modbus allows 125; the "
                           "controller will refuse it",
                           "request 2 asks for 2001 coils, but Modbus allows 2000; the controller "
                           "will refuse it"}));
-    QCOMPARE(warningLines(planOf({request("D", 0, 4), request("D", 0, 5), request("D", 0, 4)}),
-                          watched("D0:4")),
+    QCOMPARE(warningRows(planOf({request("D", 0, 4), request("D", 0, 5), request("D", 0, 4)}),
+                         watched("D0:4")),
              (QStringList{"request 3 repeats request 1, as the driver does with a range longer "
                           "than its limit of 32"}));
 }
 
-void TestPlanText::longRequestsArePictured()
+void PlanTextTest::longRequestsArePictured()
 {
     // 128 registers at two to a character; D64 to D127 are asked for.
-    QCOMPARE(pictureLines(planOf({request("D", 0, 128), request("X", 8, 2)}), watched("D65:63")),
+    QCOMPARE(pictureRows(planOf({request("D", 0, 128), request("X", 8, 2)}), watched("D65:63")),
              (QStringList{"1   D0  ................................+###############################"
                           " D127",
                           "2  X10  .. X11"}));
 }
 
-void TestPlanText::theBestAndTheOneInUseAreMarked()
+void PlanTextTest::theBestAndTheOneInUseAreMarked()
 {
     LengthResult first;
     first.maxWords = 1;
@@ -96,15 +96,15 @@ void TestPlanText::theBestAndTheOneInUseAreMarked()
     second.cost = costOf(PlanTiming(), 1, 8, 13); // 21 characters are 21.875 ms
     second.unread = 3;
     QCOMPARE(
-        lengthLines({first, second}, 2),
+        lengthRows({first, second}, 2),
         (QStringList{"LIMIT  REQUESTS  BYTES OUT  BYTES IN    CYCLE  LOAD  UNREAD",
                      "    1         4         32        28  97.1 ms  64 %       0  <- best",
                      "    2         1          8        13  30.5 ms  72 %       3  <- in use"}));
-    QCOMPARE(lengthLines({first, second}, 1).at(1),
+    QCOMPARE(lengthRows({first, second}, 1).at(1),
              QString::fromLatin1(
                  "    1         4         32        28  97.1 ms  64 %       0  <- best, in "
                  "use"));
 }
 
-QTEST_APPLESS_MAIN(TestPlanText)
+QTEST_APPLESS_MAIN(PlanTextTest)
 #include "tst_plan_text.moc"

@@ -4,7 +4,7 @@
 
 using namespace kx;
 
-class TestRecipeProgress : public QObject
+class RecipeProgressTest : public QObject
 {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ private slots:
     void barGrowsWithTheBlocks();
 };
 
-void TestRecipeProgress::barGrowsWithTheBlocks_data()
+void RecipeProgressTest::barGrowsWithTheBlocks_data()
 {
     QTest::addColumn<int>("done");
     QTest::addColumn<int>("blocks");
@@ -27,12 +27,12 @@ void TestRecipeProgress::barGrowsWithTheBlocks_data()
         << 1 << 100 << "[........................................] 1/100 blocks";
 }
 
-void TestRecipeProgress::barGrowsWithTheBlocks()
+void RecipeProgressTest::barGrowsWithTheBlocks()
 {
     QFETCH(int, done);
     QFETCH(int, blocks);
     QTEST(recipeBar(done, blocks), "bar");
 }
 
-QTEST_GUILESS_MAIN(TestRecipeProgress)
+QTEST_GUILESS_MAIN(RecipeProgressTest)
 #include "tst_recipe_progress.moc"

@@ -40,7 +40,7 @@ void WatchTableTest::rows()
     silent.readAt = 0;
     WatchEntry changed = entryOf("D100", 1234);
     changed.changedAt = 1500;
-    const QStringList lines = tableLines(
+    const QStringList lines = tableRows(
         {changed, entryOf("X17", 1), entryOf("32CV200", 4294967295), silent}, 0, 2300, 80, 20);
     // X17 is octal: number 15, coil 1215. M2048 is coil 12000, 32CV200 register 9700.
     QCOMPARE(lines,
@@ -68,7 +68,7 @@ void WatchTableTest::rowsWithNames()
     silent.isKnown = false;
     silent.readAt = 0;
     const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
-    QCOMPARE(tableLines({speed, silent, entryOf("X17", 1)}, 10, 2300, 100, 20),
+    QCOMPARE(tableRows({speed, silent, entryOf("X17", 1)}, 10, 2300, 100, 20),
              QStringList({
                  text("STATION  TYPE ADDRESS  NAME             VALUE       AGE  STATE     "
                       "         HEX  MODBUS"),
@@ -85,7 +85,7 @@ void WatchTableTest::rowsWithNames()
 void WatchTableTest::twoNamesOfAnAddressAreTwoRows()
 {
     const WatchList list({tagOf("D100", "Pump speed"), tagOf("D100", "Limit")});
-    const QStringList lines = tableLines(list.entries(), list.longestName(), 0, 80, 20);
+    const QStringList lines = tableRows(list.entries(), list.longestName(), 0, 80, 20);
     QCOMPARE(lines.size(), 3);
     QVERIFY2(lines.at(1).startsWith("      1  D        100  Pump speed  "),
              qPrintable(lines.at(1)));
@@ -98,7 +98,7 @@ void WatchTableTest::longNamesAreCut()
     WatchEntry entry = entryOf("D100", 1234);
     entry.name = QString::fromLatin1("Speed of the second circulation pump");
     entry.state = WatchState::NoAnswer;
-    QCOMPARE(tableLines({entry}, 36, 2300, 80, 20).last(),
+    QCOMPARE(tableRows({entry}, 36, 2300, 80, 20).last(),
              QString::fromUtf8("      1  D        100  Speed of the second ci        1234     "
                                "1.3 s  no answer \u2026"));
 }
@@ -107,7 +107,7 @@ void WatchTableTest::longNamesAreCut()
 void WatchTableTest::whatIsCutIsMarked()
 {
     const QVector<WatchEntry> entries = {entryOf("D100", 48)};
-    const auto cutAt = [&](int width) { return tableLines(entries, 0, 1000, width, 20).last(); };
+    const auto cutAt = [&](int width) { return tableRows(entries, 0, 1000, width, 20).last(); };
     const QString whole = QString::fromLatin1("      1  D        100     100          48");
     QCOMPARE(cutAt(41), whole.left(40) + QChar(0x2026)); // HEX stands behind it
     QCOMPARE(cutAt(40), whole.left(39) + QChar(0x2026));
@@ -115,7 +115,7 @@ void WatchTableTest::whatIsCutIsMarked()
     QCOMPARE(cutAt(1), QString(QChar(0x2026)));
     QCOMPARE(cutAt(0), QString());
     // Nothing but blanks is lost.
-    QCOMPARE(tableLines({entryOf("D100", 48), entryOf("D101", 0)}, 0, 1000, 14, 2).last(),
+    QCOMPARE(tableRows({entryOf("D100", 48), entryOf("D101", 0)}, 0, 1000, 14, 2).last(),
              QString::fromLatin1("... and 2 more"));
 }
 
@@ -172,9 +172,9 @@ void WatchTableTest::hexValues()
 void WatchTableTest::tooManyRowsAreCounted()
 {
     const QVector<WatchEntry> entries = {entryOf("D0", 0), entryOf("D1", 0), entryOf("D2", 0)};
-    QCOMPARE(tableLines(entries, 0, 1000, 80, 4).size(), 4);
-    QVERIFY(!tableLines(entries, 0, 1000, 80, 4).last().startsWith(QLatin1String("...")));
-    const QStringList cut = tableLines(entries, 0, 1000, 80, 3);
+    QCOMPARE(tableRows(entries, 0, 1000, 80, 4).size(), 4);
+    QVERIFY(!tableRows(entries, 0, 1000, 80, 4).last().startsWith(QLatin1String("...")));
+    const QStringList cut = tableRows(entries, 0, 1000, 80, 3);
     QCOMPARE(cut.size(), 3);
     QCOMPARE(cut.last(), QString::fromLatin1("... and 2 more"));
 }
@@ -197,7 +197,7 @@ void WatchTableTest::sizes()
     QFETCH(int, height);
     WatchScreen screen = filledScreen();
     for (const QStringList& lines :
-         {tableLines(screen.entries, 0, 0, width, height), screenLines(screen, width, height)}) {
+         {tableRows(screen.entries, 0, 0, width, height), screenRows(screen, width, height)}) {
         QVERIFY(lines.size() <= qMax(0, height));
         for (const QString& line : lines)
             QVERIFY(line.size() <= width);
@@ -225,7 +225,7 @@ WatchScreen WatchTableTest::filledScreen()
 
 void WatchTableTest::screen()
 {
-    QCOMPARE(screenLines(filledScreen(), 80, 24),
+    QCOMPARE(screenRows(filledScreen(), 80, 24),
              QStringList({
                  QString::fromLatin1("/dev/ttyUSB0  9600 8N1  15.0 requests/s, line load 25.0 %"),
                  QString::fromLatin1("30 requests in 10 cycles: 29 accepted, 1 repeated, 0 failed"),
@@ -242,14 +242,14 @@ void WatchTableTest::screenWithoutKeys()
 {
     WatchScreen screen = filledScreen();
     screen.takesKeys = false;
-    const QStringList lines = screenLines(screen, 80, 24);
+    const QStringList lines = screenRows(screen, 80, 24);
     QCOMPARE(lines.size(), 4);
     QVERIFY(lines.last().endsWith(QLatin1String("ok")));
 }
 
 void WatchTableTest::lowScreenKeepsThePrompt()
 {
-    QCOMPARE(screenLines(filledScreen(), 80, 1),
+    QCOMPARE(screenRows(filledScreen(), 80, 1),
              QStringList({QString::fromLatin1("write> D100=6_")}));
 }
 

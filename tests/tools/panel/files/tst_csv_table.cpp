@@ -29,7 +29,7 @@ QStringList parsed(const QByteArray& bytes)
 
 } // namespace
 
-class TestCsvTable : public QObject
+class CsvTableTest : public QObject
 {
     Q_OBJECT
 
@@ -41,7 +41,7 @@ private slots:
     void textsAreReplacedInPlace();
 };
 
-void TestCsvTable::headerDecides_data()
+void CsvTableTest::headerDecides_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QStringList>("rows");
@@ -65,13 +65,13 @@ void TestCsvTable::headerDecides_data()
         << QStringList{"7: a//5/", "10: b//6/"};
 }
 
-void TestCsvTable::headerDecides()
+void CsvTableTest::headerDecides()
 {
     QFETCH(QByteArray, text);
     QTEST(parsed(text), "rows");
 }
 
-void TestCsvTable::wrongTablesAreRefused_data()
+void CsvTableTest::wrongTablesAreRefused_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("fault");
@@ -116,14 +116,14 @@ void TestCsvTable::wrongTablesAreRefused_data()
         << QByteArray("\xFF\xFEn") << "0: damaged UTF-16; save the file as UTF-8";
 }
 
-void TestCsvTable::wrongTablesAreRefused()
+void CsvTableTest::wrongTablesAreRefused()
 {
     QFETCH(QByteArray, text);
     QFETCH(QString, fault);
     QCOMPARE(parsed(text), QStringList{fault});
 }
 
-void TestCsvTable::textsAreReplacedInPlace()
+void CsvTableTest::textsAreReplacedInPlace()
 {
     CsvTable table;
     CsvFault fault;
@@ -136,5 +136,5 @@ void TestCsvTable::textsAreReplacedInPlace()
              QByteArray("\xEF\xBB\xBF# \xFF\nvalue;name\n \"5\" ; x\r\n\n;b\n7;c"));
 }
 
-QTEST_APPLESS_MAIN(TestCsvTable)
+QTEST_APPLESS_MAIN(CsvTableTest)
 #include "tst_csv_table.moc"

@@ -16,7 +16,7 @@ QByteArray bytes(const char (&literal)[SIZE])
 
 } // namespace
 
-class TestFileText : public QObject
+class FileTextTest : public QObject
 {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ private slots:
     void textIsUtf8();
 };
 
-void TestFileText::encodingsAreTaken_data()
+void FileTextTest::encodingsAreTaken_data()
 {
     QTest::addColumn<QByteArray>("stored");
     QTest::addColumn<QByteArray>("utf8");
@@ -47,7 +47,7 @@ void TestFileText::encodingsAreTaken_data()
     QTest::newRow("UTF-16 with a zero") << bytes("\xFF\xFE\0\0") << bytes("\0");
 }
 
-void TestFileText::encodingsAreTaken()
+void FileTextTest::encodingsAreTaken()
 {
     QFETCH(QByteArray, stored);
     QByteArray utf8;
@@ -58,7 +58,7 @@ void TestFileText::encodingsAreTaken()
     QCOMPARE(encodeText(utf8, encoding), stored);
 }
 
-void TestFileText::damagedUtf16IsRefused_data()
+void FileTextTest::damagedUtf16IsRefused_data()
 {
     QTest::addColumn<QByteArray>("stored");
 
@@ -67,7 +67,7 @@ void TestFileText::damagedUtf16IsRefused_data()
     QTest::newRow("second half of a pair alone") << bytes("\xFE\xFF\xDF\xED");
 }
 
-void TestFileText::damagedUtf16IsRefused()
+void FileTextTest::damagedUtf16IsRefused()
 {
     QFETCH(QByteArray, stored);
     QByteArray utf8;
@@ -77,7 +77,7 @@ void TestFileText::damagedUtf16IsRefused()
     QCOMPARE(error, QStringLiteral("damaged UTF-16; save the file as UTF-8"));
 }
 
-void TestFileText::textIsUtf8_data()
+void FileTextTest::textIsUtf8_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QString>("fault"); ///< empty: none
@@ -100,7 +100,7 @@ void TestFileText::textIsUtf8_data()
         << bytes("\xEF\xBB\xBFname") << "column 1: a second byte-order mark";
 }
 
-void TestFileText::textIsUtf8()
+void FileTextTest::textIsUtf8()
 {
     QFETCH(QByteArray, line);
     QFETCH(QString, fault);
@@ -109,5 +109,5 @@ void TestFileText::textIsUtf8()
     QCOMPARE(error, fault.isEmpty() ? QString() : fault + "; save the file as UTF-8");
 }
 
-QTEST_APPLESS_MAIN(TestFileText)
+QTEST_APPLESS_MAIN(FileTextTest)
 #include "tst_file_text.moc"

@@ -7,7 +7,7 @@
 
 using namespace kx;
 
-class TestTagsFile : public QObject
+class TagsFileTest : public QObject
 {
     Q_OBJECT
 
@@ -63,7 +63,7 @@ QStringList parsed(const QByteArray& text)
 
 } // namespace
 
-void TestTagsFile::aFileIsRead()
+void TagsFileTest::aFileIsRead()
 {
     QCOMPARE(
         parsed("# the pump house\n"
@@ -77,7 +77,7 @@ void TestTagsFile::aFileIsRead()
                      QString::fromUtf8("Z\xC3\xA4hler: 32CV200:2@3 (# not a comment here)")}));
 }
 
-void TestTagsFile::whatMayBeLeftOff_data()
+void TagsFileTest::whatMayBeLeftOff_data()
 {
     QTest::addColumn<QByteArray>("row");
     QTest::newRow("nothing") << QByteArray("a,,D7,1,\n");
@@ -89,7 +89,7 @@ void TestTagsFile::whatMayBeLeftOff_data()
     QTest::newRow("blanks around fields") << QByteArray(" a , , D7 , 1 , \n");
 }
 
-void TestTagsFile::whatMayBeLeftOff()
+void TagsFileTest::whatMayBeLeftOff()
 {
     QFETCH(QByteArray, row);
     QCOMPARE(parsed(HEADER + row), (QStringList{"a: D7:1@-1 ()"}));
@@ -98,7 +98,7 @@ void TestTagsFile::whatMayBeLeftOff()
              (QStringList{"a: D7:1@-1 ()"}));
 }
 
-void TestTagsFile::spreadsheetsAreRead_data()
+void TagsFileTest::spreadsheetsAreRead_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::newRow("semicolons") << QByteArray("name;station;address;count;comment\r\n"
@@ -112,7 +112,7 @@ void TestTagsFile::spreadsheetsAreRead_data()
                       "Z\xC3\xA4hler;2;D7;4;a,b\n;;;;\n ; \n");
 }
 
-void TestTagsFile::spreadsheetsAreRead()
+void TagsFileTest::spreadsheetsAreRead()
 {
     QFETCH(QByteArray, text);
     const QStringList expected = {QString::fromUtf8("Z\xC3\xA4hler: D7:4@2 (a,b)")};
@@ -121,7 +121,7 @@ void TestTagsFile::spreadsheetsAreRead()
     QCOMPARE(parsed(QByteArray("\xFE\xFF") + utf16(text, 1)), expected);
 }
 
-void TestTagsFile::aWrongFileIsRefusedWithFileAndLine_data()
+void TagsFileTest::aWrongFileIsRefusedWithFileAndLine_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("error");
@@ -169,14 +169,14 @@ void TestTagsFile::aWrongFileIsRefusedWithFileAndLine_data()
         "tags.csv:2: text follows a closing quote");
 }
 
-void TestTagsFile::aWrongFileIsRefusedWithFileAndLine()
+void TagsFileTest::aWrongFileIsRefusedWithFileAndLine()
 {
     QFETCH(QByteArray, text);
     QFETCH(QString, error);
     QCOMPARE(parsed(text), QStringList{error});
 }
 
-void TestTagsFile::aWrongFileLeavesTheTagsAlone()
+void TagsFileTest::aWrongFileLeavesTheTagsAlone()
 {
     QList<Tag> tags;
     QString error;
@@ -186,7 +186,7 @@ void TestTagsFile::aWrongFileLeavesTheTagsAlone()
     QCOMPARE(describe(tags.first()), QString::fromLatin1("a: D7:1@-1 ()"));
 }
 
-void TestTagsFile::aFileOnDiskIsRead()
+void TagsFileTest::aFileOnDiskIsRead()
 {
     QTemporaryDir folder;
     const QString path = folder.filePath(QLatin1String("tags.csv"));
@@ -200,7 +200,7 @@ void TestTagsFile::aFileOnDiskIsRead()
     QCOMPARE(describe(tags.first()), QString::fromLatin1("a: D7:1@-1 ()"));
 }
 
-void TestTagsFile::aMissingFileIsNamed()
+void TagsFileTest::aMissingFileIsNamed()
 {
     QList<Tag> tags;
     QString error;
@@ -210,5 +210,5 @@ void TestTagsFile::aMissingFileIsNamed()
     QVERIFY2(error.startsWith(QLatin1String("/: ")), qPrintable(error));
 }
 
-QTEST_APPLESS_MAIN(TestTagsFile)
+QTEST_APPLESS_MAIN(TagsFileTest)
 #include "tst_tags_file.moc"

@@ -11,7 +11,7 @@
 
 using namespace kx;
 
-class TestTextFile : public QObject
+class TextFileTest : public QObject
 {
     Q_OBJECT
 
@@ -33,21 +33,21 @@ private:
     QString m_error;
 };
 
-void TestTextFile::init()
+void TextFileTest::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     m_content.clear();
     m_error.clear();
 }
 
-QString TestTextFile::fileOf(qint64 length)
+QString TextFileTest::fileOf(qint64 length)
 {
     QFile file(m_folder->filePath("file"));
     const bool isMade = file.open(QIODevice::WriteOnly) && file.resize(length);
     return isMade ? file.fileName() : QString();
 }
 
-void TestTextFile::aFileIsReadWhole()
+void TextFileTest::aFileIsReadWhole()
 {
     QFile file(m_folder->filePath("tags.csv"));
     QVERIFY(file.open(QIODevice::WriteOnly));
@@ -59,27 +59,27 @@ void TestTextFile::aFileIsReadWhole()
     QCOMPARE(m_content, QByteArray());
 }
 
-void TestTextFile::theLargestFileIsRead()
+void TextFileTest::theLargestFileIsRead()
 {
     QVERIFY2(readTextFile(fileOf(16777216), &m_content, &m_error), qPrintable(m_error));
     QCOMPARE(static_cast<int>(m_content.size()), 16777216);
 }
 
-void TestTextFile::aLargerFileIsRefused()
+void TextFileTest::aLargerFileIsRefused()
 {
     const QString path = fileOf(16777217);
     QVERIFY(!readTextFile(path, &m_content, &m_error));
     QCOMPARE(m_error, path + ": larger than 16 MiB, the most that tags and recipes may have");
 }
 
-void TestTextFile::whatNeverEndsIsRefusedAtTheLimit()
+void TextFileTest::whatNeverEndsIsRefusedAtTheLimit()
 {
     QVERIFY(!readTextFile(QStringLiteral("/dev/zero"), &m_content, &m_error));
     QCOMPARE(m_error,
              QString("/dev/zero: larger than 16 MiB, the most that tags and recipes may have"));
 }
 
-void TestTextFile::whatIsNoFileIsNamed_data()
+void TextFileTest::whatIsNoFileIsNamed_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("fault");
@@ -91,7 +91,7 @@ void TestTextFile::whatIsNoFileIsNamed_data()
                                                   << "is a pipe; write its text into a file first";
 }
 
-void TestTextFile::whatIsNoFileIsNamed()
+void TextFileTest::whatIsNoFileIsNamed()
 {
     QFETCH(QString, name);
     QFETCH(QString, fault);
@@ -101,5 +101,5 @@ void TestTextFile::whatIsNoFileIsNamed()
     QCOMPARE(m_error, path + ": " + fault);
 }
 
-QTEST_APPLESS_MAIN(TestTextFile)
+QTEST_APPLESS_MAIN(TextFileTest)
 #include "tst_text_file.moc"

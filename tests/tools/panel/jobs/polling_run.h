@@ -1,6 +1,6 @@
 /// A session that polls simulated controllers in virtual time, while jobs run on it.
-#ifndef KX_TESTS_POLLING_RUN_H
-#define KX_TESTS_POLLING_RUN_H
+#ifndef KX_TESTS_TOOLS_PANEL_JOBS_POLLING_RUN_H
+#define KX_TESTS_TOOLS_PANEL_JOBS_POLLING_RUN_H
 
 #include "panel/jobs/read_job.h"
 #include "panel/jobs/recipe_job.h"

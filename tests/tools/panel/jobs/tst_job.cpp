@@ -69,7 +69,7 @@ public:
 
 } // namespace
 
-class TestJob : public QObject
+class JobTest : public QObject
 {
     Q_OBJECT
 
@@ -104,14 +104,14 @@ private:
     static void addKinds();
 };
 
-void TestJob::addKinds()
+void JobTest::addKinds()
 {
     QTest::addColumn<QString>("kind");
     for (const char* const kind : KINDS)
         QTest::newRow(kind) << QString::fromLatin1(kind);
 }
 
-void TestJob::pollingGoesOn()
+void JobTest::pollingGoesOn()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -133,7 +133,7 @@ void TestJob::pollingGoesOn()
     QCOMPARE(diary.entries.size(), 3);
 }
 
-void TestJob::madeAndNotStartedItDoesNothing()
+void JobTest::madeAndNotStartedItDoesNothing()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -147,7 +147,7 @@ void TestJob::madeAndNotStartedItDoesNothing()
     QCOMPARE(job->failure().text, QString());
 }
 
-void TestJob::twoOfAKindWaitForEachOther()
+void JobTest::twoOfAKindWaitForEachOther()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -170,7 +170,7 @@ void TestJob::twoOfAKindWaitForEachOther()
     QVERIFY(polling.pollsGoOn());
 }
 
-void TestJob::allKindsAtOnce()
+void JobTest::allKindsAtOnce()
 {
     PollingRun polling;
     std::vector<std::unique_ptr<Job>> jobs;
@@ -198,7 +198,7 @@ void TestJob::allKindsAtOnce()
     QVERIFY(polling.pollsGoOn());
 }
 
-void TestJob::abortEndsIt_data()
+void JobTest::abortEndsIt_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("stage");
@@ -217,7 +217,7 @@ void TestJob::abortEndsIt_data()
     }
 }
 
-void TestJob::abortEndsIt()
+void JobTest::abortEndsIt()
 {
     QFETCH(QString, kind);
     QFETCH(QString, stage);
@@ -254,7 +254,7 @@ void TestJob::abortEndsIt()
         QVERIFY(other->hasEnded() && other->failure().isNone());
 }
 
-void TestJob::abortFromInsideItsProgress()
+void JobTest::abortFromInsideItsProgress()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -276,7 +276,7 @@ void TestJob::abortFromInsideItsProgress()
 }
 
 // finished() is the last signal: no progress comes behind it.
-void TestJob::abortWhenAPartEnds()
+void JobTest::abortWhenAPartEnds()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -290,7 +290,7 @@ void TestJob::abortWhenAPartEnds()
     QCOMPARE(polling.asked(), QStringList(framesOf(kind).mid(0, 1)));
 }
 
-void TestJob::lostLineEndsIt()
+void JobTest::lostLineEndsIt()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -313,7 +313,7 @@ void TestJob::lostLineEndsIt()
     QCOMPARE(polling.asked(), QStringList());
 }
 
-void TestJob::stoppedSessionEndsIt()
+void JobTest::stoppedSessionEndsIt()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -339,7 +339,7 @@ void TestJob::stoppedSessionEndsIt()
     QCOMPARE(QStringList(polling.asked().mid(asked)), framesOf(kind));
 }
 
-void TestJob::initialisationEndsIt()
+void JobTest::initialisationEndsIt()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -365,7 +365,7 @@ void TestJob::initialisationEndsIt()
     QCOMPARE(QStringList(polling.asked().mid(asked)), framesOf(kind));
 }
 
-void TestJob::deletedSessionEndsIt()
+void JobTest::deletedSessionEndsIt()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -390,7 +390,7 @@ void TestJob::deletedSessionEndsIt()
     QCOMPARE(diary.entries.size(), 1);
 }
 
-void TestJob::itNeedsARunningSession()
+void JobTest::itNeedsARunningSession()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -406,7 +406,7 @@ void TestJob::itNeedsARunningSession()
     QCOMPARE(polling.asked(), QStringList());
 }
 
-void TestJob::deletedItIsForgotten()
+void JobTest::deletedItIsForgotten()
 {
     QFETCH(QString, kind);
     PollingRun polling;
@@ -429,5 +429,5 @@ void TestJob::deletedItIsForgotten()
     QCOMPARE(static_cast<int>(polling.asked().count(framesOf(kind).at(1))), 1);
 }
 
-QTEST_GUILESS_MAIN(TestJob)
+QTEST_GUILESS_MAIN(JobTest)
 #include "tst_job.moc"

@@ -27,7 +27,7 @@ std::unique_ptr<Job> makeJob(const QString& kind, Session* session)
 
 } // namespace
 
-class TestJobReentry : public QObject
+class JobReentryTest : public QObject
 {
     Q_OBJECT
 
@@ -36,7 +36,7 @@ private slots:
     void calledOffWhileItAsks();
 };
 
-void TestJobReentry::calledOffWhileItAsks_data()
+void JobReentryTest::calledOffWhileItAsks_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<bool>("isDeleted");
@@ -46,7 +46,7 @@ void TestJobReentry::calledOffWhileItAsks_data()
     }
 }
 
-void TestJobReentry::calledOffWhileItAsks()
+void JobReentryTest::calledOffWhileItAsks()
 {
     QFETCH(QString, kind);
     QFETCH(bool, isDeleted);
@@ -81,5 +81,5 @@ void TestJobReentry::calledOffWhileItAsks()
         QCOMPARE(job->failure().text, QStringLiteral("interrupted"));
 }
 
-QTEST_GUILESS_MAIN(TestJobReentry)
+QTEST_GUILESS_MAIN(JobReentryTest)
 #include "tst_job_reentry.moc"

@@ -20,7 +20,7 @@ AddressRange rangeOfD(int address, int values, int station)
 
 } // namespace
 
-class TestJobRefusals : public QObject
+class JobRefusalsTest : public QObject
 {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ private slots:
     void typesAreKnownByTheirNames();
 };
 
-void TestJobRefusals::rangesThatDoNotExist_data()
+void JobRefusalsTest::rangesThatDoNotExist_data()
 {
     QTest::addColumn<AddressRange>("range");
     QTest::newRow("no type") << AddressRange{nullptr, 0, 1, 1};
@@ -47,7 +47,7 @@ void TestJobRefusals::rangesThatDoNotExist_data()
     QTest::newRow("running past D7999, in another piece") << rangeOfD(7960, 41, 1);
 }
 
-void TestJobRefusals::rangesThatDoNotExist()
+void JobRefusalsTest::rangesThatDoNotExist()
 {
     QFETCH(AddressRange, range);
     PollingRun polling;
@@ -64,7 +64,7 @@ void TestJobRefusals::rangesThatDoNotExist()
     QCOMPARE(polling.asked(), QStringList());
 }
 
-void TestJobRefusals::valuesThatDoNotSuit_data()
+void JobRefusalsTest::valuesThatDoNotSuit_data()
 {
     QTest::addColumn<int>("values");
     QTest::addColumn<qint64>("last");
@@ -74,7 +74,7 @@ void TestJobRefusals::valuesThatDoNotSuit_data()
 }
 
 // Of D100 to D139 in requests of 32.
-void TestJobRefusals::valuesThatDoNotSuit()
+void JobRefusalsTest::valuesThatDoNotSuit()
 {
     QFETCH(int, values);
     QFETCH(qint64, last);
@@ -91,7 +91,7 @@ void TestJobRefusals::valuesThatDoNotSuit()
     QCOMPARE(polling.asked(), QStringList());
 }
 
-void TestJobRefusals::aScanOfStationsThatDoNotExist_data()
+void JobRefusalsTest::aScanOfStationsThatDoNotExist_data()
 {
     QTest::addColumn<int>("station");
     QTest::newRow("0, which answers nobody") << 0;
@@ -99,7 +99,7 @@ void TestJobRefusals::aScanOfStationsThatDoNotExist_data()
     QTest::newRow("below 0") << -1;
 }
 
-void TestJobRefusals::aScanOfStationsThatDoNotExist()
+void JobRefusalsTest::aScanOfStationsThatDoNotExist()
 {
     QFETCH(int, station);
     PollingRun polling;
@@ -111,7 +111,7 @@ void TestJobRefusals::aScanOfStationsThatDoNotExist()
     QCOMPARE(polling.asked(), QStringList{"02 03 00 00 00 01"});
 }
 
-void TestJobRefusals::answersReachOtherThreads()
+void JobRefusalsTest::answersReachOtherThreads()
 {
     PollingRun polling;
     ScanJob scan(&polling.session(), {1});
@@ -133,7 +133,7 @@ void TestJobRefusals::answersReachOtherThreads()
 }
 
 // As connections by name, and spies, look them up.
-void TestJobRefusals::typesAreKnownByTheirNames()
+void JobRefusalsTest::typesAreKnownByTheirNames()
 {
     PollingRun polling;
     const ScanJob scan(&polling.session(), {1});
@@ -143,5 +143,5 @@ void TestJobRefusals::typesAreKnownByTheirNames()
         QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
 }
 
-QTEST_GUILESS_MAIN(TestJobRefusals)
+QTEST_GUILESS_MAIN(JobRefusalsTest)
 #include "tst_job_refusals.moc"

@@ -22,7 +22,7 @@ QString textOf(const ReadOutcome& outcome)
 
 } // namespace
 
-class TestReadJob : public QObject
+class ReadJobTest : public QObject
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private slots:
     void nothingToRead();
 };
 
-void TestReadJob::outcomes_data()
+void ReadJobTest::outcomes_data()
 {
     QTest::addColumn<QStringList>("ranges");
     QTest::addColumn<QStringList>("asked");    // without the CRC
@@ -57,7 +57,7 @@ void TestReadJob::outcomes_data()
                                         << QStringList{"D100@-1: the station must be 1 to 247"};
 }
 
-void TestReadJob::outcomes()
+void ReadJobTest::outcomes()
 {
     QFETCH(QStringList, ranges);
     PollingRun polling;
@@ -80,7 +80,7 @@ void TestReadJob::outcomes()
 }
 
 // Neither its end nor its reason.
-void TestReadJob::aPolledFailureIsNotItsOwn()
+void ReadJobTest::aPolledFailureIsNotItsOwn()
 {
     PollingRun polling;
     QList<AddressRange> watched = polling.run().watched();
@@ -99,7 +99,7 @@ void TestReadJob::aPolledFailureIsNotItsOwn()
     QCOMPARE(outcomes, (QStringList{"D100@1: 7", "D100@2: 0"}));
 }
 
-void TestReadJob::anAbortedOneTellsWhatWasNotRead()
+void ReadJobTest::anAbortedOneTellsWhatWasNotRead()
 {
     PollingRun polling;
     ReadJob job(&polling.session(), {tagOf("D100@1"), tagOf("D101@1"), tagOf("D102@1")});
@@ -112,7 +112,7 @@ void TestReadJob::anAbortedOneTellsWhatWasNotRead()
     QCOMPARE(outcomes, (QStringList{"D100@1: 0", "D101@1: interrupted", "D102@1: interrupted"}));
 }
 
-void TestReadJob::nothingToRead()
+void ReadJobTest::nothingToRead()
 {
     PollingRun polling;
     ReadJob job(&polling.session(), {});
@@ -121,5 +121,5 @@ void TestReadJob::nothingToRead()
     QVERIFY(job.failure().isNone());
 }
 
-QTEST_GUILESS_MAIN(TestReadJob)
+QTEST_GUILESS_MAIN(ReadJobTest)
 #include "tst_read_job.moc"

@@ -21,7 +21,7 @@ const char WRITE_M5[] = "01 05 07 D5 FF 00";
 
 } // namespace
 
-class TestRecipeJob : public QObject
+class RecipeJobTest : public QObject
 {
     Q_OBJECT
 
@@ -45,7 +45,7 @@ private:
     std::unique_ptr<RecipeJob> m_transfer;
 };
 
-void TestRecipeJob::init()
+void RecipeJobTest::init()
 {
     DriverEntryPoints entryPoints;
     QString error;
@@ -65,7 +65,7 @@ void TestRecipeJob::init()
     m_session->start();
 }
 
-void TestRecipeJob::make(RecipeDirection direction)
+void RecipeJobTest::make(RecipeDirection direction)
 {
     RecipeLayout layout;
     QString error;
@@ -73,7 +73,7 @@ void TestRecipeJob::make(RecipeDirection direction)
     m_transfer = std::make_unique<RecipeJob>(m_session.get(), layout, direction);
 }
 
-void TestRecipeJob::passesFollowEachOther()
+void RecipeJobTest::passesFollowEachOther()
 {
     make(RecipeDirection::Download);
     QCOMPARE(m_transfer->blocks(), 3);
@@ -92,7 +92,7 @@ void TestRecipeJob::passesFollowEachOther()
     QCOMPARE(blocks.size(), 3);
 }
 
-void TestRecipeJob::uploadedValuesComeFromBufferAndCache()
+void RecipeJobTest::uploadedValuesComeFromBufferAndCache()
 {
     make(RecipeDirection::Upload);
     QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
@@ -110,7 +110,7 @@ void TestRecipeJob::uploadedValuesComeFromBufferAndCache()
     QCOMPARE(m_session->recipeWord(1), quint16(0x1234));
 }
 
-void TestRecipeJob::failureEndsTheTransfer()
+void RecipeJobTest::failureEndsTheTransfer()
 {
     make(RecipeDirection::Download);
     QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
@@ -128,7 +128,7 @@ void TestRecipeJob::failureEndsTheTransfer()
     QCOMPARE(m_line->written.size(), 3); // D9 was not tried
 }
 
-void TestRecipeJob::refusalAfterSilenceLeavesTheBlockOpen()
+void RecipeJobTest::refusalAfterSilenceLeavesTheBlockOpen()
 {
     make(RecipeDirection::Download);
     QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
@@ -140,7 +140,7 @@ void TestRecipeJob::refusalAfterSilenceLeavesTheBlockOpen()
     QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("D0:1@1"));
 }
 
-void TestRecipeJob::answerAfterSilenceSettlesTheBlock()
+void RecipeJobTest::answerAfterSilenceSettlesTheBlock()
 {
     make(RecipeDirection::Download);
     QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
@@ -155,7 +155,7 @@ void TestRecipeJob::answerAfterSilenceSettlesTheBlock()
     QCOMPARE(m_transfer->blockMaybeDone(), QString());
 }
 
-void TestRecipeJob::abortLowersTheRequest()
+void RecipeJobTest::abortLowersTheRequest()
 {
     make(RecipeDirection::Download);
     QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
@@ -174,7 +174,7 @@ void TestRecipeJob::abortLowersTheRequest()
     QCOMPARE(finished.size(), 1);
 }
 
-void TestRecipeJob::lostLineEndsTheTransfer()
+void RecipeJobTest::lostLineEndsTheTransfer()
 {
     make(RecipeDirection::Upload);
     QSignalSpy finished(m_transfer.get(), &RecipeJob::finished);
@@ -186,5 +186,5 @@ void TestRecipeJob::lostLineEndsTheTransfer()
     QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("M5:1@1"));
 }
 
-QTEST_GUILESS_MAIN(TestRecipeJob)
+QTEST_GUILESS_MAIN(RecipeJobTest)
 #include "tst_recipe_job.moc"

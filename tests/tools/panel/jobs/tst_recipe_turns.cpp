@@ -9,7 +9,7 @@ using namespace kx;
 
 Q_DECLARE_METATYPE(kx::RecipeDirection)
 
-class TestRecipeTurns : public QObject
+class RecipeTurnsTest : public QObject
 {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ private slots:
     void onlyACompleteUploadHasValues();
 };
 
-void TestRecipeTurns::theNextOneBeginsAtItsFirstBlock_data()
+void RecipeTurnsTest::theNextOneBeginsAtItsFirstBlock_data()
 {
     QTest::addColumn<int>("blocks");
     QTest::addColumn<bool>("isOnItsWay");
@@ -37,7 +37,7 @@ void TestRecipeTurns::theNextOneBeginsAtItsFirstBlock_data()
     }
 }
 
-void TestRecipeTurns::theNextOneBeginsAtItsFirstBlock()
+void RecipeTurnsTest::theNextOneBeginsAtItsFirstBlock()
 {
     QFETCH(int, blocks);
     QFETCH(bool, isOnItsWay);
@@ -67,7 +67,7 @@ void TestRecipeTurns::theNextOneBeginsAtItsFirstBlock()
 }
 
 // It is still on its way when the next recipe is given up, too.
-void TestRecipeTurns::aBlockGivenUpIsNotTheNextOnes()
+void RecipeTurnsTest::aBlockGivenUpIsNotTheNextOnes()
 {
     PollingRun polling;
     RecipeJob first(&polling.session(), layoutOf("a,1,D,100,uint16,5\n"),
@@ -86,7 +86,7 @@ void TestRecipeTurns::aBlockGivenUpIsNotTheNextOnes()
 }
 
 // The second one fills the same buffer.
-void TestRecipeTurns::twoUploadsKeepTheirValues()
+void RecipeTurnsTest::twoUploadsKeepTheirValues()
 {
     PollingRun polling;
     QString error;
@@ -106,7 +106,7 @@ void TestRecipeTurns::twoUploadsKeepTheirValues()
 }
 
 // The next one puts its words into the buffer that the upload has filled.
-void TestRecipeTurns::theNextOneWaitsUntilTheEndIsTold()
+void RecipeTurnsTest::theNextOneWaitsUntilTheEndIsTold()
 {
     PollingRun polling;
     QString error;
@@ -123,7 +123,7 @@ void TestRecipeTurns::theNextOneWaitsUntilTheEndIsTold()
     QCOMPARE(polling.memory("D200@1"), QList<quint32>{9});
 }
 
-void TestRecipeTurns::onlyACompleteUploadHasValues()
+void RecipeTurnsTest::onlyACompleteUploadHasValues()
 {
     PollingRun polling;
     const QList<RecipeRow> rows = rowsOf("a,1,D,100,uint16,1\nb,9,M,5,bit,1");
@@ -143,5 +143,5 @@ void TestRecipeTurns::onlyACompleteUploadHasValues()
     QCOMPARE(download.values(rowsOf("a,1,D,100,uint16,1")), QList<quint32>());
 }
 
-QTEST_GUILESS_MAIN(TestRecipeTurns)
+QTEST_GUILESS_MAIN(RecipeTurnsTest)
 #include "tst_recipe_turns.moc"

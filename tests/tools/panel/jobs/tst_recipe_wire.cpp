@@ -24,7 +24,7 @@ QList<QByteArray> framesOf(const QString& exchanges, int part)
 
 } // namespace
 
-class TestRecipeWire : public QObject
+class RecipeWireTest : public QObject
 {
     Q_OBJECT
 
@@ -43,7 +43,7 @@ private:
     QList<RecipeRow> m_rows;
 };
 
-void TestRecipeWire::run(RecipeDirection direction, const QString& exchanges)
+void RecipeWireTest::run(RecipeDirection direction, const QString& exchanges)
 {
     DriverEntryPoints entryPoints;
     QString error;
@@ -75,7 +75,7 @@ void TestRecipeWire::run(RecipeDirection direction, const QString& exchanges)
 /// Requests and replies without their CRC: station, function, first coil or register;
 /// then function 5 and 6: value, repeated by the reply; function 15: coils, bytes, bits
 /// from the lowest; function 16: registers, bytes, values from the high byte.
-void TestRecipeWire::downloadSendsEveryValueOnce_data()
+void RecipeWireTest::downloadSendsEveryValueOnce_data()
 {
     QTest::addColumn<QString>("rows");
     QTest::addColumn<QString>("exchanges");
@@ -118,7 +118,7 @@ void TestRecipeWire::downloadSendsEveryValueOnce_data()
                                               << "01 06 00 64 00 05 > 01 06 00 64 00 05";
 }
 
-void TestRecipeWire::downloadSendsEveryValueOnce()
+void RecipeWireTest::downloadSendsEveryValueOnce()
 {
     QFETCH(QString, rows);
     QFETCH(QString, exchanges);
@@ -128,7 +128,7 @@ void TestRecipeWire::downloadSendsEveryValueOnce()
 
 /// Requests: station, function, first coil or register, how many. Replies: station,
 /// function, bytes, then bits from the lowest or values from the high byte.
-void TestRecipeWire::uploadAsksForEveryValueOnce_data()
+void RecipeWireTest::uploadAsksForEveryValueOnce_data()
 {
     QTest::addColumn<QString>("rows");
     QTest::addColumn<QString>("exchanges");
@@ -174,7 +174,7 @@ void TestRecipeWire::uploadAsksForEveryValueOnce_data()
         << QList<quint32>{5, 6};
 }
 
-void TestRecipeWire::uploadAsksForEveryValueOnce()
+void RecipeWireTest::uploadAsksForEveryValueOnce()
 {
     QFETCH(QString, rows);
     QFETCH(QString, exchanges);
@@ -184,5 +184,5 @@ void TestRecipeWire::uploadAsksForEveryValueOnce()
         QTEST(m_transfer->values(m_rows), "values");
 }
 
-QTEST_GUILESS_MAIN(TestRecipeWire)
+QTEST_GUILESS_MAIN(RecipeWireTest)
 #include "tst_recipe_wire.moc"

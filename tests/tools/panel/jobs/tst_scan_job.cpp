@@ -5,7 +5,7 @@
 
 using namespace kx;
 
-class TestScanJob : public QObject
+class ScanJobTest : public QObject
 {
     Q_OBJECT
 
@@ -19,13 +19,13 @@ private slots:
     void nobodyToAsk();
 };
 
-void TestScanJob::whoAnswers()
+void ScanJobTest::whoAnswers()
 {
     PollingRun polling;
     ScanJob job(&polling.session(), {1, 2, 3});
     QStringList lines;
     connect(&job, &ScanJob::stationAnswered, this,
-            [&](const ScanReply& reply) { lines << scanLine(reply); });
+            [&](const ScanReply& reply) { lines << scanRow(reply); });
     connect(&job, &Job::progress, this,
             [&](int done, int total) { lines << QStringLiteral("%1/%2").arg(done).arg(total); });
     job.start();
@@ -40,7 +40,7 @@ void TestScanJob::whoAnswers()
              (QStringList{"01 03 00 00 00 01", "02 03 00 00 00 01", "03 03 00 00 00 01"}));
 }
 
-void TestScanJob::repliesOfOthers_data()
+void ScanJobTest::repliesOfOthers_data()
 {
     QTest::addColumn<QByteArray>("reply"); // to the request of station 3, which is not there
     QTest::addColumn<QStringList>("lines");
@@ -52,7 +52,7 @@ void TestScanJob::repliesOfOthers_data()
         << QStringList{"station 1: answered with another or a late reply", "1/2", "2/2"};
 }
 
-void TestScanJob::repliesOfOthers()
+void ScanJobTest::repliesOfOthers()
 {
     QFETCH(QByteArray, reply);
     PollingRun polling;
@@ -64,7 +64,7 @@ void TestScanJob::repliesOfOthers()
     ScanJob job(&polling.session(), {3, 1});
     QStringList lines;
     connect(&job, &ScanJob::stationAnswered, this,
-            [&](const ScanReply& answer) { lines << scanLine(answer); });
+            [&](const ScanReply& answer) { lines << scanRow(answer); });
     connect(&job, &Job::progress, this,
             [&](int done, int total) { lines << QStringLiteral("%1/%2").arg(done).arg(total); });
     job.start();
@@ -73,7 +73,7 @@ void TestScanJob::repliesOfOthers()
     QCOMPARE(job.answered(), 1);
 }
 
-void TestScanJob::theWatchListStays()
+void ScanJobTest::theWatchListStays()
 {
     PollingRun polling;
     QVERIFY(polling.pollsGoOn(1));
@@ -85,7 +85,7 @@ void TestScanJob::theWatchListStays()
     QVERIFY(polling.pollsGoOn());
 }
 
-void TestScanJob::anAbortedOneTellsHowFarItCame()
+void ScanJobTest::anAbortedOneTellsHowFarItCame()
 {
     PollingRun polling;
     ScanJob job(&polling.session(), {1, 2, 3});
@@ -97,7 +97,7 @@ void TestScanJob::anAbortedOneTellsHowFarItCame()
     QCOMPARE(job.failure().kind, FailureKind::Aborted);
 }
 
-void TestScanJob::aLostLineEndsIt()
+void ScanJobTest::aLostLineEndsIt()
 {
     PollingRun polling;
     ScanJob job(&polling.session(), {1, 2, 3});
@@ -110,7 +110,7 @@ void TestScanJob::aLostLineEndsIt()
     QCOMPARE(job.failure().text, QStringLiteral("faulty line: unplugged"));
 }
 
-void TestScanJob::nobodyToAsk()
+void ScanJobTest::nobodyToAsk()
 {
     PollingRun polling;
     ScanJob job(&polling.session(), {});
@@ -119,5 +119,5 @@ void TestScanJob::nobodyToAsk()
     QCOMPARE(job.asked(), 0);
 }
 
-QTEST_GUILESS_MAIN(TestScanJob)
+QTEST_GUILESS_MAIN(ScanJobTest)
 #include "tst_scan_job.moc"

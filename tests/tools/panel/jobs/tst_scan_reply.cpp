@@ -9,7 +9,7 @@
 
 using namespace kx;
 
-class TestScanReply : public QObject
+class ScanReplyTest : public QObject
 {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ private slots:
     void theSummaryCounts();
 };
 
-void TestScanReply::aReplyCounts_data()
+void ScanReplyTest::aReplyCounts_data()
 {
     QTest::addColumn<ReplyKind>("kind");
     QTest::addColumn<int>("exception");
@@ -57,7 +57,7 @@ void TestScanReply::aReplyCounts_data()
         << ReplyKind::Short << 0 << withCrc("05") << QString() << QByteArray();
 }
 
-void TestScanReply::aReplyCounts()
+void ScanReplyTest::aReplyCounts()
 {
     QFETCH(ReplyKind, kind);
     QFETCH(int, exception);
@@ -72,11 +72,11 @@ void TestScanReply::aReplyCounts()
     QCOMPARE(judged.answer != ScanAnswer::None, !line.isEmpty());
     if (line.isEmpty())
         return;
-    QCOMPARE(scanLine(judged), line);
+    QCOMPARE(scanRow(judged), line);
     QTEST(QJsonDocument(scanJson(judged)).toJson(QJsonDocument::Compact), "json");
 }
 
-void TestScanReply::theBarShowsHowFar_data()
+void ScanReplyTest::theBarShowsHowFar_data()
 {
     QTest::addColumn<int>("done");
     QTest::addColumn<QString>("bar");
@@ -91,13 +91,13 @@ void TestScanReply::theBarShowsHowFar_data()
                              "answered";
 }
 
-void TestScanReply::theBarShowsHowFar()
+void ScanReplyTest::theBarShowsHowFar()
 {
     QFETCH(int, done);
     QTEST(scanBar(done, 80, 3), "bar");
 }
 
-void TestScanReply::theSummaryCounts()
+void ScanReplyTest::theSummaryCounts()
 {
     QCOMPARE(scanSummary(2, 247, 0), QString::fromLatin1("2 of 247 stations answered"));
     QCOMPARE(scanSummary(0, 1, 0), QString::fromLatin1("0 of 1 station answered"));
@@ -105,5 +105,5 @@ void TestScanReply::theSummaryCounts()
                                                          "the other 244 had been asked"));
 }
 
-QTEST_APPLESS_MAIN(TestScanReply)
+QTEST_APPLESS_MAIN(ScanReplyTest)
 #include "tst_scan_reply.moc"

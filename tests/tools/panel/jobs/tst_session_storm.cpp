@@ -175,7 +175,7 @@ void Caller::compareMemory()
 
 } // namespace
 
-class TestSessionStorm : public QObject
+class SessionStormTest : public QObject
 {
     Q_OBJECT
 
@@ -184,7 +184,7 @@ private slots:
     void randomCalls();
 };
 
-void TestSessionStorm::randomCalls_data()
+void SessionStormTest::randomCalls_data()
 {
     QTest::addColumn<unsigned>("seed");
     const int seeds = runLength("KX_STORM_SEEDS", 10);
@@ -192,7 +192,7 @@ void TestSessionStorm::randomCalls_data()
         QTest::addRow("seed %d", seed) << static_cast<unsigned>(seed);
 }
 
-void TestSessionStorm::randomCalls()
+void SessionStormTest::randomCalls()
 {
     QFETCH(unsigned, seed);
     PollingRun polling;
@@ -217,5 +217,5 @@ void TestSessionStorm::randomCalls()
     QVERIFY(caller.confirmed() > 50);
 }
 
-QTEST_GUILESS_MAIN(TestSessionStorm)
+QTEST_GUILESS_MAIN(SessionStormTest)
 #include "tst_session_storm.moc"

@@ -8,7 +8,7 @@
 
 using namespace kx;
 
-class TestSessionValues : public QObject
+class SessionValuesTest : public QObject
 {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ private slots:
     void aRefusedSessionLeavesTheClockAlone();
 };
 
-void TestSessionValues::aReadTellsWhatTheStationHolds_data()
+void SessionValuesTest::aReadTellsWhatTheStationHolds_data()
 {
     QTest::addColumn<QByteArray>("assignment");
     QTest::newRow("a word") << QByteArray("D100@2=7");
@@ -33,7 +33,7 @@ void TestSessionValues::aReadTellsWhatTheStationHolds_data()
 }
 
 // The write is asked for while the read is on its way.
-void TestSessionValues::aReadTellsWhatTheStationHolds()
+void SessionValuesTest::aReadTellsWhatTheStationHolds()
 {
     QFETCH(QByteArray, assignment);
     const Assignment wanted = assignmentOf(assignment.constData());
@@ -56,7 +56,7 @@ void TestSessionValues::aReadTellsWhatTheStationHolds()
     QCOMPARE(told, zeros);
 }
 
-void TestSessionValues::anUploadTellsWhatTheStationHolds()
+void SessionValuesTest::anUploadTellsWhatTheStationHolds()
 {
     PollingRun polling;
     RecipeJob upload(&polling.session(), layoutOf("a,2,M,0,bit,1\n"), RecipeDirection::Upload);
@@ -72,7 +72,7 @@ void TestSessionValues::anUploadTellsWhatTheStationHolds()
     QVERIFY(polling.until([&] { return polling.memory("M0@2") == QList<quint32>{1}; }));
 }
 
-void TestSessionValues::valuesOfWhatDoesNotExist_data()
+void SessionValuesTest::valuesOfWhatDoesNotExist_data()
 {
     QTest::addColumn<AddressRange>("range");
     const RegisterType* const d = findRegisterType(QStringLiteral("D"));
@@ -87,14 +87,14 @@ void TestSessionValues::valuesOfWhatDoesNotExist_data()
     QTest::newRow("past D7999") << AddressRange{d, 8000, 1, 1};
 }
 
-void TestSessionValues::valuesOfWhatDoesNotExist()
+void SessionValuesTest::valuesOfWhatDoesNotExist()
 {
     QFETCH(AddressRange, range);
     PollingRun polling;
     QCOMPARE(polling.session().values(range), QList<qint64>());
 }
 
-void TestSessionValues::watchingWhatDoesNotExist()
+void SessionValuesTest::watchingWhatDoesNotExist()
 {
     QFETCH(AddressRange, range);
     PollingRun polling;
@@ -109,7 +109,7 @@ void TestSessionValues::watchingWhatDoesNotExist()
     QVERIFY(polling.pollsGoOn());
 }
 
-void TestSessionValues::aRefusedSessionLeavesTheClockAlone()
+void SessionValuesTest::aRefusedSessionLeavesTheClockAlone()
 {
     PollingRun polling;
     QVERIFY(polling.pollsGoOn());
@@ -121,5 +121,5 @@ void TestSessionValues::aRefusedSessionLeavesTheClockAlone()
     QVERIFY(polling.pollsGoOn());
 }
 
-QTEST_GUILESS_MAIN(TestSessionValues)
+QTEST_GUILESS_MAIN(SessionValuesTest)
 #include "tst_session_values.moc"

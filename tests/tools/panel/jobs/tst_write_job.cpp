@@ -20,7 +20,7 @@ QString textOf(const WriteOutcome& outcome)
 
 } // namespace
 
-class TestWriteJob : public QObject
+class WriteJobTest : public QObject
 {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ private slots:
     void nothingToWrite();
 };
 
-void TestWriteJob::outcomes_data()
+void WriteJobTest::outcomes_data()
 {
     QTest::addColumn<QStringList>("assignments");
     QTest::addColumn<QStringList>("asked");    // without the CRC
@@ -63,7 +63,7 @@ void TestWriteJob::outcomes_data()
         << QStringList{"D100@-1: 0 confirmed, the station must be 1 to 247"};
 }
 
-void TestWriteJob::outcomes()
+void WriteJobTest::outcomes()
 {
     QFETCH(QStringList, assignments);
     PollingRun polling;
@@ -83,7 +83,7 @@ void TestWriteJob::outcomes()
 }
 
 // A polled read that was on its way is answered first.
-void TestWriteJob::aStationThatDoesNotExistConfirmsNothing()
+void WriteJobTest::aStationThatDoesNotExistConfirmsNothing()
 {
     PollingRun polling;
     QVERIFY(polling.untilOnTheWay(QString::fromLatin1(POLLED)));
@@ -98,7 +98,7 @@ void TestWriteJob::aStationThatDoesNotExistConfirmsNothing()
     QCOMPARE(job.failure().station, 9);
 }
 
-void TestWriteJob::theFirstFailureIsTheJobs()
+void WriteJobTest::theFirstFailureIsTheJobs()
 {
     PollingRun polling;
     WriteJob job(&polling.session(),
@@ -111,7 +111,7 @@ void TestWriteJob::theFirstFailureIsTheJobs()
     QCOMPARE(polling.memory("D100@1"), QList<quint32>{7});
 }
 
-void TestWriteJob::oneTargetTwice()
+void WriteJobTest::oneTargetTwice()
 {
     PollingRun polling;
     WriteJob one(&polling.session(), {assignmentOf("D100@1=1"), assignmentOf("D100@1=2")});
@@ -127,7 +127,7 @@ void TestWriteJob::oneTargetTwice()
 }
 
 // The driver leaves the kind of the write before in the recipe's block.
-void TestWriteJob::aRecipesBlockConfirmsNoWrite()
+void WriteJobTest::aRecipesBlockConfirmsNoWrite()
 {
     PollingRun polling;
     WriteJob write(&polling.session(), {assignmentOf("D50@1=1"), assignmentOf("D100@1=9")});
@@ -142,7 +142,7 @@ void TestWriteJob::aRecipesBlockConfirmsNoWrite()
     QCOMPARE(polling.memory("D100@1"), QList<quint32>{9});
 }
 
-void TestWriteJob::anAbortedOneTellsWhatWasConfirmed()
+void WriteJobTest::anAbortedOneTellsWhatWasConfirmed()
 {
     PollingRun polling;
     WriteJob job(&polling.session(),
@@ -159,7 +159,7 @@ void TestWriteJob::anAbortedOneTellsWhatWasConfirmed()
     QCOMPARE(polling.memory("D100@1"), QList<quint32>{0});
 }
 
-void TestWriteJob::abortFromInsideTheWriteItself_data()
+void WriteJobTest::abortFromInsideTheWriteItself_data()
 {
     QTest::addColumn<QStringList>("assignments");
     QTest::addColumn<QStringList>("outcomes");
@@ -171,7 +171,7 @@ void TestWriteJob::abortFromInsideTheWriteItself_data()
 }
 
 // The value shown becomes the one written at once, and its slot ends the job.
-void TestWriteJob::abortFromInsideTheWriteItself()
+void WriteJobTest::abortFromInsideTheWriteItself()
 {
     QFETCH(QStringList, assignments);
     PollingRun polling;
@@ -195,7 +195,7 @@ void TestWriteJob::abortFromInsideTheWriteItself()
     QCOMPARE(polling.asked(), QStringList());
 }
 
-void TestWriteJob::nothingToWrite()
+void WriteJobTest::nothingToWrite()
 {
     PollingRun polling;
     WriteJob job(&polling.session(), {});
@@ -204,5 +204,5 @@ void TestWriteJob::nothingToWrite()
     QVERIFY(job.failure().isNone());
 }
 
-QTEST_GUILESS_MAIN(TestWriteJob)
+QTEST_GUILESS_MAIN(WriteJobTest)
 #include "tst_write_job.moc"

@@ -8,7 +8,7 @@
 
 using namespace kx;
 
-class TestPlanDriver : public QObject
+class PlanDriverTest : public QObject
 {
     Q_OBJECT
 
@@ -60,13 +60,13 @@ QStringList describe(const Plan& plan)
 
 } // namespace
 
-void TestPlanDriver::initTestCase()
+void PlanDriverTest::initTestCase()
 {
     QString error;
     QVERIFY2(loadDriver(QString::fromLatin1(KX_DRIVER_FILE), &m_driver, &error), qPrintable(error));
 }
 
-void TestPlanDriver::theDriverIsAsked_data()
+void PlanDriverTest::theDriverIsAsked_data()
 {
     QTest::addColumn<QStringList>("watched");
     QTest::addColumn<int>("maxWords");
@@ -97,7 +97,7 @@ void TestPlanDriver::theDriverIsAsked_data()
                        "1 32CV200..32CV200 2 8/9"};
 }
 
-void TestPlanDriver::theDriverIsAsked()
+void PlanDriverTest::theDriverIsAsked()
 {
     QFETCH(QStringList, watched);
     QFETCH(int, maxWords);
@@ -106,7 +106,7 @@ void TestPlanDriver::theDriverIsAsked()
     QTEST(describe(plan), "requests");
 }
 
-void TestPlanDriver::eachPlanStartsAnew()
+void PlanDriverTest::eachPlanStartsAnew()
 {
     const QList<AddressRange> watched = ranges({"D0", "D1", "D3"});
     QCOMPARE(describe(askForPlan(m_driver, watched, 1).value()),
@@ -118,12 +118,12 @@ void TestPlanDriver::eachPlanStartsAnew()
     QCOMPARE(describe(askForPlan(m_driver, watched, 4).value()), (QStringList{"1 D0..D3 4 8/13"}));
 }
 
-void TestPlanDriver::aDriverInUseIsLeftAlone()
+void PlanDriverTest::aDriverInUseIsLeftAlone()
 {
     const DriverLease session;
     QVERIFY(session.isHeld());
     QVERIFY(!askForPlan(m_driver, ranges({"D0"}), 4));
 }
 
-QTEST_APPLESS_MAIN(TestPlanDriver)
+QTEST_APPLESS_MAIN(PlanDriverTest)
 #include "tst_plan_driver.moc"

@@ -50,7 +50,7 @@ AddressRange range(const char* text)
 
 } // namespace
 
-class TestPlanLengths : public QObject
+class PlanLengthsTest : public QObject
 {
     Q_OBJECT
 
@@ -66,7 +66,7 @@ private slots:
 using Results = QList<LengthResult>;
 Q_DECLARE_METATYPE(LengthResult)
 
-void TestPlanLengths::theBestReadsAllInTheShortestTime_data()
+void PlanLengthsTest::theBestReadsAllInTheShortestTime_data()
 {
     QTest::addColumn<Results>("results");
     QTest::addColumn<int>("best");
@@ -80,13 +80,13 @@ void TestPlanLengths::theBestReadsAllInTheShortestTime_data()
         << Results{result(1, 100, 2), result(2, 300, 1)} << 1;
 }
 
-void TestPlanLengths::theBestReadsAllInTheShortestTime()
+void PlanLengthsTest::theBestReadsAllInTheShortestTime()
 {
     QFETCH(Results, results);
     QTEST(bestOf(results), "best");
 }
 
-void TestPlanLengths::theTableShowsWhatTellsSomething_data()
+void PlanLengthsTest::theTableShowsWhatTellsSomething_data()
 {
     QTest::addColumn<Results>("results");
     QTest::addColumn<int>("limit");
@@ -105,14 +105,14 @@ void TestPlanLengths::theTableShowsWhatTellsSomething_data()
     QTest::newRow("one") << Results{result(1, 300)} << 1 << QList<int>{1};
 }
 
-void TestPlanLengths::theTableShowsWhatTellsSomething()
+void PlanLengthsTest::theTableShowsWhatTellsSomething()
 {
     QFETCH(Results, results);
     QFETCH(int, limit);
     QTEST(limitsOf(worthShowing(results, limit)), "shown");
 }
 
-void TestPlanLengths::aPlanIsSummedUp()
+void PlanLengthsTest::aPlanIsSummedUp()
 {
     Plan plan;
     plan.maxWords = 32;
@@ -125,7 +125,7 @@ void TestPlanLengths::aPlanIsSummedUp()
     QCOMPARE(summed.unread, 4); // SM256 and SM257 spoil the request
 }
 
-void TestPlanLengths::requestsThatAreTooLongReadNothing()
+void PlanLengthsTest::requestsThatAreTooLongReadNothing()
 {
     Plan plan;
     plan.requests << request("D", 0, 126, 257);
@@ -133,5 +133,5 @@ void TestPlanLengths::requestsThatAreTooLongReadNothing()
              101);
 }
 
-QTEST_APPLESS_MAIN(TestPlanLengths)
+QTEST_APPLESS_MAIN(PlanLengthsTest)
 #include "tst_plan_lengths.moc"

@@ -47,7 +47,7 @@ std::vector<bool> bits(const char* picture)
 
 } // namespace
 
-class TestPlanRequest : public QObject
+class PlanRequestTest : public QObject
 {
     Q_OBJECT
 
@@ -62,7 +62,7 @@ private slots:
     void modbusLimitsTheLength();
 };
 
-void TestPlanRequest::everyRegisterIsAskedForOrBridged_data()
+void PlanRequestTest::everyRegisterIsAskedForOrBridged_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<int>("address");
@@ -101,7 +101,7 @@ void TestPlanRequest::everyRegisterIsAskedForOrBridged_data()
                                      << "##" << 2 << 0 << 0;
 }
 
-void TestPlanRequest::everyRegisterIsAskedForOrBridged()
+void PlanRequestTest::everyRegisterIsAskedForOrBridged()
 {
     QFETCH(QString, type);
     QFETCH(int, address);
@@ -134,13 +134,13 @@ static std::clock_t costOfCoverages(int requests)
 }
 
 // Sixteen times as much if the ranges were walked for each request.
-void TestPlanRequest::eightThousandRequestsCostFourTimesTwoThousand()
+void PlanRequestTest::eightThousandRequestsCostFourTimesTwoThousand()
 {
     const double times = growth(costOfCoverages, 2000, 8000);
     QVERIFY2(times < 8, qPrintable(QString::number(times)));
 }
 
-void TestPlanRequest::aBarShowsACoverage_data()
+void PlanRequestTest::aBarShowsACoverage_data()
 {
     QTest::addColumn<QString>("asked");
     QTest::addColumn<int>("width");
@@ -153,14 +153,14 @@ void TestPlanRequest::aBarShowsACoverage_data()
     QTest::newRow("five into two") << "##..." << 2 << "#.";
 }
 
-void TestPlanRequest::aBarShowsACoverage()
+void PlanRequestTest::aBarShowsACoverage()
 {
     QFETCH(QString, asked);
     QFETCH(int, width);
     QTEST(coverageBar(bits(asked.toLatin1().constData()), width), "bar");
 }
 
-void TestPlanRequest::aRequestKnowsItsLastAddress()
+void PlanRequestTest::aRequestKnowsItsLastAddress()
 {
     QCOMPARE(request("D", 100, 4).lastAddress(), 103);
     QCOMPARE(request("32CV", 200, 4).lastAddress(), 201);
@@ -168,7 +168,7 @@ void TestPlanRequest::aRequestKnowsItsLastAddress()
     QCOMPARE(request("X", 8, 1).lastAddress(), 8);
 }
 
-void TestPlanRequest::modbusLimitsTheLength_data()
+void PlanRequestTest::modbusLimitsTheLength_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<int>("count");
@@ -181,12 +181,12 @@ void TestPlanRequest::modbusLimitsTheLength_data()
     QTest::newRow("one coil more") << "M" << 2001 << true;
 }
 
-void TestPlanRequest::modbusLimitsTheLength()
+void PlanRequestTest::modbusLimitsTheLength()
 {
     QFETCH(QString, type);
     QFETCH(int, count);
     QTEST(request(type.toLatin1().constData(), 200, count).isTooLong(), "tooLong");
 }
 
-QTEST_APPLESS_MAIN(TestPlanRequest)
+QTEST_APPLESS_MAIN(PlanRequestTest)
 #include "tst_plan_request.moc"

@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestPlanTiming : public QObject
+class PlanTimingTest : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ private slots:
     void theLineLoadIsTheShareOfBusyTime();
 };
 
-void TestPlanTiming::oneExchangeTakes_data()
+void PlanTimingTest::oneExchangeTakes_data()
 {
     QTest::addColumn<int>("baud");
     QTest::addColumn<int>("parityBits");
@@ -40,7 +40,7 @@ void TestPlanTiming::oneExchangeTakes_data()
     QTest::newRow("a network") << 0 << 0 << qint64(5000) << qint64(0) << qint64(5000);
 }
 
-void TestPlanTiming::oneExchangeTakes()
+void PlanTimingTest::oneExchangeTakes()
 {
     QFETCH(int, baud);
     QFETCH(int, parityBits);
@@ -57,7 +57,7 @@ void TestPlanTiming::oneExchangeTakes()
     QCOMPARE(cost.bytesExpected, qint64(25));
 }
 
-void TestPlanTiming::everyRequestOfACycleWaits()
+void PlanTimingTest::everyRequestOfACycleWaits()
 {
     // 47 characters are 470 bits = 48959 us.
     const CycleCost cycle = costOf(PlanTiming(), 2, 16, 31);
@@ -68,7 +68,7 @@ void TestPlanTiming::everyRequestOfACycleWaits()
     QCOMPARE(cycle.duration, qint64(48959 + 2 * (5000 + 3646)));
 }
 
-void TestPlanTiming::theLineLoadIsTheShareOfBusyTime()
+void PlanTimingTest::theLineLoadIsTheShareOfBusyTime()
 {
     CycleCost cost;
     QCOMPARE(cost.lineLoad(), 0.0);
@@ -77,5 +77,5 @@ void TestPlanTiming::theLineLoadIsTheShareOfBusyTime()
     QCOMPARE(cost.lineLoad(), 0.25);
 }
 
-QTEST_APPLESS_MAIN(TestPlanTiming)
+QTEST_APPLESS_MAIN(PlanTimingTest)
 #include "tst_plan_timing.moc"

@@ -5,7 +5,7 @@
 
 using namespace kx;
 
-class TestWatchedRanges : public QObject
+class WatchedRangesTest : public QObject
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ QList<AddressRange> ranges(const QString& words)
 
 } // namespace
 
-void TestWatchedRanges::whatIsWatchedOfARangeIsFound_data()
+void WatchedRangesTest::whatIsWatchedOfARangeIsFound_data()
 {
     QTest::addColumn<QString>("watched");
     QTest::addColumn<QString>("covered");
@@ -63,7 +63,7 @@ void TestWatchedRanges::whatIsWatchedOfARangeIsFound_data()
     row("counters", "32CV200 32CV202", "32CV200:3", "32CV200:1@1 32CV202:1@1");
 }
 
-void TestWatchedRanges::whatIsWatchedOfARangeIsFound()
+void WatchedRangesTest::whatIsWatchedOfARangeIsFound()
 {
     QFETCH(QString, watched);
     QFETCH(QString, covered);
@@ -76,5 +76,5 @@ void TestWatchedRanges::whatIsWatchedOfARangeIsFound()
     QTEST(found.join(QLatin1Char(' ')), "found");
 }
 
-QTEST_APPLESS_MAIN(TestWatchedRanges)
+QTEST_APPLESS_MAIN(WatchedRangesTest)
 #include "tst_watched_ranges.moc"

@@ -1,6 +1,6 @@
 /// The rows of a recipe from its lines below the header.
-#ifndef KX_TESTS_RECIPE_ROWS_H
-#define KX_TESTS_RECIPE_ROWS_H
+#ifndef KX_TESTS_TOOLS_PANEL_RECIPE_RECIPE_ROWS_H
+#define KX_TESTS_TOOLS_PANEL_RECIPE_RECIPE_ROWS_H
 
 #include "panel/recipe/recipe_file.h"
 

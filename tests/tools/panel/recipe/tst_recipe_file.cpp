@@ -18,7 +18,7 @@ QByteArray recipe(const char* rows)
 
 } // namespace
 
-class TestRecipeFile : public QObject
+class RecipeFileTest : public QObject
 {
     Q_OBJECT
 
@@ -36,7 +36,7 @@ private slots:
     void badFilesAreRefused();
 };
 
-void TestRecipeFile::rowsAreRead()
+void RecipeFileTest::rowsAreRead()
 {
     RecipeFile file;
     QString error;
@@ -59,7 +59,7 @@ void TestRecipeFile::rowsAreRead()
     QCOMPARE(total.value, quint32(0xFFFFFFFF));
 }
 
-void TestRecipeFile::valuesOf32BitsTakeTwoRegisters()
+void RecipeFileTest::valuesOf32BitsTakeTwoRegisters()
 {
     RecipeFile file;
     QString error;
@@ -67,7 +67,7 @@ void TestRecipeFile::valuesOf32BitsTakeTwoRegisters()
     QCOMPARE(file.rows().at(0).range.values, 2);
 }
 
-void TestRecipeFile::emptyStationIsTheConnections()
+void RecipeFileTest::emptyStationIsTheConnections()
 {
     RecipeFile file;
     QString error;
@@ -75,7 +75,7 @@ void TestRecipeFile::emptyStationIsTheConnections()
     QCOMPARE(file.rows().at(0).range.station, 5);
 }
 
-void TestRecipeFile::emptyValueIsNoted()
+void RecipeFileTest::emptyValueIsNoted()
 {
     RecipeFile file;
     QString error;
@@ -84,7 +84,7 @@ void TestRecipeFile::emptyValueIsNoted()
     QCOMPARE(file.rows().at(0).place(), QStringLiteral("line 2"));
 }
 
-void TestRecipeFile::byteOrderMarkAndCarriageReturnsAreAccepted()
+void RecipeFileTest::byteOrderMarkAndCarriageReturnsAreAccepted()
 {
     const QByteArray text =
         "\xEF\xBB\xBFname,station,register,address,type,value\r\na,1,D,1,uint16,2\r\n";
@@ -97,7 +97,7 @@ void TestRecipeFile::byteOrderMarkAndCarriageReturnsAreAccepted()
         QByteArray("\xEF\xBB\xBFname,station,register,address,type,value\r\na,1,D,1,uint16,3\r\n"));
 }
 
-void TestRecipeFile::spreadsheetsKeepTheirForm_data()
+void RecipeFileTest::spreadsheetsKeepTheirForm_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("rewritten"); ///< with 3 and -1 for 2 and 0
@@ -148,7 +148,7 @@ void TestRecipeFile::spreadsheetsKeepTheirForm_data()
                       108);
 }
 
-void TestRecipeFile::spreadsheetsKeepTheirForm()
+void RecipeFileTest::spreadsheetsKeepTheirForm()
 {
     QFETCH(QByteArray, text);
     RecipeFile file;
@@ -161,7 +161,7 @@ void TestRecipeFile::spreadsheetsKeepTheirForm()
     QTEST(file.withValues({3, 0xFFFF}), "rewritten");
 }
 
-void TestRecipeFile::onlyChangedValuesAreRewritten()
+void RecipeFileTest::onlyChangedValuesAreRewritten()
 {
     RecipeFile file;
     QString error;
@@ -179,7 +179,7 @@ void TestRecipeFile::onlyChangedValuesAreRewritten()
                     "e,1,M,5,bit,1\n"));
 }
 
-void TestRecipeFile::sameValuesGiveTheSameFile()
+void RecipeFileTest::sameValuesGiveTheSameFile()
 {
     const QByteArray text = recipe("a,1,D,100,hex16, 0X0F \n\n#\xFF no UTF-8\nb,1,Y,7,bit,\"1\"");
     RecipeFile file;
@@ -188,7 +188,7 @@ void TestRecipeFile::sameValuesGiveTheSameFile()
     QCOMPARE(file.withValues({15, 1}), text);
 }
 
-void TestRecipeFile::badFilesAreRefused_data()
+void RecipeFileTest::badFilesAreRefused_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("error");
@@ -236,7 +236,7 @@ void TestRecipeFile::badFilesAreRefused_data()
         << "line 5: 'x' is not a decimal or 0x hexadecimal number";
 }
 
-void TestRecipeFile::badFilesAreRefused()
+void RecipeFileTest::badFilesAreRefused()
 {
     QFETCH(QByteArray, text);
     RecipeFile file;
@@ -245,5 +245,5 @@ void TestRecipeFile::badFilesAreRefused()
     QTEST(error, "error");
 }
 
-QTEST_GUILESS_MAIN(TestRecipeFile)
+QTEST_GUILESS_MAIN(RecipeFileTest)
 #include "tst_recipe_file.moc"

@@ -26,7 +26,7 @@ QString textOf(const QVector<_RCP_VAR_PRO>& variables)
 
 } // namespace
 
-class TestRecipeLayout : public QObject
+class RecipeLayoutTest : public QObject
 {
     Q_OBJECT
 
@@ -41,7 +41,7 @@ private slots:
 
 /// Variables as station.TYPE address:count=buffer offset; passes parted by "|".
 /// The blocks are what the driver makes of each pass, in its own order.
-void TestRecipeLayout::rowsBecomePasses_data()
+void RecipeLayoutTest::rowsBecomePasses_data()
 {
     QTest::addColumn<QString>("rows");
     QTest::addColumn<int>("maxWords");
@@ -113,7 +113,7 @@ void TestRecipeLayout::rowsBecomePasses_data()
         << "1.C0:1=0 2.Y1:1=2 1.C2:1=1";
 }
 
-void TestRecipeLayout::rowsBecomePasses()
+void RecipeLayoutTest::rowsBecomePasses()
 {
     QFETCH(QString, rows);
     QFETCH(int, maxWords);
@@ -138,7 +138,7 @@ void TestRecipeLayout::rowsBecomePasses()
     QCOMPARE(layout.blocks(), blockCount);
 }
 
-void TestRecipeLayout::bufferHoldsTheValues()
+void RecipeLayoutTest::bufferHoldsTheValues()
 {
     RecipeLayout layout;
     QString error;
@@ -159,7 +159,7 @@ void TestRecipeLayout::bufferHoldsTheValues()
     QCOMPARE(layout.offsets, (QList<int>{3, 5, 6, -1, -1, -1}));
 }
 
-void TestRecipeLayout::coilsLieLowByteFirst()
+void RecipeLayoutTest::coilsLieLowByteFirst()
 {
     RecipeLayout layout;
     QString error;
@@ -169,7 +169,7 @@ void TestRecipeLayout::coilsLieLowByteFirst()
     QCOMPARE(layout.buffer, (std::vector<unsigned short>{0x0100, 0x0101, 0x0001, 0, 0, 0}));
 }
 
-void TestRecipeLayout::uploadedValuesAreFoundInTheBuffer()
+void RecipeLayoutTest::uploadedValuesAreFoundInTheBuffer()
 {
     const QList<RecipeRow> rows =
         rowsOf(QStringLiteral("a,1,D,100,uint32,\nb,1,D,102,int16,\nc,1,32CV,200,uint32,"));
@@ -182,7 +182,7 @@ void TestRecipeLayout::uploadedValuesAreFoundInTheBuffer()
     QCOMPARE(valueInBuffer(rows.at(2), layout.offsets.at(2), buffer), quint32(0x89ABCDEF));
 }
 
-void TestRecipeLayout::equalRowsShareOneRegister()
+void RecipeLayoutTest::equalRowsShareOneRegister()
 {
     const QList<RecipeRow> rows =
         rowsOf(QStringLiteral("a,1,D,100,uint16,10\nb,1,D,100,hex16,0xA\nc,1,D,100,int16,"));
@@ -193,5 +193,5 @@ void TestRecipeLayout::equalRowsShareOneRegister()
     QCOMPARE(layout.offsets, (QList<int>{0, 0, 0}));
 }
 
-QTEST_GUILESS_MAIN(TestRecipeLayout)
+QTEST_GUILESS_MAIN(RecipeLayoutTest)
 #include "tst_recipe_layout.moc"

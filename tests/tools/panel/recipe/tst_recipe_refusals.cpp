@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestRecipeRefusals : public QObject
+class RecipeRefusalsTest : public QObject
 {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ private slots:
     void downloadNeedsOutputsWithValues();
 };
 
-void TestRecipeRefusals::badRecipesAreRefused_data()
+void RecipeRefusalsTest::badRecipesAreRefused_data()
 {
     QTest::addColumn<QString>("rows");
     QTest::addColumn<int>("maxWords");
@@ -44,7 +44,7 @@ void TestRecipeRefusals::badRecipesAreRefused_data()
         << "line 2 (a): a 32CV takes 2 registers; raise --max-words, which is 1";
 }
 
-void TestRecipeRefusals::badRecipesAreRefused()
+void RecipeRefusalsTest::badRecipesAreRefused()
 {
     QFETCH(QString, rows);
     QFETCH(int, maxWords);
@@ -55,7 +55,7 @@ void TestRecipeRefusals::badRecipesAreRefused()
 }
 
 // Nine stations with all 8000 D registers need 72000 words.
-void TestRecipeRefusals::bufferIsLimited()
+void RecipeRefusalsTest::bufferIsLimited()
 {
     QList<RecipeRow> rows;
     for (int station = 1; station <= 9; ++station) {
@@ -76,7 +76,7 @@ void TestRecipeRefusals::bufferIsLimited()
     QCOMPARE(layout.buffer.size(), size_t(65536));
 }
 
-void TestRecipeRefusals::downloadNeedsOutputsWithValues_data()
+void RecipeRefusalsTest::downloadNeedsOutputsWithValues_data()
 {
     QTest::addColumn<QString>("rows");
     QTest::addColumn<QString>("error");
@@ -89,7 +89,7 @@ void TestRecipeRefusals::downloadNeedsOutputsWithValues_data()
                               "written";
 }
 
-void TestRecipeRefusals::downloadNeedsOutputsWithValues()
+void RecipeRefusalsTest::downloadNeedsOutputsWithValues()
 {
     QFETCH(QString, rows);
     QFETCH(QString, error);
@@ -98,5 +98,5 @@ void TestRecipeRefusals::downloadNeedsOutputsWithValues()
     QCOMPARE(found, error);
 }
 
-QTEST_GUILESS_MAIN(TestRecipeRefusals)
+QTEST_GUILESS_MAIN(RecipeRefusalsTest)
 #include "tst_recipe_refusals.moc"

@@ -53,7 +53,7 @@ struct stat statusOf(const QString& path)
 
 } // namespace
 
-class TestRecipeStorage : public QObject
+class RecipeStorageTest : public QObject
 {
     Q_OBJECT
 
@@ -85,7 +85,7 @@ private:
     QString m_error;
 };
 
-void TestRecipeStorage::init()
+void RecipeStorageTest::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     m_error.clear();
@@ -94,7 +94,7 @@ void TestRecipeStorage::init()
     QVERIFY(file.write(OLD_TEXT) > 0);
 }
 
-void TestRecipeStorage::fileIsReplaced()
+void RecipeStorageTest::fileIsReplaced()
 {
     const QByteArray text(100000, 'x');
     QVERIFY2(replaceRecipeFile(path(), text, &m_error), qPrintable(m_error));
@@ -102,7 +102,7 @@ void TestRecipeStorage::fileIsReplaced()
     QCOMPARE(files(), QStringList{"filling.csv"});
 }
 
-void TestRecipeStorage::fullDiskLeavesTheFile_data()
+void RecipeStorageTest::fullDiskLeavesTheFile_data()
 {
     QTest::addColumn<int>("room"); ///< bytes
     QTest::addColumn<int>("size"); ///< of the new text, bytes
@@ -113,7 +113,7 @@ void TestRecipeStorage::fullDiskLeavesTheFile_data()
     QTest::newRow("text longer than a buffer of 16 KiB") << 20000 << 40000;
 }
 
-void TestRecipeStorage::fullDiskLeavesTheFile()
+void RecipeStorageTest::fullDiskLeavesTheFile()
 {
     QFETCH(int, room);
     QFETCH(int, size);
@@ -128,7 +128,7 @@ void TestRecipeStorage::fullDiskLeavesTheFile()
     QCOMPARE(stored(), QByteArray(size, 'x'));
 }
 
-void TestRecipeStorage::modeStays_data()
+void RecipeStorageTest::modeStays_data()
 {
     QTest::addColumn<int>("mode");
 
@@ -138,7 +138,7 @@ void TestRecipeStorage::modeStays_data()
     QTest::newRow("executed, for what that is worth") << 0751;
 }
 
-void TestRecipeStorage::modeStays()
+void RecipeStorageTest::modeStays()
 {
     QFETCH(int, mode);
     QCOMPARE(::chmod(QFile::encodeName(path()).constData(), static_cast<mode_t>(mode)), 0);
@@ -147,7 +147,7 @@ void TestRecipeStorage::modeStays()
 }
 
 // Only root may give a file away; for everyone else the owner is the same all along.
-void TestRecipeStorage::ownerStays()
+void RecipeStorageTest::ownerStays()
 {
     const uid_t owner = ::geteuid() == 0 ? 12345 : ::geteuid();
     const gid_t group = ::geteuid() == 0 ? 23456 : ::getegid();
@@ -160,7 +160,7 @@ void TestRecipeStorage::ownerStays()
     QCOMPARE(static_cast<int>(statusOf(path()).st_mode & 07777), 0664);
 }
 
-void TestRecipeStorage::linkStays()
+void RecipeStorageTest::linkStays()
 {
     const QString link = path("link.csv");
     QVERIFY(QFile::link(QStringLiteral("filling.csv"), link));
@@ -170,7 +170,7 @@ void TestRecipeStorage::linkStays()
     QCOMPARE(files(), (QStringList{"filling.csv", "link.csv"}));
 }
 
-void TestRecipeStorage::missingFolderIsNamed()
+void RecipeStorageTest::missingFolderIsNamed()
 {
     const QString lost = path("no/filling.csv");
     QVERIFY(!replaceRecipeFile(lost, "new", &m_error));
@@ -178,5 +178,5 @@ void TestRecipeStorage::missingFolderIsNamed()
     QVERIFY(!canReplaceRecipeFile(lost, &m_error));
 }
 
-QTEST_APPLESS_MAIN(TestRecipeStorage)
+QTEST_APPLESS_MAIN(RecipeStorageTest)
 #include "tst_recipe_storage.moc"

@@ -5,7 +5,7 @@
 
 using namespace kx;
 
-class TestRecipeValue : public QObject
+class RecipeValueTest : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private slots:
     void namesAreExact();
 };
 
-void TestRecipeValue::valuesAreParsedAndWritten_data()
+void RecipeValueTest::valuesAreParsedAndWritten_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<QString>("text");
@@ -48,7 +48,7 @@ void TestRecipeValue::valuesAreParsedAndWritten_data()
                                      << "-1" << quint32(0xFFFFFFFF) << "-1";
 }
 
-void TestRecipeValue::valuesAreParsedAndWritten()
+void RecipeValueTest::valuesAreParsedAndWritten()
 {
     QFETCH(QString, type);
     QFETCH(QString, text);
@@ -61,7 +61,7 @@ void TestRecipeValue::valuesAreParsedAndWritten()
     QTEST(recipeValueText(valueType, bits), "written");
 }
 
-void TestRecipeValue::badValuesAreRefused_data()
+void RecipeValueTest::badValuesAreRefused_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<QString>("text");
@@ -100,7 +100,7 @@ void TestRecipeValue::badValuesAreRefused_data()
                                   << "4294967296 does not fit; uint32 takes 0 to 4294967295";
 }
 
-void TestRecipeValue::badValuesAreRefused()
+void RecipeValueTest::badValuesAreRefused()
 {
     QFETCH(QString, type);
     QFETCH(QString, text);
@@ -111,7 +111,7 @@ void TestRecipeValue::badValuesAreRefused()
     QCOMPARE(bits, quint32(77));
 }
 
-void TestRecipeValue::typesSuitRegisters_data()
+void RecipeValueTest::typesSuitRegisters_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<QString>("registers");
@@ -134,7 +134,7 @@ void TestRecipeValue::typesSuitRegisters_data()
                                              << "D" << true << 2;
 }
 
-void TestRecipeValue::typesSuitRegisters()
+void RecipeValueTest::typesSuitRegisters()
 {
     QFETCH(QString, type);
     QFETCH(QString, registers);
@@ -142,12 +142,12 @@ void TestRecipeValue::typesSuitRegisters()
     QTEST(addressesPerValue(findRecipeValueType(type), findRegisterType(registers)), "addresses");
 }
 
-void TestRecipeValue::namesAreExact()
+void RecipeValueTest::namesAreExact()
 {
     QVERIFY(!findRecipeValueType(QStringLiteral("UINT16")));
     QVERIFY(!findRecipeValueType(QString()));
     QCOMPARE(recipeValueTypeNames(), QStringLiteral("bit, uint16, int16, hex16, uint32, int32"));
 }
 
-QTEST_GUILESS_MAIN(TestRecipeValue)
+QTEST_GUILESS_MAIN(RecipeValueTest)
 #include "tst_recipe_value.moc"

@@ -22,7 +22,7 @@ AddressRange registersOf(int address)
 
 } // namespace
 
-class TestDriverPort : public QObject
+class DriverPortTest : public QObject
 {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ private:
     std::unique_ptr<DriverPort> m_port;
 };
 
-void TestDriverPort::init()
+void DriverPortTest::init()
 {
     DriverEntryPoints entryPoints;
     QString error;
@@ -50,7 +50,7 @@ void TestDriverPort::init()
     QVERIFY(m_port->isHeld());
 }
 
-QByteArray TestDriverPort::nextRequest(int* kind)
+QByteArray DriverPortTest::nextRequest(int* kind)
 {
     FRAME_PRO request = FRAME_PRO();
     if (m_port->requests().getSendFrame(&request) != 1)
@@ -60,14 +60,14 @@ QByteArray TestDriverPort::nextRequest(int* kind)
     return QByteArray(reinterpret_cast<const char*>(request.frame), request.sendLen);
 }
 
-int TestDriverPort::settle(QByteArray reply)
+int DriverPortTest::settle(QByteArray reply)
 {
     QString errorText;
     return m_port->requests().dealRcvFrame(reply, errorText);
 }
 
 // Behind five writes in a row the driver says once that it has nothing.
-void TestDriverPort::aSixthWriteInARowIsGivenUp()
+void DriverPortTest::aSixthWriteInARowIsGivenUp()
 {
     for (int i = 0; i < 5; ++i) {
         m_port->write({registersOf(100), {7}});
@@ -83,7 +83,7 @@ void TestDriverPort::aSixthWriteInARowIsGivenUp()
 }
 
 // The driver ends such a transfer at once and goes on with what is polled.
-void TestDriverPort::aRecipeWithNothingToSendLendsNoKind()
+void DriverPortTest::aRecipeWithNothingToSendLendsNoKind()
 {
     m_port->watch({registersOf(0)});
     _RCP_VAR_PRO variable = _RCP_VAR_PRO();
@@ -99,5 +99,5 @@ void TestDriverPort::aRecipeWithNothingToSendLendsNoKind()
     QVERIFY(!m_port->isRecipeOut());
 }
 
-QTEST_GUILESS_MAIN(TestDriverPort)
+QTEST_GUILESS_MAIN(DriverPortTest)
 #include "tst_driver_port.moc"

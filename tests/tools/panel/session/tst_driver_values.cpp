@@ -5,7 +5,7 @@
 
 using namespace kx;
 
-class TestDriverValues : public QObject
+class DriverValuesTest : public QObject
 {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ private slots:
     void jobsAndVariablesAreRanges();
 };
 
-void TestDriverValues::valuesBecomeBytesAndBack_data()
+void DriverValuesTest::valuesBecomeBytesAndBack_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<QList<qint64>>("values");
@@ -30,7 +30,7 @@ void TestDriverValues::valuesBecomeBytesAndBack_data()
         << "32CV" << QList<qint64>{0x12345678, 4294967295} << QByteArray("78563412ffffffff");
 }
 
-void TestDriverValues::valuesBecomeBytesAndBack()
+void DriverValuesTest::valuesBecomeBytesAndBack()
 {
     QFETCH(QString, type);
     QFETCH(QList<qint64>, values);
@@ -41,14 +41,14 @@ void TestDriverValues::valuesBecomeBytesAndBack()
     QCOMPARE(valuesOf(range, QByteArray::fromHex(bytes)), values);
 }
 
-void TestDriverValues::negativeValuesComeBackUnsigned()
+void DriverValuesTest::negativeValuesComeBackUnsigned()
 {
     const AddressRange range = {findRegisterType(QStringLiteral("D")), 0, 1, 1};
     QCOMPARE(driverBytes({range, {-2}}).toHex(), QByteArray("feff"));
     QCOMPARE(valuesOf(range, QByteArray::fromHex("feff")), QList<qint64>{65534});
 }
 
-void TestDriverValues::repliesBecomeValues_data()
+void DriverValuesTest::repliesBecomeValues_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<QByteArray>("reply");
@@ -64,7 +64,7 @@ void TestDriverValues::repliesBecomeValues_data()
         << "D" << QByteArray("01 03 04 12") << QList<qint64>{0x1200, 0};
 }
 
-void TestDriverValues::repliesBecomeValues()
+void DriverValuesTest::repliesBecomeValues()
 {
     QFETCH(QString, type);
     QFETCH(QByteArray, reply);
@@ -73,7 +73,7 @@ void TestDriverValues::repliesBecomeValues()
     QCOMPARE(valuesOfReply(range, QByteArray::fromHex(reply)), values);
 }
 
-void TestDriverValues::jobsAndVariablesAreRanges()
+void DriverValuesTest::jobsAndVariablesAreRanges()
 {
     VARIABLE job = VARIABLE();
     job.station = 5;
@@ -92,5 +92,5 @@ void TestDriverValues::jobsAndVariablesAreRanges()
     QCOMPARE(rangeOf(variable).values, 3);
 }
 
-QTEST_APPLESS_MAIN(TestDriverValues)
+QTEST_APPLESS_MAIN(DriverValuesTest)
 #include "tst_driver_values.moc"

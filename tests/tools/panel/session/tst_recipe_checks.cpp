@@ -25,7 +25,7 @@ _RCP_VAR_PRO variable(const char* type, int address, int count, int offset)
 
 } // namespace
 
-class TestRecipeChecks : public QObject
+class RecipeChecksTest : public QObject
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private slots:
     void variablesTheDriverTakesForOthers();
 };
 
-void TestRecipeChecks::variablesTheDriverTakesForOthers_data()
+void RecipeChecksTest::variablesTheDriverTakesForOthers_data()
 {
     QTest::addColumn<QVector<_RCP_VAR_PRO>>("variables");
     QTest::addColumn<RecipeDirection>("direction");
@@ -86,7 +86,7 @@ void TestRecipeChecks::variablesTheDriverTakesForOthers_data()
         fine);
 }
 
-void TestRecipeChecks::variablesTheDriverTakesForOthers()
+void RecipeChecksTest::variablesTheDriverTakesForOthers()
 {
     QFETCH(QVector<_RCP_VAR_PRO>, variables);
     QFETCH(RecipeDirection, direction);
@@ -95,5 +95,5 @@ void TestRecipeChecks::variablesTheDriverTakesForOthers()
     QCOMPARE(failure.station, failure.isNone() ? 0 : 1);
 }
 
-QTEST_APPLESS_MAIN(TestRecipeChecks)
+QTEST_APPLESS_MAIN(RecipeChecksTest)
 #include "tst_recipe_checks.moc"

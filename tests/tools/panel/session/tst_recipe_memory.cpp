@@ -4,7 +4,7 @@
 
 using namespace kx;
 
-class TestRecipeMemory : public QObject
+class RecipeMemoryTest : public QObject
 {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ private slots:
     void requestsNeedTheMutex();
 };
 
-void TestRecipeMemory::wordsAreLoadedFromTheBeginning()
+void RecipeMemoryTest::wordsAreLoadedFromTheBeginning()
 {
     RecipeMemory memory;
     memory.load({1, 2, 3});
@@ -26,7 +26,7 @@ void TestRecipeMemory::wordsAreLoadedFromTheBeginning()
     QCOMPARE(memory.buffer()[1], static_cast<unsigned short>(5));
 }
 
-void TestRecipeMemory::noWordLiesOutside()
+void RecipeMemoryTest::noWordLiesOutside()
 {
     RecipeMemory memory;
     std::vector<quint16> words(65536, 7);
@@ -39,7 +39,7 @@ void TestRecipeMemory::noWordLiesOutside()
 }
 
 // Byte 60115 asks for a download, byte 60116 for an upload.
-void TestRecipeMemory::requestsAreBytesOfTheSharedBlock()
+void RecipeMemoryTest::requestsAreBytesOfTheSharedBlock()
 {
     RecipeMemory memory;
     QCOMPARE(memory.requested(), NO_JOB);
@@ -57,7 +57,7 @@ void TestRecipeMemory::requestsAreBytesOfTheSharedBlock()
     QCOMPARE(memory.requested(), NO_JOB);
 }
 
-void TestRecipeMemory::requestsNeedTheMutex()
+void RecipeMemoryTest::requestsNeedTheMutex()
 {
     RecipeMemory memory;
     memory.raise(RECIPE_WRITE_JOB);
@@ -65,5 +65,5 @@ void TestRecipeMemory::requestsNeedTheMutex()
     memory.mutex()->unlock();
 }
 
-QTEST_APPLESS_MAIN(TestRecipeMemory)
+QTEST_APPLESS_MAIN(RecipeMemoryTest)
 #include "tst_recipe_memory.moc"

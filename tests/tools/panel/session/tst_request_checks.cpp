@@ -25,7 +25,7 @@ AddressRange range(const QString& text)
 
 } // namespace
 
-class TestRequestChecks : public QObject
+class RequestChecksTest : public QObject
 {
     Q_OBJECT
 
@@ -43,7 +43,7 @@ private slots:
     void emptyRecipes();
 };
 
-void TestRequestChecks::readIsOneRequest_data()
+void RequestChecksTest::readIsOneRequest_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("maxWords");
@@ -65,7 +65,7 @@ void TestRequestChecks::readIsOneRequest_data()
     row("an input", "X0:8@1", 32, FailureKind::None);
 }
 
-void TestRequestChecks::readIsOneRequest()
+void RequestChecksTest::readIsOneRequest()
 {
     QFETCH(QString, text);
     QFETCH(int, maxWords);
@@ -79,7 +79,7 @@ void TestRequestChecks::readIsOneRequest()
     QCOMPARE(failure.range.address, range(text).address);
 }
 
-void TestRequestChecks::writeIsOneRequest_data()
+void RequestChecksTest::writeIsOneRequest_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("maxWords");
@@ -96,7 +96,7 @@ void TestRequestChecks::writeIsOneRequest_data()
     row("an input", "X0@1", 32, FailureKind::NotWritable);
 }
 
-void TestRequestChecks::writeIsOneRequest()
+void RequestChecksTest::writeIsOneRequest()
 {
     QFETCH(QString, text);
     QFETCH(int, maxWords);
@@ -106,7 +106,7 @@ void TestRequestChecks::writeIsOneRequest()
     QTEST(writeRefusal(assignment, maxWords).kind, "kind");
 }
 
-void TestRequestChecks::rangesThatDoNotExist_data()
+void RequestChecksTest::rangesThatDoNotExist_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<int>("address");
@@ -131,7 +131,7 @@ void TestRequestChecks::rangesThatDoNotExist_data()
                                               << "out of range; there are D0 to D7999 (decimal)";
 }
 
-void TestRequestChecks::rangesThatDoNotExist()
+void RequestChecksTest::rangesThatDoNotExist()
 {
     QFETCH(QString, type);
     QFETCH(int, address);
@@ -145,7 +145,7 @@ void TestRequestChecks::rangesThatDoNotExist()
     QCOMPARE(writeRefusal({range, {0}}, MAX_WORDS).text, text);
 }
 
-void TestRequestChecks::valuesSuitTheirType_data()
+void RequestChecksTest::valuesSuitTheirType_data()
 {
     QTest::addColumn<QString>("address");
     QTest::addColumn<QList<qint64>>("values");
@@ -167,7 +167,7 @@ void TestRequestChecks::valuesSuitTheirType_data()
                               << "takes 2 values from -32768 to 65535";
 }
 
-void TestRequestChecks::valuesSuitTheirType()
+void RequestChecksTest::valuesSuitTheirType()
 {
     QFETCH(QString, address);
     QFETCH(QList<qint64>, values);
@@ -177,7 +177,7 @@ void TestRequestChecks::valuesSuitTheirType()
     QCOMPARE(failure.kind, text.isEmpty() ? FailureKind::None : FailureKind::OutOfRange);
 }
 
-void TestRequestChecks::recipeVariables_data()
+void RequestChecksTest::recipeVariables_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<int>("address");
@@ -207,7 +207,7 @@ void TestRequestChecks::recipeVariables_data()
     row("an input uploaded", "X", 0, 1, 1, 0, up, FailureKind::None);
 }
 
-void TestRequestChecks::recipeVariables()
+void RequestChecksTest::recipeVariables()
 {
     QFETCH(QString, type);
     QFETCH(int, address);
@@ -229,7 +229,7 @@ void TestRequestChecks::recipeVariables()
     QTEST(recipeRefusal(direction, {{{good}, 1}, {{variable}, 1}}, MAX_WORDS).kind, "kind");
 }
 
-void TestRequestChecks::emptyRecipes()
+void RequestChecksTest::emptyRecipes()
 {
     _RCP_VAR_PRO good = _RCP_VAR_PRO();
     good.station = 1;
@@ -243,5 +243,5 @@ void TestRequestChecks::emptyRecipes()
     QCOMPARE(kindOf({{{good}, 1}}), FailureKind::None);
 }
 
-QTEST_APPLESS_MAIN(TestRequestChecks)
+QTEST_APPLESS_MAIN(RequestChecksTest)
 #include "tst_request_checks.moc"

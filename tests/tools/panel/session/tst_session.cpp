@@ -43,7 +43,7 @@ _RCP_VAR_PRO recipeVariable(int address, int offset)
 
 } // namespace
 
-class TestSession : public QObject
+class SessionTest : public QObject
 {
     Q_OBJECT
 
@@ -90,7 +90,7 @@ private:
     std::unique_ptr<Session> m_session;
 };
 
-void TestSession::init()
+void SessionTest::init()
 {
     QString error;
     QVERIFY2(loadDriver(QString::fromLatin1(KX_DRIVER_FILE), &m_entryPoints, &error),
@@ -103,7 +103,7 @@ void TestSession::init()
     makeSession();
 }
 
-void TestSession::makeSession()
+void SessionTest::makeSession()
 {
     QString error;
     m_session.reset();
@@ -111,7 +111,7 @@ void TestSession::makeSession()
     QVERIFY2(m_session, qPrintable(error));
 }
 
-void TestSession::watchedValueIsToldOnceStored()
+void SessionTest::watchedValueIsToldOnceStored()
 {
     QList<qint64> seen;
     QStringList order;
@@ -136,7 +136,7 @@ void TestSession::watchedValueIsToldOnceStored()
     QCOMPARE(m_line->written.first(), withCrc("01 03 00 64 00 02"));
 }
 
-void TestSession::watchedRangesAreCut()
+void SessionTest::watchedRangesAreCut()
 {
     m_settings.maxWords = 32;
     makeSession();
@@ -148,7 +148,7 @@ void TestSession::watchedRangesAreCut()
     QCOMPARE(m_session->watch({range("SM255"), range("SM256")}), 2);
 }
 
-void TestSession::retryLimitAndRequestLengthReachTheDriver()
+void SessionTest::retryLimitAndRequestLengthReachTheDriver()
 {
     m_settings.retries = 2;
     m_settings.maxWords = 4;
@@ -166,7 +166,7 @@ void TestSession::retryLimitAndRequestLengthReachTheDriver()
     QCOMPARE(failure.range.values, 4);
 }
 
-void TestSession::readEndsWithItsValues()
+void SessionTest::readEndsWithItsValues()
 {
     // 32CV200 = 100000, high word first.
     m_line->answer({{1, withCrc("01 03 04 00 01 86 A0")}});
@@ -184,7 +184,7 @@ void TestSession::readEndsWithItsValues()
     QCOMPARE(written(), QList<QByteArray>({withCrc("01 03 25 E4 00 02")}));
 }
 
-void TestSession::failedReadSaysWhy()
+void SessionTest::failedReadSaysWhy()
 {
     m_line->answer({{1, withCrc("01 83 02")}}); // function 3 refused: illegal address
     QSignalSpy ends(m_session.get(), &Session::readFinished);
@@ -201,7 +201,7 @@ void TestSession::failedReadSaysWhy()
     QCOMPARE(failures.size(), 0); // which is of polled requests
 }
 
-void TestSession::readsAreDoneInTheirOrder()
+void SessionTest::readsAreDoneInTheirOrder()
 {
     m_line->answer({{1, withCrc("01 03 02 00 07")}}); // byte count 2, D100 = 7
     m_line->answer({{1, withCrc("01 03 02 00 08")}});
@@ -223,7 +223,7 @@ void TestSession::readsAreDoneInTheirOrder()
                                 withCrc("01 03 00 64 00 01")}));
 }
 
-void TestSession::aFailedReadTakesNoOtherWithIt()
+void SessionTest::aFailedReadTakesNoOtherWithIt()
 {
     m_line->answer({{1, withCrc("01 83 02")}});
     m_line->answer({{1, withCrc("01 03 02 00 08")}});
@@ -236,7 +236,7 @@ void TestSession::aFailedReadTakesNoOtherWithIt()
     QCOMPARE(ends.at(1).last().value<ReadEnd>().values, QList<qint64>({8}));
 }
 
-void TestSession::writtenValuesGoOut_data()
+void SessionTest::writtenValuesGoOut_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("request");
@@ -251,7 +251,7 @@ void TestSession::writtenValuesGoOut_data()
                                << withCrc("01 10 25 E4 00 02 04 00 01 86 A0");
 }
 
-void TestSession::writtenValuesGoOut()
+void SessionTest::writtenValuesGoOut()
 {
     QFETCH(QByteArray, text);
     QFETCH(QByteArray, request);
@@ -266,7 +266,7 @@ void TestSession::writtenValuesGoOut()
     QCOMPARE(ends.first().last().value<WriteEnd>().failure.kind, FailureKind::NoReply);
 }
 
-void TestSession::writeFromInsideASignal()
+void SessionTest::writeFromInsideASignal()
 {
     connect(m_session.get(), &Session::valueChanged, this, [this](const ValueChange& change) {
         if (change.range.address == 100)
@@ -279,7 +279,7 @@ void TestSession::writeFromInsideASignal()
     QCOMPARE(m_line->written.at(1), withCrc("01 06 00 65 00 07"));
 }
 
-void TestSession::writesToTheCacheOnlyEndAtOnce()
+void SessionTest::writesToTheCacheOnlyEndAtOnce()
 {
     m_settings.writeLocalOnly = true;
     makeSession();
@@ -294,7 +294,7 @@ void TestSession::writesToTheCacheOnlyEndAtOnce()
     QCOMPARE(written(), QList<QByteArray>());
 }
 
-void TestSession::refusedRequestsEndFromTheEventLoop_data()
+void SessionTest::refusedRequestsEndFromTheEventLoop_data()
 {
     QTest::addColumn<QByteArray>("read");
     QTest::addColumn<QByteArray>("write");
@@ -308,7 +308,7 @@ void TestSession::refusedRequestsEndFromTheEventLoop_data()
     QTest::newRow("an input") << QByteArray() << QByteArray("X0=1") << FailureKind::NotWritable;
 }
 
-void TestSession::refusedRequestsEndFromTheEventLoop()
+void SessionTest::refusedRequestsEndFromTheEventLoop()
 {
     QFETCH(QByteArray, read);
     QFETCH(QByteArray, write);
@@ -329,7 +329,7 @@ void TestSession::refusedRequestsEndFromTheEventLoop()
     QCOMPARE(written(), QList<QByteArray>());
 }
 
-void TestSession::nothingIsTakenWhileTheSessionDoesNotRun()
+void SessionTest::nothingIsTakenWhileTheSessionDoesNotRun()
 {
     QSignalSpy reads(m_session.get(), &Session::readFinished);
     QSignalSpy writes(m_session.get(), &Session::writeFinished);
@@ -347,7 +347,7 @@ void TestSession::nothingIsTakenWhileTheSessionDoesNotRun()
     QCOMPARE(written(), QList<QByteArray>());
 }
 
-void TestSession::whatWaitsCanBeCancelled_data()
+void SessionTest::whatWaitsCanBeCancelled_data()
 {
     QTest::addColumn<bool>("isRead");
     QTest::addColumn<int>("cancelled");
@@ -360,7 +360,7 @@ void TestSession::whatWaitsCanBeCancelled_data()
     QTest::newRow("the last read") << true << 2 << 0;
 }
 
-void TestSession::whatWaitsCanBeCancelled()
+void SessionTest::whatWaitsCanBeCancelled()
 {
     QFETCH(bool, isRead);
     QFETCH(int, cancelled);
@@ -399,7 +399,7 @@ void TestSession::whatWaitsCanBeCancelled()
 }
 
 // The driver has nothing else to send, which would lead to the next request.
-void TestSession::roomOfACancelledWriteIsUsedAtOnce()
+void SessionTest::roomOfACancelledWriteIsUsedAtOnce()
 {
     m_settings.exchange.idleInterval = 60000; // milliseconds
     makeSession();
@@ -413,7 +413,7 @@ void TestSession::roomOfACancelledWriteIsUsedAtOnce()
     QCOMPARE(m_line->written.last(), withCrc("01 06 00 65 00 02"));
 }
 
-void TestSession::replyToAnEndedWriteEndsNoOther_data()
+void SessionTest::replyToAnEndedWriteEndsNoOther_data()
 {
     QTest::addColumn<bool>("isInitialised");
     QTest::newRow("cancelled") << false;
@@ -421,7 +421,7 @@ void TestSession::replyToAnEndedWriteEndsNoOther_data()
 }
 
 // The same values are written again, before the confirmation of the first write comes.
-void TestSession::replyToAnEndedWriteEndsNoOther()
+void SessionTest::replyToAnEndedWriteEndsNoOther()
 {
     QFETCH(bool, isInitialised);
     m_line->answer({{20, withCrc("01 06 00 64 00 01")}});
@@ -445,7 +445,7 @@ void TestSession::replyToAnEndedWriteEndsNoOther()
     QCOMPARE(sentBefore, (QList<int>{1, 2}));
 }
 
-void TestSession::theDriversOwnIsNotSentOnceCancelled_data()
+void SessionTest::theDriversOwnIsNotSentOnceCancelled_data()
 {
     QTest::addColumn<bool>("isRead");
     QTest::newRow("a write") << false;
@@ -453,7 +453,7 @@ void TestSession::theDriversOwnIsNotSentOnceCancelled_data()
 }
 
 // It is in the driver already, behind a polled read that is on its way.
-void TestSession::theDriversOwnIsNotSentOnceCancelled()
+void SessionTest::theDriversOwnIsNotSentOnceCancelled()
 {
     QFETCH(bool, isRead);
     m_session->watch({range("D0")});
@@ -477,7 +477,7 @@ void TestSession::theDriversOwnIsNotSentOnceCancelled()
     QCOMPARE(m_session->values(range("D100")), QList<qint64>({0}));
 }
 
-void TestSession::recipeIsSent()
+void SessionTest::recipeIsSent()
 {
     QVERIFY(m_session->loadRecipe({0, 0, 1, 2}));
     m_line->answer({{1, withCrc("01 10 00 64 00 02")}});
@@ -495,7 +495,7 @@ void TestSession::recipeIsSent()
     QCOMPARE(written(), QList<QByteArray>({withCrc("01 10 00 64 00 02 04 00 01 00 02")}));
 }
 
-void TestSession::recipeReadFillsTheBuffer()
+void SessionTest::recipeReadFillsTheBuffer()
 {
     QSignalSpy ends(m_session.get(), &Session::recipeFinished);
     m_line->answer({{1, withCrc("01 03 04 00 05 00 06")}});
@@ -510,7 +510,7 @@ void TestSession::recipeReadFillsTheBuffer()
     QCOMPARE(m_session->recipeWord(65536), quint16(0));
 }
 
-void TestSession::recipesAreDoneInTheirOrder()
+void SessionTest::recipesAreDoneInTheirOrder()
 {
     m_line->answer({{1, withCrc("01 06 00 64 00 05")}});
     m_line->answer({{1, withCrc("01 06 00 C8 00 06")}});
@@ -527,14 +527,14 @@ void TestSession::recipesAreDoneInTheirOrder()
              (QList<QByteArray>{withCrc("01 06 00 64 00 05"), withCrc("01 06 00 C8 00 06")}));
 }
 
-void TestSession::wordsPastTheBufferAreRefused()
+void SessionTest::wordsPastTheBufferAreRefused()
 {
     QVERIFY(m_session->loadRecipe(std::vector<quint16>(65536)));
     QVERIFY(!m_session->loadRecipe(std::vector<quint16>(65537)));
 }
 
 // After three in a row the driver says once that it has nothing to send.
-void TestSession::manyReadsNeedNoIdleInterval()
+void SessionTest::manyReadsNeedNoIdleInterval()
 {
     m_settings.exchange.idleInterval = 60000; // milliseconds
     makeSession();
@@ -548,7 +548,7 @@ void TestSession::manyReadsNeedNoIdleInterval()
     QCOMPARE(ends.last().last().value<ReadEnd>().values, QList<qint64>({7}));
 }
 
-void TestSession::aSecondSessionIsRefused()
+void SessionTest::aSecondSessionIsRefused()
 {
     ScriptedLine otherLine;
     QString error;
@@ -568,7 +568,7 @@ void TestSession::aSecondSessionIsRefused()
     QVERIFY(Session::create(m_entryPoints, &otherLine, m_settings, &error));
 }
 
-void TestSession::aLineLostWhileASlotAsksForMore()
+void SessionTest::aLineLostWhileASlotAsksForMore()
 {
     QStringList ends;
     connect(m_session.get(), &Session::readFinished, this, [&](int, const ReadEnd& end) {
@@ -588,7 +588,7 @@ void TestSession::aLineLostWhileASlotAsksForMore()
                                     "the session does not run", "the session does not run"}));
 }
 
-void TestSession::aSlotMayStopTheSessionFromInsideWrite()
+void SessionTest::aSlotMayStopTheSessionFromInsideWrite()
 {
     m_session->watch({range("D100")});
     connect(m_session.get(), &Session::valueChanged, m_session.get(), &Session::stop);
@@ -603,7 +603,7 @@ void TestSession::aSlotMayStopTheSessionFromInsideWrite()
 }
 
 // A write that was told to have ended must not switch a machine on minutes later.
-void TestSession::nothingOfWhatHasEndedIsSentLater()
+void SessionTest::nothingOfWhatHasEndedIsSentLater()
 {
     QSignalSpy writes(m_session.get(), &Session::writeFinished);
     QSignalSpy reads(m_session.get(), &Session::readFinished);
@@ -627,5 +627,5 @@ void TestSession::nothingOfWhatHasEndedIsSentLater()
     QCOMPARE(writes.size() + reads.size() + recipes.size(), 5);
 }
 
-QTEST_GUILESS_MAIN(TestSession)
+QTEST_GUILESS_MAIN(SessionTest)
 #include "tst_session.moc"

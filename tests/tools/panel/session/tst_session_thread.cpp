@@ -41,7 +41,7 @@ SessionSettings quickSettings()
 
 } // namespace
 
-class TestSessionThread : public QObject
+class SessionThreadTest : public QObject
 {
     Q_OBJECT
 
@@ -68,28 +68,28 @@ private:
     std::unique_ptr<QObject> m_there; ///< lives in the thread
 };
 
-void TestSessionThread::initTestCase()
+void SessionThreadTest::initTestCase()
 {
     QString error;
     QVERIFY2(loadDriver(QString::fromLatin1(KX_DRIVER_FILE), &m_entryPoints, &error),
              qPrintable(error));
 }
 
-void TestSessionThread::init()
+void SessionThreadTest::init()
 {
     m_there = std::make_unique<QObject>();
     m_there->moveToThread(&m_thread);
     m_thread.start();
 }
 
-void TestSessionThread::cleanup()
+void SessionThreadTest::cleanup()
 {
     m_thread.quit();
     QVERIFY(m_thread.wait(5000));
     m_there.reset();
 }
 
-void TestSessionThread::aMovedSessionLeavesNothingBehind()
+void SessionThreadTest::aMovedSessionLeavesNothingBehind()
 {
     ScriptedLine line;
     QString error;
@@ -105,7 +105,7 @@ void TestSessionThread::aMovedSessionLeavesNothingBehind()
     inThread([&session] { session.reset(); });
 }
 
-void TestSessionThread::aMovedSessionPollsAndAnswersAcrossThreads()
+void SessionThreadTest::aMovedSessionPollsAndAnswersAcrossThreads()
 {
     ScriptedLine line;
     QString error;
@@ -137,7 +137,7 @@ void TestSessionThread::aMovedSessionPollsAndAnswersAcrossThreads()
     inThread([&line, this] { line.moveToThread(thread()); });
 }
 
-void TestSessionThread::aSessionMadeAndDeletedInTheThread()
+void SessionThreadTest::aSessionMadeAndDeletedInTheThread()
 {
     for (int times = 0; times < 2; ++times) {
         int idle = 0;
@@ -159,14 +159,14 @@ void TestSessionThread::aSessionMadeAndDeletedInTheThread()
     QVERIFY(Session::create(m_entryPoints, &line, quickSettings(), &error));
 }
 
-void TestSessionThread::onAPseudoTerminal_data()
+void SessionThreadTest::onAPseudoTerminal_data()
 {
     QTest::addColumn<bool>("isInThread");
     QTest::newRow("on the main thread") << false;
     QTest::newRow("in a thread of its own") << true;
 }
 
-void TestSessionThread::onAPseudoTerminal()
+void SessionThreadTest::onAPseudoTerminal()
 {
     QFETCH(bool, isInThread);
     QString error;
@@ -210,5 +210,5 @@ void TestSessionThread::onAPseudoTerminal()
     QCOMPARE(failures, QStringList{QString()});
 }
 
-QTEST_GUILESS_MAIN(TestSessionThread)
+QTEST_GUILESS_MAIN(SessionThreadTest)
 #include "tst_session_thread.moc"

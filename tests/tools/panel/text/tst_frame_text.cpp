@@ -139,7 +139,7 @@ ExchangeRecord FrameTextTest::accepted()
 
 void FrameTextTest::lines()
 {
-    QCOMPARE(exchangeLines(accepted()),
+    QCOMPARE(exchangeRows(accepted()),
              QStringList({
                  QString::fromLatin1("10:11:12.013 request station 01, function 03, address 00 64, "
                                      "quantity 00 01, CRC C5 D5"),
@@ -156,7 +156,7 @@ void FrameTextTest::linesOfARepeatedRequestWithoutReply()
     record.result = 2;
     record.repeated = true;
     record.errorText = QString::fromLatin1("0,1,100,D");
-    QCOMPARE(exchangeLines(record),
+    QCOMPARE(exchangeRows(record),
              QStringList({
                  QString::fromLatin1("10:11:12.013 request station 01, function 03, address 00 64, "
                                      "quantity 00 01, CRC C5 D5 (again)"),

@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class TestJsonTime : public QObject
+class JsonTimeTest : public QObject
 {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ private slots:
     void aTimeIsShownInUtc();
 };
 
-void TestJsonTime::aTimeIsShownInUtc_data()
+void JsonTimeTest::aTimeIsShownInUtc_data()
 {
     QTest::addColumn<QDateTime>("time");
     QTest::addColumn<QString>("shown");
@@ -34,11 +34,11 @@ void TestJsonTime::aTimeIsShownInUtc_data()
         << QDateTime(day, QTime(2, 30), Qt::OffsetFromUTC, 3600) << "2024-10-27T01:30:00.000Z";
 }
 
-void TestJsonTime::aTimeIsShownInUtc()
+void JsonTimeTest::aTimeIsShownInUtc()
 {
     QFETCH(QDateTime, time);
     QTEST(jsonTime(time), "shown");
 }
 
-QTEST_APPLESS_MAIN(TestJsonTime)
+QTEST_APPLESS_MAIN(JsonTimeTest)
 #include "tst_json_time.moc"

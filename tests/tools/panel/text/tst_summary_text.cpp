@@ -37,7 +37,7 @@ WatchSummary SummaryTextTest::summary()
 void SummaryTextTest::lines()
 {
     // 480 characters of 10 bits at 9600 baud are half a second.
-    QCOMPARE(summaryLines(summary()),
+    QCOMPARE(summaryRows(summary()),
              QStringList({QString::fromLatin1(
                               "36 requests in 12 cycles: 33 accepted, 2 repeated, 1 failed"),
                           QString::fromLatin1("2.0 s, 288 bytes sent, 192 received, "
@@ -53,7 +53,7 @@ void SummaryTextTest::rareCountsAreNamedWhenThereAreAny()
     counts.thrownAway = {11, 12, 13, 14, 15};
     counts.heldBack = 21;
     counts.reopened = 22;
-    const QStringList lines = summaryLines(rare);
+    const QStringList lines = summaryRows(rare);
     QCOMPARE(lines.size(), 5);
     QCOMPARE(lines.at(0),
              QString::fromLatin1("36 requests in 12 cycles: 33 accepted, 2 repeated, 1 failed; "
@@ -82,7 +82,7 @@ void SummaryTextTest::oneOfEachIsSingular()
     counts.thrownAway = {1, 1, 1, 1, 1};
     counts.heldBack = 1;
     counts.reopened = 1;
-    const QStringList lines = summaryLines(one);
+    const QStringList lines = summaryRows(one);
     QVERIFY(lines.at(0).startsWith("1 request in 1 cycle: "));
     QCOMPARE(lines.at(1), QString("thrown away: 1 reply of another request, 1 late reply, "
                                   "1 duplicate, 1 echo, 1 byte in no frame"));

@@ -1,7 +1,7 @@
 /// A controller that answers every read, each coil and register with its own number:
 /// what is shown then tells from where it came.
-#ifndef KX_TESTS_NUMBERING_CONTROLLER_H
-#define KX_TESTS_NUMBERING_CONTROLLER_H
+#ifndef KX_TESTS_TOOLS_PANEL_WATCH_NUMBERING_CONTROLLER_H
+#define KX_TESTS_TOOLS_PANEL_WATCH_NUMBERING_CONTROLLER_H
 
 #include <QtCore/QByteArray>
 

@@ -1,6 +1,6 @@
 /// A line to a numbering controller, in virtual time.
-#ifndef KX_TESTS_NUMBERING_LINE_H
-#define KX_TESTS_NUMBERING_LINE_H
+#ifndef KX_TESTS_TOOLS_PANEL_WATCH_NUMBERING_LINE_H
+#define KX_TESTS_TOOLS_PANEL_WATCH_NUMBERING_LINE_H
 
 #include "exchange/lines/line.h"
 #include "tools/faults/virtual_clock.h"

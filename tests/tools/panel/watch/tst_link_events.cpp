@@ -85,19 +85,19 @@ void LinkEventsTest::eventsAreToldOncePerChange()
     LinkState link;
     QList<LinkEvent> events;
     for (const ExchangeRecord& record : records)
-        events += link.takeExchange(record);
+        events += link.onExchange(record);
     QTEST(textOf(events), "events");
 }
 
 void LinkEventsTest::stationsAreToldApart()
 {
     LinkState link;
-    link.takeExchange(record(ReplyKind::None, REPLY_FAILED, 7));
-    QCOMPARE(textOf(link.takeExchange(record(ReplyKind::None, REPLY_FAILED, 2))),
+    link.onExchange(record(ReplyKind::None, REPLY_FAILED, 7));
+    QCOMPARE(textOf(link.onExchange(record(ReplyKind::None, REPLY_FAILED, 2))),
              QStringLiteral("station 2 does not answer"));
     QCOMPARE(link.faultText(),
              QStringLiteral("station 2 does not answer; station 7 does not answer"));
-    QCOMPARE(textOf(link.takeExchange(record(ReplyKind::Good, REPLY_ACCEPTED, 7))),
+    QCOMPARE(textOf(link.onExchange(record(ReplyKind::Good, REPLY_ACCEPTED, 7))),
              QStringLiteral("station 7 answers again"));
     QCOMPARE(link.faultText(), QStringLiteral("station 2 does not answer"));
 }
@@ -105,10 +105,10 @@ void LinkEventsTest::stationsAreToldApart()
 void LinkEventsTest::theLineIsToldApartFromItsFirstOpening()
 {
     LinkState link;
-    QCOMPARE(textOf(link.takeLineOpened()), QString());
-    QCOMPARE(textOf(link.takeLineLost()), QStringLiteral("line lost"));
+    QCOMPARE(textOf(link.onLineOpened()), QString());
+    QCOMPARE(textOf(link.onLineLost()), QStringLiteral("line lost"));
     QCOMPARE(link.faultText(), QStringLiteral("line lost"));
-    QCOMPARE(textOf(link.takeLineOpened()), QStringLiteral("line open again"));
+    QCOMPARE(textOf(link.onLineOpened()), QStringLiteral("line open again"));
     QCOMPARE(link.faultText(), QString());
 }
 
@@ -138,7 +138,7 @@ void LinkEventsTest::textAndJson()
     QFETCH(LinkEvent, event);
     QFETCH(QByteArray, json);
     const QDateTime time(QDate(2024, 5, 17), QTime(10, 11, 12, 13));
-    QTEST(linkEventLine(event, time), "line");
+    QTEST(linkEventRow(event, time), "line");
     const QDateTime utc(time.date(), time.time(), Qt::UTC);
     QCOMPARE(linkEventJson(event, utc.toLocalTime()), QJsonDocument::fromJson(json).object());
 }

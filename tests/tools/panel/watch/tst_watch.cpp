@@ -281,10 +281,10 @@ namespace
 {
 
 /// Answers at once, in its thread.
-class PromptLine : public NumberingLine
+class PromptInput : public NumberingLine
 {
 public:
-    PromptLine() : NumberingLine(nullptr) {}
+    PromptInput() : NumberingLine(nullptr) {}
     void write(const QByteArray& bytes) override
     {
         const QByteArray reply = controller.replyTo(bytes);
@@ -303,7 +303,7 @@ signals:
 protected:
     void run() override
     {
-        PromptLine line;
+        PromptInput line;
         QString error;
         const std::unique_ptr<Session> session =
             Session::create(loadedDriver(), &line, SessionSettings(), &error);

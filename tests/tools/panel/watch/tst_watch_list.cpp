@@ -104,11 +104,11 @@ void WatchListTest::allNamesOfAnAddressChangeTogether()
 {
     WatchList list({tagOf("D100", "Pump speed"), tagOf("D101", "Other"), tagOf("D100", "Limit"),
                     tagOf("D100", "Alarm"), tagOf("D100", "Pump speed")});
-    QCOMPARE(list.takeRead(job(1, "D", 100, 2), always(0), 50), QList<int>({0, 1, 2, 3}));
-    QCOMPARE(list.takeChange(1, d(), 100, always(7), 60), QList<int>({0, 2, 3}));
+    QCOMPARE(list.onRead(job(1, "D", 100, 2), always(0), 50), QList<int>({0, 1, 2, 3}));
+    QCOMPARE(list.onChange(1, d(), 100, always(7), 60), QList<int>({0, 2, 3}));
     QCOMPARE(list.entries().at(2).value, qint64(7));
     QCOMPARE(list.entries().at(2).changedAt, qint64(60));
-    QCOMPARE(list.takeFailure(job(1, "D", 100, 1), false), QList<int>({0, 2, 3}));
+    QCOMPARE(list.onFailure(job(1, "D", 100, 1), false), QList<int>({0, 2, 3}));
     QVERIFY(!list.allAnswered());
 }
 
@@ -116,7 +116,7 @@ void WatchListTest::firstReadMakesValuesKnown()
 {
     WatchList list({tagOf("D100:4"), tagOf("D101@2"), tagOf("M101")});
     const VARIABLE read = job(1, "D", 101, 2);
-    QCOMPARE(list.takeRead(read, always(0), 50), QList<int>({1, 2}));
+    QCOMPARE(list.onRead(read, always(0), 50), QList<int>({1, 2}));
     QCOMPARE(list.entries().at(0).state, WatchState::NeverRead);
     QCOMPARE(list.entries().at(1).state, WatchState::Ok);
     QCOMPARE(list.entries().at(1).readAt, qint64(50));
@@ -125,7 +125,7 @@ void WatchListTest::firstReadMakesValuesKnown()
     QCOMPARE(list.entries().at(4).state, WatchState::NeverRead);
     QCOMPARE(list.entries().at(5).state, WatchState::NeverRead);
     // The next read is told by changes only.
-    QCOMPARE(list.takeRead(read, always(9), 60), QList<int>());
+    QCOMPARE(list.onRead(read, always(9), 60), QList<int>());
     QCOMPARE(list.entries().at(1).value, qint64(0));
     QCOMPARE(list.entries().at(1).readAt, qint64(60));
 }
@@ -134,16 +134,16 @@ void WatchListTest::countersCoverHalfTheRegisters()
 {
     WatchList list({tagOf("32CV200:4")});
     // Four registers are two counters.
-    QCOMPARE(list.takeRead(job(1, "32CV", 200, 4), always(1), 50), QList<int>({0, 1}));
+    QCOMPARE(list.onRead(job(1, "32CV", 200, 4), always(1), 50), QList<int>({0, 1}));
     QCOMPARE(list.entries().at(2).state, WatchState::NeverRead);
 }
 
 void WatchListTest::changeOfAKnownValue()
 {
     WatchList list({tagOf("D100:2")});
-    list.takeRead(job(1, "D", 100, 2), always(4), 50);
+    list.onRead(job(1, "D", 100, 2), always(4), 50);
     QCOMPARE(list.entries().at(1).changedAt, qint64(0));
-    QCOMPARE(list.takeChange(1, d(), 101, always(5), 70), QList<int>({1}));
+    QCOMPARE(list.onChange(1, d(), 101, always(5), 70), QList<int>({1}));
     QCOMPARE(list.entries().at(1).value, qint64(5));
     QCOMPARE(list.entries().at(1).changedAt, qint64(70));
     QCOMPARE(list.entries().at(0).value, qint64(4));
@@ -152,49 +152,49 @@ void WatchListTest::changeOfAKnownValue()
 void WatchListTest::changeBeforeTheFirstRead()
 {
     WatchList list({tagOf("D100")});
-    QCOMPARE(list.takeChange(1, d(), 100, always(5), 70), QList<int>({0}));
+    QCOMPARE(list.onChange(1, d(), 100, always(5), 70), QList<int>({0}));
     QCOMPARE(list.entries().at(0).value, qint64(5));
     // It became known, which is no change.
     QCOMPARE(list.entries().at(0).changedAt, qint64(0));
-    QCOMPARE(list.takeRead(job(1, "D", 100, 1), always(5), 80), QList<int>());
+    QCOMPARE(list.onRead(job(1, "D", 100, 1), always(5), 80), QList<int>());
 }
 
 void WatchListTest::reportWithoutAChangeIsNone()
 {
     WatchList list({tagOf("M0")});
-    list.takeRead(job(1, "M", 0, 1), always(1), 50);
-    QCOMPARE(list.takeChange(1, QString::fromLatin1("M"), 0, always(1), 70), QList<int>());
+    list.onRead(job(1, "M", 0, 1), always(1), 50);
+    QCOMPARE(list.onChange(1, QString::fromLatin1("M"), 0, always(1), 70), QList<int>());
     QCOMPARE(list.entries().at(0).changedAt, qint64(0));
 }
 
 void WatchListTest::changeOfAnAddressNotWatchedIsNone()
 {
     WatchList list({tagOf("D0"), tagOf("D100")});
-    QCOMPARE(list.takeChange(1, d(), 101, always(5), 70), QList<int>());
+    QCOMPARE(list.onChange(1, d(), 101, always(5), 70), QList<int>());
     for (const int address : {-100, -1, 36, 164, INT_MIN, INT_MAX})
-        QCOMPARE(list.takeChange(1, d(), address, always(5), 70), QList<int>());
-    QCOMPARE(list.takeChange(1, QString::fromLatin1("d"), 100, always(5), 70), QList<int>());
-    QCOMPARE(list.takeChange(2, d(), 100, always(5), 70), QList<int>());
-    QCOMPARE(list.takeChange(1, QString::fromLatin1("SD"), 100, always(5), 70), QList<int>());
+        QCOMPARE(list.onChange(1, d(), address, always(5), 70), QList<int>());
+    QCOMPARE(list.onChange(1, QString::fromLatin1("d"), 100, always(5), 70), QList<int>());
+    QCOMPARE(list.onChange(2, d(), 100, always(5), 70), QList<int>());
+    QCOMPARE(list.onChange(1, QString::fromLatin1("SD"), 100, always(5), 70), QList<int>());
 }
 
 void WatchListTest::failureAndRecovery()
 {
     WatchList list({tagOf("D100:2")});
     const VARIABLE read = job(1, "D", 100, 2);
-    list.takeRead(read, always(4), 50);
+    list.onRead(read, always(4), 50);
     QVERIFY(list.allAnswered());
-    QCOMPARE(list.takeFailure(job(1, "D", 101, 1), false), QList<int>({1}));
+    QCOMPARE(list.onFailure(job(1, "D", 101, 1), false), QList<int>({1}));
     QCOMPARE(list.entries().at(0).state, WatchState::Ok);
     QCOMPARE(list.entries().at(1).state, WatchState::NoAnswer);
     QVERIFY(!list.allAnswered());
     // Only what is new is told.
-    QCOMPARE(list.takeFailure(read, false), QList<int>({0}));
-    QCOMPARE(list.takeFailure(read, true), QList<int>({0, 1}));
+    QCOMPARE(list.onFailure(read, false), QList<int>({0}));
+    QCOMPARE(list.onFailure(read, true), QList<int>({0, 1}));
     QCOMPARE(list.entries().at(0).state, WatchState::Refused);
     QCOMPARE(list.entries().at(0).value, qint64(4));
     // Back again, and told although the value is the same.
-    QCOMPARE(list.takeRead(read, always(4), 90), QList<int>({0, 1}));
+    QCOMPARE(list.onRead(read, always(4), 90), QList<int>({0, 1}));
     QVERIFY(list.allAnswered());
 }
 
@@ -202,8 +202,8 @@ void WatchListTest::readsInAnyOrderOfTheListAreToldInIts()
 {
     WatchList list({tagOf("D103", "Last"), tagOf("D100@2"), tagOf("D101", "Second"), tagOf("D100"),
                     tagOf("D101", "Twice"), tagOf("D102")});
-    QCOMPARE(list.takeRead(job(1, "D", 100, 4), always(3), 50), QList<int>({0, 2, 3, 4, 5}));
-    QCOMPARE(list.takeFailure(job(1, "D", 101, 3), true), QList<int>({0, 2, 4, 5}));
+    QCOMPARE(list.onRead(job(1, "D", 100, 4), always(3), 50), QList<int>({0, 2, 3, 4, 5}));
+    QCOMPARE(list.onFailure(job(1, "D", 101, 3), true), QList<int>({0, 2, 4, 5}));
 }
 
 void WatchListTest::readsBesideTheTypeCoverWhatIsInIt_data()
@@ -227,15 +227,15 @@ void WatchListTest::readsBesideTheTypeCoverWhatIsInIt()
     QFETCH(int, address);
     QFETCH(int, count);
     WatchList list({tagOf("D0"), tagOf("D7999")});
-    QTEST(list.takeRead(job(1, "D", address, count), always(1), 50), "covered");
+    QTEST(list.onRead(job(1, "D", address, count), always(1), 50), "covered");
 }
 
 void WatchListTest::valuesOfKeptAddressesAreKept()
 {
     WatchList earlier({tagOf("D100:3"), tagOf("M0")});
-    earlier.takeRead(job(1, "D", 100, 2), always(4), 50);
-    earlier.takeChange(1, d(), 101, always(5), 70);
-    earlier.takeFailure(job(1, "M", 0, 1), true);
+    earlier.onRead(job(1, "D", 100, 2), always(4), 50);
+    earlier.onChange(1, d(), 101, always(5), 70);
+    earlier.onFailure(job(1, "M", 0, 1), true);
     WatchList list({tagOf("M0"), tagOf("D101", "Speed"), tagOf("D101", "Twice"), tagOf("D102"),
                     tagOf("D101@2"), tagOf("M101")});
     list.keepValuesOf(earlier);
@@ -256,7 +256,7 @@ void WatchListTest::valuesOfKeptAddressesAreKept()
     WatchList shorter({tagOf("D101"), tagOf("D100")});
     shorter.keepValuesOf(earlier);
     QVERIFY(shorter.allAnswered());
-    shorter.takeFailure(job(1, "D", 100, 1), false);
+    shorter.onFailure(job(1, "D", 100, 1), false);
     QVERIFY(!shorter.allAnswered());
 }
 
@@ -285,8 +285,8 @@ std::clock_t WatchListTest::costOf(int addresses)
     const std::clock_t start = std::clock();
     WatchList list(tags);
     for (const Tag& tag : tags) {
-        list.takeRead(job(tag.range.station, "D", tag.range.address, 1), always(1), 50);
-        list.takeChange(tag.range.station, d(), tag.range.address, always(2), 60);
+        list.onRead(job(tag.range.station, "D", tag.range.address, 1), always(1), 50);
+        list.onChange(tag.range.station, d(), tag.range.address, always(2), 60);
     }
     const std::clock_t cost = std::clock() - start;
     if (list.entries().size() != addresses || list.entries().last().changedAt != 60)
@@ -333,8 +333,8 @@ std::clock_t WatchListTest::costOfEvents(int addresses)
     for (int i = 0; i < 6400; ++i) {
         const int address = i % 64 * (addresses / 64);
         const int station = 1 + address / 8000;
-        list->takeRead(job(station, "D", address % 8000, 1), always(1), 50);
-        list->takeChange(station, d(), address % 8000, always(i), 60);
+        list->onRead(job(station, "D", address % 8000, 1), always(1), 50);
+        list->onChange(station, d(), address % 8000, always(i), 60);
     }
     const std::clock_t cost = std::clock() - start;
     if (list->entries().first().value != 6400 - 64)

@@ -19,7 +19,7 @@ AddressRange rangeOfD(int address, int values, int station)
 
 } // namespace
 
-class TestWatchRefusals : public QObject
+class WatchRefusalsTest : public QObject
 {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ private slots:
     void typesAreKnownByTheirNames();
 };
 
-void TestWatchRefusals::rangesThatDoNotExist_data()
+void WatchRefusalsTest::rangesThatDoNotExist_data()
 {
     QTest::addColumn<AddressRange>("range");
     QTest::newRow("no type") << AddressRange{nullptr, 0, 1, 1};
@@ -41,7 +41,7 @@ void TestWatchRefusals::rangesThatDoNotExist_data()
     QTest::newRow("running past D7999") << rangeOfD(7960, 41, 1);
 }
 
-void TestWatchRefusals::rangesThatDoNotExist()
+void WatchRefusalsTest::rangesThatDoNotExist()
 {
     QFETCH(AddressRange, range);
     FaultyRun run((FaultyRunSettings()));
@@ -64,7 +64,7 @@ void TestWatchRefusals::rangesThatDoNotExist()
 }
 
 // As connections by name, and spies, look them up.
-void TestWatchRefusals::typesAreKnownByTheirNames()
+void WatchRefusalsTest::typesAreKnownByTheirNames()
 {
     FaultyRun run((FaultyRunSettings()));
     const Watch watch(&run.session());
@@ -72,5 +72,5 @@ void TestWatchRefusals::typesAreKnownByTheirNames()
         QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
 }
 
-QTEST_GUILESS_MAIN(TestWatchRefusals)
+QTEST_GUILESS_MAIN(WatchRefusalsTest)
 #include "tst_watch_refusals.moc"

@@ -1,6 +1,6 @@
 /// Watched entries for tests.
-#ifndef KX_TESTS_WATCH_ENTRIES_H
-#define KX_TESTS_WATCH_ENTRIES_H
+#ifndef KX_TESTS_TOOLS_PANEL_WATCH_WATCH_ENTRIES_H
+#define KX_TESTS_TOOLS_PANEL_WATCH_WATCH_ENTRIES_H
 
 #include "panel/watch/watch_list.h"
 

@@ -1,7 +1,7 @@
 /// One line of separated values, with the place of each field, so that a field can
 /// be replaced without touching the rest of the line.
-#ifndef KX_PANEL_FILES_CSV_LINE_H
-#define KX_PANEL_FILES_CSV_LINE_H
+#ifndef KX_PANEL_FILES_CSV_FIELDS_H
+#define KX_PANEL_FILES_CSV_FIELDS_H
 
 #include "addresses/export.h"
 
@@ -22,8 +22,8 @@ struct CsvField {
 /// stand in double quotes, in which a separator is text and "" is one quote. Returns
 /// false and one line in `*error` when a quote is not closed or text follows a closing
 /// quote.
-KXRUNTIME_EXPORT bool splitCsvLine(const QByteArray& line, char separator, QList<CsvField>* fields,
-                                   QString* error);
+KXRUNTIME_EXPORT bool splitCsvFields(const QByteArray& line, char separator,
+                                     QList<CsvField>* fields, QString* error);
 
 } // namespace kx
 

@@ -1,6 +1,6 @@
 /// Views that write a line per event: as text, or as JSON.
-#ifndef KX_KXHOST_VIEWS_LINE_VIEWS_H
-#define KX_KXHOST_VIEWS_LINE_VIEWS_H
+#ifndef KX_KXHOST_VIEWS_PRINTED_VIEWS_H
+#define KX_KXHOST_VIEWS_PRINTED_VIEWS_H
 
 #include "kxhost/views/watch_view.h"
 
@@ -14,7 +14,7 @@ QString withName(const QString& address, const QString& name);
 
 /// "2024-05-17T10:11:12.013 1 D100 1234", or "... no answer" instead of the value;
 /// the address with its name.
-QString entryLine(const WatchEntry& entry, const QDateTime& time);
+QString entryRow(const WatchEntry& entry, const QDateTime& time);
 QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time);
 
 class TextView : public WatchView

@@ -1,10 +1,10 @@
-#include "panel/files/csv_line.h"
+#include "panel/files/csv_fields.h"
 
 #include <QtTest/QTest>
 
 using namespace kx;
 
-class TestCsvLine : public QObject
+class CsvFieldsTest : public QObject
 {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ private slots:
     void badQuotesAreRefused();
 };
 
-void TestCsvLine::fieldsAreFound_data()
+void CsvFieldsTest::fieldsAreFound_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<char>("separator");
@@ -49,13 +49,13 @@ void TestCsvLine::fieldsAreFound_data()
         << QList<int>{0, 1, 2, 0, 4, 1, 7, 5};
 }
 
-void TestCsvLine::fieldsAreFound()
+void CsvFieldsTest::fieldsAreFound()
 {
     QFETCH(QByteArray, line);
     QFETCH(char, separator);
     QList<CsvField> fields;
     QString error;
-    QVERIFY2(splitCsvLine(line, separator, &fields, &error), qPrintable(error));
+    QVERIFY2(splitCsvFields(line, separator, &fields, &error), qPrintable(error));
     QStringList texts;
     QList<int> places;
     for (const CsvField& field : fields) {
@@ -66,7 +66,7 @@ void TestCsvLine::fieldsAreFound()
     QTEST(places, "places");
 }
 
-void TestCsvLine::badQuotesAreRefused_data()
+void CsvFieldsTest::badQuotesAreRefused_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QString>("error");
@@ -79,14 +79,14 @@ void TestCsvLine::badQuotesAreRefused_data()
         << QByteArray("\"a\"b,1") << "text follows a closing quote";
 }
 
-void TestCsvLine::badQuotesAreRefused()
+void CsvFieldsTest::badQuotesAreRefused()
 {
     QFETCH(QByteArray, line);
     QList<CsvField> fields;
     QString error;
-    QVERIFY(!splitCsvLine(line, ',', &fields, &error));
+    QVERIFY(!splitCsvFields(line, ',', &fields, &error));
     QTEST(error, "error");
 }
 
-QTEST_GUILESS_MAIN(TestCsvLine)
-#include "tst_csv_line.moc"
+QTEST_GUILESS_MAIN(CsvFieldsTest)
+#include "tst_csv_fields.moc"

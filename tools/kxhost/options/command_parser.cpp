@@ -1,4 +1,4 @@
-#include "kxhost/options/command_line.h"
+#include "kxhost/options/command_parser.h"
 
 #include "addresses/digits.h"
 #include "addresses/station_text.h"
@@ -19,12 +19,12 @@ QString helpText(const QCommandLineParser& parser, const CommandHelp& help)
     // The parser's own usage line names the program's path and no command.
     QString options = parser.helpText();
     options = options.mid(options.indexOf(QLatin1Char('\n')) + 1);
-    QString text = QString::fromLatin1("Usage: kxhost %1\n%2\n%3\n"
-                                       "X and Y are octal, all other types decimal. Modbus "
-                                       "numbers are zero-based, as on\nthe wire.\n\nExamples:\n")
+    QString text = QStringLiteral("Usage: kxhost %1\n%2\n%3\n"
+                                  "X and Y are octal, all other types decimal. Modbus "
+                                  "numbers are zero-based, as on\nthe wire.\n\nExamples:\n")
                        .arg(QLatin1String(help.usage), QLatin1String(help.summary), options);
     for (const QString& example : QString::fromLatin1(help.examples).split(QLatin1Char('\n')))
-        text += QString::fromLatin1("  %1\n").arg(example);
+        text += QStringLiteral("  %1\n").arg(example);
     return text + QLatin1Char('\n') + exitCodesText();
 }
 
@@ -36,13 +36,13 @@ QString parserFault(const QCommandLineParser& parser, const CommandHelp& help)
     if (fault.endsWith(QLatin1Char('.')))
         fault.chop(1);
     const QString command = QString::fromLatin1(help.usage).section(QLatin1Char(' '), 0, 0);
-    return QString::fromLatin1("%1; kxhost %2 --help shows the options").arg(fault, command);
+    return QStringLiteral("%1; kxhost %2 --help shows the options").arg(fault, command);
 }
 
 } // namespace
 
-bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
-                      const CommandHelp& help, int* exitCode)
+bool parseCommand(QCommandLineParser* parser, const QStringList& arguments, const CommandHelp& help,
+                  int* exitCode)
 {
     const QCommandLineOption helpOption({QLatin1String("h"), QLatin1String("help")},
                                         QLatin1String("Show this help."));
@@ -60,12 +60,12 @@ bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
 
 QString exitCodesText()
 {
-    return QString::fromLatin1("Exit codes: 0 fine, 1 a station failed or the line was lost, "
-                               "2 wrong usage,\n3 the port or the library cannot be opened.\n");
+    return QStringLiteral("Exit codes: 0 fine, 1 a station failed or the line was lost, "
+                          "2 wrong usage,\n3 the port or the library cannot be opened.\n");
 }
 
-bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
-                int* number, QString* error, const char* unit)
+bool parseNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
+                 int* number, QString* error, const char* unit)
 {
     const QString name = QString::fromLatin1(option);
     if (!parser.isSet(name))
@@ -77,7 +77,7 @@ bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest
     if (!isNumber || !hasOnlyDigits(typed.mid(isNegative ? 1 : 0), 10) || value < lowest
         || value > highest) {
         const QString kind = unit ? QLatin1String(" of ") + QLatin1String(unit) : QString();
-        *error = QString::fromLatin1("--%1 %2: must be a whole number%3 from %4 to %5")
+        *error = QStringLiteral("--%1 %2: must be a whole number%3 from %4 to %5")
                      .arg(name, typed, kind, QString::number(lowest), QString::number(highest));
         return false;
     }
@@ -85,18 +85,18 @@ bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest
     return true;
 }
 
-bool takeStation(const QCommandLineParser& parser, int* station, QString* error)
+bool parseStationOption(const QCommandLineParser& parser, int* station, QString* error)
 {
-    return takeNumber(parser, "station", LOWEST_STATION, HIGHEST_STATION, station, error);
+    return parseNumber(parser, "station", LOWEST_STATION, HIGHEST_STATION, station, error);
 }
 
 bool takeTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity, QString* error)
 {
-    const QString parityOption = QLatin1String("parity");
-    const QString bitsOption = QLatin1String("data-bits");
-    if (!takeNumber(parser, "baud", 1, FASTEST_BAUD, &timing->baud, error)
-        || (parser.isSet(bitsOption) && !checkDataBits(parser.value(bitsOption), error))
-        || !takeNumber(parser, "stop-bits", 1, 2, &timing->stopBits, error)
+    const QString parityOption = QStringLiteral("parity");
+    const QString bitsOption = QStringLiteral("data-bits");
+    if (!parseNumber(parser, "baud", 1, FASTEST_BAUD, &timing->baud, error)
+        || (parser.isSet(bitsOption) && !parseDataBits(parser.value(bitsOption), error))
+        || !parseNumber(parser, "stop-bits", 1, 2, &timing->stopBits, error)
         || (parser.isSet(parityOption) && !readParity(parser.value(parityOption), parity, error)))
         return false;
     timing->parityBits = *parity == 'N' ? 0 : 1;

@@ -1,5 +1,5 @@
-#ifndef KX_KXHOST_TERMINAL_PROMPT_LINE_H
-#define KX_KXHOST_TERMINAL_PROMPT_LINE_H
+#ifndef KX_KXHOST_TERMINAL_PROMPT_INPUT_H
+#define KX_KXHOST_TERMINAL_PROMPT_INPUT_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QStringList>
@@ -9,7 +9,7 @@ namespace kx
 
 /// A line that is being typed. Backspace and Ctrl-U erase, Enter ends it; other
 /// control keys and cursor keys do nothing.
-class PromptLine
+class PromptInput
 {
 public:
     QString text() const { return m_text; }

@@ -1,4 +1,4 @@
-#include "kxhost/views/line_views.h"
+#include "kxhost/views/printed_views.h"
 
 #include "kxhost/terminal/console.h"
 #include "kxhost/views/watch_table.h"
@@ -14,9 +14,9 @@ QString withName(const QString& address, const QString& name)
     return name.isEmpty() ? address : address + QLatin1String(" (") + name + QLatin1Char(')');
 }
 
-QString entryLine(const WatchEntry& entry, const QDateTime& time)
+QString entryRow(const WatchEntry& entry, const QDateTime& time)
 {
-    return QString::fromLatin1("%1 %2 %3 %4")
+    return QStringLiteral("%1 %2 %3 %4")
         .arg(time.toString(Qt::ISODateWithMs))
         .arg(entry.station)
         .arg(withName(addressText(entry.type, entry.address), entry.name),
@@ -41,26 +41,26 @@ QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time)
 
 void TextView::showEntry(const WatchEntry& entry, const QDateTime& time)
 {
-    printLine(entryLine(entry, time));
+    say(entryRow(entry, time));
 }
 
 void TextView::showLinkEvent(const LinkEvent& event, const QDateTime& time)
 {
-    printLine(linkEventLine(event, time));
+    say(linkEventRow(event, time));
 }
 
 void TextView::showExchange(const ExchangeRecord& record)
 {
     if (!m_frames)
         return;
-    for (const QString& line : exchangeLines(record))
-        printLine(line);
+    for (const QString& line : exchangeRows(record))
+        say(line);
 }
 
 void TextView::showSummary(const WatchSummary& summary)
 {
-    for (const QString& line : summaryLines(summary))
-        printLine(line);
+    for (const QString& line : summaryRows(summary))
+        say(line);
 }
 
 void JsonView::showEntry(const WatchEntry& entry, const QDateTime& time)

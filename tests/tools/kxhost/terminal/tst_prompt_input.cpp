@@ -1,10 +1,10 @@
-#include "kxhost/terminal/prompt_line.h"
+#include "kxhost/terminal/prompt_input.h"
 
 #include <QtTest/QTest>
 
 using namespace kx;
 
-class PromptLineTest : public QObject
+class PromptInputTest : public QObject
 {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ private slots:
     void endlessLineIsCut();
 };
 
-void PromptLineTest::keys_data()
+void PromptInputTest::keys_data()
 {
     QTest::addColumn<QByteArray>("typed");
     QTest::addColumn<QStringList>("entered");
@@ -42,17 +42,17 @@ void PromptLineTest::keys_data()
         << QByteArray("D\x01\xC3\xA4\t1") << QStringList() << text("D1");
 }
 
-void PromptLineTest::keys()
+void PromptInputTest::keys()
 {
     QFETCH(QByteArray, typed);
-    PromptLine prompt;
+    PromptInput prompt;
     QTEST(prompt.type(typed), "entered");
     QTEST(prompt.text(), "left");
 }
 
-void PromptLineTest::keysInPieces()
+void PromptInputTest::keysInPieces()
 {
-    PromptLine prompt;
+    PromptInput prompt;
     QCOMPARE(prompt.type("D10"), QStringList());
     QCOMPARE(prompt.type("\x1B"), QStringList());
     QCOMPARE(prompt.type("["), QStringList());
@@ -60,12 +60,12 @@ void PromptLineTest::keysInPieces()
     QCOMPARE(prompt.type("\r"), QStringList(QString::fromLatin1("D100=5")));
 }
 
-void PromptLineTest::endlessLineIsCut()
+void PromptInputTest::endlessLineIsCut()
 {
-    PromptLine prompt;
+    PromptInput prompt;
     prompt.type(QByteArray(5000, 'D'));
     QCOMPARE(prompt.text().size(), 1000);
 }
 
-QTEST_GUILESS_MAIN(PromptLineTest)
-#include "tst_prompt_line.moc"
+QTEST_GUILESS_MAIN(PromptInputTest)
+#include "tst_prompt_input.moc"

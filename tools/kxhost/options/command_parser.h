@@ -1,6 +1,6 @@
 /// What the command lines of all commands have in common.
-#ifndef KX_KXHOST_OPTIONS_COMMAND_LINE_H
-#define KX_KXHOST_OPTIONS_COMMAND_LINE_H
+#ifndef KX_KXHOST_OPTIONS_COMMAND_PARSER_H
+#define KX_KXHOST_OPTIONS_COMMAND_PARSER_H
 
 #include "addresses/address_text.h"
 #include "exchange/lines/line_timing.h"
@@ -20,19 +20,19 @@ struct CommandHelp {
 
 /// Parses a command's arguments. False when the command ends here, with the help
 /// printed or one line about a wrong option; `*exitCode` then says how.
-bool parseCommandLine(QCommandLineParser* parser, const QStringList& arguments,
-                      const CommandHelp& help, int* exitCode);
+bool parseCommand(QCommandLineParser* parser, const QStringList& arguments, const CommandHelp& help,
+                  int* exitCode);
 
 /// What each exit code means, for the helps.
 QString exitCodesText();
 
 /// The number that an option holds, in decimal digits, or one line in `*error`.
 /// @param unit for the line, such as "milliseconds"
-bool takeNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
-                int* number, QString* error, const char* unit = nullptr);
+bool parseNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
+                 int* number, QString* error, const char* unit = nullptr);
 
-/// The number that --station holds, as takeNumber().
-bool takeStation(const QCommandLineParser& parser, int* station, QString* error);
+/// The number that --station holds, as parseNumber().
+bool parseStationOption(const QCommandLineParser& parser, int* station, QString* error);
 
 /// The format of characters that --baud, --data-bits, --stop-bits and --parity ask for, as far
 /// as they are given; `*parity` is then 'N', 'E' or 'O'. Or one line in `*error`.

@@ -1,4 +1,4 @@
-#include "kxhost/views/line_views.h"
+#include "kxhost/views/printed_views.h"
 #include "tools/panel/watch/watch_entries.h"
 
 #include <QtCore/QJsonDocument>
@@ -6,7 +6,7 @@
 
 using namespace kx;
 
-class LineViewsTest : public QObject
+class PrintedViewsTest : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private slots:
     void namedEntries();
 };
 
-void LineViewsTest::entries_data()
+void PrintedViewsTest::entries_data()
 {
     QTest::addColumn<QByteArray>("address");
     QTest::addColumn<qint64>("value");
@@ -48,7 +48,7 @@ void LineViewsTest::entries_data()
                                     R"("station":1,"address":"D100","state":"refused"})");
 }
 
-void LineViewsTest::entries()
+void PrintedViewsTest::entries()
 {
     QFETCH(QByteArray, address);
     QFETCH(qint64, value);
@@ -57,11 +57,11 @@ void LineViewsTest::entries()
     const QDateTime time(QDate(2024, 5, 17), QTime(10, 11, 12, 13));
     WatchEntry entry = entryOf(address.constData(), value);
     entry.state = static_cast<WatchState>(state);
-    QTEST(entryLine(entry, time), "line");
+    QTEST(entryRow(entry, time), "line");
     QCOMPARE(entryJson(entry, time), QJsonDocument::fromJson(json).object());
 }
 
-void LineViewsTest::namedEntries_data()
+void PrintedViewsTest::namedEntries_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("state");
@@ -86,7 +86,7 @@ void LineViewsTest::namedEntries_data()
                       R"("station":1,"address":"D100","name":"Valve %3 %4","value":1234})");
 }
 
-void LineViewsTest::namedEntries()
+void PrintedViewsTest::namedEntries()
 {
     QFETCH(QString, name);
     QFETCH(int, state);
@@ -95,9 +95,9 @@ void LineViewsTest::namedEntries()
     WatchEntry entry = entryOf("D100", 1234);
     entry.name = name;
     entry.state = static_cast<WatchState>(state);
-    QTEST(entryLine(entry, time), "line");
+    QTEST(entryRow(entry, time), "line");
     QCOMPARE(entryJson(entry, time), QJsonDocument::fromJson(json).object());
 }
 
-QTEST_GUILESS_MAIN(LineViewsTest)
-#include "tst_line_views.moc"
+QTEST_GUILESS_MAIN(PrintedViewsTest)
+#include "tst_printed_views.moc"

@@ -1,4 +1,4 @@
-#include "panel/files/csv_line.h"
+#include "panel/files/csv_fields.h"
 
 namespace kx
 {
@@ -98,7 +98,7 @@ bool CsvReader::takeQuoted(CsvField* field, QString* error)
 
 } // namespace
 
-bool splitCsvLine(const QByteArray& line, char separator, QList<CsvField>* fields, QString* error)
+bool splitCsvFields(const QByteArray& line, char separator, QList<CsvField>* fields, QString* error)
 {
     fields->clear();
     // Not a blank: a text that is put in place of an empty field goes in front of it.

@@ -1,4 +1,4 @@
-#include "kxhost/terminal/prompt_line.h"
+#include "kxhost/terminal/prompt_input.h"
 
 namespace kx
 {
@@ -14,7 +14,7 @@ const int LONGEST_LINE = 1000;
 
 } // namespace
 
-QStringList PromptLine::type(const QByteArray& bytes)
+QStringList PromptInput::type(const QByteArray& bytes)
 {
     QStringList entered;
     for (const char byte : bytes) {
@@ -35,7 +35,7 @@ QStringList PromptLine::type(const QByteArray& bytes)
     return entered;
 }
 
-bool PromptLine::isInEscape(char byte)
+bool PromptInput::isInEscape(char byte)
 {
     switch (m_escape) {
     case Escape::None:
