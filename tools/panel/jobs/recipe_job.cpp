@@ -79,13 +79,18 @@ void RecipeJob::onEnd(int handle, const RecipeEnd& recipeEnd)
 QList<quint32> RecipeJob::values(const QList<RecipeRow>& rows) const
 {
     QList<quint32> values;
-    if (m_direction == RecipeDirection::Download || !m_isComplete)
+    if (m_direction == RecipeDirection::Download || !m_isComplete
+        || rows.size() != m_layout.offsets.size())
         return values;
     for (int i = 0; i < rows.size(); ++i) {
         const RecipeRow& row = rows.at(i);
         const int offset = m_layout.offsets.at(i);
-        values << (offset < 0 ? m_coils.at(recipeCellKey(row.range, 0))
-                              : valueInBuffer(row, offset, m_words));
+        if (offset >= 0) {
+            values << valueInBuffer(row, offset, m_words);
+        } else {
+            const auto coil = m_coils.find(recipeCellKey(row.range, 0));
+            values << (coil == m_coils.end() ? 0 : coil->second);
+        }
     }
     return values;
 }

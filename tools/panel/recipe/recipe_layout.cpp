@@ -91,11 +91,13 @@ bool canBeDownloaded(const QList<RecipeRow>& rows, QString* error)
 
 quint32 valueInBuffer(const RecipeRow& row, int offset, const std::vector<unsigned short>& buffer)
 {
-    const quint32 low = buffer[static_cast<size_t>(offset)];
+    const auto word = [&buffer](qint64 index) -> quint32 {
+        const bool isInside = index >= 0 && static_cast<size_t>(index) < buffer.size();
+        return isInside ? buffer[static_cast<size_t>(index)] : 0;
+    };
     if (row.type->bits == WORD_BITS)
-        return low;
-    const quint32 high = buffer[static_cast<size_t>(offset) + 1];
-    return low | high << WORD_BITS;
+        return word(offset);
+    return word(offset) | word(qint64(offset) + 1) << WORD_BITS;
 }
 
 } // namespace kx

@@ -60,7 +60,8 @@ KXRUNTIME_EXPORT bool layOutRecipe(const QList<RecipeRow>& rows, int maxWords, R
 /// Returns false and one line in `*error` when a row has no value or is an input.
 KXRUNTIME_EXPORT bool canBeDownloaded(const QList<RecipeRow>& rows, QString* error);
 
-/// The row's value in a buffer that an upload filled; not for coils.
+/// The row's value in a buffer that an upload filled; not for coils. Words outside the buffer
+/// count as 0.
 KXRUNTIME_EXPORT quint32 valueInBuffer(const RecipeRow& row, int offset,
                                        const std::vector<unsigned short>& buffer);
 

@@ -108,6 +108,15 @@ void RecipeJobTest::uploadedValuesComeFromBufferAndCache()
     QVERIFY(m_transfer->isComplete());
     QCOMPARE(m_transfer->values(m_rows), (QList<quint32>{0x1234, 0xABCD, 1}));
     QCOMPARE(m_session->recipeWord(1), quint16(0x1234));
+
+    // Rows of another recipe: as many, with coils and words that were not read; and more.
+    QList<RecipeRow> others = m_rows;
+    others.last().range.address = 6;
+    others[1].type = findRecipeValueType(QStringLiteral("uint32"));
+    QCOMPARE(m_transfer->values(others).last(), quint32(0));
+    QCOMPARE(m_transfer->values(others).size(), 3);
+    others << m_rows;
+    QCOMPARE(m_transfer->values(others), QList<quint32>());
 }
 
 void RecipeJobTest::failureEndsTheTransfer()
