@@ -6,6 +6,7 @@
 #include "kxhost/options/scan_stations.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
+#include "kxhost/views/scan_progress.h"
 #include "panel/jobs/scan_job.h"
 
 namespace kx

@@ -33,12 +33,6 @@ KXRUNTIME_EXPORT ScanReply scanReplyOf(const ExchangeRecord& record);
 KXRUNTIME_EXPORT QString scanRow(const ScanReply& reply);
 KXRUNTIME_EXPORT QJsonObject scanJson(const ScanReply& reply);
 
-/// "[####....................................] 25/247 stations, 1 answered".
-KXRUNTIME_EXPORT QString scanBar(int done, int stations, int answered);
-
-/// "2 of 247 stations answered", and how many were not asked when it was stopped.
-KXRUNTIME_EXPORT QString scanSummary(int answered, int asked, int notAsked);
-
 } // namespace kx
 
 Q_DECLARE_METATYPE(kx::ScanReply)

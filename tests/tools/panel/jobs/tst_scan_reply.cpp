@@ -16,9 +16,6 @@ class ScanReplyTest : public QObject
 private slots:
     void aReplyCounts_data();
     void aReplyCounts();
-    void theBarShowsHowFar_data();
-    void theBarShowsHowFar();
-    void theSummaryCounts();
 };
 
 void ScanReplyTest::aReplyCounts_data()
@@ -74,35 +71,6 @@ void ScanReplyTest::aReplyCounts()
         return;
     QCOMPARE(scanRow(judged), line);
     QTEST(QJsonDocument(scanJson(judged)).toJson(QJsonDocument::Compact), "json");
-}
-
-void ScanReplyTest::theBarShowsHowFar_data()
-{
-    QTest::addColumn<int>("done");
-    QTest::addColumn<QString>("bar");
-    QTest::newRow("begun") << 1
-                           << "[........................................] 1/80 stations, 3 "
-                              "answered";
-    QTest::newRow("half") << 40
-                          << "[####################....................] 40/80 stations, 3 "
-                             "answered";
-    QTest::newRow("done") << 80
-                          << "[########################################] 80/80 stations, 3 "
-                             "answered";
-}
-
-void ScanReplyTest::theBarShowsHowFar()
-{
-    QFETCH(int, done);
-    QTEST(scanBar(done, 80, 3), "bar");
-}
-
-void ScanReplyTest::theSummaryCounts()
-{
-    QCOMPARE(scanSummary(2, 247, 0), QString::fromLatin1("2 of 247 stations answered"));
-    QCOMPARE(scanSummary(0, 1, 0), QString::fromLatin1("0 of 1 station answered"));
-    QCOMPARE(scanSummary(1, 3, 244), QString::fromLatin1("1 of 3 stations answered; stopped before "
-                                                         "the other 244 had been asked"));
 }
 
 QTEST_APPLESS_MAIN(ScanReplyTest)
