@@ -37,7 +37,7 @@ int numberOf(const QString& digits, int radix)
     return fits ? number : std::numeric_limits<int>::max();
 }
 
-bool takeAddress(const QString& digits, AddressRange* range, QString* fault)
+bool parseNumber(const QString& digits, AddressRange* range, QString* fault)
 {
     const RegisterType* const type = range->type;
     if (!hasOnlyDigits(digits, type->radix))
@@ -52,7 +52,7 @@ bool takeAddress(const QString& digits, AddressRange* range, QString* fault)
                    QStringLiteral("out of range; the addresses are %1").arg(addressesOf(type)));
 }
 
-bool takeCount(const QString& digits, AddressRange* range, QString* fault)
+bool parseCount(const QString& digits, AddressRange* range, QString* fault)
 {
     if (digits.isNull())
         return true;
@@ -73,7 +73,7 @@ bool parseStationOption(const QString& digits, AddressRange* range, QString* fau
                        .arg(QString::number(LOWEST_STATION), QString::number(HIGHEST_STATION)));
 }
 
-bool takeValue(const QString& digits, Assignment* assignment, QString* fault)
+bool parseValue(const QString& digits, Assignment* assignment, QString* fault)
 {
     const bool isHex = digits.startsWith(QStringLiteral("0x"), Qt::CaseInsensitive);
     const bool isNegative = digits.startsWith(QLatin1Char('-'));
@@ -96,14 +96,14 @@ bool takeValue(const QString& digits, Assignment* assignment, QString* fault)
 bool takeValues(const QStringList& values, bool countGiven, Assignment* assignment, QString* fault)
 {
     for (const QString& value : values) {
-        if (!takeValue(value, assignment, fault))
+        if (!parseValue(value, assignment, fault))
             return false;
     }
     const QString count = QString::number(assignment->values.size());
     if (countGiven && values.size() != assignment->range.values)
         return fail(fault, QStringLiteral("%1 values for a count of %2")
                                .arg(count, QString::number(assignment->range.values)));
-    return takeCount(count, &assignment->range, fault);
+    return parseCount(count, &assignment->range, fault);
 }
 
 } // namespace
@@ -131,8 +131,8 @@ bool parseAddress(const QString& typed, AddressRange* range, QString* fault)
         return fail(fault,
                     QStringLiteral("not an address; write TYPENUMBER[:COUNT][@STATION] without "
                                    "spaces, such as D100:4, X17 or 32CV200@2"));
-    return takeType(parts.type, range, fault) && takeAddress(parts.number, range, fault)
-           && takeCount(parts.count, range, fault)
+    return takeType(parts.type, range, fault) && parseNumber(parts.number, range, fault)
+           && parseCount(parts.count, range, fault)
            && parseStationOption(parts.station, range, fault);
 }
 

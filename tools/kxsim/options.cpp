@@ -190,7 +190,7 @@ bool takePort(const CommandLine& line, Options* options, QString* error)
            && parseNumber(QStringLiteral("baud"), parser.value(line.baud), BAUDS, &port.baud, error)
            && parseNumber(QStringLiteral("stop-bits"), parser.value(line.stopBits), stopBits,
                           &port.stopBits, error)
-           && kx::readParity(parser.value(line.parity), &port.parity, error);
+           && kx::parseParity(parser.value(line.parity), &port.parity, error);
 }
 
 bool takeFaults(const CommandLine& line, Options* options, QString* error)

@@ -5,7 +5,7 @@
 namespace kx
 {
 
-bool readParity(const QString& typed, char* parity, QString* error)
+bool parseParity(const QString& typed, char* parity, QString* error)
 {
     const QStringList names = {QStringLiteral("none"), QStringLiteral("even"),
                                QStringLiteral("odd"),  QStringLiteral("n"),

@@ -34,7 +34,7 @@ void CharacterFormatTest::parities()
     QFETCH(char, parity);
     char read = '?';
     QString error;
-    QVERIFY(readParity(QString::fromLatin1(QTest::currentDataTag()), &read, &error));
+    QVERIFY(parseParity(QString::fromLatin1(QTest::currentDataTag()), &read, &error));
     QCOMPARE(read, parity);
     QCOMPARE(error, QString());
 }
@@ -53,7 +53,7 @@ void CharacterFormatTest::refusals()
     QFETCH(QString, typed);
     char read = '?';
     QString error;
-    QVERIFY(!readParity(typed, &read, &error));
+    QVERIFY(!parseParity(typed, &read, &error));
     QCOMPARE(read, '?');
     QCOMPARE(error, QStringLiteral("--parity %1: must be none, even or odd").arg(typed));
 }

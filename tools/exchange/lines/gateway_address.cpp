@@ -29,7 +29,7 @@ bool takeAddress(const QString& host, const QString& port, GatewayAddress* gatew
     return true;
 }
 
-bool takeName(const QString& text, GatewayAddress* gateway)
+bool parseName(const QString& text, GatewayAddress* gateway)
 {
     const QUrl url(QLatin1String("tcp://") + text, QUrl::StrictMode);
     const int port = url.port(gateway->port);
@@ -47,7 +47,7 @@ bool parseGatewayAddress(const QString& text, GatewayAddress* gateway)
 {
     // The zone behind % is no part of an address in a URL.
     if (!text.startsWith(QLatin1Char('[')))
-        return takeName(text, gateway);
+        return parseName(text, gateway);
     const auto end = text.indexOf(QLatin1Char(']'));
     return end > 0 && takeAddress(text.mid(1, end - 1), text.mid(end + 1), gateway);
 }

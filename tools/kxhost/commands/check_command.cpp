@@ -43,7 +43,7 @@ void addOptions(QCommandLineParser* parser)
     addOfflineOptions(parser);
 }
 
-bool takeKind(const QCommandLineParser& parser, TagKind* kind, QString* error)
+bool parseKind(const QCommandLineParser& parser, TagKind* kind, QString* error)
 {
     if (!parser.isSet(QLatin1String("as")))
         return true;
@@ -56,11 +56,11 @@ bool takeKind(const QCommandLineParser& parser, TagKind* kind, QString* error)
     return true;
 }
 
-bool readTag(const QCommandLineParser& parser, CheckedTag* tag, QString* error)
+bool parseTag(const QCommandLineParser& parser, CheckedTag* tag, QString* error)
 {
     const int highest = std::numeric_limits<int>::max();
     tag->typed = parser.isSet(QLatin1String("data-type")) || parser.isSet(QLatin1String("access"));
-    return takeKind(parser, &tag->kind, error)
+    return parseKind(parser, &tag->kind, error)
            && parseNumber(parser, "data-type", 0, highest, &tag->dataType, error)
            && parseNumber(parser, "access", 0, highest, &tag->access, error);
 }
@@ -94,7 +94,7 @@ int runCheck(const QStringList& arguments)
         return exitCode;
     CheckedTag tag;
     QString error;
-    if (!readTag(parser, &tag, &error))
+    if (!parseTag(parser, &tag, &error))
         return complain(error, EXIT_WRONG_USAGE);
     if (parser.positionalArguments().isEmpty())
         return complain(QLatin1String("nothing to check; name addresses such as X377"),

@@ -54,7 +54,7 @@ struct RecipeOptions {
     RecipeLayout layout;
 };
 
-bool takeDirection(const QStringList& arguments, RecipeOptions* options, QString* error)
+bool parseDirection(const QStringList& arguments, RecipeOptions* options, QString* error)
 {
     const QString direction = arguments.value(0);
     const bool isDownload = direction == QStringLiteral("download");
@@ -94,7 +94,7 @@ bool parseOptions(const QCommandLineParser& parser, RecipeOptions* options, QStr
 {
     int& maxWords = options->connection.session.maxWords;
     if (!parseConnectionOptions(parser, &options->connection, error)
-        || !takeDirection(parser.positionalArguments(), options, error))
+        || !parseDirection(parser.positionalArguments(), options, error))
         return false;
     maxWords = std::min(maxWords, MOST_REGISTERS_PER_WRITE);
     return takeRecipe(options, error)

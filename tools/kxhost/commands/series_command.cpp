@@ -43,7 +43,7 @@ void addOptions(QCommandLineParser* parser)
     addOfflineOptions(parser);
 }
 
-bool takeStart(const QStringList& addresses, AddressRange* start, QString* error)
+bool parseStart(const QStringList& addresses, AddressRange* start, QString* error)
 {
     if (addresses.size() != 1) {
         *error = QStringLiteral("name one address to start from, such as D100");
@@ -61,7 +61,7 @@ bool takeStart(const QStringList& addresses, AddressRange* start, QString* error
 
 bool parseOptions(const QCommandLineParser& parser, SeriesOptions* options, QString* error)
 {
-    return takeStart(parser.positionalArguments(), &options->start, error)
+    return parseStart(parser.positionalArguments(), &options->start, error)
            && parseNumber(parser, "count", 1, MOST_COPIES, &options->count, error)
            && parseNumber(parser, "step", -LONGEST_STEP, LONGEST_STEP, &options->step, error);
 }

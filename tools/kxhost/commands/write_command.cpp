@@ -28,8 +28,8 @@ const CommandHelp HELP = {
     "kxhost write M0=1,0,1,1 D100@2=0x10,-5 --tcp 192.168.0.5 --json\n"
     "kxhost write D100=1 --simulate"};
 
-bool takeAssignment(const QString& text, ConnectionOptions* options, Assignment* assignment,
-                    QString* error)
+bool parseWrite(const QString& text, ConnectionOptions* options, Assignment* assignment,
+                QString* error)
 {
     if (!parseAssignment(text, assignment, error))
         return false;
@@ -55,7 +55,7 @@ bool parseOptions(const QCommandLineParser& parser, ConnectionOptions* options,
         return false;
     for (const QString& text : parser.positionalArguments()) {
         Assignment assignment;
-        if (!takeAssignment(text, options, &assignment, error))
+        if (!parseWrite(text, options, &assignment, error))
             return false;
         assignments->append(assignment);
     }

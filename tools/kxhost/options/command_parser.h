@@ -36,7 +36,8 @@ bool parseStationOption(const QCommandLineParser& parser, int* station, QString*
 
 /// The format of characters that --baud, --data-bits, --stop-bits and --parity ask for, as far
 /// as they are given; `*parity` is then 'N', 'E' or 'O'. Or one line in `*error`.
-bool takeTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity, QString* error);
+bool parseTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity,
+                 QString* error);
 
 } // namespace kx
 

@@ -71,17 +71,17 @@ bool isSet(const QCommandLineParser& parser, const char* option)
     return parser.isSet(QLatin1String(option));
 }
 
-bool takeCharacters(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+bool parseCharacters(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     char parity = 'N';
-    if (!takeTiming(parser, &options->timing, &parity, error))
+    if (!parseTiming(parser, &options->timing, &parity, error))
         return false;
     if (parity != 'N')
         options->parity = parity == 'E' ? QSerialPort::EvenParity : QSerialPort::OddParity;
     return true;
 }
 
-bool takeGateway(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+bool parseGateway(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     if (!isSet(parser, "tcp"))
         return true;
@@ -94,7 +94,7 @@ bool takeGateway(const QCommandLineParser& parser, ConnectionOptions* options, Q
     return false;
 }
 
-bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+bool parseNumbers(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     SessionSettings& session = options->session;
     return parseStationOption(parser, &options->station, error)
@@ -109,7 +109,7 @@ bool takeNumbers(const QCommandLineParser& parser, ConnectionOptions* options, Q
                           error);
 }
 
-bool takePatience(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+bool parsePatience(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     int seconds = 0;
     if (!parseNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error, "seconds"))
@@ -118,7 +118,7 @@ bool takePatience(const QCommandLineParser& parser, ConnectionOptions* options, 
     return true;
 }
 
-bool takeFaults(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+bool parseFaults(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     for (const char* const option : {"fault", "fault-seed", "fault-delay"}) {
         if (isSet(parser, option) && !options->simulate) {
@@ -137,7 +137,7 @@ bool takeFaults(const QCommandLineParser& parser, ConnectionOptions* options, QS
                || kxsim::parseFaultDelay(valueOf(parser, "fault-delay"), &options->faults, error));
 }
 
-bool takeRowOf(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+bool parseLine(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     options->port = valueOf(parser, "port");
     options->simulate = isSet(parser, "simulate");
@@ -173,9 +173,9 @@ bool parseConnectionOptions(const QCommandLineParser& parser, ConnectionOptions*
     options->library = valueOf(parser, "library");
     options->frames = isSet(parser, "frames");
     options->json = isSet(parser, "json");
-    return takeCharacters(parser, options, error) && takeNumbers(parser, options, error)
-           && takeGateway(parser, options, error) && takeRowOf(parser, options, error)
-           && takePatience(parser, options, error) && takeFaults(parser, options, error);
+    return parseCharacters(parser, options, error) && parseNumbers(parser, options, error)
+           && parseGateway(parser, options, error) && parseLine(parser, options, error)
+           && parsePatience(parser, options, error) && parseFaults(parser, options, error);
 }
 
 } // namespace kx

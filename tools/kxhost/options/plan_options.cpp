@@ -31,7 +31,7 @@ const char* const OPTIONS[][3] = {
      "COUNT"},
 };
 
-bool takeTurnaround(const QCommandLineParser& parser, qint64* turnaround, QString* error)
+bool parseTurnaround(const QCommandLineParser& parser, qint64* turnaround, QString* error)
 {
     if (!parser.isSet(QStringLiteral("turnaround")))
         return true;
@@ -58,9 +58,9 @@ bool parsePlanOptions(const QCommandLineParser& parser, PlanOptions* options, QS
     LineTiming& line = options->timing.line;
     int station = 1;
     char parity = 'N';
-    if (!takeTiming(parser, &line, &parity, error) || !parseStationOption(parser, &station, error)
+    if (!parseTiming(parser, &line, &parity, error) || !parseStationOption(parser, &station, error)
         || !parseNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &options->maxWords, error)
-        || !takeTurnaround(parser, &options->timing.turnaround, error)
+        || !parseTurnaround(parser, &options->timing.turnaround, error)
         || !parseWatchedRanges(parser, station, &options->watched, error))
         return false;
     if (options->watched.isEmpty())

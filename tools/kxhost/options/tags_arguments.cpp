@@ -29,7 +29,7 @@ bool takeFile(const QString& path, QList<Tag>* tags, QString* error)
     return true;
 }
 
-bool takeArgument(const QString& argument, QList<Tag>* tags, QString* error)
+bool parseArgument(const QString& argument, QList<Tag>* tags, QString* error)
 {
     Tag tag;
     if (!parseAddressRange(argument, &tag.range, error))
@@ -56,7 +56,7 @@ bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>
             return false;
     }
     for (const QString& argument : parser.positionalArguments()) {
-        if (!takeArgument(argument, tags, error))
+        if (!parseArgument(argument, tags, error))
             return false;
     }
     for (Tag& tag : *tags) {

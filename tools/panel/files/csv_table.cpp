@@ -59,7 +59,7 @@ bool CsvTable::parse(const QByteArray& bytes, const QList<CsvColumn>& columns, C
         return false;
     table->m_lines = text.split('\n');
     for (int i = 0; i < table->m_lines.size(); ++i) {
-        if (!isSkipped(table->m_lines.at(i)) && !table->takeRowOf(i, &fault->text)) {
+        if (!isSkipped(table->m_lines.at(i)) && !table->parseText(i, &fault->text)) {
             fault->line = i + 1;
             return false;
         }
@@ -72,15 +72,15 @@ bool CsvTable::parse(const QByteArray& bytes, const QList<CsvColumn>& columns, C
     return false;
 }
 
-bool CsvTable::takeRowOf(int index, QString* error)
+bool CsvTable::parseText(int index, QString* error)
 {
     const QByteArray& line = m_lines.at(index);
     return checkUtf8(line, error)
-           && (m_order.isEmpty() ? takeHeader(line, error) : takeRow(index, error));
+           && (m_order.isEmpty() ? parseHeader(line, error) : parseRow(index, error));
 }
 
 // The separator is the one that finds most columns.
-bool CsvTable::takeHeader(const QByteArray& line, QString* error)
+bool CsvTable::parseHeader(const QByteArray& line, QString* error)
 {
     QStringList names;
     int mostKnown = 0;
@@ -104,10 +104,10 @@ bool CsvTable::takeHeader(const QByteArray& line, QString* error)
                                    "semicolons or tabs")
                         .arg(columnNames()),
                     error);
-    return takeColumns(names, error);
+    return parseColumns(names, error);
 }
 
-bool CsvTable::takeColumns(const QStringList& names, QString* error)
+bool CsvTable::parseColumns(const QStringList& names, QString* error)
 {
     QList<int> order;
     for (const QString& name : names) {
@@ -130,7 +130,7 @@ bool CsvTable::takeColumns(const QStringList& names, QString* error)
     return true;
 }
 
-bool CsvTable::takeRow(int index, QString* error)
+bool CsvTable::parseRow(int index, QString* error)
 {
     QList<CsvField> fields;
     if (!splitCsvFields(m_lines.at(index), m_separator, &fields, error))

@@ -49,10 +49,10 @@ public:
     QByteArray withTexts(int column, const QMap<int, QByteArray>& texts) const;
 
 private:
-    bool takeRowOf(int index, QString* error);
-    bool takeHeader(const QByteArray& line, QString* error);
-    bool takeColumns(const QStringList& names, QString* error);
-    bool takeRow(int index, QString* error);
+    bool parseText(int index, QString* error);
+    bool parseHeader(const QByteArray& line, QString* error);
+    bool parseColumns(const QStringList& names, QString* error);
+    bool parseRow(int index, QString* error);
     int columnOf(const QString& name) const;
     int fewestFields() const;
     QString columnNames() const;

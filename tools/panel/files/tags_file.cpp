@@ -30,7 +30,7 @@ bool fail(QString* error, const QString& message)
     return false;
 }
 
-bool takeRange(const QList<CsvField>& fields, AddressRange* range, QString* error)
+bool parseRange(const QList<CsvField>& fields, AddressRange* range, QString* error)
 {
     QString address = fields.at(ADDRESS).text;
     if (address.contains(QLatin1Char(':')) || address.contains(QLatin1Char('@')))
@@ -45,7 +45,7 @@ bool takeRange(const QList<CsvField>& fields, AddressRange* range, QString* erro
     return parseAddressRange(address, range, error);
 }
 
-bool takeTag(const QList<CsvField>& fields, Tag* tag, QString* error)
+bool parseTag(const QList<CsvField>& fields, Tag* tag, QString* error)
 {
     tag->name = fields.at(NAME).text;
     tag->comment = fields.at(COMMENT).text;
@@ -53,7 +53,7 @@ bool takeTag(const QList<CsvField>& fields, Tag* tag, QString* error)
         return fail(error, QStringLiteral("the tag has no name"));
     if (fields.at(ADDRESS).text.isEmpty())
         return fail(error, QStringLiteral("the tag has no address"));
-    return takeRange(fields, &tag->range, error);
+    return parseRange(fields, &tag->range, error);
 }
 
 bool takeTags(const QList<CsvRow>& rows, QList<Tag>* tags, CsvFault* fault)
@@ -62,7 +62,7 @@ bool takeTags(const QList<CsvRow>& rows, QList<Tag>* tags, CsvFault* fault)
     for (const CsvRow& row : rows) {
         fault->line = row.line;
         Tag tag;
-        if (!takeTag(row.fields, &tag, &fault->text))
+        if (!parseTag(row.fields, &tag, &fault->text))
             return false;
         if (lineOf.contains(tag.name))
             return fail(&fault->text, QStringLiteral("the name '%1' is taken by line %2")

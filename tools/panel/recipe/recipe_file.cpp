@@ -35,7 +35,7 @@ QString addressOf(const QList<CsvField>& fields)
     return station.isEmpty() ? address : address + QLatin1Char('@') + station;
 }
 
-bool takePlace(const QList<CsvField>& fields, int defaultStation, RecipeRow* row, QString* error)
+bool parsePlace(const QList<CsvField>& fields, int defaultStation, RecipeRow* row, QString* error)
 {
     if (!isNumber(fields.at(ADDRESS).text)) {
         *error = QStringLiteral("'%1' is not an address; write its number, of X and Y in octal")
@@ -54,7 +54,7 @@ bool takePlace(const QList<CsvField>& fields, int defaultStation, RecipeRow* row
     return true;
 }
 
-bool takeType(const QList<CsvField>& fields, RecipeRow* row, QString* error)
+bool parseType(const QList<CsvField>& fields, RecipeRow* row, QString* error)
 {
     const QString name = fields.at(TYPE).text;
     row->type = findRecipeValueType(name);
@@ -76,7 +76,7 @@ bool takeType(const QList<CsvField>& fields, RecipeRow* row, QString* error)
                              error);
 }
 
-bool takeValue(const QList<CsvField>& fields, RecipeRow* row, QString* error)
+bool parseValue(const QList<CsvField>& fields, RecipeRow* row, QString* error)
 {
     const QString text = fields.at(VALUE).text;
     row->hasValue = !text.isEmpty();
@@ -100,7 +100,7 @@ bool RecipeFile::parse(const QByteArray& text, int defaultStation, RecipeFile* f
         if (!isGood)
             break;
         fault.line = row.line;
-        isGood = file->takeRow(row, defaultStation, &fault.text);
+        isGood = file->parseRow(row, defaultStation, &fault.text);
     }
     if (!isGood)
         *error =
@@ -108,13 +108,13 @@ bool RecipeFile::parse(const QByteArray& text, int defaultStation, RecipeFile* f
     return isGood;
 }
 
-bool RecipeFile::takeRow(const CsvRow& csv, int defaultStation, QString* error)
+bool RecipeFile::parseRow(const CsvRow& csv, int defaultStation, QString* error)
 {
     RecipeRow row;
     row.line = csv.line;
     row.name = csv.fields.at(NAME).text;
-    if (!takePlace(csv.fields, defaultStation, &row, error) || !takeType(csv.fields, &row, error)
-        || !takeValue(csv.fields, &row, error))
+    if (!parsePlace(csv.fields, defaultStation, &row, error) || !parseType(csv.fields, &row, error)
+        || !parseValue(csv.fields, &row, error))
         return false;
     m_rows.append(row);
     return true;

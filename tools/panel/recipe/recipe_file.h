@@ -50,7 +50,7 @@ public:
     QByteArray withValues(const QList<quint32>& values) const;
 
 private:
-    bool takeRow(const CsvRow& csv, int defaultStation, QString* error);
+    bool parseRow(const CsvRow& csv, int defaultStation, QString* error);
 
     CsvTable m_table;
     QList<RecipeRow> m_rows;
