@@ -1,6 +1,7 @@
 // Jobs for what does not exist end with a reason, and nothing of them is sent; and what jobs tell
 // reaches other threads.
 
+#include "support/known_type.h"
 #include "tools/panel/jobs/polling_run.h"
 
 #include <QtCore/QThread>
@@ -140,7 +141,7 @@ void JobRefusalsTest::typesAreKnownByTheirNames()
     const ReadJob read(&polling.session(), {});
     const WriteJob write(&polling.session(), {});
     for (const char* const name : {"kx::ScanReply", "kx::ReadOutcome", "kx::WriteOutcome"})
-        QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
+        QVERIFY2(isKnownType(name), name);
 }
 
 QTEST_GUILESS_MAIN(JobRefusalsTest)

@@ -1,6 +1,7 @@
 // A watch of addresses that do not exist says so, and watches the others.
 
 #include "panel/watch/watch.h"
+#include "support/known_type.h"
 #include "tools/faults/faulty_run.h"
 
 #include <QtTest/QTest>
@@ -63,13 +64,12 @@ void WatchRefusalsTest::rangesThatDoNotExist()
     QVERIFY(!watch.hasDeviceFailed());
 }
 
-// As connections by name, and spies, look them up.
 void WatchRefusalsTest::typesAreKnownByTheirNames()
 {
     FaultyRun run((FaultyRunSettings()));
     const Watch watch(&run.session());
     for (const char* const name : {"kx::LinkEvent", "QList<int>"})
-        QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
+        QVERIFY2(isKnownType(name), name);
 }
 
 QTEST_GUILESS_MAIN(WatchRefusalsTest)
