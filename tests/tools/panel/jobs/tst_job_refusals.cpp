@@ -1,7 +1,7 @@
 // Jobs for what does not exist end with a reason, and nothing of them is sent; and what jobs tell
 // reaches other threads.
 
-#include "support/known_type.h"
+#include "tools/known_type.h"
 #include "tools/panel/jobs/polling_run.h"
 
 #include <QtCore/QThread>

@@ -1,8 +1,8 @@
 // A watch of addresses that do not exist says so, and watches the others.
 
 #include "panel/watch/watch.h"
-#include "support/known_type.h"
 #include "tools/faults/faulty_run.h"
+#include "tools/known_type.h"
 
 #include <QtTest/QTest>
 
