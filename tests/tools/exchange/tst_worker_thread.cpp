@@ -105,9 +105,9 @@ public:
 
     void leave()
     {
+        server.close(); // first, else the line may connect to it once more
         if (peer)
             peer->abort();
-        server.close();
         terminal.closeEnd();
     }
 
@@ -178,7 +178,7 @@ void WorkerThreadTest::nothingStaysBehind()
     QVERIFY(records.at(1).replyKind == ReplyKind::Bad);
     QVERIFY(records.at(2).replyKind == ReplyKind::None);
     controller.leave();
-    QTRY_COMPARE(static_cast<int>(losses.size()), 1);
+    QTRY_VERIFY(!losses.isEmpty()); // a busy machine may see that the line is given up, too
     QCOMPARE(losses.first() == QStringLiteral("interrupted"), patience > 0);
     worker.end();
     QCOMPARE(threads, QList<QThread*>({&worker, &worker, &worker}));
