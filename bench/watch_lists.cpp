@@ -39,7 +39,7 @@ void listTags(benchmark::State& state)
         benchmark::DoNotOptimize(kx::WatchList(tags));
 }
 
-void onRead(benchmark::State& state)
+void takeReads(benchmark::State& state)
 {
     kx::WatchList list(tagsOf(state));
     VARIABLE job = VARIABLE();
@@ -52,7 +52,7 @@ void onRead(benchmark::State& state)
         benchmark::DoNotOptimize(list.onRead(job, zero, 2));
 }
 
-void onChange(benchmark::State& state)
+void takeChanges(benchmark::State& state)
 {
     const QList<kx::Tag> tags = tagsOf(state);
     kx::WatchList list(tags);
@@ -81,8 +81,8 @@ void cutIntoPieces(benchmark::State& state)
 }
 
 BENCHMARK(listTags)->Name("list_tags")->Arg(1000)->Arg(10000)->Arg(100000);
-BENCHMARK(onRead)->Name("list_read")->Arg(1000)->Arg(10000)->Arg(100000);
-BENCHMARK(onChange)->Name("list_change")->Arg(1000)->Arg(10000)->Arg(100000);
+BENCHMARK(takeReads)->Name("list_read")->Arg(1000)->Arg(10000)->Arg(100000);
+BENCHMARK(takeChanges)->Name("list_change")->Arg(1000)->Arg(10000)->Arg(100000);
 BENCHMARK(cutIntoPieces)->Name("watch_pieces")->Arg(1000)->Arg(10000)->Arg(100000);
 
 } // namespace

@@ -71,7 +71,8 @@ void RecipeJob::onEnd(int handle, const RecipeEnd& recipeEnd)
         failure.text.prepend(blockText(failure.range) + QLatin1String(": "));
     noteFailure(failure);
     m_isComplete = failure.isNone();
-    for (size_t i = 0; i < m_layout.buffer.size(); ++i)
+    const bool hasValues = m_isComplete && m_direction == RecipeDirection::Upload;
+    for (size_t i = 0; hasValues && i < m_layout.buffer.size(); ++i)
         m_words.push_back(session()->recipeWord(static_cast<int>(i)));
     end();
 }

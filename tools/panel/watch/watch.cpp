@@ -52,7 +52,7 @@ void Watch::onChange(const ValueChange& change)
     const AddressRange& range = change.range;
     tell(m_list.onChange(
         range.station, QString::fromLatin1(range.type->name), range.address,
-        [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
+        [&change](const WatchEntry&) { return change.value; }, now()));
 }
 
 void Watch::onExchange(const ExchangeRecord& record)

@@ -3,23 +3,12 @@
 
 #include "tools/known_type.h"
 #include "tools/panel/jobs/polling_run.h"
+#include "tools/panel/session/missing_ranges.h"
 
 #include <QtCore/QThread>
 #include <QtTest/QTest>
 
 using namespace kx;
-
-namespace
-{
-
-const int MOST = 2147483647;
-
-AddressRange rangeOfD(int address, int values, int station)
-{
-    return {findRegisterType(QStringLiteral("D")), address, values, station};
-}
-
-} // namespace
 
 class JobRefusalsTest : public QObject
 {
@@ -38,14 +27,7 @@ private slots:
 
 void JobRefusalsTest::rangesThatDoNotExist_data()
 {
-    QTest::addColumn<AddressRange>("range");
-    QTest::newRow("no type") << AddressRange{nullptr, 0, 1, 1};
-    QTest::newRow("station 0") << rangeOfD(0, 1, 0);
-    QTest::newRow("no value") << rangeOfD(0, 0, 1);
-    QTest::newRow("fewer than none") << rangeOfD(0, -1, 1);
-    QTest::newRow("more than there are") << rangeOfD(0, MOST, 1);
-    QTest::newRow("before D0") << rangeOfD(-1, 1, 1);
-    QTest::newRow("running past D7999, in another piece") << rangeOfD(7960, 41, 1);
+    addMissingRanges();
 }
 
 void JobRefusalsTest::rangesThatDoNotExist()
