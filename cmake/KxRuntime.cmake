@@ -13,12 +13,13 @@ set(KX_RUNTIME_HEADERS
   panel/files/csv_fields.h panel/files/csv_table.h panel/files/file_text.h panel/files/tags_file.h
   panel/jobs/job.h panel/jobs/read_job.h panel/jobs/recipe_job.h panel/jobs/scan_job.h
   panel/jobs/scan_reply.h panel/jobs/write_job.h
-  panel/plan/plan_driver.h panel/plan/plan_lengths.h panel/plan/plan_request.h
-  panel/plan/plan_timing.h panel/plan/watched_ranges.h
+  panel/plan/least_time.h panel/plan/plan_driver.h panel/plan/plan_lengths.h
+  panel/plan/plan_request.h panel/plan/plan_timing.h panel/plan/read_rules.h
+  panel/plan/watch_plan.h panel/plan/watched_ranges.h panel/polling/polled_range.h
   panel/recipe/recipe_cells.h panel/recipe/recipe_file.h panel/recipe/recipe_layout.h
   panel/recipe/recipe_storage.h panel/recipe/recipe_value.h
   panel/session/session.h panel/session/session_events.h panel/session/session_settings.h
-  panel/text/frame_text.h panel/text/json_time.h panel/text/summary_text.h
+  panel/text/duration.h panel/text/frame_text.h panel/text/json_time.h panel/text/summary_text.h
   panel/watch/link_events.h panel/watch/watch.h panel/watch/watch_list.h)
 
 set(KX_RUNTIME_PARTS kx_addresses kx_exchange kx_panel)

@@ -19,6 +19,8 @@ typedef void (*ValueChangeCallBack)(int link, int station, QString name, int add
 /// Field order is binary interface: the 31 fields below, in this order.
 /// Runtimes and tests may look at them between calls; nothing here is locked.
 ///
+/// `readList` may be changed between calls: its first job is the one that is polled next.
+///
 /// `dataAreas` may be changed, too, between calls and inside the value-change function;
 /// the first record of a key counts. References and iterators into it are good until the
 /// next call of the driver, those got inside that function until it returns. Read it

@@ -1,4 +1,4 @@
-#include "kxhost/options/plan_options.h"
+#include "panel/text/duration.h"
 #include "kxhost/options/scan_stations.h"
 #include "kxhost/terminal/prompt_input.h"
 #include "support/require.h"
@@ -77,7 +77,7 @@ void readStations(const QByteArray& text)
 void readDuration(const QByteArray& text)
 {
     qint64 microseconds = 0;
-    if (parseDuration(QString::fromUtf8(text), &microseconds))
+    if (parseDuration(QString::fromUtf8(text), 60000000, &microseconds))
         require(microseconds >= 0 && microseconds <= 60000000, "a duration is at most a minute");
 }
 

@@ -44,7 +44,12 @@ std::optional<CollectedReply> CurrentExchange::add(const QByteArray& bytes, qint
     const QByteArray kept = bytes.left(MOST_KEPT - static_cast<int>(m_record.reply.size()));
     m_record.reply += kept;
     m_statistics->bytesReceived += bytes.size() - kept.size();
-    return m_collector.add(bytes, now - m_transmittedAt, timing);
+    const qint64 sinceRequest = now - m_transmittedAt;
+    const std::optional<CollectedReply> reply = m_collector.add(bytes, sinceRequest, timing);
+    if (reply && (reply->kind == ReplyKind::Good || reply->kind == ReplyKind::Exception))
+        m_record.turnaround =
+            qMax(qint64(0), sinceRequest - timing.transmissionTime(reply->bytes.size()));
+    return reply;
 }
 
 void CurrentExchange::end(const CollectedReply& reply, const DriverEntryPoints& driver)

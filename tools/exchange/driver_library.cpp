@@ -49,6 +49,7 @@ void resolveAll(Resolver* resolver, DriverEntryPoints* entryPoints)
     resolver->resolve("intf_dealRcvFrame", &entryPoints->dealRcvFrame);
     resolver->resolve("intf_getData", &entryPoints->getData);
     resolver->resolve("intf_setData", &entryPoints->setData);
+    resolver->resolve("driver", &entryPoints->object);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #define KX_EXCHANGE_DRIVER_LIBRARY_H
 
 #include "addresses/export.h"
+#include "driver/tarvelan.h"
 #include "tarvelan_kx_series.h"
 
 #include <QtCore/QString>
@@ -14,8 +15,10 @@ namespace kx
 /// The name that a runtime looks for.
 const char* const DRIVER_LIBRARY_NAME = "libtarvelan_kx_series.so.1";
 
-/// The driver's functions. Their contracts stand in the driver's headers.
+/// The driver's functions, and the object they work on. Their contracts stand in the driver's
+/// headers.
 struct DriverEntryPoints {
+    tarvelan* object = nullptr;
     decltype(&intf_initProperty) initProperty = nullptr;
     decltype(&intf_setAddrValueChangeCallBack) setAddrValueChangeCallBack = nullptr;
     decltype(&intf_getProtocolType) getProtocolType = nullptr;

@@ -39,6 +39,9 @@ struct ExchangeRecord {
     bool repeated = false;  ///< the request had been sent before
     QDateTime sentAt;
     QDateTime finishedAt;
+    /// Microseconds from the request's last character to the reply's first; negative without
+    /// a whole reply.
+    qint64 turnaround = -1;
 };
 
 } // namespace kx

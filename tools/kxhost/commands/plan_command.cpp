@@ -10,7 +10,7 @@
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/plan_json.h"
 #include "kxhost/views/plan_text.h"
-#include "panel/plan/plan_driver.h"
+#include "panel/plan/watch_plan.h"
 
 namespace kx
 {
@@ -21,11 +21,11 @@ namespace
 const CommandHelp HELP = {
     "plan [options] ADDRESS|FILE...",
     "Shows the requests with which the driver would read the addresses, how long they\n"
-    "take on a line, and which request limit makes the cycle shortest. Neighbouring\n"
-    "addresses share a request; those in the gaps between are bridged, that is, read\n"
-    "along. The driver has one limit for registers and bits alike (--max-words of\n"
-    "kxhost watch). UNREAD counts bits and registers that a controller would refuse or\n"
-    "answer with others. FILE is a tags file. Needs no controller.",
+    "take on a line, beside what each fixed request limit would take (--max-words of\n"
+    "kxhost watch). Neighbouring addresses share a request; those in the gaps between\n"
+    "are bridged, that is, read along. UNREAD counts bits and registers that a\n"
+    "controller would refuse or answer with others. FILE is a tags file. Needs no\n"
+    "controller.",
     "kxhost plan D100:4 D110:2 M0:8 X10\n"
     "kxhost plan tags.csv --baud 19200 --parity even --turnaround 8ms\n"
     "kxhost plan --tags pump.csv --tags valves.csv --max-words 64\n"
@@ -37,11 +37,15 @@ void printAll(const QStringList& lines)
         say(line);
 }
 
-void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const WatchedRanges& watched,
-               const PlanTiming& timing)
+QString limitText(const Plan& plan)
 {
-    say(QStringLiteral("Request limit %1, %2")
-            .arg(QString::number(plan.maxWords), lineText(timing)));
+    return plan.maxWords == 0 ? QStringLiteral("auto") : QString::number(plan.maxWords);
+}
+
+void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const LengthResult& chosen,
+               const WatchedRanges& watched, const PlanTiming& timing)
+{
+    say(QStringLiteral("Request limit %1, %2").arg(limitText(plan), lineText(timing)));
     say(QString());
     printAll(requestRows(plan, watched, timing));
     say(QString());
@@ -52,12 +56,19 @@ void printPlan(const Plan& plan, const QList<LengthResult>& lengths, const Watch
         say(QLatin1String("Warning: ") + warning);
     say(cycleText(resultOf(plan, watched, timing).cost));
     say(QString());
-    say(QStringLiteral("Limits 1 to %1 (one limit for registers and bits; Modbus "
-                       "allows %2 registers and %3 coils):")
-            .arg(MOST_REGISTERS_PER_READ)
-            .arg(MOST_REGISTERS_PER_READ)
-            .arg(MOST_COILS_PER_READ));
-    printAll(lengthRows(lengths, plan.maxWords));
+    say(QStringLiteral("Lengths chosen for this list and line (auto), and limits of 1 to %1 "
+                       "registers up to which the driver joins them:")
+            .arg(MOST_REGISTERS_PER_READ));
+    printAll(lengthRows(lengths, chosen, plan.maxWords));
+}
+
+ReadRules rulesOf(const PlanOptions& options)
+{
+    ReadRules rules;
+    rules.line = options.timing.line;
+    rules.usual.turnaround = options.timing.turnaround;
+    rules.usual.maxBits = options.lengths.maxBits;
+    return rules;
 }
 
 /// One plan at a time: of tens of thousands of tags, all together take much memory.
@@ -66,7 +77,8 @@ QList<LengthResult> lengthsOf(const DriverEntryPoints& entryPoints, const PlanOp
 {
     QList<LengthResult> lengths;
     for (int maxWords = 1; maxWords <= MOST_REGISTERS_PER_READ; ++maxWords) {
-        const std::optional<Plan> plan = askForPlan(entryPoints, options.watched, maxWords);
+        const std::optional<Plan> plan =
+            limitedPlan(entryPoints, options.watched, maxWords, rulesOf(options));
         if (plan)
             lengths << resultOf(*plan, watched, options.timing);
     }
@@ -93,13 +105,18 @@ int runPlan(const QStringList& arguments)
         return exitCode;
     const WatchedRanges watched(options.watched);
     const QList<LengthResult> lengths = lengthsOf(entryPoints, options, watched);
-    const std::optional<Plan> plan = askForPlan(entryPoints, options.watched, options.maxWords);
+    const Plan chosen = chosenPlan(options.watched, rulesOf(options));
+    const LengthResult ofChosen = resultOf(chosen, watched, options.timing);
+    std::optional<Plan> plan = chosen;
+    if (!options.lengths.choosesLengths)
+        plan =
+            limitedPlan(entryPoints, options.watched, options.lengths.maxWords, rulesOf(options));
     if (!plan)
         return complain(DriverLease::refusal(), EXIT_CANNOT_OPEN);
     if (wantsJson(parser))
-        printJson(planJson(*plan, lengths, watched, options.timing));
+        printJson(planJson(*plan, lengths, ofChosen, watched, options.timing));
     else
-        printPlan(*plan, lengths, watched, options.timing);
+        printPlan(*plan, lengths, ofChosen, watched, options.timing);
     return EXIT_FINE;
 }
 

@@ -4,6 +4,7 @@
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/run_to_end.h"
 #include "kxhost/options/command_parser.h"
+#include "kxhost/options/length_options.h"
 #include "kxhost/options/tags_arguments.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
@@ -117,6 +118,7 @@ int runRead(const QStringList& arguments)
     if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     ConnectionOptions options;
+    options.session = settingsForReading();
     QList<Tag> tags;
     QString error;
     if (!parseOptions(parser, &options, &tags, &error))

@@ -27,7 +27,7 @@ const CommandHelp HELP = {
 const int SHORT_TIMEOUT = 200; // milliseconds
 const char* const ALL_STATIONS = "1-247";
 const QStringList UNUSED_OPTIONS = {QStringLiteral("station"), QStringLiteral("retries"),
-                                    QStringLiteral("max-words")};
+                                    QStringLiteral("max-words"), QStringLiteral("max-bits")};
 
 struct ScanOptions {
     ConnectionOptions connection;

@@ -5,6 +5,7 @@
 #include "kxhost/commands/prompt_writer.h"
 #include "kxhost/commands/watch_run.h"
 #include "kxhost/options/command_parser.h"
+#include "kxhost/options/length_options.h"
 #include "kxhost/options/tags_arguments.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
@@ -41,14 +42,16 @@ struct WatchOptions {
     ConnectionOptions connection;
     QList<Tag> tags;
     int cycles = 0;
+    int interval = 0; ///< milliseconds, of tags that have none of their own
 };
 
 /// Stations and request length; false when a range does not fit a request.
 bool prepareRanges(WatchOptions* options, QString* error)
 {
     QList<int>& simulated = options->connection.simulatedStations;
-    for (const Tag& tag : options->tags) {
+    for (Tag& tag : options->tags) {
         const AddressRange& range = tag.range;
+        tag.interval = tag.interval < 0 ? options->interval : tag.interval;
         if (!simulated.contains(range.station))
             simulated << range.station;
         if (addressesPerRead(range.type, options->connection.session.maxWords) < 1) {
@@ -64,6 +67,7 @@ bool prepareRanges(WatchOptions* options, QString* error)
 bool parseOptions(const QCommandLineParser& parser, WatchOptions* options, QString* error)
 {
     if (!parseConnectionOptions(parser, &options->connection, error)
+        || !parseIntervalOption(parser, &options->interval, error)
         || !parseNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
                         error)
         || !parseTagArguments(parser, options->connection.station, &options->tags, error))
@@ -135,6 +139,7 @@ int runWatch(const QStringList& arguments)
 {
     QCommandLineParser parser;
     addConnectionOptions(&parser);
+    addIntervalOption(&parser);
     addTagsOption(&parser);
     parser.addOption({QLatin1String("cycles"), QLatin1String("End after so many cycles."),
                       QLatin1String("COUNT")});
@@ -142,6 +147,7 @@ int runWatch(const QStringList& arguments)
     if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;
     WatchOptions options;
+    options.connection.session = settingsForReading();
     QString error;
     if (!parseOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);

@@ -41,6 +41,7 @@ _kxhost_values()
         --parity) echo "none even odd" ;;
         --data-bits) echo "8" ;;
         --stop-bits) echo "1 2" ;;
+        --max-words) echo "auto 32 64 125" ;;
         --as) echo "bit word" ;;
         --fault) _kxhost_faults ;;
     esac
@@ -51,7 +52,7 @@ _kxhost_takes_number()
 {
     case $1 in
         --station | -a | --timeout | -t | --settle | --quiet | --retries | -r | --reopen) ;;
-        --max-words | --tcp | --fault-seed | --fault-delay | --cycles | --stations) ;;
+        --max-bits | --interval | --tcp | --fault-seed | --fault-delay | --cycles | --stations) ;;
         --count | -n | --step | --turnaround | --data-type | --access) ;;
         *) return 1 ;;
     esac

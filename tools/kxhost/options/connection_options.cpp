@@ -1,7 +1,7 @@
 #include "kxhost/options/connection_options.h"
 
-#include "addresses/request_limits.h"
 #include "kxhost/options/command_parser.h"
+#include "kxhost/options/length_options.h"
 
 #include <QtNetwork/QHostAddress>
 
@@ -47,8 +47,12 @@ const OptionText OPTIONS[] = {
     {"r,retries", "Bad or missing replies in a row after which a request has failed (default 3).",
      "COUNT"},
     {"reopen", "Seconds in which a lost line is opened again (default 0: end at once).", "SECONDS"},
-    {"max-words", "The driver's longest request: so many registers, or watched bits (default 32).",
-     "COUNT"},
+    {"max-words",
+     "The longest request: so many registers, up to which the driver joins them; or auto: what "
+     "takes the least time on the line and each station answers (default: auto where addresses "
+     "are read, else 32).",
+     "COUNT|auto"},
+    {"max-bits", "The longest request for watched coils (default 2000).", "COUNT"},
     {"library",
      "File of the driver library (default: the one beside the program, else the system's).",
      "PATH"},
@@ -105,8 +109,7 @@ bool parseNumbers(const QCommandLineParser& parser, ConnectionOptions* options, 
            && parseNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error,
                           "milliseconds")
            && parseNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
-           && parseNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &session.maxWords,
-                          error);
+           && parseLengthOptions(parser, &session, error);
 }
 
 bool parsePatience(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
@@ -142,6 +145,7 @@ bool parseLine(const QCommandLineParser& parser, ConnectionOptions* options, QSt
     options->port = valueOf(parser, "port");
     options->simulate = isSet(parser, "simulate");
     options->simulatedStations = {options->station};
+    options->session.gatewayBaud = options->timing.baud;
     const int lines =
         int(isSet(parser, "port")) + int(isSet(parser, "tcp")) + int(isSet(parser, "simulate"));
     const bool isNameless = isSet(parser, "port") && options->port.isEmpty();

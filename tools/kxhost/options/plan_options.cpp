@@ -1,13 +1,9 @@
 #include "kxhost/options/plan_options.h"
 
-#include "addresses/request_limits.h"
 #include "kxhost/options/command_parser.h"
+#include "kxhost/options/length_options.h"
 #include "kxhost/options/tags_arguments.h"
-#include "panel/plan/plan_request.h"
-
-#include <QtCore/QRegularExpression>
-
-#include <cmath>
+#include "panel/text/duration.h"
 
 namespace kx
 {
@@ -15,7 +11,7 @@ namespace kx
 namespace
 {
 
-const double LONGEST_TURNAROUND = 60e6; // microseconds
+const qint64 LONGEST_TURNAROUND = 60000000; // microseconds
 
 const char* const OPTIONS[][3] = {
     {"b,baud", "Bits per second (default 9600).", "BAUD"},
@@ -27,8 +23,11 @@ const char* const OPTIONS[][3] = {
      "milliseconds (default 5ms). At least the frame gap of 3.5 characters counts.",
      "TIME"},
     {"a,station", "Station of addresses without @STATION (default 1).", "STATION"},
-    {"max-words", "The driver's longest request: so many registers, or watched bits (default 32).",
-     "COUNT"},
+    {"max-words",
+     "The longest request: so many registers, up to which the driver joins them; or auto: what "
+     "takes the least time on the line (default auto).",
+     "COUNT|auto"},
+    {"max-bits", "The longest request for coils (default 2000).", "COUNT"},
 };
 
 bool parseTurnaround(const QCommandLineParser& parser, qint64* turnaround, QString* error)
@@ -36,7 +35,7 @@ bool parseTurnaround(const QCommandLineParser& parser, qint64* turnaround, QStri
     if (!parser.isSet(QStringLiteral("turnaround")))
         return true;
     const QString value = parser.value(QStringLiteral("turnaround"));
-    if (parseDuration(value, turnaround))
+    if (parseDuration(value, LONGEST_TURNAROUND, turnaround))
         return true;
     *error = QStringLiteral("--turnaround %1: must be a time from 0 to 60s, such as 5ms or 800us")
                  .arg(value);
@@ -56,32 +55,17 @@ void addPlanOptions(QCommandLineParser* parser)
 bool parsePlanOptions(const QCommandLineParser& parser, PlanOptions* options, QString* error)
 {
     LineTiming& line = options->timing.line;
+    options->lengths = settingsForReading();
     int station = 1;
     char parity = 'N';
     if (!parseTiming(parser, &line, &parity, error) || !parseStationOption(parser, &station, error)
-        || !parseNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &options->maxWords, error)
+        || !parseLengthOptions(parser, &options->lengths, error)
         || !parseTurnaround(parser, &options->timing.turnaround, error)
         || !parseWatchedRanges(parser, station, &options->watched, error))
         return false;
     if (options->watched.isEmpty())
         *error = QStringLiteral("nothing to plan; name addresses such as D100:4, or a tags file");
     return !options->watched.isEmpty();
-}
-
-bool parseDuration(const QString& duration, qint64* microseconds)
-{
-    static const QRegularExpression pattern(
-        QStringLiteral("\\A([0-9]+(?:\\.[0-9]+)?) ?(us|ms|s)?\\z"));
-    const QRegularExpressionMatch match = pattern.match(duration);
-    const QString unit = match.captured(2);
-    const double scale = unit == QStringLiteral("us")  ? 1.0
-                         : unit == QStringLiteral("s") ? 1e6
-                                                       : 1e3;
-    const double value = match.captured(1).toDouble() * scale;
-    if (!match.hasMatch() || value > LONGEST_TURNAROUND)
-        return false;
-    *microseconds = std::llround(value);
-    return true;
 }
 
 } // namespace kx

@@ -59,7 +59,8 @@ QJsonObject lineJson(const PlanTiming& timing)
 } // namespace
 
 QJsonObject planJson(const Plan& plan, const QList<LengthResult>& lengths,
-                     const WatchedRanges& watched, const PlanTiming& timing)
+                     const LengthResult& chosen, const WatchedRanges& watched,
+                     const PlanTiming& timing)
 {
     QJsonArray requests;
     for (const PlannedRequest& request : plan.requests)
@@ -72,6 +73,7 @@ QJsonObject planJson(const Plan& plan, const QList<LengthResult>& lengths,
                        {QStringLiteral("line"), lineJson(timing)},
                        {QStringLiteral("requests"), requests},
                        {QStringLiteral("cycle"), lengthJson(resultOf(plan, watched, timing))},
+                       {QStringLiteral("auto"), lengthJson(chosen)},
                        {QStringLiteral("best"), best < 0 ? 0 : lengths[best].maxWords},
                        {QStringLiteral("limits"), limits}};
 }

@@ -9,8 +9,11 @@
 namespace kx
 {
 
+/// @param lengths of each limit
+/// @param chosen  of the chosen lengths
 QJsonObject planJson(const Plan& plan, const QList<LengthResult>& lengths,
-                     const WatchedRanges& watched, const PlanTiming& timing);
+                     const LengthResult& chosen, const WatchedRanges& watched,
+                     const PlanTiming& timing);
 
 } // namespace kx
 

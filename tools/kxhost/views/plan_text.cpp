@@ -19,6 +19,7 @@ namespace
 
 const int BAR_WIDTH = 64;
 const double MICROSECONDS = 1e6;
+const QString IN_USE = QStringLiteral("in use");
 
 QString percentText(double share)
 {
@@ -69,6 +70,18 @@ QString splitWarning(const PlannedRequest& request, const Coverage& coverage)
                "others; a lower limit keeps the ranges apart")
         .arg(QString::fromLatin1(type->name), QString::number(coverage.misreadCount),
              addressText(type, type->split), QString::number(modbusNumber(type, type->split)));
+}
+
+QStringList lengthRow(const LengthResult& result, const QStringList& marks)
+{
+    return {result.maxWords == 0 ? QStringLiteral("auto") : QString::number(result.maxWords),
+            QString::number(result.cost.requests),
+            QString::number(result.cost.bytesSent),
+            QString::number(result.cost.bytesExpected),
+            timeText(result.cost.duration),
+            percentText(result.cost.lineLoad()),
+            QString::number(result.unread),
+            marks.isEmpty() ? QString() : QStringLiteral("<- ") + marks.join(QStringLiteral(", "))};
 }
 
 } // namespace
@@ -156,28 +169,21 @@ QString cycleText(const CycleCost& cost)
              QString::number(1.0 / seconds, 'f', 1), percentText(cost.lineLoad()));
 }
 
-QStringList lengthRows(const QList<LengthResult>& results, int maxWords)
+QStringList lengthRows(const QList<LengthResult>& results, const LengthResult& chosen, int maxWords)
 {
     QList<QStringList> rows = {{QStringLiteral("LIMIT"), QStringLiteral("REQUESTS"),
                                 QStringLiteral("BYTES OUT"), QStringLiteral("BYTES IN"),
                                 QStringLiteral("CYCLE"), QStringLiteral("LOAD"),
                                 QStringLiteral("UNREAD"), QString()}};
+    rows << lengthRow(chosen, maxWords == 0 ? QStringList(IN_USE) : QStringList());
     const int best = bestOf(results);
     for (const LengthResult& result : worthShowing(results, maxWords)) {
         QStringList marks;
         if (result.maxWords == results[best].maxWords)
-            marks << QStringLiteral("best");
+            marks << QStringLiteral("best limit");
         if (result.maxWords == maxWords)
-            marks << QStringLiteral("in use");
-        rows << QStringList{
-            QString::number(result.maxWords),
-            QString::number(result.cost.requests),
-            QString::number(result.cost.bytesSent),
-            QString::number(result.cost.bytesExpected),
-            timeText(result.cost.duration),
-            percentText(result.cost.lineLoad()),
-            QString::number(result.unread),
-            marks.isEmpty() ? QString() : QStringLiteral("<- ") + marks.join(QStringLiteral(", "))};
+            marks << IN_USE;
+        rows << lengthRow(result, marks);
     }
     return alignedRows(rows, {0, 1, 2, 3, 4, 5, 6});
 }

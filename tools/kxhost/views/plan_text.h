@@ -28,9 +28,11 @@ QStringList warningRows(const Plan& plan, const WatchedRanges& watched);
 /// "Cycle: 2 requests, 16 bytes out, 34 in, 92.4 ms (10.8 cycles/s), line load 72 %".
 QString cycleText(const CycleCost& cost);
 
-/// A heading and a line per limit worth showing, with the best and the one in use
-/// marked.
-QStringList lengthRows(const QList<LengthResult>& results, int maxWords);
+/// A heading, a row of the chosen lengths ("auto") and one per limit worth showing, with the
+/// best of the limits and what is in use marked.
+/// @param maxWords in use; 0: the chosen lengths
+QStringList lengthRows(const QList<LengthResult>& results, const LengthResult& chosen,
+                       int maxWords);
 
 } // namespace kx
 

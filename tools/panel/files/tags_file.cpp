@@ -2,6 +2,7 @@
 
 #include "panel/files/csv_table.h"
 #include "panel/files/text_file.h"
+#include "panel/text/duration.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QStringList>
@@ -12,15 +13,16 @@ namespace kx
 namespace
 {
 
-enum Column { NAME, STATION, ADDRESS, COUNT, COMMENT };
+const qint64 LONGEST_INTERVAL = 86400000000; // microseconds
+const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
+
+enum Column { NAME, STATION, ADDRESS, COUNT, EVERY, COMMENT };
 
 const QList<CsvColumn>& columns()
 {
-    static const QList<CsvColumn> columns = {{"name", true},
-                                             {"station", false},
-                                             {"address", true},
-                                             {"count", false},
-                                             {"comment", false}};
+    static const QList<CsvColumn> columns = {{"name", true},    {"station", false},
+                                             {"address", true}, {"count", false},
+                                             {"every", false},  {"comment", false}};
     return columns;
 }
 
@@ -45,6 +47,20 @@ bool parseRange(const QList<CsvField>& fields, AddressRange* range, QString* err
     return parseAddressRange(address, range, error);
 }
 
+bool parseInterval(const QString& text, int* interval, QString* error)
+{
+    qint64 microseconds = 0;
+    if (text.isEmpty())
+        return true;
+    if (!parseDuration(text, LONGEST_INTERVAL, &microseconds))
+        return fail(error,
+                    QStringLiteral("every %1: must be a time from 0 to 1440min, such as 500ms, "
+                                   "10s or 5min")
+                        .arg(text));
+    *interval = static_cast<int>((microseconds + 999) / MICROSECONDS_PER_MILLISECOND);
+    return true;
+}
+
 bool parseTag(const QList<CsvField>& fields, Tag* tag, QString* error)
 {
     tag->name = fields.at(NAME).text;
@@ -53,7 +69,8 @@ bool parseTag(const QList<CsvField>& fields, Tag* tag, QString* error)
         return fail(error, QStringLiteral("the tag has no name"));
     if (fields.at(ADDRESS).text.isEmpty())
         return fail(error, QStringLiteral("the tag has no address"));
-    return parseRange(fields, &tag->range, error);
+    return parseRange(fields, &tag->range, error)
+           && parseInterval(fields.at(EVERY).text, &tag->interval, error);
 }
 
 bool takeTags(const QList<CsvRow>& rows, QList<Tag>* tags, CsvFault* fault)

@@ -2,12 +2,13 @@
 ///
 /// A table as csv_table.h has it, with a row for each tag:
 ///
-///     name,station,address,count,comment
-///     Pump running,,Y10,,contact K3
-///     Recipe,2,D100,4,"four words, read only"
+///     name,station,address,count,every,comment
+///     Pump running,,Y10,,,contact K3
+///     Recipe,2,D100,4,10s,"four words, read only"
 ///
-/// An empty station leaves the choice to the command line, an empty count is 1.
-/// Station, count and comment may be left out. X and Y are octal.
+/// An empty station leaves the choice to the command line, an empty count is 1. "every" is the
+/// time from one read to the next, such as 500ms or 10s; empty: the command line's, else in each
+/// cycle. Station, count, every and comment may be left out. X and Y are octal.
 #ifndef KX_PANEL_FILES_TAGS_FILE_H
 #define KX_PANEL_FILES_TAGS_FILE_H
 
@@ -25,6 +26,7 @@ struct Tag {
     QString name;       ///< unlike every other of the file; empty for a typed address
     AddressRange range; ///< station -1 when the file leaves it open
     QString comment;
+    int interval = -1; ///< milliseconds; 0: in each cycle; -1 when the file leaves it open
 };
 
 /// Reads the tags of a file, in the file's order.

@@ -1,37 +1,104 @@
 #include "panel/jobs/read_job.h"
 
-#include "addresses/read_pieces.h"
-#include "panel/session/request_checks.h"
+#include "addresses/request_limits.h"
+#include "panel/jobs/wanted_values.h"
+#include "panel/plan/least_time.h"
+#include "panel/plan/watched_ranges.h"
+#include "registers/register_types.h"
 
 #include <algorithm>
-#include <utility>
+#include <iterator>
+#include <tuple>
 
 namespace kx
 {
 
+namespace
+{
+
+const int BITS_PER_WORD = 8;   // of one-off reads, by the driver's limit
+const int SHORTEST_LIMIT = 16; // registers that any controller answers at once
+const int ILLEGAL_DATA_ADDRESS = 2;
+const int ILLEGAL_DATA_VALUE = 3;
+
+ReadRules rulesOf(const Session& session)
+{
+    const SessionSettings& settings = session.settings();
+    ReadRules rules;
+    rules.line = session.line()->timing();
+    if (rules.line.baud <= 0)
+        rules.line.baud = settings.gatewayBaud;
+    rules.usual.maxWords = settings.maxWords;
+    rules.usual.maxBits = std::min(settings.maxBits, settings.maxWords * BITS_PER_WORD);
+    return rules;
+}
+
+bool isRefused(const Failure& failure)
+{
+    return failure.kind == FailureKind::Exception
+           && (failure.exceptionCode == ILLEGAL_DATA_ADDRESS
+               || failure.exceptionCode == ILLEGAL_DATA_VALUE);
+}
+
+bool isBefore(const AddressRange& one, const AddressRange& other)
+{
+    return std::make_tuple(one.station, registerTypeRow(one.type), one.address)
+           < std::make_tuple(other.station, registerTypeRow(other.type), other.address);
+}
+
+/// From the first to the last of what is wanted.
+AddressRange spanOf(const std::vector<AddressRange>& wanted)
+{
+    AddressRange span = wanted.front();
+    span.values = wanted.back().address + wanted.back().values - span.address;
+    return span;
+}
+
+} // namespace
+
 ReadJob::ReadJob(Session* session, const QList<Tag>& tags, QObject* parent)
-    : Job(session, parent), m_tags(tags), m_total(static_cast<int>(tags.size()))
+    : Job(session, parent), m_wanted(new WantedValues(tags)), m_total(static_cast<int>(tags.size()))
 {
     qRegisterMetaType<ReadOutcome>("kx::ReadOutcome");
     connect(session, &Session::readFinished, this, &ReadJob::onEnd);
 }
 
-void ReadJob::readNextRange()
+ReadJob::~ReadJob() = default;
+
+void ReadJob::begin()
 {
-    if (m_tags.isEmpty())
-        return end();
-    const AddressRange& range = m_tags.first().range;
-    m_pieces = {range}; // which the session refuses when it does not exist
-    if (rangeRefusal(range).isNone()) {
-        const int most = addressesPerRead(range.type, session()->settings().maxWords);
-        m_pieces = readPieces(range, std::max(1, most));
+    m_ranges = m_wanted->existing();
+    for (const AddressRange& range : std::as_const(m_ranges)) {
+        m_edges << AddressRange{range.type, range.address, 1, range.station};
+        m_edges << AddressRange{range.type, range.address + range.values, 1, range.station};
     }
-    readNextPiece();
+    std::sort(m_edges.begin(), m_edges.end(), isBefore);
+    m_pieces = leastTimePieces(m_ranges, rulesOf(*session()));
+    goOn();
 }
 
-void ReadJob::readNextPiece()
+void ReadJob::goOn()
 {
+    tellFinished();
+    if (!isRunning())
+        return;
+    if (m_pieces.isEmpty())
+        return end();
     await([piece = m_pieces.first()](Session* session) { return session->read(piece); });
+}
+
+/// A slot may abort the job.
+void ReadJob::tellFinished()
+{
+    while (isRunning()) {
+        const std::optional<ReadOutcome> outcome = m_wanted->takeFirst();
+        if (!outcome)
+            return;
+        noteFailure(outcome->failure);
+        emit rangeFinished(*outcome);
+        if (isRunning())
+            emit progress(m_total - m_wanted->size(), m_total);
+    }
 }
 
 void ReadJob::onEnd(int handle, const ReadEnd& end)
@@ -40,33 +107,58 @@ void ReadJob::onEnd(int handle, const ReadEnd& end)
         return;
     if (isSessionOver(end.failure))
         return endEarly(end.failure);
-    if (!end.failure.isNone())
-        return settle(end.failure);
-    m_values += end.values;
-    m_pieces.removeFirst();
-    if (m_pieces.isEmpty())
-        settle(Failure());
+    const AddressRange piece = m_pieces.takeFirst();
+    if (end.failure.isNone())
+        m_wanted->take(piece, end.values);
     else
-        readNextPiece();
+        onFailure(piece, end.failure);
+    goOn();
 }
 
-void ReadJob::settle(const Failure& failure)
+void ReadJob::onFailure(const AddressRange& piece, const Failure& failure)
 {
-    const QList<qint64> values = std::exchange(m_values, {});
-    const ReadOutcome outcome = {m_tags.takeFirst(), failure,
-                                 failure.isNone() ? values : QList<qint64>()};
-    noteFailure(failure);
-    emit rangeFinished(outcome);
-    if (isRunning())
-        emit progress(m_total - static_cast<int>(m_tags.size()), m_total);
-    if (isRunning())
-        readNextRange();
+    const QList<AddressRange> halves = isRefused(failure) ? halvesOf(piece) : QList<AddressRange>();
+    if (!halves.isEmpty()) {
+        m_pieces = halves + m_pieces;
+        return;
+    }
+    m_wanted->fail(piece, failure);
+    if (failure.kind != FailureKind::NoReply)
+        return;
+    const auto isOfStation = [&](const AddressRange& other) {
+        return other.station == piece.station;
+    };
+    for (const AddressRange& other : m_pieces) {
+        if (isOfStation(other))
+            m_wanted->fail(other, failure);
+    }
+    m_pieces.erase(std::remove_if(m_pieces.begin(), m_pieces.end(), isOfStation), m_pieces.end());
+}
+
+/// None when the piece is of one range and short enough for any controller.
+QList<AddressRange> ReadJob::halvesOf(const AddressRange& piece) const
+{
+    const int end = piece.address + piece.values;
+    const auto firstInside = std::upper_bound(m_edges.begin(), m_edges.end(), piece, isBefore);
+    const auto pastEnd = std::lower_bound(
+        firstInside, m_edges.end(), AddressRange{piece.type, end, 1, piece.station}, isBefore);
+    const int most =
+        piece.type->registerClass == BIT_CLASS ? SHORTEST_LIMIT * BITS_PER_WORD : SHORTEST_LIMIT;
+    int middle = piece.address + piece.values / 2;
+    if (firstInside != pastEnd)
+        middle = std::next(firstInside, std::distance(firstInside, pastEnd) / 2)->address;
+    else if (piece.driverCount() <= most)
+        return {};
+    const WatchedRanges wanted(m_ranges);
+    const AddressRange first = {piece.type, piece.address, middle - piece.address, piece.station};
+    const AddressRange second = {piece.type, middle, end - middle, piece.station};
+    return {spanOf(wanted.within(first)), spanOf(wanted.within(second))};
 }
 
 void ReadJob::giveUp(const Failure& reason)
 {
-    while (!m_tags.isEmpty())
-        emit rangeFinished({m_tags.takeFirst(), reason, QList<qint64>()});
+    for (const ReadOutcome& outcome : m_wanted->takeAll(reason))
+        emit rangeFinished(outcome);
 }
 
 } // namespace kx

@@ -5,6 +5,8 @@
 #include "panel/files/tags_file.h"
 #include "panel/jobs/job.h"
 
+#include <memory>
+
 namespace kx
 {
 
@@ -14,8 +16,13 @@ struct ReadOutcome {
     QList<qint64> values; ///< one per address, none after a failure
 };
 
-/// Reads ranges of any length once, one after the other. A range that failed is given up; the
-/// next one is tried all the same. Progress counts ranges.
+class WantedValues;
+
+/// Reads ranges of any length once. They are joined to the requests that take the least time on
+/// the line, of at most the session's lengths; addresses between may be read along. A station
+/// that does not answer is not asked again: all its ranges have failed. What a station refuses
+/// is asked for in halves, down to single ranges, so that only what it lacks fails. Progress
+/// counts ranges.
 class KXRUNTIME_EXPORT ReadJob : public Job
 {
     Q_OBJECT
@@ -23,22 +30,25 @@ class KXRUNTIME_EXPORT ReadJob : public Job
 public:
     /// @param tags their ranges must name their stations
     ReadJob(Session* session, const QList<Tag>& tags, QObject* parent = nullptr);
+    ~ReadJob() override;
 
 signals:
     /// For each range once, in their order.
     void rangeFinished(const kx::ReadOutcome& outcome);
 
 private:
-    void begin() override { readNextRange(); }
+    void begin() override;
     void giveUp(const Failure& reason) override;
-    void readNextRange();
-    void readNextPiece();
+    void goOn();
+    void tellFinished();
     void onEnd(int handle, const ReadEnd& end);
-    void settle(const Failure& failure);
+    void onFailure(const AddressRange& piece, const Failure& failure);
+    QList<AddressRange> halvesOf(const AddressRange& piece) const;
 
-    QList<Tag> m_tags;            ///< not yet finished
-    QList<AddressRange> m_pieces; ///< of the first tag, not yet read
-    QList<qint64> m_values;       ///< of the first tag
+    std::unique_ptr<WantedValues> m_wanted;
+    QList<AddressRange> m_ranges; ///< of the tags
+    QList<AddressRange> m_edges;  ///< where one begins, or has ended, in rising order
+    QList<AddressRange> m_pieces; ///< not yet read
     int m_total;
 };
 

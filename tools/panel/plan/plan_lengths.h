@@ -13,7 +13,7 @@ namespace kx
 
 /// What the driver asks under one limit.
 struct Plan {
-    int maxWords = 0; ///< the driver's limit of registers, and of bits alike
+    int maxWords = 0; ///< the driver's limit of registers; 0: none, they were chosen
     QList<PlannedRequest> requests;
 };
 

@@ -23,8 +23,11 @@ public:
     /// touching. The time it takes grows with that, not with all that is watched.
     std::vector<AddressRange> within(const AddressRange& covered) const;
 
+    /// All of it, rising by station, type and address; disjoint, not touching.
+    const std::vector<AddressRange>& runs() const { return m_runs; }
+
 private:
-    std::vector<AddressRange> m_runs; ///< by station, type and address; disjoint, not touching
+    std::vector<AddressRange> m_runs;
 };
 
 } // namespace kx

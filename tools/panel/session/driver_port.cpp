@@ -1,8 +1,11 @@
 #include "panel/session/driver_port.h"
 
+#include "addresses/watch_pieces.h"
 #include "exchange/driver_keys.h"
 #include "panel/session/driver_values.h"
 #include "registers/register_types.h"
+
+#include <utility>
 
 namespace kx
 {
@@ -19,8 +22,11 @@ bool isRecipe(int kind)
 
 } // namespace
 
-DriverPort::DriverPort(const DriverEntryPoints& entryPoints, const SessionSettings& settings)
-    : m_driver(entryPoints), m_settings(settings)
+DriverPort::DriverPort(const DriverEntryPoints& entryPoints, const SessionSettings& settings,
+                       const LoopClock* clock)
+    : m_driver(entryPoints),
+      m_settings(settings),
+      m_polls(entryPoints.object, clock, settings.exchange.replyTimeout)
 {
     if (!isHeld())
         return;
@@ -60,12 +66,14 @@ void DriverPort::initialise()
     m_isOut = false;
     m_write = Slot();
     m_read = Slot();
+    m_polls.replace({});
     m_changes.clear();
 }
 
 void DriverPort::giveUpQueued()
 {
     withdrawRecipe();
+    m_isPolling = false;
     // After five writes in a row without a polled read the driver says once that it has none.
     for (int refusals = 0; refusals < 2 && hasQueued();) {
         FRAME_PRO request = FRAME_PRO();
@@ -74,6 +82,7 @@ void DriverPort::giveUpQueued()
         if (hasRequest)
             giveUpRequest();
     }
+    m_isPolling = true;
 }
 
 void DriverPort::drop(JobKind kind)
@@ -98,12 +107,25 @@ void DriverPort::giveUpRequest()
     }
 }
 
-int DriverPort::watch(const QList<AddressRange>& ranges)
+QList<AddressRange> DriverPort::joined(const QList<AddressRange>& ranges)
 {
     QList<KEY_ADDRESS> keys;
-    for (const AddressRange& range : ranges)
+    for (const AddressRange& range : watchPieces(ranges, m_settings.maxWords))
         keys << keyOf(range);
-    return m_driver.addrMerge(keys);
+    m_driver.addrMerge(keys);
+    QList<AddressRange> requests;
+    for (const VARIABLE& job : std::as_const(m_driver.object->readList))
+        requests << rangeOf(job);
+    return requests;
+}
+
+void DriverPort::poll(const QList<PolledRange>& polls)
+{
+    QList<KEY_ADDRESS> keys;
+    for (const PolledRange& poll : polls)
+        keys << keyOf(poll.range);
+    m_driver.addrMerge(keys);
+    m_polls.replace(polls);
 }
 
 void DriverPort::read(const AddressRange& range)
@@ -176,11 +198,17 @@ int DriverPort::nextRequest(FRAME_PRO* out)
 {
     const JobKind recipe = m_recipe.requested();
     const bool isNew = !m_isOut;
+    if (isNew && m_isPolling)
+        m_polls.offer();
+    else if (isNew)
+        m_polls.withhold();
     if (m_driver.getSendFrame(out) != 1)
         return 0;
     // A transfer that has nothing to send ends in here, and another request comes out.
     if (isNew)
         m_outKind = recipe != NO_JOB && isRecipePending() ? recipe : out->job.kind;
+    if (isNew && m_outKind == CYCLIC_READ_JOB)
+        m_polls.begin();
     m_isOut = true;
     out->job.kind = m_outKind;
     const bool isOfSlot = m_outKind == WRITE_JOB || m_outKind == CONDITION_READ_JOB;
@@ -192,7 +220,10 @@ int DriverPort::nextRequest(FRAME_PRO* out)
 
 int DriverPort::settle(QByteArray& reply, QString& errorText)
 {
-    const int result = m_driver.dealRcvFrame(reply, errorText);
+    int result = m_driver.dealRcvFrame(reply, errorText);
+    QByteArray noReply;
+    while (result == REPLY_RETRY && m_outKind == CYCLIC_READ_JOB && m_polls.isTry())
+        result = m_driver.dealRcvFrame(noReply, errorText);
     if (result == REPLY_RETRY || !m_isOut)
         return result;
     m_isOut = false;

@@ -3,6 +3,7 @@
 
 #include "exchange/driver_lease.h"
 #include "exchange/driver_library.h"
+#include "panel/session/poll_feed.h"
 #include "panel/session/recipe_memory.h"
 #include "panel/session/session_events.h"
 #include "panel/session/session_settings.h"
@@ -23,7 +24,9 @@ class DriverPort
 {
 public:
     /// Initialises the driver when it is free; see isHeld().
-    DriverPort(const DriverEntryPoints& entryPoints, const SessionSettings& settings);
+    /// @param clock tells when polls are due
+    DriverPort(const DriverEntryPoints& entryPoints, const SessionSettings& settings,
+               const LoopClock* clock);
     /// The driver keeps no pointer into the port.
     ~DriverPort();
     Q_DISABLE_COPY(DriverPort)
@@ -41,7 +44,12 @@ public:
     /// yet is ignored.
     void giveUpQueued();
 
-    int watch(const QList<AddressRange>& ranges);
+    /// The requests to which the driver joins ranges of registers.
+    QList<AddressRange> joined(const QList<AddressRange>& ranges);
+    /// Replaces what is polled: each range is one request.
+    void poll(const QList<PolledRange>& polls);
+    PollFeed& polls() { return m_polls; }
+    const PollFeed& polls() const { return m_polls; }
     /// One at a time, of one request: the driver drops all when one fails.
     void read(const AddressRange& range);
     /// One at a time, of one request: a write of a range whose write waits would replace it.
@@ -100,7 +108,9 @@ private:
     QList<ValueChange> m_changes;
     bool m_isOut = false;   ///< a request was handed out and has not ended
     int m_outKind = NO_JOB; ///< of that request
-    QByteArray m_reply;     ///< to the latest request that has ended
+    PollFeed m_polls;
+    bool m_isPolling = true; ///< polls are offered to the driver
+    QByteArray m_reply;      ///< to the latest request that has ended
     Slot m_write;
     Slot m_read;
     int m_blocksDone = 0; ///< of the recipe: where the driver goes on

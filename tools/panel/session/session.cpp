@@ -48,6 +48,7 @@ void Session::stop()
 
 void Session::initialise()
 {
+    m_parts->polling.replace({});
     endAll(failureOf(FailureKind::DriverInitialised,
                      QStringLiteral("the driver was initialised again")));
     m_parts->loop->wake();
@@ -147,6 +148,8 @@ void Session::onExchange(const ExchangeRecord& record)
     const RequestFeed::Request read = m_parts->reads.takeEnded(record);
     const RequestFeed::Request write = m_parts->writes.takeEnded(record);
     const RecipeFeed::Step recipe = m_parts->recipes.onExchange(record);
+    const bool isPoll = record.job.kind == CYCLIC_READ_JOB;
+    const PollEvents poll = isPoll ? m_parts->polling.onExchange(record) : PollEvents();
     QList<qint64> values;
     if (read.handle != 0 && record.result == REPLY_ACCEPTED)
         values = m_parts->port.answeredValues(read.wanted.range);
@@ -164,8 +167,8 @@ void Session::onExchange(const ExchangeRecord& record)
         emit recipeBlockDone(recipe.handle, recipe.block);
     if (recipe.hasEnded)
         emit recipeFinished(recipe.handle, recipe.end);
-    if (record.job.kind == CYCLIC_READ_JOB && record.result == REPLY_FAILED)
-        emit failed(failureOf(record));
+    if (isPoll)
+        tellPoll(record, poll);
     m_isTelling = false;
     handOver();
 }

@@ -6,6 +6,8 @@
 #include "exchange/lines/line.h"
 #include "exchange/loop_clock.h"
 #include "exchange/replies/statistics.h"
+#include "panel/plan/read_rules.h"
+#include "panel/polling/polled_range.h"
 #include "panel/recipe/recipe_layout.h"
 #include "panel/session/session_events.h"
 #include "panel/session/session_settings.h"
@@ -14,6 +16,8 @@
 
 namespace kx
 {
+
+struct PollEvents;
 
 /// The driver at work on one line: polls a watch list, reads and writes on request,
 /// transfers recipes, and tells what happens.
@@ -54,11 +58,18 @@ public:
     /// (FailureKind::DriverInitialised). Polling goes on, once there is a new watch list.
     void initialise();
 
-    /// Replaces what is polled. Ranges must name their stations, 1 to 247. They are cut where one
-    /// request cannot hold them, and the driver joins them into few requests; see watchPieces().
-    /// A range that does not exist is left out, and failed() tells so later.
-    /// @return how many requests make one cycle
+    /// Replaces what is polled. Ranges must name their stations, 1 to 247. They are joined to few
+    /// requests and cut where one cannot hold them, see SessionSettings; addresses between may be
+    /// read along. A range that does not exist is left out, and failed() tells so later.
+    ///
+    /// Ranges without an interval take turns, those with one come when they are due. A station
+    /// that does not answer is left out, but for a try now and then.
+    /// @return how many requests read all
+    int watch(const QList<PolledRange>& ranges);
+    /// The same, all without an interval.
     int watch(const QList<AddressRange>& ranges);
+    /// Times that a range with an interval was not asked for within it.
+    qint64 missedPolls() const;
     /// The values that the driver holds, one per address: 0 or 1, 0..65535, or 0..4294967295;
     /// 0 for what was never read. A value written counts once no other write waits before it, until
     /// the write fails.
@@ -119,6 +130,13 @@ signals:
     /// A polled request failed for good; it comes again in the next cycle. Or a watched range
     /// does not exist (FailureKind::OutOfRange), and is not polled.
     void failed(const kx::Failure& failure);
+    /// A station did not answer a poll, and is left out until it answers a try.
+    void stationSilenced(int station);
+    /// A station refused a poll, and is asked for less at once from now on, or for no addresses
+    /// between those that are watched.
+    void requestsShortened(int station, const kx::StationRules& rules);
+    /// All ranges of the shortest interval were asked for once more, or left out.
+    void cycleFinished();
     /// The driver has nothing to send; each time it is asked in vain.
     void idle();
     /// The line is lost for good (FailureKind::LineLost) and the session has stopped, after the
@@ -148,6 +166,7 @@ private:
     void onIdle();
     void onLineLost(const QString& error);
     void tellChanges();
+    void tellPoll(const ExchangeRecord& record, const PollEvents& events);
     /// Ends all that waits, here and in the driver.
     void endAll(const Failure& failure);
     void tellLater(const Ended& ended);

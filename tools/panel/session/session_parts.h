@@ -3,6 +3,7 @@
 
 #include "exchange/exchange_loop.h"
 #include "panel/session/driver_port.h"
+#include "panel/session/polling.h"
 #include "panel/session/recipe_feed.h"
 #include "panel/session/request_feed.h"
 #include "panel/session/session.h"
@@ -15,8 +16,10 @@ struct Session::Parts {
     Parts(const DriverEntryPoints& entryPoints, Line* line, const SessionSettings& settings,
           LoopClock* clock, Session* session);
 
+    LoopClock* clock; ///< the session's child, as the loop is, unless the caller has one
     DriverPort port;
-    ExchangeLoop* loop; ///< a child of the session, which goes along to another thread
+    ExchangeLoop* loop; ///< goes along with the session to another thread
+    Polling polling;
     RequestFeed reads;
     RequestFeed writes;
     RecipeFeed recipes;

@@ -1,6 +1,7 @@
 #ifndef KX_PANEL_SESSION_SESSION_SETTINGS_H
 #define KX_PANEL_SESSION_SESSION_SETTINGS_H
 
+#include "addresses/request_limits.h"
 #include "exchange/exchange_settings.h"
 
 namespace kx
@@ -12,6 +13,12 @@ struct SessionSettings {
     bool writeLocalOnly = false; ///< writes reach the cache and no controller
     int retries = 3;             ///< bad replies in a row after which a request fails, 1 or more
     int maxWords = 32;           ///< longest request, in registers
+    int maxBits = MOST_COILS_PER_READ; ///< longest poll of coils
+    /// Polls are no longer than takes the least time on the line, and than each station answers;
+    /// maxWords and maxBits are the most. Else the driver joins registers up to maxWords.
+    bool choosesLengths = false;
+    /// Of the serial line behind a gateway, which the session cannot know.
+    int gatewayBaud = 9600;
     ExchangeSettings exchange;
 };
 

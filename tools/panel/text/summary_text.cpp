@@ -124,6 +124,9 @@ QStringList summaryRows(const WatchSummary& summary)
                            .arg(counts.accepted)
                            .arg(counts.repeated)
                            .arg(counts.failed);
+    if (summary.missed > 0)
+        requests += QStringLiteral("; %1").arg(
+            counted(summary.missed, "interval missed", "intervals missed"));
     if (counts.notSent > 0)
         requests += QStringLiteral("; %1 not whole, so not sent").arg(counts.notSent);
     const QString time = QStringLiteral("%1 s, %2 bytes sent, %3 received, ")
@@ -140,6 +143,7 @@ QJsonObject summaryJson(const WatchSummary& summary)
     json[QLatin1String("event")] = QStringLiteral("summary");
     json[QLatin1String("milliseconds")] = summary.elapsed;
     json[QLatin1String("cycles")] = summary.cycles;
+    json[QLatin1String("missedIntervals")] = summary.missed;
     json[QLatin1String("requests")] = counts.requests;
     json[QLatin1String("accepted")] = counts.accepted;
     json[QLatin1String("repeated")] = counts.repeated;

@@ -17,6 +17,7 @@ struct WatchSummary {
     LineTiming timing;
     qint64 elapsed = 0; ///< milliseconds
     qint64 cycles = 0;
+    qint64 missed = 0; ///< times that a tag with an interval was not read within it
 };
 
 /// "36 requests in 12 cycles: 34 accepted, 2 repeated, 0 failed", on a line with

@@ -40,8 +40,21 @@ const char* stateOf(LinkEvent::Kind kind)
         return "no answer";
     case LinkEvent::StationBack:
         return "answering";
+    case LinkEvent::RequestsShortened:
+        return "short requests";
     }
     return "";
+}
+
+QString shortenedText(const LinkEvent& event)
+{
+    const QString gaps = event.rules.maySpanGaps
+                             ? QString()
+                             : QStringLiteral("; addresses between are not read along");
+    return QStringLiteral("station %1 refuses requests; it is asked for at most %2 registers or %3 "
+                          "coils at once%4")
+        .arg(QString::number(event.station), QString::number(event.rules.maxWords),
+             QString::number(event.rules.maxBits), gaps);
 }
 
 } // namespace
@@ -61,6 +74,8 @@ QString linkEventText(const LinkEvent& event)
         return QStringLiteral("station %1 does not answer").arg(event.station);
     case LinkEvent::StationBack:
         return QStringLiteral("station %1 answers again").arg(event.station);
+    case LinkEvent::RequestsShortened:
+        return shortenedText(event);
     }
     return QString();
 }
@@ -72,14 +87,20 @@ QString linkEventRow(const LinkEvent& event, const QDateTime& time)
 
 QJsonObject linkEventJson(const LinkEvent& event, const QDateTime& time)
 {
-    const bool isOfStation =
-        event.kind == LinkEvent::StationSilent || event.kind == LinkEvent::StationBack;
+    const bool isShortened = event.kind == LinkEvent::RequestsShortened;
+    const bool isOfStation = isShortened || event.kind == LinkEvent::StationSilent
+                             || event.kind == LinkEvent::StationBack;
     QJsonObject json;
     json[QLatin1String("event")] = QLatin1String(isOfStation ? "station" : "line");
     json[QLatin1String("time")] = jsonTime(time);
     if (isOfStation)
         json[QLatin1String("station")] = event.station;
     json[QLatin1String("state")] = QLatin1String(stateOf(event.kind));
+    if (isShortened) {
+        json[QLatin1String("registers")] = event.rules.maxWords;
+        json[QLatin1String("coils")] = event.rules.maxBits;
+        json[QLatin1String("gaps")] = event.rules.maySpanGaps;
+    }
     return json;
 }
 

@@ -4,6 +4,7 @@
 
 #include "addresses/export.h"
 #include "exchange/replies/exchange_record.h"
+#include "panel/plan/read_rules.h"
 
 #include <QtCore/QJsonObject>
 #include <QtCore/QList>
@@ -14,13 +15,23 @@ namespace kx
 {
 
 struct LinkEvent {
-    enum Kind { LineLost, LineOpened, LineNeverSilent, LineSilent, StationSilent, StationBack };
+    enum Kind {
+        LineLost,
+        LineOpened,
+        LineNeverSilent,
+        LineSilent,
+        StationSilent,
+        StationBack,
+        RequestsShortened
+    };
     Kind kind = LineLost;
-    int station = 0; ///< of the last two
+    int station = 0;         ///< of the last three
+    StationRules rules = {}; ///< of the last: how the station is asked from now on
 };
 
 /// "line lost", "line open again", "line never silent", "line silent again", "station 2
-/// does not answer", "station 2 answers again".
+/// does not answer", "station 2 answers again", "station 2 refuses requests; it is asked for
+/// at most 62 registers or 2000 coils at once", "...; addresses between are not read along".
 KXRUNTIME_EXPORT QString linkEventText(const LinkEvent& event);
 
 /// "2024-05-17T10:11:12.013 station 2 does not answer".

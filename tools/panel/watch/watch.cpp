@@ -1,6 +1,5 @@
 #include "panel/watch/watch.h"
 
-#include "addresses/watch_pieces.h"
 #include "panel/session/request_checks.h"
 #include "registers/register_types.h"
 
@@ -13,6 +12,10 @@ Watch::Watch(Session* session, QObject* parent) : QObject(parent), m_session(ses
     qRegisterMetaType<QList<int>>("QList<int>");
     connect(session, &Session::valueChanged, this, &Watch::onChange);
     connect(session, &Session::exchanged, this, &Watch::onExchange);
+    connect(session, &Session::stationSilenced, this,
+            [this](int station) { tell(m_list.onSilence(station)); });
+    connect(session, &Session::requestsShortened, this, &Watch::onShortened);
+    connect(session, &Session::cycleFinished, this, &Watch::countCycle);
     connect(session, &Session::lineFailed, this, &Watch::onLineLost);
     connect(session->line(), &Line::interrupted, this, [this] { tellLink(m_link.onLineLost()); });
     connect(session->line(), &Line::opened, this, &Watch::onLineOpened);
@@ -21,19 +24,16 @@ Watch::Watch(Session* session, QObject* parent) : QObject(parent), m_session(ses
 void Watch::setTags(const QList<Tag>& tags)
 {
     QList<Tag> existing;
-    QList<AddressRange> others;
+    QList<PolledRange> polled; // the session tells which of them do not exist
     for (const Tag& tag : tags) {
+        polled << PolledRange{tag.range, qMax(tag.interval, 0)};
         if (rangeRefusal(tag.range).isNone())
             existing << tag;
-        else
-            others << tag.range;
     }
     WatchList list(existing);
     list.keepValuesOf(m_list);
     m_list = list;
-    m_readsPerCycle =
-        m_session->watch(watchPieces(rangesOf(existing), m_session->settings().maxWords) + others);
-    m_readsInCycle = m_hasPolled ? -1 : 0;
+    m_session->watch(polled);
     emit listReplaced();
 }
 
@@ -44,6 +44,7 @@ WatchSummary Watch::summary() const
     summary.timing = m_session->line()->timing();
     summary.elapsed = m_session->elapsed();
     summary.cycles = m_cycles;
+    summary.missed = m_session->missedPolls();
     return summary;
 }
 
@@ -65,25 +66,24 @@ void Watch::onExchange(const ExchangeRecord& record)
 
 void Watch::onRead(const ExchangeRecord& record)
 {
-    m_hasPolled = true;
     if (record.result == REPLY_ACCEPTED)
         tell(m_list.onRead(
             record.job, [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
     else if (record.result == REPLY_FAILED)
         tell(m_list.onFailure(record.job, record.replyKind == ReplyKind::Exception));
-    else
-        return;
-    countRead();
 }
 
-void Watch::countRead()
+void Watch::countCycle()
 {
-    ++m_readsInCycle;
-    if (m_readsPerCycle == 0 || m_readsInCycle < m_readsPerCycle)
-        return;
-    m_readsInCycle = 0;
     ++m_cycles;
     emit cycleFinished(m_cycles);
+}
+
+void Watch::onShortened(int station, const StationRules& rules)
+{
+    LinkEvent event = {LinkEvent::RequestsShortened, station};
+    event.rules = rules;
+    tellLink({event});
 }
 
 void Watch::onLineLost(const Failure& failure)

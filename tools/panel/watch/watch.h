@@ -52,9 +52,8 @@ signals:
     /// Values became known or changed, or the states of addresses did.
     /// @param indexes in the list, rising
     void entriesChanged(const QList<int>& indexes);
-    /// Every cyclic read was answered or failed once more. Changes that the last reply
-    /// brought are still to come. The first cycle after setTags() may end one read late,
-    /// since what was on its way is not counted.
+    /// Every tag of the shortest interval was read once more, failed or was left out since its
+    /// station does not answer. What was on its way at setTags() belongs to no cycle.
     void cycleFinished(qint64 cycles);
     /// The line is lost for good; the session has stopped.
     void lineLost(const kx::Failure& failure);
@@ -63,7 +62,8 @@ private:
     void onChange(const ValueChange& change);
     void onExchange(const ExchangeRecord& record);
     void onRead(const ExchangeRecord& record);
-    void countRead();
+    void countCycle();
+    void onShortened(int station, const StationRules& rules);
     void onLineLost(const Failure& failure);
     void onLineOpened();
     void tell(const QList<int>& indexes);
@@ -73,10 +73,7 @@ private:
     Session* m_session;
     WatchList m_list;
     LinkState m_link;
-    int m_readsPerCycle = 0;
-    int m_readsInCycle = 0; ///< finished; -1: one is on its way that belongs to no cycle
     qint64 m_cycles = 0;
-    bool m_hasPolled = false;
     bool m_isLineLost = false;
 };
 

@@ -191,6 +191,19 @@ QList<int> WatchList::onFailure(const VARIABLE& job, bool refused)
     return changed;
 }
 
+QList<int> WatchList::onSilence(int station)
+{
+    QList<int> changed;
+    for (int index = 0; index < static_cast<int>(m_entries.size()); ++index) {
+        WatchEntry& entry = m_entries[index];
+        if (entry.station != station || entry.state == WatchState::NoAnswer)
+            continue;
+        setState(&entry, WatchState::NoAnswer);
+        changed << index;
+    }
+    return changed;
+}
+
 void WatchList::addPlace(int first, QList<int>* indexes) const
 {
     for (int index = first; index >= 0; index = m_next[static_cast<size_t>(index)])

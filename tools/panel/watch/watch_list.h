@@ -71,6 +71,9 @@ public:
     /// became known, or that answer again.
     QList<int> onRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now);
 
+    /// A station is left out: returns the indexes of its entries whose state changed.
+    QList<int> onSilence(int station);
+
     /// A cyclic read that failed for good: returns the indexes of entries whose
     /// state changed.
     QList<int> onFailure(const VARIABLE& job, bool refused);

@@ -138,7 +138,8 @@ void CommandsUnderFaultsTest::valuesAreRead()
     QCOMPARE(result.errors, QStringList());
     QCOMPARE(result.output, linesOfRead(false));
     QCOMPARE(result.exitCode, 0);
-    QVERIFY(kxsim.count(QStringLiteral("requests")) > VALUES.size());
+    // D100 to D122 are one request, all others one each.
+    QVERIFY(kxsim.count(QStringLiteral("requests")) > VALUES.size() - 2);
 }
 
 void CommandsUnderFaultsTest::zeroesAreReadFromTheSimulatorInside()

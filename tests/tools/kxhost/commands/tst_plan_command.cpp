@@ -30,7 +30,7 @@ void PlanCommandTest::aPlanIsShown()
     QCOMPARE(
         result.output,
         (QStringList{
-            "Request limit 32, 9600 baud, 10 bits per character, turnaround 5.0 ms, frame gap 3.6 "
+            "Request limit auto, 9600 baud, 10 bits per character, turnaround 5.0 ms, frame gap 3.6 "
             "ms",
             "",
             "#  STATION  ADDRESSES     MODBUS                        ASKED  BRIDGED  BYTES OUT  "
@@ -49,31 +49,30 @@ void PlanCommandTest::aPlanIsShown()
             "",
             "Cycle: 2 requests, 16 bytes out, 35 in, 70.4 ms (14.2 cycles/s), line load 75 %",
             "",
-            "Limits 1 to 125 (one limit for registers and bits; Modbus allows 125 registers and "
-            "2000 coils):",
+            "Lengths chosen for this list and line (auto), and limits of 1 to 125 registers up to "
+            "which the driver joins them:",
             "LIMIT  REQUESTS  BYTES OUT  BYTES IN     CYCLE  LOAD  UNREAD",
+            " auto         2         16        35   70.4 ms  75 %       0  <- in use",
             "    1         7         56        48  168.9 ms  64 %       0",
             "    2         4         32        33  102.3 ms  66 %       0",
             "    4         3         24        28   80.1 ms  68 %       0",
-            "   12         2         16        35   70.4 ms  75 %       0  <- best",
-            "   32         2         16        35   70.4 ms  75 %       0  <- in use",
+            "   12         2         16        35   70.4 ms  75 %       0  <- best limit",
             "  125         2         16        35   70.4 ms  75 %       0"}));
     QCOMPARE(result.errors, QStringList());
     QCOMPARE(result.exitCode, 0);
 }
 
-// As kxhost watch asks: the second request is so long that the driver does not join them.
 void PlanCommandTest::bothSidesOfASplit()
 {
     const CommandResult result = runCommand("plan SM250:2 SM256:2");
     const QString shown = result.output.join(QLatin1Char('\n'));
     for (const char* const line :
          {"1        1  SM250 to SM251  coils 4650 to 4651        2        0          8         6",
-          "2        1  SM256 to SM282  coils 30000 to 30026      2       25          8         9"})
+          "2        1  SM256 to SM257  coils 30000 to 30001      2        0          8         6"})
         QVERIFY2(shown.contains(QLatin1String(line)), qPrintable(shown));
     QVERIFY2(!shown.contains(QLatin1String("Warning")), qPrintable(shown));
     QVERIFY2(shown.contains(QLatin1String(
-                 "    2         2         16        12  46.5 ms  63 %       0  <- best")),
+                 " auto         2         16        12  46.5 ms  63 %       0  <- in use")),
              qPrintable(shown));
     QCOMPARE(result.exitCode, 0);
 }
@@ -83,7 +82,7 @@ void PlanCommandTest::theLineCounts()
     // 14 characters of 11 bits at 19200 baud are 8.02 ms, the gap 2.01 ms.
     const CommandResult result = runCommand("plan X0 -b 19200 --parity Even --turnaround 10ms");
     QCOMPARE(result.output.value(0),
-             QString::fromLatin1("Request limit 32, 19200 baud, 11 bits per character, turnaround "
+             QString::fromLatin1("Request limit auto, 19200 baud, 11 bits per character, turnaround "
                                  "10.0 ms, frame gap 2.0 ms"));
     QVERIFY2(result.output.contains(QLatin1String(
                  "Cycle: 1 request, 8 bytes out, 6 in, 20.0 ms (49.9 cycles/s), line load 40 %")),
@@ -97,6 +96,7 @@ void PlanCommandTest::aPlanAsJson()
     const QJsonObject json = QJsonDocument::fromJson(result.output.first().toUtf8()).object();
     QCOMPARE(json.value(QLatin1String("maxWords")).toInt(), 12);
     QCOMPARE(json.value(QLatin1String("best")).toInt(), 12);
+    QCOMPARE(json.value(QLatin1String("auto")).toObject().value("durationUs").toInt(), 47188);
     QCOMPARE(
         QJsonDocument(json.value(QLatin1String("line")).toObject()).toJson(QJsonDocument::Compact),
         QByteArray("{\"baud\":9600,\"bitsPerCharacter\":10,\"frameGapUs\":3646,"
@@ -131,7 +131,7 @@ void PlanCommandTest::wrongUsageIsOneLine_data()
     row("a wrong time", "plan D1 --turnaround 5m",
         "kxhost: --turnaround 5m: must be a time from 0 to 60s, such as 5ms or 800us");
     row("a wrong limit", "plan D1 --max-words 126",
-        "kxhost: --max-words 126: must be a whole number from 1 to 125");
+        "kxhost: --max-words 126: must be a whole number from 1 to 125, or auto");
     row("a wrong baud rate", "plan D1 --baud 0",
         "kxhost: --baud 0: must be a whole number from 1 to 4000000");
     row("a wrong parity", "plan D1 --parity mark",

@@ -120,7 +120,7 @@ void ReadCommandTest::namesOfATagsFileAreShown()
 void ReadCommandTest::longRangesAreCut()
 {
     KxsimProcess controller({"--still", "--set", "D99=9", "--log"});
-    const CommandResult result = readFrom(controller, {"D0:100"});
+    const CommandResult result = readFrom(controller, {"D0:100", "--max-words", "32"});
     QCOMPARE(result.output.size(), 100);
     QCOMPARE(result.output.last(), QStringLiteral("1 D99 9"));
     controller.ask("get D0"); // what kxsim logged has arrived with its answer

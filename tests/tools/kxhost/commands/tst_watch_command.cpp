@@ -53,10 +53,15 @@ void WatchCommandTest::rangesBeyondOneRequest()
     const KxsimProcess simulator(presets("D99=7 M69=1"));
     const CommandResult result = runCommand(on(simulator, "watch D0:100 M0:70 --cycles 1"));
     QCOMPARE(result.exitCode, 0);
-    // 32 + 32 + 32 + 4 registers, 32 + 32 + 6 coils.
-    QVERIFY(holds(result.output, "7 requests in 1 cycle: 7 accepted"));
+    QVERIFY(holds(result.output, "2 requests in 1 cycle: 2 accepted"));
     QVERIFY(holds(result.output, " 1 D99 7"));
     QVERIFY(holds(result.output, " 1 M69 1"));
+    // 32 + 32 + 32 + 4 registers, 40 + 30 coils.
+    const CommandResult limited = runCommand(
+        on(simulator, "watch D0:100 M0:70 --max-words 32 --max-bits 40 --cycles 1"));
+    QVERIFY(holds(limited.output, "6 requests in 1 cycle: 6 accepted"));
+    QVERIFY(holds(limited.output, " 1 D99 7"));
+    QVERIFY(holds(limited.output, " 1 M69 1"));
 }
 
 void WatchCommandTest::changeIsShown()

@@ -41,7 +41,8 @@ void WatchFailuresTest::silentStationFails()
              QStringList({QString::fromLatin1("station 9 does not answer"),
                           QString::fromLatin1("9 D100 no answer"),
                           QString::fromLatin1("9 D101 no answer")}));
-    QVERIFY(holds(result.output, "4 requests in 2 cycles: 0 accepted, 2 repeated, 2 failed"));
+    // A station that is known to be silent is tried once.
+    QVERIFY(holds(result.output, "3 requests in 2 cycles: 0 accepted, 1 repeated, 2 failed"));
 }
 
 void WatchFailuresTest::oneSilentStationOfTwoFails()

@@ -174,9 +174,9 @@ void ConnectionOptionsTest::errors_data()
         "--fault-delay 0: must be a whole number of milliseconds from 1 to 60000");
     row("retries 0", "--simulate -r 0", "--retries 0: must be a whole number from 1 to 100");
     row("length 0", "--simulate --max-words 0",
-        "--max-words 0: must be a whole number from 1 to 125");
+        "--max-words 0: must be a whole number from 1 to 125, or auto");
     row("length 126", "--simulate --max-words 126",
-        "--max-words 126: must be a whole number from 1 to 125");
+        "--max-words 126: must be a whole number from 1 to 125, or auto");
     row("port of the gateway", "--tcp gateway:99999",
         "--tcp gateway:99999: must be HOST or HOST:PORT");
     row("port 0 of the gateway", "--tcp gateway:0", "--tcp gateway:0: must be HOST or HOST:PORT");

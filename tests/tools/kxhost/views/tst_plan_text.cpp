@@ -95,15 +95,21 @@ void PlanTextTest::theBestAndTheOneInUseAreMarked()
     second.maxWords = 2;
     second.cost = costOf(PlanTiming(), 1, 8, 13); // 21 characters are 21.875 ms
     second.unread = 3;
+    LengthResult chosen;
+    chosen.cost = costOf(PlanTiming(), 2, 16, 14); // 30 characters are 31.25 ms
     QCOMPARE(
-        lengthRows({first, second}, 2),
+        lengthRows({first, second}, chosen, 2),
         (QStringList{"LIMIT  REQUESTS  BYTES OUT  BYTES IN    CYCLE  LOAD  UNREAD",
-                     "    1         4         32        28  97.1 ms  64 %       0  <- best",
+                     " auto         2         16        14  48.5 ms  64 %       0",
+                     "    1         4         32        28  97.1 ms  64 %       0  <- best limit",
                      "    2         1          8        13  30.5 ms  72 %       3  <- in use"}));
-    QCOMPARE(lengthRows({first, second}, 1).at(1),
+    QCOMPARE(lengthRows({first, second}, chosen, 1).at(2),
              QString::fromLatin1(
-                 "    1         4         32        28  97.1 ms  64 %       0  <- best, in "
+                 "    1         4         32        28  97.1 ms  64 %       0  <- best limit, in "
                  "use"));
+    QCOMPARE(lengthRows({first, second}, chosen, 0).at(1),
+             QString::fromLatin1(
+                 " auto         2         16        14  48.5 ms  64 %       0  <- in use"));
 }
 
 QTEST_APPLESS_MAIN(PlanTextTest)

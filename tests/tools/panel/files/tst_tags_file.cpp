@@ -20,6 +20,8 @@ private slots:
     void aWrongFileIsRefusedWithFileAndLine_data();
     void aWrongFileIsRefusedWithFileAndLine();
     void aWrongFileLeavesTheTagsAlone();
+    void intervalsAreRead_data();
+    void intervalsAreRead();
     void aFileOnDiskIsRead();
     void aMissingFileIsNamed();
 };
@@ -129,16 +131,16 @@ void TagsFileTest::aWrongFileIsRefusedWithFileAndLine_data()
         QTest::newRow(name) << text << QString::fromLatin1(error);
     };
     const QByteArray header = HEADER;
-    row("empty", "", "tags.csv: no header line; it is name,station,address,count,comment");
+    row("empty", "", "tags.csv: no header line; it is name,station,address,count,every,comment");
     row("a header only", header, "tags.csv: no rows behind the header");
     row("no header", "a,,D7,1,\n",
-        "tags.csv:1: the first line must be the header name,station,address,count,comment, "
+        "tags.csv:1: the first line must be the header name,station,address,count,every,comment, "
         "separated by commas, semicolons or tabs");
     row("a header after comments", "# a\n\nb\n",
-        "tags.csv:3: the first line must be the header name,station,address,count,comment, "
+        "tags.csv:3: the first line must be the header name,station,address,count,every,comment, "
         "separated by commas, semicolons or tabs");
     row("another separator", "name|station|address|count|comment\n",
-        "tags.csv:1: the first line must be the header name,station,address,count,comment, "
+        "tags.csv:1: the first line must be the header name,station,address,count,every,comment, "
         "separated by commas, semicolons or tabs");
     row("too few fields", header + "a,1\n",
         "tags.csv:2: 2 fields separated by commas instead of 3 to 5");
@@ -174,6 +176,41 @@ void TagsFileTest::aWrongFileIsRefusedWithFileAndLine()
     QFETCH(QByteArray, text);
     QFETCH(QString, error);
     QCOMPARE(parsed(text), QStringList{error});
+}
+
+void TagsFileTest::intervalsAreRead_data()
+{
+    QTest::addColumn<QByteArray>("every");
+    QTest::addColumn<int>("interval"); // milliseconds
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* every, int interval, const char* error) {
+        QTest::newRow(every) << QByteArray(every) << interval << QString::fromLatin1(error);
+    };
+    row("", -1, "");
+    row("0", 0, "");
+    row("250", 250, "");
+    row("0.5s", 500, "");
+    row("100us", 1, ""); // no shorter than a millisecond
+    row("1440min", 86400000, "");
+    row("1441min", -1,
+        "tags.csv:2: every 1441min: must be a time from 0 to 1440min, such as 500ms, 10s or 5min");
+    row("often", -1,
+        "tags.csv:2: every often: must be a time from 0 to 1440min, such as 500ms, 10s or 5min");
+}
+
+void TagsFileTest::intervalsAreRead()
+{
+    QFETCH(QByteArray, every);
+    QFETCH(int, interval);
+    QFETCH(QString, error);
+    QList<Tag> tags;
+    QString faulty;
+    const bool isRead = parseTags("name,address,every\na,D7," + every + "\n",
+                                  QStringLiteral("tags.csv"), &tags, &faulty);
+    QCOMPARE(faulty, error);
+    QCOMPARE(isRead, error.isEmpty());
+    if (isRead)
+        QCOMPARE(tags.first().interval, interval);
 }
 
 void TagsFileTest::aWrongFileLeavesTheTagsAlone()

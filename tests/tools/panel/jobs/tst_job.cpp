@@ -17,7 +17,7 @@ const char* const KINDS[] = {"read", "write", "scan", "recipe"};
 std::unique_ptr<Job> makeJob(const QString& kind, Session* session)
 {
     if (kind == QLatin1String("read"))
-        return std::make_unique<ReadJob>(session, QList<Tag>{tagOf("D100@2"), tagOf("D101@2")});
+        return std::make_unique<ReadJob>(session, QList<Tag>{tagOf("D100@2"), tagOf("D201@2")});
     if (kind == QLatin1String("write"))
         return std::make_unique<WriteJob>(
             session, QList<Assignment>{assignmentOf("D100@2=7"), assignmentOf("D101@2=8")});
@@ -31,7 +31,7 @@ std::unique_ptr<Job> makeJob(const QString& kind, Session* session)
 QStringList framesOf(const QString& kind)
 {
     if (kind == QLatin1String("read"))
-        return {"02 03 00 64 00 01", "02 03 00 65 00 01"};
+        return {"02 03 00 64 00 01", "02 03 00 C9 00 01"};
     if (kind == QLatin1String("write"))
         return {"02 06 00 64 00 07", "02 06 00 65 00 08"};
     if (kind == QLatin1String("scan"))

@@ -15,7 +15,7 @@ namespace
 std::unique_ptr<Job> makeJob(const QString& kind, Session* session)
 {
     if (kind == QLatin1String("read"))
-        return std::make_unique<ReadJob>(session, QList<Tag>{tagOf("D0@1"), tagOf("D1@1")});
+        return std::make_unique<ReadJob>(session, QList<Tag>{tagOf("D0@1"), tagOf("D200@1")});
     if (kind == QLatin1String("write"))
         return std::make_unique<WriteJob>(
             session, QList<Assignment>{assignmentOf("D0@1=7"), assignmentOf("D1@1=8")});

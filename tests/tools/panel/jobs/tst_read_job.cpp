@@ -48,10 +48,18 @@ void ReadJobTest::outcomes_data()
         << QStringList{"M2047@1: 1 0"};
     QTest::newRow("a piece that fails is all that the range says")
         << QStringList{"D100:2@9", "D101@1"}
-        << QStringList{"09 03 00 64 00 02", "01 03 00 65 00 01"}
+        << QStringList{"01 03 00 65 00 01", "09 03 00 64 00 02"}
         << QStringList{"D100@9: no reply", "D101@1: 8"};
-    QTest::newRow("the same range twice")
-        << QStringList{"D100@1", "D100@1"} << QStringList{"01 03 00 64 00 01", "01 03 00 64 00 01"}
+    QTest::newRow("near ranges in one request, types and stations in their order")
+        << QStringList{"M2047@1", "D101@1", "D100@1"}
+        << QStringList{"01 01 0F CF 00 01", "01 03 00 64 00 02"}
+        << QStringList{"M2047@1: 1", "D101@1: 8", "D100@1: 7"};
+    QTest::newRow("a silent station is asked once")
+        << QStringList{"D100@9", "M0@9", "D101@1", "D7000@9"}
+        << QStringList{"01 03 00 65 00 01", "09 01 07 D0 00 01"}
+        << QStringList{"D100@9: no reply", "M0@9: no reply", "D101@1: 8", "D7000@9: no reply"};
+    QTest::newRow("the same range twice, read once")
+        << QStringList{"D100@1", "D100@1"} << QStringList{"01 03 00 64 00 01"}
         << QStringList{"D100@1: 7", "D100@1: 7"};
     QTest::newRow("a station left out") << QStringList{"D100"} << QStringList()
                                         << QStringList{"D100@-1: the station must be 1 to 247"};
@@ -102,14 +110,14 @@ void ReadJobTest::aPolledFailureIsNotItsOwn()
 void ReadJobTest::anAbortedOneTellsWhatWasNotRead()
 {
     PollingRun polling;
-    ReadJob job(&polling.session(), {tagOf("D100@1"), tagOf("D101@1"), tagOf("D102@1")});
+    ReadJob job(&polling.session(), {tagOf("D100@1"), tagOf("D300@1"), tagOf("D500@1")});
     QStringList outcomes;
     connect(&job, &ReadJob::rangeFinished, this,
             [&](const ReadOutcome& outcome) { outcomes << textOf(outcome); });
     job.start();
-    QVERIFY(polling.untilOnTheWay(QStringLiteral("01 03 00 65 00 01")));
+    QVERIFY(polling.untilOnTheWay(QStringLiteral("01 03 01 2C 00 01")));
     job.abort(QStringLiteral("interrupted"));
-    QCOMPARE(outcomes, (QStringList{"D100@1: 0", "D101@1: interrupted", "D102@1: interrupted"}));
+    QCOMPARE(outcomes, (QStringList{"D100@1: 0", "D300@1: interrupted", "D500@1: interrupted"}));
 }
 
 void ReadJobTest::nothingToRead()

@@ -36,6 +36,7 @@ private:
     QByteArray nextRequest(int* kind = nullptr);
     int settle(QByteArray reply);
 
+    SystemClock m_clock;
     std::unique_ptr<DriverPort> m_port;
 };
 
@@ -46,7 +47,7 @@ void DriverPortTest::init()
     QVERIFY2(loadDriver(QString::fromLatin1(KX_DRIVER_FILE), &entryPoints, &error),
              qPrintable(error));
     m_port.reset();
-    m_port = std::make_unique<DriverPort>(entryPoints, SessionSettings());
+    m_port = std::make_unique<DriverPort>(entryPoints, SessionSettings(), &m_clock);
     QVERIFY(m_port->isHeld());
 }
 
@@ -85,7 +86,7 @@ void DriverPortTest::aSixthWriteInARowIsGivenUp()
 // The driver ends such a transfer at once and goes on with what is polled.
 void DriverPortTest::aRecipeWithNothingToSendLendsNoKind()
 {
-    m_port->watch({registersOf(0)});
+    m_port->poll({{registersOf(0), 0}});
     _RCP_VAR_PRO variable = _RCP_VAR_PRO();
     variable.station = 1;
     variable.regType = QString::fromLatin1("D");

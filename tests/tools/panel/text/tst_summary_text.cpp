@@ -53,11 +53,12 @@ void SummaryTextTest::rareCountsAreNamedWhenThereAreAny()
     counts.thrownAway = {11, 12, 13, 14, 15};
     counts.heldBack = 21;
     counts.reopened = 22;
+    rare.missed = 23;
     const QStringList lines = summaryRows(rare);
     QCOMPARE(lines.size(), 5);
     QCOMPARE(lines.at(0),
              QString::fromLatin1("36 requests in 12 cycles: 33 accepted, 2 repeated, 1 failed; "
-                                 "5 not whole, so not sent"));
+                                 "23 intervals missed; 5 not whole, so not sent"));
     QCOMPARE(
         lines.at(1),
         QString::fromLatin1(
@@ -131,6 +132,7 @@ void SummaryTextTest::json()
     QCOMPARE(json[QLatin1String("event")].toString(), QString::fromLatin1("summary"));
     QCOMPARE(number("milliseconds"), 2000.0);
     QCOMPARE(number("cycles"), 12.0);
+    QCOMPARE(number("missedIntervals"), 0.0);
     QCOMPARE(number("requests"), 36.0);
     QCOMPARE(number("accepted"), 33.0);
     QCOMPARE(number("repeated"), 2.0);

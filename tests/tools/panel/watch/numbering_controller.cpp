@@ -35,18 +35,25 @@ QByteArray coilsFrom(int first, int count, int coilBit)
     return data;
 }
 
+QByteArray refusalOf(const QByteArray& request, char exception)
+{
+    const char function = static_cast<char>(request.at(1) | 0x80);
+    return withCrc((request.left(1) + function + exception).toHex().constData());
+}
+
 } // namespace
 
 QByteArray NumberingController::replyTo(const QByteArray& request) const
 {
-    if (refuses) {
-        const char function = static_cast<char>(request.at(1) | 0x80);
-        return withCrc((request.left(1) + function + '\2').toHex().constData());
-    }
     const int first = wordAt(request, 2);
     const int count = wordAt(request, 4);
-    const QByteArray data = request.at(1) == READ_COILS ? coilsFrom(first, count, coilBit)
-                                                        : registersFrom(first, count);
+    const bool isOfCoils = request.at(1) == READ_COILS;
+    if (count > (isOfCoils ? mostCoils : mostRegisters))
+        return refusalOf(request, '\3');
+    if (refuses || (missing >= first && missing < first + count))
+        return refusalOf(request, '\2');
+    const QByteArray data =
+        isOfCoils ? coilsFrom(first, count, coilBit) : registersFrom(first, count);
     const QByteArray frame = request.left(2) + static_cast<char>(data.size()) + data;
     return withCrc(frame.toHex().constData());
 }

@@ -14,7 +14,10 @@ public:
     /// A coil holds one bit of its number, the one of this place, 0 to 14.
     static const int COIL_BITS = 15;
     int coilBit = 0;
-    bool refuses = false; ///< every read, as an illegal address
+    bool refuses = false;    ///< every read, as an illegal address
+    int mostRegisters = 125; ///< more in one read are an illegal value
+    int mostCoils = 2000;    ///< more in one read are an illegal value
+    int missing = -1;        ///< the number of a coil and register that is an illegal address
 
     /// @param request a whole read of coils or holding registers
     QByteArray replyTo(const QByteArray& request) const;

@@ -131,6 +131,16 @@ void LinkEventsTest::textAndJson_data()
         R"("station","station":2,"state":"no answer")");
     row({LinkEvent::StationBack, 2}, "station 2 answers again",
         R"("station","station":2,"state":"answering")");
+    LinkEvent shortened = {LinkEvent::RequestsShortened, 2};
+    shortened.rules.maxWords = 62;
+    row(shortened,
+        "station 2 refuses requests; it is asked for at most 62 registers or 2000 coils at once",
+        R"("station","station":2,"state":"short requests","registers":62,"coils":2000,"gaps":true)");
+    shortened.rules.maySpanGaps = false;
+    row(shortened,
+        "station 2 refuses requests; it is asked for at most 62 registers or 2000 coils at once; "
+        "addresses between are not read along",
+        R"("station","station":2,"state":"short requests","registers":62,"coils":2000,"gaps":false)");
 }
 
 void LinkEventsTest::textAndJson()

@@ -27,6 +27,7 @@ private slots:
     void reportWithoutAChangeIsNone();
     void changeOfAnAddressNotWatchedIsNone();
     void failureAndRecovery();
+    void aSilentStationsEntriesAreAllUnanswered();
     void readsInAnyOrderOfTheListAreToldInIts();
     void readsBesideTheTypeCoverWhatIsInIt_data();
     void readsBesideTheTypeCoverWhatIsInIt();
@@ -196,6 +197,18 @@ void WatchListTest::failureAndRecovery()
     // Back again, and told although the value is the same.
     QCOMPARE(list.onRead(read, always(4), 90), QList<int>({0, 1}));
     QVERIFY(list.allAnswered());
+}
+
+void WatchListTest::aSilentStationsEntriesAreAllUnanswered()
+{
+    WatchList list({tagOf("D100:2"), tagOf("D100@2"), tagOf("M0")});
+    list.onRead(job(1, "D", 100, 2), always(4), 50);
+    list.onFailure(job(1, "D", 101, 1), false);
+    QCOMPARE(list.onSilence(1), QList<int>({0, 3}));
+    QCOMPARE(list.entries().at(0).value, qint64(4));
+    QCOMPARE(list.entries().at(2).state, WatchState::NeverRead);
+    QCOMPARE(list.onSilence(1), QList<int>());
+    QCOMPARE(list.onRead(job(1, "D", 100, 2), always(4), 60), QList<int>({0, 1}));
 }
 
 void WatchListTest::readsInAnyOrderOfTheListAreToldInIts()

@@ -1,12 +1,12 @@
-// What `kxhost plan` takes for a time.
+// Times as people type them.
 
-#include "kxhost/options/plan_options.h"
+#include "panel/text/duration.h"
 
 #include <QtTest/QTest>
 
 using namespace kx;
 
-class PlanOptionsTest : public QObject
+class DurationTest : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ private slots:
     void aWrongDurationIsRefused();
 };
 
-void PlanOptionsTest::aDurationIsRead_data()
+void DurationTest::aDurationIsRead_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<qint64>("microseconds");
@@ -29,18 +29,19 @@ void PlanOptionsTest::aDurationIsRead_data()
     QTest::newRow("rounded to whole microseconds") << "0.6us" << qint64(1);
     QTest::newRow("seconds") << "0.1s" << qint64(100000);
     QTest::newRow("nothing") << "0" << qint64(0);
-    QTest::newRow("the longest") << "60s" << qint64(60000000);
+    QTest::newRow("minutes") << "1.5min" << qint64(90000000);
+    QTest::newRow("the longest") << "5min" << qint64(300000000);
 }
 
-void PlanOptionsTest::aDurationIsRead()
+void DurationTest::aDurationIsRead()
 {
     QFETCH(QString, text);
     qint64 microseconds = -1;
-    QVERIFY(parseDuration(text, &microseconds));
+    QVERIFY(parseDuration(text, 300000000, &microseconds));
     QTEST(microseconds, "microseconds");
 }
 
-void PlanOptionsTest::aWrongDurationIsRefused_data()
+void DurationTest::aWrongDurationIsRefused_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("empty") << "";
@@ -48,17 +49,18 @@ void PlanOptionsTest::aWrongDurationIsRefused_data()
     QTest::newRow("another unit") << "5m";
     QTest::newRow("a unit alone") << "ms";
     QTest::newRow("a comma") << "2,5ms";
-    QTest::newRow("longer than a minute") << "60.1s";
+    QTest::newRow("longer than the longest") << "300.1s";
+    QTest::newRow("far longer") << "99999999999999999999s";
     QTest::newRow("a line end") << "5ms\n";
 }
 
-void PlanOptionsTest::aWrongDurationIsRefused()
+void DurationTest::aWrongDurationIsRefused()
 {
     QFETCH(QString, text);
     qint64 microseconds = 7;
-    QVERIFY(!parseDuration(text, &microseconds));
+    QVERIFY(!parseDuration(text, 300000000, &microseconds));
     QCOMPARE(microseconds, qint64(7));
 }
 
-QTEST_APPLESS_MAIN(PlanOptionsTest)
-#include "tst_plan_options.moc"
+QTEST_APPLESS_MAIN(DurationTest)
+#include "tst_duration.moc"

@@ -1,0 +1,238 @@
+// Requests that take the least time on the line.
+
+#include "panel/plan/least_time.h"
+
+#include "registers/register_types.h"
+#include "tools/panel/plan/plain_cover.h"
+#include "tools/panel/plan/range_texts.h"
+#include "tools/panel/plan/tag_lists.h"
+
+#include "support/growth.h"
+
+#include <QtTest/QTest>
+
+#include <random>
+
+using namespace kx;
+
+class LeastTimeTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void requestsSpanWhatIsWorthIt_data();
+    void requestsSpanWhatIsWorthIt();
+    void noRequestIsLongerThanAllowed_data();
+    void noRequestIsLongerThanAllowed();
+    void stationsAreAskedTheirOwnWay();
+    void noPlanTakesLess_data();
+    void noPlanTakesLess();
+    void randomListsTakeNoMoreThanThePlainCover();
+    void whatOthersReadIsNotReadAgain_data();
+    void whatOthersReadIsNotReadAgain();
+    void eightyThousandCoilsCostTenTimesEightThousand();
+};
+
+namespace
+{
+
+ReadRules rulesAt(int baud)
+{
+    ReadRules rules;
+    rules.line.baud = baud;
+    return rules;
+}
+
+} // namespace
+
+// At 9600 baud a character takes 1041.667 us, the frame gap 3646 us. A further request costs
+// 13 characters, 5000 us of turnaround and a gap: 22188 us, or 21.3 characters: ten registers.
+void LeastTimeTest::requestsSpanWhatIsWorthIt_data()
+{
+    QTest::addColumn<QString>("watched");
+    QTest::addColumn<int>("baud");
+    QTest::addColumn<QString>("pieces");
+    QTest::newRow("nothing") << "" << 9600 << "";
+    QTest::newRow("a gap of ten registers is read along") << "D0@1 D11@1" << 9600 << "D0:12@1";
+    QTest::newRow("a gap of eleven is not") << "D0@1 D12@1" << 9600 << "D0:1@1 D12:1@1";
+    // 86.806 us; 13 characters, 5000 us and 1750 us: 7878 us, 90.8 characters: 45 registers.
+    QTest::newRow("at 115200 baud a gap of 45 is") << "D0@1 D46@1" << 115200 << "D0:47@1";
+    QTest::newRow("at 115200 baud a gap of 46 is not")
+        << "D0@1 D47@1" << 115200 << "D0:1@1 D47:1@1";
+    // Two registers each: five counters are ten registers.
+    QTest::newRow("a gap of five counters is read along")
+        << "32CV200@1 32CV206@1" << 9600 << "32CV200:7@1";
+    QTest::newRow("a gap of six counters is not")
+        << "32CV200@1 32CV207@1" << 9600 << "32CV200:1@1 32CV207:1@1";
+    // M0 to M183 are 23 bytes, 21 more than two of one byte; M184 would need one more.
+    QTest::newRow("coils cost a byte for each eight") << "M0@1 M183@1" << 9600 << "M0:184@1";
+    QTest::newRow("a byte more is too much") << "M0@1 M184@1" << 9600 << "M0:1@1 M184:1@1";
+    QTest::newRow("wherever in a byte they begin") << "M5@1 M188@1" << 9600 << "M5:184@1";
+    QTest::newRow("wherever in a byte they end") << "M5@1 M189@1" << 9600 << "M5:1@1 M189:1@1";
+    QTest::newRow("any order, twice, overlapping")
+        << "D8:4@1 D0:2@1 D0:2@1 D1:3@1" << 9600 << "D0:12@1";
+    QTest::newRow("stations and types apart")
+        << "D1@2 D0@1 CV0@1 D1@1" << 9600 << "D0:2@1 CV0:1@1 D1:1@2";
+}
+
+void LeastTimeTest::requestsSpanWhatIsWorthIt()
+{
+    QFETCH(QString, watched);
+    QFETCH(int, baud);
+    QTEST(textOfRanges(leastTimePieces(rangesOf(watched), rulesAt(baud))), "pieces");
+}
+
+void LeastTimeTest::noRequestIsLongerThanAllowed_data()
+{
+    QTest::addColumn<QString>("watched");
+    QTest::addColumn<int>("maxWords");
+    QTest::addColumn<int>("maxBits");
+    QTest::addColumn<QString>("pieces");
+    QTest::newRow("registers") << "D0:300@1" << 125 << 2000 << "D0:125@1 D125:125@1 D250:50@1";
+    QTest::newRow("counters, two registers each")
+        << "32CV200:56@1" << 63 << 2000 << "32CV200:31@1 32CV231:25@1";
+    QTest::newRow("a counter is not cut") << "32CV200:2@1" << 1 << 1 << "32CV200:1@1 32CV201:1@1";
+    QTest::newRow("coils") << "M0:2048@1" << 1 << 2000 << "M0:2000@1 M2000:48@1";
+    QTest::newRow("M from 2048 on stands elsewhere")
+        << "M2040:16@1" << 125 << 2000 << "M2040:8@1 M2048:8@1";
+    QTest::newRow("SM from 256 on stands elsewhere")
+        << "SM255@1 SM256@1" << 125 << 2000 << "SM255:1@1 SM256:1@1";
+    QTest::newRow("SD from 256 on stands elsewhere")
+        << "SD250:12@1" << 125 << 2000 << "SD250:6@1 SD256:6@1";
+    QTest::newRow("Z15 follows Z14") << "Z0:16@1" << 125 << 2000 << "Z0:16@1";
+}
+
+void LeastTimeTest::noRequestIsLongerThanAllowed()
+{
+    QFETCH(QString, watched);
+    QFETCH(int, maxWords);
+    QFETCH(int, maxBits);
+    ReadRules rules = rulesAt(9600);
+    rules.usual.maxWords = maxWords;
+    rules.usual.maxBits = maxBits;
+    QTEST(textOfRanges(leastTimePieces(rangesOf(watched), rules)), "pieces");
+}
+
+void LeastTimeTest::stationsAreAskedTheirOwnWay()
+{
+    ReadRules rules = rulesAt(9600);
+    rules.stations[2].maxWords = 4;
+    rules.stations[3].maySpanGaps = false;
+    rules.stations[4].turnaround = 50000; // 54688 us for a further request: 32 registers
+    QList<AddressRange> ranges;
+    for (const int station : {1, 2, 3, 4}) {
+        for (AddressRange range : rangesOf(QStringLiteral("D0:6@1 D12@1 D45@1"))) {
+            range.station = station;
+            ranges << range;
+        }
+    }
+    QCOMPARE(textOfRanges(leastTimePieces(ranges, rules)),
+             QStringLiteral("D0:13@1 D45:1@1 D0:4@2 D4:2@2 D12:1@2 D45:1@2 D0:6@3 D12:1@3 D45:1@3 "
+                            "D0:46@4"));
+}
+
+void LeastTimeTest::noPlanTakesLess_data()
+{
+    QTest::addColumn<int>("baud");
+    QTest::newRow("9600 baud") << 9600;
+    QTest::newRow("115200 baud") << 115200;
+}
+
+// The lists that a panel has, against a cover found by trying all.
+void LeastTimeTest::noPlanTakesLess()
+{
+    QFETCH(int, baud);
+    const ReadRules rules = rulesAt(baud);
+    for (const TagList& list : tagLists()) {
+        const QList<AddressRange> pieces = leastTimePieces(list.ranges, rules);
+        const double time = timeOf(pieces, rules.line, rules.usual.turnaround);
+        const double least = leastTime(list.ranges, rules.line, rules.usual.turnaround);
+        QVERIFY2(faultOfCover(list.ranges, pieces).isEmpty(),
+                 qPrintable(list.name + QLatin1String(": ") + faultOfCover(list.ranges, pieces)));
+        QVERIFY2(time <= least * 1.0001,
+                 qPrintable(
+                     QStringLiteral("%1: %2 us, least %3 us").arg(list.name).arg(time).arg(least)));
+    }
+}
+
+void LeastTimeTest::randomListsTakeNoMoreThanThePlainCover()
+{
+    std::mt19937 source(7);
+    const char* const types[] = {"X", "M", "SM", "D", "SD", "32CV"};
+    for (int round = 0; round < 300; ++round) {
+        QList<AddressRange> ranges;
+        const auto density = 1 + source() % 60;
+        const auto count = 1 + source() % 80;
+        for (auto i = count; i > 0; --i) {
+            AddressRange range = rangesOf(QStringLiteral("32CV200@1")).first();
+            range.type = findRegisterType(QLatin1String(types[source() % 6]));
+            const int span = range.type->limit - range.type->lowestAddress - 4;
+            range.address =
+                range.type->lowestAddress + static_cast<int>(source() % (10 * density)) % span;
+            range.values = 1 + static_cast<int>(source() % 3);
+            range.station = 1 + static_cast<int>(source() % 2);
+            ranges << range;
+        }
+        ReadRules rules = rulesAt(round % 2 == 0 ? 9600 : 115200);
+        rules.usual.turnaround = static_cast<qint64>(source() % 20000);
+        const QList<AddressRange> pieces = leastTimePieces(ranges, rules);
+        QCOMPARE(faultOfCover(ranges, pieces), QString());
+        const double least = leastTime(ranges, rules.line, rules.usual.turnaround);
+        QVERIFY(timeOf(pieces, rules.line, rules.usual.turnaround) <= least * 1.0001);
+    }
+}
+
+void LeastTimeTest::whatOthersReadIsNotReadAgain_data()
+{
+    QTest::addColumn<QString>("ranges");
+    QTest::addColumn<QString>("others");
+    QTest::addColumn<QString>("beyond");
+    QTest::newRow("none") << "D0:3@1"
+                          << ""
+                          << "D0:3@1";
+    QTest::newRow("another station") << "D0@1"
+                                     << "D0@2"
+                                     << "D0:1@1";
+    QTest::newRow("another type") << "D0@1"
+                                  << "CV0@1"
+                                  << "D0:1@1";
+    QTest::newRow("all") << "D1:2@1"
+                         << "D0:9@1"
+                         << "";
+    QTest::newRow("the middle") << "D0:10@1"
+                                << "D3:2@1 D6@1"
+                                << "D0:3@1 D5:1@1 D7:3@1";
+    QTest::newRow("both ends") << "D5:10@1"
+                               << "D0:6@1 D14:9@1"
+                               << "D6:8@1";
+}
+
+void LeastTimeTest::whatOthersReadIsNotReadAgain()
+{
+    QFETCH(QString, ranges);
+    QFETCH(QString, others);
+    QTEST(textOfRanges(rangesBeyond(rangesOf(ranges), rangesOf(others))), "beyond");
+}
+
+void LeastTimeTest::eightyThousandCoilsCostTenTimesEightThousand()
+{
+    const auto cost = [](int coils) {
+        QList<AddressRange> ranges;
+        for (int i = 0; i < coils; ++i) {
+            AddressRange range = rangesOf(QStringLiteral("M0@1")).first();
+            range.address = i * 7 % 8000;
+            range.station = 1 + i / 8000;
+            ranges << range;
+        }
+        const std::clock_t begin = std::clock();
+        if (leastTimePieces(ranges, rulesAt(9600)).isEmpty())
+            qFatal("nothing is read");
+        return std::clock() - begin;
+    };
+    const double times = growth(cost, 8000, 80000);
+    QVERIFY2(times < 16, qPrintable(QString::number(times)));
+}
+
+QTEST_APPLESS_MAIN(LeastTimeTest)
+
+#include "tst_least_time.moc"

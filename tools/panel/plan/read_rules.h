@@ -1,0 +1,40 @@
+/// What requests cost on a line, and how long they may be.
+#ifndef KX_PANEL_PLAN_READ_RULES_H
+#define KX_PANEL_PLAN_READ_RULES_H
+
+#include "addresses/request_limits.h"
+#include "exchange/lines/line_timing.h"
+
+#include <QtCore/QHash>
+
+namespace kx
+{
+
+/// How a station wants to be asked.
+struct StationRules {
+    /// Microseconds from the end of a request to the first character of the reply. The station
+    /// must first hear the frame gap, so it counts at least that.
+    qint64 turnaround = 5000;
+    int maxWords = MOST_REGISTERS_PER_READ; ///< registers of one request; a 32CV is never cut
+    int maxBits = MOST_COILS_PER_READ;      ///< coils of one request
+    /// Addresses that nobody wants may be read along.
+    bool maySpanGaps = true;
+};
+
+inline bool operator==(const StationRules& one, const StationRules& other)
+{
+    return one.turnaround == other.turnaround && one.maxWords == other.maxWords
+           && one.maxBits == other.maxBits && one.maySpanGaps == other.maySpanGaps;
+}
+
+struct ReadRules {
+    LineTiming line; ///< behind a gateway: of its serial line
+    StationRules usual;
+    QHash<int, StationRules> stations; ///< those that differ
+
+    StationRules of(int station) const { return stations.value(station, usual); }
+};
+
+} // namespace kx
+
+#endif

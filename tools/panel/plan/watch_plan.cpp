@@ -1,0 +1,56 @@
+#include "panel/plan/watch_plan.h"
+
+#include "panel/plan/least_time.h"
+#include "panel/plan/plan_driver.h"
+#include "registers/register_types.h"
+
+namespace kx
+{
+
+namespace
+{
+
+const int REQUEST_BYTES = 8;
+const int REPLY_BYTES = 5; // besides the values
+const int COILS_PER_BYTE = 8;
+
+PlannedRequest requestFor(const AddressRange& piece)
+{
+    PlannedRequest request;
+    request.station = piece.station;
+    request.type = piece.type;
+    request.address = piece.address;
+    request.count = piece.driverCount();
+    request.bytesSent = REQUEST_BYTES;
+    request.bytesExpected = REPLY_BYTES
+                            + (piece.type->registerClass == BIT_CLASS
+                                   ? (request.count + COILS_PER_BYTE - 1) / COILS_PER_BYTE
+                                   : request.count * BYTES_PER_REGISTER);
+    return request;
+}
+
+} // namespace
+
+Plan chosenPlan(const QList<AddressRange>& watched, const ReadRules& rules)
+{
+    Plan plan;
+    for (const AddressRange& piece : leastTimePieces(watched, rules))
+        plan.requests << requestFor(piece);
+    return plan;
+}
+
+std::optional<Plan> limitedPlan(const DriverEntryPoints& entryPoints,
+                                const QList<AddressRange>& watched, int maxWords,
+                                const ReadRules& rules)
+{
+    QList<AddressRange> ofCoils;
+    QList<AddressRange> ofRegisters;
+    for (const AddressRange& range : watched)
+        (range.type->registerClass == BIT_CLASS ? ofCoils : ofRegisters) << range;
+    std::optional<Plan> plan = askForPlan(entryPoints, ofRegisters, maxWords);
+    if (plan)
+        plan->requests = chosenPlan(ofCoils, rules).requests + plan->requests;
+    return plan;
+}
+
+} // namespace kx

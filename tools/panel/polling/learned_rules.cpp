@@ -1,0 +1,68 @@
+#include "panel/polling/learned_rules.h"
+
+#include "registers/register_types.h"
+
+#include <cmath>
+
+namespace kx
+{
+
+namespace
+{
+
+const double SHARE_OF_LATEST = 1.0 / 8; // in the smoothed turnaround
+const double FAR_OFF = 0.25;            // of the turnaround that was planned with
+const double FAR_ENOUGH = 1000;         // microseconds
+const int SHORTEST_LIMIT[] = {16, 128}; // registers, coils: any controller answers so many
+
+bool isOfCoils(const AddressRange& range)
+{
+    return range.type->registerClass == BIT_CLASS;
+}
+
+} // namespace
+
+void LearnedRules::onAnswer(const AddressRange& asked, qint64 turnaround)
+{
+    Learned& learned = m_stations[asked.station];
+    int& longest = learned.longest[isOfCoils(asked)];
+    longest = qMax(longest, asked.driverCount());
+    const double latest = static_cast<double>(qMax(turnaround, qint64(0)));
+    learned.turnaround = learned.turnaround < 0
+                             ? latest
+                             : learned.turnaround + (latest - learned.turnaround) * SHARE_OF_LATEST;
+}
+
+bool LearnedRules::onRefusal(const AddressRange& asked, bool spansGap)
+{
+    const bool isCoils = isOfCoils(asked);
+    const int count = asked.driverCount();
+    StationRules rules = m_rules.of(asked.station);
+    int& limit = isCoils ? rules.maxBits : rules.maxWords;
+    if (count > m_stations.value(asked.station).longest[isCoils] && count > SHORTEST_LIMIT[isCoils])
+        limit = qMin(limit, qMax(count / 2, SHORTEST_LIMIT[isCoils]));
+    else if (spansGap)
+        rules.maySpanGaps = false;
+    const bool isNew = !(rules == m_rules.of(asked.station));
+    if (isNew)
+        m_rules.stations.insert(asked.station, rules);
+    return isNew;
+}
+
+bool LearnedRules::takeTurnarounds()
+{
+    bool isFarOff = false;
+    for (auto station = m_stations.cbegin(); station != m_stations.cend(); ++station) {
+        const auto planned = static_cast<double>(m_rules.of(station.key()).turnaround);
+        const double off = std::abs(station->turnaround - planned);
+        if (station->turnaround >= 0 && off > FAR_ENOUGH && off > planned * FAR_OFF) {
+            StationRules rules = m_rules.of(station.key());
+            rules.turnaround = std::llround(station->turnaround);
+            m_rules.stations.insert(station.key(), rules);
+            isFarOff = true;
+        }
+    }
+    return isFarOff;
+}
+
+} // namespace kx

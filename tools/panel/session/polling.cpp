@@ -1,0 +1,113 @@
+#include "panel/session/polling.h"
+
+#include "data/reply_handling.h"
+#include "panel/plan/watched_ranges.h"
+#include "panel/polling/poll_plan.h"
+#include "panel/session/driver_values.h"
+
+namespace kx
+{
+
+namespace
+{
+
+const qint64 BETWEEN_PLANS = 5000000; // microseconds, for turnarounds that change
+const int ILLEGAL_DATA_ADDRESS = 2;
+const int ILLEGAL_DATA_VALUE = 3;
+
+ReadRules rulesFor(const SessionSettings& settings)
+{
+    ReadRules rules;
+    rules.usual.maxWords = settings.maxWords;
+    rules.usual.maxBits = settings.maxBits;
+    return rules;
+}
+
+LineTiming timingOf(const Line& line, const SessionSettings& settings)
+{
+    LineTiming timing = line.timing();
+    if (timing.baud <= 0)
+        timing.baud = settings.gatewayBaud;
+    return timing;
+}
+
+bool isAddressRefused(const ExchangeRecord& record)
+{
+    return record.replyKind == ReplyKind::Exception
+           && (record.exceptionCode == ILLEGAL_DATA_ADDRESS
+               || record.exceptionCode == ILLEGAL_DATA_VALUE);
+}
+
+bool spansGap(const AddressRange& asked, const QList<PolledRange>& wanted)
+{
+    QList<AddressRange> ranges;
+    for (const PolledRange& polled : wanted)
+        ranges << polled.range;
+    int covered = 0;
+    for (const AddressRange& part : WatchedRanges(ranges).within(asked))
+        covered += part.values;
+    return covered < asked.values;
+}
+
+} // namespace
+
+Polling::Polling(DriverPort* port, const Line* line, const SessionSettings& settings,
+                 const LoopClock* clock)
+    : m_port(port),
+      m_line(line),
+      m_settings(settings),
+      m_clock(clock),
+      m_learned(rulesFor(settings))
+{
+}
+
+int Polling::replace(const QList<PolledRange>& ranges)
+{
+    m_ranges = ranges;
+    return plan();
+}
+
+int Polling::plan()
+{
+    m_learned.setLine(timingOf(*m_line, m_settings));
+    RegisterPlanner registers;
+    if (!m_settings.choosesLengths)
+        registers = [this](const QList<AddressRange>& ranges) { return m_port->joined(ranges); };
+    const QList<PolledRange> polls = plannedPolls(m_ranges, m_learned.rules(), registers);
+    m_port->poll(polls);
+    m_plannedAt = m_clock->now();
+    return static_cast<int>(polls.size());
+}
+
+PollEvents Polling::onExchange(const ExchangeRecord& record)
+{
+    PollEvents events;
+    if (record.result == REPLY_RETRY || !m_port->polls().hasTaken())
+        return events;
+    const PollSchedule::Step step = m_port->polls().end(record);
+    events.endsCycle = step.endsCycle;
+    events.silenced = step.silenced;
+    if (!m_settings.choosesLengths)
+        return events;
+    if (learn(record)) {
+        events.shortened = record.job.station;
+        events.endsCycle = false; // it is asked for otherwise first
+        plan();
+    } else if (step.endsCycle && m_clock->now() >= m_plannedAt + BETWEEN_PLANS
+               && m_learned.takeTurnarounds()) {
+        plan();
+    }
+    return events;
+}
+
+/// Whether the station is to be asked otherwise from now on.
+bool Polling::learn(const ExchangeRecord& record)
+{
+    const AddressRange asked = rangeOf(record.job);
+    if (record.result == REPLY_ACCEPTED && record.turnaround >= 0)
+        m_learned.onAnswer(asked, record.turnaround);
+    return record.result == REPLY_FAILED && isAddressRefused(record)
+           && m_learned.onRefusal(asked, spansGap(asked, m_ranges));
+}
+
+} // namespace kx

@@ -1,0 +1,18 @@
+/// Times as people type them.
+#ifndef KX_PANEL_TEXT_DURATION_H
+#define KX_PANEL_TEXT_DURATION_H
+
+#include "addresses/export.h"
+
+#include <QtCore/QString>
+
+namespace kx
+{
+
+/// "5ms", "5", "2.5 ms", "800us", "0.1s" or "5min" as microseconds, at most `longest`; false for
+/// anything else. A bare number is milliseconds.
+KXRUNTIME_EXPORT bool parseDuration(const QString& text, qint64 longest, qint64* microseconds);
+
+} // namespace kx
+
+#endif
