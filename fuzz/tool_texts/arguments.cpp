@@ -2,7 +2,7 @@
 #include "kxhost/options/offline_options.h"
 #include "kxhost/options/plan_options.h"
 #include "kxhost/options/tags_arguments.h"
-#include "kxsim/options.h"
+#include "kxsim/options/options.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
 

@@ -1,6 +1,6 @@
 // The smallest runtime polls the simulated controller over a pseudo-terminal.
 
-#include "kxsim/pseudo_terminal.h"
+#include "kxsim/line/pseudo_terminal.h"
 #include "kxsim_process.h"
 #include "support/driver_fixture.h"
 

@@ -1,8 +1,8 @@
 // kxsim: simulated controllers on a pseudo-terminal or a serial port.
 
-#include "kxsim/options.h"
-#include "kxsim/pseudo_terminal.h"
-#include "kxsim/simulator.h"
+#include "kxsim/line/pseudo_terminal.h"
+#include "kxsim/options/options.h"
+#include "kxsim/service/simulator.h"
 #include "system/printable_text.h"
 #include "system/standard_streams.h"
 

@@ -3,8 +3,8 @@
 #define KX_TESTS_TOOLS_FAULTS_FAULTY_LINE_H
 
 #include "exchange/lines/line.h"
-#include "kxsim/line_faults.h"
-#include "kxsim/request_server.h"
+#include "kxsim/faults/line_faults.h"
+#include "kxsim/requests/request_server.h"
 #include "tools/faults/virtual_clock.h"
 
 namespace kx

@@ -3,7 +3,7 @@
 #ifndef KX_TESTS_TOOLS_FAULTS_IDENTIFYING_MEMORY_H
 #define KX_TESTS_TOOLS_FAULTS_IDENTIFYING_MEMORY_H
 
-#include "kxsim/stations.h"
+#include "kxsim/memory/stations.h"
 
 #include <QtCore/QByteArray>
 

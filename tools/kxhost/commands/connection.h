@@ -2,7 +2,7 @@
 #define KX_KXHOST_COMMANDS_CONNECTION_H
 
 #include "kxhost/options/connection_options.h"
-#include "kxsim/simulated_line.h"
+#include "kxsim/service/simulated_line.h"
 #include "panel/session/session.h"
 
 #include <memory>

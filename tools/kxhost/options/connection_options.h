@@ -3,7 +3,7 @@
 #define KX_KXHOST_OPTIONS_CONNECTION_OPTIONS_H
 
 #include "exchange/connection.h"
-#include "kxsim/fault_plan.h"
+#include "kxsim/faults/fault_plan.h"
 #include "panel/session/session_settings.h"
 
 #include <QtCore/QCommandLineParser>

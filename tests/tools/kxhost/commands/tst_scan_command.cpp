@@ -1,7 +1,7 @@
 // `kxhost scan` as a process, against simulated controllers on a pseudo-terminal.
 
 #include "command_process.h"
-#include "kxsim/simulated_line.h"
+#include "kxsim/service/simulated_line.h"
 #include "watch_process.h"
 
 #include <QtCore/QRegularExpression>

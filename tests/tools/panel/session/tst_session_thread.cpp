@@ -1,7 +1,7 @@
 // A session at work in a thread of its own, and back on the main thread.
 
 #include "exchange/lines/serial_line.h"
-#include "kxsim/simulated_line.h"
+#include "kxsim/service/simulated_line.h"
 #include "panel/session/session.h"
 #include "registers/register_types.h"
 #include "support/driver_fixture.h"

@@ -1,0 +1,80 @@
+#include "kxsim/line/pseudo_terminal.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <stdlib.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace kxsim
+{
+
+namespace
+{
+
+const size_t LONGEST_NAME = 128;
+
+bool makeRaw(int terminal)
+{
+    termios settings;
+    if (tcgetattr(terminal, &settings) != 0)
+        return false;
+    cfmakeraw(&settings);
+    return tcsetattr(terminal, TCSANOW, &settings) == 0;
+}
+
+void closeIfOpen(int descriptor)
+{
+    if (descriptor >= 0)
+        close(descriptor);
+}
+
+} // namespace
+
+std::unique_ptr<PseudoTerminal> PseudoTerminal::open(QString* error)
+{
+    std::unique_ptr<PseudoTerminal> terminal(new PseudoTerminal);
+    if (terminal->openBothEnds())
+        return terminal;
+    *error = QStringLiteral("cannot open a pseudo-terminal: %1")
+                 .arg(QString::fromLocal8Bit(std::strerror(errno)));
+    return nullptr;
+}
+
+bool PseudoTerminal::openBothEnds()
+{
+    m_descriptor = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    char name[LONGEST_NAME];
+    if (m_descriptor < 0 || grantpt(m_descriptor) != 0 || unlockpt(m_descriptor) != 0
+        || ptsname_r(m_descriptor, name, sizeof name) != 0)
+        return false;
+    m_name = QString::fromLocal8Bit(name);
+    m_hostEnd = ::open(name, O_RDWR | O_NOCTTY | O_CLOEXEC);
+    return m_hostEnd >= 0 && makeRaw(m_hostEnd);
+}
+
+PseudoTerminal::~PseudoTerminal()
+{
+    closeIfOpen(m_hostEnd);
+    closeIfOpen(m_descriptor);
+}
+
+bool PseudoTerminal::reopen()
+{
+    const int oldDescriptor = m_descriptor;
+    const int oldHostEnd = m_hostEnd;
+    m_hostEnd = -1;
+    // The link leads to the new device before hosts lose the old one.
+    const bool isOpen = openBothEnds() && m_link.turnTo(m_name);
+    closeIfOpen(oldHostEnd);
+    closeIfOpen(oldDescriptor);
+    return isOpen;
+}
+
+bool PseudoTerminal::linkFrom(const QString& path, QString* error)
+{
+    return m_link.make(path, m_name, error);
+}
+
+} // namespace kxsim

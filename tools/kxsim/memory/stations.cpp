@@ -1,0 +1,65 @@
+#include "kxsim/memory/stations.h"
+
+namespace kxsim
+{
+
+namespace
+{
+
+void presetMemory(ControllerMemory& memory, const kx::Assignment& assignment)
+{
+    int address = assignment.range.address;
+    for (const qint64 value : assignment.values)
+        memory.preset(assignment.range.type, address++, static_cast<quint32>(value));
+}
+
+QString notSimulated(const kx::AddressRange& range)
+{
+    return QStringLiteral("%1@%2: station %2 is not simulated")
+        .arg(kx::addressText(range.type, range.address))
+        .arg(range.station);
+}
+
+} // namespace
+
+Stations::Stations(const QList<int>& numbers)
+{
+    for (const int number : numbers)
+        m_memories[number];
+}
+
+ControllerMemory* Stations::memory(int station)
+{
+    const auto found = m_memories.find(station);
+    return found == m_memories.end() ? nullptr : &found->second;
+}
+
+bool Stations::preset(const kx::Assignment& assignment, QString* error)
+{
+    if (assignment.range.station < 0) {
+        for (auto& [station, stationMemory] : m_memories)
+            presetMemory(stationMemory, assignment);
+        return true;
+    }
+    ControllerMemory* const named = memory(assignment.range.station);
+    if (named)
+        presetMemory(*named, assignment);
+    else
+        *error = notSimulated(assignment.range);
+    return named != nullptr;
+}
+
+bool Stations::values(const kx::AddressRange& range, QList<quint32>* values, QString* error)
+{
+    const ControllerMemory* const named =
+        range.station < 0 ? &m_memories.begin()->second : memory(range.station);
+    if (!named) {
+        *error = notSimulated(range);
+        return false;
+    }
+    for (int address = range.address; address < range.address + range.values; ++address)
+        values->append(named->value(range.type, address));
+    return true;
+}
+
+} // namespace kxsim

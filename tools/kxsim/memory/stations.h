@@ -1,0 +1,40 @@
+/// The simulated controllers of one line, each with its own memory.
+#ifndef KX_KXSIM_MEMORY_STATIONS_H
+#define KX_KXSIM_MEMORY_STATIONS_H
+
+#include "addresses/address_text.h"
+#include "kxsim/memory/controller_memory.h"
+
+#include <QtCore/QList>
+
+#include <map>
+
+namespace kxsim
+{
+
+class Stations
+{
+public:
+    /// One controller per station number, 1 to 247; at least one.
+    explicit Stations(const QList<int>& numbers);
+
+    /// The memory of that station, or null when it is not simulated.
+    ControllerMemory* memory(int station);
+
+    /// All memories by station number.
+    std::map<int, ControllerMemory>& all() { return m_memories; }
+
+    /// Presets in the named station, or in all when none is named. Returns false
+    /// and one line in `*error` when the named station is not simulated.
+    bool preset(const kx::Assignment& assignment, QString* error);
+
+    /// Values in the named station, or in the lowest when none is named.
+    bool values(const kx::AddressRange& range, QList<quint32>* values, QString* error);
+
+private:
+    std::map<int, ControllerMemory> m_memories;
+};
+
+} // namespace kxsim
+
+#endif

@@ -1,0 +1,73 @@
+#include "kxsim/service/simulated_line.h"
+
+#include "kxsim/line/pseudo_terminal.h"
+#include "kxsim/service/simulator.h"
+
+#include <QtCore/QTemporaryDir>
+
+#include <thread>
+#include <utility>
+
+namespace kxsim
+{
+
+struct SimulatedLine::Parts {
+    Parts(std::unique_ptr<PseudoTerminal> openTerminal, Stations presetStations,
+          const Simulation& simulation)
+        : terminal(std::move(openTerminal)),
+          stations(std::move(presetStations)),
+          simulator(terminal.get(), &stations, simulation.moves, simulation.faults),
+          portName(terminal->name())
+    {
+    }
+
+    QTemporaryDir folder; ///< of the link
+    std::unique_ptr<PseudoTerminal> terminal;
+    Stations stations;
+    Simulator simulator;
+    QString portName;
+    std::thread thread;
+};
+
+SimulatedLine::SimulatedLine(std::unique_ptr<Parts> parts) : m_parts(std::move(parts))
+{
+    Simulator& simulator = m_parts->simulator;
+    m_parts->thread = std::thread([&simulator] { simulator.run(); });
+}
+
+std::unique_ptr<SimulatedLine> SimulatedLine::start(const Simulation& simulation, QString* error)
+{
+    Stations stations(simulation.stations);
+    for (const kx::Assignment& preset : simulation.presets) {
+        if (!stations.preset(preset, error))
+            return nullptr;
+    }
+    std::unique_ptr<PseudoTerminal> terminal = PseudoTerminal::open(error);
+    if (!terminal)
+        return nullptr;
+    auto parts = std::make_unique<Parts>(std::move(terminal), std::move(stations), simulation);
+    if (simulation.faults.holds(Fault::Close)) {
+        parts->portName = parts->folder.filePath(QStringLiteral("line"));
+        if (!parts->terminal->linkFrom(parts->portName, error))
+            return nullptr;
+    }
+    return std::unique_ptr<SimulatedLine>(new SimulatedLine(std::move(parts)));
+}
+
+SimulatedLine::~SimulatedLine()
+{
+    m_parts->simulator.stop();
+    m_parts->thread.join();
+}
+
+QString SimulatedLine::portName() const
+{
+    return m_parts->portName;
+}
+
+QString SimulatedLine::command(const QString& line)
+{
+    return m_parts->simulator.command(line);
+}
+
+} // namespace kxsim

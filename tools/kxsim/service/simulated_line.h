@@ -1,0 +1,58 @@
+/// Simulated controllers inside the calling program: a serial line that a host
+/// opens like any other, served by a thread of its own.
+///
+///     QString error;
+///     const auto line = kxsim::SimulatedLine::start(kxsim::Simulation(), &error);
+///     if (line)
+///         openPort(line->portName()); // such as /dev/pts/5, any line settings
+#ifndef KX_KXSIM_SERVICE_SIMULATED_LINE_H
+#define KX_KXSIM_SERVICE_SIMULATED_LINE_H
+
+#include "addresses/address_text.h"
+#include "kxsim/faults/fault_plan.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+#include <memory>
+
+namespace kxsim
+{
+
+/// What to simulate.
+struct Simulation {
+    QList<int> stations = {1};     ///< 1 to 247, at least one; each has its own memory
+    QList<kx::Assignment> presets; ///< in all stations unless they name one
+    bool moves = true;             ///< values change by themselves, presets never
+    FaultPlan faults;
+};
+
+class SimulatedLine
+{
+public:
+    /// Starts serving on a new pseudo-terminal. Null, and one line in `*error`,
+    /// when there is none to be had or a preset names a station not simulated.
+    static std::unique_ptr<SimulatedLine> start(const Simulation& simulation, QString* error);
+
+    /// Stops serving within milliseconds. Close the host's end before.
+    ~SimulatedLine();
+
+    /// The device to open as a serial port, or a link to it when the plan holds
+    /// Fault::Close. Several openings in a row are fine.
+    QString portName() const;
+
+    /// Asks or changes the memory: "get D100:4@2" returns "D100@2=1,2,3,4", "set
+    /// D100=5" an empty text, "faults" the counts of LineFaults::summary(); anything
+    /// wrong returns "error: ...". Thread-safe.
+    QString command(const QString& line);
+
+private:
+    struct Parts;
+    explicit SimulatedLine(std::unique_ptr<Parts> parts);
+
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace kxsim
+
+#endif

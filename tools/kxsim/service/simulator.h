@@ -1,0 +1,94 @@
+/// Serves simulated controllers on a line until told to stop.
+#ifndef KX_KXSIM_SERVICE_SIMULATOR_H
+#define KX_KXSIM_SERVICE_SIMULATOR_H
+
+#include "kxsim/faults/line_faults.h"
+#include "kxsim/line/slave_line.h"
+#include "kxsim/memory/stations.h"
+#include "kxsim/programme/motion.h"
+#include "kxsim/requests/request_server.h"
+
+#include <chrono>
+#include <functional>
+#include <mutex>
+#include <vector>
+
+namespace kxsim
+{
+
+class Simulator
+{
+public:
+    using TextSink = std::function<void(const QString&)>;
+
+    /// Line and stations must outlive the simulator. Presets belong into the
+    /// stations before.
+    Simulator(SlaveLine* line, Stations* stations, bool moves,
+              const FaultPlan& faults = FaultPlan());
+    ~Simulator();
+    Simulator(const Simulator&) = delete;
+    Simulator& operator=(const Simulator&) = delete;
+
+    /// Calls `log` with one line of hex per request and reply, from inside run().
+    void setLog(const TextSink& log) { m_log = log; }
+
+    /// Takes commands (see commands.h) from a file descriptor until it ends, and
+    /// hands each answer to `answer` from inside run().
+    void setCommands(int descriptor, const TextSink& answer);
+
+    /// Serves until stop(); false when the line was lost.
+    bool run();
+
+    /// Ends run(), also one yet to come. For any thread or signal handler.
+    void stop();
+
+    /// Runs one command: those of commands.h, and "faults", which gives
+    /// LineFaults::summary(). For any thread.
+    QString command(const QString& line);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    /// Bytes held back by a fault.
+    struct LateReply {
+        Clock::time_point due;
+        QByteArray bytes;
+    };
+
+    int waitMilliseconds() const;
+    void move();
+    bool receive();
+    bool answerRequests();
+    RequestServer::Answer askServer();
+    bool isAmidFrame() const { return !m_received.isEmpty() || !m_damaged.isEmpty(); }
+    void dropAfterSilence();
+    void logDamaged();
+    bool send(const QByteArray& request, const QByteArray& reply);
+    void put(const QByteArray& bytes);
+    void sendDue();
+    bool reopenLine();
+    void readCommands();
+    void log(const char* what, const QByteArray& bytes) const;
+
+    SlaveLine* m_line;
+    Stations* m_stations;
+    RequestServer m_server;
+    LineFaults m_faults;
+    std::vector<LateReply> m_lateReplies; ///< the next due first
+    std::vector<Motion> m_motions;
+    std::mutex m_lock; ///< of the memory and the counts
+    TextSink m_log;
+    TextSink m_answer;
+    int m_commands = -1;
+    QByteArray m_commandBytes;
+    QByteArray m_received; ///< not yet a whole request
+    QByteArray m_damaged;  ///< no part of any request
+    Clock::time_point m_started;
+    Clock::time_point m_lastByte;
+    int m_stopReader;
+    int m_stopWriter;
+};
+
+} // namespace kxsim
+
+#endif
