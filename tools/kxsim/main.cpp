@@ -50,7 +50,7 @@ std::unique_ptr<kxsim::SlaveLine> openLine(const kxsim::Options& options, QStrin
 
 int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations* stations)
 {
-    kxsim::Simulator simulator(line, stations, options.simulation.moves, options.simulation.faults);
+    kxsim::Simulator simulator(line, stations, options.simulation);
     if (options.logs)
         simulator.setLog([](const QString& text) { say(stderr, text); });
     simulator.setCommands(STDIN_FILENO, [](const QString& text) { say(stdout, text); });

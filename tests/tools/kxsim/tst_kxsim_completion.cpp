@@ -41,6 +41,7 @@ void KxsimCompletionTest::whatIsOffered_data()
     QTest::newRow("parities") << "--parity ''" << QStringList{"even", "none", "odd"};
     QTest::newRow("parities by their beginning") << "--parity e" << QStringList{"even"};
     QTest::newRow("baud rates") << "-b 1" << QStringList{"115200", "1200", "19200"};
+    QTest::newRow("paces") << "--pace 192" << QStringList{"19200"};
     QTest::newRow("data bits") << "--data-bits ''" << QStringList{"8"};
     QTest::newRow("stop bits") << "--stop-bits ''" << QStringList{"1", "2"};
     QTest::newRow("faults by their beginning") << "--fault de" << QStringList{"deaf:", "delay:"};
@@ -58,8 +59,8 @@ void KxsimCompletionTest::everyOptionIsOffered()
 {
     QCOMPARE(SCRIPT.completed("''"),
              (QStringList{"--baud", "--data-bits", "--fault", "--fault-delay", "--fault-seed",
-                          "--help", "--log", "--parity", "--port", "--set", "--station", "--still",
-                          "--stop-bits", "--symlink", "--version"}));
+                          "--help", "--log", "--pace", "--parity", "--port", "--set", "--station",
+                          "--still", "--stop-bits", "--symlink", "--turnaround", "--version"}));
 }
 
 void KxsimCompletionTest::everyFaultIsOffered()

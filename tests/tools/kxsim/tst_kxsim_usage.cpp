@@ -83,6 +83,11 @@ void KxsimUsageTest::wrongUsageGetsOneLine_data()
         {"all faults without a link", "--fault all:0.1", 2, "--symlink"},
         {"seed not a number", "--fault-seed x", 2, "--fault-seed x"},
         {"no delay", "--fault-delay 0", 2, "from 1 to 60000"},
+        {"turnaround without a unit", "--turnaround 5", 2,
+         "--turnaround 5: write a time such as 5ms"},
+        {"turnaround backwards", "--turnaround 20..5ms", 2, "the range ends before it begins"},
+        {"a pace that is none", "--pace fast", 2, "--pace fast: write bits per second"},
+        {"a pace with 7 data bits", "--pace 9600,7E1", 2, "9600 or 19200,8E1"},
         {"a port that is not there", "--port /nowhere/tty", 3, "/nowhere/tty: No such file"},
         {"a link in no folder", "--symlink /nowhere/link", 3, "/nowhere/link"},
     };
@@ -132,8 +137,8 @@ void KxsimUsageTest::helpShowsExamplesAndTheOctalTypes()
         QVERIFY(outcome.output.startsWith("Usage: kxsim [options]\nSimulated controllers: "));
         for (const char* const words :
              {"X and Y are octal", "kxsim --set D100=1234", "--station", "--still", "--symlink",
-              "--log", "--fault", "--fault-seed", "--fault-delay", "extra-before", "--port",
-              "--baud", "--parity", "--data-bits", "--stop-bits"})
+              "--log", "--turnaround", "--pace", "--fault", "--fault-seed", "--fault-delay",
+              "extra-before", "--port", "--baud", "--parity", "--data-bits", "--stop-bits"})
             QVERIFY2(outcome.output.contains(QString::fromLatin1(words)), words);
     }
 }

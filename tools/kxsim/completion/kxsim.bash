@@ -18,7 +18,7 @@ _kxsim_faults()
 _kxsim_values()
 {
     case $1 in
-        --baud | -b) echo "1200 2400 4800 9600 19200 38400 57600 115200" ;;
+        --baud | -b | --pace) echo "1200 2400 4800 9600 19200 38400 57600 115200" ;;
         --parity) echo "none even odd" ;;
         --data-bits) echo "8" ;;
         --stop-bits) echo "1 2" ;;
@@ -33,7 +33,9 @@ _kxsim()
     case $previous in
         --port | -p) mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}") ;;
         --symlink) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
-        --station | -a | --set | --fault-seed | --fault-delay) COMPREPLY=() ;;
+        --station | -a | --set | --fault-seed | --fault-delay | --turnaround)
+            COMPREPLY=()
+            ;;
         *) mapfile -t COMPREPLY < <(compgen -W "${words:-$(_kxsim_options)}" -- "$current") ;;
     esac
     # A probability follows the kind of a fault.

@@ -1,6 +1,9 @@
 #include "kxsim/options/options.h"
 
 #include "addresses/station_text.h"
+#include "kxsim/options/fault_options.h"
+#include "kxsim/options/help_text.h"
+#include "kxsim/options/timing_options.h"
 #include "system/character_format.h"
 
 #include <QtCore/QCommandLineParser>
@@ -13,57 +16,6 @@ namespace kxsim
 namespace
 {
 
-const char* const USAGE =
-    "Usage: kxsim [options]\n"
-    "Simulated controllers: Modbus RTU slaves with the whole register map. Opens a\n"
-    "pseudo-terminal and prints its name, or uses a serial port, until it is ended by\n"
-    "Ctrl-C or a signal.\n";
-
-const char* const EXAMPLES =
-    "\n"
-    "Addresses: TYPENUMBER[:COUNT][@STATION], such as D100:4, X17 or 32CV200@2.\n"
-    "X and Y are octal (X10 follows X7), all other types decimal. Types: X Y M SM S T C D\n"
-    "SD CV 32CV TV Z. Without @STATION values are set at all stations, and shown of the\n"
-    "lowest.\n"
-    "\n"
-    "Without --still these values move: D0 and 32CV200 count up, D1 is a slow wave, M0 and\n"
-    "Y0 toggle, TV0 and T0 are a timer. A preset value stays still.\n"
-    "\n"
-    "Commands on standard input, one per line:\n"
-    "  get D100:4       print the values as D100=1,2,3,4\n"
-    "  set X17=1        set the sixteenth input; it stays still from then on\n"
-    "  faults           print how many requests met which fault\n"
-    "\n"
-    "Faults, at most one per request; all:0.1 gives each kind an equal share of 10 %:\n"
-    "  deaf             the request is not heard: not carried out, no reply\n"
-    "  silence          carried out, no reply\n"
-    "  delay            the reply comes late by --fault-delay\n"
-    "  corrupt          one byte of the reply is another\n"
-    "  truncate         the reply ends early\n"
-    "  extra-before     1 to 8 bytes of noise, then the reply\n"
-    "  extra-after      the reply, then 1 to 8 bytes of noise\n"
-    "  duplicate        the reply twice\n"
-    "  other-station    the same reply, from another station\n"
-    "  exception        refused as busy (exception 6), not carried out\n"
-    "  echo             the request comes back, then the reply\n"
-    "  close            no reply; the line is closed and opened again\n"
-    "The counts are printed at the end, too. The same seed and requests give the same\n"
-    "faults.\n"
-    "\n"
-    "Examples:\n"
-    "  kxsim\n"
-    "  kxsim --set D100=1234 --set M0=1,0,1,1 --set X17=1\n"
-    "  kxsim --station 1 --station 2 --set D100@2=5\n"
-    "  kxsim --port /dev/ttyUSB0 --baud 19200 --parity even --log\n"
-    "  kxsim --symlink /tmp/line --fault all:0.1 --fault-seed 7\n"
-    "  kxsim --fault silence:0.01 --fault corrupt:0.02\n"
-    "\n"
-    "Writes of X are refused (exception 2), as are addresses outside the register map; other\n"
-    "functions than 1, 3, 5, 6, 15 and 16 with exception 1, wrong counts with exception 3.\n"
-    "\n"
-    "Exit codes: 0 ended by Ctrl-C or a signal, 2 wrong usage, 3 the port cannot be opened or\n"
-    "was lost, or the link cannot be made.\n";
-
 // What libmodbus can set; it falls back to 9600 in silence for all other rates.
 const int BAUDS[] = {110,   300,   600,   1200,   2400,   4800,   9600,
                      19200, 38400, 57600, 115200, 230400, 460800, 921600};
@@ -75,13 +27,6 @@ struct CommandLine {
     QCommandLineOption still = {"still", "Let no value move."};
     QCommandLineOption symlink = {
         "symlink", "Link to make to the pseudo-terminal; one of a running kxsim is kept.", "PATH"};
-    QCommandLineOption fault = {
-        "fault", "Let requests meet a fault with a probability from 0 to 1; repeatable.",
-        "KIND:PROBABILITY"};
-    QCommandLineOption faultSeed = {
-        "fault-seed", "Seed of the faults, for repeatable runs (default 1).", "NUMBER", "1"};
-    QCommandLineOption faultDelay = {
-        "fault-delay", "Milliseconds that delayed replies are late (default 1500).", "MS", "1500"};
     QCommandLineOption log = {{"l", "log"}, "Print requests and replies in hex on standard error."};
     QCommandLineOption port = {
         {"p", "port"}, "Serial port to use instead, such as /dev/ttyUSB0.", "DEVICE"};
@@ -98,18 +43,11 @@ struct CommandLine {
 
     CommandLine()
     {
-        parser.addOptions({station, set, still, symlink, fault, faultSeed, faultDelay, log, port,
-                           baud, parity, dataBits, stopBits, help, version});
+        parser.addOptions({station, set, still, symlink});
+        parser.addOptions(timingOptions() + faultOptions());
+        parser.addOptions({log, port, baud, parity, dataBits, stopBits, help, version});
     }
 };
-
-// The parser's own usage line names the program's path.
-QString helpText(const QCommandLineParser& parser)
-{
-    const QString options = parser.helpText();
-    return QString::fromLatin1(USAGE) + options.mid(options.indexOf(QLatin1Char('\n')) + 1)
-           + QString::fromLatin1(EXAMPLES);
-}
 
 /// "unknown option 'speed'; kxsim --help shows the options"
 QString parserFault(const QCommandLineParser& parser)
@@ -193,18 +131,13 @@ bool takePort(const CommandLine& line, Options* options, QString* error)
            && kx::parseParity(parser.value(line.parity), &port.parity, error);
 }
 
-bool takeFaults(const CommandLine& line, Options* options, QString* error)
+bool canCloseLine(const Options& options, QString* error)
 {
-    FaultPlan& faults = options->simulation.faults;
-    for (const QString& text : line.parser.values(line.fault)) {
-        if (!addFault(text, &faults, error))
-            return false;
-    }
-    if (faults.holds(Fault::Close) && options->port.device.isEmpty() && options->link.isEmpty())
+    if (options.simulation.faults.holds(Fault::Close) && options.port.device.isEmpty()
+        && options.link.isEmpty())
         return fail(error, QStringLiteral("--fault close needs --symlink: a pseudo-terminal that "
                                           "is opened again has another name"));
-    return parseFaultSeed(line.parser.value(line.faultSeed), &faults, error)
-           && parseFaultDelay(line.parser.value(line.faultDelay), &faults, error);
+    return true;
 }
 
 } // namespace
@@ -233,7 +166,8 @@ bool parseOptions(const QStringList& arguments, Options* options, QString* error
     options->simulation.moves = !line.parser.isSet(line.still);
     return takeStations(line.parser.values(line.station), options, error)
            && takePresets(line.parser.values(line.set), options, error)
-           && takePort(line, options, error) && takeFaults(line, options, error);
+           && takePort(line, options, error) && takeFaults(line.parser, &options->simulation, error)
+           && canCloseLine(*options, error) && takeTiming(line.parser, &options->simulation, error);
 }
 
 } // namespace kxsim

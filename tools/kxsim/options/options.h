@@ -3,7 +3,7 @@
 #define KX_KXSIM_OPTIONS_OPTIONS_H
 
 #include "kxsim/line/serial_port.h"
-#include "kxsim/service/simulated_line.h"
+#include "kxsim/service/simulation.h"
 
 #include <QtCore/QStringList>
 

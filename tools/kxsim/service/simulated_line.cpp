@@ -16,7 +16,7 @@ struct SimulatedLine::Parts {
           const Simulation& simulation)
         : terminal(std::move(openTerminal)),
           stations(std::move(presetStations)),
-          simulator(terminal.get(), &stations, simulation.moves, simulation.faults),
+          simulator(terminal.get(), &stations, simulation),
           portName(terminal->name())
     {
     }

@@ -8,24 +8,14 @@
 #ifndef KX_KXSIM_SERVICE_SIMULATED_LINE_H
 #define KX_KXSIM_SERVICE_SIMULATED_LINE_H
 
-#include "addresses/address_text.h"
-#include "kxsim/faults/fault_plan.h"
+#include "kxsim/service/simulation.h"
 
-#include <QtCore/QList>
 #include <QtCore/QString>
 
 #include <memory>
 
 namespace kxsim
 {
-
-/// What to simulate.
-struct Simulation {
-    QList<int> stations = {1};     ///< 1 to 247, at least one; each has its own memory
-    QList<kx::Assignment> presets; ///< in all stations unless they name one
-    bool moves = true;             ///< values change by themselves, presets never
-    FaultPlan faults;
-};
 
 class SimulatedLine
 {

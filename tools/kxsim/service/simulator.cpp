@@ -20,17 +20,25 @@ const int MOTION_MILLISECONDS = 100;
 // back for 16 ms; shorter than a host waits before it repeats.
 const std::chrono::milliseconds SILENCE(50);
 
+LineTiming timingOf(const Simulation& simulation)
+{
+    return {simulation.pace, simulation.turnaround, simulation.faults.seed};
+}
+
 } // namespace
 
-Simulator::Simulator(SlaveLine* line, Stations* stations, bool moves, const FaultPlan& faults)
-    : m_line(line), m_stations(stations), m_server(stations), m_faults(faults)
+Simulator::Simulator(SlaveLine* line, Stations* stations, const Simulation& simulation)
+    : m_line(line, timingOf(simulation)),
+      m_stations(stations),
+      m_server(stations),
+      m_faults(simulation.faults)
 {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
         throw std::runtime_error("no pipe for the simulated controller");
     m_stopReader = ends[0];
     m_stopWriter = ends[1];
-    if (!moves)
+    if (!simulation.moves)
         return;
     for (auto& [station, memory] : m_stations->all())
         m_motions.emplace_back(&memory);
@@ -66,18 +74,22 @@ QString Simulator::command(const QString& line)
 
 bool Simulator::run()
 {
-    m_started = Clock::now();
     for (;;) {
+        m_line.setAlarm();
         // poll() leaves out negative descriptors.
-        pollfd sources[] = {
-            {m_stopReader, POLLIN, 0}, {m_line->descriptor(), POLLIN, 0}, {m_commands, POLLIN, 0}};
-        if (poll(sources, 3, waitMilliseconds()) < 0)
+        pollfd sources[] = {{m_stopReader, POLLIN, 0},
+                            {m_line.descriptor(), POLLIN, 0},
+                            {m_commands, POLLIN, 0},
+                            {m_line.alarm(), POLLIN, 0}};
+        if (poll(sources, 4, waitMilliseconds()) < 0)
             continue;
         if (sources[0].revents)
             return true;
         move();
         sendDue();
-        if (sources[1].revents && !receive())
+        if (sources[1].revents && !m_line.receive())
+            return false;
+        if (!answerArrived())
             return false;
         dropAfterSilence();
         if (sources[2].revents)
@@ -87,32 +99,29 @@ bool Simulator::run()
 
 int Simulator::waitMilliseconds() const
 {
-    int wait = m_motions.empty() ? -1 : MOTION_MILLISECONDS;
     if (isAmidFrame())
-        wait = static_cast<int>(SILENCE.count());
-    if (m_lateReplies.empty())
-        return wait;
-    const auto due =
-        std::chrono::ceil<std::chrono::milliseconds>(m_lateReplies.front().due - Clock::now());
-    const int untilDue = static_cast<int>(std::max<qint64>(0, due.count()));
-    return wait < 0 ? untilDue : std::min(wait, untilDue);
+        return static_cast<int>(SILENCE.count());
+    return m_motions.empty() ? -1 : MOTION_MILLISECONDS;
 }
 
 void Simulator::move()
 {
-    const auto elapsed =
-        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - m_started);
+    const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(m_line.now());
     const std::lock_guard<std::mutex> lock(m_lock);
     for (Motion& motion : m_motions)
         motion.advanceTo(elapsed.count());
 }
 
-bool Simulator::receive()
+bool Simulator::answerArrived()
 {
-    if (!m_line->receive(&m_received))
-        return false;
-    m_lastByte = Clock::now();
-    return answerRequests();
+    ArrivingBytes::Arrival arrival;
+    while (m_line.takeArrived(&arrival)) {
+        m_received += arrival.bytes;
+        m_lastByte = arrival.end;
+        if (!answerRequests())
+            return false;
+    }
+    return true;
 }
 
 bool Simulator::answerRequests()
@@ -148,7 +157,7 @@ RequestServer::Answer Simulator::askServer()
 
 void Simulator::dropAfterSilence()
 {
-    if (!isAmidFrame() || Clock::now() - m_lastByte < SILENCE)
+    if (!isAmidFrame() || !m_line.isQuiet() || m_line.now() - m_lastByte < SILENCE)
         return;
     m_damaged.append(m_received);
     m_received.clear();
@@ -171,35 +180,22 @@ bool Simulator::send(const QByteArray& request, const QByteArray& reply)
     }
     if (spoiled.closesLine)
         return reopenLine();
-    if (spoiled.after == 0)
-        put(spoiled.bytes);
-    else // all are held back for as long, so they stay in order
-        m_lateReplies.push_back(
-            {Clock::now() + std::chrono::milliseconds(spoiled.after), spoiled.bytes});
+    // Delayed replies are all held back for as long, so they stay in order.
+    m_line.reply(spoiled.bytes, m_lastByte, std::chrono::milliseconds(spoiled.after));
+    sendDue();
     return true;
-}
-
-void Simulator::put(const QByteArray& bytes)
-{
-    if (bytes.isEmpty())
-        return;
-    log("reply", bytes);
-    m_line->send(bytes);
 }
 
 void Simulator::sendDue()
 {
-    while (!m_lateReplies.empty() && m_lateReplies.front().due <= Clock::now()) {
-        put(m_lateReplies.front().bytes);
-        m_lateReplies.erase(m_lateReplies.begin());
-    }
+    for (const QByteArray& reply : m_line.sendDue())
+        log("reply", reply);
 }
 
 bool Simulator::reopenLine()
 {
     m_received.clear();
-    m_lateReplies.clear();
-    return m_line->reopen();
+    return m_line.reopen();
 }
 
 void Simulator::readCommands()

@@ -3,12 +3,12 @@
 #define KX_KXSIM_SERVICE_SIMULATOR_H
 
 #include "kxsim/faults/line_faults.h"
-#include "kxsim/line/slave_line.h"
+#include "kxsim/line/timed_line.h"
 #include "kxsim/memory/stations.h"
 #include "kxsim/programme/motion.h"
 #include "kxsim/requests/request_server.h"
+#include "kxsim/service/simulation.h"
 
-#include <chrono>
 #include <functional>
 #include <mutex>
 #include <vector>
@@ -21,10 +21,9 @@ class Simulator
 public:
     using TextSink = std::function<void(const QString&)>;
 
-    /// Line and stations must outlive the simulator. Presets belong into the
-    /// stations before.
-    Simulator(SlaveLine* line, Stations* stations, bool moves,
-              const FaultPlan& faults = FaultPlan());
+    /// Line and stations must outlive the simulator. The simulation's stations and presets
+    /// belong into `stations` before. Its time begins now.
+    Simulator(SlaveLine* line, Stations* stations, const Simulation& simulation);
     ~Simulator();
     Simulator(const Simulator&) = delete;
     Simulator& operator=(const Simulator&) = delete;
@@ -47,34 +46,24 @@ public:
     QString command(const QString& line);
 
 private:
-    using Clock = std::chrono::steady_clock;
-
-    /// Bytes held back by a fault.
-    struct LateReply {
-        Clock::time_point due;
-        QByteArray bytes;
-    };
-
     int waitMilliseconds() const;
     void move();
-    bool receive();
+    bool answerArrived();
     bool answerRequests();
     RequestServer::Answer askServer();
     bool isAmidFrame() const { return !m_received.isEmpty() || !m_damaged.isEmpty(); }
     void dropAfterSilence();
     void logDamaged();
     bool send(const QByteArray& request, const QByteArray& reply);
-    void put(const QByteArray& bytes);
     void sendDue();
     bool reopenLine();
     void readCommands();
     void log(const char* what, const QByteArray& bytes) const;
 
-    SlaveLine* m_line;
+    TimedLine m_line;
     Stations* m_stations;
     RequestServer m_server;
     LineFaults m_faults;
-    std::vector<LateReply> m_lateReplies; ///< the next due first
     std::vector<Motion> m_motions;
     std::mutex m_lock; ///< of the memory and the counts
     TextSink m_log;
@@ -83,8 +72,7 @@ private:
     QByteArray m_commandBytes;
     QByteArray m_received; ///< not yet a whole request
     QByteArray m_damaged;  ///< no part of any request
-    Clock::time_point m_started;
-    Clock::time_point m_lastByte;
+    Moment m_lastByte{0};
     int m_stopReader;
     int m_stopWriter;
 };

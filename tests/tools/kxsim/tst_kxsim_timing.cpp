@@ -1,0 +1,91 @@
+// kxsim as a process: how long its replies take.
+
+#include "kxsim_process.h"
+#include "modbus_master.h"
+#include "support/driver_fixture.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtTest/QTest>
+
+#include <algorithm>
+
+namespace
+{
+
+const int TRIES = 10;
+
+/// Milliseconds from a request of 8 bytes to `count` bytes of its reply, the quickest of
+/// some tries: a busy machine makes single ones longer, none makes one shorter.
+double quickest(ModbusMaster* master, int count)
+{
+    double shortest = 1e9;
+    for (int tries = 0; tries < TRIES; ++tries) {
+        QElapsedTimer timer;
+        timer.start();
+        master->send(withCrc("01 03 0064 000A")); // D100 to D109
+        const QByteArray begun = master->received(count);
+        shortest = std::min(shortest, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+        const QByteArray rest = master->received(25 - static_cast<int>(begun.size()));
+        if (begun + rest != withCrc("01 03 14" + QByteArray(40, '0')))
+            return -1;
+    }
+    return shortest;
+}
+
+} // namespace
+
+class KxsimTimingTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void repliesTakeTheirTime_data();
+    void repliesTakeTheirTime();
+    void requestsAreCarriedOutWhenTheyHaveArrived();
+};
+
+void KxsimTimingTest::repliesTakeTheirTime_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<double>("firstByte"); // milliseconds after the request was handed over
+    QTest::addColumn<double>("lastByte");
+    QTest::newRow("at once") << QStringList() << 0.0 << 0.0;
+    QTest::newRow("turnaround") << QStringList{"--turnaround", "30ms"} << 30.0 << 30.0;
+    // 8 bytes of request, 25 of reply: (8 + 1) x 10 / 9600 and (8 + 25) x 10 / 9600
+    QTest::newRow("pace") << QStringList{"--pace", "9600"} << 9.375 << 34.375;
+    // (8 + 25) x 11 / 19200 = 18.906, and 11 bits for the first byte
+    QTest::newRow("turnaround and pace with parity")
+        << QStringList{"--turnaround", "7500us", "--pace", "19200,8E1"} << 12.656 << 26.406;
+}
+
+void KxsimTimingTest::repliesTakeTheirTime()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(double, firstByte);
+    QFETCH(double, lastByte);
+    const double slack = 10; // of a machine that is never quite idle
+    KxsimProcess kxsim(QStringList{"--still"} + arguments);
+    ModbusMaster master(kxsim.portName());
+    const double first = quickest(&master, 1);
+    const double last = quickest(&master, 25);
+    QVERIFY2(first >= firstByte && first < firstByte + slack, qPrintable(QString::number(first)));
+    QVERIFY2(last >= lastByte && last < lastByte + slack, qPrintable(QString::number(last)));
+}
+
+void KxsimTimingTest::requestsAreCarriedOutWhenTheyHaveArrived()
+{
+    // 8 bytes at 110 baud take 727 ms, longer than the silence that ends a request.
+    KxsimProcess kxsim({"--still", "--pace", "110"});
+    ModbusMaster master(kxsim.portName());
+    QElapsedTimer timer;
+    timer.start();
+    master.send(withCrc("01 06 0005 0009"));
+    while (kxsim.ask("get D5") != QStringLiteral("D5=9") && timer.elapsed() < 5000)
+        QTest::qSleep(5);
+    QVERIFY2(timer.elapsed() >= 727 && timer.elapsed() < 5000,
+             qPrintable(QString::number(timer.elapsed())));
+}
+
+QTEST_GUILESS_MAIN(KxsimTimingTest)
+
+#include "tst_kxsim_timing.moc"

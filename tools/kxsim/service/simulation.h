@@ -1,0 +1,26 @@
+/// What to simulate.
+#ifndef KX_KXSIM_SERVICE_SIMULATION_H
+#define KX_KXSIM_SERVICE_SIMULATION_H
+
+#include "addresses/address_text.h"
+#include "kxsim/faults/fault_plan.h"
+#include "kxsim/timing/duration_text.h"
+#include "kxsim/timing/pace.h"
+
+#include <QtCore/QList>
+
+namespace kxsim
+{
+
+struct Simulation {
+    QList<int> stations = {1};     ///< 1 to 247, at least one; each has its own memory
+    QList<kx::Assignment> presets; ///< in all stations unless they name one
+    bool moves = true;             ///< values change by themselves, presets never
+    FaultPlan faults;              ///< its seed is the turnaround's, too
+    Pace pace;                     ///< of the line
+    DurationRange turnaround;      ///< from the end of a request to its reply
+};
+
+} // namespace kxsim
+
+#endif
