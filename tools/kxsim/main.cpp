@@ -48,9 +48,9 @@ std::unique_ptr<kxsim::SlaveLine> openLine(const kxsim::Options& options, QStrin
     return terminal;
 }
 
-int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Stations* stations)
+int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Controllers* controllers)
 {
-    kxsim::Simulator simulator(line, stations, options.simulation);
+    kxsim::Simulator simulator(line, controllers, options.simulation);
     if (options.logs)
         simulator.setLog([](const QString& text) { say(stderr, text); });
     simulator.setCommands(STDIN_FILENO, [](const QString& text) { say(stdout, text); });
@@ -88,13 +88,11 @@ int main(int argc, char* argv[])
         std::fputs(options.information.toLocal8Bit().constData(), stdout);
         return 0;
     }
-    kxsim::Stations stations(options.simulation.stations);
-    for (const kx::Assignment& preset : options.simulation.presets) {
-        if (!stations.preset(preset, &error))
-            return fail(WRONG_USAGE, error);
-    }
+    const auto controllers = kxsim::Controllers::make(options.simulation, &error);
+    if (!controllers)
+        return fail(WRONG_USAGE, error);
     const auto line = openLine(options, &error);
     if (!line)
         return fail(PORT_FAILED, error);
-    return serve(options, line.get(), &stations);
+    return serve(options, line.get(), controllers.get());
 }

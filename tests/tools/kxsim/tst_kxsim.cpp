@@ -24,6 +24,7 @@ private slots:
     void outsideTheMapThereIsAnException();
     void stationsOfOneLineHaveTheirOwnMemory();
     void presetsStayStillWhileOthersMove();
+    void wavesMoveWhateverIsStill();
     void commandsAnswerAndSurviveTheirEnd();
     void theLinkLastsAsLongAsTheProgram();
     void faultsAreCounted();
@@ -139,6 +140,22 @@ void KxsimTest::presetsStayStillWhileOthersMove()
     QTest::qWait(500);
     QVERIFY(master.registers(9700, 2) != before);
     QCOMPARE(master.registers(0, 1), QList<int>({5}));
+}
+
+void KxsimTest::wavesMoveWhateverIsStill()
+{
+    // One step in 10 ms, for ten minutes.
+    KxsimProcess kxsim({"--still", "--wave", "D10=0..59999/10min", "--wave", "X17@1=1..1/1s"});
+    ModbusMaster master(kxsim.portName());
+    const int before = master.registers(10, 1).value(0, -1);
+    QTest::qWait(300);
+    const int after = master.registers(10, 1).value(0, -1);
+    QVERIFY2(after >= before + 30, qPrintable(master.error()));
+    QVERIFY(kxsim.ask("get D10").section('=', 1).toInt() >= after);
+    QCOMPARE(master.coils(1214, 3), QList<int>({0, 1, 0}));
+    kxsim.tell("set D10=7");
+    QCOMPARE(kxsim.ask("get D10"), QStringLiteral("D10=7"));
+    QCOMPARE(master.registers(10, 1), QList<int>({7}));
 }
 
 void KxsimTest::commandsAnswerAndSurviveTheirEnd()

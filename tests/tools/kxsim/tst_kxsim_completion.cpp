@@ -57,10 +57,11 @@ void KxsimCompletionTest::whatIsOffered()
 
 void KxsimCompletionTest::everyOptionIsOffered()
 {
-    QCOMPARE(SCRIPT.completed("''"),
-             (QStringList{"--baud", "--data-bits", "--fault", "--fault-delay", "--fault-seed",
-                          "--help", "--log", "--pace", "--parity", "--port", "--set", "--station",
-                          "--still", "--stop-bits", "--symlink", "--turnaround", "--version"}));
+    QCOMPARE(
+        SCRIPT.completed("''"),
+        (QStringList{"--baud", "--data-bits", "--fault", "--fault-delay", "--fault-seed", "--help",
+                     "--log", "--pace", "--parity", "--port", "--set", "--station", "--still",
+                     "--stop-bits", "--symlink", "--turnaround", "--version", "--wave"}));
 }
 
 void KxsimCompletionTest::everyFaultIsOffered()

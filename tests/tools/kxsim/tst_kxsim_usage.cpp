@@ -83,6 +83,10 @@ void KxsimUsageTest::wrongUsageGetsOneLine_data()
         {"all faults without a link", "--fault all:0.1", 2, "--symlink"},
         {"seed not a number", "--fault-seed x", 2, "--fault-seed x"},
         {"no delay", "--fault-delay 0", 2, "from 1 to 60000"},
+        {"a wave without a period", "--wave D10=0..5", 2, "--wave D10=0..5: write ADDRESS=FIRST"},
+        {"a wave of another station", "--wave D10@2=0..5/1s", 2, "station 2 is not simulated"},
+        {"a wave of what is preset", "--set D10=1 --wave D10=0..5/1s", 2,
+         "--wave D10: it is preset and stays still"},
         {"turnaround without a unit", "--turnaround 5", 2,
          "--turnaround 5: write a time such as 5ms"},
         {"turnaround backwards", "--turnaround 20..5ms", 2, "the range ends before it begins"},
@@ -136,9 +140,10 @@ void KxsimUsageTest::helpShowsExamplesAndTheOctalTypes()
         QCOMPARE(outcome.error, QString());
         QVERIFY(outcome.output.startsWith("Usage: kxsim [options]\nSimulated controllers: "));
         for (const char* const words :
-             {"X and Y are octal", "kxsim --set D100=1234", "--station", "--still", "--symlink",
-              "--log", "--turnaround", "--pace", "--fault", "--fault-seed", "--fault-delay",
-              "extra-before", "--port", "--baud", "--parity", "--data-bits", "--stop-bits"})
+             {"X and Y are octal", "kxsim --set D100=1234", "--station", "--still", "--wave",
+              "--symlink", "--log", "--turnaround", "--pace", "--fault", "--fault-seed",
+              "--fault-delay", "extra-before", "--port", "--baud", "--parity", "--data-bits",
+              "--stop-bits"})
             QVERIFY2(outcome.output.contains(QString::fromLatin1(words)), words);
     }
 }

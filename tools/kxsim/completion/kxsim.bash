@@ -33,7 +33,7 @@ _kxsim()
     case $previous in
         --port | -p) mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}") ;;
         --symlink) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
-        --station | -a | --set | --fault-seed | --fault-delay | --turnaround)
+        --station | -a | --set | --fault-seed | --fault-delay | --turnaround | --wave)
             COMPREPLY=()
             ;;
         *) mapfile -t COMPREPLY < <(compgen -W "${words:-$(_kxsim_options)}" -- "$current") ;;

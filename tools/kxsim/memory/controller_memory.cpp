@@ -94,11 +94,16 @@ void ControllerMemory::preset(const RegisterType* type, int address, quint32 val
     presets.at(indexOf(type, address)) = true;
 }
 
-void ControllerMemory::move(const RegisterType* type, int address, quint32 value)
+bool ControllerMemory::isPreset(const RegisterType* type, int address) const
 {
     const std::vector<bool>& presets =
         type->registerClass == BIT_CLASS ? m_coils.preset : m_registers.preset;
-    if (!presets.at(indexOf(type, address)))
+    return presets.at(indexOf(type, address));
+}
+
+void ControllerMemory::move(const RegisterType* type, int address, quint32 value)
+{
+    if (!isPreset(type, address))
         setValue(type, address, value);
 }
 

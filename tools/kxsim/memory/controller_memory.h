@@ -31,6 +31,8 @@ public:
     /// Sets a value that move() leaves alone from then on.
     void preset(const RegisterType* type, int address, quint32 value);
 
+    bool isPreset(const RegisterType* type, int address) const;
+
     /// Sets a value unless the address was preset.
     void move(const RegisterType* type, int address, quint32 value);
 

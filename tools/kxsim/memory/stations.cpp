@@ -34,19 +34,30 @@ ControllerMemory* Stations::memory(int station)
     return found == m_memories.end() ? nullptr : &found->second;
 }
 
-bool Stations::preset(const kx::Assignment& assignment, QString* error)
+bool Stations::named(const kx::AddressRange& range, std::vector<ControllerMemory*>* memories,
+                     QString* error)
 {
-    if (assignment.range.station < 0) {
+    if (range.station < 0) {
         for (auto& [station, stationMemory] : m_memories)
-            presetMemory(stationMemory, assignment);
+            memories->push_back(&stationMemory);
         return true;
     }
-    ControllerMemory* const named = memory(assignment.range.station);
-    if (named)
-        presetMemory(*named, assignment);
+    ControllerMemory* const only = memory(range.station);
+    if (only)
+        memories->push_back(only);
     else
-        *error = notSimulated(assignment.range);
-    return named != nullptr;
+        *error = notSimulated(range);
+    return only != nullptr;
+}
+
+bool Stations::preset(const kx::Assignment& assignment, QString* error)
+{
+    std::vector<ControllerMemory*> memories;
+    if (!named(assignment.range, &memories, error))
+        return false;
+    for (ControllerMemory* const each : memories)
+        presetMemory(*each, assignment);
+    return true;
 }
 
 bool Stations::values(const kx::AddressRange& range, QList<quint32>* values, QString* error)

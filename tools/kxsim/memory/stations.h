@@ -8,6 +8,7 @@
 #include <QtCore/QList>
 
 #include <map>
+#include <vector>
 
 namespace kxsim
 {
@@ -23,6 +24,11 @@ public:
 
     /// All memories by station number.
     std::map<int, ControllerMemory>& all() { return m_memories; }
+
+    /// The memories that a range means: of the station it names, or of all. Returns false
+    /// and one line in `*error` when that station is not simulated.
+    bool named(const kx::AddressRange& range, std::vector<ControllerMemory*>* memories,
+               QString* error);
 
     /// Presets in the named station, or in all when none is named. Returns false
     /// and one line in `*error` when the named station is not simulated.

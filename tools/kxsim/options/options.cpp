@@ -3,6 +3,7 @@
 #include "addresses/station_text.h"
 #include "kxsim/options/fault_options.h"
 #include "kxsim/options/help_text.h"
+#include "kxsim/options/programme_options.h"
 #include "kxsim/options/timing_options.h"
 #include "system/character_format.h"
 
@@ -24,7 +25,6 @@ struct CommandLine {
     QCommandLineOption station = {
         {"a", "station"}, "Station to simulate, 1 to 247; repeatable (default 1).", "NUMBER"};
     QCommandLineOption set = {"set", "Preset values; repeatable.", "ADDRESS=VALUE[,VALUE...]"};
-    QCommandLineOption still = {"still", "Let no value move."};
     QCommandLineOption symlink = {
         "symlink", "Link to make to the pseudo-terminal; one of a running kxsim is kept.", "PATH"};
     QCommandLineOption log = {{"l", "log"}, "Print requests and replies in hex on standard error."};
@@ -43,9 +43,9 @@ struct CommandLine {
 
     CommandLine()
     {
-        parser.addOptions({station, set, still, symlink});
-        parser.addOptions(timingOptions() + faultOptions());
-        parser.addOptions({log, port, baud, parity, dataBits, stopBits, help, version});
+        parser.addOptions({station, set});
+        parser.addOptions(programmeOptions() + timingOptions() + faultOptions());
+        parser.addOptions({symlink, log, port, baud, parity, dataBits, stopBits, help, version});
     }
 };
 
@@ -140,6 +140,17 @@ bool canCloseLine(const Options& options, QString* error)
     return true;
 }
 
+bool takeAll(const CommandLine& line, Options* options, QString* error)
+{
+    Simulation* const simulation = &options->simulation;
+    options->logs = line.parser.isSet(line.log);
+    return takeStations(line.parser.values(line.station), options, error)
+           && takePresets(line.parser.values(line.set), options, error)
+           && takeProgramme(line.parser, simulation, error)
+           && takeTiming(line.parser, simulation, error) && takePort(line, options, error)
+           && takeFaults(line.parser, simulation, error) && canCloseLine(*options, error);
+}
+
 } // namespace
 
 bool parseOptions(const QStringList& arguments, Options* options, QString* error)
@@ -162,12 +173,7 @@ bool parseOptions(const QStringList& arguments, Options* options, QString* error
     if (!line.parser.positionalArguments().isEmpty())
         return fail(error, QStringLiteral("unexpected argument '%1'; a port is named with --port")
                                .arg(line.parser.positionalArguments().first()));
-    options->logs = line.parser.isSet(line.log);
-    options->simulation.moves = !line.parser.isSet(line.still);
-    return takeStations(line.parser.values(line.station), options, error)
-           && takePresets(line.parser.values(line.set), options, error)
-           && takePort(line, options, error) && takeFaults(line.parser, &options->simulation, error)
-           && canCloseLine(*options, error) && takeTiming(line.parser, &options->simulation, error);
+    return takeAll(line, options, error);
 }
 
 } // namespace kxsim

@@ -12,18 +12,18 @@ namespace kxsim
 {
 
 struct SimulatedLine::Parts {
-    Parts(std::unique_ptr<PseudoTerminal> openTerminal, Stations presetStations,
-          const Simulation& simulation)
+    Parts(std::unique_ptr<PseudoTerminal> openTerminal,
+          std::unique_ptr<Controllers> madeControllers, const Simulation& simulation)
         : terminal(std::move(openTerminal)),
-          stations(std::move(presetStations)),
-          simulator(terminal.get(), &stations, simulation),
+          controllers(std::move(madeControllers)),
+          simulator(terminal.get(), controllers.get(), simulation),
           portName(terminal->name())
     {
     }
 
     QTemporaryDir folder; ///< of the link
     std::unique_ptr<PseudoTerminal> terminal;
-    Stations stations;
+    std::unique_ptr<Controllers> controllers;
     Simulator simulator;
     QString portName;
     std::thread thread;
@@ -37,15 +37,13 @@ SimulatedLine::SimulatedLine(std::unique_ptr<Parts> parts) : m_parts(std::move(p
 
 std::unique_ptr<SimulatedLine> SimulatedLine::start(const Simulation& simulation, QString* error)
 {
-    Stations stations(simulation.stations);
-    for (const kx::Assignment& preset : simulation.presets) {
-        if (!stations.preset(preset, error))
-            return nullptr;
-    }
+    std::unique_ptr<Controllers> controllers = Controllers::make(simulation, error);
+    if (!controllers)
+        return nullptr;
     std::unique_ptr<PseudoTerminal> terminal = PseudoTerminal::open(error);
     if (!terminal)
         return nullptr;
-    auto parts = std::make_unique<Parts>(std::move(terminal), std::move(stations), simulation);
+    auto parts = std::make_unique<Parts>(std::move(terminal), std::move(controllers), simulation);
     if (simulation.faults.holds(Fault::Close)) {
         parts->portName = parts->folder.filePath(QStringLiteral("line"));
         if (!parts->terminal->linkFrom(parts->portName, error))

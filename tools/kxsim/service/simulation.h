@@ -4,6 +4,7 @@
 
 #include "addresses/address_text.h"
 #include "kxsim/faults/fault_plan.h"
+#include "kxsim/programme/wave.h"
 #include "kxsim/timing/duration_text.h"
 #include "kxsim/timing/pace.h"
 
@@ -16,6 +17,7 @@ struct Simulation {
     QList<int> stations = {1};     ///< 1 to 247, at least one; each has its own memory
     QList<kx::Assignment> presets; ///< in all stations unless they name one
     bool moves = true;             ///< values change by themselves, presets never
+    QList<Wave> waves;             ///< none of a preset, one for an address at most
     FaultPlan faults;              ///< its seed is the turnaround's, too
     Pace pace;                     ///< of the line
     DurationRange turnaround;      ///< from the end of a request to its reply

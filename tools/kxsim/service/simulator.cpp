@@ -14,7 +14,7 @@ namespace kxsim
 namespace
 {
 
-const int MOTION_MILLISECONDS = 100;
+const int STEP_MILLISECONDS = 100;
 
 // Longer than any pause inside a request, even with USB adapters that hold bytes
 // back for 16 ms; shorter than a host waits before it repeats.
@@ -27,10 +27,10 @@ LineTiming timingOf(const Simulation& simulation)
 
 } // namespace
 
-Simulator::Simulator(SlaveLine* line, Stations* stations, const Simulation& simulation)
+Simulator::Simulator(SlaveLine* line, Controllers* controllers, const Simulation& simulation)
     : m_line(line, timingOf(simulation)),
-      m_stations(stations),
-      m_server(stations),
+      m_controllers(controllers),
+      m_server(controllers->stations()),
       m_faults(simulation.faults)
 {
     int ends[2];
@@ -38,10 +38,6 @@ Simulator::Simulator(SlaveLine* line, Stations* stations, const Simulation& simu
         throw std::runtime_error("no pipe for the simulated controller");
     m_stopReader = ends[0];
     m_stopWriter = ends[1];
-    if (!simulation.moves)
-        return;
-    for (auto& [station, memory] : m_stations->all())
-        m_motions.emplace_back(&memory);
 }
 
 Simulator::~Simulator()
@@ -69,7 +65,8 @@ QString Simulator::command(const QString& line)
     const std::lock_guard<std::mutex> lock(m_lock);
     if (line.simplified() == QLatin1String("faults"))
         return m_faults.summary();
-    return runCommand(line, m_stations);
+    m_controllers->programme()->advanceTo(m_line.now());
+    return runCommand(line, m_controllers->stations());
 }
 
 bool Simulator::run()
@@ -85,7 +82,7 @@ bool Simulator::run()
             continue;
         if (sources[0].revents)
             return true;
-        move();
+        advance();
         sendDue();
         if (sources[1].revents && !m_line.receive())
             return false;
@@ -101,15 +98,13 @@ int Simulator::waitMilliseconds() const
 {
     if (isAmidFrame())
         return static_cast<int>(SILENCE.count());
-    return m_motions.empty() ? -1 : MOTION_MILLISECONDS;
+    return m_controllers->programme()->needsSteps() ? STEP_MILLISECONDS : -1;
 }
 
-void Simulator::move()
+void Simulator::advance()
 {
-    const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(m_line.now());
     const std::lock_guard<std::mutex> lock(m_lock);
-    for (Motion& motion : m_motions)
-        motion.advanceTo(elapsed.count());
+    m_controllers->programme()->advanceTo(m_line.now());
 }
 
 bool Simulator::answerArrived()
@@ -152,6 +147,7 @@ bool Simulator::answerRequests()
 RequestServer::Answer Simulator::askServer()
 {
     const std::lock_guard<std::mutex> lock(m_lock);
+    m_controllers->programme()->advanceTo(m_lastByte);
     return m_server.answer(m_received, m_faults.isCarriedOut());
 }
 

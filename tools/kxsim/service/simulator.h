@@ -4,14 +4,11 @@
 
 #include "kxsim/faults/line_faults.h"
 #include "kxsim/line/timed_line.h"
-#include "kxsim/memory/stations.h"
-#include "kxsim/programme/motion.h"
 #include "kxsim/requests/request_server.h"
-#include "kxsim/service/simulation.h"
+#include "kxsim/service/controllers.h"
 
 #include <functional>
 #include <mutex>
-#include <vector>
 
 namespace kxsim
 {
@@ -21,9 +18,9 @@ class Simulator
 public:
     using TextSink = std::function<void(const QString&)>;
 
-    /// Line and stations must outlive the simulator. The simulation's stations and presets
-    /// belong into `stations` before. Its time begins now.
-    Simulator(SlaveLine* line, Stations* stations, const Simulation& simulation);
+    /// Line and controllers must outlive the simulator; the controllers were made of the
+    /// same simulation. Its time begins now.
+    Simulator(SlaveLine* line, Controllers* controllers, const Simulation& simulation);
     ~Simulator();
     Simulator(const Simulator&) = delete;
     Simulator& operator=(const Simulator&) = delete;
@@ -47,10 +44,10 @@ public:
 
 private:
     int waitMilliseconds() const;
-    void move();
     bool answerArrived();
     bool answerRequests();
     RequestServer::Answer askServer();
+    void advance();
     bool isAmidFrame() const { return !m_received.isEmpty() || !m_damaged.isEmpty(); }
     void dropAfterSilence();
     void logDamaged();
@@ -61,10 +58,9 @@ private:
     void log(const char* what, const QByteArray& bytes) const;
 
     TimedLine m_line;
-    Stations* m_stations;
+    Controllers* m_controllers;
     RequestServer m_server;
     LineFaults m_faults;
-    std::vector<Motion> m_motions;
     std::mutex m_lock; ///< of the memory and the counts
     TextSink m_log;
     TextSink m_answer;
