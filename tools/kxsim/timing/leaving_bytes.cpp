@@ -23,7 +23,7 @@ Moment LeavingBytes::due() const
 
 bool LeavingBytes::begin(Moment now)
 {
-    if (m_waiting.empty() || std::max(m_waiting.front().start, m_free) > now)
+    if (m_waiting.empty() || m_waiting.front().start > now)
         return false;
     m_current = m_waiting.front().bytes;
     m_start = std::max(m_waiting.front().start, m_free);
