@@ -3,6 +3,7 @@
 #include "kxsim/line/pseudo_terminal.h"
 #include "kxsim/options/options.h"
 #include "kxsim/service/simulator.h"
+#include "panel/recipe/recipe_storage.h"
 #include "system/printable_text.h"
 #include "system/standard_streams.h"
 
@@ -15,6 +16,7 @@
 namespace
 {
 
+const int SAVING_FAILED = 1;
 const int WRONG_USAGE = 2;
 const int PORT_FAILED = 3;
 
@@ -71,7 +73,13 @@ int serve(const kxsim::Options& options, kxsim::SlaveLine* line, kxsim::Controll
     std::signal(SIGHUP, SIG_DFL);
     if (!options.simulation.faults.chances.isEmpty())
         say(stdout, QStringLiteral("kxsim: ") + simulator.command(QStringLiteral("faults")));
-    return wasStopped ? 0 : fail(PORT_FAILED, line->name() + QStringLiteral(": the line was lost"));
+    const int exitCode =
+        wasStopped ? 0 : fail(PORT_FAILED, line->name() + QStringLiteral(": the line was lost"));
+    QString error;
+    if (!options.savedFile.isEmpty()
+        && !kx::replaceRecipeFile(options.savedFile, simulator.memory(), &error))
+        return fail(SAVING_FAILED, QStringLiteral("the memory is not saved: ") + error);
+    return exitCode;
 }
 
 } // namespace
@@ -91,6 +99,8 @@ int main(int argc, char* argv[])
     const auto controllers = kxsim::Controllers::make(options.simulation, &error);
     if (!controllers)
         return fail(WRONG_USAGE, error);
+    if (!options.savedFile.isEmpty() && !kx::canReplaceRecipeFile(options.savedFile, &error))
+        return fail(WRONG_USAGE, QStringLiteral("--save ") + error);
     const auto line = openLine(options, &error);
     if (!line)
         return fail(PORT_FAILED, error);

@@ -59,9 +59,10 @@ void KxsimCompletionTest::everyOptionIsOffered()
 {
     QCOMPARE(
         SCRIPT.completed("''"),
-        (QStringList{"--baud", "--data-bits", "--fault", "--fault-delay", "--fault-seed", "--help",
-                     "--log", "--pace", "--parity", "--port", "--set", "--station", "--still",
-                     "--stop-bits", "--symlink", "--turnaround", "--version", "--wave"}));
+        (QStringList{"--baud",      "--data-bits", "--fault",      "--fault-delay", "--fault-seed",
+                     "--help",      "--load",      "--log",        "--pace",        "--parity",
+                     "--port",      "--save",      "--set",        "--station",     "--still",
+                     "--stop-bits", "--symlink",   "--turnaround", "--version",     "--wave"}));
 }
 
 void KxsimCompletionTest::everyFaultIsOffered()
@@ -76,6 +77,8 @@ void KxsimCompletionTest::filesAreOffered()
 {
     const QString file = KX_COMPLETION_FILE;
     QCOMPARE(SCRIPT.completed("--symlink " + file.left(file.size() - 2)), QStringList{file});
+    QCOMPARE(SCRIPT.completed("--load " + file.left(file.size() - 2)), QStringList{file});
+    QCOMPARE(SCRIPT.completed("--save " + file.left(file.size() - 2)), QStringList{file});
     QCOMPARE(SCRIPT.completed("--port /dev/nul"), QStringList{"/dev/null"});
     QCOMPARE(SCRIPT.completed("-p /dev/nul"), QStringList{"/dev/null"});
 }

@@ -83,6 +83,12 @@ void KxsimUsageTest::wrongUsageGetsOneLine_data()
         {"all faults without a link", "--fault all:0.1", 2, "--symlink"},
         {"seed not a number", "--fault-seed x", 2, "--fault-seed x"},
         {"no delay", "--fault-delay 0", 2, "from 1 to 60000"},
+        {"a memory that is not there", "--load /nowhere/m.csv", 2,
+         "kxsim: /nowhere/m.csv: No such file or directory"},
+        {"a memory without a name", "--load=", 2, "--load: the name of the file is missing"},
+        {"a memory in no folder", "--save /nowhere/m.csv", 2,
+         "kxsim: --save /nowhere/m.csv: No such file or directory"},
+        {"saving without a name", "--save=", 2, "--save: the name of the file is missing"},
         {"a wave without a period", "--wave D10=0..5", 2, "--wave D10=0..5: write ADDRESS=FIRST"},
         {"a wave of another station", "--wave D10@2=0..5/1s", 2, "station 2 is not simulated"},
         {"a wave of what is preset", "--set D10=1 --wave D10=0..5/1s", 2,
@@ -139,11 +145,26 @@ void KxsimUsageTest::helpShowsExamplesAndTheOctalTypes()
         QCOMPARE(outcome.exitCode, 0);
         QCOMPARE(outcome.error, QString());
         QVERIFY(outcome.output.startsWith("Usage: kxsim [options]\nSimulated controllers: "));
-        for (const char* const words :
-             {"X and Y are octal", "kxsim --set D100=1234", "--station", "--still", "--wave",
-              "--symlink", "--log", "--turnaround", "--pace", "--fault", "--fault-seed",
-              "--fault-delay", "extra-before", "--port", "--baud", "--parity", "--data-bits",
-              "--stop-bits"})
+        for (const char* const words : {"X and Y are octal",
+                                        "kxsim --set D100=1234",
+                                        "--station",
+                                        "--load",
+                                        "--save",
+                                        "--still",
+                                        "--wave",
+                                        "--symlink",
+                                        "--log",
+                                        "--turnaround",
+                                        "--pace",
+                                        "--fault",
+                                        "--fault-seed",
+                                        "--fault-delay",
+                                        "extra-before",
+                                        "--port",
+                                        "--baud",
+                                        "--parity",
+                                        "--data-bits",
+                                        "--stop-bits"})
             QVERIFY2(outcome.output.contains(QString::fromLatin1(words)), words);
     }
 }

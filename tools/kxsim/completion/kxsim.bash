@@ -32,7 +32,7 @@ _kxsim()
     words=$(_kxsim_values "$previous")
     case $previous in
         --port | -p) mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}") ;;
-        --symlink) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
+        --symlink | --load | --save) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
         --station | -a | --set | --fault-seed | --fault-delay | --turnaround | --wave)
             COMPREPLY=()
             ;;

@@ -6,11 +6,16 @@ namespace kxsim
 namespace
 {
 
-void presetMemory(ControllerMemory& memory, const kx::Assignment& assignment)
+using Setter = void (ControllerMemory::*)(const RegisterType* type, int address, quint32 value);
+
+void apply(const kx::Assignment& assignment, const std::vector<ControllerMemory*>& memories,
+           Setter setter)
 {
-    int address = assignment.range.address;
-    for (const qint64 value : assignment.values)
-        memory.preset(assignment.range.type, address++, static_cast<quint32>(value));
+    for (ControllerMemory* const memory : memories) {
+        int address = assignment.range.address;
+        for (const qint64 value : assignment.values)
+            (memory->*setter)(assignment.range.type, address++, static_cast<quint32>(value));
+    }
 }
 
 QString notSimulated(const kx::AddressRange& range)
@@ -55,9 +60,16 @@ bool Stations::preset(const kx::Assignment& assignment, QString* error)
     std::vector<ControllerMemory*> memories;
     if (!named(assignment.range, &memories, error))
         return false;
-    for (ControllerMemory* const each : memories)
-        presetMemory(*each, assignment);
+    apply(assignment, memories, &ControllerMemory::preset);
     return true;
+}
+
+void Stations::set(const kx::Assignment& assignment)
+{
+    QString unused;
+    std::vector<ControllerMemory*> memories;
+    if (named(assignment.range, &memories, &unused))
+        apply(assignment, memories, &ControllerMemory::setValue);
 }
 
 bool Stations::values(const kx::AddressRange& range, QList<quint32>* values, QString* error)

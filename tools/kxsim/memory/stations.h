@@ -34,6 +34,10 @@ public:
     /// and one line in `*error` when the named station is not simulated.
     bool preset(const kx::Assignment& assignment, QString* error);
 
+    /// Sets without presetting, so that what moves goes on from there; the station must be
+    /// one that named() finds.
+    void set(const kx::Assignment& assignment);
+
     /// Values in the named station, or in the lowest when none is named.
     bool values(const kx::AddressRange& range, QList<quint32>* values, QString* error);
 

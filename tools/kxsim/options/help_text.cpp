@@ -53,6 +53,7 @@ const char* const EXAMPLES =
     "  kxsim --set D100=1234 --set M0=1,0,1,1 --set X17=1\n"
     "  kxsim --station 1 --station 2 --set D100@2=5\n"
     "  kxsim --port /dev/ttyUSB0 --baud 19200 --parity even --log\n"
+    "  kxsim --load memory.csv --save memory.csv\n"
     "  kxsim --wave D10=0..4095/20s --wave 32CV200=triangle:0..1000000/10min\n"
     "  kxsim --pace 19200,8E1 --turnaround 5..20ms\n"
     "  kxsim --symlink /tmp/line --fault all:0.1 --fault-seed 7\n"
@@ -61,8 +62,8 @@ const char* const EXAMPLES =
     "Writes of X are refused (exception 2), as are addresses outside the register map; other\n"
     "functions than 1, 3, 5, 6, 15 and 16 with exception 1, wrong counts with exception 3.\n"
     "\n"
-    "Exit codes: 0 ended by Ctrl-C or a signal, 2 wrong usage, 3 the port cannot be opened or\n"
-    "was lost, or the link cannot be made.\n";
+    "Exit codes: 0 ended by Ctrl-C or a signal, 1 the memory could not be saved, 2 wrong usage,\n"
+    "3 the port cannot be opened or was lost, or the link cannot be made.\n";
 
 } // namespace
 

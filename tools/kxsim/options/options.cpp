@@ -3,6 +3,7 @@
 #include "addresses/station_text.h"
 #include "kxsim/options/fault_options.h"
 #include "kxsim/options/help_text.h"
+#include "kxsim/options/memory_options.h"
 #include "kxsim/options/programme_options.h"
 #include "kxsim/options/timing_options.h"
 #include "system/character_format.h"
@@ -24,7 +25,6 @@ const int BAUDS[] = {110,   300,   600,   1200,   2400,   4800,   9600,
 struct CommandLine {
     QCommandLineOption station = {
         {"a", "station"}, "Station to simulate, 1 to 247; repeatable (default 1).", "NUMBER"};
-    QCommandLineOption set = {"set", "Preset values; repeatable.", "ADDRESS=VALUE[,VALUE...]"};
     QCommandLineOption symlink = {
         "symlink", "Link to make to the pseudo-terminal; one of a running kxsim is kept.", "PATH"};
     QCommandLineOption log = {{"l", "log"}, "Print requests and replies in hex on standard error."};
@@ -43,8 +43,8 @@ struct CommandLine {
 
     CommandLine()
     {
-        parser.addOptions({station, set});
-        parser.addOptions(programmeOptions() + timingOptions() + faultOptions());
+        parser.addOption(station);
+        parser.addOptions(memoryOptions() + programmeOptions() + timingOptions() + faultOptions());
         parser.addOptions({symlink, log, port, baud, parity, dataBits, stopBits, help, version});
     }
 };
@@ -76,21 +76,6 @@ bool takeStations(const QStringList& texts, Options* options, QString* error)
                                    .arg(text, QString::number(kx::LOWEST_STATION),
                                         QString::number(kx::HIGHEST_STATION)));
         options->simulation.stations << station;
-    }
-    return true;
-}
-
-bool takePresets(const QStringList& texts, Options* options, QString* error)
-{
-    for (const QString& text : texts) {
-        kx::Assignment preset;
-        if (!kx::parseAssignment(text, &preset, error))
-            return false;
-        const int station = preset.range.station;
-        if (station >= 0 && !options->simulation.stations.contains(station))
-            return fail(error, QStringLiteral("%1: station %2 is not simulated; add --station %2")
-                                   .arg(text, QString::number(station)));
-        options->simulation.presets << preset;
     }
     return true;
 }
@@ -145,7 +130,7 @@ bool takeAll(const CommandLine& line, Options* options, QString* error)
     Simulation* const simulation = &options->simulation;
     options->logs = line.parser.isSet(line.log);
     return takeStations(line.parser.values(line.station), options, error)
-           && takePresets(line.parser.values(line.set), options, error)
+           && takeMemory(line.parser, options, error)
            && takeProgramme(line.parser, simulation, error)
            && takeTiming(line.parser, simulation, error) && takePort(line, options, error)
            && takeFaults(line.parser, simulation, error) && canCloseLine(*options, error);

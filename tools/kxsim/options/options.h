@@ -14,6 +14,7 @@ struct Options {
     Simulation simulation;
     PortSettings port; ///< no device: a pseudo-terminal
     QString link;      ///< empty: none
+    QString savedFile; ///< takes the memory at the end; empty: none
     bool logs = false;
     QString information; ///< text that was asked for instead of serving
 };

@@ -30,7 +30,9 @@ const RegisterType* type(const char* name)
 
 Motion::Motion(ControllerMemory* memory) : m_memory(memory)
 {
-    m_memory->move(type("32CV"), 200, COUNTER_START);
+    // A loaded value goes on.
+    if (m_memory->value(type("32CV"), 200) == 0)
+        m_memory->move(type("32CV"), 200, COUNTER_START);
     showPhases();
 }
 

@@ -15,7 +15,7 @@ namespace kxsim
 class Controllers
 {
 public:
-    /// Null, and one line in `*error`, when a preset or the programme cannot be.
+    /// Null, and one line in `*error`, when the memory file, a preset or the programme cannot be.
     static std::unique_ptr<Controllers> make(const Simulation& simulation, QString* error);
 
     Stations* stations() { return &m_stations; }

@@ -9,12 +9,14 @@
 #include "kxsim/timing/pace.h"
 
 #include <QtCore/QList>
+#include <QtCore/QString>
 
 namespace kxsim
 {
 
 struct Simulation {
     QList<int> stations = {1};     ///< 1 to 247, at least one; each has its own memory
+    QString memoryFile;            ///< values to begin with, see memory_file.h; empty: none
     QList<kx::Assignment> presets; ///< in all stations unless they name one
     bool moves = true;             ///< values change by themselves, presets never
     QList<Wave> waves;             ///< none of a preset, one for an address at most

@@ -1,5 +1,6 @@
 #include "kxsim/service/simulator.h"
 
+#include "kxsim/memory/memory_file.h"
 #include "kxsim/service/commands.h"
 
 #include <algorithm>
@@ -67,6 +68,13 @@ QString Simulator::command(const QString& line)
         return m_faults.summary();
     m_controllers->programme()->advanceTo(m_line.now());
     return runCommand(line, m_controllers->stations());
+}
+
+QByteArray Simulator::memory()
+{
+    advance();
+    const std::lock_guard<std::mutex> lock(m_lock);
+    return memoryText(m_controllers->stations());
 }
 
 bool Simulator::run()

@@ -42,6 +42,9 @@ public:
     /// LineFaults::summary(). For any thread.
     QString command(const QString& line);
 
+    /// What the controllers hold now, see memory_file.h. For any thread.
+    QByteArray memory();
+
 private:
     int waitMilliseconds() const;
     bool answerArrived();

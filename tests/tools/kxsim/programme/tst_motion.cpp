@@ -29,6 +29,7 @@ private slots:
     void presetsStayStill();
     void countersGoOnFromWhatAHostWrote();
     void theCounterWrapsAfter65535();
+    void countersGoOnFromLoadedValues();
 };
 
 void MotionTest::valuesAtATime_data()
@@ -138,6 +139,17 @@ void MotionTest::theCounterWrapsAfter65535()
     memory.setValue(type("D"), 0, 65535);
     motion.advanceTo(100);
     QCOMPARE(memory.value(type("D"), 0), 0u);
+}
+
+void MotionTest::countersGoOnFromLoadedValues()
+{
+    ControllerMemory memory;
+    memory.setValue(type("D"), 0, 500);
+    memory.setValue(type("32CV"), 200, 1000000);
+    Motion motion(&memory);
+    motion.advanceTo(100);
+    QCOMPARE(memory.value(type("D"), 0), 501u);
+    QCOMPARE(memory.value(type("32CV"), 200), 1000007u);
 }
 
 QTEST_APPLESS_MAIN(MotionTest)
