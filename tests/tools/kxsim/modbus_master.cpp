@@ -95,11 +95,11 @@ void ModbusMaster::send(const QByteArray& bytes)
         write(modbus_get_socket(m_context), bytes.constData(), static_cast<size_t>(bytes.size()))));
 }
 
-QByteArray ModbusMaster::received(int count)
+QByteArray ModbusMaster::received(int count, int milliseconds)
 {
     QByteArray all;
     pollfd line = {modbus_get_socket(m_context), POLLIN, 0};
-    while (all.size() < count && poll(&line, 1, REPLY_TIMEOUT_MILLISECONDS) > 0) {
+    while (all.size() < count && poll(&line, 1, milliseconds) > 0) {
         char bytes[256];
         const ssize_t length = read(line.fd, bytes, sizeof bytes);
         if (length <= 0)

@@ -32,9 +32,9 @@ public:
     /// libmodbus's text for the last failure.
     QString error() const { return m_error; }
 
-    /// Bytes past libmodbus; received() waits for `count` of them, at most 1 s.
+    /// Bytes past libmodbus; received() waits for `count` of them, at most so long for each.
     void send(const QByteArray& bytes);
-    QByteArray received(int count);
+    QByteArray received(int count, int milliseconds = 1000);
 
 private:
     bool check(int result);

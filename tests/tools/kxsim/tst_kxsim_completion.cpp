@@ -59,10 +59,11 @@ void KxsimCompletionTest::everyOptionIsOffered()
 {
     QCOMPARE(
         SCRIPT.completed("''"),
-        (QStringList{"--baud",      "--data-bits", "--fault",      "--fault-delay", "--fault-seed",
-                     "--help",      "--load",      "--log",        "--pace",        "--parity",
-                     "--port",      "--save",      "--set",        "--station",     "--still",
-                     "--stop-bits", "--symlink",   "--turnaround", "--version",     "--wave"}));
+        (QStringList{"--baud",       "--data-bits", "--down",    "--fault",      "--fault-delay",
+                     "--fault-seed", "--help",      "--load",    "--log",        "--pace",
+                     "--parity",     "--port",      "--save",    "--set",        "--station",
+                     "--still",      "--stop-bits", "--symlink", "--turnaround", "--version",
+                     "--wave"}));
 }
 
 void KxsimCompletionTest::everyFaultIsOffered()

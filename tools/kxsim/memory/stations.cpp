@@ -39,6 +39,14 @@ ControllerMemory* Stations::memory(int station)
     return found == m_memories.end() ? nullptr : &found->second;
 }
 
+void Stations::setHears(int station, bool hears)
+{
+    if (hears)
+        m_deaf.erase(station);
+    else
+        m_deaf.insert(station);
+}
+
 bool Stations::named(const kx::AddressRange& range, std::vector<ControllerMemory*>* memories,
                      QString* error)
 {

@@ -8,6 +8,7 @@
 #include <QtCore/QList>
 
 #include <map>
+#include <set>
 #include <vector>
 
 namespace kxsim
@@ -24,6 +25,10 @@ public:
 
     /// All memories by station number.
     std::map<int, ControllerMemory>& all() { return m_memories; }
+
+    /// Whether requests reach a station; they do until it is told otherwise.
+    bool hears(int station) const { return m_deaf.count(station) == 0; }
+    void setHears(int station, bool hears);
 
     /// The memories that a range means: of the station it names, or of all. Returns false
     /// and one line in `*error` when that station is not simulated.
@@ -43,6 +48,7 @@ public:
 
 private:
     std::map<int, ControllerMemory> m_memories;
+    std::set<int> m_deaf;
 };
 
 } // namespace kxsim

@@ -3,6 +3,27 @@
 namespace kxsim
 {
 
+namespace
+{
+
+bool takeOutages(const QStringList& texts, Simulation* simulation, QString* error)
+{
+    for (const QString& text : texts) {
+        Outage outage;
+        if (!parseOutage(text, &outage, error))
+            return false;
+        if (!simulation->stations.contains(outage.station)) {
+            *error = QStringLiteral("--down %1: station %2 is not simulated; add --station %2")
+                         .arg(text, QString::number(outage.station));
+            return false;
+        }
+        simulation->outages << outage;
+    }
+    return true;
+}
+
+} // namespace
+
 QList<QCommandLineOption> faultOptions()
 {
     return {
@@ -11,6 +32,10 @@ QList<QCommandLineOption> faultOptions()
         {"fault-seed", "Seed of the faults and of --turnaround, for repeatable runs (default 1).",
          "NUMBER", "1"},
         {"fault-delay", "Milliseconds that delayed replies are late (default 1500).", "MS", "1500"},
+        {"down",
+         "Let a station hear nothing from FROM to TO after the start, without TO for good, with "
+         "PERIOD in each such time: 3@10s..30s/60s; repeatable.",
+         "STATION@FROM..[TO][/PERIOD]"},
     };
 }
 
@@ -21,7 +46,8 @@ bool takeFaults(const QCommandLineParser& parser, Simulation* simulation, QStrin
         if (!addFault(text, &faults, error))
             return false;
     }
-    return parseFaultSeed(parser.value(QStringLiteral("fault-seed")), &faults, error)
+    return takeOutages(parser.values(QStringLiteral("down")), simulation, error)
+           && parseFaultSeed(parser.value(QStringLiteral("fault-seed")), &faults, error)
            && parseFaultDelay(parser.value(QStringLiteral("fault-delay")), &faults, error);
 }
 

@@ -10,11 +10,11 @@
 namespace kxsim
 {
 
-/// --fault, --fault-seed and --fault-delay.
+/// --fault, --fault-seed, --fault-delay and --down.
 QList<QCommandLineOption> faultOptions();
 
-/// Reads them from a parser that knows them. False and one line in `*error` when one is
-/// wrong.
+/// Reads them from a parser that knows them; stations come before. False and one line in `*error`
+/// when one is wrong.
 bool takeFaults(const QCommandLineParser& parser, Simulation* simulation, QString* error);
 
 } // namespace kxsim

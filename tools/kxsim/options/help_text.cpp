@@ -57,6 +57,7 @@ const char* const EXAMPLES =
     "  kxsim --wave D10=0..4095/20s --wave 32CV200=triangle:0..1000000/10min\n"
     "  kxsim --pace 19200,8E1 --turnaround 5..20ms\n"
     "  kxsim --symlink /tmp/line --fault all:0.1 --fault-seed 7\n"
+    "  kxsim --station 2 --station 3 --down 3@10s..30s/60s\n"
     "  kxsim --fault silence:0.01 --fault corrupt:0.02\n"
     "\n"
     "Writes of X are refused (exception 2), as are addresses outside the register map; other\n"

@@ -99,12 +99,14 @@ RequestServer::Answer RequestServer::answer(const QByteArray& received, bool car
     const QByteArray request = received.left(found.length);
     const int station = byteAt(request, 0);
     if (station == MODBUS_BROADCAST_ADDRESS) {
-        for (auto& [number, memory] : m_stations->all())
-            execute(request, &memory);
+        for (auto& [number, memory] : m_stations->all()) {
+            if (m_stations->hears(number))
+                execute(request, &memory);
+        }
         return {EXECUTED, found.length, QByteArray()};
     }
     ControllerMemory* const memory = m_stations->memory(station);
-    if (!memory)
+    if (!memory || !m_stations->hears(station))
         return {IGNORED, found.length, QByteArray()};
     if (!carriesOut)
         return {EXECUTED, found.length, QByteArray()};

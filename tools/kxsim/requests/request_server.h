@@ -18,7 +18,7 @@ public:
     enum Verdict {
         INCOMPLETE, ///< the bytes so far may be the beginning of a request
         DAMAGED,    ///< no request begins at the first byte
-        IGNORED,    ///< a request to a station that is not simulated
+        IGNORED,    ///< a request to a station that is not simulated, or hears nothing
         EXECUTED    ///< carried out, if asked to; `reply` is empty for a broadcast
     };
 

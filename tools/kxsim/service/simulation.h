@@ -4,6 +4,7 @@
 
 #include "addresses/address_text.h"
 #include "kxsim/faults/fault_plan.h"
+#include "kxsim/faults/outage.h"
 #include "kxsim/programme/wave.h"
 #include "kxsim/timing/duration_text.h"
 #include "kxsim/timing/pace.h"
@@ -21,6 +22,7 @@ struct Simulation {
     bool moves = true;             ///< values change by themselves, presets never
     QList<Wave> waves;             ///< none of a preset, one for an address at most
     FaultPlan faults;              ///< its seed is the turnaround's, too
+    QList<Outage> outages;         ///< of stations that are simulated
     Pace pace;                     ///< of the line
     DurationRange turnaround;      ///< from the end of a request to its reply
 };

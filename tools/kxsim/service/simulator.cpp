@@ -32,7 +32,8 @@ Simulator::Simulator(SlaveLine* line, Controllers* controllers, const Simulation
     : m_line(line, timingOf(simulation)),
       m_controllers(controllers),
       m_server(controllers->stations()),
-      m_faults(simulation.faults)
+      m_faults(simulation.faults),
+      m_outages(simulation.outages)
 {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
@@ -156,7 +157,15 @@ RequestServer::Answer Simulator::askServer()
 {
     const std::lock_guard<std::mutex> lock(m_lock);
     m_controllers->programme()->advanceTo(m_lastByte);
+    followOutages();
     return m_server.answer(m_received, m_faults.isCarriedOut());
+}
+
+void Simulator::followOutages()
+{
+    for (const Outage& outage : m_outages)
+        m_controllers->stations()->setHears(outage.station,
+                                            !isDown(m_outages, outage.station, m_lastByte));
 }
 
 void Simulator::dropAfterSilence()

@@ -50,6 +50,7 @@ private:
     bool answerArrived();
     bool answerRequests();
     RequestServer::Answer askServer();
+    void followOutages();
     void advance();
     bool isAmidFrame() const { return !m_received.isEmpty() || !m_damaged.isEmpty(); }
     void dropAfterSilence();
@@ -64,6 +65,7 @@ private:
     Controllers* m_controllers;
     RequestServer m_server;
     LineFaults m_faults;
+    QList<Outage> m_outages;
     std::mutex m_lock; ///< of the memory and the counts
     TextSink m_log;
     TextSink m_answer;

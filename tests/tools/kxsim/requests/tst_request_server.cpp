@@ -31,6 +31,7 @@ private slots:
     void writesReachTheMemory();
     void eachStationAnswersFromItsOwnMemory();
     void aBroadcastReachesAllStationsAndIsNotAnswered();
+    void nothingReachesAStationThatHearsNothing();
     void aRequestToAnotherStationIsIgnoredAndTheNextIsAnswered();
     void everyBeginningOfARequestIsIncomplete_data();
     void everyBeginningOfARequestIsIncomplete();
@@ -170,6 +171,24 @@ void RequestServerTest::eachStationAnswersFromItsOwnMemory()
     server.answer(withCrc("F7 06 0000 3333"));
     QCOMPARE(stations.memory(247)->value(type("D"), 0), 0x3333u);
     QCOMPARE(stations.memory(1)->value(type("D"), 0), 0x1111u);
+}
+
+void RequestServerTest::nothingReachesAStationThatHearsNothing()
+{
+    Stations stations({1, 2});
+    RequestServer server(&stations);
+    stations.setHears(2, false);
+    server.answer(withCrc("00 06 0064 0007")); // a broadcast
+    const RequestServer::Answer answer = server.answer(withCrc("02 06 0065 0008"));
+    QCOMPARE(answer.verdict, RequestServer::IGNORED);
+    QCOMPARE(answer.requestLength, 8);
+    QCOMPARE(answer.reply, QByteArray());
+    QCOMPARE(stations.memory(1)->value(type("D"), 100), 7u);
+    QCOMPARE(stations.memory(2)->value(type("D"), 100), 0u);
+    QCOMPARE(stations.memory(2)->value(type("D"), 101), 0u);
+    stations.setHears(2, true);
+    QCOMPARE(server.answer(withCrc("02 06 0065 0008")).reply, withCrc("02 06 0065 0008"));
+    QCOMPARE(stations.memory(2)->value(type("D"), 101), 8u);
 }
 
 void RequestServerTest::aBroadcastReachesAllStationsAndIsNotAnswered()
