@@ -25,6 +25,7 @@ private slots:
     void stationsOfOneLineHaveTheirOwnMemory();
     void presetsStayStillWhileOthersMove();
     void wavesMoveWhateverIsStill();
+    void aTimerAndACounterRun();
     void commandsAnswerAndSurviveTheirEnd();
     void theLinkLastsAsLongAsTheProgram();
     void faultsAreCounted();
@@ -156,6 +157,22 @@ void KxsimTest::wavesMoveWhateverIsStill()
     kxsim.tell("set D10=7");
     QCOMPARE(kxsim.ask("get D10"), QStringLiteral("D10=7"));
     QCOMPARE(master.registers(10, 1), QList<int>({7}));
+}
+
+void KxsimTest::aTimerAndACounterRun()
+{
+    KxsimProcess kxsim({"--still", "--timer", "T5=3/M5", "--counter", "C200=2/M5"});
+    ModbusMaster master(kxsim.portName());
+    QVERIFY(master.writeCoil(2005, true));                   // M5
+    QTRY_COMPARE(master.coils(8005, 1), QList<int>({1}));    // T5
+    QCOMPARE(master.registers(9005, 1), QList<int>({3}));    // TV5
+    QCOMPARE(master.registers(9700, 2), QList<int>({0, 1})); // 32CV200
+    QVERIFY(master.writeCoil(2005, false));
+    QTRY_COMPARE(master.registers(9005, 1), QList<int>({0}));
+    QVERIFY(master.writeCoil(2005, true));
+    QTRY_COMPARE(kxsim.ask("get C200"), QStringLiteral("C200=1"));
+    QVERIFY(master.writeRegisters(9700, {0, 0}));
+    QTRY_COMPARE(master.coils(9400, 1), QList<int>({0})); // C200
 }
 
 void KxsimTest::commandsAnswerAndSurviveTheirEnd()

@@ -57,13 +57,12 @@ void KxsimCompletionTest::whatIsOffered()
 
 void KxsimCompletionTest::everyOptionIsOffered()
 {
-    QCOMPARE(
-        SCRIPT.completed("''"),
-        (QStringList{"--baud",       "--data-bits", "--down",    "--fault",      "--fault-delay",
-                     "--fault-seed", "--help",      "--load",    "--log",        "--pace",
-                     "--parity",     "--port",      "--save",    "--set",        "--station",
-                     "--still",      "--stop-bits", "--symlink", "--turnaround", "--version",
-                     "--wave"}));
+    QCOMPARE(SCRIPT.completed("''"),
+             (QStringList{"--baud",        "--counter",    "--data-bits", "--down",    "--fault",
+                          "--fault-delay", "--fault-seed", "--help",      "--load",    "--log",
+                          "--pace",        "--parity",     "--port",      "--save",    "--set",
+                          "--station",     "--still",      "--stop-bits", "--symlink", "--timer",
+                          "--turnaround",  "--version",    "--wave"}));
 }
 
 void KxsimCompletionTest::everyFaultIsOffered()

@@ -33,7 +33,8 @@ _kxsim()
     case $previous in
         --port | -p) mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}") ;;
         --symlink | --load | --save) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
-        --station | -a | --set | --fault-seed | --fault-delay | --turnaround | --wave | --down)
+        --station | -a | --set | --wave | --timer | --counter | --turnaround | --fault-seed \
+            | --fault-delay | --down)
             COMPREPLY=()
             ;;
         *) mapfile -t COMPREPLY < <(compgen -W "${words:-$(_kxsim_options)}" -- "$current") ;;

@@ -10,7 +10,7 @@
 namespace kxsim
 {
 
-/// --still and --wave.
+/// --still, --wave, --timer and --counter.
 QList<QCommandLineOption> programmeOptions();
 
 /// Reads them from a parser that knows them. False and one line in `*error` when one is

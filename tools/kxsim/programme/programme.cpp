@@ -3,6 +3,45 @@
 namespace kxsim
 {
 
+namespace
+{
+
+const Moment SCAN_TIME = std::chrono::milliseconds(10);
+
+} // namespace
+
+bool Programme::add(const PresetContact& contact, const char* option, std::vector<Place>* places,
+                    QString* error)
+{
+    const kx::AddressRange& range = contact.contact;
+    std::vector<ControllerMemory*> memories;
+    if (!m_stations->named(range, &memories, error))
+        return false;
+    for (ControllerMemory* const memory : memories) {
+        for (const Place& other : *places) {
+            if (other.memory != memory || other.plan.contact.address != range.address)
+                continue;
+            *error = QStringLiteral("--%1 %2: it has one already")
+                         .arg(QLatin1String(option), kx::addressText(range.type, range.address));
+            return false;
+        }
+        places->push_back({contact, memory});
+        for (const RegisterType* const type : {range.type, contact.valueType()})
+            memory->preset(type, range.address, memory->value(type, range.address));
+    }
+    return true;
+}
+
+bool Programme::addTimer(const PresetContact& timer, QString* error)
+{
+    return add(timer, "timer", &m_timerPlaces, error);
+}
+
+bool Programme::addCounter(const PresetContact& counter, QString* error)
+{
+    return add(counter, "counter", &m_counterPlaces, error);
+}
+
 void Programme::start(bool moves)
 {
     if (moves) {
@@ -10,14 +49,37 @@ void Programme::start(bool moves)
             m_motions.emplace_back(&memory);
     }
     m_waves.showAt(Moment(0));
+    for (const Place& place : m_timerPlaces)
+        m_timers.emplace_back(place.plan, place.memory);
+    for (const Place& place : m_counterPlaces)
+        m_counters.emplace_back(place.plan, place.memory);
 }
 
+// Inputs are read, then the programme runs, as in a controller.
 void Programme::advanceTo(Moment now)
+{
+    while (scans() && (m_scans + 1) * SCAN_TIME <= now) {
+        ++m_scans;
+        moveTo(m_scans * SCAN_TIME);
+        scan();
+    }
+    moveTo(now);
+}
+
+void Programme::moveTo(Moment now)
 {
     const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now);
     for (Motion& motion : m_motions)
         motion.advanceTo(elapsed.count());
     m_waves.showAt(now);
+}
+
+void Programme::scan()
+{
+    for (Timer& timer : m_timers)
+        timer.scan();
+    for (Counter& counter : m_counters)
+        counter.scan();
 }
 
 } // namespace kxsim

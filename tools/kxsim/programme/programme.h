@@ -5,7 +5,9 @@
 #define KX_KXSIM_PROGRAMME_PROGRAMME_H
 
 #include "kxsim/memory/stations.h"
+#include "kxsim/programme/counter.h"
 #include "kxsim/programme/motion.h"
+#include "kxsim/programme/timer.h"
 #include "kxsim/programme/waves.h"
 
 #include <vector>
@@ -19,8 +21,14 @@ public:
     /// `stations` must outlive the programme and hold their presets.
     explicit Programme(Stations* stations) : m_waves(stations), m_stations(stations) {}
 
+    /// Adds timers and counters, before waves: contact and value then are neither moved nor
+    /// free for waves. Return false and one line in `*error` when their station is not
+    /// simulated, or their contact has one already.
+    bool addTimer(const PresetContact& timer, QString* error);
+    bool addCounter(const PresetContact& counter, QString* error);
+
     /// See Waves::add().
-    bool add(const Wave& wave, QString* error) { return m_waves.add(wave, error); }
+    bool addWave(const Wave& wave, QString* error) { return m_waves.add(wave, error); }
 
     /// Puts the values of time 0 into the memories. Once, behind what was added.
     /// @param moves with the addresses of motion.h
@@ -31,9 +39,26 @@ public:
     void advanceTo(Moment now);
 
     /// Whether there is something that goes on from its last value.
-    bool needsSteps() const { return !m_motions.empty(); }
+    bool needsSteps() const { return !m_motions.empty() || scans(); }
 
 private:
+    /// A contact in its memory.
+    struct Place {
+        PresetContact plan;
+        ControllerMemory* memory;
+    };
+
+    bool add(const PresetContact& contact, const char* option, std::vector<Place>* places,
+             QString* error);
+    bool scans() const { return !m_timerPlaces.empty() || !m_counterPlaces.empty(); }
+    void moveTo(Moment now);
+    void scan();
+
+    std::vector<Place> m_timerPlaces;
+    std::vector<Place> m_counterPlaces;
+    std::vector<Timer> m_timers;
+    std::vector<Counter> m_counters;
+    qint64 m_scans = 0; ///< since time 0
     std::vector<Motion> m_motions;
     Waves m_waves;
     Stations* m_stations;

@@ -11,10 +11,10 @@ bool Waves::add(const Place& place, QString* error)
         m_places.push_back(place);
         return true;
     }
-    *error =
-        QStringLiteral("--wave %1: %2")
-            .arg(kx::addressText(place.type, place.address),
-                 QLatin1String(isStill ? "it is preset and stays still" : "it has a wave already"));
+    *error = QStringLiteral("--wave %1: %2")
+                 .arg(kx::addressText(place.type, place.address),
+                      QLatin1String(isStill ? "it is preset, or a timer's or counter's"
+                                            : "it has a wave already"));
     return false;
 }
 

@@ -21,8 +21,8 @@ public:
     explicit Waves(Stations* stations) : m_stations(stations) {}
 
     /// Adds a wave. Returns false and one line in `*error` when its station is not
-    /// simulated, or one of its addresses has a wave or was preset, which would hold it
-    /// still.
+    /// simulated, or one of its addresses has a wave, was preset, or is a timer's or
+    /// counter's.
     bool add(const Wave& wave, QString* error);
 
     /// Puts the values of a time into the memories; an address that was preset since

@@ -5,6 +5,28 @@
 namespace kxsim
 {
 
+namespace
+{
+
+bool addParts(const Simulation& simulation, Programme* programme, QString* error)
+{
+    for (const PresetContact& timer : simulation.timers) {
+        if (!programme->addTimer(timer, error))
+            return false;
+    }
+    for (const PresetContact& counter : simulation.counters) {
+        if (!programme->addCounter(counter, error))
+            return false;
+    }
+    for (const Wave& wave : simulation.waves) {
+        if (!programme->addWave(wave, error))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
 std::unique_ptr<Controllers> Controllers::make(const Simulation& simulation, QString* error)
 {
     std::unique_ptr<Controllers> controllers(new Controllers(simulation.stations));
@@ -15,10 +37,8 @@ std::unique_ptr<Controllers> Controllers::make(const Simulation& simulation, QSt
         if (!controllers->m_stations.preset(preset, error))
             return nullptr;
     }
-    for (const Wave& wave : simulation.waves) {
-        if (!controllers->m_programme.add(wave, error))
-            return nullptr;
-    }
+    if (!addParts(simulation, &controllers->m_programme, error))
+        return nullptr;
     controllers->m_programme.start(simulation.moves);
     return controllers;
 }

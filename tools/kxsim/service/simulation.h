@@ -5,6 +5,7 @@
 #include "addresses/address_text.h"
 #include "kxsim/faults/fault_plan.h"
 #include "kxsim/faults/outage.h"
+#include "kxsim/programme/preset_contact.h"
 #include "kxsim/programme/wave.h"
 #include "kxsim/timing/duration_text.h"
 #include "kxsim/timing/pace.h"
@@ -20,6 +21,8 @@ struct Simulation {
     QString memoryFile;            ///< values to begin with, see memory_file.h; empty: none
     QList<kx::Assignment> presets; ///< in all stations unless they name one
     bool moves = true;             ///< values change by themselves, presets never
+    QList<PresetContact> timers;   ///< one for a T at most
+    QList<PresetContact> counters; ///< one for a C at most
     QList<Wave> waves;             ///< none of a preset, one for an address at most
     FaultPlan faults;              ///< its seed is the turnaround's, too
     QList<Outage> outages;         ///< of stations that are simulated

@@ -125,7 +125,7 @@ void WavesTest::whatCannotBeIsRefused_data()
     QTest::newRow("a second wave") << "D8:3@2=0..1/1s"
                                    << "--wave D10: it has a wave already";
     QTest::newRow("a preset") << "D4:2=0..1/1s"
-                              << "--wave D5: it is preset and stays still";
+                              << "--wave D5: it is preset, or a timer's or counter's";
 }
 
 void WavesTest::whatCannotBeIsRefused()
