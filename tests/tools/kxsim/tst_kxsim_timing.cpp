@@ -5,6 +5,7 @@
 #include "support/driver_fixture.h"
 
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QProcess>
 #include <QtTest/QTest>
 
 #include <algorithm>
@@ -43,6 +44,7 @@ private slots:
     void repliesTakeTheirTime_data();
     void repliesTakeTheirTime();
     void requestsAreCarriedOutWhenTheyHaveArrived();
+    void anotherMasterReadsOverASlowLine();
     void aStationComesBackWhenItIsTime();
     void aStationIsGoneForGood();
 };
@@ -87,6 +89,21 @@ void KxsimTimingTest::requestsAreCarriedOutWhenTheyHaveArrived()
         QTest::qSleep(5);
     QVERIFY2(timer.elapsed() >= 727 && timer.elapsed() < 5000,
              qPrintable(QString::number(timer.elapsed())));
+}
+
+// mbpoll is another Modbus master; the numbers are the controller's Modbus numbers.
+void KxsimTimingTest::anotherMasterReadsOverASlowLine()
+{
+    KxsimProcess kxsim(
+        {"--still", "--pace", "19200,8E1", "--turnaround", "2..10ms", "--wave", "D10:2=-7..-7/1s"});
+    QProcess mbpoll;
+    mbpoll.start(QStringLiteral("mbpoll"),
+                 {"-m", "rtu", "-a", "1", "-b", "19200", "-P", "even", "-0", "-r", "9", "-c", "4",
+                  "-1", "-q", kxsim.portName()});
+    QVERIFY2(mbpoll.waitForFinished(10000), qPrintable(mbpoll.errorString()));
+    const QString output = QString::fromUtf8(mbpoll.readAllStandardOutput()).simplified();
+    QVERIFY2(output.contains(QStringLiteral("[9]: 0 [10]: 65529 (-7) [11]: 65529 (-7) [12]: 0")),
+             qPrintable(output));
 }
 
 void KxsimTimingTest::aStationComesBackWhenItIsTime()

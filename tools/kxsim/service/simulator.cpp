@@ -87,11 +87,14 @@ bool Simulator::run()
                             {m_line.descriptor(), POLLIN, 0},
                             {m_commands, POLLIN, 0},
                             {m_line.alarm(), POLLIN, 0}};
-        if (poll(sources, 4, waitMilliseconds()) < 0)
+        const int ready = poll(sources, 4, waitMilliseconds());
+        if (ready < 0)
             continue;
         if (sources[0].revents)
             return true;
-        advance();
+        // Else it is brought to the time of what is asked.
+        if (ready == 0)
+            advance();
         sendDue();
         if (sources[1].revents && !m_line.receive())
             return false;
