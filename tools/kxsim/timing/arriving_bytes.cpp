@@ -13,7 +13,7 @@ void ArrivingBytes::add(const QByteArray& bytes, Moment now)
 
 ArrivingBytes::Arrival ArrivingBytes::take()
 {
-    const Arrival first = m_arrivals.front();
+    Arrival first = m_arrivals.front();
     m_arrivals.pop_front();
     return first;
 }
