@@ -21,7 +21,8 @@ class SimulatedLine
 {
 public:
     /// Starts serving on a new pseudo-terminal. Null, and one line in `*error`,
-    /// when there is none to be had or a preset names a station not simulated.
+    /// when there is none to be had or the controllers cannot be, see
+    /// Controllers::make().
     static std::unique_ptr<SimulatedLine> start(const Simulation& simulation, QString* error);
 
     /// Stops serving within milliseconds. Close the host's end before.
