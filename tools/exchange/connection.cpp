@@ -1,10 +1,12 @@
 #include "exchange/connection.h"
 
+#include "exchange/lines/mbap_line.h"
 #include "exchange/lines/reopening_line.h"
 #include "exchange/lines/serial_line.h"
 #include "exchange/lines/tcp_line.h"
 
 #include <memory>
+#include <utility>
 
 namespace kx
 {
@@ -12,10 +14,18 @@ namespace kx
 namespace
 {
 
+std::unique_ptr<Line> gatewayLine(const ConnectionSettings& settings)
+{
+    auto line = std::make_unique<TcpLine>(settings.gateway.host, settings.gateway.port);
+    if (settings.protocol == GatewayProtocol::Rtu)
+        return line;
+    return std::make_unique<MbapLine>(std::move(line));
+}
+
 std::unique_ptr<Line> bareLine(const ConnectionSettings& settings)
 {
     if (!settings.gateway.host.isEmpty())
-        return std::make_unique<TcpLine>(settings.gateway.host, settings.gateway.port);
+        return gatewayLine(settings);
     return std::make_unique<SerialLine>(settings.port, settings.timing, settings.parity);
 }
 

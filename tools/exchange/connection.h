@@ -12,12 +12,17 @@
 namespace kx
 {
 
+/// What a gateway takes: the serial line's bytes, or Modbus TCP, in which a late reply is known
+/// by its transaction, so that ExchangeSettings::settle may be 0.
+enum class GatewayProtocol { Rtu, Tcp };
+
 /// Which line, and how.
 struct ConnectionSettings {
     QString port; ///< a serial port, as SerialLine names it; unused with a gateway
     LineTiming timing;
     QSerialPort::Parity parity = QSerialPort::NoParity;
     GatewayAddress gateway = {QString(), 8888}; ///< used when its host is not empty
+    GatewayProtocol protocol = GatewayProtocol::Rtu;
     int patience = 0; ///< milliseconds in which a lost line is opened again; 0: not at all
 };
 

@@ -1,6 +1,7 @@
 #include "exchange/failure.h"
 
 #include "data/reply_handling.h"
+#include "exchange/lines/mbap_frames.h"
 #include "registers/register_types.h"
 
 namespace kx
@@ -93,8 +94,17 @@ Failure failureOf(const ExchangeRecord& record)
     failure.exceptionCode = record.exceptionCode;
     failure.text = failure.kind == FailureKind::NotTaken
                        ? QStringLiteral("the driver did not take the reply")
-                       : reasonText(record.replyKind, record.exceptionCode);
+                       : reasonText(record);
     return failure;
+}
+
+QString reasonText(const ExchangeRecord& record)
+{
+    const QString text = reasonText(record.replyKind, record.exceptionCode);
+    const bool isNoFrame =
+        record.replyKind == ReplyKind::Bad || record.replyKind == ReplyKind::Short;
+    return isNoFrame && isMbapReply(record.reply) ? text + QStringLiteral(", a frame of Modbus TCP")
+                                                  : text;
 }
 
 QString reasonText(ReplyKind kind, int exceptionCode)

@@ -60,6 +60,10 @@ KXRUNTIME_EXPORT Failure failureOf(const ExchangeRecord& record);
 /// What came back, in words: "good", "no reply", "exception 2 (illegal data address)".
 KXRUNTIME_EXPORT QString reasonText(ReplyKind kind, int exceptionCode);
 
+/// The same of a whole exchange, in which a reply in another protocol is known: "bad reply, a frame
+/// of Modbus TCP".
+KXRUNTIME_EXPORT QString reasonText(const ExchangeRecord& record);
+
 /// "exception 2 (illegal data address)".
 KXRUNTIME_EXPORT QString exceptionText(int code);
 

@@ -62,6 +62,8 @@ private slots:
     void aSerialPortIsOpened();
     void theSerialPortIsSetUpAsAskedFor();
     void aGatewayIsConnectedTo();
+    void aGatewayTakesTheProtocolAskedFor_data();
+    void aGatewayTakesTheProtocolAskedFor();
     void whatCannotBeOpened_data();
     void whatCannotBeOpened();
     void aLostLineFails();
@@ -117,6 +119,38 @@ void ConnectionTest::aGatewayIsConnectedTo()
     QCOMPARE(listener.told, QStringList());
     QTRY_COMPARE(listener.told, words("opened"));
     QVERIFY(connection.isOpen());
+}
+
+void ConnectionTest::aGatewayTakesTheProtocolAskedFor_data()
+{
+    QTest::addColumn<bool>("isTcp");
+    QTest::addColumn<int>("patience");
+    QTest::addColumn<QByteArray>("sent");
+    // Station 1, function 3, address 0, quantity 1, CRC.
+    const QByteArray rtu = QByteArray::fromHex("01 03 0000 0001 840A");
+    // Transaction 1, protocol 0, 6 bytes follow, the same without CRC.
+    const QByteArray tcp = QByteArray::fromHex("0001 0000 0006 01 03 0000 0001");
+    QTest::newRow("Modbus RTU") << false << 0 << rtu;
+    QTest::newRow("Modbus TCP") << true << 0 << tcp;
+    QTest::newRow("Modbus TCP, with patience") << true << 1000 << tcp;
+}
+
+void ConnectionTest::aGatewayTakesTheProtocolAskedFor()
+{
+    QFETCH(bool, isTcp);
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    ConnectionSettings settings = gateway(server.serverPort());
+    settings.protocol = isTcp ? GatewayProtocol::Tcp : GatewayProtocol::Rtu;
+    QFETCH(int, patience);
+    settings.patience = patience;
+    Connection connection(settings);
+    connection.open();
+    QTRY_VERIFY(connection.isOpen() && server.hasPendingConnections());
+    QTcpSocket* const peer = server.nextPendingConnection();
+    connection.line()->write(QByteArray::fromHex("01 03 0000 0001 840A"));
+    QVERIFY(peer->waitForReadyRead(2000));
+    QTEST(peer->readAll(), "sent");
 }
 
 void ConnectionTest::whatCannotBeOpened_data()

@@ -12,6 +12,8 @@ class FailureTest : public QObject
 private slots:
     void reasons_data();
     void reasons();
+    void aReplyOfModbusTcpIsKnown_data();
+    void aReplyOfModbusTcpIsKnown();
     void namesTheRequest_data();
     void namesTheRequest();
     void anAcceptedReplyIsNone();
@@ -79,6 +81,35 @@ void FailureTest::reasons()
         QCOMPARE(failure.text, text);
     }
     QCOMPARE(reasonText(came, exceptionCode), text);
+}
+
+void FailureTest::aReplyOfModbusTcpIsKnown_data()
+{
+    QTest::addColumn<ReplyKind>("came");
+    QTest::addColumn<QByteArray>("reply");
+    QTest::addColumn<QString>("text");
+    // The request's first bytes for a transaction, protocol 0, 3 bytes follow, a refusal.
+    const QByteArray mbap = QByteArray::fromHex("0103 0000 0003 84 8A 01");
+    QTest::newRow("as long as expected")
+        << ReplyKind::Bad << mbap << QStringLiteral("bad reply, a frame of Modbus TCP");
+    QTest::newRow("shorter") << ReplyKind::Short << mbap
+                             << QStringLiteral("short reply, a frame of Modbus TCP");
+    QTest::newRow("other bytes") << ReplyKind::Bad << QByteArray::fromHex("0103 0000 0003 84 8A")
+                                 << QStringLiteral("bad reply");
+    QTest::newRow("the bytes of a frame")
+        << ReplyKind::Foreign << mbap << QStringLiteral("reply of another request");
+}
+
+void FailureTest::aReplyOfModbusTcpIsKnown()
+{
+    QFETCH(ReplyKind, came);
+    QFETCH(QByteArray, reply);
+    ExchangeRecord record;
+    record.replyKind = came;
+    record.reply = reply;
+    record.result = 2;
+    QTEST(failureOf(record).text, "text");
+    QTEST(reasonText(record), "text");
 }
 
 void FailureTest::namesTheRequest_data()

@@ -118,8 +118,7 @@ QString replyText(const QByteArray& reply)
 
 QString outcomeText(const ExchangeRecord& record)
 {
-    QString text = reasonText(record.replyKind, record.exceptionCode) + QLatin1String(", ")
-                   + resultText(record.result);
+    QString text = reasonText(record) + QLatin1String(", ") + resultText(record.result);
     if (!record.errorText.isEmpty())
         text += QLatin1String(": ") + record.errorText;
     return text;
@@ -147,7 +146,7 @@ QJsonObject exchangeJson(const ExchangeRecord& record)
     json[QLatin1String("requestFields")] = requestText(record.request);
     json[QLatin1String("reply")] = hexText(record.reply);
     json[QLatin1String("replyFields")] = replyText(record.reply);
-    json[QLatin1String("outcome")] = reasonText(record.replyKind, record.exceptionCode);
+    json[QLatin1String("outcome")] = reasonText(record);
     json[QLatin1String("result")] = resultText(record.result);
     json[QLatin1String("repeated")] = record.repeated;
     return json;
