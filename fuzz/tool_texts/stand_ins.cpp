@@ -90,7 +90,7 @@ int openDriver(const QString&, DriverEntryPoints* entryPoints)
     return EXIT_FINE;
 }
 
-int openSession(const ConnectionOptions& options, HostSession*)
+int openLine(const ConnectionOptions& options, HostLine*)
 {
     const int lines = (options.simulate ? 1 : 0) + (options.port.isEmpty() ? 0 : 1)
                       + (options.gateway.host.isEmpty() ? 0 : 1);
@@ -102,6 +102,11 @@ int openSession(const ConnectionOptions& options, HostSession*)
             "a request has 1 to 125 registers");
     require(options.session.retries >= 1, "a request is sent");
     return EXIT_CANNOT_OPEN;
+}
+
+int openSession(const ConnectionOptions& options, HostSession* host)
+{
+    return openLine(options, host);
 }
 
 bool readRecipeFile(const QString& path, QByteArray* text, QString* error)

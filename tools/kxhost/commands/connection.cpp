@@ -14,7 +14,7 @@ namespace
 {
 
 /// Starts the simulated controllers and lets `options` name their line.
-bool simulate(ConnectionOptions* options, HostSession* host, QString* error)
+bool simulate(ConnectionOptions* options, HostLine* host, QString* error)
 {
     kxsim::Simulation simulation;
     simulation.stations = options->simulatedStations;
@@ -38,6 +38,17 @@ int waitUntilOpen(Connection* connection)
     return QCoreApplication::exec();
 }
 
+/// Null without a gateway.
+HostSession::Advice adviceAbout(const ConnectionOptions& options, Session* session)
+{
+    if (options.gateway.host.isEmpty())
+        return nullptr;
+    HostSession::Advice advice(new GatewayAdvice(session->line()->name(), options.protocol));
+    QObject::connect(session, &Session::exchanged, advice.get(), &GatewayAdvice::onExchange);
+    QObject::connect(session, &Session::lineFailed, advice.get(), &GatewayAdvice::onLineLost);
+    return advice;
+}
+
 } // namespace
 
 QString driverFile(const QString& asked)
@@ -58,23 +69,32 @@ int openDriver(const QString& library, DriverEntryPoints* entryPoints)
     return EXIT_FINE;
 }
 
-int openSession(const ConnectionOptions& asked, HostSession* host)
+int openLine(const ConnectionOptions& asked, HostLine* host)
 {
     ConnectionOptions options = asked;
-    DriverEntryPoints entryPoints;
-    const int driverResult = openDriver(options.library, &entryPoints);
-    if (driverResult != EXIT_FINE)
-        return driverResult;
     QString reason;
     if (options.simulate && !simulate(&options, host, &reason))
         return complain(reason, EXIT_CANNOT_OPEN);
     host->connection = std::make_unique<Connection>(options);
-    const int lineResult = waitUntilOpen(host->connection.get());
+    return waitUntilOpen(host->connection.get());
+}
+
+int openSession(const ConnectionOptions& options, HostSession* host)
+{
+    DriverEntryPoints entryPoints;
+    const int driverResult = openDriver(options.library, &entryPoints);
+    if (driverResult != EXIT_FINE)
+        return driverResult;
+    const int lineResult = openLine(options, host);
     if (lineResult != EXIT_FINE)
         return lineResult;
+    QString reason;
     host->session =
         Session::create(entryPoints, host->connection->line(), options.session, &reason);
-    return host->session ? EXIT_FINE : complain(reason, EXIT_CANNOT_OPEN);
+    if (!host->session)
+        return complain(reason, EXIT_CANNOT_OPEN);
+    host->advice = adviceAbout(options, host->session.get());
+    return EXIT_FINE;
 }
 
 } // namespace kx

@@ -1,6 +1,7 @@
 #ifndef KX_KXHOST_COMMANDS_CONNECTION_H
 #define KX_KXHOST_COMMANDS_CONNECTION_H
 
+#include "kxhost/gateway/gateway_advice.h"
 #include "kxhost/options/connection_options.h"
 #include "kxsim/service/simulated_line.h"
 #include "panel/session/session.h"
@@ -10,11 +11,18 @@
 namespace kx
 {
 
-/// A driver at work on an open line.
-struct HostSession {
+/// An open line.
+struct HostLine {
     std::unique_ptr<kxsim::SimulatedLine> simulator; ///< with --simulate
     std::unique_ptr<Connection> connection;          ///< open
-    std::unique_ptr<Session> session;                ///< not started
+};
+
+/// A driver at work on an open line.
+struct HostSession : HostLine {
+    using Advice = std::unique_ptr<GatewayAdvice, AdviceGiver>;
+
+    std::unique_ptr<Session> session; ///< not started
+    Advice advice;                    ///< with a gateway
 };
 
 /// The driver's file: the one asked for, else the one in ../lib of the program,
@@ -24,6 +32,9 @@ QString driverFile(const QString& asked);
 /// Loads the driver; complains and returns an ExitCode other than 0 on failure.
 /// For commands that need no line.
 int openDriver(const QString& library, DriverEntryPoints* entryPoints);
+
+/// Opens the line. Complains and returns as openSession() does.
+int openLine(const ConnectionOptions& options, HostLine* host);
 
 /// Loads the driver, opens the line and prepares a session. Complains in one line
 /// and returns an ExitCode other than 0 when that fails. Runs the event loop until the line

@@ -39,6 +39,7 @@ _kxhost_values()
     case $1 in
         --baud | -b) echo "1200 2400 4800 9600 19200 38400 57600 115200" ;;
         --parity) echo "none even odd" ;;
+        --protocol) echo "rtu tcp" ;;
         --data-bits) echo "8" ;;
         --stop-bits) echo "1 2" ;;
         --max-words) echo "auto 32 64 125" ;;

@@ -26,7 +26,11 @@ const OptionText OPTIONS[] = {
     {"parity", "Parity: none, even or odd (default none).", "PARITY"},
     {"data-bits", "Data bits: 8, which Modbus RTU needs.", "BITS"},
     {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
-    {"tcp", "Network gateway to the serial line (default port 8888).", "HOST[:PORT]"},
+    {"tcp", "Network gateway to the serial line (default port 8888; of Modbus TCP, 502).",
+     "HOST[:PORT]"},
+    {"protocol",
+     "What the gateway takes: rtu, the serial line's bytes, or tcp, Modbus TCP (default rtu).",
+     "PROTOCOL"},
     {"simulate", "Start a simulated controller inside and talk to it.", nullptr},
     {"fault",
      "Fault of the simulated line and its probability, 0 to 1; kxsim --help lists the kinds; "
@@ -38,7 +42,7 @@ const OptionText OPTIONS[] = {
     {"t,timeout", "Milliseconds to wait for a reply (default %1).", "MS"},
     {"settle",
      "Milliseconds after the time-out in which a late reply may still come; requests that it "
-     "could be taken to answer wait so long (default as --timeout).",
+     "could be taken to answer wait so long (default as --timeout; with --protocol tcp 0).",
      "MS"},
     {"quiet",
      "Milliseconds of silence before each request (default, and at least, the time of 3.5 "
@@ -60,6 +64,7 @@ const OptionText OPTIONS[] = {
     {"json", "Write JSON, an object per line.", nullptr},
 };
 
+const quint16 MODBUS_TCP_PORT = 502;
 const int LONGEST_TIMEOUT = 60000;  // milliseconds
 const int LONGEST_PATIENCE = 86400; // seconds
 const int MILLISECONDS_PER_SECOND = 1000;
@@ -82,6 +87,25 @@ bool parseCharacters(const QCommandLineParser& parser, ConnectionOptions* option
         return false;
     if (parity != 'N')
         options->parity = parity == 'E' ? QSerialPort::EvenParity : QSerialPort::OddParity;
+    return true;
+}
+
+/// Before the gateway, of which the port depends on it, and the numbers.
+bool parseProtocol(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
+{
+    if (!isSet(parser, "protocol"))
+        return true;
+    const QString typed = valueOf(parser, "protocol");
+    const bool isTcp = typed == QLatin1String("tcp");
+    if (!isTcp && typed != QLatin1String("rtu"))
+        *error = QStringLiteral("--protocol %1: must be rtu or tcp").arg(typed);
+    else if (!isSet(parser, "tcp"))
+        *error = QStringLiteral("--protocol needs --tcp; a serial line carries Modbus RTU");
+    if (!error->isEmpty() || !isTcp)
+        return error->isEmpty();
+    options->protocol = GatewayProtocol::Tcp;
+    options->gateway.port = MODBUS_TCP_PORT;
+    options->session.exchange.settle = 0; // transactions tell late replies apart
     return true;
 }
 
@@ -177,9 +201,10 @@ bool parseConnectionOptions(const QCommandLineParser& parser, ConnectionOptions*
     options->library = valueOf(parser, "library");
     options->frames = isSet(parser, "frames");
     options->json = isSet(parser, "json");
-    return parseCharacters(parser, options, error) && parseNumbers(parser, options, error)
-           && parseGateway(parser, options, error) && parseLine(parser, options, error)
-           && parsePatience(parser, options, error) && parseFaults(parser, options, error);
+    return parseCharacters(parser, options, error) && parseProtocol(parser, options, error)
+           && parseNumbers(parser, options, error) && parseGateway(parser, options, error)
+           && parseLine(parser, options, error) && parsePatience(parser, options, error)
+           && parseFaults(parser, options, error);
 }
 
 } // namespace kx

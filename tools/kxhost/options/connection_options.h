@@ -23,8 +23,8 @@ struct ConnectionOptions : ConnectionSettings {
     bool json = false;
 };
 
-/// Declares --port, --baud, --parity, --data-bits, --stop-bits, --tcp, --simulate,
-/// --fault, --fault-seed, --fault-delay, --station, --timeout, --settle, --quiet,
+/// Declares --port, --baud, --parity, --data-bits, --stop-bits, --tcp, --protocol,
+/// --simulate, --fault, --fault-seed, --fault-delay, --station, --timeout, --settle, --quiet,
 /// --retries, --reopen, --max-words, --max-bits, --library, --frames and --json.
 /// @param timeout milliseconds that the help names as the usual time-out
 /// @param hidden  long names of options that the help leaves out

@@ -57,6 +57,7 @@ void CompletionTest::whatIsOffered_data()
     QTest::newRow("options of this command only") << "series --st" << QStringList{"--step"};
     QTest::newRow("parities") << "plan --parity ''" << QStringList{"even", "none", "odd"};
     QTest::newRow("baud rates") << "watch -b 1" << QStringList{"115200", "1200", "19200"};
+    QTest::newRow("protocols") << "read D0 --protocol ''" << QStringList{"rtu", "tcp"};
     QTest::newRow("faults by their beginning")
         << "read D0 --simulate --fault de" << QStringList{"deaf:", "delay:"};
     QTest::newRow("a number is the user's") << "read D0 --timeout ''" << QStringList();

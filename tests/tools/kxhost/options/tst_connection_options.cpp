@@ -14,6 +14,8 @@ private slots:
     void everyOption();
     void gateways_data();
     void gateways();
+    void protocols_data();
+    void protocols();
     void simulation();
     void errors_data();
     void errors();
@@ -108,6 +110,31 @@ void ConnectionOptionsTest::gateways()
     QCOMPARE(int(options.gateway.port), port);
 }
 
+void ConnectionOptionsTest::protocols_data()
+{
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::addColumn<bool>("isTcp");
+    QTest::addColumn<int>("port");
+    QTest::addColumn<int>("settle");
+    QTest::newRow("Modbus RTU unless asked") << QByteArray("--tcp gateway") << false << 8888 << -1;
+    QTest::newRow("Modbus RTU by name")
+        << QByteArray("--tcp gateway --protocol rtu") << false << 8888 << -1;
+    QTest::newRow("Modbus TCP") << QByteArray("--tcp gateway --protocol tcp") << true << 502 << 0;
+    QTest::newRow("Modbus TCP on a port, and settling")
+        << QByteArray("--protocol tcp --tcp gateway:1502 --settle 9") << true << 1502 << 9;
+}
+
+void ConnectionOptionsTest::protocols()
+{
+    QFETCH(QByteArray, arguments);
+    ConnectionOptions options;
+    QString error;
+    QVERIFY2(read(arguments, &options, &error), qPrintable(error));
+    QTEST(options.protocol == GatewayProtocol::Tcp, "isTcp");
+    QTEST(int(options.gateway.port), "port");
+    QTEST(options.session.exchange.settle, "settle");
+}
+
 void ConnectionOptionsTest::simulation()
 {
     ConnectionOptions options;
@@ -183,6 +210,9 @@ void ConnectionOptionsTest::errors_data()
     row("an IPv6 address without brackets", "--tcp ::1",
         "--tcp ::1: must be HOST or HOST:PORT; write an IPv6 address in brackets, [::1]");
     row("no host", "--tcp :502", "--tcp :502: must be HOST or HOST:PORT");
+    row("another protocol", "--tcp gateway --protocol udp", "--protocol udp: must be rtu or tcp");
+    row("a protocol of a port", "--port /dev/ttyS0 --protocol rtu",
+        "--protocol needs --tcp; a serial line carries Modbus RTU");
     row("path behind the host", "--tcp gateway/x", "--tcp gateway/x: must be HOST or HOST:PORT");
 }
 

@@ -1,0 +1,63 @@
+#include "kxhost/gateway/gateway_advice.h"
+
+#include "exchange/lines/mbap_frames.h"
+#include "exchange/replies/reply_verdict.h"
+#include "kxhost/terminal/console.h"
+#include "kxhost/terminal/exit_codes.h"
+
+namespace kx
+{
+
+namespace
+{
+
+bool isFrame(const QByteArray& reply)
+{
+    return reply.size() >= SHORTEST_RTU_FRAME
+           && (endsWithItsCrc(reply) || frameLengthOf(reply) > 0);
+}
+
+} // namespace
+
+GatewayAdvice::GatewayAdvice(const QString& name, GatewayProtocol spoken)
+    : m_name(name), m_spoken(spoken)
+{
+}
+
+void GatewayAdvice::onExchange(const ExchangeRecord& record)
+{
+    m_hasAsked = true;
+    m_isUnderstood = m_isUnderstood || isFrame(record.reply);
+    m_sendsMbap = m_sendsMbap || (!isFrame(record.reply) && isMbapReply(record.reply));
+    m_sendsBytes = m_sendsBytes || !record.reply.isEmpty();
+    m_isLost = m_isLost || record.replyKind == ReplyKind::Lost;
+}
+
+QString GatewayAdvice::text() const
+{
+    if (m_isUnderstood)
+        return QString();
+    if (m_sendsMbap)
+        return QStringLiteral("%1 answers with Modbus TCP frames; use --protocol tcp").arg(m_name);
+    const bool isSilent = m_hasAsked && !m_sendsBytes;
+    if (!m_isLost && !isSilent)
+        return QString();
+    const QString fact =
+        QString::fromLatin1(m_isLost ? "the connection to %1 is lost and no station "
+                                       "has answered"
+                                     : "nothing came from %1")
+            .arg(m_name);
+    return fact
+           + QLatin1String(m_spoken == GatewayProtocol::Rtu
+                               ? "; if it is a Modbus TCP server, use --protocol tcp"
+                               : "; if it passes the serial line's bytes on, use --protocol rtu");
+}
+
+void AdviceGiver::operator()(GatewayAdvice* advice) const
+{
+    if (!advice->text().isEmpty())
+        complain(advice->text(), EXIT_DEVICE_FAILED);
+    delete advice;
+}
+
+} // namespace kx
