@@ -24,6 +24,8 @@ const std::vector<Command>& commands()
          "kxhost plan D100:4 D110:2 M0:8 --baud 9600", runPlan},
         {"scan", "find the stations on a line", "kxhost scan --stations 1-247 --port /dev/ttyUSB0",
          runScan},
+        {"raw", "send a frame as it stands", "kxhost raw 01 03 00 00 00 01 --port /dev/ttyUSB0",
+         runRaw},
     };
     return table;
 }

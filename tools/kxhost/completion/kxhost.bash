@@ -91,6 +91,8 @@ _kxhost()
         COMPREPLY=()
     elif [[ $previous == --port || $previous == -p ]]; then
         mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}")
+    elif [[ $(_kxhost_command) == raw ]]; then
+        COMPREPLY=() # bytes
     else
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -f -- "$current")

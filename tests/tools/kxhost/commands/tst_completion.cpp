@@ -42,7 +42,7 @@ void CompletionTest::theScriptIsGoodBash()
 void CompletionTest::everyCommandIsOffered()
 {
     QCOMPARE(completed(QLatin1String("''")),
-             (QStringList{"--help", "--simulate", "--version", "check", "plan", "read", "recipe",
+             (QStringList{"--help", "--simulate", "--version", "check", "plan", "raw", "read", "recipe",
                           "registers", "scan", "series", "watch", "write"}));
 }
 
@@ -62,6 +62,7 @@ void CompletionTest::whatIsOffered_data()
         << "read D0 --simulate --fault de" << QStringList{"deaf:", "delay:"};
     QTest::newRow("a number is the user's") << "read D0 --timeout ''" << QStringList();
     QTest::newRow("a step is the user's") << "series D0 --step ''" << QStringList();
+    QTest::newRow("bytes are the user's") << "raw ''" << QStringList();
     QTest::newRow("kinds") << "check D1 --as ''" << QStringList{"bit", "word"};
     QTest::newRow("directions of a recipe") << "recipe ''" << QStringList{"download", "upload"};
     QTest::newRow("register types") << "registers S" << QStringList{"S", "SD", "SM"};

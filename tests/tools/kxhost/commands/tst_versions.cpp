@@ -17,7 +17,7 @@ namespace
 {
 
 const char* const COMMANDS[] = {"watch",     "read",   "write", "recipe", "check",
-                                "registers", "series", "plan",  "scan"};
+                                "registers", "series", "plan",  "scan", "raw"};
 
 QSet<QString> optionsIn(const QString& text)
 {
