@@ -22,6 +22,7 @@ const std::vector<Command>& commands()
          "kxhost series D100 --count 8 --step 2", runSeries},
         {"plan", "show the requests and the time of a watch list",
          "kxhost plan D100:4 D110:2 M0:8 --baud 9600", runPlan},
+        {"ports", "show the serial ports and who has them open", "kxhost ports", runPorts},
         {"scan", "find the stations on a line", "kxhost scan --stations 1-247 --port /dev/ttyUSB0",
          runScan},
         {"raw", "send a frame as it stands", "kxhost raw 01 03 00 00 00 01 --port /dev/ttyUSB0",

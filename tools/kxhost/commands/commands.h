@@ -12,6 +12,8 @@ namespace kx
 int runCheck(const QStringList& arguments);
 /// Shows what the driver would ask for a watch list, and how long that takes.
 int runPlan(const QStringList& arguments);
+/// Shows the serial ports and who has them open.
+int runPorts(const QStringList& arguments);
 /// Sends one frame as it stands and shows what comes back.
 int runRaw(const QStringList& arguments);
 /// Reads values once.

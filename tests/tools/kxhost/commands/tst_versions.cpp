@@ -16,8 +16,8 @@ using namespace kx;
 namespace
 {
 
-const char* const COMMANDS[] = {"watch",     "read",   "write", "recipe", "check",
-                                "registers", "series", "plan",  "scan", "raw"};
+const char* const COMMANDS[] = {"watch",  "read", "write", "recipe", "check", "registers",
+                                "series", "plan", "ports", "scan",   "raw"};
 
 QSet<QString> optionsIn(const QString& text)
 {
