@@ -66,6 +66,7 @@ _kxhost_words()
         --library | --tags | --port | -p) return ;; # files
     esac
     values=$(_kxhost_values "$previous")
+    [[ $command == scan && $previous == @(--baud|-b|--parity) ]] && values+=" auto"
     if [[ -z $command ]]; then
         echo "$(_kxhost_commands) --help --simulate --version"
     elif [[ -n $values ]]; then

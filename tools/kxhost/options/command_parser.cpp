@@ -90,14 +90,17 @@ bool parseStationOption(const QCommandLineParser& parser, int* station, QString*
     return parseNumber(parser, "station", LOWEST_STATION, HIGHEST_STATION, station, error);
 }
 
-bool parseTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity, QString* error)
+bool parseTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity, QString* error,
+                 const OpenTiming& open)
 {
     const QString parityOption = QStringLiteral("parity");
     const QString bitsOption = QStringLiteral("data-bits");
-    if (!parseNumber(parser, "baud", 1, FASTEST_BAUD, &timing->baud, error)
-        || (parser.isSet(bitsOption) && !parseDataBits(parser.value(bitsOption), error))
+    const bool isBaudGood =
+        open.baud || parseNumber(parser, "baud", 1, FASTEST_BAUD, &timing->baud, error);
+    const bool hasParity = parser.isSet(parityOption) && !open.parity;
+    if (!isBaudGood || (parser.isSet(bitsOption) && !parseDataBits(parser.value(bitsOption), error))
         || !parseNumber(parser, "stop-bits", 1, 2, &timing->stopBits, error)
-        || (parser.isSet(parityOption) && !parseParity(parser.value(parityOption), parity, error)))
+        || (hasParity && !parseParity(parser.value(parityOption), parity, error)))
         return false;
     timing->parityBits = *parity == 'N' ? 0 : 1;
     return true;

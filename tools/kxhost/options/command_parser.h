@@ -34,10 +34,16 @@ bool parseNumber(const QCommandLineParser& parser, const char* option, int lowes
 /// The number that --station holds, as parseNumber().
 bool parseStationOption(const QCommandLineParser& parser, int* station, QString* error);
 
+/// What of the format of characters is not to be read, since it is to be found out.
+struct OpenTiming {
+    bool baud = false;
+    bool parity = false;
+};
+
 /// The format of characters that --baud, --data-bits, --stop-bits and --parity ask for, as far
 /// as they are given; `*parity` is then 'N', 'E' or 'O'. Or one line in `*error`.
-bool parseTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity,
-                 QString* error);
+bool parseTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity, QString* error,
+                 const OpenTiming& open = OpenTiming());
 
 } // namespace kx
 

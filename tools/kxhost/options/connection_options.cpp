@@ -82,8 +82,14 @@ bool isSet(const QCommandLineParser& parser, const char* option)
 
 bool parseCharacters(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
+    const auto isAuto = [&](const char* option) {
+        return options->takesAuto && valueOf(parser, option) == QLatin1String("auto");
+    };
+    options->anyBaud = isAuto("baud");
+    options->anyParity = isAuto("parity");
     char parity = 'N';
-    if (!parseTiming(parser, &options->timing, &parity, error))
+    const OpenTiming open = {options->anyBaud, options->anyParity};
+    if (!parseTiming(parser, &options->timing, &parity, error, open))
         return false;
     if (parity != 'N')
         options->parity = parity == 'E' ? QSerialPort::EvenParity : QSerialPort::OddParity;

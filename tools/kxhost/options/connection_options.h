@@ -21,6 +21,9 @@ struct ConnectionOptions : ConnectionSettings {
     QString library; ///< the driver's file; empty: beside the program, else the system's
     bool frames = false;
     bool json = false;
+    bool takesAuto = false; ///< to be set before reading: --baud and --parity may be auto
+    bool anyBaud = false;   ///< --baud auto
+    bool anyParity = false; ///< --parity auto
 };
 
 /// Declares --port, --baud, --parity, --data-bits, --stop-bits, --tcp, --protocol,

@@ -56,6 +56,8 @@ void CompletionTest::whatIsOffered_data()
     QTest::newRow("options by their beginning") << "watch D100 --ti" << QStringList{"--timeout"};
     QTest::newRow("options of this command only") << "series --st" << QStringList{"--step"};
     QTest::newRow("parities") << "plan --parity ''" << QStringList{"even", "none", "odd"};
+    QTest::newRow("parities of a scan")
+        << "scan --parity ''" << QStringList{"auto", "even", "none", "odd"};
     QTest::newRow("baud rates") << "watch -b 1" << QStringList{"115200", "1200", "19200"};
     QTest::newRow("protocols") << "read D0 --protocol ''" << QStringList{"rtu", "tcp"};
     QTest::newRow("faults by their beginning")

@@ -154,6 +154,11 @@ void ScanCommandTest::wrongUsageIsOneLine_data()
     QTest::newRow("a request limit") << "scan --simulate --max-words 8"
                                      << "kxhost: --max-words: a scan has no use for it; it asks "
                                         "each station of --stations once";
+    QTest::newRow("the settings of a gateway")
+        << "scan --tcp gateway --baud auto"
+        << "kxhost: auto needs --port: behind --tcp the gateway sets its serial line";
+    QTest::newRow("another word") << "scan --simulate --parity any"
+                                  << "kxhost: --parity any: must be none, even or odd";
     QTest::newRow("a wrong time-out")
         << "scan --simulate --timeout 0"
         << "kxhost: --timeout 0: must be a whole number of milliseconds from 1 to 60000";

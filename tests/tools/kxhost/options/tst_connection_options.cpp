@@ -16,6 +16,7 @@ private slots:
     void gateways();
     void protocols_data();
     void protocols();
+    void whatIsToBeFoundOut();
     void simulation();
     void errors_data();
     void errors();
@@ -135,6 +136,30 @@ void ConnectionOptionsTest::protocols()
     QTEST(options.session.exchange.settle, "settle");
 }
 
+void ConnectionOptionsTest::whatIsToBeFoundOut()
+{
+    QString error;
+    ConnectionOptions both;
+    both.takesAuto = true;
+    QVERIFY2(read("--port x --baud auto --parity auto", &both, &error), qPrintable(error));
+    QVERIFY(both.anyBaud && both.anyParity);
+    QCOMPARE(both.timing.baud, 9600);
+    ConnectionOptions parity;
+    parity.takesAuto = true;
+    QVERIFY2(read("--port x --baud 19200 --parity auto", &parity, &error), qPrintable(error));
+    QVERIFY(!parity.anyBaud && parity.anyParity);
+    QCOMPARE(parity.timing.baud, 19200);
+    ConnectionOptions neither;
+    neither.takesAuto = true;
+    QVERIFY2(read("--port x --parity odd", &neither, &error), qPrintable(error));
+    QVERIFY(!neither.anyBaud && !neither.anyParity);
+    QCOMPARE(neither.parity, QSerialPort::OddParity);
+    ConnectionOptions wrong;
+    wrong.takesAuto = true;
+    QVERIFY(!read("--port x --baud auto --stop-bits auto", &wrong, &error));
+    QCOMPARE(error, QString::fromLatin1("--stop-bits auto: must be a whole number from 1 to 2"));
+}
+
 void ConnectionOptionsTest::simulation()
 {
     ConnectionOptions options;
@@ -167,6 +192,10 @@ void ConnectionOptionsTest::errors_data()
     row("baud 0", "--simulate --baud 0", "--baud 0: must be a whole number from 1 to 4000000");
     row("baud no number", "--simulate --baud fast",
         "--baud fast: must be a whole number from 1 to 4000000");
+    row("auto, of a command that needs to know", "--simulate --baud auto",
+        "--baud auto: must be a whole number from 1 to 4000000");
+    row("auto parity, of a command that needs to know", "--simulate --parity auto",
+        "--parity auto: must be none, even or odd");
     row("a percent sign for a number", "--simulate --baud %3%4",
         "--baud %3%4: must be a whole number from 1 to 4000000");
     row("parity", "--simulate --parity mark", "--parity mark: must be none, even or odd");
