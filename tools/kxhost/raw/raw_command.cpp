@@ -47,22 +47,26 @@ struct RawOptions {
     int count = 1;
 };
 
-bool isBroadcast(const QByteArray& request)
+bool isTcp(const RawOptions& options)
 {
-    return request.at(0) == 0;
+    return options.connection.protocol == GatewayProtocol::Tcp;
+}
+
+bool hasNoAnswer(const RawOptions& options)
+{
+    return isBroadcast(options.request, isTcp(options));
 }
 
 bool parseRequest(const QCommandLineParser& parser, RawOptions* options, QString* error)
 {
-    const bool hasCrc = parser.isSet(QLatin1String("no-crc"));
-    const bool isTcp = options->connection.protocol == GatewayProtocol::Tcp;
+    const bool isBare = parser.isSet(QLatin1String("no-crc"));
     if (!parseRawBytes(parser.positionalArguments(), &options->request, error))
         return false;
-    if (hasCrc && isTcp)
+    if (isBare && isTcp(*options))
         *error = QStringLiteral("--no-crc: frames of Modbus TCP have no CRC");
-    else if (!hasCrc)
+    else if (!isBare)
         options->request = withCrc(options->request);
-    if (!hasCrc && options->request.size() < SHORTEST_RTU_FRAME)
+    if (!isBare && options->request.size() < SHORTEST_RTU_FRAME)
         *error = QStringLiteral("a frame begins with station and function; --no-crc sends less");
     else if (options->request.size() > LONGEST_FRAME)
         *error = QStringLiteral("a frame has at most %1 bytes with its CRC, and this one %2")
@@ -108,7 +112,8 @@ bool runToItsEnd(RawExchange* exchange)
 /// Shows what came; whether it is as it should be.
 bool show(const RawOptions& options, const RawExchange& exchange)
 {
-    const RawExchanged exchanged = {options.request, exchange.received(), exchange.milliseconds()};
+    const RawExchanged exchanged = {options.request, exchange.received(), exchange.milliseconds(),
+                                    isTcp(options)};
     if (options.connection.json) {
         printJson(rawJson(exchanged));
     } else {
@@ -116,13 +121,13 @@ bool show(const RawOptions& options, const RawExchange& exchange)
             say(row);
     }
     const RawResult result = rawReplyOf(exchanged.request, exchanged.received).result;
-    return result == (isBroadcast(options.request) ? RawResult::None : RawResult::Good);
+    return result == (hasNoAnswer(options) ? RawResult::None : RawResult::Good);
 }
 
 int exchangeAll(const RawOptions& options, Line* line)
 {
     const int timeout = options.connection.session.exchange.replyTimeout;
-    const RawExchange::Waits waits = {isBroadcast(options.request) ? BROADCAST_TURNAROUND : timeout,
+    const RawExchange::Waits waits = {hasNoAnswer(options) ? BROADCAST_TURNAROUND : timeout,
                                       options.connection.session.exchange.quiet};
     int good = 0;
     int sent = 0;

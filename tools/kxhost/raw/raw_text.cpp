@@ -1,5 +1,6 @@
 #include "kxhost/raw/raw_text.h"
 
+#include "addresses/request_limits.h"
 #include "exchange/lines/frame_crc.h"
 #include "exchange/lines/mbap_frames.h"
 #include "kxhost/raw/raw_values.h"
@@ -43,26 +44,34 @@ QString damagedText(const QByteArray& bytes)
     return QStringLiteral("no frame: CRC wrong, right would be %1").arg(hexText(right));
 }
 
-QString silenceText(const QByteArray& request)
+QString silenceText(const RawExchanged& exchanged)
 {
-    return QString::fromLatin1(request.at(0) == 0 ? "none; nobody answers a broadcast"
-                                                  : "none until the time-out");
+    return QString::fromLatin1(isBroadcast(exchanged.request, exchanged.isTcp)
+                                   ? "none; nobody answers a broadcast"
+                                   : "none until the time-out");
 }
 
-} // namespace
-
-QString rawMeaning(const QByteArray& request, const RawReply& reply)
+QString meaning(const RawExchanged& exchanged, const RawReply& reply)
 {
     if (reply.result == RawResult::Damaged)
         return damagedText(reply.frame);
     const int function = byteAt(reply.frame, 1);
-    const QString text =
-        QStringLiteral("station %1, function %2 (%3), %4; CRC right")
-            .arg(QString::number(byteAt(reply.frame, 0)), QString::number(function & 0x7F),
-                 functionName(function), rawValuesText(request, reply.frame));
-    return reply.result == RawResult::Other
-               ? text + QStringLiteral("; not the reply to this request")
-               : text;
+    QString text = QStringLiteral("station %1, function %2 (%3), %4")
+                       .arg(QString::number(byteAt(reply.frame, 0)),
+                            QString::number(function & ~EXCEPTION_FLAG), functionName(function),
+                            rawValuesText(exchanged.request, reply.frame));
+    if (!exchanged.isTcp)
+        text += QStringLiteral("; CRC right");
+    if (reply.result == RawResult::Other)
+        text += QStringLiteral("; not the reply to this request");
+    return text;
+}
+
+} // namespace
+
+bool isBroadcast(const QByteArray& request, bool isTcp)
+{
+    return !isTcp && request.at(0) == 0;
 }
 
 QStringList rawRows(const RawExchanged& exchanged)
@@ -72,9 +81,9 @@ QStringList rawRows(const RawExchanged& exchanged)
     if (reply.hasEcho)
         rows << QStringLiteral("echo     the request came back");
     if (reply.result == RawResult::None)
-        return rows << QStringLiteral("reply    ") + silenceText(exchanged.request);
+        return rows << QStringLiteral("reply    ") + silenceText(exchanged);
     rows << QStringLiteral("reply    ") + hexText(reply.frame);
-    rows << QStringLiteral("         ") + rawMeaning(exchanged.request, reply);
+    rows << QStringLiteral("         ") + meaning(exchanged, reply);
     if (!reply.behind.isEmpty())
         rows << QStringLiteral("behind   ") + hexText(reply.behind);
     rows << QStringLiteral("time     %1 ms").arg(exchanged.milliseconds);
@@ -89,7 +98,7 @@ QJsonObject rawJson(const RawExchanged& exchanged)
         const int function = byteAt(reply.frame, 1);
         json = rawValues(exchanged.request, reply.frame);
         json[QStringLiteral("station")] = byteAt(reply.frame, 0);
-        json[QStringLiteral("function")] = function & 0x7F;
+        json[QStringLiteral("function")] = function & ~EXCEPTION_FLAG;
         json[QStringLiteral("functionName")] = functionName(function);
     }
     json[QStringLiteral("event")] = QStringLiteral("raw");
@@ -98,11 +107,11 @@ QJsonObject rawJson(const RawExchanged& exchanged)
     json[QStringLiteral("reply")] = hexText(reply.frame);
     json[QStringLiteral("behind")] = hexText(reply.behind);
     json[QStringLiteral("outcome")] = resultName(reply.result);
-    if (reply.result != RawResult::None) {
-        json[QStringLiteral("crc")] = reply.result == RawResult::Damaged ? QStringLiteral("wrong")
-                                                                         : QStringLiteral("right");
+    if (reply.result != RawResult::None)
         json[QStringLiteral("milliseconds")] = exchanged.milliseconds;
-    }
+    if (reply.result != RawResult::None && !exchanged.isTcp)
+        json[QStringLiteral("crc")] =
+            reply.result == RawResult::Damaged ? QStringLiteral("wrong") : QStringLiteral("right");
     return json;
 }
 

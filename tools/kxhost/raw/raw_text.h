@@ -14,14 +14,15 @@ struct RawExchanged {
     QByteArray request;      ///< as it was sent
     QByteArray received;     ///< all that came
     qint64 milliseconds = 0; ///< from the end of the request to the last byte
+    bool isTcp = false;      ///< in Modbus TCP, which has no CRC and in which station 0 answers
 };
 
-/// "station 1, function 3 (read holding registers), registers 1234 5; CRC right"; of bytes that
-/// are no frame what their CRC would be.
-QString rawMeaning(const QByteArray& request, const RawReply& reply);
-
-/// The request, the reply and what it means, a row for each; in front of it an echo.
+/// The request, the reply and what it means, a row for each: "station 1, function 3 (read holding
+/// registers), registers 1234 5; CRC right". Of bytes that are no frame what their CRC would be.
 QStringList rawRows(const RawExchanged& exchanged);
+
+/// Whether nobody answers the request.
+bool isBroadcast(const QByteArray& request, bool isTcp);
 
 QJsonObject rawJson(const RawExchanged& exchanged);
 

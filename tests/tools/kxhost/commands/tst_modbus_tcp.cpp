@@ -55,6 +55,7 @@ private slots:
     void aRecipeGoesThereAndBack();
     void stationsAreFound();
     void framesAreShownAsRtu();
+    void rawFramesAreCarried();
     void aServerAskedInRtuIsKnownByItsFrames();
     void aServerThatClosesTheConnection();
     void aServerThatSaysNothing();
@@ -142,6 +143,15 @@ void ModbusTcpTest::framesAreShownAsRtu()
     QVERIFY2(all.contains("reply   station 01, function 03, byte count 02, data 04 D2, CRC 3A D9: "
                           "good, accepted"),
              qPrintable(all));
+}
+
+void ModbusTcpTest::rawFramesAreCarried()
+{
+    const CommandResult result = onServer({"raw", "00 03 00 64 00 01"}); // station 0 answers here
+    QCOMPARE(result.output.value(2),
+             QStringLiteral("         station 0, function 3 (read holding registers), registers "
+                            "1234"));
+    QCOMPARE(result.exitCode, 0);
 }
 
 void ModbusTcpTest::aServerAskedInRtuIsKnownByItsFrames()

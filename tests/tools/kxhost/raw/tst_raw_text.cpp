@@ -10,7 +10,7 @@ namespace
 
 RawExchanged exchanged(const QByteArray& request, const QByteArray& received)
 {
-    return {QByteArray::fromHex(request), QByteArray::fromHex(received), 12};
+    return {QByteArray::fromHex(request), QByteArray::fromHex(received), 12, false};
 }
 
 // Station 1, function 3, address 0, quantity 2, CRC.
@@ -27,6 +27,7 @@ class RawTextTest : public QObject
 private slots:
     void rows_data();
     void rows();
+    void modbusTcpHasNoCrcAndNoBroadcast();
     void json();
     void jsonOfSilence();
     void jsonOfDamage();
@@ -91,6 +92,21 @@ void RawTextTest::rows()
     const QStringList rows = rawRows(exchanged(request, received));
     QCOMPARE(rows.first(), "request  " + QByteArray::fromHex(request).toHex(' ').toUpper());
     QCOMPARE(rows.mid(1), text.split('|'));
+}
+
+void RawTextTest::modbusTcpHasNoCrcAndNoBroadcast()
+{
+    RawExchanged toStation0 = exchanged("00 06 0064 0001 0804", "");
+    toStation0.isTcp = true;
+    QCOMPARE(rawRows(toStation0).last(), QStringLiteral("reply    none until the time-out"));
+    QVERIFY(!isBroadcast(toStation0.request, true));
+    QVERIFY(isBroadcast(toStation0.request, false));
+    toStation0.received = toStation0.request;
+    QCOMPARE(rawRows(toStation0).value(2),
+             QStringLiteral("         station 0, function 6 (write single register), address 100, "
+                            "value 1"));
+    QVERIFY(!rawJson(toStation0).contains("crc"));
+    QVERIFY(rawJson(toStation0).contains("milliseconds"));
 }
 
 void RawTextTest::json()
