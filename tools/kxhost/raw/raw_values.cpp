@@ -126,7 +126,8 @@ QString rawValuesText(const QByteArray& request, const QByteArray& frame)
     QStringList parts;
     for (auto value = values.begin(); value != values.end(); ++value) {
         QStringList words = {value.key()};
-        for (const QJsonValue& element : value->toArray())
+        const QJsonArray elements = value->toArray();
+        for (const QJsonValue element : elements)
             words << QString::number(element.toInt());
         if (value->isDouble())
             words << QString::number(value->toInt());
