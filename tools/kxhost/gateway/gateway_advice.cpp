@@ -28,7 +28,7 @@ void GatewayAdvice::onExchange(const ExchangeRecord& record)
 {
     m_hasAsked = true;
     m_isUnderstood = m_isUnderstood || isFrame(record.reply);
-    m_sendsMbap = m_sendsMbap || (!isFrame(record.reply) && isMbapReply(record.reply));
+    m_sendsMbap = m_sendsMbap || isMbapReply(record.reply);
     m_sendsBytes = m_sendsBytes || !record.reply.isEmpty();
     m_isLost = m_isLost || record.replyKind == ReplyKind::Lost;
 }

@@ -76,6 +76,7 @@ void RawReplyTest::whatCame_data()
     // Station 1, function 17, 2 bytes, CRC: no length that all functions have.
     row("another function's reply", SERVER_ID, "01 11 02 0AFF FBDC", RawResult::Good, false,
         "01 11 02 0AFF FBDC", "");
+    row("another function than another", SERVER_ID, values, RawResult::Other, false, VALUES, "");
     row("another function refused", SERVER_ID, "01 91 01 8C50", RawResult::Exception, false,
         "01 91 01 8C50", "");
     row("an echo of another function", SERVER_ID, SERVER_ID, RawResult::None, true, "", "");
