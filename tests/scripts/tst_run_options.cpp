@@ -72,6 +72,9 @@ void RunOptionsTest::whatIsAdded_data()
         << QStringList{"-p/dev/ttyS0", "D1"} << "kxhost watch -p/dev/ttyS0 D1";
     QTest::newRow("a gateway") << QStringList{"--tcp", "localhost", "D1"}
                                << "kxhost watch --tcp localhost D1";
+    QTest::newRow("a server of Modbus TCP")
+        << QStringList{"--tcp", "localhost", "--protocol", "tcp", "D1"}
+        << "kxhost watch --tcp localhost --protocol tcp D1";
     QTest::newRow("a port that is the value of another option")
         << QStringList{"--library", "--port"} << SIMULATED + EVERY_TYPE + " --library --port";
 }
