@@ -66,13 +66,18 @@ bool parseOptions(const QCommandLineParser& parser, ScanOptions* options, QStrin
     return true;
 }
 
+char parityLetter(QSerialPort::Parity parity)
+{
+    if (parity == QSerialPort::NoParity)
+        return 'N';
+    return parity == QSerialPort::EvenParity ? 'E' : 'O';
+}
+
 /// What --baud auto and --parity auto leave to be tried.
 QList<LineFormat> formatsOf(const ConnectionOptions& options)
 {
-    const char parity = options.parity == QSerialPort::NoParity     ? 'N'
-                        : options.parity == QSerialPort::EvenParity ? 'E'
-                                                                    : 'O';
-    return formatsToTry({options.timing.baud, parity}, options.anyBaud, options.anyParity);
+    const LineFormat given = {options.timing.baud, parityLetter(options.parity)};
+    return formatsToTry(given, options.anyBaud, options.anyParity);
 }
 
 } // namespace

@@ -60,14 +60,13 @@ private slots:
 
     void rows()
     {
-        QCOMPARE(
-            portRows({bare(), adapter(), simulated()}, false),
-            (QStringList{
-                "PORT          DESCRIPTION                                       HELD BY",
-                "/dev/ttyS0    -                                                 nobody",
-                "/dev/ttyUSB0  FT232R USB UART, FTDI, A50285BI                   minicom (pid "
-                "30), kxhost (pid 123)",
-                "/dev/pts/3    simulated controllers, kxsim (pid 99), /tmp/line  nobody"}));
+        QCOMPARE(portRows({bare(), adapter(), simulated()}, false),
+                 (QStringList{
+                     "PORT          DESCRIPTION                                       HELD BY",
+                     "/dev/ttyS0    -                                                 nobody",
+                     "/dev/ttyUSB0  FT232R USB UART, FTDI, A50285BI                   minicom (pid "
+                     "30), kxhost (pid 123)",
+                     "/dev/pts/3    simulated controllers, kxsim (pid 99), /tmp/line  nobody"}));
     }
 
     void whatCannotBeSeenIsNotCalledFree()
