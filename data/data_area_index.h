@@ -3,8 +3,7 @@
 #define TARVELAN_DATA_DATA_AREA_INDEX_H
 
 #include "data/record_table.h"
-
-#include <vector>
+#include "driver/wrapping.h"
 
 /// A table beside `tarvelan::dataAreas`. Between calls of the driver and inside
 /// the value-change function anybody may change that list. So the driver takes it up
@@ -37,53 +36,60 @@ public:
     /// Index of the first record of that key in the list in hand, or -1.
     int find(const QList<_DATA_>& list, int station, const QString& regType, int address)
     {
-        // Usually the record that came next the last time, or the one found last.
-        if (m_expected < m_runEnd && isRecordOf(list.at(m_expected), station, regType, address))
-            return foundAt(m_expected);
-        if (m_last < m_runEnd && m_last != NONE
-            && isRecordOf(list.at(m_last), station, regType, address))
-            return m_last;
-        return search(list, station, regType, address);
+        const int group = findGroup(list, station, regType, address);
+        const int known = recordIn(group, address);
+        return known != RecordTable::NONE ? known : search(list, station, regType, address);
     }
 
     /// The same by searching, for any list.
     static int findInList(const QList<_DATA_>& list, int station, const QString& regType,
                           int address);
 
-    /// The records from `runStart()` to before `runEnd()` lie behind the one found
-    /// last and are each the first of its key. None when another record than the next
-    /// is expected. For the list in hand.
-    int runStart() const
+    /// The group of that address, or -1 when no record of it is known. For the list in hand;
+    /// good until the next record is created or the list is let go.
+    int findGroup(const QList<_DATA_>& list, int station, const QString& regType, int address)
     {
-        return m_expected == m_last + 1 && m_expected < m_runEnd ? m_expected : m_runEnd;
+        // The distance is looked at first: it touches no record.
+        const int ahead =
+            wrapSub(RecordTable::firstOfGroup(address), RecordTable::firstOfGroup(m_recent));
+        if ((ahead != 0 && ahead != RecordTable::GROUP_SIZE)
+            || !m_table.isGroupOf(m_group, list, station, regType, m_recent))
+            m_group = m_table.findGroup(list, station, regType, address);
+        else if (ahead != 0)
+            m_group = m_table.nextGroup(m_group, list, station, regType, address);
+        m_recent = address;
+        return m_group;
     }
-    int runEnd() const { return m_runEnd; }
 
-    /// Makes a record of the run the one found last.
-    void goOnFrom(int record) { foundAt(record); }
+    /// The same for the group behind `group`, when `address` is its first address.
+    int nextGroup(int group, const QList<_DATA_>& list, int station, const QString& regType,
+                  int address)
+    {
+        m_group = m_table.nextGroup(group, list, station, regType, address);
+        m_recent = address;
+        return m_group;
+    }
+
+    /// The records known of a group by RecordTable::placeOf(), each the first of its key.
+    const int* recordsOf(int group) const { return m_table.records(group); }
 
     /// Forgets everything, as after clearing the list.
     void reset();
 
 private:
-    static const int NONE = RecordTable::NONE;
-
-    int foundAt(int record)
+    int recordIn(int group, int address) const
     {
-        m_last = record;
-        m_expected = m_followers[static_cast<size_t>(record)];
-        return record;
+        return group != RecordTable::NONE ? recordsOf(group)[RecordTable::placeOf(address)]
+                                          : RecordTable::NONE;
     }
 
     int search(const QList<_DATA_>& list, int station, const QString& regType, int address);
-    void addNewRecords(const QList<_DATA_>& list);
 
     RecordTable m_table;
-    std::vector<int> m_followers; // of each record indexed: the one found after it last time
-    QList<_DATA_> m_letGo;        // the list as the driver let it go; empty while in hand
-    int m_last;                   // record found last, or NONE
-    int m_expected;               // its follower; the first record when there is none
-    int m_runEnd;                 // records indexed, if no key is there twice; else 0
+    QList<_DATA_> m_letGo; // the list as the driver let it go; empty while in hand
+    int m_indexed;         // records in the table, or known to repeat a key
+    int m_group;           // of the address asked for last: the next is often in it or behind it
+    int m_recent;          // that address
     bool m_isInHand;
 };
 

@@ -10,6 +10,8 @@
 
 #include <QtCore/QtEndian>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -54,6 +56,9 @@ struct Bits : Elements {
     {
     }
 
+    // All: bytes past the reply count as 0.
+    int comparable(int count) const { return count; }
+
     int compared(int i) const { return reply.at(wrapAdd(firstDataByte, i)); }
 
     unsigned char bit(int i) const
@@ -87,7 +92,17 @@ struct Words : Elements {
 
     int word(int k) const { return reply.wordAt(wrapAdd(firstDataByte, BYTES_PER_REGISTER * k)); }
 
-    bool areIn(const _DATA_& area, int k) const { return wordOf(area.value) == word(k); }
+    // Those whose bytes are in the reply.
+    int comparable(int count) const
+    {
+        return std::min(count, reply.wholeElements(firstDataByte, BYTES_PER_REGISTER));
+    }
+
+    bool areIn(const _DATA_& area, int k) const
+    {
+        const unsigned char* const bytes = reply.from(firstDataByte) + BYTES_PER_REGISTER * k;
+        return qFromLittleEndian<quint16>(area.value) == qFromBigEndian<quint16>(bytes);
+    }
 
     void store(int k) const
     {
@@ -116,11 +131,18 @@ struct DoubleWords : Elements {
         return high << 16 | static_cast<quint32>(reply.wordAt(wrapAdd(first, BYTES_PER_REGISTER)));
     }
 
-    // A recipe takes every value, changed or not.
-    bool areIn(const _DATA_& area, int k) const
+    // The same, but none for a recipe, which takes every value, changed or not.
+    int comparable(int count) const
     {
         return driver.currentKind != RECIPE_READ_JOB
-               && qFromLittleEndian<quint32>(area.value) == doubleWord(k);
+                   ? std::min(count, reply.wholeElements(firstDataByte, BYTES_PER_DOUBLE_WORD))
+                   : 0;
+    }
+
+    bool areIn(const _DATA_& area, int k) const
+    {
+        const unsigned char* const bytes = reply.from(firstDataByte) + BYTES_PER_DOUBLE_WORD * k;
+        return qFromLittleEndian<quint32>(area.value) == qFromBigEndian<quint32>(bytes);
     }
 
     void store(int k) const
@@ -137,11 +159,15 @@ struct DoubleWords : Elements {
     }
 };
 
+// `comparable()` elements may be passed over when they are unchanged. It is asked anew behind
+// each element stored, since the runtime may have been called.
 template <typename Kind>
 void storeAll(const Kind& elements, int count)
 {
     for (int k = 0; k < count; ++k) {
-        k = endOfUnchangedRun(elements, k, count);
+        const int comparable = elements.comparable(count);
+        if (k < comparable)
+            k = endOfUnchangedRun(elements, k, comparable);
         if (k < count)
             elements.store(k);
     }

@@ -1,5 +1,7 @@
 #include "data/record_table.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -20,7 +22,8 @@ quint32 hashOf(int station, const QString& regType, int address)
         letters += (static_cast<quint32>(regType.at(0).unicode()) << 8)
                    + (static_cast<quint32>(regType.at(size / 2).unicode()) << 16)
                    + (static_cast<quint32>(regType.at(size - 1).unicode()) << 24);
-    return mixed(mixed(letters, static_cast<quint32>(station)), static_cast<quint32>(address));
+    return mixed(mixed(letters, static_cast<quint32>(station)),
+                 static_cast<quint32>(address) / RecordTable::GROUP_SIZE);
 }
 
 } // namespace
@@ -28,14 +31,14 @@ quint32 hashOf(int station, const QString& regType, int address)
 void RecordTable::clear()
 {
     m_slots.clear();
-    m_keys = 0;
+    m_groups.clear();
 }
 
 void RecordTable::put(const Slot& entry)
 {
     const size_t mask = m_slots.size() - 1;
     size_t slot = entry.hash & mask;
-    while (m_slots[slot].record != NONE)
+    while (m_slots[slot].group != NONE)
         slot = (slot + 1) & mask;
     m_slots[slot] = entry;
 }
@@ -46,40 +49,61 @@ void RecordTable::grow()
     std::vector<Slot> old(m_slots.empty() ? FIRST_SIZE : m_slots.size() * 2, empty);
     old.swap(m_slots);
     for (size_t i = 0; i < old.size(); ++i) {
-        if (old[i].record != NONE)
+        if (old[i].group != NONE)
             put(old[i]);
     }
 }
 
 void RecordTable::add(const QList<_DATA_>& list, int record)
 {
-    // Four fifths full.
-    if (m_slots.empty() || static_cast<size_t>(m_keys) * 5 >= m_slots.size() * 4)
-        grow();
     const _DATA_& area = list.at(record);
-    const Slot entry = {hashOf(area.station, area.regType, area.address), record};
-    if (findHashed(list, entry.hash, area.station, area.regType, area.address) == NONE) {
-        put(entry);
-        ++m_keys;
+    const int place = placeOf(area.address);
+    const quint32 hash = hashOf(area.station, area.regType, area.address);
+    const int group = findHashed(list, hash, area.station, area.regType, area.address);
+    if (group != NONE) {
+        int& known = m_groups[static_cast<size_t>(group)].records[place];
+        known = known == NONE ? record : known;
+        return;
     }
+    // Four fifths full.
+    if (m_groups.size() * 5 >= m_slots.size() * 4)
+        grow();
+    Group made;
+    std::fill(made.records, made.records + GROUP_SIZE, static_cast<int>(NONE));
+    made.records[place] = record;
+    made.next = NONE;
+    m_groups.push_back(made);
+    const Slot entry = {hash, static_cast<int>(m_groups.size()) - 1};
+    put(entry);
 }
 
-int RecordTable::find(const QList<_DATA_>& list, int station, const QString& regType,
-                      int address) const
+int RecordTable::findGroup(const QList<_DATA_>& list, int station, const QString& regType,
+                           int address) const
 {
-    if (m_slots.empty())
-        return NONE;
     return findHashed(list, hashOf(station, regType, address), station, regType, address);
 }
 
 int RecordTable::findHashed(const QList<_DATA_>& list, quint32 hash, int station,
                             const QString& regType, int address) const
 {
+    if (m_slots.empty())
+        return NONE;
     const size_t mask = m_slots.size() - 1;
-    for (size_t slot = hash & mask; m_slots[slot].record != NONE; slot = (slot + 1) & mask) {
+    for (size_t slot = hash & mask; m_slots[slot].group != NONE; slot = (slot + 1) & mask) {
         if (m_slots[slot].hash == hash
-            && isRecordOf(list.at(m_slots[slot].record), station, regType, address))
-            return m_slots[slot].record;
+            && isGroupOf(m_slots[slot].group, list, station, regType, address))
+            return m_slots[slot].group;
     }
     return NONE;
+}
+
+bool RecordTable::hasNeighbour(int group, const QList<_DATA_>& list, int station,
+                               const QString& regType, int address) const
+{
+    const int* record = records(group);
+    while (*record == NONE)
+        ++record;
+    const _DATA_& area = list.at(*record);
+    return firstOfGroup(area.address) == firstOfGroup(address) && area.station == station
+           && sameName(area.regType, regType);
 }

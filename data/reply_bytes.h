@@ -18,6 +18,15 @@ public:
 
     int at(int index) const { return index >= 0 && index < m_length ? m_bytes[index] : 0; }
 
+    /// Elements of `size` bytes each, from byte `index` on, that the reply holds whole.
+    int wholeElements(int index, int size) const
+    {
+        return index >= 0 && index < m_length ? (m_length - index) / size : 0;
+    }
+
+    /// What lies there, up to the end of the reply.
+    const unsigned char* from(int index) const { return m_bytes + index; }
+
     /// Two bytes, high byte first.
     int wordAt(int index) const
     {

@@ -1,9 +1,11 @@
 #include "data/data_area_index.h"
 
+#include <QtCore/QVector>
 #include <QtTest/QTest>
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 namespace
@@ -63,6 +65,19 @@ struct Indexed {
     int find(const char* regType, int address)
     {
         return index.find(list, 1, QString(regType), address);
+    }
+
+    int group(const char* regType, int address)
+    {
+        return index.findGroup(list, 1, QString(regType), address);
+    }
+
+    QVector<int> recordsOf(int group)
+    {
+        QVector<int> records;
+        for (int place = 0; place < RecordTable::GROUP_SIZE; ++place)
+            records << index.recordsOf(group)[place];
+        return records;
     }
 
     void findAll()
@@ -169,9 +184,10 @@ private slots:
     void findsRecordsThatTheDriverAppends();
     void knowsEveryRecordAfterMemoryRanOut_data();
     void knowsEveryRecordAfterMemoryRanOut();
-    void aRunIsWhatLiesBehindTheRecordFoundLast();
-    void thereIsNoRunWhenAKeyIsThereTwice();
-    void learnsWhichRecordComesNext();
+    void aGroupHoldsTheRecordsOfEightAddresses();
+    void thereIsNoGroupBehindTheLast();
+    void aGroupHoldsTheFirstOfEachKey();
+    void groupsAtTheEdgesOfInt();
 };
 
 void DataAreaIndexTest::findsNothingInAnEmptyList()
@@ -278,17 +294,15 @@ void DataAreaIndexTest::indexesWhatWasChangedWhileLetGo()
     QVERIFY(indexed.findsWhatASearchFinds());
 }
 
-// The run is known without a search, so nothing was indexed anew.
+// The group is known without a search, so nothing was indexed anew.
 void DataAreaIndexTest::keepsItsIndexWhenNobodyWrote()
 {
     Indexed indexed(words(1000));
     indexed.findAll();
-    QCOMPARE(indexed.find("D", 15), 5);
     indexed.index.letGo(indexed.list);
     QCOMPARE(indexed.list.at(7).address, 21);
     indexed.index.takeUp(indexed.list);
-    QCOMPARE(indexed.index.runStart(), 6);
-    QCOMPARE(indexed.index.runEnd(), 1000);
+    QVERIFY(indexed.group("D", 21) >= 0);
 }
 
 void DataAreaIndexTest::aCopyOfTheOldListPutBackIsTheOldList()
@@ -345,10 +359,10 @@ void DataAreaIndexTest::findsRecordsThatTheDriverAppends()
 void DataAreaIndexTest::knowsEveryRecordAfterMemoryRanOut_data()
 {
     QTest::addColumn<int>("known");
+    // Of D0, D3, ... the 43rd, D129, opens group 16, and the 139th, D417, group 52.
     QTest::newRow("none indexed") << 0;
-    QTest::newRow("the table is full") << 52;
-    QTest::newRow("the table is full again") << 103;
-    QTest::newRow("the list of followers is full") << 64;
+    QTest::newRow("the list of groups is full") << 43;
+    QTest::newRow("the table is full") << 139;
 }
 
 // Whoever asks for too much may be told by an exception, and go on.
@@ -371,44 +385,68 @@ void DataAreaIndexTest::knowsEveryRecordAfterMemoryRanOut()
     QVERIFY(indexed.findsWhatASearchFinds());
 }
 
-void DataAreaIndexTest::aRunIsWhatLiesBehindTheRecordFoundLast()
-{
-    Indexed indexed(words(20)); // D0, D3, ... D57
-    DataAreaIndex& index = indexed.index;
-    QCOMPARE(indexed.find("D", 15), 5);
-    QCOMPARE(index.runStart(), 6);
-    QCOMPARE(index.runEnd(), 20);
-    index.goOnFrom(9);
-    QCOMPARE(index.runStart(), 10);
-    QCOMPARE(indexed.find("D", 30), 10);
-    QCOMPARE(indexed.find("D", 30), 10);
-    QCOMPARE(index.runStart(), 11);
-    index.goOnFrom(19);
-    QCOMPARE(index.runStart(), index.runEnd());
-}
-
-void DataAreaIndexTest::thereIsNoRunWhenAKeyIsThereTwice()
-{
-    Indexed indexed(words(20) + words(1));
-    QCOMPARE(indexed.find("D", 15), 5);
-    QCOMPARE(indexed.index.runStart(), indexed.index.runEnd());
-    QVERIFY(indexed.index.runEnd() <= 20);
-}
-
-void DataAreaIndexTest::learnsWhichRecordComesNext()
+// D0 to D7 are a group, D8 to D15 the next: of D0, D3, ... six are there.
+void DataAreaIndexTest::aGroupHoldsTheRecordsOfEightAddresses()
 {
     Indexed indexed(words(20));
-    DataAreaIndex& index = indexed.index;
-    for (int round = 0; round < 3; ++round) {
-        for (const int record : {5, 2, 19, 3, 4})
-            QCOMPARE(indexed.find("D", 3 * record), record);
-    }
-    // Record 2 came after 5, so what lies behind 5 is not expected.
     QCOMPARE(indexed.find("D", 15), 5);
-    QCOMPARE(index.runStart(), index.runEnd());
-    QCOMPARE(indexed.find("D", 18), 6);
-    QCOMPARE(indexed.find("D", 9), 3);
-    QCOMPARE(index.runStart(), 4);
+    const int first = indexed.group("D", 5);
+    QCOMPARE(indexed.recordsOf(first), QVector<int>({0, -1, -1, 1, -1, -1, 2, -1}));
+    QCOMPARE(indexed.group("D", 0), first);
+    QCOMPARE(indexed.group("D", 7), first);
+    const int second = indexed.group("D", 8);
+    QCOMPARE(indexed.recordsOf(second), QVector<int>({-1, 3, -1, -1, 4, -1, -1, 5}));
+    QCOMPARE(indexed.group("D", 7), first);
+    QCOMPARE(indexed.group("D", 8), second);
+}
+
+void DataAreaIndexTest::thereIsNoGroupBehindTheLast()
+{
+    Indexed indexed(words(3)); // D0, D3, D6
+    QCOMPARE(indexed.find("D", 6), 2);
+    const int only = indexed.group("D", 7);
+    QCOMPARE(indexed.group("D", 8), -1);
+    QCOMPARE(indexed.group("D", 16), -1);
+    QCOMPARE(indexed.group("D", 7), only);
+    QCOMPARE(indexed.group("SD", 8), -1);
+    QCOMPARE(indexed.group("SD", 7), -1);
+    indexed.list << area(1, "SD", 8) << area(1, "D", 12);
+    QCOMPARE(indexed.find("D", 12), 4);
+    QCOMPARE(indexed.group("D", 7), only);
+    QCOMPARE(indexed.recordsOf(indexed.group("D", 8)),
+             QVector<int>({-1, -1, -1, -1, 4, -1, -1, -1}));
+    QCOMPARE(indexed.recordsOf(indexed.group("SD", 15)),
+             QVector<int>({3, -1, -1, -1, -1, -1, -1, -1}));
+}
+
+// D5 of station 1 is there twice, and D6 of station 2 is of another group.
+void DataAreaIndexTest::aGroupHoldsTheFirstOfEachKey()
+{
+    QList<_DATA_> list;
+    list << area(1, "D", 5) << area(2, "D", 6) << area(1, "D", 5) << area(1, "SD", 7);
+    Indexed indexed(list);
+    QCOMPARE(indexed.find("D", 5), 0);
+    QCOMPARE(indexed.recordsOf(indexed.group("D", 0)),
+             QVector<int>({-1, -1, -1, -1, -1, 0, -1, -1}));
+}
+
+// The addresses below 0 come last before 0, and the highest is next to the lowest.
+void DataAreaIndexTest::groupsAtTheEdgesOfInt()
+{
+    const int highest = std::numeric_limits<int>::max();
+    const int lowest = std::numeric_limits<int>::min();
+    QList<_DATA_> list;
+    list << area(1, "D", -1) << area(1, "D", 0) << area(1, "D", highest) << area(1, "D", lowest);
+    Indexed indexed(list);
+    QCOMPARE(indexed.find("D", lowest), 3);
+    QCOMPARE(indexed.find("D", highest), 2);
+    QCOMPARE(indexed.find("D", -1), 0);
+    QCOMPARE(indexed.group("D", -8), indexed.group("D", -1));
+    QCOMPARE(indexed.recordsOf(indexed.group("D", 0)),
+             QVector<int>({1, -1, -1, -1, -1, -1, -1, -1}));
+    QCOMPARE(indexed.group("D", highest - 7), indexed.group("D", highest));
+    QCOMPARE(indexed.recordsOf(indexed.group("D", lowest)),
+             QVector<int>({3, -1, -1, -1, -1, -1, -1, -1}));
 }
 
 QTEST_APPLESS_MAIN(DataAreaIndexTest)

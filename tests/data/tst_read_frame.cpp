@@ -77,10 +77,13 @@ void ReadFrameTest::words()
     QFETCH(int, length);
     DriverFixture runtime;
     driver.readList << job(1, "D", 100, 3);
-    runtime.poll();
-    setFields(start, length);
-    QCOMPARE(runtime.deal(WORDS), 1);
-    QTEST(cachedValues(2), "values");
+    // Again: values that are there already are passed over.
+    for (int round = 0; round < 2; ++round) {
+        runtime.poll();
+        setFields(start, length);
+        QCOMPARE(runtime.deal(WORDS), 1);
+        QTEST(cachedValues(2), "values");
+    }
 }
 
 void ReadFrameTest::doubleWords_data()
@@ -105,10 +108,13 @@ void ReadFrameTest::doubleWords()
     QFETCH(int, length);
     DriverFixture runtime;
     driver.readList << job(1, "32CV", 200, 4);
-    runtime.poll();
-    setFields(start, length);
-    QCOMPARE(runtime.deal(DOUBLE_WORDS), 1);
-    QTEST(cachedValues(4), "values");
+    // Again: values that are there already are passed over.
+    for (int round = 0; round < 2; ++round) {
+        runtime.poll();
+        setFields(start, length);
+        QCOMPARE(runtime.deal(DOUBLE_WORDS), 1);
+        QTEST(cachedValues(4), "values");
+    }
 }
 
 // Reported is what differs from the whole reply byte at the coil's own position.

@@ -14,6 +14,35 @@ _DATA_ record(int station, const char* regType, int address)
     return made;
 }
 
+// A table and the list that it belongs to.
+struct Filled {
+    QList<_DATA_> list;
+    RecordTable table;
+
+    void add(const _DATA_& made)
+    {
+        list << made;
+        table.add(list, static_cast<int>(list.size()) - 1);
+    }
+
+    int group(int station, const char* regType, int address) const
+    {
+        return table.findGroup(list, station, QString(regType), address);
+    }
+
+    int find(int station, const char* regType, int address) const
+    {
+        const int found = group(station, regType, address);
+        return found == RecordTable::NONE ? found
+                                          : table.records(found)[RecordTable::placeOf(address)];
+    }
+
+    int next(int group, int address)
+    {
+        return table.nextGroup(group, list, 1, QString("D"), address);
+    }
+};
+
 } // namespace
 
 class RecordTableTest : public QObject
@@ -23,61 +52,100 @@ class RecordTableTest : public QObject
 private slots:
     void anEmptyTableFindsNothing()
     {
-        const QList<_DATA_> list = QList<_DATA_>() << record(1, "D", 0);
-        RecordTable table;
-        QCOMPARE(table.find(list, 1, QString("D"), 0), -1);
-        QCOMPARE(table.keys(), 0);
+        Filled empty;
+        empty.list << record(1, "D", 0);
+        QCOMPARE(empty.find(1, "D", 0), -1);
     }
 
     void theWholeKeyCounts()
     {
-        const QList<_DATA_> list = QList<_DATA_>() << record(1, "D", 7) << record(2, "D", 7)
-                                                   << record(1, "M", 7) << record(1, "D", 8);
-        RecordTable table;
-        for (int i = 0; i < list.size(); ++i)
-            table.add(list, i);
-        QCOMPARE(table.find(list, 1, QString("D"), 7), 0);
-        QCOMPARE(table.find(list, 2, QString("D"), 7), 1);
-        QCOMPARE(table.find(list, 1, QString("M"), 7), 2);
-        QCOMPARE(table.find(list, 1, QString("D"), 8), 3);
-        QCOMPARE(table.find(list, 2, QString("M"), 7), -1);
-        QCOMPARE(table.find(list, 1, QString("d"), 7), -1);
-        QCOMPARE(table.keys(), 4);
+        Filled filled;
+        filled.add(record(1, "D", 7));
+        filled.add(record(2, "D", 7));
+        filled.add(record(1, "M", 7));
+        filled.add(record(1, "D", 8));
+        QCOMPARE(filled.find(1, "D", 7), 0);
+        QCOMPARE(filled.find(2, "D", 7), 1);
+        QCOMPARE(filled.find(1, "M", 7), 2);
+        QCOMPARE(filled.find(1, "D", 8), 3);
+        QCOMPARE(filled.find(2, "M", 7), -1);
+        QCOMPARE(filled.find(1, "d", 7), -1);
+        QCOMPARE(filled.find(1, "D", 6), -1);
     }
 
     void theFirstOfAKeyIsFound()
     {
-        const QList<_DATA_> list = QList<_DATA_>() << record(1, "D", 7) << record(1, "D", 7);
-        RecordTable table;
-        table.add(list, 0);
-        table.add(list, 1);
-        QCOMPARE(table.find(list, 1, QString("D"), 7), 0);
-        QCOMPARE(table.keys(), 1);
+        Filled filled;
+        filled.add(record(1, "D", 7));
+        filled.add(record(1, "D", 7));
+        QCOMPARE(filled.find(1, "D", 7), 0);
+    }
+
+    // D7 tells for D0 to D6, which are not there, whose group it is.
+    void aGroupIsKnownByAnyOfItsRecords_data()
+    {
+        QTest::addColumn<int>("station");
+        QTest::addColumn<QString>("regType");
+        QTest::addColumn<int>("address");
+        QTest::addColumn<bool>("expected");
+        QTest::newRow("the record") << 1 << "D" << 7 << true;
+        QTest::newRow("its first neighbour") << 1 << "D" << 0 << true;
+        QTest::newRow("another station's") << 2 << "D" << 0 << false;
+        QTest::newRow("another station's record") << 2 << "D" << 7 << false;
+        QTest::newRow("another type's") << 1 << "SD" << 0 << false;
+        QTest::newRow("the next group") << 1 << "D" << 8 << false;
+        QTest::newRow("the same place of the next group") << 1 << "D" << 15 << false;
+        QTest::newRow("the group before") << 1 << "D" << -1 << false;
+    }
+
+    void aGroupIsKnownByAnyOfItsRecords()
+    {
+        QFETCH(int, station);
+        QFETCH(QString, regType);
+        QFETCH(int, address);
+        QFETCH(bool, expected);
+        Filled filled;
+        filled.add(record(1, "D", 7));
+        const int group = filled.group(1, "D", 7);
+        QCOMPARE(filled.table.isGroupOf(group, filled.list, station, regType, address), expected);
+        QVERIFY(!filled.table.isGroupOf(-1, filled.list, station, regType, address));
+    }
+
+    void aGroupKnowsTheNext()
+    {
+        Filled filled;
+        filled.add(record(1, "D", 7));
+        const int first = filled.group(1, "D", 7);
+        QCOMPARE(filled.next(first, 8), -1);
+        filled.add(record(2, "D", 8));
+        QCOMPARE(filled.next(first, 8), -1);
+        filled.add(record(1, "D", 15));
+        const int second = filled.group(1, "D", 15);
+        QCOMPARE(filled.next(first, 8), second);
+        QCOMPARE(filled.next(first, 8), second);
+        QCOMPARE(filled.next(second, 16), -1);
     }
 
     // Begins with 64 places and doubles when four fifths are taken: at 52, 103, 205, ...
-    void growsWithItsRecords()
+    void growsWithItsGroups()
     {
-        QList<_DATA_> list;
-        RecordTable table;
-        for (int i = 0; i < 1000; ++i) {
-            list << record(1, "D", 3 * i);
-            table.add(list, i);
-        }
+        Filled filled;
         for (int i = 0; i < 1000; ++i)
-            QCOMPARE(table.find(list, 1, QString("D"), 3 * i), i);
-        QCOMPARE(table.find(list, 1, QString("D"), 1), -1);
-        QCOMPARE(table.keys(), 1000);
+            filled.add(record(1, "D", 9 * i));
+        for (int i = 0; i < 1000; ++i)
+            QCOMPARE(filled.find(1, "D", 9 * i), i);
+        QCOMPARE(filled.find(1, "D", 1), -1);
+        QCOMPARE(filled.find(1, "D", 9000), -1);
     }
 
     void aClearedTableIsEmpty()
     {
-        const QList<_DATA_> list = QList<_DATA_>() << record(1, "D", 7);
-        RecordTable table;
-        table.add(list, 0);
-        table.clear();
-        QCOMPARE(table.find(list, 1, QString("D"), 7), -1);
-        QCOMPARE(table.keys(), 0);
+        Filled filled;
+        filled.add(record(1, "D", 7));
+        filled.table.clear();
+        QCOMPARE(filled.find(1, "D", 7), -1);
+        filled.table.add(filled.list, 0);
+        QCOMPARE(filled.find(1, "D", 7), 0);
     }
 };
 
