@@ -5,6 +5,7 @@
 
 #include "data/data_area_index.h"
 #include "driver/tarvelan.h"
+#include "modbus/frame_list.h"
 #include "registers/register_catalogue.h"
 #include "registers/register_types.h"
 #include "registers/type_names.h"
@@ -58,6 +59,7 @@ tarvelan::tarvelan() : burstCount(0), commFailed(0), rcpIndex(0)
     // No members, since the layout of the class is binary interface.
     if (this == &driver) {
         dataAreaIndex = new DataAreaIndex;
+        spareFrame = new QList<FRAME_PRO>;
         typeNames = new TypeNames;
     }
 }
@@ -66,6 +68,7 @@ tarvelan::~tarvelan()
 {
     if (this == &driver) {
         delete typeNames;
+        delete spareFrame;
         delete dataAreaIndex;
     }
 }

@@ -19,8 +19,9 @@ add_library(tarvelan_kx_series SHARED
   registers/type_names.cpp
   planning/address_merge.cpp planning/condition_reads.cpp planning/monitor_flags.cpp
   planning/read_jobs.cpp
-  modbus/crc.cpp modbus/frame_bytes.cpp modbus/read_request.cpp modbus/recipe_requests.cpp
-  modbus/reply_check.cpp modbus/send_schedule.cpp modbus/write_request.cpp
+  modbus/crc.cpp modbus/frame_bytes.cpp modbus/frame_list.cpp modbus/read_request.cpp
+  modbus/recipe_requests.cpp modbus/reply_check.cpp modbus/send_schedule.cpp
+  modbus/write_request.cpp
   data/change_notification.cpp data/data_area_index.cpp data/data_areas.cpp
   data/host_access.cpp data/read_frame.cpp data/read_values.cpp data/recipe_values.cpp
   data/record_table.cpp data/reply_handling.cpp data/write_completion.cpp

@@ -3,6 +3,7 @@
 #include "data/read_values.h"
 #include "data/write_completion.h"
 #include "driver/tarvelan.h"
+#include "modbus/frame_list.h"
 #include "modbus/reply_check.h"
 #include "modbus/send_schedule.h"
 
@@ -29,7 +30,7 @@ void settleWrite(const VARIABLE& job, int success)
 int retireRequest()
 {
     if (!driver.frameList.isEmpty())
-        driver.frameList.removeFirst();
+        dropFirstFrame();
     if (driver.frameList.isEmpty())
         dealListWhenFinish();
     driver.errorCount = 0;

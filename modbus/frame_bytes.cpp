@@ -3,21 +3,6 @@
 #include "modbus/crc.h"
 
 #include <algorithm>
-#include <cstring>
-
-// The payload is written once: a frame made zero as a whole would write it twice.
-FRAME_PRO blankFrame(const VARIABLE& job)
-{
-    FRAME_PRO request;
-    std::memset(request.frame, 0, sizeof request.frame);
-    request.sendLen = 0;
-    request.recvLen = 0;
-    request.frameFunc = 0;
-    request.dataLen = 0;
-    request.reserved = 0;
-    request.job = job;
-    return request;
-}
 
 void FrameBytes::putHeader(int station, ModbusFunction function, int address, int word)
 {

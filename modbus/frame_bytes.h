@@ -19,9 +19,6 @@ const int SHORT_FRAME_LENGTH = 8;
 const int CRC_LENGTH = 2;
 const int BYTES_PER_REGISTER = 2;
 
-/// A frame for that job, all else zero.
-FRAME_PRO blankFrame(const VARIABLE& job);
-
 /// Writes into `FRAME_PRO::frame`. A byte before its start or past its end is
 /// not written.
 class FrameBytes

@@ -1,8 +1,8 @@
 #include "modbus/read_request.h"
 
-#include "driver/tarvelan.h"
 #include "driver/wrapping.h"
 #include "modbus/frame_bytes.h"
+#include "modbus/frame_list.h"
 #include "registers/register_types.h"
 
 namespace
@@ -14,12 +14,14 @@ const int REPLY_OVERHEAD = 5;  // those three and the CRC
 
 } // namespace
 
-FRAME_PRO readRequest(const VARIABLE& job)
+void getReadFrame(VARIABLE& job)
 {
+    if (job.station == BROADCAST_STATION)
+        return;
     const RegisterType* const type = findRegisterType(job.regType);
     const bool readsBits = type && type->registerClass == BIT_CLASS;
 
-    FRAME_PRO request = blankFrame(job);
+    FRAME_PRO& request = appendFrame(job);
     FrameBytes bytes(request);
     bytes.putHeader(job.station, readsBits ? READ_COILS : READ_HOLDING_REGISTERS,
                     modbusNumber(type, job.address), job.count);
@@ -31,11 +33,4 @@ FRAME_PRO readRequest(const VARIABLE& job)
     request.recvLen = wrapAdd(dataBytes, REPLY_OVERHEAD);
     request.frameFunc = FIRST_DATA_BYTE;
     request.dataLen = readsBits ? job.count : dataBytes;
-    return request;
-}
-
-void getReadFrame(VARIABLE& job)
-{
-    if (job.station != BROADCAST_STATION)
-        driver.frameList.append(readRequest(job));
 }

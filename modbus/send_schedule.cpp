@@ -155,7 +155,7 @@ int intf_getSendFrame(FRAME_PRO* out)
         scheduleNext();
     if (driver.frameList.isEmpty())
         return 0;
-    *out = driver.frameList.first();
+    *out = driver.frameList.at(0);
     return 1;
 }
 

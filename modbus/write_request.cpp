@@ -1,8 +1,8 @@
 #include "modbus/write_request.h"
 
-#include "driver/tarvelan.h"
 #include "driver/wrapping.h"
 #include "modbus/frame_bytes.h"
+#include "modbus/frame_list.h"
 #include "registers/register_types.h"
 
 #include <algorithm>
@@ -88,19 +88,15 @@ int putMultipleWrite(FrameBytes& bytes, const VARIABLE& job, const RegisterType*
 
 } // namespace
 
-FRAME_PRO writeRequest(const VARIABLE& job, const RegisterType* type)
+void getWriteFrame(VARIABLE& job)
 {
-    FRAME_PRO request = blankFrame(job);
+    const RegisterType* const type = findRegisterType(job.regType);
+    if (!type)
+        return;
+    FRAME_PRO& request = appendFrame(job);
     FrameBytes bytes(request);
     request.sendLen =
         job.count == 1 ? putSingleWrite(bytes, job, type) : putMultipleWrite(bytes, job, type);
     bytes.putCrc(request.sendLen - CRC_LENGTH);
     request.recvLen = SHORT_FRAME_LENGTH;
-    return request;
-}
-
-void getWriteFrame(VARIABLE& job)
-{
-    if (const RegisterType* const type = findRegisterType(job.regType))
-        driver.frameList.append(writeRequest(job, type));
 }
