@@ -17,8 +17,8 @@ add_library(tarvelan_kx_series SHARED
   registers/address_check.cpp registers/address_series.cpp registers/address_weight.cpp
   registers/recipe_addresses.cpp registers/register_catalogue.cpp registers/register_types.cpp
   registers/type_names.cpp
-  planning/address_merge.cpp planning/condition_reads.cpp planning/monitor_flags.cpp
-  planning/read_jobs.cpp
+  planning/address_merge.cpp planning/address_span.cpp planning/condition_reads.cpp
+  planning/monitor_flags.cpp planning/read_jobs.cpp planning/weight_order.cpp
   modbus/crc.cpp modbus/frame_bytes.cpp modbus/frame_list.cpp modbus/read_request.cpp
   modbus/recipe_requests.cpp modbus/reply_check.cpp modbus/send_schedule.cpp
   modbus/write_request.cpp

@@ -2,51 +2,12 @@
 
 #include "driver/tarvelan.h"
 #include "driver/wrapping.h"
-#include "registers/address_weight.h"
+#include "planning/weight_order.h"
 
 #include <algorithm>
 
 namespace
 {
-
-/// Weighs spans; each known type's position is looked up once.
-class Scales
-{
-public:
-    Scales()
-    {
-        for (int row = 0; row < REGISTER_TYPE_COUNT; ++row)
-            m_positions[row] = registerTypePosition(QString::fromLatin1(REGISTER_TYPES[row].name));
-    }
-
-    unsigned int weigh(const AddressSpan& span) const
-    {
-        const int position = span.type ? m_positions[registerTypeRow(span.type)]
-                                       : registerTypePosition(*span.regType);
-        return addressWeight(span.station, position, span.address);
-    }
-
-private:
-    int m_positions[REGISTER_TYPE_COUNT];
-};
-
-// Ascending by weight; entries of equal weight keep their order, since their
-// number is the lower half of the sort key.
-AddressSpans sortedByWeight(const AddressSpans& spans)
-{
-    const Scales scales;
-    std::vector<quint64> keys;
-    keys.reserve(spans.size());
-    for (size_t i = 0; i < spans.size(); ++i)
-        keys.push_back(static_cast<quint64>(scales.weigh(spans[i])) << 32 | i);
-    std::sort(keys.begin(), keys.end());
-
-    AddressSpans sorted;
-    sorted.reserve(spans.size());
-    for (size_t i = 0; i < keys.size(); ++i)
-        sorted.push_back(spans[static_cast<size_t>(keys[i] & 0xFFFFFFFFu)]);
-    return sorted;
-}
 
 bool sameType(const AddressSpan& a, const AddressSpan& b)
 {
@@ -82,103 +43,120 @@ bool takesIn(AddressSpan& block, const AddressSpan& next, int maxWords)
     return true;
 }
 
+/// Takes blocks as they close.
+class Blocks
+{
+public:
+    explicit Blocks(size_t expected) { m_closed.reserve(expected); }
+
+    void take(const AddressSpan& block) { m_closed.push_back(block); }
+
+    /// Leaves none behind.
+    AddressSpans takeAll()
+    {
+        AddressSpans all;
+        all.swap(m_closed);
+        return all;
+    }
+
+private:
+    AddressSpans m_closed;
+};
+
+/// Takes blocks and joins them across gaps; the registers of a gap are read along with them.
+class BridgedBlocks
+{
+public:
+    BridgedBlocks(size_t expected, int maxWords)
+        : m_bridged(expected), m_block(), m_maxWords(maxWords), m_isOpen(false)
+    {
+    }
+
+    void take(const AddressSpan& next)
+    {
+        if (m_isOpen && !startsAnew(next, m_block, m_maxWords)
+            && takesIn(m_block, next, m_maxWords))
+            return;
+        close();
+        m_block = next;
+        m_isOpen = true;
+    }
+
+    /// Leaves none behind.
+    AddressSpans takeAll()
+    {
+        close();
+        return m_bridged.takeAll();
+    }
+
+private:
+    void close()
+    {
+        if (m_isOpen)
+            m_bridged.take(m_block);
+        m_isOpen = false;
+    }
+
+    Blocks m_bridged;
+    AddressSpan m_block;
+    int m_maxWords;
+    bool m_isOpen;
+};
+
 // Joins entries that touch or overlap. The first entry is compared with the
 // block that it opened itself, so an entry longer than the limit closes its own
 // block and reopens it, and a single entry is closed twice.
-AddressSpans joinTouching(const AddressSpans& entries, int maxWords, QList<int>* blockStarts)
+template <typename Taker>
+void joinTouching(const AddressSpans& entries, int maxWords, QList<int>* blockStarts, Taker& blocks)
 {
-    AddressSpans blocks;
     const size_t size = entries.size();
     AddressSpan block = entries[0];
     if (blockStarts)
         blockStarts->append(0);
     if (size == 1)
-        blocks.push_back(block);
+        blocks.take(block);
     for (size_t i = 0; i < size; ++i) {
         const AddressSpan& next = entries[i];
-        const bool isLast = i == size - 1;
         if (startsAnew(next, block, 0) || !takesIn(block, next, maxWords)) {
-            blocks.push_back(block);
+            blocks.take(block);
             block = next;
             if (blockStarts)
                 blockStarts->append(static_cast<int>(i));
         }
-        if (isLast)
-            blocks.push_back(block);
     }
-    return blocks;
-}
-
-// Joins blocks across gaps; the registers of a gap are read along with them.
-AddressSpans bridgeGaps(const AddressSpans& blocks, int maxWords)
-{
-    AddressSpans bridged;
-    AddressSpan block = blocks[0];
-    for (size_t i = 1; i < blocks.size(); ++i) {
-        if (startsAnew(blocks[i], block, maxWords) || !takesIn(block, blocks[i], maxWords)) {
-            bridged.push_back(block);
-            block = blocks[i];
-        }
-    }
-    bridged.push_back(block);
-    return bridged;
-}
-
-QList<AddressBlock> asBlocks(const AddressSpans& spans)
-{
-    QList<AddressBlock> blocks;
-    for (size_t i = 0; i < spans.size(); ++i) {
-        const AddressBlock block = {spans[i].index, spans[i].count};
-        blocks.append(block);
-    }
-    return blocks;
+    blocks.take(block);
 }
 
 } // namespace
 
-AddressSpans spansOf(const QList<KEY_ADDRESS>& entries)
+AddressSpans mergedForReading(const AddressSpans& sorted, int maxWords)
 {
-    AddressSpans spans;
-    spans.reserve(static_cast<size_t>(entries.size()));
-    for (int i = 0; i < entries.size(); ++i) {
-        const KEY_ADDRESS& entry = entries.at(i);
-        const AddressSpan span = {findRegisterType(entry.regType),
-                                  &entry.regType,
-                                  entry.station,
-                                  entry.address,
-                                  entry.count,
-                                  i};
-        spans.push_back(span);
-    }
-    return spans;
+    if (sorted.empty())
+        return AddressSpans();
+    BridgedBlocks blocks(sorted.size(), maxWords);
+    joinTouching(sorted, maxWords, nullptr, blocks);
+    return blocks.takeAll();
 }
 
-QList<AddressBlock> mergedForReading(const AddressSpans& entries, int maxWords)
+AddressSpans mergedForRecipe(const AddressSpans& entries, int maxWords, QList<int>& blockStarts)
 {
     if (entries.empty())
-        return QList<AddressBlock>();
-    const AddressSpans sorted = sortedByWeight(entries);
-    return asBlocks(bridgeGaps(joinTouching(sorted, maxWords, nullptr), maxWords));
-}
-
-QList<AddressBlock> mergedForRecipe(const AddressSpans& entries, int maxWords,
-                                    QList<int>& blockStarts)
-{
-    if (entries.empty())
-        return QList<AddressBlock>();
-    return asBlocks(joinTouching(entries, maxWords, &blockStarts));
+        return AddressSpans();
+    Blocks blocks(entries.size());
+    joinTouching(entries, maxWords, &blockStarts, blocks);
+    return blocks.takeAll();
 }
 
 void addrMerge(QList<KEY_ADDRESS>& list, int mode)
 {
     const AddressSpans entries = spansOf(list);
-    const QList<AddressBlock> blocks =
-        mode == RECIPE_MERGE ? mergedForRecipe(entries, driver.maxWords, driver.intList)
-                             : mergedForReading(entries, driver.maxWords);
+    const AddressSpans blocks = mode == RECIPE_MERGE
+                                    ? mergedForRecipe(entries, driver.maxWords, driver.intList)
+                                    : mergedForReading(sortedByWeight(entries), driver.maxWords);
     QList<KEY_ADDRESS> merged;
-    for (int i = 0; i < blocks.size(); ++i) {
-        merged.append(list.at(blocks.at(i).opener));
-        merged.last().count = blocks.at(i).count;
+    for (size_t i = 0; i < blocks.size(); ++i) {
+        merged.append(list.at(blocks[i].index));
+        merged.last().count = blocks[i].count;
     }
     list = merged;
 }
