@@ -45,7 +45,7 @@ SerialLine::SerialLine(const QString& portName, const LineTiming& timing,
 
 void SerialLine::open()
 {
-    if (!m_port.open(QIODevice::ReadWrite))
+    if (!m_port.open(m_mode))
         return;
     discardWaiting();
     emit opened();

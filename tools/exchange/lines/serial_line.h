@@ -23,6 +23,8 @@ public:
     /// The path that is opened.
     QString name() const override { return m_name; }
     LineTiming timing() const override { return m_timing; }
+    /// Opens without the right to send, from the next open() on; write() then has no effect.
+    void setReadOnly() { m_mode = QIODevice::ReadOnly; }
     void open() override;
     void close() override;
     bool isOpen() const override { return m_port.isOpen(); }
@@ -36,6 +38,7 @@ private:
     QSerialPort m_port{this};
     BoundedReader m_reader{&m_port, this};
     LineTiming m_timing;
+    QIODevice::OpenMode m_mode = QIODevice::ReadWrite;
     QString m_name;
 };
 

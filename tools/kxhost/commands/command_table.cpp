@@ -27,6 +27,8 @@ const std::vector<Command>& commands()
          runScan},
         {"raw", "send a frame as it stands", "kxhost raw 01 03 00 00 00 01 --port /dev/ttyUSB0",
          runRaw},
+        {"listen", "show what others say on a line, without sending",
+         "kxhost listen --port /dev/ttyUSB1 --baud 19200", runListen},
     };
     return table;
 }

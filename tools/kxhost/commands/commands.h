@@ -10,6 +10,8 @@ namespace kx
 
 /// Asks the driver whether addresses are valid.
 int runCheck(const QStringList& arguments);
+/// Hears what others say on a line.
+int runListen(const QStringList& arguments);
 /// Shows what the driver would ask for a watch list, and how long that takes.
 int runPlan(const QStringList& arguments);
 /// Shows the serial ports and who has them open.

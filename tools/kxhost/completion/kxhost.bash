@@ -53,7 +53,8 @@ _kxhost_takes_number()
 {
     case $1 in
         --station | -a | --timeout | -t | --settle | --quiet | --retries | -r | --reopen) ;;
-        --max-bits | --interval | --tcp | --fault-seed | --fault-delay | --cycles | --stations) ;;
+        --max-bits | --interval | --tcp | --fault-seed | --fault-delay | --cycles) ;;
+        --seconds | --stations) ;;
         --count | -n | --step | --turnaround | --data-type | --access) ;;
         *) return 1 ;;
     esac
@@ -63,7 +64,7 @@ _kxhost_words()
 {
     local command=$1 previous=$2 current=$3 values
     case $previous in
-        --library | --tags | --port | -p) return ;; # files
+        --library | --tags | --port | -p | --pcap) return ;; # files
     esac
     values=$(_kxhost_values "$previous")
     [[ $command == scan && $previous == @(--baud|-b|--parity) ]] && values+=" auto"

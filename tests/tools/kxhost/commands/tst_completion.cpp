@@ -42,8 +42,9 @@ void CompletionTest::theScriptIsGoodBash()
 void CompletionTest::everyCommandIsOffered()
 {
     QCOMPARE(completed(QLatin1String("''")),
-             (QStringList{"--help", "--simulate", "--version", "check", "plan", "ports", "raw",
-                          "read", "recipe", "registers", "scan", "series", "watch", "write"}));
+             (QStringList{"--help", "--simulate", "--version", "check", "listen", "plan", "ports",
+                          "raw", "read", "recipe", "registers", "scan", "series", "watch",
+                          "write"}));
 }
 
 void CompletionTest::whatIsOffered_data()

@@ -17,7 +17,7 @@ namespace
 {
 
 const char* const COMMANDS[] = {"watch",  "read", "write", "recipe", "check", "registers",
-                                "series", "plan", "ports", "scan",   "raw"};
+                                "series", "plan", "ports", "scan",   "raw",   "listen"};
 
 QSet<QString> optionsIn(const QString& text)
 {
