@@ -83,9 +83,11 @@ void readDuration(const QByteArray& text)
 
 void type(const QByteArray& keys)
 {
+    KeyInput input;
     PromptInput line;
-    for (const QString& entered : line.type(keys)) {
-        require(!entered.trimmed().isEmpty(), "an entered line is not empty");
+    for (const Key& key : input.take(keys)) {
+        const QString entered = line.take(key);
+        require(entered == entered.trimmed(), "an entered line has no blanks around it");
         readRange(entered.toUtf8());
     }
     require(line.text().size() <= 1000, "a typed line is at most 1000 long");

@@ -31,7 +31,8 @@ const CommandHelp HELP = {
     "was answered or has failed once. Ctrl-C ends it. Exit code 1 when an address was\n"
     "never read or its last read failed, or when the line was lost.\n"
     "On a terminal a table is shown, below which assignments such as D100=5 can be\n"
-    "typed; --frames and --json, or a pipe, give lines of changes instead.",
+    "typed, or / and what the rows shall contain; arrows and PgUp/PgDn scroll it.\n"
+    "--frames and --json, or a pipe, give lines of changes instead.",
     "kxhost watch D100:4 M0:8 X10 32CV200 --port /dev/ttyUSB0 --station 1\n"
     "kxhost watch D0:10@1 D0:10@2 --tcp 192.168.0.5 --cycles 20 --json\n"
     "kxhost watch Y0:8 --port /dev/ttyUSB0 --baud 19200 --parity even --frames\n"

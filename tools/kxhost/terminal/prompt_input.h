@@ -1,29 +1,24 @@
 #ifndef KX_KXHOST_TERMINAL_PROMPT_INPUT_H
 #define KX_KXHOST_TERMINAL_PROMPT_INPUT_H
 
-#include <QtCore/QByteArray>
-#include <QtCore/QStringList>
+#include "kxhost/terminal/key_input.h"
 
 namespace kx
 {
 
-/// A line that is being typed. Backspace and Ctrl-U erase, Enter ends it; other
-/// control keys and cursor keys do nothing.
+/// A line that is being typed. Backspace and Ctrl-U erase, Enter ends it; keys that move a
+/// cursor do nothing.
 class PromptInput
 {
 public:
     QString text() const { return m_text; }
+    void clear() { m_text.clear(); }
 
-    /// Takes typed bytes; returns the lines that were entered, without empty ones.
-    QStringList type(const QByteArray& bytes);
+    /// Returns the line that the key ends, without blanks around it; empty when it ends none.
+    QString take(const Key& key);
 
 private:
-    enum class Escape { None, Started, Sequence };
-
-    bool isInEscape(char byte);
-
     QString m_text;
-    Escape m_escape = Escape::None;
 };
 
 } // namespace kx

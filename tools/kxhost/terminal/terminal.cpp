@@ -17,6 +17,10 @@ namespace
 const int USUAL_WIDTH = 80;
 const int USUAL_HEIGHT = 24;
 
+// Second screen, no cursor, the wheel as arrows; then empty.
+const char* const SECOND_SCREEN = "\x1b[?1049h\x1b[?25l\x1b[?1007h\x1b[H\x1b[2J";
+const char* const FIRST_SCREEN = "\x1b[?1007l\x1b[?25h\x1b[?1049l";
+
 winsize sizeOfTerminal()
 {
     winsize size = {};
@@ -28,21 +32,35 @@ winsize sizeOfTerminal()
 
 Terminal::Terminal()
 {
-    if (isStandardInputTerminal() && tcgetattr(STDIN_FILENO, &m_before) == 0) {
-        termios keys = m_before;
-        keys.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
-        keys.c_cc[VMIN] = 1;
-        keys.c_cc[VTIME] = 0;
-        // A stopped program would leave the second screen behind.
-        keys.c_cc[VSUSP] = _POSIX_VDISABLE;
-        m_takesKeys = tcsetattr(STDIN_FILENO, TCSANOW, &keys) == 0;
-    }
-    print(QLatin1String("\x1b[?1049h\x1b[?25l\x1b[H\x1b[2J"));
+    take();
 }
 
 Terminal::~Terminal()
 {
-    print(QLatin1String("\x1b[?25h\x1b[?1049l"));
+    release();
+}
+
+void Terminal::take()
+{
+    const bool hasSettings =
+        isStandardInputTerminal() && (m_isTaken || tcgetattr(STDIN_FILENO, &m_before) == 0);
+    if (hasSettings) {
+        termios keys = m_before;
+        keys.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
+        keys.c_cc[VMIN] = 1;
+        keys.c_cc[VTIME] = 0;
+        m_takesKeys = tcsetattr(STDIN_FILENO, TCSANOW, &keys) == 0;
+    }
+    m_isTaken = true;
+    print(QLatin1String(SECOND_SCREEN));
+}
+
+void Terminal::release()
+{
+    if (!m_isTaken)
+        return;
+    m_isTaken = false;
+    print(QLatin1String(FIRST_SCREEN));
     if (m_takesKeys)
         tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_before);
 }

@@ -8,9 +8,10 @@
 namespace kx
 {
 
-/// The terminal's second screen, with the cursor hidden and, when standard input
-/// is the terminal, keys delivered one by one and not echoed. Ctrl-C still sends
-/// its signal. The destructor restores everything.
+/// The terminal's second screen, with the cursor hidden and, when standard input is the terminal,
+/// keys delivered one by one and not echoed. Ctrl-C and Ctrl-Z still send their signals. The mouse
+/// stays the terminal's, for selecting text; its wheel sends arrows where the terminal can. The
+/// destructor restores everything.
 class Terminal
 {
 public:
@@ -22,6 +23,11 @@ public:
     /// Standard output is a terminal that understands cursor movements.
     static bool isUsable();
 
+    /// Restores everything until take() is called.
+    void release();
+    /// Takes the terminal once more, also when somebody else has changed its settings.
+    void take();
+
     bool takesKeys() const { return m_takesKeys; }
     int width() const;
     int height() const;
@@ -32,6 +38,7 @@ public:
 private:
     termios m_before = {};
     bool m_takesKeys = false;
+    bool m_isTaken = false;
 };
 
 } // namespace kx

@@ -1,8 +1,11 @@
 #ifndef KX_KXHOST_VIEWS_LIVE_VIEW_H
 #define KX_KXHOST_VIEWS_LIVE_VIEW_H
 
-#include "kxhost/terminal/prompt_input.h"
+#include "kxhost/terminal/key_input.h"
+#include "kxhost/terminal/suspension.h"
 #include "kxhost/terminal/terminal.h"
+#include "kxhost/views/table_input.h"
+#include "kxhost/views/table_window.h"
 #include "kxhost/views/watch_screen.h"
 #include "kxhost/views/watch_view.h"
 
@@ -14,8 +17,8 @@
 namespace kx
 {
 
-/// The table that is redrawn in place, with a prompt below it. The terminal is
-/// restored before the summary is written.
+/// The table that is redrawn in place, with a prompt below it; keys scroll and filter it. The
+/// terminal is restored before the summary is written, and while Ctrl-Z stops the program.
 class LiveView : public WatchView
 {
     Q_OBJECT
@@ -40,15 +43,27 @@ protected:
 
 private:
     void onKeys();
+    void onEscapeDecided();
+    void takeKeys(const QList<Key>& keys);
+    void obey(const TableAction& action);
+    void lookThroughList();
+    void onSuspending();
+    void onResumed();
     void redraw();
-    WatchScreen screen() const;
+    WatchScreen screen();
 
     QString m_title;
     const Watch* m_watch = nullptr;
     QString m_message;
-    PromptInput m_prompt;
+    int m_longestName = 0; ///< cells
+    KeyInput m_keyInput;
+    TableInput m_input;
+    TableWindow m_window;
+    QString m_filter;
+    QTimer m_escape; ///< whether more follows an escape character
     std::unique_ptr<Terminal> m_terminal;
     std::unique_ptr<QSocketNotifier> m_keys;
+    Suspension m_suspension;
     QTimer m_redraw;
 };
 

@@ -10,6 +10,7 @@ namespace
 {
 
 const int LINES_ABOVE = 2;
+const int HEADING = 1;
 const int LINES_BELOW = 2;
 
 } // namespace
@@ -25,18 +26,23 @@ QString lineSettingsText(const LineTiming& timing, QChar parity)
         .arg(timing.stopBits);
 }
 
+int linesForEntries(int height, bool takesKeys)
+{
+    return height - LINES_ABOVE - HEADING - (takesKeys ? LINES_BELOW : 0);
+}
+
 QStringList screenRows(const WatchScreen& screen, int width, int height)
 {
-    const int below = screen.takesKeys ? LINES_BELOW : 0;
     const QString mark = screen.fault.isEmpty()
                              ? QString()
                              : QLatin1String("! ") + screen.fault + QLatin1String("  ");
     QStringList lines = {mark + screen.line + QLatin1String("  ") + speedText(screen.summary),
                          summaryRows(screen.summary).first()};
-    lines += tableRows(screen.entries, screen.longestName, screen.now, width,
-                       height - LINES_ABOVE - below);
+    lines += tableRows(screen.entries, screen.longestName, screen.now, width);
+    if (!screen.position.isEmpty())
+        lines << screen.position;
     if (screen.takesKeys)
-        lines << screen.message << QLatin1String("write> ") + screen.prompt + QLatin1Char('_');
+        lines << screen.message << screen.prompt;
     // A terminal too low for all keeps the prompt.
     while (lines.size() > qMax(0, height))
         lines.removeFirst();

@@ -1,6 +1,11 @@
 #include "kxhost/views/watch_table.h"
 
+#include "kxhost/terminal/cell_width.h"
 #include "registers/register_types.h"
+#include "system/printable_text.h"
+
+#include <algorithm>
+#include <array>
 
 namespace kx
 {
@@ -9,70 +14,79 @@ namespace
 {
 
 const qint64 SHOWN_AS_CHANGED = 1000; // milliseconds
-// With it, station to state fit a terminal of 80 columns.
-const int WIDEST_NAME = 22;
+const int SHORTEST_NAME = 4;          // cells, those of its heading
 
-/// What one line of the table shows, heading included.
-struct Cells {
-    QString station;
-    QString type;
-    QString address;
-    QString modbus;
-    QString value;
-    QString hex;
-    QString age;
-    QString state;
-    QString name;
+enum Column { STATION, TYPE, ADDRESS, NAME, MODBUS, VALUE, HEX, AGE, STATE, COLUMN_COUNT };
+
+struct ColumnShape {
+    const char* heading;
+    int width; ///< cells; the name's depends on the names
+    bool isNumber;
+    int blanks; ///< before it, unless it is the first one
 };
 
-QString plainRow(const Cells& cells)
+const ColumnShape SHAPES[COLUMN_COUNT] = {
+    {"STATION", 7, true, 2}, {"TYPE", 4, false, 2},  {"ADDRESS", 7, true, 1},
+    {"NAME", 0, false, 2},   {"MODBUS", 6, true, 2}, {"VALUE", 10, true, 2},
+    {"HEX", 10, true, 2},    {"AGE", 8, true, 2},    {"STATE", 10, false, 2},
+};
+
+/// What a narrow terminal does without, first to last. A value is shown whole or not at all.
+const Column DISPENSABLE[] = {MODBUS, AGE, HEX, NAME, STATE, STATION, VALUE};
+
+/// Cells of each column of one row; 0: it is not shown.
+using Widths = std::array<int, COLUMN_COUNT>;
+using Cells = std::array<QString, COLUMN_COUNT>;
+
+int totalOf(const Widths& widths)
 {
-    return QStringLiteral("%1  %2 %3  %4  %5  %6  %7  %8")
-        .arg(cells.station, 7)
-        .arg(cells.type, -4)
-        .arg(cells.address, 7)
-        .arg(cells.modbus, 6)
-        .arg(cells.value, 10)
-        .arg(cells.hex, 10)
-        .arg(cells.age, 8)
-        .arg(cells.state);
+    int total = 0;
+    for (int column = 0; column < COLUMN_COUNT; ++column) {
+        if (widths[column] > 0)
+            total += (total > 0 ? SHAPES[column].blanks : 0) + widths[column];
+    }
+    return total;
 }
 
-/// What a narrow terminal can do without comes last. The name is not put in by a
-/// numbered place, since it may hold a percent sign.
-QString namedRow(const Cells& cells, int nameWidth)
+/// @param longest cells of the longest name; 0: none has one
+Widths widthsFor(int longest, int terminalWidth)
 {
-    const QString before = QStringLiteral("%1  %2 %3  ")
-                               .arg(cells.station, 7)
-                               .arg(cells.type, -4)
-                               .arg(cells.address, 7);
-    const QString after = QStringLiteral("  %1  %2  %3  %4  %5")
-                              .arg(cells.value, 10)
-                              .arg(cells.age, 8)
-                              .arg(cells.state, -10)
-                              .arg(cells.hex, 10)
-                              .arg(cells.modbus, 6);
-    return before + cells.name.leftJustified(nameWidth, QLatin1Char(' '), true) + after;
+    Widths widths = {};
+    for (int column = 0; column < COLUMN_COUNT; ++column)
+        widths[column] = SHAPES[column].width;
+    widths[NAME] = longest == 0 ? 0 : std::max(SHORTEST_NAME, longest);
+    for (const Column column : DISPENSABLE) {
+        const int excess = totalOf(widths) - terminalWidth;
+        if (excess <= 0)
+            break;
+        const int shortened = column == NAME ? widths[NAME] - excess : 0;
+        widths[column] = shortened >= SHORTEST_NAME ? shortened : 0;
+    }
+    return widths;
 }
 
-/// `nameWidth` 0: without names.
-QString row(const Cells& cells, int nameWidth)
+QString rowOf(const Cells& cells, const Widths& widths)
 {
-    return nameWidth == 0 ? plainRow(cells) : namedRow(cells, nameWidth);
+    QString row;
+    for (int column = 0; column < COLUMN_COUNT; ++column) {
+        if (widths[column] == 0)
+            continue;
+        if (!row.isEmpty())
+            row += QString(SHAPES[column].blanks, QLatin1Char(' '));
+        row += SHAPES[column].isNumber ? cells[column].rightJustified(widths[column])
+                                       : fittedCells(cells[column], widths[column]);
+    }
+    while (row.endsWith(QLatin1Char(' ')))
+        row.chop(1);
+    return row;
 }
 
 Cells headings()
 {
-    const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
-    return {text("STATION"), text("TYPE"), text("ADDRESS"), text("MODBUS"), text("VALUE"),
-            text("HEX"),     text("AGE"),  text("STATE"),   text("NAME")};
-}
-
-/// 0 when no entry has a name.
-int nameWidth(int longest)
-{
-    const int narrowest = static_cast<int>(headings().name.size());
-    return longest == 0 ? 0 : qBound(narrowest, longest, WIDEST_NAME);
+    Cells cells;
+    for (int column = 0; column < COLUMN_COUNT; ++column)
+        cells[column] = QString::fromLatin1(SHAPES[column].heading);
+    return cells;
 }
 
 /// Time since the last good read, in seconds.
@@ -86,15 +100,17 @@ QString ageText(const WatchEntry& entry, qint64 now)
 
 Cells cellsOf(const WatchEntry& entry, qint64 now)
 {
-    return {QString::number(entry.station),
-            QString::fromLatin1(entry.type->name),
-            QString::number(entry.address, entry.type->radix),
-            QString::number(modbusNumber(entry.type, entry.address)),
-            entry.isKnown ? QString::number(entry.value) : QString(),
-            hexValue(entry),
-            ageText(entry, now),
-            stateText(entry, now),
-            entry.name};
+    Cells cells;
+    cells[STATION] = QString::number(entry.station);
+    cells[TYPE] = QString::fromLatin1(entry.type->name);
+    cells[ADDRESS] = QString::number(entry.address, entry.type->radix);
+    cells[NAME] = printableText(entry.name);
+    cells[MODBUS] = QString::number(modbusNumber(entry.type, entry.address));
+    cells[VALUE] = entry.isKnown ? QString::number(entry.value) : QString();
+    cells[HEX] = hexValue(entry);
+    cells[AGE] = ageText(entry, now);
+    cells[STATE] = stateText(entry, now);
+    return cells;
 }
 
 } // namespace
@@ -128,28 +144,42 @@ QString hexValue(const WatchEntry& entry)
 
 QString cutRow(const QString& line, int width)
 {
-    QString cut = line.left(qMax(0, width)); // not const, so that it can be moved out
-    if (cut.isEmpty() || line.mid(width).trimmed().isEmpty())
-        return cut;
-    return cut.left(width - 1) + QChar(0x2026);
+    const QString printable = printableText(line);
+    const QString cut = leftCells(printable, width);
+    const bool isWhole = printable.mid(cut.size()).trimmed().isEmpty();
+    return isWhole ? cut : fittedCells(printable, width).trimmed();
 }
 
-QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
+int longestName(const QVector<WatchEntry>& entries)
+{
+    int longest = 0;
+    for (const WatchEntry& entry : entries)
+        longest = std::max(longest, cellsOf(printableText(entry.name)));
+    return longest;
+}
+
+QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width)
+{
+    const Widths widths = widthsFor(longestName, width);
+    QStringList rows(rowOf(headings(), widths));
+    for (const WatchEntry& entry : entries)
+        rows << rowOf(cellsOf(entry, now), widths);
+    for (QString& row : rows)
+        row = cutRow(row, width);
+    return rows;
+}
+
+QStringList firstRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
                       int height)
 {
-    const int nameColumn = nameWidth(longestName);
-    QStringList lines(row(headings(), nameColumn));
     const int total = static_cast<int>(entries.size());
-    const int rows = total < height ? total : qMax(0, height - 2);
-    for (int i = 0; i < rows; ++i)
-        lines << row(cellsOf(entries.at(i), now), nameColumn);
-    if (rows < total)
-        lines << QStringLiteral("... and %1 more").arg(total - rows);
-    while (lines.size() > qMax(0, height))
-        lines.removeLast();
-    for (QString& line : lines)
-        line = cutRow(line, width);
-    return lines;
+    const int shown = total < height ? total : qMax(0, height - 2);
+    QStringList rows = tableRows(entries.mid(0, shown), longestName, now, width);
+    if (shown < total)
+        rows << cutRow(QStringLiteral("... and %1 more").arg(total - shown), width);
+    while (rows.size() > qMax(0, height))
+        rows.removeLast();
+    return rows;
 }
 
 } // namespace kx

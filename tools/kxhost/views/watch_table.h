@@ -16,14 +16,22 @@ QString stateText(const WatchEntry& entry, qint64 now);
 /// "1", "0x04D2", "0x000186A0"; nothing while the value is unknown.
 QString hexValue(const WatchEntry& entry);
 
-/// At most `width` characters of the line. Where more than blanks is cut off, the last is an
-/// ellipsis: half a number would be another number.
+/// At most `width` cells of the line, without characters that control a terminal. Where more
+/// than blanks is cut off, it ends in an ellipsis: half a number would be another number.
 QString cutRow(const QString& line, int width);
 
-/// A heading and one row per entry, with names when an entry has one, at most `height` lines of at
-/// most `width` characters; the last line tells how many entries did not fit.
-/// @param longestName characters of the longest name of all entries, 0: none has one
-QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
+/// Cells of the longest name of the entries; 0: none has one.
+int longestName(const QVector<WatchEntry>& entries);
+
+/// A heading and one row per entry, with names when an entry of the whole list has one. Where
+/// `width` cells are too few, the columns MODBUS, AGE and HEX go, in this order; then names are
+/// shortened to an ellipsis at their end, and go; then STATE, STATION and VALUE.
+/// @param longestName of the whole list, so that columns stay where they are
+QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width);
+
+/// The same of the first entries, at most `height` lines; the last one tells how many entries did
+/// not fit.
+QStringList firstRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width,
                       int height);
 
 } // namespace kx

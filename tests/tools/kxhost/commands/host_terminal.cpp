@@ -23,27 +23,45 @@ namespace
 const int PATIENCE = 10000; // milliseconds
 const int COLUMNS = 80;
 
-[[noreturn]] void becomeHost(int terminal, const QStringList& arguments, const QByteArray& kind)
+[[noreturn]] void becomeHost(int terminal, QList<QByteArray> words, const QByteArray& kind)
 {
     setsid();
     ioctl(terminal, TIOCSCTTY, 0);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         dup2(terminal, stream);
     setenv("TERM", kind.constData(), 1);
-    QList<QByteArray> words = {KX_HOST_PROGRAM};
-    for (const QString& argument : arguments)
-        words << argument.toUtf8();
     std::vector<char*> pointers;
     for (QByteArray& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);
-    execv(pointers.front(), pointers.data());
+    execvp(pointers.front(), pointers.data());
     _exit(127);
+}
+
+/// With what stands before them.
+QList<QByteArray> wordsOf(const QList<QByteArray>& before, const QStringList& arguments)
+{
+    QList<QByteArray> words = before;
+    for (const QString& argument : arguments)
+        words << argument.toUtf8();
+    return words;
 }
 
 } // namespace
 
 HostTerminal::HostTerminal(const QStringList& arguments, int rows, const QByteArray& kind)
+    : HostTerminal(wordsOf({KX_HOST_PROGRAM}, arguments), rows, kind)
+{
+}
+
+std::unique_ptr<HostTerminal> HostTerminal::withShell(const char* script,
+                                                      const QStringList& arguments)
+{
+    const QList<QByteArray> shell = {"bash", "-mc", script, KX_HOST_PROGRAM};
+    return std::unique_ptr<HostTerminal>(new HostTerminal(wordsOf(shell, arguments), 24, "xterm"));
+}
+
+HostTerminal::HostTerminal(const QList<QByteArray>& words, int rows, const QByteArray& kind)
     : m_terminal(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC))
 {
     grantpt(m_terminal);
@@ -55,7 +73,7 @@ HostTerminal::HostTerminal(const QStringList& arguments, int rows, const QByteAr
     ioctl(m_terminal, TIOCSWINSZ, &size);
     m_program = fork();
     if (m_program == 0)
-        becomeHost(m_ownEnd, arguments, kind);
+        becomeHost(m_ownEnd, words, kind);
 }
 
 HostTerminal::~HostTerminal()
@@ -110,6 +128,11 @@ int HostTerminal::exitCode()
     while (readSome()) {
     }
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+pid_t HostTerminal::foregroundGroup() const
+{
+    return tcgetpgrp(m_terminal);
 }
 
 bool HostTerminal::echoes() const

@@ -5,6 +5,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QStringList>
 
+#include <memory>
 #include <sys/types.h>
 
 namespace kx
@@ -16,20 +17,28 @@ public:
     /// A terminal of 80 columns.
     explicit HostTerminal(const QStringList& arguments, int rows = 24,
                           const QByteArray& kind = "xterm");
+    /// A terminal in which a shell with job control runs a script; kxhost is "$0", and its
+    /// arguments are "$@".
+    static std::unique_ptr<HostTerminal> withShell(const char* script,
+                                                   const QStringList& arguments);
     ~HostTerminal();
 
     void type(const QByteArray& keys);
-    /// Reads until `text` was shown since the start; false after 10 seconds.
+    /// Reads until `text` was shown since the start or forget(); false after 10 seconds.
     bool waitFor(const QByteArray& text);
+    void forget() { m_output.clear(); }
     /// Reads until the program ends; -1 when it crashed or goes on for 10 seconds.
     int exitCode();
 
-    /// All that was shown so far.
+    /// All that was shown so far, or since forget().
     QByteArray output() const { return m_output; }
     /// Whether the terminal echoes keys, as it does unless told otherwise.
     bool echoes() const;
+    /// The process that gets what is typed.
+    pid_t foregroundGroup() const;
 
 private:
+    HostTerminal(const QList<QByteArray>& words, int rows, const QByteArray& kind);
     bool readSome();
 
     int m_terminal = -1;

@@ -1,7 +1,11 @@
 #include "host_terminal.h"
 #include "watch_process.h"
 
+#include "support/process_signal.h"
+
 #include <QtTest/QTest>
+
+#include <csignal>
 
 using namespace kx;
 
@@ -19,6 +23,11 @@ class WatchTerminalTest : public QObject
 private slots:
     void tableIsDrawnInPlaceAndTheTerminalRestored();
     void tableFitsTheTerminal();
+    void keysScroll_data();
+    void keysScroll();
+    void aFilterLeavesRowsOut();
+    void controlZGivesTheTerminalBackUntilFg();
+    void theTerminalIsTakenAgainAfterAStopThatWasNotSeen();
     void aSilentStationIsMarkedAboveTheTable();
     void typedAssignmentIsWritten();
     void typedAssignments_data();
@@ -60,11 +69,96 @@ void WatchTerminalTest::tableFitsTheTerminal()
 {
     const KxsimProcess simulator;
     HostTerminal terminal(on(simulator, "watch D0:30"), 10);
-    // Ten lines: two above, a heading, four rows, the count of the rest, two below.
-    QVERIFY(terminal.waitFor("... and 26 more\x1b[K"));
+    // Ten lines: two above, a heading, four rows, their position, two below.
+    QVERIFY(terminal.waitFor("rows 1 to 4 of 30\x1b[K"));
     const QByteArray screen = terminal.output().mid(terminal.output().indexOf("\x1b[H\x1b[2J") + 7);
     const QByteArray first = screen.left(screen.indexOf("\x1b[J"));
     QCOMPARE(first.count('\n'), 9);
+}
+
+void WatchTerminalTest::keysScroll_data()
+{
+    QTest::addColumn<QByteArray>("keys");
+    QTest::addColumn<QByteArray>("position");
+    QTest::newRow("down") << QByteArray("\x1b[B\x1b[B") << QByteArray("rows 3 to 6 of 30");
+    QTest::newRow("a page") << QByteArray("\x1b[6~") << QByteArray("rows 5 to 8 of 30");
+    QTest::newRow("the end") << QByteArray("\x1b[F") << QByteArray("rows 27 to 30 of 30");
+    QTest::newRow("the wheel, as arrows")
+        << QByteArray("\x1bOB\x1bOB\x1bOB") << QByteArray("rows 4 to 7 of 30");
+    QTest::newRow("amid an assignment")
+        << QByteArray("D1\x1b[B") << QByteArray("rows 2 to 5 of 30");
+}
+
+void WatchTerminalTest::keysScroll()
+{
+    QFETCH(QByteArray, keys);
+    QFETCH(QByteArray, position);
+    const KxsimProcess simulator;
+    HostTerminal terminal(on(simulator, "watch D0:30"), 10);
+    QVERIFY(terminal.waitFor("rows 1 to 4 of 30\x1b[K"));
+    QVERIFY(terminal.output().contains("\x1b[?1007h")); // the wheel is to send arrows
+    terminal.type(keys);
+    QVERIFY(terminal.waitFor(position + "\x1b[K"));
+}
+
+void WatchTerminalTest::aFilterLeavesRowsOut()
+{
+    const KxsimProcess simulator;
+    HostTerminal terminal(on(simulator, "watch D0:30 M0"));
+    QVERIFY(terminal.waitFor("      1  D          0"));
+    terminal.type("/m");
+    QVERIFY(terminal.waitFor("rows 1 to 1 of 1 that contain m\x1b[K"));
+    QVERIFY(terminal.waitFor("filter> m_"));
+    terminal.forget();
+    QVERIFY(terminal.waitFor("      1  M          0    2000"));
+    QVERIFY(!terminal.output().contains("  D  "));
+    terminal.forget();
+    terminal.type("\x1b"); // Escape
+    QVERIFY(terminal.waitFor("      1  D          0"));
+    QVERIFY(terminal.waitFor("write> _"));
+}
+
+void WatchTerminalTest::controlZGivesTheTerminalBackUntilFg()
+{
+    KxsimProcess simulator(presets("D100=1234"));
+    const auto terminal = HostTerminal::withShell(
+        "\"$0\" \"$@\"; echo \"stopped $?\"; read answer; fg >/dev/null; echo \"ended $?\"",
+        on(simulator, "watch D100"));
+    QVERIFY(terminal->waitFor("0x04D2"));
+    QVERIFY(!terminal->echoes());
+    terminal->type("\x1a");                        // Ctrl-Z
+    QVERIFY(terminal->waitFor("stopped 148\r\n")); // 128 and SIGTSTP
+    QVERIFY(terminal->echoes());
+    QVERIFY(terminal->output().indexOf(FIRST_SCREEN_AGAIN)
+            < terminal->output().indexOf("stopped 148"));
+    simulator.tell(QString::fromLatin1("set D100=77"));
+    terminal->forget();
+    terminal->type("\n"); // lets the shell bring it back
+    QVERIFY(terminal->waitFor("\x1b[?1049h"));
+    QVERIFY(terminal->waitFor("          77      0x004D"));
+    QVERIFY(!terminal->echoes());
+    terminal->type("D100=78\r");
+    QVERIFY(terminal->waitFor("D100 at station 1: confirmed"));
+    terminal->type("\x03"); // Ctrl-C
+    QVERIFY(terminal->waitFor("ended 0\r\n"));
+    QVERIFY(terminal->echoes());
+}
+
+void WatchTerminalTest::theTerminalIsTakenAgainAfterAStopThatWasNotSeen()
+{
+    const KxsimProcess simulator(presets("D100=1234"));
+    const auto terminal = HostTerminal::withShell(
+        "\"$0\" \"$@\"; echo \"stopped $?\"; stty sane; fg >/dev/null; echo \"ended $?\"",
+        on(simulator, "watch D100"));
+    QVERIFY(terminal->waitFor("0x04D2"));
+    terminal->forget();
+    QVERIFY(signalProcess(terminal->foregroundGroup(), SIGSTOP));
+    QVERIFY(terminal->waitFor("stopped 147\r\n")); // 128 and SIGSTOP
+    QVERIFY(terminal->waitFor("\x1b[?1049h"));
+    QVERIFY(QTest::qWaitFor([&] { return !terminal->echoes(); }));
+    terminal->type("\x03"); // Ctrl-C
+    QVERIFY(terminal->waitFor("ended 0\r\n"));
+    QVERIFY(terminal->echoes());
 }
 
 void WatchTerminalTest::typedAssignmentIsWritten()

@@ -1,5 +1,7 @@
+#include "kxhost/views/table_window.h"
 #include "kxhost/views/watch_screen.h"
 #include "kxhost/views/watch_table.h"
+#include "support/growth.h"
 #include "tools/panel/watch/watch_entries.h"
 
 #include <QtTest/QTest>
@@ -14,7 +16,10 @@ private slots:
     void rows();
     void rowsWithNames();
     void twoNamesOfAnAddressAreTwoRows();
-    void longNamesAreCut();
+    void columnsGoBeforeNames_data();
+    void columnsGoBeforeNames();
+    void widthsAreCells();
+    void namesCannotControlTheTerminal();
     void whatIsCutIsMarked();
     void states_data();
     void states();
@@ -24,6 +29,8 @@ private slots:
     void sizes_data();
     void sizes();
     void screen();
+    void thePositionStandsBelowTheTable();
+    void aRedrawCostsTheSameOfALongList();
     void screenWithoutKeys();
     void lowScreenKeepsThePrompt();
     void lineSettings();
@@ -41,7 +48,7 @@ void WatchTableTest::rows()
     WatchEntry changed = entryOf("D100", 1234);
     changed.changedAt = 1500;
     const QStringList lines = tableRows(
-        {changed, entryOf("X17", 1), entryOf("32CV200", 4294967295), silent}, 0, 2300, 80, 20);
+        {changed, entryOf("X17", 1), entryOf("32CV200", 4294967295), silent}, 0, 2300, 80);
     // X17 is octal: number 15, coil 1215. M2048 is coil 12000, 32CV200 register 9700.
     QCOMPARE(lines,
              QStringList({
@@ -68,24 +75,23 @@ void WatchTableTest::rowsWithNames()
     silent.isKnown = false;
     silent.readAt = 0;
     const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
-    QCOMPARE(tableRows({speed, silent, entryOf("X17", 1)}, 10, 2300, 100, 20),
+    QCOMPARE(tableRows({speed, silent, entryOf("X17", 1)}, 10, 2300, 100),
              QStringList({
-                 text("STATION  TYPE ADDRESS  NAME             VALUE       AGE  STATE     "
-                      "         HEX  MODBUS"),
-                 text("      1  D        100  Pump speed        1234     1.3 s  ok        "
-                      "      0x04D2     100"),
-                 text("     12  M       2048  Lamp %1                           never read"
-                      "               12000"),
-                 text("      1  X         17                       1     1.3 s  ok        "
-                      "           1    1215"),
+                 text("STATION  TYPE ADDRESS  NAME        MODBUS       VALUE         HEX"
+                      "       AGE  STATE"),
+                 text("      1  D        100  Pump speed     100        1234      0x04D2"
+                      "     1.3 s  ok"),
+                 text("     12  M       2048  Lamp %1      12000                        "
+                      "            never read"),
+                 text("      1  X         17                1215           1           1"
+                      "     1.3 s  ok"),
              }));
 }
 
-// The state is what a terminal of 80 columns must still show.
 void WatchTableTest::twoNamesOfAnAddressAreTwoRows()
 {
     const WatchList list({tagOf("D100", "Pump speed"), tagOf("D100", "Limit")});
-    const QStringList lines = tableRows(list.entries(), list.longestName(), 0, 80, 20);
+    const QStringList lines = tableRows(list.entries(), longestName(list.entries()), 0, 80);
     QCOMPARE(lines.size(), 3);
     QVERIFY2(lines.at(1).startsWith("      1  D        100  Pump speed  "),
              qPrintable(lines.at(1)));
@@ -93,30 +99,89 @@ void WatchTableTest::twoNamesOfAnAddressAreTwoRows()
              qPrintable(lines.at(2)));
 }
 
-void WatchTableTest::longNamesAreCut()
+void WatchTableTest::columnsGoBeforeNames_data()
 {
-    WatchEntry entry = entryOf("D100", 1234);
-    entry.name = QString::fromLatin1("Speed of the second circulation pump");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<QString>("heading");
+    QTest::addColumn<QString>("row");
+    const auto row = [](const char* name, int width, const char* heading, const char* shown) {
+        QTest::newRow(name) << width << QString::fromUtf8(heading) << QString::fromUtf8(shown);
+    };
+    // With a name of 12 cells all take 89.
+    row("all", 89,
+        "STATION  TYPE ADDRESS  NAME          MODBUS       VALUE         HEX       AGE  STATE",
+        "     12  32CV     200  Pump pressur    9700  4294967295  0xFFFFFFFF  1234.5 s  no answer");
+    row("without MODBUS", 88,
+        "STATION  TYPE ADDRESS  NAME               VALUE         HEX       AGE  STATE",
+        "     12  32CV     200  Pump pressur  4294967295  0xFFFFFFFF  1234.5 s  no answer");
+    row("still without MODBUS alone", 81,
+        "STATION  TYPE ADDRESS  NAME               VALUE         HEX       AGE  STATE",
+        "     12  32CV     200  Pump pressur  4294967295  0xFFFFFFFF  1234.5 s  no answer");
+    row("without AGE", 80, "STATION  TYPE ADDRESS  NAME               VALUE         HEX  STATE",
+        "     12  32CV     200  Pump pressur  4294967295  0xFFFFFFFF  no answer");
+    row("without HEX", 70, "STATION  TYPE ADDRESS  NAME               VALUE  STATE",
+        "     12  32CV     200  Pump pressur  4294967295  no answer");
+    row("a name of 11", 58, "STATION  TYPE ADDRESS  NAME              VALUE  STATE",
+        "     12  32CV     200  Pump press…  4294967295  no answer");
+    row("the shortest name", 51, "STATION  TYPE ADDRESS  NAME       VALUE  STATE",
+        "     12  32CV     200  Pum…  4294967295  no answer");
+    row("without the name", 50, "STATION  TYPE ADDRESS       VALUE  STATE",
+        "     12  32CV     200  4294967295  no answer");
+    row("without the state", 44, "STATION  TYPE ADDRESS       VALUE",
+        "     12  32CV     200  4294967295");
+    row("without the station", 32, "TYPE ADDRESS       VALUE", "32CV     200  4294967295");
+    row("as narrow as a value can be", 24, "TYPE ADDRESS       VALUE", "32CV     200  4294967295");
+    row("too narrow for a value", 23, "TYPE ADDRESS", "32CV     200");
+    row("too narrow for an address", 11, "TYPE ADDRE…", "32CV     2…");
+}
+
+void WatchTableTest::columnsGoBeforeNames()
+{
+    QFETCH(int, width);
+    WatchEntry entry = entryOf("32CV200@12", 4294967295);
+    entry.name = QString::fromLatin1("Pump pressur");
     entry.state = WatchState::NoAnswer;
-    QCOMPARE(tableRows({entry}, 36, 2300, 80, 20).last(),
-             QString::fromUtf8("      1  D        100  Speed of the second ci        1234     "
-                               "1.3 s  no answer \u2026"));
+    const QStringList lines = tableRows({entry}, 12, 1235500, width);
+    QCOMPARE(lines.size(), 2);
+    QTEST(lines.first(), "heading");
+    QTEST(lines.last(), "row");
+}
+
+// Each of these names takes six cells.
+void WatchTableTest::widthsAreCells()
+{
+    QVector<WatchEntry> entries;
+    for (const char* const name : {"Pumpen", "水泵一", "Pu\u0308mpen"}) {
+        entries << entryOf("D100", 5);
+        entries.last().name = QString::fromUtf8(name);
+    }
+    QCOMPARE(longestName(entries), 6);
+    const QStringList lines = tableRows(entries, 6, 1000, 90);
+    const QString before = QString::fromLatin1("      1  D        100  ");
+    const QString behind = QString::fromLatin1("     100           5      0x0005     0.0 s  ok");
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(lines.at(i + 1), before + entries.at(i).name + behind);
+}
+
+void WatchTableTest::namesCannotControlTheTerminal()
+{
+    WatchEntry entry = entryOf("D100", 5);
+    entry.name = QString::fromUtf8("a\x1b[2J\u202e");
+    QCOMPARE(longestName({entry}), 6); // as many as are shown
+    const QString row = tableRows({entry}, 6, 1000, 90).last();
+    QVERIFY(row.startsWith(QString::fromUtf8("      1  D        100  a\uFFFD[2J\uFFFD     100")));
 }
 
 // Half a number would be another number.
 void WatchTableTest::whatIsCutIsMarked()
 {
-    const QVector<WatchEntry> entries = {entryOf("D100", 48)};
-    const auto cutAt = [&](int width) { return tableRows(entries, 0, 1000, width, 20).last(); };
-    const QString whole = QString::fromLatin1("      1  D        100     100          48");
-    QCOMPARE(cutAt(41), whole.left(40) + QChar(0x2026)); // HEX stands behind it
-    QCOMPARE(cutAt(40), whole.left(39) + QChar(0x2026));
-    QCOMPARE(cutAt(45), whole + QLatin1String("   ") + QChar(0x2026));
-    QCOMPARE(cutAt(1), QString(QChar(0x2026)));
-    QCOMPARE(cutAt(0), QString());
-    // Nothing but blanks is lost.
-    QCOMPARE(tableRows({entryOf("D100", 48), entryOf("D101", 0)}, 0, 1000, 14, 2).last(),
-             QString::fromLatin1("... and 2 more"));
+    const QString row = QString::fromLatin1("rows 1 to 48   ");
+    QCOMPARE(cutRow(row, 12), QString::fromLatin1("rows 1 to 48")); // nothing but blanks is lost
+    QCOMPARE(cutRow(row, 11), QString::fromUtf8("rows 1 to …"));
+    QCOMPARE(cutRow(row, 1), QString::fromUtf8("…"));
+    QCOMPARE(cutRow(row, 0), QString());
+    QCOMPARE(cutRow(QString::fromUtf8("水泵一"), 5), QString::fromUtf8("水泵…"));
+    QCOMPARE(cutRow(QString::fromUtf8("水泵一"), 4), QString::fromUtf8("水…"));
 }
 
 void WatchTableTest::states_data()
@@ -172,11 +237,12 @@ void WatchTableTest::hexValues()
 void WatchTableTest::tooManyRowsAreCounted()
 {
     const QVector<WatchEntry> entries = {entryOf("D0", 0), entryOf("D1", 0), entryOf("D2", 0)};
-    QCOMPARE(tableRows(entries, 0, 1000, 80, 4).size(), 4);
-    QVERIFY(!tableRows(entries, 0, 1000, 80, 4).last().startsWith(QLatin1String("...")));
-    const QStringList cut = tableRows(entries, 0, 1000, 80, 3);
+    QCOMPARE(firstRows(entries, 0, 1000, 80, 4).size(), 4);
+    QVERIFY(!firstRows(entries, 0, 1000, 80, 4).last().startsWith(QLatin1String("...")));
+    const QStringList cut = firstRows(entries, 0, 1000, 80, 3);
     QCOMPARE(cut.size(), 3);
     QCOMPARE(cut.last(), QString::fromLatin1("... and 2 more"));
+    QCOMPARE(firstRows(entries, 0, 1000, 7, 3).last(), QString::fromUtf8("... an…"));
 }
 
 void WatchTableTest::sizes_data()
@@ -197,7 +263,7 @@ void WatchTableTest::sizes()
     QFETCH(int, height);
     WatchScreen screen = filledScreen();
     for (const QStringList& lines :
-         {tableRows(screen.entries, 0, 0, width, height), screenRows(screen, width, height)}) {
+         {firstRows(screen.entries, 0, 0, width, height), screenRows(screen, width, height)}) {
         QVERIFY(lines.size() <= qMax(0, height));
         for (const QString& line : lines)
             QVERIFY(line.size() <= width);
@@ -218,7 +284,7 @@ WatchScreen WatchTableTest::filledScreen()
     screen.entries = {entryOf("D100", 5)};
     screen.now = 1000;
     screen.message = QString::fromLatin1("D100=5: confirmed");
-    screen.prompt = QString::fromLatin1("D100=6");
+    screen.prompt = QString::fromLatin1("write> D100=6_");
     screen.takesKeys = true;
     return screen;
 }
@@ -236,6 +302,39 @@ void WatchTableTest::screen()
                  QString::fromLatin1("D100=5: confirmed"),
                  QString::fromLatin1("write> D100=6_"),
              }));
+}
+
+void WatchTableTest::thePositionStandsBelowTheTable()
+{
+    WatchScreen screen = filledScreen();
+    screen.position = QString::fromLatin1("rows 3 to 3 of 300");
+    const QStringList lines = screenRows(screen, 80, 24);
+    QCOMPARE(lines.size(), 7);
+    QCOMPARE(lines.at(4), QString::fromLatin1("rows 3 to 3 of 300"));
+    // Two lines above, a heading, two lines below.
+    QCOMPARE(linesForEntries(24, true), 19);
+    QCOMPARE(linesForEntries(24, false), 21);
+}
+
+// What is drawn is all that costs: ten times a second, of 100,000 entries as of 100.
+void WatchTableTest::aRedrawCostsTheSameOfALongList()
+{
+    const auto redraws = [](int size) {
+        const QVector<WatchEntry> entries(size, entryOf("D100", 48));
+        TableWindow window;
+        window.setFilter(QString(), entries);
+        window.setRoom(19);
+        WatchScreen screen = filledScreen();
+        const std::clock_t start = std::clock();
+        for (int i = 0; i < 300; ++i) {
+            window.scrollToEnd();
+            screen.entries = window.visible(entries);
+            screen.position = window.position();
+            screenRows(screen, 80, 24);
+        }
+        return std::clock() - start;
+    };
+    QVERIFY(growth(redraws, 100, 100000) < 2);
 }
 
 void WatchTableTest::screenWithoutKeys()
