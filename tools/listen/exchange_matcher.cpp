@@ -9,9 +9,19 @@ namespace kx
 namespace
 {
 
+const int REPEATED_BYTES = 6; // station, function, address, value or quantity
+
 bool isReadFunction(int function)
 {
     return function >= 1 && function <= 4;
+}
+
+/// Whether a frame of a write's station and function says that it was done: it repeats the
+/// address and, as the write has them there, the value or the quantity.
+bool confirms(const QByteArray& write, const QByteArray& frame)
+{
+    return answerLength(write, frame) == frame.size()
+           && frame.left(REPEATED_BYTES) == write.left(REPEATED_BYTES);
 }
 
 /// A frame of another function may be either: it is taken for a request.
@@ -36,10 +46,12 @@ ExchangeMatcher::Answer ExchangeMatcher::answerOf(const HeardPiece& frame) const
     if (!isKnownFunction(request))
         return Answer::Yes;
     const bool isRead = isReadFunction(functionOf(request));
-    // Of a read, the same bytes once more are the request once more.
-    if (answerLength(request, bytes) == bytes.size() && (!isRead || bytes != request))
+    if (!isRead)
+        return confirms(request, bytes) ? Answer::Yes : Answer::No;
+    // The same bytes once more are the request once more.
+    if (answerLength(request, bytes) == bytes.size() && bytes != request)
         return Answer::Yes;
-    return isRead && requestLength(bytes) != bytes.size() ? Answer::Unfitting : Answer::No;
+    return requestLength(bytes) == bytes.size() ? Answer::No : Answer::Unfitting;
 }
 
 bool ExchangeMatcher::isOwnDamage(const HeardPiece& noise) const

@@ -55,6 +55,12 @@ void ExchangeMatcherTest::whatIsOver_data()
     row("a write and its echo", {write, write}, "A|");
     row("two writes and their echoes", {write, write, write, write}, "AA|");
     row("a long write", {longWrite, frameOf("01 10 00 64 00 01")}, "A|");
+    row("a write, then another one to the same station", {write, frameOf("01 06 00 65 00 05")},
+        "N|O");
+    row("a long write, confirmed for another address", {longWrite, frameOf("01 10 00 65 00 01")},
+        "S|O");
+    row("a long write, confirmed for another quantity", {longWrite, frameOf("01 10 00 64 00 02")},
+        "S|O");
     row("no reply, then the request again", {read, read, frameOf("01 03 04 04 D2 00 11")}, "NA|");
     row("no reply, then a request to another station", {read, frameOf("02 03 00 00 00 01")}, "N|O");
     row("a byte count that was not asked for", {read, frameOf("01 03 02 04 D2")}, "U|");
