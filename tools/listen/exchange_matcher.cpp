@@ -65,7 +65,7 @@ bool ExchangeMatcher::isOwnDamage(const HeardPiece& noise) const
 
 HeardExchange ExchangeMatcher::close(HeardKind kind, const HeardPiece& reply)
 {
-    const HeardExchange over = {kind, m_open, reply};
+    HeardExchange over = {kind, m_open, reply}; // not const, so that it can be moved out
     m_open = HeardPiece();
     return over;
 }

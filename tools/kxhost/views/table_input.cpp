@@ -30,7 +30,7 @@ TableAction scrollingOf(const Key& key)
 
 TableAction TableInput::take(const Key& key)
 {
-    const TableAction scrolling = scrollingOf(key);
+    TableAction scrolling = scrollingOf(key); // not const, so that it can be moved out
     if (scrolling.kind != TableAction::None)
         return scrolling;
     if (m_isFiltering)

@@ -16,7 +16,7 @@ namespace
 const qint64 SHOWN_AS_CHANGED = 1000; // milliseconds
 const int SHORTEST_NAME = 4;          // cells, those of its heading
 
-enum Column { STATION, TYPE, ADDRESS, NAME, MODBUS, VALUE, HEX, AGE, STATE, COLUMN_COUNT };
+enum Column : size_t { STATION, TYPE, ADDRESS, NAME, MODBUS, VALUE, HEX, AGE, STATE, COLUMN_COUNT };
 
 struct ColumnShape {
     const char* heading;
@@ -41,7 +41,7 @@ using Cells = std::array<QString, COLUMN_COUNT>;
 int totalOf(const Widths& widths)
 {
     int total = 0;
-    for (int column = 0; column < COLUMN_COUNT; ++column) {
+    for (size_t column = 0; column < COLUMN_COUNT; ++column) {
         if (widths[column] > 0)
             total += (total > 0 ? SHAPES[column].blanks : 0) + widths[column];
     }
@@ -52,7 +52,7 @@ int totalOf(const Widths& widths)
 Widths widthsFor(int longest, int terminalWidth)
 {
     Widths widths = {};
-    for (int column = 0; column < COLUMN_COUNT; ++column)
+    for (size_t column = 0; column < COLUMN_COUNT; ++column)
         widths[column] = SHAPES[column].width;
     widths[NAME] = longest == 0 ? 0 : std::max(SHORTEST_NAME, longest);
     for (const Column column : DISPENSABLE) {
@@ -68,7 +68,7 @@ Widths widthsFor(int longest, int terminalWidth)
 QString rowOf(const Cells& cells, const Widths& widths)
 {
     QString row;
-    for (int column = 0; column < COLUMN_COUNT; ++column) {
+    for (size_t column = 0; column < COLUMN_COUNT; ++column) {
         if (widths[column] == 0)
             continue;
         if (!row.isEmpty())
@@ -84,7 +84,7 @@ QString rowOf(const Cells& cells, const Widths& widths)
 Cells headings()
 {
     Cells cells;
-    for (int column = 0; column < COLUMN_COUNT; ++column)
+    for (size_t column = 0; column < COLUMN_COUNT; ++column)
         cells[column] = QString::fromLatin1(SHAPES[column].heading);
     return cells;
 }
