@@ -32,7 +32,7 @@ const ColumnShape SHAPES[COLUMN_COUNT] = {
 };
 
 /// What a narrow terminal does without, first to last. A value is shown whole or not at all.
-const Column DISPENSABLE[] = {MODBUS, AGE, HEX, NAME, STATE, STATION, VALUE};
+const Column DISPENSABLE[] = {MODBUS, AGE, HEX, NAME, STATION, STATE, VALUE};
 
 /// Cells of each column of one row; 0: it is not shown.
 using Widths = std::array<int, COLUMN_COUNT>;
@@ -162,8 +162,13 @@ QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint6
 {
     const Widths widths = widthsFor(longestName, width);
     QStringList rows(rowOf(headings(), widths));
-    for (const WatchEntry& entry : entries)
-        rows << rowOf(cellsOf(entry, now), widths);
+    for (const WatchEntry& entry : entries) {
+        Cells cells = cellsOf(entry, now);
+        // Where no state is seen, an old value would pass for one that is good.
+        if (widths[STATE] == 0 && entry.state != WatchState::Ok)
+            cells[VALUE] = cells[STATE];
+        rows << rowOf(cells, widths);
+    }
     for (QString& row : rows)
         row = cutRow(row, width);
     return rows;

@@ -25,7 +25,8 @@ int longestName(const QVector<WatchEntry>& entries);
 
 /// A heading and one row per entry, with names when an entry of the whole list has one. Where
 /// `width` cells are too few, the columns MODBUS, AGE and HEX go, in this order; then names are
-/// shortened to an ellipsis at their end, and go; then STATE, STATION and VALUE.
+/// shortened to an ellipsis at their end, and go; then STATION, STATE and VALUE. Without STATE
+/// an address that is not Ok shows its state in place of its value.
 /// @param longestName of the whole list, so that columns stay where they are
 QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width);
 

@@ -18,6 +18,7 @@ private slots:
     void twoNamesOfAnAddressAreTwoRows();
     void columnsGoBeforeNames_data();
     void columnsGoBeforeNames();
+    void aGoodValueNeedsNoState();
     void widthsAreCells();
     void namesCannotControlTheTerminal();
     void whatIsCutIsMarked();
@@ -127,10 +128,11 @@ void WatchTableTest::columnsGoBeforeNames_data()
         "     12  32CV     200  Pum…  4294967295  no answer");
     row("without the name", 50, "STATION  TYPE ADDRESS       VALUE  STATE",
         "     12  32CV     200  4294967295  no answer");
-    row("without the state", 44, "STATION  TYPE ADDRESS       VALUE",
-        "     12  32CV     200  4294967295");
-    row("without the station", 32, "TYPE ADDRESS       VALUE", "32CV     200  4294967295");
-    row("as narrow as a value can be", 24, "TYPE ADDRESS       VALUE", "32CV     200  4294967295");
+    row("without the station", 44, "TYPE ADDRESS       VALUE  STATE",
+        "32CV     200  4294967295  no answer");
+    row("without the state, which stands for the value", 35, "TYPE ADDRESS       VALUE",
+        "32CV     200   no answer");
+    row("as narrow as a value can be", 24, "TYPE ADDRESS       VALUE", "32CV     200   no answer");
     row("too narrow for a value", 23, "TYPE ADDRESS", "32CV     200");
     row("too narrow for an address", 11, "TYPE ADDRE…", "32CV     2…");
 }
@@ -145,6 +147,17 @@ void WatchTableTest::columnsGoBeforeNames()
     QCOMPARE(lines.size(), 2);
     QTEST(lines.first(), "heading");
     QTEST(lines.last(), "row");
+}
+
+void WatchTableTest::aGoodValueNeedsNoState()
+{
+    QCOMPARE(tableRows({entryOf("32CV200", 4294967295)}, 0, 1000, 24).last(),
+             QString::fromLatin1("32CV     200  4294967295"));
+    WatchEntry unread = entryOf("D100", 0);
+    unread.state = WatchState::NeverRead;
+    unread.isKnown = false;
+    QCOMPARE(tableRows({unread}, 0, 1000, 24).last(),
+             QString::fromLatin1("D        100  never read"));
 }
 
 // Each of these names takes six cells.
