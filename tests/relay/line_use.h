@@ -24,6 +24,7 @@ struct LineUse {
     /// The limit's time for these exchanges by the time they took. The limit is, for each, the
     /// characters of request and reply, what the slave took between them, and one frame gap.
     double share = 0;
+    double medianShare = 0; ///< of single exchanges: a busy moment of the machine does not show
     GapCounts gaps;
 };
 

@@ -32,8 +32,9 @@ bool parse(Options* options, QString* error)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Names the ports of a line, carries bytes until it is ended by a signal, and prints how\n"
-        "the line was used: exchanges, unanswered requests, percent of the limit, gaps too\n"
-        "short, below 1.1, below 1.5 and longer, shortest and median gap in microseconds."));
+        "the line was used: exchanges, unanswered requests, percent of the limit in all and of\n"
+        "the median exchange, gaps too short, below 1.1, below 1.5 and longer, shortest and\n"
+        "median gap in microseconds."));
     parser.addHelpOption();
     for (const auto& option : OPTIONS)
         parser.addOption({QString::fromLatin1(option[0]), QString::fromLatin1(option[1]),
@@ -74,7 +75,8 @@ void printFrames(const QList<kx::RelayedFrame>& frames, QTextStream* out)
 void printUse(const kx::LineUse& use, QTextStream* out)
 {
     *out << "exchanges " << use.exchanges << "\nunanswered " << use.unanswered << "\npercent "
-         << QString::number(use.share * 100, 'f', 1) << "\ntoo_short " << use.gaps.tooShort
+         << QString::number(use.share * 100, 'f', 1) << "\nmedian_percent "
+         << QString::number(use.medianShare * 100, 'f', 1) << "\ntoo_short " << use.gaps.tooShort
          << "\nbelow_1.1 " << use.gaps.close << "\nbelow_1.5 " << use.gaps.fair << "\nlonger "
          << use.gaps.longer << "\nshortest_us " << use.gaps.shortest << "\nmedian_us "
          << use.gaps.median << '\n';

@@ -45,6 +45,7 @@ void LineUseTest::theLimitIsCharactersTurnaroundAndOneGap()
     QCOMPARE(use.exchanges, 1);
     QCOMPARE(use.unanswered, 0);
     QCOMPARE(use.share, 0.9);
+    QCOMPARE(use.medianShare, 0.9);
 }
 
 void LineUseTest::gapsAreCountedByLength()
@@ -78,6 +79,7 @@ void LineUseTest::nothingWasSent()
     const LineUse use = lineUse({}, timing());
     QCOMPARE(use.exchanges, 0);
     QCOMPARE(use.share, 0.0);
+    QCOMPARE(use.medianShare, 0.0);
 }
 
 QTEST_GUILESS_MAIN(LineUseTest)

@@ -10,11 +10,15 @@ namespace
 {
 
 const int MOST_KEPT = 4096; // bytes of what came for one request
+/// The last characters are taken as they come: the silence counts from them, and adapters and
+/// drivers report what has come a moment later.
+const qint64 TAKEN_AT_ONCE = 3;
+const qint64 MOMENT = 250; // microseconds
 
 } // namespace
 
 CurrentExchange::CurrentExchange(OwedReplies* owed, StrayBytes* stray, Statistics* statistics)
-    : m_statistics(statistics), m_collector(owed, stray, &statistics->thrownAway)
+    : m_owed(owed), m_statistics(statistics), m_collector(owed, stray, &statistics->thrownAway)
 {
 }
 
@@ -26,10 +30,11 @@ bool CurrentExchange::isRepeat(const FRAME_PRO& request) const
 void CurrentExchange::begin(const FRAME_PRO& request, bool isRepeat)
 {
     m_collector.begin(request);
+    m_hasLooked = false;
     m_record = ExchangeRecord();
     m_record.job = request.job;
     m_record.repeated = isRepeat;
-    m_record.sentAt = QDateTime::currentDateTime();
+    m_record.sentAt = QDateTime::currentDateTimeUtc();
 }
 
 QByteArray CurrentExchange::send()
@@ -52,13 +57,29 @@ std::optional<CollectedReply> CurrentExchange::add(const QByteArray& bytes, qint
     return reply;
 }
 
+qint64 CurrentExchange::leaveBytesUntil(qint64 now, const LineTiming& timing)
+{
+    const int missing = qMax(0, m_collector.missing());
+    const qint64 whole = qMax(now, m_transmittedAt) + timing.transmissionTime(missing);
+    const qint64 slack = qMax(timing.transmissionTime(TAKEN_AT_ONCE), MOMENT);
+    const bool hasBegun = missing < request().recvLen;
+    qint64 until = 0;
+    if (!m_hasLooked)
+        until = whole - timing.transmissionTime(missing) / 2;
+    else if (hasBegun)
+        until = whole - slack;
+    m_hasLooked = true;
+    // Which of two replies comes first is told by when its bytes come.
+    return until > now + slack && !m_owed->owesOther(request()) ? until : 0;
+}
+
 void CurrentExchange::end(const CollectedReply& reply, const DriverEntryPoints& driver)
 {
     m_record.replyKind = reply.kind;
     m_record.foreignReplies = m_collector.foreignReplies();
     if (reply.kind == ReplyKind::Exception)
         m_record.exceptionCode = exceptionCodeOf(reply.bytes);
-    m_record.finishedAt = QDateTime::currentDateTime();
+    m_record.finishedAt = QDateTime::currentDateTimeUtc();
     m_collector.settle(reply);
     QByteArray bytes = reply.bytes;
     m_record.result = driver.dealRcvFrame(bytes, m_record.errorText);

@@ -25,6 +25,11 @@ public:
     /// What has come since; the reply once it is there.
     std::optional<CollectedReply> add(const QByteArray& bytes, qint64 now,
                                       const LineTiming& timing);
+    /// Until when the bytes of the reply may be left in the port, since it cannot be whole on a
+    /// line that keeps time; 0: they are to be taken as they come. To be asked when the request
+    /// went out, and whenever what waited was taken. The first time is half of the reply's: what
+    /// is whole by then shows that the line does not keep time.
+    qint64 leaveBytesUntil(qint64 now, const LineTiming& timing);
     /// The reply as far as it came.
     CollectedReply incomplete() const { return m_collector.incomplete(); }
     /// Hands the reply to the driver and counts it.
@@ -39,11 +44,13 @@ public:
     qint64 carriedAt(const LineTiming& timing) const;
 
 private:
+    const OwedReplies* m_owed;
     Statistics* m_statistics;
     ReplyCollector m_collector;
     ExchangeRecord m_record;
     bool m_isToBeRepeated = false;
     qint64 m_transmittedAt = 0;
+    bool m_hasLooked = false; ///< for the reply
 };
 
 } // namespace kx

@@ -46,6 +46,7 @@ void ExchangeLoop::stop()
         m_hasGivenUp = true;
     }
     m_state = State::Stopped;
+    m_line->setReporting(true);
     m_clock->cancel();
 }
 
@@ -55,24 +56,13 @@ const VARIABLE* ExchangeLoop::jobInFlight() const
     return isInFlight || m_hasGivenUp ? &m_current.record().job : nullptr;
 }
 
-void ExchangeLoop::wake()
-{
-    if (m_state == State::Idle)
-        proceed();
-}
-
-qint64 ExchangeLoop::elapsed() const
-{
-    return m_startedAt < 0 ? 0 : (now() - m_startedAt) / MICROSECONDS_PER_MILLISECOND;
-}
-
 void ExchangeLoop::waitForSilence()
 {
     m_silence.setFrameGap(m_line->timing().frameGap());
     if (m_state != State::AwaitingSilence)
         m_silence.await(now());
     m_state = State::AwaitingSilence;
-    m_clock->wakeAfter(m_silence.nextAt() - now());
+    m_clock->wakeExactlyAfter(m_silence.nextAt() - now());
 }
 
 // Bytes may lie in the port that came before the time was up: a busy program finds the
@@ -102,6 +92,8 @@ void ExchangeLoop::act()
             return waitForSilence();
         return poll();
     case State::AwaitingReply:
+        if (now() < m_timeOutAt)
+            return leaveBytesForAWhile();
         return finish(m_current.incomplete());
     case State::AwaitingTurnaround:
         return finish({ReplyKind::Broadcast, QByteArray()});
@@ -177,10 +169,18 @@ void ExchangeLoop::awaitReply()
     const bool isBroadcast = request.frame[0] == 0;
     m_state = isBroadcast ? State::AwaitingTurnaround : State::AwaitingReply;
     const int wait = isBroadcast ? m_settings.turnaround : m_settings.replyTimeout;
-    m_clock->wakeAfter(transmission + wait * MICROSECONDS_PER_MILLISECOND);
-    const qint64 owed = qint64(wait) + m_settings.settleTime();
-    if (!isBroadcast)
-        m_owed.add(request, transmittedAt + owed * MICROSECONDS_PER_MILLISECOND);
+    m_timeOutAt = transmittedAt + wait * MICROSECONDS_PER_MILLISECOND;
+    if (isBroadcast)
+        return m_clock->wakeAfter(m_timeOutAt - now());
+    m_owed.add(request, m_timeOutAt + m_settings.settleTime() * MICROSECONDS_PER_MILLISECOND);
+    leaveBytesForAWhile();
+}
+
+void ExchangeLoop::leaveBytesForAWhile()
+{
+    const qint64 until = m_current.leaveBytesUntil(now(), m_line->timing());
+    m_line->setReporting(until == 0);
+    m_clock->wakeAfter((until == 0 ? m_timeOutAt : qMin(until, m_timeOutAt)) - now());
 }
 
 void ExchangeLoop::onBytes(const QByteArray& bytes)
@@ -189,6 +189,8 @@ void ExchangeLoop::onBytes(const QByteArray& bytes)
         m_silence.heardUntil(now());
         if (const auto reply = m_current.add(bytes, now(), m_line->timing()))
             finish(*reply);
+        else
+            leaveBytesForAWhile();
         return;
     }
     m_statistics.bytesReceived += bytes.size();
@@ -203,6 +205,7 @@ void ExchangeLoop::finish(const CollectedReply& reply)
 {
     if (reply.kind != ReplyKind::NeverSilent)
         m_silence.setNoisy(reply.kind == ReplyKind::Bad);
+    m_line->setReporting(true);
     m_current.end(reply, m_driver);
     m_silence.heardUntil(m_current.carriedAt(m_line->timing()));
     if (reply.kind == ReplyKind::Lost)

@@ -38,6 +38,10 @@ namespace kx
 /// counts it as failed. A request longer than its frame, or of no byte, is not whole; it
 /// is never transmitted, and the driver gets an empty reply.
 ///
+/// On a serial line the bytes of a reply are left in the port until it can be whole, instead of
+/// taken one by one; see setReporting(). One look at half of its time shows whether the line keeps
+/// time. While another reply is owed each byte is taken as it comes.
+///
 /// "Time" is the one that was waited for: before it counts, the bytes are taken that lie in the
 /// port, which a busy program has not come to. A reply among them is accepted, although nobody
 /// can tell whether it came in time.
@@ -61,7 +65,8 @@ namespace kx
 ///                         else                      transmitted                AwaitingReply
 ///     AwaitingReply       bytes, reply whole        handed over, exchanged()   AwaitingSilence
 ///                         bytes, not whole yet      kept                       the same
-///                         time                      what came is handed over,  AwaitingSilence
+///                         time to look, not whole   kept                       the same
+///                         time-out                  what came is handed over,  AwaitingSilence
 ///                                                   exchanged()
 ///     AwaitingTurnaround  time                      empty reply, exchanged()   AwaitingSilence
 ///     both                line interrupted          empty reply, exchanged()   AwaitingLine
@@ -92,11 +97,18 @@ public:
     const VARIABLE* jobInFlight() const;
 
     /// Asks the driver at once instead of after the idle interval: for new work.
-    void wake();
+    void wake()
+    {
+        if (m_state == State::Idle)
+            proceed();
+    }
 
     const Statistics& statistics() const { return m_statistics; }
     /// Milliseconds since the first start().
-    qint64 elapsed() const;
+    qint64 elapsed() const
+    {
+        return m_startedAt < 0 ? 0 : (now() - m_startedAt) / MICROSECONDS_PER_MILLISECOND;
+    }
 
 signals:
     /// After the driver dealt with the reply.
@@ -124,6 +136,7 @@ private:
     bool isHeldBack(const FRAME_PRO& request);
     void transmit();
     void awaitReply();
+    void leaveBytesForAWhile();
     void onBytes(const QByteArray& bytes);
     void finish(const CollectedReply& reply);
     void onLineLost(const QString& error);
@@ -140,6 +153,7 @@ private:
     LoopClock* m_clock;
     qint64 m_startedAt = -1; ///< as now()
     LineSilence m_silence;   ///< by now()
+    qint64 m_timeOutAt = 0;  ///< of the request in flight, as now()
     bool m_hasGivenUp = false;
     bool m_isHolding = false; ///< a request is held back
     FRAME_PRO m_heldBack = FRAME_PRO();

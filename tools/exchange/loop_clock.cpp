@@ -1,5 +1,7 @@
 #include "exchange/loop_clock.h"
 
+#include "exchange/precise_timer.h"
+
 namespace kx
 {
 
@@ -10,11 +12,9 @@ const qint64 NANOSECONDS_PER_MICROSECOND = 1000;
 
 } // namespace
 
-SystemClock::SystemClock(QObject* parent) : LoopClock(parent)
+SystemClock::SystemClock(QObject* parent) : LoopClock(parent), m_timer(new PreciseTimer(this))
 {
-    m_timer.setSingleShot(true);
-    m_timer.setTimerType(Qt::PreciseTimer);
-    connect(&m_timer, &QTimer::timeout, this, &LoopClock::woken);
+    connect(m_timer, &PreciseTimer::timeout, this, &LoopClock::woken);
     m_since.start();
 }
 
@@ -25,9 +25,17 @@ qint64 SystemClock::now() const
 
 void SystemClock::wakeAfter(qint64 microseconds)
 {
-    const qint64 milliseconds =
-        (microseconds + MICROSECONDS_PER_MILLISECOND - 1) / MICROSECONDS_PER_MILLISECOND;
-    m_timer.start(static_cast<int>(qMax(qint64(0), milliseconds)));
+    m_timer->start(microseconds);
+}
+
+void SystemClock::wakeExactlyAfter(qint64 microseconds)
+{
+    m_timer->startExactly(microseconds);
+}
+
+void SystemClock::cancel()
+{
+    m_timer->stop();
 }
 
 } // namespace kx

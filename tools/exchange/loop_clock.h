@@ -6,10 +6,11 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QObject>
-#include <QtCore/QTimer>
 
 namespace kx
 {
+
+class PreciseTimer;
 
 const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
 
@@ -25,6 +26,9 @@ public:
     /// Sends woken() once after so many microseconds, never from inside this call;
     /// replaces what was asked before.
     virtual void wakeAfter(qint64 microseconds) = 0;
+    /// The same for a moment that counts, such as the end of a frame gap: a clock may keep the
+    /// processor busy for some tens of microseconds to be there. As wakeAfter() unless overridden.
+    virtual void wakeExactlyAfter(qint64 microseconds) { wakeAfter(microseconds); }
     virtual void cancel() = 0;
 
 signals:
@@ -39,12 +43,14 @@ public:
     explicit SystemClock(QObject* parent = nullptr);
 
     qint64 now() const override;
-    /// In whole milliseconds, rounded up.
+    /// Never early. On Linux the event loop watches the system's timer as a socket, so
+    /// woken() does not come while it leaves out sockets; elsewhere whole milliseconds, rounded up.
     void wakeAfter(qint64 microseconds) override;
-    void cancel() override { m_timer.stop(); }
+    void wakeExactlyAfter(qint64 microseconds) override;
+    void cancel() override;
 
 private:
-    QTimer m_timer{this};
+    PreciseTimer* m_timer; ///< a child
     QElapsedTimer m_since;
 };
 

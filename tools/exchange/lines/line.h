@@ -39,6 +39,11 @@ public:
     /// of it.
     virtual QByteArray discardWaiting() = 0;
 
+    /// While a reply cannot be whole yet its bytes need not be reported one by one: with false
+    /// they wait in the port until takeWaiting(), with true what waits is reported. A line starts
+    /// with true after open(), and may go on reporting all the same.
+    virtual void setReporting(bool reports) { Q_UNUSED(reports) }
+
 signals:
     void opened();
     /// At most a few kilobytes at once, however many a line brings.

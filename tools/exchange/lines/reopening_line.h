@@ -30,6 +30,7 @@ public:
     void write(const QByteArray& bytes) override { m_line->write(bytes); }
     QByteArray takeWaiting() override { return m_line->takeWaiting(); }
     QByteArray discardWaiting() override { return m_line->discardWaiting(); }
+    void setReporting(bool reports) override { m_line->setReporting(reports); }
 
 private:
     void onOpened();

@@ -4,6 +4,9 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QSocketNotifier>
+
+#include <unistd.h>
 
 namespace kx
 {
@@ -57,11 +60,25 @@ void SerialLine::close()
         m_port.close();
 }
 
-// Left to the event loop, bytes would leave only when a busy program comes to it.
+// Left to the event loop, bytes would leave only when a busy program comes to it; and the port
+// would let it wake up once more to tell that they have left.
 void SerialLine::write(const QByteArray& bytes)
 {
-    m_port.write(bytes);
-    m_port.flush();
+    ssize_t taken = 0;
+    if (m_port.isOpen() && m_port.bytesToWrite() == 0)
+        taken = ::write(m_port.handle(), bytes.constData(), static_cast<size_t>(bytes.size()));
+    // A full port takes the rest when it can; one that is lost says so then.
+    if (taken < bytes.size())
+        m_port.write(bytes.mid(static_cast<int>(qMax(ssize_t(0), taken))));
+}
+
+// What the port watches its descriptor with is its child.
+void SerialLine::setReporting(bool reports)
+{
+    for (QSocketNotifier* const notifier : m_port.findChildren<QSocketNotifier*>()) {
+        if (notifier->type() == QSocketNotifier::Read)
+            notifier->setEnabled(reports);
+    }
 }
 
 QByteArray SerialLine::discardWaiting()

@@ -31,6 +31,7 @@ public:
     void write(const QByteArray& bytes) override;
     QByteArray takeWaiting() override { return m_reader.takeWaiting(); }
     QByteArray discardWaiting() override;
+    void setReporting(bool reports) override;
 
 private:
     void onError(QSerialPort::SerialPortError error);

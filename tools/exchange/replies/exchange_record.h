@@ -37,7 +37,7 @@ struct ExchangeRecord {
     int result = 0;         ///< of intf_dealRcvFrame(), see ReplyResult
     QString errorText;      ///< with result 2
     bool repeated = false;  ///< the request had been sent before
-    QDateTime sentAt;
+    QDateTime sentAt;       ///< in UTC, as finishedAt
     QDateTime finishedAt;
     /// Microseconds from the request's last character to the reply's first; negative without
     /// a whole reply.

@@ -44,6 +44,9 @@ public:
     /// What there is when no more is waited for: Short, Foreign or None.
     CollectedReply incomplete() const;
 
+    /// Bytes that a good reply lacks; below 1 when it should have been whole.
+    int missing() const { return m_request.recvLen - static_cast<int>(m_bytes.size()); }
+
     /// How many replies of other requests came meanwhile.
     int foreignReplies() const { return m_foreignReplies; }
 

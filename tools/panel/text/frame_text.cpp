@@ -93,7 +93,7 @@ QString resultText(int result)
 
 QString timeText(const QDateTime& time)
 {
-    return time.toString(QLatin1String("HH:mm:ss.zzz"));
+    return time.toLocalTime().toString(QLatin1String("HH:mm:ss.zzz"));
 }
 
 } // namespace

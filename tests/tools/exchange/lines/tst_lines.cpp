@@ -99,6 +99,8 @@ private slots:
     void serialThrowsAwayWhatWaits();
     void serialSendsWithoutAnEventLoop();
     void serialGivesWhatWaits();
+    void serialKeepsBytesWhileItDoesNotReport();
+    void serialSendsALongRequestIntoAFullPort();
     void serialFoundLostWhenLookedInto();
     void serialNamedByALinkInTheCurrentFolder();
     void bareNameIsLookedForInDevFirst_data();
@@ -175,6 +177,49 @@ void LinesTest::serialGivesWhatWaits()
     controller.send("next");
     QTRY_COMPARE(listener.arrived, QByteArray("next"));
     QCOMPARE(listener.errors, QStringList());
+}
+
+void LinesTest::serialKeepsBytesWhileItDoesNotReport()
+{
+    const PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    line.setReporting(false);
+    controller.deliver("ab");
+    QTest::qWait(30);
+    QCOMPARE(listener.arrived, QByteArray());
+    QCOMPARE(line.takeWaiting(), QByteArray("ab"));
+    line.setReporting(false);
+    controller.deliver("cd");
+    QTest::qWait(30);
+    QCOMPARE(listener.arrived, QByteArray());
+    line.setReporting(true);
+    QTRY_COMPARE(listener.arrived, QByteArray("cd"));
+    line.close();
+    line.setReporting(false); // of a closed line: nothing
+    line.open();
+    controller.send("ef");
+    QTRY_COMPARE(listener.arrived, QByteArray("cdef"));
+}
+
+// What the port does not take at once leaves later, in order.
+void LinesTest::serialSendsALongRequestIntoAFullPort()
+{
+    const PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    line.open();
+    const QByteArray bytes = flood();
+    line.write(bytes);
+    line.write("end");
+    QByteArray received;
+    const auto takeAll = [&] {
+        for (QByteArray some = controller.received(); !some.isEmpty(); some = controller.received())
+            received += some;
+        return received.size();
+    };
+    QTRY_COMPARE(takeAll(), bytes.size() + 3);
+    QCOMPARE(received, bytes + "end");
 }
 
 void LinesTest::serialFoundLostWhenLookedInto()

@@ -10,6 +10,8 @@ class FrameTextTest : public QObject
     Q_OBJECT
 
 private slots:
+    // Records are in UTC, as JSON is; lines show local time.
+    void initTestCase() { qputenv("TZ", "CET-1"); }
     void requests_data();
     void requests();
     void replies_data();
@@ -141,9 +143,9 @@ void FrameTextTest::lines()
 {
     QCOMPARE(exchangeRows(accepted()),
              QStringList({
-                 QString::fromLatin1("10:11:12.013 request station 01, function 03, address 00 64, "
+                 QString::fromLatin1("11:11:12.013 request station 01, function 03, address 00 64, "
                                      "quantity 00 01, CRC C5 D5"),
-                 QString::fromLatin1("10:11:12.045 reply   station 01, function 03, byte count 02, "
+                 QString::fromLatin1("11:11:12.045 reply   station 01, function 03, byte count 02, "
                                      "data 00 05, CRC 78 47: good, accepted"),
              }));
 }
@@ -158,9 +160,9 @@ void FrameTextTest::linesOfARepeatedRequestWithoutReply()
     record.errorText = QString::fromLatin1("0,1,100,D");
     QCOMPARE(exchangeRows(record),
              QStringList({
-                 QString::fromLatin1("10:11:12.013 request station 01, function 03, address 00 64, "
+                 QString::fromLatin1("11:11:12.013 request station 01, function 03, address 00 64, "
                                      "quantity 00 01, CRC C5 D5 (again)"),
-                 QString::fromLatin1("10:11:12.045 reply   no reply, failed: 0,1,100,D"),
+                 QString::fromLatin1("11:11:12.045 reply   no reply, failed: 0,1,100,D"),
              }));
 }
 
