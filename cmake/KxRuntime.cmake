@@ -9,6 +9,7 @@ set(KX_RUNTIME_HEADERS
   exchange/connection.h exchange/driver_library.h exchange/driver_memory.h
   exchange/exchange_settings.h exchange/failure.h exchange/loop_clock.h
   exchange/lines/gateway_address.h exchange/lines/line.h exchange/lines/line_timing.h
+  exchange/lines/port_modes.h
   exchange/replies/exchange_record.h exchange/replies/statistics.h
   panel/files/csv_fields.h panel/files/csv_table.h panel/files/file_text.h panel/files/tags_file.h
   panel/jobs/job.h panel/jobs/read_job.h panel/jobs/recipe_job.h panel/jobs/scan_job.h

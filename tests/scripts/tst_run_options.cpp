@@ -127,7 +127,7 @@ QList<RuntimeOption> optionsOfTheRuntime()
     QProcess host;
     host.start(KX_HOST_PROGRAM, {"watch", "--help"});
     host.waitForFinished();
-    const QRegularExpression row("^  (-[a-z], )?(--[a-z-]+)( <)?");
+    const QRegularExpression row("^  (-[a-z], )?(--[a-z0-9-]+)( <)?");
     QList<RuntimeOption> options;
     for (const QString& line : QString::fromUtf8(host.readAllStandardOutput()).split('\n')) {
         const QRegularExpressionMatch match = row.match(line);

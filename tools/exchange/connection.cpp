@@ -26,7 +26,8 @@ std::unique_ptr<Line> bareLine(const ConnectionSettings& settings)
 {
     if (!settings.gateway.host.isEmpty())
         return gatewayLine(settings);
-    return std::make_unique<SerialLine>(settings.port, settings.timing, settings.parity);
+    return std::make_unique<SerialLine>(settings.port, settings.timing, settings.parity,
+                                        settings.modes);
 }
 
 std::unique_ptr<Line> lineOf(const ConnectionSettings& settings)

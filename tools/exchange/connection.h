@@ -5,6 +5,7 @@
 #include "exchange/failure.h"
 #include "exchange/lines/gateway_address.h"
 #include "exchange/lines/line.h"
+#include "exchange/lines/port_modes.h"
 
 #include <QtCore/QTimer>
 #include <QtSerialPort/QSerialPort>
@@ -24,6 +25,7 @@ struct ConnectionSettings {
     GatewayAddress gateway = {QString(), 8888}; ///< used when its host is not empty
     GatewayProtocol protocol = GatewayProtocol::Rtu;
     int patience = 0; ///< milliseconds in which a lost line is opened again; 0: not at all
+    PortModes modes;  ///< of a serial port
 };
 
 /// Makes a line, owns it, opens it and says how that goes. Nothing blocks. An exchange loop on

@@ -8,6 +8,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 namespace kx
 {
@@ -43,6 +44,11 @@ public:
     /// they wait in the port until takeWaiting(), with true what waits is reported. A line starts
     /// with true after open(), and may go on reporting all the same.
     virtual void setReporting(bool reports) { Q_UNUSED(reports) }
+
+    /// What the line was switched to beside its character format, for people: "low latency"; and
+    /// rows about what it took otherwise than it was asked. Of the latest opening.
+    virtual QString modeText() const { return QString(); }
+    virtual QStringList remarks() const { return QStringList(); }
 
 signals:
     void opened();

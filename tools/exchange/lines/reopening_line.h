@@ -31,6 +31,8 @@ public:
     QByteArray takeWaiting() override { return m_line->takeWaiting(); }
     QByteArray discardWaiting() override { return m_line->discardWaiting(); }
     void setReporting(bool reports) override { m_line->setReporting(reports); }
+    QString modeText() const override { return m_line->modeText(); }
+    QStringList remarks() const override { return m_line->remarks(); }
 
 private:
     void onOpened();

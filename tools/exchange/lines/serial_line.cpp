@@ -1,5 +1,6 @@
 #include "exchange/lines/serial_line.h"
 
+#include "exchange/lines/port_driver.h"
 #include "system/port_access.h"
 
 #include <QtCore/QDir>
@@ -33,8 +34,8 @@ QString pathOf(const QString& portName)
 } // namespace
 
 SerialLine::SerialLine(const QString& portName, const LineTiming& timing,
-                       QSerialPort::Parity parity, QObject* parent)
-    : Line(parent), m_timing(timing), m_name(pathOf(portName))
+                       QSerialPort::Parity parity, const PortModes& modes, QObject* parent)
+    : Line(parent), m_timing(timing), m_name(pathOf(portName)), m_modes(modes)
 {
     m_port.setPortName(m_name);
     m_port.setBaudRate(timing.baud);
@@ -50,8 +51,41 @@ void SerialLine::open()
 {
     if (!m_port.open(m_mode))
         return;
+    if (!switchModes())
+        return;
     discardWaiting();
     emit opened();
+}
+
+bool SerialLine::switchModes()
+{
+    QString error;
+    if (m_modes.rs485 && !setRs485(m_port.handle(), m_modes, &error)) {
+        close();
+        emit failed(QStringLiteral("%1: the port cannot switch an RS-485 transceiver: %2; without "
+                                   "--rs485 an adapter that switches by itself works")
+                        .arg(m_name, error));
+        return false;
+    }
+    m_hasLowLatency = m_modes.lowLatency && setLowLatency(m_port.handle());
+    m_takenBaud = baudOf(m_port.handle());
+    return true;
+}
+
+QString SerialLine::modeText() const
+{
+    QStringList texts;
+    if (m_hasLowLatency)
+        texts << QStringLiteral("low latency");
+    if (m_modes.rs485)
+        texts << QStringLiteral("RS-485");
+    return texts.join(QLatin1String(", "));
+}
+
+QStringList SerialLine::remarks() const
+{
+    const QString remark = baudRemark(m_timing.baud, m_takenBaud);
+    return remark.isEmpty() ? QStringList() : QStringList(remark);
 }
 
 void SerialLine::close()

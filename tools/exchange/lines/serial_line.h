@@ -3,6 +3,7 @@
 
 #include "exchange/lines/bounded_reader.h"
 #include "exchange/lines/line.h"
+#include "exchange/lines/port_modes.h"
 
 #include <QtSerialPort/QSerialPort>
 
@@ -18,7 +19,7 @@ public:
     /// @param portName a path, or a bare name in /dev or else in the current folder
     /// @param timing its parity bit tells only the length; `parity` says which
     SerialLine(const QString& portName, const LineTiming& timing, QSerialPort::Parity parity,
-               QObject* parent = nullptr);
+               const PortModes& modes = PortModes(), QObject* parent = nullptr);
 
     /// The path that is opened.
     QString name() const override { return m_name; }
@@ -32,8 +33,11 @@ public:
     QByteArray takeWaiting() override { return m_reader.takeWaiting(); }
     QByteArray discardWaiting() override;
     void setReporting(bool reports) override;
+    QString modeText() const override;
+    QStringList remarks() const override;
 
 private:
+    bool switchModes();
     void onError(QSerialPort::SerialPortError error);
 
     QSerialPort m_port{this};
@@ -41,6 +45,9 @@ private:
     LineTiming m_timing;
     QIODevice::OpenMode m_mode = QIODevice::ReadWrite;
     QString m_name;
+    PortModes m_modes;
+    bool m_hasLowLatency = false;
+    int m_takenBaud = 0; ///< 0: not known
 };
 
 } // namespace kx

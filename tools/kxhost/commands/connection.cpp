@@ -26,6 +26,16 @@ bool simulate(ConnectionOptions* options, HostLine* host, QString* error)
     return true;
 }
 
+/// What the port took otherwise than it was asked and, where details are shown, its modes.
+void tellPort(const Line& line, bool withModes)
+{
+    QStringList texts = line.remarks();
+    if (withModes && !line.modeText().isEmpty())
+        texts << line.modeText();
+    for (const QString& text : texts)
+        complain(line.name() + QLatin1String(": ") + text, EXIT_FINE);
+}
+
 int waitUntilOpen(Connection* connection)
 {
     const QObject waiting;
@@ -88,6 +98,7 @@ int openSession(const ConnectionOptions& options, HostSession* host)
     const int lineResult = openLine(options, host);
     if (lineResult != EXIT_FINE)
         return lineResult;
+    tellPort(*host->connection->line(), options.frames);
     QString reason;
     host->session =
         Session::create(entryPoints, host->connection->line(), options.session, &reason);

@@ -114,8 +114,11 @@ int watchInLines(const WatchOptions& options, Session* session)
 int watchInTable(const WatchOptions& options, Session* session)
 {
     const Line* const line = session->line();
-    LiveView view(line->name() + QLatin1String("  ")
-                  + lineSettingsText(line->timing(), parityLetter(options.connection.parity)));
+    QStringList title = {line->name(),
+                         lineSettingsText(line->timing(), parityLetter(options.connection.parity)),
+                         line->modeText()};
+    title.removeAll(QString());
+    LiveView view(title.join(QLatin1String("  ")));
     PromptWriter writer(session, options.connection.station);
     QObject::connect(&view, &LiveView::entered, &writer, &PromptWriter::take);
     QObject::connect(&writer, &PromptWriter::message, &view, &LiveView::setMessage);

@@ -10,7 +10,7 @@ _kxhost_commands()
 _kxhost_options()
 {
     "${COMP_WORDS[0]}" "$1" --help 2>/dev/null | sed -n '/^Options:/,/^$/p' \
-        | grep -o -e '--[a-z][a-z-]*' | sort -u
+        | grep -o -e '--[a-z][a-z0-9-]*' | sort -u
 }
 
 # Of the simulated controller that stands beside the program.
@@ -43,6 +43,8 @@ _kxhost_values()
         --data-bits) echo "8" ;;
         --stop-bits) echo "1 2" ;;
         --max-words) echo "auto 32 64 125" ;;
+        --low-latency) echo "yes no" ;;
+        --rs485) echo "on rts-before: rts-after: rts-low" ;;
         --as) echo "bit word" ;;
         --fault) _kxhost_faults ;;
     esac

@@ -2,6 +2,7 @@
 
 #include "kxhost/options/command_parser.h"
 #include "kxhost/options/length_options.h"
+#include "kxhost/options/port_options.h"
 
 #include <QtNetwork/QHostAddress>
 
@@ -199,6 +200,7 @@ void addConnectionOptions(QCommandLineParser* parser, int timeout, const QString
             declared.setFlags(QCommandLineOption::HiddenFromHelp);
         parser->addOption(declared);
     }
+    addPortOptions(parser);
 }
 
 bool parseConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
@@ -209,8 +211,8 @@ bool parseConnectionOptions(const QCommandLineParser& parser, ConnectionOptions*
     options->json = isSet(parser, "json");
     return parseCharacters(parser, options, error) && parseProtocol(parser, options, error)
            && parseNumbers(parser, options, error) && parseGateway(parser, options, error)
-           && parseLine(parser, options, error) && parsePatience(parser, options, error)
-           && parseFaults(parser, options, error);
+           && parseLine(parser, options, error) && parsePortOptions(parser, &options->modes, error)
+           && parsePatience(parser, options, error) && parseFaults(parser, options, error);
 }
 
 } // namespace kx

@@ -28,7 +28,8 @@ struct ConnectionOptions : ConnectionSettings {
 
 /// Declares --port, --baud, --parity, --data-bits, --stop-bits, --tcp, --protocol,
 /// --simulate, --fault, --fault-seed, --fault-delay, --station, --timeout, --settle, --quiet,
-/// --retries, --reopen, --max-words, --max-bits, --library, --frames and --json.
+/// --retries, --reopen, --max-words, --max-bits, --library, --frames and --json, and what
+/// addPortOptions() does.
 /// @param timeout milliseconds that the help names as the usual time-out
 /// @param hidden  long names of options that the help leaves out
 void addConnectionOptions(QCommandLineParser* parser, int timeout = 1000,
