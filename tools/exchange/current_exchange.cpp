@@ -12,8 +12,8 @@ namespace
 const int MOST_KEPT = 4096; // bytes of what came for one request
 /// The last characters are taken as they come: the silence counts from them, and adapters and
 /// drivers report what has come a moment later.
-const qint64 TAKEN_AT_ONCE = 3;
-const qint64 MOMENT = 250; // microseconds
+const qint64 TAKEN_AT_ONCE = 2;
+const qint64 MOMENT = 150; // microseconds
 
 } // namespace
 

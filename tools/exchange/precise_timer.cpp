@@ -16,7 +16,7 @@ namespace
 const qint64 NANOSECONDS_PER_MICROSECOND = 1000;
 const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
 /// What a process takes to get up, at least on a machine that has slept meanwhile.
-const qint64 GETTING_UP = 50; // microseconds
+const qint64 GETTING_UP = 30; // microseconds
 
 } // namespace
 

@@ -25,7 +25,7 @@ public:
     /// was started before. From 0 on; less is 0.
     void start(qint64 microseconds);
     /// The same, but gets up before the time and waits for it awake, since getting up takes a
-    /// while: at most 50 microseconds of the processor.
+    /// while: at most 30 microseconds of the processor.
     void startExactly(qint64 microseconds);
     /// Nothing is sent, even if the time is up and has not been told yet.
     void stop();

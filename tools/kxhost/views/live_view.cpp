@@ -12,7 +12,7 @@ namespace kx
 namespace
 {
 
-const int REDRAW_INTERVAL = 100; // milliseconds
+const int REDRAW_INTERVAL = 200; // milliseconds: as fast as an eye reads numbers
 const int ESCAPE_PATIENCE = 100; // milliseconds; slow lines tear what a key sends apart
 
 } // namespace

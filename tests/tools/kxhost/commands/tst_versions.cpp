@@ -22,7 +22,7 @@ const char* const COMMANDS[] = {"watch",  "read", "write", "recipe", "check", "r
 QSet<QString> optionsIn(const QString& text)
 {
     QSet<QString> options;
-    auto found = QRegularExpression("--[a-z][a-z-]*").globalMatch(text);
+    auto found = QRegularExpression("--[a-z][a-z0-9-]*").globalMatch(text);
     while (found.hasNext())
         options << found.next().captured();
     return options;
@@ -32,7 +32,7 @@ QSet<QString> optionsIn(const QString& text)
 QMap<QString, QString> lettersIn(const QString& text)
 {
     QMap<QString, QString> letters;
-    auto found = QRegularExpression("-([a-zA-Z]), (--[a-z][a-z-]*)").globalMatch(text);
+    auto found = QRegularExpression("-([a-zA-Z]), (--[a-z][a-z0-9-]*)").globalMatch(text);
     while (found.hasNext()) {
         const QRegularExpressionMatch match = found.next();
         letters[match.captured(1)] += match.captured(2);
