@@ -12,7 +12,7 @@ using namespace kx;
 namespace
 {
 
-// Characters of 1 ms: the last three are taken as they come.
+// Characters of 1 ms: the last two are taken as they come.
 const LineTiming LINE = {10000, 8, 0, 1};
 const LineTiming NETWORK = {0, 8, 0, 1};
 // Characters of 0.01 ms: less than adapters and drivers need to report.
@@ -72,10 +72,10 @@ void CurrentExchangeTest::whatBeganIsLeftUntilItsLastCharacters_data()
 {
     QTest::addColumn<int>("received");
     QTest::addColumn<qint64>("until");
-    QTest::newRow("one byte is there") << 1 << qint64(20000 + 24000 - 3000);
-    QTest::newRow("half is there") << 12 << qint64(20000 + 13000 - 3000);
-    QTest::newRow("seven lack") << 18 << qint64(20000 + 7000 - 3000);
-    QTest::newRow("six lack: no time to leave them") << 19 << qint64(0);
+    QTest::newRow("one byte is there") << 1 << qint64(20000 + 24000 - 2000);
+    QTest::newRow("half is there") << 12 << qint64(20000 + 13000 - 2000);
+    QTest::newRow("five lack") << 20 << qint64(20000 + 5000 - 2000);
+    QTest::newRow("four lack: no time to leave them") << 21 << qint64(0);
     QTest::newRow("one lacks") << 24 << qint64(0);
 }
 
