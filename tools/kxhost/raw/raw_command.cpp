@@ -109,6 +109,24 @@ bool runToItsEnd(RawExchange* exchange)
     return !isInterrupted;
 }
 
+/// Null without a gateway.
+HostSession::Advice adviceAbout(const RawOptions& options, const Line* line)
+{
+    const bool isGateway = !options.connection.gateway.host.isEmpty();
+    return HostSession::Advice(
+        isGateway ? new GatewayAdvice(line->name(), options.connection.protocol) : nullptr);
+}
+
+void note(const RawExchange& exchange, GatewayAdvice* advice)
+{
+    ExchangeRecord record;
+    record.reply = exchange.received();
+    if (!exchange.error().isEmpty())
+        advice->onLineLost();
+    else if (exchange.wasSent())
+        advice->onExchange(record);
+}
+
 /// Shows what came; whether it is as it should be.
 bool show(const RawOptions& options, const RawExchange& exchange)
 {
@@ -129,12 +147,15 @@ int exchangeAll(const RawOptions& options, Line* line)
     const int timeout = options.connection.session.exchange.replyTimeout;
     const RawExchange::Waits waits = {hasNoAnswer(options) ? BROADCAST_TURNAROUND : timeout,
                                       options.connection.session.exchange.quiet};
+    const HostSession::Advice advice = adviceAbout(options, line);
     int good = 0;
     int sent = 0;
     bool goesOn = true;
     while (goesOn && sent < options.count) {
         RawExchange exchange(line, options.request, waits);
         goesOn = runToItsEnd(&exchange);
+        if (advice && !hasNoAnswer(options))
+            note(exchange, advice.get());
         if (!exchange.error().isEmpty())
             return complain(exchange.error(), EXIT_DEVICE_FAILED);
         if (!exchange.wasSent())

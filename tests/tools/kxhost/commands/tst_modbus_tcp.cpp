@@ -180,11 +180,14 @@ void ModbusTcpTest::aServerThatClosesTheConnection()
 void ModbusTcpTest::aServerThatSaysNothing()
 {
     PlayedServer server([](QTcpSocket* peer) { peer->readAll(); });
+    const QString advice = "kxhost: nothing came from " + server.address()
+                           + "; if it is a Modbus TCP server, use --protocol tcp\n";
     RunningWatch scan({"scan", "--tcp", server.address(), "--stations", "1-2", "--timeout", "50"});
     QCOMPARE(scan.exitCode(), 1);
-    QCOMPARE(QString::fromUtf8(scan.errors()),
-             "kxhost: nothing came from " + server.address()
-                 + "; if it is a Modbus TCP server, use --protocol tcp\n");
+    QCOMPARE(QString::fromUtf8(scan.errors()), advice);
+    RunningWatch raw({"raw", "01", "03", "--tcp", server.address(), "--timeout", "50"});
+    QCOMPARE(raw.exitCode(), 1);
+    QCOMPARE(QString::fromUtf8(raw.errors()), advice);
 }
 
 void ModbusTcpTest::aLateReplyIsNotTakenForTheNext()
