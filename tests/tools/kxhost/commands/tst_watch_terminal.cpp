@@ -28,6 +28,7 @@ private slots:
     void aFilterLeavesRowsOut();
     void controlZGivesTheTerminalBackUntilFg();
     void theTerminalIsTakenAgainAfterAStopThatWasNotSeen();
+    void settingsOfTheStartAreRestoredAfterASecondTaking();
     void aSilentStationIsMarkedAboveTheTable();
     void typedAssignmentIsWritten();
     void typedAssignments_data();
@@ -159,6 +160,19 @@ void WatchTerminalTest::theTerminalIsTakenAgainAfterAStopThatWasNotSeen()
     terminal->type("\x03"); // Ctrl-C
     QVERIFY(terminal->waitFor("ended 0\r\n"));
     QVERIFY(terminal->echoes());
+}
+
+void WatchTerminalTest::settingsOfTheStartAreRestoredAfterASecondTaking()
+{
+    const KxsimProcess simulator(presets("D100=1234"));
+    HostTerminal terminal(on(simulator, "watch D100"));
+    QVERIFY(terminal.waitFor("0x04D2"));
+    terminal.forget();
+    QVERIFY(signalProcess(terminal.foregroundGroup(), SIGCONT));
+    QVERIFY(terminal.waitFor("\x1b[?1049h"));
+    terminal.type("\x03"); // Ctrl-C
+    QCOMPARE(terminal.exitCode(), 0);
+    QVERIFY(terminal.echoes());
 }
 
 void WatchTerminalTest::typedAssignmentIsWritten()
