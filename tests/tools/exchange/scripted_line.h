@@ -31,6 +31,7 @@ public:
     void write(const QByteArray& bytes) override;
     QByteArray takeWaiting() override;
     QByteArray discardWaiting() override;
+    void setReporting(bool reports) override { isReporting = reports; }
 
     /// The answer to the next request that has none yet; after the last answer,
     /// requests get none.
@@ -50,6 +51,7 @@ public:
     QByteArray unseen;       ///< arrives after that, right before the next request
     QByteArray unreported;   ///< lies in the port after the next request
     std::function<void()> whenLookedInto;
+    bool isReporting = true;
     int discards = 0;
     bool isLostWhenDiscarding = false;
 

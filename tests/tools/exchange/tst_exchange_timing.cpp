@@ -11,6 +11,7 @@ class ExchangeTimingTest : public ExchangeLoopFixture
 
 private slots:
     void timeOutCountsFromTheEndOfTheTransmission();
+    void bytesAreLeftInThePortUntilTheReplyCanBeWhole();
     void silenceIsKeptAfterAReply();
     void silenceStartsAgainWithStrayBytes();
     void silenceStartsAgainWithBytesInThePort();
@@ -38,6 +39,21 @@ void ExchangeTimingTest::timeOutCountsFromTheEndOfTheTransmission()
     start();
     QVERIFY(waitForRecords(1));
     QVERIFY(m_line->now() - m_line->writtenAt.first() >= 106);
+}
+
+void ExchangeTimingTest::bytesAreLeftInThePortUntilTheReplyCanBeWhole()
+{
+    m_line->characters.baud = 1200; // 67 ms request, 75 ms reply
+    m_driver->request(withCrc(READ), GOOD_LENGTH);
+    start();
+    QVERIFY(m_line->isReporting);
+    QTRY_COMPARE(m_line->written.size(), 1);
+    QVERIFY(!m_line->isReporting);
+    m_line->waiting = withCrc(GOOD); // found at the first look
+    QVERIFY(waitForRecords(1));
+    QCOMPARE(m_driver->replies, QList<QByteArray>({withCrc(GOOD)}));
+    QVERIFY(m_line->now() - m_line->writtenAt.first() >= 67 + 37);
+    QVERIFY(m_line->isReporting);
 }
 
 void ExchangeTimingTest::silenceIsKeptAfterAReply()
