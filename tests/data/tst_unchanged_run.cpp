@@ -106,6 +106,53 @@ private slots:
         QCOMPARE(words(0, 8), bytes("0011 0111 0211 0311 0411 0511 0611 0711"));
     }
 
+    // D3 holds 0x1103's bytes the wrong way round.
+    void aWordWithItsBytesExchanged()
+    {
+        DriverFixture runtime;
+        watch("D", 0, 8);
+        answerEightWords(runtime);
+        setReadValue(1, "D", 3, bytes("1103"));
+        runtime.reports.clear();
+        answerEightWords(runtime);
+        QCOMPARE(runtime.reports, reportsOf("D", {3}));
+        QCOMPARE(readValue(1, "D", 3), bytes("03110000"));
+    }
+
+    // What is compared is the value read before, not the one written: D3 was 0 until the
+    // reply brought what the runtime wrote.
+    void aWrittenWordThatTheReplyBrings()
+    {
+        DriverFixture runtime;
+        watch("D", 0, 8);
+        answerEightWords(runtime);
+        setReadValue(1, "D", 3, bytes("0000"));
+        unsigned char written[] = {0x03, 0x11};
+        intf_setData(1, QString::fromLatin1("D"), 3, 1, written, WRITE_JOB);
+        driver.writeList.clear();
+        runtime.reports.clear();
+        answerEightWords(runtime);
+        QCOMPARE(runtime.reports, reportsOf("D", {3}));
+        QCOMPARE(readValue(1, "D", 3), bytes("03110000"));
+        QVERIFY(!isPending(1, "D", 3));
+    }
+
+    // A written word stays in sight while the reply brings what was read before.
+    void aWrittenWordIsPassedOver()
+    {
+        DriverFixture runtime;
+        watch("D", 0, 8);
+        answerEightWords(runtime);
+        unsigned char written[] = {0x34, 0x12};
+        intf_setData(1, QString::fromLatin1("D"), 3, 1, written, WRITE_JOB);
+        driver.writeList.clear();
+        runtime.reports.clear();
+        answerEightWords(runtime);
+        QCOMPARE(runtime.reports, QList<Report>());
+        QVERIFY(isPending(1, "D", 3));
+        QCOMPARE(words(3, 1), bytes("3412"));
+    }
+
     void anErrorMarkInTheMiddleIsTakenOff()
     {
         DriverFixture runtime;

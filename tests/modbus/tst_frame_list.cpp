@@ -128,6 +128,22 @@ private slots:
         compareWithAReadOfD0(runtime.polled());
     }
 
+    // A frame that the runtime put there waits like the driver's own, and comes first.
+    void aRequestBehindAFrameFromOutside()
+    {
+        DriverFixture runtime;
+        watchD0();
+        runtime.poll();
+        QCOMPARE(runtime.deal(withCrc("01 03 02 1234")), 1);
+        driver.frameList.append(runtime.polled());
+        VARIABLE job = driver.currentJob;
+        job.address = 5;
+        getReadFrame(job);
+        QCOMPARE(static_cast<int>(driver.frameList.size()), 2);
+        compareWithAReadOfD0(driver.frameList.at(0));
+        QCOMPARE(driver.frameList.at(1).job.address, 5);
+    }
+
     void aRequestAfterOneThatFailedForGood()
     {
         DriverFixture runtime("1#0#0#1#32");

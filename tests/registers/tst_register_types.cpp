@@ -74,6 +74,8 @@ void RegisterTypesTest::otherNamesAreUnknown_data()
     QTest::newRow("blank before") << " D";
     QTest::newRow("beginning of a name") << "32C";
     QTest::newRow("longer than a name") << "SMX";
+    QTest::newRow("longer than any name") << "32CV2";
+    QTest::newRow("one letter with the bytes of two") << QString(QChar(0x4D53)); // 'S', 'M'
     QTest::newRow("a zero character after") << QString::fromLatin1("D\0", 2);
     QTest::newRow("no type of this controller") << "Q";
 }
