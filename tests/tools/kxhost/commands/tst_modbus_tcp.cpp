@@ -192,7 +192,7 @@ void ModbusTcpTest::aServerThatSaysNothing()
 
 void ModbusTcpTest::aLateReplyIsNotTakenForTheNext()
 {
-    // The first request gets its reply right before that of the second.
+    // The first request gets its reply right before that of its repeat.
     int requests = 0;
     PlayedServer server([&requests](QTcpSocket* peer) {
         const QByteArray request = peer->readAll();
@@ -200,11 +200,10 @@ void ModbusTcpTest::aLateReplyIsNotTakenForTheNext()
         if (++requests == 2)
             peer->write(hex("0001 0000 0005 01 03 02 1111  0002 0000 0005 01 03 02 2222"));
     });
-    RunningWatch read({"read", "D0", "D500", "--tcp", server.address(), "--protocol", "tcp",
-                       "--retries", "1", "--timeout", "300"});
-    QCOMPARE(read.exitCode(), 1);
-    QCOMPARE(read.output(), QByteArray("1 D500 8738\n"));
-    QCOMPARE(read.errors(), QByteArray("kxhost: D0@1: no reply\n"));
+    RunningWatch read({"read", "D0", "--tcp", server.address(), "--protocol", "tcp", "--retries",
+                       "2", "--timeout", "300"});
+    QCOMPARE(read.exitCode(), 0);
+    QCOMPARE(read.output(), QByteArray("1 D0 8738\n"));
 }
 
 void ModbusTcpTest::aGatewayOfRtuIsNoServer()

@@ -1,6 +1,6 @@
 // `kxhost raw` as a process, against a simulated controller on a pseudo-terminal.
 
-#include "kxsim/simulated_line.h"
+#include "kxsim/service/simulated_line.h"
 #include "tools/kxhost/commands/command_process.h"
 
 #include <QtTest/QTest>
