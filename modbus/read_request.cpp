@@ -21,16 +21,18 @@ void getReadFrame(VARIABLE& job)
     const RegisterType* const type = findRegisterType(job.regType);
     const bool readsBits = type && type->registerClass == BIT_CLASS;
 
+    // The job given may lie in a frame of the list, which appending moves.
     FRAME_PRO& request = appendFrame(job);
+    const VARIABLE& built = request.job;
     FrameBytes bytes(request);
-    bytes.putHeader(job.station, readsBits ? READ_COILS : READ_HOLDING_REGISTERS,
-                    modbusNumber(type, job.address), job.count);
+    bytes.putHeader(built.station, readsBits ? READ_COILS : READ_HOLDING_REGISTERS,
+                    modbusNumber(type, built.address), built.count);
     bytes.putCrc(SHORT_FRAME_LENGTH - CRC_LENGTH);
 
     const int dataBytes =
-        readsBits ? packedBytes(job.count) : wrapMul(job.count, BYTES_PER_REGISTER);
+        readsBits ? packedBytes(built.count) : wrapMul(built.count, BYTES_PER_REGISTER);
     request.sendLen = SHORT_FRAME_LENGTH;
     request.recvLen = wrapAdd(dataBytes, REPLY_OVERHEAD);
     request.frameFunc = FIRST_DATA_BYTE;
-    request.dataLen = readsBits ? job.count : dataBytes;
+    request.dataLen = readsBits ? built.count : dataBytes;
 }

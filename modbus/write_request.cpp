@@ -93,10 +93,12 @@ void getWriteFrame(VARIABLE& job)
     const RegisterType* const type = findRegisterType(job.regType);
     if (!type)
         return;
+    // The job given may lie in a frame of the list, which appending moves.
     FRAME_PRO& request = appendFrame(job);
+    const VARIABLE& built = request.job;
     FrameBytes bytes(request);
-    request.sendLen =
-        job.count == 1 ? putSingleWrite(bytes, job, type) : putMultipleWrite(bytes, job, type);
+    request.sendLen = built.count == 1 ? putSingleWrite(bytes, built, type)
+                                       : putMultipleWrite(bytes, built, type);
     bytes.putCrc(request.sendLen - CRC_LENGTH);
     request.recvLen = SHORT_FRAME_LENGTH;
 }

@@ -1,5 +1,6 @@
 // Requests made one after the other: none shows anything of the one before.
 #include "modbus/read_request.h"
+#include "modbus/write_request.h"
 #include "support/driver_fixture.h"
 
 #include <QtTest/QTest>
@@ -142,6 +143,25 @@ private slots:
         QCOMPARE(static_cast<int>(driver.frameList.size()), 2);
         compareWithAReadOfD0(driver.frameList.at(0));
         QCOMPARE(driver.frameList.at(1).job.address, 5);
+    }
+
+    // The list moves its frames while it grows.
+    void jobsThatLieInTheList()
+    {
+        DriverFixture runtime;
+        watchD0();
+        runtime.poll();
+        for (int i = 1; i < 20; ++i) {
+            getReadFrame(driver.frameList[i - 1].job);
+            compareWithAReadOfD0(driver.frameList.at(i));
+        }
+        VARIABLE write = driver.currentJob;
+        write.data[0] = 0x12;
+        getWriteFrame(write);
+        for (int i = 21; i < 40; ++i) {
+            getWriteFrame(driver.frameList[i - 1].job);
+            QCOMPARE(wholeBytes(driver.frameList.at(i)), wholeBytes(driver.frameList.at(20)));
+        }
     }
 
     void aRequestAfterOneThatFailedForGood()
