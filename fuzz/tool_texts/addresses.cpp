@@ -1,6 +1,6 @@
-#include "panel/text/duration.h"
 #include "kxhost/options/scan_stations.h"
 #include "kxhost/terminal/prompt_input.h"
+#include "panel/text/duration.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
 

@@ -41,10 +41,10 @@ void CompletionTest::theScriptIsGoodBash()
 
 void CompletionTest::everyCommandIsOffered()
 {
-    QCOMPARE(completed(QLatin1String("''")),
-             (QStringList{"--help", "--simulate", "--version", "check", "listen", "plan", "ports",
-                          "raw", "read", "recipe", "registers", "scan", "series", "watch",
-                          "write"}));
+    QCOMPARE(
+        completed(QLatin1String("''")),
+        (QStringList{"--help", "--simulate", "--version", "check", "listen", "plan", "ports", "raw",
+                     "read", "recipe", "registers", "scan", "series", "watch", "write"}));
 }
 
 void CompletionTest::whatIsOffered_data()

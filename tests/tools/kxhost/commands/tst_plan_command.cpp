@@ -30,7 +30,8 @@ void PlanCommandTest::aPlanIsShown()
     QCOMPARE(
         result.output,
         (QStringList{
-            "Request limit auto, 9600 baud, 10 bits per character, turnaround 5.0 ms, frame gap 3.6 "
+            "Request limit auto, 9600 baud, 10 bits per character, turnaround 5.0 ms, frame gap "
+            "3.6 "
             "ms",
             "",
             "#  STATION  ADDRESSES     MODBUS                        ASKED  BRIDGED  BYTES OUT  "
@@ -81,9 +82,10 @@ void PlanCommandTest::theLineCounts()
 {
     // 14 characters of 11 bits at 19200 baud are 8.02 ms, the gap 2.01 ms.
     const CommandResult result = runCommand("plan X0 -b 19200 --parity Even --turnaround 10ms");
-    QCOMPARE(result.output.value(0),
-             QString::fromLatin1("Request limit auto, 19200 baud, 11 bits per character, turnaround "
-                                 "10.0 ms, frame gap 2.0 ms"));
+    QCOMPARE(
+        result.output.value(0),
+        QString::fromLatin1("Request limit auto, 19200 baud, 11 bits per character, turnaround "
+                            "10.0 ms, frame gap 2.0 ms"));
     QVERIFY2(result.output.contains(QLatin1String(
                  "Cycle: 1 request, 8 bytes out, 6 in, 20.0 ms (49.9 cycles/s), line load 40 %")),
              qPrintable(result.output.join(QLatin1Char('\n'))));

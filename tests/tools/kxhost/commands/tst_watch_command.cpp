@@ -57,8 +57,8 @@ void WatchCommandTest::rangesBeyondOneRequest()
     QVERIFY(holds(result.output, " 1 D99 7"));
     QVERIFY(holds(result.output, " 1 M69 1"));
     // 32 + 32 + 32 + 4 registers, 40 + 30 coils.
-    const CommandResult limited = runCommand(
-        on(simulator, "watch D0:100 M0:70 --max-words 32 --max-bits 40 --cycles 1"));
+    const CommandResult limited =
+        runCommand(on(simulator, "watch D0:100 M0:70 --max-words 32 --max-bits 40 --cycles 1"));
     QVERIFY(holds(limited.output, "6 requests in 1 cycle: 6 accepted"));
     QVERIFY(holds(limited.output, " 1 D99 7"));
     QVERIFY(holds(limited.output, " 1 M69 1"));

@@ -31,8 +31,7 @@ void ReadJobRefusalsTest::halves_data()
         << none;
     // 16 registers any controller answers.
     QTest::newRow("one range is cut no shorter than 16")
-        << QStringList{"D0:33"} << 125 << 7 << "D0:33 D0:16 D16:17"
-        << QStringList{"D0"};
+        << QStringList{"D0:33"} << 125 << 7 << "D0:33 D0:16 D16:17" << QStringList{"D0"};
     QTest::newRow("only what is missing fails") << QStringList{"D0", "D1", "D2", "D3"} << 125 << 2
                                                 << "D0:4 D0:2 D2:2 D2:1 D3:1" << QStringList{"D2"};
     QTest::newRow("what is missing lies between")
