@@ -50,7 +50,7 @@ std::optional<CollectedReply> CurrentExchange::add(const QByteArray& bytes, qint
     m_record.reply += kept;
     m_statistics->bytesReceived += bytes.size() - kept.size();
     const qint64 sinceRequest = now - m_transmittedAt;
-    const std::optional<CollectedReply> reply = m_collector.add(bytes, sinceRequest, timing);
+    std::optional<CollectedReply> reply = m_collector.add(bytes, sinceRequest, timing);
     if (reply && (reply->kind == ReplyKind::Good || reply->kind == ReplyKind::Exception))
         m_record.turnaround =
             qMax(qint64(0), sinceRequest - timing.transmissionTime(reply->bytes.size()));
