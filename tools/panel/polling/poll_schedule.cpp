@@ -179,7 +179,7 @@ PollSchedule::Step PollSchedule::end(int index, Outcome outcome, qint64 now)
 {
     Step step;
     if (outcome == Outcome::Answered)
-        onAnswer(index);
+        onAnswer(index, now);
     else if (outcome == Outcome::Silent)
         step.silenced = onSilence(index, now);
     step.endsCycle =
@@ -189,11 +189,27 @@ PollSchedule::Step PollSchedule::end(int index, Outcome outcome, qint64 now)
     return step;
 }
 
-void PollSchedule::onAnswer(int index)
+void PollSchedule::onAnswer(int index, qint64 now)
 {
     state(index).silences = 0;
-    if (m_silent.onAnswer(station(index)))
-        m_tries.remove(station(index));
+    if (!m_silent.onAnswer(station(index)))
+        return;
+    m_tries.remove(station(index));
+    for (int other = 0; other < size(); ++other) {
+        if (other != index && station(other) == station(index))
+            bringForward(other, now);
+    }
+}
+
+/// What counts as unanswered since its station was silent is not to wait for its time.
+void PollSchedule::bringForward(int index, qint64 now)
+{
+    State& poll = state(index);
+    if (poll.wanted.interval == 0 || poll.dueAt <= now)
+        return;
+    m_due.erase({poll.dueAt, index});
+    poll.dueAt = now;
+    m_due.insert({poll.dueAt, index});
 }
 
 int PollSchedule::onSilence(int index, qint64 now)
@@ -206,7 +222,8 @@ int PollSchedule::onSilence(int index, qint64 now)
             now + SilentStations::waitAfter(poll.silences - MOST_SILENCES) * m_replyTimeout;
         return 0;
     }
-    m_silent.onSilence(ofPoll, m_roundNumber, now);
+    // A round of which nothing was sent is still the next one.
+    m_silent.onSilence(ofPoll, m_wasSentInCycle ? m_roundNumber : m_roundNumber - 1, now);
     const int tried = pollAfter(index);
     if (tried >= 0)
         m_tries.insert(ofPoll, tried);

@@ -18,7 +18,8 @@ namespace kx
 /// come when they are due, one after each of the others at most, spread over their interval.
 ///
 /// A station that does not answer is left out, but for a try now and then of one of its polls
-/// after the other; see SilentStations. A poll that fails again although its station answers
+/// after the other; see SilentStations. When it answers, those with an interval are due at once,
+/// too. A poll that fails again although its station answers
 /// others is left out by itself in the same way.
 ///
 /// Times are microseconds on the loop's clock.
@@ -83,7 +84,8 @@ private:
     int nextDue(qint64 now);
     bool maySend(int index, qint64 now) const;
     void advance(int index, qint64 now);
-    void onAnswer(int index);
+    void onAnswer(int index, qint64 now);
+    void bringForward(int index, qint64 now);
     int onSilence(int index, qint64 now);
     int pollAfter(int index) const;
 

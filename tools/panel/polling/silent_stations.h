@@ -28,7 +28,6 @@ public:
     void onSilence(int station, qint64 round, qint64 now);
     /// Whether it was silent before.
     bool onAnswer(int station) { return m_stations.remove(station) > 0; }
-    void clear() { m_stations.clear(); }
 
 private:
     struct Silence {

@@ -106,6 +106,8 @@ private slots:
     void itsPollsAreTriedInTurn();
     void itIsBackAtOnce();
     void aSilentStationWithIntervalsAlone();
+    void aStationThatFallsSilentBetweenCyclesIsTried();
+    void whatIsReadSeldomIsReadWhenItsStationIsBack();
     void aPollThatIsNeverAnsweredIsLeftOutAlone();
     void theLinesFaultIsNoSilence();
     void whatStaysKeepsItsTimes();
@@ -196,6 +198,26 @@ void PollScheduleTest::aSilentStationWithIntervalsAlone()
     run.silent = {2};
     // 400 ms after the try of D1 one of them is due, whichever comes first.
     QCOMPARE(run.until(1000), QStringLiteral("D0@2!(2) D1@2?!| 400ms D0@2?!| 300ms"));
+    QCOMPARE(run.schedule().missed(), qint64(0));
+}
+
+// By a slow poll, of which no cycle is made: else nobody would be asked any more.
+void PollScheduleTest::aStationThatFallsSilentBetweenCyclesIsTried()
+{
+    PollRun run(QStringLiteral("D0@2 D9@2/1000"));
+    run.silent = {2};
+    QCOMPARE(run.until(700), QStringLiteral("D9@2!(2) D0@2?!| 400ms D0@2?!|"));
+}
+
+// All its addresses count as unanswered meanwhile: D9 must not do so for another minute.
+void PollScheduleTest::whatIsReadSeldomIsReadWhenItsStationIsBack()
+{
+    PollRun run(QStringLiteral("D0@2 D9@2/60000"));
+    QCOMPARE(run.until(20), QStringLiteral("D9@2 D0@2|"));
+    run.silent = {2};
+    QCOMPARE(run.until(210), QStringLiteral("D0@2!(2)| D0@2?!|"));
+    run.silent.clear();
+    QCOMPARE(run.until(660), QStringLiteral("400ms D0@2?| D9@2 D0@2| D0@2|"));
     QCOMPARE(run.schedule().missed(), qint64(0));
 }
 
