@@ -10,7 +10,8 @@ namespace kx
 namespace
 {
 
-/// Bytes that are no reply may come from anywhere.
+/// What took the whole time-out is silence, even if a line that floats made up a character. Damaged
+/// bytes cost no time-out, and may be a reply.
 PollSchedule::Outcome outcomeOf(ReplyKind kind, bool isTry)
 {
     switch (kind) {
@@ -19,10 +20,10 @@ PollSchedule::Outcome outcomeOf(ReplyKind kind, bool isTry)
     case ReplyKind::WrongByteCount:
         return PollSchedule::Outcome::Answered;
     case ReplyKind::None:
-        return PollSchedule::Outcome::Silent;
     case ReplyKind::Short:
-    case ReplyKind::Bad:
     case ReplyKind::Foreign:
+        return PollSchedule::Outcome::Silent;
+    case ReplyKind::Bad:
         return isTry ? PollSchedule::Outcome::Silent : PollSchedule::Outcome::Unknown;
     default:
         return PollSchedule::Outcome::Unknown;

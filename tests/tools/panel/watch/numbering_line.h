@@ -24,9 +24,10 @@ public:
     void write(const QByteArray& bytes) override
     {
         ++requests;
-        if (silentStations.contains(bytes.at(0)))
+        const bool isSilent = silentStations.contains(bytes.at(0));
+        const QByteArray reply = isSilent ? noise : controller.replyTo(bytes);
+        if (reply.isEmpty())
             return;
-        const QByteArray reply = controller.replyTo(bytes);
         m_clock->after(1000, [this, reply] { emit bytesArrived(reply); });
     }
     QByteArray takeWaiting() override { return QByteArray(); }
@@ -37,6 +38,7 @@ public:
 
     NumberingController controller;
     QSet<int> silentStations; ///< answer nothing
+    QByteArray noise;         ///< what comes instead
     int requests = 0;
 
 private:

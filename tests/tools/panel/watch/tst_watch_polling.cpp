@@ -19,6 +19,7 @@ private slots:
     void whatLiesInAGapIsLeftOut();
     void turnaroundsAreLearned();
     void aSilentStationsAddressesAreAllUnanswered();
+    void whatADeadStationsLineMakesUpIsNoAnswer();
     void slowTagsAreReadSeldom();
     void writesGoOnWhileNothingIsPolled();
 
@@ -182,6 +183,21 @@ void WatchPollingTest::aSilentStationsAddressesAreAllUnanswered()
     QCOMPARE(log(), QStringLiteral("D0:1 D0:1 station 2 answers again D500:1 |"));
     runUntilCycle(5);
     QVERIFY(!m_watch->hasDeviceFailed());
+}
+
+// The line floats when the adapter lets it go, and a receiver takes that for a character.
+void WatchPollingTest::whatADeadStationsLineMakesUpIsNoAnswer()
+{
+    m_settings = chosenLengths();
+    m_settings.exchange.replyTimeout = 100;
+    makeWatch({tagOf("D0"), tagOf("D0@2")});
+    m_line->silentStations = {2};
+    m_line->noise = QByteArray(1, '\0');
+    m_clock->pass(10000000);
+    m_log.clear();
+    m_clock->pass(10000000);
+    // Of 17 time-outs one: a hundred of the reads take a millisecond each in one that is free.
+    QVERIFY2(m_log.count(QStringLiteral("D0:1")) > 8000, qPrintable(QString::number(m_log.size())));
 }
 
 // A read takes a millisecond.
