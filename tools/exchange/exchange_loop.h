@@ -103,6 +103,16 @@ public:
             proceed();
     }
 
+    /// While idle: asks the driver then, if that is before the idle interval is over.
+    /// @param time microseconds on the clock; not one that has passed
+    void wakeBy(qint64 time)
+    {
+        const qint64 idle = m_settings.idleInterval * MICROSECONDS_PER_MILLISECOND;
+        const qint64 wait = time - now();
+        if (m_state == State::Idle && wait > 0 && wait < idle)
+            m_clock->wakeAfter(wait);
+    }
+
     const Statistics& statistics() const { return m_statistics; }
     /// Milliseconds since the first start().
     qint64 elapsed() const

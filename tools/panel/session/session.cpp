@@ -183,9 +183,9 @@ void Session::onIdle()
     m_wasAskedAgain =
         !isAskedAgain && (m_parts->port.hasQueued() || m_parts->port.isRecipePending());
     if (m_wasAskedAgain)
-        m_parts->loop->wake();
-    else
-        emit idle();
+        return m_parts->loop->wake();
+    m_parts->loop->wakeBy(m_parts->port.polls().schedule().nextAt());
+    emit idle();
 }
 
 void Session::tellChanges()

@@ -21,6 +21,7 @@ private slots:
     void aSilentStationsAddressesAreAllUnanswered();
     void whatADeadStationsLineMakesUpIsNoAnswer();
     void slowTagsAreReadSeldom();
+    void fastTagsAreReadInTime();
     void writesGoOnWhileNothingIsPolled();
 
 private:
@@ -209,6 +210,16 @@ void WatchPollingTest::slowTagsAreReadSeldom()
     QCOMPARE(m_log.count(QStringLiteral("D500:1")), 11);
     QCOMPARE(m_log.count(QStringLiteral("D900:1")), 2);
     QVERIFY(m_log.count(QStringLiteral("D0:1")) > 900);
+    QCOMPARE(m_watch->summary().missed, qint64(0));
+}
+
+// Sooner than the idle driver is asked, which is every 20 ms.
+void WatchPollingTest::fastTagsAreReadInTime()
+{
+    m_settings = chosenLengths();
+    makeWatch({slowTagOf("D500", 5)});
+    m_clock->pass(999000);
+    QCOMPARE(m_log.count(QStringLiteral("D500:1")), 200);
     QCOMPARE(m_watch->summary().missed, qint64(0));
 }
 
