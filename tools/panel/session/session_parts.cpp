@@ -42,7 +42,7 @@ int Session::watch(const QList<PolledRange>& ranges)
     for (const PolledRange& polled : ranges) {
         const Failure missing = rangeRefusal(polled.range);
         if (missing.isNone())
-            existing << polled;
+            existing << PolledRange{polled.range, qMax(polled.interval, 0)};
         else
             tellLater({0, CYCLIC_READ_JOB, {missing, AddressRange()}});
     }

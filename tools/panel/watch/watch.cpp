@@ -26,7 +26,7 @@ void Watch::setTags(const QList<Tag>& tags)
     QList<Tag> existing;
     QList<PolledRange> polled; // the session tells which of them do not exist
     for (const Tag& tag : tags) {
-        polled << PolledRange{tag.range, qMax(tag.interval, 0)};
+        polled << PolledRange{tag.range, tag.interval};
         if (rangeRefusal(tag.range).isNone())
             existing << tag;
     }

@@ -22,6 +22,7 @@ private slots:
     void whatADeadStationsLineMakesUpIsNoAnswer();
     void slowTagsAreReadSeldom();
     void fastTagsAreReadInTime();
+    void anIntervalBelowZeroIsNone();
     void writesGoOnWhileNothingIsPolled();
 
 private:
@@ -221,6 +222,19 @@ void WatchPollingTest::fastTagsAreReadInTime()
     m_clock->pass(999000);
     QCOMPARE(m_log.count(QStringLiteral("D500:1")), 200);
     QCOMPARE(m_watch->summary().missed, qint64(0));
+}
+
+void WatchPollingTest::anIntervalBelowZeroIsNone()
+{
+    m_settings = chosenLengths();
+    makeWatch({tagOf("D0")});
+    QCOMPARE(m_session->watch({PolledRange{rangeOf("D5"), -1}}), 1);
+    m_clock->pass(100000);
+    QVERIFY(m_log.count(QStringLiteral("D5:1")) > 90);
+    QCOMPARE(m_session->missedPolls(), qint64(0));
+    m_line->silentStations = {1};
+    m_clock->pass(10000000);
+    QVERIFY(m_log.contains(QStringLiteral("station 1 does not answer")));
 }
 
 void WatchPollingTest::writesGoOnWhileNothingIsPolled()
