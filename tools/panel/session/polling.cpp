@@ -1,7 +1,6 @@
 #include "panel/session/polling.h"
 
 #include "data/reply_handling.h"
-#include "panel/plan/watched_ranges.h"
 #include "panel/polling/poll_plan.h"
 #include "panel/session/driver_values.h"
 
@@ -38,13 +37,18 @@ bool isAddressRefused(const ExchangeRecord& record)
                || record.exceptionCode == ILLEGAL_DATA_VALUE);
 }
 
-bool spansGap(const AddressRange& asked, const QList<PolledRange>& wanted)
+WatchedRanges watchedOf(const QList<PolledRange>& wanted)
 {
     QList<AddressRange> ranges;
     for (const PolledRange& polled : wanted)
         ranges << polled.range;
+    return WatchedRanges(ranges);
+}
+
+bool spansGap(const AddressRange& asked, const WatchedRanges& watched)
+{
     int covered = 0;
-    for (const AddressRange& part : WatchedRanges(ranges).within(asked))
+    for (const AddressRange& part : watched.within(asked))
         covered += part.values;
     return covered < asked.values;
 }
@@ -64,6 +68,7 @@ Polling::Polling(DriverPort* port, const Line* line, const SessionSettings& sett
 int Polling::replace(const QList<PolledRange>& ranges)
 {
     m_ranges = ranges;
+    m_watched = watchedOf(ranges);
     return plan();
 }
 
@@ -107,7 +112,7 @@ bool Polling::learn(const ExchangeRecord& record)
     if (record.result == REPLY_ACCEPTED && record.turnaround >= 0)
         m_learned.onAnswer(asked, record.turnaround);
     return record.result == REPLY_FAILED && isAddressRefused(record)
-           && m_learned.onRefusal(asked, spansGap(asked, m_ranges));
+           && m_learned.onRefusal(asked, spansGap(asked, m_watched));
 }
 
 } // namespace kx

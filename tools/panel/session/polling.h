@@ -2,6 +2,7 @@
 #define KX_PANEL_SESSION_POLLING_H
 
 #include "exchange/lines/line.h"
+#include "panel/plan/watched_ranges.h"
 #include "panel/polling/learned_rules.h"
 #include "panel/session/driver_port.h"
 
@@ -41,6 +42,7 @@ private:
     const LoopClock* m_clock;
     LearnedRules m_learned;
     QList<PolledRange> m_ranges;
+    WatchedRanges m_watched{{}}; ///< the same, in order
     qint64 m_plannedAt = 0; ///< by the clock
 };
 
