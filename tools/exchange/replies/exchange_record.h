@@ -44,6 +44,14 @@ struct ExchangeRecord {
     qint64 turnaround = -1;
 };
 
+/// Of a gateway that cannot reach the station: in the station's name, but not by it.
+inline bool isGatewayException(int code)
+{
+    const int noPath = 10;
+    const int noAnswer = 11;
+    return code == noPath || code == noAnswer;
+}
+
 } // namespace kx
 
 Q_DECLARE_METATYPE(kx::ExchangeRecord)

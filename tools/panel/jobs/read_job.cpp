@@ -123,7 +123,7 @@ void ReadJob::onFailure(const AddressRange& piece, const Failure& failure)
         return;
     }
     m_wanted->fail(piece, failure);
-    if (failure.kind != FailureKind::NoReply)
+    if (failure.kind != FailureKind::NoReply && !isGatewayException(failure.exceptionCode))
         return;
     const auto isOfStation = [&](const AddressRange& other) {
         return other.station == piece.station;

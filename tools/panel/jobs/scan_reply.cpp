@@ -28,6 +28,8 @@ ScanReply scanReplyOf(const ExchangeRecord& record)
     if (record.replyKind == ReplyKind::Good) {
         reply.answer = ScanAnswer::Value;
     } else if (record.replyKind == ReplyKind::Exception) {
+        if (isGatewayException(record.exceptionCode))
+            return reply;
         reply.answer = ScanAnswer::Exception;
         reply.exceptionCode = record.exceptionCode;
         reply.fault = exceptionText(record.exceptionCode);

@@ -26,7 +26,7 @@ struct ScanReply {
     QString fault; ///< "exception 2 (illegal data address)", "a wrong byte count"
 };
 
-/// A reply counts when its CRC is right, whatever it says.
+/// A reply counts when its CRC is right, whatever it says: but for a gateway's, which is nobody's.
 KXRUNTIME_EXPORT ScanReply scanReplyOf(const ExchangeRecord& record);
 
 /// "station 5: answered with exception 2 (illegal data address)".

@@ -12,11 +12,13 @@ namespace
 
 /// What took the whole time-out is silence, even if a line that floats made up a character. Damaged
 /// bytes cost no time-out, and may be a reply.
-PollSchedule::Outcome outcomeOf(ReplyKind kind, bool isTry)
+PollSchedule::Outcome outcomeOf(const ExchangeRecord& record, bool isTry)
 {
-    switch (kind) {
-    case ReplyKind::Good:
+    switch (record.replyKind) {
     case ReplyKind::Exception:
+        return isGatewayException(record.exceptionCode) ? PollSchedule::Outcome::Silent
+                                                        : PollSchedule::Outcome::Answered;
+    case ReplyKind::Good:
     case ReplyKind::WrongByteCount:
         return PollSchedule::Outcome::Answered;
     case ReplyKind::None:
@@ -84,7 +86,7 @@ PollSchedule::Step PollFeed::end(const ExchangeRecord& record)
     const int poll = std::exchange(m_taken, -1);
     if (poll < 0)
         return PollSchedule::Step();
-    return m_schedule.end(poll, outcomeOf(record.replyKind, m_isTry), m_clock->now());
+    return m_schedule.end(poll, outcomeOf(record, m_isTry), m_clock->now());
 }
 
 } // namespace kx

@@ -13,16 +13,19 @@ namespace kx
 namespace
 {
 
-bool isAnswer(ReplyKind kind)
+bool isAnswer(const ExchangeRecord& record)
 {
-    return kind == ReplyKind::Good || kind == ReplyKind::Exception;
+    return record.replyKind == ReplyKind::Good
+           || (record.replyKind == ReplyKind::Exception
+               && !isGatewayException(record.exceptionCode));
 }
 
 /// The request went out, and its station should have answered.
 bool isStationsFault(ReplyKind kind)
 {
-    return kind == ReplyKind::None || kind == ReplyKind::Short || kind == ReplyKind::Bad
-           || kind == ReplyKind::Foreign;
+    // An exception that is no answer is a gateway's.
+    return kind == ReplyKind::Exception || kind == ReplyKind::None || kind == ReplyKind::Short
+           || kind == ReplyKind::Bad || kind == ReplyKind::Foreign;
 }
 
 const char* stateOf(LinkEvent::Kind kind)
@@ -113,7 +116,7 @@ QList<LinkEvent> LinkState::onExchange(const ExchangeRecord& record)
         events << LinkEvent{isNeverSilent ? LinkEvent::LineNeverSilent : LinkEvent::LineSilent};
     }
     const int station = record.job.station;
-    if (isAnswer(record.replyKind)) {
+    if (isAnswer(record)) {
         if (m_silentStations.remove(station))
             events << LinkEvent{LinkEvent::StationBack, station};
     } else if (record.result == REPLY_FAILED && isStationsFault(record.replyKind)

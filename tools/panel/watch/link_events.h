@@ -45,7 +45,8 @@ class KXRUNTIME_EXPORT LinkState
 {
 public:
     /// A station is silent from a request that failed for good without any usable reply
-    /// until its next reply; a refusal is one. What the line did is not its fault.
+    /// until its next reply; a refusal is one, unless a gateway speaks for the station. What the
+    /// line did is not its fault.
     QList<LinkEvent> onExchange(const ExchangeRecord& record);
 
     QList<LinkEvent> onLineLost();

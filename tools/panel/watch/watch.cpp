@@ -70,7 +70,8 @@ void Watch::onRead(const ExchangeRecord& record)
         tell(m_list.onRead(
             record.job, [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
     else if (record.result == REPLY_FAILED)
-        tell(m_list.onFailure(record.job, record.replyKind == ReplyKind::Exception));
+        tell(m_list.onFailure(record.job, record.replyKind == ReplyKind::Exception
+                                              && !isGatewayException(record.exceptionCode)));
 }
 
 void Watch::countCycle()

@@ -2,6 +2,7 @@
 
 #include "panel/jobs/read_job.h"
 #include "registers/register_types.h"
+#include "support/driver_fixture.h"
 #include "tools/panel/watch/numbering_line.h"
 #include "tools/panel/watch/watch_entries.h"
 
@@ -16,6 +17,7 @@ class ReadJobRefusalsTest : public QObject
 private slots:
     void halves_data();
     void halves();
+    void aStationThatAGatewayDoesNotReachIsAskedOnce();
 };
 
 void ReadJobRefusalsTest::halves_data()
@@ -87,6 +89,34 @@ void ReadJobRefusalsTest::halves()
         QVERIFY(clock.step());
     QTEST(asked.join(QLatin1Char(' ')), "asked");
     QTEST(failed, "failed");
+}
+
+// Each request takes the gateway's time-out.
+void ReadJobRefusalsTest::aStationThatAGatewayDoesNotReachIsAskedOnce()
+{
+    VirtualClock clock;
+    NumberingLine line(&clock);
+    line.silentStations = {1};
+    line.noise = withCrc("01 83 0B"); // station 1, function 3 refused, target does not respond
+    SessionSettings settings;
+    settings.retries = 1;
+    DriverEntryPoints entryPoints;
+    QString error;
+    QVERIFY(loadDriver(QString::fromLatin1(KX_DRIVER_FILE), &entryPoints, &error));
+    const std::unique_ptr<Session> session =
+        Session::create(entryPoints, &line, settings, &error, &clock);
+    ReadJob job(session.get(), {tagOf("D0"), tagOf("D500"), tagOf("D900")});
+    int failed = 0;
+    connect(&job, &ReadJob::rangeFinished, this, [&](const ReadOutcome& outcome) {
+        QCOMPARE(outcome.failure.exceptionCode, 11);
+        ++failed;
+    });
+    session->start();
+    job.start();
+    while (!job.hasEnded())
+        QVERIFY(clock.step());
+    QCOMPARE(failed, 3);
+    QCOMPARE(line.requests, 1);
 }
 
 QTEST_GUILESS_MAIN(ReadJobRefusalsTest)

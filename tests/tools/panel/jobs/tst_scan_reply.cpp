@@ -45,6 +45,8 @@ void ScanReplyTest::aReplyCounts_data()
         << ReplyKind::Short << 0 << withCrc("05 11")
         << "station 5: answered with another or a late reply"
         << QByteArray("{\"answer\":\"other\",\"event\":\"station\",\"station\":5}");
+    QTest::newRow("a gateway's word that the station is silent")
+        << ReplyKind::Exception << 11 << withCrc("05 83 0B") << QString() << QByteArray();
     QTest::newRow("silence") << ReplyKind::None << 0 << QByteArray() << QString() << QByteArray();
     QTest::newRow("half a reply") << ReplyKind::Short << 0 << bytes("05 03 02") << QString()
                                   << QByteArray();

@@ -1,6 +1,7 @@
 // With which requests a watch list is polled, and when.
 
 #include "panel/watch/watch.h"
+#include "support/driver_fixture.h"
 #include "support/growth.h"
 #include "tools/panel/watch/numbering_line.h"
 #include "tools/panel/watch/watch_entries.h"
@@ -22,6 +23,7 @@ private slots:
     void turnaroundsAreLearned();
     void aSilentStationsAddressesAreAllUnanswered();
     void whatADeadStationsLineMakesUpIsNoAnswer();
+    void whatAGatewaySaysOfADeadStationIsNoAnswer();
     void slowTagsAreReadSeldom();
     void fastTagsAreReadInTime();
     void anIntervalBelowZeroIsNone();
@@ -227,6 +229,23 @@ void WatchPollingTest::whatADeadStationsLineMakesUpIsNoAnswer()
     m_clock->pass(10000000);
     // Of 17 time-outs one: a hundred of the reads take a millisecond each in one that is free.
     QVERIFY2(m_log.count(QStringLiteral("D0:1")) > 8000, qPrintable(QString::number(m_log.size())));
+}
+
+// It waited for the station in our place, each time for longer than a second perhaps.
+void WatchPollingTest::whatAGatewaySaysOfADeadStationIsNoAnswer()
+{
+    m_settings = chosenLengths();
+    m_settings.exchange.replyTimeout = 100;
+    makeWatch({tagOf("D0"), tagOf("D7@2"), tagOf("D500@2")});
+    m_line->silentStations = {2};
+    m_line->noise = withCrc("02 83 0B"); // station 2, function 3 refused, target does not respond
+    runUntilCycle(1);
+    QCOMPARE(log(), QStringLiteral("D0:1 D7:1 station 2 does not answer |"));
+    for (const int index : {1, 2})
+        QCOMPARE(m_watch->list().entries().at(index).state, WatchState::NoAnswer);
+    m_clock->pass(10000000);
+    QVERIFY(m_log.count(QStringLiteral("D7:1")) < 10);
+    QVERIFY(!m_log.contains(QStringLiteral("station 2 answers again")));
 }
 
 // A read takes a millisecond.
