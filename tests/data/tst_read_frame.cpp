@@ -41,6 +41,8 @@ private slots:
     void words();
     void doubleWords_data();
     void doubleWords();
+    void memoryBehindTheReply_data();
+    void memoryBehindTheReply();
     void coils_data();
     void coils();
     void marksOfAFailedRead_data();
@@ -115,6 +117,43 @@ void ReadFrameTest::doubleWords()
         QCOMPARE(runtime.deal(DOUBLE_WORDS), 1);
         QTEST(cachedValues(4), "values");
     }
+}
+
+// The last value lies half in the reply. What is behind it would make it the cached one.
+void ReadFrameTest::memoryBehindTheReply_data()
+{
+    addFields();
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QByteArray>("reply");
+    QTest::addColumn<QByteArray>("behind");
+    QTest::addColumn<QByteArray>("cached");
+    QTest::addColumn<QByteArray>("stored");
+    QTest::newRow("half a word") << 10 << 2 << "D" << WORDS << bytes("34") << bytes("34180000")
+                                 << bytes("00180000");
+    QTest::newRow("half a double word") << 11 << 4 << "32CV" << DOUBLE_WORDS << bytes("5678")
+                                        << bytes("78569C74") << bytes("00009C74");
+}
+
+void ReadFrameTest::memoryBehindTheReply()
+{
+    QFETCH(int, start);
+    QFETCH(int, length);
+    QFETCH(QString, type);
+    QFETCH(QByteArray, reply);
+    QFETCH(QByteArray, behind);
+    QFETCH(QByteArray, cached);
+    const QByteArray memory = reply + behind;
+    DriverFixture runtime;
+    setReadValue(1, qPrintable(type), 200, cached);
+    QTEST(DriverFixture::data(1, qPrintable(type), 200, 2, 4), "cached"); // looked up before
+    driver.readList << job(1, qPrintable(type), 200, (static_cast<int>(reply.size()) - 5) / 2);
+    runtime.poll();
+    setFields(start, length);
+    QByteArray received =
+        QByteArray::fromRawData(memory.constData(), static_cast<int>(reply.size()));
+    QString error;
+    QCOMPARE(intf_dealRcvFrame(received, error), 1);
+    QTEST(readValue(1, qPrintable(type), 200), "stored");
 }
 
 // Reported is what differs from the whole reply byte at the coil's own position.

@@ -145,6 +145,18 @@ private slots:
         QCOMPARE(driver.frameList.at(1).job.address, 5);
     }
 
+    // The request answered before it does not come back.
+    void aFrameFromOutsideLeavesTheListEmpty()
+    {
+        DriverFixture runtime;
+        watchD0();
+        runtime.poll();
+        QCOMPARE(runtime.deal(withCrc("01 03 02 1234")), 1);
+        driver.frameList.append(runtime.polled());
+        QCOMPARE(runtime.deal(withCrc("01 03 02 1234")), 1);
+        QCOMPARE(static_cast<int>(driver.frameList.size()), 0);
+    }
+
     // The list moves its frames while it grows.
     void jobsThatLieInTheList()
     {
