@@ -43,7 +43,7 @@ private:
     LearnedRules m_learned;
     QList<PolledRange> m_ranges;
     WatchedRanges m_watched{{}}; ///< the same, in order
-    qint64 m_plannedAt = 0; ///< by the clock
+    qint64 m_plannedAt = 0;      ///< by the clock
 };
 
 } // namespace kx
