@@ -80,8 +80,8 @@ private:
     void waitForSomething() const;
     void takeIn();
     void deliver();
-    void handOver(int from, char byte);
-    void record(int from, const PacedWire::Character& character);
+    void handOver(int from, char byte, qint64 passed);
+    void record(int from, const PacedWire::Character& character, qint64 passed);
 
     RelaySettings m_settings;
     qint64 m_pause; ///< that ends a frame
@@ -171,35 +171,35 @@ void PtyRelay::deliver()
             const PacedWire::Character character = wire.take();
             // Whoever has got a byte finds it among the frames.
             const std::lock_guard<std::mutex> lock(m_mutex);
-            handOver(from, character.byte);
-            record(from, character);
+            const qint64 passed = now();
+            handOver(from, character.byte, passed);
+            record(from, character, passed / NANOSECONDS_PER_MICROSECOND);
         }
     }
 }
 
-void PtyRelay::handOver(int from, char byte)
+void PtyRelay::handOver(int from, char byte, qint64 passed)
 {
     Side& other = m_sides[from == MASTER ? SLAVE : MASTER];
     if (other.port)
         return other.port->send(byte);
     const QByteArray reply = m_station.take(byte);
     if (!reply.isEmpty())
-        other.wire.send(reply, now() + m_settings.turnaround * NANOSECONDS_PER_MICROSECOND);
+        other.wire.send(reply, passed + m_settings.turnaround * NANOSECONDS_PER_MICROSECOND);
 }
 
-void PtyRelay::record(int from, const PacedWire::Character& character)
+void PtyRelay::record(int from, const PacedWire::Character& character, qint64 passed)
 {
-    const qint64 handedOver = now() / NANOSECONDS_PER_MICROSECOND;
     const qint64 start = character.start / NANOSECONDS_PER_MICROSECOND;
     const bool goesOn = !m_frames.isEmpty() && m_frames.last().isFromMaster == (from == MASTER)
                         && start - m_frames.last().end < m_pause / NANOSECONDS_PER_MICROSECOND;
     if (!goesOn) {
         if (m_frames.size() == MOST_FRAMES)
             m_frames.clear();
-        m_frames.append({from == MASTER, QByteArray(), start, handedOver});
+        m_frames.append({from == MASTER, QByteArray(), start, passed});
     }
     m_frames.last().bytes.append(character.byte);
-    m_frames.last().end = handedOver;
+    m_frames.last().end = passed;
 }
 
 } // namespace
