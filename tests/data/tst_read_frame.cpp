@@ -119,7 +119,7 @@ void ReadFrameTest::doubleWords()
     }
 }
 
-// The last value lies half in the reply. What is behind it would make it the cached one.
+// Of two values the second lies half in the reply. What is behind it would make it the cached one.
 void ReadFrameTest::memoryBehindTheReply_data()
 {
     addFields();
@@ -127,11 +127,11 @@ void ReadFrameTest::memoryBehindTheReply_data()
     QTest::addColumn<QByteArray>("reply");
     QTest::addColumn<QByteArray>("behind");
     QTest::addColumn<QByteArray>("cached");
-    QTest::addColumn<QByteArray>("stored");
-    QTest::newRow("half a word") << 10 << 2 << "D" << WORDS << bytes("34") << bytes("34180000")
-                                 << bytes("00180000");
-    QTest::newRow("half a double word") << 11 << 4 << "32CV" << DOUBLE_WORDS << bytes("5678")
-                                        << bytes("78569C74") << bytes("00009C74");
+    QTest::addColumn<QString>("values");
+    QTest::newRow("words") << 8 << 4 << "D" << WORDS << bytes("34") << bytes("2A66 3418")
+                           << "200:2a66 201:0018";
+    QTest::newRow("double words") << 7 << 8 << "32CV" << DOUBLE_WORDS << bytes("5678")
+                                  << bytes("88776655 78569C74") << "200:88776655 201:00009c74";
 }
 
 void ReadFrameTest::memoryBehindTheReply()
@@ -140,20 +140,21 @@ void ReadFrameTest::memoryBehindTheReply()
     QFETCH(int, length);
     QFETCH(QString, type);
     QFETCH(QByteArray, reply);
-    QFETCH(QByteArray, behind);
     QFETCH(QByteArray, cached);
+    QFETCH(QByteArray, behind);
     const QByteArray memory = reply + behind;
+    const int replySize = static_cast<int>(reply.size());
     DriverFixture runtime;
-    setReadValue(1, qPrintable(type), 200, cached);
-    QTEST(DriverFixture::data(1, qPrintable(type), 200, 2, 4), "cached"); // looked up before
-    driver.readList << job(1, qPrintable(type), 200, (static_cast<int>(reply.size()) - 5) / 2);
+    setReadValue(1, qPrintable(type), 200, cached.left(length / 2));
+    setReadValue(1, qPrintable(type), 201, cached.mid(length / 2));
+    QTEST(DriverFixture::data(1, qPrintable(type), 200, length / 2, length), "cached"); // are known
+    driver.readList << job(1, qPrintable(type), 200, (replySize - 5) / 2);
     runtime.poll();
     setFields(start, length);
-    QByteArray received =
-        QByteArray::fromRawData(memory.constData(), static_cast<int>(reply.size()));
+    QByteArray received = QByteArray::fromRawData(memory.constData(), replySize);
     QString error;
     QCOMPARE(intf_dealRcvFrame(received, error), 1);
-    QTEST(readValue(1, qPrintable(type), 200), "stored");
+    QTEST(cachedValues(length / 2), "values");
 }
 
 // Reported is what differs from the whole reply byte at the coil's own position.
