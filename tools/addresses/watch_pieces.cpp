@@ -56,12 +56,12 @@ void keepApart(QList<AddressRange>* pieces, int maxWords)
 
 } // namespace
 
-QList<AddressRange> watchPieces(const QList<AddressRange>& ranges, int maxWords, int maxBits)
+QList<AddressRange> watchPieces(const QList<AddressRange>& ranges, int maxWords)
 {
     QList<AddressRange> pieces;
     for (const AddressRange& range : ranges) {
         const bool isBits = range.type->registerClass == BIT_CLASS;
-        const int most = isBits ? maxBits : addressesPerRead(range.type, maxWords);
+        const int most = isBits ? maxWords : addressesPerRead(range.type, maxWords);
         pieces += readPieces(range, qMax(1, most));
     }
     keepApart(&pieces, maxWords);

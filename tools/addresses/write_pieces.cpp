@@ -12,8 +12,6 @@ namespace kx
 namespace
 {
 
-const int COILS_PER_BYTE = 8;
-
 bool losesCoils(int coils)
 {
     return coils % COILS_PER_BYTE == 0;

@@ -52,6 +52,14 @@ inline bool isGatewayException(int code)
     return code == noPath || code == noAnswer;
 }
 
+/// The station lacks one of the addresses, or has not so many at once.
+inline bool refusesAddresses(int code)
+{
+    const int illegalAddress = 2;
+    const int illegalValue = 3;
+    return code == illegalAddress || code == illegalValue;
+}
+
 } // namespace kx
 
 Q_DECLARE_METATYPE(kx::ExchangeRecord)

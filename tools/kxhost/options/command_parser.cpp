@@ -90,6 +90,29 @@ bool parseStationOption(const QCommandLineParser& parser, int* station, QString*
     return parseNumber(parser, "station", LOWEST_STATION, HIGHEST_STATION, station, error);
 }
 
+void addPortOption(QCommandLineParser* parser)
+{
+    parser->addOption({{QStringLiteral("p"), QStringLiteral("port")},
+                       QStringLiteral("Serial port or pseudo-terminal. A name without / is one in "
+                                      "/dev or, when there is none, a file of the current folder."),
+                       QStringLiteral("PORT")});
+}
+
+void addFormatOptions(QCommandLineParser* parser)
+{
+    parser->addOption({{QStringLiteral("b"), QStringLiteral("baud")},
+                       QStringLiteral("Bits per second (default 9600)."),
+                       QStringLiteral("BAUD")});
+    parser->addOption({QStringLiteral("parity"),
+                       QStringLiteral("Parity: none, even or odd (default none)."),
+                       QStringLiteral("PARITY")});
+    parser->addOption({QStringLiteral("data-bits"),
+                       QStringLiteral("Data bits: 8, which Modbus RTU needs."),
+                       QStringLiteral("BITS")});
+    parser->addOption({QStringLiteral("stop-bits"),
+                       QStringLiteral("Stop bits, 1 or 2 (default 1)."), QStringLiteral("BITS")});
+}
+
 bool parseTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity, QString* error,
                  const OpenTiming& open)
 {

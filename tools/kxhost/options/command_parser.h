@@ -40,6 +40,12 @@ struct OpenTiming {
     bool parity = false;
 };
 
+/// Declares --port.
+void addPortOption(QCommandLineParser* parser);
+
+/// Declares --baud, --parity, --data-bits and --stop-bits.
+void addFormatOptions(QCommandLineParser* parser);
+
 /// The format of characters that --baud, --data-bits, --stop-bits and --parity ask for, as far
 /// as they are given; `*parity` is then 'N', 'E' or 'O'. Or one line in `*error`.
 bool parseTiming(const QCommandLineParser& parser, LineTiming* timing, char* parity, QString* error,

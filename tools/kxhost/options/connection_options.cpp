@@ -19,14 +19,6 @@ struct OptionText {
 };
 
 const OptionText OPTIONS[] = {
-    {"p,port",
-     "Serial port or pseudo-terminal. A name without / is one in /dev or, when there is none, "
-     "a file of the current folder.",
-     "PORT"},
-    {"b,baud", "Bits per second (default 9600).", "BAUD"},
-    {"parity", "Parity: none, even or odd (default none).", "PARITY"},
-    {"data-bits", "Data bits: 8, which Modbus RTU needs.", "BITS"},
-    {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
     {"tcp", "Network gateway to the serial line (default port 8888; of Modbus TCP, 502).",
      "HOST[:PORT]"},
     {"protocol",
@@ -191,6 +183,8 @@ bool parseLine(const QCommandLineParser& parser, ConnectionOptions* options, QSt
 
 void addConnectionOptions(QCommandLineParser* parser, int timeout, const QStringList& hidden)
 {
+    addPortOption(parser);
+    addFormatOptions(parser);
     for (const OptionText& option : OPTIONS) {
         QCommandLineOption declared(QString::fromLatin1(option.names).split(QLatin1Char(',')));
         QString description = QString::fromLatin1(option.description);

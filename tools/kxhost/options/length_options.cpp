@@ -7,14 +7,6 @@
 namespace kx
 {
 
-namespace
-{
-
-const qint64 LONGEST_INTERVAL = 86400000000; // microseconds, a day
-const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
-
-} // namespace
-
 SessionSettings settingsForReading()
 {
     SessionSettings settings;
@@ -50,19 +42,13 @@ void addIntervalOption(QCommandLineParser* parser)
 
 bool parseIntervalOption(const QCommandLineParser& parser, int* interval, QString* error)
 {
-    qint64 microseconds = 0;
     const QString value = parser.value(QStringLiteral("interval"));
-    if (!parser.isSet(QStringLiteral("interval")))
+    if (!parser.isSet(QStringLiteral("interval")) || parseInterval(value, interval))
         return true;
-    if (!parseDuration(value, LONGEST_INTERVAL, &microseconds)) {
-        *error = QStringLiteral("--interval %1: must be a time from 0 to 1440min, such as 500ms "
-                                "or 10s")
-                     .arg(value);
-        return false;
-    }
-    *interval = static_cast<int>((microseconds + MICROSECONDS_PER_MILLISECOND - 1)
-                                 / MICROSECONDS_PER_MILLISECOND);
-    return true;
+    *error = QStringLiteral("--interval %1: must be a time from 0 to 1440min, such as 500ms "
+                            "or 10s")
+                 .arg(value);
+    return false;
 }
 
 } // namespace kx

@@ -12,14 +12,6 @@ const int LONGEST_TIMEOUT = 60000;    // milliseconds
 const int LONGEST_LISTENING = 604800; // seconds, a week
 
 const char* const VALUE_OPTIONS[][3] = {
-    {"p,port",
-     "Serial port or pseudo-terminal. A name without / is one in /dev or, when there is none, "
-     "a file of the current folder.",
-     "PORT"},
-    {"b,baud", "Bits per second (default 9600).", "BAUD"},
-    {"parity", "Parity: none, even or odd (default none).", "PARITY"},
-    {"data-bits", "Data bits: 8, which Modbus RTU needs.", "BITS"},
-    {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
     {"t,timeout",
      "Milliseconds after a request in which a frame counts as its reply (default 1000): the "
      "time-out of the master on the line.",
@@ -48,6 +40,8 @@ bool parseCapture(const QCommandLineParser& parser, ListenOptions* options, QStr
 
 void addListenOptions(QCommandLineParser* parser)
 {
+    addPortOption(parser);
+    addFormatOptions(parser);
     for (const auto& option : VALUE_OPTIONS)
         parser->addOption({QString::fromLatin1(option[0]).split(QLatin1Char(',')),
                            QString::fromLatin1(option[1]), QString::fromLatin1(option[2])});

@@ -14,10 +14,6 @@ namespace
 const qint64 LONGEST_TURNAROUND = 60000000; // microseconds
 
 const char* const OPTIONS[][3] = {
-    {"b,baud", "Bits per second (default 9600).", "BAUD"},
-    {"parity", "Parity: none, even or odd (default none).", "PARITY"},
-    {"data-bits", "Data bits: 8, which Modbus RTU needs.", "BITS"},
-    {"stop-bits", "Stop bits, 1 or 2 (default 1).", "BITS"},
     {"turnaround",
      "Time from the end of a request to its reply, such as 5ms or 800us; without a unit, "
      "milliseconds (default 5ms). At least the frame gap of 3.5 characters counts.",
@@ -46,6 +42,7 @@ bool parseTurnaround(const QCommandLineParser& parser, qint64* turnaround, QStri
 
 void addPlanOptions(QCommandLineParser* parser)
 {
+    addFormatOptions(parser);
     for (const auto& option : OPTIONS)
         parser->addOption({QString::fromLatin1(option[0]).split(QLatin1Char(',')),
                            QString::fromLatin1(option[1]), QString::fromLatin1(option[2])});

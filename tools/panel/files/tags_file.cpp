@@ -13,9 +13,6 @@ namespace kx
 namespace
 {
 
-const qint64 LONGEST_INTERVAL = 86400000000; // microseconds
-const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
-
 enum Column { NAME, STATION, ADDRESS, COUNT, EVERY, COMMENT };
 
 const QList<CsvColumn>& columns()
@@ -47,18 +44,13 @@ bool parseRange(const QList<CsvField>& fields, AddressRange* range, QString* err
     return parseAddressRange(address, range, error);
 }
 
-bool parseInterval(const QString& text, int* interval, QString* error)
+bool takeInterval(const QString& text, int* interval, QString* error)
 {
-    qint64 microseconds = 0;
-    if (text.isEmpty())
+    if (text.isEmpty() || parseInterval(text, interval))
         return true;
-    if (!parseDuration(text, LONGEST_INTERVAL, &microseconds))
-        return fail(error,
-                    QStringLiteral("every %1: must be a time from 0 to 1440min, such as 500ms, "
-                                   "10s or 5min")
-                        .arg(text));
-    *interval = static_cast<int>((microseconds + 999) / MICROSECONDS_PER_MILLISECOND);
-    return true;
+    return fail(error, QStringLiteral("every %1: must be a time from 0 to 1440min, such as 500ms, "
+                                      "10s or 5min")
+                           .arg(text));
 }
 
 bool parseTag(const QList<CsvField>& fields, Tag* tag, QString* error)
@@ -70,7 +62,7 @@ bool parseTag(const QList<CsvField>& fields, Tag* tag, QString* error)
     if (fields.at(ADDRESS).text.isEmpty())
         return fail(error, QStringLiteral("the tag has no address"));
     return parseRange(fields, &tag->range, error)
-           && parseInterval(fields.at(EVERY).text, &tag->interval, error);
+           && takeInterval(fields.at(EVERY).text, &tag->interval, error);
 }
 
 bool takeTags(const QList<CsvRow>& rows, QList<Tag>* tags, CsvFault* fault)

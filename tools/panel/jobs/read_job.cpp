@@ -3,7 +3,6 @@
 #include "addresses/request_limits.h"
 #include "panel/jobs/wanted_values.h"
 #include "panel/plan/least_time.h"
-#include "panel/plan/watched_ranges.h"
 #include "registers/register_types.h"
 
 #include <algorithm>
@@ -16,18 +15,13 @@ namespace kx
 namespace
 {
 
-const int BITS_PER_WORD = 8;   // of one-off reads, by the driver's limit
-const int SHORTEST_LIMIT = 16; // registers that any controller answers at once
-const int ILLEGAL_DATA_ADDRESS = 2;
-const int ILLEGAL_DATA_VALUE = 3;
+const int BITS_PER_WORD = 8; // of one-off reads, by the driver's limit
 
 ReadRules rulesOf(const Session& session)
 {
     const SessionSettings& settings = session.settings();
     ReadRules rules;
-    rules.line = session.line()->timing();
-    if (rules.line.baud <= 0)
-        rules.line.baud = settings.gatewayBaud;
+    rules.line = settings.timingOf(session.line()->timing());
     rules.usual.maxWords = settings.maxWords;
     rules.usual.maxBits = std::min(settings.maxBits, settings.maxWords * BITS_PER_WORD);
     return rules;
@@ -35,9 +29,7 @@ ReadRules rulesOf(const Session& session)
 
 bool isRefused(const Failure& failure)
 {
-    return failure.kind == FailureKind::Exception
-           && (failure.exceptionCode == ILLEGAL_DATA_ADDRESS
-               || failure.exceptionCode == ILLEGAL_DATA_VALUE);
+    return failure.kind == FailureKind::Exception && refusesAddresses(failure.exceptionCode);
 }
 
 bool isBefore(const AddressRange& one, const AddressRange& other)
@@ -67,13 +59,14 @@ ReadJob::~ReadJob() = default;
 
 void ReadJob::begin()
 {
-    m_ranges = m_wanted->existing();
-    for (const AddressRange& range : std::as_const(m_ranges)) {
+    const QList<AddressRange> ranges = m_wanted->existing();
+    for (const AddressRange& range : ranges) {
         m_edges << AddressRange{range.type, range.address, 1, range.station};
         m_edges << AddressRange{range.type, range.address + range.values, 1, range.station};
     }
     std::sort(m_edges.begin(), m_edges.end(), isBefore);
-    m_pieces = leastTimePieces(m_ranges, rulesOf(*session()));
+    m_watched = WatchedRanges(ranges);
+    m_pieces = leastTimePieces(ranges, rulesOf(*session()));
     goOn();
 }
 
@@ -142,17 +135,15 @@ QList<AddressRange> ReadJob::halvesOf(const AddressRange& piece) const
     const auto firstInside = std::upper_bound(m_edges.begin(), m_edges.end(), piece, isBefore);
     const auto pastEnd = std::lower_bound(
         firstInside, m_edges.end(), AddressRange{piece.type, end, 1, piece.station}, isBefore);
-    const int most =
-        piece.type->registerClass == BIT_CLASS ? SHORTEST_LIMIT * BITS_PER_WORD : SHORTEST_LIMIT;
+    const int most = piece.type->registerClass == BIT_CLASS ? COILS_OF_ANY : REGISTERS_OF_ANY;
     int middle = piece.address + piece.values / 2;
     if (firstInside != pastEnd)
         middle = std::next(firstInside, std::distance(firstInside, pastEnd) / 2)->address;
     else if (piece.driverCount() <= most)
         return {};
-    const WatchedRanges wanted(m_ranges);
     const AddressRange first = {piece.type, piece.address, middle - piece.address, piece.station};
     const AddressRange second = {piece.type, middle, end - middle, piece.station};
-    return {spanOf(wanted.within(first)), spanOf(wanted.within(second))};
+    return {spanOf(m_watched.within(first)), spanOf(m_watched.within(second))};
 }
 
 void ReadJob::giveUp(const Failure& reason)

@@ -4,6 +4,7 @@
 #include "addresses/export.h"
 #include "panel/files/tags_file.h"
 #include "panel/jobs/job.h"
+#include "panel/plan/watched_ranges.h"
 
 #include <memory>
 
@@ -46,7 +47,7 @@ private:
     QList<AddressRange> halvesOf(const AddressRange& piece) const;
 
     std::unique_ptr<WantedValues> m_wanted;
-    QList<AddressRange> m_ranges; ///< of the tags
+    WatchedRanges m_watched{{}};  ///< of the tags
     QList<AddressRange> m_edges;  ///< where one begins, or has ended, in rising order
     QList<AddressRange> m_pieces; ///< not yet read
     int m_total;

@@ -15,8 +15,6 @@ namespace kx
 namespace
 {
 
-const int COILS_PER_BYTE = 8;
-const int FRAME_BYTES = 8 + 5; // of a request, and of its reply besides the values
 const qint64 NANOSECONDS_PER_MICROSECOND = 1000;
 
 /// What pieces of a type cost at a station. Times in nanoseconds.
@@ -35,7 +33,7 @@ PieceCost costOf(const RegisterType* type, const ReadRules& rules, const Station
     const qint64 character = rules.line.transmissionTime(NANOSECONDS_PER_MICROSECOND);
     const qint64 gap = rules.line.frameGap();
     PieceCost cost;
-    cost.each = FRAME_BYTES * character
+    cost.each = (READ_REQUEST_BYTES + READ_REPLY_BYTES) * character
                 + (std::max(station.turnaround, gap) + gap) * NANOSECONDS_PER_MICROSECOND;
     cost.blockSize = isBits ? COILS_PER_BYTE : 1;
     cost.block = isBits ? character : registersPerAddress(type) * BYTES_PER_REGISTER * character;

@@ -10,6 +10,10 @@
 namespace kx
 {
 
+// Any controller answers so many at once.
+const int REGISTERS_OF_ANY = 16;
+const int COILS_OF_ANY = 128;
+
 /// How a station wants to be asked.
 struct StationRules {
     /// Microseconds from the end of a request to the first character of the reply. The station

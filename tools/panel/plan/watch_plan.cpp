@@ -10,10 +10,6 @@ namespace kx
 namespace
 {
 
-const int REQUEST_BYTES = 8;
-const int REPLY_BYTES = 5; // besides the values
-const int COILS_PER_BYTE = 8;
-
 PlannedRequest requestFor(const AddressRange& piece)
 {
     PlannedRequest request;
@@ -21,8 +17,8 @@ PlannedRequest requestFor(const AddressRange& piece)
     request.type = piece.type;
     request.address = piece.address;
     request.count = piece.driverCount();
-    request.bytesSent = REQUEST_BYTES;
-    request.bytesExpected = REPLY_BYTES
+    request.bytesSent = READ_REQUEST_BYTES;
+    request.bytesExpected = READ_REPLY_BYTES
                             + (piece.type->registerClass == BIT_CLASS
                                    ? (request.count + COILS_PER_BYTE - 1) / COILS_PER_BYTE
                                    : request.count * BYTES_PER_REGISTER);

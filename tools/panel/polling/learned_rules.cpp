@@ -13,7 +13,6 @@ namespace
 const double SHARE_OF_LATEST = 1.0 / 8; // in the smoothed turnaround
 const double FAR_OFF = 0.25;            // of the turnaround that was planned with
 const double FAR_ENOUGH = 1000;         // microseconds
-const int SHORTEST_LIMIT[] = {16, 128}; // registers, coils: any controller answers so many
 
 bool isOfCoils(const AddressRange& range)
 {
@@ -39,8 +38,9 @@ bool LearnedRules::onRefusal(const AddressRange& asked, bool spansGap)
     const int count = asked.driverCount();
     StationRules rules = m_rules.of(asked.station);
     int& limit = isCoils ? rules.maxBits : rules.maxWords;
-    if (count > m_stations.value(asked.station).longest[isCoils] && count > SHORTEST_LIMIT[isCoils])
-        limit = qMin(limit, qMax(count / 2, SHORTEST_LIMIT[isCoils]));
+    const int shortest = isCoils ? COILS_OF_ANY : REGISTERS_OF_ANY;
+    if (count > m_stations.value(asked.station).longest[isCoils] && count > shortest)
+        limit = qMin(limit, qMax(count / 2, shortest));
     else if (spansGap)
         rules.maySpanGaps = false;
     const bool isNew = !(rules == m_rules.of(asked.station));

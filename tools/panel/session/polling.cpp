@@ -11,8 +11,6 @@ namespace
 {
 
 const qint64 BETWEEN_PLANS = 5000000; // microseconds, for turnarounds that change
-const int ILLEGAL_DATA_ADDRESS = 2;
-const int ILLEGAL_DATA_VALUE = 3;
 
 ReadRules rulesFor(const SessionSettings& settings)
 {
@@ -22,19 +20,9 @@ ReadRules rulesFor(const SessionSettings& settings)
     return rules;
 }
 
-LineTiming timingOf(const Line& line, const SessionSettings& settings)
-{
-    LineTiming timing = line.timing();
-    if (timing.baud <= 0)
-        timing.baud = settings.gatewayBaud;
-    return timing;
-}
-
 bool isAddressRefused(const ExchangeRecord& record)
 {
-    return record.replyKind == ReplyKind::Exception
-           && (record.exceptionCode == ILLEGAL_DATA_ADDRESS
-               || record.exceptionCode == ILLEGAL_DATA_VALUE);
+    return record.replyKind == ReplyKind::Exception && refusesAddresses(record.exceptionCode);
 }
 
 WatchedRanges watchedOf(const QList<PolledRange>& wanted)
@@ -74,7 +62,7 @@ int Polling::replace(const QList<PolledRange>& ranges)
 
 int Polling::plan()
 {
-    m_learned.setLine(timingOf(*m_line, m_settings));
+    m_learned.setLine(m_settings.timingOf(m_line->timing()));
     RegisterPlanner registers;
     if (!m_settings.choosesLengths)
         registers = [this](const QList<AddressRange>& ranges) { return m_port->joined(ranges); };

@@ -3,6 +3,7 @@
 
 #include "addresses/request_limits.h"
 #include "exchange/exchange_settings.h"
+#include "exchange/lines/line_timing.h"
 
 namespace kx
 {
@@ -19,6 +20,13 @@ struct SessionSettings {
     bool choosesLengths = false;
     /// Of the serial line behind a gateway, which the session cannot know.
     int gatewayBaud = 9600;
+    /// What characters take on the serial line, be it behind a gateway.
+    LineTiming timingOf(LineTiming line) const
+    {
+        if (line.baud <= 0)
+            line.baud = gatewayBaud;
+        return line;
+    }
     ExchangeSettings exchange;
 };
 

@@ -15,6 +15,9 @@ struct Unit {
     double microseconds;
 };
 
+const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
+const qint64 DAY = 86400000000; // microseconds
+
 const Unit UNITS[] = {{"us", 1}, {"ms", 1e3}, {"s", 1e6}, {"min", 60e6}, {"", 1e3}};
 
 } // namespace
@@ -36,6 +39,16 @@ bool parseDuration(const QString& text, qint64 longest, qint64* microseconds)
     if (value > static_cast<double>(longest))
         return false;
     *microseconds = std::llround(value);
+    return true;
+}
+
+bool parseInterval(const QString& text, int* milliseconds)
+{
+    qint64 microseconds = 0;
+    if (!parseDuration(text, DAY, &microseconds))
+        return false;
+    *milliseconds = static_cast<int>((microseconds + MICROSECONDS_PER_MILLISECOND - 1)
+                                     / MICROSECONDS_PER_MILLISECOND);
     return true;
 }
 

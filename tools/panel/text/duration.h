@@ -13,6 +13,9 @@ namespace kx
 /// anything else. A bare number is milliseconds.
 KXRUNTIME_EXPORT bool parseDuration(const QString& text, qint64 longest, qint64* microseconds);
 
+/// The same in whole milliseconds, rounded up, at most a day; for how often something is done.
+KXRUNTIME_EXPORT bool parseInterval(const QString& text, int* milliseconds);
+
 } // namespace kx
 
 #endif
