@@ -8,7 +8,7 @@ namespace kx
 bool CaptureFile::open(const QString& name, QString* error)
 {
     m_file.setFileName(name);
-    if (m_file.open(QIODevice::WriteOnly) && write(captureHeader()))
+    if (m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && write(captureHeader()))
         return true;
     *error = QStringLiteral("%1: cannot write the capture: %2").arg(name, m_file.errorString());
     return false;
@@ -25,7 +25,15 @@ void CaptureFile::add(const HeardPiece& piece, qint64 time)
 
 bool CaptureFile::write(const QByteArray& bytes)
 {
-    return m_file.write(bytes) == bytes.size() && m_file.flush();
+    qint64 written = 0;
+    // A disk that fills up takes a part first, and says why it takes no more when asked again.
+    while (written < bytes.size()) {
+        const qint64 taken = m_file.write(bytes.constData() + written, bytes.size() - written);
+        if (taken <= 0)
+            return false;
+        written += taken;
+    }
+    return true;
 }
 
 } // namespace kx

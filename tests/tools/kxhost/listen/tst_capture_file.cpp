@@ -6,6 +6,9 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
+#include <csignal>
+#include <sys/resource.h>
+
 using namespace kx;
 
 class CaptureFileTest : public QObject
@@ -17,6 +20,7 @@ private slots:
     void replacesWhatWasThere();
     void cannotBeOpened();
     void aFullDiskIsTold();
+    void aDiskThatFillsUpIsTold();
     void nothingIsWrittenUnasked();
 
 private:
@@ -75,6 +79,25 @@ void CaptureFileTest::aFullDiskIsTold()
     QVERIFY(!capture.open(QString::fromLatin1("/dev/full"), &error));
     QCOMPARE(error, QString::fromLatin1("/dev/full: cannot write the capture: No space left on "
                                         "device"));
+}
+
+// It takes a part of the last packet.
+void CaptureFileTest::aDiskThatFillsUpIsTold()
+{
+    const QString name = m_folder.filePath(QString::fromLatin1("full.pcap"));
+    CaptureFile capture;
+    QString error;
+    QVERIFY(capture.open(name, &error));
+    rlimit before;
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit full = {static_cast<rlim_t>(captureHeader().size() + 10), before.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &full), 0);
+    capture.add(frameOf("01 83 02"), 0);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, handler);
+    QCOMPARE(capture.failure(),
+             name + QString::fromLatin1(": cannot write the capture: File too large"));
 }
 
 void CaptureFileTest::nothingIsWrittenUnasked()
