@@ -51,9 +51,10 @@ void SerialLine::open()
 {
     if (!m_port.open(m_mode))
         return;
+    m_isReporting = true;
     if (!switchModes())
         return;
-    discardWaiting();
+    m_port.clear(QSerialPort::Input);
     emit opened();
 }
 
@@ -106,18 +107,39 @@ void SerialLine::write(const QByteArray& bytes)
         m_port.write(bytes.mid(static_cast<int>(qMax(ssize_t(0), taken))));
 }
 
-// What the port watches its descriptor with is its child.
+// The event loop may have seen the bytes already and be about to let the port read them; then the
+// port would find nothing and call itself lost. A notifier that is switched off forgets it.
+QByteArray SerialLine::takeWaiting()
+{
+    const QByteArray bytes = m_reader.takeWaiting();
+    if (!bytes.isEmpty()) {
+        watchPort(false);
+        watchPort(m_isReporting); // reading has switched it on
+    }
+    return bytes;
+}
+
 void SerialLine::setReporting(bool reports)
+{
+    m_isReporting = reports;
+    watchPort(reports);
+}
+
+// What the port watches its descriptor with is its child.
+void SerialLine::watchPort(bool watches)
 {
     for (QSocketNotifier* const notifier : m_port.findChildren<QSocketNotifier*>()) {
         if (notifier->type() == QSocketNotifier::Read)
-            notifier->setEnabled(reports);
+            notifier->setEnabled(watches);
     }
 }
 
 QByteArray SerialLine::discardWaiting()
 {
-    QByteArray discarded = m_port.readAll();
+    QByteArray discarded = takeWaiting();
+    if (discarded.isEmpty())
+        return discarded;
+    discarded += m_port.readAll();
     m_port.clear(QSerialPort::Input);
     return discarded;
 }

@@ -30,7 +30,7 @@ public:
     void close() override;
     bool isOpen() const override { return m_port.isOpen(); }
     void write(const QByteArray& bytes) override;
-    QByteArray takeWaiting() override { return m_reader.takeWaiting(); }
+    QByteArray takeWaiting() override;
     QByteArray discardWaiting() override;
     void setReporting(bool reports) override;
     QString modeText() const override;
@@ -38,6 +38,7 @@ public:
 
 private:
     bool switchModes();
+    void watchPort(bool watches);
     void onError(QSerialPort::SerialPortError error);
 
     QSerialPort m_port{this};
@@ -46,6 +47,7 @@ private:
     QIODevice::OpenMode m_mode = QIODevice::ReadWrite;
     QString m_name;
     PortModes m_modes;
+    bool m_isReporting = true;
     bool m_hasLowLatency = false;
     int m_takenBaud = 0; ///< 0: not known
 };

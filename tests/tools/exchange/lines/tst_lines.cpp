@@ -2,11 +2,13 @@
 #include "exchange/lines/tcp_line.h"
 #include "tools/exchange/lines/pseudo_terminal.h"
 
+#include <QtCore/QSocketNotifier>
 #include <QtNetwork/QTcpServer>
 #include <QtTest/QTest>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
+#include <sys/eventfd.h>
 #include <sys/socket.h>
 
 using namespace kx;
@@ -97,8 +99,11 @@ class LinesTest : public QObject
 private slots:
     void serialCarriesBytesBothWays();
     void serialThrowsAwayWhatWaits();
+    void serialThrowsAwayAFlood();
     void serialSendsWithoutAnEventLoop();
     void serialGivesWhatWaits();
+    void serialGivesWhatTheEventLoopHasSeen_data();
+    void serialGivesWhatTheEventLoopHasSeen();
     void serialKeepsBytesWhileItDoesNotReport();
     void serialSendsALongRequestIntoAFullPort();
     void serialFoundLostWhenLookedInto();
@@ -145,9 +150,24 @@ void LinesTest::serialThrowsAwayWhatWaits()
     SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
     Listener listener(&line);
     line.open();
-    controller.send("old");
+    QCOMPARE(line.discardWaiting(), QByteArray());
+    controller.deliver("old");
+    QCOMPARE(line.discardWaiting(), QByteArray("old"));
+    controller.deliver("new");
+    QTRY_COMPARE(listener.arrived, QByteArray("new"));
+}
+
+void LinesTest::serialThrowsAwayAFlood()
+{
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    QVERIFY(controller.sendSome(flood()) > BoundedReader::MOST_AT_ONCE);
     QTest::qSleep(20);
-    line.discardWaiting();
+    QVERIFY(!line.discardWaiting().isEmpty());
+    QTest::qWait(20);
+    QCOMPARE(listener.arrived, QByteArray());
     controller.send("new");
     QTRY_COMPARE(listener.arrived, QByteArray("new"));
 }
@@ -177,6 +197,51 @@ void LinesTest::serialGivesWhatWaits()
     controller.send("next");
     QTRY_COMPARE(listener.arrived, QByteArray("next"));
     QCOMPARE(listener.errors, QStringList());
+}
+
+void LinesTest::serialGivesWhatTheEventLoopHasSeen_data()
+{
+    QTest::addColumn<bool>("isTimerOlder");
+    QTest::addColumn<bool>("isReporting");
+    QTest::newRow("a timer watched before the port") << true << true;
+    QTest::newRow("a timer watched after the port") << false << true;
+    QTest::newRow("before, and the port does not report") << true << false;
+}
+
+// On a busy machine the event loop finds a timer and the port in one look. Bytes that the timer's
+// slot has taken are not there any more when the port is told to read them, which is no lost line.
+void LinesTest::serialGivesWhatTheEventLoopHasSeen()
+{
+    QFETCH(bool, isTimerOlder);
+    QFETCH(bool, isReporting);
+    PseudoTerminal controller;
+    SerialLine line(controller.name(), LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    if (!isTimerOlder)
+        line.open();
+    const int timer = eventfd(0, EFD_NONBLOCK);
+    QSocketNotifier notifier(timer, QSocketNotifier::Read);
+    QByteArray taken;
+    connect(&notifier, &QSocketNotifier::activated, &line, [&] {
+        eventfd_t value;
+        eventfd_read(timer, &value);
+        taken += line.takeWaiting();
+    });
+    if (isTimerOlder)
+        line.open();
+    QCoreApplication::processEvents();
+    line.setReporting(isReporting);
+    for (int i = 1; i <= 3; ++i) {
+        controller.deliver("seen");
+        eventfd_write(timer, 1);
+        QCoreApplication::processEvents();
+        QCOMPARE(listener.errors, QStringList());
+        QCOMPARE(taken.size() + listener.arrived.size(), 4 * i);
+    }
+    line.setReporting(true);
+    controller.send("new");
+    QTRY_VERIFY(listener.arrived.endsWith("new"));
+    close(timer);
 }
 
 void LinesTest::serialKeepsBytesWhileItDoesNotReport()
