@@ -278,7 +278,7 @@ void ExchangeTimingTest::aReplySoonerThanItsCharacters()
     m_driver->results = {};
     for (const int after : repliesBefore) {
         m_driver->request(withCrc(READ), GOOD_LENGTH);
-        m_line->answer({{after, withCrc(GOOD)}});
+        m_line->answer({{after - 10, withCrc(GOOD).left(8)}, {after, withCrc(GOOD).mid(8)}});
         m_driver->results << 1;
     }
     if (owesAnother) {

@@ -8,7 +8,7 @@ namespace kx
 namespace
 {
 
-// A busy machine may be late once or twice with the replies of a pseudo-terminal.
+// A pseudo-terminal may bring one in parts, too.
 const int REPLIES_THAT_SHOW_TIME = 3;
 
 } // namespace
@@ -22,12 +22,14 @@ void ReplyCollector::begin(const FRAME_PRO& request)
 {
     m_request = request;
     m_bytes.clear();
+    m_hasComeInParts = false;
     m_foreignReplies = 0;
 }
 
 std::optional<CollectedReply> ReplyCollector::add(const QByteArray& bytes, qint64 sinceRequest,
                                                   const LineTiming& timing)
 {
+    m_hasComeInParts = m_hasComeInParts || !(m_bytes.isEmpty() || bytes.isEmpty());
     m_bytes += bytes;
     for (;;) {
         const Judgement judgement = judgeReply(m_request, m_bytes);
@@ -63,7 +65,8 @@ bool ReplyCollector::isTooSoon(int length, qint64 sinceRequest, const LineTiming
     const bool isSoon = sinceRequest < timing.transmissionTime(length);
     if (m_owed->isOwedOnly(m_request)) {
         m_hasComeTooSoon = m_hasComeTooSoon || isSoon;
-        m_repliesInTime = qMin(m_repliesInTime + 1, REPLIES_THAT_SHOW_TIME);
+        if (m_hasComeInParts)
+            m_repliesInTime = qMin(m_repliesInTime + 1, REPLIES_THAT_SHOW_TIME);
     }
     const bool keepsTime = !m_hasComeTooSoon && m_repliesInTime == REPLIES_THAT_SHOW_TIME;
     return isSoon && keepsTime && m_owed->owesOther(m_request);

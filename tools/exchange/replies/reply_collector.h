@@ -22,9 +22,9 @@ struct CollectedReply {
 ///
 /// A reply that is complete sooner after its request than its characters can travel
 /// is another's: while one is owed, it is thrown away, provided that the line keeps
-/// time. That is believed after three replies in time while nothing else was owed, and
-/// no more once one came too soon: a pseudo-terminal delivers at once, unless a busy
-/// machine delays it.
+/// time. That is believed after three replies that came in time and in parts while nothing else
+/// was owed, and no more once one came too soon: a pseudo-terminal delivers at once, and what a
+/// busy program finds late was not late for that.
 class ReplyCollector
 {
 public:
@@ -62,6 +62,7 @@ private:
     ThrownAway* m_counts;
     FRAME_PRO m_request = FRAME_PRO();
     QByteArray m_bytes; ///< without the replies of other requests
+    bool m_hasComeInParts = false;
     int m_foreignReplies = 0;
     int m_repliesInTime = 0;       ///< while nothing else was owed; counted as far as it matters
     bool m_hasComeTooSoon = false; ///< one did while nothing else was owed

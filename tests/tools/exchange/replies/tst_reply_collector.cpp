@@ -49,6 +49,7 @@ private slots:
     void soonerThanItsCharacters_data();
     void soonerThanItsCharacters();
     void repliesWhileAnotherIsOwedDoNotMeasureTheLine();
+    void repliesFoundWholeDoNotMeasureTheLine();
     void theLateReplyToTheSameRequestIsItsReply();
 
 private:
@@ -70,11 +71,12 @@ void ReplyCollectorTest::init()
     m_owed.add(READ, 500);
 }
 
-// Each so many microseconds after its request.
+// Each so many microseconds after its request, the first byte a bit before the others.
 void ReplyCollectorTest::takeReplies(const QList<qint64>& sinceRequests)
 {
     for (const qint64 sinceRequest : sinceRequests) {
-        m_collector->settle(*m_collector->add(REPLY, sinceRequest, BAUD_1200));
+        m_collector->add(REPLY.left(1), sinceRequest - 1, BAUD_1200);
+        m_collector->settle(*m_collector->add(REPLY.mid(1), sinceRequest, BAUD_1200));
         m_collector->begin(READ);
         m_owed.add(READ, 500);
     }
@@ -252,6 +254,22 @@ void ReplyCollectorTest::repliesWhileAnotherIsOwedDoNotMeasureTheLine()
     takeReplies({IN_TIME, IN_TIME});
     m_owed.add(READ_200, 500);
     takeReplies({IN_TIME});
+    m_collector->begin(OF_STATION_2);
+    m_owed.add(OF_STATION_2, 500);
+    QVERIFY(m_collector->add(REPLY_OF_2, SOON, BAUD_1200).has_value());
+}
+
+// A busy program finds the whole replies of a pseudo-terminal late.
+void ReplyCollectorTest::repliesFoundWholeDoNotMeasureTheLine()
+{
+    for (int i = 0; i < 5; ++i) {
+        QVERIFY(!m_collector->add(QByteArray(), 30000, BAUD_1200).has_value());
+        m_collector->settle(*m_collector->add(REPLY, IN_TIME, BAUD_1200));
+        m_collector->begin(READ);
+        m_owed.add(READ, 500);
+    }
+    m_owed.forget(READ);
+    m_owed.add(READ_200, 500);
     m_collector->begin(OF_STATION_2);
     m_owed.add(OF_STATION_2, 500);
     QVERIFY(m_collector->add(REPLY_OF_2, SOON, BAUD_1200).has_value());
