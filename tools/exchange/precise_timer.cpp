@@ -15,8 +15,6 @@ namespace
 
 const qint64 NANOSECONDS_PER_MICROSECOND = 1000;
 const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
-/// What a process takes to get up, at least on a machine that has slept meanwhile.
-const qint64 GETTING_UP = 30; // microseconds
 
 } // namespace
 
@@ -41,21 +39,23 @@ PreciseTimer::~PreciseTimer()
 
 void PreciseTimer::start(qint64 microseconds)
 {
-    start(microseconds, 0);
+    m_isExact = false;
+    startWithLead(microseconds, 0);
 }
 
 void PreciseTimer::startExactly(qint64 microseconds)
 {
-    start(microseconds, GETTING_UP);
+    m_isExact = true;
+    startWithLead(microseconds, m_lead.value());
 }
 
-void PreciseTimer::start(qint64 microseconds, qint64 lead)
+void PreciseTimer::startWithLead(qint64 microseconds, qint64 lead)
 {
     const qint64 wanted = qMax(qint64(0), microseconds);
     m_since.start();
     m_wanted = wanted * NANOSECONDS_PER_MICROSECOND;
-    // 0 would disarm it.
-    if (arm(qMax(qint64(1), m_wanted - lead * NANOSECONDS_PER_MICROSECOND)))
+    m_armed = qMax(qint64(1), m_wanted - lead); // 0 would disarm it
+    if (arm(m_armed))
         return;
     const qint64 milliseconds =
         (wanted + MICROSECONDS_PER_MILLISECOND - 1) / MICROSECONDS_PER_MILLISECOND;
@@ -92,6 +92,8 @@ void PreciseTimer::onReadable()
     // Nothing when it was started again after the event loop had looked.
     if (read(m_descriptor, &times, sizeof times) != sizeof times)
         return;
+    if (m_isExact)
+        m_lead.learn(m_since.nsecsElapsed() - m_armed);
     while (m_since.nsecsElapsed() < m_wanted)
         continue;
     emit timeout();

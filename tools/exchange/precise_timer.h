@@ -1,6 +1,8 @@
 #ifndef KX_EXCHANGE_PRECISE_TIMER_H
 #define KX_EXCHANGE_PRECISE_TIMER_H
 
+#include "exchange/lead_time.h"
+
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
@@ -25,7 +27,7 @@ public:
     /// was started before. From 0 on; less is 0.
     void start(qint64 microseconds);
     /// The same, but gets up before the time and waits for it awake, since getting up takes a
-    /// while: at most 30 microseconds of the processor.
+    /// while: as long as it took lately, at most LeadTime::LONGEST of the processor.
     void startExactly(qint64 microseconds);
     /// Nothing is sent, even if the time is up and has not been told yet.
     void stop();
@@ -34,7 +36,7 @@ signals:
     void timeout();
 
 private:
-    void start(qint64 microseconds, qint64 lead);
+    void startWithLead(qint64 microseconds, qint64 lead);
     bool arm(qint64 nanoseconds);
     void onReadable();
 
@@ -43,6 +45,9 @@ private:
     QTimer m_coarse{this};                 ///< where the system has no other
     QElapsedTimer m_since;                 ///< the latest start
     qint64 m_wanted = 0;                   ///< nanoseconds since then
+    qint64 m_armed = 0;                    ///< of them, those to sleep
+    bool m_isExact = false;
+    LeadTime m_lead; ///< of exact starts
 };
 
 } // namespace kx
