@@ -82,14 +82,6 @@ void printUse(const kx::LineUse& use, QTextStream* out)
          << use.gaps.median << '\n';
 }
 
-kx::LineTiming timingOf(const kx::RelaySettings& settings)
-{
-    kx::LineTiming timing;
-    timing.baud = settings.baud;
-    timing.parityBits = settings.bitsPerCharacter - timing.bitsPerCharacter();
-    return timing;
-}
-
 } // namespace
 
 int main(int argc, char* argv[])

@@ -27,9 +27,9 @@ namespace
 const qint64 NANOSECONDS = 1000000000;
 const qint64 NANOSECONDS_PER_MICROSECOND = 1000;
 const int PRIORITY = 20;
-// A sleep ends late by tens of microseconds; the last byte of a frame, from which gaps count, is
-// waited for awake.
-const qint64 AWAKE = 60 * NANOSECONDS_PER_MICROSECOND;
+// A sleep ends late by up to some hundred microseconds; a frame's last byte, from which gaps count,
+// and the request that may come a frame gap later are waited for awake.
+const qint64 AWAKE = 200 * NANOSECONDS_PER_MICROSECOND;
 // Without a reader, the process is not to grow for ever.
 const int MOST_FRAMES = 1000000;
 
@@ -53,6 +53,7 @@ public:
     explicit PtyRelay(const RelaySettings& settings)
         : m_settings(settings),
           m_pause(NANOSECONDS * settings.bitsPerCharacter / settings.baud * 3 / 2),
+          m_frameGap(timingOf(settings).frameGap() * NANOSECONDS_PER_MICROSECOND),
           m_stop(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
           m_sides{Side(settings), Side(settings)}
     {
@@ -78,6 +79,7 @@ private:
 
     void run();
     void waitForSomething() const;
+    qint64 awakeFrom() const;
     void takeIn();
     void deliver();
     void handOver(int from, char byte, qint64 passed);
@@ -85,7 +87,9 @@ private:
 
     RelaySettings m_settings;
     qint64 m_pause; ///< that ends a frame
-    int m_stop;     ///< readable when the thread is to end
+    qint64 m_frameGap;
+    qint64 m_lastCarried = 0; ///< when the wires carried a character
+    int m_stop;               ///< readable when the thread is to end
     std::array<Side, 2> m_sides;
     ImmediateSlave m_station;
     std::thread m_thread;
@@ -136,13 +140,21 @@ void PtyRelay::run()
     }
 }
 
-void PtyRelay::waitForSomething() const
+qint64 PtyRelay::awakeFrom() const
 {
     qint64 next = std::numeric_limits<qint64>::max();
     for (const Side& side : m_sides) {
         if (!side.wire.isEmpty())
             next = qMin(next, side.wire.nextAt() - (side.wire.isNextTheLast() ? AWAKE : 0));
     }
+    const qint64 request = m_lastCarried + m_frameGap;
+    const bool isRequestNear = now() < request + AWAKE;
+    return isRequestNear ? qMin(next, request - AWAKE) : next;
+}
+
+void PtyRelay::waitForSomething() const
+{
+    const qint64 next = awakeFrom();
     const bool waitsForEver = next == std::numeric_limits<qint64>::max();
     const qint64 left = waitsForEver ? 0 : qMax(qint64(0), next - now());
     const timespec patience = {static_cast<time_t>(left / NANOSECONDS),
@@ -172,6 +184,7 @@ void PtyRelay::deliver()
             // Whoever has got a byte finds it among the frames.
             const std::lock_guard<std::mutex> lock(m_mutex);
             const qint64 passed = now();
+            m_lastCarried = passed;
             handOver(from, character.byte, passed);
             record(from, character, passed / NANOSECONDS_PER_MICROSECOND);
         }
@@ -203,6 +216,14 @@ void PtyRelay::record(int from, const PacedWire::Character& character, qint64 pa
 }
 
 } // namespace
+
+LineTiming timingOf(const RelaySettings& settings)
+{
+    LineTiming timing;
+    timing.baud = settings.baud;
+    timing.parityBits = settings.bitsPerCharacter - timing.bitsPerCharacter();
+    return timing;
+}
 
 std::unique_ptr<Relay> Relay::open(const RelaySettings& settings, QString* error)
 {

@@ -1,6 +1,8 @@
 #ifndef KX_TESTS_RELAY_RELAY_H
 #define KX_TESTS_RELAY_RELAY_H
 
+#include "exchange/lines/line_timing.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -17,6 +19,9 @@ struct RelaySettings {
     bool answers = false;
     int turnaround = 0; ///< microseconds from a request's end to the reply, when it answers
 };
+
+/// The character format that the line is used with.
+LineTiming timingOf(const RelaySettings& settings);
 
 /// Characters that one side sent without a pause between them.
 struct RelayedFrame {
