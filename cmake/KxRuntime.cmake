@@ -21,6 +21,8 @@ set(KX_RUNTIME_HEADERS
   panel/recipe/recipe_storage.h panel/recipe/recipe_value.h
   panel/session/session.h panel/session/session_events.h panel/session/session_settings.h
   panel/text/duration.h panel/text/frame_text.h panel/text/json_time.h panel/text/summary_text.h
+  panel/values/decimal.h panel/values/format_text.h panel/values/value_address.h
+  panel/values/value_codec.h panel/values/value_format.h
   panel/watch/link_events.h panel/watch/watch.h panel/watch/watch_list.h)
 
 set(KX_RUNTIME_PARTS kx_addresses kx_exchange kx_panel)

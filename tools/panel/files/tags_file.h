@@ -14,6 +14,7 @@
 
 #include "addresses/address_text.h"
 #include "addresses/export.h"
+#include "panel/values/value_format.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
@@ -24,9 +25,10 @@ namespace kx
 
 struct Tag {
     QString name;       ///< unlike every other of the file; empty for a typed address
-    AddressRange range; ///< station -1 when the file leaves it open
+    AddressRange range; ///< all addresses of its values; station -1 when the file leaves it open
     QString comment;
     int interval = -1; ///< milliseconds; 0: in each cycle; -1 when the file leaves it open
+    ValueFormat format;
 };
 
 /// Reads the tags of a file, in the file's order.

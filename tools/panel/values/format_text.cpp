@@ -1,0 +1,233 @@
+#include "panel/values/format_text.h"
+
+#include "addresses/digits.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtCore/QStringList>
+
+#include <iterator>
+
+namespace kx
+{
+
+namespace
+{
+
+struct KindName {
+    const char* name;
+    ValueKind kind;
+};
+
+const KindName KIND_NAMES[] = {
+    {"u16", ValueKind::U16}, {"s16", ValueKind::S16},       {"hex", ValueKind::Hex},
+    {"bin", ValueKind::Bin}, {"bcd", ValueKind::Bcd},       {"u32", ValueKind::U32},
+    {"s32", ValueKind::S32}, {"float", ValueKind::Float},   {"u64", ValueKind::U64},
+    {"s64", ValueKind::S64}, {"double", ValueKind::Double}, {"ascii", ValueKind::Ascii},
+    {"bit", ValueKind::Bit},
+};
+
+const QLatin1Char COMMA(',');
+
+bool fail(QString* fault, const QString& message)
+{
+    *fault = message;
+    return false;
+}
+
+bool parseWords(const QString& digits, int* words, QString* fault)
+{
+    *words = hasOnlyDigits(digits, 10) ? digits.toInt() : 0;
+    return (*words >= 1 && *words <= MOST_TEXT_WORDS)
+           || fail(fault, QStringLiteral("ascii needs its registers, 1 to %1, such as ascii:8")
+                              .arg(MOST_TEXT_WORDS));
+}
+
+bool parseNumber(const QString& name, const QString& text, Decimal* number, QString* fault)
+{
+    return Decimal::parse(text, number)
+           || fail(fault, QStringLiteral("%1: '%2' is not a decimal number").arg(name, text));
+}
+
+bool parseBound(const QString& name, const QString& text, std::optional<Decimal>* bound,
+                QString* fault)
+{
+    Decimal number;
+    if (!parseNumber(name, text, &number, fault))
+        return false;
+    *bound = number;
+    return true;
+}
+
+bool parseOption(const QString& option, ValueFormat* format, QString* fault)
+{
+    const QString name = option.section(QLatin1Char('='), 0, 0);
+    const QString value = option.section(QLatin1Char('='), 1);
+    if (name == QLatin1String("decimals"))
+        return parseDecimals(value, format, fault);
+    if (name == QLatin1String("min"))
+        return parseLowest(value, format, fault);
+    if (name == QLatin1String("max"))
+        return parseHighest(value, format, fault);
+    if (option == QLatin1String("low") || option == QLatin1String("high")
+        || option == QLatin1String("swapped"))
+        return parseOrder(option, format, fault);
+    return fail(fault, QStringLiteral("'%1' is no option of a format; they are low, high, swapped, "
+                                      "decimals=N, min=NUMBER, max=NUMBER and, last, unit=TEXT")
+                           .arg(option));
+}
+
+bool parseOptions(QString options, ValueFormat* format, QString* fault)
+{
+    while (options.startsWith(COMMA)) {
+        options.remove(0, 1);
+        if (options.startsWith(QLatin1String("unit="))) {
+            format->unit = options.mid(5);
+            return true;
+        }
+        const QString option = options.section(COMMA, 0, 0);
+        if (!parseOption(option, format, fault))
+            return false;
+        options.remove(0, option.size());
+    }
+    return true;
+}
+
+QString kindText(const ValueFormat& format)
+{
+    if (format.bit >= 0)
+        return QString(); // stands before the slash
+    for (const KindName& row : KIND_NAMES) {
+        if (row.kind != format.kind)
+            continue;
+        const QString name = QString::fromLatin1(row.name);
+        return row.kind == ValueKind::Ascii ? QStringLiteral("%1:%2").arg(name).arg(format.words)
+                                            : name;
+    }
+    return QString();
+}
+
+QString scaleText(const ValueFormat& format)
+{
+    QString text;
+    if (format.scale.compare(Decimal(1)) != 0)
+        text = QLatin1Char('*') + format.scale.text();
+    if (!format.offset.isZero())
+        text +=
+            (format.offset.isNegative() ? QString() : QStringLiteral("+")) + format.offset.text();
+    return text;
+}
+
+} // namespace
+
+bool parseKind(const QString& text, ValueFormat* format, QString* fault)
+{
+    const QString name = text.section(QLatin1Char(':'), 0, 0);
+    const bool hasWords = text.contains(QLatin1Char(':'));
+    for (const KindName& row : KIND_NAMES) {
+        if (name != QLatin1String(row.name) || (hasWords && row.kind != ValueKind::Ascii))
+            continue;
+        format->kind = row.kind;
+        return row.kind != ValueKind::Ascii
+               || parseWords(text.section(QLatin1Char(':'), 1), &format->words, fault);
+    }
+    return fail(fault,
+                QStringLiteral("unknown format '%1'; the formats are %2").arg(text, formatNames()));
+}
+
+bool parseOrder(const QString& text, ValueFormat* format, QString* fault)
+{
+    for (const QString& word : text.split(QLatin1Char(' '))) {
+        if (word == QLatin1String("low") && format->order != WordOrder::HighFirst)
+            format->order = WordOrder::LowFirst;
+        else if (word == QLatin1String("high") && format->order != WordOrder::LowFirst)
+            format->order = WordOrder::HighFirst;
+        else if (word == QLatin1String("swapped"))
+            format->swapsBytes = true;
+        else
+            return fail(fault, QStringLiteral("order '%1': must be low, high, swapped, 'low "
+                                              "swapped' or 'high swapped'")
+                                   .arg(text));
+    }
+    return true;
+}
+
+bool parseScale(const QString& text, ValueFormat* format, QString* fault)
+{
+    if (!parseNumber(QStringLiteral("scale"), text, &format->scale, fault))
+        return false;
+    return (!format->scale.isZero() && format->scale.significantDigits() <= MOST_SCALE_DIGITS)
+           || fail(fault, QStringLiteral("scale %1: must not be 0, and have at most %2 digits")
+                              .arg(text, QString::number(MOST_SCALE_DIGITS)));
+}
+
+bool parseOffset(const QString& text, ValueFormat* format, QString* fault)
+{
+    return parseNumber(QStringLiteral("offset"), text, &format->offset, fault);
+}
+
+bool parseDecimals(const QString& text, ValueFormat* format, QString* fault)
+{
+    const bool isNumber = hasOnlyDigits(text, 10) && text.size() <= 2;
+    if (!isNumber || text.toInt() > MOST_DECIMALS)
+        return fail(fault,
+                    QStringLiteral("decimals '%1': must be 0 to %2").arg(text).arg(MOST_DECIMALS));
+    format->decimals = text.toInt();
+    return true;
+}
+
+bool parseLowest(const QString& text, ValueFormat* format, QString* fault)
+{
+    return parseBound(QStringLiteral("min"), text, &format->lowest, fault);
+}
+
+bool parseHighest(const QString& text, ValueFormat* format, QString* fault)
+{
+    return parseBound(QStringLiteral("max"), text, &format->highest, fault);
+}
+
+bool parseFormat(const QString& text, ValueFormat* format, QString* fault)
+{
+    // The sign of an exponent is no offset's: *1e-3.
+    static const QRegularExpression pattern(
+        QStringLiteral("\\A([^*+-]*)(?:\\*(-?[0-9.]+(?:[eE][-+]?[0-9]+)?))?([-+][0-9].*)?\\z"));
+    const QString numbers = text.section(COMMA, 0, 0);
+    const QRegularExpressionMatch match = pattern.match(numbers);
+    if (text.isEmpty() || !match.hasMatch())
+        return fail(fault, QStringLiteral("'%1' is not a format; write KIND[*SCALE][+OFFSET]"
+                                          "[,OPTION]..., such as s16*0.1+5 or u32,high")
+                               .arg(text));
+    const QString kind = match.captured(1);
+    return (kind.isEmpty() || parseKind(kind, format, fault))
+           && (match.captured(2).isEmpty() || parseScale(match.captured(2), format, fault))
+           && (match.captured(3).isEmpty() || parseOffset(match.captured(3), format, fault))
+           && parseOptions(text.mid(numbers.size()), format, fault);
+}
+
+QString formatText(const ValueFormat& format)
+{
+    QStringList parts = {kindText(format) + scaleText(format)};
+    if (format.order != WordOrder::Unset)
+        parts << QString::fromLatin1(format.order == WordOrder::HighFirst ? "high" : "low");
+    if (format.swapsBytes)
+        parts << QStringLiteral("swapped");
+    if (format.decimals >= 0)
+        parts << QStringLiteral("decimals=%1").arg(format.decimals);
+    if (format.lowest)
+        parts << QStringLiteral("min=") + format.lowest->text();
+    if (format.highest)
+        parts << QStringLiteral("max=") + format.highest->text();
+    if (!format.unit.isEmpty())
+        parts << QStringLiteral("unit=") + format.unit;
+    return parts.join(COMMA);
+}
+
+QString formatNames()
+{
+    QStringList names;
+    for (const KindName& row : KIND_NAMES)
+        names << QString::fromLatin1(row.name)
+                     + QLatin1String(row.kind == ValueKind::Ascii ? ":N" : "");
+    return names.join(QStringLiteral(", "));
+}
+
+} // namespace kx

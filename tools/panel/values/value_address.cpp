@@ -1,0 +1,101 @@
+#include "panel/values/value_address.h"
+
+#include "addresses/digits.h"
+#include "panel/values/format_text.h"
+
+namespace kx
+{
+
+namespace
+{
+
+const int HIGHEST_BIT = 15;
+
+bool fail(QString* fault, const QString& message)
+{
+    *fault = message;
+    return false;
+}
+
+bool takeBit(const QString& digits, ValueFormat* format, QString* fault)
+{
+    const bool isNumber = hasOnlyDigits(digits, 10) && digits.size() <= 2;
+    if (!isNumber || digits.toInt() > HIGHEST_BIT)
+        return fail(fault, QStringLiteral("'%1' is not a bit of a word; they are 0 to %2")
+                               .arg(digits, QString::number(HIGHEST_BIT)));
+    if (format->kind != ValueKind::Plain)
+        return fail(fault, QStringLiteral("one bit of a word has no format"));
+    format->kind = ValueKind::Bit;
+    format->bit = digits.toInt();
+    return true;
+}
+
+/// @param place what stands before the slash
+bool takePlace(const QString& place, AddressRange* range, ValueFormat* format, QString* fault)
+{
+    AddressParts parts;
+    const auto dot = parseAddressParts(place, &parts) ? parts.number.indexOf(QLatin1Char('.')) : -1;
+    if (dot < 0)
+        return parseAddress(place, range, fault);
+    if (!takeBit(parts.number.mid(dot + 1), format, fault))
+        return false;
+    if (!parts.count.isNull())
+        return fail(fault, QStringLiteral("one bit of a word has no count"));
+    const QString station = parts.station.isNull() ? QString() : QLatin1Char('@') + parts.station;
+    return parseAddress(parts.type + parts.number.left(dot) + station, range, fault);
+}
+
+} // namespace
+
+bool parseValueAddress(const QString& typed, AddressRange* range, ValueFormat* format,
+                       QString* fault)
+{
+    *range = AddressRange();
+    *format = ValueFormat();
+    const auto slash = typed.indexOf(QLatin1Char('/'));
+    if (slash >= 0 && !parseFormat(typed.mid(slash + 1), format, fault))
+        return false;
+    return takePlace(typed.left(slash), range, format, fault) && coverValues(range, format, fault);
+}
+
+bool coverValues(AddressRange* range, ValueFormat* format, QString* fault)
+{
+    if (!fitFormat(range->type, format, fault))
+        return false;
+    const int registers = registersOf(*format);
+    const int room = highestAddress(range->type) - range->address + 1;
+    if (range->values > room / registers)
+        return fail(fault,
+                    QStringLiteral("%1 of %2 registers run past the last address; the "
+                                   "addresses are %3")
+                        .arg(range->values == 1 ? QStringLiteral("a value")
+                                                : QStringLiteral("%1 values").arg(range->values),
+                             QString::number(registers), addressesOf(range->type)));
+    range->values *= registers;
+    return liesInOneRun(*range, *format, fault);
+}
+
+int valuesIn(const AddressRange& range, const ValueFormat& format)
+{
+    return range.values / registersOf(format);
+}
+
+QString valueAddressText(const AddressRange& range, const ValueFormat& format)
+{
+    QString text = valueName(range, format, 0);
+    const int values = valuesIn(range, format);
+    if (values != 1)
+        text += QStringLiteral(":%1").arg(values);
+    if (range.station > 0)
+        text += QStringLiteral("@%1").arg(range.station);
+    const QString formatted = formatText(format);
+    return formatted.isEmpty() ? text : text + QLatin1Char('/') + formatted;
+}
+
+QString valueName(const AddressRange& range, const ValueFormat& format, int value)
+{
+    const QString name = addressText(range.type, range.address + value * registersOf(format));
+    return format.bit < 0 ? name : QStringLiteral("%1.%2").arg(name).arg(format.bit);
+}
+
+} // namespace kx

@@ -1,0 +1,128 @@
+#include "panel/values/value_codec.h"
+
+#include "panel/values/ascii_text.h"
+#include "panel/values/float_text.h"
+#include "panel/values/register_words.h"
+#include "panel/values/whole_text.h"
+
+namespace kx
+{
+
+namespace
+{
+
+// Digits of a number that JSON, which holds doubles, gives back unchanged.
+const int EXACT_DIGITS = 15;
+
+bool isWhole(const ValueFormat& format, const QList<qint64>& raw)
+{
+    return !raw.isEmpty() && raw.size() == registersOf(format);
+}
+
+bool fail(QString* fault, const QString& message)
+{
+    *fault = message;
+    return false;
+}
+
+bool parseAscii(const ValueFormat& format, const QString& typed, QList<qint64>* raw, QString* fault)
+{
+    QByteArray bytes;
+    if (!parseEscapedText(typed, &bytes, fault))
+        return false;
+    const int most = 2 * registersOf(format);
+    if (bytes.size() > most)
+        return fail(fault, QStringLiteral("'%1' does not fit; it has %2 bytes, and the registers "
+                                          "hold %3")
+                               .arg(typed, QString::number(bytes.size()), QString::number(most)));
+    *raw = wordsOfBytes(format, bytes);
+    return true;
+}
+
+bool decimalOf(const ValueFormat& format, const QList<qint64>& raw, Decimal* number)
+{
+    if (!isWhole(format, raw) || format.kind == ValueKind::Ascii)
+        return false;
+    const quint64 bits = numberOfWords(format, raw);
+    return isFloating(format) ? floatDecimal(format, bits, number)
+                              : wholeDecimal(format, bits, number);
+}
+
+bool leavesBounds(const ValueFormat& format, const QList<qint64>& raw, const QString& typed,
+                  QString* fault)
+{
+    if (!format.lowest && !format.highest)
+        return false;
+    Decimal number;
+    const bool isNumber = decimalOf(format, raw, &number);
+    if (isNumber && (!format.lowest || number.compare(*format.lowest) >= 0)
+        && (!format.highest || number.compare(*format.highest) <= 0))
+        return false;
+    QStringList bounds;
+    if (format.lowest)
+        bounds << QLatin1String("at least ") + format.lowest->text();
+    if (format.highest)
+        bounds << QLatin1String("at most ") + format.highest->text();
+    *fault = QStringLiteral("%1 is refused; it must be %2")
+                 .arg(typed, bounds.join(QLatin1String(" and ")));
+    return true;
+}
+
+} // namespace
+
+QList<qint64> rawOfValue(const QList<qint64>& raw, const ValueFormat& format, int value)
+{
+    const int registers = registersOf(format);
+    const QList<qint64> part = raw.mid(value * registers, registers);
+    return isWhole(format, part) ? part : QList<qint64>();
+}
+
+QString valueText(const ValueFormat& format, const QList<qint64>& raw)
+{
+    if (!isWhole(format, raw))
+        return QString();
+    if (format.kind == ValueKind::Ascii)
+        return escapedText(bytesOfWords(format, raw));
+    const quint64 bits = numberOfWords(format, raw);
+    return isFloating(format) ? floatText(format, bits) : wholeText(format, bits);
+}
+
+QJsonValue valueJson(const ValueFormat& format, const QList<qint64>& raw)
+{
+    Decimal number;
+    const bool isNumber = format.kind != ValueKind::Hex && format.kind != ValueKind::Bin
+                          && decimalOf(format, raw, &number);
+    if (isNumber && (isFloating(format) || number.significantDigits() <= EXACT_DIGITS))
+        return number.toDouble();
+    return valueText(format, raw);
+}
+
+bool valueNumber(const ValueFormat& format, const QList<qint64>& raw, double* number)
+{
+    Decimal exact;
+    const bool isNumber = decimalOf(format, raw, &exact);
+    *number = exact.toDouble();
+    return isNumber;
+}
+
+bool parseValue(const RegisterType* type, const ValueFormat& format, const QString& typed,
+                QList<qint64>* raw, QString* fault)
+{
+    if (format.kind == ValueKind::Ascii)
+        return parseAscii(format, typed, raw, fault);
+    quint64 bits = 0;
+    const bool isTaken = isFloating(format) ? parseFloat(format, typed, &bits, fault)
+                                            : parseWhole(type, format, typed, &bits, fault);
+    if (!isTaken)
+        return false;
+    *raw = wordsOfNumber(format, bits);
+    return !leavesBounds(format, *raw, typed, fault);
+}
+
+qint64 withBit(qint64 word, const ValueFormat& format, bool isSet)
+{
+    const qint64 mask = qint64(1) << format.bit;
+    return isSet ? word | mask : word & ~mask;
+}
+
+} // namespace kx
