@@ -9,13 +9,19 @@
 namespace kx
 {
 
-/// Declares --tags FILE, which may be given several times.
+/// Declares --word-order ORDER.
+void addWordOrderOption(QCommandLineParser* parser);
+
+/// The order that it names, in `*order`; false and one line in `*error` when it is none.
+bool parseWordOrder(const QCommandLineParser& parser, ValueFormat* order, QString* error);
+
+/// Declares --tags FILE and --only NAME, which may be given several times, and --word-order.
 void addTagsOption(QCommandLineParser* parser);
 
-/// The tags of all --tags files and then of all other arguments: each an address,
-/// or the name of a tags file (one that exists, or that holds a dot or a slash).
-/// A typed address is a tag with an empty name. Tags that name no station get
-/// `station`.
+/// The tags of all --tags files and then of all other arguments: each an address with its format,
+/// or the name of a tags file (one that exists, or that holds a dot or a slash and does not begin
+/// as an address). A typed address is a tag with an empty name, which --only leaves alone. Tags
+/// that name no station get `station`, values that name no order the one of --word-order.
 /// @return false and one line in `*error` when an address or a file is wrong
 bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>* tags,
                        QString* error);

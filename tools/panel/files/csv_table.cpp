@@ -51,25 +51,46 @@ bool fail(const QString& fault, QString* error)
 bool CsvTable::parse(const QByteArray& bytes, const QList<CsvColumn>& columns, CsvTable* table,
                      CsvFault* fault)
 {
+    QList<CsvFault> faults;
+    const bool isTable = parse(bytes, columns, table, &faults);
+    *fault = faults.value(0);
+    return isTable;
+}
+
+bool CsvTable::parse(const QByteArray& bytes, const QList<CsvColumn>& columns, CsvTable* table,
+                     QList<CsvFault>* faults)
+{
     *table = CsvTable();
-    *fault = CsvFault();
+    faults->clear();
     table->m_columns = columns;
     QByteArray text;
-    if (!decodeText(bytes, &text, &table->m_encoding, &fault->text))
-        return false;
-    table->m_lines = text.split('\n');
-    for (int i = 0; i < table->m_lines.size(); ++i) {
-        if (!isSkipped(table->m_lines.at(i)) && !table->parseText(i, &fault->text)) {
-            fault->line = i + 1;
-            return false;
-        }
-    }
-    if (!table->m_rows.isEmpty())
-        return true;
-    fault->text = table->m_order.isEmpty()
-                      ? QStringLiteral("no header line; it is %1").arg(table->columnNames())
-                      : QStringLiteral("no rows behind the header");
+    CsvFault fault;
+    if (decodeText(bytes, &text, &table->m_encoding, &fault.text))
+        table->parseLines(text.split('\n'), faults);
+    else
+        *faults << fault;
+    if (!table->m_rows.isEmpty() || !faults->isEmpty())
+        return faults->isEmpty();
+    fault.text = table->m_order.isEmpty()
+                     ? QStringLiteral("no header line; it is %1").arg(table->columnNames())
+                     : QStringLiteral("no rows behind the header");
+    *faults << fault;
     return false;
+}
+
+/// Without a header no row can be told.
+void CsvTable::parseLines(const QList<QByteArray>& lines, QList<CsvFault>* faults)
+{
+    m_lines = lines;
+    for (int i = 0; i < m_lines.size(); ++i) {
+        CsvFault fault;
+        fault.line = i + 1;
+        if (isSkipped(m_lines.at(i)) || parseText(i, &fault.text))
+            continue;
+        *faults << fault;
+        if (m_order.isEmpty())
+            return;
+    }
 }
 
 bool CsvTable::parseText(int index, QString* error)

@@ -42,6 +42,10 @@ public:
     static bool parse(const QByteArray& bytes, const QList<CsvColumn>& columns, CsvTable* table,
                       CsvFault* fault);
 
+    /// The same with all faults, in the order of their lines; `*table` holds the rows without one.
+    static bool parse(const QByteArray& bytes, const QList<CsvColumn>& columns, CsvTable* table,
+                      QList<CsvFault>* faults);
+
     const QList<CsvRow>& rows() const { return m_rows; }
 
     /// The file's bytes with the field of that column replaced in the rows of the map,
@@ -49,6 +53,7 @@ public:
     QByteArray withTexts(int column, const QMap<int, QByteArray>& texts) const;
 
 private:
+    void parseLines(const QList<QByteArray>& lines, QList<CsvFault>* faults);
     bool parseText(int index, QString* error);
     bool parseHeader(const QByteArray& line, QString* error);
     bool parseColumns(const QStringList& names, QString* error);

@@ -192,17 +192,12 @@ Decimal Decimal::rounded(int places) const
 int Decimal::compare(const Decimal& other) const
 {
     const Decimal distance = minus(other);
-    return distance.isZero() ? 0 : distance.isNegative() ? -1 : 1;
+    return distance.isNegative() ? -1 : distance.isZero() ? 0 : 1;
 }
 
 std::string Decimal::scientific() const
 {
     return (m_negative ? "-" : "") + (isZero() ? "0" : m_digits) + 'e' + std::to_string(m_exponent);
-}
-
-QString Decimal::text() const
-{
-    return text(0);
 }
 
 QString Decimal::text(int places) const

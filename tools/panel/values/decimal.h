@@ -47,7 +47,7 @@ public:
     int compare(const Decimal& other) const;
 
     /// "-12.5"; with an exponent, "1e+30", where more than 30 zeros would be needed.
-    QString text() const;
+    QString text() const { return text(0); }
     /// The same with at least that many digits behind the point: "12.50".
     QString text(int places) const;
 

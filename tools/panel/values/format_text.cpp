@@ -42,38 +42,52 @@ bool parseWords(const QString& digits, int* words, QString* fault)
                               .arg(MOST_TEXT_WORDS));
 }
 
-bool parseNumber(const QString& name, const QString& text, Decimal* number, QString* fault)
+bool parseNumber(const QString& text, Decimal* number, QString* fault)
 {
     return Decimal::parse(text, number)
-           || fail(fault, QStringLiteral("%1: '%2' is not a decimal number").arg(name, text));
+           || fail(fault, QStringLiteral("must be a decimal number such as 12.5"));
 }
 
-bool parseBound(const QString& name, const QString& text, std::optional<Decimal>* bound,
-                QString* fault)
+bool parseBound(const QString& text, std::optional<Decimal>* bound, QString* fault)
 {
     Decimal number;
-    if (!parseNumber(name, text, &number, fault))
+    if (!parseNumber(text, &number, fault))
         return false;
     *bound = number;
     return true;
 }
 
+/// Parses one part, and says what it was when it is wrong.
+using PartParser = bool (*)(const QString&, ValueFormat*, QString*);
+
+bool parsePart(const char* name, PartParser parse, const QString& text, ValueFormat* format,
+               QString* fault)
+{
+    QString reason;
+    return parse(text, format, &reason)
+           || fail(fault, QStringLiteral("%1 %2: %3").arg(QString::fromLatin1(name), text, reason));
+}
+
+struct Option {
+    const char* name;
+    PartParser parse;
+};
+
+const Option OPTIONS[] = {{"decimals", parseDecimals}, {"min", parseLowest}, {"max", parseHighest}};
+
 bool parseOption(const QString& option, ValueFormat* format, QString* fault)
 {
     const QString name = option.section(QLatin1Char('='), 0, 0);
-    const QString value = option.section(QLatin1Char('='), 1);
-    if (name == QLatin1String("decimals"))
-        return parseDecimals(value, format, fault);
-    if (name == QLatin1String("min"))
-        return parseLowest(value, format, fault);
-    if (name == QLatin1String("max"))
-        return parseHighest(value, format, fault);
-    if (option == QLatin1String("low") || option == QLatin1String("high")
-        || option == QLatin1String("swapped"))
-        return parseOrder(option, format, fault);
-    return fail(fault, QStringLiteral("'%1' is no option of a format; they are low, high, swapped, "
-                                      "decimals=N, min=NUMBER, max=NUMBER and, last, unit=TEXT")
-                           .arg(option));
+    for (const Option& row : OPTIONS) {
+        if (name == QLatin1String(row.name))
+            return parsePart(row.name, row.parse, option.section(QLatin1Char('='), 1), format,
+                             fault);
+    }
+    return (!option.contains(QLatin1Char(' ')) && parseOrder(option, format, fault))
+           || fail(fault, QStringLiteral("'%1' is no option of a format here; they are low or "
+                                         "high, swapped, decimals=N, min=NUMBER, max=NUMBER and, "
+                                         "last, unit=TEXT")
+                              .arg(option));
 }
 
 bool parseOptions(QString options, ValueFormat* format, QString* fault)
@@ -144,45 +158,44 @@ bool parseOrder(const QString& text, ValueFormat* format, QString* fault)
         else if (word == QLatin1String("swapped"))
             format->swapsBytes = true;
         else
-            return fail(fault, QStringLiteral("order '%1': must be low, high, swapped, 'low "
-                                              "swapped' or 'high swapped'")
-                                   .arg(text));
+            return fail(fault, QStringLiteral("must be low, high, swapped, 'low swapped' or 'high "
+                                              "swapped'"));
     }
     return true;
 }
 
 bool parseScale(const QString& text, ValueFormat* format, QString* fault)
 {
-    if (!parseNumber(QStringLiteral("scale"), text, &format->scale, fault))
+    if (!parseNumber(text, &format->scale, fault))
         return false;
     return (!format->scale.isZero() && format->scale.significantDigits() <= MOST_SCALE_DIGITS)
-           || fail(fault, QStringLiteral("scale %1: must not be 0, and have at most %2 digits")
-                              .arg(text, QString::number(MOST_SCALE_DIGITS)));
+           || fail(
+               fault,
+               QStringLiteral("must not be 0, and have at most %1 digits").arg(MOST_SCALE_DIGITS));
 }
 
 bool parseOffset(const QString& text, ValueFormat* format, QString* fault)
 {
-    return parseNumber(QStringLiteral("offset"), text, &format->offset, fault);
+    return parseNumber(text, &format->offset, fault);
 }
 
 bool parseDecimals(const QString& text, ValueFormat* format, QString* fault)
 {
     const bool isNumber = hasOnlyDigits(text, 10) && text.size() <= 2;
     if (!isNumber || text.toInt() > MOST_DECIMALS)
-        return fail(fault,
-                    QStringLiteral("decimals '%1': must be 0 to %2").arg(text).arg(MOST_DECIMALS));
+        return fail(fault, QStringLiteral("must be 0 to %1").arg(MOST_DECIMALS));
     format->decimals = text.toInt();
     return true;
 }
 
 bool parseLowest(const QString& text, ValueFormat* format, QString* fault)
 {
-    return parseBound(QStringLiteral("min"), text, &format->lowest, fault);
+    return parseBound(text, &format->lowest, fault);
 }
 
 bool parseHighest(const QString& text, ValueFormat* format, QString* fault)
 {
-    return parseBound(QStringLiteral("max"), text, &format->highest, fault);
+    return parseBound(text, &format->highest, fault);
 }
 
 bool parseFormat(const QString& text, ValueFormat* format, QString* fault)
@@ -198,8 +211,10 @@ bool parseFormat(const QString& text, ValueFormat* format, QString* fault)
                                .arg(text));
     const QString kind = match.captured(1);
     return (kind.isEmpty() || parseKind(kind, format, fault))
-           && (match.captured(2).isEmpty() || parseScale(match.captured(2), format, fault))
-           && (match.captured(3).isEmpty() || parseOffset(match.captured(3), format, fault))
+           && (match.captured(2).isEmpty()
+               || parsePart("scale", parseScale, match.captured(2), format, fault))
+           && (match.captured(3).isEmpty()
+               || parsePart("offset", parseOffset, match.captured(3), format, fault))
            && parseOptions(text.mid(numbers.size()), format, fault);
 }
 

@@ -22,7 +22,7 @@ const int MOST_TEXT_WORDS = 123; // one write carries them
 /// ValueFormat::bit, which stands before the slash, is left alone.
 KXRUNTIME_EXPORT bool parseFormat(const QString& text, ValueFormat* format, QString* fault);
 
-// One part each, as the columns of a tags file hold them. Empty texts are the caller's.
+// One part each, as the columns of a tags file hold them; what is wrong without the part in front.
 KXRUNTIME_EXPORT bool parseKind(const QString& text, ValueFormat* format, QString* fault);
 KXRUNTIME_EXPORT bool parseOrder(const QString& text, ValueFormat* format, QString* fault);
 KXRUNTIME_EXPORT bool parseScale(const QString& text, ValueFormat* format, QString* fault);

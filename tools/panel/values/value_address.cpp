@@ -39,10 +39,19 @@ bool takePlace(const QString& place, AddressRange* range, ValueFormat* format, Q
         return parseAddress(place, range, fault);
     if (!takeBit(parts.number.mid(dot + 1), format, fault))
         return false;
-    if (!parts.count.isNull())
-        return fail(fault, QStringLiteral("one bit of a word has no count"));
+    const QString count = parts.count.isNull() ? QString() : QLatin1Char(':') + parts.count;
     const QString station = parts.station.isNull() ? QString() : QLatin1Char('@') + parts.station;
-    return parseAddress(parts.type + parts.number.left(dot) + station, range, fault);
+    return parseAddress(parts.type + parts.number.left(dot) + count + station, range, fault);
+}
+
+QString pastEndText(const AddressRange& range, int registers)
+{
+    const QString values = range.values == 1 ? QStringLiteral("the value runs")
+                                             : QStringLiteral("%1 values run").arg(range.values);
+    return QStringLiteral("%1 past the last address%2; the addresses are %3")
+        .arg(values,
+             registers == 1 ? QString() : QStringLiteral(", %1 registers each").arg(registers),
+             addressesOf(range.type));
 }
 
 } // namespace
@@ -62,15 +71,12 @@ bool coverValues(AddressRange* range, ValueFormat* format, QString* fault)
 {
     if (!fitFormat(range->type, format, fault))
         return false;
+    if (format->bit >= 0 && range->values != 1)
+        return fail(fault, QStringLiteral("one bit of a word has no count"));
     const int registers = registersOf(*format);
     const int room = highestAddress(range->type) - range->address + 1;
     if (range->values > room / registers)
-        return fail(fault,
-                    QStringLiteral("%1 of %2 registers run past the last address; the "
-                                   "addresses are %3")
-                        .arg(range->values == 1 ? QStringLiteral("a value")
-                                                : QStringLiteral("%1 values").arg(range->values),
-                             QString::number(registers), addressesOf(range->type)));
+        return fail(fault, pastEndText(*range, registers));
     range->values *= registers;
     return liesInOneRun(*range, *format, fault);
 }

@@ -65,18 +65,38 @@ bool checkOrder(const ValueFormat& format, QString* fault)
 }
 
 /// A rounded number must tell which register it came from.
+bool tellsSteps(const ValueFormat& format, int decimals)
+{
+    const Decimal lastDigit = Decimal(1).timesPowerOfTen(-decimals);
+    return decimals >= std::max(format.scale.places(), format.offset.places())
+           || lastDigit.compare(format.scale.absolute()) < 0;
+}
+
 bool checkDecimals(const ValueFormat& format, QString* fault)
 {
-    if (format.decimals < 0 || isFloating(format))
+    if (format.decimals < 0 || isFloating(format) || tellsSteps(format, format.decimals))
         return true;
-    const int exact = std::max(format.scale.places(), format.offset.places());
-    const Decimal step = Decimal(1).timesPowerOfTen(-format.decimals);
-    if (format.decimals >= exact || step.compare(format.scale.absolute()) < 0)
-        return true;
-    return fail(fault, QStringLiteral("decimals=%1 cannot tell values %2 apart; leave it out, or "
-                                      "take %3")
-                           .arg(QString::number(format.decimals), format.scale.absolute().text(),
-                                QString::number(exact)));
+    int fewest = format.decimals;
+    while (!tellsSteps(format, fewest))
+        ++fewest;
+    return fail(fault,
+                QStringLiteral("with decimals %1 values %2 apart look alike; take %3 or more")
+                    .arg(QString::number(format.decimals), format.scale.absolute().text(),
+                         QString::number(fewest)));
+}
+
+QString kindsWithoutNumbers(const ValueFormat& format)
+{
+    switch (format.kind) {
+    case ValueKind::Hex:
+        return QStringLiteral("hex values have");
+    case ValueKind::Bin:
+        return QStringLiteral("bin values have");
+    case ValueKind::Ascii:
+        return QStringLiteral("text has");
+    default:
+        return QStringLiteral("bits have");
+    }
 }
 
 bool checkNumbers(const ValueFormat& format, QString* fault)
@@ -84,10 +104,10 @@ bool checkNumbers(const ValueFormat& format, QString* fault)
     const bool hasNumbers =
         format.isScaled() || format.decimals >= 0 || format.lowest || format.highest;
     if (hasNumbers && !isNumeric(format))
-        return fail(fault, QStringLiteral("%1 has no scale, decimals, min or max")
-                               .arg(formatText(format).section(QLatin1Char(','), 0, 0)));
+        return fail(fault, QStringLiteral("%1 no scale, offset, decimals, min or max")
+                               .arg(kindsWithoutNumbers(format)));
     if (format.scale.isZero() || format.scale.significantDigits() > MOST_SCALE_DIGITS)
-        return fail(fault, QStringLiteral("the scale must have 1 to %1 digits and not be 0")
+        return fail(fault, QStringLiteral("the scale must not be 0, and have at most %1 digits")
                                .arg(MOST_SCALE_DIGITS));
     if (format.lowest && format.highest && format.lowest->compare(*format.highest) > 0)
         return fail(fault, QStringLiteral("min %1 is above max %2")
@@ -140,6 +160,8 @@ int shownDecimals(const ValueFormat& format)
 
 bool fitFormat(const RegisterType* type, ValueFormat* format, QString* fault)
 {
+    if (format->bit >= 0 && format->kind != ValueKind::Bit)
+        return fail(fault, QStringLiteral("one bit of a word has no format"));
     if (!suits(type, *format))
         return fail(fault, unsuitableText(type));
     format->isCounter = type->registerClass == DOUBLE_WORD_CLASS;
@@ -147,6 +169,14 @@ bool fitFormat(const RegisterType* type, ValueFormat* format, QString* fault)
     if (type->registerClass == BIT_CLASS)
         checked.kind = ValueKind::Bit;
     return checkOrder(checked, fault) && checkNumbers(checked, fault);
+}
+
+void takeOrder(const ValueFormat& order, ValueFormat* format)
+{
+    if (!hasWordOrder(*format) || format->order != WordOrder::Unset || format->swapsBytes)
+        return;
+    format->order = order.order;
+    format->swapsBytes = order.swapsBytes;
 }
 
 bool liesInOneRun(const AddressRange& range, const ValueFormat& format, QString* fault)

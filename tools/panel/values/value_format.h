@@ -73,6 +73,10 @@ KXRUNTIME_EXPORT int shownDecimals(const ValueFormat& format);
 /// @return false and in `*fault` why the type or the parts of the format do not go together
 KXRUNTIME_EXPORT bool fitFormat(const RegisterType* type, ValueFormat* format, QString* fault);
 
+/// Gives a number of several registers that names neither order nor swapped bytes those of `order`.
+/// All others, and a 32CV, stay as they are.
+KXRUNTIME_EXPORT void takeOrder(const ValueFormat& order, ValueFormat* format);
+
 /// Whether each value of the range lies in one run of the controller's registers, so that one
 /// request can read it. `*fault` names the first that does not.
 KXRUNTIME_EXPORT bool liesInOneRun(const AddressRange& range, const ValueFormat& format,

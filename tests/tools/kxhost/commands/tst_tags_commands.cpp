@@ -163,7 +163,7 @@ void TagsCommandsTest::aFaultNamesFileAndLine()
 {
     QFETCH(QStringList, arguments);
     const QString fault =
-        QString::fromLatin1("kxhost: %1:2: X8: '8' is not an octal number; the addresses are X0 "
+        QString::fromLatin1("kxhost: %1:2: address X8: '8' is not an octal number; the addresses are X0 "
                             "to X377 (octal)")
             .arg(m_wrong);
     for (const QStringList& words : {QStringList{m_wrong}, QStringList{"--tags", m_wrong}}) {

@@ -1,6 +1,8 @@
 // Watched addresses on a command line: typed, or in tags files.
 
 #include "kxhost/options/tags_arguments.h"
+#include "panel/values/format_text.h"
+#include "panel/values/value_address.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
@@ -34,6 +36,12 @@ void write(const char* name)
         qFatal("cannot write %s", name);
 }
 
+QString formatSuffix(const ValueFormat& format)
+{
+    const QString text = formatText(format);
+    return text.isEmpty() ? text : QLatin1Char('/') + text;
+}
+
 /// "Level D100:4@1", "- D5:1@1" without a name, or the error alone.
 QStringList read(const QStringList& arguments)
 {
@@ -47,10 +55,10 @@ QStringList read(const QStringList& arguments)
         return {error};
     QStringList lines;
     for (const Tag& tag : tags)
-        lines << QString::fromLatin1("%1 %2:%3@%4")
+        lines << QString::fromLatin1("%1 %2:%3@%4%5")
                      .arg(tag.name.isEmpty() ? QLatin1String("-") : tag.name,
-                          addressText(tag.range.type, tag.range.address),
-                          QString::number(tag.range.values), QString::number(tag.range.station));
+                          valueName(tag.range, tag.format, 0), QString::number(tag.range.values),
+                          QString::number(tag.range.station), formatSuffix(tag.format));
     return lines;
 }
 
@@ -62,6 +70,7 @@ void TagsArgumentsTest::initTestCase()
     QVERIFY(QDir::setCurrent(m_folder.path()));
     write("tags.csv");
     write("plain");
+    write("D5.1x");
     write("D100"); // an address comes before a file of that name
 }
 
@@ -93,6 +102,40 @@ void TagsArgumentsTest::argumentsAreRead_data()
         << QStringList{"no.csv"} << QStringList{"no.csv: No such file or directory"};
     QTest::newRow("an option without a file's name")
         << QStringList{"--tags="} << QStringList{"--tags: the name of the file is missing"};
+    QTest::newRow("a format") << QStringList{"D5:2/float"} << QStringList{"- D5:4@1/float"};
+    QTest::newRow("a bit of a word") << QStringList{"D5.3"} << QStringList{"- D5.3:1@1"};
+    QTest::newRow("a wrong format")
+        << QStringList{"D5/flot"}
+        << QStringList{"D5/flot: unknown format 'flot'; the formats are u16, s16, hex, bin, bcd, "
+                       "u32, s32, float, u64, s64, double, ascii:N, bit"};
+    QTest::newRow("a wrong bit") << QStringList{
+        "D5.77"} << QStringList{"D5.77: '77' is not a bit of a word; they are 0 to 15"};
+    QTest::newRow("a missing file that begins as an address")
+        << QStringList{"D5.csv"} << QStringList{"D5.csv: No such file or directory"};
+    QTest::newRow("a missing file in a folder")
+        << QStringList{"no/D5"} << QStringList{"no/D5: No such file or directory"};
+    QTest::newRow("a file that begins as an address and a format") << QStringList{"D5.1x"} << file;
+    QTest::newRow("only some names")
+        << QStringList{"tags.csv", "--only", "L?v*"} << QStringList{"Level D100:4@1"};
+    QTest::newRow("names of several patterns")
+        << QStringList{"tags.csv", "--only", "Lamp", "--only", "L*l"} << file;
+    QTest::newRow("only some names, and an address")
+        << QStringList{"tags.csv", "D5", "--only", "*amp"}
+        << QStringList{"Lamp X10:1@9", "- D5:1@1"};
+    QTest::newRow("a pattern without a name")
+        << QStringList{"tags.csv", "--only", "L*", "--only", "lamp"}
+        << QStringList{"--only lamp: no tag of the files has such a name"};
+    QTest::newRow("a pattern of letters that mean something elsewhere")
+        << QStringList{"tags.csv", "--only", "L.*"}
+        << QStringList{"--only L.*: no tag of the files has such a name"};
+    QTest::newRow("an order") << QStringList{"D5/float", "D7/u32,low", "D9", "--word-order",
+                                             "high,swapped"}
+                              << QStringList{"- D5:2@1/float,high,swapped", "- D7:2@1/u32,low",
+                                             "- D9:1@1"};
+    QTest::newRow("a wrong order")
+        << QStringList{"D5", "--word-order", "big"}
+        << QStringList{"--word-order big: must be low, high, swapped, 'low swapped' or 'high "
+                       "swapped'"};
     QTest::newRow("neither address nor file")
         << QStringList{"X8"}
         << QStringList{"X8: '8' is not an octal number; the addresses are X0 to X377 (octal)"};

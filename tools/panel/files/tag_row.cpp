@@ -1,0 +1,155 @@
+#include "panel/files/tag_row.h"
+
+#include "addresses/digits.h"
+#include "addresses/station_text.h"
+#include "panel/text/duration.h"
+#include "panel/values/format_text.h"
+#include "panel/values/value_address.h"
+
+#include <limits>
+
+namespace kx
+{
+
+namespace
+{
+
+enum Column {
+    NAME,
+    STATION,
+    ADDRESS,
+    COUNT,
+    EVERY,
+    FORMAT,
+    ORDER,
+    SCALE,
+    OFFSET,
+    UNIT,
+    DECIMALS,
+    MIN,
+    MAX,
+    COMMENT
+};
+
+/// What is read out of one row.
+struct Row {
+    const CsvRow& csv;
+    QStringList* faults;
+
+    QString text(int column) const { return csv.fields.at(column).text; }
+    bool has(int column) const { return !text(column).isEmpty(); }
+    void complain(int column, const QString& fault) const
+    {
+        const QString name = QString::fromLatin1(tagColumns().at(column).name);
+        *faults << QStringLiteral("%1 %2: %3").arg(name, text(column), fault);
+    }
+};
+
+struct FormatColumn {
+    Column column;
+    bool (*parse)(const QString& text, ValueFormat* format, QString* fault);
+};
+
+/// In this order: decimals are checked with the scale, bounds with each other.
+const FormatColumn FORMAT_COLUMNS[] = {
+    {FORMAT, parseKind},       {ORDER, parseOrder}, {SCALE, parseScale}, {OFFSET, parseOffset},
+    {DECIMALS, parseDecimals}, {MIN, parseLowest},  {MAX, parseHighest},
+};
+
+void takeStation(const Row& row, Tag* tag)
+{
+    if (row.has(STATION) && !parseStation(row.text(STATION), &tag->range.station))
+        row.complain(STATION,
+                     QStringLiteral("must be %1 to %2").arg(LOWEST_STATION).arg(HIGHEST_STATION));
+}
+
+void takeCount(const Row& row, Tag* tag)
+{
+    if (!row.has(COUNT))
+        return;
+    bool fits = false;
+    const int count = row.text(COUNT).toInt(&fits);
+    if (!hasOnlyDigits(row.text(COUNT), 10) || (fits && count < 1))
+        row.complain(COUNT, QStringLiteral("must be 1 or more"));
+    else
+        tag->range.values = fits ? count : std::numeric_limits<int>::max();
+}
+
+/// The address of one value, with a bit behind it at most.
+bool takeAddress(const Row& row, Tag* tag)
+{
+    if (!row.has(ADDRESS)) {
+        *row.faults << QStringLiteral("the tag has no address");
+        return false;
+    }
+    const QString text = row.text(ADDRESS);
+    QString fault = QStringLiteral("count, station and format have columns of their own");
+    AddressRange range;
+    const bool isPlain = !text.contains(QLatin1Char(':')) && !text.contains(QLatin1Char('@'))
+                         && !text.contains(QLatin1Char('/'));
+    if (!isPlain || !parseValueAddress(text, &range, &tag->format, &fault)) {
+        row.complain(ADDRESS, fault);
+        return false;
+    }
+    tag->range.type = range.type;
+    tag->range.address = range.address;
+    return true;
+}
+
+/// Each column alone, so that a fault is that of the column.
+void takeFormat(const Row& row, Tag* tag)
+{
+    for (const FormatColumn& part : FORMAT_COLUMNS) {
+        if (!row.has(part.column))
+            continue;
+        ValueFormat format = tag->format;
+        QString fault;
+        const bool isPart = part.parse(row.text(part.column), &format, &fault)
+                            && (!tag->range.type || fitFormat(tag->range.type, &format, &fault));
+        if (isPart)
+            tag->format = format;
+        else
+            row.complain(part.column, fault);
+    }
+    tag->format.unit = row.text(UNIT);
+}
+
+void takeInterval(const Row& row, Tag* tag)
+{
+    if (row.has(EVERY) && !parseInterval(row.text(EVERY), &tag->interval))
+        row.complain(EVERY, QStringLiteral("must be a time from 0 to 1440min, such as 500ms, "
+                                           "10s or 5min"));
+}
+
+} // namespace
+
+const QList<CsvColumn>& tagColumns()
+{
+    static const QList<CsvColumn> columns = {
+        {"name", true},    {"station", false}, {"address", true},   {"count", false},
+        {"every", false},  {"format", false},  {"order", false},    {"scale", false},
+        {"offset", false}, {"unit", false},    {"decimals", false}, {"min", false},
+        {"max", false},    {"comment", false}};
+    return columns;
+}
+
+Tag tagOfRow(const CsvRow& csv, QStringList* faults)
+{
+    const Row row = {csv, faults};
+    Tag tag;
+    tag.name = row.text(NAME);
+    tag.comment = row.text(COMMENT);
+    if (!row.has(NAME))
+        *faults << QStringLiteral("the tag has no name");
+    takeStation(row, &tag);
+    takeCount(row, &tag);
+    const bool hasAddress = takeAddress(row, &tag);
+    takeFormat(row, &tag);
+    takeInterval(row, &tag);
+    QString fault;
+    if (hasAddress && !coverValues(&tag.range, &tag.format, &fault))
+        row.complain(row.has(COUNT) ? COUNT : ADDRESS, fault);
+    return tag;
+}
+
+} // namespace kx
