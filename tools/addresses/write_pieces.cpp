@@ -44,9 +44,13 @@ QList<AddressRange> writePieces(const AddressRange& range, int most)
 QList<Assignment> writePieces(const Assignment& assignment, int most)
 {
     QList<Assignment> pieces;
-    for (const AddressRange& range : writePieces(assignment.range, most)) {
-        const int first = range.address - assignment.range.address;
-        pieces.append({range, assignment.values.mid(first, range.values)});
+    const int whole = std::max(most - most % assignment.together, assignment.together);
+    for (const AddressRange& range : writePieces(assignment.range, whole)) {
+        Assignment piece = assignment;
+        piece.range = range;
+        piece.values =
+            assignment.values.mid(range.address - assignment.range.address, range.values);
+        pieces.append(piece);
     }
     return pieces;
 }

@@ -19,7 +19,8 @@ KXRUNTIME_EXPORT int addressesPerWrite(const RegisterType* type, int maxWords);
 /// switches the last eight coils of such a write off, whatever their values.
 KXRUNTIME_EXPORT QList<AddressRange> writePieces(const AddressRange& range, int most);
 
-/// `assignment` cut at writePieces().
+/// `assignment` cut at writePieces(), between numbers of Assignment::together addresses only: at
+/// most `most`, which is at least that many, less what is left over.
 KXRUNTIME_EXPORT QList<Assignment> writePieces(const Assignment& assignment, int most);
 
 } // namespace kx

@@ -33,6 +33,7 @@ private slots:
     void noPieceOfCoilsIsAMultipleOfEight();
     void everyCountOfCoilsIsCoveredOnce();
     void valuesFollowTheirPieces();
+    void numbersStayWhole();
     void addressesPerWriteKeepTheModbusLimit_data();
     void addressesPerWriteKeepTheModbusLimit();
 };
@@ -96,6 +97,22 @@ void WritePiecesTest::valuesFollowTheirPieces()
     QCOMPARE(textOf(pieces.at(1).range), QStringLiteral("SD256:2"));
     QCOMPARE(pieces.at(1).values, (QList<qint64>{3, 4}));
     QCOMPARE(pieces.at(1).range.station, 3);
+}
+
+void WritePiecesTest::numbersStayWhole()
+{
+    Assignment assignment;
+    QString error;
+    QVERIFY(parseAssignment(QStringLiteral("D0=1,2,3,4,5,6,7,8"), &assignment, &error));
+    assignment.together = 4;
+    const QList<Assignment> pieces = writePieces(assignment, 7);
+    QCOMPARE(pieces.size(), 2);
+    QCOMPARE(textOf(pieces.at(0).range), QStringLiteral("D0:4"));
+    QCOMPARE(pieces.at(0).together, 4);
+    QCOMPARE(textOf(pieces.at(1).range), QStringLiteral("D4:4"));
+    QCOMPARE(pieces.at(1).values, (QList<qint64>{5, 6, 7, 8}));
+    // Rather too long than cut.
+    QCOMPARE(writePieces(assignment, 3).size(), 2);
 }
 
 void WritePiecesTest::addressesPerWriteKeepTheModbusLimit_data()

@@ -16,6 +16,7 @@ const std::vector<Command>& commands()
          runWrite},
         {"recipe", "download or upload a file of values",
          "kxhost recipe download filling.csv --port /dev/ttyUSB0", runRecipe},
+        {"tags", "say all that is wrong in tags files", "kxhost tags check line3.csv", runTags},
         {"check", "say whether addresses are valid", "kxhost check X377 D8000", runCheck},
         {"registers", "show the register types", "kxhost registers", runRegisters},
         {"series", "generate the addresses of copies of a tag",
@@ -53,8 +54,9 @@ QString helpOfAllCommands()
     help += QStringLiteral("\nExamples:\n");
     for (const Command& command : commands())
         help += QStringLiteral("  %1\n").arg(QLatin1String(command.example));
-    help += QStringLiteral("\nAn address is TYPENUMBER[:COUNT][@STATION], such as D100:4, X17 or "
-                           "32CV200@2.\nX and Y are octal (X10 follows X7), all other types "
+    help += QStringLiteral("\nAn address is TYPENUMBER[:COUNT][@STATION][/FORMAT], such as D100:4, "
+                           "X17,\n32CV200@2, D100:2/float or D100/s16*0.1+5; D100.5 is one bit of "
+                           "a word.\nX and Y are octal (X10 follows X7), all other types "
                            "decimal.\n\n");
     help += exitCodesText();
     help += QStringLiteral("\nkxhost COMMAND --help shows the options of a command,\n"

@@ -28,6 +28,8 @@ int runRegisters(const QStringList& arguments);
 int runScan(const QStringList& arguments);
 /// Generates the addresses of copies of a tag.
 int runSeries(const QStringList& arguments);
+/// Checks tags files.
+int runTags(const QStringList& arguments);
 /// Reads values in cycles and shows their changes.
 int runWatch(const QStringList& arguments);
 /// Writes values.

@@ -1,60 +1,62 @@
 #include "kxhost/commands/prompt_writer.h"
 
-#include "addresses/read_pieces.h"
-#include "addresses/write_pieces.h"
-#include "panel/text/frame_text.h"
-#include "registers/register_types.h"
+#include "kxhost/commands/write_report.h"
+#include "kxhost/options/tags_arguments.h"
+#include "panel/values/value_address.h"
 
 namespace kx
 {
 
-PromptWriter::PromptWriter(Session* session, int station) : m_session(session), m_station(station)
+PromptWriter::PromptWriter(Session* session, int station, const QList<Tag>& tags,
+                           const ValueFormat& order)
+    : m_session(session), m_station(station), m_tags(tags), m_order(order)
 {
-    connect(session, &Session::exchanged, this, &PromptWriter::onExchange);
 }
 
 void PromptWriter::take(const QString& line)
 {
-    Assignment assignment;
+    TagAssignment typed;
     QString error;
-    if (!parseAssignment(line, &assignment, &error) || isRefused(assignment, &error)) {
+    if (!parseTagAssignment(line, m_tags, m_order, &typed, &error)) {
         emit message(error);
         return;
     }
-    if (assignment.range.station < 0)
-        assignment.range.station = m_station;
-    m_hasFailed = false;
+    const QString fault =
+        requestFault(typed.tag.range, typed.tag.format, m_session->settings().maxWords);
+    if (!fault.isEmpty()) {
+        emit message(faultyText(line, fault));
+        return;
+    }
+    if (typed.tag.range.station < 0)
+        typed.tag.range.station = m_station;
+    typed.assignment.range.station = typed.tag.range.station;
     emit message(line + QLatin1String(": writing"));
-    const int most = addressesPerWrite(assignment.range.type, m_session->settings().maxWords);
-    for (const Assignment& piece : writePieces(assignment, most))
-        m_session->write(piece);
+    m_waiting << typed;
+    if (m_waiting.size() == 1)
+        writeNext();
 }
 
-bool PromptWriter::isRefused(const Assignment& assignment, QString* reason) const
+/// One at a time: the bits of a word that are typed one after the other would undo each other.
+void PromptWriter::writeNext()
 {
-    const RegisterType* const type = assignment.range.type;
-    const QString name = QString::fromLatin1(type->name);
-    if (!type->writable)
-        *reason = name + QLatin1String(" cannot be written");
-    else if (addressesPerWrite(type, m_session->settings().maxWords) < 1)
-        *reason = tooLongText(type, m_session->settings().maxWords);
-    return !reason->isEmpty();
+    auto* const job = new WriteJob(m_session, {m_waiting.first().assignment}, this);
+    connect(job, &WriteJob::assignmentFinished, this, &PromptWriter::onOutcome);
+    connect(job, &Job::finished, job, &QObject::deleteLater);
+    job->start();
 }
 
-void PromptWriter::onExchange(const ExchangeRecord& record)
+void PromptWriter::onOutcome(const WriteOutcome& outcome)
 {
-    if (record.job.kind != WRITE_JOB || record.result == REPLY_RETRY)
-        return;
-    // A failed piece is what the user must know of a long assignment.
-    if (record.result == REPLY_ACCEPTED && m_hasFailed)
-        return;
-    m_hasFailed = record.result != REPLY_ACCEPTED;
-    const QString address = addressText(findRegisterType(record.job.regType), record.job.address);
-    emit message(QStringLiteral("%1 at station %2: %3")
-                     .arg(address)
-                     .arg(record.job.station)
-                     .arg(m_hasFailed ? QLatin1String("not written, ") + outcomeText(record)
-                                      : QLatin1String("confirmed")));
+    const TagAssignment written = m_waiting.takeFirst();
+    const bool isDone = outcome.failure.isNone();
+    emit message(QStringLiteral("%1 at station %2: %3%4")
+                     .arg(valueName(written.tag.range, written.tag.format, 0),
+                          QString::number(written.tag.range.station),
+                          isDone ? QStringLiteral("confirmed")
+                                 : QLatin1String("not written, ") + outcome.failure.text,
+                          besidesText(written, outcome)));
+    if (!m_waiting.isEmpty())
+        writeNext();
 }
 
 } // namespace kx

@@ -1,6 +1,5 @@
 #include "kxhost/commands/commands.h"
 
-#include "addresses/read_pieces.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/run_to_end.h"
 #include "kxhost/options/command_parser.h"
@@ -9,9 +8,10 @@
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/printed_views.h"
+#include "kxhost/views/value_json.h"
 #include "panel/jobs/read_job.h"
-
-#include <QtCore/QJsonArray>
+#include "panel/values/value_address.h"
+#include "panel/values/value_codec.h"
 
 namespace kx
 {
@@ -22,11 +22,13 @@ namespace
 const CommandHelp HELP = {
     "read [options] ADDRESS|FILE...",
     "Reads the addresses once and prints a line for each: station, address, value.\n"
-    "An address is TYPENUMBER[:COUNT][@STATION], COUNT being in values; a file is a\n"
-    "tags file, whose names are printed after the addresses. Values of registers are\n"
-    "unsigned. Exit code 1 when a station did not answer or refused.",
+    "An address is TYPENUMBER[:COUNT][@STATION][/FORMAT], COUNT being in values; a file\n"
+    "is a tags file, whose names are printed after the addresses. Values of registers\n"
+    "are unsigned without a format such as s16, hex, float, ascii:8 or s16*0.1; D100.5\n"
+    "is one bit of a word. Exit code 1 when a station did not answer or refused.",
     "kxhost read D100:10 --port /dev/ttyUSB0\n"
-    "kxhost read tags.csv --port /dev/ttyUSB0\n"
+    "kxhost read D100:4/float D110/s16*0.1+5 D120.5 --port /dev/ttyUSB0\n"
+    "kxhost read tags.csv --only 'pump*' --port /dev/ttyUSB0\n"
     "kxhost read X0:8 32CV200@2 --tcp 192.168.0.5 --json\n"
     "kxhost read D0 --simulate"};
 
@@ -37,60 +39,49 @@ bool parseOptions(const QCommandLineParser& parser, ConnectionOptions* options, 
         || !parseTagArguments(parser, options->station, tags, error))
         return false;
     for (const Tag& tag : *tags) {
-        const AddressRange& range = tag.range;
-        if (addressesPerRead(range.type, options->session.maxWords) < 1) {
-            *error =
-                QStringLiteral("%1: %2").arg(addressText(range.type, range.address),
-                                             tooLongText(range.type, options->session.maxWords));
+        const QString fault = requestFault(tag.range, tag.format, options->session.maxWords);
+        if (!fault.isEmpty()) {
+            *error = faultyText(valueName(tag.range, tag.format, 0), fault);
             return false;
         }
-        simulateStation(range.station, options);
+        simulateStation(tag.range.station, options);
     }
     if (tags->isEmpty())
         *error = QStringLiteral("nothing to read; name addresses such as D100:4, or a tags file");
     return !tags->isEmpty();
 }
 
-QString rangeText(const AddressRange& range)
+/// The address as it was typed, without the format; the bit of a word stays.
+QString placeText(const Tag& tag)
 {
-    const QString count = range.values == 1 ? QString() : QStringLiteral(":%1").arg(range.values);
-    return QStringLiteral("%1%2@%3")
-        .arg(addressText(range.type, range.address), count)
-        .arg(range.station);
+    return valueAddressText(tag.range, tag.format).section(QLatin1Char('/'), 0, 0);
 }
 
 void printText(const ReadOutcome& outcome)
 {
-    const AddressRange& range = outcome.tag.range;
-    for (int i = 0; i < outcome.values.size(); ++i)
+    const Tag& tag = outcome.tag;
+    for (int i = 0; i < valuesIn(tag.range, tag.format) && outcome.failure.isNone(); ++i)
         say(QStringLiteral("%1 %2 %3")
-                .arg(range.station)
-                .arg(withName(addressText(range.type, range.address + i), outcome.tag.name),
-                     QString::number(outcome.values.at(i))));
+                .arg(tag.range.station)
+                .arg(withName(valueName(tag.range, tag.format, i), tag.name),
+                     withUnit(tag.format,
+                              valueText(tag.format, rawOfValue(outcome.values, tag.format, i)))));
     if (!outcome.failure.isNone())
-        complain(QStringLiteral("%1: %2").arg(withName(rangeText(range), outcome.tag.name),
-                                              outcome.failure.text),
-                 EXIT_DEVICE_FAILED);
+        complain(
+            QStringLiteral("%1: %2").arg(withName(placeText(tag), tag.name), outcome.failure.text),
+            EXIT_DEVICE_FAILED);
 }
 
 void printJsonOutcome(const ReadOutcome& outcome)
 {
-    const AddressRange& range = outcome.tag.range;
-    QJsonObject json;
+    const Tag& tag = outcome.tag;
+    QJsonObject json = tagJson(tag);
     json[QLatin1String("event")] = QStringLiteral("read");
-    json[QLatin1String("station")] = range.station;
-    json[QLatin1String("address")] = addressText(range.type, range.address);
-    json[QLatin1String("count")] = range.values;
-    if (!outcome.tag.name.isEmpty())
-        json[QLatin1String("name")] = outcome.tag.name;
-    if (outcome.failure.isNone()) {
-        QJsonArray values;
-        for (const qint64 value : outcome.values)
-            values.append(value);
-        json[QLatin1String("values")] = values;
-    } else {
+    json[QLatin1String("count")] = valuesIn(tag.range, tag.format);
+    if (outcome.failure.isNone())
+        addValues(tag, outcome.values, &json);
+    else
         json[QLatin1String("failure")] = outcome.failure.text;
-    }
     printJson(json);
 }
 

@@ -1,6 +1,5 @@
 #include "kxhost/commands/commands.h"
 
-#include "addresses/read_pieces.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/prompt_writer.h"
 #include "kxhost/commands/watch_run.h"
@@ -12,6 +11,7 @@
 #include "kxhost/terminal/interrupt.h"
 #include "kxhost/views/live_view.h"
 #include "kxhost/views/printed_views.h"
+#include "panel/values/value_address.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -42,6 +42,7 @@ const CommandHelp HELP = {
 struct WatchOptions {
     ConnectionOptions connection;
     QList<Tag> tags;
+    ValueFormat order; ///< of values that name none
     int cycles = 0;
     int interval = 0; ///< milliseconds, of tags that have none of their own
 };
@@ -55,10 +56,9 @@ bool prepareRanges(WatchOptions* options, QString* error)
         tag.interval = tag.interval < 0 ? options->interval : tag.interval;
         if (!simulated.contains(range.station))
             simulated << range.station;
-        if (addressesPerRead(range.type, options->connection.session.maxWords) < 1) {
-            *error = QStringLiteral("%1: %2").arg(
-                addressText(range.type, range.address),
-                tooLongText(range.type, options->connection.session.maxWords));
+        const QString fault = requestFault(range, tag.format, options->connection.session.maxWords);
+        if (!fault.isEmpty()) {
+            *error = faultyText(valueName(range, tag.format, 0), fault);
             return false;
         }
     }
@@ -71,6 +71,7 @@ bool parseOptions(const QCommandLineParser& parser, WatchOptions* options, QStri
         || !parseIntervalOption(parser, &options->interval, error)
         || !parseNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
                         error)
+        || !parseWordOrder(parser, &options->order, error)
         || !parseTagArguments(parser, options->connection.station, &options->tags, error))
         return false;
     if (options->tags.isEmpty())
@@ -119,7 +120,7 @@ int watchInTable(const WatchOptions& options, Session* session)
                          line->modeText()};
     title.removeAll(QString());
     LiveView view(title.join(QLatin1String("  ")));
-    PromptWriter writer(session, options.connection.station);
+    PromptWriter writer(session, options.connection.station, options.tags, options.order);
     QObject::connect(&view, &LiveView::entered, &writer, &PromptWriter::take);
     QObject::connect(&writer, &PromptWriter::message, &view, &LiveView::setMessage);
     WatchRun run(session, options.tags, options.cycles, &view);

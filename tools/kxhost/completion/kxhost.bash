@@ -45,6 +45,7 @@ _kxhost_values()
         --max-words) echo "auto 32 64 125" ;;
         --low-latency) echo "yes no" ;;
         --rs485) echo "on rts-before: rts-after: rts-low" ;;
+        --word-order) echo "low high swapped low,swapped high,swapped" ;;
         --as) echo "bit word" ;;
         --fault) _kxhost_faults ;;
     esac
@@ -57,7 +58,7 @@ _kxhost_takes_number()
         --station | -a | --timeout | -t | --settle | --quiet | --retries | -r | --reopen) ;;
         --max-bits | --interval | --tcp | --fault-seed | --fault-delay | --cycles) ;;
         --seconds | --stations) ;;
-        --count | -n | --step | --turnaround | --data-type | --access) ;;
+        --count | -n | --step | --turnaround | --data-type | --access | --only) ;;
         *) return 1 ;;
     esac
 }
@@ -78,6 +79,8 @@ _kxhost_words()
         _kxhost_options "$command"
     elif [[ $command == recipe && $previous == recipe ]]; then
         echo "download upload"
+    elif [[ $command == tags && $previous == tags ]]; then
+        echo "check"
     elif [[ $command == registers ]]; then
         echo "X Y M SM S T C D SD CV 32CV TV Z"
     fi

@@ -1,5 +1,6 @@
 #include "kxhost/options/tags_arguments.h"
 
+#include "addresses/read_pieces.h"
 #include "panel/values/format_text.h"
 #include "panel/values/value_address.h"
 
@@ -141,6 +142,26 @@ bool parseWordOrder(const QCommandLineParser& parser, ValueFormat* order, QStrin
                    QStringLiteral("--%1 %2: %3").arg(QLatin1String(ORDER_OPTION), text, fault));
 }
 
+void addNamesOption(QCommandLineParser* parser)
+{
+    parser->addOption({QLatin1String(TAGS_OPTION),
+                       QLatin1String("Take names, formats and scales of a tags file."),
+                       QLatin1String("FILE")});
+    addWordOrderOption(parser);
+}
+
+bool parseNames(const QCommandLineParser& parser, int station, QList<Tag>* tags, QString* error)
+{
+    OnlyNames all({});
+    for (const QString& path : parser.values(QLatin1String(TAGS_OPTION))) {
+        if (!takeFile(path, &all, tags, error))
+            return false;
+    }
+    for (Tag& tag : *tags)
+        tag.range.station = tag.range.station < 0 ? station : tag.range.station;
+    return true;
+}
+
 bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>* tags,
                        QString* error)
 {
@@ -165,6 +186,17 @@ bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>
         takeOrder(order, &tag.format);
     }
     return true;
+}
+
+QString requestFault(const AddressRange& range, const ValueFormat& format, int maxWords)
+{
+    if (addressesPerRead(range.type, maxWords) < 1)
+        return tooLongText(range.type, maxWords);
+    if (registersOf(format) <= maxWords)
+        return QString();
+    return QStringLiteral("a value takes %1 registers; raise --max-words, which is %2")
+        .arg(registersOf(format))
+        .arg(maxWords);
 }
 
 bool parseWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,

@@ -18,6 +18,12 @@ bool parseWordOrder(const QCommandLineParser& parser, ValueFormat* order, QStrin
 /// Declares --tags FILE and --only NAME, which may be given several times, and --word-order.
 void addTagsOption(QCommandLineParser* parser);
 
+/// Declares --tags FILE for assignments to names, and --word-order.
+void addNamesOption(QCommandLineParser* parser);
+
+/// The tags of all --tags files. Those that name no station get `station`.
+bool parseNames(const QCommandLineParser& parser, int station, QList<Tag>* tags, QString* error);
+
 /// The tags of all --tags files and then of all other arguments: each an address with its format,
 /// or the name of a tags file (one that exists, or that holds a dot or a slash and does not begin
 /// as an address). A typed address is a tag with an empty name, which --only leaves alone. Tags
@@ -29,6 +35,9 @@ bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>
 /// The same without the names.
 bool parseWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,
                         QString* error);
+
+/// Why no request of at most `maxWords` registers holds a value of the range; empty when one does.
+QString requestFault(const AddressRange& range, const ValueFormat& format, int maxWords);
 
 } // namespace kx
 

@@ -2,6 +2,7 @@
 
 #include "addresses/write_pieces.h"
 #include "panel/session/request_checks.h"
+#include "panel/values/value_codec.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,12 +10,24 @@
 namespace kx
 {
 
+namespace
+{
+
+bool isBitOfKeptWord(const Assignment& assignment)
+{
+    return assignmentRefusal(assignment).isNone() && assignment.range.values == 1
+           && keepsItsWords(assignment.range.type);
+}
+
+} // namespace
+
 WriteJob::WriteJob(Session* session, const QList<Assignment>& assignments, QObject* parent)
     : Job(session, parent),
       m_assignments(assignments),
       m_total(static_cast<int>(assignments.size()))
 {
     qRegisterMetaType<WriteOutcome>("kx::WriteOutcome");
+    connect(session, &Session::readFinished, this, &WriteJob::onWord);
     connect(session, &Session::writeFinished, this, &WriteJob::onEnd);
 }
 
@@ -23,11 +36,34 @@ void WriteJob::writeNextAssignment()
     if (m_assignments.isEmpty())
         return end();
     const Assignment& assignment = m_assignments.first();
+    if (assignment.bit >= 0 && isBitOfKeptWord(assignment))
+        return readWord();
     m_pieces = {assignment}; // which the session refuses as a whole when it is not right
     if (assignmentRefusal(assignment).isNone()) {
         const int most = addressesPerWrite(assignment.range.type, session()->settings().maxWords);
         m_pieces = writePieces(assignment, std::max(1, most));
     }
+    writeNextPiece();
+}
+
+void WriteJob::readWord()
+{
+    await([range = m_assignments.first().range](Session* session) { return session->read(range); });
+}
+
+void WriteJob::onWord(int handle, const ReadEnd& end)
+{
+    if (!takesEnd(handle))
+        return;
+    if (isSessionOver(end.failure))
+        return endEarly(end.failure);
+    if (!end.failure.isNone())
+        return settle(end.failure);
+    Assignment whole = m_assignments.first();
+    m_word = withBit(end.values.first(), whole.bit, whole.values.first() != 0);
+    whole.values = {m_word};
+    whole.bit = -1;
+    m_pieces = {whole};
     writeNextPiece();
 }
 
@@ -54,7 +90,8 @@ void WriteJob::onEnd(int handle, const WriteEnd& end)
 void WriteJob::tell(const Failure& failure)
 {
     noteFailure(failure);
-    emit assignmentFinished({m_assignments.takeFirst(), failure, std::exchange(m_confirmed, 0)});
+    emit assignmentFinished({m_assignments.takeFirst(), failure, std::exchange(m_confirmed, 0),
+                             std::exchange(m_word, -1)});
 }
 
 void WriteJob::settle(const Failure& failure)

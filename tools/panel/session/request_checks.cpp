@@ -93,6 +93,9 @@ Failure writeRefusal(const Assignment& assignment, int maxWords)
     Failure unsuited = assignmentRefusal(assignment);
     if (!unsuited.isNone())
         return unsuited;
+    if (assignment.bit >= 0)
+        return refusal(FailureKind::NotWritable, assignment.range,
+                       QStringLiteral("one bit of a word, which has to be read first"));
     return writeRefusal(assignment.range, maxWords);
 }
 

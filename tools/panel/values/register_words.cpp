@@ -30,6 +30,8 @@ int bitsOf(const ValueFormat& format)
 {
     if (format.kind == ValueKind::Bit)
         return 1;
+    if (format.kind == ValueKind::Plain)
+        return 64;
     return format.isCounter ? 2 * WORD_BITS : WORD_BITS * registersOf(format);
 }
 

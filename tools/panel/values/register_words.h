@@ -10,7 +10,7 @@
 namespace kx
 {
 
-/// Bits of a value: 1, 16, 32 or 64; of Ascii 16 for each word.
+/// Bits of a value: 1, 16, 32 or 64; of Ascii 16 for each word, of Plain 64, which hold any.
 int bitsOf(const ValueFormat& format);
 
 /// Up to four words as one number. A bit of a word gives that bit.

@@ -119,9 +119,9 @@ bool parseValue(const RegisterType* type, const ValueFormat& format, const QStri
     return !leavesBounds(format, *raw, typed, fault);
 }
 
-qint64 withBit(qint64 word, const ValueFormat& format, bool isSet)
+qint64 withBit(qint64 word, int bit, bool isSet)
 {
-    const qint64 mask = qint64(1) << format.bit;
+    const qint64 mask = qint64(1) << bit;
     return isSet ? word | mask : word & ~mask;
 }
 

@@ -44,8 +44,8 @@ KXRUNTIME_EXPORT bool valueNumber(const ValueFormat& format, const QList<qint64>
 KXRUNTIME_EXPORT bool parseValue(const RegisterType* type, const ValueFormat& format,
                                  const QString& typed, QList<qint64>* raw, QString* fault);
 
-/// The word with the format's bit as `isSet` says.
-KXRUNTIME_EXPORT qint64 withBit(qint64 word, const ValueFormat& format, bool isSet);
+/// The word with that bit, 0 to 15, as `isSet` says.
+KXRUNTIME_EXPORT qint64 withBit(qint64 word, int bit, bool isSet);
 
 } // namespace kx
 

@@ -26,10 +26,11 @@ bool fail(QString* fault, const QString& message)
     return false;
 }
 
+/// A plain value is as it was read or typed: without sign, or as an assignment below 0.
 bool isSigned(const ValueFormat& format)
 {
-    return format.kind == ValueKind::S16 || format.kind == ValueKind::S32
-           || format.kind == ValueKind::S64;
+    return format.kind == ValueKind::Plain || format.kind == ValueKind::S16
+           || format.kind == ValueKind::S32 || format.kind == ValueKind::S64;
 }
 
 QString hexText(quint64 word)
@@ -66,8 +67,11 @@ Limits limitsOf(const RegisterType* type, const ValueFormat& format)
         return {Decimal(0), Decimal(1)};
     if (format.kind == ValueKind::Bcd)
         return {Decimal(0), Decimal::ofUnsigned(HIGHEST_BCD)};
-    if (format.kind == ValueKind::Plain)
-        return {Decimal(format.isScaled() ? 0 : lowestValue(type)), Decimal(highestValue(type))};
+    if (format.kind == ValueKind::Plain) {
+        // Below 0 it would be read back as another number, which only a bare one may.
+        const bool isBare = !format.isScaled() && !format.lowest && !format.highest;
+        return {Decimal(isBare ? lowestValue(type) : 0), Decimal(highestValue(type))};
+    }
     const int bits = bitsOf(format);
     const quint64 half = quint64(1) << (bits - 1);
     if (isSigned(format))

@@ -44,7 +44,7 @@ void CompletionTest::everyCommandIsOffered()
     QCOMPARE(
         completed(QLatin1String("''")),
         (QStringList{"--help", "--simulate", "--version", "check", "listen", "plan", "ports", "raw",
-                     "read", "recipe", "registers", "scan", "series", "watch", "write"}));
+                     "read", "recipe", "registers", "scan", "series", "tags", "watch", "write"}));
 }
 
 void CompletionTest::whatIsOffered_data()
@@ -68,6 +68,10 @@ void CompletionTest::whatIsOffered_data()
     QTest::newRow("bytes are the user's") << "raw ''" << QStringList();
     QTest::newRow("kinds") << "check D1 --as ''" << QStringList{"bit", "word"};
     QTest::newRow("directions of a recipe") << "recipe ''" << QStringList{"download", "upload"};
+    QTest::newRow("what tags does") << "tags ''" << QStringList{"check"};
+    QTest::newRow("orders of words")
+        << "read D0 --word-order h" << QStringList{"high", "high,swapped"};
+    QTest::newRow("names are the user's") << "read D0 --only ''" << QStringList();
     QTest::newRow("register types") << "registers S" << QStringList{"S", "SD", "SM"};
 }
 

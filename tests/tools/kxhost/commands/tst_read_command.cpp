@@ -27,6 +27,7 @@ private slots:
     void valuesAreShown();
     void failedRangesAreNamed();
     void resultsAsJson();
+    void formatsAsJson();
     void namesOfATagsFileAreShown();
     void longRangesAreCut();
     void framesAreShown();
@@ -42,6 +43,15 @@ void ReadCommandTest::valuesAreShown_data()
 
     QTest::newRow("registers") << QStringList{"D100=1234,65535"} << QStringList{"D100:3"}
                                << QStringList{"1 D100 1234", "1 D101 65535", "1 D102 0"};
+    QTest::newRow("formats")
+        << QStringList{"D100=0,16712,65534,16706,32"}
+        << QStringList{"D100/float",   "D100/u32,high", "D102/s16*0.5,unit=bar",
+                       "D103/ascii:1", "D104.5",        "D102/hex"}
+        << QStringList{"1 D100 12.5", "1 D100 16712", "1 D102 -1.0 bar",
+                       "1 D103 AB",   "1 D104.5 1",   "1 D102 0xFFFE"};
+    QTest::newRow("values of two registers")
+        << QStringList{"D100=0,16712,0,16256"} << QStringList{"D100:2/float"}
+        << QStringList{"1 D100 12.5", "1 D102 1"};
     QTest::newRow("octal inputs") << QStringList{"X7=1,0,1"} << QStringList{"X7:3"}
                                   << QStringList{"1 X7 1", "1 X10 0", "1 X11 1"};
     QTest::newRow("several ranges in their order")
@@ -94,6 +104,23 @@ void ReadCommandTest::resultsAsJson()
                           R"({"address":"Y17","count":1,"event":"read","failure":"no reply",)"
                           R"("station":9})"}));
     QCOMPARE(result.exitCode, 1);
+}
+
+void ReadCommandTest::formatsAsJson()
+{
+    const KxsimProcess controller({"--still", "--set", "D1=0,16712,0,32704"});
+    const CommandResult result = readFrom(
+        controller, {"D1:2/float,unit=bar", "D2.6", "D7:2@9/double", "--json", "--timeout", "300"});
+    QCOMPARE(result.output,
+             (QStringList{R"({"address":"D1","count":2,"event":"read","format":"float",)"
+                          R"("raw":[0,16712,0,32704],"station":1,"unit":"bar",)"
+                          R"("values":[12.5,"nan"]})",
+                          R"({"address":"D2.6","count":1,"event":"read","raw":[16712],)"
+                          R"("station":1,"values":[1]})",
+                          R"({"address":"D7","count":2,"event":"read","failure":"no reply",)"
+                          R"("format":"double","station":9})"}));
+    const CommandResult text = readFrom(controller, {"D7:2@9/double", "--timeout", "300"});
+    QCOMPARE(text.errors, QStringList{"kxhost: D7:2@9: no reply"});
 }
 
 void ReadCommandTest::namesOfATagsFileAreShown()

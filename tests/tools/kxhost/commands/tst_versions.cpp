@@ -16,8 +16,9 @@ using namespace kx;
 namespace
 {
 
-const char* const COMMANDS[] = {"watch",  "read", "write", "recipe", "check", "registers",
-                                "series", "plan", "ports", "scan",   "raw",   "listen"};
+const char* const COMMANDS[] = {"watch",     "read",   "write", "recipe", "check",
+                                "registers", "series", "plan",  "ports",  "scan",
+                                "raw",       "listen", "tags"};
 
 QSet<QString> optionsIn(const QString& text)
 {

@@ -195,10 +195,10 @@ void WatchTerminalTest::typedAssignments_data()
     QTest::newRow("no assignment") << QByteArray("D100\r") << QByteArray("D100: not an assignment");
     QTest::newRow("does not fit") << QByteArray("D100=65536\r")
                                   << QByteArray("D100=65536: 65536 does not fit");
-    QTest::newRow("an input") << QByteArray("X0=1\r") << QByteArray("X cannot be written");
+    QTest::newRow("an input") << QByteArray("X0=1\r") << QByteArray("X0=1: X0 is an input and cannot be written");
     QTest::newRow("silent station")
         << QByteArray("D100@9=5\r")
-        << QByteArray("D100 at station 9: not written, no reply, failed");
+        << QByteArray("D100 at station 9: not written, no reply");
 }
 
 void WatchTerminalTest::typedAssignments()

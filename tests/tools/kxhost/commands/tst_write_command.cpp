@@ -3,6 +3,7 @@
 #include "command_process.h"
 #include "tools/kxsim/kxsim_process.h"
 
+#include <QtCore/QTemporaryFile>
 #include <QtTest/QTest>
 
 #include <algorithm>
@@ -37,6 +38,7 @@ private slots:
     void stationsAreKeptApart();
     void resultsAsJson();
     void anotherMasterReadsWhatWasWritten();
+    void namesAndFormats();
     void badInputSendsNothing_data();
     void badInputSendsNothing();
     void aControllerInside();
@@ -70,6 +72,16 @@ void WriteCommandTest::valuesArrive_data()
                                     << "SM255=1,1,0";
     QTest::newRow("both SD ranges") << "SD254=1,2,3,4" << 32 << "get SD254:5"
                                     << "SD254=1,2,3,4,0";
+    // 12.5 is 0x41480000 and 1 is 0x3F800000, the low word first.
+    QTest::newRow("floats") << "D100/float=12.5,1" << 32 << "get D100:5"
+                            << "D100=0,16712,0,16256,0";
+    QTest::newRow("64 bits in requests of seven registers")
+        << "D100/u64=1,2,3" << 7 << "get D100:12"
+        << "D100=1,0,0,0,2,0,0,0,3,0,0,0";
+    QTest::newRow("text") << "D100/ascii:2=ABC" << 32 << "get D100:3"
+                          << "D100=16706,17152,0";
+    QTest::newRow("a scale") << "D100/s16*0.1+5=-12.5" << 32 << "get D100:2"
+                             << "D100=65361,0";
     QTest::newRow("32CV") << "32CV200=100000,-1" << 32 << "get 32CV200:3"
                           << "32CV200=100000,4294967295,0";
     QTest::newRow("32CV in several requests of an odd limit")
@@ -158,6 +170,43 @@ void WriteCommandTest::anotherMasterReadsWhatWasWritten()
     QCOMPARE(poll("4:hex", 9700, 2), QStringLiteral("[9700]: 0x1234 [9701]: 0x5678"));
 }
 
+void WriteCommandTest::namesAndFormats()
+{
+    QTemporaryFile tags;
+    QVERIFY(tags.open());
+    QVERIFY(tags.write("name,address,format,scale,unit,max\n"
+                       "speed,D10,s16,0.1,m/s,50\nlevel,D20,float,,,\n")
+            > 0);
+    tags.close();
+    KxsimProcess controller({"--still", "--set", "D30=0x8001"});
+    const QStringList arguments = {"speed=12.5",       "level=-0",   "D30.5=1",
+                                   "D40/float,high=1", "--tags",     tags.fileName(),
+                                   "--word-order",     "low,swapped"};
+    const CommandResult text = writeTo(controller, arguments);
+    QCOMPARE(text.errors, QStringList());
+    QCOMPARE(text.output,
+             (QStringList{"1 D10 (speed)=12.5 m/s confirmed", "1 D20 (level)=-0 confirmed",
+                          "1 D30.5=1 confirmed; all of D30 was written as 0x8021",
+                          "1 D40=1 confirmed"}));
+    QCOMPARE(controller.ask("get D10"), QStringLiteral("D10=125"));
+    // -0 is 0x80000000; the bytes of its words are swapped.
+    QCOMPARE(controller.ask("get D20:2"), QStringLiteral("D20=0,128"));
+    QCOMPARE(controller.ask("get D30"), QStringLiteral("D30=32801"));
+    QCOMPARE(controller.ask("get D40:2"), QStringLiteral("D40=16256,0"));
+    const CommandResult json = writeTo(controller, arguments + QStringList{"--json"});
+    QCOMPARE(json.output,
+             (QStringList{
+                 R"({"address":"D10","confirmed":1,"event":"write","format":"s16*0.1,max=50",)"
+                 R"("name":"speed","raw":[125],"station":1,"unit":"m/s","values":[12.5]})",
+                 R"({"address":"D20","confirmed":1,"event":"write","format":"float,low,swapped",)"
+                 R"("name":"level","raw":[0,128],"station":1,"values":[0]})",
+                 R"({"address":"D30.5","confirmed":1,"event":"write","raw":[32801],"station":1,)"
+                 R"("values":[1]})",
+                 R"({"address":"D40","confirmed":1,"event":"write","format":"float,high",)"
+                 R"("raw":[16256,0],"station":1,"values":[1]})"}));
+    QCOMPARE(json.exitCode, 0);
+}
+
 void WriteCommandTest::badInputSendsNothing_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -173,6 +222,16 @@ void WriteCommandTest::badInputSendsNothing_data()
     QTest::newRow("no assignment")
         << QStringList{"D1=5", "D2"}
         << "kxhost: D2: not an assignment; write ADDRESS=VALUE[,VALUE...], such as D100=1234";
+    QTest::newRow("a bit of a timer")
+        << QStringList{"D1=5", "TV2.3=1"}
+        << "kxhost: TV2.3=1: TV2.3 cannot be written; the bits of TV change by themselves between "
+           "the read and the write of the word, so write all of it";
+    QTest::newRow("a value longer than a request")
+        << QStringList{"D1=5", "D2/u64=1", "--max-words", "3"}
+        << "kxhost: D2/u64=1: a value takes 4 registers; raise --max-words, which is 3";
+    QTest::newRow("a wrong order of words")
+        << QStringList{"D1=5", "--word-order", "big"}
+        << "kxhost: --word-order big: must be low, high, swapped, 'low swapped' or 'high swapped'";
     QTest::newRow("32CV in requests of one register")
         << QStringList{"D1=5", "32CV200=1", "--max-words", "1"}
         << "kxhost: 32CV200=1: a 32CV takes 2 registers; raise --max-words, which is 1";

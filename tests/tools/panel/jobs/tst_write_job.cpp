@@ -30,6 +30,9 @@ private slots:
     void aStationThatDoesNotExistConfirmsNothing();
     void theFirstFailureIsTheJobs();
     void oneTargetTwice();
+    void oneBitOfAWord();
+    void aBitThatCannotBeWritten_data();
+    void aBitThatCannotBeWritten();
     void aRecipesBlockConfirmsNoWrite();
     void anAbortedOneTellsWhatWasConfirmed();
     void abortFromInsideTheWriteItself_data();
@@ -109,6 +112,61 @@ void WriteJobTest::theFirstFailureIsTheJobs()
     QCOMPARE(job.failure().kind, FailureKind::NoReply);
     QCOMPARE(job.failure().station, 9);
     QCOMPARE(polling.memory("D100@1"), QList<quint32>{7});
+}
+
+// The bits of one word one after the other: each is read with the one before.
+void WriteJobTest::oneBitOfAWord()
+{
+    PollingRun polling;
+    Assignment fifth = assignmentOf("D100@1=1");
+    fifth.bit = 5;
+    Assignment lowest = assignmentOf("D100@1=0");
+    lowest.bit = 0;
+    WriteJob job(&polling.session(), {assignmentOf("D100@1=0x8001"), fifth, lowest});
+    QList<qint64> words;
+    connect(&job, &WriteJob::assignmentFinished, this,
+            [&](const WriteOutcome& outcome) { words << outcome.word; });
+    job.start();
+    QVERIFY(polling.untilEnded(job));
+    QVERIFY(job.failure().isNone());
+    QCOMPARE(polling.asked(),
+             (QStringList{"01 06 00 64 80 01", // register 100, 0x8001
+                          "01 03 00 64 00 01", // read register 100
+                          "01 06 00 64 80 21", // bit 5 set
+                          "01 03 00 64 00 01", "01 06 00 64 80 20"}));
+    QCOMPARE(words, (QList<qint64>{-1, 0x8021, 0x8020}));
+    QCOMPARE(polling.memory("D100@1"), QList<quint32>{0x8020});
+}
+
+void WriteJobTest::aBitThatCannotBeWritten_data()
+{
+    QTest::addColumn<QString>("assignment");
+    QTest::addColumn<QStringList>("asked");
+    QTest::addColumn<QString>("outcome");
+    QTest::newRow("of a word that changes by itself")
+        << "TV5@1=1" << QStringList()
+        << "TV5@1: 0 confirmed, one bit of a word, which has to be read first";
+    QTest::newRow("of two words")
+        << "D5@1=1,1" << QStringList()
+        << "D5@1: 0 confirmed, one bit of a word, which has to be read first";
+    QTest::newRow("of a station that does not answer")
+        << "D100@9=1" << QStringList{"09 03 00 64 00 01"} << "D100@9: 0 confirmed, no reply";
+}
+
+void WriteJobTest::aBitThatCannotBeWritten()
+{
+    QFETCH(QString, assignment);
+    PollingRun polling;
+    Assignment bit = assignmentOf(qPrintable(assignment));
+    bit.bit = 3;
+    WriteJob job(&polling.session(), {bit});
+    QStringList outcomes;
+    connect(&job, &WriteJob::assignmentFinished, this,
+            [&](const WriteOutcome& outcome) { outcomes << textOf(outcome); });
+    job.start();
+    QTRY_VERIFY(polling.untilEnded(job));
+    QTEST(polling.asked(), "asked");
+    QTEST(outcomes.value(0), "outcome");
 }
 
 void WriteJobTest::oneTargetTwice()

@@ -365,8 +365,8 @@ void ValueCodecTest::longerValuesComeBack()
 void ValueCodecTest::aBitIsPutIntoItsWord()
 {
     const Typed value = typed("D100.5");
-    QCOMPARE(withBit(0x0000, value.format, true), qint64(0x0020));
-    QCOMPARE(withBit(0xFFFF, value.format, false), qint64(0xFFDF));
+    QCOMPARE(withBit(0x0000, value.format.bit, true), qint64(0x0020));
+    QCOMPARE(withBit(0xFFFF, value.format.bit, false), qint64(0xFFDF));
     QList<qint64> raw;
     QString fault;
     QVERIFY(parseValue(value.range.type, value.format, "1", &raw, &fault));
