@@ -15,7 +15,7 @@ namespace kx
 
 const int MOST_SCALE_DIGITS = 9;
 const int MOST_DECIMALS = 30;
-const int MOST_TEXT_WORDS = 123; // one write carries them
+const int MOST_TEXT_WORDS = 123;
 
 /// Parses what stands behind the slash. Whether it suits a register type says fitFormat(). False
 /// and one line in `*fault` when it is no format; `*format` is then partly changed.
