@@ -19,6 +19,7 @@ struct KXRUNTIME_EXPORT AddressRange {
     int address = 0;  ///< first device address, as a number
     int values = 1;   ///< addresses covered; a 32CV value is one
     int station = -1; ///< after "@"; -1 when not given
+    int width = 1;    ///< addresses of one value, which no request cuts; `values` is a multiple
 
     /// Bits, or 16-bit registers (two per 32CV value), as the driver counts.
     int driverCount() const;

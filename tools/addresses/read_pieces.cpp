@@ -35,13 +35,14 @@ QString tooLongText(const RegisterType* type, int maxWords)
 QList<AddressRange> readPieces(const AddressRange& range, int most)
 {
     QList<AddressRange> pieces;
-    for (int i = 0; i < range.values; ++i) {
+    for (int i = 0; i < range.values; i += range.width) {
         const int address = range.address + i;
-        const bool fits = i > 0 && pieces.last().values < most && follows(range.type, address);
+        const bool fits =
+            i > 0 && pieces.last().values + range.width <= most && follows(range.type, address);
         if (fits)
-            ++pieces.last().values;
+            pieces.last().values += range.width;
         else
-            pieces.append({range.type, address, 1, range.station});
+            pieces.append({range.type, address, range.width, range.station, range.width});
     }
     return pieces;
 }

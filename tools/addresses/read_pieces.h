@@ -24,7 +24,9 @@ KXRUNTIME_EXPORT int addressesPerRead(const RegisterType* type, int maxWords);
 KXRUNTIME_EXPORT QString tooLongText(const RegisterType* type, int maxWords);
 
 /// Pieces of at most `most` addresses each (1 or more), none across a jump in the
-/// Modbus numbers. They keep the range's station.
+/// Modbus numbers. They keep the range's station and width: a value that is longer is a piece of
+/// its own.
+/// @param range each of its values lies in one run of Modbus numbers
 KXRUNTIME_EXPORT QList<AddressRange> readPieces(const AddressRange& range, int most);
 
 } // namespace kx

@@ -10,7 +10,8 @@ namespace kx
 {
 
 /// Watched ranges cut so that the driver need not, which it would not do: pieces of
-/// at most `maxWords` registers, or bits, which the driver counts alike. A single 32CV stays whole.
+/// at most `maxWords` registers, or bits, which the driver counts alike. A single 32CV stays whole,
+/// and so does a value of several registers.
 ///
 /// The driver joins SM on both sides of SM256, whose coils lie apart, when they fit one
 /// request. Where both sides of a station are watched, the first piece past SM255 is made

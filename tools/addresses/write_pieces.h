@@ -16,7 +16,8 @@ KXRUNTIME_EXPORT int addressesPerWrite(const RegisterType* type, int maxWords);
 
 /// Pieces of at most `most` addresses each (1 or more), none across a jump in the
 /// Modbus numbers. A piece of coils is never a multiple of eight long: the driver
-/// switches the last eight coils of such a write off, whatever their values.
+/// switches the last eight coils of such a write off, whatever their values. Values of several
+/// registers are kept whole as by readPieces().
 KXRUNTIME_EXPORT QList<AddressRange> writePieces(const AddressRange& range, int most);
 
 /// `assignment` cut at writePieces(), between numbers of Assignment::together addresses only: at

@@ -28,6 +28,8 @@ class ReadPiecesTest : public QObject
 private slots:
     void rangesAreCutForTheDriver_data();
     void rangesAreCutForTheDriver();
+    void valuesAreNotCut_data();
+    void valuesAreNotCut();
     void addressesPerReadDependOnTheClass_data();
     void addressesPerReadDependOnTheClass();
     void whyNothingFits();
@@ -61,6 +63,32 @@ void ReadPiecesTest::rangesAreCutForTheDriver()
     QString error;
     QVERIFY2(parseAddressRange(range, &parsed, &error), qPrintable(error));
     QTEST(textOf(readPieces(parsed, most)), "pieces");
+}
+
+void ReadPiecesTest::valuesAreNotCut_data()
+{
+    QTest::addColumn<QString>("range");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("most");
+    QTest::addColumn<QString>("pieces");
+    QTest::newRow("pairs under an odd limit") << "D0:6@1" << 2 << 5 << "D0:4@1 D4:2@1";
+    QTest::newRow("longer than the limit") << "D0:8@1" << 4 << 3 << "D0:4@1 D4:4@1";
+    QTest::newRow("on both sides of a split") << "SD252:8@1" << 2 << 32 << "SD252:4@1 SD256:4@1";
+}
+
+void ReadPiecesTest::valuesAreNotCut()
+{
+    QFETCH(QString, range);
+    QFETCH(int, width);
+    QFETCH(int, most);
+    AddressRange parsed;
+    QString error;
+    QVERIFY2(parseAddressRange(range, &parsed, &error), qPrintable(error));
+    parsed.width = width;
+    const QList<AddressRange> pieces = readPieces(parsed, most);
+    QTEST(textOf(pieces), "pieces");
+    for (const AddressRange& piece : pieces)
+        QCOMPARE(piece.width, width);
 }
 
 void ReadPiecesTest::addressesPerReadDependOnTheClass_data()

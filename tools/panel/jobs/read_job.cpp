@@ -3,6 +3,7 @@
 #include "addresses/request_limits.h"
 #include "panel/jobs/wanted_values.h"
 #include "panel/plan/least_time.h"
+#include "panel/plan/whole_values.h"
 #include "registers/register_types.h"
 
 #include <algorithm>
@@ -38,12 +39,15 @@ bool isBefore(const AddressRange& one, const AddressRange& other)
            < std::make_tuple(other.station, registerTypeRow(other.type), other.address);
 }
 
-/// From the first to the last of what is wanted.
-AddressRange spanOf(const std::vector<AddressRange>& wanted)
+/// One request for all of rising values.
+template <class Iterator>
+AddressRange spanOf(Iterator first, Iterator end)
 {
-    AddressRange span = wanted.front();
-    span.values = wanted.back().address + wanted.back().values - span.address;
-    return span;
+    const AddressRange& last = *std::prev(end);
+    if (&*first == &last)
+        return last; // with its width
+    return {first->type, first->address, last.address + last.values - first->address,
+            first->station};
 }
 
 } // namespace
@@ -65,7 +69,6 @@ void ReadJob::begin()
         m_edges << AddressRange{range.type, range.address + range.values, 1, range.station};
     }
     std::sort(m_edges.begin(), m_edges.end(), isBefore);
-    m_watched = WatchedRanges(ranges);
     m_pieces = leastTimePieces(ranges, rulesOf(*session()));
     goOn();
 }
@@ -110,11 +113,8 @@ void ReadJob::onEnd(int handle, const ReadEnd& end)
 
 void ReadJob::onFailure(const AddressRange& piece, const Failure& failure)
 {
-    const QList<AddressRange> halves = isRefused(failure) ? halvesOf(piece) : QList<AddressRange>();
-    if (!halves.isEmpty()) {
-        m_pieces = halves + m_pieces;
-        return;
-    }
+    if (isRefused(failure))
+        return onRefusal(piece, failure);
     m_wanted->fail(piece, failure);
     if (failure.kind != FailureKind::NoReply && !isGatewayException(failure.exceptionCode))
         return;
@@ -128,8 +128,23 @@ void ReadJob::onFailure(const AddressRange& piece, const Failure& failure)
     m_pieces.erase(std::remove_if(m_pieces.begin(), m_pieces.end(), isOfStation), m_pieces.end());
 }
 
+void ReadJob::onRefusal(const AddressRange& piece, const Failure& failure)
+{
+    const WholeValues values(m_wanted->unknownIn(piece));
+    if (values.all().size() == 1) {
+        // What lies within a value that cannot be read is asked for by itself.
+        m_wanted->failOnly(values.all().front(), failure);
+        m_pieces = leastTimePieces(m_wanted->unknownIn(piece), rulesOf(*session())) + m_pieces;
+        return;
+    }
+    const QList<AddressRange> halves = halvesOf(piece, values);
+    if (halves.isEmpty())
+        m_wanted->fail(piece, failure);
+    m_pieces = halves + m_pieces;
+}
+
 /// None when the piece is of one range and short enough for any controller.
-QList<AddressRange> ReadJob::halvesOf(const AddressRange& piece) const
+QList<AddressRange> ReadJob::halvesOf(const AddressRange& piece, const WholeValues& values) const
 {
     const int end = piece.address + piece.values;
     const auto firstInside = std::upper_bound(m_edges.begin(), m_edges.end(), piece, isBefore);
@@ -141,9 +156,13 @@ QList<AddressRange> ReadJob::halvesOf(const AddressRange& piece) const
         middle = std::next(firstInside, std::distance(firstInside, pastEnd) / 2)->address;
     else if (piece.driverCount() <= most)
         return {};
-    const AddressRange first = {piece.type, piece.address, middle - piece.address, piece.station};
-    const AddressRange second = {piece.type, middle, end - middle, piece.station};
-    return {spanOf(m_watched.within(first)), spanOf(m_watched.within(second))};
+    const auto isBelow = [middle](const AddressRange& value) { return value.address < middle; };
+    const auto begin = values.all().begin();
+    const auto pastLast = values.all().end();
+    auto cut = std::partition_point(begin, pastLast, isBelow);
+    if (cut == pastLast)
+        --cut; // the last value begins below the middle and reaches beyond it
+    return {spanOf(begin, cut), spanOf(cut, pastLast)};
 }
 
 void ReadJob::giveUp(const Failure& reason)

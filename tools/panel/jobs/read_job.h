@@ -4,7 +4,6 @@
 #include "addresses/export.h"
 #include "panel/files/tags_file.h"
 #include "panel/jobs/job.h"
-#include "panel/plan/watched_ranges.h"
 
 #include <memory>
 
@@ -18,12 +17,13 @@ struct ReadOutcome {
 };
 
 class WantedValues;
+class WholeValues;
 
 /// Reads ranges of any length once. They are joined to the requests that take the least time on
 /// the line, of at most the session's lengths; addresses between may be read along. A station
 /// that does not answer is not asked again: all its ranges have failed. What a station refuses
-/// is asked for in halves, down to single ranges, so that only what it lacks fails. Progress
-/// counts ranges.
+/// is asked for in halves, down to single ranges, so that only what it lacks fails. A value of
+/// several registers is of one reply. Progress counts ranges.
 class KXRUNTIME_EXPORT ReadJob : public Job
 {
     Q_OBJECT
@@ -44,10 +44,10 @@ private:
     void tellFinished();
     void onEnd(int handle, const ReadEnd& end);
     void onFailure(const AddressRange& piece, const Failure& failure);
-    QList<AddressRange> halvesOf(const AddressRange& piece) const;
+    void onRefusal(const AddressRange& piece, const Failure& failure);
+    QList<AddressRange> halvesOf(const AddressRange& piece, const WholeValues& values) const;
 
     std::unique_ptr<WantedValues> m_wanted;
-    WatchedRanges m_watched{{}};  ///< of the tags
     QList<AddressRange> m_edges;  ///< where one begins, or has ended, in rising order
     QList<AddressRange> m_pieces; ///< not yet read
     int m_total;

@@ -6,11 +6,18 @@
 namespace kx
 {
 
-WantedValues::WantedValues(const QList<Tag>& tags) : m_tags(tags) {}
-
-std::map<int, WantedValues::Known>& WantedValues::at(const AddressRange& range)
+WantedValues::WantedValues(const QList<Tag>& tags) : m_tags(tags)
 {
-    return m_known[{range.station, registerTypeRow(range.type)}];
+    for (const AddressRange& range : existing()) {
+        OfPlace& known = m_known[placeOf(range)];
+        for (int i = 0; i < range.values; i += range.width)
+            known[{range.address + i, range.width}];
+    }
+}
+
+WantedValues::Place WantedValues::placeOf(const AddressRange& range)
+{
+    return {range.station, registerTypeRow(range.type)};
 }
 
 QList<AddressRange> WantedValues::existing() const
@@ -23,19 +30,44 @@ QList<AddressRange> WantedValues::existing() const
     return ranges;
 }
 
+template <class Use>
+void WantedValues::eachIn(const AddressRange& range, Use use)
+{
+    OfPlace& known = m_known[placeOf(range)];
+    const int end = range.address + range.values;
+    for (auto value = known.lower_bound({range.address, 0});
+         value != known.end() && value->first.first < end; ++value) {
+        if (value->first.first + value->first.second <= end)
+            use(value->first, &value->second);
+    }
+}
+
 void WantedValues::take(const AddressRange& range, const QList<qint64>& values)
 {
-    std::map<int, Known>& known = at(range);
-    int address = range.address;
-    for (const qint64 value : values)
-        known[address++] = {value, Failure()};
+    eachIn(range, [&](const Value& value, Known* known) {
+        *known = {values.mid(value.first - range.address, value.second), Failure()};
+    });
 }
 
 void WantedValues::fail(const AddressRange& range, const Failure& failure)
 {
-    std::map<int, Known>& known = at(range);
-    for (int i = 0; i < range.values; ++i)
-        known[range.address + i] = {0, failure};
+    eachIn(range, [&](const Value&, Known* known) { *known = {{}, failure}; });
+}
+
+void WantedValues::failOnly(const AddressRange& value, const Failure& failure)
+{
+    m_known[placeOf(value)][{value.address, value.values}] = {{}, failure};
+}
+
+QList<AddressRange> WantedValues::unknownIn(const AddressRange& range)
+{
+    QList<AddressRange> unknown;
+    eachIn(range, [&](const Value& value, Known* known) {
+        if (known->isUnknown())
+            unknown << AddressRange{range.type, value.first, value.second, range.station,
+                                    value.second};
+    });
+    return unknown;
 }
 
 std::optional<ReadOutcome> WantedValues::takeFirst()
@@ -44,24 +76,17 @@ std::optional<ReadOutcome> WantedValues::takeFirst()
         return std::nullopt;
     const AddressRange range = m_tags.first().range;
     ReadOutcome outcome = {m_tags.first(), rangeRefusal(range), {}};
-    if (!outcome.failure.isNone()) {
-        m_tags.removeFirst();
-        return outcome;
-    }
-    const std::map<int, Known>& known = at(range);
     bool isComplete = true;
-    for (int address = range.address; address < range.address + range.values; ++address) {
-        const auto found = known.find(address);
-        if (found != known.end() && !found->second.failure.isNone()) {
-            m_tags.removeFirst();
-            return ReadOutcome{outcome.tag, found->second.failure, {}};
-        }
-        isComplete = isComplete && found != known.end();
-        if (isComplete)
-            outcome.values << found->second.value;
+    for (int i = 0; outcome.failure.isNone() && i < range.values; i += range.width) {
+        const Known& known = m_known[placeOf(range)][{range.address + i, range.width}];
+        outcome.failure = known.failure;
+        outcome.values << known.values;
+        isComplete = isComplete && !known.isUnknown();
     }
-    if (!isComplete)
+    if (!isComplete && outcome.failure.isNone())
         return std::nullopt;
+    if (!outcome.failure.isNone())
+        outcome.values.clear();
     m_tags.removeFirst();
     return outcome;
 }

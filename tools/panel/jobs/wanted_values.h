@@ -9,7 +9,8 @@
 namespace kx
 {
 
-/// What is known of tags while they are read in an order that is not theirs.
+/// What is known of tags while they are read in an order that is not theirs. Each value is of one
+/// reply, also where another value shares registers with it.
 class WantedValues
 {
 public:
@@ -17,10 +18,14 @@ public:
 
     /// The ranges of tags that exist.
     QList<AddressRange> existing() const;
-    /// Of all of the range's addresses.
+    /// Of all of the range's addresses, from one reply: all values that lie in it as a whole.
     void take(const AddressRange& range, const QList<qint64>& values);
-    /// None of the range's addresses can be read.
+    /// None of the values that lie in the range can be read.
     void fail(const AddressRange& range, const Failure& failure);
+    /// The range is a value that cannot be read as a whole; those within it may still be.
+    void failOnly(const AddressRange& value, const Failure& failure);
+    /// Values in the range of which neither is known yet.
+    QList<AddressRange> unknownIn(const AddressRange& range);
 
     /// Of the first tag, which is taken out, when all of it is known or some of it has failed.
     std::optional<ReadOutcome> takeFirst();
@@ -30,15 +35,21 @@ public:
 
 private:
     using Place = std::pair<int, int>; ///< station and row of the type
+    using Value = std::pair<int, int>; ///< address and width
     struct Known {
-        qint64 value = 0;
+        QList<qint64> values; ///< one per address; none yet, or a failure
         Failure failure;
+        bool isUnknown() const { return values.isEmpty() && failure.isNone(); }
     };
+    using OfPlace = std::map<Value, Known>;
 
-    std::map<int, Known>& at(const AddressRange& range);
+    static Place placeOf(const AddressRange& range);
+    /// Calls `use` with each value that lies in the range.
+    template <class Use>
+    void eachIn(const AddressRange& range, Use use);
 
     QList<Tag> m_tags;
-    std::map<Place, std::map<int, Known>> m_known; ///< by address
+    std::map<Place, OfPlace> m_known;
 };
 
 } // namespace kx

@@ -1,6 +1,6 @@
 #include "panel/plan/least_time.h"
 
-#include "panel/plan/watched_ranges.h"
+#include "panel/plan/whole_values.h"
 #include "registers/register_types.h"
 
 #include <algorithm>
@@ -43,40 +43,48 @@ PieceCost costOf(const RegisterType* type, const ReadRules& rules, const Station
     return cost;
 }
 
-/// The cheapest pieces over rising addresses, found from the last to the first, so that of equals
-/// the long pieces come first. The cost of a piece is linear in its whole blocks, so the best
-/// last address of the piece that begins at an address is the least of a window that slides
-/// along; coils have one window for each of the eight bits of a byte in which a piece may end.
+/// First and last address: of a value, or of a piece.
+struct Span {
+    int first = 0;
+    int last = 0;
+};
+
+/// The cheapest pieces over values whose first and last addresses rise, found from the last to
+/// the first, so that of equals the long pieces come first. The cost of a piece is linear in its
+/// whole blocks, so the best last value of the piece that begins with a value is the least of a
+/// window that slides along; coils have one window for each of the eight bits of a byte in which
+/// a piece may end. Values that overlap may make pieces do so, where all of them are too long for
+/// one.
 class CheapestCover
 {
 public:
-    CheapestCover(const PieceCost& cost, const std::vector<int>& addresses)
+    CheapestCover(const PieceCost& cost, const std::vector<Span>& values)
         : m_cost(cost),
-          m_addresses(addresses),
-          m_best(addresses.size() + 1),
+          m_values(values),
+          m_best(values.size() + 1),
           m_windows(static_cast<size_t>(cost.blockSize))
     {
         m_best.back() = {0, 0};
-        for (size_t first = addresses.size(); first-- > 0;) {
+        for (size_t first = values.size(); first-- > 0;) {
             enter(first);
             m_best[first] = best(first);
         }
     }
 
-    /// First and last addresses, rising.
-    std::vector<std::pair<int, int>> pieces() const
+    /// Indexes of the first and the last value of each, rising.
+    std::vector<std::pair<size_t, size_t>> pieces() const
     {
-        std::vector<std::pair<int, int>> pieces;
-        for (size_t first = 0; first < m_addresses.size();) {
+        std::vector<std::pair<size_t, size_t>> pieces;
+        for (size_t first = 0; first < m_values.size();) {
             const size_t last = m_best[first].last;
-            pieces.emplace_back(m_addresses[first], m_addresses[last]);
+            pieces.emplace_back(first, last);
             first = last + 1;
         }
         return pieces;
     }
 
 private:
-    /// The last of a piece's addresses, by its index, and what all costs from its first on.
+    /// The last of a piece's values, by its index, and what all costs from its first on.
     struct Choice {
         size_t last = 0;
         qint64 cost = 0;
@@ -85,7 +93,7 @@ private:
     /// The piece may end here. What depends on where it begins is left out of the cost.
     void enter(size_t last)
     {
-        const int address = m_addresses[last];
+        const int address = m_values[last].last;
         const Choice choice = {last,
                                m_best[last + 1].cost + address / m_cost.blockSize * m_cost.block};
         std::deque<Choice>& window = m_windows[static_cast<size_t>(address % m_cost.blockSize)];
@@ -96,11 +104,11 @@ private:
 
     Choice best(size_t first)
     {
-        const int address = m_addresses[first];
-        Choice best = {first, std::numeric_limits<qint64>::max()};
+        const int address = m_values[first].first;
+        Choice best = alone(first);
         for (int bit = 0; bit < m_cost.blockSize; ++bit) {
             std::deque<Choice>& window = m_windows[static_cast<size_t>(bit)];
-            while (!window.empty() && m_addresses[window.front().last] - address >= m_cost.most)
+            while (!window.empty() && m_values[window.front().last].last - address >= m_cost.most)
                 window.pop_front();
             if (window.empty())
                 continue;
@@ -113,9 +121,18 @@ private:
         return best;
     }
 
+    /// A value that is longer than a piece may be is one all the same. Of no other is this used.
+    Choice alone(size_t value) const
+    {
+        const int length = m_values[value].last - m_values[value].first + 1;
+        if (length <= m_cost.most)
+            return {value, std::numeric_limits<qint64>::max()};
+        return {value, m_best[value + 1].cost + m_cost.each + length * m_cost.block};
+    }
+
     PieceCost m_cost;
-    const std::vector<int>& m_addresses;
-    std::vector<Choice> m_best; ///< of each address as the first of a piece
+    const std::vector<Span>& m_values;
+    std::vector<Choice> m_best; ///< of each value as the first of a piece
     std::vector<std::deque<Choice>> m_windows;
 };
 
@@ -128,38 +145,42 @@ public:
     {
     }
 
-    bool isFor(const AddressRange& run) const
+    bool isFor(const AddressRange& value) const
     {
-        return run.station == m_of.station && run.type == m_of.type;
+        return value.station == m_of.station && value.type == m_of.type;
     }
 
-    void add(const AddressRange& run, QList<AddressRange>* pieces)
+    void add(const AddressRange& value, QList<AddressRange>* pieces)
     {
-        for (int address = run.address; address < run.address + run.values; ++address) {
-            if (!m_addresses.empty() && !mayShare(m_addresses.back(), address))
-                finish(pieces);
-            m_addresses.push_back(address);
-        }
+        const Span span = {value.address, value.address + value.values - 1};
+        if (!m_values.empty() && !mayShare(m_values.back(), span))
+            finish(pieces);
+        m_values.push_back(span);
     }
 
     void finish(QList<AddressRange>* pieces)
     {
-        for (const auto& [first, last] : CheapestCover(m_cost, m_addresses).pieces())
-            *pieces << AddressRange{m_of.type, first, last - first + 1, m_of.station};
-        m_addresses.clear();
+        for (const auto& [first, last] : CheapestCover(m_cost, m_values).pieces()) {
+            const int begin = m_values[first].first;
+            const int length = m_values[last].last - begin + 1;
+            *pieces << AddressRange{m_of.type, begin, length, m_of.station,
+                                    first == last ? length : 1};
+        }
+        m_values.clear();
     }
 
 private:
-    bool mayShare(int before, int address) const
+    bool mayShare(const Span& before, const Span& value) const
     {
-        const int step = modbusNumber(m_of.type, address) - modbusNumber(m_of.type, before);
-        return step == (address - before) * registersPerAddress(m_of.type)
-               && (m_cost.maySpanGaps || address == before + 1);
+        const int step =
+            modbusNumber(m_of.type, value.last) - modbusNumber(m_of.type, before.first);
+        return step == (value.last - before.first) * registersPerAddress(m_of.type)
+               && (m_cost.maySpanGaps || value.first <= before.last + 1);
     }
 
     AddressRange m_of;
     PieceCost m_cost;
-    std::vector<int> m_addresses; ///< that one request may span
+    std::vector<Span> m_values; ///< that one request may span
 };
 
 } // namespace
@@ -168,40 +189,19 @@ QList<AddressRange> leastTimePieces(const QList<AddressRange>& ranges, const Rea
 {
     QList<AddressRange> pieces;
     std::optional<PieceMaker> maker;
-    const WatchedRanges watched(ranges);
-    for (const AddressRange& run : watched.runs()) {
-        if (maker && !maker->isFor(run)) {
+    const WholeValues values(ranges);
+    for (const AddressRange& value : values.all()) {
+        if (maker && !maker->isFor(value)) {
             maker->finish(&pieces);
             maker.reset();
         }
         if (!maker)
-            maker.emplace(run, rules);
-        maker->add(run, &pieces);
+            maker.emplace(value, rules);
+        maker->add(value, &pieces);
     }
     if (maker)
         maker->finish(&pieces);
     return pieces;
-}
-
-QList<AddressRange> rangesBeyond(const QList<AddressRange>& ranges,
-                                 const QList<AddressRange>& others)
-{
-    QList<AddressRange> beyond;
-    const WatchedRanges covered(others);
-    const WatchedRanges wanted(ranges);
-    for (const AddressRange& run : wanted.runs()) {
-        int first = run.address;
-        const auto add = [&](int end) {
-            if (end > first)
-                beyond << AddressRange{run.type, first, end - first, run.station};
-        };
-        for (const AddressRange& part : covered.within(run)) {
-            add(part.address);
-            first = part.address + part.values;
-        }
-        add(run.address + run.values);
-    }
-    return beyond;
 }
 
 } // namespace kx

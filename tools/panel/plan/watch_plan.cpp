@@ -1,5 +1,6 @@
 #include "panel/plan/watch_plan.h"
 
+#include "panel/plan/driver_share.h"
 #include "panel/plan/least_time.h"
 #include "panel/plan/plan_driver.h"
 #include "registers/register_types.h"
@@ -39,13 +40,12 @@ std::optional<Plan> limitedPlan(const DriverEntryPoints& entryPoints,
                                 const QList<AddressRange>& watched, int maxWords,
                                 const ReadRules& rules)
 {
-    QList<AddressRange> ofCoils;
-    QList<AddressRange> ofRegisters;
-    for (const AddressRange& range : watched)
-        (range.type->registerClass == BIT_CLASS ? ofCoils : ofRegisters) << range;
-    std::optional<Plan> plan = askForPlan(entryPoints, ofRegisters, maxWords);
+    const DriverShare share = driverShareOf(watched, maxWords);
+    ReadRules limited = rules;
+    limited.usual.maxWords = maxWords;
+    std::optional<Plan> plan = askForPlan(entryPoints, share.ofDriver, maxWords);
     if (plan)
-        plan->requests = chosenPlan(ofCoils, rules).requests + plan->requests;
+        plan->requests = chosenPlan(share.ofRules, limited).requests + plan->requests;
     return plan;
 }
 

@@ -15,8 +15,8 @@ namespace kx
 /// As with SessionSettings::choosesLengths. The plan's limit is 0.
 KXRUNTIME_EXPORT Plan chosenPlan(const QList<AddressRange>& watched, const ReadRules& rules);
 
-/// As without: registers as the driver joins them up to `maxWords`, see askForPlan(), and coils
-/// by the rules.
+/// As without: registers as the driver joins them up to `maxWords`, see askForPlan(); coils, and
+/// values of more registers than that, by the rules.
 /// @return none while a session has the driver
 KXRUNTIME_EXPORT std::optional<Plan> limitedPlan(const DriverEntryPoints& entryPoints,
                                                  const QList<AddressRange>& watched, int maxWords,

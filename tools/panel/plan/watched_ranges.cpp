@@ -43,7 +43,7 @@ WatchedRanges::WatchedRanges(const QList<AddressRange>& ranges)
     std::sort(sorted.begin(), sorted.end(), isBefore);
     for (const AddressRange& range : sorted) {
         if (m_runs.empty() || !continues(m_runs.back(), range))
-            m_runs.push_back(range);
+            m_runs.push_back({range.type, range.address, range.values, range.station});
         else
             m_runs.back().values =
                 std::max(endOf(m_runs.back()), endOf(range)) - m_runs.back().address;

@@ -38,7 +38,8 @@ bool LearnedRules::onRefusal(const AddressRange& asked, bool spansGap)
     const int count = asked.driverCount();
     StationRules rules = m_rules.of(asked.station);
     int& limit = isCoils ? rules.maxBits : rules.maxWords;
-    const int shortest = isCoils ? COILS_OF_ANY : REGISTERS_OF_ANY;
+    // One value is asked for at once, however long it is.
+    const int shortest = isCoils ? COILS_OF_ANY : qMax(REGISTERS_OF_ANY, asked.width);
     if (count > m_stations.value(asked.station).longest[isCoils] && count > shortest)
         limit = qMin(limit, qMax(count / 2, shortest));
     else if (spansGap)

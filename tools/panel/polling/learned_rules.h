@@ -25,6 +25,7 @@ public:
     /// One that is longer than all that it has answered may be too long: it is asked for half
     /// of that from now on. Else gaps may hold addresses that it lacks: none is read along
     /// any more.
+    /// @param asked its width is that of the longest value in it, which no limit cuts
     /// @param spansGap not all of the addresses are wanted
     /// @return whether rules() have changed
     bool onRefusal(const AddressRange& asked, bool spansGap);

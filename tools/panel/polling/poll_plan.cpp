@@ -1,7 +1,8 @@
 #include "panel/polling/poll_plan.h"
 
+#include "panel/plan/driver_share.h"
 #include "panel/plan/least_time.h"
-#include "registers/register_types.h"
+#include "panel/plan/ranges_beyond.h"
 
 #include <map>
 
@@ -16,11 +17,8 @@ QList<AddressRange> requestsFor(const QList<AddressRange>& ranges, const ReadRul
 {
     if (!registers)
         return leastTimePieces(ranges, rules);
-    QList<AddressRange> ofCoils;
-    QList<AddressRange> ofRegisters;
-    for (const AddressRange& range : ranges)
-        (range.type->registerClass == BIT_CLASS ? ofCoils : ofRegisters) << range;
-    return leastTimePieces(ofCoils, rules) + registers(ofRegisters);
+    const DriverShare share = driverShareOf(ranges, rules.usual.maxWords);
+    return leastTimePieces(share.ofRules, rules) + registers(share.ofDriver);
 }
 
 } // namespace

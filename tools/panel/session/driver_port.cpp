@@ -3,6 +3,7 @@
 #include "addresses/watch_pieces.h"
 #include "exchange/driver_keys.h"
 #include "panel/session/driver_values.h"
+#include "panel/session/value_limit.h"
 #include "registers/register_types.h"
 
 #include <utility>
@@ -130,6 +131,7 @@ void DriverPort::poll(const QList<PolledRange>& polls)
 
 void DriverPort::read(const AddressRange& range)
 {
+    const ValueLimit limit(m_driver.object, range);
     KEY_ADDRESS key = keyOf(range);
     m_driver.addConditionRead(key, CONDITION_READ_JOB);
     m_read = {true, false};
@@ -140,6 +142,8 @@ void DriverPort::write(const Assignment& assignment)
     const AddressRange& range = assignment.range;
     QByteArray bytes = driverBytes(assignment);
     m_write = {!m_settings.writeLocalOnly, false};
+    m_changing = range;
+    const ValueLimit limit(m_driver.object, range);
     m_driver.setData(range.station, QString::fromLatin1(range.type->name), range.address,
                      range.driverCount(), reinterpret_cast<unsigned char*>(bytes.data()),
                      WRITE_JOB);
@@ -209,6 +213,7 @@ int DriverPort::nextRequest(FRAME_PRO* out)
         m_outKind = recipe != NO_JOB && isRecipePending() ? recipe : out->job.kind;
     if (isNew && m_outKind == CYCLIC_READ_JOB)
         m_polls.begin();
+    m_out = rangeOf(out->job);
     m_isOut = true;
     out->job.kind = m_outKind;
     const bool isOfSlot = m_outKind == WRITE_JOB || m_outKind == CONDITION_READ_JOB;
@@ -220,6 +225,7 @@ int DriverPort::nextRequest(FRAME_PRO* out)
 
 int DriverPort::settle(QByteArray& reply, QString& errorText)
 {
+    m_changing = m_out;
     int result = m_driver.dealRcvFrame(reply, errorText);
     QByteArray noReply;
     while (result == REPLY_RETRY && m_outKind == CYCLIC_READ_JOB && m_polls.isTry())
@@ -250,7 +256,7 @@ void DriverPort::valueChange(int link, int station, QString name, int address)
     // Ends of one-off reads and words of recipes come here, too, under names of no type.
     const RegisterType* const type = current ? findRegisterType(name) : nullptr;
     if (type)
-        current->m_changes.append({{type, address, 1, station}, 0, link});
+        current->m_changes.append({{type, address, 1, station}, 0, link, current->m_changing});
 }
 
 } // namespace kx

@@ -106,8 +106,10 @@ private:
     QByteArray m_parameters;
     int m_status = 0;
     QList<ValueChange> m_changes;
-    bool m_isOut = false;   ///< a request was handed out and has not ended
-    int m_outKind = NO_JOB; ///< of that request
+    bool m_isOut = false;    ///< a request was handed out and has not ended
+    int m_outKind = NO_JOB;  ///< of that request
+    AddressRange m_out;      ///< of that request
+    AddressRange m_changing; ///< what is read or written with the values that change
     PollFeed m_polls;
     bool m_isPolling = true; ///< polls are offered to the driver
     QByteArray m_reply;      ///< to the latest request that has ended

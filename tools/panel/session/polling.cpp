@@ -25,12 +25,31 @@ bool isAddressRefused(const ExchangeRecord& record)
     return record.replyKind == ReplyKind::Exception && refusesAddresses(record.exceptionCode);
 }
 
-WatchedRanges watchedOf(const QList<PolledRange>& wanted)
+QList<AddressRange> rangesOf(const QList<PolledRange>& wanted)
 {
     QList<AddressRange> ranges;
     for (const PolledRange& polled : wanted)
         ranges << polled.range;
-    return WatchedRanges(ranges);
+    return ranges;
+}
+
+QList<AddressRange> wideOf(const QList<PolledRange>& wanted)
+{
+    QList<AddressRange> ranges;
+    for (const PolledRange& polled : wanted) {
+        if (polled.range.width > 1)
+            ranges << polled.range;
+    }
+    return ranges;
+}
+
+/// 1 where there is none of several registers.
+int longestOf(const std::vector<AddressRange>& values)
+{
+    int longest = 1;
+    for (const AddressRange& value : values)
+        longest = qMax(longest, value.width);
+    return longest;
 }
 
 bool spansGap(const AddressRange& asked, const WatchedRanges& watched)
@@ -56,7 +75,8 @@ Polling::Polling(DriverPort* port, const Line* line, const SessionSettings& sett
 int Polling::replace(const QList<PolledRange>& ranges)
 {
     m_ranges = ranges;
-    m_watched = watchedOf(ranges);
+    m_watched = WatchedRanges(rangesOf(ranges));
+    m_values = WholeValues(wideOf(ranges));
     return plan();
 }
 
@@ -96,7 +116,9 @@ PollEvents Polling::onExchange(const ExchangeRecord& record)
 /// Whether the station is to be asked otherwise from now on.
 bool Polling::learn(const ExchangeRecord& record)
 {
-    const AddressRange asked = rangeOf(record.job);
+    AddressRange asked = rangeOf(record.job);
+    if (asked.type)
+        asked.width = longestOf(m_values.within(asked));
     if (record.result == REPLY_ACCEPTED && record.turnaround >= 0)
         m_learned.onAnswer(asked, record.turnaround);
     return record.result == REPLY_FAILED && isAddressRefused(record)

@@ -3,6 +3,7 @@
 
 #include "exchange/lines/line.h"
 #include "panel/plan/watched_ranges.h"
+#include "panel/plan/whole_values.h"
 #include "panel/polling/learned_rules.h"
 #include "panel/session/driver_port.h"
 
@@ -43,6 +44,7 @@ private:
     LearnedRules m_learned;
     QList<PolledRange> m_ranges;
     WatchedRanges m_watched{{}}; ///< the same, in order
+    WholeValues m_values{{}};    ///< of several registers, of the same
     qint64 m_plannedAt = 0;      ///< by the clock
 };
 

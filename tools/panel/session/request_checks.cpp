@@ -1,6 +1,7 @@
 #include "panel/session/request_checks.h"
 
 #include "addresses/read_pieces.h"
+#include "addresses/request_limits.h"
 #include "addresses/station_text.h"
 #include "addresses/write_pieces.h"
 #include "registers/register_types.h"
@@ -39,6 +40,39 @@ Failure notWritable(const AddressRange& range)
                    QStringLiteral("an input, which cannot be written"));
 }
 
+/// None when one request can read each of its values.
+Failure widthRefusal(const AddressRange& range)
+{
+    if (range.width == 1)
+        return Failure();
+    const int registers = range.width * registersPerAddress(range.type);
+    if (range.width < 1 || range.values % range.width != 0)
+        return outOfRange(range, QStringLiteral("values of %1 registers do not make %2")
+                                     .arg(range.width)
+                                     .arg(range.values));
+    if (range.type->registerClass == BIT_CLASS || registers > MOST_REGISTERS_PER_READ)
+        return outOfRange(range, QStringLiteral("no request reads a value of %1 %2")
+                                     .arg(registers)
+                                     .arg(range.type->registerClass == BIT_CLASS
+                                              ? QLatin1String("coils")
+                                              : QLatin1String("registers")));
+    for (int i = 0; i < range.values; i += range.width) {
+        const int first = range.address + i;
+        const int last = first + range.width - 1;
+        if (modbusNumber(range.type, last) - modbusNumber(range.type, first)
+            != (last - first) * registersPerAddress(range.type))
+            return outOfRange(range, QStringLiteral("the registers of the value at %1 lie apart")
+                                         .arg(addressText(range.type, first)));
+    }
+    return Failure();
+}
+
+/// Whether it is of one value that is longer than the limit, which a controller may allow.
+bool isOneLongValue(const AddressRange& range, int mostRegisters)
+{
+    return range.width > 1 && range.values == range.width && range.driverCount() <= mostRegisters;
+}
+
 } // namespace
 
 Failure rangeRefusal(const AddressRange& range)
@@ -54,7 +88,7 @@ Failure rangeRefusal(const AddressRange& range)
         || range.values > highest - range.address + 1)
         return outOfRange(
             range, QStringLiteral("out of range; there are %1").arg(addressesOf(range.type)));
-    return Failure();
+    return widthRefusal(range);
 }
 
 Failure readRefusal(const AddressRange& range, int maxWords)
@@ -63,7 +97,8 @@ Failure readRefusal(const AddressRange& range, int maxWords)
     if (!missing.isNone())
         return missing;
     const int most = addressesPerRead(range.type, maxWords);
-    const bool fits = most >= range.values && readPieces(range, most).size() == 1;
+    const bool fits = (most >= range.values && readPieces(range, most).size() == 1)
+                      || isOneLongValue(range, MOST_REGISTERS_PER_READ);
     return fits ? Failure() : tooLong(range, maxWords);
 }
 
@@ -107,7 +142,8 @@ Failure writeRefusal(const AddressRange& range, int maxWords)
     if (!range.type->writable)
         return notWritable(range);
     const int most = addressesPerWrite(range.type, maxWords);
-    const bool fits = most >= range.values && writePieces(range, most).size() == 1;
+    const bool fits = (most >= range.values && writePieces(range, most).size() == 1)
+                      || isOneLongValue(range, MOST_REGISTERS_PER_WRITE);
     return fits ? Failure() : tooLong(range, maxWords);
 }
 

@@ -11,10 +11,11 @@ namespace kx
 /// A refusal of that range.
 Failure refusal(FailureKind kind, const AddressRange& range, const QString& text);
 
-/// No failure when the registers exist.
+/// No failure when the registers exist, and one request can read each value of several.
 Failure rangeRefusal(const AddressRange& range);
 
-/// No failure when the range can be read by one request of at most `maxWords` registers.
+/// No failure when the range can be read by one request of at most `maxWords` registers, or is
+/// one value, which takes as many as it has.
 Failure readRefusal(const AddressRange& range, int maxWords);
 
 /// No failure when the values suit their type; how many requests they take does not matter.

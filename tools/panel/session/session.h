@@ -59,8 +59,9 @@ public:
     void initialise();
 
     /// Replaces what is polled. Ranges must name their stations, 1 to 247. They are joined to few
-    /// requests and cut where one cannot hold them, see SessionSettings; addresses between may be
-    /// read along. A range that does not exist is left out, and failed() tells so later.
+    /// requests and cut where one cannot hold them, see SessionSettings, but never within a value
+    /// of AddressRange::width registers; addresses between may be read along. A range that does not
+    /// exist is left out, and failed() tells so later.
     ///
     /// Ranges without an interval take turns, those with one come when they are due. A station
     /// that does not answer is left out, but for a try now and then.
@@ -72,7 +73,8 @@ public:
     qint64 missedPolls() const;
     /// The values that the driver holds, one per address: 0 or 1, 0..65535, or 0..4294967295;
     /// 0 for what was never read. A value written counts once no other write waits before it, until
-    /// the write fails.
+    /// the write fails. Each address is as the latest request about it left it: of a value of
+    /// several registers, ValueChange::request tells whether they are of one reply.
     /// None for a range that does not exist.
     QList<qint64> values(const AddressRange& range) const;
 

@@ -14,7 +14,18 @@ struct ValueChange {
     AddressRange range; ///< one address
     qint64 value = 0;   ///< 0 or 1, 0..65535, or 0..4294967295
     int link = 0;       ///< SessionSettings::link
+    /// All that one request read or wrote with it: the values of these addresses belong together.
+    AddressRange request;
 };
+
+/// Whether all of the addresses changed with it, or stayed, at once.
+inline bool isWhole(const AddressRange& value, const ValueChange& change)
+{
+    const AddressRange& request = change.request;
+    return value.station == request.station && value.type == request.type
+           && value.address >= request.address
+           && value.address + value.values <= request.address + request.values;
+}
 
 /// How a one-off read ended.
 struct ReadEnd {

@@ -53,7 +53,7 @@ void Watch::onChange(const ValueChange& change)
     const AddressRange& range = change.range;
     tell(m_list.onChange(
         range.station, QString::fromLatin1(range.type->name), range.address,
-        [&change](const WatchEntry&) { return change.value; }, now()));
+        [&](const WatchEntry& entry) { return valuesAfter(change, entry); }, now()));
 }
 
 void Watch::onExchange(const ExchangeRecord& record)
@@ -68,7 +68,8 @@ void Watch::onRead(const ExchangeRecord& record)
 {
     if (record.result == REPLY_ACCEPTED)
         tell(m_list.onRead(
-            record.job, [this](const WatchEntry& entry) { return valueOf(entry); }, now()));
+            record.job,
+            [this](const WatchEntry& entry) { return m_session->values(entry.range()); }, now()));
     else if (record.result == REPLY_FAILED)
         tell(m_list.onFailure(record.job, record.replyKind == ReplyKind::Exception
                                               && !isGatewayException(record.exceptionCode)));
@@ -111,9 +112,12 @@ void Watch::tellLink(const QList<LinkEvent>& events)
         emit linkChanged(event);
 }
 
-qint64 Watch::valueOf(const WatchEntry& entry) const
+/// None of an entry of which the request brought a part alone.
+QList<qint64> Watch::valuesAfter(const ValueChange& change, const WatchEntry& entry) const
 {
-    return m_session->values(entry.range()).first();
+    if (entry.width == 1)
+        return {change.value};
+    return isWhole(entry.range(), change) ? m_session->values(entry.range()) : QList<qint64>();
 }
 
 } // namespace kx

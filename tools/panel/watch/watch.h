@@ -68,7 +68,7 @@ private:
     void onLineOpened();
     void tell(const QList<int>& indexes);
     void tellLink(const QList<LinkEvent>& events);
-    qint64 valueOf(const WatchEntry& entry) const;
+    QList<qint64> valuesAfter(const ValueChange& change, const WatchEntry& entry) const;
 
     Session* m_session;
     WatchList m_list;

@@ -2,9 +2,11 @@
 
 #include "registers/register_types.h"
 
+#include <QtCore/QPair>
 #include <QtCore/QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace kx
 {
@@ -19,8 +21,15 @@ AddressRange WatchEntry::range() const
     AddressRange range;
     range.type = type;
     range.address = address;
+    range.values = width;
     range.station = station;
+    range.width = width;
     return range;
+}
+
+QList<qint64> WatchEntry::raw() const
+{
+    return isKnown ? QList<qint64>{value} + others : QList<qint64>();
 }
 
 // No two pages of a panel have the same.
@@ -37,43 +46,52 @@ WatchList::PageKey WatchList::pageOf(const Place& place)
     return {place.station, place.type, place.address / Page::SIZE};
 }
 
-/// The names of addresses besides their first: most have none.
-class WatchList::MoreNames
+/// What an address has besides its first entry: most have nothing.
+class WatchList::MoreEntries
 {
 public:
-    struct Names {
-        QSet<QString> names;
-        int last = -1; ///< entry
+    struct Entries {
+        QHash<QString, int> firsts;          ///< the first one understood in another way, by that
+        QSet<QPair<QString, QString>> names; ///< besides those of the firsts: by that, too
+        int last = -1;                       ///< entry
     };
     /// By the first entry of the address.
-    Names& of(int first) { return m_names[first]; }
+    Entries& of(int first) { return m_entries[first]; }
 
 private:
-    QHash<int, Names> m_names;
+    QHash<int, Entries> m_entries;
 };
+
+/// How the value is understood: what else differs is another value.
+QString WatchList::meaningOf(const WatchEntry& entry)
+{
+    return QString::number(entry.width);
+}
 
 WatchList::WatchList(const QList<Tag>& tags)
 {
-    int addresses = 0;
+    int values = 0;
     for (const Tag& tag : tags)
-        addresses += tag.range.values;
-    m_entries.reserve(addresses);
-    m_next.reserve(static_cast<size_t>(addresses));
-    MoreNames moreNames;
+        values += tag.range.values / tag.range.width;
+    m_entries.reserve(values);
+    m_next.reserve(static_cast<size_t>(values));
+    MoreEntries moreEntries;
     for (const Tag& tag : tags) {
         m_longestName = qMax(m_longestName, static_cast<int>(tag.name.size()));
-        for (int i = 0; i < tag.range.values; ++i) {
+        m_widest = qMax(m_widest, tag.range.width);
+        for (int i = 0; i < tag.range.values; i += tag.range.width) {
             WatchEntry entry;
             entry.station = tag.range.station;
             entry.type = tag.range.type;
             entry.address = tag.range.address + i;
+            entry.width = tag.range.width;
             entry.name = tag.name;
-            add(entry, &moreNames);
+            add(entry, &moreEntries);
         }
     }
 }
 
-void WatchList::add(const WatchEntry& wanted, MoreNames* moreNames)
+void WatchList::add(const WatchEntry& wanted, MoreEntries* moreEntries)
 {
     const Place place = {wanted.station, wanted.type, wanted.address};
     int& first = m_pages[pageOf(place)].first[static_cast<size_t>(place.address % Page::SIZE)];
@@ -81,18 +99,24 @@ void WatchList::add(const WatchEntry& wanted, MoreNames* moreNames)
         first = append(wanted);
         return;
     }
-    QString& firstName = m_entries[first].name;
-    if (firstName.isEmpty()) {
-        firstName = wanted.name;
-        return;
+    const QString meaning = meaningOf(wanted);
+    const bool isLikeFirst = meaning == meaningOf(m_entries.at(first));
+    MoreEntries::Entries& more = moreEntries->of(first);
+    const int same = isLikeFirst ? first : more.firsts.value(meaning, -1);
+    if (same >= 0) {
+        QString& name = m_entries[same].name;
+        if (name.isEmpty()) {
+            name = wanted.name;
+            return;
+        }
+        if (wanted.name.isEmpty() || wanted.name == name
+            || more.names.contains({meaning, wanted.name}))
+            return;
+        more.names.insert({meaning, wanted.name});
     }
-    if (wanted.name.isEmpty() || wanted.name == firstName)
-        return;
-    MoreNames::Names& more = moreNames->of(first);
-    if (more.names.contains(wanted.name))
-        return;
-    more.names.insert(wanted.name);
     const int index = append(wanted);
+    if (same < 0)
+        more.firsts.insert(meaning, index);
     m_next[static_cast<size_t>(more.last < 0 ? first : more.last)] = index;
     more.last = index;
 }
@@ -114,16 +138,26 @@ int WatchList::firstAt(const Place& place) const
                : page->first[static_cast<size_t>(place.address % Page::SIZE)];
 }
 
+int WatchList::firstOfWidth(const Place& place, int width) const
+{
+    int index = firstAt(place);
+    while (index >= 0 && m_entries.at(index).width != width)
+        index = m_next[static_cast<size_t>(index)];
+    return index;
+}
+
 void WatchList::keepValuesOf(const WatchList& earlier)
 {
     for (WatchEntry& entry : m_entries) {
-        const int index = earlier.firstAt({entry.station, entry.type, entry.address});
+        const int index =
+            earlier.firstOfWidth({entry.station, entry.type, entry.address}, entry.width);
         if (index < 0)
             continue;
         const WatchEntry& known = earlier.m_entries.at(index);
         setState(&entry, known.state);
         entry.isKnown = known.isKnown;
         entry.value = known.value;
+        entry.others = known.others;
         entry.readAt = known.readAt;
         entry.changedAt = known.changedAt;
     }
@@ -137,30 +171,42 @@ void WatchList::setState(WatchEntry* entry, WatchState state)
 }
 
 QList<int> WatchList::onChange(int station, const QString& type, int address,
-                               const ValueSource& valueOf, qint64 now)
+                               const ValueSource& valuesOf, qint64 now)
 {
     QList<int> changed;
     const RegisterType* const registerType = findRegisterType(type);
-    if (!registerType)
+    if (!registerType || address < 0)
         return changed;
     QList<int> indexes;
-    addPlace(firstAt({station, registerType, address}), &indexes);
-    for (const int index : indexes) {
+    for (int before = m_widest - 1; before >= 0; --before)
+        addPlace(firstAt({station, registerType, address - before}), &indexes);
+    std::sort(indexes.begin(), indexes.end());
+    for (const int index : std::as_const(indexes)) {
         WatchEntry& entry = m_entries[index];
-        const qint64 value = valueOf(entry);
-        // The driver reports some bits although they have not changed.
-        if (entry.isKnown && entry.value == value)
-            continue;
-        if (entry.isKnown)
-            entry.changedAt = now;
-        entry.isKnown = true;
-        entry.value = value;
-        changed << index;
+        if (address - entry.address < entry.width && takeValues(&entry, valuesOf(entry), now))
+            changed << index;
     }
     return changed;
 }
 
-QList<int> WatchList::onRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now)
+/// Whether the value is new. The driver reports some bits although they have not changed.
+bool WatchList::takeValues(WatchEntry* entry, const QList<qint64>& values, qint64 now)
+{
+    if (values.size() != entry->width)
+        return false;
+    const qint64 value = values.first();
+    const QList<qint64> others = values.mid(1);
+    if (entry->isKnown && entry->value == value && entry->others == others)
+        return false;
+    if (entry->isKnown)
+        entry->changedAt = now;
+    entry->isKnown = true;
+    entry->value = value;
+    entry->others = others;
+    return true;
+}
+
+QList<int> WatchList::onRead(const VARIABLE& job, const ValueSource& valuesOf, qint64 now)
 {
     QList<int> toTell;
     for (const int index : coveredBy(job)) {
@@ -168,12 +214,10 @@ QList<int> WatchList::onRead(const VARIABLE& job, const ValueSource& valueOf, qi
         const bool isBack = hasFailed(entry);
         setState(&entry, WatchState::Ok);
         entry.readAt = now;
-        // Zero is what the driver's cache starts with: reading it is no change.
-        const bool becomesKnown = !entry.isKnown;
-        if (becomesKnown)
-            entry.value = valueOf(entry);
-        entry.isKnown = true;
-        if (becomesKnown || isBack)
+        // Zero is what the driver's cache starts with: reading it is no change. Nor does the driver
+        // report what another read has brought before, of a part of a value alone.
+        const bool isToTake = !entry.isKnown || entry.width > 1;
+        if ((isToTake && takeValues(&entry, valuesOf(entry), now)) || isBack)
             toTell << index;
     }
     return toTell;
@@ -227,6 +271,13 @@ QList<int> WatchList::coveredBy(const VARIABLE& job) const
             address = pageEnd;
         for (; address < pageEnd; ++address)
             addPlace(page->first[static_cast<size_t>(address % Page::SIZE)], &indexes);
+    }
+    if (m_widest > 1) {
+        const auto isCut = [this, end](int index) {
+            const WatchEntry& entry = m_entries.at(index);
+            return end - entry.address < entry.width;
+        };
+        indexes.erase(std::remove_if(indexes.begin(), indexes.end(), isCut), indexes.end());
     }
     std::sort(indexes.begin(), indexes.end());
     return indexes;

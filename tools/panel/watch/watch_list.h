@@ -28,14 +28,18 @@ struct KXRUNTIME_EXPORT WatchEntry {
     int station = 0;
     const RegisterType* type = nullptr;
     int address = 0;
-    QString name; ///< of its tag; empty when the address was typed
+    int width = 1; ///< addresses, as AddressRange::width
+    QString name;  ///< of its tag; empty when the address was typed
     WatchState state = WatchState::NeverRead;
     bool isKnown = false; ///< `value` has been read or written
-    qint64 value = 0;     ///< as Session::values()
+    qint64 value = 0;     ///< as Session::values(), of its first address
+    QList<qint64> others; ///< of its other addresses, from the same reply, or written at once
     qint64 readAt = 0;    ///< milliseconds; last good read, with state Ok or later
     qint64 changedAt = 0; ///< milliseconds; 0 until the first change of a known value
 
     AddressRange range() const;
+    /// One per address; none while the value is not known.
+    QList<qint64> raw() const;
 };
 
 /// The last read failed for good.
@@ -46,10 +50,10 @@ KXRUNTIME_EXPORT bool hasFailed(const WatchEntry& entry);
 class KXRUNTIME_EXPORT WatchList
 {
 public:
-    /// Reads one cached value.
-    using ValueSource = std::function<qint64(const WatchEntry&)>;
+    /// Reads the cached values of an entry's addresses; none when they are not of one request.
+    using ValueSource = std::function<QList<qint64>(const WatchEntry&)>;
 
-    /// Tags have their stations, and addresses of their types. An address is listed once for
+    /// Tags have their stations, and addresses of their types. A value is listed once for
     /// each name that it has, or once when it has none.
     explicit WatchList(const QList<Tag>& tags = QList<Tag>());
 
@@ -62,13 +66,14 @@ public:
     /// All are in state Ok.
     bool allAnswered() const { return m_answered == static_cast<int>(m_entries.size()); }
 
-    /// A change that the driver reported; returns the indexes of the address's entries
-    /// when its value is new, else none.
+    /// A change that the driver reported; returns the indexes of the entries that the address
+    /// belongs to and whose value is new.
     QList<int> onChange(int station, const QString& type, int address, const ValueSource& valueOf,
                         qint64 now);
 
     /// A cyclic read that was accepted: returns the indexes of entries whose value
-    /// became known, or that answer again.
+    /// became known, or that answer again, and of those of several addresses with a new value.
+    /// Entries that it covers in part are left alone.
     QList<int> onRead(const VARIABLE& job, const ValueSource& valueOf, qint64 now);
 
     /// A station is left out: returns the indexes of its entries whose state changed.
@@ -101,22 +106,27 @@ private:
         }
     };
     friend uint qHash(const PageKey& key);
-    class MoreNames;
+    class MoreEntries;
 
+    static QString meaningOf(const WatchEntry& entry);
     static PageKey pageOf(const Place& place);
-    void add(const WatchEntry& wanted, MoreNames* moreNames);
+    void add(const WatchEntry& wanted, MoreEntries* moreEntries);
     int append(const WatchEntry& entry);
     /// The first entry of a place, -1: none.
     int firstAt(const Place& place) const;
+    /// The first one of so many addresses, -1: none.
+    int firstOfWidth(const Place& place, int width) const;
     void setState(WatchEntry* entry, WatchState state);
+    static bool takeValues(WatchEntry* entry, const QList<qint64>& values, qint64 now);
     /// Appends an entry and the others of its place, in the list's order; nothing for -1.
     void addPlace(int first, QList<int>* indexes) const;
-    /// In the list's order.
+    /// Those that it covers as a whole, in the list's order.
     QList<int> coveredBy(const VARIABLE& job) const;
 
     QVector<WatchEntry> m_entries;
     QHash<PageKey, Page> m_pages;
     std::vector<int> m_next; ///< of each entry the next one of its place, -1 at the end
+    int m_widest = 1;        ///< addresses of an entry
     int m_longestName = 0;
     int m_answered = 0; ///< entries in state Ok
 };

@@ -3,10 +3,27 @@
 
 #include "addresses/address_text.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
 
 namespace kx
 {
+
+/// Of "D0:2@1", or "D0:3x2@1": three values of two registers each.
+inline AddressRange rangeOfText(QString text)
+{
+    const QRegularExpressionMatch width =
+        QRegularExpression(QStringLiteral("x([0-9]+)")).match(text);
+    text.remove(width.captured());
+    AddressRange range;
+    QString error;
+    if (!parseAddressRange(text, &range, &error))
+        qFatal("%s", qPrintable(error));
+    if (width.hasMatch())
+        range.width = width.captured(1).toInt();
+    range.values *= range.width;
+    return range;
+}
 
 /// Of "D0:2@1 X7@2".
 inline QList<AddressRange> rangesOf(const QString& words)
@@ -14,13 +31,8 @@ inline QList<AddressRange> rangesOf(const QString& words)
     QList<AddressRange> ranges;
     const QStringList texts = words.split(QLatin1Char(' '));
     for (const QString& text : texts) {
-        AddressRange range;
-        QString error;
-        if (text.isEmpty())
-            continue;
-        if (!parseAddressRange(text, &range, &error))
-            qFatal("%s", qPrintable(error));
-        ranges << range;
+        if (!text.isEmpty())
+            ranges << rangeOfText(text);
     }
     return ranges;
 }

@@ -14,6 +14,7 @@ private slots:
     void aLongRequestThatIsRefusedIsHalved();
     void coilsHaveALimitOfTheirOwn();
     void whatIsShortEnoughIsNotHalved();
+    void noLimitIsBelowAValue();
     void whatWasAnsweredIsNotTooLong();
     void turnaroundsAreTakenOverWhenTheyAreFarOff_data();
     void turnaroundsAreTakenOverWhenTheyAreFarOff();
@@ -63,6 +64,19 @@ void LearnedRulesTest::whatIsShortEnoughIsNotHalved()
     QVERIFY(!learned.rules().of(3).maySpanGaps);
     QCOMPARE(learned.rules().of(3).maxWords, 125);
     QVERIFY(!learned.onRefusal(range("D0:16@3"), true)); // nothing is left to try
+}
+
+void LearnedRulesTest::noLimitIsBelowAValue()
+{
+    LearnedRules learned{ReadRules()};
+    AddressRange asked = range("D0:62@3");
+    asked.width = 40;
+    QVERIFY(learned.onRefusal(asked, false));
+    QCOMPARE(learned.rules().of(3).maxWords, 40);
+    QVERIFY(!learned.onRefusal(range("D0x40@3"), false)); // the value alone
+    QCOMPARE(learned.rules().of(3).maxWords, 40);
+    QVERIFY(learned.onRefusal(range("D100:40@3"), false)); // others are halved on
+    QCOMPARE(learned.rules().of(3).maxWords, 20);
 }
 
 void LearnedRulesTest::whatWasAnsweredIsNotTooLong()

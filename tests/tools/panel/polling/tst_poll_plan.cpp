@@ -14,6 +14,7 @@ private slots:
     void rangesOfOneIntervalShareRequests_data();
     void rangesOfOneIntervalShareRequests();
     void theDriverMayJoinRegisters();
+    void theDriverIsGivenNoValueBeyondItsLimit();
 };
 
 namespace
@@ -53,6 +54,10 @@ void PollPlanTest::rangesOfOneIntervalShareRequests_data()
                                                            << "D0:10@1 D10:1@1/500";
     QTest::newRow("the shorter interval counts") << "D0@1/500 D0@1/200 D0:2@1/1000"
                                                  << "D0:1@1/200 D1:1@1/1000";
+    QTest::newRow("a value of which a part is read anyway") << "D1@1 D0x2@1/500 D1x2@1/900"
+                                                            << "D1:1@1 D0:2@1/500 D1:2@1/900";
+    QTest::newRow("a value that is read anyway") << "D0:4@1 D1x2@1/500"
+                                                 << "D0:4@1";
 }
 
 void PollPlanTest::rangesOfOneIntervalShareRequests()
@@ -69,6 +74,22 @@ void PollPlanTest::theDriverMayJoinRegisters()
     QCOMPARE(textOf(plannedPolls(polledRanges(QStringLiteral("D0@1 D99@1 M0@1 M9@1 D500@1/70")),
                                  ReadRules(), registers)),
              QStringLiteral("M0:10@1 D0:100@1 D7:1@1/70"));
+}
+
+// It would halve D10 to D13, and join the rest.
+void PollPlanTest::theDriverIsGivenNoValueBeyondItsLimit()
+{
+    QStringList given;
+    const RegisterPlanner registers = [&given](const QList<AddressRange>& ranges) {
+        given << textOfRanges(ranges);
+        return ranges;
+    };
+    ReadRules rules;
+    rules.usual.maxWords = 3;
+    QCOMPARE(textOf(plannedPolls(polledRanges(QStringLiteral("D9@1 D10x4@1 D12@1 M0@1 D20x3@1")),
+                                 rules, registers)),
+             QStringLiteral("M0:1@1 D10:4@1 D9:1@1 D20:3@1"));
+    QCOMPARE(given, QStringList{QStringLiteral("D9:1@1 D20:3@1")});
 }
 
 QTEST_APPLESS_MAIN(PollPlanTest)

@@ -36,6 +36,8 @@ private slots:
     void writeIsOneRequest();
     void rangesThatDoNotExist_data();
     void rangesThatDoNotExist();
+    void valuesOfSeveralRegisters_data();
+    void valuesOfSeveralRegisters();
     void valuesSuitTheirType_data();
     void valuesSuitTheirType();
     void recipeVariables_data();
@@ -143,6 +145,38 @@ void RequestChecksTest::rangesThatDoNotExist()
     QCOMPARE(read.kind, FailureKind::OutOfRange);
     QCOMPARE(read.text, text);
     QCOMPARE(writeRefusal({range, {0}}, MAX_WORDS).text, text);
+}
+
+void RequestChecksTest::valuesOfSeveralRegisters_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<QString>("read"); // under a limit of three registers
+    QTest::addColumn<QString>("write");
+    const QString tooLong = QStringLiteral("does not fit into one request of at most 3 registers");
+    QTest::newRow("one beyond the limit") << "D0:4@1" << 4 << QString() << QString();
+    QTest::newRow("two beyond the limit") << "D0:4@1" << 2 << tooLong << tooLong;
+    QTest::newRow("the longest that is written") << "D0:123@1" << 123 << QString() << QString();
+    QTest::newRow("the longest that is read") << "D0:125@1" << 125 << QString() << tooLong;
+    const QString noRequest = QStringLiteral("no request reads a value of 126 registers");
+    QTest::newRow("one register more") << "D0:126@1" << 126 << noRequest << noRequest;
+    const QString apart = QStringLiteral("the registers of the value at SD255 lie apart");
+    QTest::newRow("across a split") << "SD253:4@1" << 2 << apart << apart;
+    QTest::newRow("beside a split") << "SD254:2@1" << 2 << QString() << QString();
+    const QString half = QStringLiteral("values of 2 registers do not make 3");
+    QTest::newRow("half a value") << "D0:3@1" << 2 << half << half;
+    const QString coils = QStringLiteral("no request reads a value of 2 coils");
+    QTest::newRow("coils") << "M0:2@1" << 2 << coils << coils;
+}
+
+void RequestChecksTest::valuesOfSeveralRegisters()
+{
+    QFETCH(QString, text);
+    QFETCH(int, width);
+    AddressRange wanted = range(text);
+    wanted.width = width;
+    QTEST(readRefusal(wanted, 3).text, "read");
+    QTEST(writeRefusal(wanted, 3).text, "write");
 }
 
 void RequestChecksTest::valuesSuitTheirType_data()

@@ -17,9 +17,11 @@ public:
     bool refuses = false;    ///< every read, as an illegal address
     int mostRegisters = 125; ///< more in one read are an illegal value
     int mostCoils = 2000;    ///< more in one read are an illegal value
+    int held = -1;           ///< what each register holds instead of its number; -1: nothing
     int missing = -1;        ///< the number of a coil and register that is an illegal address
 
-    /// @param request a whole read of coils or holding registers
+    /// Writes are confirmed, and change nothing.
+    /// @param request a whole read or write of coils or holding registers
     QByteArray replyTo(const QByteArray& request) const;
 };
 

@@ -24,6 +24,8 @@ public:
     void write(const QByteArray& bytes) override
     {
         ++requests;
+        if (changesAtOnce)
+            controller.held = (controller.held + 1) & 0x7FFF;
         const bool isSilent = silentStations.contains(bytes.at(0));
         const QByteArray reply = isSilent ? noise : controller.replyTo(bytes);
         if (reply.isEmpty())
@@ -39,6 +41,8 @@ public:
     NumberingController controller;
     QSet<int> silentStations; ///< answer nothing
     QByteArray noise;         ///< what comes instead
+    /// Each request finds the same new value in all registers, never two values in one reply.
+    bool changesAtOnce = false;
     int requests = 0;
 
 private:

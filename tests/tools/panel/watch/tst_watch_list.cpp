@@ -40,7 +40,7 @@ private slots:
 private:
     static WatchList::ValueSource always(qint64 value)
     {
-        return [value](const WatchEntry&) { return value; };
+        return [value](const WatchEntry&) { return QList<qint64>{value}; };
     }
     static QStringList namesOf(const WatchList& list);
     static QList<Tag> manyTags(int addresses);
