@@ -12,7 +12,7 @@ set(KX_RUNTIME_HEADERS
   exchange/lines/port_modes.h
   exchange/replies/exchange_record.h exchange/replies/statistics.h
   panel/files/csv_fields.h panel/files/csv_table.h panel/files/file_text.h
-  panel/files/tag_assignment.h panel/files/tags_file.h
+  panel/files/tag_assignment.h panel/files/tags_file.h panel/files/whole_range.h
   panel/jobs/job.h panel/jobs/read_job.h panel/jobs/recipe_job.h panel/jobs/scan_job.h
   panel/jobs/scan_reply.h panel/jobs/write_job.h
   panel/plan/least_time.h panel/plan/plan_driver.h panel/plan/plan_lengths.h

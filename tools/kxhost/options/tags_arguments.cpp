@@ -1,12 +1,15 @@
 #include "kxhost/options/tags_arguments.h"
 
 #include "addresses/read_pieces.h"
+#include "panel/files/whole_range.h"
 #include "panel/values/format_text.h"
 #include "panel/values/value_address.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QMap>
 #include <QtCore/QRegularExpression>
+
+#include <utility>
 
 namespace kx
 {
@@ -205,7 +208,8 @@ bool parseWatchedRanges(const QCommandLineParser& parser, int station, QList<Add
     QList<Tag> tags;
     if (!parseTagArguments(parser, station, &tags, error))
         return false;
-    *ranges << rangesOf(tags);
+    for (const Tag& tag : std::as_const(tags))
+        *ranges << wholeRange(tag);
     return true;
 }
 

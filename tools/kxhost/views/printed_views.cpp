@@ -1,6 +1,7 @@
 #include "kxhost/views/printed_views.h"
 
 #include "kxhost/terminal/console.h"
+#include "kxhost/views/entry_text.h"
 #include "kxhost/views/watch_table.h"
 #include "panel/text/frame_text.h"
 #include "panel/text/json_time.h"
@@ -19,8 +20,8 @@ QString entryRow(const WatchEntry& entry, const QDateTime& time)
     return QStringLiteral("%1 %2 %3 %4")
         .arg(time.toString(Qt::ISODateWithMs))
         .arg(entry.station)
-        .arg(withName(addressText(entry.type, entry.address), entry.name),
-             hasFailed(entry) ? stateText(entry, 0) : QString::number(entry.value));
+        .arg(withName(entryAddress(entry), entry.name),
+             hasFailed(entry) ? stateText(entry, 0) : entryValue(entry));
 }
 
 QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time)
@@ -29,13 +30,13 @@ QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time)
     json[QLatin1String("event")] = QLatin1String(hasFailed(entry) ? "failure" : "change");
     json[QLatin1String("time")] = jsonTime(time);
     json[QLatin1String("station")] = entry.station;
-    json[QLatin1String("address")] = addressText(entry.type, entry.address);
+    json[QLatin1String("address")] = entryAddress(entry);
     if (!entry.name.isEmpty())
         json[QLatin1String("name")] = entry.name;
     if (hasFailed(entry))
         json[QLatin1String("state")] = stateText(entry, 0);
     else
-        json[QLatin1String("value")] = entry.value;
+        addValue(entry, &json);
     return json;
 }
 

@@ -1,5 +1,7 @@
 #include "kxhost/views/table_window.h"
 
+#include "kxhost/views/entry_text.h"
+
 #include <algorithm>
 
 namespace kx
@@ -11,7 +13,7 @@ namespace
 bool contains(const WatchEntry& entry, const QString& text)
 {
     return entry.name.contains(text, Qt::CaseInsensitive)
-           || addressText(entry.type, entry.address).contains(text, Qt::CaseInsensitive);
+           || entryAddress(entry).contains(text, Qt::CaseInsensitive);
 }
 
 } // namespace

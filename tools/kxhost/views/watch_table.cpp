@@ -1,11 +1,13 @@
 #include "kxhost/views/watch_table.h"
 
 #include "kxhost/terminal/cell_width.h"
+#include "kxhost/views/entry_text.h"
 #include "registers/register_types.h"
 #include "system/printable_text.h"
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace kx
 {
@@ -49,11 +51,16 @@ int totalOf(const Widths& widths)
 }
 
 /// @param longest cells of the longest name; 0: none has one
-Widths widthsFor(int longest, int terminalWidth)
+/// @param rows those that are seen: a value of several registers may be longer than a column
+Widths widthsFor(int longest, const std::vector<Cells>& rows, int terminalWidth)
 {
     Widths widths = {};
     for (size_t column = 0; column < COLUMN_COUNT; ++column)
         widths[column] = SHAPES[column].width;
+    for (const Cells& cells : rows) {
+        for (const Column column : {VALUE, HEX})
+            widths[column] = std::max(widths[column], cellsOf(cells[column]));
+    }
     widths[NAME] = longest == 0 ? 0 : std::max(SHORTEST_NAME, longest);
     for (const Column column : DISPENSABLE) {
         const int excess = totalOf(widths) - terminalWidth;
@@ -73,7 +80,8 @@ QString rowOf(const Cells& cells, const Widths& widths)
             continue;
         if (!row.isEmpty())
             row += QString(SHAPES[column].blanks, QLatin1Char(' '));
-        row += SHAPES[column].isNumber ? cells[column].rightJustified(widths[column])
+        const int blanks = std::max(0, widths[column] - cellsOf(cells[column]));
+        row += SHAPES[column].isNumber ? QString(blanks, QLatin1Char(' ')) + cells[column]
                                        : fittedCells(cells[column], widths[column]);
     }
     while (row.endsWith(QLatin1Char(' ')))
@@ -103,10 +111,10 @@ Cells cellsOf(const WatchEntry& entry, qint64 now)
     Cells cells;
     cells[STATION] = QString::number(entry.station);
     cells[TYPE] = QString::fromLatin1(entry.type->name);
-    cells[ADDRESS] = QString::number(entry.address, entry.type->radix);
+    cells[ADDRESS] = entryAddress(entry).mid(cells[TYPE].size());
     cells[NAME] = printableText(entry.name);
     cells[MODBUS] = QString::number(modbusNumber(entry.type, entry.address));
-    cells[VALUE] = entry.isKnown ? QString::number(entry.value) : QString();
+    cells[VALUE] = entryValue(entry);
     cells[HEX] = hexValue(entry);
     cells[AGE] = ageText(entry, now);
     cells[STATE] = stateText(entry, now);
@@ -131,17 +139,6 @@ QString stateText(const WatchEntry& entry, qint64 now)
     return QLatin1String(isRecent ? "changed" : "ok");
 }
 
-QString hexValue(const WatchEntry& entry)
-{
-    if (!entry.isKnown)
-        return QString();
-    if (entry.type->registerClass == BIT_CLASS)
-        return QString::number(entry.value);
-    const int digits = 4 * registersPerAddress(entry.type);
-    return QLatin1String("0x")
-           + QStringLiteral("%1").arg(entry.value, digits, 16, QLatin1Char('0')).toUpper();
-}
-
 QString cutRow(const QString& line, int width)
 {
     const QString printable = printableText(line);
@@ -160,12 +157,15 @@ int longestName(const QVector<WatchEntry>& entries)
 
 QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width)
 {
-    const Widths widths = widthsFor(longestName, width);
+    std::vector<Cells> all;
+    for (const WatchEntry& entry : entries)
+        all.push_back(cellsOf(entry, now));
+    const Widths widths = widthsFor(longestName, all, width);
     QStringList rows(rowOf(headings(), widths));
-    for (const WatchEntry& entry : entries) {
-        Cells cells = cellsOf(entry, now);
+    for (int i = 0; i < static_cast<int>(entries.size()); ++i) {
+        Cells& cells = all[static_cast<size_t>(i)];
         // Where no state is seen, an old value would pass for one that is good.
-        if (widths[STATE] == 0 && entry.state != WatchState::Ok)
+        if (widths[STATE] == 0 && entries.at(i).state != WatchState::Ok)
             cells[VALUE] = cells[STATE];
         rows << rowOf(cells, widths);
     }

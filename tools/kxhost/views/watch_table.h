@@ -13,9 +13,6 @@ namespace kx
 /// read". `now` in milliseconds, as WatchEntry::changedAt.
 QString stateText(const WatchEntry& entry, qint64 now);
 
-/// "1", "0x04D2", "0x000186A0"; nothing while the value is unknown.
-QString hexValue(const WatchEntry& entry);
-
 /// At most `width` cells of the line, without characters that control a terminal. Where more
 /// than blanks is cut off, it ends in an ellipsis: half a number would be another number.
 QString cutRow(const QString& line, int width);
@@ -26,7 +23,8 @@ int longestName(const QVector<WatchEntry>& entries);
 /// A heading and one row per entry, with names when an entry of the whole list has one. Where
 /// `width` cells are too few, the columns MODBUS, AGE and HEX go, in this order; then names are
 /// shortened to an ellipsis at their end, and go; then STATION, STATE and VALUE. Without STATE
-/// an address that is not Ok shows its state in place of its value.
+/// an address that is not Ok shows its state in place of its value. VALUE and HEX are as wide as
+/// the longest of these entries, and 10 cells at least.
 /// @param longestName of the whole list, so that columns stay where they are
 QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width);
 

@@ -1,5 +1,6 @@
 #include "panel/jobs/wanted_values.h"
 
+#include "panel/files/whole_range.h"
 #include "panel/session/request_checks.h"
 #include "registers/register_types.h"
 
@@ -8,6 +9,8 @@ namespace kx
 
 WantedValues::WantedValues(const QList<Tag>& tags) : m_tags(tags)
 {
+    for (Tag& tag : m_tags)
+        tag.range = wholeRange(tag);
     for (const AddressRange& range : existing()) {
         OfPlace& known = m_known[placeOf(range)];
         for (int i = 0; i < range.values; i += range.width)

@@ -1,5 +1,6 @@
 #include "panel/watch/watch.h"
 
+#include "panel/files/whole_range.h"
 #include "panel/session/request_checks.h"
 #include "registers/register_types.h"
 
@@ -26,8 +27,9 @@ void Watch::setTags(const QList<Tag>& tags)
     QList<Tag> existing;
     QList<PolledRange> polled; // the session tells which of them do not exist
     for (const Tag& tag : tags) {
-        polled << PolledRange{tag.range, tag.interval};
-        if (rangeRefusal(tag.range).isNone())
+        const AddressRange range = wholeRange(tag);
+        polled << PolledRange{range, tag.interval};
+        if (rangeRefusal(range).isNone())
             existing << tag;
     }
     WatchList list(existing);

@@ -1,5 +1,7 @@
 #include "panel/watch/watch_list.h"
 
+#include "panel/values/format_text.h"
+#include "panel/values/value_address.h"
 #include "registers/register_types.h"
 
 #include <QtCore/QPair>
@@ -25,6 +27,12 @@ AddressRange WatchEntry::range() const
     range.station = station;
     range.width = width;
     return range;
+}
+
+const ValueFormat& WatchEntry::valueFormat() const
+{
+    static const ValueFormat plain;
+    return format ? *format : plain;
 }
 
 QList<qint64> WatchEntry::raw() const
@@ -65,26 +73,39 @@ private:
 /// How the value is understood: what else differs is another value.
 QString WatchList::meaningOf(const WatchEntry& entry)
 {
-    return QString::number(entry.width);
+    if (!entry.format)
+        return QString();
+    const QString bit = entry.format->bit < 0 ? QString() : QString::number(entry.format->bit);
+    return bit + QLatin1Char('/') + formatText(*entry.format);
+}
+
+/// Null when the tag's values are as their registers have them.
+std::shared_ptr<const ValueFormat> WatchList::formatOf(const Tag& tag)
+{
+    const bool isPlain = formatText(tag.format).isEmpty() && tag.format.bit < 0;
+    return isPlain ? nullptr : std::make_shared<const ValueFormat>(tag.format);
 }
 
 WatchList::WatchList(const QList<Tag>& tags)
 {
     int values = 0;
     for (const Tag& tag : tags)
-        values += tag.range.values / tag.range.width;
+        values += valuesIn(tag.range, tag.format);
     m_entries.reserve(values);
     m_next.reserve(static_cast<size_t>(values));
     MoreEntries moreEntries;
     for (const Tag& tag : tags) {
         m_longestName = qMax(m_longestName, static_cast<int>(tag.name.size()));
-        m_widest = qMax(m_widest, tag.range.width);
-        for (int i = 0; i < tag.range.values; i += tag.range.width) {
+        const int width = registersOf(tag.format);
+        m_widest = qMax(m_widest, width);
+        const std::shared_ptr<const ValueFormat> format = formatOf(tag);
+        for (int i = 0; i < tag.range.values; i += width) {
             WatchEntry entry;
             entry.station = tag.range.station;
             entry.type = tag.range.type;
             entry.address = tag.range.address + i;
-            entry.width = tag.range.width;
+            entry.width = width;
+            entry.format = format;
             entry.name = tag.name;
             add(entry, &moreEntries);
         }

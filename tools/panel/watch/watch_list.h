@@ -12,6 +12,7 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace kx
@@ -28,8 +29,9 @@ struct KXRUNTIME_EXPORT WatchEntry {
     int station = 0;
     const RegisterType* type = nullptr;
     int address = 0;
-    int width = 1; ///< addresses, as AddressRange::width
-    QString name;  ///< of its tag; empty when the address was typed
+    int width = 1;                             ///< addresses, as AddressRange::width
+    std::shared_ptr<const ValueFormat> format; ///< of its tag; null: as the register has it
+    QString name;                              ///< of its tag; empty when the address was typed
     WatchState state = WatchState::NeverRead;
     bool isKnown = false; ///< `value` has been read or written
     qint64 value = 0;     ///< as Session::values(), of its first address
@@ -40,6 +42,8 @@ struct KXRUNTIME_EXPORT WatchEntry {
     AddressRange range() const;
     /// One per address; none while the value is not known.
     QList<qint64> raw() const;
+    /// What valueText() and the like take with raw().
+    const ValueFormat& valueFormat() const;
 };
 
 /// The last read failed for good.
@@ -109,6 +113,7 @@ private:
     class MoreEntries;
 
     static QString meaningOf(const WatchEntry& entry);
+    static std::shared_ptr<const ValueFormat> formatOf(const Tag& tag);
     static PageKey pageOf(const Place& place);
     void add(const WatchEntry& wanted, MoreEntries* moreEntries);
     int append(const WatchEntry& entry);

@@ -1,3 +1,4 @@
+#include "kxhost/views/entry_text.h"
 #include "kxhost/views/table_window.h"
 #include "kxhost/views/watch_screen.h"
 #include "kxhost/views/watch_table.h"

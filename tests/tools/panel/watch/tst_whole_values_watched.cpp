@@ -54,6 +54,10 @@ Tag tagOf(const QString& text)
     Tag tag;
     tag.range = rangeOfText(parts.first() + QLatin1String("@1"));
     tag.interval = parts.value(1).toInt();
+    if (tag.range.width > 1) {
+        tag.format.kind = ValueKind::Ascii; // which has any width
+        tag.format.words = tag.range.width;
+    }
     return tag;
 }
 

@@ -1,0 +1,28 @@
+/// What a watched value is called and how it is shown. Pure functions.
+#ifndef KX_KXHOST_VIEWS_ENTRY_TEXT_H
+#define KX_KXHOST_VIEWS_ENTRY_TEXT_H
+
+#include "panel/watch/watch_list.h"
+
+#include <QtCore/QJsonObject>
+
+namespace kx
+{
+
+/// Its first address, and the bit of a word: "D100", "X17", "D100.5".
+QString entryAddress(const WatchEntry& entry);
+
+/// "1234", "12.5 bar"; nothing while the value is unknown.
+QString entryValue(const WatchEntry& entry);
+
+/// "1", "0x04D2", "0x000186A0"; of several registers each, in the order of their addresses, the
+/// first four at most: "0x0000 0x4148". Nothing while the value is unknown.
+QString hexValue(const WatchEntry& entry);
+
+/// Adds "value"; and where a format makes it differ from the registers, those as "raw", and
+/// "format" and "unit".
+void addValue(const WatchEntry& entry, QJsonObject* json);
+
+} // namespace kx
+
+#endif
