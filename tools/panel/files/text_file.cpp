@@ -31,7 +31,7 @@ bool readAll(QFile* file, QByteArray* content, QString* fault)
     if (file->error() != QFileDevice::NoError)
         *fault = file->errorString();
     else if (content->size() > LARGEST_TEXT_FILE)
-        *fault = QStringLiteral("larger than %1 MiB, the most that tags and recipes may have")
+        *fault = QStringLiteral("larger than %1 MiB, the most that such a file may have")
                      .arg(LARGEST_TEXT_FILE / 1024 / 1024);
     return fault->isEmpty();
 }

@@ -7,7 +7,7 @@
 namespace kx
 {
 
-/// The most that a file of tags or a recipe may have.
+/// The most that a file of tags, a recipe or a dump may have.
 const qint64 LARGEST_TEXT_FILE = 16 * 1024 * 1024; // bytes
 
 /// Reads a whole file that a person wrote. Never waits and never takes more than the

@@ -125,7 +125,7 @@ void PlanCommandTest::wrongUsageIsOneLine_data()
     row("a wrong address", "plan D1 X8",
         "kxhost: X8: '8' is not an octal number; the addresses are X0 to X377 (octal)");
     row("a file without an end", "plan --tags /dev/zero",
-        "kxhost: /dev/zero: larger than 16 MiB, the most that tags and recipes may have");
+        "kxhost: /dev/zero: larger than 16 MiB, the most that such a file may have");
     row("a folder", "plan --tags /", "kxhost: /: is a folder, not a file");
     row("a missing file", "plan no/such.csv", "kxhost: no/such.csv: No such file or directory");
     row("a missing tags file", "plan D1 --tags no.csv",

@@ -69,14 +69,14 @@ void TextFileTest::aLargerFileIsRefused()
 {
     const QString path = fileOf(16777217);
     QVERIFY(!readTextFile(path, &m_content, &m_error));
-    QCOMPARE(m_error, path + ": larger than 16 MiB, the most that tags and recipes may have");
+    QCOMPARE(m_error, path + ": larger than 16 MiB, the most that such a file may have");
 }
 
 void TextFileTest::whatNeverEndsIsRefusedAtTheLimit()
 {
     QVERIFY(!readTextFile(QStringLiteral("/dev/zero"), &m_content, &m_error));
     QCOMPARE(m_error,
-             QString("/dev/zero: larger than 16 MiB, the most that tags and recipes may have"));
+             QString("/dev/zero: larger than 16 MiB, the most that such a file may have"));
 }
 
 void TextFileTest::whatIsNoFileIsNamed_data()

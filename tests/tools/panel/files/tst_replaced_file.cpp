@@ -1,4 +1,4 @@
-#include "panel/recipe/recipe_storage.h"
+#include "panel/files/replaced_file.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -53,7 +53,7 @@ struct stat statusOf(const QString& path)
 
 } // namespace
 
-class RecipeStorageTest : public QObject
+class ReplacedFileTest : public QObject
 {
     Q_OBJECT
 
@@ -67,6 +67,8 @@ private slots:
     void ownerStays();
     void linkStays();
     void missingFolderIsNamed();
+    void aNewFileIsMade();
+    void tryingMakesNoFile();
 
 private:
     QString path(const char* name = "filling.csv") const
@@ -75,9 +77,8 @@ private:
     }
     QByteArray stored() const
     {
-        QByteArray text;
-        QString error;
-        return readRecipeFile(path(), &text, &error) ? text : error.toUtf8();
+        QFile file(path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : file.errorString().toUtf8();
     }
     QStringList files() const { return QDir(m_folder->path()).entryList(QDir::Files, QDir::Name); }
 
@@ -85,7 +86,7 @@ private:
     QString m_error;
 };
 
-void RecipeStorageTest::init()
+void ReplacedFileTest::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     m_error.clear();
@@ -94,15 +95,15 @@ void RecipeStorageTest::init()
     QVERIFY(file.write(OLD_TEXT) > 0);
 }
 
-void RecipeStorageTest::fileIsReplaced()
+void ReplacedFileTest::fileIsReplaced()
 {
     const QByteArray text(100000, 'x');
-    QVERIFY2(replaceRecipeFile(path(), text, &m_error), qPrintable(m_error));
+    QVERIFY2(replaceFile(path(), text, &m_error), qPrintable(m_error));
     QCOMPARE(stored(), text);
     QCOMPARE(files(), QStringList{"filling.csv"});
 }
 
-void RecipeStorageTest::fullDiskLeavesTheFile_data()
+void ReplacedFileTest::fullDiskLeavesTheFile_data()
 {
     QTest::addColumn<int>("room"); ///< bytes
     QTest::addColumn<int>("size"); ///< of the new text, bytes
@@ -113,22 +114,22 @@ void RecipeStorageTest::fullDiskLeavesTheFile_data()
     QTest::newRow("text longer than a buffer of 16 KiB") << 20000 << 40000;
 }
 
-void RecipeStorageTest::fullDiskLeavesTheFile()
+void ReplacedFileTest::fullDiskLeavesTheFile()
 {
     QFETCH(int, room);
     QFETCH(int, size);
     {
         const FileSizeLimit limit(static_cast<rlim_t>(room));
-        QVERIFY(!replaceRecipeFile(path(), QByteArray(size, 'x'), &m_error));
+        QVERIFY(!replaceFile(path(), QByteArray(size, 'x'), &m_error));
     }
     QCOMPARE(m_error, path() + QStringLiteral(": File too large"));
     QCOMPARE(stored(), QByteArray(OLD_TEXT));
     QCOMPARE(files(), QStringList{"filling.csv"});
-    QVERIFY2(replaceRecipeFile(path(), QByteArray(size, 'x'), &m_error), qPrintable(m_error));
+    QVERIFY2(replaceFile(path(), QByteArray(size, 'x'), &m_error), qPrintable(m_error));
     QCOMPARE(stored(), QByteArray(size, 'x'));
 }
 
-void RecipeStorageTest::modeStays_data()
+void ReplacedFileTest::modeStays_data()
 {
     QTest::addColumn<int>("mode");
 
@@ -138,45 +139,59 @@ void RecipeStorageTest::modeStays_data()
     QTest::newRow("executed, for what that is worth") << 0751;
 }
 
-void RecipeStorageTest::modeStays()
+void ReplacedFileTest::modeStays()
 {
     QFETCH(int, mode);
     QCOMPARE(::chmod(QFile::encodeName(path()).constData(), static_cast<mode_t>(mode)), 0);
-    QVERIFY2(replaceRecipeFile(path(), "new", &m_error), qPrintable(m_error));
+    QVERIFY2(replaceFile(path(), "new", &m_error), qPrintable(m_error));
     QCOMPARE(static_cast<int>(statusOf(path()).st_mode & 07777), mode);
 }
 
 // Only root may give a file away; for everyone else the owner is the same all along.
-void RecipeStorageTest::ownerStays()
+void ReplacedFileTest::ownerStays()
 {
     const uid_t owner = ::geteuid() == 0 ? 12345 : ::geteuid();
     const gid_t group = ::geteuid() == 0 ? 23456 : ::getegid();
     QCOMPARE(::chown(QFile::encodeName(path()).constData(), owner, group), 0);
     QCOMPARE(::chmod(QFile::encodeName(path()).constData(), 0664), 0);
-    QVERIFY2(replaceRecipeFile(path(), "new", &m_error), qPrintable(m_error));
+    QVERIFY2(replaceFile(path(), "new", &m_error), qPrintable(m_error));
     QCOMPARE(stored(), QByteArray("new"));
     QCOMPARE(statusOf(path()).st_uid, owner);
     QCOMPARE(statusOf(path()).st_gid, group);
     QCOMPARE(static_cast<int>(statusOf(path()).st_mode & 07777), 0664);
 }
 
-void RecipeStorageTest::linkStays()
+void ReplacedFileTest::linkStays()
 {
     const QString link = path("link.csv");
     QVERIFY(QFile::link(QStringLiteral("filling.csv"), link));
-    QVERIFY2(replaceRecipeFile(link, "new", &m_error), qPrintable(m_error));
+    QVERIFY2(replaceFile(link, "new", &m_error), qPrintable(m_error));
     QVERIFY(QFileInfo(link).isSymLink());
     QCOMPARE(stored(), QByteArray("new"));
     QCOMPARE(files(), (QStringList{"filling.csv", "link.csv"}));
 }
 
-void RecipeStorageTest::missingFolderIsNamed()
+void ReplacedFileTest::missingFolderIsNamed()
 {
     const QString lost = path("no/filling.csv");
-    QVERIFY(!replaceRecipeFile(lost, "new", &m_error));
+    QVERIFY(!replaceFile(lost, "new", &m_error));
     QCOMPARE(m_error, lost + QStringLiteral(": No such file or directory"));
-    QVERIFY(!canReplaceRecipeFile(lost, &m_error));
+    QVERIFY(!canReplaceFile(lost, &m_error));
 }
 
-QTEST_APPLESS_MAIN(RecipeStorageTest)
-#include "tst_recipe_storage.moc"
+void ReplacedFileTest::aNewFileIsMade()
+{
+    QVERIFY2(replaceFile(path("new.csv"), "new", &m_error), qPrintable(m_error));
+    QCOMPARE(files(), (QStringList{"filling.csv", "new.csv"}));
+}
+
+void ReplacedFileTest::tryingMakesNoFile()
+{
+    QVERIFY2(canReplaceFile(path("new.csv"), &m_error), qPrintable(m_error));
+    QVERIFY2(canReplaceFile(path(), &m_error), qPrintable(m_error));
+    QCOMPARE(files(), QStringList{"filling.csv"});
+    QCOMPARE(stored(), QByteArray(OLD_TEXT));
+}
+
+QTEST_APPLESS_MAIN(ReplacedFileTest)
+#include "tst_replaced_file.moc"
