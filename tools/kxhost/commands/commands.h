@@ -10,6 +10,10 @@ namespace kx
 
 /// Asks the driver whether addresses are valid.
 int runCheck(const QStringList& arguments);
+/// Says where controllers hold other values than a dump.
+int runCompare(const QStringList& arguments);
+/// Keeps the values of controllers in a file.
+int runDump(const QStringList& arguments);
 /// Hears what others say on a line.
 int runListen(const QStringList& arguments);
 /// Shows what the driver would ask for a watch list, and how long that takes.
@@ -26,6 +30,8 @@ int runRecipe(const QStringList& arguments);
 int runRegisters(const QStringList& arguments);
 /// Finds the stations that answer on a line.
 int runScan(const QStringList& arguments);
+/// Gives controllers the values of a dump.
+int runRestore(const QStringList& arguments);
 /// Generates the addresses of copies of a tag.
 int runSeries(const QStringList& arguments);
 /// Checks tags files.

@@ -54,6 +54,14 @@ bool ModbusTcpServer::awaits(int descriptor) const
     return false;
 }
 
+// Function and first number stand behind the header of seven bytes.
+bool ModbusTcpServer::isRefused(const unsigned char* request) const
+{
+    const int function = request[7];
+    const bool isRead = function >= 1 && function <= 4;
+    return !isRead && (request[8] << 8 | request[9]) == m_refused;
+}
+
 void ModbusTcpServer::serve()
 {
     while (awaits(m_listener)) {
@@ -71,7 +79,10 @@ void ModbusTcpServer::serveClient(int client)
         const int length = modbus_receive(m_context, request);
         if (length < 0)
             return;
-        modbus_reply(m_context, request, length, m_memory);
+        if (isRefused(request))
+            modbus_reply_exception(m_context, request, MODBUS_EXCEPTION_ILLEGAL_DATA_ADDRESS);
+        else
+            modbus_reply(m_context, request, length, m_memory);
     }
 }
 

@@ -26,16 +26,20 @@ public:
 
     /// "127.0.0.1:PORT".
     QString address() const;
+    /// Refuses each write that begins at this register or coil, with exception 2.
+    void refuseWritesTo(int number) { m_refused = number; }
 
 private:
     void serve();
     void serveClient(int client);
     bool awaits(int descriptor) const;
+    bool isRefused(const unsigned char* request) const;
 
     _modbus* m_context;
     _modbus_mapping_t* m_memory;
     int m_listener;
     std::atomic<bool> m_isOver{false};
+    std::atomic<int> m_refused{-1};
     std::thread m_thread;
 };
 

@@ -41,10 +41,10 @@ void CompletionTest::theScriptIsGoodBash()
 
 void CompletionTest::everyCommandIsOffered()
 {
-    QCOMPARE(
-        completed(QLatin1String("''")),
-        (QStringList{"--help", "--simulate", "--version", "check", "listen", "plan", "ports", "raw",
-                     "read", "recipe", "registers", "scan", "series", "tags", "watch", "write"}));
+    QCOMPARE(completed(QLatin1String("''")),
+             (QStringList{"--help", "--simulate", "--version", "check", "compare", "dump", "listen",
+                          "plan", "ports", "raw", "read", "recipe", "registers", "restore", "scan",
+                          "series", "tags", "watch", "write"}));
 }
 
 void CompletionTest::whatIsOffered_data()
@@ -52,7 +52,7 @@ void CompletionTest::whatIsOffered_data()
     QTest::addColumn<QString>("words");
     QTest::addColumn<QStringList>("offered");
     QTest::newRow("commands by their beginning")
-        << "re" << QStringList{"read", "recipe", "registers"};
+        << "re" << QStringList{"read", "recipe", "registers", "restore"};
     QTest::newRow("a command behind a switch") << "--simulate sc" << QStringList{"scan"};
     QTest::newRow("options by their beginning") << "watch D100 --ti" << QStringList{"--timeout"};
     QTest::newRow("options of this command only") << "series --st" << QStringList{"--step"};
@@ -88,6 +88,8 @@ void CompletionTest::filesAreOffered()
     QCOMPARE(completed(QLatin1String("plan ") + beginning), QStringList{file});
     QCOMPARE(completed(QLatin1String("watch --tags ") + beginning), QStringList{file});
     QCOMPARE(completed(QLatin1String("registers --library ") + beginning), QStringList{file});
+    QCOMPARE(completed(QLatin1String("dump D0 --to ") + beginning), QStringList{file});
+    QCOMPARE(completed(QLatin1String("restore ") + beginning), QStringList{file});
     QCOMPARE(completed(QLatin1String("scan --port /dev/nul")), QStringList{"/dev/null"});
 }
 
