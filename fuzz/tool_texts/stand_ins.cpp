@@ -3,6 +3,7 @@
 #include "kxhost/commands/connection.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
+#include "panel/files/replaced_file.h"
 #include "panel/recipe/recipe_storage.h"
 #include "support/require.h"
 
@@ -117,6 +118,17 @@ bool readRecipeFile(const QString& path, QByteArray* text, QString* error)
     }
     *text = RECIPE;
     return true;
+}
+
+bool canReplaceFile(const QString&, QString*)
+{
+    return true;
+}
+
+bool replaceFile(const QString&, const QByteArray&, QString*)
+{
+    require(false, "no dump is stored without a line");
+    return false;
 }
 
 bool canReplaceRecipeFile(const QString&, QString*)

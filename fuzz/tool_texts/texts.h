@@ -21,6 +21,7 @@ void checkRange(const kx::AddressRange& range);
 QStringList argumentsOf(QByteArray lines);
 
 void readTags(InputReader* input);
+void readDump(InputReader* input);
 void readRecipe(InputReader* input);
 void readAddresses(InputReader* input);
 void readArguments(InputReader* input);

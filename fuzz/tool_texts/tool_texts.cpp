@@ -1,4 +1,4 @@
-// The texts that the tools read: tags files, recipe files, addresses, assignments and
+// The texts that the tools read: tags files, recipe files, dumps, addresses, assignments and
 // arguments. What is accepted must be right, and what is refused must say why.
 
 #include "registers/register_types.h"
@@ -14,6 +14,8 @@ namespace
 
 const char PERCENT = '%';
 const char STAND_IN = '$'; // means as little to every parser
+
+const int DUMPS_FROM = 0xE0; // of the first byte; below, inputs keep their meaning
 
 } // namespace
 
@@ -53,7 +55,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     static const QCoreApplication application(argumentCount, arguments); // for help texts
 
     InputReader input(bytes, size);
-    switch (input.below(4)) {
+    const int choice = input.byte();
+    if (choice >= DUMPS_FROM) {
+        readDump(&input);
+        return 0;
+    }
+    switch (choice % 4) {
     case 0:
         readTags(&input);
         break;

@@ -50,6 +50,11 @@ void HostileTextsTest::linesShowThem_data()
     QTest::newRow("value in a recipe")
         << RECIPE_HEADER + QByteArray("a,1,D,0,uint16,") + RED + '\n'
         << QStringList{"recipe", "download", "%1", "--simulate"} << true;
+    QTest::newRow("version of a dump") << QByteArray("kx-dump ") + RED + '\n'
+                                       << QStringList{"compare", "%1", "--simulate"} << true;
+    QTest::newRow("path of a dump")
+        << QByteArray() << QStringList{"dump", "D0", "--simulate", "--to", QString("no/") + RED}
+        << true;
     const QString address = QString("D0") + RED;
     for (const char* const command : {"plan", "check", "series"})
         QTest::addRow("address for %s", command)
