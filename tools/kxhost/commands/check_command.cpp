@@ -19,8 +19,8 @@ const CommandHelp HELP = {
     "check [options] ADDRESS...",
     "Asks the driver whether addresses are valid, and says in a line each what number\n"
     "and what Modbus coil or holding register they stand for, or what is wrong.\n"
-    "An address is TYPENUMBER[:COUNT][@STATION], COUNT being in values. Needs no\n"
-    "controller.\n"
+    "An address is TYPENUMBER[:COUNT][@STATION][/FORMAT], COUNT being in values. Needs\n"
+    "no controller.\n"
     "What is wrong goes to standard error (with --json to standard output), and makes\n"
     "the exit code 2.",
     "kxhost check X377 D8000 32CV200:4 D100@2\n"

@@ -1,6 +1,8 @@
 #include "kxhost/views/check_answer.h"
 
 #include "kxhost/views/modbus_json.h"
+#include "panel/values/format_text.h"
+#include "panel/values/value_address.h"
 #include "registers/register_types.h"
 
 namespace kx
@@ -73,10 +75,13 @@ CheckAnswer checkAddress(const DriverEntryPoints& entryPoints, const QString& ty
     CheckAnswer answer;
     answer.typed = typed;
     QString parserFault;
-    const bool isAddress = parseAddress(typed, &answer.range, &parserFault);
+    const bool isAddress = parseValueAddress(typed, &answer.range, &answer.format, &parserFault);
     AddressParts parts;
-    if (parseAddressParts(typed, &parts))
+    if (parseAddressParts(typed.section(QLatin1Char('/'), 0, 0), &parts)) {
+        if (answer.format.bit >= 0) // which the driver does not know
+            parts.number = parts.number.section(QLatin1Char('.'), 0, 0);
         answer.code = askDriver(entryPoints, parts, answer.range, tag);
+    }
     // The driver takes blanks and signs, and knows no station; people mistype them.
     if (!isAddress && answer.code == ADDRESS_VALID)
         answer.code = -1;
@@ -112,7 +117,10 @@ QJsonObject answerJson(const CheckAnswer& answer)
     }
     json[QStringLiteral("type")] = QString::fromLatin1(answer.range.type->name);
     json[QStringLiteral("number")] = answer.range.address;
-    json[QStringLiteral("count")] = answer.range.values;
+    json[QStringLiteral("count")] = valuesIn(answer.range, answer.format);
+    const QString format = formatText(answer.format);
+    if (!format.isEmpty())
+        json[QStringLiteral("format")] = format;
     if (answer.range.station >= 0)
         json[QStringLiteral("station")] = answer.range.station;
     json[QStringLiteral("function")] = readFunction(answer.range.type);

@@ -5,6 +5,7 @@
 
 #include "addresses/address_text.h"
 #include "exchange/driver_library.h"
+#include "panel/values/value_format.h"
 
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
@@ -30,7 +31,8 @@ struct CheckAnswer {
     QString typed;
     int code = -1; ///< the driver's, see AddressCheck; -1: it sees no fault, the parser does
     bool isValid() const { return code == 0; }
-    AddressRange range; ///< when valid
+    AddressRange range; ///< when valid; all addresses of its values
+    ValueFormat format; ///< when valid
     QString fault;      ///< when not
 };
 

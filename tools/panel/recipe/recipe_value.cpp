@@ -1,6 +1,7 @@
 #include "panel/recipe/recipe_value.h"
 
 #include "driver/number_text.h"
+#include "panel/values/value_codec.h"
 #include "registers/register_types.h"
 
 #include <QtCore/QStringList>
@@ -14,19 +15,40 @@ namespace
 {
 
 const RecipeValueType TYPES[] = {
-    {"bit", 1, 0, 1, false},
-    {"uint16", 16, 0, std::numeric_limits<quint16>::max(), false},
-    {"int16", 16, std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max(), false},
-    {"hex16", 16, 0, std::numeric_limits<quint16>::max(), true},
-    {"uint32", 32, 0, std::numeric_limits<quint32>::max(), false},
-    {"int32", 32, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max(), false},
+    {"bit", 1, 0, 1, false, false},
+    {"uint16", 16, 0, std::numeric_limits<quint16>::max(), false, false},
+    {"int16", 16, std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max(), false,
+     false},
+    {"hex16", 16, 0, std::numeric_limits<quint16>::max(), true, false},
+    {"uint32", 32, 0, std::numeric_limits<quint32>::max(), false, false},
+    {"int32", 32, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max(), false,
+     false},
+    {"float", 32, 0, 0, false, true},
 };
 
 const int HEX16_DIGITS = 4;
+const int WORD_BITS = 16;
+const quint32 WORD_MASK = 0xFFFF;
 
 quint32 maskOf(const RecipeValueType* type)
 {
     return std::numeric_limits<quint32>::max() >> (32 - type->bits);
+}
+
+ValueFormat floatFormat()
+{
+    ValueFormat format;
+    format.kind = ValueKind::Float;
+    return format;
+}
+
+bool parseFloat(const QString& text, quint32* bits, QString* error)
+{
+    QList<qint64> words;
+    if (!parseValue(nullptr, floatFormat(), text, &words, error))
+        return false;
+    *bits = static_cast<quint32>(words.first() | words.last() << WORD_BITS);
+    return true;
 }
 
 } // namespace
@@ -56,7 +78,7 @@ bool suits(const RecipeValueType* type, const RegisterType* registers)
     case WORD_CLASS:
         return type->bits == 16 || type->bits == 32;
     case DOUBLE_WORD_CLASS:
-        return type->bits == 32;
+        return type->bits == 32 && !type->isFloat; // they count
     default:
         return false;
     }
@@ -70,6 +92,8 @@ int addressesPerValue(const RecipeValueType* type, const RegisterType* registers
 bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32* bits,
                       QString* error)
 {
+    if (type->isFloat)
+        return parseFloat(text, bits, error);
     const bool isHex = text.startsWith(QStringLiteral("0x"), Qt::CaseInsensitive);
     bool isNumber = false;
     const qint64 value = isHex ? text.mid(2).toLongLong(&isNumber, 16) : text.toLongLong(&isNumber);
@@ -91,6 +115,8 @@ bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32*
 
 QString recipeValueText(const RecipeValueType* type, quint32 bits)
 {
+    if (type->isFloat)
+        return valueText(floatFormat(), {bits & WORD_MASK, bits >> WORD_BITS});
     if (type->isHexadecimal)
         return QStringLiteral("0x%1").arg(bits, HEX16_DIGITS, 16, QLatin1Char('0'));
     if (type->lowest == 0)

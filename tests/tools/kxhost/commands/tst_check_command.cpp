@@ -42,6 +42,24 @@ void CheckCommandTest::anAddressIsAnswered_data()
         "M2040:16: valid; numbers 2040 to 2055, coils 4040 to 4047 and 12000 to 12007, read with "
         "function 1",
         0);
+    row("values of two registers", "D100:2/float",
+        "D100:2/float: valid; numbers 100 to 103, holding registers 100 to 103, read with function "
+        "3",
+        0);
+    row("a bit of a word", "D100.5@2",
+        "D100.5@2: valid; number 100, holding register 100, read with function 3", 0);
+    row("an unknown format", "D100/real",
+        "D100/real: unknown format 'real'; the formats are u16, s16, hex, bin, bcd, u32, s32, "
+        "float, u64, s64, double, ascii:N, bit",
+        2);
+    row("a value over a gap", "SD255/u32",
+        "SD255/u32: the value from SD255 to SD256 lies on both sides of a gap in the controller's "
+        "registers",
+        2);
+    row("half a value at the end", "D7999/u32",
+        "D7999/u32: the value runs past the last address, 2 registers each; the addresses are D0 "
+        "to D7999 (decimal)",
+        2);
     row("past the last word", "D8000",
         "D8000: out of range; the addresses are D0 to D7999 (decimal)", 2);
     row("below the first counter", "32CV199",

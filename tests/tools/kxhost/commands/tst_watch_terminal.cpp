@@ -3,6 +3,7 @@
 
 #include "support/process_signal.h"
 
+#include <QtCore/QTemporaryFile>
 #include <QtTest/QTest>
 
 #include <csignal>
@@ -31,6 +32,7 @@ private slots:
     void settingsOfTheStartAreRestoredAfterASecondTaking();
     void aSilentStationIsMarkedAboveTheTable();
     void typedAssignmentIsWritten();
+    void namesFormatsAndBitsAreTyped();
     void typedAssignments_data();
     void typedAssignments();
     void framesAndPlainTerminalsGetLines_data();
@@ -188,6 +190,27 @@ void WatchTerminalTest::typedAssignmentIsWritten()
     QVERIFY(terminal.waitFor("          77      0x004D"));
 }
 
+void WatchTerminalTest::namesFormatsAndBitsAreTyped()
+{
+    QTemporaryFile tags;
+    QVERIFY(tags.open());
+    QVERIFY(tags.write("name,address,format,scale\npump,D100,s16,0.1\n") > 0);
+    tags.close();
+    KxsimProcess simulator(presets("D100=1234"));
+    HostTerminal terminal(on(simulator, qPrintable("watch " + tags.fileName())));
+    QVERIFY(terminal.waitFor("write> _"));
+    terminal.type("pump=12.5\r");
+    QVERIFY(terminal.waitFor("D100 at station 1: confirmed"));
+    QCOMPARE(simulator.ask(QString::fromLatin1("get D100")), QString::fromLatin1("D100=125"));
+    terminal.type("D200/float,high=12.5\r");
+    QVERIFY(terminal.waitFor("D200 at station 1: confirmed"));
+    QCOMPARE(simulator.ask(QString::fromLatin1("get D200:2")), QString::fromLatin1("D200=16712,0"));
+    // The second waits for the first, which it would undo else: 0x4148, 0x4149, 0x414B.
+    terminal.type("D200.0=1\rD200.1=1\r");
+    QVERIFY(terminal.waitFor("D200.1 at station 1: confirmed; all of D200 was written as 0x414B"));
+    QCOMPARE(simulator.ask(QString::fromLatin1("get D200")), QString::fromLatin1("D200=16715"));
+}
+
 void WatchTerminalTest::typedAssignments_data()
 {
     QTest::addColumn<QByteArray>("typed");
@@ -195,10 +218,10 @@ void WatchTerminalTest::typedAssignments_data()
     QTest::newRow("no assignment") << QByteArray("D100\r") << QByteArray("D100: not an assignment");
     QTest::newRow("does not fit") << QByteArray("D100=65536\r")
                                   << QByteArray("D100=65536: 65536 does not fit");
-    QTest::newRow("an input") << QByteArray("X0=1\r") << QByteArray("X0=1: X0 is an input and cannot be written");
+    QTest::newRow("an input") << QByteArray("X0=1\r")
+                              << QByteArray("X0=1: X0 is an input and cannot be written");
     QTest::newRow("silent station")
-        << QByteArray("D100@9=5\r")
-        << QByteArray("D100 at station 9: not written, no reply");
+        << QByteArray("D100@9=5\r") << QByteArray("D100 at station 9: not written, no reply");
 }
 
 void WatchTerminalTest::typedAssignments()

@@ -44,6 +44,14 @@ void RecipeValueTest::valuesAreParsedAndWritten_data()
                                     << "4294967295" << quint32(0xFFFFFFFF) << "4294967295";
     QTest::newRow("int32 lowest") << "int32"
                                   << "-2147483648" << quint32(0x80000000) << "-2147483648";
+    // 12.5 is 1.5625 * 2^3: sign 0, exponent 130, fraction 0x480000.
+    QTest::newRow("float") << "float"
+                           << "12.50" << quint32(0x41480000) << "12.5";
+    QTest::newRow("float minus zero") << "float"
+                                      << "-0" << quint32(0x80000000) << "-0";
+    QTest::newRow("float without a number")
+        << "float"
+        << "nan(0x7FC00001)" << quint32(0x7FC00001) << "nan(0x7FC00001)";
     QTest::newRow("int32 minus one") << "int32"
                                      << "-1" << quint32(0xFFFFFFFF) << "-1";
 }
@@ -130,6 +138,10 @@ void RecipeValueTest::typesSuitRegisters_data()
                                       << "32CV" << false << 1;
     QTest::newRow("int32 in a 32CV") << "int32"
                                      << "32CV" << true << 1;
+    QTest::newRow("float in a 32CV") << "float"
+                                     << "32CV" << false << 1;
+    QTest::newRow("float in two registers") << "float"
+                                            << "D" << true << 2;
     QTest::newRow("uint32 in two registers") << "uint32"
                                              << "D" << true << 2;
 }
@@ -146,7 +158,8 @@ void RecipeValueTest::namesAreExact()
 {
     QVERIFY(!findRecipeValueType(QStringLiteral("UINT16")));
     QVERIFY(!findRecipeValueType(QString()));
-    QCOMPARE(recipeValueTypeNames(), QStringLiteral("bit, uint16, int16, hex16, uint32, int32"));
+    QCOMPARE(recipeValueTypeNames(),
+             QStringLiteral("bit, uint16, int16, hex16, uint32, int32, float"));
 }
 
 QTEST_GUILESS_MAIN(RecipeValueTest)
