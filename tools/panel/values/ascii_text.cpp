@@ -2,6 +2,8 @@
 
 #include "addresses/digits.h"
 
+#include <QtCore/QVector>
+
 namespace kx
 {
 
@@ -28,7 +30,7 @@ int lengthOfCharacter(char first)
 
 bool isSeen(const QString& character)
 {
-    const QList<uint> codes = character.toUcs4().toList();
+    const QVector<uint> codes = character.toUcs4();
     if (codes.size() != 1 || !QChar::isPrint(codes.first()))
         return false;
     const QChar::Category category = QChar::category(codes.first());
@@ -74,11 +76,11 @@ bool takeEscape(const QByteArray& text, int* position, QByteArray* bytes)
 
 QString escapedText(const QByteArray& bytes)
 {
-    auto size = bytes.size();
+    int size = static_cast<int>(bytes.size());
     while (size > 0 && bytes.at(size - 1) == '\0')
         --size;
     QString text;
-    for (auto i = size - size; i < size;) {
+    for (int i = 0; i < size;) {
         const QByteArray piece = bytes.mid(i, lengthOfCharacter(bytes.at(i)));
         const QString character = QString::fromUtf8(piece);
         const bool isWhole = i + piece.size() <= size && character.toUtf8() == piece;

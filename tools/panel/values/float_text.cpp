@@ -119,10 +119,8 @@ Decimal unscaled(const ValueFormat& format, const Decimal& number)
     const int places = ENOUGH_DIGITS - distance.magnitude() + format.scale.magnitude();
     bool isCut = false;
     const Decimal quotient = distance.dividedBy(format.scale, places, &isCut);
-    if (!isCut)
-        return quotient;
     const Decimal rest = Decimal(quotient.isNegative() ? -1 : 1).timesPowerOfTen(-places - 1);
-    return quotient.plus(rest);
+    return quotient.plus(isCut ? rest : Decimal());
 }
 
 bool fail(QString* fault, const QString& message)

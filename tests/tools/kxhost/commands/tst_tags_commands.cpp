@@ -163,8 +163,9 @@ void TagsCommandsTest::aFaultNamesFileAndLine()
 {
     QFETCH(QStringList, arguments);
     const QString fault =
-        QString::fromLatin1("kxhost: %1:2: address X8: '8' is not an octal number; the addresses are X0 "
-                            "to X377 (octal)")
+        QString::fromLatin1(
+            "kxhost: %1:2: address X8: '8' is not an octal number; the addresses are X0 "
+            "to X377 (octal)")
             .arg(m_wrong);
     for (const QStringList& words : {QStringList{m_wrong}, QStringList{"--tags", m_wrong}}) {
         const CommandResult result = runCommand(arguments + words);

@@ -224,9 +224,9 @@ void RecipeFileTest::badFilesAreRefused_data()
         << "line 2: '100:2' is not an address; write its number, of X and Y in octal";
     QTest::newRow("no address") << recipe(
         "a,1,D,,uint16,1") << "line 2: '' is not an address; write its number, of X and Y in octal";
-    QTest::newRow("unknown type")
-        << recipe("a,1,D,1,word,1")
-        << "line 2: unknown type 'word'; the types are bit, uint16, int16, hex16, uint32, int32, float";
+    QTest::newRow("unknown type") << recipe("a,1,D,1,word,1")
+                                  << "line 2: unknown type 'word'; the types are bit, uint16, "
+                                     "int16, hex16, uint32, int32, float";
     QTest::newRow("type does not suit")
         << recipe("a,1,M,1,uint16,1") << "line 2: type uint16 does not suit register M";
     QTest::newRow("value does not fit")
