@@ -23,6 +23,7 @@ private slots:
     void randomListsAreNotTorn();
     void aValueIsToldOnceForAllItsRegisters();
     void aReadOfAPartIsNotTaken();
+    void whatPartsBroughtIsTakenWithTheWhole();
     void aWriteIsShownAtOnceAndAsAWhole();
     void aWriteIsOneRequest_data();
     void aWriteIsOneRequest();
@@ -245,6 +246,27 @@ void WholeValuesWatchedTest::aReadOfAPartIsNotTaken()
     QVERIFY(run.cycles(1));
     QVERIFY(run.entry(0).raw() != before);
     QCOMPARE(run.torn, QStringList());
+}
+
+// The driver has reported both registers by then, and reports nothing at the poll.
+void WholeValuesWatchedTest::whatPartsBroughtIsTakenWithTheWhole()
+{
+    Run run(settingsOf(125, true));
+    run.line.changesAtOnce = false;
+    run.line.controller.held = 5;
+    run.watch->setTags(tagsOf(QStringLiteral("D0x2/5000")));
+    run.session->start();
+    QVERIFY(run.cycles(1));
+    run.line.controller.held = 6;
+    for (const char* const part : {"D0", "D1"}) {
+        ReadJob job(run.session.get(), {tagOf(QLatin1String(part))});
+        job.start();
+        while (!job.hasEnded())
+            QVERIFY(run.clock.step());
+    }
+    QCOMPARE(run.entry(0).raw(), (QList<qint64>{5, 5}));
+    QVERIFY(run.cycles(1));
+    QCOMPARE(run.entry(0).raw(), (QList<qint64>{6, 6}));
 }
 
 void WholeValuesWatchedTest::aWriteIsShownAtOnceAndAsAWhole()
