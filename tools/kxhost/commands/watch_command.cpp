@@ -1,5 +1,6 @@
 #include "kxhost/commands/commands.h"
 
+#include "addresses/read_pieces.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/prompt_writer.h"
 #include "kxhost/commands/watch_run.h"
@@ -26,14 +27,16 @@ namespace
 const CommandHelp HELP = {
     "watch [options] ADDRESS|FILE...",
     "Reads the addresses in cycles and shows their values.\n"
-    "An address is TYPENUMBER[:COUNT][@STATION], COUNT being in values; a file is a\n"
-    "tags file, whose names are shown. A cycle is over when every request of the list\n"
-    "was answered or has failed once. Ctrl-C ends it. Exit code 1 when an address was\n"
-    "never read or its last read failed, or when the line was lost.\n"
+    "An address is TYPENUMBER[:COUNT][@STATION][/FORMAT], COUNT being in values; a file\n"
+    "is a tags file, whose names are shown. A value of several registers is always of\n"
+    "one reply. A cycle is over when every request of the list was answered or has\n"
+    "failed once. Ctrl-C ends it. Exit code 1 when an address was never read or its\n"
+    "last read failed, or when the line was lost.\n"
     "On a terminal a table is shown, below which assignments such as D100=5 can be\n"
     "typed, or / and what the rows shall contain; arrows and PgUp/PgDn scroll it.\n"
     "--frames and --json, or a pipe, give lines of changes instead.",
     "kxhost watch D100:4 M0:8 X10 32CV200 --port /dev/ttyUSB0 --station 1\n"
+    "kxhost watch D100/float D110:4/s16*0.1 D200.5 --port /dev/ttyUSB0\n"
     "kxhost watch D0:10@1 D0:10@2 --tcp 192.168.0.5 --cycles 20 --json\n"
     "kxhost watch Y0:8 --port /dev/ttyUSB0 --baud 19200 --parity even --frames\n"
     "kxhost watch --tags line3.csv --port /dev/ttyUSB0\n"
@@ -56,9 +59,10 @@ bool prepareRanges(WatchOptions* options, QString* error)
         tag.interval = tag.interval < 0 ? options->interval : tag.interval;
         if (!simulated.contains(range.station))
             simulated << range.station;
-        const QString fault = requestFault(range, tag.format, options->connection.session.maxWords);
-        if (!fault.isEmpty()) {
-            *error = faultyText(valueName(range, tag.format, 0), fault);
+        // A value of several registers is read by one request, whatever the limit.
+        if (addressesPerRead(range.type, options->connection.session.maxWords) < 1) {
+            *error = faultyText(valueName(range, tag.format, 0),
+                                tooLongText(range.type, options->connection.session.maxWords));
             return false;
         }
     }

@@ -1,6 +1,6 @@
 #include "kxhost/views/entry_text.h"
 
-#include "panel/values/format_text.h"
+#include "kxhost/views/value_json.h"
 #include "panel/values/value_address.h"
 #include "panel/values/value_codec.h"
 #include "registers/register_types.h"
@@ -54,24 +54,24 @@ QString hexValue(const WatchEntry& entry)
     return words.mid(0, MOST_WORDS_SHOWN).join(QLatin1Char(' ')) + QLatin1String(" ...");
 }
 
-void addValue(const WatchEntry& entry, QJsonObject* json)
+QJsonObject valueJson(const WatchEntry& entry)
 {
-    if (!entry.format) {
-        (*json)[QLatin1String("value")] = entry.value;
-        return;
-    }
-    (*json)[QLatin1String("value")] = valueJson(*entry.format, entry.raw());
+    Tag tag;
+    tag.name = entry.name;
+    tag.range = entry.range();
+    tag.format = entry.valueFormat();
+    QJsonObject json = tagJson(tag);
+    if (hasFailed(entry))
+        return json;
+    json[QLatin1String("value")] =
+        entry.format ? valueJson(tag.format, entry.raw()) : QJsonValue(entry.value);
+    if (!entry.format)
+        return json;
     QJsonArray raw;
     for (const qint64 value : entry.raw())
         raw.append(value);
-    (*json)[QLatin1String("raw")] = raw;
-    ValueFormat format = *entry.format;
-    format.unit.clear();
-    const QString text = formatText(format);
-    if (!text.isEmpty())
-        (*json)[QLatin1String("format")] = text;
-    if (!entry.format->unit.isEmpty())
-        (*json)[QLatin1String("unit")] = entry.format->unit;
+    json[QLatin1String("raw")] = raw;
+    return json;
 }
 
 } // namespace kx

@@ -19,9 +19,9 @@ QString entryValue(const WatchEntry& entry);
 /// first four at most: "0x0000 0x4148". Nothing while the value is unknown.
 QString hexValue(const WatchEntry& entry);
 
-/// Adds "value"; and where a format makes it differ from the registers, those as "raw", and
-/// "format" and "unit".
-void addValue(const WatchEntry& entry, QJsonObject* json);
+/// As tagJson(); "value" unless its last read failed, and where a format makes that differ from the
+/// registers those as "raw".
+QJsonObject valueJson(const WatchEntry& entry);
 
 } // namespace kx
 

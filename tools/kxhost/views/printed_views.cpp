@@ -26,17 +26,11 @@ QString entryRow(const WatchEntry& entry, const QDateTime& time)
 
 QJsonObject entryJson(const WatchEntry& entry, const QDateTime& time)
 {
-    QJsonObject json;
+    QJsonObject json = valueJson(entry);
     json[QLatin1String("event")] = QLatin1String(hasFailed(entry) ? "failure" : "change");
     json[QLatin1String("time")] = jsonTime(time);
-    json[QLatin1String("station")] = entry.station;
-    json[QLatin1String("address")] = entryAddress(entry);
-    if (!entry.name.isEmpty())
-        json[QLatin1String("name")] = entry.name;
     if (hasFailed(entry))
         json[QLatin1String("state")] = stateText(entry, 0);
-    else
-        addValue(entry, &json);
     return json;
 }
 

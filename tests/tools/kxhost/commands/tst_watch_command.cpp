@@ -16,6 +16,8 @@ private slots:
     void presetValuesOfEveryClassAreShown();
     void rangesBeyondOneRequest();
     void changeIsShown();
+    void valuesInTheirFormats();
+    void valuesAreNotTorn();
     void linesOfJson();
     void framesAreNamed();
     void gatewayOnTheNetwork();
@@ -73,6 +75,44 @@ void WatchCommandTest::changeIsShown()
     QVERIFY(watch.waitForOutput(" 1 D100 65535\n"));
     simulator.tell(QString::fromLatin1("set 32CV200=4294967295"));
     QVERIFY(watch.waitForOutput(" 1 32CV200 4294967295\n"));
+}
+
+// 12.5 is 0x41480000, the low word first.
+void WatchCommandTest::valuesInTheirFormats()
+{
+    const KxsimProcess simulator(presets("D100=0 D101=0x4148 D200=32 D300=75 D400=0x4142"));
+    const CommandResult result = runCommand(
+        on(simulator, "watch D100/float D200.5 D300/s16*0.1+5,unit=bar D400/ascii:1 --cycles 1"));
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(withoutTimes(result.output.mid(0, 4)),
+             (QStringList{"1 D100 12.5", "1 D200.5 1", "1 D300 12.5 bar", "1 D400 AB"}));
+}
+
+// The controller changes both words of each value at once. The limit would cut each second one.
+void WatchCommandTest::valuesAreNotTorn()
+{
+    KxsimProcess simulator(presets("D100=0,0,0,0,0,0"));
+    RunningWatch watch(on(simulator, "watch D100:3/u32 --max-words 3"));
+    for (int number = 1; number <= 150; ++number) {
+        const QString words = QStringList(QVector<QString>(6, QString::number(number)).toList())
+                                  .join(QLatin1Char(','));
+        simulator.tell(QLatin1String("set D100=") + words);
+        if (number % 25 == 0) {
+            const QByteArray last = QByteArray::number(number * 65537);
+            QVERIFY(watch.waitForOutput(" 1 D100 " + last + "\n"));
+        }
+    }
+    QVERIFY(watch.waitForOutput(" 1 D104 9830550\n")); // 150 * 65537
+    const QList<QByteArray> lines = watch.output().split('\n');
+    int seen = 0;
+    for (const QByteArray& line : lines) {
+        const QList<QByteArray> words = line.split(' ');
+        if (words.size() != 4)
+            continue;
+        QVERIFY2(words.at(3).toLongLong() % 65537 == 0, line.constData());
+        ++seen;
+    }
+    QVERIFY(seen > 6);
 }
 
 void WatchCommandTest::linesOfJson()

@@ -15,6 +15,7 @@ class WatchTableTest : public QObject
 
 private slots:
     void rows();
+    void rowsOfFormats();
     void rowsWithNames();
     void twoNamesOfAnAddressAreTwoRows();
     void columnsGoBeforeNames_data();
@@ -65,6 +66,25 @@ void WatchTableTest::rows()
                  QString::fromLatin1(
                      "     12  M       2048   12000                                    never read"),
              }));
+}
+
+// The columns VALUE and HEX are as wide as the longest that is seen.
+void WatchTableTest::rowsOfFormats()
+{
+    const QStringList lines = tableRows(
+        {entryOf("D100/float,unit=l/min", {0, 0x4148}), entryOf("D7999.15", QList<qint64>{0x8000}),
+         entryOf("D110/ascii:5", {0x4142, 0x4344, 0x4546, 0x4748, 0x4900})},
+        0, 2300, 120);
+    QCOMPARE(lines, QStringList({
+                        QString::fromLatin1("STATION  TYPE ADDRESS  MODBUS       VALUE"
+                                            "                          HEX       AGE  STATE"),
+                        QString::fromLatin1("      1  D        100     100  12.5 l/min"
+                                            "                0x0000 0x4148     1.3 s  ok"),
+                        QString::fromLatin1("      1  D    7999.15    7999           1"
+                                            "                       0x8000     1.3 s  ok"),
+                        QString::fromLatin1("      1  D        110     110   ABCDEFGHI"
+                                            "  0x4142 0x4344 0x4546 0x4748 ...     1.3 s  ok"),
+                    }));
 }
 
 void WatchTableTest::rowsWithNames()

@@ -20,6 +20,8 @@ private slots:
     void everyNameOfAnAddressIsListed();
     void anAddressTypedAndNamedIsListedOnce();
     void allNamesOfAnAddressChangeTogether();
+    void aFormatMakesAnotherValue();
+    void aValueOfSeveralRegistersIsOneEntry();
     void firstReadMakesValuesKnown();
     void countersCoverHalfTheRegisters();
     void changeOfAKnownValue();
@@ -42,6 +44,7 @@ private:
     {
         return [value](const WatchEntry&) { return QList<qint64>{value}; };
     }
+    static Tag formattedTag(const char* address, const char* name = "");
     static QStringList namesOf(const WatchList& list);
     static QList<Tag> manyTags(int addresses);
     static std::clock_t costOf(int addresses);
@@ -111,6 +114,53 @@ void WatchListTest::allNamesOfAnAddressChangeTogether()
     QCOMPARE(list.entries().at(2).changedAt, qint64(60));
     QCOMPARE(list.onFailure(job(1, "D", 100, 1), false), QList<int>({0, 2, 3}));
     QVERIFY(!list.allAnswered());
+}
+
+/// A tag of "D100:2/float".
+Tag WatchListTest::formattedTag(const char* address, const char* name)
+{
+    Tag tag;
+    tag.name = QString::fromLatin1(name);
+    QString fault;
+    if (!parseValueAddress(QString::fromLatin1(address), &tag.range, &tag.format, &fault))
+        qFatal("%s", qPrintable(fault));
+    tag.range.station = 1;
+    return tag;
+}
+
+void WatchListTest::aFormatMakesAnotherValue()
+{
+    const WatchList list({formattedTag("D100"), formattedTag("D100/s16"), formattedTag("D100.3"),
+                          formattedTag("D100/s16", "Pump"), formattedTag("D100.3"),
+                          formattedTag("D100.4"), formattedTag("D100/u16", "Raw"),
+                          formattedTag("D100/s16", "Pump"), formattedTag("D100/s16", "Valve")});
+    QStringList listed;
+    for (const WatchEntry& entry : list.entries())
+        listed << valueAddressText(entry.range(), entry.valueFormat()) + QLatin1Char(' ')
+                      + entry.name;
+    QCOMPARE(listed, (QStringList{"D100@1 ", "D100@1/s16 Pump", "D100.3@1 ", "D100.4@1 ",
+                                  "D100@1/u16 Raw", "D100@1/s16 Valve"}));
+}
+
+void WatchListTest::aValueOfSeveralRegistersIsOneEntry()
+{
+    WatchList list({formattedTag("D100:2/float"), formattedTag("D101")});
+    const auto numbers = [](const WatchEntry& entry) {
+        QList<qint64> raw;
+        for (int i = 0; i < entry.width; ++i)
+            raw << entry.address + i;
+        return raw;
+    };
+    QCOMPARE(list.entries().size(), 3);
+    QCOMPARE(list.onRead(job(1, "D", 101, 3), numbers, 50), QList<int>({1, 2}));
+    QCOMPARE(list.entries().at(0).state, WatchState::NeverRead);
+    QCOMPARE(list.entries().at(0).raw(), QList<qint64>());
+    QCOMPARE(list.entries().at(1).raw(), (QList<qint64>{102, 103}));
+    QCOMPARE(list.onFailure(job(1, "D", 101, 2), true), QList<int>({2}));
+    QCOMPARE(list.onRead(job(1, "D", 100, 4), numbers, 60), QList<int>({0, 2}));
+    QCOMPARE(list.onChange(1, d(), 101, numbers, 70), QList<int>());
+    QCOMPARE(list.onChange(1, d(), 101, always(7), 70), QList<int>({2}));
+    QVERIFY(list.allAnswered());
 }
 
 void WatchListTest::firstReadMakesValuesKnown()

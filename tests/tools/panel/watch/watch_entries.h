@@ -2,6 +2,7 @@
 #ifndef KX_TESTS_TOOLS_PANEL_WATCH_WATCH_ENTRIES_H
 #define KX_TESTS_TOOLS_PANEL_WATCH_WATCH_ENTRIES_H
 
+#include "panel/values/value_address.h"
 #include "panel/watch/watch_list.h"
 
 namespace kx
@@ -26,6 +27,29 @@ inline Tag tagOf(const char* address, const char* name = "")
     tag.name = QString::fromLatin1(name);
     tag.range = rangeOf(address);
     return tag;
+}
+
+/// An entry of "D100/float", in its format, that was read at 1000 ms.
+/// @param raw one per address
+inline WatchEntry entryOf(const char* address, const QList<qint64>& raw)
+{
+    AddressRange range;
+    ValueFormat format;
+    QString fault;
+    if (!parseValueAddress(QString::fromLatin1(address), &range, &format, &fault))
+        qFatal("%s", qPrintable(fault));
+    WatchEntry entry;
+    entry.station = 1;
+    entry.type = range.type;
+    entry.address = range.address;
+    entry.width = static_cast<int>(raw.size());
+    entry.format = std::make_shared<const ValueFormat>(format);
+    entry.state = WatchState::Ok;
+    entry.isKnown = true;
+    entry.value = raw.first();
+    entry.others = raw.mid(1);
+    entry.readAt = 1000;
+    return entry;
 }
 
 /// An entry that was read at 1000 ms.
