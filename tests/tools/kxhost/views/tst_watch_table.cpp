@@ -77,11 +77,11 @@ void WatchTableTest::rowsOfFormats()
         0, 2300, 120);
     QCOMPARE(lines, QStringList({
                         QString::fromLatin1("STATION  TYPE ADDRESS  MODBUS       VALUE"
-                                            "                          HEX       AGE  STATE"),
+                                            "                              HEX       AGE  STATE"),
                         QString::fromLatin1("      1  D        100     100  12.5 l/min"
-                                            "                0x0000 0x4148     1.3 s  ok"),
+                                            "                    0x0000 0x4148     1.3 s  ok"),
                         QString::fromLatin1("      1  D    7999.15    7999           1"
-                                            "                       0x8000     1.3 s  ok"),
+                                            "                           0x8000     1.3 s  ok"),
                         QString::fromLatin1("      1  D        110     110   ABCDEFGHI"
                                             "  0x4142 0x4344 0x4546 0x4748 ...     1.3 s  ok"),
                     }));
