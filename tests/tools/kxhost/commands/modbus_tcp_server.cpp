@@ -15,6 +15,15 @@ namespace
 
 const int LOOK = 20; // milliseconds between looks at whether all is over
 
+/// The first register or coil of a write; -1 for a read. Function and number stand behind the
+/// header of seven bytes.
+int numberWritten(const uint8_t* request)
+{
+    const int function = request[7];
+    const bool isRead = function >= 1 && function <= 4;
+    return isRead ? -1 : request[8] << 8 | request[9];
+}
+
 } // namespace
 
 ModbusTcpServer::ModbusTcpServer()
@@ -54,14 +63,6 @@ bool ModbusTcpServer::awaits(int descriptor) const
     return false;
 }
 
-// Function and first number stand behind the header of seven bytes.
-bool ModbusTcpServer::isRefused(const unsigned char* request) const
-{
-    const int function = request[7];
-    const bool isRead = function >= 1 && function <= 4;
-    return !isRead && (request[8] << 8 | request[9]) == m_refused;
-}
-
 void ModbusTcpServer::serve()
 {
     while (awaits(m_listener)) {
@@ -79,7 +80,10 @@ void ModbusTcpServer::serveClient(int client)
         const int length = modbus_receive(m_context, request);
         if (length < 0)
             return;
-        if (isRefused(request))
+        const int written = numberWritten(request);
+        if (written >= 0 && written == m_ignored)
+            continue;
+        if (written >= 0 && written == m_refused)
             modbus_reply_exception(m_context, request, MODBUS_EXCEPTION_ILLEGAL_DATA_ADDRESS);
         else
             modbus_reply(m_context, request, length, m_memory);

@@ -28,18 +28,20 @@ public:
     QString address() const;
     /// Refuses each write that begins at this register or coil, with exception 2.
     void refuseWritesTo(int number) { m_refused = number; }
+    /// Neither carries it out nor answers.
+    void ignoreWritesTo(int number) { m_ignored = number; }
 
 private:
     void serve();
     void serveClient(int client);
     bool awaits(int descriptor) const;
-    bool isRefused(const unsigned char* request) const;
 
     _modbus* m_context;
     _modbus_mapping_t* m_memory;
     int m_listener;
     std::atomic<bool> m_isOver{false};
     std::atomic<int> m_refused{-1};
+    std::atomic<int> m_ignored{-1};
     std::thread m_thread;
 };
 

@@ -35,6 +35,7 @@ private slots:
     void valuesThatTheControllerChangesAreNamed();
     void aSilentStationStopsTheRestoreBeforeAnyWrite();
     void aRefusedWriteLeavesTheOthers();
+    void aStationThatFallsSilentIsLeftAlone();
     void aLineWithFaults();
     void withoutATerminalYesIsNeeded();
     void answers_data();
@@ -175,6 +176,23 @@ void RestoreCommandTest::aRefusedWriteLeavesTheOthers()
                           "D100@1: failed: exception 2 (illegal data address)", "D102@1: written",
                           "1 D100 file 8 controller 1234, not written"}));
     QCOMPARE(result.errors, QStringList{"kxhost: 1 of 5 values are not as in " + fixture.path()});
+    QCOMPARE(result.exitCode, 1);
+}
+
+void RestoreCommandTest::aStationThatFallsSilentIsLeftAlone()
+{
+    const DumpFixture fixture({"D98@1=7", "D100@1=8", "D102@1=9", "D5@2=6"}, TWO_STATIONS);
+    QCOMPARE(fixture.dump({"D98:5", "D5@2"}).exitCode, 0);
+    ModbusTcpServer server;
+    server.ignoreWritesTo(100);
+    const CommandResult result = runCommand(QStringList{"restore", fixture.path(), "--yes", "--tcp",
+                                                        server.address(), "--protocol", "tcp"}
+                                            + SHORT);
+    QCOMPARE(result.output,
+             (QStringList{"values: 6, different: 4", "D98@1: written", "D100@1: failed: no reply",
+                          "D5@2: written", "1 D100 file 8 controller 1234, not written",
+                          "1 D102 file 9 controller 0, not written"}));
+    QCOMPARE(result.errors, QStringList{"kxhost: 2 of 6 values are not as in " + fixture.path()});
     QCOMPARE(result.exitCode, 1);
 }
 
