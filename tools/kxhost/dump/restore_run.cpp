@@ -19,7 +19,7 @@ int longestWrite(const SessionSettings& settings)
     return settings.choosesLengths ? SessionSettings().maxWords : settings.maxWords;
 }
 
-/// Whether there is no use in asking that station for more.
+/// Whether the station has not said what became of a write, and is not to be asked for more.
 bool isSilence(const Failure& failure)
 {
     return failure.kind != FailureKind::Exception || isGatewayException(failure.exceptionCode);
@@ -110,10 +110,10 @@ void RestoreRun::onWritten(const WriteOutcome& outcome)
     m_view.showWrite(outcome);
     if (outcome.failure.isNone())
         return m_written.take(range, outcome.assignment.values);
-    if (!m_session->isRunning() || !m_stopReason.isEmpty())
-        m_perhaps = rangeText(range);
-    if (isSilence(outcome.failure))
-        leaveAlone(range.station);
+    if (!isSilence(outcome.failure))
+        return;
+    m_perhaps << rangeText(range);
+    leaveAlone(range.station);
 }
 
 void RestoreRun::leaveAlone(int station)
@@ -169,7 +169,7 @@ void RestoreRun::stop(const QString& reason)
 {
     RestoreResult result = resultSoFar();
     result.stopReason = reason;
-    if (m_state == State::Reading)
+    if (m_state == State::Reading && m_stopReason.isEmpty())
         result.unread = m_before.unread();
     conclude(result);
 }

@@ -8,6 +8,8 @@
 #include "panel/dump/differences.h"
 #include "panel/jobs/write_job.h"
 
+#include <QtCore/QStringList>
+
 #include <memory>
 
 namespace kx
@@ -70,7 +72,7 @@ private:
     QList<Difference> m_differences;
     QList<Assignment> m_writes; ///< not yet tried
     ControllerValues m_written; ///< and confirmed
-    QString m_perhaps;          ///< the write that nobody knows of, when the run was stopped
+    QStringList m_perhaps;      ///< writes that no station confirmed or refused
     int m_exitCode = 0;
 };
 

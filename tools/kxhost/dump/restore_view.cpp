@@ -80,9 +80,10 @@ QString RestoreView::failureText(const RestoreResult& result) const
                                          : QStringLiteral("%1 of %2 values were written")
                                                .arg(result.written)
                                                .arg(result.different));
-        return result.perhaps.isEmpty()
-                   ? text
-                   : text + QStringLiteral(", perhaps also %1").arg(result.perhaps);
+        return result.perhaps.isEmpty() ? text
+                                        : text
+                                              + QStringLiteral(", perhaps also %1")
+                                                    .arg(result.perhaps.join(QLatin1String(", ")));
     }
     if (result.left == 0 && result.unread.isEmpty())
         return QString();

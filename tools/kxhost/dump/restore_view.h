@@ -5,7 +5,7 @@
 #include "panel/dump/unread_ranges.h"
 #include "panel/jobs/write_job.h"
 
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 
 namespace kx
 {
@@ -17,8 +17,8 @@ struct RestoreResult {
     int written = 0;   ///< and confirmed
     int left = 0;      ///< read again, and not as in the file
     QList<UnreadRange> unread;
-    QString stopReason; ///< empty when all was tried
-    QString perhaps;    ///< what else may have been written then
+    QString stopReason;  ///< empty when all was tried
+    QStringList perhaps; ///< what else may have been written then
 };
 
 /// What a restore tells, as text or as JSON.

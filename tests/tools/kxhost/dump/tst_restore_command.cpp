@@ -42,6 +42,7 @@ private slots:
     void answers();
     void interruptAtTheQuestion();
     void interruptBetweenWrites();
+    void interruptWhileReading();
     void aLineLostInTheMiddle();
 };
 
@@ -302,6 +303,25 @@ void RestoreCommandTest::interruptBetweenWrites()
     QCOMPARE(fixture.controller().ask(QString("get D%1").arg(last)), QString("D%1=0").arg(last));
     QCOMPARE(fixture.controller().ask(QString("get D%1").arg(last + 4)),
              QString("D%1=1").arg(last + 4));
+}
+
+// Station 1 answers, and station 2 is waited for when the signal comes.
+void RestoreCommandTest::interruptWhileReading()
+{
+    const DumpFixture both({}, TWO_STATIONS);
+    QCOMPARE(both.dump({"D0", "D0@2"}).exitCode, 0);
+    const DumpFixture fixture({"D0=6"});
+    fixture.store(both.stored());
+    QProcess host;
+    host.start(KX_HOST_PROGRAM, {"restore", fixture.path(), "--port", fixture.port(), "--yes",
+                                 "--frames", "--timeout", "10000"});
+    QVERIFY(host.waitForReadyRead());
+    QVERIFY(signalProcess(host.processId(), SIGINT));
+    QVERIFY(host.waitForFinished());
+    QCOMPARE(QString::fromUtf8(host.readAllStandardError()),
+             "kxhost: restore of " + fixture.path()
+                 + " stopped: interrupted; nothing was written\n");
+    QCOMPARE(host.exitCode(), 1);
 }
 
 void RestoreCommandTest::aLineLostInTheMiddle()
