@@ -30,6 +30,7 @@ public:
     Session& session() { return *m_session; }
     FaultyLine& line() { return m_line; }
     const VirtualClock& clock() const { return m_clock; }
+    VirtualClock& clock() { return m_clock; }
     const QList<AddressRange>& watched() const { return m_watched; }
     /// Requests of one cycle.
     int readsPerCycle() const { return m_readsPerCycle; }
