@@ -23,6 +23,8 @@ const std::vector<Command>& commands()
          "kxhost compare memory.kxd --port /dev/ttyUSB0", runCompare},
         {"restore", "give controllers the values of such a file",
          "kxhost restore memory.kxd --port /dev/ttyUSB0", runRestore},
+        {"run", "do the steps of a sequence, such as an acceptance test",
+         "kxhost run filling.kxs --port /dev/ttyUSB0 --junit report.xml", runSequence},
         {"check", "say whether addresses are valid", "kxhost check X377 D8000", runCheck},
         {"registers", "show the register types", "kxhost registers", runRegisters},
         {"series", "generate the addresses of copies of a tag",

@@ -32,6 +32,8 @@ int runRegisters(const QStringList& arguments);
 int runScan(const QStringList& arguments);
 /// Gives controllers the values of a dump.
 int runRestore(const QStringList& arguments);
+/// Does the steps of a sequence.
+int runSequence(const QStringList& arguments);
 /// Generates the addresses of copies of a tag.
 int runSeries(const QStringList& arguments);
 /// Checks tags files.

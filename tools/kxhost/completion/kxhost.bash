@@ -67,7 +67,7 @@ _kxhost_words()
 {
     local command=$1 previous=$2 current=$3 values
     case $previous in
-        --library | --tags | --port | -p | --pcap | --to) return ;; # files
+        --library | --tags | --port | -p | --pcap | --to | --junit) return ;; # files
     esac
     values=$(_kxhost_values "$previous")
     [[ $command == scan && $previous == @(--baud|-b|--parity) ]] && values+=" auto"

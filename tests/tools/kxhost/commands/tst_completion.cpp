@@ -42,9 +42,10 @@ void CompletionTest::theScriptIsGoodBash()
 void CompletionTest::everyCommandIsOffered()
 {
     QCOMPARE(completed(QLatin1String("''")),
-             (QStringList{"--help", "--simulate", "--version", "check", "compare", "dump", "listen",
-                          "plan", "ports", "raw", "read", "recipe", "registers", "restore", "scan",
-                          "series", "tags", "watch", "write"}));
+             (QStringList{"--help", "--simulate", "--version", "check",   "compare",
+                          "dump",   "listen",     "plan",      "ports",   "raw",
+                          "read",   "recipe",     "registers", "restore", "run",
+                          "scan",   "series",     "tags",      "watch",   "write"}));
 }
 
 void CompletionTest::whatIsOffered_data()
@@ -87,6 +88,8 @@ void CompletionTest::filesAreOffered()
     const QString beginning = file.left(file.size() - 2);
     QCOMPARE(completed(QLatin1String("plan ") + beginning), QStringList{file});
     QCOMPARE(completed(QLatin1String("watch --tags ") + beginning), QStringList{file});
+    QCOMPARE(completed(QLatin1String("run --simulate ") + beginning), QStringList{file});
+    QCOMPARE(completed(QLatin1String("run --junit ") + beginning), QStringList{file});
     QCOMPARE(completed(QLatin1String("registers --library ") + beginning), QStringList{file});
     QCOMPARE(completed(QLatin1String("dump D0 --to ") + beginning), QStringList{file});
     QCOMPARE(completed(QLatin1String("restore ") + beginning), QStringList{file});
