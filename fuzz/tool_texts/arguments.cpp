@@ -74,6 +74,8 @@ void readArguments(InputReader* input)
     const int choice = input->byte();
     if (choice >= 0x80)
         return readCommand(input);
+    if (choice >= 0x60)
+        return readSequence(input);
     const Parser parsers[] = {readPlan, readConnection, readSimulator};
     takes(parsers[choice % 3], input->rest());
 }

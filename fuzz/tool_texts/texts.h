@@ -24,6 +24,7 @@ void readTags(InputReader* input);
 void readDump(InputReader* input);
 void readRecipe(InputReader* input);
 void readAddresses(InputReader* input);
+void readSequence(InputReader* input);
 void readArguments(InputReader* input);
 /// A command of kxhost with its arguments, as far as it goes without a line.
 void readCommand(InputReader* input);

@@ -1,5 +1,5 @@
-// The texts that the tools read: tags files, recipe files, dumps, addresses, assignments and
-// arguments. What is accepted must be right, and what is refused must say why.
+// The texts that the tools read: tags files, recipe files, dumps, sequences, addresses, assignments
+// and arguments. What is accepted must be right, and what is refused must say why.
 
 #include "registers/register_types.h"
 #include "support/require.h"

@@ -40,8 +40,8 @@ void SequenceView::showSteps() const
     }
     if (!m_json)
         say(QStringLiteral("%1: %2, %3 of them in the end")
-                .arg(m_file, counted(m_sequence.steps.size(), "step", "steps"))
-                .arg(inTheEnd));
+                .arg(m_file, counted(m_sequence.steps.size(), "step", "steps"),
+                     QString::number(inTheEnd)));
 }
 
 void SequenceView::onStarted(int step)

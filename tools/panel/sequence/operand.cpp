@@ -58,8 +58,7 @@ QString operandText(const Tag& tag)
     if (tag.name.isEmpty())
         return valueAddressText(tag.range, tag.format);
     return QStringLiteral("%1 (%2@%3)")
-        .arg(tag.name, valueName(tag.range, tag.format, 0))
-        .arg(tag.range.station);
+        .arg(tag.name, valueName(tag.range, tag.format, 0), QString::number(tag.range.station));
 }
 
 bool fitsRequest(const Tag& tag, int maxWords, QString* fault)

@@ -16,9 +16,9 @@ using namespace kx;
 namespace
 {
 
-const char* const COMMANDS[] = {"watch",  "read", "write",   "recipe", "check", "registers",
-                                "series", "plan", "ports",   "scan",   "raw",   "listen",
-                                "tags",   "dump", "compare", "restore"};
+const char* const COMMANDS[] = {"watch",  "read", "write",   "recipe",  "check", "registers",
+                                "series", "plan", "ports",   "scan",    "raw",   "listen",
+                                "tags",   "dump", "compare", "restore", "run"};
 
 QSet<QString> optionsIn(const QString& text)
 {

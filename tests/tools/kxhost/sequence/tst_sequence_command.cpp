@@ -70,6 +70,7 @@ class SequenceCommandTest : public QObject
 
 private slots:
     void anAcceptanceTestPasses();
+    void theExampleOfTheGuidePasses();
     void whatFailsIsTold();
     void resultsAsJson();
     void allFaultsAreTold();
@@ -110,6 +111,24 @@ void SequenceCommandTest::anAcceptanceTestPasses()
     QCOMPARE(controller.ask(QStringLiteral("get D101")), QStringLiteral("D101=16712"));
 }
 
+void SequenceCommandTest::theExampleOfTheGuidePasses()
+{
+    const QString docs = QStringLiteral(KX_DOCS);
+    const KxsimProcess controller({"--still", "--set", "D10=50", "--set", "D7=121"});
+    const CommandResult result = runCommand(
+        {"run", docs + QStringLiteral("/examples/filling.kxs"), "--port", controller.portName()});
+    QCOMPARE(result.errors, QStringList());
+    QCOMPARE(result.exitCode, 0);
+    QFile guide(docs + QStringLiteral("/guide/sequences.md"));
+    QVERIFY(guide.open(QIODevice::ReadOnly));
+    const QByteArray text = guide.readAll();
+    for (const char* const shown : {"/examples/filling.kxs", "/examples/tank.csv"}) {
+        QFile file(docs + QLatin1String(shown));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY2(text.contains("```\n" + file.readAll() + "```\n"), shown);
+    }
+}
+
 void SequenceCommandTest::whatFailsIsTold()
 {
     const SequenceFolder folder("tags pumps.csv\nexpect level = 7 +- 1\nwrite level = 9\n");
@@ -128,8 +147,8 @@ void SequenceCommandTest::whatFailsIsTold()
 void SequenceCommandTest::resultsAsJson()
 {
     const SequenceFolder folder("expect D7@9 = 5\n");
-    const CommandResult result = run(
-        folder, {"--simulate", "--json", "--fault", "silence:1", "--timeout", "50", "--settle", "0"});
+    const CommandResult result = run(folder, {"--simulate", "--json", "--fault", "silence:1",
+                                              "--timeout", "50", "--settle", "0"});
     QStringList output = result.output;
     output.replaceInStrings(QRegularExpression(QStringLiteral("\"milliseconds\":[0-9.]+")),
                             QStringLiteral("\"milliseconds\":0"));

@@ -36,6 +36,8 @@ void OperandTest::namesTellTheirAddress()
     QCOMPARE(operandText(tag), QStringLiteral("D100@2/float"));
     tag.name = QStringLiteral("pressure");
     QCOMPARE(operandText(tag), QStringLiteral("pressure (D100@2)"));
+    tag.name = QStringLiteral("speed %3");
+    QCOMPARE(operandText(tag), QStringLiteral("speed %3 (D100@2)"));
 }
 
 void OperandTest::valuesAreShown_data()
