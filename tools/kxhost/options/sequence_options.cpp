@@ -4,6 +4,9 @@
 #include "kxhost/options/length_options.h"
 #include "kxhost/options/tags_arguments.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
 namespace kx
 {
 
@@ -21,6 +24,31 @@ bool takeFile(const QStringList& arguments, SequenceOptions* options, QString* e
             ? QStringLiteral("nothing to run; name the file of a sequence")
             : QStringLiteral("%1: unexpected; one sequence is run at a time").arg(arguments.at(1));
     return false;
+}
+
+/// Whatever links lead to it.
+bool isSameFile(const QString& one, const QString& other)
+{
+    const auto pathOf = [](const QString& name) {
+        const QFileInfo file(name);
+        return file.exists() ? file.canonicalFilePath() : QDir::cleanPath(file.absoluteFilePath());
+    };
+    return pathOf(one) == pathOf(other);
+}
+
+bool takeReport(const QCommandLineParser& parser, SequenceOptions* options, QString* error)
+{
+    options->report = parser.value(QStringLiteral("junit"));
+    if (!parser.isSet(QStringLiteral("junit")))
+        return true;
+    if (options->report.isEmpty())
+        *error = QStringLiteral("--junit: needs the name of a file");
+    else if (options->checks)
+        *error =
+            QStringLiteral("--junit: has no use with --check, which does nothing to report of");
+    else if (isSameFile(options->report, options->file))
+        *error = QStringLiteral("--junit %1: is the sequence itself").arg(options->report);
+    return error->isEmpty();
 }
 
 /// What tells how the file is to be read.
@@ -53,13 +81,9 @@ bool parseSequenceOptions(const QCommandLineParser& parser, SequenceOptions* opt
 {
     options->checks = parser.isSet(QStringLiteral("check"));
     options->tagsFiles = parser.values(QStringLiteral("tags"));
-    options->report = parser.value(QStringLiteral("junit"));
-    if (!takeFile(parser.positionalArguments(), options, error))
+    if (!takeFile(parser.positionalArguments(), options, error)
+        || !takeReport(parser, options, error))
         return false;
-    if (parser.isSet(QStringLiteral("junit")) && options->report.isEmpty()) {
-        *error = QStringLiteral("--junit: needs the name of a file");
-        return false;
-    }
     ConnectionOptions* const connection = &options->connection;
     return parseWordOrder(parser, &options->order, error)
            && (options->checks ? parseReading(parser, connection, error)

@@ -70,6 +70,11 @@ void SequenceOptionsTest::faults_data()
                              << "no line; name one with --port or --tcp, or use --simulate";
     QTest::newRow("a report without name") << "kxhost a.kxs --simulate --junit="
                                            << "--junit: needs the name of a file";
+    QTest::newRow("a report of a check")
+        << "kxhost a.kxs --check --junit report.xml"
+        << "--junit: has no use with --check, which does nothing to report of";
+    QTest::newRow("a report in place of the sequence") << "kxhost a.kxs --simulate --junit ./a.kxs"
+                                                       << "--junit ./a.kxs: is the sequence itself";
     QTest::newRow("a wrong station of a check")
         << "kxhost a.kxs --check --station 0"
         << "--station 0: must be a whole number from 1 to 247";
