@@ -42,10 +42,8 @@ void CompletionTest::theScriptIsGoodBash()
 void CompletionTest::everyCommandIsOffered()
 {
     QCOMPARE(completed(QLatin1String("''")),
-             (QStringList{"--help", "--simulate", "--version", "check",   "compare",
-                          "dump",   "listen",     "plan",      "ports",   "raw",
-                          "read",   "recipe",     "registers", "restore", "run",
-                          "scan",   "series",     "tags",      "watch",   "write"}));
+    QCOMPARE(completed(QLatin1String("''")),
+ (QStringList{"--help", "--simulate", "--version", "check", "compare", "dump", "listen", "plan", "ports", "raw", "read", "recipe", "registers", "restore", "run", "scan", "series", "tags", "watch", "write"}));
 }
 
 void CompletionTest::whatIsOffered_data()

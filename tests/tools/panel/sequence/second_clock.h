@@ -18,12 +18,14 @@ public:
     void wakeAfter(qint64 microseconds) override
     {
         const int asked = ++m_asked;
-        m_clock->after(microseconds, [self = QPointer<SecondClock>(this), asked] {
+        m_clock->after(microseconds + late, [self = QPointer<SecondClock>(this), asked] {
             if (self && self->m_asked == asked)
                 emit self->woken();
         });
     }
     void cancel() override { ++m_asked; }
+
+    qint64 late = 0; ///< microseconds that it wakes late, as in a busy program
 
 private:
     VirtualClock* m_clock;

@@ -72,6 +72,7 @@ public:
     QList<quint32> memory(const char* range) { return m_polling.memory(range); }
     const QStringList& asked() const { return m_polling.asked(); }
     PollingRun& polling() { return m_polling; }
+    SecondClock& clock() { return m_clock; }
 
 private:
     PollingRun m_polling;
@@ -99,6 +100,8 @@ private slots:
     void aWaitEndsWhenItIsMet();
     void aWaitEndsInTime();
     void anAnswerThatIsLateDoesNotCount();
+    void aBusyProgramMakesNoWaitLonger();
+    void theTimeOfAWaitEndsNoOtherStep();
     void aPauseTakesItsTime();
     void oneBitOfAWordIsWritten();
     void theFirstFailureSkipsTheRest();
@@ -140,9 +143,9 @@ void SequenceRunTest::outcomes_data()
     QTest::newRow("nobody confirms") << QByteArray("write D7@9 = 7") << "1 failed D7@9: no reply";
     QTest::newRow("a wait that nobody answers")
         << QByteArray("wait D7@9 = 7 within 1min") << "1 failed D7@9: no reply";
-    QTest::newRow("a wait that is met at once") << QByteArray("wait level = 7 within 1ms")
-                                                << "1 failed level (D7@1) was not read in time, "
-                                                   "expected = 7";
+    QTest::newRow("a wait shorter than a request") << QByteArray("wait level = 7 within 1ms")
+                                                   << "1 failed level (D7@1) was not read in time, "
+                                                      "expected = 7";
 }
 
 void SequenceRunTest::outcomes()
@@ -201,6 +204,24 @@ void SequenceRunTest::anAnswerThatIsLateDoesNotCount()
     QCOMPARE(bench.results.first().microseconds, 4 * MILLISECOND);
     QCOMPARE(bench.texts.first(),
              QStringLiteral("1 failed level (D7@1) was not read in time, expected = 8"));
+}
+
+// The value comes behind the time, and its answer before the wake-up.
+void SequenceRunTest::aBusyProgramMakesNoWaitLonger()
+{
+    Bench bench("wait level = 8 within 100ms");
+    bench.clock().late = 500 * MILLISECOND;
+    bench.setAfter(101, "D7@1=8");
+    QVERIFY(bench.toItsEnd());
+    QCOMPARE(bench.texts, QStringList{"1 failed level (D7@1) is 0, expected = 8"});
+    QVERIFY(bench.results.first().microseconds < 200 * MILLISECOND);
+}
+
+void SequenceRunTest::theTimeOfAWaitEndsNoOtherStep()
+{
+    Bench bench("wait level = 0 within 100ms\nexpect D7@9 = 0");
+    QVERIFY(bench.toItsEnd());
+    QCOMPARE(bench.texts, (QStringList{"1 passed 0", "2 failed D7@9: no reply"}));
 }
 
 void SequenceRunTest::aPauseTakesItsTime()
