@@ -74,10 +74,13 @@ libkxruntime, which does.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME tarvelan-kx-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${runtime_of_same_version}")
+# Qt loads its plug-in for SQLite, which no tool sees; recording to a table does without.
+set(qt5_sqlite libqt5sql5-sqlite)
+set(qt6_sqlite libqt6sql6-sqlite)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${runtime_of_same_version}, ${qt${KX_QT}_sqlite}")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "tools for KX series controllers on Modbus RTU
 kxhost watches, reads and writes the memory of a KX series programmable
-controller, transfers recipes and scans a line. kxsim is a simulated
+controller, records values, transfers recipes and scans a line. kxsim is a simulated
 controller.")
 
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libtarvelan-kx-series-doc)

@@ -1,12 +1,12 @@
 # Qt of the chosen major version, under the target names Kx::Core, Kx::Test,
-# Kx::SerialPort and Kx::Network.
+# Kx::SerialPort, Kx::Network and Kx::Sql.
 
 set(KX_QT_COMPONENTS Core)
 if(BUILD_TESTING)
   list(APPEND KX_QT_COMPONENTS Test)
 endif()
 if(KX_BUILD_TOOLS)
-  list(APPEND KX_QT_COMPONENTS SerialPort Network)
+  list(APPEND KX_QT_COMPONENTS SerialPort Network Sql)
 endif()
 
 if(KX_QT EQUAL 4)

@@ -24,10 +24,14 @@ int runPorts(const QStringList& arguments);
 int runRaw(const QStringList& arguments);
 /// Reads values once.
 int runRead(const QStringList& arguments);
+/// Records values in a file.
+int runRecord(const QStringList& arguments);
 /// Transfers a file of values.
 int runRecipe(const QStringList& arguments);
 /// Shows the driver's register types.
 int runRegisters(const QStringList& arguments);
+/// Prints a recording.
+int runReplay(const QStringList& arguments);
 /// Finds the stations that answer on a line.
 int runScan(const QStringList& arguments);
 /// Gives controllers the values of a dump.

@@ -56,6 +56,7 @@ _kxhost_takes_number()
 {
     case $1 in
         --station | -a | --timeout | -t | --settle | --quiet | --retries | -r | --reopen) ;;
+        --every | --for | --rotate) ;;
         --max-bits | --interval | --tcp | --fault-seed | --fault-delay | --cycles) ;;
         --seconds | --stations) ;;
         --count | -n | --step | --turnaround | --data-type | --access | --only) ;;

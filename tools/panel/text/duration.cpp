@@ -18,14 +18,14 @@ struct Unit {
 const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
 const qint64 DAY = 86400000000; // microseconds
 
-const Unit UNITS[] = {{"us", 1}, {"ms", 1e3}, {"s", 1e6}, {"min", 60e6}, {"", 1e3}};
+const Unit UNITS[] = {{"us", 1}, {"ms", 1e3}, {"s", 1e6}, {"min", 60e6}, {"h", 3600e6}, {"", 1e3}};
 
 } // namespace
 
 bool parseDuration(const QString& text, qint64 longest, qint64* microseconds)
 {
     static const QRegularExpression pattern(
-        QStringLiteral("\\A([0-9]+(?:\\.[0-9]+)?) ?(us|ms|s|min)?\\z"));
+        QStringLiteral("\\A([0-9]+(?:\\.[0-9]+)?) ?(us|ms|s|min|h)?\\z"));
     const QRegularExpressionMatch match = pattern.match(text);
     if (!match.hasMatch())
         return false;

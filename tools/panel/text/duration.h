@@ -9,7 +9,7 @@
 namespace kx
 {
 
-/// "5ms", "5", "2.5 ms", "800us", "0.1s" or "5min" as microseconds, at most `longest`; false for
+/// "5ms", "5", "2.5 ms", "800us", "0.1s", "5min" or "8h" as microseconds, at most `longest`; false for
 /// anything else. A bare number is milliseconds.
 KXRUNTIME_EXPORT bool parseDuration(const QString& text, qint64 longest, qint64* microseconds);
 

@@ -16,9 +16,10 @@ using namespace kx;
 namespace
 {
 
-const char* const COMMANDS[] = {"watch",  "read", "write",   "recipe",  "check", "registers",
-                                "series", "plan", "ports",   "scan",    "raw",   "listen",
-                                "tags",   "dump", "compare", "restore", "run"};
+const char* const COMMANDS[] = {"watch",     "read",   "write",  "recipe", "check",
+                                "registers", "series", "plan",   "ports",  "scan",
+                                "raw",       "listen", "tags",   "dump",   "compare",
+                                "restore",   "run",    "record", "replay"};
 
 QSet<QString> optionsIn(const QString& text)
 {

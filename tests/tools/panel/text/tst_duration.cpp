@@ -30,6 +30,7 @@ void DurationTest::aDurationIsRead_data()
     QTest::newRow("seconds") << "0.1s" << qint64(100000);
     QTest::newRow("nothing") << "0" << qint64(0);
     QTest::newRow("minutes") << "1.5min" << qint64(90000000);
+    QTest::newRow("a part of an hour") << "0.01h" << qint64(36000000);
     QTest::newRow("the longest") << "5min" << qint64(300000000);
 }
 

@@ -1,0 +1,70 @@
+#include "kxhost/record/replay_text.h"
+
+#include "kxhost/views/printed_views.h"
+#include "panel/text/json_time.h"
+
+namespace kx
+{
+
+namespace
+{
+
+QDateTime timeOf(const RecordedEvent& event)
+{
+    return QDateTime::fromMSecsSinceEpoch(event.time);
+}
+
+/// As a number where JSON holds it exactly.
+QJsonValue jsonValue(const RecordedValue& value)
+{
+    bool isInteger = false;
+    const qint64 integer = value.text.toLongLong(&isInteger);
+    const qint64 largest = Q_INT64_C(1) << 53;
+    if (!value.isNumber || (isInteger && qAbs(integer) > largest))
+        return value.text;
+    if (isInteger)
+        return integer;
+    bool isNumber = false;
+    const double number = value.text.toDouble(&isNumber);
+    return isNumber && qIsFinite(number) ? QJsonValue(number) : QJsonValue(value.text);
+}
+
+} // namespace
+
+QString replayRow(const RecordedTag& tag, const RecordedEvent& event)
+{
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(timeOf(event).toString(Qt::ISODateWithMs), QString::number(tag.station),
+             withName(tag.address, tag.name),
+             event.isGap ? gapText(event.reason) : event.value.text);
+}
+
+QJsonObject replayJson(const RecordedTag& tag, const RecordedEvent& event)
+{
+    QJsonObject json;
+    json[QLatin1String("event")] = QLatin1String(event.isGap ? "failure" : "change");
+    json[QLatin1String("time")] = jsonTime(timeOf(event));
+    json[QLatin1String("station")] = tag.station;
+    json[QLatin1String("address")] = tag.address;
+    if (!tag.name.isEmpty())
+        json[QLatin1String("name")] = tag.name;
+    if (!tag.unit.isEmpty())
+        json[QLatin1String("unit")] = tag.unit;
+    if (event.isGap)
+        json[QLatin1String("state")] = gapText(event.reason);
+    else
+        json[QLatin1String("value")] = jsonValue(event.value);
+    return json;
+}
+
+bool ReplayFilter::isNews(const RecordedEvent& event)
+{
+    RecordedEvent& last = m_last[event.tag];
+    const bool isFirst = last.time == 0;
+    const bool isSame = last.isGap == event.isGap
+                        && (event.isGap ? last.reason == event.reason : last.value == event.value);
+    last = event;
+    return isFirst || !isSame;
+}
+
+} // namespace kx

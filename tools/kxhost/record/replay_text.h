@@ -1,0 +1,32 @@
+/// A recording as a watch would have shown it.
+#ifndef KX_KXHOST_RECORD_REPLAY_TEXT_H
+#define KX_KXHOST_RECORD_REPLAY_TEXT_H
+
+#include "recording/recorded.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QVector>
+
+namespace kx
+{
+
+/// "2024-05-17T10:11:12.013 1 D100 (Pump speed) 1234", or "... no answer" of a gap; in local
+/// time.
+QString replayRow(const RecordedTag& tag, const RecordedEvent& event);
+QJsonObject replayJson(const RecordedTag& tag, const RecordedEvent& event);
+
+/// Which events say something new: a recording may hold a value again and again.
+class ReplayFilter
+{
+public:
+    explicit ReplayFilter(int tags) : m_last(tags) {}
+
+    bool isNews(const RecordedEvent& event);
+
+private:
+    QVector<RecordedEvent> m_last; ///< of each tag
+};
+
+} // namespace kx
+
+#endif

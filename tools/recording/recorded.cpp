@@ -1,0 +1,55 @@
+#include "recording/recorded.h"
+
+namespace kx
+{
+
+namespace
+{
+
+struct ReasonText {
+    GapReason reason;
+    const char* text;
+};
+
+const ReasonText REASONS[] = {
+    {GapReason::NotYetRead, "not yet read"},
+    {GapReason::NoAnswer, "no answer"},
+    {GapReason::Refused, "refused"},
+    {GapReason::LineLost, "line lost"},
+    {GapReason::RecorderStopped, "recorder stopped"},
+};
+
+} // namespace
+
+bool RecordedTag::operator==(const RecordedTag& other) const
+{
+    return name == other.name && station == other.station && address == other.address
+           && unit == other.unit;
+}
+
+bool RecordedValue::operator==(const RecordedValue& other) const
+{
+    return text == other.text && isNumber == other.isNumber;
+}
+
+QString gapText(GapReason reason)
+{
+    for (const ReasonText& row : REASONS) {
+        if (row.reason == reason)
+            return QString::fromLatin1(row.text);
+    }
+    return QString();
+}
+
+bool parseGapText(const QString& text, GapReason* reason)
+{
+    for (const ReasonText& row : REASONS) {
+        if (text == QLatin1String(row.text)) {
+            *reason = row.reason;
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace kx

@@ -1,0 +1,36 @@
+#include "recording/recording_writer.h"
+
+#include "recording/csv_recording_writer.h"
+#include "recording/sqlite_recording_writer.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QStringList>
+
+namespace kx
+{
+
+namespace
+{
+
+QString suffixOf(const QString& path)
+{
+    return QFileInfo(path).suffix().toLower();
+}
+
+} // namespace
+
+bool isRecordingName(const QString& path)
+{
+    static const QStringList suffixes = {QStringLiteral("csv"), QStringLiteral("sqlite"),
+                                         QStringLiteral("sqlite3"), QStringLiteral("db")};
+    return suffixes.contains(suffixOf(path)) && !QFileInfo(path).completeBaseName().isEmpty();
+}
+
+std::unique_ptr<RecordingWriter> recordingWriterFor(const QString& path, bool keepsValues)
+{
+    if (suffixOf(path) == QLatin1String("csv"))
+        return std::make_unique<CsvRecordingWriter>(keepsValues);
+    return std::make_unique<SqliteRecordingWriter>();
+}
+
+} // namespace kx
