@@ -113,6 +113,11 @@ def watch_lists(table):
     table.flat("a change taken by a list of 1,000 to 100,000", "list_change", sizes, per=0)
 
 
+def recording(table):
+    table.figure("recording 1,000 values in a table (CSV)", "record_csv")
+    table.figure("recording 1,000 values in a database (SQLite)", "record_sqlite")
+
+
 def crc(table):
     f = table.figures
     peer = (f["libmodbus_send_raw/254"] - f["libmodbus_send_raw/14"]) / 240 * REPLY_BYTES
@@ -154,7 +159,7 @@ def main():
     arguments = parser.parse_args()
 
     table = Table(read_figures(arguments.results))
-    for part in (polls, planning, values, watch_lists, crc, memory):
+    for part in (polls, planning, values, watch_lists, recording, crc, memory):
         part(table)
     rows = [("What", "Measured", "Ratio or figure", "Target", "Reached")] + table.rows
     (print_markdown if arguments.markdown else print_plain)(rows)

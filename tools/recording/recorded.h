@@ -12,7 +12,7 @@ namespace kx
 struct RecordedTag {
     QString name;    ///< empty when the address was typed
     int station = 0; ///< 1 to 247
-    QString address; ///< as typed, without blanks and station: "X17"
+    QString address; ///< as typed, without blanks and station: "X17", "D100/float"
     QString unit;    ///< empty: none
 
     bool operator==(const RecordedTag& other) const;

@@ -52,9 +52,9 @@ bool SqliteRecordingReader::open(const QString& path, QString* error)
         if (m_connection.number(QStringLiteral("PRAGMA application_id")) != RECORDING_APPLICATION)
             fault = QStringLiteral("is no recording; kxhost record makes them");
         else if (readTags(&fault)
-                 && start(&m_samples, false, "SELECT time, tag, value FROM samples ORDER BY rowid",
-                          &fault)
-                 && start(&m_gaps, true, "SELECT since, tag, reason, until FROM gaps ORDER BY id",
+                 && start(&m_samples, false,
+                          "SELECT time, tag, value, rowid FROM samples ORDER BY rowid", &fault)
+                 && start(&m_gaps, true, "SELECT since, tag, reason, behind FROM gaps ORDER BY id",
                           &fault))
             return true;
     }
@@ -102,7 +102,7 @@ void SqliteRecordingReader::advance(Rows* rows)
         return;
     }
     rows->hasEvent = takeEvent(rows->query, rows->isGaps, &rows->event);
-    rows->until = rows->isGaps ? rows->query.value(3).toLongLong() : 0;
+    rows->place = rows->query.value(3).toLongLong();
     if (!rows->hasEvent)
         m_failure = QStringLiteral("%1: a row of %2 is wrong")
                         .arg(m_path, QLatin1String(rows->isGaps ? "gaps" : "samples"));
@@ -124,10 +124,8 @@ bool SqliteRecordingReader::next(RecordedEvent* event)
 {
     if (!m_failure.isEmpty() || (!m_samples.hasEvent && !m_gaps.hasEvent))
         return false;
-    // Of a tag's value and gap in one millisecond, a gap that ended in it came first.
-    const bool isOver = m_gaps.until == m_gaps.event.time;
-    const bool gapFirst = m_gaps.event.time < m_samples.event.time
-                          || (m_gaps.event.time == m_samples.event.time && isOver);
+    // Times do not tell: several things may happen in a millisecond, and clocks are set back.
+    const bool gapFirst = m_gaps.place < m_samples.place;
     Rows* const rows = !m_samples.hasEvent || (m_gaps.hasEvent && gapFirst) ? &m_gaps : &m_samples;
     *event = rows->event;
     advance(rows);

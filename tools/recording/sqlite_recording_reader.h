@@ -26,7 +26,7 @@ private:
         bool isGaps = false;
         bool hasEvent = false;
         RecordedEvent event; ///< the next one
-        qint64 until = 0;    ///< of a gap; 0: it lasts
+        qint64 place = 0;    ///< rowid of a sample, or of the sample that a gap stands behind
     };
 
     bool readTags(QString* fault);

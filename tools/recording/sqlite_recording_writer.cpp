@@ -1,5 +1,7 @@
 #include "recording/sqlite_recording_writer.h"
 
+#include "recording/sqlite_recording_tables.h"
+
 #include <QtCore/QFileInfo>
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
@@ -11,26 +13,6 @@ namespace kx
 
 namespace
 {
-
-// A sample's value has no type of its own, so that SQLite keeps what it gets.
-const char* const TABLES[] = {
-    "CREATE TABLE IF NOT EXISTS tags(id INTEGER PRIMARY KEY, name TEXT NOT NULL, "
-    "station INTEGER NOT NULL, address TEXT NOT NULL, unit TEXT NOT NULL, "
-    "UNIQUE(name, station, address, unit))",
-    "CREATE TABLE IF NOT EXISTS samples(time INTEGER NOT NULL, "
-    "tag INTEGER NOT NULL REFERENCES tags(id), value)",
-    "CREATE TABLE IF NOT EXISTS gaps(id INTEGER PRIMARY KEY, "
-    "tag INTEGER NOT NULL REFERENCES tags(id), since INTEGER NOT NULL, until INTEGER, "
-    "reason TEXT NOT NULL)",
-    "CREATE VIEW IF NOT EXISTS recording AS "
-    "SELECT strftime('%Y-%m-%dT%H:%M:%fZ', samples.time / 1000.0, 'unixepoch') AS time, "
-    "name, station, address, unit, value, NULL AS gap, NULL AS until "
-    "FROM samples JOIN tags ON tags.id = samples.tag UNION ALL "
-    "SELECT strftime('%Y-%m-%dT%H:%M:%fZ', since / 1000.0, 'unixepoch'), "
-    "name, station, address, unit, NULL, reason, "
-    "strftime('%Y-%m-%dT%H:%M:%fZ', until / 1000.0, 'unixepoch') "
-    "FROM gaps JOIN tags ON tags.id = gaps.tag",
-};
 
 /// A number as one where SQLite holds it exactly; not-a-number would become null.
 QVariant storedValue(const RecordedValue& value)
@@ -63,38 +45,14 @@ bool SqliteRecordingWriter::open(const QString& path, const QList<RecordedTag>& 
     m_path = path;
     m_tags = tags;
     QString fault;
-    if (m_connection.open(path, &fault) && prepareFile(&fault) && prepareTags(&fault)
-        && prepareQueries(&fault)) {
+    if (m_connection.open(path, &fault) && prepareTables(m_connection, &fault)
+        && prepareTags(&fault) && prepareQueries(&fault)) {
         stopEarlierRun();
         return true;
     }
     closeDatabase();
     *error = QStringLiteral("%1: cannot be recorded into: %2").arg(path, fault);
     return false;
-}
-
-bool SqliteRecordingWriter::prepareFile(QString* fault)
-{
-    const qint64 tables = m_connection.number(QStringLiteral("SELECT count(*) FROM sqlite_master"));
-    const qint64 application = m_connection.number(QStringLiteral("PRAGMA application_id"));
-    if (tables != 0 && application != RECORDING_APPLICATION) {
-        *fault = QStringLiteral("it holds something else; name another file");
-        return false;
-    }
-    const QStringList settings = {
-        QStringLiteral("PRAGMA application_id = %1").arg(RECORDING_APPLICATION),
-        QStringLiteral("PRAGMA journal_mode = WAL"),
-        // A power failure may take the last commits, but leaves the file in order.
-        QStringLiteral("PRAGMA synchronous = NORMAL")};
-    for (const QString& setting : settings) {
-        if (!m_connection.run(setting, fault))
-            return false;
-    }
-    for (const char* const table : TABLES) {
-        if (!m_connection.run(QLatin1String(table), fault))
-            return false;
-    }
-    return true;
 }
 
 bool SqliteRecordingWriter::prepareTags(QString* fault)
@@ -145,7 +103,9 @@ bool SqliteRecordingWriter::prepareQueries(QString* fault)
         return false;
     };
     return prepare(&m_insertSample, "INSERT INTO samples VALUES(?, ?, ?)")
-           && prepare(&m_insertGap, "INSERT INTO gaps(tag, since, reason) VALUES(?, ?, ?)")
+           && prepare(&m_insertGap,
+                      "INSERT INTO gaps(tag, since, reason, behind) "
+                      "VALUES(?, ?, ?, (SELECT coalesce(max(rowid), 0) FROM samples))")
            && prepare(&m_endGap, "UPDATE gaps SET until = ? WHERE id = ?");
 }
 

@@ -14,7 +14,8 @@ namespace kx
 ///
 ///     tags(id, name, station, address, unit)
 ///     samples(time, tag, value)             a number is stored as one, text as text
-///     gaps(id, tag, since, until, reason)   until: null as long as the gap lasts
+///     gaps(id, tag, since, until, reason, behind)   until: null as long as it lasts;
+///                                           behind: the row of samples before it, 0: none
 ///     recording                             a view of all, with times as text
 ///
 /// No index: it would cost more writing than the samples. Needs a QCoreApplication.
@@ -31,7 +32,6 @@ public:
     qint64 size() const override;
 
 private:
-    bool prepareFile(QString* fault);
     bool prepareTags(QString* fault);
     bool takeTag(const RecordedTag& tag, QString* fault);
     bool prepareQueries(QString* fault);

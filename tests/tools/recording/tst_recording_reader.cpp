@@ -72,11 +72,14 @@ void RecordingReaderTest::bothKindsTellTheSame()
     writer->sample(START + 1, 1, {QStringLiteral("0x0007"), false});
     writer->gap(START + 2, 1, GapReason::Refused);
     writer->sample(START + 3, 0, number("-7"));
+    writer->gap(START + 3, 0, GapReason::LineLost);
     writer->gap(START + 3, 0, GapReason::RecorderStopped);
+    writer->sample(START - 3600000, 1, number("8")); // the clock was set back
     QVERIFY(writer->close());
-    QCOMPARE(eventsOf(path),
-             QStringList({"0 0 [not yet read]", "0 0 4.5", "1 0 1e+20", "1 1 '0x0007'",
-                          "2 1 [refused]", "3 0 -7", "3 0 [recorder stopped]"}));
+    QCOMPARE(
+        eventsOf(path),
+        QStringList({"0 0 [not yet read]", "0 0 4.5", "1 0 1e+20", "1 1 '0x0007'", "2 1 [refused]",
+                     "3 0 -7", "3 0 [line lost]", "3 0 [recorder stopped]", "-3600000 1 8"}));
     const std::unique_ptr<RecordingReader> reader = openRecording(path, &error);
     QVERIFY(reader);
     QCOMPARE(reader->tags(), pumpTags());
@@ -130,7 +133,7 @@ void RecordingReaderTest::aWrongDatabaseRowIsTold_data()
     QTest::newRow("a tag that is none") << "INSERT INTO samples VALUES(1700000000001, 9, 1)"
                                         << "a row of samples is wrong";
     QTest::newRow("a reason that is none")
-        << "INSERT INTO gaps(tag, since, reason) VALUES(1, 1700000000001, 'asleep')"
+        << "INSERT INTO gaps(tag, since, reason, behind) VALUES(1, 1700000000001, 'asleep', 0)"
         << "a row of gaps is wrong";
 }
 

@@ -29,14 +29,26 @@ QJsonValue jsonValue(const RecordedValue& value)
     return isNumber && qIsFinite(number) ? QJsonValue(number) : QJsonValue(value.text);
 }
 
+/// Without its format.
+QString placeOf(const RecordedTag& tag)
+{
+    return tag.address.section(QLatin1Char('/'), 0, 0);
+}
+
+QString valueOf(const RecordedTag& tag, const RecordedEvent& event)
+{
+    if (event.isGap)
+        return gapText(event.reason);
+    return tag.unit.isEmpty() ? event.value.text : event.value.text + QLatin1Char(' ') + tag.unit;
+}
+
 } // namespace
 
 QString replayRow(const RecordedTag& tag, const RecordedEvent& event)
 {
     return QStringLiteral("%1 %2 %3 %4")
         .arg(timeOf(event).toString(Qt::ISODateWithMs), QString::number(tag.station),
-             withName(tag.address, tag.name),
-             event.isGap ? gapText(event.reason) : event.value.text);
+             withName(placeOf(tag), tag.name), valueOf(tag, event));
 }
 
 QJsonObject replayJson(const RecordedTag& tag, const RecordedEvent& event)
@@ -45,7 +57,10 @@ QJsonObject replayJson(const RecordedTag& tag, const RecordedEvent& event)
     json[QLatin1String("event")] = QLatin1String(event.isGap ? "failure" : "change");
     json[QLatin1String("time")] = jsonTime(timeOf(event));
     json[QLatin1String("station")] = tag.station;
-    json[QLatin1String("address")] = tag.address;
+    json[QLatin1String("address")] = placeOf(tag);
+    const QString format = tag.address.section(QLatin1Char('/'), 1);
+    if (!format.isEmpty())
+        json[QLatin1String("format")] = format;
     if (!tag.name.isEmpty())
         json[QLatin1String("name")] = tag.name;
     if (!tag.unit.isEmpty())

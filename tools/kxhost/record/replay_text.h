@@ -10,7 +10,7 @@
 namespace kx
 {
 
-/// "2024-05-17T10:11:12.013 1 D100 (Pump speed) 1234", or "... no answer" of a gap; in local
+/// "2024-05-17T10:11:12.013 1 D100 (Pump speed) 12.5 m/s", or "... no answer" of a gap; in local
 /// time.
 QString replayRow(const RecordedTag& tag, const RecordedEvent& event);
 QJsonObject replayJson(const RecordedTag& tag, const RecordedEvent& event);

@@ -46,7 +46,12 @@ void ReplayTextTest::rowsAreThoseOfAWatch()
 {
     const QList<RecordedTag> tags = pumpTags();
     QCOMPARE(replayRow(tags.first(), valueAt(START + 7, number("4.5"))),
-             QStringLiteral("2023-11-14T22:13:20.007 1 D100 (Pressure) 4.5"));
+             QStringLiteral("2023-11-14T22:13:20.007 1 D100 (Pressure) 4.5 bar"));
+    const RecordedTag flow = {{}, 1, QStringLiteral("D100/float"), {}};
+    QCOMPARE(replayRow(flow, valueAt(START, number("0.1"))),
+             QStringLiteral("2023-11-14T22:13:20.000 1 D100 0.1"));
+    QCOMPARE(replayJson(flow, valueAt(START, number("0.1")))[QLatin1String("format")].toString(),
+             QStringLiteral("float"));
     QCOMPARE(replayRow(tags.last(), gapAt(START, GapReason::LineLost)),
              QStringLiteral("2023-11-14T22:13:20.000 2 Y10 line lost"));
 }
