@@ -1,6 +1,7 @@
 #include "kxhost/commands/commands.h"
 
 #include "kxhost/commands/connection.h"
+#include "kxhost/commands/run_to_end.h"
 #include "kxhost/options/command_parser.h"
 #include "kxhost/options/length_options.h"
 #include "kxhost/record/record_run.h"
@@ -37,6 +38,7 @@ int record(const RecordOptions& options)
     const int result = openSession(options.connection, &host);
     if (result != EXIT_FINE)
         return result;
+    showFrames(host.session.get(), options.connection);
     RecordRun run(host.session.get(), options);
     const Interrupt interrupt;
     QObject::connect(&interrupt, &Interrupt::interrupted, &run, &RecordRun::finish);

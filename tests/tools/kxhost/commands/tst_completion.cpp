@@ -42,8 +42,10 @@ void CompletionTest::theScriptIsGoodBash()
 void CompletionTest::everyCommandIsOffered()
 {
     QCOMPARE(completed(QLatin1String("''")),
-    QCOMPARE(completed(QLatin1String("''")),
- (QStringList{"--help", "--simulate", "--version", "check", "compare", "dump", "listen", "plan", "ports", "raw", "read", "recipe", "record", "registers", "replay", "restore", "run", "scan", "series", "tags", "watch", "write"}));
+             (QStringList{"--help", "--simulate", "--version", "check",   "compare", "dump",
+                          "listen", "plan",       "ports",     "raw",     "read",    "recipe",
+                          "record", "registers",  "replay",    "restore", "run",     "scan",
+                          "series", "tags",       "watch",     "write"}));
 }
 
 void CompletionTest::whatIsOffered_data()
@@ -51,8 +53,7 @@ void CompletionTest::whatIsOffered_data()
     QTest::addColumn<QString>("words");
     QTest::addColumn<QStringList>("offered");
     QTest::newRow("commands by their beginning")
-        QCOMPARE(completed(QLatin1String("''")),
-                 (QStringList{"re", "read", "recipe", "record", "registers", "replay", "restore"}));
+        << "re" << QStringList{"read", "recipe", "record", "registers", "replay", "restore"};
     QTest::newRow("a command behind a switch") << "--simulate sc" << QStringList{"scan"};
     QTest::newRow("options by their beginning") << "watch D100 --ti" << QStringList{"--timeout"};
     QTest::newRow("options of this command only") << "series --st" << QStringList{"--step"};

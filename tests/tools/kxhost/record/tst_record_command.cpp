@@ -68,6 +68,7 @@ private slots:
     void aFullDiskEndsItInOneLine_data();
     void aFullDiskEndsItInOneLine();
     void jsonTellsFilesAndCounts();
+    void framesAreShown();
     void wrongUsage_data();
     void wrongUsage();
 
@@ -302,6 +303,15 @@ void RecordCommandTest::jsonTellsFilesAndCounts()
     QCOMPARE(summary[QLatin1String("event")].toString(), QStringLiteral("summary"));
     QCOMPARE(summary[QLatin1String("samples")].toInt(), 2);
     QCOMPARE(summary[QLatin1String("gaps")].toInt(), 2);
+}
+
+void RecordCommandTest::framesAreShown()
+{
+    const KxsimProcess simulator(presets("D100=5") << QStringLiteral("--still"));
+    const CommandResult result = runCommand(
+        recordOn(simulator, "D100 --changes --cycles 1 --frames", m_folder.path("frames.csv")));
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY(holds(result.output, "station 01, function 03, address 00 64, quantity 00 01"));
 }
 
 void RecordCommandTest::wrongUsage_data()
