@@ -5,6 +5,7 @@
 
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtCore/QStringList>
 
 namespace kx
@@ -74,7 +75,9 @@ bool parseGapGroup(const QString& group, const QList<RecordedTag>& tags, qint64 
     if (!parseGapText(group.section(QLatin1String(": "), 0, 0), &event.reason))
         return false;
     const bool isOfAll = !group.contains(QLatin1String(": "));
-    const QStringList places = group.section(QLatin1String(": "), 1).split(QLatin1Char(' '));
+    QSet<QString> places; // there may be many
+    for (const QString& place : group.section(QLatin1String(": "), 1).split(QLatin1Char(' ')))
+        places.insert(place);
     for (event.tag = 0; event.tag < tags.size(); ++event.tag) {
         if (isOfAll || places.contains(placeOf(tags.at(event.tag))))
             *events << event;

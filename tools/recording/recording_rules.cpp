@@ -15,6 +15,8 @@ const qint64 SMALLEST_FILE = 64 * 1024;       // bytes
 const qint64 LONGEST_FILE = 366 * 86400000LL; // milliseconds
 const qint64 LARGEST_FILE = 1024LL << 30;     // bytes
 
+const qint64 EARLY = 10; // the part of a distance that a timer may be early, one tenth
+
 struct Unit {
     const char* name;
     qint64 bytes;
@@ -35,6 +37,12 @@ void FlushRule::onRecord(qint64 time)
 bool FlushRule::isDue(qint64 now) const
 {
     return m_since >= 0 && (now < m_since || now - m_since >= LONGEST_WAIT);
+}
+
+qint64 untilNextSample(qint64 now, qint64 every)
+{
+    const qint64 left = every - now % every;
+    return left * EARLY < every ? left + every : left;
 }
 
 bool RotationRule::isDue(qint64 begin, qint64 now, qint64 size) const

@@ -21,6 +21,11 @@ private:
     qint64 m_since = -1; ///< the first record that waits; -1: none does
 };
 
+/// Milliseconds to the next whole multiple of `every`, at which samples of several machines lie
+/// side by side. A timer that was a little early does not sample twice.
+/// @param every more than 0
+qint64 untilNextSample(qint64 now, qint64 every);
+
 /// Neither: one file for ever.
 struct RotationRule {
     qint64 bytes = 0;        ///< a file that has so many is finished

@@ -11,6 +11,8 @@ class RecordingRulesTest : public QObject
 private slots:
     void aRecordWaitsForHalfASecond();
     void aClockThatIsSetBackHoldsNothingUp();
+    void samplesComeAtWholeMultiples_data();
+    void samplesComeAtWholeMultiples();
     void aRotationIsRead_data();
     void aRotationIsRead();
     void aWrongRotationIsRefused_data();
@@ -38,6 +40,25 @@ void RecordingRulesTest::aClockThatIsSetBackHoldsNothingUp()
     FlushRule rule;
     rule.onRecord(1000);
     QVERIFY(rule.isDue(999));
+}
+
+void RecordingRulesTest::samplesComeAtWholeMultiples_data()
+{
+    QTest::addColumn<qint64>("now");
+    QTest::addColumn<qint64>("left");
+    const qint64 second = 1700000000000;
+    QTest::newRow("at one") << second << qint64(1000);
+    QTest::newRow("a little late") << second + 3 << qint64(997);
+    QTest::newRow("between two") << second + 400 << qint64(600);
+    QTest::newRow("a tenth before") << second + 900 << qint64(100);
+    QTest::newRow("a little early") << second + 901 << qint64(1099);
+    QTest::newRow("by a millisecond") << second + 999 << qint64(1001);
+}
+
+void RecordingRulesTest::samplesComeAtWholeMultiples()
+{
+    QFETCH(qint64, now);
+    QTEST(untilNextSample(now, 1000), "left");
 }
 
 void RecordingRulesTest::aRotationIsRead_data()

@@ -19,6 +19,11 @@ qint64 timeOfDay()
     return QDateTime::currentMSecsSinceEpoch();
 }
 
+bool hasValue(const WatchEntry& entry)
+{
+    return entry.state == WatchState::Ok && entry.isKnown;
+}
+
 } // namespace
 
 RecordRun::RecordRun(Session* session, const RecordOptions& options)
@@ -46,18 +51,24 @@ bool RecordRun::start(QString* error)
     return true;
 }
 
-/// At whole multiples of the distance, so that recordings of several machines lie side by side.
 void RecordRun::startSampling()
 {
     if (m_options.every > 0)
-        m_sample.start(static_cast<int>(m_options.every - timeOfDay() % m_options.every));
+        m_sample.start(static_cast<int>(untilNextSample(timeOfDay(), m_options.every)));
 }
 
 void RecordRun::onSample()
 {
+    takeSample();
+    startSampling();
+}
+
+void RecordRun::takeSample()
+{
+    if (m_options.every == 0)
+        return;
     takeReads();
     m_recorder.sample(timeOfDay());
-    startSampling();
 }
 
 void RecordRun::onServe()
@@ -79,7 +90,7 @@ void RecordRun::onEntries(const QList<int>& indexes)
         const WatchEntry& entry = m_watch.list().entries().at(index);
         if (entry.state != WatchState::Ok && !m_isLineLost)
             m_recorder.onGap(timeOfDay(), index, gapReason(entry));
-        else if (entry.state == WatchState::Ok && m_options.every == 0)
+        else if (hasValue(entry) && m_options.every == 0)
             m_recorder.onRead(timeOfDay(), index, recordedValue(entry));
     }
 }
@@ -90,7 +101,7 @@ void RecordRun::takeReads()
     const QVector<WatchEntry>& entries = m_watch.list().entries();
     for (int index = 0; index < entries.size() && !m_isLineLost; ++index) {
         const WatchEntry& entry = entries.at(index);
-        if (entry.state == WatchState::Ok && entry.readAt > m_freshFrom)
+        if (hasValue(entry) && entry.readAt > m_freshFrom)
             m_recorder.onRead(timeOfDay(), index, recordedValue(entry));
     }
     m_freshFrom = m_watch.now();
@@ -103,7 +114,7 @@ void RecordRun::takeReturns()
     const QVector<WatchEntry>& entries = m_watch.list().entries();
     for (int index = 0; index < entries.size() && m_options.every == 0; ++index) {
         const WatchEntry& entry = entries.at(index);
-        if (entry.state != WatchState::Ok || !m_recorder.isInGap(index))
+        if (!hasValue(entry) || !m_recorder.isInGap(index))
             continue;
         if (entry.readAt > m_freshFrom)
             m_recorder.onRead(timeOfDay(), index, recordedValue(entry));
@@ -134,8 +145,7 @@ void RecordRun::onLink(const LinkEvent& event)
 /// What was read before is still recorded; what is read from now on ends the gap.
 void RecordRun::loseLine()
 {
-    if (m_options.every > 0)
-        onSample();
+    takeSample();
     for (int index = 0; index < m_watch.list().entries().size(); ++index)
         m_recorder.onGap(timeOfDay(), index, GapReason::LineLost);
     m_isLineLost = true;
@@ -173,9 +183,7 @@ void RecordRun::finish()
     m_session->stop();
     m_serve.stop();
     m_sample.stop();
-    if (m_options.every > 0)
-        onSample();
-    m_sample.stop();
+    takeSample();
     m_recorder.finish(timeOfDay());
     if (m_failure.isEmpty())
         m_failure = m_recorder.failure();

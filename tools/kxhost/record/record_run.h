@@ -41,6 +41,7 @@ private:
     void loseLine();
     void onServe();
     void onSample();
+    void takeSample();
     void takeReads();
     void takeReturns();
     void startSampling();
