@@ -1,6 +1,8 @@
 #include "kxhost/options/scan_stations.h"
 #include "kxhost/terminal/prompt_input.h"
+#include "panel/files/tag_assignment.h"
 #include "panel/text/duration.h"
+#include "panel/values/value_address.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
 
@@ -57,6 +59,29 @@ void readAssignment(const QByteArray& text)
     require(assignment.values.size() == assignment.range.values, "one value per address");
 }
 
+/// What is shown of an assignment assigns the same, but for floats that are shown rounded.
+void readTagAssignment(const QByteArray& text)
+{
+    TagAssignment assignment;
+    const auto parse = [&](const QByteArray& whole, QString* error) {
+        return parseTagAssignment(QString::fromUtf8(whole), {}, ValueFormat(), &assignment, error);
+    };
+    if (!takes(parse, text))
+        return;
+    const Tag& tag = assignment.tag;
+    checkRange(tag.range);
+    require(assignment.assignment.values.size() == tag.range.values, "one raw value per address");
+    if (!tag.format.unit.isEmpty() || (isFloating(tag.format) && tag.format.decimals >= 0))
+        return;
+    const QString shown =
+        valueAddressText(tag.range, tag.format) + QLatin1Char('=') + valuesText(assignment);
+    TagAssignment again;
+    QString error;
+    require(parseTagAssignment(shown, {}, ValueFormat(), &again, &error)
+                && again.assignment.values == assignment.assignment.values,
+            "an assignment written out is the same");
+}
+
 void readStations(const QByteArray& text)
 {
     QList<int> stations;
@@ -93,6 +118,12 @@ void type(const QByteArray& keys)
     require(line.text().size() <= 1000, "a typed line is at most 1000 long");
 }
 
+void readAssignments(const QByteArray& text)
+{
+    readAssignment(text);
+    readTagAssignment(text);
+}
+
 } // namespace
 
 void readAddresses(InputReader* input)
@@ -102,7 +133,7 @@ void readAddresses(InputReader* input)
         readRange(input->rest());
         break;
     case 1:
-        readAssignment(input->rest());
+        readAssignments(input->rest());
         break;
     case 2:
         readStations(input->rest());

@@ -32,7 +32,7 @@ struct Tag {
     AddressRange range; ///< all addresses of its values; station -1 when the file leaves it open
     QString comment;
     int interval = -1; ///< milliseconds; 0: in each cycle; -1 when the file leaves it open
-    ValueFormat format = {};
+    ValueFormat format = ValueFormat();
 };
 
 /// Reads the tags of a file, in the file's order.
