@@ -184,6 +184,8 @@ void ValueCodecTest::otherTextGivesTheSame_data()
     row("half of the last digit less", "D100/s16*0.1+5", "12.46", {75});
     row("half of the last digit", "D100/s16*0.1+5", "12.55", {76});
     row("more zeros", "D100/s16*0.1+5", "12.500", {75});
+    row("the minimum itself", "D100/*0.1,min=1,max=2", "1", {10});
+    row("the maximum itself", "D100/*0.1,min=1,max=2", "2.0", {20});
     row("an exponent", "D100/*0.1", "1e2", {1000});
     row("a comma with a backslash", "D100/ascii:1", "\\,", {0x2C00});
     row("a lower-case escape", "D100/ascii:1", "\\x4a\\x4b", {0x4A4B});
