@@ -75,8 +75,7 @@ void TextFileTest::aLargerFileIsRefused()
 void TextFileTest::whatNeverEndsIsRefusedAtTheLimit()
 {
     QVERIFY(!readTextFile(QStringLiteral("/dev/zero"), &m_content, &m_error));
-    QCOMPARE(m_error,
-             QString("/dev/zero: larger than 16 MiB, the most that such a file may have"));
+    QCOMPARE(m_error, QString("/dev/zero: larger than 16 MiB, the most that such a file may have"));
 }
 
 void TextFileTest::whatIsNoFileIsNamed_data()
