@@ -6,6 +6,17 @@ namespace kx
 namespace
 {
 
+struct ComparisonName {
+    const char* name;
+    Comparison comparison;
+};
+
+const ComparisonName COMPARISONS[] = {
+    {"=", Comparison::Equal},   {"!=", Comparison::NotEqual}, {"<", Comparison::Less},
+    {"<=", Comparison::AtMost}, {">", Comparison::Greater},   {">=", Comparison::AtLeast},
+    {"in", Comparison::Within},
+};
+
 /// A number, or an infinity, of which only the sign counts.
 struct Measured {
     Decimal number;
@@ -37,6 +48,17 @@ bool isEqual(const QString& expected, const QString& shown)
 }
 
 } // namespace
+
+bool comparisonOf(const QString& typed, Comparison* comparison)
+{
+    for (const ComparisonName& known : COMPARISONS) {
+        if (typed != QLatin1String(known.name))
+            continue;
+        *comparison = known.comparison;
+        return true;
+    }
+    return false;
+}
 
 bool isMet(const Condition& condition, const QString& shown)
 {

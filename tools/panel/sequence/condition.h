@@ -9,6 +9,9 @@ namespace kx
 
 enum class Comparison { Equal, NotEqual, Less, AtMost, Greater, AtLeast, Within };
 
+/// The comparison of a sign, = != < <= > or >=, or of the word in; false when it is none.
+bool comparisonOf(const QString& typed, Comparison* comparison);
+
 /// What a value is expected to be. Values are compared as they are shown, as decimal numbers of any
 /// length, so that no rounding decides.
 struct Condition {

@@ -12,17 +12,6 @@ namespace
 
 const qint64 LONGEST_TIME = 86400000000; // microseconds: a day
 
-struct ComparisonName {
-    const char* name;
-    Comparison comparison;
-};
-
-const ComparisonName COMPARISONS[] = {
-    {"=", Comparison::Equal},   {"!=", Comparison::NotEqual}, {"<", Comparison::Less},
-    {"<=", Comparison::AtMost}, {">", Comparison::Greater},   {">=", Comparison::AtLeast},
-    {"in", Comparison::Within},
-};
-
 bool isEquality(Comparison comparison)
 {
     return comparison == Comparison::Equal || comparison == Comparison::NotEqual;
@@ -166,17 +155,14 @@ bool StepParser::parseCondition(const Tag& tag, Condition* condition)
     QString comparison = m_reader.takeComparison();
     if (comparison.isEmpty())
         comparison = m_reader.takeWord().text;
-    for (const ComparisonName& known : COMPARISONS) {
-        if (comparison != QLatin1String(known.name))
-            continue;
-        condition->comparison = known.comparison;
-        condition->text = comparison + QLatin1Char(' ');
-        if (!isEquality(known.comparison) && !isNumeric(tag.format))
-            return fail(column, QStringLiteral("%1 is not a number; compare it with = or !=")
-                                    .arg(operandText(tag)));
-        return parseComparison(tag, condition);
-    }
-    return fail(column, QStringLiteral("a comparison must follow: = != < <= > >= or in 1..5"));
+    if (!comparisonOf(comparison, &condition->comparison))
+        return fail(column, QStringLiteral("a comparison must follow: = != < <= > >= or in 1..5"));
+    condition->text = comparison + QLatin1Char(' ');
+    if (!isEquality(condition->comparison) && !isNumeric(tag.format))
+        return fail(
+            column,
+            QStringLiteral("%1 is not a number; compare it with = or !=").arg(operandText(tag)));
+    return parseComparison(tag, condition);
 }
 
 bool StepParser::parseComparison(const Tag& tag, Condition* condition)
