@@ -210,7 +210,7 @@ void TransfersUnderFaultsTest::conditionReadsAreAsInMemory()
     std::mt19937 random(7);
     QList<Tag> tags;
     for (const char* const text : RANGES)
-        tags << Tag{QString(), rangeOf(QLatin1String(text)), QString()};
+        tags << Tag{QString(), rangeOf(QLatin1String(text)), QString(), -1, ValueFormat()};
     for (int left = runLength("KX_FAULT_TRANSFERS", SHORT_RUN); left > 0; --left) {
         fillMemory(&run, &random);
         ReadJob reads(&run.session(), tags);

@@ -3,24 +3,22 @@
 
 #include "addresses/address_text.h"
 
-#include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
 
 namespace kx
 {
 
 /// Of "D0:2@1", or "D0:3x2@1": three values of two registers each.
-inline AddressRange rangeOfText(QString text)
+inline AddressRange rangeOfText(const QString& text)
 {
-    const QRegularExpressionMatch width =
-        QRegularExpression(QStringLiteral("x([0-9]+)")).match(text);
-    text.remove(width.captured());
+    const auto cross = text.indexOf(QLatin1Char('x'));
+    const auto station = text.indexOf(QLatin1Char('@'));
     AddressRange range;
     QString error;
-    if (!parseAddressRange(text, &range, &error))
+    if (!parseAddressRange(cross < 0 ? text : text.left(cross) + text.mid(station), &range, &error))
         qFatal("%s", qPrintable(error));
-    if (width.hasMatch())
-        range.width = width.captured(1).toInt();
+    if (cross >= 0)
+        range.width = text.mid(cross + 1, station - cross - 1).toInt();
     range.values *= range.width;
     return range;
 }
