@@ -29,7 +29,6 @@ struct KXRUNTIME_EXPORT AddressRange {
 struct Assignment {
     AddressRange range;
     QList<qint64> values; ///< one per address: 0 or 1, -32768..65535, or 32 bits
-    int together = 1;     ///< addresses of one number, which no request may cut; see writePieces()
     int bit = -1; ///< 0 to 15: the value is that bit of the one word, which a WriteJob reads
 };
 

@@ -44,8 +44,7 @@ QList<AddressRange> writePieces(const AddressRange& range, int most)
 QList<Assignment> writePieces(const Assignment& assignment, int most)
 {
     QList<Assignment> pieces;
-    const int whole = std::max(most - most % assignment.together, assignment.together);
-    for (const AddressRange& range : writePieces(assignment.range, whole)) {
+    for (const AddressRange& range : writePieces(assignment.range, most)) {
         Assignment piece = assignment;
         piece.range = range;
         piece.values =

@@ -20,8 +20,7 @@ KXRUNTIME_EXPORT int addressesPerWrite(const RegisterType* type, int maxWords);
 /// registers are kept whole as by readPieces().
 KXRUNTIME_EXPORT QList<AddressRange> writePieces(const AddressRange& range, int most);
 
-/// `assignment` cut at writePieces(), between numbers of Assignment::together addresses only: at
-/// most `most`, which is at least that many, less what is left over.
+/// `assignment` cut at the pieces of its range.
 KXRUNTIME_EXPORT QList<Assignment> writePieces(const Assignment& assignment, int most);
 
 } // namespace kx

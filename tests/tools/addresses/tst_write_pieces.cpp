@@ -104,11 +104,11 @@ void WritePiecesTest::numbersStayWhole()
     Assignment assignment;
     QString error;
     QVERIFY(parseAssignment(QStringLiteral("D0=1,2,3,4,5,6,7,8"), &assignment, &error));
-    assignment.together = 4;
+    assignment.range.width = 4;
     const QList<Assignment> pieces = writePieces(assignment, 7);
     QCOMPARE(pieces.size(), 2);
     QCOMPARE(textOf(pieces.at(0).range), QStringLiteral("D0:4"));
-    QCOMPARE(pieces.at(0).together, 4);
+    QCOMPARE(pieces.at(0).range.width, 4);
     QCOMPARE(textOf(pieces.at(1).range), QStringLiteral("D4:4"));
     QCOMPARE(pieces.at(1).values, (QList<qint64>{5, 6, 7, 8}));
     // Rather too long than cut.

@@ -2,6 +2,7 @@
 
 #include "kxhost/commands/write_report.h"
 #include "kxhost/options/tags_arguments.h"
+#include "panel/files/whole_range.h"
 #include "panel/values/value_address.h"
 
 namespace kx
@@ -21,8 +22,7 @@ void PromptWriter::take(const QString& line)
         emit message(error);
         return;
     }
-    const QString fault =
-        requestFault(typed.tag.range, typed.tag.format, m_session->settings().maxWords);
+    const QString fault = requestFault(typed.tag, m_session->settings().maxWords);
     if (!fault.isEmpty()) {
         emit message(faultyText(line, fault));
         return;

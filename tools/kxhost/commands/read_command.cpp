@@ -9,6 +9,7 @@
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/printed_views.h"
 #include "kxhost/views/value_json.h"
+#include "panel/files/whole_range.h"
 #include "panel/jobs/read_job.h"
 #include "panel/values/value_address.h"
 #include "panel/values/value_codec.h"
@@ -39,7 +40,7 @@ bool parseOptions(const QCommandLineParser& parser, ConnectionOptions* options, 
         || !parseTagArguments(parser, options->station, tags, error))
         return false;
     for (const Tag& tag : *tags) {
-        const QString fault = requestFault(tag.range, tag.format, options->session.maxWords);
+        const QString fault = requestFault(tag, options->session.maxWords);
         if (!fault.isEmpty()) {
             *error = faultyText(valueName(tag.range, tag.format, 0), fault);
             return false;

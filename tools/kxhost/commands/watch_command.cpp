@@ -1,6 +1,5 @@
 #include "kxhost/commands/commands.h"
 
-#include "addresses/read_pieces.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/prompt_writer.h"
 #include "kxhost/commands/watch_run.h"
@@ -12,6 +11,7 @@
 #include "kxhost/terminal/interrupt.h"
 #include "kxhost/views/live_view.h"
 #include "kxhost/views/printed_views.h"
+#include "panel/files/whole_range.h"
 #include "panel/values/value_address.h"
 
 #include <QtCore/QCoreApplication>
@@ -59,10 +59,9 @@ bool prepareRanges(WatchOptions* options, QString* error)
         tag.interval = tag.interval < 0 ? options->interval : tag.interval;
         if (!simulated.contains(range.station))
             simulated << range.station;
-        // A value of several registers is read by one request, whatever the limit.
-        if (addressesPerRead(range.type, options->connection.session.maxWords) < 1) {
-            *error = faultyText(valueName(range, tag.format, 0),
-                                tooLongText(range.type, options->connection.session.maxWords));
+        const QString fault = requestFault(tag, options->connection.session.maxWords);
+        if (!fault.isEmpty()) {
+            *error = faultyText(valueName(range, tag.format, 0), fault);
             return false;
         }
     }

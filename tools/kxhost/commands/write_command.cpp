@@ -7,6 +7,7 @@
 #include "kxhost/options/tags_arguments.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
+#include "panel/files/whole_range.h"
 #include "panel/jobs/write_job.h"
 
 namespace kx
@@ -37,7 +38,7 @@ bool parseWrite(const QString& text, const QList<Tag>& tags, const ValueFormat& 
     if (!parseTagAssignment(text, tags, order, assignment, error))
         return false;
     AddressRange& range = assignment->assignment.range;
-    const QString fault = requestFault(range, assignment->tag.format, options->session.maxWords);
+    const QString fault = requestFault(assignment->tag, options->session.maxWords);
     if (!fault.isEmpty()) {
         *error = faultyText(text, fault);
         return false;

@@ -1,10 +1,11 @@
 #include "kxhost/options/record_options.h"
 
-#include "addresses/read_pieces.h"
 #include "kxhost/options/command_parser.h"
 #include "kxhost/options/length_options.h"
 #include "kxhost/options/tags_arguments.h"
+#include "panel/files/whole_range.h"
 #include "panel/text/duration.h"
+#include "panel/values/value_address.h"
 
 #include <limits>
 
@@ -89,11 +90,10 @@ bool prepareTag(Tag* tag, int interval, ConnectionOptions* connection, QString* 
     tag->interval = tag->interval < 0 ? interval : tag->interval;
     if (!connection->simulatedStations.contains(range.station))
         connection->simulatedStations << range.station;
-    if (addressesPerRead(range.type, maxWords) >= 1)
-        return true;
-    *error = QStringLiteral("%1: %2").arg(addressText(range.type, range.address),
-                                          tooLongText(range.type, maxWords));
-    return false;
+    const QString fault = requestFault(*tag, maxWords);
+    if (!fault.isEmpty())
+        *error = faultyText(valueName(range, tag->format, 0), fault);
+    return fault.isEmpty();
 }
 
 bool parseTags(const QCommandLineParser& parser, RecordOptions* options, QString* error)

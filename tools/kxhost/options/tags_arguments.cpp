@@ -1,6 +1,5 @@
 #include "kxhost/options/tags_arguments.h"
 
-#include "addresses/read_pieces.h"
 #include "panel/files/whole_range.h"
 #include "panel/values/format_text.h"
 #include "panel/values/value_address.h"
@@ -189,17 +188,6 @@ bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>
         takeOrder(order, &tag.format);
     }
     return true;
-}
-
-QString requestFault(const AddressRange& range, const ValueFormat& format, int maxWords)
-{
-    if (addressesPerRead(range.type, maxWords) < 1)
-        return tooLongText(range.type, maxWords);
-    if (registersOf(format) <= maxWords)
-        return QString();
-    return QStringLiteral("a value takes %1 registers; raise --max-words, which is %2")
-        .arg(registersOf(format))
-        .arg(maxWords);
 }
 
 bool parseWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,

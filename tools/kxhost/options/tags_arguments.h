@@ -36,9 +36,6 @@ bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>
 bool parseWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,
                         QString* error);
 
-/// Why no request of at most `maxWords` registers holds a value of the range; empty when one does.
-QString requestFault(const AddressRange& range, const ValueFormat& format, int maxWords);
-
 } // namespace kx
 
 #endif

@@ -1,5 +1,6 @@
 #include "panel/files/tag_assignment.h"
 
+#include "panel/files/whole_range.h"
 #include "panel/values/value_address.h"
 #include "panel/values/value_codec.h"
 #include "registers/register_types.h"
@@ -132,8 +133,7 @@ bool parseTagAssignment(const QString& typed, const QList<Tag>& tags, const Valu
     QString fault = checkWritable(tag.range, tag.format);
     if (!fault.isEmpty() || !takeValues(typed.mid(equals + 1), countGiven, assignment, &fault))
         return fail(error, faultyText(typed, fault));
-    assignment->assignment.range = tag.range;
-    assignment->assignment.together = registersOf(tag.format);
+    assignment->assignment.range = wholeRange(tag);
     assignment->assignment.bit = tag.format.bit;
     return true;
 }

@@ -1,13 +1,10 @@
 #include "panel/sequence/operand.h"
 
-#include "addresses/read_pieces.h"
-#include "addresses/write_pieces.h"
+#include "panel/files/whole_range.h"
 #include "panel/text/counted.h"
 #include "panel/values/value_address.h"
 #include "panel/values/value_codec.h"
 #include "registers/register_types.h"
-
-#include <algorithm>
 
 namespace kx
 {
@@ -63,16 +60,8 @@ QString operandText(const Tag& tag)
 
 bool fitsRequest(const Tag& tag, int maxWords, QString* fault)
 {
-    const int addresses = registersOf(tag.format);
-    const int most = std::min(addressesPerRead(tag.range.type, maxWords),
-                              addressesPerWrite(tag.range.type, maxWords));
-    if (addresses <= most)
-        return true;
-    *fault = most < 1 ? tooLongText(tag.range.type, maxWords)
-                      : QStringLiteral("a value takes %1 registers; raise --max-words, which is %2")
-                            .arg(addresses)
-                            .arg(maxWords);
-    return false;
+    *fault = requestFault(tag, maxWords);
+    return fault->isEmpty();
 }
 
 bool isWritable(const Tag& tag, QString* fault)

@@ -1,5 +1,6 @@
 #include "panel/sequence/sequence_run.h"
 
+#include "panel/files/whole_range.h"
 #include "panel/jobs/write_job.h"
 #include "panel/sequence/condition_job.h"
 #include "panel/sequence/pause_job.h"
@@ -80,8 +81,7 @@ Job* SequenceRun::jobOf(const Step& step)
 
 Job* SequenceRun::writeJobOf(const Step& step)
 {
-    Assignment assignment = {step.tag.range, step.values};
-    assignment.together = registersOf(step.tag.format);
+    Assignment assignment = {wholeRange(step.tag), step.values};
     assignment.bit = step.tag.format.bit;
     return new WriteJob(m_session, {assignment});
 }

@@ -15,4 +15,12 @@ void registerEventTypes()
     qRegisterMetaType<Failure>("kx::Failure");
 }
 
+bool isWhole(const AddressRange& value, const ValueChange& change)
+{
+    const AddressRange& request = change.request;
+    return value.station == request.station && value.type == request.type
+           && value.address >= request.address
+           && value.address + value.values <= request.address + request.values;
+}
+
 } // namespace kx

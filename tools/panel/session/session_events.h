@@ -19,13 +19,7 @@ struct ValueChange {
 };
 
 /// Whether all of the addresses changed with it, or stayed, at once.
-inline bool isWhole(const AddressRange& value, const ValueChange& change)
-{
-    const AddressRange& request = change.request;
-    return value.station == request.station && value.type == request.type
-           && value.address >= request.address
-           && value.address + value.values <= request.address + request.values;
-}
+KXRUNTIME_EXPORT bool isWhole(const AddressRange& value, const ValueChange& change);
 
 /// How a one-off read ended.
 struct ReadEnd {

@@ -83,6 +83,8 @@ void WatchUsageTest::wrongUsage_data()
         "--cycles 0: must be a whole number from 1 to 2147483647");
     row("counter in a request of one register", "watch 32CV200 --simulate --max-words 1",
         "32CV200: a 32CV takes 2 registers; raise --max-words, which is 1");
+    row("float in a request of one register", "watch D100:2/float --simulate --max-words 1",
+        "D100: a value takes 2 registers; raise --max-words, which is 1");
     row("tags file that is not there", "watch --simulate --tags /kx-no-such-file",
         "/kx-no-such-file: No such file or directory");
 }

@@ -102,6 +102,9 @@ void RecordOptionsTest::wrongOptions_data()
     QTest::newRow("too long for a request")
         << "32CV200 --to a.csv --changes --max-words 1"
         << "32CV200: a 32CV takes 2 registers; raise --max-words, which is 1";
+    QTest::newRow("a float too long for a request")
+        << "D100/float --to a.csv --changes --max-words 1"
+        << "D100: a value takes 2 registers; raise --max-words, which is 1";
 }
 
 void RecordOptionsTest::wrongOptions()

@@ -141,7 +141,7 @@ void TagAssignmentTest::valuesKeepTogether()
     TagAssignment assignment;
     QString error;
     QVERIFY(parseTagAssignment("D100:3@7/u64=1,2,3", {}, ValueFormat(), &assignment, &error));
-    QCOMPARE(assignment.assignment.together, 4);
+    QCOMPARE(assignment.assignment.range.width, 4);
     QCOMPARE(assignment.assignment.bit, -1);
     QCOMPARE(assignment.assignment.range.values, 12);
     QCOMPARE(assignment.assignment.range.station, 7);
