@@ -111,7 +111,7 @@ void SerialLine::write(const QByteArray& bytes)
 // port would find nothing and call itself lost. A notifier that is switched off forgets it.
 QByteArray SerialLine::takeWaiting()
 {
-    const QByteArray bytes = m_reader.takeWaiting();
+    QByteArray bytes = m_reader.takeWaiting();
     if (!bytes.isEmpty()) {
         watchPort(false);
         watchPort(m_isReporting); // reading has switched it on
