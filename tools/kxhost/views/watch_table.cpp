@@ -33,7 +33,7 @@ const ColumnShape SHAPES[COLUMN_COUNT] = {
     {"HEX", 10, true, 2},    {"AGE", 8, true, 2},    {"STATE", 10, false, 2},
 };
 
-/// What a narrow terminal does without, first to last. A value is shown whole or not at all.
+/// What a narrow terminal does without, first to last. A number is shown whole or not at all.
 const Column DISPENSABLE[] = {MODBUS, AGE, HEX, NAME, STATION, STATE, VALUE};
 
 /// Cells of each column of one row; 0: it is not shown.
@@ -50,6 +50,22 @@ int totalOf(const Widths& widths)
     return total;
 }
 
+int nameWidth(int longest)
+{
+    return longest == 0 ? 0 : std::max(SHORTEST_NAME, longest);
+}
+
+/// Cells of a text beside which names, stations and states are still seen.
+int longestText(int longestName, int terminalWidth)
+{
+    Widths others = {};
+    for (const Column column : {STATION, TYPE, ADDRESS, STATE})
+        others[column] = SHAPES[column].width;
+    others[NAME] = nameWidth(longestName);
+    const int room = terminalWidth - totalOf(others) - SHAPES[VALUE].blanks;
+    return std::max(SHAPES[VALUE].width, room);
+}
+
 /// @param longest cells of the longest name; 0: none has one
 /// @param rows those that are seen: a value of several registers may be longer than a column
 Widths widthsFor(int longest, const std::vector<Cells>& rows, int terminalWidth)
@@ -61,7 +77,7 @@ Widths widthsFor(int longest, const std::vector<Cells>& rows, int terminalWidth)
         for (const Column column : {VALUE, HEX})
             widths[column] = std::max(widths[column], cellsOf(cells[column]));
     }
-    widths[NAME] = longest == 0 ? 0 : std::max(SHORTEST_NAME, longest);
+    widths[NAME] = nameWidth(longest);
     for (const Column column : DISPENSABLE) {
         const int excess = totalOf(widths) - terminalWidth;
         if (excess <= 0)
@@ -158,8 +174,13 @@ int longestName(const QVector<WatchEntry>& entries)
 QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width)
 {
     std::vector<Cells> all;
-    for (const WatchEntry& entry : entries)
+    const int textRoom = longestText(longestName, width);
+    for (const WatchEntry& entry : entries) {
         all.push_back(cellsOf(entry, now));
+        QString& value = all.back()[VALUE];
+        if (entry.valueFormat().kind == ValueKind::Ascii && cellsOf(value) > textRoom)
+            value = fittedCells(value, textRoom);
+    }
     const Widths widths = widthsFor(longestName, all, width);
     QStringList rows(rowOf(headings(), widths));
     for (int i = 0; i < static_cast<int>(entries.size()); ++i) {

@@ -13,7 +13,8 @@ namespace kx
 namespace
 {
 
-const int LONGEST_TEXT = 400;
+// A double times 1e-999 plus 1e999 has not as many digits.
+const int LONGEST_TEXT = 4000;
 const int MOST_ZEROS = 30;
 
 /// Of digits without zeros in front.

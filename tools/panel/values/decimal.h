@@ -18,7 +18,7 @@ public:
     explicit Decimal(qint64 number);
     static Decimal ofUnsigned(quint64 number);
 
-    /// Parses [-|+]DIGITS[.DIGITS][e[-|+]DIGITS], at most 400 characters and an exponent of three
+    /// Parses [-|+]DIGITS[.DIGITS][e[-|+]DIGITS], at most 4000 characters and an exponent of three
     /// digits. False for anything else; `*number` is then untouched.
     static bool parse(const QString& text, Decimal* number);
 

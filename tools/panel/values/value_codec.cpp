@@ -5,6 +5,8 @@
 #include "panel/values/register_words.h"
 #include "panel/values/whole_text.h"
 
+#include <cmath>
+
 namespace kx
 {
 
@@ -92,16 +94,16 @@ QJsonValue valueJson(const ValueFormat& format, const QList<qint64>& raw)
     Decimal number;
     const bool isNumber = format.kind != ValueKind::Hex && format.kind != ValueKind::Bin
                           && decimalOf(format, raw, &number);
-    if (isNumber && (isFloating(format) || number.significantDigits() <= EXACT_DIGITS))
-        return number.toDouble();
-    return valueText(format, raw);
+    const bool isHeld = isFloating(format) ? std::isfinite(number.toDouble())
+                                           : number.significantDigits() <= EXACT_DIGITS;
+    return isNumber && isHeld ? QJsonValue(number.toDouble()) : QJsonValue(valueText(format, raw));
 }
 
 bool valueNumber(const ValueFormat& format, const QList<qint64>& raw, double* number)
 {
     Decimal exact;
-    const bool isNumber = decimalOf(format, raw, &exact);
-    *number = exact.toDouble();
+    const bool isNumber = decimalOf(format, raw, &exact) && std::isfinite(exact.toDouble());
+    *number = isNumber ? exact.toDouble() : 0;
     return isNumber;
 }
 

@@ -32,7 +32,8 @@ KXRUNTIME_EXPORT QString valueText(const ValueFormat& format, const QList<qint64
 KXRUNTIME_EXPORT QJsonValue valueJson(const ValueFormat& format, const QList<qint64>& raw);
 
 /// The value as the nearest number, scaled; of Hex, Bin and Bit the number they stand for.
-/// @return false, and 0, when it has none: Ascii, digits above 9, NaN, and fewer raw values
+/// @return false, and 0, when it has none: Ascii, digits above 9, NaN, what is
+///         beyond the highest double, and fewer raw values
 KXRUNTIME_EXPORT bool valueNumber(const ValueFormat& format, const QList<qint64>& raw,
                                   double* number);
 

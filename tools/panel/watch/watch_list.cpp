@@ -110,6 +110,19 @@ QList<int> WatchList::onChange(int station, const QString& type, int address,
     return changed;
 }
 
+namespace
+{
+
+/// Of one bit of a word the others do not count.
+bool isSame(const WatchEntry& entry, qint64 value, const QList<qint64>& others)
+{
+    const int bit = entry.valueFormat().bit;
+    return bit < 0 ? entry.value == value && entry.others == others
+                   : (entry.value >> bit & 1) == (value >> bit & 1);
+}
+
+} // namespace
+
 /// Whether the value is new. The driver reports some bits although they have not changed.
 bool WatchList::takeValues(WatchEntry* entry, const QList<qint64>& values, qint64 now)
 {
@@ -117,14 +130,13 @@ bool WatchList::takeValues(WatchEntry* entry, const QList<qint64>& values, qint6
         return false;
     const qint64 value = values.first();
     const QList<qint64> others = values.mid(1);
-    if (entry->isKnown && entry->value == value && entry->others == others)
-        return false;
-    if (entry->isKnown)
+    const bool isNew = !entry->isKnown || !isSame(*entry, value, others);
+    if (isNew && entry->isKnown)
         entry->changedAt = now;
     entry->isKnown = true;
     entry->value = value;
     entry->others = others;
-    return true;
+    return isNew;
 }
 
 QList<int> WatchList::onRead(const VARIABLE& job, const ValueSource& valuesOf, qint64 now)

@@ -16,6 +16,7 @@ class WatchTableTest : public QObject
 private slots:
     void rows();
     void rowsOfFormats();
+    void aLongTextLeavesRoomForOthers();
     void rowsWithNames();
     void twoNamesOfAnAddressAreTwoRows();
     void columnsGoBeforeNames_data();
@@ -85,6 +86,21 @@ void WatchTableTest::rowsOfFormats()
                         QString::fromLatin1("      1  D        110     110   ABCDEFGHI"
                                             "  0x4142 0x4344 0x4546 0x4748 ...     1.3 s  ok"),
                     }));
+}
+
+void WatchTableTest::aLongTextLeavesRoomForOthers()
+{
+    QList<qint64> registers;
+    for (int i = 0; i < 40; ++i)
+        registers << 0x4142; // AB
+    const QStringList lines =
+        tableRows({entryOf("D100/ascii:40", registers), entryOf("D140", 1234)}, 0, 2300, 60);
+    QCOMPARE(lines,
+             QStringList({
+                 QString::fromUtf8("STATION  TYPE ADDRESS                      VALUE  STATE"),
+                 QString::fromUtf8("      1  D        100  ABABABABABABABABABABABAB…  ok"),
+                 QString::fromUtf8("      1  D        140                       1234  ok"),
+             }));
 }
 
 void WatchTableTest::rowsWithNames()

@@ -293,6 +293,8 @@ void ValueCodecTest::numbersAndJsonAreGiven_data()
         "\"18446744073709551615\"");
     row("D100/bcd", {0x000A}, false, 0, "\"0x000A\"");
     row("D100/float", {0x0000, 0x7F80}, false, 0, "\"inf\"");
+    // The highest double is 1.7976931348623157e308; ten times that is beyond all.
+    row("D100/double*10", {0xFFFF, 0xFFFF, 0xFFFF, 0x7FEF}, false, 0, "\"17976931348623157e293\"");
     row("D100/ascii:1", {0x4122}, false, 0, "\"A\\\\\\\"\"");
 }
 
@@ -340,8 +342,8 @@ void ValueCodecTest::longerValuesComeBack_data()
          {"D100/u32", "D100/s32,high", "D100/s32,high,swapped", "D100/u64,swapped", "D100/s64",
           "D100/float", "D100/float,high,swapped", "D100/double", "D100/double,high",
           "D100/ascii:3", "D100/s32*0.01-273.15", "D100/u64*0.001+0.5", "D100/s64*-7",
-          "D100/float*0.3-7", "D100/double*1.5e-5+100", "32CV200", "32CV200/s32",
-          "32CV200/s32*0.1"})
+          "D100/float*0.3-7", "D100/double*1.5e-5+100", "D100/double*1e-200+1", "32CV200",
+          "32CV200/s32", "32CV200/s32*0.1"})
         QTest::newRow(address) << QString::fromLatin1(address);
 }
 

@@ -27,6 +27,7 @@ private slots:
     void changeOfAKnownValue();
     void changeBeforeTheFirstRead();
     void reportWithoutAChangeIsNone();
+    void aBitDoesNotChangeWithTheOthersOfItsWord();
     void changeOfAnAddressNotWatchedIsNone();
     void failureAndRecovery();
     void aSilentStationsEntriesAreAllUnanswered();
@@ -216,6 +217,17 @@ void WatchListTest::reportWithoutAChangeIsNone()
     list.onRead(job(1, "M", 0, 1), always(1), 50);
     QCOMPARE(list.onChange(1, QString::fromLatin1("M"), 0, always(1), 70), QList<int>());
     QCOMPARE(list.entries().at(0).changedAt, qint64(0));
+}
+
+void WatchListTest::aBitDoesNotChangeWithTheOthersOfItsWord()
+{
+    WatchList list({formattedTag("D100"), formattedTag("D100.3")});
+    QCOMPARE(list.onRead(job(1, "D", 100, 1), always(0x0000), 50), QList<int>({0, 1}));
+    QCOMPARE(list.onChange(1, d(), 100, always(0x0001), 60), QList<int>{0});
+    QCOMPARE(list.entries().at(1).changedAt, qint64(0));
+    QCOMPARE(list.entries().at(1).value, qint64(0x0001)); // of the word, as it is now
+    QCOMPARE(list.onChange(1, d(), 100, always(0x0009), 70), QList<int>({0, 1}));
+    QCOMPARE(list.entries().at(1).changedAt, qint64(70));
 }
 
 void WatchListTest::changeOfAnAddressNotWatchedIsNone()
