@@ -14,11 +14,22 @@ PromptWriter::PromptWriter(Session* session, int station, const QList<Tag>& tags
 {
 }
 
+/// Blanks at the end are of the value where it is a text.
+bool PromptWriter::parse(const QString& line, TagAssignment* typed, QString* error) const
+{
+    const QString trimmed = line.trimmed();
+    if (!parseTagAssignment(trimmed, m_tags, m_order, typed, error))
+        return false;
+    if (typed->tag.format.kind != ValueKind::Ascii)
+        return true;
+    return parseTagAssignment(line.mid(line.indexOf(trimmed)), m_tags, m_order, typed, error);
+}
+
 void PromptWriter::take(const QString& line)
 {
     TagAssignment typed;
     QString error;
-    if (!parseTagAssignment(line, m_tags, m_order, &typed, &error)) {
+    if (!parse(line, &typed, &error)) {
         emit message(error);
         return;
     }

@@ -26,6 +26,7 @@ signals:
     void message(const QString& text);
 
 private:
+    bool parse(const QString& line, TagAssignment* typed, QString* error) const;
     void writeNext();
     void onOutcome(const WriteOutcome& outcome);
 

@@ -38,6 +38,7 @@ const CommandHelp HELP = {
     "  bit                   X Y M SM S T C (X cannot be downloaded)\n"
     "  uint16, int16, hex16  D SD CV TV Z\n"
     "  uint32, int32         32CV, or two registers of D SD CV TV Z, low word first\n"
+    "  float                 two registers of D SD CV TV Z, low word first\n"
     "Values are decimal or 0x hexadecimal. An upload needs none and keeps the writing\n"
     "of those that are still right. Requests have at most 123 registers, whatever\n"
     "--max-words says. Exit code 1 when the transfer is not complete or the file cannot\n"

@@ -19,7 +19,8 @@ QString PromptInput::take(const Key& key)
             m_text += key.text;
         break;
     case KeyKind::Enter:
-        entered = m_text.trimmed();
+        if (!m_text.trimmed().isEmpty())
+            entered = m_text;
         m_text.clear();
         break;
     case KeyKind::Backspace:

@@ -14,7 +14,8 @@ public:
     QString text() const { return m_text; }
     void clear() { m_text.clear(); }
 
-    /// Returns the line that the key ends, without blanks around it; empty when it ends none.
+    /// Returns the line that the key ends, with its blanks; empty when it ends none, or only
+    /// blanks.
     QString take(const Key& key);
 
 private:

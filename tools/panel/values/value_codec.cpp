@@ -94,9 +94,10 @@ QJsonValue valueJson(const ValueFormat& format, const QList<qint64>& raw)
     Decimal number;
     const bool isNumber = format.kind != ValueKind::Hex && format.kind != ValueKind::Bin
                           && decimalOf(format, raw, &number);
-    const bool isHeld = isFloating(format) ? std::isfinite(number.toDouble())
-                                           : number.significantDigits() <= EXACT_DIGITS;
-    return isNumber && isHeld ? QJsonValue(number.toDouble()) : QJsonValue(valueText(format, raw));
+    const bool isExact = isFloating(format) || number.significantDigits() <= EXACT_DIGITS;
+    return isNumber && isExact && std::isfinite(number.toDouble())
+               ? QJsonValue(number.toDouble())
+               : QJsonValue(valueText(format, raw));
 }
 
 bool valueNumber(const ValueFormat& format, const QList<qint64>& raw, double* number)

@@ -33,6 +33,7 @@ private slots:
     void aSilentStationIsMarkedAboveTheTable();
     void typedAssignmentIsWritten();
     void namesFormatsAndBitsAreTyped();
+    void blanksAtTheEndAreOfTextsAlone();
     void typedAssignments_data();
     void typedAssignments();
     void framesAndPlainTerminalsGetLines_data();
@@ -209,6 +210,21 @@ void WatchTerminalTest::namesFormatsAndBitsAreTyped()
     terminal.type("D200.0=1\rD200.1=1\r");
     QVERIFY(terminal.waitFor("D200.1 at station 1: confirmed; all of D200 was written as 0x414B"));
     QCOMPARE(simulator.ask(QString::fromLatin1("get D200")), QString::fromLatin1("D200=16715"));
+}
+
+void WatchTerminalTest::blanksAtTheEndAreOfTextsAlone()
+{
+    KxsimProcess simulator;
+    HostTerminal terminal(on(simulator, "watch D100"));
+    QVERIFY(terminal.waitFor("write> _"));
+    // A is 0x41, a blank 0x20: 0x4120 0x2000.
+    terminal.type(" D200/ascii:2=A  \r");
+    QVERIFY(terminal.waitFor("D200 at station 1: confirmed"));
+    QCOMPARE(simulator.ask(QString::fromLatin1("get D200:2")),
+             QString::fromLatin1("D200=16672,8192"));
+    terminal.type(" D210=77  \r");
+    QVERIFY(terminal.waitFor("D210 at station 1: confirmed"));
+    QCOMPARE(simulator.ask(QString::fromLatin1("get D210")), QString::fromLatin1("D210=77"));
 }
 
 void WatchTerminalTest::typedAssignments_data()

@@ -44,7 +44,7 @@ void PromptInputTest::keys_data()
         << QByteArray("M0=1\nM1=0\nM2") << QStringList({text("M0=1"), text("M1=0")}) << text("M2");
     QTest::newRow("empty line") << QByteArray("\r") << QStringList() << QString();
     QTest::newRow("blanks around")
-        << QByteArray("  \r D0=1 \r") << QStringList(text("D0=1")) << QString();
+        << QByteArray("  \r D0=1 \r") << QStringList(text(" D0=1 ")) << QString();
     QTest::newRow("delete") << QByteArray("D1\x7F\x7F\x7FM") << QStringList() << text("M");
     QTest::newRow("backspace") << QByteArray("D1\x08"
                                              "2")

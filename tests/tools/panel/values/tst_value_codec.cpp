@@ -294,6 +294,7 @@ void ValueCodecTest::numbersAndJsonAreGiven_data()
     row("D100/bcd", {0x000A}, false, 0, "\"0x000A\"");
     row("D100/float", {0x0000, 0x7F80}, false, 0, "\"inf\"");
     // The highest double is 1.7976931348623157e308; ten times that is beyond all.
+    row("D100/u16*1e999", {1}, false, 0, "\"1e999\"");
     row("D100/double*10", {0xFFFF, 0xFFFF, 0xFFFF, 0x7FEF}, false, 0, "\"17976931348623157e293\"");
     row("D100/ascii:1", {0x4122}, false, 0, "\"A\\\\\\\"\"");
 }
