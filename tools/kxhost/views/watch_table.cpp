@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <vector>
 
 namespace kx
@@ -16,7 +17,8 @@ namespace
 {
 
 const qint64 SHOWN_AS_CHANGED = 1000; // milliseconds
-const int SHORTEST_NAME = 4;          // cells, those of its heading
+const QChar ELLIPSIS(0x2026);
+const int SHORTEST_NAME = 4; // cells, those of its heading
 
 enum Column : size_t { STATION, TYPE, ADDRESS, NAME, MODBUS, VALUE, HEX, AGE, STATE, COLUMN_COUNT };
 
@@ -55,15 +57,31 @@ int nameWidth(int longest)
     return longest == 0 ? 0 : std::max(SHORTEST_NAME, longest);
 }
 
-/// Cells of a text beside which names, stations and states are still seen.
-int longestText(int longestName, int terminalWidth)
+/// Cells that are left for values beside those columns, and `name` cells of names.
+int roomBeside(std::initializer_list<Column> columns, int name, int terminalWidth)
 {
     Widths others = {};
-    for (const Column column : {STATION, TYPE, ADDRESS, STATE})
+    for (const Column column : columns)
         others[column] = SHAPES[column].width;
-    others[NAME] = nameWidth(longestName);
+    others[NAME] = name;
     const int room = terminalWidth - totalOf(others) - SHAPES[VALUE].blanks;
     return std::max(SHAPES[VALUE].width, room);
+}
+
+/// A long value must not cost the others their place: a text is cut so that names and states are
+/// still seen, a number that fits beside no address is left out.
+void fitValues(const QVector<WatchEntry>& entries, int longestName, int terminalWidth,
+               std::vector<Cells>* rows)
+{
+    const int ofText =
+        roomBeside({STATION, TYPE, ADDRESS, STATE}, nameWidth(longestName), terminalWidth);
+    const int ofNumber = roomBeside({TYPE, ADDRESS}, 0, terminalWidth);
+    for (size_t i = 0; i < rows->size(); ++i) {
+        const bool isText = entries.at(static_cast<int>(i)).valueFormat().kind == ValueKind::Ascii;
+        QString& value = (*rows)[i][VALUE];
+        if (cellsOf(value) > (isText ? ofText : ofNumber))
+            value = isText ? fittedCells(value, ofText) : QString(ELLIPSIS);
+    }
 }
 
 /// @param longest cells of the longest name; 0: none has one
@@ -174,13 +192,9 @@ int longestName(const QVector<WatchEntry>& entries)
 QStringList tableRows(const QVector<WatchEntry>& entries, int longestName, qint64 now, int width)
 {
     std::vector<Cells> all;
-    const int textRoom = longestText(longestName, width);
-    for (const WatchEntry& entry : entries) {
+    for (const WatchEntry& entry : entries)
         all.push_back(cellsOf(entry, now));
-        QString& value = all.back()[VALUE];
-        if (entry.valueFormat().kind == ValueKind::Ascii && cellsOf(value) > textRoom)
-            value = fittedCells(value, textRoom);
-    }
+    fitValues(entries, longestName, width, &all);
     const Widths widths = widthsFor(longestName, all, width);
     QStringList rows(rowOf(headings(), widths));
     for (int i = 0; i < static_cast<int>(entries.size()); ++i) {

@@ -17,6 +17,7 @@ private slots:
     void rows();
     void rowsOfFormats();
     void aLongTextLeavesRoomForOthers();
+    void aLongNumberHidesNoOthers();
     void rowsWithNames();
     void twoNamesOfAnAddressAreTwoRows();
     void columnsGoBeforeNames_data();
@@ -101,6 +102,18 @@ void WatchTableTest::aLongTextLeavesRoomForOthers()
                  QString::fromUtf8("      1  D        100  ABABABABABABABABABABABAB…  ok"),
                  QString::fromUtf8("      1  D        140                       1234  ok"),
              }));
+}
+
+void WatchTableTest::aLongNumberHidesNoOthers()
+{
+    const QStringList lines =
+        tableRows({entryOf("D100/u64", {0xFFFF, 0xFFFF, 0xFFFF, 0xFFFF}), entryOf("D140", 1234)}, 0,
+                  2300, 30);
+    QCOMPARE(lines, QStringList({
+                        QString::fromUtf8("TYPE ADDRESS       VALUE"),
+                        QString::fromUtf8("D        100           …"),
+                        QString::fromUtf8("D        140        1234"),
+                    }));
 }
 
 void WatchTableTest::rowsWithNames()
