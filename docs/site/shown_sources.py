@@ -45,7 +45,8 @@ def declaration(text, name):
     record = rf"^(?:struct|enum|class)\b[^;{{\n]*\b{name}(?:\s*:[^;{{]*)?\s*{{(?:[^\n]*|.*?^)}};$"
     constant = rf"^const int {name}\b[^;]*;$"
     function = rf"^(?=\w)[^;{{}}()]*\b{name}\([^;{{]*\);$"
-    found = re.findall(rf"{comment}(?:{record}|{constant}|{function})", text, re.M | re.S)
+    inline = rf"^inline [^;{{}}()]*\b{name}\([^;{{]*\)\n{{.*?^}}$"
+    found = re.findall(rf"{comment}(?:{record}|{constant}|{function}|{inline})", text, re.M | re.S)
     public = re.sub(r"\n*^private:.*?(?=^};)", "\n", "\n\n".join(found), flags=re.M | re.S)
     return without_export(public)
 
