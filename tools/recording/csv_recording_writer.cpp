@@ -2,8 +2,6 @@
 
 #include "panel/text/json_time.h"
 
-#include <sys/file.h>
-
 namespace kx
 {
 
@@ -36,10 +34,7 @@ bool CsvRecordingWriter::takeFile(QString* fault)
         *fault = fileFault();
         return false;
     }
-    if (flock(m_file.handle(), LOCK_EX | LOCK_NB) == 0)
-        return true;
-    *fault = QStringLiteral("another program records into it");
-    return false;
+    return lock(m_file, fault);
 }
 
 bool CsvRecordingWriter::goOn(QString* fault)

@@ -3,8 +3,11 @@
 #include "recording/csv_recording_writer.h"
 #include "recording/sqlite_recording_writer.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QStringList>
+
+#include <sys/file.h>
 
 namespace kx
 {
@@ -18,6 +21,14 @@ QString suffixOf(const QString& path)
 }
 
 } // namespace
+
+bool RecordingWriter::lock(const QFile& file, QString* fault)
+{
+    if (flock(file.handle(), LOCK_EX | LOCK_NB) == 0)
+        return true;
+    *fault = QStringLiteral("another program records into it");
+    return false;
+}
 
 bool isRecordingName(const QString& path)
 {

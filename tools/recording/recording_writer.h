@@ -5,6 +5,8 @@
 
 #include <memory>
 
+class QFile;
+
 namespace kx
 {
 
@@ -40,6 +42,10 @@ public:
     QString failure() const { return m_failure; }
 
 protected:
+    /// Keeps other recorders away from an open file until it is closed. False, and why in
+    /// `*fault`, when one records into it.
+    static bool lock(const QFile& file, QString* fault);
+
     QString m_failure;
 };
 

@@ -45,7 +45,7 @@ bool SqliteRecordingWriter::open(const QString& path, const QList<RecordedTag>& 
     m_path = path;
     m_tags = tags;
     QString fault;
-    if (m_connection.open(path, &fault) && prepareTables(m_connection, &fault)
+    if (takeFile(&fault) && m_connection.open(path, &fault) && prepareTables(m_connection, &fault)
         && prepareTags(&fault) && prepareQueries(&fault)) {
         stopEarlierRun();
         return true;
@@ -53,6 +53,14 @@ bool SqliteRecordingWriter::open(const QString& path, const QList<RecordedTag>& 
     closeDatabase();
     *error = QStringLiteral("%1: cannot be recorded into: %2").arg(path, fault);
     return false;
+}
+
+/// SQLite lets several write, but each would take the other's gaps for its own.
+bool SqliteRecordingWriter::takeFile(QString* fault)
+{
+    m_file.setFileName(m_path);
+    // What cannot be opened SQLite refuses, and says why.
+    return !m_file.open(QIODevice::ReadWrite | QIODevice::Unbuffered) || lock(m_file, fault);
 }
 
 bool SqliteRecordingWriter::prepareTags(QString* fault)
@@ -205,6 +213,7 @@ void SqliteRecordingWriter::closeDatabase()
     for (QSqlQuery* const query : {&m_insertSample, &m_insertGap, &m_endGap})
         *query = QSqlQuery();
     m_connection.close();
+    m_file.close();
 }
 
 qint64 SqliteRecordingWriter::size() const

@@ -4,6 +4,7 @@
 #include "recording/recording_writer.h"
 #include "recording/sqlite_connection.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QVector>
 #include <QtSql/QSqlQuery>
 
@@ -32,6 +33,7 @@ public:
     qint64 size() const override;
 
 private:
+    bool takeFile(QString* fault);
     bool prepareTags(QString* fault);
     bool takeTag(const RecordedTag& tag, QString* fault);
     bool prepareQueries(QString* fault);
@@ -42,6 +44,8 @@ private:
     bool fail(const QString& fault);
     void closeDatabase();
 
+    // Closed after the connection, since closing a file ends all locks of the program on it.
+    QFile m_file;
     SqliteConnection m_connection;
     QString m_path;
     QList<RecordedTag> m_tags;

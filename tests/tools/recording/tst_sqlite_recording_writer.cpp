@@ -22,6 +22,8 @@ private slots:
     void moreTagsJoinIn();
     void otherFilesAreLeftAlone();
     void cannotBeOpened();
+    void oneProgramAtATime();
+    void othersReadMeanwhile();
     void aFullDiskLeavesWhatWasFlushed();
 
 private:
@@ -214,6 +216,43 @@ void SqliteRecordingWriterTest::cannotBeOpened()
     QVERIFY(!writer.open(QStringLiteral("/none/a.sqlite"), pumpTags(), &error));
     QCOMPARE(error, QStringLiteral("/none/a.sqlite: cannot be recorded into: unable to open "
                                    "database file"));
+}
+
+// Each would take the other's gaps for those of a program that was ended.
+void SqliteRecordingWriterTest::oneProgramAtATime()
+{
+    const QString path = m_folder.path("shared.sqlite");
+    SqliteRecordingWriter first;
+    QString error;
+    QVERIFY(first.open(path, pumpTags(), &error));
+    first.sample(START, 0, number("1"));
+    QVERIFY(first.flush());
+    {
+        SqliteRecordingWriter second;
+        QVERIFY(!second.open(path, pumpTags(), &error));
+    }
+    QCOMPARE(error, path
+                        + QStringLiteral(": cannot be recorded into: another program records into "
+                                         "it"));
+    QCOMPARE(rowsOf(path, "SELECT count(*) FROM gaps"), QStringList("0"));
+    first.sample(START + 1, 0, number("2"));
+    QVERIFY(first.close());
+    SqliteRecordingWriter third;
+    QVERIFY(third.open(path, pumpTags(), &error));
+}
+
+void SqliteRecordingWriterTest::othersReadMeanwhile()
+{
+    const QString path = m_folder.path("read.sqlite");
+    SqliteRecordingWriter writer;
+    QString error;
+    QVERIFY(writer.open(path, pumpTags(), &error));
+    writer.sample(START, 0, number("1"));
+    QVERIFY(writer.flush());
+    QCOMPARE(eventsOf(path), QStringList("0 0 1"));
+    writer.sample(START + 1, 0, number("2"));
+    QVERIFY(writer.close());
+    QCOMPARE(eventsOf(path), QStringList({"0 0 1", "1 0 2"}));
 }
 
 void SqliteRecordingWriterTest::aFullDiskLeavesWhatWasFlushed()
