@@ -2,6 +2,8 @@
 
 #include "kxhost/views/printed_views.h"
 #include "panel/text/json_time.h"
+#include "panel/values/format_text.h"
+#include "panel/values/value_codec.h"
 
 namespace kx
 {
@@ -35,11 +37,26 @@ QString placeOf(const RecordedTag& tag)
     return tag.address.section(QLatin1Char('/'), 0, 0);
 }
 
+/// As a watch shows it: hex and bin are recorded in decimal.
+RecordedValue shownValue(const RecordedTag& tag, const RecordedValue& value)
+{
+    ValueFormat format;
+    QString fault;
+    bool isWord = false;
+    const ushort word = value.text.toUShort(&isWord);
+    const bool isFormat = parseFormat(tag.address.section(QLatin1Char('/'), 1), &format, &fault);
+    if (!isFormat || !isWord || (format.kind != ValueKind::Hex && format.kind != ValueKind::Bin))
+        return value;
+    format.swapsBytes = false; // which has been done
+    return {valueText(format, {word}), false};
+}
+
 QString valueOf(const RecordedTag& tag, const RecordedEvent& event)
 {
     if (event.isGap)
         return gapText(event.reason);
-    return tag.unit.isEmpty() ? event.value.text : event.value.text + QLatin1Char(' ') + tag.unit;
+    const QString text = shownValue(tag, event.value).text;
+    return tag.unit.isEmpty() ? text : text + QLatin1Char(' ') + tag.unit;
 }
 
 } // namespace
@@ -68,7 +85,7 @@ QJsonObject replayJson(const RecordedTag& tag, const RecordedEvent& event)
     if (event.isGap)
         json[QLatin1String("state")] = gapText(event.reason);
     else
-        json[QLatin1String("value")] = jsonValue(event.value);
+        json[QLatin1String("value")] = jsonValue(shownValue(tag, event.value));
     return json;
 }
 

@@ -39,6 +39,7 @@ private slots:
     void rowsAreThoseOfAWatch();
     void jsonIsThatOfAWatch_data();
     void jsonIsThatOfAWatch();
+    void digitsOfHexAndBinAreThoseOfAWatch();
     void onlyNewsIsShown();
 };
 
@@ -85,6 +86,24 @@ void ReplayTextTest::jsonIsThatOfAWatch()
                  .toJson(QJsonDocument::Compact),
              QByteArray("{\"address\":\"Y10\",\"event\":\"failure\",\"state\":\"no answer\","
                         "\"station\":2,\"time\":\"2023-11-14T22:13:20.000Z\"}"));
+}
+
+// Recordings hold them in decimal, for programs.
+void ReplayTextTest::digitsOfHexAndBinAreThoseOfAWatch()
+{
+    const RecordedTag hex = {{}, 1, QStringLiteral("D1/hex"), {}};
+    const RecordedTag bin = {{}, 1, QStringLiteral("D2/bin"), {}};
+    QCOMPARE(replayRow(hex, valueAt(START, number("2048"))),
+             QStringLiteral("2023-11-14T22:13:20.000 1 D1 0x0800"));
+    QCOMPARE(replayRow(bin, valueAt(START, number("5"))),
+             QStringLiteral("2023-11-14T22:13:20.000 1 D2 0b0000000000000101"));
+    QCOMPARE(replayJson(hex, valueAt(START, number("65535")))[QLatin1String("value")],
+             QJsonValue(QStringLiteral("0xFFFF")));
+    // No register holds that: somebody has edited the file.
+    QCOMPARE(replayRow(hex, valueAt(START, number("65536"))),
+             QStringLiteral("2023-11-14T22:13:20.000 1 D1 65536"));
+    QCOMPARE(replayRow(hex, valueAt(START, number("4.5"))),
+             QStringLiteral("2023-11-14T22:13:20.000 1 D1 4.5"));
 }
 
 void ReplayTextTest::onlyNewsIsShown()
