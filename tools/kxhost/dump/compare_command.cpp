@@ -16,12 +16,12 @@ namespace
 const CommandHelp HELP = {
     "compare [options] FILE",
     "Reads what a file of kxhost dump holds and prints a line for each value that\n"
-    "differs: station, address, the file's value and the controller's. Exit code 0 when\n"
-    "all are the same, 1 when some differ, 4 when some could not be read, whatever the\n"
-    "others are.",
+    "differs: station, address, the file's value and the controller's.",
     "kxhost compare memory.kxd --port /dev/ttyUSB0\n"
     "kxhost compare memory.kxd --tcp 192.168.0.5 --json\n"
-    "kxhost compare memory.kxd --simulate"};
+    "kxhost compare memory.kxd --simulate",
+    "Exit codes: 0 all as in the file, 1 some values differ, 2 wrong usage or a damaged\n"
+    "file, 3 the port or the library cannot be opened, 4 not all values could be read"};
 
 void printSummary(const KeptOptions& options, const WholeRead& whole, int differences)
 {

@@ -14,6 +14,10 @@ namespace
 
 const int FASTEST_BAUD = 4000000;
 
+const char EXIT_CODES[] =
+    "Exit codes: 0 fine, 1 a station failed or the line was lost, 2 wrong usage,\n"
+    "3 the port or the library cannot be opened";
+
 QString helpText(const QCommandLineParser& parser, const CommandHelp& help)
 {
     // The parser's own usage line names the program's path and no command.
@@ -25,7 +29,9 @@ QString helpText(const QCommandLineParser& parser, const CommandHelp& help)
                        .arg(QLatin1String(help.usage), QLatin1String(help.summary), options);
     for (const QString& example : QString::fromLatin1(help.examples).split(QLatin1Char('\n')))
         text += QStringLiteral("  %1\n").arg(example);
-    return text + QLatin1Char('\n') + exitCodesText();
+    const QString exitCodes =
+        QLatin1String(help.exitCodes ? help.exitCodes : EXIT_CODES) + QStringLiteral(".\n");
+    return text + QLatin1Char('\n') + exitCodes;
 }
 
 /// "unknown option 'speed'; kxhost watch --help shows the options"
@@ -60,8 +66,8 @@ bool parseCommand(QCommandLineParser* parser, const QStringList& arguments, cons
 
 QString exitCodesText()
 {
-    return QStringLiteral("Exit codes: 0 fine, 1 a station failed or the line was lost, "
-                          "2 wrong usage,\n3 the port or the library cannot be opened.\n");
+    return QLatin1String(EXIT_CODES)
+           + QStringLiteral("; of compare: 1 values differ,\n4 not all values could be read.\n");
 }
 
 bool parseNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,

@@ -13,9 +13,10 @@ namespace kx
 
 /// What `kxhost COMMAND --help` shows around the options.
 struct CommandHelp {
-    const char* usage;    ///< "watch [options] ADDRESS..."
-    const char* summary;  ///< what the command does, in whole sentences
-    const char* examples; ///< one per line, without indentation
+    const char* usage;               ///< "watch [options] ADDRESS..."
+    const char* summary;             ///< what the command does, in whole sentences
+    const char* examples;            ///< one per line, without indentation
+    const char* exitCodes = nullptr; ///< null: those of most commands
 };
 
 /// Parses a command's arguments. False when the command ends here, with the help
@@ -23,7 +24,7 @@ struct CommandHelp {
 bool parseCommand(QCommandLineParser* parser, const QStringList& arguments, const CommandHelp& help,
                   int* exitCode);
 
-/// What each exit code means, for the helps.
+/// What each exit code means, for the help of the program.
 QString exitCodesText();
 
 /// The number that an option holds, in decimal digits, or one line in `*error`.

@@ -50,6 +50,7 @@ private slots:
     void aStationThatRefusesPart();
     void theSimulatorInside();
     void aFullOutputIsNoDifference();
+    void helpTellsExitCodes();
     void badInputSendsNothing_data();
     void badInputSendsNothing();
 };
@@ -251,6 +252,19 @@ void DumpCommandTest::aFullOutputIsNoDifference()
     QCOMPARE(host.readAllStandardError(),
              QByteArray("kxhost: cannot write standard output: No space left on device\n"));
     QCOMPARE(host.exitCode(), 4);
+}
+
+void DumpCommandTest::helpTellsExitCodes()
+{
+    const QStringList compare = {
+        "Exit codes: 0 all as in the file, 1 some values differ, 2 wrong usage or a damaged",
+        "file, 3 the port or the library cannot be opened, 4 not all values could be read."};
+    const QStringList help = runCommand("compare --help").output;
+    QCOMPARE(help.mid(help.size() - 2), compare);
+    const QStringList all = runCommand("--help").output;
+    QVERIFY(
+        all.contains("3 the port or the library cannot be opened; of compare: 1 values differ,"));
+    QVERIFY(all.contains("4 not all values could be read."));
 }
 
 void DumpCommandTest::badInputSendsNothing_data()
