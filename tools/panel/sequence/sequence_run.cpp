@@ -15,6 +15,7 @@ SequenceRun::SequenceRun(Session* session, const Sequence& sequence, LoopClock* 
     : m_session(session), m_sequence(sequence), m_clock(clock)
 {
     qRegisterMetaType<StepResult>("kx::StepResult");
+    connect(session, &Session::lineFailed, this, &SequenceRun::onLineFailed);
 }
 
 void SequenceRun::start()
@@ -105,6 +106,12 @@ void SequenceRun::onJobFinished()
     ++m_next;
     emit stepFinished(result);
     goOn();
+}
+
+// Also while a pause, which needs no line, lets time pass.
+void SequenceRun::onLineFailed(const Failure& failure)
+{
+    m_lost = failure.text;
 }
 
 StepResult SequenceRun::resultOf(const Step& step) const

@@ -53,6 +53,7 @@ private:
     Job* writeJobOf(const Step& step);
     Job* conditionJobOf(const Step& step);
     void onJobFinished();
+    void onLineFailed(const Failure& failure);
     StepResult resultOf(const Step& step) const;
     QString conditionFault(const Step& step, const QString& shown) const;
     QString failureText(const Step& step) const;

@@ -82,6 +82,7 @@ private slots:
     void anInterruptPutsIntoASafeState();
     void anInterruptWithinFinally();
     void aLineThatIsLost();
+    void aLineThatIsLostDuringAPause();
     void onATerminalTheStepAtWorkIsShown();
 };
 
@@ -289,6 +290,20 @@ void SequenceCommandTest::aLineThatIsLost()
     QCOMPARE(host.exitCode(), 1);
     const QByteArray errors = host.errors();
     QCOMPARE(errors.count("the port was closed or unplugged"), 2);
+}
+
+void SequenceCommandTest::aLineThatIsLostDuringAPause()
+{
+    const SequenceFolder folder("expect D7 = 0\npause 1s\nexpect D7 = 0\n");
+    KxsimProcess controller({"--still"});
+    RunningWatch host({"run", folder.path(), "--port", controller.portName()});
+    QVERIFY(host.waitForOutput("line 1: expect D7 = 0"));
+    controller.exitCodeAfter(SIGTERM);
+    QCOMPARE(host.exitCode(), 1);
+    const QByteArray errors = host.errors();
+    QVERIFY2(errors.contains(":3: expect D7 = 0: D7@1: ")
+                 && errors.contains("the port was closed or unplugged"),
+             errors.constData());
 }
 
 void SequenceCommandTest::onATerminalTheStepAtWorkIsShown()
