@@ -23,6 +23,8 @@ QStringList argumentsOf(QByteArray lines);
 void readTags(InputReader* input);
 void readDump(InputReader* input);
 void readRecipe(InputReader* input);
+/// A recording in a table, its header and its rows.
+void readRecording(InputReader* input);
 void readAddresses(InputReader* input);
 void readSequence(InputReader* input);
 void readArguments(InputReader* input);

@@ -1,5 +1,5 @@
-// The texts that the tools read: tags files, recipe files, dumps, sequences, addresses, assignments
-// and arguments. What is accepted must be right, and what is refused must say why.
+// The texts that the tools read: tags files, recipe files, dumps, recordings, sequences, addresses,
+// assignments and arguments. What is accepted must be right, and what is refused must say why.
 
 #include "registers/register_types.h"
 #include "support/require.h"
@@ -15,7 +15,9 @@ namespace
 const char PERCENT = '%';
 const char STAND_IN = '$'; // means as little to every parser
 
-const int DUMPS_FROM = 0xE0; // of the first byte; below, inputs keep their meaning
+// Of the first byte; below, inputs keep their meaning.
+const int DUMPS_FROM = 0xE0;
+const int RECORDINGS_FROM = 0xF0;
 
 } // namespace
 
@@ -56,6 +58,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 
     InputReader input(bytes, size);
     const int choice = input.byte();
+    if (choice >= RECORDINGS_FROM) {
+        readRecording(&input);
+        return 0;
+    }
     if (choice >= DUMPS_FROM) {
         readDump(&input);
         return 0;
