@@ -49,7 +49,10 @@ bool SqliteRecordingReader::open(const QString& path, QString* error)
     // A connection that could write nothing would leave the log's files behind.
     if (m_connection.open(path, &fault)
         && m_connection.run(QStringLiteral("PRAGMA query_only = 1"), &fault)) {
-        if (m_connection.number(QStringLiteral("PRAGMA application_id")) != RECORDING_APPLICATION)
+        if (!m_connection.run(QStringLiteral("SELECT count(*) FROM sqlite_master"), &fault))
+            fault.prepend(QStringLiteral("cannot be read: "));
+        else if (m_connection.number(QStringLiteral("PRAGMA application_id"))
+                 != RECORDING_APPLICATION)
             fault = QStringLiteral("is no recording; kxhost record makes them");
         else if (readTags(&fault)
                  && start(&m_samples, false,

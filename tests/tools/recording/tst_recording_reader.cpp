@@ -163,7 +163,8 @@ void RecordingReaderTest::whatIsNoRecording_data()
     QTest::newRow("tags") << QByteArray("name,address\nP,D0\n") << none;
     QTest::newRow("half a header") << QByteArray("time,D0@1,gaps") << none;
     QTest::newRow("bytes") << QByteArray("\x00\x01\x02", 3) << none;
-    QTest::newRow("half a database") << QByteArray("SQLite format 3\0half", 20) << none;
+    QTest::newRow("half a database") << QByteArray("SQLite format 3\0half", 20)
+                                     << QStringLiteral(": cannot be read: file is not a database");
 }
 
 void RecordingReaderTest::whatIsNoRecording()
