@@ -141,7 +141,7 @@ void RecordCommandTest::aSilentStationIsAGap()
     const QString path = m_folder.path("silent.csv");
     const KxsimProcess simulator(presets("D100=5") << QStringLiteral("--still"));
     const CommandResult result = runCommand(
-        recordOn(simulator, "D100 D100@9 --changes --timeout 200 --retries 1 --cycles 1", path));
+        recordOn(simulator, "D100 D100@9 --changes --timeout 1000 --retries 1 --cycles 1", path));
     QCOMPARE(result.exitCode, 1);
     QVERIFY(holds(result.output, " station 9 does not answer"));
     QStringList events = eventsWithoutTimes(path);
