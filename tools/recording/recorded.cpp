@@ -1,5 +1,9 @@
 #include "recording/recorded.h"
 
+#include "panel/values/decimal.h"
+
+#include <QtCore/QLocale>
+
 namespace kx
 {
 
@@ -25,6 +29,16 @@ bool RecordedTag::operator==(const RecordedTag& other) const
 {
     return name == other.name && station == other.station && address == other.address
            && unit == other.unit;
+}
+
+bool RecordedValue::isDouble(double* number) const
+{
+    *number = text.toDouble();
+    const QString kept = QString::number(*number, 'g', QLocale::FloatingPointShortest);
+    Decimal recorded;
+    Decimal nearest;
+    return isNumber && Decimal::parse(text, &recorded) && Decimal::parse(kept, &nearest)
+           && recorded.compare(nearest) == 0;
 }
 
 bool RecordedValue::operator==(const RecordedValue& other) const

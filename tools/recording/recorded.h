@@ -22,6 +22,8 @@ struct RecordedValue {
     QString text;         ///< of a number, in decimal: "-1.5"
     bool isNumber = true; ///< else it is text, whatever it looks like
 
+    /// Whether a double holds the number to its last digit; then `*number`.
+    bool isDouble(double* number) const;
     bool operator==(const RecordedValue& other) const;
     bool operator!=(const RecordedValue& other) const { return !(*this == other); }
 };

@@ -19,16 +19,8 @@ QDateTime timeOf(const RecordedEvent& event)
 /// As a number where JSON holds it exactly.
 QJsonValue jsonValue(const RecordedValue& value)
 {
-    bool isInteger = false;
-    const qint64 integer = value.text.toLongLong(&isInteger);
-    const qint64 largest = Q_INT64_C(1) << 53;
-    if (!value.isNumber || (isInteger && qAbs(integer) > largest))
-        return value.text;
-    if (isInteger)
-        return integer;
-    bool isNumber = false;
-    const double number = value.text.toDouble(&isNumber);
-    return isNumber && qIsFinite(number) ? QJsonValue(number) : QJsonValue(value.text);
+    double number = 0;
+    return value.isDouble(&number) ? QJsonValue(number) : QJsonValue(value.text);
 }
 
 /// Without its format.

@@ -69,6 +69,14 @@ void ReplayTextTest::jsonIsThatOfAWatch_data()
         << "9007199254740992" << true << QByteArray("9007199254740992");
     QTest::newRow("more than JSON holds exactly")
         << "9007199254740993" << true << QByteArray("\"9007199254740993\"");
+    QTest::newRow("the largest of 64 bits")
+        << "18446744073709551615" << true << QByteArray("\"18446744073709551615\"");
+    QTest::newRow("the lowest of 64 bits")
+        << "-9223372036854775808" << true << QByteArray("\"-9223372036854775808\"");
+    QTest::newRow("more digits than JSON holds exactly")
+        << "922337203685477580.7" << true << QByteArray("\"922337203685477580.7\"");
+    QTest::newRow("the digits of a double")
+        << "0.30000000000000004" << true << QByteArray("0.30000000000000004");
     QTest::newRow("not a number") << "nan" << true << QByteArray("\"nan\"");
 }
 
