@@ -6,8 +6,6 @@
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
 
-#include <cmath>
-
 namespace kx
 {
 
@@ -23,13 +21,8 @@ QVariant storedValue(const RecordedValue& value)
     const qint64 integer = value.text.toLongLong(&isInteger);
     if (isInteger)
         return integer;
-    bool isNumber = false;
-    const double number = value.text.toDouble(&isNumber);
-    const bool isTooLong = !value.text.contains(QLatin1Char('.'))
-                           && !value.text.contains(QLatin1Char('e')); // above 2^63
-    if (isNumber && std::isfinite(number) && !isTooLong)
-        return number;
-    return value.text;
+    double number = 0;
+    return value.isDouble(&number) ? QVariant(number) : QVariant(value.text);
 }
 
 } // namespace

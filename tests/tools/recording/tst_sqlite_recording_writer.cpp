@@ -97,6 +97,8 @@ void SqliteRecordingWriterTest::aValueKeepsItsKind_data()
         << "9223372036854775807" << true << "integer|9223372036854775807";
     QTest::newRow("larger than a whole number can be")
         << "18446744073709551615" << true << "text|18446744073709551615";
+    QTest::newRow("more digits than a double holds")
+        << "922337203685477580.7" << true << "text|922337203685477580.7";
     QTest::newRow("not a number") << "nan" << true << "text|nan";
     QTest::newRow("infinity") << "-inf" << true << "text|-inf";
     QTest::newRow("text") << "007" << false << "text|007";
