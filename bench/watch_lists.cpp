@@ -27,9 +27,9 @@ QList<kx::Tag> tagsOf(const benchmark::State& state)
     return tags;
 }
 
-qint64 zero(const kx::WatchEntry&)
+QList<qint64> zero(const kx::WatchEntry&)
 {
-    return 0;
+    return {0};
 }
 
 void listTags(benchmark::State& state)
@@ -67,7 +67,7 @@ void takeChanges(benchmark::State& state)
         ++value;
         benchmark::DoNotOptimize(list.onChange(
             range.station, QString::fromLatin1(range.type->name), range.address,
-            [value](const kx::WatchEntry&) { return value; }, value));
+            [value](const kx::WatchEntry&) { return QList<qint64>{value}; }, value));
     }
 }
 
