@@ -78,7 +78,7 @@ bool DumpReader::end()
 bool DumpReader::takeWords(const QString& line)
 {
     const QStringList words = line.split(QLatin1Char(' '));
-    const QString first = words.first();
+    const QString& first = words.first();
     switch (m_expected) {
     case Expected::Version:
         return takeVersion(words);
