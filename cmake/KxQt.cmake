@@ -1,5 +1,5 @@
 # Qt of the chosen major version, under the target names Kx::Core, Kx::Test,
-# Kx::SerialPort, Kx::Network and Kx::Sql.
+# Kx::SerialPort, Kx::Network, Kx::Sql and Kx::Widgets.
 
 set(KX_QT_COMPONENTS Core)
 if(BUILD_TESTING)
@@ -7,6 +7,9 @@ if(BUILD_TESTING)
 endif()
 if(KX_BUILD_TOOLS)
   list(APPEND KX_QT_COMPONENTS SerialPort Network Sql)
+endif()
+if(KX_BUILD_WINDOW)
+  list(APPEND KX_QT_COMPONENTS Widgets)
 endif()
 
 if(KX_QT EQUAL 4)

@@ -1,0 +1,82 @@
+/// What the window and its line tell each other: plain values, which cross threads.
+#ifndef KX_KXPANEL_MACHINE_MACHINE_EVENTS_H
+#define KX_KXPANEL_MACHINE_MACHINE_EVENTS_H
+
+#include "exchange/replies/exchange_record.h"
+#include "panel/files/tags_file.h"
+#include "panel/text/summary_text.h"
+#include "panel/watch/watch_list.h"
+
+#include <QtCore/QVector>
+
+namespace kxpanel
+{
+
+/// One value that the window watches. Its number stays as long as the window has it, whatever
+/// else of it is edited, and is never given to another.
+struct WatchedValue {
+    int number = 0; ///< 1 or more
+    /// Of one value: range.values is registersOf(format). The range names its station. An empty
+    /// name is shown as the address.
+    kx::Tag tag;
+};
+
+/// What is known of a watched value now.
+struct Reading {
+    int number = 0; ///< WatchedValue::number
+    kx::WatchState state = kx::WatchState::NeverRead;
+    QList<qint64> raw;    ///< as valueText() takes it; empty: never read
+    qint64 readAt = 0;    ///< milliseconds since 1970 in UTC; last good read, 0: none
+    qint64 changedAt = 0; ///< the same; first change of a known value, 0: none
+};
+
+enum class LineState {
+    Closed,
+    Opening,
+    Open,
+    Interrupted ///< lost, and being opened again
+};
+
+struct LineStatus {
+    LineState state = LineState::Closed;
+    QString name;  ///< of the line: "/dev/ttyUSB0", "gateway:8888", "simulated controller"
+    QString fault; ///< what is wrong with the line or its stations, one line; empty: nothing
+    kx::LineTiming timing;
+};
+
+/// One exchange on the line, without the kilobyte of its job.
+struct Exchange {
+    qint64 number = 0; ///< from 1, in the order of their ends
+    JobKind kind = NO_JOB;
+    kx::AddressRange range; ///< of the request, with its station; no type: none
+    QByteArray request;
+    QByteArray reply; ///< bytes received since the request, the first 4096
+    kx::ReplyKind replyKind = kx::ReplyKind::None;
+    bool wasAccepted = false; ///< the driver took the reply
+    bool wasRepeated = false; ///< the request had been sent before
+    bool isFinal = true;      ///< else it is sent once more
+    QString outcome;          ///< as outcomeText()
+    QString reason;           ///< as reasonText()
+    qint64 sentAt = 0;        ///< milliseconds since 1970 in UTC, as finishedAt
+    qint64 finishedAt = 0;
+    /// Microseconds from the request's last character to the reply's first; negative without a
+    /// whole reply.
+    qint64 turnaround = -1;
+};
+
+Exchange exchangeOf(const kx::ExchangeRecord& record, qint64 number);
+
+/// Lets all of these cross threads; may be called many times.
+void registerMachineTypes();
+
+} // namespace kxpanel
+
+Q_DECLARE_METATYPE(kxpanel::WatchedValue)
+Q_DECLARE_METATYPE(kxpanel::Reading)
+Q_DECLARE_METATYPE(kxpanel::LineStatus)
+Q_DECLARE_METATYPE(kxpanel::Exchange)
+Q_DECLARE_METATYPE(QVector<kxpanel::Reading>)
+Q_DECLARE_METATYPE(QVector<kxpanel::Exchange>)
+Q_DECLARE_METATYPE(kx::WatchSummary)
+
+#endif

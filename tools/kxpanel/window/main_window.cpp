@@ -1,0 +1,11 @@
+#include "kxpanel/window/main_window.h"
+
+namespace kxpanel
+{
+
+MainWindow::MainWindow()
+{
+    setWindowTitle(QStringLiteral("kxpanel"));
+}
+
+} // namespace kxpanel

@@ -1,0 +1,43 @@
+#ifndef KX_KXPANEL_WINDOW_PAGE_H
+#define KX_KXPANEL_WINDOW_PAGE_H
+
+#include <QtCore/QJsonObject>
+#include <QtWidgets/QWidget>
+
+namespace kxpanel
+{
+
+class Machine;
+class TagList;
+
+/// What the pages of the window share. All outlive them.
+struct PageContext {
+    Machine* machine = nullptr;
+    TagList* tags = nullptr;
+};
+
+/// One page of the main window. Its windowTitle() is the tab's text, translated.
+class Page : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    /// Name of its part of a project file, such as "trend"; never translated.
+    virtual QString key() const = 0;
+    /// What a project keeps of it: columns, plots. Members that it does not know are the project's.
+    virtual QJsonObject layout() const { return QJsonObject(); }
+    /// Takes what is right and leaves out what is not.
+    virtual void setLayout(const QJsonObject&) {}
+
+signals:
+    /// layout() is another.
+    void layoutChanged();
+    /// One line for the window's status bar; empty takes it away.
+    void said(const QString& text);
+};
+
+} // namespace kxpanel
+
+#endif
