@@ -1,4 +1,4 @@
-#include "recording/csv_recording_text.h"
+#include "recording/csv/csv_recording_text.h"
 #include "support/require.h"
 #include "tool_texts/texts.h"
 

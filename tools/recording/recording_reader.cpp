@@ -1,7 +1,7 @@
 #include "recording/recording_reader.h"
 
-#include "recording/csv_recording_reader.h"
-#include "recording/sqlite_recording_reader.h"
+#include "recording/csv/csv_recording_reader.h"
+#include "recording/sqlite/sqlite_recording_reader.h"
 
 namespace kx
 {

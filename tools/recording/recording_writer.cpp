@@ -1,7 +1,7 @@
 #include "recording/recording_writer.h"
 
-#include "recording/csv_recording_writer.h"
-#include "recording/sqlite_recording_writer.h"
+#include "recording/csv/csv_recording_writer.h"
+#include "recording/sqlite/sqlite_recording_writer.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>

@@ -1,7 +1,7 @@
 #include "recording/recording_reader.h"
 
 #include "recording/recording_writer.h"
-#include "recording/sqlite_connection.h"
+#include "recording/sqlite/sqlite_connection.h"
 #include "tools/recording/recording_folder.h"
 
 #include <QtTest/QTest>

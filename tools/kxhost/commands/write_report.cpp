@@ -1,7 +1,7 @@
 #include "kxhost/commands/write_report.h"
 
-#include "kxhost/views/printed_views.h"
 #include "kxhost/views/value_json.h"
+#include "kxhost/views/watch/printed_views.h"
 #include "panel/values/value_address.h"
 #include "panel/values/value_codec.h"
 

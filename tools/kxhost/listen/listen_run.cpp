@@ -2,7 +2,7 @@
 
 #include "exchange/loop_clock.h"
 #include "kxhost/terminal/console.h"
-#include "kxhost/views/watch_screen.h"
+#include "kxhost/views/watch/watch_screen.h"
 #include "listen/heard_text.h"
 
 #include <chrono>

@@ -1,6 +1,6 @@
 #include "kxhost/record/replay_text.h"
 
-#include "kxhost/views/printed_views.h"
+#include "kxhost/views/watch/printed_views.h"
 #include "panel/text/json_time.h"
 #include "panel/values/format_text.h"
 #include "panel/values/value_codec.h"

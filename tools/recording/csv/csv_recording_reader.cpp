@@ -1,0 +1,55 @@
+#include "recording/csv/csv_recording_reader.h"
+
+#include "recording/csv/csv_recording_text.h"
+
+namespace kx
+{
+
+bool CsvRecordingReader::open(const QString& path, QString* error)
+{
+    m_file.setFileName(path);
+    QByteArray header;
+    if (m_file.open(QIODevice::ReadOnly))
+        header = m_file.readLine();
+    if (m_file.error() != QFileDevice::NoError)
+        *error = QStringLiteral("%1: %2").arg(path, m_file.errorString());
+    else if (!header.endsWith('\n') || !parseCsvHeader(header.chopped(1), &m_tags))
+        *error = QStringLiteral("%1: is no recording; kxhost record makes them").arg(path);
+    else
+        return true;
+    return false;
+}
+
+bool CsvRecordingReader::next(RecordedEvent* event)
+{
+    while (m_next >= m_events.size()) {
+        if (!readRow())
+            return false;
+    }
+    *event = m_events.at(m_next);
+    ++m_next;
+    return true;
+}
+
+bool CsvRecordingReader::readRow()
+{
+    m_events.clear();
+    m_next = 0;
+    if (!m_failure.isEmpty() || m_file.atEnd())
+        return false;
+    const QByteArray line = m_file.readLine();
+    ++m_line;
+    const QString place = m_file.fileName() + QLatin1Char(':') + QString::number(m_line);
+    if (!line.endsWith('\n')) {
+        m_remark = QStringLiteral("%1: the last row is cut off and left out").arg(place);
+        return false;
+    }
+    QString fault;
+    if (parseCsvRow(line.chopped(1), m_tags, &m_events, &fault))
+        return true;
+    m_events.clear();
+    m_failure = QStringLiteral("%1: %2").arg(place, fault);
+    return false;
+}
+
+} // namespace kx
