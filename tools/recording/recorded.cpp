@@ -16,11 +16,9 @@ struct ReasonText {
 };
 
 const ReasonText REASONS[] = {
-    {GapReason::NotYetRead, "not yet read"},
-    {GapReason::NoAnswer, "no answer"},
-    {GapReason::Refused, "refused"},
-    {GapReason::LineLost, "line lost"},
-    {GapReason::RecorderStopped, "recorder stopped"},
+    {GapReason::NotYetRead, "not yet read"}, {GapReason::NotRead, "not read"},
+    {GapReason::NoAnswer, "no answer"},      {GapReason::Refused, "refused"},
+    {GapReason::LineLost, "line lost"},      {GapReason::RecorderStopped, "recorder stopped"},
 };
 
 } // namespace

@@ -28,10 +28,10 @@ struct RecordedValue {
     bool operator!=(const RecordedValue& other) const { return !(*this == other); }
 };
 
-/// Why a tag has no value.
-enum class GapReason { NotYetRead, NoAnswer, Refused, LineLost, RecorderStopped };
+/// Why a tag has no value. NotRead: not since the sample before, and no failure is known.
+enum class GapReason { NotYetRead, NotRead, NoAnswer, Refused, LineLost, RecorderStopped };
 
-/// "not yet read", "no answer", "refused", "line lost", "recorder stopped".
+/// "not yet read", "not read", "no answer", "refused", "line lost", "recorder stopped".
 QString gapText(GapReason reason);
 
 /// False when no reason is called so.

@@ -44,14 +44,28 @@ void Recorder::onGap(qint64 now, int tag, GapReason reason)
     State& state = m_states[tag];
     if (state.isGap && state.reason == reason)
         return;
-    state.isGap = true;
-    state.reason = reason;
-    state.isNew = true;
+    beginGap(&state, reason);
     if (!m_settings.samples)
         record(now, tag);
 }
 
+void Recorder::beginGap(State* state, GapReason reason)
+{
+    state->isGap = true;
+    state->reason = reason;
+    state->isNew = true;
+}
+
 void Recorder::sample(qint64 now)
+{
+    for (State& state : m_states) {
+        if (!state.isNew && !state.isGap)
+            beginGap(&state, GapReason::NotRead);
+    }
+    recordNews(now);
+}
+
+void Recorder::recordNews(qint64 now)
 {
     for (int tag = 0; tag < m_states.size(); ++tag) {
         if (m_states.at(tag).isNew)

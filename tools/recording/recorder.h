@@ -34,9 +34,12 @@ public:
     void onRead(qint64 now, int tag, const RecordedValue& value);
     /// The tag could not be read.
     void onGap(qint64 now, int tag, GapReason reason);
-    /// With RecorderSettings::samples: records each tag that was read since the time before, and
-    /// each gap that began. A tag without a read in between is left out.
+    /// With RecorderSettings::samples: records each tag that was read since the sample before, and
+    /// each gap that began. A tag that has neither a read nor a gap begins one, "not read".
     void sample(qint64 now);
+    /// Between two samples, before the line or the recorder ends: records what sample() would, but
+    /// finds no gaps.
+    void recordNews(qint64 now);
     /// To be called every 100 ms or so: hands to the system what has waited, goes on in the next
     /// file. True when there is another one.
     bool serve(qint64 now);
@@ -62,6 +65,7 @@ private:
 
     bool openFile(qint64 now, QString* error);
     bool openNextFile(qint64 now);
+    static void beginGap(State* state, GapReason reason);
     void record(qint64 now, int tag);
     void recordAll(qint64 now);
 

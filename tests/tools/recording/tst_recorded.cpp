@@ -20,6 +20,7 @@ void RecordedTest::reasons_data()
     QTest::addColumn<int>("reason");
     QTest::addColumn<QString>("text");
     QTest::newRow("before the first read") << int(GapReason::NotYetRead) << "not yet read";
+    QTest::newRow("no turn yet") << int(GapReason::NotRead) << "not read";
     QTest::newRow("silent station") << int(GapReason::NoAnswer) << "no answer";
     QTest::newRow("exception") << int(GapReason::Refused) << "refused";
     QTest::newRow("unplugged") << int(GapReason::LineLost) << "line lost";

@@ -27,6 +27,9 @@ class RecorderTest : public QObject
 private slots:
     void changesAreRecordedOnce();
     void samplesAreWhatWasReadSinceTheOneBefore();
+    void aSampleThatIsMissingIsAGap_data();
+    void aSampleThatIsMissingIsAGap();
+    void whatIsRecordedOutOfTurnMissesNothing();
     void aGapBetweenTwoSamplesIsNone();
     void aGapIsNeverAnOldValue();
     void isWrittenWithinASecond();
@@ -79,10 +82,64 @@ void RecorderTest::samplesAreWhatWasReadSinceTheOneBefore()
     recorder.onRead(START + 2500, 1, number("7"));
     recorder.sample(START + 3000); // the first one was not read in between
     recorder.finish(START + 3100);
-    QCOMPARE(
-        eventsOf(path),
-        QStringList({"0 0 [not yet read]", "0 1 [not yet read]", "1000 0 2", "2000 0 2", "2000 1 7",
-                     "3000 1 7", "3100 0 [recorder stopped]", "3100 1 [recorder stopped]"}));
+    QCOMPARE(eventsOf(path),
+             QStringList({"0 0 [not yet read]", "0 1 [not yet read]", "1000 0 2", "2000 0 2",
+                          "2000 1 7", "3000 1 7", "3000 0 [not read]", "3100 0 [recorder stopped]",
+                          "3100 1 [recorder stopped]"}));
+}
+
+void RecorderTest::aSampleThatIsMissingIsAGap_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("table") << "missing.csv";
+    QTest::newRow("database") << "missing.sqlite";
+}
+
+// Before the retries are over nobody knows yet that the station is silent.
+void RecorderTest::aSampleThatIsMissingIsAGap()
+{
+    QFETCH(QString, name);
+    const QString path = m_folder.path(name.toLatin1());
+    Recorder recorder(settingsFor(path, true));
+    QString error;
+    QVERIFY(recorder.open({pumpTags().first()}, START, &error));
+    recorder.onRead(START + 900, 0, number("7"));
+    recorder.sample(START + 1000);
+    recorder.sample(START + 2000);
+    recorder.sample(START + 3000);
+    recorder.onGap(START + 3100, 0, GapReason::NoAnswer);
+    recorder.sample(START + 4000);
+    recorder.sample(START + 5000);
+    recorder.onRead(START + 5900, 0, number("7"));
+    recorder.sample(START + 6000);
+    recorder.sample(START + 7000); // missing again, and back without a failure
+    recorder.onRead(START + 7900, 0, number("7"));
+    recorder.sample(START + 8000);
+    recorder.finish(START + 8100);
+    QCOMPARE(eventsOf(path), QStringList({"0 0 [not yet read]", "1000 0 7", "2000 0 [not read]",
+                                          "4000 0 [no answer]", "6000 0 7", "7000 0 [not read]",
+                                          "8000 0 7", "8100 0 [recorder stopped]"}));
+}
+
+// When the line is lost or the recorder stops, between two samples.
+void RecorderTest::whatIsRecordedOutOfTurnMissesNothing()
+{
+    const QString path = m_folder.path("out_of_turn.csv");
+    Recorder recorder(settingsFor(path, true));
+    QString error;
+    QVERIFY(recorder.open(pumpTags(), START, &error));
+    recorder.onRead(START + 10, 0, number("1"));
+    recorder.onRead(START + 20, 1, number("7"));
+    recorder.sample(START + 1000);
+    recorder.onRead(START + 1100, 0, number("2"));
+    recorder.recordNews(START + 1200);
+    recorder.onGap(START + 1200, 0, GapReason::LineLost);
+    recorder.sample(START + 2000);
+    recorder.finish(START + 2100);
+    QCOMPARE(eventsOf(path),
+             QStringList({"0 0 [not yet read]", "0 1 [not yet read]", "1000 0 1", "1000 1 7",
+                          "1200 0 2", "2000 1 [not read]", "2000 0 [line lost]",
+                          "2100 0 [recorder stopped]", "2100 1 [recorder stopped]"}));
 }
 
 void RecorderTest::aGapBetweenTwoSamplesIsNone()
@@ -206,5 +263,5 @@ void RecorderTest::aFullDiskEndsIt()
     QCOMPARE(eventsOf(path), QStringList("0 0 [not yet read]"));
 }
 
-QTEST_APPLESS_MAIN(RecorderTest)
+QTEST_GUILESS_MAIN(RecorderTest)
 #include "tst_recorder.moc"

@@ -59,16 +59,18 @@ void RecordRun::startSampling()
 
 void RecordRun::onSample()
 {
-    takeSample();
+    takeReads();
+    m_recorder.sample(timeOfDay());
     startSampling();
 }
 
-void RecordRun::takeSample()
+/// What was read since the last sample, when there will be no other one.
+void RecordRun::takeNews()
 {
     if (m_options.every == 0)
         return;
     takeReads();
-    m_recorder.sample(timeOfDay());
+    m_recorder.recordNews(timeOfDay());
 }
 
 void RecordRun::onServe()
@@ -99,12 +101,10 @@ void RecordRun::onEntries(const QList<int>& indexes)
 void RecordRun::takeReads()
 {
     const QVector<WatchEntry>& entries = m_watch.list().entries();
-    for (int index = 0; index < entries.size() && !m_isLineLost; ++index) {
-        const WatchEntry& entry = entries.at(index);
-        if (hasValue(entry) && entry.readAt > m_freshFrom)
-            m_recorder.onRead(timeOfDay(), index, recordedValue(entry));
-    }
-    m_freshFrom = m_watch.now();
+    if (m_isLineLost)
+        return;
+    for (const int index : m_fresh.take(entries))
+        m_recorder.onRead(timeOfDay(), index, recordedValue(entries.at(index)));
 }
 
 /// What is read again after the line was lost: the watch tells it only where a value has changed.
@@ -116,7 +116,7 @@ void RecordRun::takeReturns()
         const WatchEntry& entry = entries.at(index);
         if (!hasValue(entry) || !m_recorder.isInGap(index))
             continue;
-        if (entry.readAt > m_freshFrom)
+        if (m_fresh.isFresh(entries, index))
             m_recorder.onRead(timeOfDay(), index, recordedValue(entry));
         else
             m_mayBeBack = true;
@@ -145,11 +145,11 @@ void RecordRun::onLink(const LinkEvent& event)
 /// What was read before is still recorded; what is read from now on ends the gap.
 void RecordRun::loseLine()
 {
-    takeSample();
+    takeNews();
     for (int index = 0; index < m_watch.list().entries().size(); ++index)
         m_recorder.onGap(timeOfDay(), index, GapReason::LineLost);
     m_isLineLost = true;
-    m_freshFrom = m_watch.now();
+    m_fresh.skip(m_watch.list().entries());
     m_mayBeBack = true;
 }
 
@@ -183,7 +183,7 @@ void RecordRun::finish()
     m_session->stop();
     m_serve.stop();
     m_sample.stop();
-    takeSample();
+    takeNews();
     m_recorder.finish(timeOfDay());
     if (m_failure.isEmpty())
         m_failure = m_recorder.failure();

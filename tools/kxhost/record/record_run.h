@@ -2,6 +2,7 @@
 #define KX_KXHOST_RECORD_RECORD_RUN_H
 
 #include "kxhost/options/record_options.h"
+#include "kxhost/record/fresh_reads.h"
 #include "panel/watch/watch.h"
 
 #include <QtCore/QTimer>
@@ -41,7 +42,7 @@ private:
     void loseLine();
     void onServe();
     void onSample();
-    void takeSample();
+    void takeNews();
     void takeReads();
     void takeReturns();
     void startSampling();
@@ -57,7 +58,7 @@ private:
     QTimer m_sample{this};
     bool m_isLineLost = false;
     bool m_mayBeBack = false; ///< values may be read again after the line was lost
-    qint64 m_freshFrom = -1;  ///< on the watch's clock: what was read earlier counts no more
+    FreshReads m_fresh;
     bool m_isFinished = false;
     QString m_failure;
 };

@@ -80,6 +80,7 @@ void WatchList::keepValuesOf(const WatchList& earlier)
         entry.value = known.value;
         entry.others = known.others;
         entry.readAt = known.readAt;
+        entry.reads = known.reads;
         entry.changedAt = known.changedAt;
     }
 }
@@ -147,6 +148,7 @@ QList<int> WatchList::onRead(const VARIABLE& job, const ValueSource& valuesOf, q
         const bool isBack = hasFailed(entry);
         setState(&entry, WatchState::Ok);
         entry.readAt = now;
+        ++entry.reads;
         // Zero is what the driver's cache starts with: reading it is no change. Nor does the driver
         // report what another read has brought before, of a part of a value alone.
         const bool isToTake = !entry.isKnown || entry.width > 1;

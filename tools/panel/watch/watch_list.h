@@ -37,6 +37,7 @@ struct KXRUNTIME_EXPORT WatchEntry {
     qint64 value = 0;     ///< as Session::values(), of its first address
     QList<qint64> others; ///< of its other addresses, from the same reply, or written at once
     qint64 readAt = 0;    ///< milliseconds; last good read, with state Ok or later
+    qint64 reads = 0;     ///< good reads so far, which tell two of one millisecond apart
     qint64 changedAt = 0; ///< milliseconds; 0 until the first change of a known value
 
     AddressRange range() const;

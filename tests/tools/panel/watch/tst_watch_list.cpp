@@ -180,6 +180,8 @@ void WatchListTest::firstReadMakesValuesKnown()
     QCOMPARE(list.onRead(read, always(9), 60), QList<int>());
     QCOMPARE(list.entries().at(1).value, qint64(0));
     QCOMPARE(list.entries().at(1).readAt, qint64(60));
+    QCOMPARE(list.entries().at(1).reads, qint64(2));
+    QCOMPARE(list.entries().at(0).reads, qint64(0));
 }
 
 void WatchListTest::countersCoverHalfTheRegisters()
@@ -322,6 +324,7 @@ void WatchListTest::valuesOfKeptAddressesAreKept()
         QVERIFY(speed.isKnown);
         QCOMPARE(speed.value, qint64(5));
         QCOMPARE(speed.readAt, qint64(50));
+        QCOMPARE(speed.reads, qint64(1));
         QCOMPARE(speed.changedAt, qint64(70));
     }
     QCOMPARE(list.entries().at(1).name, QStringLiteral("Speed"));
