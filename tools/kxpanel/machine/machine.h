@@ -11,6 +11,9 @@
 namespace kxpanel
 {
 
+class MachineJobs;
+class MachineSession;
+
 /// Makes a job of a session that runs, in the machine's thread. It may connect the job's signals
 /// to objects of other threads, which then get them queued.
 using JobMaker = std::function<std::unique_ptr<kx::Job>(kx::Session*)>;
@@ -36,7 +39,8 @@ public:
     /// Replaces what is polled, also while the line is open. What is known of addresses that stay
     /// is kept.
     void setValues(const QList<WatchedValue>& values);
-    /// Longest requests from now on; 0: chosen so that they take the least time.
+    /// Longest requests from now on, whatever line is opened; 0: chosen so that they take the least
+    /// time. While jobs run on an open line, once they have ended. Counts begin anew.
     void setLimits(int maxWords, int maxBits);
     /// Begins a job; jobEnded() comes exactly once, also when the line is not open.
     /// @param ticket names the job in the signals about it; newTicket()
@@ -62,7 +66,21 @@ signals:
 private:
     struct Parts;
 
+    /// In the machine's thread, later.
+    void call(const std::function<void()>& function);
+    void open(const kx::ConnectionOptions& options);
+    /// @param reason empty: as asked for
+    void close(const QString& reason);
+    void failLater(const QString& reason);
+    void onOpened();
+    void beginSession();
+    void beginWork(std::unique_ptr<MachineSession> work);
+    void endSession();
+    void useLimits();
+    void tellLine(LineState state, const QString& fault);
+
     std::unique_ptr<Parts> m_parts;
+    MachineJobs* m_jobs; ///< a child
 };
 
 } // namespace kxpanel

@@ -1,0 +1,20 @@
+#include "kxpanel/machine/machine_thread.h"
+
+namespace kxpanel
+{
+
+MachineThread::MachineThread() : m_machine(new Machine)
+{
+    m_thread.setObjectName(QStringLiteral("machine")); // what debuggers call it
+    m_machine->moveToThread(&m_thread);
+    QObject::connect(&m_thread, &QThread::finished, m_machine, &QObject::deleteLater);
+    m_thread.start();
+}
+
+MachineThread::~MachineThread()
+{
+    m_thread.quit();
+    m_thread.wait();
+}
+
+} // namespace kxpanel

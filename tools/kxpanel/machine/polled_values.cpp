@@ -1,0 +1,101 @@
+#include "kxpanel/machine/polled_values.h"
+
+#include "registers/register_types.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+Reading readingOf(const kx::WatchEntry& entry, qint64 epoch)
+{
+    Reading reading;
+    reading.number = entry.name.toInt();
+    reading.state = entry.state;
+    reading.raw = entry.raw();
+    const bool wasRead = entry.readAt > 0 || entry.state == kx::WatchState::Ok;
+    reading.readAt = wasRead ? epoch + entry.readAt : 0;
+    reading.changedAt = entry.changedAt > 0 ? epoch + entry.changedAt : 0;
+    return reading;
+}
+
+} // namespace
+
+QList<kx::Tag> PolledValues::tags() const
+{
+    QList<kx::Tag> tags;
+    tags.reserve(m_values.size());
+    for (const WatchedValue& value : m_values) {
+        kx::Tag tag = value.tag;
+        tag.name = QString::number(value.number);
+        tag.interval = std::max(tag.interval, 0);
+        tags << tag;
+    }
+    return tags;
+}
+
+bool PolledValues::isBefore(const Place& one, const Place& other)
+{
+    return std::make_tuple(one.station, registerTypeRow(one.type), one.address)
+           < std::make_tuple(other.station, registerTypeRow(other.type), other.address);
+}
+
+void PolledValues::takeList(const kx::WatchList& list)
+{
+    m_places.clear();
+    int index = 0;
+    for (const kx::WatchEntry& entry : list.entries())
+        m_places.push_back({entry.station, entry.type, entry.address, entry.width, index++});
+    std::sort(m_places.begin(), m_places.end(), isBefore);
+    m_isMarked.assign(m_places.size(), false);
+    m_marked.clear();
+    markAll();
+}
+
+void PolledValues::markAll()
+{
+    for (int index = 0; index < static_cast<int>(m_isMarked.size()); ++index)
+        mark({index});
+}
+
+void PolledValues::mark(const QList<int>& indexes)
+{
+    for (const int index : indexes) {
+        if (!m_isMarked[static_cast<size_t>(index)])
+            m_marked << index;
+        m_isMarked[static_cast<size_t>(index)] = true;
+    }
+}
+
+void PolledValues::markRead(const kx::AddressRange& polled)
+{
+    if (!polled.type)
+        return;
+    const Place from = {polled.station, polled.type, polled.address, 1, 0};
+    const int end = polled.address + polled.values;
+    auto place = std::lower_bound(m_places.begin(), m_places.end(), from, isBefore);
+    for (; place != m_places.end() && place->station == polled.station && place->type == polled.type
+           && place->address < end;
+         ++place) {
+        if (place->address + place->width <= end)
+            mark({place->index});
+    }
+}
+
+QVector<Reading> PolledValues::takeMarked(const kx::WatchList& list, qint64 epoch)
+{
+    QVector<Reading> readings;
+    readings.reserve(m_marked.size());
+    for (const int index : m_marked) {
+        readings << readingOf(list.entries().at(index), epoch);
+        m_isMarked[static_cast<size_t>(index)] = false;
+    }
+    m_marked.clear();
+    return readings;
+}
+
+} // namespace kxpanel

@@ -1,0 +1,52 @@
+#ifndef KX_KXPANEL_MACHINE_POLLED_VALUES_H
+#define KX_KXPANEL_MACHINE_POLLED_VALUES_H
+
+#include "kxpanel/machine/machine_events.h"
+
+#include <vector>
+
+namespace kxpanel
+{
+
+/// The window's values as a watch list polls them, and which of them have something new to tell.
+/// What comes in costs as much as the values that it is about, however many there are.
+class PolledValues
+{
+public:
+    void setValues(const QList<WatchedValue>& values) { m_values = values; }
+    /// One for each value, named by its number: so a watch list keeps apart what a person watches
+    /// twice. Intervals left open become "in each cycle".
+    QList<kx::Tag> tags() const;
+
+    /// The list made of tags() polls from now on: indexes are its own.
+    void takeList(const kx::WatchList& list);
+    void markAll();
+    /// @param indexes in the list
+    void mark(const QList<int>& indexes);
+    /// A poll was answered: each value that it covers has another age.
+    void markRead(const kx::AddressRange& polled);
+    bool hasMarked() const { return !m_marked.isEmpty(); }
+
+    /// What the list knows of the marked values, which are marked no more.
+    /// @param epoch milliseconds since 1970 at which the list's clock showed 0
+    QVector<Reading> takeMarked(const kx::WatchList& list, qint64 epoch);
+
+private:
+    struct Place {
+        int station;
+        const RegisterType* type;
+        int address;
+        int width;
+        int index;
+    };
+    static bool isBefore(const Place& one, const Place& other);
+
+    QList<WatchedValue> m_values;
+    std::vector<Place> m_places; ///< by station, type and address
+    std::vector<bool> m_isMarked;
+    QVector<int> m_marked; ///< indexes
+};
+
+} // namespace kxpanel
+
+#endif
