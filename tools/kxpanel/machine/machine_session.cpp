@@ -102,3 +102,28 @@ void MachineSession::tellLink(const QList<kx::LinkEvent>& events)
     m_fault = fault;
     emit linkChanged(m_isLost, fault);
 }
+
+QString MachineSession::faultNow() const
+{
+    QStringList faults = {m_link.faultText(), m_advice ? m_advice->text() : QString()};
+    faults.removeAll(QString());
+    return faults.join(QStringLiteral("; "));
+}
+
+void MachineSession::gather()
+{
+    if (!m_gathering.isActive())
+        m_gathering.start();
+}
+
+// Exchanges first: whoever takes a reading has been told what brought it.
+void MachineSession::tellGathered()
+{
+    m_gathering.stop();
+    if (!m_exchanges.isEmpty())
+        emit exchanged(std::exchange(m_exchanges, {}));
+    if (m_values.hasMarked())
+        emit valuesRead(m_values.takeMarked(m_watch.list(), m_epoch));
+}
+
+} // namespace kxpanel
