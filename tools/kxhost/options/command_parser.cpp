@@ -12,8 +12,6 @@ namespace kx
 namespace
 {
 
-const int FASTEST_BAUD = 4000000;
-
 const char EXIT_CODES[] =
     "Exit codes: 0 fine, 1 a station failed or the line was lost, 2 wrong usage,\n"
     "3 the port or the library cannot be opened";

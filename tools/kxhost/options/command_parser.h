@@ -11,6 +11,8 @@
 namespace kx
 {
 
+const int FASTEST_BAUD = 4000000; ///< that may be asked for
+
 /// What `kxhost COMMAND --help` shows around the options.
 struct CommandHelp {
     const char* usage;               ///< "watch [options] ADDRESS..."

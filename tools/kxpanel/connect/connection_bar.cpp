@@ -1,0 +1,170 @@
+#include "kxpanel/connect/connection_bar.h"
+
+#include "kxpanel/connect/connection_json.h"
+#include "kxpanel/connect/line_fields.h"
+#include "kxpanel/connect/line_text.h"
+#include "kxpanel/connect/scan_panel.h"
+
+#include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
+#include <QtCore/QEvent>
+#include <QtCore/QSignalBlocker>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QToolButton>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+void setColour(QWidget* widget, const QColor& colour)
+{
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    widget->setPalette(palette);
+}
+
+QToolButton* makeButton(QAction* action, QWidget* parent)
+{
+    auto* const button = new QToolButton(parent);
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setFocusPolicy(Qt::StrongFocus);
+    return button;
+}
+
+} // namespace
+
+ConnectionBar::ConnectionBar(Machine* machine, QWidget* parent)
+    : QWidget(parent),
+      m_machine(machine),
+      m_fields(new LineFields(this)),
+      m_scanPanel(new ScanPanel(machine, m_fields, this)),
+      m_state(new QLabel(this)),
+      m_message(new QLabel(this))
+{
+    makeActions();
+    layOut();
+    connect(&m_ports, &PortWatch::portsChanged, m_fields,
+            [this] { m_fields->setPorts(m_ports.ports()); });
+    connect(m_fields, &LineFields::edited, this, [this] {
+        say(QString());
+        emit edited();
+    });
+    connect(m_fields, &LineFields::stationChanged, this, &ConnectionBar::stationChanged);
+    connect(m_scanPanel, &ScanPanel::fieldIsWrong, this, &ConnectionBar::say);
+    connect(machine, &Machine::lineChanged, this, &ConnectionBar::takeStatus);
+    showStatus();
+}
+
+void ConnectionBar::makeActions()
+{
+    m_connect = new QAction(tr("&Connect"), this);
+    m_connect->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    connect(m_connect, &QAction::triggered, this, &ConnectionBar::toggleLine);
+    m_scan = new QAction(tr("&Find stations"), this);
+    m_scan->setCheckable(true);
+    m_scan->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K));
+    m_scan->setToolTip(tr("Ask all stations of the line whether they are there (%1)")
+                           .arg(m_scan->shortcut().toString(QKeySequence::NativeText)));
+    connect(m_scan, &QAction::toggled, m_scanPanel, &ScanPanel::setOpen);
+}
+
+void ConnectionBar::layOut()
+{
+    m_button = makeButton(m_connect, this);
+    m_state->setAccessibleName(tr("State of the line"));
+    m_message->setAccessibleName(tr("What is wrong with the line"));
+    m_message->setWordWrap(true);
+    m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_message->hide();
+    auto* const row = new QHBoxLayout;
+    row->addWidget(m_fields, 1);
+    row->addWidget(m_button);
+    row->addWidget(m_state);
+    row->addWidget(makeButton(m_scan, this));
+    auto* const column = new QVBoxLayout(this);
+    column->addLayout(row);
+    column->addWidget(m_message);
+    column->addWidget(m_scanPanel);
+    m_scanPanel->hide();
+}
+
+void ConnectionBar::setOptions(const kx::ConnectionOptions& options)
+{
+    m_fields->setOptions(options);
+}
+
+QJsonObject ConnectionBar::connection()
+{
+    return connectionJson(m_fields->shownOptions());
+}
+
+void ConnectionBar::setConnection(const QJsonObject& connection)
+{
+    kx::ConnectionOptions options = m_fields->shownOptions();
+    takeConnection(connection, &options);
+    m_fields->setOptions(options);
+}
+
+int ConnectionBar::station() const
+{
+    return m_fields->station();
+}
+
+void ConnectionBar::connectLine()
+{
+    if (m_status.state != LineState::Closed)
+        return;
+    kx::ConnectionOptions options;
+    QString fault;
+    const bool isGood = m_fields->takeOptions(&options, &fault);
+    say(fault);
+    if (isGood)
+        m_machine->openLine(options);
+}
+
+void ConnectionBar::toggleLine()
+{
+    if (m_status.state == LineState::Closed)
+        connectLine();
+    else
+        m_machine->closeLine();
+}
+
+void ConnectionBar::takeStatus(const LineStatus& status)
+{
+    m_status = status;
+    m_fields->setLineEnabled(status.state == LineState::Closed);
+    say(status.fault);
+    showStatus();
+}
+
+void ConnectionBar::showStatus()
+{
+    const QString words[] = {tr("&Connect"), tr("&Cancel"), tr("Dis&connect"), tr("Dis&connect")};
+    m_connect->setText(words[static_cast<int>(m_status.state)]);
+    m_connect->setToolTip(
+        QStringLiteral("%1 (%2)").arg(QString(m_connect->text()).remove(QLatin1Char('&')),
+                                      m_connect->shortcut().toString(QKeySequence::NativeText)));
+    m_state->setText(stateSymbol(m_status) + QLatin1Char(' ') + stateText(m_status));
+    m_state->setToolTip(m_status.name);
+    setColour(m_state, stateColour(m_status, palette()));
+    setColour(m_message, faultColour(palette()));
+}
+
+void ConnectionBar::say(const QString& fault)
+{
+    m_message->setText(fault);
+    m_message->setVisible(!fault.isEmpty());
+}
+
+void ConnectionBar::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showStatus();
+}
+
+} // namespace kxpanel

@@ -1,0 +1,74 @@
+#ifndef KX_KXPANEL_CONNECT_CONNECTION_BAR_H
+#define KX_KXPANEL_CONNECT_CONNECTION_BAR_H
+
+#include "kxpanel/connect/port_watch.h"
+#include "kxpanel/machine/machine.h"
+
+#include <QtWidgets/QWidget>
+
+class QAction;
+class QLabel;
+class QToolButton;
+
+namespace kxpanel
+{
+
+class LineFields;
+class ScanPanel;
+
+/// Which line it is, and how it is: connects, disconnects and scans for stations. What is wrong
+/// stands below the fields.
+class ConnectionBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param machine stays the caller's and must outlive the bar
+    explicit ConnectionBar(Machine* machine, QWidget* parent = nullptr);
+
+    void setOptions(const kx::ConnectionOptions& options);
+    /// What the fields say, right or wrong: for a project.
+    QJsonObject connection();
+    /// Takes what is right. Does not connect.
+    void setConnection(const QJsonObject& connection);
+    /// As the action; does nothing when the line is not closed.
+    void connectLine();
+    int station() const;
+
+    /// Connects, or disconnects and gives up.
+    QAction* connectAction() const { return m_connect; }
+    /// Shows and hides the scan.
+    QAction* scanAction() const { return m_scan; }
+    const LineStatus& status() const { return m_status; }
+
+signals:
+    /// A person has changed what a project keeps.
+    void edited();
+    /// Of addresses that name none.
+    void stationChanged(int station);
+
+private:
+    void makeActions();
+    void layOut();
+    void toggleLine();
+    void takeStatus(const LineStatus& status);
+    void showStatus();
+    /// Below the fields; empty takes it away.
+    void say(const QString& fault);
+    void changeEvent(QEvent* event) override;
+
+    Machine* m_machine;
+    LineStatus m_status;
+    PortWatch m_ports;
+    LineFields* m_fields;
+    ScanPanel* m_scanPanel;
+    QAction* m_connect;
+    QAction* m_scan;
+    QToolButton* m_button;
+    QLabel* m_state;
+    QLabel* m_message;
+};
+
+} // namespace kxpanel
+
+#endif
