@@ -15,6 +15,8 @@ namespace
 // Characters of 1 ms: the last two are taken as they come.
 const LineTiming LINE = {10000, 8, 0, 1};
 const LineTiming NETWORK = {0, 8, 0, 1};
+// Characters of 0.05 ms: two of them are less than getting up takes.
+const LineTiming QUICK = {200000, 8, 0, 1};
 // Characters of 0.01 ms: less than adapters and drivers need to report.
 const LineTiming FAST = {1000000, 8, 0, 1};
 
@@ -56,6 +58,7 @@ private slots:
     void whatBeganIsLeftUntilItsLastCharacters_data();
     void whatBeganIsLeftUntilItsLastCharacters();
     void aReplyThatHasNotBegunIsTakenAsItComes();
+    void aQuickLineIsLeftUntilAMomentBeforeTheEnd();
     void aFastLineIsLeftForNoLessThanAMoment();
     void onANetworkAllIsTakenAsItComes();
     void whileAnotherIsOwedAllIsTakenAsItComes();
@@ -94,6 +97,16 @@ void CurrentExchangeTest::aReplyThatHasNotBegunIsTakenAsItComes()
     Exchange exchange;
     exchange.current.leaveBytesUntil(0, LINE);
     QCOMPARE(exchange.current.leaveBytesUntil(20500, LINE), qint64(0));
+}
+
+void CurrentExchangeTest::aQuickLineIsLeftUntilAMomentBeforeTheEnd()
+{
+    Exchange exchange;
+    exchange.current.leaveBytesUntil(0, QUICK);
+    const QByteArray half = bytes("01 03 14") + QByteArray(9, '\0');
+    QVERIFY(!exchange.current.add(half, 8625, QUICK));
+    // Thirteen characters lack.
+    QCOMPARE(exchange.current.leaveBytesUntil(8625, QUICK), qint64(8625 + 650 - 250));
 }
 
 void CurrentExchangeTest::aFastLineIsLeftForNoLessThanAMoment()
