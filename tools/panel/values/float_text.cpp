@@ -140,6 +140,11 @@ bool floatDecimal(const ValueFormat& format, quint64 bits, Decimal* number)
     return true;
 }
 
+bool isMinusZero(const ValueFormat& format, quint64 bits)
+{
+    return bits == signOf(format);
+}
+
 QString floatText(const ValueFormat& format, quint64 bits)
 {
     Decimal number;
@@ -149,7 +154,7 @@ QString floatText(const ValueFormat& format, quint64 bits)
         return number.rounded(format.decimals).text(format.decimals);
     if (!format.isScaled())
         return shortestText(format, bits);
-    return bits == signOf(format) ? withBits(format, number.text(), bits) : number.text();
+    return isMinusZero(format, bits) ? withBits(format, number.text(), bits) : number.text();
 }
 
 bool parseFloat(const ValueFormat& format, const QString& typed, quint64* bits, QString* fault)

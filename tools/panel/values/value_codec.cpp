@@ -50,6 +50,12 @@ bool decimalOf(const ValueFormat& format, const QList<qint64>& raw, Decimal* num
                               : wholeDecimal(format, bits, number);
 }
 
+QString minusZeroText(ValueFormat format, const QList<qint64>& raw)
+{
+    format.decimals = -1; // rounded it would be "0.0"
+    return valueText(format, raw);
+}
+
 bool leavesBounds(const ValueFormat& format, const QList<qint64>& raw, const QString& typed,
                   QString* fault)
 {
@@ -95,6 +101,8 @@ QJsonValue valueJson(const ValueFormat& format, const QList<qint64>& raw)
     const bool isNumber = format.kind != ValueKind::Hex && format.kind != ValueKind::Bin
                           && decimalOf(format, raw, &number);
     const bool isExact = isFloating(format) || number.significantDigits() <= EXACT_DIGITS;
+    if (isNumber && isFloating(format) && isMinusZero(format, numberOfWords(format, raw)))
+        return minusZeroText(format, raw); // JSON may lose the sign
     return isNumber && isExact && std::isfinite(number.toDouble())
                ? QJsonValue(number.toDouble())
                : QJsonValue(valueText(format, raw));

@@ -289,6 +289,12 @@ void ValueCodecTest::numbersAndJsonAreGiven_data()
     row("D100/s16*0.1+5", {75}, true, 12.5, "12.5");
     row("D100/float", {0xCCCD, 0x3DCC}, true, 0.1, "0.1");
     row("D100/float,decimals=0", {0xCCCD, 0x3DCC}, true, 0.1, "0.1");
+    // JSON may lose the sign of a zero.
+    row("D100/float", {0x0000, 0x8000}, true, 0, "\"-0\"");
+    row("D100/float,decimals=1", {0x0000, 0x8000}, true, 0, "\"-0\"");
+    row("D100/float*0.1+5", {0x0000, 0x8000}, true, 5, "\"5(0x80000000)\"");
+    row("D100/double", {0x0000, 0x0000, 0x0000, 0x8000}, true, 0, "\"-0\"");
+    row("D100/float", {0x0000, 0x0000}, true, 0, "0");
     row("D100/u64", {0xFFFF, 0xFFFF, 0xFFFF, 0xFFFF}, true, 18446744073709551615.0,
         "\"18446744073709551615\"");
     row("D100/bcd", {0x000A}, false, 0, "\"0x000A\"");
