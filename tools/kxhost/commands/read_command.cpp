@@ -9,6 +9,7 @@
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/value_json.h"
 #include "kxhost/views/watch/printed_views.h"
+#include "panel/files/shared_addresses.h"
 #include "panel/files/whole_range.h"
 #include "panel/jobs/read_job.h"
 #include "panel/values/value_address.h"
@@ -58,13 +59,17 @@ QString placeText(const Tag& tag)
     return valueAddressText(tag.range, tag.format).section(QLatin1Char('/'), 0, 0);
 }
 
-void printText(const ReadOutcome& outcome)
+void printText(const ReadOutcome& outcome, const SharedAddresses& shared)
 {
     const Tag& tag = outcome.tag;
+    const auto nameOf = [&](int value) {
+        return shared.hold(tag, value) ? nameWithFormat(tag.range, tag.format, value)
+                                       : valueName(tag.range, tag.format, value);
+    };
     for (int i = 0; i < valuesIn(tag.range, tag.format) && outcome.failure.isNone(); ++i)
         say(QStringLiteral("%1 %2 %3")
                 .arg(tag.range.station)
-                .arg(withName(valueName(tag.range, tag.format, i), tag.name),
+                .arg(withName(nameOf(i), tag.name),
                      withUnit(tag.format,
                               valueText(tag.format, rawOfValue(outcome.values, tag.format, i)))));
     if (!outcome.failure.isNone())
@@ -94,7 +99,13 @@ int read(const ConnectionOptions& options, const QList<Tag>& tags)
         return result;
     showFrames(host.session.get(), options);
     ReadJob job(host.session.get(), tags);
-    QObject::connect(&job, &ReadJob::rangeFinished, options.json ? printJsonOutcome : printText);
+    const SharedAddresses shared(tags);
+    QObject::connect(&job, &ReadJob::rangeFinished, [&](const ReadOutcome& outcome) {
+        if (options.json)
+            printJsonOutcome(outcome);
+        else
+            printText(outcome, shared);
+    });
     runToItsEnd(host.session.get(), &job);
     return job.failure().isNone() ? EXIT_FINE : EXIT_DEVICE_FAILED;
 }

@@ -1,6 +1,7 @@
 #include "kxhost/views/entry_text.h"
 
 #include "kxhost/views/value_json.h"
+#include "panel/files/shared_addresses.h"
 #include "panel/values/value_address.h"
 #include "panel/values/value_codec.h"
 #include "registers/register_types.h"
@@ -31,6 +32,12 @@ QString hexText(const RegisterType* type, qint64 value)
 QString entryAddress(const WatchEntry& entry)
 {
     return valueName(entry.range(), entry.valueFormat(), 0);
+}
+
+QString shownAddress(const WatchEntry& entry)
+{
+    return entry.isShared ? nameWithFormat(entry.range(), entry.valueFormat(), 0)
+                          : entryAddress(entry);
 }
 
 QString entryValue(const WatchEntry& entry)

@@ -12,6 +12,9 @@ namespace kx
 /// Its first address, and the bit of a word: "D100", "X17", "D100.5".
 QString entryAddress(const WatchEntry& entry);
 
+/// The same as rows show it: with its format, "D100/float", when the list has it in several.
+QString shownAddress(const WatchEntry& entry);
+
 /// "1234", "12.5 bar"; nothing while the value is unknown.
 QString entryValue(const WatchEntry& entry);
 

@@ -32,6 +32,7 @@ struct KXRUNTIME_EXPORT WatchEntry {
     int width = 1;                             ///< addresses, as AddressRange::width
     std::shared_ptr<const ValueFormat> format; ///< of its tag; null: as the register has it
     QString name;                              ///< of its tag; empty when the address was typed
+    bool isShared = false;                     ///< the list has its address in another format, too
     WatchState state = WatchState::NeverRead;
     bool isKnown = false; ///< `value` has been read or written
     qint64 value = 0;     ///< as Session::values(), of its first address

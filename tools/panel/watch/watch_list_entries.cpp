@@ -2,6 +2,7 @@
 
 #include "panel/watch/watch_list.h"
 
+#include "panel/files/shared_addresses.h"
 #include "panel/values/format_text.h"
 #include "panel/values/value_address.h"
 
@@ -51,6 +52,7 @@ WatchList::WatchList(const QList<Tag>& tags)
     m_entries.reserve(values);
     m_next.reserve(static_cast<size_t>(values));
     MoreEntries moreEntries;
+    const SharedAddresses shared(tags);
     for (const Tag& tag : tags) {
         m_longestName = qMax(m_longestName, static_cast<int>(tag.name.size()));
         const int width = registersOf(tag.format);
@@ -64,6 +66,7 @@ WatchList::WatchList(const QList<Tag>& tags)
             entry.width = width;
             entry.format = format;
             entry.name = tag.name;
+            entry.isShared = shared.hold(tag, i / width);
             add(entry, &moreEntries);
         }
     }

@@ -47,8 +47,9 @@ void ReadCommandTest::valuesAreShown_data()
         << QStringList{"D100=0,16712,65534,16706,32"}
         << QStringList{"D100/float",   "D100/u32,high", "D102/s16*0.5,unit=bar",
                        "D103/ascii:1", "D104.5",        "D102/hex"}
-        << QStringList{"1 D100 12.5", "1 D100 16712", "1 D102 -1.0 bar",
-                       "1 D103 AB",   "1 D104.5 1",   "1 D102 0xFFFE"};
+        << QStringList{
+               "1 D100/float 12.5", "1 D100/u32,high 16712", "1 D102/s16*0.5 -1.0 bar", "1 D103 AB",
+               "1 D104.5 1",        "1 D102/hex 0xFFFE"};
     QTest::newRow("values of two registers")
         << QStringList{"D100=0,16712,0,16256"} << QStringList{"D100:2/float"}
         << QStringList{"1 D100 12.5", "1 D102 1"};

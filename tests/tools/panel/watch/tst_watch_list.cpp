@@ -21,6 +21,7 @@ private slots:
     void anAddressTypedAndNamedIsListedOnce();
     void allNamesOfAnAddressChangeTogether();
     void aFormatMakesAnotherValue();
+    void anAddressInSeveralFormatsIsShared();
     void aValueOfSeveralRegistersIsOneEntry();
     void firstReadMakesValuesKnown();
     void countersCoverHalfTheRegisters();
@@ -141,6 +142,17 @@ void WatchListTest::aFormatMakesAnotherValue()
                       + entry.name;
     QCOMPARE(listed, (QStringList{"D100@1 ", "D100@1/s16 Pump", "D100.3@1 ", "D100.4@1 ",
                                   "D100@1/u16 Raw", "D100@1/s16 Valve"}));
+}
+
+void WatchListTest::anAddressInSeveralFormatsIsShared()
+{
+    Tag numbers = tagOf("D100:4");
+    numbers.format.kind = ValueKind::Float; // D100 and D102
+    const WatchList list({numbers, tagOf("D102"), tagOf("D103")});
+    QStringList shared;
+    for (const WatchEntry& entry : list.entries())
+        shared << QString::number(entry.address) + (entry.isShared ? " shared" : "");
+    QCOMPARE(shared, (QStringList{"100", "102 shared", "102 shared", "103"}));
 }
 
 void WatchListTest::aValueOfSeveralRegistersIsOneEntry()

@@ -20,7 +20,7 @@ QString entryRow(const WatchEntry& entry, const QDateTime& time)
     return QStringLiteral("%1 %2 %3 %4")
         .arg(time.toString(Qt::ISODateWithMs))
         .arg(entry.station)
-        .arg(withName(entryAddress(entry), entry.name),
+        .arg(withName(shownAddress(entry), entry.name),
              hasFailed(entry) ? stateText(entry, 0) : entryValue(entry));
 }
 

@@ -13,7 +13,7 @@ namespace
 bool contains(const WatchEntry& entry, const QString& text)
 {
     return entry.name.contains(text, Qt::CaseInsensitive)
-           || entryAddress(entry).contains(text, Qt::CaseInsensitive);
+           || shownAddress(entry).contains(text, Qt::CaseInsensitive);
 }
 
 } // namespace

@@ -92,7 +92,7 @@ Widths widthsFor(int longest, const std::vector<Cells>& rows, int terminalWidth)
     for (size_t column = 0; column < COLUMN_COUNT; ++column)
         widths[column] = SHAPES[column].width;
     for (const Cells& cells : rows) {
-        for (const Column column : {VALUE, HEX})
+        for (const Column column : {ADDRESS, VALUE, HEX})
             widths[column] = std::max(widths[column], cellsOf(cells[column]));
     }
     widths[NAME] = nameWidth(longest);
@@ -145,7 +145,7 @@ Cells cellsOf(const WatchEntry& entry, qint64 now)
     Cells cells;
     cells[STATION] = QString::number(entry.station);
     cells[TYPE] = QString::fromLatin1(entry.type->name);
-    cells[ADDRESS] = entryAddress(entry).mid(cells[TYPE].size());
+    cells[ADDRESS] = shownAddress(entry).mid(cells[TYPE].size());
     cells[NAME] = printableText(entry.name);
     cells[MODBUS] = QString::number(modbusNumber(entry.type, entry.address));
     cells[VALUE] = entryValue(entry);

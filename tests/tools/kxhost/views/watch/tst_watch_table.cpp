@@ -16,6 +16,7 @@ class WatchTableTest : public QObject
 private slots:
     void rows();
     void rowsOfFormats();
+    void aSharedAddressNamesItsFormat();
     void aLongTextLeavesRoomForOthers();
     void aLongNumberHidesNoOthers();
     void rowsWithNames();
@@ -87,6 +88,19 @@ void WatchTableTest::rowsOfFormats()
                         QString::fromLatin1("      1  D        110     110   ABCDEFGHI"
                                             "  0x4142 0x4344 0x4546 0x4748 ...     1.3 s  ok"),
                     }));
+}
+
+void WatchTableTest::aSharedAddressNamesItsFormat()
+{
+    WatchEntry number = entryOf("D100/float,unit=l/min", {0, 0x4148});
+    WatchEntry bits = entryOf("D100/u32", {0, 0x4148});
+    number.isShared = true;
+    bits.isShared = true;
+    QCOMPARE(
+        tableRows({number, bits}, 0, 2300, 120),
+        (QStringList{"STATION  TYPE   ADDRESS  MODBUS       VALUE            HEX       AGE  STATE",
+                     "      1  D    100/float     100  12.5 l/min  0x0000 0x4148     1.3 s  ok",
+                     "      1  D      100/u32     100  1095237632  0x0000 0x4148     1.3 s  ok"}));
 }
 
 void WatchTableTest::aLongTextLeavesRoomForOthers()
