@@ -83,25 +83,28 @@ void CsvTable::parseLines(const QList<QByteArray>& lines, QList<CsvFault>* fault
 {
     m_lines = lines;
     for (int i = 0; i < m_lines.size(); ++i) {
-        CsvFault fault;
-        fault.line = i + 1;
-        if (isSkipped(m_lines.at(i)) || parseText(i, &fault.text))
+        if (isSkipped(m_lines.at(i)))
             continue;
-        *faults << fault;
+        for (const QString& text : lineFaults(i))
+            *faults << CsvFault{i + 1, text};
         if (m_order.isEmpty())
             return;
     }
 }
 
-bool CsvTable::parseText(int index, QString* error)
+QStringList CsvTable::lineFaults(int index)
 {
     const QByteArray& line = m_lines.at(index);
-    return checkUtf8(line, error)
-           && (m_order.isEmpty() ? parseHeader(line, error) : parseRow(index, error));
+    QString fault;
+    if (!checkUtf8(line, &fault))
+        return {fault};
+    if (m_order.isEmpty())
+        return takeHeader(line);
+    return parseRow(index, &fault) ? QStringList() : QStringList{fault};
 }
 
 // The separator is the one that finds most columns.
-bool CsvTable::parseHeader(const QByteArray& line, QString* error)
+QStringList CsvTable::takeHeader(const QByteArray& line)
 {
     QStringList names;
     int mostKnown = 0;
@@ -121,34 +124,33 @@ bool CsvTable::parseHeader(const QByteArray& line, QString* error)
         m_separator = separator.character;
     }
     if (mostKnown == 0)
-        return fail(QStringLiteral("the first line must be the header %1, separated by commas, "
-                                   "semicolons or tabs")
-                        .arg(columnNames()),
-                    error);
-    return parseColumns(names, error);
+        return {QStringLiteral("the first line must be the header %1, separated by commas, "
+                               "semicolons or tabs")
+                    .arg(columnNames())};
+    return takeColumns(names);
 }
 
-bool CsvTable::parseColumns(const QStringList& names, QString* error)
+QStringList CsvTable::takeColumns(const QStringList& names)
 {
+    QStringList faults;
     QList<int> order;
     for (const QString& name : names) {
         const int column = columnOf(name);
         if (column < 0)
-            return fail(QStringLiteral("unknown column '%1', separated by %2; the columns are %3")
-                            .arg(name, separatorName(m_separator), columnNames()),
-                        error);
-        if (order.contains(column))
-            return fail(QStringLiteral("the header has two columns '%1'").arg(name), error);
+            faults << QStringLiteral("unknown column '%1', separated by %2; the columns are %3")
+                          .arg(name, separatorName(m_separator), columnNames());
+        else if (order.count(column) == 1) // named once, however often it is there
+            faults << QStringLiteral("the header has two columns '%1'").arg(name);
         order << column;
     }
     for (int column = 0; column < m_columns.size(); ++column) {
         if (m_columns.at(column).isNeeded && !order.contains(column))
-            return fail(QStringLiteral("the header has no column '%1'; the columns are %2")
-                            .arg(QLatin1String(m_columns.at(column).name), columnNames()),
-                        error);
+            faults << QStringLiteral("the header has no column '%1'; the columns are %2")
+                          .arg(QLatin1String(m_columns.at(column).name), columnNames());
     }
-    m_order = order;
-    return true;
+    if (faults.isEmpty())
+        m_order = order;
+    return faults;
 }
 
 bool CsvTable::parseRow(int index, QString* error)

@@ -54,9 +54,9 @@ public:
 
 private:
     void parseLines(const QList<QByteArray>& lines, QList<CsvFault>* faults);
-    bool parseText(int index, QString* error);
-    bool parseHeader(const QByteArray& line, QString* error);
-    bool parseColumns(const QStringList& names, QString* error);
+    QStringList lineFaults(int index);
+    QStringList takeHeader(const QByteArray& line);
+    QStringList takeColumns(const QStringList& names);
     bool parseRow(int index, QString* error);
     int columnOf(const QString& name) const;
     int fewestFields() const;

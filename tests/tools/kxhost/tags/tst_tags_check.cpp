@@ -16,6 +16,7 @@ private slots:
     void initTestCase();
     void aGoodFile();
     void allFaultsOfAllFiles();
+    void allFaultsOfAHeader();
     void asJson();
     void wrongUsageIsOneLine_data();
     void wrongUsageIsOneLine();
@@ -68,6 +69,19 @@ void TagsCheckTest::allFaultsOfAllFiles()
             place + ":3: format u16: Y holds bits, which have no format but bit"}));
     QCOMPARE(result.output, QStringList{m_good + ": good, 2 tags"});
     QCOMPARE(result.exitCode, 2);
+}
+
+void TagsCheckTest::allFaultsOfAHeader()
+{
+    const QString path = write("header.csv", "adress,unit,every,unit\nD100,bar,1s,bar\n");
+    const QString place = "kxhost: " + path + ":1: ";
+    const QString columns = "; the columns are name,station,address,count,every,format,order,scale,"
+                            "offset,unit,decimals,min,max,comment";
+    QCOMPARE(runCommand({"tags", "check", path}).errors,
+             (QStringList{place + "unknown column 'adress', separated by commas" + columns,
+                          place + "the header has two columns 'unit'",
+                          place + "the header has no column 'name'" + columns,
+                          place + "the header has no column 'address'" + columns}));
 }
 
 void TagsCheckTest::asJson()

@@ -38,6 +38,7 @@ private slots:
     void headerDecides();
     void wrongTablesAreRefused_data();
     void wrongTablesAreRefused();
+    void allFaultsOfTheHeaderAreNamed();
     void textsAreReplacedInPlace();
 };
 
@@ -121,6 +122,24 @@ void CsvTableTest::wrongTablesAreRefused()
     QFETCH(QByteArray, text);
     QFETCH(QString, fault);
     QCOMPARE(parsed(text), QStringList{fault});
+}
+
+void CsvTableTest::allFaultsOfTheHeaderAreNamed()
+{
+    CsvTable table;
+    QList<CsvFault> faults;
+    QVERIFY(!CsvTable::parse("# tags\nunit;nam;unit;notes;unit\na;5;6;7;8\n", COLUMNS, &table,
+                             &faults));
+    QStringList texts;
+    for (const CsvFault& fault : faults)
+        texts << QString::number(fault.line) + ": " + fault.text;
+    const QString columns = "; the columns are name,unit,value,note";
+    QCOMPARE(texts, (QStringList{"2: unknown column 'nam', separated by semicolons" + columns,
+                                 "2: the header has two columns 'unit'",
+                                 "2: unknown column 'notes', separated by semicolons" + columns,
+                                 "2: the header has no column 'name'" + columns,
+                                 "2: the header has no column 'value'" + columns}));
+    QVERIFY(table.rows().isEmpty());
 }
 
 void CsvTableTest::textsAreReplacedInPlace()
