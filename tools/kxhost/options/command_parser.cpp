@@ -5,6 +5,7 @@
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "system/character_format.h"
+#include "system/repeated_option.h"
 
 namespace kx
 {
@@ -43,6 +44,12 @@ QString parserFault(const QCommandLineParser& parser, const CommandHelp& help)
     return QStringLiteral("%1; kxhost %2 --help shows the options").arg(fault, command);
 }
 
+/// Of all commands; every other option takes one value.
+QStringList repeatableOptions()
+{
+    return {QStringLiteral("fault"), QStringLiteral("only"), QStringLiteral("tags")};
+}
+
 } // namespace
 
 bool parseCommand(QCommandLineParser* parser, const QStringList& arguments, const CommandHelp& help,
@@ -57,9 +64,11 @@ bool parseCommand(QCommandLineParser* parser, const QStringList& arguments, cons
         *exitCode = EXIT_FINE;
         return false;
     }
-    if (!isParsed)
-        *exitCode = complain(parserFault(*parser, help), EXIT_WRONG_USAGE);
-    return isParsed;
+    const QString fault =
+        isParsed ? repeatedOption(*parser, repeatableOptions()) : parserFault(*parser, help);
+    if (!fault.isEmpty())
+        *exitCode = complain(fault, EXIT_WRONG_USAGE);
+    return fault.isEmpty();
 }
 
 QString exitCodesText()

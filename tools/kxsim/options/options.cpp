@@ -7,6 +7,7 @@
 #include "kxsim/options/programme_options.h"
 #include "kxsim/options/timing_options.h"
 #include "system/character_format.h"
+#include "system/repeated_option.h"
 
 #include <QtCore/QCommandLineParser>
 
@@ -57,6 +58,14 @@ QString parserFault(const QCommandLineParser& parser)
     if (fault.endsWith(QLatin1Char('.')))
         fault.chop(1);
     return fault + QStringLiteral("; kxsim --help shows the options");
+}
+
+/// All that hold a list; every other option takes one value.
+QStringList repeatableOptions(const CommandLine& line)
+{
+    return line.station.names() + QStringList{QStringLiteral("set"),   QStringLiteral("wave"),
+                                              QStringLiteral("timer"), QStringLiteral("counter"),
+                                              QStringLiteral("fault"), QStringLiteral("down")};
 }
 
 bool fail(QString* error, const QString& message)
@@ -158,7 +167,8 @@ bool parseOptions(const QStringList& arguments, Options* options, QString* error
     if (!line.parser.positionalArguments().isEmpty())
         return fail(error, QStringLiteral("unexpected argument '%1'; a port is named with --port")
                                .arg(line.parser.positionalArguments().first()));
-    return takeAll(line, options, error);
+    const QString repeated = kx::repeatedOption(line.parser, repeatableOptions(line));
+    return repeated.isEmpty() ? takeAll(line, options, error) : fail(error, repeated);
 }
 
 } // namespace kxsim

@@ -65,6 +65,14 @@ void WatchUsageTest::wrongUsage_data()
         "unknown option 'speed'; kxhost watch --help shows the options");
     row("option without its value", "watch D0 --port",
         "missing value after '--port'; kxhost watch --help shows the options");
+    row("an option with two values", "watch D0 --simulate --interval 1s --interval 2s",
+        "--interval is given twice, as 1s and as 2s");
+    row("a short and a long name of an option", "watch D0 --simulate -a 1 --station=1",
+        "-a is given twice, as 1 and as 1");
+    row("of options that may be repeated, the values count",
+        "watch D0 --simulate --fault silence:0.1 --fault delay:2",
+        "--fault delay:2: write KIND:PROBABILITY with a probability from 0 to 1, such as "
+        "silence:0.01");
     row("unknown type", "watch Q0 --simulate",
         "Q0: unknown register type 'Q'; the types are X, Y, M, SM, S, T, C, D, SD, CV, 32CV, TV, "
         "Z");
