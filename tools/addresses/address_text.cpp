@@ -1,5 +1,6 @@
 #include "addresses/address_text.h"
 
+#include "addresses/count_fault.h"
 #include "addresses/digits.h"
 #include "addresses/station_text.h"
 #include "registers/register_types.h"
@@ -99,11 +100,9 @@ bool takeValues(const QStringList& values, bool countGiven, Assignment* assignme
         if (!parseValue(value, assignment, fault))
             return false;
     }
-    const QString count = QString::number(assignment->values.size());
     if (countGiven && values.size() != assignment->range.values)
-        return fail(fault, QStringLiteral("%1 values for a count of %2")
-                               .arg(count, QString::number(assignment->range.values)));
-    return parseCount(count, &assignment->range, fault);
+        return fail(fault, countFault(values.size(), assignment->range.values));
+    return parseCount(QString::number(values.size()), &assignment->range, fault);
 }
 
 } // namespace

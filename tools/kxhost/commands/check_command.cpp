@@ -3,6 +3,7 @@
 #include "kxhost/commands/connection.h"
 #include "kxhost/options/command_parser.h"
 #include "kxhost/options/offline_options.h"
+#include "kxhost/options/tags_arguments.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/check_answer.h"
@@ -70,7 +71,11 @@ int check(const QStringList& addresses, const DriverEntryPoints& entryPoints, co
 {
     int exitCode = EXIT_FINE;
     for (const QString& address : addresses) {
-        const CheckAnswer answer = checkAddress(entryPoints, address, tag);
+        CheckAnswer answer = checkAddress(entryPoints, address, tag);
+        if (!answer.isValid() && namesTagsFile(address))
+            answer.fault = QStringLiteral("not an address; what a tags file holds is checked by "
+                                          "kxhost tags check %1")
+                               .arg(address);
         if (json)
             printJson(answerJson(answer));
         else if (answer.isValid())

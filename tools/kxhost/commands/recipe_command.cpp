@@ -131,11 +131,10 @@ QString failureText(const RecipeJob& transfer, const RecipeOptions& options)
     const bool isUpload = options.direction == RecipeDirection::Upload;
     const QString rest = isUpload ? QStringLiteral("the file is unchanged")
                                   : QStringLiteral("blocks sent: %1").arg(sentText(transfer));
-    return QStringLiteral("%1 of %2 stopped after %3 of %4 blocks: %5; %6")
+    return QStringLiteral("%1 of %2 stopped after %3 of %4: %5; %6")
         .arg(QLatin1String(isUpload ? "upload" : "download"), options.path)
         .arg(transfer.blocksDone().size())
-        .arg(transfer.blocks())
-        .arg(transfer.failure().text, rest);
+        .arg(counted(transfer.blocks(), "block", "blocks"), transfer.failure().text, rest);
 }
 
 void printSummary(const RecipeJob& transfer, const RecipeOptions& options,

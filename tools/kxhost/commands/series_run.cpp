@@ -2,6 +2,7 @@
 
 #include "kxhost/views/aligned_rows.h"
 #include "kxhost/views/modbus_json.h"
+#include "panel/text/counted.h"
 #include "registers/register_types.h"
 
 namespace kx
@@ -92,15 +93,16 @@ QJsonObject seriesJson(const RegisterType* type, const SeriesRow& row)
 QString seriesNotice(const Series& series)
 {
     const QString type = QString::fromLatin1(series.type->name);
+    const QString addresses = counted(series.rows.size(), "address", "addresses");
     QStringList notices;
     if (const int clamped = countOf(series, SeriesPlace::Clamped))
-        notices << QStringLiteral("past %1 and replaced by it: %2 of %3 addresses")
+        notices << QStringLiteral("past %1 and replaced by it: %2 of %3")
                        .arg(type + QString::fromLatin1(series.type->highest),
-                            QString::number(clamped), QString::number(series.rows.size()));
+                            QString::number(clamped), addresses);
     if (const int below = countOf(series, SeriesPlace::BelowLowest))
-        notices << QStringLiteral("below %1, the lowest: %2 of %3 addresses")
+        notices << QStringLiteral("below %1, the lowest: %2 of %3")
                        .arg(type + QString::fromLatin1(series.type->lowest), QString::number(below),
-                            QString::number(series.rows.size()));
+                            addresses);
     return notices.join(QStringLiteral("; "));
 }
 

@@ -76,10 +76,11 @@ QString RestoreView::failureText(const RestoreResult& result) const
         const QString text =
             QStringLiteral("restore of %1 stopped: %2; %3")
                 .arg(m_path, result.stopReason,
-                     result.written == 0 ? QStringLiteral("nothing was written")
-                                         : QStringLiteral("%1 of %2 values were written")
-                                               .arg(result.written)
-                                               .arg(result.different));
+                     result.written == 0     ? QStringLiteral("nothing was written")
+                     : result.different == 1 ? QStringLiteral("the value was written")
+                                             : QStringLiteral("%1 of %2 values were written")
+                                                   .arg(result.written)
+                                                   .arg(result.different));
         return result.perhaps.isEmpty() ? text
                                         : text
                                               + QStringLiteral(", perhaps also %1")
@@ -88,8 +89,10 @@ QString RestoreView::failureText(const RestoreResult& result) const
     if (result.left == 0 && result.unread.isEmpty())
         return QString();
     const QString text =
-        QStringLiteral("%1 of %2 values are not as in %3")
-            .arg(QString::number(result.left), QString::number(result.values), m_path);
+        result.values == 1
+            ? QStringLiteral("the value is not as in %1").arg(m_path)
+            : QStringLiteral("%1 of %2 values are not as in %3")
+                  .arg(QString::number(result.left), QString::number(result.values), m_path);
     return result.unread.isEmpty() ? text : text + QStringLiteral("; not all could be read again");
 }
 

@@ -104,10 +104,8 @@ bool parseArgument(const QString& argument, OnlyNames* only, QList<Tag>* tags, Q
         *tags << tag;
         return true;
     }
-    const bool isFile =
-        QFileInfo(argument).isFile() || (looksLikeFile(argument) && !beginsAsAddress(argument));
-    return isFile ? takeFile(argument, only, tags, error)
-                  : fail(error, faultyText(argument, fault));
+    return namesTagsFile(argument) ? takeFile(argument, only, tags, error)
+                                   : fail(error, faultyText(argument, fault));
 }
 
 } // namespace
@@ -188,6 +186,11 @@ bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>
         takeOrder(order, &tag.format);
     }
     return true;
+}
+
+bool namesTagsFile(const QString& argument)
+{
+    return QFileInfo(argument).isFile() || (looksLikeFile(argument) && !beginsAsAddress(argument));
 }
 
 bool parseWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,

@@ -32,7 +32,10 @@ bool parseNames(const QCommandLineParser& parser, int station, QList<Tag>* tags,
 bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>* tags,
                        QString* error);
 
-/// The same without the names.
+/// Whether an argument is meant as the name of a tags file, as parseTagArguments() takes it.
+bool namesTagsFile(const QString& argument);
+
+/// As parseTagArguments(), without the names.
 bool parseWatchedRanges(const QCommandLineParser& parser, int station, QList<AddressRange>* ranges,
                         QString* error);
 

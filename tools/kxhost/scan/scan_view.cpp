@@ -107,9 +107,9 @@ void ScanView::showNothingFound(int formats, const ScanProgress& progress)
                                 .arg(counted(formats, "setting", "settings of the line"));
     say(progress.done == progress.total
             ? nothing
-            : QStringLiteral("no station answered; stopped after %1 of %2 requests")
+            : QStringLiteral("no station answered; stopped after %1 of %2")
                   .arg(progress.done)
-                  .arg(progress.total));
+                  .arg(counted(progress.total, "request", "requests")));
 }
 
 void ScanView::clearBar()

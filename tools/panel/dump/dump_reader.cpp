@@ -4,6 +4,7 @@
 #include "addresses/station_text.h"
 #include "panel/dump/controller_values.h"
 #include "panel/dump/dump_words.h"
+#include "panel/text/counted.h"
 #include "panel/text/json_time.h"
 #include "registers/register_types.h"
 
@@ -205,8 +206,8 @@ bool DumpReader::takeEnd(const QStringList& words)
         return fail(QStringLiteral("must be 'end COUNT SHA-256'; the file is damaged"));
     const QString count = QString::number(valuesOf(m_dump.runs));
     if (words.at(1) != count || m_dump.runs.isEmpty())
-        return fail(QStringLiteral("the file is damaged: there are %1 values, and there were %2")
-                        .arg(count, quoted(words.at(1))),
+        return fail(QStringLiteral("the file is damaged: there are %1, and there were %2")
+                        .arg(counted(count.toInt(), "value", "values"), quoted(words.at(1))),
                     static_cast<int>(words.first().size()) + 2);
     if (words.at(2) != QLatin1String(m_sum.result().toHex()))
         return fail(QStringLiteral("the file is damaged: not all lines are as they were written"),

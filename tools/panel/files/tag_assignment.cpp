@@ -1,5 +1,6 @@
 #include "panel/files/tag_assignment.h"
 
+#include "addresses/count_fault.h"
 #include "panel/files/whole_range.h"
 #include "panel/values/value_address.h"
 #include "panel/values/value_codec.h"
@@ -75,7 +76,7 @@ bool takeCount(int values, bool countGiven, TagAssignment* assignment, QString* 
     Tag& tag = assignment->tag;
     const int wanted = valuesIn(tag.range, tag.format);
     if (countGiven && values != wanted)
-        return fail(fault, QStringLiteral("%1 values for a count of %2").arg(values).arg(wanted));
+        return fail(fault, countFault(values, wanted));
     if (countGiven)
         return true;
     tag.range.values = values;

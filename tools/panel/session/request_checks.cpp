@@ -27,6 +27,11 @@ Failure outOfRange(const AddressRange& range, const QString& text)
     return refusal(FailureKind::OutOfRange, range, text);
 }
 
+QString valuesText(int values)
+{
+    return values == 1 ? QStringLiteral("1 value") : QStringLiteral("%1 values").arg(values);
+}
+
 Failure tooLong(const AddressRange& range, int maxWords)
 {
     return refusal(
@@ -116,8 +121,8 @@ Failure assignmentRefusal(const Assignment& assignment)
         std::all_of(assignment.values.begin(), assignment.values.end(),
                     [=](qint64 value) { return value >= lowest && value <= highest; });
     if (!isEachRight || assignment.values.size() != range.values)
-        return outOfRange(range, QStringLiteral("takes %1 values from %2 to %3")
-                                     .arg(range.values)
+        return outOfRange(range, QStringLiteral("takes %1 from %2 to %3")
+                                     .arg(valuesText(range.values))
                                      .arg(lowest)
                                      .arg(highest));
     return Failure();

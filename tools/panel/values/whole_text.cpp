@@ -142,6 +142,12 @@ bool parseSteps(const ValueFormat& format, const QString& typed, Decimal* number
                        .arg(typed, format.scale.absolute().text(), scaledText(format, *number)));
 }
 
+/// Of a single bit the register's name would tell what all of it takes.
+QString takerText(const RegisterType* type, const ValueFormat& format)
+{
+    return format.bit < 0 ? QString::fromLatin1(type->name) : QStringLiteral("one bit of a word");
+}
+
 bool checkLimits(const RegisterType* type, const ValueFormat& format, const QString& typed,
                  const Decimal& number, QString* fault)
 {
@@ -150,7 +156,7 @@ bool checkLimits(const RegisterType* type, const ValueFormat& format, const QStr
         return true;
     const bool turns = format.scale.isNegative();
     return fail(fault, QStringLiteral("%1 does not fit; %2 takes %3 to %4")
-                           .arg(typed, QString::fromLatin1(type->name),
+                           .arg(typed, takerText(type, format),
                                 scaledText(format, turns ? limits.highest : limits.lowest),
                                 scaledText(format, turns ? limits.lowest : limits.highest)));
 }

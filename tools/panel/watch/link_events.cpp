@@ -1,6 +1,7 @@
 #include "panel/watch/link_events.h"
 
 #include "data/reply_handling.h"
+#include "panel/text/counted.h"
 #include "panel/text/json_time.h"
 
 #include <QtCore/QStringList>
@@ -54,10 +55,10 @@ QString shortenedText(const LinkEvent& event)
     const QString gaps = event.rules.maySpanGaps
                              ? QString()
                              : QStringLiteral("; addresses between are not read along");
-    return QStringLiteral("station %1 refuses requests; it is asked for at most %2 registers or %3 "
-                          "coils at once%4")
-        .arg(QString::number(event.station), QString::number(event.rules.maxWords),
-             QString::number(event.rules.maxBits), gaps);
+    return QStringLiteral("station %1 refuses requests; it is asked for at most %2 or %3 at "
+                          "once%4")
+        .arg(QString::number(event.station), counted(event.rules.maxWords, "register", "registers"),
+             counted(event.rules.maxBits, "coil", "coils"), gaps);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "recording/csv/csv_recording_text.h"
 
 #include "panel/files/csv_fields.h"
+#include "panel/text/counted.h"
 #include "system/printable_text.h"
 
 #include <QtCore/QDateTime>
@@ -162,7 +163,9 @@ bool parseCsvRow(const QByteArray& line, const QList<RecordedTag>& tags,
     if (!splitCsvFields(line, SEPARATOR, &fields, fault))
         return false;
     if (fields.size() != tags.size() + 2) {
-        *fault = QStringLiteral("%1 fields instead of %2").arg(fields.size()).arg(tags.size() + 2);
+        *fault = QStringLiteral("%1 instead of %2")
+                     .arg(counted(fields.size(), "field", "fields"))
+                     .arg(tags.size() + 2);
         return false;
     }
     RecordedEvent event;

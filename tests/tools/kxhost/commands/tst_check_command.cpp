@@ -16,6 +16,7 @@ private slots:
     void whatTheDriverAloneWouldTakeIsRefused_data();
     void whatTheDriverAloneWouldTakeIsRefused();
     void everyAddressGetsItsLine();
+    void aFileIsNoAddress();
     void answersAsJson();
     void wrongUsageIsOneLine_data();
     void wrongUsageIsOneLine();
@@ -161,6 +162,16 @@ void CheckCommandTest::everyAddressGetsItsLine()
                                         "are X0 to X377 (octal)"});
     QCOMPARE(result.exitCode, 2);
     QCOMPARE(runCommand("check D7 X7").exitCode, 0);
+}
+
+void CheckCommandTest::aFileIsNoAddress()
+{
+    const CommandResult result = runCommand({"check", "D100", "line3.csv", "D100.77"});
+    QCOMPARE(result.errors,
+             (QStringList{"kxhost: line3.csv: not an address; what a tags file holds is checked by "
+                          "kxhost tags check line3.csv",
+                          "kxhost: D100.77: '77' is not a bit of a word; they are 0 to 15"}));
+    QCOMPARE(result.exitCode, 2);
 }
 
 void CheckCommandTest::answersAsJson()

@@ -119,7 +119,7 @@ void TagAssignmentTest::wrongOnesAreRefused_data()
     row("bits of a word", "D100.5=1,0", "D100.5=1,0: one bit of a word has no count");
     row("above the maximum", "pump=50.1",
         "pump=50.1: 50.1 is refused; it must be at least 0 and at most 50");
-    row("fewer values than the tag has", "levels=1", "levels=1: 1 values for a count of 2");
+    row("fewer values than the tag has", "levels=1", "levels=1: 1 value for a count of 2");
     row("more values than counted", "D100:1/float=1,2",
         "D100:1/float=1,2: 2 values for a count of 1");
     row("no value", "D100=", "D100=: '' is not a decimal, 0x hexadecimal or 0b binary number");

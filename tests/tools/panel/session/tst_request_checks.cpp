@@ -185,16 +185,16 @@ void RequestChecksTest::valuesSuitTheirType_data()
     QTest::addColumn<QList<qint64>>("values");
     QTest::addColumn<QString>("text");
     QTest::newRow("a coil") << "M0@1" << QList<qint64>{1} << QString();
-    QTest::newRow("a coil of 2") << "M0@1" << QList<qint64>{2} << "takes 1 values from 0 to 1";
+    QTest::newRow("a coil of 2") << "M0@1" << QList<qint64>{2} << "takes 1 value from 0 to 1";
     QTest::newRow("the lowest word") << "D0@1" << QList<qint64>{-32768} << QString();
     QTest::newRow("below it") << "D0@1" << QList<qint64>{-32769}
-                              << "takes 1 values from -32768 to 65535";
+                              << "takes 1 value from -32768 to 65535";
     QTest::newRow("the highest word") << "D0@1" << QList<qint64>{65535} << QString();
     QTest::newRow("above it, behind a good one")
         << "D0:2@1" << QList<qint64>{1, 65536} << "takes 2 values from -32768 to 65535";
     QTest::newRow("the highest 32CV") << "32CV200@1" << QList<qint64>{4294967295} << QString();
     QTest::newRow("above it") << "32CV200@1" << QList<qint64>{4294967296}
-                              << "takes 1 values from -2147483648 to 4294967295";
+                              << "takes 1 value from -2147483648 to 4294967295";
     QTest::newRow("too few values")
         << "D0:2@1" << QList<qint64>{1} << "takes 2 values from -32768 to 65535";
     QTest::newRow("too many") << "D0:2@1" << QList<qint64>{1, 2, 3}

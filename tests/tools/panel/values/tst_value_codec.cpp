@@ -383,7 +383,7 @@ void ValueCodecTest::aBitIsPutIntoItsWord()
     QVERIFY(parseValue(value.range.type, value.format, "1", &raw, &fault));
     QCOMPARE(raw, QList<qint64>{1});
     QVERIFY(!parseValue(value.range.type, value.format, "2", &raw, &fault));
-    QCOMPARE(fault, QString("2 does not fit; D takes 0 to 1"));
+    QCOMPARE(fault, QString("2 does not fit; one bit of a word takes 0 to 1"));
 }
 
 void ValueCodecTest::fewerRegistersGiveNothing()

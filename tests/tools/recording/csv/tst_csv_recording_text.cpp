@@ -125,6 +125,7 @@ void CsvRecordingTextTest::aWrongRowIsTold_data()
     QTest::addColumn<QString>("fault");
     QTest::newRow("a field too few")
         << QByteArray("2023-11-14T22:13:20.250Z,1,2") << "3 fields instead of 4";
+    QTest::newRow("one field") << QByteArray("2023-11-14T22:13:20.250Z") << "1 field instead of 4";
     QTest::newRow("no time") << QByteArray("soon,1,2,") << "the time is wrong";
     QTest::newRow("a time of no zone")
         << QByteArray("2023-11-14T22:13:20.250,1,2,") << "the time is wrong";

@@ -1,6 +1,7 @@
 #include "kxhost/views/watch/table_window.h"
 
 #include "kxhost/views/entry_text.h"
+#include "panel/text/counted.h"
 
 #include <algorithm>
 
@@ -81,7 +82,7 @@ QString TableWindow::position() const
     if (matching() == 0)
         return QStringLiteral("no row contains %1").arg(m_filter);
     if (room() == 0)
-        return QStringLiteral("%1 rows").arg(matching());
+        return counted(matching(), "row", "rows");
     const QString rows = QStringLiteral("rows %1 to %2 of %3")
                              .arg(QString::number(m_first + 1),
                                   QString::number(std::min(m_first + room(), matching())),
