@@ -19,10 +19,12 @@ const char* const HEADERS[] = {"",
                                "value;type;address;register;station;name\n",
                                "register\taddress\ttype\tvalue\n",
                                "name,station,register,address,type,value\n",
-                               "name,station,register,address,type,value\n",
-                               "name,station,register,address,type,value\n",
-                               "name,station,register,address,type,value\n",
+                               "value,address,format,order,scale,offset,decimals,min,max\n",
+                               "address;format;value\n",
+                               "name,value\n",
                                "name,station,register,address,type,value\n"};
+const char* const TAGS = "name,station,address,format,scale,offset,min,max\n"
+                         "a,,D100,s16,0.1,5,0,16\nb,2,D100,double,,,,\nc,,Y17,,,,,\n";
 
 /// Station, type and address of a value that travels, and the value.
 typedef std::map<std::tuple<int, QString, int>, quint32> Values;
@@ -33,8 +35,7 @@ Values valuesOf(const QList<RecipeRow>& rows)
     for (const RecipeRow& row : rows) {
         for (int i = 0; row.hasValue && i < row.range.values; ++i)
             values[std::make_tuple(row.range.station, QString::fromLatin1(row.range.type->name),
-                                   row.range.address + i)] =
-                row.range.values == 1 ? row.value : row.value >> (16 * i) & 0xFFFF;
+                                   row.range.address + i)] = static_cast<quint32>(row.value.at(i));
     }
     return values;
 }
@@ -90,22 +91,30 @@ void checkLayout(const QList<RecipeRow>& rows, int maxWords)
     }
 }
 
-void checkRewriting(const RecipeFile& file, const QByteArray& text, quint32 change)
+void checkRewriting(const RecipeFile& file, const QByteArray& text, const RecipeDefaults& defaults,
+                    qint64 change)
 {
-    QList<quint32> values;
+    QList<QList<qint64>> values;
     bool isComplete = true;
     for (const RecipeRow& row : file.rows()) {
         checkRange(row.range);
+        require(!row.hasValue || row.value.size() == row.range.values,
+                "a value has a number for each address");
         values << row.value;
         isComplete = isComplete && row.hasValue;
     }
     require(!isComplete || file.withValues(values) == text, "the same values keep the text");
 
-    for (int i = 0; i < values.size(); ++i)
-        values[i] = (values.at(i) ^ change) & 0xFFFFFFFFu >> (32 - file.rows().at(i).type->bits);
+    for (int i = 0; i < values.size(); ++i) {
+        const RecipeRow& row = file.rows().at(i);
+        QList<qint64> changed;
+        for (int word = 0; word < row.range.values; ++word)
+            changed << ((row.value.value(word) ^ change) & highestValue(row.range.type));
+        values[i] = changed;
+    }
     RecipeFile again;
     QString error;
-    require(RecipeFile::parse(file.withValues(values), 1, &again, &error),
+    require(RecipeFile::parse(file.withValues(values), defaults, &again, &error),
             "a recipe with new values is a recipe");
     require(again.rows().size() == values.size(), "no row is lost");
     for (int i = 0; i < values.size(); ++i)
@@ -118,21 +127,24 @@ void checkRewriting(const RecipeFile& file, const QByteArray& text, quint32 chan
 void readRecipe(InputReader* input)
 {
     const int maxWords = 1 + input->byte() % 123;
-    const quint32 change = static_cast<quint32>(input->word());
+    const qint64 change = input->word();
     const QByteArray header = HEADERS[input->below(8)];
     const QByteArray text = header + input->rest();
     RecipeFile file;
+    RecipeDefaults defaults;
+    QString fault;
+    require(parseTags(TAGS, "tags.csv", &defaults.tags, &fault), "the tags are right");
     const auto parse = [&](const QByteArray& content, QString* error) {
-        return RecipeFile::parse(content, 1, &file, error);
+        return RecipeFile::parse(content, defaults, &file, error);
     };
     if (!takes(parse, text))
         return;
-    checkRewriting(file, text, change);
+    checkRewriting(file, text, defaults, change);
     checkLayout(file.rows(), maxWords);
     takes(
         [&](const QByteArray& content, QString* error) {
             RecipeLayout layout;
-            return !RecipeFile::parse(content, 1, &file, error)
+            return !RecipeFile::parse(content, defaults, &file, error)
                    || (canBeDownloaded(file.rows(), error)
                        && layOutRecipe(file.rows(), maxWords, &layout, error));
         },

@@ -4,6 +4,7 @@
 #include "kxhost/commands/connection.h"
 #include "kxhost/commands/run_to_end.h"
 #include "kxhost/options/command_parser.h"
+#include "kxhost/options/tags_arguments.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/recipe_progress.h"
@@ -31,26 +32,34 @@ const CommandHelp HELP = {
     "  name,station,register,address,type,value\n"
     "  Speed,1,D,100,uint16,1234\n"
     "  \"Belt, left\",1,Y,17,bit,1\n"
-    "The columns may stand in any order, separated by commas, semicolons or tabs; name\n"
-    "and station may be left out. Text is UTF-8, or UTF-16 with a byte-order mark.\n"
-    "Fields may stand in double quotes; blank lines and lines that begin with # are\n"
-    "kept. An empty station is that of --station. X and Y addresses are octal. Types:\n"
+    "The columns may stand in any order, separated by commas, semicolons or tabs; only\n"
+    "value is needed. Text is UTF-8, or UTF-16 with a byte-order mark. Fields may stand\n"
+    "in double quotes; blank lines and lines that begin with # are kept. An empty\n"
+    "station is that of --station. X and Y addresses are octal. Types:\n"
     "  bit                   X Y M SM S T C (X cannot be downloaded)\n"
     "  uint16, int16, hex16  D SD CV TV Z\n"
     "  uint32, int32         32CV, or two registers of D SD CV TV Z, low word first\n"
     "  float                 two registers of D SD CV TV Z, low word first\n"
-    "Values are decimal or 0x hexadecimal. An upload needs none and keeps the writing\n"
-    "of those that are still right. Requests have at most 123 registers, whatever\n"
+    "Instead of a type a row may have what a tags file has: format, order, scale,\n"
+    "offset, unit, decimals, min and max, and its whole address in address:\n"
+    "  name,address,format,scale,offset,min,max,value\n"
+    "  Pressure,D100,s16,0.1,5,0,16,12.5\n"
+    "A row without an address takes all of this from the tag of its name (--tags).\n"
+    "Values are decimal or 0x hexadecimal, or as their format has them. An upload needs\n"
+    "none and keeps the writing of those that are still right. No value of several\n"
+    "registers is cut. Requests have at most 123 registers, whatever\n"
     "--max-words says. Exit code 1 when the transfer is not complete or the file cannot\n"
     "be replaced.",
     "kxhost recipe download filling.csv --port /dev/ttyUSB0\n"
     "kxhost recipe upload filling.csv --tcp 192.168.0.5\n"
+    "kxhost recipe download batch.csv --tags line3.csv --port /dev/ttyUSB0\n"
     "kxhost recipe download filling.csv --simulate"};
 
 struct RecipeOptions {
     ConnectionOptions connection;
     RecipeDirection direction = RecipeDirection::Download;
     QString path;
+    RecipeDefaults defaults;
     RecipeFile file;
     RecipeLayout layout;
 };
@@ -81,7 +90,7 @@ bool takeRecipe(RecipeOptions* options, QString* error)
     if (!readRecipeFile(options->path, &text, error))
         return false;
     const bool isGood =
-        RecipeFile::parse(text, connection.station, &options->file, error)
+        RecipeFile::parse(text, options->defaults, &options->file, error)
         && (options->direction == RecipeDirection::Upload || canBeDownloaded(rows, error))
         && layOutRecipe(rows, connection.session.maxWords, &options->layout, error);
     if (!isGood)
@@ -94,8 +103,13 @@ bool takeRecipe(RecipeOptions* options, QString* error)
 bool parseOptions(const QCommandLineParser& parser, RecipeOptions* options, QString* error)
 {
     int& maxWords = options->connection.session.maxWords;
+    RecipeDefaults& defaults = options->defaults;
     if (!parseConnectionOptions(parser, &options->connection, error)
-        || !parseDirection(parser.positionalArguments(), options, error))
+        || !parseDirection(parser.positionalArguments(), options, error)
+        || !parseWordOrder(parser, &defaults.order, error))
+        return false;
+    defaults.station = options->connection.station;
+    if (!parseNames(parser, defaults.station, &defaults.tags, error))
         return false;
     maxWords = std::min(maxWords, MOST_REGISTERS_PER_WRITE);
     return takeRecipe(options, error)
@@ -211,6 +225,7 @@ int runRecipe(const QStringList& arguments)
 {
     QCommandLineParser parser;
     addConnectionOptions(&parser);
+    addNamesOption(&parser);
     int exitCode = EXIT_FINE;
     if (!parseCommand(&parser, arguments, HELP, &exitCode))
         return exitCode;

@@ -98,6 +98,20 @@ bool CsvReader::takeQuoted(CsvField* field, QString* error)
 
 } // namespace
 
+QByteArray csvField(const QByteArray& text, char separator)
+{
+    const auto isBlank = [](char character) { return character == ' ' || character == '\t'; };
+    const bool isPlain =
+        text.isEmpty()
+        || (!text.contains(separator) && !text.contains(QUOTE) && !text.startsWith('#')
+            && !isBlank(text.front()) && !isBlank(text.back()));
+    if (isPlain)
+        return text;
+    QByteArray content = text;
+    content.replace(QUOTE, "\"\"");
+    return QUOTE + content + QUOTE;
+}
+
 bool splitCsvFields(const QByteArray& line, char separator, QList<CsvField>* fields, QString* error)
 {
     fields->clear();

@@ -25,6 +25,10 @@ struct CsvField {
 KXRUNTIME_EXPORT bool splitCsvFields(const QByteArray& line, char separator,
                                      QList<CsvField>* fields, QString* error);
 
+/// The text as a field, in quotes where splitCsvFields() would else take something off it, or its
+/// line for a comment.
+KXRUNTIME_EXPORT QByteArray csvField(const QByteArray& text, char separator);
+
 } // namespace kx
 
 #endif

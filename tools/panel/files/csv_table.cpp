@@ -212,7 +212,7 @@ QByteArray CsvTable::withTexts(int column, const QMap<int, QByteArray>& texts) c
     for (auto text = texts.begin(); text != texts.end(); ++text) {
         const CsvRow& row = m_rows.at(text.key());
         const CsvField& field = row.fields.at(column);
-        lines[row.line - 1].replace(field.begin, field.length, text.value());
+        lines[row.line - 1].replace(field.begin, field.length, csvField(text.value(), m_separator));
     }
     return encodeText(lines.join('\n'), m_encoding);
 }

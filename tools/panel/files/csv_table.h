@@ -47,9 +47,11 @@ public:
                       QList<CsvFault>* faults);
 
     const QList<CsvRow>& rows() const { return m_rows; }
+    /// Whether the header has that one of the columns asked for.
+    bool hasColumn(int column) const { return m_order.contains(column); }
 
     /// The file's bytes with the field of that column replaced in the rows of the map,
-    /// which have one. All else is kept to the byte.
+    /// which have one, by texts in UTF-8, in quotes where needed. All else is kept to the byte.
     QByteArray withTexts(int column, const QMap<int, QByteArray>& texts) const;
 
 private:

@@ -2,8 +2,8 @@
 
 #include "addresses/digits.h"
 #include "addresses/station_text.h"
+#include "panel/files/format_columns.h"
 #include "panel/text/duration.h"
-#include "panel/values/format_text.h"
 #include "panel/values/value_address.h"
 
 #include <limits>
@@ -14,22 +14,7 @@ namespace kx
 namespace
 {
 
-enum Column {
-    NAME,
-    STATION,
-    ADDRESS,
-    COUNT,
-    EVERY,
-    FORMAT,
-    ORDER,
-    SCALE,
-    OFFSET,
-    UNIT,
-    DECIMALS,
-    MIN,
-    MAX,
-    COMMENT
-};
+enum Column { NAME, STATION, ADDRESS, COUNT, EVERY, FORMAT };
 
 /// What is read out of one row.
 struct Row {
@@ -40,20 +25,8 @@ struct Row {
     bool has(int column) const { return !text(column).isEmpty(); }
     void complain(int column, const QString& fault) const
     {
-        const QString name = QString::fromLatin1(tagColumns().at(column).name);
-        *faults << QStringLiteral("%1 %2: %3").arg(name, text(column), fault);
+        *faults << columnFault(tagColumns().at(column), text(column), fault);
     }
-};
-
-struct FormatColumn {
-    Column column;
-    bool (*parse)(const QString& text, ValueFormat* format, QString* fault);
-};
-
-/// In this order: decimals are checked with the scale, bounds with each other.
-const FormatColumn FORMAT_COLUMNS[] = {
-    {FORMAT, parseKind},       {ORDER, parseOrder}, {SCALE, parseScale}, {OFFSET, parseOffset},
-    {DECIMALS, parseDecimals}, {MIN, parseLowest},  {MAX, parseHighest},
 };
 
 void takeStation(const Row& row, Tag* tag)
@@ -96,24 +69,6 @@ bool takeAddress(const Row& row, Tag* tag)
     return true;
 }
 
-/// Each column alone, so that a fault is that of the column.
-void takeFormat(const Row& row, Tag* tag)
-{
-    for (const FormatColumn& part : FORMAT_COLUMNS) {
-        if (!row.has(part.column))
-            continue;
-        ValueFormat format = tag->format;
-        QString fault;
-        const bool isPart = part.parse(row.text(part.column), &format, &fault)
-                            && (!tag->range.type || fitFormat(tag->range.type, &format, &fault));
-        if (isPart)
-            tag->format = format;
-        else
-            row.complain(part.column, fault);
-    }
-    tag->format.unit = row.text(UNIT);
-}
-
 void takeInterval(const Row& row, Tag* tag)
 {
     if (row.has(EVERY) && !parseInterval(row.text(EVERY), &tag->interval))
@@ -125,11 +80,13 @@ void takeInterval(const Row& row, Tag* tag)
 
 const QList<CsvColumn>& tagColumns()
 {
-    static const QList<CsvColumn> columns = {
-        {"name", true},    {"station", false}, {"address", true},   {"count", false},
-        {"every", false},  {"format", false},  {"order", false},    {"scale", false},
-        {"offset", false}, {"unit", false},    {"decimals", false}, {"min", false},
-        {"max", false},    {"comment", false}};
+    static const QList<CsvColumn> columns = QList<CsvColumn>{{"name", true},
+                                                             {"station", false},
+                                                             {"address", true},
+                                                             {"count", false},
+                                                             {"every", false}}
+                                            + formatColumns()
+                                            + QList<CsvColumn>{{"comment", false}};
     return columns;
 }
 
@@ -138,13 +95,13 @@ Tag tagOfRow(const CsvRow& csv, QStringList* faults)
     const Row row = {csv, faults};
     Tag tag;
     tag.name = row.text(NAME);
-    tag.comment = row.text(COMMENT);
+    tag.comment = row.text(FORMAT + static_cast<int>(formatColumns().size()));
     if (!row.has(NAME))
         *faults << QStringLiteral("the tag has no name");
     takeStation(row, &tag);
     takeCount(row, &tag);
     const bool hasAddress = takeAddress(row, &tag);
-    takeFormat(row, &tag);
+    takeFormatColumns(csv, FORMAT, tag.range.type, &tag.format, faults);
     takeInterval(row, &tag);
     QString fault;
     if (hasAddress && !coverValues(&tag.range, &tag.format, &fault))

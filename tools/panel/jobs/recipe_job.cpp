@@ -55,7 +55,7 @@ void RecipeJob::takeCoils(const AddressRange& block)
         return;
     int index = 0;
     for (const qint64 value : session()->uploadedValues())
-        m_coils[recipeCellKey(block, index++)] = static_cast<quint32>(value);
+        m_coils[recipeCellKey(block, index++)] = value;
 }
 
 void RecipeJob::onEnd(int handle, const RecipeEnd& recipeEnd)
@@ -77,9 +77,9 @@ void RecipeJob::onEnd(int handle, const RecipeEnd& recipeEnd)
     end();
 }
 
-QList<quint32> RecipeJob::values(const QList<RecipeRow>& rows) const
+QList<QList<qint64>> RecipeJob::values(const QList<RecipeRow>& rows) const
 {
-    QList<quint32> values;
+    QList<QList<qint64>> values;
     if (m_direction == RecipeDirection::Download || !m_isComplete
         || rows.size() != m_layout.offsets.size())
         return values;
@@ -90,7 +90,7 @@ QList<quint32> RecipeJob::values(const QList<RecipeRow>& rows) const
             values << valueInBuffer(row, offset, m_words);
         } else {
             const auto coil = m_coils.find(recipeCellKey(row.range, 0));
-            values << (coil == m_coils.end() ? 0 : coil->second);
+            values << QList<qint64>{coil == m_coils.end() ? 0 : coil->second};
         }
     }
     return values;

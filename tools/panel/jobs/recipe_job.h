@@ -29,9 +29,9 @@ public:
     const QString& blockMaybeDone() const { return m_maybeDone; }
     /// Whether all blocks were transferred.
     bool isComplete() const { return m_isComplete; }
-    /// The uploaded value of each row that the layout was made of; none unless an upload is
-    /// complete.
-    QList<quint32> values(const QList<RecipeRow>& rows) const;
+    /// The uploaded value of each row that the layout was made of, as RecipeRow::value; none unless
+    /// an upload is complete.
+    QList<QList<qint64>> values(const QList<RecipeRow>& rows) const;
 
 signals:
     /// As in blocksDone().
@@ -48,8 +48,8 @@ private:
     RecipeDirection m_direction;
     QStringList m_done;
     QString m_maybeDone;
-    std::vector<quint16> m_words;             ///< uploaded
-    std::map<RecipeCellKey, quint32> m_coils; ///< uploaded
+    std::vector<quint16> m_words;            ///< uploaded
+    std::map<RecipeCellKey, qint64> m_coils; ///< uploaded
     bool m_isComplete = false;
 };
 

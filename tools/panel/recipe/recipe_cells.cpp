@@ -1,17 +1,18 @@
 #include "panel/recipe/recipe_cells.h"
 
+#include "registers/register_types.h"
+
 namespace kx
 {
 
 namespace
 {
 
-const quint32 WORD_MASK = 0xFFFF;
-
-// Low word first: the runtime's and the driver's order of 32 bits in 16-bit words.
-quint32 partOf(const RecipeRow& row, int index)
+/// Registers on both sides of a gap are never of one request.
+bool followsInValue(const AddressRange& range, int index)
 {
-    return row.range.values == 1 ? row.value : row.value >> (index * WORD_BITS) & WORD_MASK;
+    const int address = range.address + index;
+    return index > 0 && !liesPastSplit(range.type, address - 1, address);
 }
 
 QString conflict(const RecipeRow& earlier, quint32 earlierPart, const RecipeRow& later,
@@ -26,9 +27,10 @@ QString conflict(const RecipeRow& earlier, quint32 earlierPart, const RecipeRow&
 bool takeCell(const RecipeRow& row, int index, RecipeCells* cells, QString* error)
 {
     RecipeCell& cell = (*cells)[recipeCellKey(row.range, index)];
+    cell.followsInValue = cell.followsInValue || followsInValue(row.range, index);
     if (!row.hasValue && cell.row)
         return true;
-    const quint32 value = row.hasValue ? partOf(row, index) : 0;
+    const quint32 value = row.hasValue ? static_cast<quint32>(row.value.value(index)) : 0;
     if (cell.row && cell.row->hasValue && cell.value != value) {
         *error = conflict(*cell.row, cell.value, row, value, row.range.address + index);
         return false;

@@ -20,6 +20,7 @@ typedef std::tuple<int, const RegisterType*, int> RecipeCellKey;
 struct RecipeCell {
     const RecipeRow* row = nullptr; ///< the last one that covers the address
     quint32 value = 0;              ///< coil, register or 32CV; 0 when the row has none
+    bool followsInValue = false;    ///< a value covers it and the register before it
 };
 
 typedef std::map<RecipeCellKey, RecipeCell> RecipeCells;

@@ -1,9 +1,11 @@
 #include "panel/recipe/recipe_layout.h"
 
-#include "addresses/read_pieces.h"
 #include "exchange/driver_memory.h"
+#include "panel/files/whole_range.h"
 #include "panel/recipe/recipe_cells.h"
 #include "panel/recipe/recipe_layout_builder.h"
+#include "panel/recipe/recipe_row.h"
+#include "panel/values/value_codec.h"
 #include "registers/register_types.h"
 
 #include <numeric>
@@ -21,12 +23,44 @@ QString bufferOverflow(size_t words)
         .arg(RECIPE_BUFFER_WORDS);
 }
 
-bool doubleWordsFit(const QList<RecipeRow>& rows, int maxWords, QString* error)
+/// Why the row's value may not be written although the file may hold it; empty when it may.
+QString boundsFault(const RecipeRow& row)
+{
+    QList<qint64> value;
+    QString fault;
+    if (!row.type)
+        parseValue(row.range.type, row.format, recipeText(row, row.value), &value, &fault);
+    return fault;
+}
+
+/// None is cut, and what shares registers is one piece.
+bool valuesFit(const QList<RecipeRow>& rows, int maxWords, QString* error)
 {
     for (const RecipeRow& row : rows) {
-        if (addressesPerRead(row.range.type, maxWords) < 1) {
-            *error =
-                QStringLiteral("%1: %2").arg(row.place(), tooLongText(row.range.type, maxWords));
+        Tag tag;
+        tag.range = row.range;
+        tag.format = row.format;
+        const QString fault = requestFault(tag, maxWords);
+        if (!fault.isEmpty()) {
+            *error = QStringLiteral("%1: %2").arg(row.place(), fault);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool piecesFit(const RecipeCells& cells, int maxWords, QString* error)
+{
+    const RecipeRow* first = nullptr;
+    int words = 0;
+    for (const auto& cell : cells) {
+        first = cell.second.followsInValue ? first : cell.second.row;
+        words = cell.second.followsInValue ? words + 1 : 1;
+        if (words > maxWords) {
+            *error = QStringLiteral("%1: values that share registers are of one request, and those "
+                                    "from here on take more than %2")
+                         .arg(first->place())
+                         .arg(maxWords);
             return false;
         }
     }
@@ -53,7 +87,8 @@ bool layOutRecipe(const QList<RecipeRow>& rows, int maxWords, RecipeLayout* layo
 {
     *layout = RecipeLayout();
     RecipeCells cells;
-    if (!doubleWordsFit(rows, maxWords, error) || !takeRecipeCells(rows, &cells, error))
+    if (!valuesFit(rows, maxWords, error) || !takeRecipeCells(rows, &cells, error)
+        || !piecesFit(cells, maxWords, error))
         return false;
     RecipeLayoutBuilder builder(cells, maxWords, layout);
     for (const AddressRange& run : runsOf(cells)) {
@@ -76,28 +111,34 @@ bool canBeDownloaded(const QList<RecipeRow>& rows, QString* error)
 {
     for (const RecipeRow& row : rows) {
         const QString address = addressText(row.range.type, row.range.address);
-        if (!row.range.type->writable) {
-            *error = QStringLiteral("%1: %2 is an input and cannot be written")
-                         .arg(row.place(), address);
-            return false;
-        }
-        if (!row.hasValue) {
-            *error = QStringLiteral("%1: no value for %2").arg(row.place(), address);
+        QString fault;
+        if (!row.range.type->writable)
+            fault = address + QLatin1String(" is an input and cannot be written");
+        else if (!row.hasValue)
+            fault = QLatin1String("no value for ") + address;
+        else
+            fault = boundsFault(row);
+        if (!fault.isEmpty()) {
+            *error = QStringLiteral("%1: %2").arg(row.place(), fault);
             return false;
         }
     }
     return true;
 }
 
-quint32 valueInBuffer(const RecipeRow& row, int offset, const std::vector<unsigned short>& buffer)
+QList<qint64> valueInBuffer(const RecipeRow& row, int offset,
+                            const std::vector<unsigned short>& buffer)
 {
-    const auto word = [&buffer](qint64 index) -> quint32 {
+    const auto word = [&buffer](qint64 index) -> qint64 {
         const bool isInside = index >= 0 && static_cast<size_t>(index) < buffer.size();
         return isInside ? buffer[static_cast<size_t>(index)] : 0;
     };
-    if (row.type->bits == WORD_BITS)
-        return word(offset);
-    return word(offset) | word(qint64(offset) + 1) << WORD_BITS;
+    if (row.range.type->registerClass == DOUBLE_WORD_CLASS)
+        return {word(offset) | word(qint64(offset) + 1) << WORD_BITS};
+    QList<qint64> words;
+    for (int i = 0; i < row.range.values; ++i)
+        words << word(qint64(offset) + i);
+    return words;
 }
 
 } // namespace kx

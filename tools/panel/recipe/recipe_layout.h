@@ -13,8 +13,10 @@
 ///   a read the block's number is taken for the variable's number.
 ///
 /// So a recipe is transferred in passes, each a recipe of its own for the driver:
-/// - registers, one pass per station: one variable of one word per register, in
-///   the order of their addresses. However the driver joins them, it is right.
+/// - registers, one pass per station: one variable per register, in the order of their
+///   addresses. It covers the rest of its value, which lies behind it, so that the driver cuts
+///   between values alone: one that does not fit into a block any more opens the next. Values
+///   that share registers are one piece.
 /// - 32CV and coils, as many passes as it takes (mostly one or two): one variable
 ///   per unbroken run, cut so that a write carries it, in the first pass in which
 ///   the driver joins it to no other. Each variable is then a block of its own.
@@ -51,19 +53,20 @@ struct KXRUNTIME_EXPORT RecipeLayout {
 };
 
 /// Returns false and one line in `*error` that names the rows when two of them
-/// give one register different values, when a 32CV does not fit into `maxWords`
-/// registers, or when the values do not fit into the buffer.
+/// give one register different values, when a value, or several that share registers, do not fit
+/// into one request of `maxWords` registers, or when the values do not fit into the buffer.
 /// @param maxWords the driver's limit, 1 to MOST_REGISTERS_PER_WRITE
 KXRUNTIME_EXPORT bool layOutRecipe(const QList<RecipeRow>& rows, int maxWords, RecipeLayout* layout,
                                    QString* error);
 
-/// Returns false and one line in `*error` when a row has no value or is an input.
+/// Returns false and one line in `*error` when a row has no value or one outside of its min and
+/// max, or is an input.
 KXRUNTIME_EXPORT bool canBeDownloaded(const QList<RecipeRow>& rows, QString* error);
 
-/// The row's value in a buffer that an upload filled; not for coils. Words outside the buffer
-/// count as 0.
-KXRUNTIME_EXPORT quint32 valueInBuffer(const RecipeRow& row, int offset,
-                                       const std::vector<unsigned short>& buffer);
+/// The row's value in a buffer that an upload filled, as RecipeRow::value; not for coils. Words
+/// outside the buffer count as 0.
+KXRUNTIME_EXPORT QList<qint64> valueInBuffer(const RecipeRow& row, int offset,
+                                             const std::vector<unsigned short>& buffer);
 
 } // namespace kx
 

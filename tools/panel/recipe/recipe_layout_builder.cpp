@@ -1,6 +1,5 @@
 #include "panel/recipe/recipe_layout_builder.h"
 
-#include "addresses/read_pieces.h"
 #include "addresses/write_pieces.h"
 #include "registers/register_types.h"
 
@@ -70,18 +69,41 @@ RecipePass& RecipeLayoutBuilder::registerPass(int station)
     return m_layout->passes[inserted.first->second];
 }
 
+int RecipeLayoutBuilder::restOfPiece(const AddressRange& run, int index) const
+{
+    int end = index + 1;
+    while (end < run.values && m_cells.at(recipeCellKey(run, end)).followsInValue)
+        ++end;
+    return end - index;
+}
+
+// As the driver joins them.
+int RecipeLayoutBuilder::blocksOf(const AddressRange& run) const
+{
+    int blocks = 0;
+    int begin = 0; // of the block
+    for (int i = 0, words = 0; i < run.values; i += words) {
+        words = restOfPiece(run, i);
+        const bool isJoined = blocks > 0 && i + words - begin <= m_maxWords
+                              && !liesPastSplit(run.type, run.address + begin, run.address + i);
+        begin = isJoined ? begin : i;
+        blocks += isJoined ? 0 : 1;
+    }
+    return blocks;
+}
+
 void RecipeLayoutBuilder::addRegisters(const AddressRange& run)
 {
     RecipePass& pass = registerPass(run.station);
     const int offset = takeWords(run.values);
     for (int i = 0; i < run.values; ++i) {
-        const AddressRange cell = {run.type, run.address + i, 1, run.station};
-        pass.variables.append(variableOf(cell, offset + i));
+        const AddressRange rest = {run.type, run.address + i, restOfPiece(run, i), run.station};
+        pass.variables.append(variableOf(rest, offset + i));
         m_layout->buffer[static_cast<size_t>(offset) + static_cast<size_t>(i)] =
             static_cast<unsigned short>(valueAt(run, i));
         m_cellOffsets[recipeCellKey(run, i)] = offset + i;
     }
-    pass.blocks += static_cast<int>(readPieces(run, m_maxWords).size());
+    pass.blocks += blocksOf(run);
 }
 
 RecipePass& RecipeLayoutBuilder::passFor(const AddressRange& piece)

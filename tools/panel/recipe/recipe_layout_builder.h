@@ -32,6 +32,9 @@ public:
 private:
     int takeWords(int words);
     RecipePass& registerPass(int station);
+    /// Registers from there on that are of one piece with it, itself included.
+    int restOfPiece(const AddressRange& run, int index) const;
+    int blocksOf(const AddressRange& run) const;
     RecipePass& passFor(const AddressRange& piece);
     void storeCoils(const AddressRange& piece, int offset);
     void storeDoubleWords(const AddressRange& piece, int offset);

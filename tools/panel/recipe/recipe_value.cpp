@@ -15,15 +15,15 @@ namespace
 {
 
 const RecipeValueType TYPES[] = {
-    {"bit", 1, 0, 1, false, false},
-    {"uint16", 16, 0, std::numeric_limits<quint16>::max(), false, false},
-    {"int16", 16, std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max(), false,
-     false},
-    {"hex16", 16, 0, std::numeric_limits<quint16>::max(), true, false},
-    {"uint32", 32, 0, std::numeric_limits<quint32>::max(), false, false},
-    {"int32", 32, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max(), false,
-     false},
-    {"float", 32, 0, 0, false, true},
+    {"bit", 1, 0, 1, ValueKind::Bit},
+    {"uint16", 16, 0, std::numeric_limits<quint16>::max(), ValueKind::U16},
+    {"int16", 16, std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max(),
+     ValueKind::S16},
+    {"hex16", 16, 0, std::numeric_limits<quint16>::max(), ValueKind::Hex},
+    {"uint32", 32, 0, std::numeric_limits<quint32>::max(), ValueKind::U32},
+    {"int32", 32, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max(),
+     ValueKind::S32},
+    {"float", 32, 0, 0, ValueKind::Float},
 };
 
 const int HEX16_DIGITS = 4;
@@ -78,7 +78,7 @@ bool suits(const RecipeValueType* type, const RegisterType* registers)
     case WORD_CLASS:
         return type->bits == 16 || type->bits == 32;
     case DOUBLE_WORD_CLASS:
-        return type->bits == 32 && !type->isFloat; // they count
+        return type->bits == 32 && type->kind != ValueKind::Float; // they count
     default:
         return false;
     }
@@ -92,7 +92,7 @@ int addressesPerValue(const RecipeValueType* type, const RegisterType* registers
 bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32* bits,
                       QString* error)
 {
-    if (type->isFloat)
+    if (type->kind == ValueKind::Float)
         return parseFloat(text, bits, error);
     const bool isHex = text.startsWith(QStringLiteral("0x"), Qt::CaseInsensitive);
     bool isNumber = false;
@@ -115,9 +115,9 @@ bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32*
 
 QString recipeValueText(const RecipeValueType* type, quint32 bits)
 {
-    if (type->isFloat)
+    if (type->kind == ValueKind::Float)
         return valueText(floatFormat(), {bits & WORD_MASK, bits >> WORD_BITS});
-    if (type->isHexadecimal)
+    if (type->kind == ValueKind::Hex)
         return QStringLiteral("0x%1").arg(bits, HEX16_DIGITS, 16, QLatin1Char('0'));
     if (type->lowest == 0)
         return QString::number(bits);

@@ -1,4 +1,5 @@
-/// What a value in a recipe file may be: bit, uint16, int16, hex16, uint32, int32, float.
+/// What a value in a recipe file may be besides its formats: bit, uint16, int16, hex16, uint32,
+/// int32, float.
 ///
 ///     bit                    X Y M SM S T C      0 or 1
 ///     uint16, int16, hex16   D SD CV TV Z        one register
@@ -8,6 +9,7 @@
 #define KX_PANEL_RECIPE_RECIPE_VALUE_H
 
 #include "addresses/export.h"
+#include "panel/values/value_format.h"
 
 #include <QtCore/QString>
 
@@ -21,8 +23,7 @@ struct RecipeValueType {
     int bits; ///< 1, 16 or 32
     qint64 lowest;
     qint64 highest;
-    bool isHexadecimal; ///< how an uploaded value is written
-    bool isFloat;       ///< IEEE 754; lowest and highest say nothing
+    ValueKind kind; ///< of Float, IEEE 754, lowest and highest say nothing
 };
 
 /// The type of that exact name, or null.

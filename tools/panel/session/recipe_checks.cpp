@@ -7,6 +7,7 @@
 #include "registers/register_types.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
 
 namespace kx
@@ -27,7 +28,31 @@ bool isOfDoubleWords(const AddressRange& range)
     return registersPerAddress(range.type) > 1;
 }
 
-Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction, int maxWords)
+/// Station, type and address where variables of a pass begin.
+using Begins = std::set<std::tuple<int, const RegisterType*, int>>;
+
+Begins beginsOf(const QVector<_RCP_VAR_PRO>& variables)
+{
+    Begins begins;
+    for (const _RCP_VAR_PRO& variable : variables)
+        begins.insert({variable.station, findRegisterType(variable.regType), variable.address});
+    return begins;
+}
+
+/// A read stores the first register of each variable, so that the others need variables, too.
+bool isReadWhole(const AddressRange& range, const Begins& begins)
+{
+    if (isBits(range) || isOfDoubleWords(range))
+        return true;
+    for (int i = 1; i < range.values; ++i) {
+        if (begins.count({range.station, range.type, range.address + i}) == 0)
+            return false;
+    }
+    return true;
+}
+
+Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction, int maxWords,
+                        const Begins& begins)
 {
     const AddressRange range = rangeOf(variable);
     const bool isUpload = direction == RecipeDirection::Upload;
@@ -37,7 +62,7 @@ Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction,
     if (variable.count > maxWords || variable.count != range.driverCount())
         return refusal(FailureKind::TooLong, range,
                        QStringLiteral("takes no whole block of at most %1").arg(maxWords));
-    if (isUpload && !isBits(range) && !isOfDoubleWords(range) && variable.count > 1)
+    if (isUpload && !isReadWhole(range, begins))
         return refusal(FailureKind::TooLong, range,
                        QStringLiteral("only the first of its registers would be uploaded"));
     const int coilWords = (variable.count + COILS_PER_WORD - 1) / COILS_PER_WORD;
@@ -116,8 +141,9 @@ Failure recipeRefusal(RecipeDirection direction, const QList<RecipePass>& passes
     if (passes.isEmpty() || hasEmptyPass)
         return failureOf(FailureKind::OutOfRange, QStringLiteral("nothing to transfer"));
     for (const RecipePass& pass : passes) {
+        const Begins begins = beginsOf(pass.variables);
         for (const _RCP_VAR_PRO& variable : pass.variables) {
-            Failure failure = variableRefusal(variable, direction, maxWords);
+            Failure failure = variableRefusal(variable, direction, maxWords, begins);
             if (!failure.isNone())
                 return failure;
         }

@@ -3,6 +3,7 @@
 #include "recipe_fixture.h"
 #include "tools/kxsim/kxsim_process.h"
 
+#include <QtCore/QFile>
 #include <QtTest/QTest>
 
 using namespace kx;
@@ -37,6 +38,8 @@ private slots:
     void downloadedValuesArrive();
     void downloadedAndUploadedIsTheSameFile();
     void uploadFillsInValues();
+    void formatsAndNamesOfTags();
+    void valuesAreNotCut();
     void holesAreNotWritten();
     void progressAsJson();
     void barOnATerminal();
@@ -99,6 +102,59 @@ void RecipeCommandTest::uploadFillsInValues()
                                           "c,1,D,103,int16,-1\n"
                                           "d,1,X,10,bit,1\ne,1,X,11,bit,0\nf,1,X,12,bit,1\n"
                                           "g,1,32CV,254,uint32,5\nh,1,32CV,255,int32,-1\n"));
+}
+
+void RecipeCommandTest::formatsAndNamesOfTags()
+{
+    const RecipeFixture fixture;
+    KxsimProcess controller({"--still"});
+    QFile tags(fixture.pathOf("tags.csv"));
+    QVERIFY(tags.open(QIODevice::WriteOnly));
+    tags.write("name,address,format,scale,offset,min,max\nPressure,D110,s16,0.1,5,0,16\n");
+    tags.close();
+    const QByteArray recipe = "name,address,format,order,value\n"
+                              "Pressure,,,,12.5\n"
+                              "Flow,D111,float,,0.1\n"     // 0x3DCCCCCD
+                              "Total,D113,double,low,-0\n" // the sign bit alone
+                              "Batch,D117,ascii:2,,\"a,b\"\n"
+                              "Lamp,Y17,,,1\nCount,32CV200,s32,,-1\n";
+    fixture.store(recipe);
+    const QStringList options = {"--tags", fixture.pathOf("tags.csv"), "--word-order", "high"};
+    const CommandResult result = fixture.run("download", controller.portName(), options);
+    QCOMPARE(result.errors, QStringList());
+    QCOMPARE(controller.ask("get D110:9"),
+             QStringLiteral("D110=75,15820,52429,0,0,0,32768,24876,25088"));
+    QCOMPARE(controller.ask("get Y17"), QStringLiteral("Y17=1"));
+    QCOMPARE(controller.ask("get 32CV200"), QStringLiteral("32CV200=4294967295"));
+    QCOMPARE(fixture.run("upload", controller.portName(), options).exitCode, 0);
+    QCOMPARE(fixture.stored(), recipe);
+    controller.ask("set D110=65535,17076,39322,0,0,0,16424,8224,0");
+    QCOMPARE(fixture.run("upload", controller.portName(), options).exitCode, 0);
+    QCOMPARE(fixture.stored(), QByteArray("name,address,format,order,value\n"
+                                          "Pressure,,,,4.9\n"
+                                          "Flow,D111,float,,90.3\n" // 0x42B4999A
+                                          "Total,D113,double,low,12\n"
+                                          "Batch,D117,ascii:2,,\"  \"\n"
+                                          "Lamp,Y17,,,1\nCount,32CV200,s32,,-1\n"));
+}
+
+void RecipeCommandTest::valuesAreNotCut()
+{
+    const RecipeFixture fixture;
+    KxsimProcess controller({"--still"});
+    fixture.store("address,format,value\nD0,u16,1\nD1,float,12.5\nD3,float,-1\nD5,u32,7\n");
+    const QStringList options = {"--max-words", "4"};
+    for (const char* const direction : {"download", "upload"}) {
+        const CommandResult result = fixture.run(direction, controller.portName(), options);
+        QCOMPARE(result.output.mid(0, 2), (QStringList{"1/2 D0:3@1", "2/2 D3:4@1"}));
+        QCOMPARE(result.exitCode, 0);
+    }
+    QCOMPARE(controller.ask("get D0:7"), QStringLiteral("D0=1,0,16712,0,49024,7,0"));
+    QCOMPARE(fixture.stored(),
+             QByteArray("address,format,value\nD0,u16,1\nD1,float,12.5\nD3,float,-1\nD5,u32,7\n"));
+    QCOMPARE(fixture.run("download", controller.portName(), {"--max-words", "1"}).errors,
+             QStringList{"kxhost: " + fixture.path()
+                         + ": line 3: a value takes 2 registers; raise --max-words, which is 1"});
 }
 
 void RecipeCommandTest::holesAreNotWritten()
@@ -167,6 +223,13 @@ void RecipeCommandTest::badInputSendsNothing_data()
     QTest::newRow("no value") << QByteArray("download")
                               << QByteArray("a,1,D,1,uint16,5\nb,1,D,2,uint16,\n") << none
                               << "%1: line 3 (b): no value for D2";
+    QTest::newRow("a bit of a word")
+        << QByteArray("download") << QByteArray("a,1,D,1,uint16,5\nb,1,D,2.5,bit,1\n") << none
+        << "%1: line 3: D2.5 is one bit of a word, and a recipe holds whole values; take D2 with "
+           "format bin or hex";
+    QTest::newRow("a tags file that is not there")
+        << QByteArray("download") << QByteArray("a,1,D,1,uint16,5\n")
+        << QStringList{"--tags", "/no.csv"} << "/no.csv: No such file or directory";
     QTest::newRow("input") << QByteArray("download")
                            << QByteArray("a,1,D,1,uint16,5\nb,1,X,7,bit,1\n") << none
                            << "%1: line 3 (b): X7 is an input and cannot be written";

@@ -13,6 +13,8 @@ private slots:
     void fieldsAreFound();
     void badQuotesAreRefused_data();
     void badQuotesAreRefused();
+    void textsBecomeFields_data();
+    void textsBecomeFields();
 };
 
 void CsvFieldsTest::fieldsAreFound_data()
@@ -86,6 +88,36 @@ void CsvFieldsTest::badQuotesAreRefused()
     QString error;
     QVERIFY(!splitCsvFields(line, ',', &fields, &error));
     QTEST(error, "error");
+}
+
+void CsvFieldsTest::textsBecomeFields_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<char>("separator");
+    QTest::addColumn<QByteArray>("field");
+
+    QTest::newRow("plain") << QByteArray("a b;c") << ',' << QByteArray("a b;c");
+    QTest::newRow("nothing") << QByteArray() << ',' << QByteArray();
+    QTest::newRow("a separator") << QByteArray("a;b") << ';' << QByteArray("\"a;b\"");
+    QTest::newRow("a tab as separator") << QByteArray("a\tb") << '\t' << QByteArray("\"a\tb\"");
+    QTest::newRow("a quote") << QByteArray("3\"") << ',' << QByteArray("\"3\"\"\"");
+    QTest::newRow("a blank in front") << QByteArray(" a") << ',' << QByteArray("\" a\"");
+    QTest::newRow("a blank behind") << QByteArray("a ") << ',' << QByteArray("\"a \"");
+    QTest::newRow("a tab behind") << QByteArray("a\t") << ',' << QByteArray("\"a\t\"");
+    QTest::newRow("what would be a comment") << QByteArray("#1") << ',' << QByteArray("\"#1\"");
+}
+
+void CsvFieldsTest::textsBecomeFields()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(char, separator);
+    QTEST(csvField(text, separator), "field");
+    QList<CsvField> fields;
+    QString error;
+    QVERIFY2(splitCsvFields(csvField(text, separator), separator, &fields, &error),
+             qPrintable(error));
+    QCOMPARE(fields.size(), 1);
+    QCOMPARE(fields.first().text.toUtf8(), text);
 }
 
 QTEST_GUILESS_MAIN(CsvFieldsTest)

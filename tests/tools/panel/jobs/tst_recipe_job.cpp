@@ -106,17 +106,16 @@ void RecipeJobTest::uploadedValuesComeFromBufferAndCache()
              (QList<QByteArray>{withCrc("01 01 07 D5 00 01"), withCrc("01 03 00 00 00 01"),
                                 withCrc("01 03 00 09 00 01")}));
     QVERIFY(m_transfer->isComplete());
-    QCOMPARE(m_transfer->values(m_rows), (QList<quint32>{0x1234, 0xABCD, 1}));
+    QCOMPARE(m_transfer->values(m_rows), (QList<QList<qint64>>{{0x1234}, {0xABCD}, {1}}));
     QCOMPARE(m_session->recipeWord(1), quint16(0x1234));
 
     // Rows of another recipe: as many, with coils and words that were not read; and more.
     QList<RecipeRow> others = m_rows;
     others.last().range.address = 6;
-    others[1].type = findRecipeValueType(QStringLiteral("uint32"));
-    QCOMPARE(m_transfer->values(others).last(), quint32(0));
-    QCOMPARE(m_transfer->values(others).size(), 3);
+    others[1].range.values = 2;
+    QCOMPARE(m_transfer->values(others), (QList<QList<qint64>>{{0x1234}, {0xABCD, 0}, {0}}));
     others << m_rows;
-    QCOMPARE(m_transfer->values(others), QList<quint32>());
+    QCOMPARE(m_transfer->values(others), QList<QList<qint64>>());
 }
 
 void RecipeJobTest::failureEndsTheTransfer()

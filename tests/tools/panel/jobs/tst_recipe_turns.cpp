@@ -101,8 +101,8 @@ void RecipeTurnsTest::twoUploadsKeepTheirValues()
     first.start();
     second.start();
     QVERIFY(polling.untilEnded(second));
-    QCOMPARE(first.values(rows), (QList<quint32>{7, 1}));
-    QCOMPARE(second.values(otherRows), (QList<quint32>{8, 0}));
+    QCOMPARE(first.values(rows), (QList<QList<qint64>>{{7}, {1}}));
+    QCOMPARE(second.values(otherRows), (QList<QList<qint64>>{{8}, {0}}));
 }
 
 // The next one puts its words into the buffer that the upload has filled.
@@ -119,7 +119,7 @@ void RecipeTurnsTest::theNextOneWaitsUntilTheEndIsTold()
     upload.start();
     download.start();
     QVERIFY(polling.untilEnded(download));
-    QCOMPARE(upload.values(rowsOf("a,1,D,100,uint16,")), QList<quint32>{7});
+    QCOMPARE(upload.values(rowsOf("a,1,D,100,uint16,")), (QList<QList<qint64>>{{7}}));
     QCOMPARE(polling.memory("D200@1"), QList<quint32>{9});
 }
 
@@ -133,14 +133,14 @@ void RecipeTurnsTest::onlyACompleteUploadHasValues()
         job.start();
         QVERIFY(polling.untilEnded(job));
         QCOMPARE(job.failure().text, QStringLiteral("M5:1@9: no reply"));
-        QCOMPARE(job.values(rows), QList<quint32>());
+        QCOMPARE(job.values(rows), QList<QList<qint64>>());
     }
     RecipeJob download(&polling.session(), layoutOf("a,1,D,100,uint16,1\n"),
                        RecipeDirection::Download);
     download.start();
     QVERIFY(polling.untilEnded(download));
     QVERIFY(download.isComplete());
-    QCOMPARE(download.values(rowsOf("a,1,D,100,uint16,1")), QList<quint32>());
+    QCOMPARE(download.values(rowsOf("a,1,D,100,uint16,1")), QList<QList<qint64>>());
 }
 
 QTEST_GUILESS_MAIN(RecipeTurnsTest)

@@ -13,6 +13,8 @@ using namespace kx;
 namespace
 {
 
+typedef QList<QList<qint64>> Values;
+
 /// The requests (part 0) or replies (part 1) of "REQUEST > REPLY; REQUEST > REPLY".
 QList<QByteArray> framesOf(const QString& exchanges, int part)
 {
@@ -132,46 +134,45 @@ void RecipeWireTest::uploadAsksForEveryValueOnce_data()
 {
     QTest::addColumn<QString>("rows");
     QTest::addColumn<QString>("exchanges");
-    QTest::addColumn<QList<quint32>>("values"); ///< of each row
+    QTest::addColumn<QList<QList<qint64>>>("values"); ///< of each row
 
     QTest::newRow("one register") << "a,1,D,100,uint16,"
-                                  << "01 03 00 64 00 01 > 01 03 02 12 34" << QList<quint32>{0x1234};
+                                  << "01 03 00 64 00 01 > 01 03 02 12 34" << Values{{0x1234}};
     QTest::newRow("two registers that touch")
         << "a,1,D,100,uint16,\nb,1,D,101,uint16,"
-        << "01 03 00 64 00 02 > 01 03 04 12 34 AB CD" << QList<quint32>{0x1234, 0xABCD};
+        << "01 03 00 64 00 02 > 01 03 04 12 34 AB CD" << Values{{0x1234}, {0xABCD}};
     QTest::newRow("one 32-bit value in registers, low word first")
         << "a,1,D,100,uint32,"
-        << "01 03 00 64 00 02 > 01 03 04 86 A0 00 01" << QList<quint32>{100000};
+        << "01 03 00 64 00 02 > 01 03 04 86 A0 00 01" << Values{{0x86A0, 1}};
     QTest::newRow("one register at each of two stations")
         << "a,1,D,0,uint16,\nb,2,D,0,uint16,"
         << "01 03 00 00 00 01 > 01 03 02 00 05; 02 03 00 00 00 01 > 02 03 02 00 06"
-        << QList<quint32>{5, 6};
+        << Values{{5}, {6}};
     QTest::newRow("one 32CV, register 9700")
         << "a,1,32CV,200,uint32,"
-        << "01 03 25 E4 00 02 > 01 03 04 00 01 86 A0" << QList<quint32>{100000};
+        << "01 03 25 E4 00 02 > 01 03 04 00 01 86 A0" << Values{{100000}};
     QTest::newRow("two 32CV that touch")
         << "a,1,32CV,200,uint32,\nb,1,32CV,201,uint32,"
-        << "01 03 25 E4 00 04 > 01 03 08 00 01 86 A0 00 00 00 07" << QList<quint32>{100000, 7};
+        << "01 03 25 E4 00 04 > 01 03 08 00 01 86 A0 00 00 00 07" << Values{{100000}, {7}};
     QTest::newRow("32CV across a gap, registers 9700 and 9704")
         << "a,1,32CV,200,uint32,\nb,1,32CV,202,uint32,"
         << "01 03 25 E4 00 02 > 01 03 04 00 00 00 01; "
            "01 03 25 E8 00 02 > 01 03 04 00 00 00 02"
-        << QList<quint32>{1, 2};
+        << Values{{1}, {2}};
     QTest::newRow("one coil, 2005") << "a,1,M,5,bit,"
-                                    << "01 01 07 D5 00 01 > 01 01 01 01" << QList<quint32>{1};
+                                    << "01 01 07 D5 00 01 > 01 01 01 01" << Values{{1}};
     QTest::newRow("eight coils, the first alone")
         << "a,1,M,0,bit,\nb,1,M,1,bit,\nc,1,M,2,bit,\nd,1,M,3,bit,\n"
            "e,1,M,4,bit,\nf,1,M,5,bit,\ng,1,M,6,bit,\nh,1,M,7,bit,"
         << "01 01 07 D0 00 01 > 01 01 01 01; 01 01 07 D1 00 07 > 01 01 01 66" // 1100110
-        << QList<quint32>{1, 0, 1, 1, 0, 0, 1, 1};
+        << Values{{1}, {0}, {1}, {1}, {0}, {0}, {1}, {1}};
     QTest::newRow("SM across the jump of its coils, 4655 and 30000")
         << "a,1,SM,255,bit,\nb,1,SM,256,bit,"
-        << "01 01 12 2F 00 01 > 01 01 01 01; 01 01 75 30 00 01 > 01 01 01 00"
-        << QList<quint32>{1, 0};
+        << "01 01 12 2F 00 01 > 01 01 01 01; 01 01 75 30 00 01 > 01 01 01 00" << Values{{1}, {0}};
     QTest::newRow("SD across the jump of its registers, 8255 and 12000")
         << "a,1,SD,255,uint16,\nb,1,SD,256,uint16,"
         << "01 03 20 3F 00 01 > 01 03 02 00 05; 01 03 2E E0 00 01 > 01 03 02 00 06"
-        << QList<quint32>{5, 6};
+        << Values{{5}, {6}};
 }
 
 void RecipeWireTest::uploadAsksForEveryValueOnce()

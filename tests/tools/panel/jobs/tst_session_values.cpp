@@ -68,7 +68,7 @@ void SessionValuesTest::anUploadTellsWhatTheStationHolds()
     QString error;
     QVERIFY(RecipeFile::parse("name,station,register,address,type,value\na,2,M,0,bit,1\n", 1, &file,
                               &error));
-    QCOMPARE(upload.values(file.rows()), QList<quint32>{0});
+    QCOMPARE(upload.values(file.rows()), (QList<QList<qint64>>{{0}}));
     QVERIFY(polling.until([&] { return polling.memory("M0@2") == QList<quint32>{1}; }));
 }
 

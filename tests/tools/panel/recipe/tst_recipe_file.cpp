@@ -9,6 +9,8 @@ namespace
 {
 
 const char HEADER[] = "name,station,register,address,type,value\n";
+const char COLUMNS[] = "name,station,register,address,type,value,format,order,scale,offset,unit,"
+                       "decimals,min,max,comment";
 const int DEFAULT_STATION = 5;
 
 QByteArray recipe(const char* rows)
@@ -52,11 +54,11 @@ void RecipeFileTest::rowsAreRead()
     QCOMPARE(belt.range.address, 15); // octal 17
     QCOMPARE(belt.range.values, 1);
     QVERIFY(belt.hasValue);
-    QCOMPARE(belt.value, quint32(1));
+    QCOMPARE(belt.value, QList<qint64>{1});
     const RecipeRow& total = file.rows().at(1);
     QCOMPARE(total.line, 6);
     QCOMPARE(total.range.values, 1);
-    QCOMPARE(total.value, quint32(0xFFFFFFFF));
+    QCOMPARE(total.value, QList<qint64>{0xFFFFFFFF});
 }
 
 void RecipeFileTest::valuesOf32BitsTakeTwoRegisters()
@@ -65,6 +67,7 @@ void RecipeFileTest::valuesOf32BitsTakeTwoRegisters()
     QString error;
     QVERIFY(RecipeFile::parse(recipe("a,1,D,100,uint32,100000"), 1, &file, &error));
     QCOMPARE(file.rows().at(0).range.values, 2);
+    QCOMPARE(file.rows().at(0).value, (QList<qint64>{34464, 1})); // 100000, low word first
 }
 
 void RecipeFileTest::emptyStationIsTheConnections()
@@ -91,9 +94,9 @@ void RecipeFileTest::byteOrderMarkAndCarriageReturnsAreAccepted()
     RecipeFile file;
     QString error;
     QVERIFY2(RecipeFile::parse(text, 1, &file, &error), qPrintable(error));
-    QCOMPARE(file.rows().at(0).value, quint32(2));
+    QCOMPARE(file.rows().at(0).value, QList<qint64>{2});
     QCOMPARE(
-        file.withValues({3}),
+        file.withValues({{3}}),
         QByteArray("\xEF\xBB\xBFname,station,register,address,type,value\r\na,1,D,1,uint16,3\r\n"));
 }
 
@@ -156,9 +159,9 @@ void RecipeFileTest::spreadsheetsKeepTheirForm()
     QVERIFY2(RecipeFile::parse(text, 5, &file, &error), qPrintable(error));
     QCOMPARE(file.rows().size(), 2);
     QCOMPARE(file.rows().at(0).range.station, 5);
-    QCOMPARE(file.rows().at(0).value, quint32(2));
+    QCOMPARE(file.rows().at(0).value, QList<qint64>{2});
     QCOMPARE(file.rows().at(1).range.address, 2);
-    QTEST(file.withValues({3, 0xFFFF}), "rewritten");
+    QTEST(file.withValues({{3}, {0xFFFF}}), "rewritten");
 }
 
 void RecipeFileTest::onlyChangedValuesAreRewritten()
@@ -171,7 +174,7 @@ void RecipeFileTest::onlyChangedValuesAreRewritten()
                                      "d,1,D,102,int16,\n"
                                      "e,1,M,5,bit,0\n"),
                               1, &file, &error));
-    QCOMPARE(file.withValues({0xABC, 16, 0xFFFF, 1}),
+    QCOMPARE(file.withValues({{0xABC}, {16}, {0xFFFF}, {1}}),
              recipe("# keep, \"this\n"
                     "\"a \"\"b\"\"\" , 1 ,D,100,hex16, 0x0abc \n"
                     "c,1,D,101,uint16,0x10\n"
@@ -185,7 +188,7 @@ void RecipeFileTest::sameValuesGiveTheSameFile()
     RecipeFile file;
     QString error;
     QVERIFY(RecipeFile::parse(text, 1, &file, &error));
-    QCOMPARE(file.withValues({15, 1}), text);
+    QCOMPARE(file.withValues({{15}, {1}}), text);
 }
 
 void RecipeFileTest::badFilesAreRefused_data()
@@ -193,23 +196,20 @@ void RecipeFileTest::badFilesAreRefused_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("error");
 
-    QTest::newRow("empty") << QByteArray()
-                           << "no header line; it is name,station,register,address,type,value";
+    QTest::newRow("empty") << QByteArray() << QString("no header line; it is ") + COLUMNS;
     QTest::newRow("header only") << QByteArray(HEADER) << "no rows behind the header";
-    QTest::newRow("no header")
-        << QByteArray("a,1,D,100,uint16,1\n")
-        << "line 1: the first line must be the header name,station,register,address,type,value, "
-           "separated by commas, semicolons or tabs";
+    QTest::newRow("no header") << QByteArray("a,1,D,100,uint16,1\n")
+                               << QString("line 1: the first line must be the header ") + COLUMNS
+                                      + ", separated by commas, semicolons or tabs";
     QTest::newRow("Latin-1") << recipe("a,1,D,1,uint16,1\nZ\xE4hler,1,D,2,uint16,1")
                              << "line 3: column 2: byte 0xe4 is not UTF-8; save the file as UTF-8";
     QTest::newRow("a misspelt column")
         << QByteArray("name,statoin,register,address,type,value\n")
-        << "line 1: unknown column 'statoin', separated by commas; the columns are "
-           "name,station,register,address,type,value";
+        << QString("line 1: unknown column 'statoin', separated by commas; the columns are ")
+               + COLUMNS;
     QTest::newRow("no column of values")
         << QByteArray("name;station;register;address;type\n")
-        << "line 1: the header has no column 'value'; the columns are "
-           "name,station,register,address,type,value";
+        << QString("line 1: the header has no column 'value'; the columns are ") + COLUMNS;
     QTest::newRow("columns missing")
         << recipe("a,1,D,100,uint16\n") << "line 2: 5 fields separated by commas instead of 6";
     QTest::newRow("one column more")

@@ -52,12 +52,28 @@ void RecipeLayoutTest::rowsBecomePasses_data()
         << "a,1,D,101,uint16,1\nb,1,D,100,uint16,2" << 32 << "1.D100:1=0 1.D101:1=1"
         << "1.D100:2=0";
     QTest::newRow("32 bits are two variables, so that both come back")
-        << "a,1,D,100,uint32,1" << 32 << "1.D100:1=0 1.D101:1=1"
+        << "a,1,D,100,uint32,1" << 32 << "1.D100:2=0 1.D101:1=1"
         << "1.D100:2=0";
     QTest::newRow("long runs are cut by the driver")
         << "a,1,D,0,uint16,1\nb,1,D,1,uint16,1\nc,1,D,2,uint16,1" << 2
         << "1.D0:1=0 1.D1:1=1 1.D2:1=2"
         << "1.D0:2=0 1.D2:1=2";
+    QTest::newRow("a value of two registers is not cut")
+        << "a,1,D,0,uint16,1\nb,1,D,1,uint16,1\nc,1,D,2,uint32,1\nd,1,D,4,uint16,1" << 3
+        << "1.D0:1=0 1.D1:1=1 1.D2:2=2 1.D3:1=3 1.D4:1=4"
+        << "1.D0:2=0 1.D2:3=2";
+    QTest::newRow("nor are two that share a register")
+        << "a,1,D,0,uint16,1\nb,1,D,1,uint32,65536\nc,1,D,2,uint32,1" << 3
+        << "1.D0:1=0 1.D1:3=1 1.D2:2=2 1.D3:1=3"
+        << "1.D0:1=0 1.D1:3=1";
+    QTest::newRow("values that touch are cut between them")
+        << "a,1,D,0,uint32,1\nb,1,D,2,float,1\nc,1,D,4,int32,1" << 5
+        << "1.D0:2=0 1.D1:1=1 1.D2:2=2 1.D3:1=3 1.D4:2=4 1.D5:1=5"
+        << "1.D0:4=0 1.D4:2=4";
+    QTest::newRow("two registers on both sides of a gap are two requests")
+        << "a,1,SD,254,uint16,1\nb,1,SD,255,uint32,1\nc,1,SD,257,uint16,1" << 32
+        << "1.SD254:1=0 1.SD255:1=1 1.SD256:1=2 1.SD257:1=3"
+        << "1.SD254:2=0 1.SD256:2=2";
     QTest::newRow("a single variable is given twice, so that it is one block")
         << "a,1,D,100,uint16,1" << 32 << "1.D100:1=0 1.D100:1=0"
         << "1.D100:1=0";
@@ -177,9 +193,10 @@ void RecipeLayoutTest::uploadedValuesAreFoundInTheBuffer()
     QString error;
     QVERIFY(layOutRecipe(rows, 32, &layout, &error));
     const std::vector<unsigned short> buffer = {0x5678, 0x1234, 0xFFFE, 0xCDEF, 0x89AB};
-    QCOMPARE(valueInBuffer(rows.at(0), layout.offsets.at(0), buffer), quint32(0x12345678));
-    QCOMPARE(valueInBuffer(rows.at(1), layout.offsets.at(1), buffer), quint32(0xFFFE));
-    QCOMPARE(valueInBuffer(rows.at(2), layout.offsets.at(2), buffer), quint32(0x89ABCDEF));
+    QCOMPARE(valueInBuffer(rows.at(0), layout.offsets.at(0), buffer),
+             (QList<qint64>{0x5678, 0x1234}));
+    QCOMPARE(valueInBuffer(rows.at(1), layout.offsets.at(1), buffer), QList<qint64>{0xFFFE});
+    QCOMPARE(valueInBuffer(rows.at(2), layout.offsets.at(2), buffer), QList<qint64>{0x89ABCDEF});
 }
 
 void RecipeLayoutTest::equalRowsShareOneRegister()

@@ -39,6 +39,13 @@ void RecipeRefusalsTest::badRecipesAreRefused_data()
     QTest::newRow("a percent sign in the name of a 32CV")
         << "%3,1,32CV,200,uint32,5" << 1
         << "line 2 (%3): a 32CV takes 2 registers; raise --max-words, which is 1";
+    QTest::newRow("two registers in a request of one")
+        << "a,1,D,100,uint32,5" << 1
+        << "line 2 (a): a value takes 2 registers; raise --max-words, which is 1";
+    QTest::newRow("values that share registers and are longer than a request")
+        << "a,1,D,99,uint16,0\nb,1,D,100,uint32,0\nc,1,D,102,uint32,0\nd,1,D,101,uint32,0" << 3
+        << "line 3 (b): values that share registers are of one request, and those from here on "
+           "take more than 3";
     QTest::newRow("32CV in a request of one register")
         << "a,1,32CV,200,uint32,5" << 1
         << "line 2 (a): a 32CV takes 2 registers; raise --max-words, which is 1";

@@ -63,6 +63,12 @@ void RecipeChecksTest::variablesTheDriverTakesForOthers_data()
         down, fine);
     row("several registers, of which a read brings one", {variable("D", 100, 2, 0)}, up,
         FailureKind::TooLong);
+    row("several registers, each of which begins a variable",
+        {variable("D", 100, 3, 0), variable("D", 101, 2, 1), variable("D", 102, 1, 2)}, up, fine);
+    row("several registers, of which the second begins none",
+        {variable("D", 100, 3, 0), variable("D", 102, 1, 2)}, up, FailureKind::TooLong);
+    row("several registers, of which another type has the second",
+        {variable("CV", 100, 2, 0), variable("D", 101, 1, 1)}, up, FailureKind::TooLong);
     row("running past the buffer's end", {variable("D", 100, 2, 65535)}, down,
         FailureKind::OutOfRange);
     row("across SD256, where the numbers jump", {variable("SD", 255, 2, 0)}, down,
