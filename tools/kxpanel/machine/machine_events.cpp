@@ -21,12 +21,31 @@ Exchange exchangeOf(const kx::ExchangeRecord& record, qint64 number)
     exchange.wasAccepted = record.result == REPLY_ACCEPTED;
     exchange.wasRepeated = record.repeated;
     exchange.isFinal = record.result != REPLY_RETRY;
+    exchange.result = record.result;
+    exchange.exceptionCode = record.exceptionCode;
+    exchange.errorText = record.errorText;
     exchange.outcome = kx::outcomeText(record);
     exchange.reason = kx::reasonText(record);
     exchange.sentAt = record.sentAt.toMSecsSinceEpoch();
     exchange.finishedAt = record.finishedAt.toMSecsSinceEpoch();
     exchange.turnaround = record.turnaround;
     return exchange;
+}
+
+kx::ExchangeRecord recordOf(const Exchange& exchange)
+{
+    kx::ExchangeRecord record;
+    record.request = exchange.request;
+    record.reply = exchange.reply;
+    record.replyKind = exchange.replyKind;
+    record.exceptionCode = exchange.exceptionCode;
+    record.result = exchange.result;
+    record.errorText = exchange.errorText;
+    record.repeated = exchange.wasRepeated;
+    record.sentAt = QDateTime::fromMSecsSinceEpoch(exchange.sentAt, Qt::UTC);
+    record.finishedAt = QDateTime::fromMSecsSinceEpoch(exchange.finishedAt, Qt::UTC);
+    record.turnaround = exchange.turnaround;
+    return record;
 }
 
 void registerMachineTypes()

@@ -55,6 +55,9 @@ struct Exchange {
     bool wasAccepted = false; ///< the driver took the reply
     bool wasRepeated = false; ///< the request had been sent before
     bool isFinal = true;      ///< else it is sent once more
+    int result = 0;           ///< of intf_dealRcvFrame(), see ReplyResult
+    int exceptionCode = 0;    ///< with ReplyKind::Exception
+    QString errorText;        ///< the driver's, when it failed for good
     QString outcome;          ///< as outcomeText()
     QString reason;           ///< as reasonText()
     qint64 sentAt = 0;        ///< milliseconds since 1970 in UTC, as finishedAt
@@ -65,6 +68,9 @@ struct Exchange {
 };
 
 Exchange exchangeOf(const kx::ExchangeRecord& record, qint64 number);
+
+/// The record that it was made of, but for the job and the count of foreign replies.
+kx::ExchangeRecord recordOf(const Exchange& exchange);
 
 /// Lets all of these cross threads; may be called many times.
 void registerMachineTypes();
