@@ -18,18 +18,6 @@ namespace
 
 const int BITS_PER_GROUP = 8;
 
-/// "1 0 17", bits in groups of eight: "10110000 01".
-QString valuesText(const HeardRange& range)
-{
-    QString text;
-    for (int i = 0; i < static_cast<int>(range.values.size()); ++i) {
-        if (i > 0 && (!range.isBits || i % BITS_PER_GROUP == 0))
-            text += QLatin1Char(' ');
-        text += QString::number(range.values.at(i));
-    }
-    return text;
-}
-
 QString rangeText(const HeardRange& range)
 {
     QString text = range.first;
@@ -38,19 +26,6 @@ QString rangeText(const HeardRange& range)
     if (!range.values.isEmpty())
         text += QLatin1String(" = ") + valuesText(range);
     return text;
-}
-
-/// "read D100:4 = 1 2 3 4, D200 = 5", "function 43".
-QString actionText(const HeardExchange& exchange)
-{
-    const HeardAction action = actionOf(exchange.request.bytes);
-    if (action == HeardAction::Other)
-        return QStringLiteral("function %1").arg(functionOf(exchange.request.bytes));
-    QStringList ranges;
-    for (const HeardRange& range : rangesOf(exchange))
-        ranges << rangeText(range);
-    return QLatin1String(action == HeardAction::Read ? "read " : "write ")
-           + (ranges.isEmpty() ? QStringLiteral("nothing") : ranges.join(QLatin1String(", ")));
 }
 
 /// What became of a request; empty when it was answered.
@@ -142,6 +117,29 @@ void addRequest(const HeardExchange& exchange, QJsonObject* json)
 }
 
 } // namespace
+
+QString valuesText(const HeardRange& range)
+{
+    QString text;
+    for (int i = 0; i < static_cast<int>(range.values.size()); ++i) {
+        if (i > 0 && (!range.isBits || i % BITS_PER_GROUP == 0))
+            text += QLatin1Char(' ');
+        text += QString::number(range.values.at(i));
+    }
+    return text;
+}
+
+QString actionText(const HeardExchange& exchange)
+{
+    const HeardAction action = actionOf(exchange.request.bytes);
+    if (action == HeardAction::Other)
+        return QStringLiteral("function %1").arg(functionOf(exchange.request.bytes));
+    QStringList ranges;
+    for (const HeardRange& range : rangesOf(exchange))
+        ranges << rangeText(range);
+    return QLatin1String(action == HeardAction::Read ? "read " : "write ")
+           + (ranges.isEmpty() ? QStringLiteral("nothing") : ranges.join(QLatin1String(", ")));
+}
 
 QString millisecondsText(qint64 microseconds)
 {
