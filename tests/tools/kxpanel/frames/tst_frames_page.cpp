@@ -1,0 +1,189 @@
+#include "kxpanel/frames/frames_page.h"
+
+#include "../sample_exchanges.h"
+#include "kxpanel/machine/machine.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QTableView>
+
+using namespace kxpanel;
+
+class FramesPageTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void showsFieldsOfTheSelectedExchange();
+    void filtersByWhatIsChosen();
+    void findsByTyping();
+    void pausesByKey();
+    void followsTheEndUnlessScrolledUp();
+    void staysWhereItIsWhenRowsGo();
+    void savesWhatIsShown();
+    void keepsItsColumns();
+    void allCanBeNamed();
+
+private:
+    QStringList requests() const;
+    QScrollBar* bar() const { return m_table->verticalScrollBar(); }
+
+    std::unique_ptr<Machine> m_machine;
+    std::unique_ptr<FramesPage> m_page;
+    QTableView* m_table = nullptr;
+};
+
+void FramesPageTest::init()
+{
+    m_machine = std::make_unique<Machine>();
+    m_page = std::make_unique<FramesPage>(PageContext{m_machine.get(), nullptr});
+    m_page->resize(900, 500);
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+    m_table = m_page->findChild<QTableView*>();
+    QVERIFY(m_table);
+}
+
+void FramesPageTest::cleanup()
+{
+    m_page.reset();
+    m_machine.reset();
+}
+
+QStringList FramesPageTest::requests() const
+{
+    QStringList texts;
+    for (int row = 0; row < m_table->model()->rowCount(); ++row)
+        texts << m_table->model()->index(row, 3).data().toString();
+    return texts;
+}
+
+void FramesPageTest::showsFieldsOfTheSelectedExchange()
+{
+    emit m_machine->exchanged({answeredPoll(), refusedWrite()});
+    const QRect cell = m_table->visualRect(m_table->model()->index(1, 3));
+    QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
+    const auto* details = m_page->findChild<QPlainTextEdit*>();
+    QVERIFY(details->toPlainText().startsWith("Station 2: write Y10 = 1\n"));
+    QTest::keyClick(m_table, Qt::Key_Up);
+    QVERIFY(details->toPlainText().startsWith("Station 1: read D100:2\n"));
+}
+
+void FramesPageTest::filtersByWhatIsChosen()
+{
+    emit m_machine->exchanged({refusedWrite(), answeredPoll(), unansweredPoll()});
+    const QList<QComboBox*> choices = m_page->findChildren<QComboBox*>();
+    QCOMPARE(choices.size(), 3);
+    QComboBox* station = choices.at(0);
+    QCOMPARE(station->itemText(1), QString("Station 1")); // in order, though seen later
+    QCOMPARE(station->itemText(2), QString("Station 2"));
+    QTest::keyClick(station, Qt::Key_Down);
+    QCOMPARE(requests(), QStringList({QString("read D100:2"), QString("read D100:2")}));
+    station->setCurrentIndex(0);
+    choices.at(1)->setCurrentText("write");
+    QCOMPARE(requests(), QStringList({QString("write Y10 = 1")}));
+    choices.at(1)->setCurrentIndex(0);
+    choices.at(2)->setCurrentText("Not accepted");
+    QCOMPARE(requests(), QStringList({QString("write Y10 = 1"), QString("read D100:2")}));
+}
+
+void FramesPageTest::findsByTyping()
+{
+    emit m_machine->exchanged({refusedWrite(), answeredPoll()});
+    m_table->setFocus();
+    QTest::keyClick(m_table, Qt::Key_F, Qt::ControlModifier);
+    auto* text = m_page->findChild<QLineEdit*>();
+    QVERIFY(text->hasFocus());
+    QTest::keyClicks(text, "d100");
+    QCOMPARE(requests(), QStringList({QString("read D100:2")}));
+}
+
+void FramesPageTest::pausesByKey()
+{
+    m_table->setFocus();
+    QTest::keyClick(m_table, Qt::Key_P, Qt::ControlModifier);
+    emit m_machine->exchanged({answeredPoll()});
+    QCOMPARE(m_table->model()->rowCount(), 0);
+    QTest::keyClick(m_table, Qt::Key_P, Qt::ControlModifier);
+    QCOMPARE(m_table->model()->rowCount(), 1);
+}
+
+void FramesPageTest::followsTheEndUnlessScrolledUp()
+{
+    emit m_machine->exchanged(answeredPolls(200));
+    QCoreApplication::processEvents();
+    QVERIFY(bar()->maximum() > 100);
+    QCOMPARE(bar()->value(), bar()->maximum());
+    emit m_machine->exchanged(answeredPolls(10));
+    QCoreApplication::processEvents();
+    QCOMPARE(bar()->value(), bar()->maximum());
+    bar()->setValue(20);
+    emit m_machine->exchanged(answeredPolls(10));
+    QCoreApplication::processEvents();
+    QCOMPARE(bar()->value(), 20);
+}
+
+void FramesPageTest::staysWhereItIsWhenRowsGo()
+{
+    emit m_machine->exchanged(answeredPolls(20000)); // as many as are kept
+    QCoreApplication::processEvents();
+    bar()->setValue(100);
+    emit m_machine->exchanged(answeredPolls(30));
+    QCoreApplication::processEvents();
+    QCOMPARE(m_table->model()->rowCount(), 20000);
+    QCOMPARE(bar()->value(), 70); // the same exchange, 30 rows further up
+}
+
+void FramesPageTest::savesWhatIsShown()
+{
+    emit m_machine->exchanged({refusedWrite(), answeredPoll()});
+    QTest::keyClick(m_table, Qt::Key_E, Qt::ControlModifier);
+    auto* dialog = m_page->findChild<QFileDialog*>();
+    QVERIFY(dialog);
+    QTemporaryDir folder;
+    const QString path = folder.filePath("saved.txt");
+    QSignalSpy said(m_page.get(), &Page::said);
+    emit dialog->fileSelected(path);
+    QCOMPARE(said.count(), 1);
+    QCOMPARE(said.at(0).at(0).toString(), QString("2 exchange(s) saved in ") + path);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll().count('\n'), 4); // a line for each request and reply
+    emit dialog->fileSelected(folder.filePath("none/saved.txt"));
+    QVERIFY(said.at(1).at(0).toString().contains("none/saved.txt"));
+}
+
+void FramesPageTest::keepsItsColumns()
+{
+    QSignalSpy changed(m_page.get(), &Page::layoutChanged);
+    m_table->horizontalHeader()->resizeSection(3, 321);
+    QCOMPARE(changed.count(), 1);
+    FramesPage other((PageContext()));
+    other.setLayout(m_page->layout());
+    QCOMPARE(other.findChild<QTableView*>()->columnWidth(3), 321);
+    other.setLayout({{QString("columns"), QString("nonsense")}});
+    QCOMPARE(other.findChild<QTableView*>()->columnWidth(3), 321);
+}
+
+void FramesPageTest::allCanBeNamed()
+{
+    QVERIFY(!m_table->accessibleName().isEmpty());
+    for (const QComboBox* choice : m_page->findChildren<QComboBox*>()) {
+        QVERIFY(!choice->accessibleName().isEmpty());
+        QVERIFY(!choice->toolTip().isEmpty());
+    }
+    QCOMPARE(m_page->key(), QString("frames"));
+    QCOMPARE(m_page->windowTitle(), QString("Frames"));
+}
+
+QTEST_MAIN(FramesPageTest)
+
+#include "tst_frames_page.moc"

@@ -1,0 +1,61 @@
+#include "kxpanel/exchanges/exchange_times.h"
+
+#include <algorithm>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const qint64 MILLISECOND = 1000; // microseconds
+
+bool wasTransmitted(const Exchange& exchange)
+{
+    return exchange.replyKind != kx::ReplyKind::NotSent
+           && exchange.replyKind != kx::ReplyKind::NeverSilent;
+}
+
+qint64 overlap(qint64 begin, qint64 end, qint64 from, qint64 to)
+{
+    return std::max(std::min(end, to) - std::max(begin, from), qint64(0));
+}
+
+} // namespace
+
+ExchangeTimes timesOf(const Exchange& exchange, const kx::LineTiming& timing, qint64 lineWasFree)
+{
+    const qint64 clock = exchange.sentAt * MILLISECOND;
+    // The last moment of which the clock still told that it was over.
+    const qint64 over =
+        std::max(exchange.finishedAt, exchange.sentAt) * MILLISECOND + MILLISECOND - 1;
+    ExchangeTimes times;
+    times.sent = lineWasFree > clock && lineWasFree < clock + MILLISECOND ? lineWasFree : clock;
+    times.requestEnded = times.sent;
+    if (wasTransmitted(exchange))
+        times.requestEnded += timing.transmissionTime(exchange.request.size());
+    times.requestEnded = std::min(times.requestEnded, over);
+    if (exchange.turnaround < 0) {
+        times.replyBegan = std::max(times.requestEnded, exchange.finishedAt * MILLISECOND);
+        times.replyEnded = times.replyBegan;
+        return times;
+    }
+    times.replyBegan = std::min(times.requestEnded + exchange.turnaround, over);
+    times.replyEnded =
+        std::min(times.replyBegan + timing.transmissionTime(exchange.reply.size()), over);
+    return times;
+}
+
+double LineShares::used() const
+{
+    return all() > 0 ? static_cast<double>(sending + receiving) / static_cast<double>(all()) : 0;
+}
+
+void LineShares::add(const ExchangeTimes& times, qint64 from, qint64 to)
+{
+    sending += overlap(times.sent, times.requestEnded, from, to);
+    waiting += overlap(times.requestEnded, times.replyBegan, from, to);
+    receiving += overlap(times.replyBegan, times.replyEnded, from, to);
+}
+
+} // namespace kxpanel

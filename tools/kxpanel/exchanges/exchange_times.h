@@ -1,0 +1,40 @@
+#ifndef KX_KXPANEL_EXCHANGES_EXCHANGE_TIMES_H
+#define KX_KXPANEL_EXCHANGES_EXCHANGE_TIMES_H
+
+#include "kxpanel/machine/machine_events.h"
+
+namespace kxpanel
+{
+
+/// When an exchange had the line, in microseconds since 1970 in UTC; each is not before the one
+/// above it.
+struct ExchangeTimes {
+    qint64 sent = 0;         ///< its first character
+    qint64 requestEnded = 0; ///< the end of its last character; `sent` if it was not transmitted
+    qint64 replyBegan = 0;   ///< or nothing more was waited for
+    qint64 replyEnded = 0;   ///< `replyBegan` without a whole reply
+};
+
+/// By the exchange's clock, the characters of both frames and the turnaround. A line that does not
+/// keep its own time, as a pseudo-terminal, ends what it carries when the exchange was over.
+/// @param lineWasFree when the exchange before it ended. Clocks tell whole milliseconds: it
+///        began then when that lies within the millisecond that it was sent in
+ExchangeTimes timesOf(const Exchange& exchange, const kx::LineTiming& timing, qint64 lineWasFree);
+
+/// Microseconds of a stretch of time in which the line was used so.
+struct LineShares {
+    qint64 sending = 0;
+    qint64 waiting = 0;
+    qint64 receiving = 0;
+    qint64 silence = 0;
+
+    qint64 all() const { return sending + waiting + receiving + silence; }
+    /// Characters were on the line, 0 to 1.
+    double used() const;
+    /// Adds what lies between `from` and `to` of an exchange.
+    void add(const ExchangeTimes& times, qint64 from, qint64 to);
+};
+
+} // namespace kxpanel
+
+#endif

@@ -1,0 +1,31 @@
+/// Exchanges in the words of a table. Pure functions.
+#ifndef KX_KXPANEL_EXCHANGES_EXCHANGE_WORDS_H
+#define KX_KXPANEL_EXCHANGES_EXCHANGE_WORDS_H
+
+#include "kxpanel/machine/machine_events.h"
+
+namespace kxpanel
+{
+
+/// "poll", "read", "write", "recipe to the controller", "recipe from the controller"; translated.
+QString kindWords(JobKind kind);
+
+/// "read D100:4", "write Y10 = 1"; empty when nothing was sent.
+QString requestWords(const Exchange& exchange);
+
+/// What came: the values read, such as "1234 17 5 0", "confirmed", the exception, or how many
+/// bytes; empty when nothing did. Translated but for the library's own texts.
+QString replyWords(const Exchange& exchange);
+
+/// Of the request; 0 when nothing was sent.
+int stationOf(const Exchange& exchange);
+
+/// Milliseconds since 1970 as "14:05:12.250", in local time.
+QString timeOfDay(qint64 milliseconds);
+
+/// Microseconds as "8.2 ms"; a dash for a negative time.
+QString timeWords(qint64 microseconds);
+
+} // namespace kxpanel
+
+#endif

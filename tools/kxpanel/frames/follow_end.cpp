@@ -1,0 +1,37 @@
+#include "kxpanel/frames/follow_end.h"
+
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QTableView>
+
+namespace kxpanel
+{
+
+FollowEnd::FollowEnd(QTableView* view) : QObject(view), m_view(view)
+{
+    const QAbstractItemModel* model = view->model();
+    connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this, &FollowEnd::onAboutToInsert);
+    connect(model, &QAbstractItemModel::rowsInserted, this, &FollowEnd::onInserted);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, &FollowEnd::onRemoved);
+    connect(model, &QAbstractItemModel::modelReset, view, &QTableView::scrollToBottom);
+}
+
+void FollowEnd::onAboutToInsert()
+{
+    const QScrollBar* bar = m_view->verticalScrollBar();
+    m_isAtEnd = bar->value() == bar->maximum();
+}
+
+void FollowEnd::onInserted()
+{
+    if (m_isAtEnd)
+        m_view->scrollToBottom();
+}
+
+void FollowEnd::onRemoved(const QModelIndex&, int first, int last)
+{
+    QScrollBar* bar = m_view->verticalScrollBar();
+    if (bar->value() != bar->maximum())
+        bar->setValue(bar->value() - (last - first + 1));
+}
+
+} // namespace kxpanel

@@ -1,0 +1,21 @@
+#ifndef KX_KXPANEL_FRAMES_SAVED_FRAMES_H
+#define KX_KXPANEL_FRAMES_SAVED_FRAMES_H
+
+#include "kxpanel/machine/machine_events.h"
+
+namespace kxpanel
+{
+
+/// Two lines for each exchange, as `kxhost --frames` prints them.
+QByteArray framesAsText(const QVector<Exchange>& exchanges);
+
+/// A JSON object per line, as `kxhost --frames --json` prints them.
+QByteArray framesAsJson(const QVector<Exchange>& exchanges);
+
+/// Replaces a file: with JSON where its name ends in ".json" or ".jsonl", else with text.
+/// @return false and one line in `*error` that names the file
+bool saveFrames(const QString& path, const QVector<Exchange>& exchanges, QString* error);
+
+} // namespace kxpanel
+
+#endif
