@@ -1,11 +1,54 @@
 #include "kxpanel/tags/tag_list.h"
 
-#include <QtCore/QSet>
+#include "kxpanel/tags/tag_names.h"
+#include "panel/values/value_address.h"
 
 #include <algorithm>
 
 namespace kxpanel
 {
+
+namespace
+{
+
+/// "Flow" of four values becomes "Flow 1" to "Flow 4".
+QList<kx::Tag> singleValues(const kx::Tag& tag)
+{
+    const int width = kx::registersOf(tag.format);
+    const int count = kx::valuesIn(tag.range, tag.format);
+    QList<kx::Tag> singles;
+    for (int i = 0; i < count; ++i) {
+        kx::Tag single = tag;
+        single.range.address += i * width;
+        single.range.values = width;
+        single.range.width = width;
+        if (count > 1 && !tag.name.isEmpty())
+            single.name = QStringLiteral("%1 %2").arg(tag.name, QString::number(i + 1));
+        singles << single;
+    }
+    return singles;
+}
+
+bool hasSameRegisters(const kx::AddressRange& one, const kx::AddressRange& other)
+{
+    return one.type == other.type && one.station == other.station && one.address == other.address
+           && one.values == other.values;
+}
+
+/// One that was under way while the value was edited may be of other registers.
+bool suits(const Reading& reading, const WatchedValue& value)
+{
+    return reading.raw.isEmpty() || reading.raw.size() == value.tag.range.values;
+}
+
+Reading nothingKnown(int number)
+{
+    Reading reading;
+    reading.number = number;
+    return reading;
+}
+
+} // namespace
 
 const WatchedValue* TagList::find(int number) const
 {
@@ -33,20 +76,18 @@ QString TagList::shownName(const WatchedValue& value)
 
 QList<int> TagList::insert(int row, const QList<kx::Tag>& tags)
 {
-    QList<WatchedValue> values = m_values;
+    TagNames names(m_values);
+    QList<WatchedValue> inserted;
     QList<int> numbers;
     for (const kx::Tag& tag : tags) {
-        const int width = kx::registersOf(tag.format);
-        for (int first = 0; first < tag.range.values; first += width) {
-            WatchedValue value{m_lastNumber + 1 + static_cast<int>(numbers.size()), tag};
-            value.tag.range.address += first;
-            value.tag.range.values = width;
-            value.tag.range.width = width;
-            values.insert(row + static_cast<int>(numbers.size()), value);
+        for (const kx::Tag& single : singleValues(tag)) {
+            WatchedValue value{m_lastNumber + 1 + static_cast<int>(numbers.size()), single};
+            value.tag.name = names.take(single.name);
+            inserted << value;
             numbers << value.number;
         }
     }
-    setValues(values);
+    setValues(m_values.mid(0, row) + inserted + m_values.mid(row));
     return numbers;
 }
 
@@ -66,6 +107,8 @@ void TagList::replace(int number, const kx::Tag& tag)
     const int row = rowOf(number);
     if (row < 0)
         return;
+    if (!hasSameRegisters(m_values.at(row).tag.range, tag.range))
+        m_readings[row] = nothingKnown(number);
     m_values[row].tag = tag;
     emit valuesChanged();
 }
@@ -76,9 +119,9 @@ void TagList::setValues(const QList<WatchedValue>& values)
     QHash<int, int> rows;
     for (const WatchedValue& value : values) {
         rows.insert(value.number, static_cast<int>(readings.size()));
-        Reading known = reading(value.number);
-        known.number = value.number;
-        readings << known;
+        const WatchedValue* const before = find(value.number);
+        const bool isKept = before && hasSameRegisters(before->tag.range, value.tag.range);
+        readings << (isKept ? reading(value.number) : nothingKnown(value.number));
         m_lastNumber = std::max(m_lastNumber, value.number);
     }
     m_values = values;
@@ -92,7 +135,7 @@ void TagList::takeReadings(const QVector<Reading>& readings)
     QVector<int> rows;
     for (const Reading& reading : readings) {
         const int row = rowOf(reading.number);
-        if (row < 0)
+        if (row < 0 || !suits(reading, m_values.at(row)))
             continue;
         m_readings[row] = reading;
         rows << row;
@@ -106,8 +149,7 @@ void TagList::forgetReadings()
 {
     QVector<int> rows;
     for (int row = 0; row < size(); ++row) {
-        m_readings[row] = Reading();
-        m_readings[row].number = m_values.at(row).number;
+        m_readings[row] = nothingKnown(m_values.at(row).number);
         rows << row;
     }
     if (!rows.isEmpty())

@@ -32,14 +32,16 @@ public:
     /// The name, or the address as typed where it has none.
     static QString shownName(const WatchedValue& value);
 
-    /// Puts tags in front of a row. A tag of several values becomes as many, and loses no name.
+    /// Puts tags in front of a row. A tag of several values becomes as many, "Flow" of two "Flow 1"
+    /// and "Flow 2"; a name that is taken gets the next free number behind it.
     /// @return their numbers
     QList<int> insert(int row, const QList<kx::Tag>& tags);
     void remove(const QList<int>& numbers);
     /// The value keeps its number. What was read of it is forgotten when its address or the
     /// registers of its format are others.
     void replace(int number, const kx::Tag& tag);
-    /// All at once, with the numbers that they bring: for undo.
+    /// All at once, with the numbers that they bring, each once: for undo. Readings are kept as by
+    /// replace().
     void setValues(const QList<WatchedValue>& values);
 
 public slots:

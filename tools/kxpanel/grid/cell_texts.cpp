@@ -1,0 +1,148 @@
+#include "kxpanel/grid/cell_texts.h"
+
+#include "addresses/modbus_span.h"
+#include "kxhost/views/entry_text.h"
+#include "panel/values/format_text.h"
+#include "panel/values/value_codec.h"
+#include "registers/register_types.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const qint64 SHOWN_AS_CHANGED = 1000; // milliseconds
+const qint64 SHOWN_AS_WRITTEN = 3000; // milliseconds
+const qint64 SECOND = 1000;           // milliseconds
+const qint64 MINUTE = 60 * SECOND;
+const qint64 HOUR = 60 * MINUTE;
+
+struct StateWords {
+    char16_t symbol;
+    const char* text;
+};
+
+// In the order of CellState.
+const StateWords STATES[] = {
+    {0x25CF, QT_TRANSLATE_NOOP("kxpanel::Cell", "ok")},
+    {0x25B2, QT_TRANSLATE_NOOP("kxpanel::Cell", "changed")},
+    {0x25CB, QT_TRANSLATE_NOOP("kxpanel::Cell", "never read")},
+    {0x270E, QT_TRANSLATE_NOOP("kxpanel::Cell", "writing\342\200\246")},
+    {0x2713, QT_TRANSLATE_NOOP("kxpanel::Cell", "written")},
+    {0x2717, QT_TRANSLATE_NOOP("kxpanel::Cell", "not written")},
+    {0x2298, QT_TRANSLATE_NOOP("kxpanel::Cell", "refused")},
+    {0x26A0, QT_TRANSLATE_NOOP("kxpanel::Cell", "no answer")},
+};
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("kxpanel::Cell", text);
+}
+
+kx::WatchEntry entryOf(const WatchedValue& value, const Reading& reading)
+{
+    kx::WatchEntry entry;
+    entry.station = value.tag.range.station;
+    entry.type = value.tag.range.type;
+    entry.address = value.tag.range.address;
+    entry.width = value.tag.range.values;
+    entry.isKnown = !reading.raw.isEmpty();
+    entry.value = reading.raw.value(0);
+    entry.others = reading.raw.mid(1);
+    return entry;
+}
+
+bool isUnderWay(const ValueWrite* write)
+{
+    return write && (write->phase == ValueWrite::Waiting || write->phase == ValueWrite::Writing);
+}
+
+/// Of one that has ended: until the value was read again.
+bool isNews(const ValueWrite* write, const Reading& reading)
+{
+    return write && write->phase == ValueWrite::Confirmed && reading.readAt < write->endedAt;
+}
+
+} // namespace
+
+CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 now)
+{
+    if (isUnderWay(write))
+        return CellState::Waiting;
+    if (write && write->phase == ValueWrite::Failed)
+        return CellState::NotWritten;
+    switch (reading.state) {
+    case kx::WatchState::NeverRead:
+        break;
+    case kx::WatchState::NoAnswer:
+        return CellState::NoAnswer;
+    case kx::WatchState::Refused:
+        return CellState::Refused;
+    case kx::WatchState::Ok:
+        break;
+    }
+    if (write && now - write->endedAt < SHOWN_AS_WRITTEN)
+        return CellState::Written;
+    if (reading.state == kx::WatchState::NeverRead)
+        return CellState::NeverRead;
+    const bool isRecent = reading.changedAt > 0 && now - reading.changedAt < SHOWN_AS_CHANGED;
+    return isRecent ? CellState::Changed : CellState::Ok;
+}
+
+QString stateSymbol(CellState state)
+{
+    return QString(QChar(STATES[static_cast<int>(state)].symbol));
+}
+
+QString stateText(CellState state, const ValueWrite* write)
+{
+    const QString text = translated(STATES[static_cast<int>(state)].text);
+    return state == CellState::NotWritten && write ? text + QLatin1String(": ") + write->reason
+                                                   : text;
+}
+
+QString valueCellText(const WatchedValue& value, const Reading& reading, const ValueWrite* write)
+{
+    const bool isWritten = isUnderWay(write) || isNews(write, reading);
+    return isWritten ? write->text : kx::valueText(value.tag.format, reading.raw);
+}
+
+QString rawText(const WatchedValue& value, const Reading& reading)
+{
+    return kx::hexValue(entryOf(value, reading));
+}
+
+QString modbusCellText(const kx::AddressRange& range)
+{
+    return kx::modbusText(range.type, kx::modbusSpans(range));
+}
+
+QString formatCellText(const kx::ValueFormat& format)
+{
+    kx::ValueFormat rest = format;
+    rest.unit.clear();
+    return kx::formatText(rest);
+}
+
+QString ageText(const Reading& reading, qint64 now)
+{
+    if (reading.readAt == 0)
+        return QString();
+    const qint64 age = qMax<qint64>(0, now - reading.readAt);
+    if (age >= HOUR)
+        return translated(QT_TRANSLATE_NOOP("kxpanel::Cell", "%1 h")).arg(age / HOUR);
+    if (age >= MINUTE)
+        return translated(QT_TRANSLATE_NOOP("kxpanel::Cell", "%1 min")).arg(age / MINUTE);
+    return translated(QT_TRANSLATE_NOOP("kxpanel::Cell", "%1 s"))
+        .arg(QString::number(static_cast<double>(age) / SECOND, 'f', 1));
+}
+
+bool isSwitch(const kx::Tag& tag)
+{
+    return tag.format.bit >= 0 || tag.range.type->registerClass == BIT_CLASS;
+}
+
+} // namespace kxpanel

@@ -1,0 +1,52 @@
+/// What the cells of the grid say of a value. Pure functions.
+#ifndef KX_KXPANEL_GRID_CELL_TEXTS_H
+#define KX_KXPANEL_GRID_CELL_TEXTS_H
+
+#include "kxpanel/grid/value_writer.h"
+
+namespace kxpanel
+{
+
+/// State of a value as people see it, rising with the attention that it asks for.
+enum class CellState {
+    Ok,
+    Changed, ///< within the last second
+    NeverRead,
+    Waiting, ///< to be written, or being written
+    Written,
+    NotWritten,
+    Refused,
+    NoAnswer,
+};
+
+/// @param write the value's latest, or null
+/// @param now milliseconds since 1970 in UTC
+CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 now);
+
+/// One character, which tells the states apart without colour.
+QString stateSymbol(CellState state);
+
+/// "no answer"; of a write that failed with its reason.
+QString stateText(CellState state, const ValueWrite* write);
+
+/// The value without its unit, as it was read last, or is being written; empty: never read.
+QString valueCellText(const WatchedValue& value, const Reading& reading, const ValueWrite* write);
+
+/// The registers in hexadecimal, as kx::hexValue().
+QString rawText(const WatchedValue& value, const Reading& reading);
+
+/// "coil 1455", "holding registers 100 to 101".
+QString modbusCellText(const kx::AddressRange& range);
+
+/// The format without its unit, which has a column: "s16*0.1"; of plain values empty.
+QString formatCellText(const kx::ValueFormat& format);
+
+/// "0.4 s", "12 min", "3 h"; empty when it was never read.
+QString ageText(const Reading& reading, qint64 now);
+
+/// Whether the value is 0 or 1 and is shown as a switch.
+bool isSwitch(const kx::Tag& tag);
+
+} // namespace kxpanel
+
+#endif

@@ -1,0 +1,60 @@
+#ifndef KX_KXPANEL_GRID_WATCH_FILTER_H
+#define KX_KXPANEL_GRID_WATCH_FILTER_H
+
+#include <QtCore/QSortFilterProxyModel>
+#include <QtCore/QStringList>
+
+namespace kxpanel
+{
+
+class WatchModel;
+
+/// Which states a person wants to see.
+enum class StateFilter { All, Attention, Changed, NotRead };
+
+/// The rows of a WatchModel that fit, in the list's order or sorted. Values that change move no
+/// rows: what is sorted stays until it is sorted again.
+class WatchFilter : public QSortFilterProxyModel
+{
+    Q_OBJECT
+
+public:
+    /// The model outlives the filter.
+    explicit WatchFilter(WatchModel* model, QObject* parent = nullptr);
+
+    /// Each word, whatever its case, must be part of a row's name, address or comment.
+    void setText(const QString& text);
+    void setStates(StateFilter states);
+    /// Name of a register type; empty: all.
+    void setType(const QString& type);
+    bool isFiltering() const;
+
+    /// Looks at the states again, where the filter asks for some.
+    void refreshStates();
+
+    /// By numbers where the column has some; -1: the list's order. What has none goes last.
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+
+    bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                         const QModelIndex& parent) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+
+private:
+    bool fitsState(int row) const;
+
+    WatchModel* m_model;
+    QStringList m_words;
+    StateFilter m_states = StateFilter::All;
+    QString m_type;
+    QVector<QVariant> m_keys; ///< of the model's rows while they are being sorted
+    Qt::SortOrder m_order = Qt::AscendingOrder;
+};
+
+} // namespace kxpanel
+
+#endif

@@ -1,0 +1,258 @@
+#include "kxpanel/grid/watch_model.h"
+
+#include "kxpanel/tags/tag_list.h"
+#include "kxpanel/tags/tag_text.h"
+#include "panel/values/format_text.h"
+#include "panel/values/value_address.h"
+#include "panel/values/value_codec.h"
+#include "registers/register_types.h"
+
+#include <QtCore/QDateTime>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+struct ColumnText {
+    const char* heading;
+    const char* toolTip;
+    bool isNumber;
+};
+
+// In the order of WatchModel::Column.
+const ColumnText COLUMNS[] = {
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Name"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "What people call the value (F2 edits)"), false},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Station"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Station on the line, 1 to 247"), true},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Address"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "As typed on the panel; X and Y are octal"), false},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Value"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel",
+                       "As read last. Type and press Enter to write; Space switches a bit"),
+     true},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Unit"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Unit of the value"), false},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "State"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "What became of the last read, or of a write"),
+     false},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Age"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Time since the last good read"), true},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Format"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "What the registers mean, such as s16*0.1 or float"),
+     false},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Raw"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "The registers in hexadecimal"), false},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Modbus"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel",
+                       "Number of the coil or holding register on the wire, from 0"),
+     false},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Comment"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Notes (F2 edits)"), false},
+};
+
+bool isEditable(int column)
+{
+    return column == WatchModel::Name || column == WatchModel::Address
+           || column == WatchModel::Value || column == WatchModel::Format
+           || column == WatchModel::Comment;
+}
+
+} // namespace
+
+WatchModel::WatchModel(TagList* tags, ValueWriter* writer, QUndoStack* undo, QObject* parent)
+    : QAbstractTableModel(parent),
+      m_tags(tags),
+      m_writer(writer),
+      m_undo(undo),
+      m_now(&QDateTime::currentMSecsSinceEpoch)
+{
+    connect(tags, &TagList::valuesChanged, this, &WatchModel::onValuesChanged);
+    connect(writer, &ValueWriter::changed, this, &WatchModel::onWriteChanged);
+    onValuesChanged();
+}
+
+int WatchModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_numbers.size());
+}
+
+int WatchModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(ColumnCount);
+}
+
+const WatchedValue* WatchModel::valueAt(int row) const
+{
+    return m_tags->find(numberAt(row));
+}
+
+int WatchModel::rowOf(int number) const
+{
+    const int row = m_tags->rowOf(number); // where views know of all changes
+    return numberAt(row) == number ? row : static_cast<int>(m_numbers.indexOf(number));
+}
+
+CellState WatchModel::stateAt(int row) const
+{
+    const int number = numberAt(row);
+    return cellStateOf(m_tags->reading(number), m_writer->writeOf(number), m_now());
+}
+
+QVariant WatchModel::data(const QModelIndex& index, int role) const
+{
+    const WatchedValue* const value = index.isValid() ? valueAt(index.row()) : nullptr;
+    if (!value)
+        return QVariant();
+    switch (role) {
+    case Qt::DisplayRole:
+        return textOf(*value, index.column());
+    case Qt::EditRole:
+        return editTextOf(*value, index.column());
+    case Qt::ToolTipRole:
+        return toolTipOf(*value, index.column());
+    case Qt::TextAlignmentRole:
+        return static_cast<int>(
+            Qt::AlignVCenter | (COLUMNS[index.column()].isNumber ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::AccessibleTextRole:
+        return QStringLiteral("%1: %2").arg(headerData(index.column(), Qt::Horizontal).toString(),
+                                            textOf(*value, index.column()));
+    case StateRole:
+        return static_cast<int>(stateAt(index.row()));
+    case SwitchRole:
+        return isSwitch(value->tag);
+    case NumberRole:
+        return value->number;
+    default:
+        return QVariant();
+    }
+}
+
+QString WatchModel::textOf(const WatchedValue& value, int column) const
+{
+    const kx::Tag& tag = value.tag;
+    const Reading& reading = m_tags->reading(value.number);
+    const ValueWrite* const write = m_writer->writeOf(value.number);
+    switch (column) {
+    case Name:
+        return tag.name;
+    case Station:
+        return QString::number(tag.range.station);
+    case Address:
+        return kx::valueName(tag.range, tag.format, 0);
+    case Value:
+        return valueCellText(value, reading, write);
+    case Unit:
+        return tag.format.unit;
+    case State: {
+        const CellState state = cellStateOf(reading, write, m_now());
+        return stateSymbol(state) + QLatin1Char(' ') + stateText(state, write);
+    }
+    case Age:
+        return ageText(reading, m_now());
+    case Format:
+        return formatCellText(tag.format);
+    case Raw:
+        return rawText(value, reading);
+    case Modbus:
+        return modbusCellText(tag.range);
+    default:
+        return tag.comment;
+    }
+}
+
+QVariant WatchModel::editTextOf(const WatchedValue& value, int column) const
+{
+    if (column == Address)
+        return typedText(value.tag);
+    if (column == Format)
+        return kx::formatText(value.tag.format);
+    return textOf(value, column);
+}
+
+QString WatchModel::toolTipOf(const WatchedValue& value, int column) const
+{
+    const ValueWrite* const write = m_writer->writeOf(value.number);
+    if (column == Value && !(write && write->phase == ValueWrite::Failed)) {
+        const QString reason = ValueWriter::readOnlyReason(value.tag);
+        const QString unit = value.tag.format.unit;
+        const QString text =
+            textOf(value, Value) + (unit.isEmpty() ? unit : QLatin1Char(' ') + unit);
+        return reason.isEmpty() ? text : text + QLatin1Char('\n') + reason;
+    }
+    return textOf(value, column == Value ? static_cast<int>(State) : column);
+}
+
+QVariant WatchModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Vertical)
+        return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
+    if (section < 0 || section >= ColumnCount)
+        return QVariant();
+    const ColumnText& column = COLUMNS[section];
+    if (role == Qt::DisplayRole)
+        return tr(column.heading);
+    if (role == Qt::ToolTipRole)
+        return tr(column.toolTip);
+    if (role == Qt::TextAlignmentRole)
+        return static_cast<int>(Qt::AlignVCenter
+                                | (column.isNumber ? Qt::AlignRight : Qt::AlignLeft));
+    return QVariant();
+}
+
+Qt::ItemFlags WatchModel::flags(const QModelIndex& index) const
+{
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDropEnabled;
+    if (!index.isValid())
+        return flags;
+    flags = (flags | Qt::ItemIsDragEnabled) & ~Qt::ItemIsDropEnabled; // rows go between rows
+    const WatchedValue* const value = valueAt(index.row());
+    const bool isWritable =
+        value && (index.column() != Value || ValueWriter::readOnlyReason(value->tag).isEmpty());
+    return isWritable && isEditable(index.column()) ? flags | Qt::ItemIsEditable : flags;
+}
+
+QVariant WatchModel::sortKey(int row, int column) const
+{
+    const WatchedValue* const value = valueAt(row);
+    if (!value)
+        return QVariant();
+    const kx::AddressRange& range = value->tag.range;
+    const Reading& reading = m_tags->reading(value->number);
+    double number = 0;
+    switch (column) {
+    case Station:
+        return static_cast<double>(range.station);
+    case Address: // by type first, in the order of the catalogue
+        return registerTypeRow(range.type) * 1e6 + range.address * 16 + value->tag.format.bit;
+    case Value:
+        if (kx::valueNumber(value->tag.format, reading.raw, &number))
+            return number;
+        return reading.raw.isEmpty() ? QVariant() : QVariant(textOf(*value, Value));
+    case State:
+        return static_cast<double>(stateAt(row));
+    case Age:
+        return reading.readAt == 0 ? QVariant() : QVariant(-static_cast<double>(reading.readAt));
+    case Modbus:
+        return static_cast<double>(modbusNumber(range.type, range.address));
+    default:
+        return textOf(*value, column);
+    }
+}
+
+void WatchModel::refresh(int firstRow, int lastRow)
+{
+    const int last = qMin(lastRow, rowCount() - 1);
+    if (firstRow >= 0 && firstRow <= last)
+        emit dataChanged(index(firstRow, 0), index(last, ColumnCount - 1));
+}
+
+void WatchModel::onWriteChanged(int number)
+{
+    const int row = rowOf(number);
+    refresh(row, row);
+}
+
+} // namespace kxpanel

@@ -1,0 +1,78 @@
+// How views follow the list: rows go, change places, come, and keep selections and scrolling.
+
+#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/tags/tag_list.h"
+
+#include <QtCore/QSet>
+
+namespace kxpanel
+{
+
+void WatchModel::onValuesChanged()
+{
+    removeGone();
+    reorder();
+    insertNew();
+    refresh(0, rowCount() - 1);
+}
+
+/// In runs from the end, as people select them.
+void WatchModel::removeGone()
+{
+    for (int last = rowCount() - 1; last >= 0; --last) {
+        if (valueAt(last))
+            continue;
+        int first = last;
+        while (first > 0 && !valueAt(first - 1))
+            --first;
+        beginRemoveRows(QModelIndex(), first, last);
+        m_numbers.remove(first, last - first + 1);
+        endRemoveRows();
+        last = first;
+    }
+}
+
+void WatchModel::reorder()
+{
+    const QSet<int> known(m_numbers.begin(), m_numbers.end());
+    QVector<int> numbers;
+    QHash<int, int> rows;
+    for (const WatchedValue& value : m_tags->values()) {
+        if (!known.contains(value.number))
+            continue;
+        rows.insert(value.number, static_cast<int>(numbers.size()));
+        numbers << value.number;
+    }
+    if (numbers == m_numbers)
+        return;
+    emit layoutAboutToBeChanged();
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    for (const QModelIndex& index : before)
+        after << this->index(rows.value(numberAt(index.row())), index.column());
+    m_numbers = numbers;
+    changePersistentIndexList(before, after);
+    emit layoutChanged();
+}
+
+void WatchModel::insertNew()
+{
+    const QList<WatchedValue>& values = m_tags->values();
+    for (int first = 0; first < values.size(); ++first) {
+        if (numberAt(first) == values.at(first).number)
+            continue;
+        // All up to the next row that is known are new, since the order is the same.
+        const int next = numberAt(first);
+        int end = first;
+        while (end < values.size() && values.at(end).number != next)
+            ++end;
+        beginInsertRows(QModelIndex(), first, end - 1);
+        m_numbers.insert(first, end - first, 0);
+        for (int row = first; row < end; ++row)
+            m_numbers[row] = values.at(row).number;
+        endInsertRows();
+        first = end;
+    }
+}
+
+} // namespace kxpanel

@@ -1,0 +1,206 @@
+#include "kxpanel/grid/watch_page.h"
+
+#include "kxpanel/grid/add_line.h"
+#include "kxpanel/grid/filter_line.h"
+#include "kxpanel/grid/watch_delegate.h"
+#include "kxpanel/grid/watch_filter.h"
+#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/watch_table.h"
+#include "kxpanel/grid/write_bar.h"
+#include "kxpanel/tags/tag_list.h"
+
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QToolBar>
+#include <QtWidgets/QVBoxLayout>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const int FRAME_TIME = 50; // milliseconds
+const int TICK_TIME = 500; // milliseconds
+
+ValueWriter::JobStarter starterOf(Machine* machine)
+{
+    return [machine](int ticket, const JobMaker& make) { machine->startJob(ticket, make); };
+}
+
+} // namespace
+
+WatchPage::WatchPage(const PageContext& context, QWidget* parent)
+    : Page(parent),
+      m_context(context),
+      m_writer(starterOf(context.machine)),
+      m_model(new WatchModel(context.tags, &m_writer, &m_undo, this)),
+      m_filter(new WatchFilter(m_model, this))
+{
+    setWindowTitle(tr("Watch"));
+    makeWidgets();
+    makeEditActions();
+    makeMoveActions();
+    makeWriteActions();
+    makeLayout();
+    connectAll();
+}
+
+WatchPage::~WatchPage()
+{
+    // Views listen to the stack and the writer, which go before them.
+    delete m_table;
+    disconnect(&m_undo, nullptr, nullptr, nullptr);
+}
+
+void WatchPage::makeWidgets()
+{
+    m_toolBar = new QToolBar(this);
+    m_toolBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_addLine = new AddLine(this);
+    m_filterLine = new FilterLine(m_filter, this);
+    m_writeBar = new WriteBar(&m_writer, this);
+    m_table = new WatchTable(m_model, m_filter, this);
+    m_message = new QLabel(this);
+    m_message->setWordWrap(true);
+    m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_message->setAccessibleName(tr("Message"));
+    m_faults = new QPlainTextEdit(this);
+    m_faults->setReadOnly(true);
+    m_faults->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_faults->setMaximumHeight(fontMetrics().lineSpacing() * 8);
+    m_faults->setAccessibleName(tr("What is wrong with the tags file"));
+    m_faults->hide();
+    auto* const delegate = new WatchDelegate(
+        [this](const QModelIndex& index, const QString& text) {
+            return m_model->faultOf(m_filter->mapToSource(index), text);
+        },
+        this);
+    m_table->setItemDelegate(delegate);
+    connect(delegate, &WatchDelegate::explained, this,
+            [this](const QString& reason) { explain(reason, true); });
+    connect(delegate, &WatchDelegate::switchAsked, this, &WatchPage::switchBit);
+}
+
+void WatchPage::makeLayout()
+{
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(m_toolBar);
+    layout->addWidget(m_addLine);
+    layout->addWidget(m_filterLine);
+    layout->addWidget(m_writeBar);
+    layout->addWidget(m_table, 1);
+    layout->addWidget(m_faults);
+    layout->addWidget(m_message);
+    setTabOrder(m_addLine, m_filterLine);
+    setTabOrder(m_filterLine, m_table);
+    setFocusProxy(m_table);
+}
+
+void WatchPage::connectAll()
+{
+    Machine* const machine = m_context.machine;
+    connect(machine, &Machine::jobEnded, &m_writer, &ValueWriter::onJobEnded);
+    connect(&m_writer, &ValueWriter::ended, this, &WatchPage::onWriteEnded);
+    connect(m_context.tags, &TagList::valuesChanged, this, &WatchPage::onValuesChanged);
+    connect(m_context.tags, &TagList::readingsChanged, this, &WatchPage::onReadings);
+    connect(m_model, &WatchModel::refused, this,
+            [this](const QString& reason) { say(reason, true); });
+    connect(m_addLine, &AddLine::added, this,
+            [this](const kx::Tag& tag) { addTags({tag}, m_model->rowCount()); });
+    connect(m_addLine, &AddLine::explained, this, &WatchPage::explain);
+    for (auto signal : {&FilterLine::changed})
+        connect(m_filterLine, signal, this, &Page::layoutChanged);
+    connect(m_addLine, &AddLine::stationChanged, this, &Page::layoutChanged);
+    connect(m_table, &WatchTable::layoutChanged, this, &Page::layoutChanged);
+    connect(m_writeBar, &WriteBar::closed, m_table, qOverload<>(&QWidget::setFocus));
+    m_frame.setSingleShot(true);
+    m_frame.setInterval(FRAME_TIME);
+    connect(&m_frame, &QTimer::timeout, m_table, &WatchTable::refreshVisible);
+    m_tick.start(TICK_TIME);
+    connect(&m_tick, &QTimer::timeout, this, &WatchPage::onTick);
+}
+
+/// Costs the same however many were read: they are painted later, where they are seen.
+void WatchPage::onReadings()
+{
+    if (!m_frame.isActive() && isVisible())
+        m_frame.start();
+}
+
+void WatchPage::onTick()
+{
+    if (!isVisible())
+        return;
+    m_filter->refreshStates();
+    m_table->refreshVisible();
+}
+
+void WatchPage::onValuesChanged()
+{
+    m_writer.follow(*m_context.tags);
+    if (m_writeBar->isVisible())
+        m_writeBar->finish(); // it asked of others
+}
+
+void WatchPage::onWriteEnded(int number, const ValueWrite& write)
+{
+    const WatchedValue* const value = m_context.tags->find(number);
+    if (!value)
+        return;
+    const QString name = TagList::shownName(*value);
+    if (write.phase == ValueWrite::Confirmed)
+        say(tr("%1 = %2 written").arg(name, write.text), false);
+    else
+        say(tr("%1 = %2 not written: %3").arg(name, write.text, write.reason), true);
+}
+
+void WatchPage::explain(const QString& text, bool isFault)
+{
+    say(text, isFault);
+}
+
+void WatchPage::say(const QString& text, bool isFault)
+{
+    QPalette colors = palette();
+    if (isFault)
+        colors.setColor(QPalette::WindowText, stateColor(CellState::NotWritten, colors));
+    m_message->setPalette(colors);
+    m_message->setText(text.isEmpty() || !isFault
+                           ? text
+                           : stateSymbol(CellState::NotWritten) + QLatin1Char(' ') + text);
+}
+
+void WatchPage::showFaults(const QStringList& faults)
+{
+    m_faults->setPlainText(faults.join(QLatin1Char('\n')));
+    m_faults->setVisible(!faults.isEmpty());
+}
+
+void WatchPage::setStation(int station)
+{
+    m_addLine->setStation(station);
+}
+
+QJsonObject WatchPage::layout() const
+{
+    QJsonObject layout = m_layout;
+    const QJsonObject table = m_table->layout();
+    layout.remove(QStringLiteral("sort"));
+    for (auto member = table.begin(); member != table.end(); ++member)
+        layout[member.key()] = member.value();
+    layout[QLatin1String("filter")] = m_filterLine->layout();
+    layout[QLatin1String("station")] = m_addLine->station();
+    return layout;
+}
+
+void WatchPage::setLayout(const QJsonObject& layout)
+{
+    m_layout = layout;
+    m_table->setLayout(layout);
+    m_filterLine->setLayout(layout[QLatin1String("filter")].toObject());
+    if (layout[QLatin1String("station")].isDouble())
+        setStation(layout[QLatin1String("station")].toInt());
+}
+
+} // namespace kxpanel

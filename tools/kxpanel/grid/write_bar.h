@@ -1,0 +1,52 @@
+#ifndef KX_KXPANEL_GRID_WRITE_BAR_H
+#define KX_KXPANEL_GRID_WRITE_BAR_H
+
+#include "kxpanel/machine/machine_events.h"
+
+#include <QtWidgets/QFrame>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace kxpanel
+{
+
+class ValueWriter;
+
+/// Asks, in the page and not above it, before one value is written to several addresses: says to
+/// how many, which and of which stations, and checks the value for each.
+class WriteBar : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit WriteBar(ValueWriter* writer, QWidget* parent = nullptr);
+
+    /// Shows the bar for these values, those that can be written.
+    void ask(const QList<WatchedValue>& values);
+    /// Writes nothing more and hides.
+    void finish();
+    QLineEdit* edit() const { return m_edit; }
+
+signals:
+    void closed();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void check();
+    void write();
+
+    ValueWriter* m_writer;
+    QList<WatchedValue> m_values;
+    QLabel* m_question;
+    QLineEdit* m_edit;
+    QLabel* m_fault;
+    QPushButton* m_write;
+};
+
+} // namespace kxpanel
+
+#endif

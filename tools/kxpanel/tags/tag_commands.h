@@ -1,0 +1,90 @@
+/// Edits of the list of values that can be undone.
+#ifndef KX_KXPANEL_TAGS_TAG_COMMANDS_H
+#define KX_KXPANEL_TAGS_TAG_COMMANDS_H
+
+#include "kxpanel/machine/machine_events.h"
+
+#include <QUndoCommand> // in another module since Qt 6
+#include <QtCore/QCoreApplication>
+
+namespace kxpanel
+{
+
+class TagList;
+
+/// Puts tags in front of a row.
+class InsertTags : public QUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(kxpanel::InsertTags)
+
+public:
+    InsertTags(TagList* list, int row, const QList<kx::Tag>& tags);
+    /// Of the values, once it was done.
+    QList<int> numbers() const;
+    void redo() override;
+    void undo() override;
+
+private:
+    TagList* m_list;
+    int m_row;
+    QList<kx::Tag> m_tags;        ///< until it was done for the first time
+    QList<WatchedValue> m_values; ///< which they became
+};
+
+class RemoveTags : public QUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(kxpanel::RemoveTags)
+
+public:
+    RemoveTags(TagList* list, const QList<int>& numbers);
+    void redo() override;
+    void undo() override;
+
+private:
+    TagList* m_list;
+    QList<QPair<int, WatchedValue>> m_removed; ///< with their rows, rising
+};
+
+/// Puts values, in their order, in front of the one of a row.
+class MoveTags : public QUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(kxpanel::MoveTags)
+
+public:
+    /// @param row as it is before; past the last one: the end
+    MoveTags(TagList* list, const QList<int>& numbers, int row);
+    void redo() override;
+    void undo() override;
+
+private:
+    void setOrder(const QList<int>& numbers);
+
+    TagList* m_list;
+    QList<int> m_before; ///< all numbers
+    QList<int> m_after;
+};
+
+/// What of a value is edited. Edits of the same part that follow each other are undone as one.
+enum class TagPart { Name, Comment, Format, Address };
+
+class EditTag : public QUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(kxpanel::EditTag)
+
+public:
+    EditTag(TagList* list, const WatchedValue& before, const kx::Tag& after, TagPart part);
+    int id() const override { return 1 + static_cast<int>(m_part); }
+    bool mergeWith(const QUndoCommand* other) override;
+    void redo() override;
+    void undo() override;
+
+private:
+    TagList* m_list;
+    WatchedValue m_before;
+    kx::Tag m_after;
+    TagPart m_part;
+};
+
+} // namespace kxpanel
+
+#endif

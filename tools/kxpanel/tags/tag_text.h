@@ -1,0 +1,30 @@
+/// Tags as people type them, and as they go through the clipboard to spreadsheets and back. Pure
+/// functions.
+#ifndef KX_KXPANEL_TAGS_TAG_TEXT_H
+#define KX_KXPANEL_TAGS_TAG_TEXT_H
+
+#include "panel/files/tags_file.h"
+
+namespace kxpanel
+{
+
+/// Reads an address with its format, such as "D100:4@2/s16*0.1,unit=bar".
+/// @param station of an address that names none
+/// @return false and the parser's reason in `*fault`, in one line without the address in front;
+///         `*tag` is then as constructed
+bool parseTypedTag(const QString& typed, int station, kx::Tag* tag, QString* fault);
+
+/// What parseTypedTag() takes: "D100@2/s16*0.1,unit=bar".
+QString typedText(const kx::Tag& tag);
+
+/// Rows of a tags file with its header, separated by tabs.
+QString tagsText(const QList<kx::Tag>& tags);
+
+/// Tags out of rows with a tags file's header, or of rows without any, in which each has one cell
+/// with an address: what stands before it is the name, what stands behind it the comment.
+/// @return false and one line in `*fault` that names the row
+bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault);
+
+} // namespace kxpanel
+
+#endif
