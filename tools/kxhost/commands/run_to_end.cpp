@@ -22,12 +22,6 @@ void showFrames(const Session* session, const ConnectionOptions& options)
     });
 }
 
-void simulateStation(int station, ConnectionOptions* options)
-{
-    if (!options->simulatedStations.contains(station))
-        options->simulatedStations << station;
-}
-
 void runToItsEnd(Session* session, Job* job)
 {
     const Interrupt interrupt;

@@ -11,9 +11,6 @@ namespace kx
 /// Prints every exchange when the options ask for frames.
 void showFrames(const Session* session, const ConnectionOptions& options);
 
-/// Lets the simulated controllers answer for that station.
-void simulateStation(int station, ConnectionOptions* options);
-
 /// Lets the session poll while the job is at work; an interrupt aborts the job.
 void runToItsEnd(Session* session, Job* job);
 

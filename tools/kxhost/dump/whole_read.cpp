@@ -17,12 +17,6 @@ void WholeRead::listenTo(const ReadJob* job)
     });
 }
 
-void simulateStationsOf(const QList<AddressRange>& ranges, ConnectionOptions* options)
-{
-    for (const AddressRange& range : ranges)
-        simulateStation(range.station, options);
-}
-
 int readWhole(const ConnectionOptions& asked, const QList<AddressRange>& ranges, WholeRead* whole)
 {
     ConnectionOptions options = asked;

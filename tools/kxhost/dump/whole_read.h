@@ -23,9 +23,6 @@ private:
     QList<ReadOutcome> m_failed;
 };
 
-/// Lets the simulated controllers answer for the ranges' stations.
-void simulateStationsOf(const QList<AddressRange>& ranges, ConnectionOptions* options);
-
 /// Opens the line and reads the ranges, until all are tried or the user interrupts. Complains and
 /// returns an ExitCode other than 0 when nothing could be opened; `*whole` tells all else.
 int readWhole(const ConnectionOptions& options, const QList<AddressRange>& ranges,

@@ -209,4 +209,16 @@ bool parseConnectionOptions(const QCommandLineParser& parser, ConnectionOptions*
            && parsePatience(parser, options, error) && parseFaults(parser, options, error);
 }
 
+void simulateStation(int station, ConnectionOptions* options)
+{
+    if (!options->simulatedStations.contains(station))
+        options->simulatedStations << station;
+}
+
+void simulateStationsOf(const QList<AddressRange>& ranges, ConnectionOptions* options)
+{
+    for (const AddressRange& range : ranges)
+        simulateStation(range.station, options);
+}
+
 } // namespace kx

@@ -2,6 +2,7 @@
 #ifndef KX_KXHOST_OPTIONS_CONNECTION_OPTIONS_H
 #define KX_KXHOST_OPTIONS_CONNECTION_OPTIONS_H
 
+#include "addresses/address_text.h"
 #include "exchange/connection.h"
 #include "kxsim/faults/fault_plan.h"
 #include "panel/session/session_settings.h"
@@ -39,6 +40,10 @@ void addConnectionOptions(QCommandLineParser* parser, int timeout = 1000,
 /// exactly one of --port, --tcp and --simulate is given.
 bool parseConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
                             QString* error);
+
+/// Lets the simulated controllers answer for that station, or for those of the ranges, as well.
+void simulateStation(int station, ConnectionOptions* options);
+void simulateStationsOf(const QList<AddressRange>& ranges, ConnectionOptions* options);
 
 } // namespace kx
 

@@ -1,10 +1,10 @@
 #include "kxhost/options/dump_options.h"
 
-#include "addresses/read_pieces.h"
 #include "kxhost/options/length_options.h"
 #include "kxhost/options/tags_arguments.h"
 #include "panel/dump/controller_values.h"
 #include "panel/files/replaced_file.h"
+#include "panel/files/whole_range.h"
 
 namespace kx
 {
@@ -30,14 +30,15 @@ int countOf(const QList<AddressRange>& ranges)
     return count;
 }
 
-/// Whether requests may be long enough for one value of each type.
 bool canBeRead(const QList<AddressRange>& ranges, const SessionSettings& settings, QString* error)
 {
     for (const AddressRange& range : ranges) {
-        if (addressesPerRead(range.type, settings.maxWords) < 1)
-            return fail(error,
-                        QStringLiteral("%1: %2").arg(addressText(range.type, range.address),
-                                                     tooLongText(range.type, settings.maxWords)));
+        Tag tag;
+        tag.range = range;
+        const QString fault = requestFault(tag, settings.maxWords);
+        if (!fault.isEmpty())
+            return fail(
+                error, QStringLiteral("%1: %2").arg(addressText(range.type, range.address), fault));
     }
     return true;
 }

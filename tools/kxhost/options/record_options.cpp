@@ -2,10 +2,9 @@
 
 #include "kxhost/options/command_parser.h"
 #include "kxhost/options/length_options.h"
+#include "kxhost/options/polled_tags.h"
 #include "kxhost/options/tags_arguments.h"
-#include "panel/files/whole_range.h"
 #include "panel/text/duration.h"
-#include "panel/values/value_address.h"
 
 #include <limits>
 
@@ -82,35 +81,6 @@ bool parseMoments(const QCommandLineParser& parser, RecordOptions* options, QStr
     return false;
 }
 
-/// Its interval, and whether it fits a request.
-bool prepareTag(Tag* tag, int interval, ConnectionOptions* connection, QString* error)
-{
-    const AddressRange& range = tag->range;
-    const int maxWords = connection->session.maxWords;
-    tag->interval = tag->interval < 0 ? interval : tag->interval;
-    if (!connection->simulatedStations.contains(range.station))
-        connection->simulatedStations << range.station;
-    const QString fault = requestFault(*tag, maxWords);
-    if (!fault.isEmpty())
-        *error = faultyText(valueName(range, tag->format, 0), fault);
-    return fault.isEmpty();
-}
-
-bool parseTags(const QCommandLineParser& parser, RecordOptions* options, QString* error)
-{
-    int interval = 0;
-    if (!parseIntervalOption(parser, &interval, error)
-        || !parseTagArguments(parser, options->connection.station, &options->tags, error))
-        return false;
-    for (Tag& tag : options->tags) {
-        if (!prepareTag(&tag, interval, &options->connection, error))
-            return false;
-    }
-    if (options->tags.isEmpty())
-        *error = QStringLiteral("nothing to record; name addresses such as D100:4, or a tags file");
-    return !options->tags.isEmpty();
-}
-
 } // namespace
 
 void addRecordOptions(QCommandLineParser* parser)
@@ -131,7 +101,7 @@ bool parseRecordOptions(const QCommandLineParser& parser, RecordOptions* options
            && parseFile(parser, &options->recording, error) && parseMoments(parser, options, error)
            && parseNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
                           error)
-           && parseTags(parser, options, error);
+           && parsePolledTags(parser, "record", &options->connection, &options->tags, error);
 }
 
 } // namespace kx

@@ -3,6 +3,7 @@
 #include "kxhost/commands/connection.h"
 #include "kxhost/options/command_parser.h"
 #include "kxhost/options/length_options.h"
+#include "kxhost/options/polled_tags.h"
 #include "kxhost/options/tags_arguments.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
@@ -11,8 +12,6 @@
 #include "kxhost/views/watch/printed_views.h"
 #include "kxhost/watch/prompt_writer.h"
 #include "kxhost/watch/watch_run.h"
-#include "panel/files/whole_range.h"
-#include "panel/values/value_address.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -47,39 +46,15 @@ struct WatchOptions {
     QList<Tag> tags;
     ValueFormat order; ///< of values that name none
     int cycles = 0;
-    int interval = 0; ///< milliseconds, of tags that have none of their own
 };
-
-/// Stations and request length; false when a range does not fit a request.
-bool prepareRanges(WatchOptions* options, QString* error)
-{
-    QList<int>& simulated = options->connection.simulatedStations;
-    for (Tag& tag : options->tags) {
-        const AddressRange& range = tag.range;
-        tag.interval = tag.interval < 0 ? options->interval : tag.interval;
-        if (!simulated.contains(range.station))
-            simulated << range.station;
-        const QString fault = requestFault(tag, options->connection.session.maxWords);
-        if (!fault.isEmpty()) {
-            *error = faultyText(valueName(range, tag.format, 0), fault);
-            return false;
-        }
-    }
-    return true;
-}
 
 bool parseOptions(const QCommandLineParser& parser, WatchOptions* options, QString* error)
 {
-    if (!parseConnectionOptions(parser, &options->connection, error)
-        || !parseIntervalOption(parser, &options->interval, error)
-        || !parseNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
-                        error)
-        || !parseWordOrder(parser, &options->order, error)
-        || !parseTagArguments(parser, options->connection.station, &options->tags, error))
-        return false;
-    if (options->tags.isEmpty())
-        *error = QStringLiteral("nothing to watch; name addresses such as D100:4, or a tags file");
-    return !options->tags.isEmpty() && prepareRanges(options, error);
+    return parseConnectionOptions(parser, &options->connection, error)
+           && parseNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
+                          error)
+           && parseWordOrder(parser, &options->order, error)
+           && parsePolledTags(parser, "watch", &options->connection, &options->tags, error);
 }
 
 bool wantsTable(const ConnectionOptions& options)

@@ -51,14 +51,24 @@ void WriteJob::readWord()
     await([range = m_assignments.first().range](Session* session) { return session->read(range); });
 }
 
-void WriteJob::onWord(int handle, const ReadEnd& end)
+/// Whether the request that was awaited did; what follows from a failure is done.
+bool WriteJob::hasSucceeded(int handle, const Failure& failure)
 {
     if (!takesEnd(handle))
+        return false;
+    if (isSessionOver(failure))
+        endEarly(failure);
+    else if (!failure.isNone())
+        settle(failure);
+    else
+        return true;
+    return false;
+}
+
+void WriteJob::onWord(int handle, const ReadEnd& end)
+{
+    if (!hasSucceeded(handle, end.failure))
         return;
-    if (isSessionOver(end.failure))
-        return endEarly(end.failure);
-    if (!end.failure.isNone())
-        return settle(end.failure);
     Assignment whole = m_assignments.first();
     m_word = withBit(end.values.first(), whole.bit, whole.values.first() != 0);
     whole.values = {m_word};
@@ -74,12 +84,8 @@ void WriteJob::writeNextPiece()
 
 void WriteJob::onEnd(int handle, const WriteEnd& end)
 {
-    if (!takesEnd(handle))
+    if (!hasSucceeded(handle, end.failure))
         return;
-    if (isSessionOver(end.failure))
-        return endEarly(end.failure);
-    if (!end.failure.isNone())
-        return settle(end.failure);
     m_confirmed += m_pieces.takeFirst().range.values;
     if (m_pieces.isEmpty())
         settle(Failure());

@@ -36,6 +36,7 @@ private:
     void giveUp(const Failure& reason) override;
     void writeNextAssignment();
     void readWord();
+    bool hasSucceeded(int handle, const Failure& failure);
     void onWord(int handle, const ReadEnd& end);
     void writeNextPiece();
     void onEnd(int handle, const WriteEnd& end);
