@@ -23,16 +23,23 @@ private:
     /// Rows of one table in the order in which they were recorded.
     struct Rows {
         QSqlQuery query;
-        bool isGaps = false;
+        const char* table = nullptr;
         bool hasEvent = false;
         RecordedEvent event; ///< the next one
+        qint64 number = 0;   ///< of the row, rising
         qint64 place = 0;    ///< rowid of a sample, or of the sample that a gap stands behind
     };
 
+    bool prepare(QString* fault) const;
+    bool isRecording(QString* fault) const;
+    bool isCutOff() const;
     bool readTags(QString* fault);
-    bool start(Rows* rows, bool isGaps, const char* statement, QString* fault);
+    bool takeTag(const QSqlQuery& query);
+    bool start(Rows* rows, const char* table, const char* statement, QString* fault);
     void advance(Rows* rows);
-    bool takeEvent(const QSqlQuery& query, bool isGap, RecordedEvent* event) const;
+    bool takeEvent(Rows* rows) const;
+    static bool hasFailed(const QSqlQuery& query, QString* fault);
+    static QString wrongRow(const char* table);
 
     QString m_path;
     SqliteConnection m_connection;

@@ -32,7 +32,12 @@ const char* const TABLES[] = {
 
 bool prepareTables(const SqliteConnection& connection, QString* fault)
 {
-    const qint64 tables = connection.number(QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    const QString count = QStringLiteral("SELECT count(*) FROM sqlite_master");
+    if (!connection.run(count, fault)) {
+        fault->append(QLatin1String("; name another file"));
+        return false;
+    }
+    const qint64 tables = connection.number(count);
     const qint64 application = connection.number(QStringLiteral("PRAGMA application_id"));
     if (tables != 0 && application != RECORDING_APPLICATION) {
         *fault = QStringLiteral("it holds something else; name another file");

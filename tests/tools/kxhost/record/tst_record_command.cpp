@@ -99,6 +99,7 @@ private slots:
     void aLineThatComesBackEndsTheGap();
     void aFullDiskEndsItInOneLine_data();
     void aFullDiskEndsItInOneLine();
+    void aDamagedDatabaseIsToldInOneLine();
     void jsonTellsFilesAndCounts();
     void framesAreShown();
     void wrongUsage_data();
@@ -348,6 +349,27 @@ void RecordCommandTest::aFullDiskEndsItInOneLine()
     const QStringList events = eventsOf(left + QStringLiteral("/full.") + kind);
     QVERIFY2(events.size() > 160, qPrintable(events.join(QLatin1Char('\n')))); // all were read
     QVERIFY(!events.last().contains(QLatin1Char(':'))); // neither fault nor remark
+}
+
+void RecordCommandTest::aDamagedDatabaseIsToldInOneLine()
+{
+    const QString path = m_folder.path("damaged.sqlite");
+    const KxsimProcess simulator(QStringList{QStringLiteral("--still")});
+    const QStringList recording = recordOn(simulator, "D0 --changes --cycles 1", path);
+    QCOMPARE(runCommand(recording).exitCode, 0);
+    RecordingFolder::write(path, RecordingFolder::contentOf(path).left(8192)); // two pages
+    const CommandResult replay = runCommand({QStringLiteral("replay"), path});
+    QCOMPARE(replay.exitCode, 2);
+    QCOMPARE(replay.output, QStringList());
+    QCOMPARE(replay.errors, QStringList(QStringLiteral("kxhost: %1: cannot be read: database disk "
+                                                       "image is malformed")
+                                            .arg(path)));
+    const CommandResult goingOn = runCommand(recording);
+    QCOMPARE(goingOn.exitCode, 2);
+    QCOMPARE(goingOn.errors, QStringList(QStringLiteral("kxhost: %1: cannot be recorded into: "
+                                                        "database disk image is malformed; name "
+                                                        "another file")
+                                             .arg(path)));
 }
 
 void RecordCommandTest::jsonTellsFilesAndCounts()
