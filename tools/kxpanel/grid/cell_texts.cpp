@@ -14,9 +14,10 @@ namespace kxpanel
 namespace
 {
 
-const qint64 SHOWN_AS_CHANGED = 1000; // milliseconds
-const qint64 SHOWN_AS_WRITTEN = 3000; // milliseconds
-const qint64 SECOND = 1000;           // milliseconds
+const qint64 SHOWN_AS_CHANGED = 1000;      // milliseconds
+const qint64 SHOWN_AS_WRITTEN = 3000;      // milliseconds
+const qint64 SHOWN_AS_NOT_WRITTEN = 10000; // milliseconds
+const qint64 SECOND = 1000;                // milliseconds
 const qint64 MINUTE = 60 * SECOND;
 const qint64 HOUR = 60 * MINUTE;
 
@@ -40,6 +41,19 @@ const StateWords STATES[] = {
 QString translated(const char* text)
 {
     return QCoreApplication::translate("kxpanel::Cell", text);
+}
+
+/// Of one that was not read.
+CellState stateOf(kx::WatchState state)
+{
+    switch (state) {
+    case kx::WatchState::NoAnswer:
+        return CellState::NoAnswer;
+    case kx::WatchState::Refused:
+        return CellState::Refused;
+    default:
+        return CellState::NeverRead;
+    }
 }
 
 kx::WatchEntry entryOf(const WatchedValue& value, const Reading& reading)
@@ -72,22 +86,13 @@ CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 no
 {
     if (isUnderWay(write))
         return CellState::Waiting;
-    if (write && write->phase == ValueWrite::Failed)
+    const bool isOk = reading.state == kx::WatchState::Ok;
+    if (write && write->phase == ValueWrite::Failed && now - write->endedAt < SHOWN_AS_NOT_WRITTEN)
         return CellState::NotWritten;
-    switch (reading.state) {
-    case kx::WatchState::NeverRead:
-        break;
-    case kx::WatchState::NoAnswer:
-        return CellState::NoAnswer;
-    case kx::WatchState::Refused:
-        return CellState::Refused;
-    case kx::WatchState::Ok:
-        break;
-    }
-    if (write && now - write->endedAt < SHOWN_AS_WRITTEN)
+    if (write && isOk && now - write->endedAt < SHOWN_AS_WRITTEN)
         return CellState::Written;
-    if (reading.state == kx::WatchState::NeverRead)
-        return CellState::NeverRead;
+    if (!isOk)
+        return stateOf(reading.state);
     const bool isRecent = reading.changedAt > 0 && now - reading.changedAt < SHOWN_AS_CHANGED;
     return isRecent ? CellState::Changed : CellState::Ok;
 }
@@ -117,7 +122,8 @@ QString rawText(const WatchedValue& value, const Reading& reading)
 
 QString modbusCellText(const kx::AddressRange& range)
 {
-    return kx::modbusText(range.type, kx::modbusSpans(range));
+    const QString text = kx::modbusText(range.type, kx::modbusSpans(range));
+    return QString(text).remove(QStringLiteral("holding ")); // words are nothing else here
 }
 
 QString formatCellText(const kx::ValueFormat& format)
@@ -138,6 +144,13 @@ QString ageText(const Reading& reading, qint64 now)
         return translated(QT_TRANSLATE_NOOP("kxpanel::Cell", "%1 min")).arg(age / MINUTE);
     return translated(QT_TRANSLATE_NOOP("kxpanel::Cell", "%1 s"))
         .arg(QString::number(static_cast<double>(age) / SECOND, 'f', 1));
+}
+
+bool isKnownNow(const Reading& reading, const ValueWrite* write)
+{
+    if (reading.state != kx::WatchState::Ok || reading.raw.isEmpty() || isUnderWay(write))
+        return false;
+    return !write || write->phase == ValueWrite::Confirmed || reading.readAt >= write->endedAt;
 }
 
 bool isSwitch(const kx::Tag& tag)

@@ -35,7 +35,7 @@ QString valueCellText(const WatchedValue& value, const Reading& reading, const V
 /// The registers in hexadecimal, as kx::hexValue().
 QString rawText(const WatchedValue& value, const Reading& reading);
 
-/// "coil 1455", "holding registers 100 to 101".
+/// "coil 1455", "registers 100 to 101".
 QString modbusCellText(const kx::AddressRange& range);
 
 /// The format without its unit, which has a column: "s16*0.1"; of plain values empty.
@@ -43,6 +43,10 @@ QString formatCellText(const kx::ValueFormat& format);
 
 /// "0.4 s", "12 min", "3 h"; empty when it was never read.
 QString ageText(const Reading& reading, qint64 now);
+
+/// Whether the value that is shown is the controller's, as far as anybody can know: it was read,
+/// or confirmed, after all that was sent.
+bool isKnownNow(const Reading& reading, const ValueWrite* write);
 
 /// Whether the value is 0 or 1 and is shown as a switch.
 bool isSwitch(const kx::Tag& tag);

@@ -93,16 +93,19 @@ void WatchDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIn
     if (index.column() != WatchModel::Value && index.column() != WatchModel::State)
         return;
     const CellState state = stateOf(index);
-    const bool isGood = state == CellState::Ok || state == CellState::Changed;
-    const QColor color = stateColor(state, option->palette);
-    if (index.column() == WatchModel::State || !isGood)
-        option->palette.setColor(QPalette::Text, color);
-    if (index.column() != WatchModel::Value || isGood)
+    const bool isPlain = state == CellState::Ok || state == CellState::Changed;
+    if (index.column() == WatchModel::State || !isPlain)
+        option->palette.setColor(QPalette::Text, stateColor(state, option->palette));
+    if (index.column() == WatchModel::State)
         return;
-    // What is not as the controller has it now must not pass for a good value.
-    option->font.setItalic(true);
-    if (state != CellState::NeverRead)
+    // What the controller may not have now must not pass for a good value.
+    option->font.setItalic(!isPlain && state != CellState::Written);
+    if (!isPlain && state != CellState::NeverRead)
         option->text = stateSymbol(state) + QLatin1Char(' ') + option->text;
+    // Half a number is another number.
+    const int room = option->rect.width() - 2 * option->fontMetrics.averageCharWidth();
+    if (option->fontMetrics.horizontalAdvance(option->text) > room)
+        option->text = QChar(0x2026);
 }
 
 void WatchDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

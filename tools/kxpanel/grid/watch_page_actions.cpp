@@ -284,12 +284,9 @@ void WatchPage::switchBit(const QModelIndex& index)
     if (!value || !isSwitch(value->tag))
         return;
     const QString reason = ValueWriter::readOnlyReason(value->tag);
-    const CellState state = m_model->stateAt(row);
-    const bool isKnown =
-        state == CellState::Ok || state == CellState::Changed || state == CellState::Written;
     if (!reason.isEmpty())
         return say(reason, true);
-    if (!isKnown)
+    if (!isKnownNow(m_context.tags->reading(value->number), m_writer.writeOf(value->number)))
         return say(tr("The value of %1 is not known now; type 0 or 1 to write it")
                        .arg(TagList::shownName(*value)),
                    true);

@@ -24,17 +24,17 @@ struct ColumnShape {
 };
 
 // In the order of WatchModel::Column.
-const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 20},
-                                                                  {"station", 8},
+const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 17},
+                                                                  {"station", 7},
                                                                   {"address", 9},
                                                                   {"value", 14},
                                                                   {"unit", 7},
-                                                                  {"state", 16},
-                                                                  {"age", 8},
+                                                                  {"state", 14},
+                                                                  {"age", 7},
                                                                   {"format", 14},
-                                                                  {"raw", 15},
-                                                                  {"modbus", 22},
-                                                                  {"comment", 24}}};
+                                                                  {"raw", 13},
+                                                                  {"modbus", 17},
+                                                                  {"comment", 20}}};
 
 QString keyOf(int column)
 {

@@ -1,0 +1,143 @@
+#include "kxpanel/project/project.h"
+
+#include "kxpanel/project/connection_json.h"
+#include "kxpanel/project/tag_json.h"
+#include "system/printable_text.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const char FORMAT[] = "kxpanel project";
+const int VERSION = 1;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("kxpanel::Project", text);
+}
+
+QString member(const char* name)
+{
+    return QLatin1String(name);
+}
+
+QString placeOf(const QByteArray& text, qint64 offset)
+{
+    const QByteArray before = text.left(static_cast<int>(offset));
+    const int line = static_cast<int>(before.count('\n')) + 1;
+    const int column = static_cast<int>(before.size() - before.lastIndexOf('\n'));
+    return translated(QT_TRANSLATE_NOOP("kxpanel::Project", "line %1, column %2"))
+        .arg(QString::number(line), QString::number(column));
+}
+
+/// The whole, which says itself a project of a version that is known.
+bool parseWhole(const QByteArray& text, QJsonObject* whole, QStringList* faults)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    *whole = document.object();
+    const QJsonValue version = (*whole)[member("version")];
+    if (error.error != QJsonParseError::NoError)
+        *faults << placeOf(text, error.offset) + QLatin1String(": ") + error.errorString();
+    else if ((*whole)[member("format")].toString() != QLatin1String(FORMAT))
+        *faults << translated(
+            QT_TRANSLATE_NOOP("kxpanel::Project", "format: this is no project of kxpanel"));
+    else if (!version.isDouble() || version.toDouble() < 1)
+        *faults << translated(
+            QT_TRANSLATE_NOOP("kxpanel::Project", "version: must be a number, 1 or more"));
+    else if (version.toDouble() > VERSION)
+        *faults << translated(QT_TRANSLATE_NOOP("kxpanel::Project",
+                                                "version %1: made by a newer kxpanel; this one "
+                                                "reads version %2"))
+                       .arg(QString::number(version.toDouble()), QString::number(VERSION));
+    return faults->isEmpty();
+}
+
+/// Takes a member out; a fault when it is there and of another kind.
+QJsonValue takeMember(const char* name, QJsonValue::Type type, const char* kind,
+                      QJsonObject* object, QStringList* faults)
+{
+    const QJsonValue value = object->take(member(name));
+    if (value.type() == type || value.isUndefined())
+        return value;
+    *faults << translated(QT_TRANSLATE_NOOP("kxpanel::Project", "%1: must be %2"))
+                   .arg(member(name), QLatin1String(kind));
+    return QJsonValue();
+}
+
+void takeTags(const QJsonArray& array, Project* project, QStringList* faults)
+{
+    int index = 0;
+    for (const QJsonValue& value : array) {
+        const QString place = QStringLiteral("tags[%1]").arg(index++);
+        ProjectTag tag;
+        if (parseTagJson(value, place, &tag, faults))
+            project->tags << tag;
+    }
+}
+
+void takePages(const QJsonObject& pages, Project* project, QStringList* faults)
+{
+    for (auto page = pages.begin(); page != pages.end(); ++page) {
+        if (page.value().isObject())
+            project->pages.insert(page.key(), page.value().toObject());
+        else
+            *faults << translated(QT_TRANSLATE_NOOP("kxpanel::Project", "%1: must be %2"))
+                           .arg(QStringLiteral("pages.") + page.key(), QStringLiteral("an object"));
+    }
+}
+
+} // namespace
+
+bool Project::hasLine() const
+{
+    return connection.simulate || !connection.port.isEmpty() || !connection.gateway.host.isEmpty();
+}
+
+bool parseProject(const QByteArray& text, Project* project, QStringList* faults)
+{
+    Project read;
+    QStringList found;
+    QJsonObject& whole = read.extra;
+    if (parseWhole(text, &whole, &found)) {
+        whole.remove(member("format"));
+        whole.remove(member("version"));
+        const QJsonValue connection =
+            takeMember("connection", QJsonValue::Object, "an object", &whole, &found);
+        parseConnectionJson(connection.toObject(), &read.connection, &read.connectionExtra, &found);
+        takeTags(takeMember("tags", QJsonValue::Array, "an array", &whole, &found).toArray(), &read,
+                 &found);
+        takePages(takeMember("pages", QJsonValue::Object, "an object", &whole, &found).toObject(),
+                  &read, &found);
+    }
+    for (const QString& fault : found)
+        *faults << kx::printableText(fault);
+    if (found.isEmpty())
+        *project = read;
+    return found.isEmpty();
+}
+
+QByteArray projectText(const Project& project)
+{
+    QJsonObject whole = project.extra;
+    whole[member("format")] = QLatin1String(FORMAT);
+    whole[member("version")] = VERSION;
+    whole[member("connection")] = connectionJson(project.connection, project.connectionExtra);
+    QJsonArray tags;
+    for (const ProjectTag& tag : project.tags)
+        tags.append(tagJson(tag));
+    whole[member("tags")] = tags;
+    QJsonObject pages;
+    for (auto page = project.pages.begin(); page != project.pages.end(); ++page)
+        pages[page.key()] = page.value();
+    whole[member("pages")] = pages;
+    return QJsonDocument(whole).toJson();
+}
+
+} // namespace kxpanel

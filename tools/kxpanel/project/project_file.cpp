@@ -1,0 +1,58 @@
+#include "kxpanel/project/project_file.h"
+
+#include "panel/files/replaced_file.h"
+#include "panel/files/text_file.h"
+
+namespace kxpanel
+{
+
+bool ProjectFile::open(const QString& path, Project* project, QStringList* faults)
+{
+    QByteArray content;
+    QString error;
+    if (!kx::readTextFile(path, &content, &error)) {
+        *faults << error;
+        return false;
+    }
+    QStringList found;
+    if (!parseProject(content, project, &found)) {
+        for (const QString& fault : found)
+            *faults << path + QLatin1String(": ") + fault;
+        return false;
+    }
+    keep(path, projectText(*project));
+    return true;
+}
+
+bool ProjectFile::save(const QString& path, const Project& project, QString* error)
+{
+    const QByteArray text = projectText(project);
+    if (!kx::replaceFile(path, text, error))
+        return false;
+    keep(path, text);
+    return true;
+}
+
+void ProjectFile::begin(const Project& project)
+{
+    keep(QString(), projectText(project));
+}
+
+void ProjectFile::note(const Project& project)
+{
+    const bool isChanged = projectText(project) != m_text;
+    if (isChanged == m_isChanged)
+        return;
+    m_isChanged = isChanged;
+    emit changed();
+}
+
+void ProjectFile::keep(const QString& path, const QByteArray& text)
+{
+    m_path = path;
+    m_text = text;
+    m_isChanged = false;
+    emit changed();
+}
+
+} // namespace kxpanel
