@@ -27,9 +27,10 @@ QString member(const char* name)
     return QLatin1String(name);
 }
 
+/// @param offset behind the byte that was not understood
 QString placeOf(const QByteArray& text, qint64 offset)
 {
-    const QByteArray before = text.left(static_cast<int>(offset));
+    const QByteArray before = text.left(static_cast<int>(qMax<qint64>(0, offset - 1)));
     const int line = static_cast<int>(before.count('\n')) + 1;
     const int column = static_cast<int>(before.size() - before.lastIndexOf('\n'));
     return translated(QT_TRANSLATE_NOOP("kxpanel::Project", "line %1, column %2"))
@@ -42,10 +43,10 @@ bool parseWhole(const QByteArray& text, QJsonObject* whole, QStringList* faults)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     *whole = document.object();
-    const QJsonValue version = (*whole)[member("version")];
+    const QJsonValue version = whole->value(member("version"));
     if (error.error != QJsonParseError::NoError)
         *faults << placeOf(text, error.offset) + QLatin1String(": ") + error.errorString();
-    else if ((*whole)[member("format")].toString() != QLatin1String(FORMAT))
+    else if (whole->value(member("format")).toString() != QLatin1String(FORMAT))
         *faults << translated(
             QT_TRANSLATE_NOOP("kxpanel::Project", "format: this is no project of kxpanel"));
     else if (!version.isDouble() || version.toDouble() < 1)

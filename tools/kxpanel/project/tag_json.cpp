@@ -59,7 +59,7 @@ bool parseTagJson(const QJsonValue& value, const QString& place, ProjectTag* tag
 {
     QStringList found;
     QJsonObject object = value.toObject();
-    const bool hasName = !object[NAME].toString().isEmpty();
+    const bool hasName = !object.value(NAME).toString().isEmpty();
     if (!object.contains(NAME))
         object[NAME] = QStringLiteral("-"); // the parser asks for one
     QStringList fields = takeFields(place, &object, &found);

@@ -1,0 +1,105 @@
+#include "kxpanel/project/project_file.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QSignalSpy>
+
+using namespace kxpanel;
+
+class ProjectFileTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void savesAndOpens();
+    void tellsWhatIsUnsaved();
+    void aBrokenFileChangesNothing();
+    void aFileThatCannotBeWrittenStaysUnsaved();
+};
+
+void ProjectFileTest::savesAndOpens()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("line3.kxpanel"));
+    Project project;
+    project.connection.port = QStringLiteral("ttyS1");
+    ProjectFile file;
+    QString error;
+    QVERIFY2(file.save(path, project, &error), qPrintable(error));
+    QCOMPARE(file.path(), path);
+
+    ProjectFile other;
+    Project read;
+    QStringList faults;
+    QVERIFY(other.open(path, &read, &faults));
+    QCOMPARE(other.path(), path);
+    QVERIFY(!other.isChanged());
+    QCOMPARE(read.connection.port, QStringLiteral("ttyS1"));
+    QFile bytes(path);
+    QVERIFY(bytes.open(QIODevice::ReadOnly));
+    QCOMPARE(bytes.readAll(), projectText(project));
+}
+
+void ProjectFileTest::tellsWhatIsUnsaved()
+{
+    const QTemporaryDir folder;
+    Project project;
+    ProjectFile file;
+    file.begin(project);
+    QVERIFY(!file.isChanged());
+    QSignalSpy changed(&file, &ProjectFile::changed);
+    project.connection.station = 2;
+    file.note(project);
+    file.note(project);
+    QVERIFY(file.isChanged());
+    QCOMPARE(changed.size(), 1);
+    project.connection.station = 1; // undone
+    file.note(project);
+    QVERIFY(!file.isChanged());
+    project.connection.station = 3;
+    file.note(project);
+    QString error;
+    QVERIFY(file.save(folder.filePath(QStringLiteral("a.kxpanel")), project, &error));
+    QVERIFY(!file.isChanged());
+}
+
+void ProjectFileTest::aBrokenFileChangesNothing()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("broken.kxpanel"));
+    QFile bytes(path);
+    QVERIFY(bytes.open(QIODevice::WriteOnly));
+    bytes.write("{\n\"format\": }\n");
+    bytes.close();
+    ProjectFile file;
+    Project project;
+    project.connection.station = 5;
+    QStringList faults;
+    QVERIFY(!file.open(path, &project, &faults));
+    QCOMPARE(faults.size(), 1);
+    QVERIFY2(faults.first().startsWith(path + QLatin1String(": line 2, column 11: ")),
+             qPrintable(faults.first()));
+    QCOMPARE(file.path(), QString());
+    QCOMPARE(project.connection.station, 5);
+    faults.clear();
+    QVERIFY(!file.open(folder.filePath(QStringLiteral("none")), &project, &faults));
+    QCOMPARE(faults.size(), 1);
+}
+
+void ProjectFileTest::aFileThatCannotBeWrittenStaysUnsaved()
+{
+    const QTemporaryDir folder;
+    ProjectFile file;
+    file.begin(Project());
+    Project project;
+    project.connection.station = 2;
+    file.note(project);
+    QString error;
+    QVERIFY(!file.save(folder.filePath(QStringLiteral("none/a.kxpanel")), project, &error));
+    QVERIFY(!error.isEmpty());
+    QVERIFY(file.isChanged());
+    QCOMPARE(file.path(), QString());
+}
+
+QTEST_GUILESS_MAIN(ProjectFileTest)
+#include "tst_project_file.moc"

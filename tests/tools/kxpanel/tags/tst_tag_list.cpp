@@ -1,0 +1,172 @@
+#include "kxpanel/tags/tag_list.h"
+
+#include "tools/kxpanel/tag_samples.h"
+
+#include <QtTest/QSignalSpy>
+
+using namespace kxpanel;
+
+namespace
+{
+
+QStringList shownNames(const TagList& list)
+{
+    QStringList names;
+    for (const WatchedValue& value : list.values())
+        names << TagList::shownName(value);
+    return names;
+}
+
+} // namespace
+
+class TagListTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aCountBecomesSingleValues();
+    void namesAreKeptUnlike();
+    void insertsInFrontOfARow();
+    void numbersAreNeverGivenAgain();
+    void aReadingStaysWithItsValue();
+    void otherRegistersForgetTheReading_data();
+    void otherRegistersForgetTheReading();
+    void undoneRegistersForgetTheReading();
+    void aReadingOfOtherLengthIsLeftOut();
+    void whatWasNeverReadHasNoValue();
+    void tellsWhichRowsWereRead();
+    void forgetsAll();
+};
+
+void TagListTest::aCountBecomesSingleValues()
+{
+    TagList list;
+    QCOMPARE(list.insert(0, {tagOf("D110:3@2/float", "Flow"), tagOf("M0:2")}),
+             (QList<int>{1, 2, 3, 4, 5}));
+    QCOMPARE(shownNames(list), (QStringList{"Flow 1", "Flow 2", "Flow 3", "M0", "M1"}));
+    const kx::AddressRange third = list.find(3)->tag.range;
+    QCOMPARE(third.address, 114);
+    QCOMPARE(third.values, 2);
+    QCOMPARE(third.width, 2);
+    QCOMPARE(third.station, 2);
+}
+
+void TagListTest::namesAreKeptUnlike()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0", "Flow"), tagOf("D1", "Flow"), tagOf("D2"), tagOf("D3")});
+    list.insert(4, {tagOf("D4", "Flow"), tagOf("D5:2", "Flow")});
+    QCOMPARE(shownNames(list),
+             (QStringList{"Flow", "Flow 2", "D2", "D3", "Flow 3", "Flow 1", "Flow 2 2"}));
+}
+
+void TagListTest::insertsInFrontOfARow()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0"), tagOf("D1")});
+    list.insert(1, {tagOf("X17")});
+    QCOMPARE(shownNames(list), (QStringList{"D0", "X17", "D1"}));
+    QCOMPARE(list.rowOf(3), 1);
+    QCOMPARE(list.rowOf(4), -1);
+    QVERIFY(!list.find(4));
+}
+
+void TagListTest::numbersAreNeverGivenAgain()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0"), tagOf("D1")});
+    list.remove({1, 2});
+    QCOMPARE(list.size(), 0);
+    QCOMPARE(list.insert(0, {tagOf("D0")}), QList<int>{3});
+}
+
+void TagListTest::aReadingStaysWithItsValue()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0"), tagOf("D1")});
+    list.takeReadings({readingOf(2, {42})});
+    list.insert(0, {tagOf("D7")});
+    list.remove({1});
+    kx::Tag renamed = list.find(2)->tag;
+    renamed.name = QStringLiteral("Speed");
+    renamed.format.kind = kx::ValueKind::S16;
+    list.replace(2, renamed);
+    QCOMPARE(list.reading(2).raw, QList<qint64>{42});
+    QVERIFY(list.reading(3).raw.isEmpty());
+    QVERIFY(list.reading(1).raw.isEmpty());
+}
+
+void TagListTest::otherRegistersForgetTheReading_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::newRow("another address") << "D1";
+    QTest::newRow("another type") << "SD0";
+    QTest::newRow("another station") << "D0@2";
+    QTest::newRow("more registers") << "D0/float";
+}
+
+void TagListTest::otherRegistersForgetTheReading()
+{
+    QFETCH(QString, address);
+    TagList list;
+    list.insert(0, {tagOf("D0")});
+    list.takeReadings({readingOf(1, {42})});
+    list.replace(1, tagOf(qPrintable(address)));
+    QVERIFY(list.reading(1).raw.isEmpty());
+    QVERIFY(list.reading(1).state == kx::WatchState::NeverRead);
+    QCOMPARE(list.reading(1).number, 1);
+}
+
+void TagListTest::undoneRegistersForgetTheReading()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0")});
+    const QList<WatchedValue> before = list.values();
+    list.replace(1, tagOf("D1"));
+    list.takeReadings({readingOf(1, {42})});
+    list.setValues(before);
+    QVERIFY(list.reading(1).raw.isEmpty());
+}
+
+void TagListTest::aReadingOfOtherLengthIsLeftOut()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0/float")});
+    list.takeReadings({readingOf(1, {42})}); // of the one register before an edit
+    QVERIFY(list.reading(1).raw.isEmpty());
+}
+
+void TagListTest::whatWasNeverReadHasNoValue()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0")});
+    list.takeReadings({readingOf(1, {0}, 0)}); // as after a write that failed
+    QVERIFY(list.reading(1).raw.isEmpty());
+}
+
+void TagListTest::tellsWhichRowsWereRead()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0"), tagOf("D1"), tagOf("D2")});
+    QSignalSpy read(&list, &TagList::readingsChanged);
+    list.takeReadings({readingOf(3, {1}), readingOf(1, {2}), readingOf(9, {3})});
+    QCOMPARE(read.size(), 1);
+    QCOMPARE(read.first().first().value<QVector<int>>(), (QVector<int>{0, 2}));
+    list.takeReadings({readingOf(9, {3})});
+    QCOMPARE(read.size(), 1);
+}
+
+void TagListTest::forgetsAll()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0"), tagOf("D1")});
+    list.takeReadings({readingOf(1, {1}), readingOf(2, {2})});
+    QSignalSpy read(&list, &TagList::readingsChanged);
+    list.forgetReadings();
+    QCOMPARE(read.first().first().value<QVector<int>>(), (QVector<int>{0, 1}));
+    QVERIFY(list.reading(1).raw.isEmpty());
+    QCOMPARE(list.reading(2).number, 2);
+}
+
+QTEST_GUILESS_MAIN(TagListTest)
+#include "tst_tag_list.moc"

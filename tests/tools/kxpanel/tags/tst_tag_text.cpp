@@ -1,0 +1,125 @@
+#include "kxpanel/tags/tag_text.h"
+
+#include "tools/kxpanel/tag_samples.h"
+
+using namespace kxpanel;
+
+class TagTextTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aTypedAddressIsATag();
+    void aWrongAddressSaysWhy();
+    void tagsAreRowsOfASpreadsheet();
+    void whatIsCopiedIsPasted();
+    void pastes_data();
+    void pastes();
+    void refuses_data();
+    void refuses();
+};
+
+void TagTextTest::aTypedAddressIsATag()
+{
+    kx::Tag tag;
+    QString fault;
+    QVERIFY(parseTypedTag(QStringLiteral("D100/s16*0.1,unit=bar"), 3, &tag, &fault));
+    QCOMPARE(tag.range.station, 3);
+    QCOMPARE(tag.range.address, 100);
+    QCOMPARE(tag.format.unit, QStringLiteral("bar"));
+    QCOMPARE(typedText(tag), QStringLiteral("D100@3/s16*0.1,unit=bar"));
+    QVERIFY(parseTypedTag(QStringLiteral("X17@2"), 3, &tag, &fault));
+    QCOMPARE(tag.range.station, 2);
+}
+
+void TagTextTest::aWrongAddressSaysWhy()
+{
+    kx::Tag tag = tagOf("D5");
+    QString fault;
+    QVERIFY(!parseTypedTag(QStringLiteral("X8"), 1, &tag, &fault));
+    QVERIFY(!fault.isEmpty());
+    QVERIFY(!tag.range.type);
+}
+
+void TagTextTest::tagsAreRowsOfASpreadsheet()
+{
+    kx::Tag tag = tagOf("D100@2/s16*0.1,unit=bar", "Pressure");
+    tag.comment = QStringLiteral("after \"the\"\nfilter");
+    QCOMPARE(tagsText({tag}),
+             QStringLiteral("name\tstation\taddress\tcount\tevery\tformat\torder\tscale\toffset\t"
+                            "unit\tdecimals\tmin\tmax\tcomment\n"
+                            "Pressure\t2\tD100\t\t\ts16\t\t0.1\t\tbar\t\t\t\t"
+                            "\"after \"\"the\"\" filter\"\n"));
+}
+
+void TagTextTest::whatIsCopiedIsPasted()
+{
+    kx::Tag named = tagOf("D100@2/s16*0.1,unit=bar", "Pressure");
+    named.comment = QStringLiteral("#1 \tafter \"the\" filter ");
+    QList<kx::Tag> tags;
+    QString fault;
+    QVERIFY2(parseTagsText(tagsText({named, tagOf("M7"), tagOf("D120.5")}), 1, &tags, &fault),
+             qPrintable(fault));
+    QCOMPARE(tags.size(), 3);
+    QCOMPARE(tags.at(0).name, named.name);
+    QCOMPARE(tags.at(0).comment, named.comment);
+    QCOMPARE(typedText(tags.at(0)), typedText(named));
+    QCOMPARE(tags.at(1).name, QString());
+    QCOMPARE(typedText(tags.at(2)), QStringLiteral("D120.5@1"));
+}
+
+void TagTextTest::pastes_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("tags"); // NAME|ADDRESS|COMMENT
+    QTest::newRow("addresses, one per line") << "D100\nX17@2\r\n\nD0/float\n"
+                                             << QStringList{"|D100@5|", "|X17@2|", "|D0@5/float|"};
+    QTest::newRow("cells of a spreadsheet without a header")
+        << "Pressure\tD100/s16*0.1\tafter\tthe filter\nPump\tY10\n"
+        << QStringList{"Pressure|D100@5/s16*0.1|after the filter", "Pump|Y10@5|"};
+    QTest::newRow("a header, and columns in any order")
+        << "address\tname\tformat\nD100\tPressure\ts16\n"
+        << QStringList{"Pressure|D100@5/s16|"};
+    QTest::newRow("a text file's header") << "name,station,address\nPump,7,Y10\n"
+                                          << QStringList{"Pump|Y10@7|"};
+}
+
+void TagTextTest::pastes()
+{
+    QFETCH(QString, text);
+    QList<kx::Tag> tags;
+    QString fault;
+    QVERIFY2(parseTagsText(text, 5, &tags, &fault), qPrintable(fault));
+    QStringList shown;
+    for (const kx::Tag& tag : tags)
+        shown << tag.name + QLatin1Char('|') + typedText(tag) + QLatin1Char('|') + tag.comment;
+    QTEST(shown, "tags");
+}
+
+void TagTextTest::refuses_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("begin");
+    QTest::newRow("nothing") << " \n"
+                             << "no addresses";
+    QTest::newRow("a wrong address") << "D100\nD9999\n"
+                                     << "row 2: D9999: ";
+    QTest::newRow("no address in a row") << "Pump\trunning\n"
+                                         << "row 1: Pump: ";
+    QTest::newRow("a wrong cell below a header") << "name\taddress\nPump\tY10\nFlow\tD9999\n"
+                                                 << "row:3: address D9999: ";
+}
+
+void TagTextTest::refuses()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, begin);
+    QList<kx::Tag> tags = {tagOf("D5")};
+    QString fault;
+    QVERIFY(!parseTagsText(text, 1, &tags, &fault));
+    QVERIFY2(fault.startsWith(begin), qPrintable(fault));
+    QCOMPARE(tags.size(), 1);
+}
+
+QTEST_GUILESS_MAIN(TagTextTest)
+#include "tst_tag_text.moc"
