@@ -1,5 +1,5 @@
 # Qt of the chosen major version, under the target names Kx::Core, Kx::Test,
-# Kx::SerialPort, Kx::Network, Kx::Sql and Kx::Widgets.
+# Kx::SerialPort, Kx::Network, Kx::Sql, Kx::Widgets and, of Qt 5, Kx::Svg.
 
 set(KX_QT_COMPONENTS Core)
 if(BUILD_TESTING)
@@ -10,6 +10,9 @@ if(KX_BUILD_TOOLS)
 endif()
 if(KX_BUILD_WINDOW)
   list(APPEND KX_QT_COMPONENTS Widgets)
+  if(KX_QT EQUAL 5) # with the plots
+    list(APPEND KX_QT_COMPONENTS Svg)
+  endif()
 endif()
 
 if(KX_QT EQUAL 4)

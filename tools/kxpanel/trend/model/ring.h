@@ -1,0 +1,52 @@
+#ifndef KX_KXPANEL_TREND_MODEL_RING_H
+#define KX_KXPANEL_TREND_MODEL_RING_H
+
+#include <QtCore/QtGlobal>
+
+#include <cstddef>
+#include <vector>
+
+namespace kxpanel
+{
+
+/// The last items of a sequence, by their number in it. Takes no more memory than it has items.
+template <typename T>
+class Ring
+{
+public:
+    /// @param most items that are kept, 1 or more
+    explicit Ring(int most) : m_most(most) {}
+
+    void append(const T& item)
+    {
+        if (m_end < m_most)
+            m_items.push_back(item);
+        else
+            m_items[static_cast<std::size_t>(m_end % m_most)] = item;
+        ++m_end;
+    }
+
+    void clear()
+    {
+        m_items.clear();
+        m_end = 0;
+    }
+
+    /// Number of the oldest that is kept.
+    qint64 first() const { return m_end - static_cast<qint64>(m_items.size()); }
+    /// One more than the number of the newest.
+    qint64 end() const { return m_end; }
+    bool isEmpty() const { return m_end == 0; }
+    bool keeps(qint64 number) const { return number >= first() && number < m_end; }
+    const T& at(qint64 number) const { return m_items[static_cast<std::size_t>(number % m_most)]; }
+    qint64 bytes() const { return static_cast<qint64>(m_items.capacity() * sizeof(T)); }
+
+private:
+    int m_most;
+    std::vector<T> m_items;
+    qint64 m_end = 0;
+};
+
+} // namespace kxpanel
+
+#endif

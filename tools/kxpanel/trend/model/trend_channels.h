@@ -1,0 +1,79 @@
+#ifndef KX_KXPANEL_TREND_MODEL_TREND_CHANNELS_H
+#define KX_KXPANEL_TREND_MODEL_TREND_CHANNELS_H
+
+#include "kxpanel/machine/machine_events.h"
+#include "kxpanel/tags/tag_list.h"
+#include "kxpanel/trend/model/trend_channel.h"
+
+#include <QtCore/QJsonArray>
+
+namespace kxpanel
+{
+
+/// The values of a plot, and what they were. Values of the watch list follow it: their names and
+/// units are the list's, and one that leaves it leaves the plot.
+class TrendChannels : public QObject
+{
+    Q_OBJECT
+
+public:
+    static const int MOST = 64; ///< each may take TrendStore::mostBytes(), 1.7 MB
+
+    /// @param tags outlives it
+    explicit TrendChannels(const TagList* tags, QObject* parent = nullptr);
+
+    const QList<TrendChannel>& list() const { return m_channels; }
+    /// Null when it has none of that number.
+    const TrendChannel* find(int number) const;
+
+    /// Takes values of the watch list in, which begin with what is known of them. Those that it has
+    /// already and those that are gone are left out.
+    /// @return what else could not be taken in, one line; empty: nothing
+    QString add(const QList<int>& numbers);
+    void remove(const QList<int>& numbers);
+    void setShown(int number, bool isShown);
+    void setAxis(const QList<int>& numbers, TrendAxis axis);
+
+    /// Takes channels of a recorded file in, instead of those of an earlier one. Their numbers are
+    /// below 0.
+    void setRecorded(const QList<TrendChannel>& recorded);
+    bool hasRecorded() const;
+    /// Forgets what was; the channels stay.
+    void clearHistory();
+
+    /// What a project keeps of the values of its watch list.
+    QJsonArray layout() const;
+    /// Values that the watch list does not have yet are taken in when it gets them.
+    void setLayout(const QJsonArray& layout);
+
+public slots:
+    /// @param now the time of reads that failed, in milliseconds since 1970 in UTC
+    void takeReadings(const QVector<kxpanel::Reading>& readings, qint64 now);
+    /// A line that is lost or closed leaves a gap in all.
+    void takeLine(const kxpanel::LineStatus& status, qint64 now);
+
+signals:
+    /// Another list, or names, axes or looks in it.
+    void channelsChanged();
+    /// One or more channels have more samples.
+    void samplesAdded();
+
+private:
+    void followTags();
+    void takeWanted();
+    bool addOne(int number);
+    int numberMeantBy(const QJsonObject& json) const;
+    void describe(TrendChannel* channel) const;
+    int indexOf(int number) const { return m_indexes.value(number, -1); }
+    int freeLook() const;
+    void finishChange();
+
+    const TagList* m_tags;
+    QList<TrendChannel> m_channels;
+    QHash<int, int> m_indexes; ///< by number
+    QJsonArray m_wanted;       ///< of a layout, not in the watch list
+};
+
+} // namespace kxpanel
+
+#endif

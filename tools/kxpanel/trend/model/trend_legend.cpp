@@ -1,0 +1,195 @@
+#include "kxpanel/trend/model/trend_legend.h"
+
+#include "kxpanel/trend/model/trend_colours.h"
+
+#include <QtCore/QLocale>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+// Digits that a person reads; a file has all of them.
+const int SHOWN_DIGITS = 9;
+
+QString numberText(double number)
+{
+    return QString::number(number, 'g', SHOWN_DIGITS);
+}
+
+TrendSpan spanAt(const TrendChannel& channel, qint64 time, qint64 now)
+{
+    return time > channel.until(now) ? TrendSpan() : channel.store->between(time, time + 1);
+}
+
+QString axisName(TrendAxis axis)
+{
+    switch (axis) {
+    case TrendAxis::Left:
+        return TrendLegend::tr("left");
+    case TrendAxis::Right:
+        return TrendLegend::tr("right");
+    default:
+        return TrendLegend::tr("lane");
+    }
+}
+
+} // namespace
+
+QString trendValueText(const TrendChannel& channel, qint64 time, qint64 now)
+{
+    const TrendSpan span = spanAt(channel, time, now);
+    kx::GapReason reason = kx::GapReason::NotYetRead;
+    if (span.isEmpty())
+        return QString();
+    if (!span.hasValues())
+        return gapReasonOf(span.last.value, &reason)
+                   ? QLatin1Char('(') + kx::gapText(reason) + QLatin1Char(')')
+                   : TrendLegend::tr("(no number)");
+    const QString low = numberText(span.lowest.value);
+    const QString high = numberText(span.highest.value);
+    return low == high ? low : TrendLegend::tr("%1 to %2").arg(low, high);
+}
+
+TrendLegend::TrendLegend(TrendChannels* channels, const TrendView* view, QObject* parent)
+    : QAbstractTableModel(parent), m_channels(channels), m_view(view)
+{
+    connect(m_channels, &TrendChannels::channelsChanged, this, &TrendLegend::onChannels);
+    connect(m_view, &TrendView::cursorsChanged, this, &TrendLegend::onCursors);
+    onChannels();
+}
+
+/// Only another list begins anew, so that a selection stays.
+void TrendLegend::onChannels()
+{
+    QList<int> numbers;
+    for (const TrendChannel& channel : m_channels->list())
+        numbers << channel.number;
+    if (numbers == m_numbers) {
+        if (!numbers.isEmpty())
+            emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+        return;
+    }
+    beginResetModel();
+    m_numbers = numbers;
+    endResetModel();
+}
+
+void TrendLegend::onCursors()
+{
+    if (rowCount() > 0)
+        emit dataChanged(index(0, First), index(rowCount() - 1, Difference));
+}
+
+void TrendLegend::refreshValues()
+{
+    if (rowCount() > 0)
+        emit dataChanged(index(0, Now), index(rowCount() - 1, Now), {Qt::DisplayRole});
+}
+
+void TrendLegend::setGround(const QColor& ground)
+{
+    if (m_ground == ground)
+        return;
+    m_ground = ground;
+    onChannels();
+}
+
+int TrendLegend::numberAt(int row) const
+{
+    return m_numbers.value(row);
+}
+
+int TrendLegend::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_numbers.size());
+}
+
+int TrendLegend::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QString TrendLegend::textOf(const TrendChannel& channel, int column) const
+{
+    const auto at = [&](int cursor) {
+        const std::optional<qint64> time = m_view->cursor(cursor);
+        return time ? trendValueText(channel, *time, m_view->now()) : QString();
+    };
+    switch (column) {
+    case Name:
+        return channel.name;
+    case Now:
+        return trendValueText(channel, channel.until(m_view->now()), m_view->now());
+    case Unit:
+        return channel.unit;
+    case First:
+        return at(0);
+    case Second:
+        return at(1);
+    case Difference:
+        return differenceText(channel);
+    default:
+        return axisName(channel.axis);
+    }
+}
+
+/// Nothing unless both are one number each.
+QString TrendLegend::differenceText(const TrendChannel& channel) const
+{
+    if (!m_view->difference())
+        return QString();
+    const TrendSpan first = spanAt(channel, *m_view->cursor(0), m_view->now());
+    const TrendSpan second = spanAt(channel, *m_view->cursor(1), m_view->now());
+    const bool areKnown = first.hasValues() && second.hasValues() && !first.hasGap()
+                          && !second.hasGap() && first.lowest.value == first.highest.value
+                          && second.lowest.value == second.highest.value;
+    return areKnown ? numberText(second.last.value - first.last.value) : QString();
+}
+
+QVariant TrendLegend::data(const QModelIndex& index, int role) const
+{
+    const TrendChannel* channel = m_channels->find(numberAt(index.row()));
+    if (!index.isValid() || channel == nullptr)
+        return QVariant();
+    const bool isName = index.column() == Name;
+    if (role == Qt::DisplayRole)
+        return textOf(*channel, index.column());
+    if (role == Qt::CheckStateRole && isName)
+        return channel->isShown ? Qt::Checked : Qt::Unchecked;
+    if (role == Qt::DecorationRole && isName)
+        return trendColour(channel->look, m_ground);
+    if (role == Qt::ToolTipRole)
+        return tr("%1 of station %2").arg(channel->address, QString::number(channel->station));
+    const bool isNumber = index.column() == Now || index.column() == First
+                          || index.column() == Second || index.column() == Difference;
+    if (role == Qt::TextAlignmentRole && isNumber)
+        return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
+    return QVariant();
+}
+
+bool TrendLegend::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (role != Qt::CheckStateRole || index.column() != Name)
+        return false;
+    m_channels->setShown(numberAt(index.row()), value.toInt() == Qt::Checked);
+    return true;
+}
+
+QVariant TrendLegend::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return QVariant();
+    const QString names[] = {tr("Name"),     tr("Now"),        tr("Unit"), tr("Cursor 1"),
+                             tr("Cursor 2"), tr("Difference"), tr("Axis")};
+    return names[section];
+}
+
+Qt::ItemFlags TrendLegend::flags(const QModelIndex& index) const
+{
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    return index.column() == Name ? flags | Qt::ItemIsUserCheckable : flags;
+}
+
+} // namespace kxpanel

@@ -1,0 +1,99 @@
+#include "kxpanel/trend/model/trend_outline.h"
+
+#include <algorithm>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+/// Builds the polygons from left to right.
+class Outline
+{
+public:
+    void moveTo(double x, const TrendSpan& column)
+    {
+        if (column.hasGap())
+            return leaveOut(x, column);
+        add(x, column.first.value);
+        addExtremes(x, column);
+        add(x, column.last.value);
+    }
+
+    /// The last value holds until there.
+    void end(double x)
+    {
+        if (m_polygon.isEmpty())
+            return;
+        add(x, m_polygon.last().y());
+        m_polygons << m_polygon;
+        m_polygon.clear();
+    }
+
+    QVector<QPolygonF> polygons() const { return m_polygons; }
+
+private:
+    /// The column stays free, so that its gap is seen, unless there is more to it than one value
+    /// that its neighbours show.
+    void leaveOut(double x, const TrendSpan& column)
+    {
+        end(x);
+        const bool isAlone = column.first.isGap() && column.last.isGap();
+        if (!column.hasValues() || (!isAlone && column.lowest.value == column.highest.value))
+            return;
+        addExtremes(x, column);
+        end(x);
+    }
+
+    void addExtremes(double x, const TrendSpan& column)
+    {
+        const bool isLowFirst = column.lowest.time <= column.highest.time;
+        add(x, (isLowFirst ? column.lowest : column.highest).value);
+        add(x, (isLowFirst ? column.highest : column.lowest).value);
+    }
+
+    void add(double x, double y)
+    {
+        if (!m_polygon.isEmpty() && m_polygon.last().x() < x && m_polygon.last().y() != y)
+            m_polygon << QPointF(x, m_polygon.last().y());
+        const int size = static_cast<int>(m_polygon.size());
+        const bool goesOn =
+            size > 1 && m_polygon.at(size - 1).y() == y && m_polygon.at(size - 2).y() == y;
+        if (goesOn)
+            m_polygon.last().setX(x);
+        else if (size == 0 || m_polygon.last() != QPointF(x, y))
+            m_polygon << QPointF(x, y);
+    }
+
+    QVector<QPolygonF> m_polygons;
+    QPolygonF m_polygon;
+};
+
+} // namespace
+
+TrendRaster TrendRaster::of(qint64 from, qint64 to, int pixels)
+{
+    TrendRaster raster;
+    const qint64 span = std::max<qint64>(to - from, 1);
+    raster.step = std::max<qint64>((span + pixels - 1) / std::max(pixels, 1), 1);
+    raster.from = from - from % raster.step;
+    raster.count = static_cast<int>((to - raster.from) / raster.step) + 1;
+    return raster;
+}
+
+QVector<QPolygonF> trendOutline(const TrendStore& store, const TrendRaster& raster, qint64 until)
+{
+    const QVector<TrendSpan> columns = store.columns(raster.from, raster.step, raster.count, until);
+    Outline outline;
+    qint64 begin = raster.from;
+    for (const TrendSpan& column : columns) {
+        if (!column.isEmpty())
+            outline.moveTo(static_cast<double>(begin), column);
+        begin += raster.step;
+    }
+    outline.end(static_cast<double>(std::min(raster.end(), until)));
+    return outline.polygons();
+}
+
+} // namespace kxpanel

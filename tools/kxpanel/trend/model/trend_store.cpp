@@ -1,0 +1,252 @@
+#include "kxpanel/trend/model/trend_store.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const int LEVELS = 5;
+const qint64 GROWTH = 4;        // items of a level in one of the next
+const qint64 STEP_BACK = 60000; // milliseconds; a clock that is kept right takes smaller ones
+
+bool isSame(double a, double b)
+{
+    return std::memcmp(&a, &b, sizeof a) == 0; // of gaps, too, which never equal
+}
+
+TrendSpan asSpan(const TrendSample& sample)
+{
+    TrendSpan span;
+    span.add(sample);
+    return span;
+}
+
+const TrendSpan& asSpan(const TrendSpan& span)
+{
+    return span;
+}
+
+qint64 timeOf(const TrendSample& sample)
+{
+    return sample.time;
+}
+
+qint64 timeOf(const TrendSpan& span)
+{
+    return span.first.time;
+}
+
+template <typename T>
+TrendSpan newest(const Ring<T>& items)
+{
+    TrendSpan span;
+    for (qint64 number = items.end() - GROWTH; number < items.end(); ++number)
+        span.add(asSpan(items.at(number)));
+    return span;
+}
+
+/// Number of the last item before a time; -1 when the oldest kept one is not before it.
+template <typename T>
+qint64 lastItemBefore(const Ring<T>& items, qint64 time)
+{
+    qint64 low = items.first() - 1;
+    qint64 high = items.end();
+    while (high - low > 1) {
+        const qint64 middle = low + (high - low) / 2;
+        if (timeOf(items.at(middle)) < time)
+            low = middle;
+        else
+            high = middle;
+    }
+    return low < items.first() ? -1 : low;
+}
+
+void addOnce(const TrendSample& sample, QVector<TrendSample>* samples)
+{
+    if (!sample.isThere() || (!samples->isEmpty() && sample.time < samples->last().time))
+        return;
+    if (samples->isEmpty() || !isSame(samples->last().value, sample.value))
+        *samples << sample;
+}
+
+void addSpan(const TrendSpan& span, QVector<TrendSample>* samples)
+{
+    TrendSample kept[] = {span.first, span.lowest, span.highest, span.gap, span.last};
+    std::stable_sort(std::begin(kept) + 1, std::end(kept) - 1,
+                     [](const TrendSample& a, const TrendSample& b) { return a.time < b.time; });
+    for (const TrendSample& sample : kept)
+        addOnce(sample, samples);
+}
+
+} // namespace
+
+TrendStore::TrendStore(int samples)
+    : m_samples(samples), m_levels(LEVELS, Ring<TrendSpan>(samples / 2))
+{
+}
+
+void TrendStore::append(qint64 time, double value)
+{
+    if (!isEmpty() && time < end() - STEP_BACK)
+        clear();
+    if (!isEmpty() && isSame(m_samples.at(m_samples.end() - 1).value, value))
+        return;
+    m_samples.append({isEmpty() ? time : std::max(time, end()), value});
+    qint64 count = m_samples.end();
+    for (int level = 0; level < LEVELS && count % GROWTH == 0; ++level, count /= GROWTH) {
+        const std::size_t index = static_cast<std::size_t>(level);
+        m_levels[index].append(level == 0 ? newest(m_samples) : newest(m_levels[index - 1]));
+    }
+}
+
+void TrendStore::clear()
+{
+    m_samples.clear();
+    for (Ring<TrendSpan>& level : m_levels)
+        level.clear();
+}
+
+qint64 TrendStore::begin() const
+{
+    if (isEmpty())
+        return NO_TIME;
+    qint64 next = 0;
+    return spanFrom(oldest(), oldest() + 1, &next).first.time;
+}
+
+qint64 TrendStore::exactSince() const
+{
+    return isEmpty() ? NO_TIME : m_samples.at(m_samples.first()).time;
+}
+
+qint64 TrendStore::end() const
+{
+    return isEmpty() ? NO_TIME : m_samples.at(m_samples.end() - 1).time;
+}
+
+/// The number of the oldest sample that a span knows of.
+qint64 TrendStore::oldest() const
+{
+    qint64 number = m_samples.first();
+    qint64 width = 1;
+    for (const Ring<TrendSpan>& level : m_levels) {
+        width *= GROWTH;
+        if (!level.isEmpty())
+            number = std::min(number, level.first() * width);
+    }
+    return number;
+}
+
+/// The last sample before a time, or the finest span that may hold it.
+TrendStore::Place TrendStore::lastBefore(qint64 time) const
+{
+    const qint64 sample = lastItemBefore(m_samples, time);
+    if (sample >= 0)
+        return {sample, 1};
+    qint64 width = 1;
+    for (const Ring<TrendSpan>& level : m_levels) {
+        width *= GROWTH;
+        const qint64 span = lastItemBefore(level, time);
+        if (span >= 0)
+            return {span * width, width};
+    }
+    return {-1, 0};
+}
+
+/// The first sample that counts from a time on: at that time, else the one that held then.
+qint64 TrendStore::numberFrom(qint64 time) const
+{
+    const Place place = lastBefore(time);
+    if (place.number < 0)
+        return oldest();
+    const qint64 next = place.number + 1;
+    const bool isAtTime = place.width == 1 && next < m_samples.end() && m_samples.keeps(next)
+                          && m_samples.at(next).time == time;
+    return isAtTime ? next : place.number;
+}
+
+/// Behind the last sample before a time.
+qint64 TrendStore::numberTo(qint64 time) const
+{
+    const Place place = lastBefore(time);
+    return place.number < 0 ? oldest() : place.number + place.width;
+}
+
+/// The widest span that begins with a sample and ends before `end`, else the finest that is left of
+/// it. `*next` is the number behind it.
+TrendSpan TrendStore::spanFrom(qint64 number, qint64 end, qint64* next) const
+{
+    TrendSpan span;
+    if (m_samples.keeps(number))
+        span.add(m_samples.at(number));
+    *next = number + 1;
+    qint64 width = 1;
+    for (const Ring<TrendSpan>& level : m_levels) {
+        width *= GROWTH;
+        const bool isKept = level.keeps(number / width);
+        const bool fits = isKept && number % width == 0 && number + width <= end;
+        if (!fits && !span.isEmpty())
+            break;
+        if (!isKept)
+            continue;
+        span = level.at(number / width);
+        *next = (number / width + 1) * width;
+    }
+    return span;
+}
+
+TrendSpan TrendStore::between(qint64 from, qint64 to) const
+{
+    TrendSpan all;
+    const qint64 end = numberTo(to);
+    for (qint64 number = numberFrom(from); number < end;) {
+        qint64 next = 0;
+        all.add(spanFrom(number, end, &next));
+        number = next;
+    }
+    return all;
+}
+
+QVector<TrendSpan> TrendStore::columns(qint64 from, qint64 step, int count, qint64 until) const
+{
+    QVector<TrendSpan> columns(count);
+    for (int column = 0; column < count; ++column) {
+        const qint64 begin = from + column * step;
+        if (begin > until)
+            break;
+        columns[column] = between(begin, begin + step);
+    }
+    return columns;
+}
+
+QVector<TrendSample> TrendStore::samples(qint64 from, qint64 to) const
+{
+    QVector<TrendSample> samples;
+    const qint64 end = numberTo(to);
+    for (qint64 number = numberFrom(from); number < end;) {
+        qint64 next = 0;
+        addSpan(spanFrom(number, number + 1, &next), &samples);
+        number = next;
+    }
+    return samples;
+}
+
+qint64 TrendStore::bytes() const
+{
+    qint64 sum = m_samples.bytes();
+    for (const Ring<TrendSpan>& level : m_levels)
+        sum += level.bytes();
+    return sum;
+}
+
+qint64 TrendStore::mostBytes(int samples)
+{
+    return samples * static_cast<qint64>(sizeof(TrendSample))
+           + LEVELS * (samples / 2) * static_cast<qint64>(sizeof(TrendSpan));
+}
+
+} // namespace kxpanel

@@ -1,0 +1,65 @@
+#include "kxpanel/trend/model/trend_text.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDateTime>
+#include <QtCore/QStringList>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const qint64 SECOND = 1000; // milliseconds
+const qint64 MINUTE = 60 * SECOND;
+const qint64 HOUR = 60 * MINUTE;
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("kxpanel::TrendText", text);
+}
+
+QString seconds(qint64 milliseconds)
+{
+    return QString::number(static_cast<double>(milliseconds) / 1000.0, 'g', 6);
+}
+
+QString placeText(int cursor, qint64 time)
+{
+    return tr("Cursor %1: %2")
+        .arg(QString::number(cursor + 1), QDateTime::fromMSecsSinceEpoch(time).toString(
+                                              QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")));
+}
+
+} // namespace
+
+QString spanText(qint64 milliseconds)
+{
+    if (milliseconds < 0)
+        return QLatin1Char('-') + spanText(-milliseconds);
+    if (milliseconds < SECOND)
+        return tr("%1 ms").arg(milliseconds);
+    if (milliseconds < MINUTE)
+        return tr("%1 s").arg(seconds(milliseconds));
+    if (milliseconds < HOUR)
+        return tr("%1 min %2 s")
+            .arg(QString::number(milliseconds / MINUTE), seconds(milliseconds % MINUTE));
+    return tr("%1 h %2 min").arg(milliseconds / HOUR).arg(milliseconds % HOUR / MINUTE);
+}
+
+QString cursorText(const TrendView& view)
+{
+    QStringList parts;
+    for (int cursor = 0; cursor < 2; ++cursor) {
+        if (view.cursor(cursor))
+            parts << placeText(cursor, *view.cursor(cursor));
+    }
+    if (parts.isEmpty())
+        return tr("Keys 1 and 2 set cursors; the wheel zooms, a band zooms in, the middle button "
+                  "pans.");
+    if (view.difference())
+        parts << tr("Difference: %1").arg(spanText(*view.difference()));
+    return parts.join(QStringLiteral("    "));
+}
+
+} // namespace kxpanel

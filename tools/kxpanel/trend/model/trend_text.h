@@ -1,0 +1,19 @@
+#ifndef KX_KXPANEL_TREND_MODEL_TREND_TEXT_H
+#define KX_KXPANEL_TREND_MODEL_TREND_TEXT_H
+
+#include "kxpanel/trend/model/trend_view.h"
+
+#include <QtCore/QString>
+
+namespace kxpanel
+{
+
+/// "800 ms", "2.655 s", "3 min 20.5 s", "26 h 0 min"; of what goes back with a minus.
+QString spanText(qint64 milliseconds);
+
+/// Where the cursors are, in local time, and how far apart; what to do while there is none.
+QString cursorText(const TrendView& view);
+
+} // namespace kxpanel
+
+#endif

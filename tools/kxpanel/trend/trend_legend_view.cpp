@@ -1,0 +1,57 @@
+#include "kxpanel/trend/trend_legend_view.h"
+
+#include <QtGui/QContextMenuEvent>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QMenu>
+
+namespace kxpanel
+{
+
+TrendLegendView::TrendLegendView(TrendLegend* legend, QWidget* parent)
+    : QTableView(parent), m_legend(legend)
+{
+    setModel(legend);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setAccessibleName(tr("Values in the plot"));
+    const int character = fontMetrics().averageCharWidth();
+    verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 5 / 4);
+    horizontalHeader()->setStretchLastSection(true);
+    for (int column = 0; column < TrendLegend::ColumnCount; ++column)
+        setColumnWidth(column, character * 13);
+    setColumnWidth(TrendLegend::Name, character * 26);
+    setColumnWidth(TrendLegend::Unit, character * 9);
+}
+
+QList<int> TrendLegendView::selected() const
+{
+    QList<int> numbers;
+    for (const QModelIndex& row : selectionModel()->selectedRows())
+        numbers << m_legend->numberAt(row.row());
+    return numbers;
+}
+
+void TrendLegendView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const QList<int> numbers = selected();
+    if (numbers.isEmpty())
+        return;
+    QMenu* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto offer = [&](const QString& text, TrendAxis axis) {
+        connect(menu->addAction(text), &QAction::triggered, this,
+                [this, numbers, axis] { emit axisChosen(numbers, axis); });
+    };
+    offer(tr("Left &scale"), TrendAxis::Left);
+    offer(tr("&Right scale"), TrendAxis::Right);
+    offer(tr("&Lane of its own"), TrendAxis::Lane);
+    offer(tr("By its &unit"), TrendAxis::Automatic);
+    menu->addSeparator();
+    menu->addActions(actions());
+    menu->popup(event->globalPos());
+}
+
+} // namespace kxpanel

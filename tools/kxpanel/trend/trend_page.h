@@ -1,0 +1,71 @@
+#ifndef KX_KXPANEL_TREND_TREND_PAGE_H
+#define KX_KXPANEL_TREND_TREND_PAGE_H
+
+#include "kxpanel/trend/model/trend_channels.h"
+#include "kxpanel/trend/model/trend_legend.h"
+#include "kxpanel/trend/model/trend_view.h"
+#include "kxpanel/trend/trend_actions.h"
+#include "kxpanel/window/page.h"
+
+#include <QtCore/QTimer>
+
+class QComboBox;
+class QLabel;
+class QToolBar;
+
+namespace kxpanel
+{
+
+class TrendLegendView;
+class TrendMouse;
+class TrendPlot;
+
+/// Values over time: what is dragged onto it from the grid is plotted from then on, whether the
+/// page is shown or not. It draws 20 times a second at most, and only while it is seen.
+class TrendPage : public Page
+{
+    Q_OBJECT
+
+public:
+    explicit TrendPage(const PageContext& context, QWidget* parent = nullptr);
+
+    QString key() const override;
+    QJsonObject layout() const override;
+    void setLayout(const QJsonObject& layout) override;
+
+    /// Plots values of the watch list.
+    void addValues(const QList<int>& numbers);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void build();
+    QToolBar* makeBar();
+    void connectActions();
+    void connectModels(Machine* machine);
+    void fillSpans();
+    void tick();
+    void draw();
+    void setCursor(int cursor);
+    void moveCursor(int pixels);
+    void showState();
+    void showSpan();
+
+    TrendView m_view;
+    TrendChannels m_channels;
+    TrendLegend m_legend;
+    TrendPlot* m_plot;
+    TrendMouse* m_mouse;
+    TrendActions m_actions;
+    QComboBox* m_spans;
+    TrendLegendView* m_table;
+    QLabel* m_state;
+    QTimer m_timer;
+    bool m_isStale = true; ///< what is drawn is not what there is
+};
+
+} // namespace kxpanel
+
+#endif
