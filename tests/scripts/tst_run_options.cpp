@@ -62,8 +62,8 @@ void RunOptionsTest::whatIsAdded_data()
     QTest::newRow("nothing behind --") << QStringList{"--"} << SIMULATED + EVERY_TYPE + " --";
     QTest::newRow("help is an address behind --")
         << QStringList{"--", "--help"} << SIMULATED + " -- --help";
-    QTest::newRow("an end of one's own comes last")
-        << QStringList{"--cycles", "3"} << SIMULATED + EVERY_TYPE + " --cycles 3";
+    QTest::newRow("an end of one's own instead of the default")
+        << QStringList{"--cycles", "3"} << "kxhost watch --simulate" + EVERY_TYPE + " --cycles 3";
     QTest::newRow("faults of the simulated line")
         << QStringList{"--fault", "all:0.1"} << SIMULATED + EVERY_TYPE + " --fault all:0.1";
     QTest::newRow("a port") << QStringList{"--port", "/dev/ttyS0"}

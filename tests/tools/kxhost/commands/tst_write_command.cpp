@@ -199,7 +199,7 @@ void WriteCommandTest::namesAndFormats()
                  R"({"address":"D10","confirmed":1,"event":"write","format":"s16*0.1,max=50",)"
                  R"("name":"speed","raw":[125],"station":1,"unit":"m/s","values":[12.5]})",
                  R"({"address":"D20","confirmed":1,"event":"write","format":"float,low,swapped",)"
-                 R"("name":"level","raw":[0,128],"station":1,"values":[0]})",
+                 R"("name":"level","raw":[0,128],"station":1,"values":["-0"]})",
                  R"({"address":"D30.5","confirmed":1,"event":"write","raw":[32801],"station":1,)"
                  R"("values":[1]})",
                  R"({"address":"D40","confirmed":1,"event":"write","format":"float,high",)"

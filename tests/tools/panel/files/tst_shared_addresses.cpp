@@ -38,7 +38,7 @@ void SharedAddressesTest::severalFormatsAreNamed()
 {
     QFETCH(QString, addresses);
     QList<Tag> tags;
-    for (const QString& address : addresses.split(' ', Qt::SkipEmptyParts)) {
+    for (const QString& address : addresses.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         Tag tag;
         QString fault;
         QVERIFY2(parseValueAddress(address, &tag.range, &tag.format, &fault), qPrintable(fault));

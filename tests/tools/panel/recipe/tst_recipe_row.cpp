@@ -10,8 +10,6 @@
 
 using namespace kx;
 
-Q_DECLARE_METATYPE(QList<qint64>)
-
 namespace
 {
 
@@ -56,10 +54,11 @@ void RecipeRowTest::valuesHaveFormats_data()
     QTest::addColumn<QByteArray>("written");
     const auto row = [](const char* format, const char* typed, const QList<qint64>& value,
                         const QList<qint64>& changed, const char* written) {
-        QTest::newRow(format) << QByteArray("register,address,format,order,scale,offset,unit,"
-                                            "decimals,min,max,value")
-                              << QByteArray("D,100,") + format + ',' << QByteArray(typed) << value
-                              << changed << QByteArray(written);
+        QTest::newRow((QByteArray(format) + ' ' + typed).constData())
+            << QByteArray("register,address,format,order,scale,offset,unit,"
+                          "decimals,min,max,value")
+            << QByteArray("D,100,") + format + ',' << QByteArray(typed) << value << changed
+            << QByteArray(written);
     };
     row("u16,,,,,,,", "65535", {65535}, {0}, "0");
     row("s16,,,,,,,", "-2", {0xFFFE}, {0x8000}, "-32768");
