@@ -28,9 +28,10 @@ QByteArray quoted(const QString& text)
 /// In quotes where it needs them.
 QByteArray field(const QString& text)
 {
-    const bool isPlain = !text.contains(QLatin1Char(SEPARATOR)) && !text.contains(QLatin1Char('"'))
-                         && text == text.trimmed() && text == printableText(text);
-    return isPlain ? text.toUtf8() : quoted(text);
+    const QString content = printableText(text);
+    const bool isPlain = !content.contains(QLatin1Char(SEPARATOR))
+                         && !content.contains(QLatin1Char('"')) && content == content.trimmed();
+    return isPlain ? content.toUtf8() : quoted(content);
 }
 
 QString placeOf(const RecordedTag& tag)
@@ -98,11 +99,14 @@ bool parseGaps(const QString& text, const QList<RecordedTag>& tags, qint64 time,
     return true;
 }
 
+/// As it is written. Qt takes other marks between the digits, too.
 bool parseTime(const QString& text, qint64* time)
 {
+    static const QRegularExpression pattern(QStringLiteral(
+        "\\A[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}(\\.[0-9]{1,3})?Z\\z"));
     const QDateTime moment = QDateTime::fromString(text, Qt::ISODateWithMs);
     *time = moment.toMSecsSinceEpoch();
-    return moment.isValid() && moment.timeSpec() == Qt::UTC;
+    return moment.isValid() && pattern.match(text).hasMatch();
 }
 
 } // namespace

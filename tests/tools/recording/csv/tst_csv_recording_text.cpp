@@ -17,6 +17,7 @@ private slots:
     void aHeadingTellsTheTag();
     void aForeignHeaderIsNone_data();
     void aForeignHeaderIsNone();
+    void aNameThatCannotBeShownIsWrittenTheSameAgain();
     void valuesAndText_data();
     void valuesAndText();
     void gapsNameTheirTagsUnlessAllAreMeant();
@@ -69,6 +70,15 @@ void CsvRecordingTextTest::aForeignHeaderIsNone()
     QFETCH(QByteArray, header);
     QList<RecordedTag> tags;
     QVERIFY(!parseCsvHeader(header, &tags));
+}
+
+void CsvRecordingTextTest::aNameThatCannotBeShownIsWrittenTheSameAgain()
+{
+    const QByteArray header = csvHeader({{QStringLiteral("a\x7F"), 1, QStringLiteral("D0"), {}}});
+    QCOMPARE(header, QByteArray("\xEF\xBB\xBFtime,a\xEF\xBF\xBD D0@1,gaps\n"));
+    QList<RecordedTag> tags;
+    QVERIFY(parseCsvHeader(header.chopped(1), &tags));
+    QCOMPARE(csvHeader(tags), header);
 }
 
 void CsvRecordingTextTest::valuesAndText_data()
@@ -129,6 +139,8 @@ void CsvRecordingTextTest::aWrongRowIsTold_data()
     QTest::newRow("no time") << QByteArray("soon,1,2,") << "the time is wrong";
     QTest::newRow("a time of no zone")
         << QByteArray("2023-11-14T22:13:20.250,1,2,") << "the time is wrong";
+    QTest::newRow("a time with other marks")
+        << QByteArray("2023-11%14T22:13:20.250Z,1,2,") << "the time is wrong";
     QTest::newRow("an unknown reason")
         << QByteArray("2023-11-14T22:13:20.250Z,,2,asleep: D100@1") << "the gaps are wrong";
     QTest::newRow("an open quote")
