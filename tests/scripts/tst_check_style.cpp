@@ -1,4 +1,4 @@
-// scripts/check-style: what it hands to clang, and that .ci/run stops where it fails.
+// scripts/check-style: what it hands to clang, and that .ci/run fails where it does.
 
 #include "script_sandbox.h"
 
@@ -22,7 +22,9 @@ private slots:
     void whatIsRun_data();
     void whatIsRun();
     void whatClangRefusesIsAFailure();
-    void nothingIsTestedWhereTheStyleIsWrong();
+    void nothingIsTestedWhereTheFormatIsWrong();
+    void whatClangRefusesIsShownBehindTheTests();
+    void testsThatFailAreAFailure();
 
 private:
     /// How the programs that look at sources were called.
@@ -34,7 +36,8 @@ private:
 void CheckStyleTest::init()
 {
     m_sandbox.addProgram("git", "echo tools/a.cpp");
-    m_sandbox.addProgram("clang-tidy");
+    for (const char* const worker : {"clang-format", "clang-tidy", "ctest"})
+        m_sandbox.addProgram(worker);
     m_sandbox.calls();
 }
 
@@ -59,6 +62,10 @@ void CheckStyleTest::whatIsRun_data()
     QTest::newRow("with the analyzer")
         << QStringList{"all"}
         << QStringList{FORMAT, CONFIGURE, "clang-tidy --quiet -p build/style tools/a.cpp"};
+    QTest::newRow("clang-tidy only")
+        << QStringList{"lint"}
+        << QStringList{CONFIGURE,
+                       "clang-tidy --quiet -p build/style --checks=-clang-analyzer-* tools/a.cpp"};
     QTest::newRow("formatting only") << QStringList{"format"} << QStringList{FORMAT};
 }
 
@@ -79,14 +86,33 @@ void CheckStyleTest::whatClangRefusesIsAFailure()
     QCOMPARE(result.output, QStringList{"tools/a.cpp:1:1: error: function too long"});
 }
 
-void CheckStyleTest::nothingIsTestedWhereTheStyleIsWrong()
+void CheckStyleTest::nothingIsTestedWhereTheFormatIsWrong()
 {
-    m_sandbox.addProgram("clang-tidy", "exit 1");
+    m_sandbox.addProgram("clang-format", "exit 1");
     QVERIFY(m_sandbox.run(".ci/run", {}).exitCode != 0);
     QVERIFY(calls().filter("ctest").isEmpty());
-    m_sandbox.addProgram("clang-tidy");
-    m_sandbox.run(".ci/run", {});
-    QVERIFY(!calls().filter("ctest").isEmpty());
+    m_sandbox.addProgram("clang-format");
+    QCOMPARE(m_sandbox.run(".ci/run", {}).exitCode, 0);
+    const QStringList called = calls();
+    QVERIFY(!called.filter("ctest").isEmpty());
+    QCOMPARE(called.filter("clang-format").size(), 1);
+    QCOMPARE(called.filter("clang-tidy").size(), 1);
+}
+
+void CheckStyleTest::whatClangRefusesIsShownBehindTheTests()
+{
+    m_sandbox.addProgram("clang-tidy", "echo 'tools/a.cpp:1:1: error: function too long'; exit 1");
+    const ScriptResult result = m_sandbox.run(".ci/run", {});
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.output.last(), QString("== clang-tidy"));
+    QCOMPARE(result.errors, QStringList{"tools/a.cpp:1:1: error: function too long"});
+    QCOMPARE(calls().filter("--no-tests=error").size(), 3); // each of the three builds is tested
+}
+
+void CheckStyleTest::testsThatFailAreAFailure()
+{
+    m_sandbox.addProgram("ctest", "exit 8");
+    QCOMPARE(m_sandbox.run(".ci/run", {}).exitCode, 1);
 }
 
 QTEST_GUILESS_MAIN(CheckStyleTest)
