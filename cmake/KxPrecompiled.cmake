@@ -7,6 +7,11 @@ option(KX_PRECOMPILE "Precompile Qt's headers, as a build with tests always does
 # What most sources read, and no more: each source pays for all of it.
 set(KX_CORE_HEADERS <QtCore/QObject> <QtCore/QStringList> <QtCore/QVector> <algorithm>
   <functional> <vector>)
+# What many of the tools read besides, QtCore's JSON above all.
+set(KX_TOOL_HEADERS <QtCore/QDateTime> <QtCore/QElapsedTimer> <QtCore/QFile> <QtCore/QHash>
+  <QtCore/QJsonArray> <QtCore/QJsonObject> <QtCore/QMap> <QtCore/QMutex>
+  <QtCore/QRegularExpression> <QtCore/QSet> <QtCore/QTextStream> <QtCore/QTimer> <chrono> <memory>
+  <optional> <variant>)
 
 if((BUILD_TESTING OR KX_PRECOMPILE) AND NOT KX_QT EQUAL 4)
   set(KX_PRECOMPILES ON)
@@ -24,7 +29,7 @@ function(kx_add_core_headers)
     set_target_properties(kx_core_headers PROPERTIES CXX_STANDARD 17)
     target_link_libraries(kx_core_headers PRIVATE Kx::Core)
     kx_add_warnings(kx_core_headers) # some of which are part of what is precompiled
-    target_precompile_headers(kx_core_headers PRIVATE ${KX_CORE_HEADERS})
+    target_precompile_headers(kx_core_headers PRIVATE ${KX_CORE_HEADERS} ${KX_TOOL_HEADERS})
   endif()
 endfunction()
 

@@ -11,6 +11,11 @@ if(KX_QT EQUAL 4)
   list(APPEND KX_FIRST_TEST_HEADERS "${PROJECT_SOURCE_DIR}/tests/support/qtest48.h")
 endif()
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # It takes of what is precompiled what a source needs; g++ reads all of it for each.
+  list(APPEND KX_FIRST_TEST_HEADERS ${KX_TOOL_HEADERS} <QtCore/QProcess> <QtTest/QSignalSpy>)
+endif()
+
 # QtTest's header looks at definitions that come with some of Qt's modules, so a program
 # with them could not share what is precompiled without. Nothing here needs them.
 set(KX_TEST_OPTIONS -O0 -UQT_NETWORK_LIB -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
