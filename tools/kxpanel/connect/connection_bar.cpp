@@ -1,13 +1,11 @@
 #include "kxpanel/connect/connection_bar.h"
 
-#include "kxpanel/connect/connection_json.h"
 #include "kxpanel/connect/line_fields.h"
 #include "kxpanel/connect/line_text.h"
 #include "kxpanel/connect/scan_panel.h"
 
 #include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
 #include <QtCore/QEvent>
-#include <QtCore/QSignalBlocker>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QToolButton>
@@ -52,7 +50,7 @@ ConnectionBar::ConnectionBar(Machine* machine, QWidget* parent)
         say(QString());
         emit edited();
     });
-    connect(m_fields, &LineFields::stationChanged, this, &ConnectionBar::stationChanged);
+    connect(m_scanPanel, &ScanPanel::stationChosen, this, &ConnectionBar::stationChosen);
     connect(m_scanPanel, &ScanPanel::fieldIsWrong, this, &ConnectionBar::say);
     connect(machine, &Machine::lineChanged, this, &ConnectionBar::takeStatus);
     showStatus();
@@ -96,21 +94,9 @@ void ConnectionBar::setOptions(const kx::ConnectionOptions& options)
     m_fields->setOptions(options);
 }
 
-QJsonObject ConnectionBar::connection()
+kx::ConnectionOptions ConnectionBar::options() const
 {
-    return connectionJson(m_fields->shownOptions());
-}
-
-void ConnectionBar::setConnection(const QJsonObject& connection)
-{
-    kx::ConnectionOptions options = m_fields->shownOptions();
-    takeConnection(connection, &options);
-    m_fields->setOptions(options);
-}
-
-int ConnectionBar::station() const
-{
-    return m_fields->station();
+    return m_fields->shownOptions();
 }
 
 void ConnectionBar::connectLine()

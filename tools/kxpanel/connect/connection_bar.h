@@ -26,14 +26,12 @@ public:
     /// @param machine stays the caller's and must outlive the bar
     explicit ConnectionBar(Machine* machine, QWidget* parent = nullptr);
 
+    /// Does not connect.
     void setOptions(const kx::ConnectionOptions& options);
-    /// What the fields say, right or wrong: for a project.
-    QJsonObject connection();
-    /// Takes what is right. Does not connect.
-    void setConnection(const QJsonObject& connection);
+    /// What the fields say: of wrong ones what was there before.
+    kx::ConnectionOptions options() const;
     /// As the action; does nothing when the line is not closed.
     void connectLine();
-    int station() const;
 
     /// Connects, or disconnects and gives up.
     QAction* connectAction() const { return m_connect; }
@@ -44,8 +42,8 @@ public:
 signals:
     /// A person has changed what a project keeps.
     void edited();
-    /// Of addresses that name none.
-    void stationChanged(int station);
+    /// A station that was found.
+    void stationChosen(int station);
 
 private:
     void makeActions();

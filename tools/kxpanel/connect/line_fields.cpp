@@ -2,15 +2,12 @@
 
 #include "addresses/digits.h"
 #include "kxhost/options/command_parser.h"
-#include "kxpanel/connect/connection_json.h"
 #include "kxpanel/connect/port_watch.h"
 
 #include <QtCore/QSignalBlocker>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QSpinBox>
 
 namespace kxpanel
 {
@@ -30,6 +27,16 @@ QComboBox* makeChoice(QWidget* parent, const QStringList& choices, const QString
     box->setAccessibleName(name);
     box->setToolTip(tip);
     return box;
+}
+
+/// With what goes with another protocol: transactions tell late replies apart.
+void setProtocol(kx::GatewayProtocol protocol, kx::ConnectionOptions* options)
+{
+    if (protocol == options->protocol)
+        return;
+    options->protocol = protocol;
+    options->session.exchange.settle =
+        protocol == kx::GatewayProtocol::Tcp ? 0 : kx::ExchangeSettings().settle;
 }
 
 /// So wide that such a text can be read.
@@ -59,6 +66,7 @@ void LineFields::makeFields()
     m_port = makeChoice(this, {}, tr("Port"), tr("Serial port, such as /dev/ttyUSB0"));
     m_port->setEditable(true);
     m_port->setInsertPolicy(QComboBox::NoInsert);
+    m_port->lineEdit()->setPlaceholderText(tr("choose a port"));
     m_baud = makeChoice(this, {}, tr("Speed"), tr("Bits per second"));
     m_baud->setEditable(true);
     m_baud->setInsertPolicy(QComboBox::NoInsert);
@@ -77,10 +85,6 @@ void LineFields::makeFields()
                               .arg(MODBUS_TCP_PORT));
     m_protocol = makeChoice(this, {tr("Modbus RTU"), tr("Modbus TCP")}, tr("Protocol"),
                             tr("What the gateway takes: the serial line's bytes, or Modbus TCP"));
-    m_station = new QSpinBox(this);
-    m_station->setRange(1, 247);
-    m_station->setAccessibleName(tr("Station"));
-    m_station->setToolTip(tr("Station of addresses that name none, 1 to 247"));
 }
 
 void LineFields::layOut()
@@ -90,15 +94,15 @@ void LineFields::layOut()
     for (QWidget* const field : std::initializer_list<QWidget*>{
              m_kind, m_port, m_gateway, m_protocol, m_baud, m_parity, m_stopBits})
         row->addWidget(field);
-    row->setStretchFactor(m_port, 1);
-    row->setStretchFactor(m_gateway, 1);
+    const int mostOfTheRoom = 3;
+    row->setStretchFactor(m_port, mostOfTheRoom);
+    row->setStretchFactor(m_gateway, mostOfTheRoom);
+    row->addStretch(1);
+    for (QComboBox* const box : {m_kind, m_protocol, m_baud, m_parity, m_stopBits})
+        box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setWidth(m_port, QStringLiteral("/dev/ttyUSB0"));
     setWidth(m_gateway, QStringLiteral("192.168.100.100:8888"));
     setWidth(m_baud, QStringLiteral("115200"));
-    auto* const label = new QLabel(tr("S&tation"), this);
-    label->setBuddy(m_station);
-    row->addWidget(label);
-    row->addWidget(m_station);
 }
 
 void LineFields::connectFields()
@@ -115,11 +119,6 @@ void LineFields::connectFields()
     for (QComboBox* const box : {m_parity, m_stopBits, m_protocol})
         connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, &LineFields::edited);
     connect(m_gateway, &QLineEdit::textChanged, this, &LineFields::edited);
-    connect(m_station, qOverload<int>(&QSpinBox::valueChanged), this, [this](int station) {
-        m_options.station = station;
-        emit stationChanged(station);
-        emit edited();
-    });
 }
 
 LineFields::Kind LineFields::kind() const
@@ -138,24 +137,20 @@ void LineFields::showKind()
 
 void LineFields::setOptions(const kx::ConnectionOptions& options)
 {
-    {
-        const QSignalBlocker quiet(this);
-        m_options = options;
-        const bool isGateway = !options.gateway.host.isEmpty();
-        m_kind->setCurrentIndex(options.simulate ? Simulated : isGateway ? Gateway : Serial);
-        m_port->setEditText(options.port);
-        m_baud->setEditText(QString::number(options.timing.baud));
-        m_parity->setCurrentIndex(options.parity == QSerialPort::EvenParity  ? 1
-                                  : options.parity == QSerialPort::OddParity ? 2
-                                                                             : 0);
-        m_stopBits->setCurrentIndex(options.timing.stopBits - 1);
-        if (isGateway)
-            m_gateway->setText(kx::gatewayText(options.gateway));
-        m_protocol->setCurrentIndex(options.protocol == kx::GatewayProtocol::Tcp ? 1 : 0);
-        m_station->setValue(options.station);
-        showKind();
-    }
-    emit stationChanged(options.station);
+    const QSignalBlocker quiet(this);
+    m_options = options;
+    const bool isGateway = !options.gateway.host.isEmpty();
+    m_kind->setCurrentIndex(options.simulate ? Simulated : isGateway ? Gateway : Serial);
+    m_port->setEditText(options.port);
+    m_baud->setEditText(QString::number(options.timing.baud));
+    m_parity->setCurrentIndex(options.parity == QSerialPort::EvenParity  ? 1
+                              : options.parity == QSerialPort::OddParity ? 2
+                                                                         : 0);
+    m_stopBits->setCurrentIndex(options.timing.stopBits - 1);
+    if (isGateway)
+        m_gateway->setText(kx::gatewayText(options.gateway));
+    m_protocol->setCurrentIndex(options.protocol == kx::GatewayProtocol::Tcp ? 1 : 0);
+    showKind();
 }
 
 bool LineFields::takeOptions(kx::ConnectionOptions* options, QString* fault)
@@ -227,16 +222,6 @@ QWidget* LineFields::readGateway(kx::ConnectionOptions* options, QString* fault)
     return m_gateway;
 }
 
-int LineFields::station() const
-{
-    return m_station->value();
-}
-
-void LineFields::setStation(int station)
-{
-    m_station->setValue(station);
-}
-
 void LineFields::setPorts(const QList<kx::PortEntry>& ports)
 {
     const QSignalBlocker quiet(m_port);
@@ -248,8 +233,7 @@ void LineFields::setPorts(const QList<kx::PortEntry>& ports)
                                               : port.port + QStringLiteral("  ") + description,
                         port.port);
     }
-    const bool isFirst = typed.isEmpty() && !ports.isEmpty();
-    m_port->setEditText(isFirst ? ports.first().port : typed);
+    m_port->setEditText(typed);
 }
 
 void LineFields::setLineEnabled(bool isEnabled)

@@ -8,7 +8,6 @@
 
 class QComboBox;
 class QLineEdit;
-class QSpinBox;
 
 namespace kxpanel
 {
@@ -28,17 +27,14 @@ public:
     bool takeOptions(kx::ConnectionOptions* options, QString* fault);
     /// The same for a project: of wrong fields what was there before.
     kx::ConnectionOptions shownOptions() const;
-    int station() const;
-    void setStation(int station);
     /// What can be chosen; what is typed stays.
     void setPorts(const QList<kx::PortEntry>& ports);
-    /// Of an open line only the station can be changed.
+    /// Of an open line nothing can be changed.
     void setLineEnabled(bool isEnabled);
 
 signals:
     /// A person has changed a field.
     void edited();
-    void stationChanged(int station);
 
 private:
     enum Kind { Serial, Gateway, Simulated };
@@ -62,7 +58,6 @@ private:
     QComboBox* m_stopBits;
     QLineEdit* m_gateway;
     QComboBox* m_protocol;
-    QSpinBox* m_station;
 };
 
 } // namespace kxpanel

@@ -178,7 +178,7 @@ void ScanPanel::addStation(const kx::ScanReply& reply)
     item->setData(Qt::UserRole, reply.station);
     item->setToolTip(kx::scanRow(reply));
     m_found->show();
-    m_result->setText(tr("%n found", nullptr, m_found->count()));
+    m_result->setText(tr("found: %1").arg(m_found->count()));
 }
 
 void ScanPanel::showProgress(int done, int total)
@@ -198,7 +198,7 @@ void ScanPanel::onEnded(const kx::Failure& failure)
             m_machine->closeLine();
     }
     const int found = m_found->count();
-    rest(found > 0          ? tr("%n found", nullptr, found)
+    rest(found > 0          ? tr("found: %1").arg(found)
          : failure.isNone() ? tr("no station answers")
                             : failure.text);
 }
@@ -214,7 +214,7 @@ void ScanPanel::rest(const QString& result)
 void ScanPanel::chooseStation()
 {
     if (const QListWidgetItem* const item = m_found->currentItem())
-        m_fields->setStation(item->data(Qt::UserRole).toInt());
+        emit stationChosen(item->data(Qt::UserRole).toInt());
 }
 
 } // namespace kxpanel

@@ -31,7 +31,7 @@ class ScanPanel : public QWidget
     Q_OBJECT
 
 public:
-    /// @param machine stays the caller's, as do the fields, which get the station that is chosen
+    /// @param machine stays the caller's, as do the fields, which name the line
     ScanPanel(Machine* machine, LineFields* fields, QWidget* parent = nullptr);
 
     /// Shows it; hides it and ends the scan.
@@ -40,6 +40,8 @@ public:
 signals:
     /// One of the line's fields; empty: none is.
     void fieldIsWrong(const QString& fault);
+    /// A person has chosen one of those found.
+    void stationChosen(int station);
 
 private:
     enum class Step { Resting, Opening, Asking };

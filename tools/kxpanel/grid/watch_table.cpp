@@ -197,7 +197,7 @@ QJsonObject WatchTable::layout() const
         QJsonObject one{{QStringLiteral("name"), keyOf(column)}};
         if (isColumnHidden(column))
             one[QLatin1String("hidden")] = true;
-        else
+        else if (place < WatchModel::ColumnCount - 1) // the last one takes what room there is
             one[QLatin1String("characters")] =
                 qRound(static_cast<double>(columnWidth(column)) / fontMetrics().averageCharWidth());
         columns.append(one);

@@ -112,9 +112,14 @@ void Machine::open(const kx::ConnectionOptions& options)
 {
     close(QString());
     m_parts->options = options;
+    // Whom a person asks answers.
+    for (const WatchedValue& value : m_parts->values) {
+        if (!m_parts->options.simulatedStations.contains(value.tag.range.station))
+            m_parts->options.simulatedStations << value.tag.range.station;
+    }
     m_parts->status = LineStatus();
     QString error;
-    m_parts->line = makeLine(options, &error);
+    m_parts->line = makeLine(m_parts->options, &error);
     if (!m_parts->line)
         return tellLine(LineState::Closed, error);
     m_parts->status.name = m_parts->line->name;

@@ -38,6 +38,11 @@ void ProjectFile::begin(const Project& project)
     keep(QString(), projectText(project));
 }
 
+void ProjectFile::settle(const Project& project)
+{
+    keep(m_path, projectText(project));
+}
+
 void ProjectFile::note(const Project& project)
 {
     const bool isChanged = projectText(project) != m_text;

@@ -32,6 +32,8 @@ public:
     bool save(const QString& path, const Project& project, QString* error);
     /// A project without a file.
     void begin(const Project& project);
+    /// What the window makes of the file, which may say less: counts as unchanged.
+    void settle(const Project& project);
     /// What the project is now.
     void note(const Project& project);
 

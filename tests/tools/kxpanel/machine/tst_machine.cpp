@@ -1,12 +1,14 @@
-#include "exchange/lines/gateway_address.h"
 #include "kxpanel/machine/machine_thread.h"
 #include "panel/jobs/scan_job.h"
 #include "panel/jobs/write_job.h"
 #include "tools/kxpanel/machine_fixture.h"
+#include "tools/kxsim/kxsim_process.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QThread>
 #include <QtTest/QTest>
+
+#include <algorithm>
 
 using namespace kxpanel;
 
@@ -47,6 +49,7 @@ private slots:
     void valuesMayBeReplacedWhileTheLineIsOpen();
     void exchangesAreNumbered();
     void countsComeWhileTheLineIsOpen();
+    void stationsOfTheValuesAreSimulated();
     void aWriteEndsOnce();
     void aScanTellsHowFarItIs();
     void withoutALineAJobEndsAtOnce();
@@ -96,10 +99,12 @@ void MachineTest::aPortThatIsNotThereIsTold()
 
 void MachineTest::valuesGoByTheirNumbers()
 {
+    const KxsimProcess simulator(
+        {"--still", "--set", "D110=650", "--set", "D120=0,16968", "--set", "M20=1"});
     // A float that holds 50.0, the low word first; D110 twice, once as a single bit of it.
     m_machine->setValues({watched(7, "D120/float"), watched(3, "D110"), watched(9, "D110"),
                           watched(4, "D110.1"), watched(8, "M20"), watched(5, "D0@2")});
-    m_machine->openLine(simulated());
+    m_machine->openLine(serialPort(simulator.portName()));
     QTRY_COMPARE(m_log->readings.value(5).state, kx::WatchState::NoAnswer);
     QCOMPARE(m_log->readings.value(5).raw, Raw());
     QCOMPARE(m_log->readings.value(5).readAt, qint64(0));
@@ -171,6 +176,14 @@ void MachineTest::countsComeWhileTheLineIsOpen()
     QCOMPARE(m_log->summaries.last().statistics.accepted, qint64(m_log->exchanges.size()));
     QTest::qWait(600);
     QCOMPARE(m_log->summaries.size(), counts);
+}
+
+void MachineTest::stationsOfTheValuesAreSimulated()
+{
+    m_machine->setValues({watched(1, "D110@2"), watched(2, "D110@9")});
+    m_machine->openLine(simulated());
+    QTRY_COMPARE(m_log->readings.value(1).raw, Raw{650});
+    QTRY_COMPARE(m_log->readings.value(2).raw, Raw{650});
 }
 
 void MachineTest::aWriteEndsOnce()
@@ -255,16 +268,15 @@ void MachineTest::closingEndsJobs()
 
 void MachineTest::anotherLineTakesThePlace()
 {
-    m_machine->setValues({watched(1, "D110@2")});
+    const KxsimProcess simulator({"--still", "--set", "D110=7"});
+    m_machine->setValues({watched(1, "D110")});
     m_machine->openLine(simulated());
-    QTRY_COMPARE(m_log->readings.value(1).state, kx::WatchState::NoAnswer);
-    kx::ConnectionOptions options = simulated();
-    options.simulatedStations = {2};
-    m_machine->openLine(options);
-    m_machine->openLine(options); // a double click
     QTRY_COMPARE(m_log->readings.value(1).raw, Raw{650});
-    QCOMPARE(m_log->states.mid(m_log->states.indexOf("closed")),
-             (QStringList{"closed", "opening", "closed", "opening", "open"}));
+    m_machine->openLine(serialPort(simulator.portName()));
+    m_machine->openLine(serialPort(simulator.portName())); // a double click
+    QTRY_COMPARE(m_log->readings.value(1).raw, Raw{7});
+    QCOMPARE(m_log->states,
+             (QStringList{"opening", "open", "closed", "opening", "closed", "opening", "open"}));
 }
 
 void MachineTest::limitsAreTakenAtOnce()
@@ -337,8 +349,9 @@ void MachineTest::tenThousandValues()
     m_machine->openLine(options);
     QTRY_VERIFY_WITH_TIMEOUT(m_log->cycles >= 1, 60000);
     QTRY_COMPARE(m_log->readings.size(), 10000);
-    for (const Reading& reading : qAsConst(m_log->readings))
-        QCOMPARE(reading.state, kx::WatchState::Ok);
+    QTRY_VERIFY(
+        std::all_of(m_log->readings.cbegin(), m_log->readings.cend(),
+                    [](const Reading& reading) { return reading.state == kx::WatchState::Ok; }));
     QCOMPARE(m_log->readings.value(110).raw, Raw{650});
     QCOMPARE(m_log->readings.value(8110).raw, Raw{650}); // of station 2
 }

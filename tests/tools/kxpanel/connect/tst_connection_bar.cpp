@@ -1,0 +1,193 @@
+#include "kxpanel/connect/connection_bar.h"
+#include "tools/kxpanel/machine_fixture.h"
+
+#include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
+#include <QtTest/QTest>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QSpinBox>
+
+using namespace kxpanel;
+
+class ConnectionBarTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void connectsAndDisconnects();
+    void aWrongFieldIsSaidBelow();
+    void aPortThatCannotBeOpenedIsSaidBelow();
+    void aLostLineShowsAtOnce();
+    void aScanFindsStations();
+    void aScanGivesTheLineBack();
+    void aCancelledScanGivesTheLineBack();
+    void whoDisconnectsDoesNotGetTheLineBack();
+    void aScanOfNoStations();
+
+private:
+    template <class Widget>
+    Widget* named(const char* name) const
+    {
+        for (Widget* const found : m_bar->findChildren<Widget*>()) {
+            if (found->accessibleName() == QLatin1String(name))
+                return found;
+        }
+        qFatal("no %s", name);
+    }
+    QString state() const { return named<QLabel>("State of the line")->text().mid(2); }
+    QString fault() const { return named<QLabel>("What is wrong with the line")->text(); }
+    QString result() const { return named<QLabel>("Result of the search")->text(); }
+    void scan(const char* stations, int milliseconds);
+    QStringList found() const;
+
+    std::unique_ptr<Machine> m_machine;
+    std::unique_ptr<MachineLog> m_log;
+    std::unique_ptr<ConnectionBar> m_bar;
+};
+
+void ConnectionBarTest::init()
+{
+    m_machine = std::make_unique<Machine>();
+    m_log = std::make_unique<MachineLog>(m_machine.get());
+    m_bar = std::make_unique<ConnectionBar>(m_machine.get());
+    kx::ConnectionOptions options = simulated();
+    options.simulatedStations = {3, 12};
+    m_bar->setOptions(options);
+    m_bar->show();
+}
+
+void ConnectionBarTest::cleanup()
+{
+    m_bar.reset();
+    m_log.reset();
+    m_machine.reset();
+}
+
+void ConnectionBarTest::connectsAndDisconnects()
+{
+    QCOMPARE(state(), QStringLiteral("not connected"));
+    QCOMPARE(m_bar->connectAction()->text(), QStringLiteral("&Connect"));
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(state(), QStringLiteral("connected"));
+    QCOMPARE(m_bar->connectAction()->text(), QStringLiteral("Dis&connect"));
+    QVERIFY(!named<QComboBox>("Line")->isEnabled());
+    m_bar->connectLine(); // is connected already
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(state(), QStringLiteral("not connected"));
+    QVERIFY(named<QComboBox>("Line")->isEnabled());
+    QCOMPARE(m_log->states, (QStringList{"opening", "open", "closed"}));
+}
+
+void ConnectionBarTest::aWrongFieldIsSaidBelow()
+{
+    named<QComboBox>("Speed")->setEditText(QStringLiteral("fast"));
+    m_bar->connectAction()->trigger();
+    QCOMPARE(fault(), QStringLiteral("Speed 'fast': must be 1 to 4000000 bits per second"));
+    QVERIFY(named<QLabel>("What is wrong with the line")->isVisible());
+    named<QComboBox>("Speed")->setEditText(QStringLiteral("9600"));
+    QVERIFY(!named<QLabel>("What is wrong with the line")->isVisible());
+    QCOMPARE(m_log->states, QStringList());
+}
+
+void ConnectionBarTest::aPortThatCannotBeOpenedIsSaidBelow()
+{
+    m_bar->setOptions(serialPort(QStringLiteral("/dev/none")));
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(state(), QStringLiteral("failed"));
+    QCOMPARE(fault(), QStringLiteral("/dev/none: cannot open the port: No such file or directory"));
+    QCOMPARE(m_bar->connectAction()->text(), QStringLiteral("&Connect"));
+}
+
+void ConnectionBarTest::aLostLineShowsAtOnce()
+{
+    emit m_machine->lineChanged({LineState::Open, QStringLiteral("/dev/ttyS0"), QString(), {}});
+    QCOMPARE(state(), QStringLiteral("connected"));
+    emit m_machine->lineChanged(
+        {LineState::Interrupted, QStringLiteral("/dev/ttyS0"), QStringLiteral("line lost"), {}});
+    QCOMPARE(state(), QStringLiteral("lost, reopening"));
+    QCOMPARE(fault(), QStringLiteral("line lost"));
+    QCOMPARE(m_bar->connectAction()->text(), QStringLiteral("Dis&connect"));
+    emit m_machine->lineChanged({LineState::Open, QStringLiteral("/dev/ttyS0"), QString(), {}});
+    QCOMPARE(fault(), QString());
+}
+
+void ConnectionBarTest::scan(const char* stations, int milliseconds)
+{
+    m_bar->scanAction()->setChecked(true);
+    named<QLineEdit>("Stations to ask")->setText(QString::fromLatin1(stations));
+    named<QSpinBox>("Time for a reply")->setValue(milliseconds);
+    QTest::keyClick(named<QLineEdit>("Stations to ask"), Qt::Key_Return);
+}
+
+QStringList ConnectionBarTest::found() const
+{
+    const auto* const list = named<QListWidget>("Stations found");
+    QStringList texts;
+    for (int row = 0; row < list->count(); ++row)
+        texts << list->item(row)->text();
+    return texts;
+}
+
+void ConnectionBarTest::aScanFindsStations()
+{
+    scan("1-3,12", 250);
+    QTRY_COMPARE(result(), QStringLiteral("found: 2"));
+    QTRY_COMPARE(state(), QStringLiteral("not connected")); // as it was before
+    QCOMPARE(found(), (QStringList{"Station 3", "Station 12"}));
+    QCOMPARE(named<QProgressBar>("Stations asked")->value(), 4);
+    QSignalSpy chosen(m_bar.get(), &ConnectionBar::stationChosen);
+    auto* const list = named<QListWidget>("Stations found");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      list->visualItemRect(list->item(1)).center());
+    QCOMPARE(chosen.value(0).value(0).toInt(), 12);
+}
+
+void ConnectionBarTest::aScanGivesTheLineBack()
+{
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(state(), QStringLiteral("connected"));
+    scan("3", 250);
+    QTRY_COMPARE(result(), QStringLiteral("found: 1"));
+    QTRY_COMPARE(m_log->states, (QStringList{"opening", "open", "closed", "opening", "open",
+                                             "closed", "opening", "open"}));
+}
+
+void ConnectionBarTest::aCancelledScanGivesTheLineBack()
+{
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(state(), QStringLiteral("connected"));
+    scan("20-247", 2000);
+    QTRY_COMPARE(result(), QStringLiteral("none yet"));
+    m_bar->scanAction()->setChecked(false); // hides it, too
+    QTRY_COMPARE(m_log->states.size(), 8);
+    QCOMPARE(m_log->states.last(), QStringLiteral("open"));
+    QCOMPARE(m_log->ends, 1);
+}
+
+void ConnectionBarTest::whoDisconnectsDoesNotGetTheLineBack()
+{
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(state(), QStringLiteral("connected"));
+    scan("20-247", 2000);
+    QTRY_COMPARE(result(), QStringLiteral("none yet"));
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(m_log->states.last(), QStringLiteral("closed"));
+    QTest::qWait(50);
+    QCOMPARE(m_log->states.last(), QStringLiteral("closed"));
+}
+
+void ConnectionBarTest::aScanOfNoStations()
+{
+    scan("0-5", 250);
+    QVERIFY2(result().contains(QStringLiteral("1 to 247")), qPrintable(result()));
+    QCOMPARE(m_log->states, QStringList());
+}
+
+QTEST_MAIN(ConnectionBarTest)
+#include "tst_connection_bar.moc"

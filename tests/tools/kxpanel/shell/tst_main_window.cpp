@@ -1,0 +1,289 @@
+// The whole window, by keyboard and mouse, with kxsim as a process.
+
+#include "kxpanel/connect/connection_bar.h"
+#include "kxpanel/machine/machine_thread.h"
+#include "kxpanel/shell/main_window.h"
+#include "kxpanel/shell/message_bar.h"
+#include "kxpanel/shell/project_keeper.h"
+#include "kxpanel/shell/shortcut_list.h"
+#include "kxpanel/window/theme.h"
+#include "tools/kxpanel/machine_fixture.h"
+#include "tools/kxsim/kxsim_process.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QSet>
+#include <QtCore/QSettings>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTabWidget>
+
+#include <csignal>
+
+using namespace kxpanel;
+
+class MainWindowTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void itBeginsDisconnected();
+    void aTypedAddressIsRead();
+    void aLostLineComesBack();
+    void aProjectIsSavedAndOpened();
+    void theDemonstrationIsWhole();
+    void aBrokenProjectIsSaidInside();
+    void closingWithChangesAsks();
+    void placeAndThemeAreKept();
+    void pagesHaveShortcuts();
+    void noShortcutIsTwice();
+    void everyControlHasAName();
+
+private:
+    void makeWindow();
+    QAction* action(const char* text) const;
+    qint64 valueOf(const char* address) const;
+    bool isOpen() const { return m_window->connectionBar()->status().state == LineState::Open; }
+    void begin(const QString& port, const QString& file = QString());
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<QSettings> m_settings;
+    std::unique_ptr<MachineThread> m_machine;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+void MainWindowTest::init()
+{
+    m_settings =
+        std::make_unique<QSettings>(m_folder.filePath("settings.ini"), QSettings::IniFormat);
+    m_settings->clear();
+    m_machine = std::make_unique<MachineThread>();
+    makeWindow();
+}
+
+void MainWindowTest::cleanup()
+{
+    m_window.reset();
+    m_machine.reset();
+    m_settings.reset();
+}
+
+void MainWindowTest::makeWindow()
+{
+    m_window = std::make_unique<MainWindow>(m_machine->machine(), m_settings.get(), pageMakers());
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+QAction* MainWindowTest::action(const char* text) const
+{
+    for (QAction* const found : m_window->findChildren<QAction*>()) {
+        if (found->text().remove('&').startsWith(QLatin1String(text))) // "Undo Add", too
+            return found;
+    }
+    qFatal("no action %s", text);
+}
+
+/// -1: not known.
+qint64 MainWindowTest::valueOf(const char* address) const
+{
+    for (const WatchedValue& value : m_window->tags()->values()) {
+        const kx::AddressRange& range = value.tag.range;
+        if (kx::addressText(range.type, range.address) == QLatin1String(address))
+            return m_window->tags()->reading(value.number).raw.value(0, -1);
+    }
+    return -1;
+}
+
+void MainWindowTest::begin(const QString& port, const QString& file)
+{
+    WindowOptions options;
+    options.connection = serialPort(port);
+    options.connects = true;
+    options.file = file;
+    m_window->begin(options);
+}
+
+void MainWindowTest::itBeginsDisconnected()
+{
+    m_window->begin(WindowOptions());
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("unnamed project[*] - kxpanel"));
+    QVERIFY(!m_window->isWindowModified());
+    QCOMPARE(m_window->connectionBar()->status().state, LineState::Closed);
+    QVERIFY(m_window->pages().size() >= 2);
+}
+
+void MainWindowTest::aTypedAddressIsRead()
+{
+    const KxsimProcess simulator({"--still", "--set", "D100=4321"});
+    begin(simulator.portName());
+    QTRY_VERIFY(isOpen());
+    auto* const line = m_window->page("watch")->findChild<QLineEdit*>();
+    QVERIFY(line);
+    line->setFocus();
+    QTest::keyClicks(line, "D100");
+    QTest::keyClick(line, Qt::Key_Return);
+    QTRY_COMPARE(valueOf("D100"), qint64(4321));
+    QTRY_VERIFY(m_window->isWindowModified());
+    action("Undo")->trigger();
+    QCOMPARE(m_window->tags()->size(), 0);
+}
+
+void MainWindowTest::aLostLineComesBack()
+{
+    const QString link = m_folder.filePath("port");
+    auto simulator = std::make_unique<KxsimProcess>(
+        QStringList{"--still", "--set", "D100=1", "--symlink", link});
+    m_window->tags()->insert(0, {watched(1, "D100").tag});
+    begin(link);
+    QTRY_COMPARE(valueOf("D100"), qint64(1));
+    simulator->exitCodeAfter(SIGKILL);
+    QTRY_COMPARE(m_window->connectionBar()->status().state, LineState::Interrupted);
+    QFile::remove(link);
+    simulator = std::make_unique<KxsimProcess>(
+        QStringList{"--still", "--set", "D100=2", "--symlink", link});
+    QTRY_COMPARE_WITH_TIMEOUT(valueOf("D100"), qint64(2), 20000);
+    QVERIFY(isOpen());
+}
+
+void MainWindowTest::aProjectIsSavedAndOpened()
+{
+    const QString path = m_folder.filePath("a.kxpanel");
+    m_window->begin(WindowOptions());
+    m_window->tags()->insert(0, {watched(1, "D100/float").tag, watched(2, "M7@3").tag});
+    kx::ConnectionOptions options = serialPort("/dev/ttyUSB0");
+    options.timing.baud = 19200;
+    m_window->connectionBar()->setOptions(options);
+    QTRY_VERIFY(m_window->isWindowModified());
+    m_window->project()->saveAs();
+    emit m_window->findChild<QFileDialog*>()->fileSelected(path);
+    QTRY_VERIFY(!m_window->isWindowModified());
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("a.kxpanel[*] - kxpanel"));
+    m_window->project()->beginNew();
+    QCOMPARE(m_window->tags()->size(), 0);
+    QVERIFY(!m_window->project()->isChanged());
+    m_window->project()->openRecent(path);
+    QCOMPARE(m_window->messages()->text(), QString());
+    QCOMPARE(m_window->tags()->size(), 2);
+    QCOMPARE(m_window->tags()->values().at(0).tag.format.kind, kx::ValueKind::Float);
+    QCOMPARE(m_window->tags()->values().at(1).tag.range.station, 3);
+    QCOMPARE(m_window->connectionBar()->options().port, QStringLiteral("/dev/ttyUSB0"));
+    QCOMPARE(m_window->connectionBar()->options().timing.baud, 19200);
+    QTest::qWait(300);
+    QVERIFY(!m_window->isWindowModified()); // reading it changed nothing
+}
+
+void MainWindowTest::theDemonstrationIsWhole()
+{
+    WindowOptions options;
+    options.connection = simulated();
+    options.connects = true;
+    options.file = QStringLiteral(KX_DEMONSTRATION);
+    m_window->begin(options);
+    QCOMPARE(m_window->messages()->text(), QString());
+    QVERIFY(m_window->tags()->size() > 10);
+    const auto allAnswered = [this] {
+        for (const WatchedValue& value : m_window->tags()->values()) {
+            if (m_window->tags()->reading(value.number).state != kx::WatchState::Ok)
+                return false;
+        }
+        return true;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(allAnswered(), 20000);
+    QCOMPARE(m_window->connectionBar()->status().fault, QString());
+}
+
+void MainWindowTest::aBrokenProjectIsSaidInside()
+{
+    const QString path = m_folder.filePath("broken.kxpanel");
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[1]");
+    file.close();
+    WindowOptions options;
+    options.file = path;
+    m_window->begin(options);
+    QVERIFY(m_window->messages()->isVisible());
+    QVERIFY2(m_window->messages()->text().startsWith(path),
+             qPrintable(m_window->messages()->text()));
+}
+
+void MainWindowTest::closingWithChangesAsks()
+{
+    m_window->begin(WindowOptions());
+    m_window->tags()->insert(0, {watched(1, "D100").tag});
+    m_window->close();
+    QVERIFY(m_window->isVisible());
+    auto* const question = m_window->findChild<QMessageBox*>();
+    QVERIFY(question);
+    QTest::mouseClick(question->button(QMessageBox::Discard), Qt::LeftButton);
+    QVERIFY(!m_window->isVisible());
+}
+
+void MainWindowTest::placeAndThemeAreKept()
+{
+    m_window->resize(m_window->width(), 555);
+    m_window->showPage(m_window->pages().at(1));
+    action("Dark")->trigger();
+    QCOMPARE(QApplication::palette().color(QPalette::Window),
+             darkPalette().color(QPalette::Window));
+    m_window->close();
+    makeWindow();
+    QCOMPARE(m_window->height(), 555);
+    QCOMPARE(m_window->currentPage(), m_window->pages().at(1));
+    QVERIFY(action("Dark")->isChecked());
+    action("System's")->trigger();
+    QVERIFY(QApplication::palette().color(QPalette::Window)
+            != darkPalette().color(QPalette::Window));
+}
+
+void MainWindowTest::pagesHaveShortcuts()
+{
+    QTest::keyClick(m_window.get(), Qt::Key_2, Qt::AltModifier);
+    QCOMPARE(m_window->currentPage(), m_window->pages().at(1));
+    QTest::keyClick(m_window.get(), Qt::Key_1, Qt::AltModifier);
+    QCOMPARE(m_window->currentPage(), m_window->pages().at(0));
+}
+
+// Two actions of one page, or one of the window's and one of a page, would both do nothing.
+void MainWindowTest::noShortcutIsTwice()
+{
+    QSet<QString> seen;
+    QStringList twice;
+    for (const ShortcutRow& row : shortcutsOf(m_window.get())) {
+        QStringList all = row.keys.split("; ");
+        all.removeDuplicates();
+        for (const QString& keys : qAsConst(all)) {
+            if (seen.contains(row.place + keys) || (!row.place.isEmpty() && seen.contains(keys)))
+                twice << keys + ": " + row.action;
+            seen << row.place + keys;
+        }
+    }
+    QVERIFY(seen.size() > 10);
+    QCOMPARE(twice.join(", "), QString());
+}
+
+void MainWindowTest::everyControlHasAName()
+{
+    QStringList nameless;
+    for (const QWidget* const child : m_window->connectionBar()->findChildren<QWidget*>()) {
+        const bool isPart = child->objectName().startsWith("qt_"); // of another control
+        const bool takesKeys =
+            child->focusPolicy() & Qt::TabFocus && child->window() == m_window.get();
+        const QVariant text = child->property("text");
+        if (takesKeys && !isPart && child->accessibleName().isEmpty() && text.toString().isEmpty()
+            && child->parentWidget()->accessibleName().isEmpty())
+            nameless << QString(child->metaObject()->className()) + " of "
+                            + child->parentWidget()->metaObject()->className();
+    }
+    QCOMPARE(nameless.join(", "), QString());
+}
+
+QTEST_MAIN(MainWindowTest)
+#include "tst_main_window.moc"

@@ -1,0 +1,210 @@
+#include "kxpanel/shell/main_window.h"
+
+#include "kxpanel/connect/connection_bar.h"
+#include "kxpanel/grid/watch_page.h"
+#include "kxpanel/machine/machine.h"
+#include "kxpanel/project/project.h"
+#include "kxpanel/shell/message_bar.h"
+#include "kxpanel/shell/project_keeper.h"
+#include "kxpanel/shell/status_line.h"
+#include "kxpanel/shell/window_menus.h"
+
+#include <QtCore/QSettings>
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QStatusBar>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QVBoxLayout>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+QString geometrySetting()
+{
+    return QStringLiteral("window/geometry");
+}
+
+QString pageSetting()
+{
+    return QStringLiteral("window/page");
+}
+
+} // namespace
+
+MainWindow::MainWindow(Machine* machine, QSettings* settings, const std::vector<PageMaker>& pages)
+    : m_machine(machine),
+      m_settings(settings),
+      m_connection(new ConnectionBar(machine, this)),
+      m_messages(new MessageBar(this)),
+      m_tabs(new QTabWidget(this)),
+      m_status(new StatusLine(machine, statusBar())),
+      m_project(new ProjectKeeper({[this](Project* project) { collect(project); },
+                                   [this](const Project& project) { showProject(project); }},
+                                  settings, this))
+{
+    makeContents();
+    makePages(pages);
+    connectValues();
+    connectProject();
+    m_menus = new WindowMenus(this, m_project, settings);
+    connect(m_tabs, &QTabWidget::currentChanged, m_menus, &WindowMenus::showPageActions);
+    restorePlace();
+    m_project->settle();
+    showTitle();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::makeContents()
+{
+    auto* const contents = new QWidget(this);
+    auto* const column = new QVBoxLayout(contents);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_connection);
+    column->addWidget(m_messages);
+    column->addWidget(m_tabs, 1);
+    m_tabs->setDocumentMode(true);
+    setCentralWidget(contents);
+}
+
+void MainWindow::makePages(const std::vector<PageMaker>& makers)
+{
+    for (const PageMaker& maker : makers) {
+        Page* const made = maker({m_machine, &m_tags}, m_tabs);
+        m_pages << made;
+        m_tabs->addTab(made, made->windowTitle());
+        connect(made, &Page::layoutChanged, m_project, &ProjectKeeper::touch);
+        connect(made, &Page::said, m_status, &StatusLine::say);
+    }
+    m_watch = qobject_cast<WatchPage*>(page(QStringLiteral("watch")));
+    if (!m_watch)
+        return;
+    connect(m_connection, &ConnectionBar::stationChosen, m_watch, &WatchPage::setStation);
+}
+
+void MainWindow::connectValues()
+{
+    m_newValues.setSingleShot(true);
+    connect(&m_tags, &TagList::valuesChanged, &m_newValues, qOverload<>(&QTimer::start));
+    connect(&m_newValues, &QTimer::timeout, this,
+            [this] { m_machine->setValues(m_tags.values()); });
+    connect(m_machine, &Machine::valuesRead, &m_tags, &TagList::takeReadings);
+}
+
+void MainWindow::connectProject()
+{
+    connect(&m_tags, &TagList::valuesChanged, m_project, &ProjectKeeper::touch);
+    connect(m_connection, &ConnectionBar::edited, m_project, &ProjectKeeper::touch);
+    connect(m_project, &ProjectKeeper::stateChanged, this, &MainWindow::showTitle);
+    connect(m_project, &ProjectKeeper::failed, m_messages, &MessageBar::say);
+    connect(m_project, &ProjectKeeper::said, m_status, &StatusLine::say);
+    connect(m_project, &ProjectKeeper::tagsChosen, this, &MainWindow::addTags);
+}
+
+void MainWindow::begin(const WindowOptions& options)
+{
+    m_connection->setOptions(options.connection);
+    if (!options.file.isEmpty())
+        m_project->open(options.file);
+    else
+        m_project->settle();
+    if (!options.connects)
+        return;
+    m_connection->setOptions(options.connection); // goes before the project's
+    if (m_watch)
+        m_watch->setStation(options.connection.station);
+    m_machine->setValues(m_tags.values()); // simulated stations are those of the values
+    m_connection->connectLine();
+}
+
+Page* MainWindow::page(const QString& key) const
+{
+    for (Page* const page : m_pages) {
+        if (page->key() == key)
+            return page;
+    }
+    return nullptr;
+}
+
+Page* MainWindow::currentPage() const
+{
+    return qobject_cast<Page*>(m_tabs->currentWidget());
+}
+
+void MainWindow::showPage(Page* page)
+{
+    m_tabs->setCurrentWidget(page);
+    page->setFocus();
+}
+
+void MainWindow::collect(Project* project)
+{
+    project->connection = m_connection->options();
+    project->tags.clear();
+    for (const WatchedValue& value : m_tags.values())
+        project->tags << ProjectTag{value.tag, m_unknown.value(value.number)};
+    for (const Page* const page : m_pages)
+        project->pages[page->key()] = page->layout();
+}
+
+void MainWindow::showProject(const Project& project)
+{
+    m_connection->setOptions(project.connection);
+    m_unknown.clear();
+    m_tags.setValues({});
+    for (const ProjectTag& tag : project.tags) {
+        for (const int number : m_tags.insert(m_tags.size(), {tag.tag}))
+            m_unknown[number] = tag.extra;
+    }
+    if (m_watch) {
+        m_watch->undoStack()->clear();
+        m_watch->setStation(project.connection.station);
+    }
+    for (Page* const page : m_pages)
+        page->setLayout(project.pages.value(page->key()));
+}
+
+void MainWindow::addTags(const QString& path)
+{
+    if (!m_watch)
+        return;
+    showPage(m_watch);
+    m_watch->openTags(path);
+}
+
+void MainWindow::showTitle()
+{
+    setWindowTitle(QStringLiteral("%1[*] - kxpanel").arg(m_project->title()));
+    setWindowModified(m_project->isChanged());
+}
+
+void MainWindow::restorePlace()
+{
+    const QSize usual(130, 46); // characters and rows
+    resize(usual.width() * fontMetrics().horizontalAdvance(QLatin1Char('0')),
+           usual.height() * fontMetrics().lineSpacing());
+    restoreGeometry(m_settings->value(geometrySetting()).toByteArray());
+    if (Page* const last = page(m_settings->value(pageSetting()).toString()))
+        m_tabs->setCurrentWidget(last);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!m_isLeaving && m_project->isChanged()) {
+        event->ignore();
+        m_project->leave([this] {
+            m_isLeaving = true;
+            close();
+        });
+        return;
+    }
+    m_settings->setValue(geometrySetting(), saveGeometry());
+    if (const Page* const current = currentPage())
+        m_settings->setValue(pageSetting(), current->key());
+    event->accept();
+}
+
+} // namespace kxpanel

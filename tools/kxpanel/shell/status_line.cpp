@@ -1,0 +1,57 @@
+#include "kxpanel/shell/status_line.h"
+
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QStatusBar>
+
+namespace kxpanel
+{
+
+StatusLine::StatusLine(const Machine* machine, QStatusBar* bar)
+    : QObject(bar),
+      m_bar(bar),
+      m_line(addLabel(tr("Line"))),
+      m_counts(addLabel(tr("Requests and cycles since the line was opened"))),
+      m_speed(addLabel(tr("Requests per second, and share of the time in which characters occupy "
+                          "the line")))
+{
+    connect(machine, &Machine::lineChanged, this, &StatusLine::takeStatus);
+    connect(machine, &Machine::counted, this, &StatusLine::takeCounts);
+}
+
+QLabel* StatusLine::addLabel(const QString& name)
+{
+    auto* const label = new QLabel(m_bar);
+    label->setAccessibleName(name);
+    label->setToolTip(name);
+    m_bar->addPermanentWidget(label);
+    return label;
+}
+
+void StatusLine::say(const QString& text)
+{
+    m_bar->showMessage(text);
+}
+
+void StatusLine::takeStatus(const LineStatus& status)
+{
+    const bool isClosed = status.state == LineState::Closed;
+    m_line->setText(isClosed ? QString() : status.name);
+    if (isClosed || status.state == LineState::Opening) {
+        m_counts->clear();
+        m_speed->clear();
+    }
+}
+
+void StatusLine::takeCounts(const kx::WatchSummary& summary)
+{
+    const kx::Statistics& counts = summary.statistics;
+    QStringList texts{tr("cycle %1").arg(summary.cycles)};
+    if (counts.repeated > 0)
+        texts << tr("%1 repeated").arg(counts.repeated);
+    if (counts.failed > 0)
+        texts << tr("%1 failed").arg(counts.failed);
+    m_counts->setText(texts.join(QStringLiteral(", ")));
+    m_speed->setText(kx::speedText(summary));
+}
+
+} // namespace kxpanel
