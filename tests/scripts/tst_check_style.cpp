@@ -9,7 +9,8 @@ namespace
 
 const QString FORMAT = QStringLiteral("clang-format --dry-run -Werror tools/a.cpp");
 const QString CONFIGURE =
-    QStringLiteral("cmake -S . -B build/style -DBUILD_TESTING=OFF -DKX_HAS_MEMCPY_STRATEGY=OFF");
+    QStringLiteral("cmake -S . -B build/style -DBUILD_TESTING=OFF -DKX_BUILD_WINDOW=ON "
+                   "-DKX_HAS_MEMCPY_STRATEGY=OFF");
 
 } // namespace
 

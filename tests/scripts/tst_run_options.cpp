@@ -29,6 +29,9 @@ private slots:
     void optionsAreThoseOfTheRuntime_data();
     void optionsAreThoseOfTheRuntime();
     void helpNamesEveryOptionOfTheRuntime();
+    void aWindow_data();
+    void aWindow();
+    void aWindowNeedsADisplay();
 
 private:
     /// How kxhost was called.
@@ -176,6 +179,44 @@ void RunOptionsTest::helpNamesEveryOptionOfTheRuntime()
         for (const QString& name : option.names)
             QVERIFY2(words.contains(name), qPrintable(name));
     }
+}
+
+void RunOptionsTest::aWindow_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("call");
+    QTest::newRow("nothing said") << QStringList{"--window"}
+                                  << "kxpanel --simulate tools/kxpanel/demo/filling.kxpanel";
+    QTest::newRow("a line and a file")
+        << QStringList{"--window", "--port", "/dev/ttyS0", "line3.csv"}
+        << "kxpanel --port /dev/ttyS0 line3.csv";
+}
+
+void RunOptionsTest::aWindow()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, call);
+    ScriptSandbox sandbox;
+    sandbox.setVariable("DISPLAY", ":5");
+    sandbox.addFile("build/window/bin/kxpanel");
+    const ScriptResult result = sandbox.run("run", arguments);
+    QCOMPARE(result.errors, QStringList());
+    QCOMPARE(result.exitCode, 0);
+    const QStringList calls = sandbox.calls();
+    QCOMPARE(calls.filter(QRegularExpression("^kxpanel ")), QStringList{call});
+    QCOMPARE(calls.filter("--target=kxpanel").size(), 1);
+}
+
+void RunOptionsTest::aWindowNeedsADisplay()
+{
+    ScriptSandbox sandbox;
+    for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        sandbox.setVariable(name, QString());
+    const ScriptResult result = sandbox.run("run", {"--window"});
+    QCOMPARE(result.errors, QStringList{"./run: a window needs a display; neither DISPLAY nor "
+                                        "WAYLAND_DISPLAY is set"});
+    QCOMPARE(result.exitCode, 3);
+    QCOMPARE(sandbox.calls(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(RunOptionsTest)
