@@ -55,6 +55,7 @@ private slots:
     void showsAllFaultsOfATagsFile();
     void layoutIsKept();
     void aPageThatIsNotSeenPaintsNothing();
+    void onlyRowsThatAreSeenArePainted();
 
 private:
     QModelIndex cell(int row, int column) const { return m_table->model()->index(row, column); }
@@ -411,6 +412,24 @@ void WatchPageTest::aPageThatIsNotSeenPaintsNothing()
     m_page->show();
     read(1, {2});
     QTRY_VERIFY(!changed.isEmpty());
+}
+
+void WatchPageTest::onlyRowsThatAreSeenArePainted()
+{
+    m_tags->insert(4, {tagOf("D1000:5000")});
+    m_table->sortByColumn(WatchModel::Address, Qt::DescendingOrder);
+    QVector<Reading> readings;
+    for (const WatchedValue& value : m_tags->values())
+        readings << readingOf(value.number, {7}, QDateTime::currentMSecsSinceEpoch());
+    QSignalSpy changed(m_table->model(), &QAbstractItemModel::dataChanged);
+    m_tags->takeReadings(readings);
+    QCOMPARE(changed.size(), 0);
+    QTRY_VERIFY(!changed.isEmpty());
+    int rows = 0;
+    for (const QList<QVariant>& one : changed)
+        rows += one.at(1).toModelIndex().row() - one.at(0).toModelIndex().row() + 1;
+    QVERIFY2(rows <= m_table->viewport()->height() / m_table->rowHeight(0) + 2,
+             qPrintable(QString::number(rows)));
 }
 
 QTEST_MAIN(WatchPageTest)
