@@ -1,0 +1,64 @@
+#ifndef KX_KXPANEL_LINE_LINE_PAGE_H
+#define KX_KXPANEL_LINE_LINE_PAGE_H
+
+#include "kxpanel/line/limit_costs.h"
+#include "kxpanel/line/line_record.h"
+#include "kxpanel/window/page.h"
+
+class QAction;
+class QLabel;
+class QScrollArea;
+
+namespace kxpanel
+{
+
+class CyclePicture;
+class LimitPanel;
+class PlanPicture;
+
+/// How the line is used: the requests as they ran, what a cycle reads, and how long its requests
+/// had best be.
+class LinePage : public Page
+{
+    Q_OBJECT
+
+public:
+    explicit LinePage(const PageContext& context, QWidget* parent = nullptr);
+
+    QString key() const override { return QStringLiteral("line"); }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    QWidget* makeCycle();
+    QWidget* makePlan();
+    void makeActions();
+    void onExchanged(const QVector<Exchange>& exchanges);
+    void onLineChanged(const LineStatus& status);
+    void onCounted();
+    void onValuesChanged();
+    void predict();
+    void showPlan();
+    void showShares();
+    void applyLimits(int maxWords, int maxBits);
+
+    PageContext m_context;
+    LineRecord m_record;
+    LimitCosts m_costs;
+    kx::LineTiming m_timing;
+    QString m_line;   ///< its name
+    QTimer m_changes; ///< gathers edits of the tags
+    bool m_isPredicted = false;
+    CyclePicture* m_picture = nullptr;
+    QLabel* m_shares = nullptr;
+    QLabel* m_words = nullptr;
+    PlanPicture* m_plan = nullptr;
+    QScrollArea* m_scroll = nullptr;
+    LimitPanel* m_limits = nullptr;
+    QAction* m_pause = nullptr;
+};
+
+} // namespace kxpanel
+
+#endif
