@@ -51,9 +51,9 @@ QString kindWords(JobKind kind)
     case WRITE_JOB:
         return Words::tr("write");
     case RECIPE_WRITE_JOB:
-        return Words::tr("recipe to the controller");
+        return Words::tr("recipe write");
     case RECIPE_READ_JOB:
-        return Words::tr("recipe from the controller");
+        return Words::tr("recipe read");
     case NO_JOB:
         break;
     }

@@ -7,7 +7,7 @@
 namespace kxpanel
 {
 
-/// "poll", "read", "write", "recipe to the controller", "recipe from the controller"; translated.
+/// "poll", "read", "write", "recipe write", "recipe read"; translated.
 QString kindWords(JobKind kind);
 
 /// "read D100:4", "write Y10 = 1"; empty when nothing was sent.

@@ -69,7 +69,7 @@ FramesPage::FramesPage(const PageContext& context, QWidget* parent)
     splitter->addWidget(makeTable());
     splitter->addWidget(m_details);
     splitter->setStretchFactor(0, 3);
-    splitter->setStretchFactor(1, 1);
+    splitter->setStretchFactor(1, 2);
     m_counts = new QLabel(this);
     auto* box = new QVBoxLayout(this);
     box->addWidget(bar);
@@ -148,7 +148,7 @@ QTableView* FramesPage::makeTable()
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->setDefaultSectionSize(m_table->fontMetrics().height() * 5 / 4);
     const int character = m_table->fontMetrics().averageCharWidth();
-    const int widths[FramesModel::COLUMNS] = {15, 9, 8, 24, 36, 26, 13, 11};
+    const int widths[FramesModel::COLUMNS] = {13, 8, 7, 18, 27, 20, 11, 9};
     for (int column = 0; column < FramesModel::COLUMNS; ++column)
         m_table->setColumnWidth(column, widths[column] * character);
     connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, this, &Page::layoutChanged);

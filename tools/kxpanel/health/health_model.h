@@ -21,14 +21,14 @@ public:
         Accepted,
         Repeated,
         Failed,
+        Median,
+        MostOf100, ///< the time that 99 of 100 replies did not exceed
+        Longest,
         NoReply,
         CutShort,
         Damaged,
         Refused,
         Other,
-        Median,
-        MostOf100, ///< the time that 99 of 100 replies did not exceed
-        Longest,
         COLUMNS
     };
 

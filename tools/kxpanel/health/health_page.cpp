@@ -1,13 +1,12 @@
 #include "kxpanel/health/health_page.h"
 
 #include "kxpanel/actions/page_action.h"
-#include "kxpanel/exchanges/exchange_words.h"
 #include "kxpanel/health/health_model.h"
 #include "kxpanel/health/health_words.h"
 #include "kxpanel/health/histogram_view.h"
 #include "kxpanel/machine/machine.h"
 
-#include <QtCore/QDateTime>
+#include <QtCore/QTime>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QSplitter>
@@ -76,8 +75,8 @@ QWidget* HealthPage::makeTable()
     const QFontMetrics metrics = m_table->horizontalHeader()->fontMetrics();
     for (int column = 0; column < HealthModel::COLUMNS; ++column) {
         const int heading = metrics.horizontalAdvance(healthHeading(column).heading);
-        const int least = (column == HealthModel::State ? 14 : 9) * character;
-        m_table->setColumnWidth(column, qMax(heading + 3 * character, least));
+        const int least = (column == HealthModel::State ? 13 : 8) * character;
+        m_table->setColumnWidth(column, qMax(heading + 2 * character, least));
     }
     connect(m_model, &HealthModel::rowsInserted, this, &HealthPage::selectFirst);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -104,7 +103,8 @@ void HealthPage::reset()
 {
     m_model->clear();
     m_begin = m_now;
-    m_since->setText(tr("Counts since %1").arg(timeOfDay(QDateTime::currentMSecsSinceEpoch())));
+    m_since->setText(
+        tr("Counts since %1").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
     showTimes();
     showFaults();
 }

@@ -83,7 +83,7 @@ QSize HistogramView::minimumSizeHint() const
 QRectF HistogramView::plot() const
 {
     const int row = fontMetrics().height();
-    return QRectF(rect()).adjusted(row, 3.5 * row, -row, -1.5 * row);
+    return QRectF(rect()).adjusted(2 * row, 3.5 * row, -2 * row, -1.5 * row);
 }
 
 double HistogramView::xOf(qint64 time) const

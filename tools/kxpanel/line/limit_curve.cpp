@@ -46,7 +46,8 @@ QSize LimitCurve::minimumSizeHint() const
 QRectF LimitCurve::plot() const
 {
     const double row = fontMetrics().height();
-    return QRectF(rect()).adjusted(row, 1.5 * row, -row, -1.5 * row);
+    const int times = fontMetrics().horizontalAdvance(QStringLiteral("00000.0 ms "));
+    return QRectF(rect()).adjusted(times, 1.5 * row, -row, -1.5 * row);
 }
 
 double LimitCurve::xOf(int maxWords) const
@@ -116,7 +117,7 @@ void LimitCurve::paintBest(QPainter* painter) const
         const double y = yOf(m_measured);
         painter->setPen(QPen(verdictColour(ExchangeVerdict::Repeated, palette()), 1, Qt::DotLine));
         painter->drawLine(QPointF(plot().left(), y), QPointF(plot().right(), y));
-        painter->drawText(QRectF(plot().left(), y - row, plot().width(), row), Qt::AlignRight,
+        painter->drawText(QRectF(plot().left(), y - row, plot().width(), row), Qt::AlignHCenter,
                           tr("measured %1").arg(timeWords(m_measured)));
     }
 }
@@ -133,8 +134,11 @@ void LimitCurve::paintAxis(QPainter* painter) const
         painter->drawText(QRectF(x - 2 * row, area.bottom() + row / 4, 4 * row, row),
                           Qt::AlignHCenter, QString::number(words));
     }
-    painter->drawText(QRectF(area.left(), 0.25 * row, area.width(), row), Qt::AlignLeft,
-                      tr("ms per cycle, by the longest request in registers"));
+    for (const qint64 time : {m_shortest, m_longest})
+        painter->drawText(QRectF(0, yOf(time) - row, area.left() - row / 3, row), Qt::AlignRight,
+                          timeWords(time));
+    painter->drawText(QRectF(0, 0, width() - row / 3, row), Qt::AlignRight,
+                      tr("per cycle, by registers of the longest request"));
 }
 
 void LimitCurve::mousePressEvent(QMouseEvent* event)

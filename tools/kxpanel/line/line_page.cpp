@@ -72,6 +72,7 @@ QWidget* LinePage::makeCycle()
     auto* half = new QWidget(this);
     m_picture = new CyclePicture(&m_record, half);
     m_shares = new QLabel(half);
+    m_shares->setToolTip(tr("How the line was used in the time that is shown"));
     m_words = wordsLabel(half);
     auto* bar = new QToolBar(half);
     bar->setObjectName(QStringLiteral("cycleBar"));
@@ -79,11 +80,11 @@ QWidget* LinePage::makeCycle()
     row->addWidget(bar);
     row->addWidget(new LineLegend(LineLegend::Cycle, half));
     row->addStretch(1);
-    row->addWidget(m_shares);
     auto* box = new QVBoxLayout(half);
     box->setContentsMargins(0, 0, 0, 0);
     box->addLayout(row);
     box->addWidget(m_picture, 1);
+    box->addWidget(m_shares);
     box->addWidget(m_words);
     connect(m_picture, &CyclePicture::told, m_words, &QLabel::setText);
     connect(m_picture, &CyclePicture::shown, this, &LinePage::showShares);

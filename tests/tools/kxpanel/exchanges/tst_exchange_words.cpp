@@ -78,8 +78,8 @@ void ExchangeWordsTest::kinds()
     QCOMPARE(kindWords(CYCLIC_READ_JOB), QString("poll"));
     QCOMPARE(kindWords(CONDITION_READ_JOB), QString("read"));
     QCOMPARE(kindWords(WRITE_JOB), QString("write"));
-    QCOMPARE(kindWords(RECIPE_WRITE_JOB), QString("recipe to the controller"));
-    QCOMPARE(kindWords(RECIPE_READ_JOB), QString("recipe from the controller"));
+    QCOMPARE(kindWords(RECIPE_WRITE_JOB), QString("recipe write"));
+    QCOMPARE(kindWords(RECIPE_READ_JOB), QString("recipe read"));
     QCOMPARE(kindWords(NO_JOB), QString());
 }
 

@@ -27,8 +27,8 @@ void HealthWordsTest::headings()
         QVERIFY(!healthHeading(column).tip.isEmpty());
     }
     QCOMPARE(headings.join(QChar('|')),
-             QString("Station|State|Requests|Accepted|Repeated|Failed|No reply|Cut short|Damaged|"
-                     "Refused|Other|Median|99 %|Longest"));
+             QString("Station|State|Requests|Accepted|Repeated|Failed|Median|99 %|Longest|No reply|"
+                     "Cut short|Damaged|Refused|Other"));
 }
 
 void HealthWordsTest::states()

@@ -67,7 +67,7 @@ void HistogramViewTest::theMouseSelectsABar()
     view.setTimes(times(), QString("Station 1"));
     // The axis has two decades, 1 to 100 ms; 5 ms lies 35 % along it: log10(5) / 2.
     const int row = view.fontMetrics().height();
-    const int x = static_cast<int>(row + (600 - 2 * row) * 0.345);
+    const int x = static_cast<int>(2 * row + (600 - 4 * row) * 0.345);
     moveMouse(&view, QPoint(x, 120));
     QCOMPARE(view.selected(), ReplyTimes::classOf(5000));
     moveMouse(&view, QPoint(x + 40, 120));
@@ -84,7 +84,7 @@ void HistogramViewTest::drawsWhatThereIs()
     const QRgb bar = view.palette().color(QPalette::Highlight).rgb();
     // The bar of three in four is as high as the plot: it ends right above the axis.
     const int row = view.fontMetrics().height();
-    const int x = static_cast<int>(row + (600 - 2 * row) * 0.342);
+    const int x = static_cast<int>(2 * row + (600 - 4 * row) * 0.342);
     QCOMPARE(drawn.pixel(x, 200 - 2 * row), bar);
     QCOMPARE(drawn.pixel(x, 4 * row), bar);
     QVERIFY(empty.pixel(x, 4 * row) != bar);
