@@ -13,8 +13,6 @@ namespace kxpanel
 namespace
 {
 
-const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
-
 QString outcomeWords(const Exchange& exchange)
 {
     return verdictSymbol(verdictOf(exchange)) + QLatin1Char(' ') + exchange.outcome;

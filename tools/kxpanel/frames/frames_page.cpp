@@ -7,6 +7,7 @@
 #include "kxpanel/frames/frames_model.h"
 #include "kxpanel/frames/saved_frames.h"
 #include "kxpanel/machine/machine.h"
+#include "kxpanel/tables/column_widths.h"
 
 #include <QtGui/QFontDatabase>
 #include <QtWidgets/QComboBox>
@@ -147,10 +148,10 @@ QTableView* FramesPage::makeTable()
     rows->hide();
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->setDefaultSectionSize(m_table->fontMetrics().height() * 5 / 4);
-    const int character = m_table->fontMetrics().averageCharWidth();
-    const int widths[FramesModel::COLUMNS] = {13, 8, 7, 18, 27, 20, 11, 9};
-    for (int column = 0; column < FramesModel::COLUMNS; ++column)
-        m_table->setColumnWidth(column, widths[column] * character);
+    fitColumns(m_table, {timeOfDay(0), QStringLiteral("247"), kindWords(RECIPE_WRITE_JOB),
+                         QStringLiteral("write D1000:10"), QStringLiteral("1234 1234 1234 1234"),
+                         QStringLiteral("+ no reply, repeated"), QStringLiteral("123.4 ms"),
+                         QStringLiteral("1234 ms")});
     connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, this, &Page::layoutChanged);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &FramesPage::showDetails);

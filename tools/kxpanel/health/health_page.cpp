@@ -5,6 +5,7 @@
 #include "kxpanel/health/health_words.h"
 #include "kxpanel/health/histogram_view.h"
 #include "kxpanel/machine/machine.h"
+#include "kxpanel/tables/column_widths.h"
 
 #include <QtCore/QTime>
 #include <QtWidgets/QHeaderView>
@@ -71,13 +72,11 @@ QWidget* HealthPage::makeTable()
     m_table->setTabKeyNavigation(false);
     m_table->verticalHeader()->hide();
     m_table->setAccessibleName(tr("Stations"));
-    const int character = m_table->fontMetrics().averageCharWidth();
-    const QFontMetrics metrics = m_table->horizontalHeader()->fontMetrics();
-    for (int column = 0; column < HealthModel::COLUMNS; ++column) {
-        const int heading = metrics.horizontalAdvance(healthHeading(column).heading);
-        const int least = (column == HealthModel::State ? 13 : 8) * character;
-        m_table->setColumnWidth(column, qMax(heading + 2 * character, least));
-    }
+    QStringList samples;
+    for (int column = 0; column < HealthModel::COLUMNS; ++column)
+        samples << QStringLiteral("123.4 ms");
+    samples[HealthModel::State] = stateWords(StationHealth());
+    fitColumns(m_table, samples);
     connect(m_model, &HealthModel::rowsInserted, this, &HealthPage::selectFirst);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &HealthPage::showTimes);
