@@ -104,7 +104,8 @@ void WatchDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIn
         option->text = stateSymbol(state) + QLatin1Char(' ') + option->text;
     // Half a number is another number.
     const int room = option->rect.width() - 2 * option->fontMetrics.averageCharWidth();
-    if (option->fontMetrics.horizontalAdvance(option->text) > room)
+    const bool isText = index.data(WatchModel::TextRole).toBool();
+    if (!isText && option->fontMetrics.horizontalAdvance(option->text) > room)
         option->text = QChar(0x2026);
 }
 

@@ -123,6 +123,8 @@ QVariant WatchModel::data(const QModelIndex& index, int role) const
         return static_cast<int>(stateAt(index.row()));
     case SwitchRole:
         return isSwitch(value->tag);
+    case TextRole:
+        return value->tag.format.kind == kx::ValueKind::Ascii;
     case NumberRole:
         return value->number;
     default:

@@ -40,6 +40,7 @@ public:
     enum Role {
         StateRole = Qt::UserRole, ///< a CellState
         SwitchRole,               ///< whether the value is shown as a switch
+        TextRole,                 ///< whether the value is a text, of which a part is no other one
         NumberRole                ///< WatchedValue::number
     };
 

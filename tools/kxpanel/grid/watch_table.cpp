@@ -24,16 +24,16 @@ struct ColumnShape {
 };
 
 // In the order of WatchModel::Column.
-const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 17},
-                                                                  {"station", 7},
-                                                                  {"address", 9},
-                                                                  {"value", 14},
+const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 18},
+                                                                  {"station", 8},
+                                                                  {"address", 11},
+                                                                  {"value", 17},
                                                                   {"unit", 7},
-                                                                  {"state", 14},
+                                                                  {"state", 15},
                                                                   {"age", 7},
                                                                   {"format", 14},
                                                                   {"raw", 13},
-                                                                  {"modbus", 17},
+                                                                  {"modbus", 20},
                                                                   {"comment", 20}}};
 
 QString keyOf(int column)

@@ -13,7 +13,6 @@ namespace
 
 const QLatin1String NAME("name");
 const QLatin1String STATION("station");
-const QLatin1String ADDRESS("address");
 
 QString mustBeText()
 {
