@@ -1,6 +1,7 @@
 #include "kxhost/terminal/exit_codes.h"
 #include "kxpanel/machine/machine_thread.h"
 #include "kxpanel/shell/main_window.h"
+#include "kxpanel/trend/trend_page.h"
 #include "system/printable_text.h"
 #include "system/standard_streams.h"
 
@@ -52,8 +53,10 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
     QApplication::setOrganizationName(QStringLiteral("kxpanel"));
     QApplication::setApplicationName(QStringLiteral("kxpanel"));
     QSettings settings;
+    std::vector<PageMaker> pages = pageMakers();
+    pages.insert(pages.begin() + 1, makerOf<TrendPage>()); // beside the values
     const MachineThread machine;
-    MainWindow window(machine.machine(), &settings, pageMakers());
+    MainWindow window(machine.machine(), &settings, pages);
     window.show();
     window.begin(options);
     return QApplication::exec();

@@ -2,13 +2,16 @@
 
 #include "kxpanel/frames/frames_page.h"
 #include "kxpanel/grid/watch_page.h"
+#include "kxpanel/health/health_page.h"
+#include "kxpanel/line/line_page.h"
 
 namespace kxpanel
 {
 
 std::vector<PageMaker> pageMakers()
 {
-    return {makerOf<WatchPage>(), makerOf<FramesPage>()};
+    return {makerOf<WatchPage>(), makerOf<LinePage>(), makerOf<FramesPage>(),
+            makerOf<HealthPage>()};
 }
 
 } // namespace kxpanel

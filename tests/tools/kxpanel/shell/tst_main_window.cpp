@@ -228,14 +228,14 @@ void MainWindowTest::closingWithChangesAsks()
 
 void MainWindowTest::placeAndThemeAreKept()
 {
-    m_window->resize(m_window->width(), 555);
+    m_window->resize(m_window->width(), 700);
     m_window->showPage(m_window->pages().at(1));
     action("Dark")->trigger();
     QCOMPARE(QApplication::palette().color(QPalette::Window),
              darkPalette().color(QPalette::Window));
     m_window->close();
     makeWindow();
-    QCOMPARE(m_window->height(), 555);
+    QCOMPARE(m_window->height(), 700);
     QCOMPARE(m_window->currentPage(), m_window->pages().at(1));
     QVERIFY(action("Dark")->isChecked());
     action("System's")->trigger();
