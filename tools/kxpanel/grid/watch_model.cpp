@@ -1,5 +1,6 @@
 #include "kxpanel/grid/watch_model.h"
 
+#include "kxpanel/grid/watch_columns.h"
 #include "kxpanel/tags/tag_list.h"
 #include "kxpanel/tags/tag_text.h"
 #include "panel/values/format_text.h"
@@ -14,44 +15,6 @@ namespace kxpanel
 
 namespace
 {
-
-struct ColumnText {
-    const char* heading;
-    const char* toolTip;
-    bool isNumber;
-};
-
-// In the order of WatchModel::Column.
-const ColumnText COLUMNS[] = {
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Name"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "What people call the value (F2 edits)"), false},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Station"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Station on the line, 1 to 247"), true},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Address"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "As typed on the panel; X and Y are octal"), false},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Value"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel",
-                       "As read last. Type and press Enter to write; Space switches a bit"),
-     true},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Unit"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Unit of the value"), false},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "State"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "What became of the last read, or of a write"),
-     false},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Age"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Time since the last good read"), true},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Format"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "What the registers mean, such as s16*0.1 or float"),
-     false},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Raw"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "The registers in hexadecimal"), false},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Modbus"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel",
-                       "Number of the coil or holding register on the wire, from 0"),
-     false},
-    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Comment"),
-     QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Notes (F2 edits)"), false},
-};
 
 bool isEditable(int column)
 {
@@ -115,7 +78,8 @@ QVariant WatchModel::data(const QModelIndex& index, int role) const
         return toolTipOf(*value, index.column());
     case Qt::TextAlignmentRole:
         return static_cast<int>(
-            Qt::AlignVCenter | (COLUMNS[index.column()].isNumber ? Qt::AlignRight : Qt::AlignLeft));
+            Qt::AlignVCenter
+            | (columnText(index.column()).isNumber ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1: %2").arg(headerData(index.column(), Qt::Horizontal).toString(),
                                             textOf(*value, index.column()));
@@ -193,7 +157,7 @@ QVariant WatchModel::headerData(int section, Qt::Orientation orientation, int ro
         return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
     if (section < 0 || section >= ColumnCount)
         return QVariant();
-    const ColumnText& column = COLUMNS[section];
+    const ColumnText& column = columnText(section);
     if (role == Qt::DisplayRole)
         return tr(column.heading);
     if (role == Qt::ToolTipRole)

@@ -10,6 +10,7 @@
 #include "kxpanel/tags/tag_list.h"
 
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
@@ -109,8 +110,7 @@ void WatchPage::connectAll()
     connect(m_addLine, &AddLine::added, this,
             [this](const kx::Tag& tag) { addTags({tag}, m_model->rowCount()); });
     connect(m_addLine, &AddLine::explained, this, &WatchPage::explain);
-    for (auto signal : {&FilterLine::changed})
-        connect(m_filterLine, signal, this, &Page::layoutChanged);
+    connect(m_filterLine, &FilterLine::changed, this, &Page::layoutChanged);
     connect(m_addLine, &AddLine::stationChanged, this, &Page::layoutChanged);
     connect(m_table, &WatchTable::layoutChanged, this, &Page::layoutChanged);
     connect(m_writeBar, &WriteBar::closed, m_table, qOverload<>(&QWidget::setFocus));
@@ -175,6 +175,30 @@ void WatchPage::showFaults(const QStringList& faults)
 {
     m_faults->setPlainText(faults.join(QLatin1Char('\n')));
     m_faults->setVisible(!faults.isEmpty());
+}
+
+void WatchPage::sortAgain()
+{
+    m_filter->sort(m_filter->sortColumn(), m_filter->sortOrder());
+}
+
+void WatchPage::listOrder()
+{
+    m_table->sortByColumn(-1, Qt::AscendingOrder);
+}
+
+void WatchPage::findText()
+{
+    m_filterLine->edit()->setFocus();
+    m_filterLine->edit()->selectAll();
+}
+
+void WatchPage::showAll()
+{
+    m_filterLine->clear();
+    showFaults({});
+    say(QString(), false);
+    m_table->setFocus();
 }
 
 void WatchPage::setStation(int station)

@@ -7,7 +7,6 @@
 #include "kxpanel/grid/watch_model.h"
 #include "kxpanel/grid/watch_page.h"
 #include "kxpanel/grid/watch_table.h"
-#include "kxpanel/grid/write_bar.h"
 #include "kxpanel/tags/tag_commands.h"
 #include "kxpanel/tags/tag_list.h"
 #include "kxpanel/tags/tag_text.h"
@@ -238,86 +237,6 @@ void WatchPage::moveSelected(int step)
         step < 0 ? m_model->rowOf(numbers.first()) - 1 : m_model->rowOf(numbers.last()) + 2;
     if (row >= 0 && row <= m_model->rowCount())
         m_undo.push(new MoveTags(m_context.tags, numbers, row));
-}
-
-void WatchPage::editCurrent()
-{
-    const QModelIndex index = m_table->currentIndex();
-    if (!index.isValid())
-        return;
-    if (index.flags() & Qt::ItemIsEditable)
-        m_table->edit(index);
-    else
-        say(tr("%1 cannot be edited")
-                .arg(m_model->headerData(index.column(), Qt::Horizontal).toString()),
-            true);
-}
-
-void WatchPage::writeSelected()
-{
-    QList<WatchedValue> values;
-    for (const int number : m_table->selectedNumbers())
-        values << *m_context.tags->find(number);
-    if (values.size() > 1) {
-        m_writeBar->ask(values);
-        return;
-    }
-    const QModelIndex current = m_table->currentIndex();
-    if (!current.isValid())
-        return;
-    m_table->setCurrentIndex(current.siblingAtColumn(WatchModel::Value));
-    editCurrent();
-}
-
-void WatchPage::switchSelected()
-{
-    if (m_table->selectedNumbers().size() > 1)
-        writeSelected();
-    else if (m_table->currentIndex().isValid())
-        switchBit(m_table->currentIndex());
-}
-
-/// What is not known now is not switched: nobody could tell what would be written.
-void WatchPage::switchBit(const QModelIndex& index)
-{
-    const int row = m_filter->mapToSource(index).row();
-    const WatchedValue* const value = m_model->valueAt(row);
-    if (!value || !isSwitch(value->tag))
-        return;
-    const QString reason = ValueWriter::readOnlyReason(value->tag);
-    if (!reason.isEmpty())
-        return say(reason, true);
-    if (!isKnownNow(m_context.tags->reading(value->number), m_writer.writeOf(value->number)))
-        return say(tr("The value of %1 is not known now; type 0 or 1 to write it")
-                       .arg(TagList::shownName(*value)),
-                   true);
-    const QModelIndex cell = m_model->index(row, WatchModel::Value);
-    const bool isOn = cell.data().toString() == QLatin1String("1");
-    m_model->setData(cell, isOn ? QStringLiteral("0") : QStringLiteral("1"));
-}
-
-void WatchPage::sortAgain()
-{
-    m_filter->sort(m_filter->sortColumn(), m_filter->sortOrder());
-}
-
-void WatchPage::listOrder()
-{
-    m_table->sortByColumn(-1, Qt::AscendingOrder);
-}
-
-void WatchPage::findText()
-{
-    m_filterLine->edit()->setFocus();
-    m_filterLine->edit()->selectAll();
-}
-
-void WatchPage::showAll()
-{
-    m_filterLine->clear();
-    showFaults({});
-    say(QString(), false);
-    m_table->setFocus();
 }
 
 } // namespace kxpanel
