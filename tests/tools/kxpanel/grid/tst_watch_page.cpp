@@ -1,4 +1,4 @@
-// Mouse and keyboard on the page, without a line: writes end at once, in vain.
+// Mouse and keyboard on the page. Most have no line: writes end at once, in vain.
 
 #include "kxpanel/grid/watch_page.h"
 
@@ -10,6 +10,7 @@
 #include "kxpanel/grid/watch_table.h"
 #include "kxpanel/grid/write_bar.h"
 #include "kxpanel/tags/tag_list.h"
+#include "tools/kxpanel/machine_fixture.h"
 #include "tools/kxpanel/tag_samples.h"
 
 #include <QtTest/QSignalSpy>
@@ -56,6 +57,7 @@ private slots:
     void layoutIsKept();
     void aPageThatIsNotSeenPaintsNothing();
     void onlyRowsThatAreSeenArePainted();
+    void aControllerConfirmsAWrite();
 
 private:
     QModelIndex cell(int row, int column) const { return m_table->model()->index(row, column); }
@@ -430,6 +432,22 @@ void WatchPageTest::onlyRowsThatAreSeenArePainted()
         rows += one.at(1).toModelIndex().row() - one.at(0).toModelIndex().row() + 1;
     QVERIFY2(rows <= m_table->viewport()->height() / m_table->rowHeight(0) + 2,
              qPrintable(QString::number(rows)));
+}
+
+void WatchPageTest::aControllerConfirmsAWrite()
+{
+    m_tags->setValues({{9, tagOf("D7000/s16*0.1", "Limit")}});
+    connect(m_machine.get(), &Machine::valuesRead, m_tags.get(), &TagList::takeReadings);
+    m_machine->setValues(m_tags->values());
+    m_machine->openLine(simulated());
+    QTRY_COMPARE(cell(0, WatchModel::Value).data().toString(), QStringLiteral("0.0"));
+    go(0);
+    QTest::keyClick(m_table, Qt::Key_F2);
+    QTest::keyClicks(editor(), QStringLiteral("12.5"));
+    QTest::keyClick(editor(), Qt::Key_Return);
+    QTRY_COMPARE(state(0), QStringLiteral("written"));
+    QCOMPARE(message(), QStringLiteral("Limit = 12.5 written"));
+    QTRY_COMPARE(m_tags->reading(9).raw, QList<qint64>{125});
 }
 
 QTEST_MAIN(WatchPageTest)
