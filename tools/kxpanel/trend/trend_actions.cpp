@@ -59,6 +59,10 @@ public:
         actions->zoomOut->setIconText(QString(QChar(0x2212)));
         actions->earlier->setIconText(QString(QChar(0x25C0)));
         actions->later->setIconText(QString(QChar(0x25B6)));
+        actions->fitValues->setIconText(tr("Fit"));
+        actions->open->setIconText(tr("Open…"));
+        actions->exportPicture->setIconText(tr("Picture…"));
+        actions->exportValues->setIconText(tr("Values…"));
     }
 
     void makeCursors(TrendActions* actions) const

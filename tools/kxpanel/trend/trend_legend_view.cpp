@@ -19,11 +19,12 @@ TrendLegendView::TrendLegendView(TrendLegend* legend, QWidget* parent)
     const int character = fontMetrics().averageCharWidth();
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 5 / 4);
-    horizontalHeader()->setStretchLastSection(true);
     for (int column = 0; column < TrendLegend::ColumnCount; ++column)
-        setColumnWidth(column, character * 13);
-    setColumnWidth(TrendLegend::Name, character * 26);
+        setColumnWidth(column, character * 12);
     setColumnWidth(TrendLegend::Unit, character * 9);
+    setColumnWidth(TrendLegend::Axis, character * 9);
+    horizontalHeader()->setMinimumSectionSize(character * 8);
+    horizontalHeader()->setSectionResizeMode(TrendLegend::Name, QHeaderView::Stretch);
 }
 
 QList<int> TrendLegendView::selected() const

@@ -5,10 +5,11 @@
 #include "kxpanel/trend/plot/trend_mouse.h"
 #include "kxpanel/trend/plot/trend_plot.h"
 #include "kxpanel/trend/trend_legend_view.h"
+#include "kxpanel/trend/trend_span_box.h"
+#include "kxpanel/trend/trend_value_field.h"
 
 #include <QtCore/QDateTime>
 #include <QtWidgets/QAction>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QToolBar>
@@ -27,37 +28,27 @@ qint64 timeOfDay()
     return QDateTime::currentMSecsSinceEpoch();
 }
 
-const struct {
-    qint64 milliseconds;
-    const char* text;
-} SPANS[] = {
-    {10000, QT_TRANSLATE_NOOP("kxpanel::TrendPage", "10 s")},
-    {60000, QT_TRANSLATE_NOOP("kxpanel::TrendPage", "1 min")},
-    {300000, QT_TRANSLATE_NOOP("kxpanel::TrendPage", "5 min")},
-    {900000, QT_TRANSLATE_NOOP("kxpanel::TrendPage", "15 min")},
-    {3600000, QT_TRANSLATE_NOOP("kxpanel::TrendPage", "1 h")},
-    {4 * 3600000, QT_TRANSLATE_NOOP("kxpanel::TrendPage", "4 h")},
-    {24 * 3600000, QT_TRANSLATE_NOOP("kxpanel::TrendPage", "24 h")},
-};
-
 } // namespace
 
 TrendPage::TrendPage(const PageContext& context, QWidget* parent)
     : Page(parent),
       m_channels(context.tags),
-      m_legend(&m_channels, &m_view),
+      m_legend(&m_channels, &m_view, this),
       m_plot(new TrendPlot(&m_channels, &m_view)),
       m_mouse(new TrendMouse(m_plot, &m_view)),
       m_actions(makeTrendActions(this, m_plot)),
-      m_spans(new QComboBox),
+      m_spans(new TrendSpanBox(&m_view)),
       m_table(new TrendLegendView(&m_legend)),
-      m_state(new QLabel)
+      m_field(new TrendValueField(context.tags)),
+      m_state(new QLabel),
+      m_files({&m_channels, &m_view, &m_legend, m_plot}, this)
 {
     setWindowTitle(tr("Trend"));
     m_view.setNow(timeOfDay());
     build();
     connectActions();
-    connectModels(context.machine);
+    connectModels();
+    connectMachine(context.machine);
     m_timer.setInterval(FRAME);
     connect(&m_timer, &QTimer::timeout, this, &TrendPage::tick);
     showState();
@@ -83,7 +74,10 @@ void TrendPage::build()
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(makeBar());
     rows->addWidget(parts, 1);
-    rows->addWidget(m_state);
+    QHBoxLayout* foot = new QHBoxLayout;
+    foot->addWidget(m_state, 1);
+    foot->addWidget(m_field);
+    rows->addLayout(foot);
     const int text = fontMetrics().height();
     parts->setSizes({text * 20, text * 7});
 }
@@ -92,7 +86,6 @@ QToolBar* TrendPage::makeBar()
 {
     QToolBar* bar = new QToolBar(tr("Trend"));
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    fillSpans();
     bar->addAction(m_actions.live);
     bar->addAction(m_actions.toNow);
     bar->addWidget(m_spans);
@@ -104,19 +97,9 @@ QToolBar* TrendPage::makeBar()
     for (QAction* action : {m_actions.firstCursor, m_actions.secondCursor, m_actions.clearCursors})
         bar->addAction(action);
     bar->addSeparator();
-    bar->addAction(m_actions.remove);
+    for (QAction* action : {m_actions.open, m_actions.exportPicture, m_actions.exportValues})
+        bar->addAction(action);
     return bar;
-}
-
-void TrendPage::fillSpans()
-{
-    for (const auto& span : SPANS)
-        m_spans->addItem(tr(span.text), span.milliseconds);
-    m_spans->setToolTip(tr("Time that the window shows"));
-    m_spans->setAccessibleName(m_spans->toolTip());
-    connect(m_spans, qOverload<int>(&QComboBox::activated), this,
-            [this](int row) { m_view.setSpan(m_spans->itemData(row).toLongLong()); });
-    showSpan();
 }
 
 void TrendPage::connectActions()
@@ -142,17 +125,20 @@ void TrendPage::connectActions()
     on(m_actions.cursorLeft, [this] { moveCursor(-1); });
     on(m_actions.cursorRight, [this] { moveCursor(1); });
     on(m_actions.clearCursors, [this] { m_view.clearCursors(); });
+    on(m_actions.open, [this] { m_files.askToOpen(); });
+    on(m_actions.exportPicture, [this] { m_files.askToSavePicture(); });
+    on(m_actions.exportValues, [this] { m_files.askToSaveValues(); });
     on(m_actions.remove, [this] { m_channels.remove(m_table->selected()); });
 }
 
-void TrendPage::connectModels(Machine* machine)
+void TrendPage::connectModels()
 {
     const auto makeStale = [this] { m_isStale = true; };
     connect(&m_view, &TrendView::changed, this, makeStale);
     connect(&m_view, &TrendView::cursorsChanged, this, makeStale);
     connect(&m_channels, &TrendChannels::samplesAdded, this, makeStale);
     connect(m_plot, &TrendPlot::resized, this, makeStale);
-    connect(&m_view, &TrendView::changed, this, &TrendPage::showSpan);
+    connect(m_spans, &TrendSpanBox::spanChanged, this, &TrendPage::layoutChanged);
     connect(&m_view, &TrendView::cursorsChanged, this, &TrendPage::showState);
     connect(&m_view, &TrendView::liveChanged, m_actions.live, &QAction::setChecked);
     connect(&m_channels, &TrendChannels::channelsChanged, this, [this] {
@@ -161,6 +147,13 @@ void TrendPage::connectModels(Machine* machine)
     });
     connect(m_table, &TrendLegendView::axisChosen, &m_channels, &TrendChannels::setAxis);
     connect(m_plot, &TrendPlot::valuesDropped, this, &TrendPage::addValues);
+    connect(m_field, &TrendValueField::valuesNamed, this, &TrendPage::addValues);
+    connect(m_field, &TrendValueField::refused, this, &TrendPage::said);
+    connect(&m_files, &TrendFiles::said, this, &TrendPage::said);
+}
+
+void TrendPage::connectMachine(Machine* machine)
+{
     connect(machine, &Machine::valuesRead, this, [this](const QVector<Reading>& readings) {
         m_channels.takeReadings(readings, timeOfDay());
     });
@@ -219,14 +212,6 @@ void TrendPage::moveCursor(int pixels)
 void TrendPage::showState()
 {
     m_state->setText(cursorText(m_view));
-}
-
-/// None of those that can be chosen: the list shows which it is.
-void TrendPage::showSpan()
-{
-    const int row = m_spans->findData(m_view.span());
-    m_spans->setCurrentIndex(row);
-    m_spans->setPlaceholderText(spanText(m_view.span()));
 }
 
 QJsonObject TrendPage::layout() const

@@ -5,11 +5,11 @@
 #include "kxpanel/trend/model/trend_legend.h"
 #include "kxpanel/trend/model/trend_view.h"
 #include "kxpanel/trend/trend_actions.h"
+#include "kxpanel/trend/trend_files.h"
 #include "kxpanel/window/page.h"
 
 #include <QtCore/QTimer>
 
-class QComboBox;
 class QLabel;
 class QToolBar;
 
@@ -19,6 +19,8 @@ namespace kxpanel
 class TrendLegendView;
 class TrendMouse;
 class TrendPlot;
+class TrendSpanBox;
+class TrendValueField;
 
 /// Values over time: what is dragged onto it from the grid is plotted from then on, whether the
 /// page is shown or not. It draws 20 times a second at most, and only while it is seen.
@@ -35,6 +37,8 @@ public:
 
     /// Plots values of the watch list.
     void addValues(const QList<int>& numbers);
+    /// What can be opened and saved without asking for a name.
+    TrendFiles* files() { return &m_files; }
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -44,14 +48,13 @@ private:
     void build();
     QToolBar* makeBar();
     void connectActions();
-    void connectModels(Machine* machine);
-    void fillSpans();
+    void connectModels();
+    void connectMachine(Machine* machine);
     void tick();
     void draw();
     void setCursor(int cursor);
     void moveCursor(int pixels);
     void showState();
-    void showSpan();
 
     TrendView m_view;
     TrendChannels m_channels;
@@ -59,9 +62,11 @@ private:
     TrendPlot* m_plot;
     TrendMouse* m_mouse;
     TrendActions m_actions;
-    QComboBox* m_spans;
+    TrendSpanBox* m_spans;
     TrendLegendView* m_table;
+    TrendValueField* m_field;
     QLabel* m_state;
+    TrendFiles m_files;
     QTimer m_timer;
     bool m_isStale = true; ///< what is drawn is not what there is
 };

@@ -16,6 +16,8 @@ struct ValueFormat;
 namespace kxpanel
 {
 
+struct WatchedValue;
+
 /// Where a value is drawn.
 enum class TrendAxis {
     Automatic, ///< bits in lanes; of others the first unit left, the second right, more in lanes
@@ -47,6 +49,9 @@ struct TrendChannel {
 
 /// Whether values are 0 or 1.
 bool isDigital(const kx::AddressRange& range, const kx::ValueFormat& format);
+
+/// What the watch list says of a value: name, address and unit.
+void describe(const WatchedValue& value, TrendChannel* channel);
 
 /// Gives each channel its axis.
 void assignAxes(QList<TrendChannel>* channels);

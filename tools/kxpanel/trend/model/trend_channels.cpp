@@ -3,7 +3,6 @@
 #include "kxpanel/trend/model/trend_colours.h"
 #include "kxpanel/trend/model/trend_layout.h"
 #include "kxpanel/trend/model/trend_reading.h"
-#include "panel/values/value_address.h"
 
 #include <QtCore/QSet>
 
@@ -48,30 +47,15 @@ bool TrendChannels::addOne(int number)
     if (m_channels.size() >= MOST)
         return false;
     TrendChannel channel;
-    channel.number = number;
     channel.look = freeLook();
     channel.store = std::make_shared<TrendStore>();
-    describe(&channel);
+    describe(*m_tags->find(number), &channel);
     const Reading& known = m_tags->reading(number);
     if (known.state == kx::WatchState::Ok && known.readAt > 0)
         takeReading(known, m_tags->find(number)->tag.format, known.readAt, &channel);
     m_indexes.insert(number, static_cast<int>(m_channels.size()));
     m_channels << channel;
     return true;
-}
-
-/// Of its tag, which is there.
-void TrendChannels::describe(TrendChannel* channel) const
-{
-    const WatchedValue& value = *m_tags->find(channel->number);
-    kx::AddressRange range = value.tag.range;
-    channel->station = range.station;
-    range.station = -1;
-    channel->name = TagList::shownName(value);
-    channel->tagName = value.tag.name;
-    channel->unit = value.tag.format.unit;
-    channel->address = kx::valueAddressText(range, value.tag.format);
-    channel->isDigital = isDigital(range, value.tag.format);
 }
 
 /// The first look that none has, else one that few have.
@@ -182,7 +166,7 @@ void TrendChannels::followTags()
             continue;
         if (channel.number > 0) {
             const TrendChannel before = channel;
-            describe(&channel);
+            describe(*m_tags->find(channel.number), &channel);
             if (channel.address != before.address || channel.station != before.station)
                 channel.store->clear();
         }
@@ -239,8 +223,7 @@ int TrendChannels::numberMeantBy(const QJsonObject& json) const
 {
     for (const WatchedValue& value : m_tags->values()) {
         TrendChannel channel;
-        channel.number = value.number;
-        describe(&channel);
+        describe(value, &channel);
         if (isMeant(json, channel) && indexOf(value.number) < 0)
             return value.number;
     }

@@ -63,7 +63,6 @@ private:
     void takeWanted();
     bool addOne(int number);
     int numberMeantBy(const QJsonObject& json) const;
-    void describe(TrendChannel* channel) const;
     int indexOf(int number) const { return m_indexes.value(number, -1); }
     int freeLook() const;
     void finishChange();

@@ -56,14 +56,20 @@ private:
     void add(double x, double y)
     {
         if (!m_polygon.isEmpty() && m_polygon.last().x() < x && m_polygon.last().y() != y)
-            m_polygon << QPointF(x, m_polygon.last().y());
+            append(QPointF(x, m_polygon.last().y()));
+        append(QPointF(x, y));
+    }
+
+    /// Of points in a row along one value, two are enough.
+    void append(const QPointF& point)
+    {
         const int size = static_cast<int>(m_polygon.size());
-        const bool goesOn =
-            size > 1 && m_polygon.at(size - 1).y() == y && m_polygon.at(size - 2).y() == y;
+        const bool goesOn = size > 1 && m_polygon.at(size - 1).y() == point.y()
+                            && m_polygon.at(size - 2).y() == point.y();
         if (goesOn)
-            m_polygon.last().setX(x);
-        else if (size == 0 || m_polygon.last() != QPointF(x, y))
-            m_polygon << QPointF(x, y);
+            m_polygon.last() = point;
+        else if (size == 0 || m_polygon.last() != point)
+            m_polygon << point;
     }
 
     QVector<QPolygonF> m_polygons;

@@ -41,10 +41,12 @@ QString spanText(qint64 milliseconds)
         return tr("%1 ms").arg(milliseconds);
     if (milliseconds < MINUTE)
         return tr("%1 s").arg(seconds(milliseconds));
-    if (milliseconds < HOUR)
-        return tr("%1 min %2 s")
-            .arg(QString::number(milliseconds / MINUTE), seconds(milliseconds % MINUTE));
-    return tr("%1 h %2 min").arg(milliseconds / HOUR).arg(milliseconds % HOUR / MINUTE);
+    const qint64 unit = milliseconds < HOUR ? MINUTE : HOUR;
+    const QString whole = unit == MINUTE ? tr("%1 min") : tr("%1 h");
+    const QString text = whole.arg(milliseconds / unit);
+    const qint64 rest =
+        unit == MINUTE ? milliseconds % MINUTE : milliseconds % HOUR / MINUTE * MINUTE;
+    return rest == 0 ? text : text + QLatin1Char(' ') + spanText(rest);
 }
 
 QString cursorText(const TrendView& view)

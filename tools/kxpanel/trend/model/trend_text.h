@@ -8,7 +8,8 @@
 namespace kxpanel
 {
 
-/// "800 ms", "2.655 s", "3 min 20.5 s", "26 h 0 min"; of what goes back with a minus.
+/// "800 ms", "2.655 s", "3 min 20.5 s", "1 h", "26 h 5 min"; of what goes back with a
+/// minus.
 QString spanText(qint64 milliseconds);
 
 /// Where the cursors are, in local time, and how far apart; what to do while there is none.

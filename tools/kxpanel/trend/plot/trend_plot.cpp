@@ -11,6 +11,7 @@
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_layout.h>
 #include <qwt_scale_engine.h>
+#include <qwt_scale_widget.h>
 
 #include <algorithm>
 
@@ -19,6 +20,8 @@ namespace kxpanel
 
 namespace
 {
+
+const double AIR = 0.02; // of all values, above and below the curves
 
 const TrendSide SIDES[] = {TrendSide::Left, TrendSide::Right};
 
@@ -69,7 +72,8 @@ TrendPlot::TrendPlot(const TrendChannels* channels, TrendView* view, QWidget* pa
       m_channels(channels),
       m_view(view),
       m_grid(new QwtPlotGrid),
-      m_lanes(new TrendLanes(channels, view))
+      m_lanes(new TrendLanes(channels, view)),
+      m_hint(new QwtPlotTextLabel)
 {
     setAcceptDrops(true);
     setAutoReplot(false);
@@ -81,6 +85,7 @@ TrendPlot::TrendPlot(const TrendChannels* channels, TrendView* view, QWidget* pa
     for (const TrendSide side : SIDES)
         (new TrendCurves(side, m_channels, m_view))->attach(this);
     m_lanes->attach(this);
+    m_hint->attach(this);
     for (int cursor = 0; cursor < 2; ++cursor) {
         m_cursors[cursor] = new QwtPlotMarker(QString::number(cursor + 1));
         m_cursors[cursor]->setLineStyle(QwtPlotMarker::VLine);
@@ -104,6 +109,10 @@ void TrendPlot::takePalette()
     QColor lines = palette().color(QPalette::Text);
     lines.setAlpha(40);
     m_grid->setPen(lines, 0);
+    QwtText hint(tr("Drag values from the list onto this plot, or name them below."));
+    hint.setColor(palette().color(QPalette::Disabled, QPalette::Text));
+    hint.setFont(font());
+    m_hint->setText(hint);
     for (QwtPlotMarker* cursor : m_cursors) {
         cursor->setLinePen(palette().color(QPalette::Highlight), 0, Qt::DashLine);
         QwtText label(cursor->title());
@@ -123,12 +132,15 @@ void TrendPlot::refresh()
     for (const TrendSide side : SIDES)
         placeValues(side, share);
     placeCursors();
+    m_hint->setVisible(m_channels->list().isEmpty());
     replot();
 }
 
 void TrendPlot::placeTime()
 {
     const int label = fontMetrics().horizontalAdvance(QStringLiteral("00:00:00.000"));
+    // Room for half a label at either end, so that the canvas keeps its width while they move.
+    axisWidget(xBottom)->setMinBorderDist(label / 2, label / 2);
     setAxisMaxMajor(xBottom, std::max(2, canvas()->width() * 2 / (3 * label)));
     setAxisScale(xBottom, static_cast<double>(m_view->from()), static_cast<double>(m_view->to()));
 }
@@ -144,8 +156,10 @@ TrendView::Range TrendPlot::wantedValues(TrendSide side) const
             all.add(channel.store->between(m_view->from(), m_view->to()));
     }
     TrendView::Range range = {0, 1};
-    if (all.hasValues())
-        range = {all.lowest.value, all.highest.value};
+    if (all.hasValues()) {
+        const double air = (all.highest.value - all.lowest.value) * AIR;
+        range = {all.lowest.value - air, all.highest.value + air};
+    }
     double step = 0;
     axisScaleEngine(axisOf(side))
         ->autoScale(axisMaxMajor(axisOf(side)), range.low, range.high, step);

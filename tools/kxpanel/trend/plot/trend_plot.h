@@ -7,6 +7,7 @@
 #include <qwt_plot.h>
 #include <qwt_plot_grid.h>
 #include <qwt_plot_marker.h>
+#include <qwt_plot_textlabel.h>
 
 class QMimeData;
 
@@ -56,6 +57,7 @@ private:
     TrendView* m_view;
     QwtPlotGrid* m_grid; ///< items are the plot's
     TrendLanes* m_lanes;
+    QwtPlotTextLabel* m_hint; ///< while there is nothing to draw
     QwtPlotMarker* m_cursors[2];
     TrendView::Range m_shown[2];
 };

@@ -1,0 +1,307 @@
+#include "kxpanel/trend/model/trend_channels.h"
+
+#include "trend_tags.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+using kxpanel::failureOf;
+using kxpanel::LineState;
+using kxpanel::LineStatus;
+using kxpanel::readingOf;
+using kxpanel::TagList;
+using kxpanel::tagOf;
+using kxpanel::TrendAxis;
+using kxpanel::TrendChannel;
+using kxpanel::TrendChannels;
+using kxpanel::TrendSample;
+
+namespace
+{
+
+QString samplesOf(const TrendChannels& channels, int number)
+{
+    QStringList texts;
+    for (const TrendSample& sample : channels.find(number)->store->samples(0, 1000000)) {
+        kx::GapReason reason = kx::GapReason::NotYetRead;
+        QString text = QString::number(sample.value);
+        if (sample.isGap())
+            text = kxpanel::gapReasonOf(sample.value, &reason) ? kx::gapText(reason) : "no number";
+        texts << QStringLiteral("%1 %2").arg(QString::number(sample.time), text);
+    }
+    return texts.join(", ");
+}
+
+QList<int> numbersOf(const TrendChannels& channels)
+{
+    QList<int> numbers;
+    for (const TrendChannel& channel : channels.list())
+        numbers << channel.number;
+    return numbers;
+}
+
+} // namespace
+
+class TrendChannelsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void takesValuesOfTheListIn();
+    void takesEachInOnce();
+    void refusesTexts();
+    void holdsSoManyAtMost();
+    void beginsWithWhatIsKnown();
+    void readsBecomeSamples();
+    void aListThatIsEditedTellsNothingNew();
+    void aLostLineLeavesAGapUntilTheNextRead();
+    void followsNamesAndUnits();
+    void anotherMeaningBeginsAnew();
+    void whatLeavesTheListLeavesThePlot();
+    void looksAreTakenInTurn();
+    void recordedChannelsStandBesideTheOthers();
+    void layoutComesBack();
+    void layoutWaitsForItsTags();
+    void brokenLayoutsAreLeftOut();
+
+private:
+    TagList* m_tags = nullptr;
+    TrendChannels* m_channels = nullptr;
+
+    QList<int> watch(const QList<kx::Tag>& tags) { return m_tags->insert(m_tags->size(), tags); }
+
+private slots:
+    void init()
+    {
+        m_tags = new TagList(this);
+        m_channels = new TrendChannels(m_tags, this);
+    }
+    void cleanup()
+    {
+        delete m_channels;
+        delete m_tags;
+    }
+};
+
+void TrendChannelsTest::takesValuesOfTheListIn()
+{
+    const QList<int> numbers = watch({tagOf("Pressure", "D100@2/s16*0.1,min=0,unit=bar"),
+                                      tagOf("", "X17@1"), tagOf("Bit", "D100.5@1")});
+    QSignalSpy changes(m_channels, &TrendChannels::channelsChanged);
+    QCOMPARE(m_channels->add(numbers), QString());
+    QCOMPARE(changes.size(), 1);
+    const TrendChannel& pressure = m_channels->list().at(0);
+    QCOMPARE(pressure.name, QString("Pressure"));
+    QCOMPARE(pressure.address, QString("D100/s16*0.1"));
+    QCOMPARE(pressure.station, 2);
+    QCOMPARE(pressure.unit, QString("bar"));
+    QVERIFY(!pressure.isDigital);
+    QCOMPARE(m_channels->list().at(1).name, QString("X17"));
+    QCOMPARE(m_channels->list().at(1).tagName, QString());
+    QVERIFY(m_channels->list().at(1).isDigital);
+    QVERIFY(m_channels->list().at(2).isDigital);
+}
+
+void TrendChannelsTest::takesEachInOnce()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1")});
+    m_channels->add({numbers.at(1)});
+    m_channels->add({numbers.at(0), numbers.at(1), 99});
+    QCOMPARE(numbersOf(*m_channels), (QList<int>{numbers.at(1), numbers.at(0)}));
+}
+
+void TrendChannelsTest::refusesTexts()
+{
+    const QList<int> numbers = watch({tagOf("Product", "D1@1/ascii:4"), tagOf("", "D9@1")});
+    QCOMPARE(m_channels->add(numbers), QString("Product is text, which has no curve"));
+    QCOMPARE(numbersOf(*m_channels), QList<int>{numbers.at(1)});
+}
+
+void TrendChannelsTest::holdsSoManyAtMost()
+{
+    QList<kx::Tag> tags;
+    for (int tag = 0; tag < 66; ++tag)
+        tags << tagOf("", qPrintable(QStringLiteral("D%1@1").arg(tag)));
+    QVERIFY(m_channels->add(watch(tags)).contains("64"));
+    QCOMPARE(m_channels->list().size(), 64);
+}
+
+void TrendChannelsTest::beginsWithWhatIsKnown()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1")});
+    m_tags->takeReadings({readingOf(numbers.at(0), 7, 5000)});
+    m_channels->add(numbers);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString());
+}
+
+void TrendChannelsTest::readsBecomeSamples()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1/s16*0.1"), tagOf("", "D2@1/bcd")});
+    m_channels->add(numbers);
+    QSignalSpy added(m_channels, &TrendChannels::samplesAdded);
+    m_channels->takeReadings({readingOf(numbers.at(0), 65531, 5000),
+                              readingOf(numbers.at(1), 0x12A4, 5000), readingOf(99, 1, 5000)},
+                             5050);
+    m_channels->takeReadings({failureOf(numbers.at(0), kx::WatchState::NoAnswer)}, 6000);
+    m_channels->takeReadings({failureOf(numbers.at(0), kx::WatchState::Refused)}, 7000);
+    m_channels->takeReadings({readingOf(numbers.at(0), 10, 8000)}, 8050);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)),
+             QString("5000 -0.5, 6000 no answer, 7000 refused, 8000 1"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString("5000 no number"));
+    QCOMPARE(added.size(), 4);
+    m_channels->takeReadings({readingOf(99, 1, 9000)}, 9000);
+    QCOMPARE(added.size(), 4);
+}
+
+void TrendChannelsTest::aListThatIsEditedTellsNothingNew()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    LineStatus lost;
+    lost.state = LineState::Interrupted;
+    m_channels->takeLine(lost, 6000);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 7000);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 6000 line lost"));
+}
+
+void TrendChannelsTest::aLostLineLeavesAGapUntilTheNextRead()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    LineStatus status;
+    status.state = LineState::Open;
+    m_channels->takeLine(status, 5500);
+    status.state = LineState::Interrupted;
+    m_channels->takeLine(status, 6000);
+    m_channels->takeLine(status, 6500);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 8000)}, 8000);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 6000 line lost, 8000 7"));
+    // What was never read has no gap to begin with.
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString());
+}
+
+void TrendChannelsTest::followsNamesAndUnits()
+{
+    const QList<int> numbers = watch({tagOf("Old", "D1@1/u16")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    m_tags->replace(numbers.at(0), tagOf("New", "D1@1/u16,decimals=2,unit=mm"));
+    QCOMPARE(m_channels->list().at(0).name, QString("New"));
+    QCOMPARE(m_channels->list().at(0).unit, QString("mm"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7"));
+}
+
+void TrendChannelsTest::anotherMeaningBeginsAnew()
+{
+    const QList<int> numbers =
+        watch({tagOf("A", "D1@1/u16"), tagOf("B", "D2@1/u16"), tagOf("C", "D3@1/u16")});
+    m_channels->add(numbers);
+    for (const int number : numbers)
+        m_channels->takeReadings({readingOf(number, 7, 5000)}, 5000);
+    m_tags->replace(numbers.at(0), tagOf("A", "D1@1/u16*2"));
+    m_tags->replace(numbers.at(1), tagOf("B", "D2@3/u16"));
+    m_tags->replace(numbers.at(2), tagOf("C", "D4@1/u16"));
+    for (const int number : numbers)
+        QCOMPARE(samplesOf(*m_channels, number), QString());
+}
+
+void TrendChannelsTest::whatLeavesTheListLeavesThePlot()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1"), tagOf("", "D3@1")});
+    m_channels->add(numbers);
+    m_tags->remove({numbers.at(1)});
+    QCOMPARE(numbersOf(*m_channels), (QList<int>{numbers.at(0), numbers.at(2)}));
+    QVERIFY(m_channels->find(numbers.at(1)) == nullptr);
+    m_channels->remove({numbers.at(0)});
+    QCOMPARE(numbersOf(*m_channels), QList<int>{numbers.at(2)});
+    QCOMPARE(m_tags->size(), 2);
+}
+
+void TrendChannelsTest::looksAreTakenInTurn()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1"), tagOf("", "D3@1")});
+    m_channels->add(numbers);
+    QCOMPARE(m_channels->list().at(2).look, 2);
+    m_channels->remove({numbers.at(1)});
+    m_channels->add({numbers.at(1)});
+    QCOMPARE(m_channels->find(numbers.at(1))->look, 1);
+}
+
+void TrendChannelsTest::recordedChannelsStandBesideTheOthers()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1")});
+    m_channels->add(numbers);
+    TrendChannel recorded;
+    recorded.number = -1;
+    recorded.endsAt = 9000;
+    recorded.store = std::make_shared<kxpanel::TrendStore>();
+    recorded.store->append(5000, 3);
+    m_channels->setRecorded({recorded});
+    QCOMPARE(numbersOf(*m_channels), (QList<int>{numbers.at(0), -1}));
+    QCOMPARE(m_channels->find(-1)->look, 1);
+    // A line that closes now is nothing to it.
+    m_channels->takeLine(LineStatus(), 20000);
+    QCOMPARE(samplesOf(*m_channels, -1), QString("5000 3"));
+    m_tags->remove(numbers);
+    QCOMPARE(numbersOf(*m_channels), QList<int>{-1});
+    m_channels->setRecorded({});
+    QCOMPARE(numbersOf(*m_channels), QList<int>());
+}
+
+void TrendChannelsTest::layoutComesBack()
+{
+    const QList<int> numbers =
+        watch({tagOf("Flow", "D1@1/u16"), tagOf("", "D2@2"), tagOf("Other", "D1@1/u16")});
+    m_channels->add({numbers.at(2), numbers.at(1)});
+    m_channels->setAxis({numbers.at(1)}, TrendAxis::Right);
+    m_channels->setShown(numbers.at(2), false);
+    const QJsonArray layout = m_channels->layout();
+
+    TagList tags;
+    TrendChannels other(&tags);
+    const QList<int> others =
+        tags.insert(0, {tagOf("", "D2@2"), tagOf("Flow", "D1@1/u16"), tagOf("Other", "D1@1/u16")});
+    other.setLayout(layout);
+    QCOMPARE(numbersOf(other), (QList<int>{others.at(2), others.at(0)}));
+    QCOMPARE(other.list().at(1).axis, TrendAxis::Right);
+    QVERIFY(!other.list().at(0).isShown);
+    QCOMPARE(other.layout(), layout);
+}
+
+void TrendChannelsTest::layoutWaitsForItsTags()
+{
+    const QList<int> numbers = watch({tagOf("Flow", "D1@1/u16")});
+    m_channels->add(numbers);
+    const QJsonArray layout = m_channels->layout();
+
+    TagList tags;
+    TrendChannels other(&tags);
+    other.setLayout(layout);
+    QCOMPARE(numbersOf(other), QList<int>());
+    QCOMPARE(other.layout(), layout);
+    tags.insert(0, {tagOf("Else", "D5@1/u16")});
+    QCOMPARE(numbersOf(other), QList<int>());
+    const QList<int> others = tags.insert(0, {tagOf("Flow", "D1@1/u16")});
+    QCOMPARE(numbersOf(other), others);
+    QCOMPARE(other.layout(), layout);
+}
+
+void TrendChannelsTest::brokenLayoutsAreLeftOut()
+{
+    const QList<int> numbers = watch({tagOf("Flow", "D1@1/u16")});
+    m_channels->setLayout({QJsonValue(5), QJsonObject(),
+                           QJsonObject{{"name", "Flow"},
+                                       {"station", 1},
+                                       {"address", "D1/u16"},
+                                       {"look", 1000000},
+                                       {"axis", "upside down"}}});
+    QCOMPARE(numbersOf(*m_channels), numbers);
+    QCOMPARE(m_channels->list().at(0).look, 0);
+    QCOMPARE(m_channels->list().at(0).axis, TrendAxis::Left);
+}
+
+QTEST_APPLESS_MAIN(TrendChannelsTest)
+#include "tst_trend_channels.moc"

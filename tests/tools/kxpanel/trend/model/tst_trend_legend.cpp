@@ -1,0 +1,137 @@
+#include "kxpanel/trend/model/trend_legend.h"
+
+#include "trend_tags.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+using kxpanel::readingOf;
+using kxpanel::TagList;
+using kxpanel::tagOf;
+using kxpanel::TrendChannels;
+using kxpanel::TrendLegend;
+using kxpanel::TrendView;
+
+namespace
+{
+
+struct Legend {
+    TagList tags;
+    TrendChannels channels{&tags};
+    TrendView view;
+    TrendLegend legend{&channels, &view};
+
+    /// Level with 1.5 from 1000 on, 4 from 2000, nothing from 3000, and a bit.
+    Legend()
+    {
+        const QList<int> numbers =
+            tags.insert(0, {tagOf("Level", "D1@2/u16*0.5,unit=mm"), tagOf("", "Y10@1")});
+        channels.add(numbers);
+        channels.takeReadings({readingOf(numbers.at(0), 3, 1000)}, 1000);
+        channels.takeReadings({readingOf(numbers.at(0), 8, 2000)}, 2000);
+        channels.takeReadings({kxpanel::failureOf(numbers.at(0), kx::WatchState::NoAnswer)}, 3000);
+        view.setNow(4000);
+    }
+
+    QString text(int row, int column) const { return legend.index(row, column).data().toString(); }
+};
+
+} // namespace
+
+class TrendLegendTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void showsWhatIsAndWhatWas();
+    void differenceNeedsTwoNumbers();
+    void aBoxHidesACurve();
+    void aSelectionOutlivesNewValues();
+    void oldValuesMayBeARange();
+    void coloursSuitTheGround();
+};
+
+void TrendLegendTest::showsWhatIsAndWhatWas()
+{
+    Legend legend;
+    QCOMPARE(legend.legend.rowCount(), 2);
+    QCOMPARE(legend.text(0, TrendLegend::Name), QString("Level"));
+    QCOMPARE(legend.text(0, TrendLegend::Unit), QString("mm"));
+    QCOMPARE(legend.text(0, TrendLegend::Now), QString("(no answer)"));
+    QCOMPARE(legend.text(0, TrendLegend::First), QString());
+    QCOMPARE(legend.text(0, TrendLegend::Axis), QString("left"));
+    QCOMPARE(legend.text(1, TrendLegend::Name), QString("Y10"));
+    QCOMPARE(legend.text(1, TrendLegend::Now), QString());
+    QCOMPARE(legend.text(1, TrendLegend::Axis), QString("lane"));
+    QCOMPARE(legend.legend.index(0, 0).data(Qt::ToolTipRole).toString(),
+             QString("D1/u16*0.5 of station 2"));
+    legend.view.setCursor(0, 1500);
+    QCOMPARE(legend.text(0, TrendLegend::First), QString("1.5"));
+    legend.view.setCursor(0, 999);
+    QCOMPARE(legend.text(0, TrendLegend::First), QString());
+}
+
+void TrendLegendTest::differenceNeedsTwoNumbers()
+{
+    Legend legend;
+    legend.view.setCursor(0, 1500);
+    QCOMPARE(legend.text(0, TrendLegend::Difference), QString());
+    legend.view.setCursor(1, 2500);
+    QCOMPARE(legend.text(0, TrendLegend::Second), QString("4"));
+    QCOMPARE(legend.text(0, TrendLegend::Difference), QString("2.5"));
+    legend.view.setCursor(1, 3500); // in the gap
+    QCOMPARE(legend.text(0, TrendLegend::Second), QString("(no answer)"));
+    QCOMPARE(legend.text(0, TrendLegend::Difference), QString());
+    legend.view.setCursor(1, 9000); // not yet
+    QCOMPARE(legend.text(0, TrendLegend::Second), QString());
+}
+
+void TrendLegendTest::aBoxHidesACurve()
+{
+    Legend legend;
+    const QModelIndex name = legend.legend.index(0, TrendLegend::Name);
+    QCOMPARE(name.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    QVERIFY(legend.legend.setData(name, Qt::Unchecked, Qt::CheckStateRole));
+    QVERIFY(!legend.channels.list().at(0).isShown);
+    QCOMPARE(name.data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+    QVERIFY(!legend.legend.setData(legend.legend.index(0, 1), Qt::Checked, Qt::CheckStateRole));
+    QVERIFY(!legend.legend.setData(name, "other", Qt::EditRole));
+    QVERIFY(legend.legend.flags(name) & Qt::ItemIsUserCheckable);
+}
+
+void TrendLegendTest::aSelectionOutlivesNewValues()
+{
+    Legend legend;
+    QSignalSpy resets(&legend.legend, &TrendLegend::modelReset);
+    QSignalSpy changes(&legend.legend, &TrendLegend::dataChanged);
+    legend.legend.refreshValues();
+    legend.channels.setAxis({legend.channels.list().at(0).number}, kxpanel::TrendAxis::Right);
+    QCOMPARE(resets.size(), 0);
+    QCOMPARE(changes.size(), 2);
+    QCOMPARE(legend.text(0, TrendLegend::Axis), QString("right"));
+    legend.channels.remove({legend.channels.list().at(0).number});
+    QCOMPARE(resets.size(), 1);
+    QCOMPARE(legend.legend.rowCount(), 1);
+}
+
+void TrendLegendTest::oldValuesMayBeARange()
+{
+    kxpanel::TrendChannel channel;
+    channel.store = std::make_shared<kxpanel::TrendStore>(64);
+    for (int step = 0; step < 1024; ++step) // the oldest are left in spans of 16: 0 to 15
+        channel.store->append(step * 10, step);
+    QCOMPARE(kxpanel::trendValueText(channel, 10230, 20000), QString("1023"));
+    QCOMPARE(kxpanel::trendValueText(channel, 5170, 20000), QString("512 to 527"));
+}
+
+void TrendLegendTest::coloursSuitTheGround()
+{
+    Legend legend;
+    const QModelIndex name = legend.legend.index(0, TrendLegend::Name);
+    QCOMPARE(name.data(Qt::DecorationRole).value<QColor>(), QColor(0x00, 0x72, 0xB2));
+    legend.legend.setGround(Qt::black);
+    QCOMPARE(name.data(Qt::DecorationRole).value<QColor>(), QColor(0x56, 0xB4, 0xE9));
+}
+
+QTEST_APPLESS_MAIN(TrendLegendTest)
+#include "tst_trend_legend.moc"

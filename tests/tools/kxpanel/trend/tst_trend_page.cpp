@@ -1,0 +1,498 @@
+#include "kxpanel/trend/trend_page.h"
+
+#include "kxpanel/machine/machine.h"
+#include "kxpanel/tags/tag_list.h"
+#include "kxpanel/trend/plot/trend_plot.h"
+#include "tools/kxpanel/trend/model/trend_tags.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QMimeData>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QDropEvent>
+#include <QtGui/QImage>
+#include <QtGui/QWheelEvent>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QTableView>
+
+#include <memory>
+
+using kxpanel::LineState;
+using kxpanel::LineStatus;
+using kxpanel::Machine;
+using kxpanel::Reading;
+using kxpanel::readingOf;
+using kxpanel::TagList;
+using kxpanel::tagOf;
+using kxpanel::TrendLegend;
+using kxpanel::TrendPage;
+using kxpanel::TrendPlot;
+using kxpanel::TrendSide;
+
+namespace
+{
+
+const QColor BLUE(0x00, 0x72, 0xB2); // the first curve, on light ground
+
+QMimeData* dragOf(const QList<int>& numbers)
+{
+    QMimeData* data = new QMimeData;
+    QByteArray lines;
+    for (const int number : numbers)
+        lines += QByteArray::number(number) + '\n';
+    data->setData(QLatin1String(kxpanel::VALUES_MIME_TYPE), lines);
+    return data;
+}
+
+/// A page without a line: the machine's signals are emitted by hand.
+struct Window {
+    Machine machine;
+    TagList tags;
+    QList<int> numbers;
+    TrendPage page{{&machine, &tags}};
+    TrendPlot* plot = page.findChild<TrendPlot*>();
+    TrendLegend* legend = page.findChild<TrendLegend*>();
+    QSignalSpy said{&page, &TrendPage::said};
+    qint64 firstRead = QDateTime::currentMSecsSinceEpoch() - 50000;
+
+    Window()
+    {
+        numbers =
+            tags.insert(0, {tagOf("Pressure", "D100@1/s16*0.1,unit=bar"),
+                            tagOf("Level", "D101@1/u16*0.5,unit=mm"), tagOf("Pump", "Y10@1")});
+        QPalette light(QColor(0xEE, 0xEE, 0xEE));
+        light.setColor(QPalette::Base, Qt::white);
+        page.setPalette(light);
+        page.resize(900, 600);
+        page.show();
+        page.activateWindow();
+        plot->canvas()->setFocus();
+        if (!QTest::qWaitForWindowActive(&page))
+            qFatal("no window has become active");
+    }
+
+    void drop(const QList<int>& dropped)
+    {
+        const std::unique_ptr<QMimeData> data(dragOf(dropped));
+        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, data.get(), Qt::LeftButton,
+                              Qt::NoModifier);
+        QApplication::sendEvent(plot, &enter);
+        QDropEvent event(QPointF(10, 10), Qt::CopyAction, data.get(), Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(plot, &event);
+    }
+
+    /// 50 seconds, one of which ended a moment ago.
+    void read()
+    {
+        QVector<Reading> readings;
+        for (int index = 0; index <= 500; ++index) {
+            const qint64 at = firstRead + 100 * index;
+            readings << readingOf(numbers.at(0), index == 200 ? 900 : 100 + index % 50, at)
+                     << readingOf(numbers.at(1), 2000 + index % 300, at)
+                     << readingOf(numbers.at(2), index / 90 % 2, at);
+        }
+        emit machine.valuesRead(readings);
+    }
+
+    void waitUntilDrawn() { QTest::qWait(120); } // two frames
+
+    QAction* action(const char* name) const { return page.findChild<QAction*>(name); }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(plot->canvas(), key, modifiers);
+    }
+    void drag(Qt::MouseButton button, const QPoint& begin, const QPoint& end,
+              Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QWidget* canvas = plot->canvas();
+        QTest::mousePress(canvas, button, modifiers, begin);
+        QMouseEvent move(QEvent::MouseMove, end, canvas->mapToGlobal(end), Qt::NoButton, button,
+                         modifiers);
+        QApplication::sendEvent(canvas, &move);
+        QTest::mouseRelease(canvas, button, modifiers, end);
+    }
+    QString state() const
+    {
+        for (const QLabel* label : page.findChildren<QLabel*>()) {
+            if (label->accessibleName() == "Cursors")
+                return label->text();
+        }
+        return QString();
+    }
+    QString text(int row, int column) const { return legend->index(row, column).data().toString(); }
+    int pixelsOf(const QColor& colour) const
+    {
+        const QImage image = plot->canvas()->grab().toImage();
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                count += image.pixelColor(x, y) == colour ? 1 : 0;
+        }
+        return count;
+    }
+    qint64 from() const { return plot->timeAt(0); }
+    qint64 to() const { return plot->timeAt(plot->canvas()->width()); }
+};
+
+} // namespace
+
+class TrendPageTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void valuesAreDroppedAndDrawn();
+    void valuesAreNamedByKeyboard();
+    void otherDropsAreRefused();
+    void spacePausesAndHomeGoesOn();
+    void keysZoomAndPan();
+    void theWheelZoomsAroundTheMouse();
+    void aBandZoomsIn();
+    void theMiddleButtonPans();
+    void cursorsByKeyAndMouse();
+    void eachUnitHasItsScale();
+    void deleteTakesAValueOut();
+    void aHiddenPageGoesOnCollecting();
+    void layoutComesBack();
+    void picturesAreSaved();
+    void aRecordingIsOpened();
+    void allHaveKeysTipsAndNames();
+};
+
+void TrendPageTest::valuesAreDroppedAndDrawn()
+{
+    Window window;
+    window.waitUntilDrawn();
+    QCOMPARE(window.pixelsOf(BLUE), 0);
+    window.drop(window.numbers);
+    window.read();
+    window.waitUntilDrawn();
+    QCOMPARE(window.legend->rowCount(), 3);
+    QVERIFY(window.pixelsOf(BLUE) > 100);
+    QCOMPARE(window.text(0, TrendLegend::Now), QString("10"));
+}
+
+void TrendPageTest::valuesAreNamedByKeyboard()
+{
+    Window window;
+    QLineEdit* field = window.page.findChild<QLineEdit*>();
+    field->setFocus();
+    QTest::keyClicks(field, "nothing");
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(window.said.last().at(0).toString(), QString("No watched value is called nothing"));
+    field->clear();
+    QTest::keyClicks(field, "y10");
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(window.legend->rowCount(), 1);
+    QCOMPARE(window.text(0, TrendLegend::Name), QString("Pump"));
+    QCOMPARE(field->text(), QString());
+}
+
+void TrendPageTest::otherDropsAreRefused()
+{
+    Window window;
+    QMimeData text;
+    text.setText("1");
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.plot, &enter);
+    QVERIFY(!enter.isAccepted());
+    QMimeData broken;
+    broken.setData(QLatin1String(kxpanel::VALUES_MIME_TYPE), "x\n-4\n99999999999\n7\n");
+    QCOMPARE(kxpanel::draggedValues(broken), QList<int>{7});
+}
+
+void TrendPageTest::spacePausesAndHomeGoesOn()
+{
+    Window window;
+    window.waitUntilDrawn();
+    const qint64 live = window.to();
+    QTest::qWait(200);
+    QVERIFY(window.to() > live);
+    window.key(Qt::Key_Space);
+    QVERIFY(!window.action("live")->isChecked());
+    window.waitUntilDrawn();
+    const qint64 paused = window.to();
+    QTest::qWait(200);
+    QCOMPARE(window.to(), paused);
+    window.key(Qt::Key_Home);
+    QVERIFY(window.action("live")->isChecked());
+    window.waitUntilDrawn();
+    QVERIFY(window.to() > paused);
+}
+
+void TrendPageTest::keysZoomAndPan()
+{
+    Window window;
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    const qint64 from = window.from();
+    const qint64 to = window.to();
+    window.key(Qt::Key_Plus);
+    window.waitUntilDrawn();
+    QVERIFY(qAbs(window.from() - (from + 15000)) <= 150); // of a minute the middle half
+    QVERIFY(qAbs(window.to() - (to - 15000)) <= 150);
+    window.key(Qt::Key_Minus);
+    window.key(Qt::Key_Left);
+    window.waitUntilDrawn();
+    QVERIFY(qAbs(window.to() - (to - 15000)) <= 150); // a quarter
+    window.key(Qt::Key_Right);
+    window.waitUntilDrawn();
+    QVERIFY(qAbs(window.to() - to) <= 150);
+    QComboBox* spans = window.page.findChild<QComboBox*>();
+    QCOMPARE(spans->currentText(), QString("1 min"));
+    window.key(Qt::Key_Minus);
+    QCOMPARE(spans->currentIndex(), -1);
+    QCOMPARE(spans->placeholderText(), QString("2 min"));
+}
+
+void TrendPageTest::theWheelZoomsAroundTheMouse()
+{
+    Window window;
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    const QPoint place(window.plot->canvas()->width() / 4, 50);
+    const qint64 anchor = window.plot->timeAt(place.x());
+    const qint64 span = window.to() - window.from();
+    QWheelEvent wheel(place, window.plot->canvas()->mapToGlobal(place), QPoint(), QPoint(0, 240),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(window.plot->canvas(), &wheel);
+    window.waitUntilDrawn();
+    QVERIFY(qAbs(window.plot->timeAt(place.x()) - anchor) <= 150);
+    // Two notches of 1.25
+    QVERIFY(qAbs(double(window.to() - window.from()) * 1.5625 / double(span) - 1) < 0.01);
+
+    const kxpanel::TrendView::Range before = window.plot->shownValues(TrendSide::Left);
+    QWheelEvent values(place, window.plot->canvas()->mapToGlobal(place), QPoint(), QPoint(0, 120),
+                       Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(window.plot->canvas(), &values);
+    window.waitUntilDrawn();
+    const kxpanel::TrendView::Range after = window.plot->shownValues(TrendSide::Left);
+    QVERIFY(qAbs((after.high - after.low) * 1.25 / (before.high - before.low) - 1) < 0.001);
+    window.key(Qt::Key_A);
+    window.waitUntilDrawn();
+    QCOMPARE(window.plot->shownValues(TrendSide::Left).high, before.high);
+}
+
+void TrendPageTest::aBandZoomsIn()
+{
+    Window window;
+    window.drop({window.numbers.at(0)});
+    window.read();
+    window.waitUntilDrawn();
+    QWidget* canvas = window.plot->canvas();
+    const QPoint begin(canvas->width() / 4, canvas->height() / 4);
+    const QPoint end(canvas->width() / 2, canvas->height() / 2);
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    const qint64 from = window.plot->timeAt(begin.x());
+    const qint64 to = window.plot->timeAt(end.x());
+    const double high = window.plot->valueAt(TrendSide::Left, begin.y());
+    window.drag(Qt::LeftButton, begin, end);
+    window.waitUntilDrawn();
+    QVERIFY(qAbs(window.from() - from) <= 150);
+    QVERIFY(qAbs(window.to() - to) <= 150);
+    QVERIFY(qAbs(window.plot->shownValues(TrendSide::Left).high - high) < 1);
+    QVERIFY(!window.action("live")->isChecked());
+}
+
+void TrendPageTest::theMiddleButtonPans()
+{
+    Window window;
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    const QWidget* canvas = window.plot->canvas();
+    const QPoint begin(canvas->width() / 4, 50);
+    const QPoint end(canvas->width() / 2, 60);
+    const qint64 to = window.to();
+    const qint64 quarter = window.plot->timeAt(end.x()) - window.plot->timeAt(begin.x());
+    window.drag(Qt::MiddleButton, begin, end);
+    window.waitUntilDrawn();
+    QVERIFY(qAbs(window.to() - (to - quarter)) <= 150);
+    window.drag(Qt::LeftButton, end, begin, Qt::ShiftModifier);
+    window.waitUntilDrawn();
+    QVERIFY(qAbs(window.to() - to) <= 150);
+}
+
+void TrendPageTest::cursorsByKeyAndMouse()
+{
+    Window window;
+    window.drop({window.numbers.at(0)});
+    window.read();
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    window.action("firstCursor")->trigger(); // the mouse is elsewhere: in the middle
+    const QString middle = window.state();
+    QVERIFY(middle.startsWith("Cursor 1: "));
+    QVERIFY(!window.text(0, TrendLegend::First).isEmpty());
+    const QWidget* canvas = window.plot->canvas();
+    const QPoint quarter(canvas->width() / 4, 50);
+    const qint64 time = window.plot->timeAt(quarter.x());
+    window.drag(Qt::LeftButton, QPoint(canvas->width() / 2, 50), quarter);
+    window.waitUntilDrawn();
+    QCOMPARE(window.state(),
+             "Cursor 1: "
+                 + QDateTime::fromMSecsSinceEpoch(time).toString("yyyy-MM-dd hh:mm:ss.zzz"));
+    QCOMPARE(window.plot->timeAt(quarter.x()), time); // a cursor, no band
+    window.key(Qt::Key_2);
+    QVERIFY(window.state().contains("Difference: "));
+    QVERIFY(!window.text(0, TrendLegend::Difference).isEmpty());
+    const QString second = window.state();
+    window.key(Qt::Key_Left, Qt::ShiftModifier);
+    QVERIFY(window.state() != second);
+    window.key(Qt::Key_Right, Qt::ShiftModifier);
+    QCOMPARE(window.state(), second);
+    window.key(Qt::Key_Escape);
+    QCOMPARE(window.text(0, TrendLegend::First), QString());
+    QVERIFY(window.state().startsWith("Keys 1 and 2"));
+}
+
+void TrendPageTest::eachUnitHasItsScale()
+{
+    Window window;
+    window.drop({window.numbers.at(0)});
+    window.read();
+    window.waitUntilDrawn();
+    QVERIFY(!window.plot->axisEnabled(QwtPlot::yRight));
+    QCOMPARE(window.plot->axisTitle(QwtPlot::yLeft).text(), QString("bar"));
+    // 10 to 14.9 and one of 90
+    QCOMPARE(window.plot->shownValues(TrendSide::Left).low, 0.0);
+    QCOMPARE(window.plot->shownValues(TrendSide::Left).high, 100.0);
+    window.drop({window.numbers.at(1)});
+    window.waitUntilDrawn();
+    QVERIFY(window.plot->axisEnabled(QwtPlot::yRight));
+    QCOMPARE(window.plot->axisTitle(QwtPlot::yRight).text(), QString("mm"));
+    // A lane takes its part of the canvas from the scales.
+    const double foot = window.plot->axisScaleDiv(QwtPlot::yLeft).lowerBound();
+    QCOMPARE(foot, 0.0);
+    window.drop({window.numbers.at(2)});
+    window.waitUntilDrawn();
+    QVERIFY(window.plot->axisScaleDiv(QwtPlot::yLeft).lowerBound() < -1);
+    QCOMPARE(window.plot->shownValues(TrendSide::Left).low, 0.0);
+}
+
+void TrendPageTest::deleteTakesAValueOut()
+{
+    Window window;
+    window.drop(window.numbers);
+    QTableView* table = window.page.findChild<QTableView*>();
+    table->setFocus();
+    table->selectRow(1);
+    QTest::keyClick(table, Qt::Key_Delete);
+    QCOMPARE(window.legend->rowCount(), 2);
+    QCOMPARE(window.text(1, TrendLegend::Name), QString("Pump"));
+    QCOMPARE(window.tags.size(), 3);
+}
+
+void TrendPageTest::aHiddenPageGoesOnCollecting()
+{
+    Window window;
+    window.drop({window.numbers.at(0)});
+    window.page.hide();
+    window.read();
+    LineStatus lost;
+    lost.state = LineState::Interrupted;
+    emit window.machine.lineChanged(lost);
+    window.page.show();
+    window.waitUntilDrawn();
+    QCOMPARE(window.text(0, TrendLegend::Now), QString("(line lost)"));
+    QVERIFY(window.pixelsOf(BLUE) > 100);
+}
+
+void TrendPageTest::layoutComesBack()
+{
+    Window window;
+    QSignalSpy changes(&window.page, &TrendPage::layoutChanged);
+    window.drop({window.numbers.at(2), window.numbers.at(0)});
+    QVERIFY(changes.size() >= 1);
+    window.key(Qt::Key_Minus);
+    const QJsonObject layout = window.page.layout();
+    QCOMPARE(window.page.key(), QString("trend"));
+    QCOMPARE(layout.value("span").toInt(), 120000);
+
+    Window other;
+    other.page.setLayout(layout);
+    QCOMPARE(other.text(0, TrendLegend::Name), QString("Pump"));
+    QCOMPARE(other.text(1, TrendLegend::Name), QString("Pressure"));
+    QCOMPARE(other.page.layout(), layout);
+    other.page.setLayout({{"span", "long"}, {"channels", 7}});
+    QCOMPARE(other.legend->rowCount(), 0);
+    QCOMPARE(other.page.layout().value("span").toInt(), 120000);
+}
+
+void TrendPageTest::picturesAreSaved()
+{
+    QTemporaryDir folder;
+    Window window;
+    window.drop(window.numbers);
+    window.read();
+    window.waitUntilDrawn();
+    window.page.files()->savePicture(folder.filePath("plot.png"));
+    QCOMPARE(window.said.last().at(0).toString(), folder.filePath("plot.png") + " is saved");
+    const QImage picture(folder.filePath("plot.png"));
+    QCOMPARE(picture.width(), 2 * window.plot->width());
+    QVERIFY(picture.height() > 2 * window.plot->height());
+
+    window.page.files()->savePicture(folder.filePath("plot.svg"));
+    QFile svg(folder.filePath("plot.svg"));
+    QVERIFY(svg.open(QIODevice::ReadOnly));
+    const QByteArray text = svg.readAll();
+    QVERIFY(text.contains("<svg"));
+    QVERIFY(text.contains("Pressure"));
+    QVERIFY(text.contains("#0072b2"));
+
+    window.page.files()->savePicture(folder.filePath("plot.bmp"));
+    QCOMPARE(window.said.last().at(0).toString(),
+             folder.filePath("plot.bmp") + ": its name must end with .png or .svg");
+}
+
+void TrendPageTest::aRecordingIsOpened()
+{
+    QTemporaryDir folder;
+    Window window;
+    window.drop({window.numbers.at(0)});
+    window.read();
+    window.waitUntilDrawn();
+    window.page.files()->saveValues(folder.filePath("plot.csv"));
+    QCOMPARE(window.said.last().at(0).toString(), folder.filePath("plot.csv") + " is saved");
+
+    Window other;
+    other.page.files()->open(folder.filePath("plot.csv"));
+    QTRY_COMPARE(other.legend->rowCount(), 1);
+    other.waitUntilDrawn();
+    QCOMPARE(other.text(0, TrendLegend::Name), QString("Pressure"));
+    QVERIFY(!other.action("live")->isChecked());
+    QCOMPARE(other.from(), window.firstRead);
+    QVERIFY(other.pixelsOf(BLUE) > 100);
+    QVERIFY(other.said.last().at(0).toString().startsWith(folder.filePath("plot.csv")));
+    other.page.files()->open(folder.filePath("none.csv"));
+    QVERIFY(other.said.last().at(0).toString().startsWith(folder.filePath("none.csv") + ": "));
+    QCOMPARE(other.legend->rowCount(), 1);
+}
+
+void TrendPageTest::allHaveKeysTipsAndNames()
+{
+    Window window;
+    const char* const names[] = {"live",         "toNow",      "zoomIn",      "zoomOut",
+                                 "earlier",      "later",      "fitValues",   "firstCursor",
+                                 "secondCursor", "cursorLeft", "cursorRight", "clearCursors",
+                                 "remove"};
+    for (const char* const name : names) {
+        const QString key = window.action(name)->shortcut().toString(QKeySequence::NativeText);
+        QVERIFY2(!key.isEmpty(), name);
+        QVERIFY2(window.action(name)->toolTip().endsWith('(' + key + ')'), name);
+    }
+    for (const QWidget* widget : {static_cast<QWidget*>(window.plot),
+                                  static_cast<QWidget*>(window.page.findChild<QTableView*>()),
+                                  static_cast<QWidget*>(window.page.findChild<QComboBox*>()),
+                                  static_cast<QWidget*>(window.page.findChild<QLineEdit*>())})
+        QVERIFY(!widget->accessibleName().isEmpty());
+}
+
+QTEST_MAIN(TrendPageTest)
+#include "tst_trend_page.moc"

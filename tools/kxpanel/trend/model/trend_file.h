@@ -1,0 +1,67 @@
+/// What a plot shows as a recording, and a recording as what a plot shows.
+#ifndef KX_KXPANEL_TREND_MODEL_TREND_FILE_H
+#define KX_KXPANEL_TREND_MODEL_TREND_FILE_H
+
+#include "kxpanel/trend/model/trend_channel.h"
+#include "recording/recording_reader.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QTimer>
+
+namespace kxpanel
+{
+
+struct TrendRange {
+    qint64 from = 0; ///< milliseconds since 1970 in UTC
+    qint64 to = 0;   ///< the same, just behind it
+};
+
+/// Writes what the channels that are shown were in a range, with what held at its beginning, as a
+/// recording that the name's suffix tells; a file that is there is replaced as a whole.
+/// @param now until when the newest values hold
+/// @param isThinned whether part of it is so old that only the first, last, lowest and highest of
+///        several reads are left
+/// @return false and one line in `*error`
+bool writeTrend(const QString& path, const QList<TrendChannel>& channels, const TrendRange& range,
+                qint64 now, bool* isThinned, QString* error);
+
+/// Reads a recording into channels, in slices of some milliseconds, so that a window lives on.
+///
+///     open() --> finished(), once; never from within open()
+class TrendFileReader : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TrendFileReader(QObject* parent = nullptr);
+
+    /// Gives up a file that is being read. False, and one line in `*error`, when it is no
+    /// recording.
+    bool open(const QString& path, QString* error);
+    bool isReading() const { return m_timer.isActive(); }
+
+    /// As many as a plot holds; their numbers fall from -1 on.
+    const QList<TrendChannel>& channels() const { return m_channels; }
+    TrendRange range() const { return m_range; }
+    /// What is to be said of it: the rest of its values, a row that was cut off, why it ended; one
+    /// line, or nothing.
+    QString remark() const { return m_remark; }
+
+signals:
+    void finished();
+
+private:
+    void readSlice();
+    void take(const kx::RecordedEvent& event);
+    void finish();
+
+    std::unique_ptr<kx::RecordingReader> m_reader;
+    QTimer m_timer;
+    QList<TrendChannel> m_channels;
+    TrendRange m_range;
+    QString m_remark;
+};
+
+} // namespace kxpanel
+
+#endif

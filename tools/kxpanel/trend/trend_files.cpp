@@ -1,0 +1,93 @@
+#include "kxpanel/trend/trend_files.h"
+
+#include "kxpanel/trend/model/trend_text.h"
+#include "kxpanel/trend/plot/trend_picture.h"
+
+#include <QtWidgets/QFileDialog>
+
+namespace kxpanel
+{
+
+TrendFiles::TrendFiles(const Parts& parts, QWidget* window)
+    : QObject(window), m_parts(parts), m_window(window)
+{
+    connect(&m_reader, &TrendFileReader::finished, this, &TrendFiles::showRecording);
+}
+
+QFileDialog* TrendFiles::ask(const QString& title, const QString& filter, const QString& suffix,
+                             void (TrendFiles::*then)(const QString&))
+{
+    QFileDialog* dialog = new QFileDialog(m_window, title, QString(), filter);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    if (suffix.isEmpty()) {
+        dialog->setFileMode(QFileDialog::ExistingFile);
+    } else {
+        dialog->setAcceptMode(QFileDialog::AcceptSave);
+        dialog->setDefaultSuffix(suffix);
+    }
+    connect(dialog, &QFileDialog::fileSelected, this, then);
+    dialog->open();
+    return dialog;
+}
+
+void TrendFiles::askToOpen()
+{
+    ask(tr("Open recording"), tr("Recordings (*.csv *.sqlite *.sqlite3 *.db)"), QString(),
+        &TrendFiles::open);
+}
+
+void TrendFiles::askToSavePicture()
+{
+    ask(tr("Save picture"), tr("Pictures (*.png *.svg)"), QStringLiteral("png"),
+        &TrendFiles::savePicture);
+}
+
+void TrendFiles::askToSaveValues()
+{
+    ask(tr("Save values"), tr("Recordings (*.csv *.sqlite)"), QStringLiteral("csv"),
+        &TrendFiles::saveValues);
+}
+
+void TrendFiles::open(const QString& path)
+{
+    QString error;
+    m_path = path;
+    emit said(m_reader.open(path, &error) ? tr("Reading %1 …").arg(path) : error);
+}
+
+void TrendFiles::showRecording()
+{
+    m_parts.channels->setRecorded(m_reader.channels());
+    if (m_reader.range().to > m_reader.range().from)
+        m_parts.view->show(m_reader.range().from, m_reader.range().to);
+    const QString span = spanText(m_reader.range().to - m_reader.range().from);
+    emit said(m_reader.remark().isEmpty() ? tr("%1: %2 of values").arg(m_path, span)
+                                          : m_reader.remark());
+}
+
+void TrendFiles::savePicture(const QString& path)
+{
+    QString error;
+    const bool isSaved =
+        saveTrendPicture(path, m_parts.plot, *m_parts.legend, cursorText(*m_parts.view), &error);
+    emit said(isSaved ? tr("%1 is saved").arg(path) : error);
+}
+
+void TrendFiles::saveValues(const QString& path)
+{
+    QString error;
+    bool isThinned = false;
+    const TrendView& view = *m_parts.view;
+    const bool isSaved = writeTrend(path, m_parts.channels->list(), {view.from(), view.to() + 1},
+                                    view.now(), &isThinned, &error);
+    if (!isSaved)
+        emit said(error);
+    else if (isThinned)
+        emit said(tr("%1 is saved; of old values only some are kept, the lowest and highest among "
+                     "them")
+                      .arg(path));
+    else
+        emit said(tr("%1 is saved").arg(path));
+}
+
+} // namespace kxpanel

@@ -1,0 +1,58 @@
+#ifndef KX_KXPANEL_TREND_TREND_FILES_H
+#define KX_KXPANEL_TREND_TREND_FILES_H
+
+#include "kxpanel/trend/model/trend_channels.h"
+#include "kxpanel/trend/model/trend_file.h"
+#include "kxpanel/trend/model/trend_legend.h"
+#include "kxpanel/trend/model/trend_view.h"
+
+class QFileDialog;
+
+namespace kxpanel
+{
+
+class TrendPlot;
+
+/// What a trend opens and saves: asks for a name, does it, and says how it went.
+class TrendFiles : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Parts {
+        TrendChannels* channels;
+        TrendView* view;
+        const TrendLegend* legend;
+        TrendPlot* plot;
+    };
+
+    /// @param window the dialogs'; owns this
+    TrendFiles(const Parts& parts, QWidget* window);
+
+    void askToOpen();
+    void askToSavePicture();
+    void askToSaveValues();
+
+    /// Shows a recording instead of one that was opened before; said() comes when it is read.
+    void open(const QString& path);
+    void savePicture(const QString& path);
+    void saveValues(const QString& path);
+
+signals:
+    /// One line.
+    void said(const QString& text);
+
+private:
+    QFileDialog* ask(const QString& title, const QString& filter, const QString& suffix,
+                     void (TrendFiles::*then)(const QString&));
+    void showRecording();
+
+    Parts m_parts;
+    QWidget* m_window;
+    TrendFileReader m_reader;
+    QString m_path; ///< being read
+};
+
+} // namespace kxpanel
+
+#endif
