@@ -20,6 +20,7 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QTableView>
 
+#include <ctime>
 #include <memory>
 
 using kxpanel::LineState;
@@ -157,6 +158,7 @@ private slots:
     void theMiddleButtonPans();
     void cursorsByKeyAndMouse();
     void eachUnitHasItsScale();
+    void aPlotFullOfCurvesIsDrawnAtOnce();
     void deleteTakesAValueOut();
     void aHiddenPageGoesOnCollecting();
     void layoutComesBack();
@@ -374,6 +376,30 @@ void TrendPageTest::eachUnitHasItsScale()
     window.waitUntilDrawn();
     QVERIFY(window.plot->axisScaleDiv(QwtPlot::yLeft).lowerBound() < -1);
     QCOMPARE(window.plot->shownValues(TrendSide::Left).low, 0.0);
+}
+
+/// Curves that go from edge to edge in each column, of which a frame may take 50 ms.
+void TrendPageTest::aPlotFullOfCurvesIsDrawnAtOnce()
+{
+    Window window;
+    QList<kx::Tag> tags;
+    for (int tag = 0; tag < 8; ++tag)
+        tags << tagOf("", qPrintable(QStringLiteral("D%1@1/u16").arg(200 + tag)));
+    const QList<int> numbers = window.tags.insert(3, tags);
+    window.drop(numbers);
+    QVector<Reading> readings;
+    for (int index = 0; index < 20000; ++index) {
+        for (const int number : numbers)
+            readings << readingOf(number, index * 97 * number % 977, window.firstRead + index * 2);
+    }
+    emit window.machine.valuesRead(readings);
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    const std::clock_t begin = std::clock();
+    window.plot->refresh();
+    QVERIFY(window.pixelsOf(BLUE) > 0);
+    const double seconds = double(std::clock() - begin) / CLOCKS_PER_SEC;
+    QVERIFY2(seconds < 0.7, qPrintable(QString::number(seconds)));
 }
 
 void TrendPageTest::deleteTakesAValueOut()

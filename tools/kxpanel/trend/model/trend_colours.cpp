@@ -43,9 +43,7 @@ QPen trendPen(int look, const QColor& ground)
 {
     QPen pen(trendColour(look, ground));
     pen.setStyle(STYLES[look / COLOURS % STYLE_COUNT]);
-    pen.setWidthF(1.5);
-    pen.setCosmetic(true);
-    pen.setJoinStyle(Qt::BevelJoin);
+    pen.setWidth(1); // wider ones are slow where a curve fills the plot
     return pen;
 }
 

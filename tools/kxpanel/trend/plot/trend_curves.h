@@ -7,6 +7,7 @@
 #include <QtGui/QColor>
 #include <QtGui/QPainter>
 
+#include <qwt_painter.h>
 #include <qwt_plot_item.h>
 #include <qwt_scale_map.h>
 
@@ -40,7 +41,7 @@ void drawOutline(QPainter* painter, const QVector<QPolygonF>& outline, const Pla
         if (polygon.size() == 1)
             painter->drawPoint(polygon.first());
         else
-            painter->drawPolyline(polygon);
+            QwtPainter::drawPolyline(painter, polygon);
     }
 }
 
