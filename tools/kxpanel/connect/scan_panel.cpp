@@ -62,7 +62,7 @@ void ScanPanel::makeWidgets()
     m_progress = new QProgressBar(this);
     m_progress->setAccessibleName(tr("Stations asked"));
     m_progress->setFormat(tr("%v of %m"));
-    m_progress->setValue(0);
+    m_progress->setTextVisible(false); // nothing is counted yet
     m_found = new QListWidget(this);
     m_found->setAccessibleName(tr("Stations found"));
     m_found->setToolTip(tr("Click a station to use it for addresses that name none"));
@@ -183,6 +183,7 @@ void ScanPanel::addStation(const kx::ScanReply& reply)
 
 void ScanPanel::showProgress(int done, int total)
 {
+    m_progress->setTextVisible(true);
     m_progress->setMaximum(total);
     m_progress->setValue(done);
 }

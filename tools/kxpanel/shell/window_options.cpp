@@ -85,7 +85,9 @@ CommandLineResult parseWindowOptions(const QStringList& arguments, WindowOptions
         return result;
     }
     if (!isParsed) {
-        result.error = parser.errorText() + QStringLiteral("; kxpanel --help lists the options");
+        result.error = parser.errorText(); // a sentence
+        result.error.chop(result.error.endsWith(QLatin1Char('.')) ? 1 : 0);
+        result.error += QStringLiteral("; kxpanel --help lists the options");
         return result;
     }
     options->connection.session = kx::settingsForReading();

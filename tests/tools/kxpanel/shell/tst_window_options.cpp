@@ -65,7 +65,7 @@ void WindowOptionsTest::whatIsWrong_data()
     QTest::addColumn<QString>("error");
     QTest::newRow("an unknown option")
         << QStringList{"--speed", "9"}
-        << "Unknown option 'speed'.; kxpanel --help lists the options";
+        << "Unknown option 'speed'; kxpanel --help lists the options";
     QTest::newRow("two lines") << QStringList{"--simulate", "--tcp", "gateway"}
                                << "only one of --port, --tcp and --simulate can be used";
     QTest::newRow("a speed without a line")
