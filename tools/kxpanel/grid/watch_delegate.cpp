@@ -5,7 +5,6 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
 namespace kxpanel
@@ -155,6 +154,7 @@ QWidget* WatchDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
 void WatchDelegate::onTextEdited(QLineEdit* edit, const QModelIndex& index) const
 {
     const QString fault = m_check(index, edit->text());
+    edit->setProperty(IS_ENTERED, false);
     QPalette palette = edit->parentWidget()->palette();
     if (!fault.isEmpty())
         palette.setColor(QPalette::Text, stateColor(CellState::NotWritten, palette));
@@ -188,9 +188,11 @@ bool WatchDelegate::eventFilter(QObject* editor, QEvent* event)
         const int key = static_cast<QKeyEvent*>(event)->key();
         const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
         editor->setProperty(IS_ENTERED, isEnter);
-    } else if (event->type() == QEvent::FocusOut && isValue && widget
-               && !widget->isAncestorOf(QApplication::focusWidget())) {
-        emit closeEditor(widget, RevertModelCache);
+    } else if (event->type() == QEvent::FocusOut && isValue && widget) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        // A menu of its own, or another program to look something up.
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+            emit closeEditor(widget, RevertModelCache);
         return false;
     }
     return QStyledItemDelegate::eventFilter(editor, event);

@@ -157,11 +157,15 @@ void WatchPage::onWriteEnded(int number, const ValueWrite& write)
 
 void WatchPage::explain(const QString& text, bool isFault)
 {
+    if (text.isEmpty() && !m_isExplained)
+        return; // the message is another
     say(text, isFault);
+    m_isExplained = !text.isEmpty();
 }
 
 void WatchPage::say(const QString& text, bool isFault)
 {
+    m_isExplained = false;
     QPalette colors = palette();
     if (isFault)
         colors.setColor(QPalette::WindowText, stateColor(CellState::NotWritten, colors));
@@ -195,6 +199,8 @@ void WatchPage::findText()
 
 void WatchPage::showAll()
 {
+    if (m_writeBar->isVisible())
+        return m_writeBar->finish();
     m_filterLine->clear();
     showFaults({});
     say(QString(), false);

@@ -215,8 +215,9 @@ void WatchTable::setLayout(const QJsonObject& layout)
     const int most = 200; // characters
     int place = 0;
     QSet<int> placed;
-    for (const QJsonValue& value : layout[QLatin1String("columns")].toArray()) {
-        const QJsonObject one = value.toObject();
+    const QJsonArray columns = layout[QLatin1String("columns")].toArray();
+    for (int i = 0; i < columns.size(); ++i) {
+        const QJsonObject one = columns.at(i).toObject();
         const int column = columnOf(one[QLatin1String("name")].toString());
         if (column < 0 || placed.contains(column))
             continue;

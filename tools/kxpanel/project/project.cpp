@@ -64,7 +64,7 @@ bool parseWhole(const QByteArray& text, QJsonObject* whole, QStringList* faults)
 QJsonValue takeMember(const char* name, QJsonValue::Type type, const char* kind,
                       QJsonObject* object, QStringList* faults)
 {
-    const QJsonValue value = object->take(member(name));
+    QJsonValue value = object->take(member(name));
     if (value.type() == type || value.isUndefined())
         return value;
     *faults << translated(QT_TRANSLATE_NOOP("kxpanel::Project", "%1: must be %2"))
@@ -74,11 +74,10 @@ QJsonValue takeMember(const char* name, QJsonValue::Type type, const char* kind,
 
 void takeTags(const QJsonArray& array, Project* project, QStringList* faults)
 {
-    int index = 0;
-    for (const QJsonValue& value : array) {
-        const QString place = QStringLiteral("tags[%1]").arg(index++);
+    for (int i = 0; i < array.size(); ++i) {
+        const QString place = QStringLiteral("tags[%1]").arg(i);
         ProjectTag tag;
-        if (parseTagJson(value, place, &tag, faults))
+        if (parseTagJson(array.at(i), place, &tag, faults))
             project->tags << tag;
     }
 }

@@ -49,7 +49,7 @@ private slots:
     void clicksOnTheSwitchAlone();
     void whatIsNotKnownIsNotSwitched();
     void severalAskFirst();
-    void editsOfTheListCallAQuestionOff();
+    void editsOfTheListAndEscapeCallAQuestionOff();
     void movesRows();
     void filtersAndShowsAllAgain();
     void opensTags();
@@ -298,7 +298,7 @@ void WatchPageTest::severalAskFirst()
     QVERIFY(state(3).startsWith(QLatin1String("not written")));
 }
 
-void WatchPageTest::editsOfTheListCallAQuestionOff()
+void WatchPageTest::editsOfTheListAndEscapeCallAQuestionOff()
 {
     auto* const bar = m_page->findChild<WriteBar*>();
     m_table->selectAll();
@@ -306,6 +306,13 @@ void WatchPageTest::editsOfTheListCallAQuestionOff()
     QVERIFY(bar->isVisible());
     m_tags->remove({4});
     QVERIFY(!bar->isVisible());
+    m_table->selectAll();
+    QTest::keyClick(m_table, Qt::Key_Return, Qt::ControlModifier);
+    QVERIFY(bar->isVisible());
+    QTest::keyClicks(bar->edit(), QStringLiteral("1"));
+    QTest::keyClick(bar->edit(), Qt::Key_Escape);
+    QVERIFY(!bar->isVisible());
+    QCOMPARE(m_ended->size(), 0);
 }
 
 void WatchPageTest::movesRows()
