@@ -75,10 +75,10 @@ public:
                  tr("Set it where the mouse is, else in the middle"), {Qt::Key_2});
         actions->cursorLeft = make("cursorLeft", tr("Cursor back"),
                                    tr("Move the cursor that was set last by a pixel"),
-                                   {QKeySequence(Qt::SHIFT | Qt::Key_Left)});
+                                   {QKeySequence(QStringLiteral("Shift+Left"))});
         actions->cursorRight =
             make("cursorRight", tr("Cursor on"), tr("Move the cursor that was set last by a pixel"),
-                 {QKeySequence(Qt::SHIFT | Qt::Key_Right)});
+                 {QKeySequence(QStringLiteral("Shift+Right"))});
         actions->clearCursors =
             make("clearCursors", tr("No cursors"), tr("Take the cursors away"), {Qt::Key_Escape});
     }

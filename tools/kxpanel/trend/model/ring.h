@@ -39,7 +39,10 @@ public:
     bool isEmpty() const { return m_end == 0; }
     bool keeps(qint64 number) const { return number >= first() && number < m_end; }
     const T& at(qint64 number) const { return m_items[static_cast<std::size_t>(number % m_most)]; }
-    qint64 bytes() const { return static_cast<qint64>(m_items.capacity() * sizeof(T)); }
+    qint64 bytes() const
+    {
+        return static_cast<qint64>(m_items.capacity()) * static_cast<qint64>(sizeof(T));
+    }
 
 private:
     int m_most;

@@ -205,7 +205,8 @@ void TrendChannels::setLayout(const QJsonArray& layout)
 void TrendChannels::takeWanted()
 {
     QJsonArray left;
-    for (const QJsonValue& wanted : m_wanted) {
+    for (int index = 0; index < m_wanted.size(); ++index) {
+        const QJsonValue wanted = m_wanted.at(index);
         const int number = numberMeantBy(wanted.toObject());
         if (number > 0 && addOne(number))
             takeChannelJson(wanted.toObject(), &m_channels.last());

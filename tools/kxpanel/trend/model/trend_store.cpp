@@ -13,9 +13,17 @@ const int LEVELS = 5;
 const qint64 GROWTH = 4;        // items of a level in one of the next
 const qint64 STEP_BACK = 60000; // milliseconds; a clock that is kept right takes smaller ones
 
+quint64 bitsOf(double value)
+{
+    quint64 bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits;
+}
+
+/// Of gaps, too, which never equal.
 bool isSame(double a, double b)
 {
-    return std::memcmp(&a, &b, sizeof a) == 0; // of gaps, too, which never equal
+    return bitsOf(a) == bitsOf(b);
 }
 
 TrendSpan asSpan(const TrendSample& sample)

@@ -93,7 +93,7 @@ void TrendLanes::drawLane(QPainter* painter, const QwtScaleMap& xMap, const QRec
                           const TrendChannel& channel) const
 {
     const QPalette palette = plot()->canvas()->palette();
-    const QColor ground = palette.color(QPalette::Base);
+    const QColor& ground = palette.color(QPalette::Base);
     painter->setPen(palette.color(QPalette::Mid));
     painter->drawLine(lane.topLeft(), lane.topRight());
 

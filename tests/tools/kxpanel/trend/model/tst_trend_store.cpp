@@ -46,6 +46,11 @@ private:
     QVector<TrendSample> m_samples;
 };
 
+qint64 below(std::mt19937* random, qint64 limit)
+{
+    return static_cast<qint64>((*random)()) % limit;
+}
+
 QString textOf(const TrendSample& sample)
 {
     return sample.isThere() ? QStringLiteral("%1@%2").arg(sample.value).arg(sample.time)
@@ -182,8 +187,8 @@ void TrendStoreTest::isExactWhileEachSampleIsKept()
     QCOMPARE(store.exactSince(), model.time(model.size() - 1024));
     const qint64 first = model.time(model.size() - 1022); // one holds at the beginning
     for (int question = 0; question < 2000; ++question) {
-        const qint64 from = first + random() % (time - first + 50);
-        const qint64 to = from + 1 + random() % (question % 2 == 0 ? 30 : 20000);
+        const qint64 from = first + below(&random, time - first + 50);
+        const qint64 to = from + 1 + below(&random, question % 2 == 0 ? 30 : 20000);
         QCOMPARE(textOf(store.between(from, to)), textOf(model.between(from, to)));
     }
 }
@@ -205,8 +210,8 @@ void TrendStoreTest::losesNoExtremeWithAge()
     QCOMPARE(store.begin(), qint64(0));
     const qint64 widest = 10 * 1024; // milliseconds of the widest span
     for (int question = 0; question < 150; ++question) {
-        const qint64 from = random() % (10 * samples);
-        const qint64 to = from + 1 + random() % 50000;
+        const qint64 from = below(&random, 10 * samples);
+        const qint64 to = from + 1 + below(&random, 50000);
         const TrendSpan answered = store.between(from, to);
         const TrendSpan exact = model.between(from, to);
         const TrendSpan wider = model.between(from - widest, to + widest);
