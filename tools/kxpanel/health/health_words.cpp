@@ -16,6 +16,48 @@ struct Words {
     Q_DECLARE_TR_FUNCTIONS(kxpanel::HealthWords)
 };
 
+struct Heading {
+    const char* heading;
+    const char* tip;
+};
+
+const Heading HEADINGS[HealthModel::COLUMNS] = {
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Station"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Number of the station")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "State"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Whether the station answers now")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Requests"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Requests that are over, each try counted")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Accepted"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Requests whose reply the driver took")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Repeated"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Requests that were sent once more")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Failed"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Requests that failed for good")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Median"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Half of the replies began within this time, in "
+                                               "milliseconds from the end of the request")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "99 %"),
+     QT_TRANSLATE_NOOP(
+         "kxpanel::HealthWords",
+         "99 of 100 replies began within this time, in milliseconds from the end of the request")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Longest"),
+     QT_TRANSLATE_NOOP(
+         "kxpanel::HealthWords",
+         "The slowest reply, in milliseconds from the end of the request to its first character")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "No reply"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Repeated or failed: nothing came")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Cut short"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Repeated or failed: too few bytes came")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Damaged"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Repeated or failed: no frame in the bytes")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Refused"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Repeated or failed: the station refused")},
+    {QT_TRANSLATE_NOOP("kxpanel::HealthWords", "Other"),
+     QT_TRANSLATE_NOOP("kxpanel::HealthWords",
+                       "Repeated or failed for any other reason; point at a station to see which")},
+};
+
 struct NamedCount {
     QString name;
     qint64 count;
@@ -39,42 +81,8 @@ QList<NamedCount> reasonsOf(const kx::BadReplies& bad)
 
 HealthHeading healthHeading(int column)
 {
-    switch (column) {
-    case HealthModel::Station:
-        return {Words::tr("Station"), Words::tr("Number of the station")};
-    case HealthModel::State:
-        return {Words::tr("State"), Words::tr("Whether the station answers now")};
-    case HealthModel::Requests:
-        return {Words::tr("Requests"), Words::tr("Requests that are over, each try counted")};
-    case HealthModel::Accepted:
-        return {Words::tr("Accepted"), Words::tr("Requests whose reply the driver took")};
-    case HealthModel::Repeated:
-        return {Words::tr("Repeated"), Words::tr("Requests that were sent once more")};
-    case HealthModel::Failed:
-        return {Words::tr("Failed"), Words::tr("Requests that failed for good")};
-    case HealthModel::NoReply:
-        return {Words::tr("No reply"), Words::tr("Repeated or failed: nothing came")};
-    case HealthModel::CutShort:
-        return {Words::tr("Cut short"), Words::tr("Repeated or failed: too few bytes came")};
-    case HealthModel::Damaged:
-        return {Words::tr("Damaged"), Words::tr("Repeated or failed: no frame in the bytes")};
-    case HealthModel::Refused:
-        return {Words::tr("Refused"), Words::tr("Repeated or failed: the station refused")};
-    case HealthModel::Other:
-        return {Words::tr("Other"), Words::tr("Repeated or failed for any other reason; point at "
-                                              "a station to see which")};
-    case HealthModel::Median:
-        return {Words::tr("Median"), Words::tr("Half of the replies began within this time, in "
-                                               "milliseconds from the end of the request")};
-    case HealthModel::MostOf100:
-        return {Words::tr("99 %"), Words::tr("99 of 100 replies began within this time, in "
-                                             "milliseconds from the end of the request")};
-    case HealthModel::Longest:
-        return {Words::tr("Longest"), Words::tr("The slowest reply, in milliseconds from the end "
-                                                "of the request to its first character")};
-    default:
-        return {};
-    }
+    const Heading& heading = HEADINGS[column];
+    return {Words::tr(heading.heading), Words::tr(heading.tip)};
 }
 
 QString stateWords(const StationHealth& station)

@@ -26,8 +26,10 @@ CyclePainter::CyclePainter(QPainter* painter, const LineRecord& record, const Ti
 
 QRectF CyclePainter::lane(int station) const
 {
-    const double height = m_lanes.height() / std::max<double>(1, m_stations.size());
-    const QRectF whole(m_axis.left(), m_lanes.top() + m_stations.indexOf(station) * height,
+    const int lanes = std::max(static_cast<int>(m_stations.size()), 1);
+    const double height = m_lanes.height() / lanes;
+    const QRectF whole(m_axis.left(),
+                       m_lanes.top() + static_cast<int>(m_stations.indexOf(station)) * height,
                        m_axis.width(), height);
     const double margin = std::min(height / 4, m_row / 2);
     return whole.adjusted(0, margin, 0, -margin);

@@ -208,21 +208,24 @@ void CyclePicture::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
 }
 
-bool CyclePicture::moveBy(int key)
+void CyclePicture::selectNext(int step)
 {
     const ExchangeHistory& history = m_record->history();
+    const qint64 place = m_selected < 0 ? history.end() - 1 : m_selected + step;
+    if (!history.has(place))
+        return;
+    setLive(false); // what is looked at stays
+    select(place);
+    bringIntoView(place);
+}
+
+bool CyclePicture::moveBy(int key)
+{
     switch (key) {
     case Qt::Key_Left:
-    case Qt::Key_Right: {
-        const qint64 last = m_selected < 0 ? history.end() : m_selected;
-        const qint64 place = last + (key == Qt::Key_Left || m_selected < 0 ? -1 : 1);
-        if (history.has(place)) {
-            setLive(false);
-            select(place);
-            bringIntoView(place);
-        }
+    case Qt::Key_Right:
+        selectNext(key == Qt::Key_Left ? -1 : 1);
         return true;
-    }
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
         pan((key == Qt::Key_PageUp ? -PAGE : PAGE) * m_axis.width());
@@ -232,13 +235,8 @@ bool CyclePicture::moveBy(int key)
         zoom(key == Qt::Key_Plus ? 1 / ZOOM_STEP : ZOOM_STEP);
         return true;
     case Qt::Key_Space:
-        setLive(!m_isLive);
-        return true;
     case Qt::Key_End:
-        setLive(true);
-        return true;
-    case Qt::Key_Home:
-        showCycles(FIRST_CYCLES);
+        setLive(key == Qt::Key_End || !m_isLive);
         return true;
     case Qt::Key_Escape:
         select(-1);

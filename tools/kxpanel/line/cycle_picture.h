@@ -56,7 +56,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// @return it is one of the picture's keys
     bool moveBy(int key);
+    void selectNext(int step);
     void pan(double pixels);
     void select(qint64 place);
     void bringIntoView(qint64 place);

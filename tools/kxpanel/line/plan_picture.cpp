@@ -92,33 +92,40 @@ void PlanPicture::paintEvent(QPaintEvent* event)
         painter.drawText(rect(), Qt::AlignCenter, tr("Nothing is watched"));
         return;
     }
-    for (int row = 0; row < m_rows.size(); ++row) {
+    const int first = std::max(event->rect().top() / rowHeight(), 0);
+    const int last = event->rect().bottom() / rowHeight();
+    for (int row = first; row <= std::min(last, static_cast<int>(m_rows.size()) - 1); ++row) {
         const QRectF place(0, row * double(rowHeight()), labelWidth() - gap(),
                            fontMetrics().height() * 1.5);
-        if (place.toAlignedRect().top() > event->rect().bottom())
-            break;
         painter.drawText(
             place, Qt::AlignRight | Qt::AlignVCenter,
             QStringLiteral("%1 %2").arg(QString::number(m_rows.at(row).station),
                                         QString::fromLatin1(m_rows.at(row).type->name)));
     }
-    double labelled = 0; // up to where there is a first address in the row
     for (int index = 0; index < m_places.size(); ++index) {
+        if (m_places.at(index).row >= first && m_places.at(index).row <= last)
+            paintBar(&painter, index);
+    }
+    paintAddresses(&painter, first, last);
+}
+
+void PlanPicture::paintAddresses(QPainter* painter, int firstRow, int lastRow) const
+{
+    painter->setPen(palette().color(QPalette::Text));
+    double used = 0; // up to where an address stands in the row
+    for (int index = 0; index < m_places.size(); ++index) {
+        const Place& place = m_places.at(index);
+        if (place.bar == 0)
+            used = 0;
         const QRectF bar = barRect(index);
-        if (bar.top() > event->rect().bottom() || bar.top() + rowHeight() < event->rect().top())
+        if (place.row < firstRow || place.row > lastRow || bar.left() < used)
             continue;
-        paintBar(&painter, index);
-        if (m_places.at(index).bar == 0)
-            labelled = 0;
-        const kx::PlannedRequest& request = barOf(m_places.at(index)).request;
+        const kx::PlannedRequest& request = barOf(place).request;
         const QString text = kx::addressText(request.type, request.firstAddress());
         const double width = fontMetrics().horizontalAdvance(text + QLatin1Char(' '));
-        if (bar.left() < labelled)
-            continue;
-        labelled = bar.left() + width;
-        painter.setPen(palette().color(QPalette::Text));
-        painter.drawText(QRectF(bar.left(), bar.bottom(), width, bar.height()), Qt::AlignLeft,
-                         text);
+        used = bar.left() + width;
+        painter->drawText(QRectF(bar.left(), bar.bottom(), width, bar.height()), Qt::AlignLeft,
+                          text);
     }
 }
 

@@ -62,6 +62,8 @@ private:
     void tell(int index);
     void select(int index);
     void paintBar(QPainter* painter, int index) const;
+    /// Of the first of each request, where there is room.
+    void paintAddresses(QPainter* painter, int firstRow, int lastRow) const;
 
     QVector<PlanRow> m_rows;
     QVector<Place> m_places; ///< of each bar

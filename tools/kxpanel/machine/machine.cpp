@@ -23,7 +23,7 @@ struct Limits {
 
 kx::SessionSettings limited(kx::SessionSettings settings, const Limits& limits)
 {
-    settings.choosesLengths = limits.words == 0;
+    settings.choosesLengths = true; // as the window predicts
     settings.maxWords = limits.words > 0 ? limits.words : kx::MOST_REGISTERS_PER_READ;
     settings.maxBits = limits.bits > 0 ? limits.bits : kx::MOST_COILS_PER_READ;
     return settings;

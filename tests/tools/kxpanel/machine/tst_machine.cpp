@@ -57,6 +57,7 @@ private slots:
     void closingEndsJobs();
     void anotherLineTakesThePlace();
     void limitsAreTakenAtOnce();
+    void limitsMakeNoRequestLongerThanItPays();
     void limitsWaitForJobs();
     void aLostLineIsOpenedAgain();
     void tenThousandValues();
@@ -297,6 +298,19 @@ void MachineTest::limitsAreTakenAtOnce()
     QVERIFY(m_log->exchanges.last().range.values <= 2);
     m_machine->setLimits(0, 0);
     QTRY_COMPARE(m_log->exchanges.last().range.values, 3);
+}
+
+void MachineTest::limitsMakeNoRequestLongerThanItPays()
+{
+    // D111 to D130 between them take longer on the line than another request.
+    m_machine->setValues({watched(1, "D110"), watched(2, "D131")});
+    m_machine->openLine(simulated());
+    m_machine->setLimits(32, 512);
+    QTRY_VERIFY(m_log->exchanges.size() > 4);
+    m_log->exchanges.clear();
+    QTRY_VERIFY(m_log->exchanges.size() > 4);
+    for (const Exchange& exchange : qAsConst(m_log->exchanges))
+        QCOMPARE(exchange.range.values, 1);
 }
 
 void MachineTest::limitsWaitForJobs()
