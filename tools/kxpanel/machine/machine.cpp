@@ -124,7 +124,7 @@ void Machine::open(const kx::ConnectionOptions& options)
         return tellLine(LineState::Closed, error);
     m_parts->status.name = m_parts->line->name;
     kx::Connection* const connection = m_parts->line->connection.get();
-    m_parts->status.timing = connection->line()->timing();
+    m_parts->status.timing = m_parts->options.session.timingOf(connection->line()->timing());
     connect(connection, &kx::Connection::opened, this, &Machine::onOpened);
     connect(connection, &kx::Connection::failed, this,
             [this](const kx::Failure& failure) { failLater(failure.text); });

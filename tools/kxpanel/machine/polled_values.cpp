@@ -16,8 +16,9 @@ Reading readingOf(const kx::WatchEntry& entry, qint64 epoch)
     Reading reading;
     reading.number = entry.name.toInt();
     reading.state = entry.state;
-    reading.raw = entry.raw();
     const bool wasRead = entry.readAt > 0 || entry.state == kx::WatchState::Ok;
+    if (wasRead) // else a write that failed may have left a value
+        reading.raw = entry.raw();
     reading.readAt = wasRead ? epoch + entry.readAt : 0;
     reading.changedAt = entry.changedAt > 0 ? epoch + entry.changedAt : 0;
     return reading;

@@ -8,6 +8,7 @@
 #include "kxpanel/shell/project_keeper.h"
 #include "kxpanel/shell/status_line.h"
 #include "kxpanel/shell/window_menus.h"
+#include "panel/values/value_address.h"
 
 #include <QtCore/QSettings>
 #include <QtGui/QCloseEvent>
@@ -155,9 +156,13 @@ void MainWindow::showProject(const Project& project)
     m_connection->setOptions(project.connection);
     m_unknown.clear();
     m_tags.setValues({});
+    QList<kx::Tag> tags;
+    for (const ProjectTag& tag : project.tags)
+        tags << tag.tag;
+    QList<int> numbers = m_tags.insert(0, tags);
     for (const ProjectTag& tag : project.tags) {
-        for (const int number : m_tags.insert(m_tags.size(), {tag.tag}))
-            m_unknown[number] = tag.extra;
+        for (int value = kx::valuesIn(tag.tag.range, tag.tag.format); value > 0; --value)
+            m_unknown[numbers.takeFirst()] = tag.extra;
     }
     if (m_watch) {
         m_watch->undoStack()->clear();

@@ -138,8 +138,6 @@ void TagList::takeReadings(const QVector<Reading>& readings)
         if (row < 0 || !suits(reading, m_values.at(row)))
             continue;
         m_readings[row] = reading;
-        if (reading.readAt == 0)
-            m_readings[row].raw.clear(); // a write that failed leaves what nobody has read
         rows << row;
     }
     std::sort(rows.begin(), rows.end());

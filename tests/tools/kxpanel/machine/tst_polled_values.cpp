@@ -15,6 +15,7 @@ private slots:
     void whatAPollCoversIsMarked();
     void markedOnceIsToldOnce();
     void aTimeIsOfTheClockOnTheWall();
+    void whatWasNeverReadHasNoValue();
 };
 
 namespace
@@ -122,6 +123,19 @@ void PolledValuesTest::aTimeIsOfTheClockOnTheWall()
     QCOMPARE(reading.raw, QList<qint64>{6});
     QCOMPARE(reading.readAt, qint64(1700000000250));
     QCOMPARE(reading.changedAt, qint64(1700000000300));
+}
+
+// As after a write that no station has confirmed.
+void PolledValuesTest::whatWasNeverReadHasNoValue()
+{
+    kx::WatchList list;
+    PolledValues values = polled({"D100"}, &list);
+    list.onChange(
+        1, QStringLiteral("D"), 100, [](const kx::WatchEntry&) { return QList<qint64>{0}; }, 300);
+    values.markAll();
+    const Reading reading = values.takeMarked(list, 1700000000000).first();
+    QCOMPARE(reading.state, kx::WatchState::NeverRead);
+    QCOMPARE(reading.raw, QList<qint64>());
 }
 
 QTEST_MAIN(PolledValuesTest)

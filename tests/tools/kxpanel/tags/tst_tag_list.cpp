@@ -33,7 +33,6 @@ private slots:
     void otherRegistersForgetTheReading();
     void undoneRegistersForgetTheReading();
     void aReadingOfOtherLengthIsLeftOut();
-    void whatWasNeverReadHasNoValue();
     void tellsWhichRowsWereRead();
     void forgetsAll();
 };
@@ -133,14 +132,6 @@ void TagListTest::aReadingOfOtherLengthIsLeftOut()
     TagList list;
     list.insert(0, {tagOf("D0/float")});
     list.takeReadings({readingOf(1, {42})}); // of the one register before an edit
-    QVERIFY(list.reading(1).raw.isEmpty());
-}
-
-void TagListTest::whatWasNeverReadHasNoValue()
-{
-    TagList list;
-    list.insert(0, {tagOf("D0")});
-    list.takeReadings({readingOf(1, {0}, 0)}); // as after a write that failed
     QVERIFY(list.reading(1).raw.isEmpty());
 }
 
