@@ -19,7 +19,7 @@ void record(benchmark::State& state, const char* name)
     const QTemporaryDir folder;
     kx::RecorderSettings settings;
     settings.path = folder.filePath(QString::fromLatin1(name));
-    settings.samples = true;
+    settings.every = SECOND;
     settings.rotation.bytes = LARGEST_FILE;
     QList<kx::RecordedTag> tags;
     for (int i = 0; i < TAGS; ++i)

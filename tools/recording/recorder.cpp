@@ -24,7 +24,7 @@ bool Recorder::openFile(qint64 now, QString* error)
             break;
     }
     m_begin = now;
-    m_writer = recordingWriterFor(m_settings.path, !m_settings.samples);
+    m_writer = recordingWriterFor(m_settings.path, m_settings.every == 0);
     return m_writer->open(m_file, m_tags, error);
 }
 
@@ -35,7 +35,7 @@ void Recorder::onRead(qint64 now, int tag, const RecordedValue& value)
     state.isGap = false;
     state.value = value;
     state.isNew = true;
-    if (!m_settings.samples && isOther)
+    if (m_settings.every == 0 && isOther)
         record(now, tag);
 }
 
@@ -45,7 +45,7 @@ void Recorder::onGap(qint64 now, int tag, GapReason reason)
     if (state.isGap && state.reason == reason)
         return;
     beginGap(&state, reason);
-    if (!m_settings.samples)
+    if (m_settings.every == 0)
         record(now, tag);
 }
 
@@ -63,13 +63,42 @@ void Recorder::sample(qint64 now)
             beginGap(&state, GapReason::NotRead);
     }
     recordNews(now);
+    m_lastSample = now;
 }
 
 void Recorder::recordNews(qint64 now)
 {
+    recordMissed(now);
     for (int tag = 0; tag < m_states.size(); ++tag) {
         if (m_states.at(tag).isNew)
             record(now, tag);
+    }
+}
+
+/// The gap of samples that nobody took begins with the first of them. What is new comes behind it.
+void Recorder::recordMissed(qint64 now)
+{
+    if (m_settings.every == 0 || m_lastSample == 0 || now - m_lastSample <= 2 * m_settings.every)
+        return;
+    for (int tag = 0; tag < m_states.size(); ++tag) {
+        State& state = m_states[tag];
+        if (!state.hasRecordedValue)
+            continue;
+        const State news = state;
+        beginGap(&state, GapReason::NotRead);
+        record(m_lastSample + m_settings.every, tag);
+        if (news.isNew && (!news.isGap || news.reason != GapReason::NotRead)) {
+            state = news;
+            state.hasRecordedValue = false;
+        }
+    }
+}
+
+void Recorder::rest(qint64 since)
+{
+    for (int tag = 0; tag < m_states.size(); ++tag) {
+        if (!isInGap(tag))
+            onGap(since, tag, GapReason::NotRead);
     }
 }
 
@@ -77,6 +106,7 @@ void Recorder::record(qint64 now, int tag)
 {
     State& state = m_states[tag];
     state.isNew = false;
+    state.hasRecordedValue = !state.isGap;
     if (!m_failure.isEmpty())
         return;
     m_flush.onRecord(now);
@@ -91,7 +121,7 @@ void Recorder::record(qint64 now, int tag)
 void Recorder::recordAll(qint64 now)
 {
     for (int tag = 0; tag < m_states.size(); ++tag) {
-        if (m_states.at(tag).isGap || !m_settings.samples)
+        if (m_states.at(tag).isGap || m_settings.every == 0)
             record(now, tag);
     }
 }
@@ -100,6 +130,7 @@ bool Recorder::serve(qint64 now)
 {
     if (!m_failure.isEmpty())
         return false;
+    recordMissed(now);
     if (m_flush.isDue(now)) {
         m_writer->flush();
         m_flush.onFlush();

@@ -13,7 +13,7 @@ namespace kx
 struct RecorderSettings {
     QString path; ///< isRecordingName(); with a rotation each file has its time in its name
     RotationRule rotation;
-    bool samples = false; ///< at each sample(); else at each change
+    qint64 every = 0; ///< milliseconds from sample() to sample(); 0: each change is recorded
 };
 
 /// Records tags: decides what is written and when. It has no clock and no line; who does tells it
@@ -34,12 +34,16 @@ public:
     void onRead(qint64 now, int tag, const RecordedValue& value);
     /// The tag could not be read.
     void onGap(qint64 now, int tag, GapReason reason);
-    /// With RecorderSettings::samples: records each tag that was read since the sample before, and
-    /// each gap that began. A tag that has neither a read nor a gap begins one, "not read".
+    /// With RecorderSettings::every: records each tag that was read since the sample before, and
+    /// each gap that began. A tag that has neither a read nor a gap begins one, "not read"; so do
+    /// all when the clock shows that more than two distances have passed.
     void sample(qint64 now);
     /// Between two samples, before the line or the recorder ends: records what sample() would, but
     /// finds no gaps.
     void recordNews(qint64 now);
+    /// Nobody has read since then, since the program was stopped or the machine suspended: gaps
+    /// "not read" of all tags that have a value.
+    void rest(qint64 since);
     /// To be called every 100 ms or so: hands to the system what has waited, goes on in the next
     /// file. True when there is another one.
     bool serve(qint64 now);
@@ -58,7 +62,8 @@ public:
 private:
     struct State {
         bool isGap = true;
-        bool isNew = false; ///< read, or begun as a gap, since it was recorded
+        bool isNew = false;            ///< read, or begun as a gap, since it was recorded
+        bool hasRecordedValue = false; ///< what was recorded last is no gap
         GapReason reason = GapReason::NotYetRead;
         RecordedValue value;
     };
@@ -66,6 +71,7 @@ private:
     bool openFile(qint64 now, QString* error);
     bool openNextFile(qint64 now);
     static void beginGap(State* state, GapReason reason);
+    void recordMissed(qint64 now);
     void record(qint64 now, int tag);
     void recordAll(qint64 now);
 
@@ -74,7 +80,8 @@ private:
     QVector<State> m_states;
     std::unique_ptr<RecordingWriter> m_writer;
     FlushRule m_flush;
-    qint64 m_begin = 0; ///< of the file
+    qint64 m_begin = 0;      ///< of the file
+    qint64 m_lastSample = 0; ///< 0: there was none
     QString m_file;
     qint64 m_samples = 0;
     qint64 m_gaps = 0;

@@ -43,7 +43,7 @@ void LongRecordingTest::memoryStaysFlat()
     const RecordingFolder folder;
     RecorderSettings settings;
     settings.path = folder.path(name.toLatin1());
-    settings.samples = true;
+    settings.every = 1000;
     settings.rotation.bytes = LARGEST_FILE;
     QList<RecordedTag> tags;
     for (int i = 0; i < TAGS; ++i)

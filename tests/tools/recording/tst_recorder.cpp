@@ -14,7 +14,7 @@ RecorderSettings settingsFor(const QString& path, bool samples)
 {
     RecorderSettings settings;
     settings.path = path;
-    settings.samples = samples;
+    settings.every = samples ? 1000 : 0;
     return settings;
 }
 
@@ -27,11 +27,15 @@ class RecorderTest : public QObject
 private slots:
     void changesAreRecordedOnce();
     void samplesAreWhatWasReadSinceTheOneBefore();
-    void aSampleThatIsMissingIsAGap_data();
+    void aSampleThatIsMissingIsAGap_data() { kinds(); }
     void aSampleThatIsMissingIsAGap();
     void whatIsRecordedOutOfTurnMissesNothing();
     void aGapBetweenTwoSamplesIsNone();
     void aGapIsNeverAnOldValue();
+    void samplesThatWereMissedAreAGap_data() { kinds(); }
+    void samplesThatWereMissedAreAGap();
+    void aRestIsAGapOfChanges();
+    void aRestIsOfTheFileInWhichItBegan();
     void isWrittenWithinASecond();
     void filesFollowEachOther();
     void filesOfASecondAreToldApart();
@@ -39,6 +43,8 @@ private slots:
     void aFullDiskEndsIt();
 
 private:
+    static void kinds();
+
     RecordingFolder m_folder;
 };
 
@@ -88,7 +94,7 @@ void RecorderTest::samplesAreWhatWasReadSinceTheOneBefore()
                           "3100 1 [recorder stopped]"}));
 }
 
-void RecorderTest::aSampleThatIsMissingIsAGap_data()
+void RecorderTest::kinds()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("table") << "missing.csv";
@@ -171,6 +177,71 @@ void RecorderTest::aGapIsNeverAnOldValue()
     recorder.finish(START + 4100);
     QCOMPARE(eventsOf(path), QStringList({"0 0 [not yet read]", "1000 0 [refused]", "4000 0 1",
                                           "4100 0 [recorder stopped]"}));
+}
+
+// Nobody took them, as after a suspension. Twice the distance is a timer that came late.
+void RecorderTest::samplesThatWereMissedAreAGap()
+{
+    QFETCH(QString, name);
+    const QString path = m_folder.path(("rest_" + name).toLatin1());
+    Recorder recorder(settingsFor(path, true));
+    QString error;
+    QVERIFY(recorder.open(pumpTags(), START, &error));
+    recorder.onRead(START + 900, 0, number("1"));
+    recorder.onRead(START + 950, 1, number("7"));
+    recorder.sample(START + 1000);
+    recorder.onRead(START + 9950, 0, number("1"));
+    recorder.sample(START + 10000);
+    recorder.onRead(START + 11900, 0, number("1"));
+    recorder.onRead(START + 11950, 1, number("7"));
+    recorder.sample(START + 12000);
+    recorder.onGap(START + 12500, 0, GapReason::NoAnswer);
+    recorder.onGap(START + 12600, 1, GapReason::NotRead);
+    recorder.serve(START + 14000);
+    recorder.sample(START + 14001);
+    recorder.finish(START + 14100);
+    QCOMPARE(
+        eventsOf(path),
+        QStringList({"0 0 [not yet read]", "0 1 [not yet read]", "1000 0 1", "1000 1 7",
+                     "2000 0 [not read]", "2000 1 [not read]", "10000 0 1", "12000 0 1",
+                     "12000 1 7", "13000 0 [not read]", "13000 1 [not read]", "14001 0 [no answer]",
+                     "14100 0 [recorder stopped]", "14100 1 [recorder stopped]"}));
+    QCOMPARE(recorder.gaps(), 7); // but for the end
+}
+
+void RecorderTest::aRestIsAGapOfChanges()
+{
+    const QString path = m_folder.path("rest_of_changes.csv");
+    Recorder recorder(settingsFor(path, false));
+    QString error;
+    QVERIFY(recorder.open(pumpTags(), START, &error));
+    recorder.onRead(START + 10, 0, number("1"));
+    recorder.rest(START + 100);
+    recorder.onRead(START + 5000, 0, number("1"));
+    recorder.finish(START + 5100);
+    QCOMPARE(eventsOf(path),
+             QStringList({"0 0 [not yet read]", "0 1 [not yet read]", "10 0 1", "100 0 [not read]",
+                          "5000 0 1", "5100 0 [recorder stopped]", "5100 1 [recorder stopped]"}));
+}
+
+// The next full minute is 40 s after START.
+void RecorderTest::aRestIsOfTheFileInWhichItBegan()
+{
+    RecorderSettings settings = settingsFor(m_folder.path("rest.csv"), true);
+    settings.rotation.milliseconds = 60000;
+    Recorder recorder(settings);
+    QString error;
+    QVERIFY(recorder.open({pumpTags().first()}, START, &error));
+    const QString first = recorder.file();
+    recorder.onRead(START + 900, 0, number("1"));
+    recorder.sample(START + 1000);
+    QVERIFY(recorder.serve(START + 50000));
+    recorder.onRead(START + 50900, 0, number("1"));
+    recorder.sample(START + 51000);
+    recorder.finish(START + 51100);
+    QCOMPARE(eventsOf(first), QStringList({"0 0 [not yet read]", "1000 0 1", "2000 0 [not read]"}));
+    QCOMPARE(eventsOf(recorder.file()),
+             QStringList({"50000 0 [not read]", "51000 0 1", "51100 0 [recorder stopped]"}));
 }
 
 void RecorderTest::isWrittenWithinASecond()

@@ -69,13 +69,12 @@ bool parseFile(const QCommandLineParser& parser, RecorderSettings* recording, QS
 
 bool parseMoments(const QCommandLineParser& parser, RecordOptions* options, QString* error)
 {
-    if (!parseTime(parser, "every", LONGEST_EVERY, "from 100ms to 24h, such as 1s", &options->every,
-                   error)
+    if (!parseTime(parser, "every", LONGEST_EVERY, "from 100ms to 24h, such as 1s",
+                   &options->recording.every, error)
         || !parseTime(parser, "for", LONGEST_RECORDING, "from 100ms to 8784h, such as 8h",
                       &options->duration, error))
         return false;
-    options->recording.samples = options->every > 0;
-    if (options->recording.samples != parser.isSet(QStringLiteral("changes")))
+    if ((options->recording.every > 0) != parser.isSet(QStringLiteral("changes")))
         return true;
     *error = QStringLiteral("when? Use either --every TIME, such as --every 1s, or --changes");
     return false;

@@ -13,7 +13,6 @@ struct RecordOptions {
     ConnectionOptions connection; ///< set for reading before the options are read
     QList<Tag> tags;              ///< with their intervals
     RecorderSettings recording;
-    qint64 every = 0;    ///< milliseconds between samples; 0: at each change
     qint64 duration = 0; ///< milliseconds; 0: until it is ended
     int cycles = 0;      ///< 0: until it is ended
 };

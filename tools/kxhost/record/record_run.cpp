@@ -13,6 +13,7 @@ namespace
 {
 
 const int SERVE_INTERVAL = 100; // milliseconds
+const int LONGEST_REST = 2000;  // milliseconds, which a busy machine may take
 
 qint64 timeOfDay()
 {
@@ -45,6 +46,7 @@ bool RecordRun::start(QString* error)
     if (!m_recorder.open(recordedTags(m_watch.list().entries()), timeOfDay(), error))
         return false;
     announce();
+    m_awake = timeOfDay();
     m_session->start();
     m_serve.start(SERVE_INTERVAL);
     startSampling();
@@ -53,12 +55,25 @@ bool RecordRun::start(QString* error)
 
 void RecordRun::startSampling()
 {
-    if (m_options.every > 0)
-        m_sample.start(static_cast<int>(untilNextSample(timeOfDay(), m_options.every)));
+    if (m_options.recording.every > 0)
+        m_sample.start(static_cast<int>(untilNextSample(timeOfDay(), m_options.recording.every)));
+}
+
+/// A program that was stopped, or a machine that was suspended, has read nothing meanwhile.
+void RecordRun::noticeRest()
+{
+    const qint64 now = timeOfDay();
+    if (now - m_awake > LONGEST_REST) {
+        m_recorder.rest(m_awake);
+        m_fresh.skip(m_watch.list().entries());
+        m_mayBeBack = true;
+    }
+    m_awake = now;
 }
 
 void RecordRun::onSample()
 {
+    noticeRest();
     takeReads();
     m_recorder.sample(timeOfDay());
     startSampling();
@@ -67,7 +82,7 @@ void RecordRun::onSample()
 /// What was read since the last sample, when there will be no other one.
 void RecordRun::takeNews()
 {
-    if (m_options.every == 0)
+    if (m_options.recording.every == 0)
         return;
     takeReads();
     m_recorder.recordNews(timeOfDay());
@@ -75,6 +90,7 @@ void RecordRun::takeNews()
 
 void RecordRun::onServe()
 {
+    noticeRest();
     const qint64 now = timeOfDay();
     if (m_mayBeBack)
         takeReturns();
@@ -88,11 +104,12 @@ void RecordRun::onServe()
 
 void RecordRun::onEntries(const QList<int>& indexes)
 {
+    noticeRest();
     for (const int index : indexes) {
         const WatchEntry& entry = m_watch.list().entries().at(index);
         if (entry.state != WatchState::Ok && !m_isLineLost)
             m_recorder.onGap(timeOfDay(), index, gapReason(entry));
-        else if (hasValue(entry) && m_options.every == 0)
+        else if (hasValue(entry) && m_options.recording.every == 0)
             m_recorder.onRead(timeOfDay(), index, recordedValue(entry));
     }
 }
@@ -112,7 +129,7 @@ void RecordRun::takeReturns()
 {
     m_mayBeBack = false;
     const QVector<WatchEntry>& entries = m_watch.list().entries();
-    for (int index = 0; index < entries.size() && m_options.every == 0; ++index) {
+    for (int index = 0; index < entries.size() && m_options.recording.every == 0; ++index) {
         const WatchEntry& entry = entries.at(index);
         if (!hasValue(entry) || !m_recorder.isInGap(index))
             continue;
@@ -145,6 +162,7 @@ void RecordRun::onLink(const LinkEvent& event)
 /// What was read before is still recorded; what is read from now on ends the gap.
 void RecordRun::loseLine()
 {
+    noticeRest();
     takeNews();
     for (int index = 0; index < m_watch.list().entries().size(); ++index)
         m_recorder.onGap(timeOfDay(), index, GapReason::LineLost);
@@ -183,6 +201,7 @@ void RecordRun::finish()
     m_session->stop();
     m_serve.stop();
     m_sample.stop();
+    noticeRest();
     takeNews();
     m_recorder.finish(timeOfDay());
     if (m_failure.isEmpty())

@@ -40,6 +40,7 @@ private:
     void onCycle(qint64 cycles);
     void onLineLost(const Failure& failure);
     void loseLine();
+    void noticeRest();
     void onServe();
     void onSample();
     void takeNews();
@@ -57,7 +58,8 @@ private:
     QTimer m_serve{this};
     QTimer m_sample{this};
     bool m_isLineLost = false;
-    bool m_mayBeBack = false; ///< values may be read again after the line was lost
+    bool m_mayBeBack = false; ///< values may be read again after the line was lost, or a rest
+    qint64 m_awake = 0;       ///< milliseconds since 1970, when it was at work last
     FreshReads m_fresh;
     bool m_isFinished = false;
     QString m_failure;

@@ -93,6 +93,8 @@ private slots:
     void rotatedFilesHaveTheirTime();
     void aKilledProgramLosesNothingThatWasThere_data() { kinds(); }
     void aKilledProgramLosesNothingThatWasThere();
+    void aStoppedProgramLeavesAGap_data();
+    void aStoppedProgramLeavesAGap();
     void aLostLineIsAGap_data() { kinds(); }
     void aLostLineIsAGap();
     void aLineThatComesBackEndsTheGap_data() { kinds(); }
@@ -258,6 +260,41 @@ void RecordCommandTest::aKilledProgramLosesNothingThatWasThere()
     QVERIFY(left.size() > 5);
     QVERIFY(!left.last().contains(QLatin1Char('[')));
     QCOMPARE(runCommand({QStringLiteral("replay"), path}).errors, QStringList());
+}
+
+void RecordCommandTest::aStoppedProgramLeavesAGap_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("moments");
+    QTest::newRow("samples in a table") << "stopped.csv"
+                                        << "--every 200ms";
+    QTest::newRow("changes in a database") << "stopped.sqlite"
+                                           << "--changes";
+}
+
+// As a machine that was suspended does. The value is the same before and behind.
+void RecordCommandTest::aStoppedProgramLeavesAGap()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, moments);
+    const QString path = m_folder.path(file.toLatin1());
+    const KxsimProcess simulator(presets("D100=5") << QStringLiteral("--still"));
+    RunningWatch recording(recordOn(simulator, ("D100 " + moments.toLatin1()).constData(), path));
+    QTRY_VERIFY_WITH_TIMEOUT(eventsWithoutTimes(path).contains(QStringLiteral("0 5")), 20000);
+    recording.sendSignal(SIGSTOP);
+    QTest::qWait(2 * SECOND + SECOND / 2);
+    const qint64 woken = QDateTime::currentMSecsSinceEpoch();
+    recording.sendSignal(SIGCONT);
+    QTRY_VERIFY_WITH_TIMEOUT(
+        lastTime(path) >= woken && eventsOf(path).last().endsWith(QStringLiteral(" 0 5")), 20000);
+    recording.sendSignal(SIGINT);
+    QCOMPARE(recording.exitCode(), 0);
+    QString before;
+    for (const QString& event : eventsOf(path)) {
+        if (START + event.section(QLatin1Char(' '), 0, 0).toLongLong() < woken)
+            before = event;
+    }
+    QVERIFY2(before.endsWith(QStringLiteral(" 0 [not read]")), qPrintable(before));
 }
 
 void RecordCommandTest::aLostLineIsAGap()

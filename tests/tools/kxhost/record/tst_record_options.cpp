@@ -38,9 +38,8 @@ void RecordOptionsTest::samples()
                    &options, &error),
              qPrintable(error));
     QCOMPARE(options.recording.path, QStringLiteral("a.csv"));
-    QVERIFY(options.recording.samples);
     QCOMPARE(options.recording.rotation.bytes, 104857600);
-    QCOMPARE(options.every, 1000);
+    QCOMPARE(options.recording.every, 1000);
     QCOMPARE(options.duration, 28800000);
     QCOMPARE(options.cycles, 0);
     QCOMPARE(options.tags.size(), 2);
@@ -56,9 +55,8 @@ void RecordOptionsTest::changes()
     QVERIFY2(
         parse(QStringLiteral("D0 --to a.sqlite --changes --cycles 9 --simulate"), &options, &error),
         qPrintable(error));
-    QVERIFY(!options.recording.samples);
     QVERIFY(!options.recording.rotation.isSet());
-    QCOMPARE(options.every, 0);
+    QCOMPARE(options.recording.every, 0);
     QCOMPARE(options.duration, 0);
     QCOMPARE(options.cycles, 9);
 }
