@@ -23,6 +23,7 @@ const CommandHelp HELP = {
 /// Until the end, or until standard output takes no more.
 void printEvents(RecordingReader* reader, bool asJson)
 {
+    const QStringList places = replayPlaces(reader->tags());
     ReplayFilter filter(static_cast<int>(reader->tags().size()));
     RecordedEvent event;
     while (outputFailure().isEmpty() && reader->next(&event)) {
@@ -32,7 +33,7 @@ void printEvents(RecordingReader* reader, bool asJson)
         if (asJson)
             printJson(replayJson(tag, event));
         else
-            say(replayRow(tag, event));
+            say(replayRow(tag, places.at(event.tag), event));
     }
 }
 

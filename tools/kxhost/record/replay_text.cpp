@@ -2,8 +2,14 @@
 
 #include "kxhost/views/watch/printed_views.h"
 #include "panel/text/json_time.h"
+#include "panel/values/decimal.h"
 #include "panel/values/format_text.h"
 #include "panel/values/value_codec.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+
+#include <cmath>
 
 namespace kx
 {
@@ -16,28 +22,42 @@ QDateTime timeOf(const RecordedEvent& event)
     return QDateTime::fromMSecsSinceEpoch(event.time);
 }
 
-/// As a number where JSON holds it exactly.
-QJsonValue jsonValue(const RecordedValue& value)
-{
-    double number = 0;
-    return value.isDouble(&number) ? QJsonValue(number) : QJsonValue(value.text);
-}
-
 /// Without its format.
 QString placeOf(const RecordedTag& tag)
 {
     return tag.address.section(QLatin1Char('/'), 0, 0);
 }
 
+/// False of a format that this program does not know.
+bool takeFormat(const RecordedTag& tag, ValueFormat* format)
+{
+    QString fault;
+    return parseFormat(tag.address.section(QLatin1Char('/'), 1), format, &fault);
+}
+
+/// A number or text, as valueJson() decides: many digits are for floats alone, and JSON may lose
+/// the sign of -0.
+QJsonValue jsonValue(const RecordedTag& tag, const RecordedValue& value)
+{
+    ValueFormat format;
+    Decimal exact;
+    double number = 0;
+    if (!value.isDouble(&number) || !Decimal::parse(value.text, &exact)
+        || (number == 0 && std::signbit(number)))
+        return value.text;
+    const bool isFloat = takeFormat(tag, &format) && isFloating(format);
+    return isFloat || exact.significantDigits() <= EXACT_DIGITS ? QJsonValue(number)
+                                                                : QJsonValue(value.text);
+}
+
 /// As a watch shows it: hex and bin are recorded in decimal.
 RecordedValue shownValue(const RecordedTag& tag, const RecordedValue& value)
 {
     ValueFormat format;
-    QString fault;
     bool isWord = false;
     const ushort word = value.text.toUShort(&isWord);
-    const bool isFormat = parseFormat(tag.address.section(QLatin1Char('/'), 1), &format, &fault);
-    if (!isFormat || !isWord || (format.kind != ValueKind::Hex && format.kind != ValueKind::Bin))
+    if (!takeFormat(tag, &format) || !isWord
+        || (format.kind != ValueKind::Hex && format.kind != ValueKind::Bin))
         return value;
     format.swapsBytes = false; // which has been done
     return {valueText(format, {word}), false};
@@ -53,11 +73,25 @@ QString valueOf(const RecordedTag& tag, const RecordedEvent& event)
 
 } // namespace
 
-QString replayRow(const RecordedTag& tag, const RecordedEvent& event)
+QStringList replayPlaces(const QList<RecordedTag>& tags)
+{
+    QHash<QString, QSet<QString>> formats; // by station and address
+    const auto key = [](const RecordedTag& tag) {
+        return QString::number(tag.station) + QLatin1Char(' ') + placeOf(tag);
+    };
+    for (const RecordedTag& tag : tags)
+        formats[key(tag)].insert(tag.address);
+    QStringList places;
+    for (const RecordedTag& tag : tags)
+        places << (formats.value(key(tag)).size() > 1 ? tag.address : placeOf(tag));
+    return places;
+}
+
+QString replayRow(const RecordedTag& tag, const QString& place, const RecordedEvent& event)
 {
     return QStringLiteral("%1 %2 %3 %4")
         .arg(timeOf(event).toString(Qt::ISODateWithMs), QString::number(tag.station),
-             withName(placeOf(tag), tag.name), valueOf(tag, event));
+             withName(place, tag.name), valueOf(tag, event));
 }
 
 QJsonObject replayJson(const RecordedTag& tag, const RecordedEvent& event)
@@ -77,7 +111,7 @@ QJsonObject replayJson(const RecordedTag& tag, const RecordedEvent& event)
     if (event.isGap)
         json[QLatin1String("state")] = gapText(event.reason);
     else
-        json[QLatin1String("value")] = jsonValue(shownValue(tag, event.value));
+        json[QLatin1String("value")] = jsonValue(tag, shownValue(tag, event.value));
     return json;
 }
 

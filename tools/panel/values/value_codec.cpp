@@ -13,9 +13,6 @@ namespace kx
 namespace
 {
 
-// Digits of a number that JSON, which holds doubles, gives back unchanged.
-const int EXACT_DIGITS = 15;
-
 bool isWhole(const ValueFormat& format, const QList<qint64>& raw)
 {
     return !raw.isEmpty() && raw.size() == registersOf(format);

@@ -19,6 +19,9 @@
 namespace kx
 {
 
+/// Digits of a number that JSON, which holds doubles, gives back unchanged.
+const int EXACT_DIGITS = 15;
+
 /// The raw values of one value out of those of its range, as Session::values() gives them; empty
 /// when there are not as many.
 KXRUNTIME_EXPORT QList<qint64> rawOfValue(const QList<qint64>& raw, const ValueFormat& format,
@@ -28,7 +31,7 @@ KXRUNTIME_EXPORT QList<qint64> rawOfValue(const QList<qint64>& raw, const ValueF
 /// @param raw registersOf() of them, one per address: 0 or 1, a word, or a 32CV; else empty text
 KXRUNTIME_EXPORT QString valueText(const ValueFormat& format, const QList<qint64>& raw);
 
-/// A number where JSON holds it exactly (15 digits, finite), else the text.
+/// A number where JSON holds it exactly (EXACT_DIGITS, finite), else the text.
 KXRUNTIME_EXPORT QJsonValue valueJson(const ValueFormat& format, const QList<qint64>& raw);
 
 /// The value as the nearest number, scaled; of Hex, Bin and Bit the number they stand for.
