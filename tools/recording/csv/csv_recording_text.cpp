@@ -2,6 +2,7 @@
 
 #include "panel/files/csv_fields.h"
 #include "panel/text/counted.h"
+#include "panel/values/decimal.h"
 #include "system/printable_text.h"
 
 #include <QtCore/QDateTime>
@@ -16,6 +17,7 @@ namespace
 {
 
 const char SEPARATOR = ',';
+const int LAST_STATION = 247;
 const char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
 
 QByteArray quoted(const QString& text)
@@ -59,12 +61,35 @@ bool parseHeading(const QString& heading, RecordedTag* tag)
     tag->address = match.captured(2);
     tag->station = match.captured(3).toInt();
     tag->unit = match.captured(4);
-    return match.hasMatch();
+    return match.hasMatch() && tag->station >= 1 && tag->station <= LAST_STATION;
 }
 
 bool isQuoted(const QByteArray& line, const CsvField& field)
 {
     return field.length > 0 && line.at(field.begin) == '"';
+}
+
+/// Text stands in quotes; what is bare and no number is damaged.
+bool parseValues(const QByteArray& line, const QList<CsvField>& fields,
+                 const QList<RecordedTag>& tags, qint64 time, QList<RecordedEvent>* events,
+                 QString* fault)
+{
+    RecordedEvent event;
+    event.time = time;
+    Decimal number;
+    for (event.tag = 0; event.tag < tags.size(); ++event.tag) {
+        const CsvField& value = fields.at(event.tag + 1);
+        event.value = {value.text, !isQuoted(line, value)};
+        if (value.length == 0)
+            continue;
+        if (event.value.isNumber && !Decimal::parse(value.text, &number)) {
+            *fault = QStringLiteral("%1 is no number of %2")
+                         .arg(value.text, placeOf(tags.at(event.tag)));
+            return false;
+        }
+        *events << event;
+    }
+    return true;
 }
 
 /// The tags that a group of the last column names: "no answer: D100@1 Y10@1".
@@ -80,11 +105,14 @@ bool parseGapGroup(const QString& group, const QList<RecordedTag>& tags, qint64 
     QSet<QString> places; // there may be many
     for (const QString& place : group.section(QLatin1String(": "), 1).split(QLatin1Char(' ')))
         places.insert(place);
+    QSet<QString> known;
     for (event.tag = 0; event.tag < tags.size(); ++event.tag) {
-        if (isOfAll || places.contains(placeOf(tags.at(event.tag))))
+        const QString place = placeOf(tags.at(event.tag));
+        known.insert(place);
+        if (isOfAll || places.contains(place))
             *events << event;
     }
-    return true;
+    return isOfAll || known.contains(places);
 }
 
 bool parseGaps(const QString& text, const QList<RecordedTag>& tags, qint64 time,
@@ -172,18 +200,14 @@ bool parseCsvRow(const QByteArray& line, const QList<RecordedTag>& tags,
                      .arg(tags.size() + 2);
         return false;
     }
-    RecordedEvent event;
-    if (!parseTime(fields.first().text, &event.time)) {
+    qint64 time = 0;
+    if (!parseTime(fields.first().text, &time)) {
         *fault = QStringLiteral("the time is wrong");
         return false;
     }
-    for (event.tag = 0; event.tag < tags.size(); ++event.tag) {
-        const CsvField& value = fields.at(event.tag + 1);
-        event.value = {value.text, !isQuoted(line, value)};
-        if (value.length > 0)
-            *events << event;
-    }
-    if (parseGaps(fields.last().text, tags, event.time, events))
+    if (!parseValues(line, fields, tags, time, events, fault))
+        return false;
+    if (parseGaps(fields.last().text, tags, time, events))
         return true;
     *fault = QStringLiteral("the gaps are wrong");
     return false;

@@ -63,6 +63,8 @@ void CsvRecordingTextTest::aForeignHeaderIsNone_data()
     QTest::newRow("a column without an address") << QByteArray("time,Pressure,gaps");
     QTest::newRow("no gaps") << QByteArray("time,D0@1,D1@1");
     QTest::newRow("an open quote") << QByteArray("time,\"D0@1,gaps");
+    QTest::newRow("a station that cannot be") << QByteArray("time,D0@248,gaps");
+    QTest::newRow("station 0") << QByteArray("time,D0@0,gaps");
 }
 
 void CsvRecordingTextTest::aForeignHeaderIsNone()
@@ -143,6 +145,17 @@ void CsvRecordingTextTest::aWrongRowIsTold_data()
         << QByteArray("2023-11%14T22:13:20.250Z,1,2,") << "the time is wrong";
     QTest::newRow("an unknown reason")
         << QByteArray("2023-11-14T22:13:20.250Z,,2,asleep: D100@1") << "the gaps are wrong";
+    QTest::newRow("a gap of an unknown address")
+        << QByteArray("2023-11-14T22:13:20.250Z,,2,no answer: D101@1") << "the gaps are wrong";
+    QTest::newRow("a known and an unknown address")
+        << QByteArray("2023-11-14T22:13:20.250Z,,,no answer: D100@1 Y10@1") << "the gaps are wrong";
+    QTest::newRow("a mark between groups is damaged")
+        << QByteArray("2023-11-14T22:13:20.250Z,,,no answer: D100@1;refused: Y10@2")
+        << "the gaps are wrong";
+    QTest::newRow("a digit is damaged")
+        << QByteArray("2023-11-14T22:13:20.250Z,1r.5,2,") << "1r.5 is no number of D100@1";
+    QTest::newRow("text without quotes")
+        << QByteArray("2023-11-14T22:13:20.250Z,1,on,") << "on is no number of Y10@2";
     QTest::newRow("an open quote")
         << QByteArray("2023-11-14T22:13:20.250Z,\"on,2,") << "a quote is not closed";
 }
