@@ -2,7 +2,6 @@
 
 #include "recording/sqlite/sqlite_recording_tables.h"
 
-#include <QtCore/QFileInfo>
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
 
@@ -209,9 +208,11 @@ void SqliteRecordingWriter::closeDatabase()
     m_file.close();
 }
 
+/// With what the log will bring into the file, which it does not when it has a page twice.
 qint64 SqliteRecordingWriter::size() const
 {
-    return QFileInfo(m_path).size() + QFileInfo(m_path + QLatin1String("-wal")).size();
+    return m_connection.number(QStringLiteral("PRAGMA page_count"))
+           * m_connection.number(QStringLiteral("PRAGMA page_size"));
 }
 
 } // namespace kx

@@ -2,6 +2,7 @@
 
 #include "tools/recording/recording_folder.h"
 
+#include <QtCore/QFileInfo>
 #include <QtCore/QVariant>
 #include <QtSql/QSqlRecord>
 #include <QtTest/QTest>
@@ -24,6 +25,7 @@ private slots:
     void cannotBeOpened();
     void oneProgramAtATime();
     void othersReadMeanwhile();
+    void theSizeIsThatOfTheFileInTheEnd();
     void aFullDiskLeavesWhatWasFlushed();
 
 private:
@@ -258,6 +260,28 @@ void SqliteRecordingWriterTest::othersReadMeanwhile()
     writer.sample(START + 1, 0, number("2"));
     QVERIFY(writer.close());
     QCOMPARE(eventsOf(path), QStringList({"0 0 1", "1 0 2"}));
+}
+
+// The log has pages again and again, and goes with the last connection.
+void SqliteRecordingWriterTest::theSizeIsThatOfTheFileInTheEnd()
+{
+    const QString path = m_folder.path("size.sqlite");
+    SqliteRecordingWriter writer;
+    QString error;
+    QVERIFY(writer.open(path, pumpTags(), &error));
+    QCOMPARE(writer.size(), 5 * 4096); // a page for each table, its names and an index
+    for (int i = 0; i < 100; ++i) {
+        writer.sample(START + i, 0, number("1"));
+        QVERIFY(writer.flush());
+    }
+    QCOMPARE(writer.size(), 5 * 4096);
+    for (int i = 0; i < 1000; ++i) // some 20 bytes each
+        writer.sample(START + i, 0, number("1234567"));
+    QVERIFY(writer.flush());
+    const qint64 size = writer.size();
+    QVERIFY2(size > 5 * 4096 + 20000 - 4096, QByteArray::number(size).constData());
+    QVERIFY(writer.close());
+    QCOMPARE(QFileInfo(path).size(), size);
 }
 
 void SqliteRecordingWriterTest::aFullDiskLeavesWhatWasFlushed()
