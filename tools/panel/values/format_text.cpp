@@ -75,9 +75,8 @@ struct Option {
 
 const Option OPTIONS[] = {{"decimals", parseDecimals}, {"min", parseLowest}, {"max", parseHighest}};
 
-bool parseOption(const QString& option, ValueFormat* format, QString* fault)
+bool parseOption(const QString& option, const QString& name, ValueFormat* format, QString* fault)
 {
-    const QString name = option.section(QLatin1Char('='), 0, 0);
     for (const Option& row : OPTIONS) {
         if (name == QLatin1String(row.name))
             return parsePart(row.name, row.parse, option.section(QLatin1Char('='), 1), format,
@@ -92,6 +91,7 @@ bool parseOption(const QString& option, ValueFormat* format, QString* fault)
 
 bool parseOptions(QString options, ValueFormat* format, QString* fault)
 {
+    QStringList given;
     while (options.startsWith(COMMA)) {
         options.remove(0, 1);
         if (options.startsWith(QLatin1String("unit="))) {
@@ -99,7 +99,11 @@ bool parseOptions(QString options, ValueFormat* format, QString* fault)
             return true;
         }
         const QString option = options.section(COMMA, 0, 0);
-        if (!parseOption(option, format, fault))
+        const QString name = option.section(QLatin1Char('='), 0, 0);
+        if (given.contains(name))
+            return fail(fault, name + QLatin1String(" is given twice"));
+        given << name;
+        if (!parseOption(option, name, format, fault))
             return false;
         options.remove(0, option.size());
     }
@@ -166,12 +170,11 @@ bool parseOrder(const QString& text, ValueFormat* format, QString* fault)
 
 bool parseScale(const QString& text, ValueFormat* format, QString* fault)
 {
-    if (!parseNumber(text, &format->scale, fault))
-        return false;
-    return (!format->scale.isZero() && format->scale.significantDigits() <= MOST_SCALE_DIGITS)
-           || fail(
-               fault,
-               QStringLiteral("must not be 0, and have at most %1 digits").arg(MOST_SCALE_DIGITS));
+    const QString bounds = QStringLiteral("must not be 0, and have at most %1 digits");
+    const Decimal& scale = format->scale;
+    return parseNumber(text, &format->scale, fault)
+           && ((!scale.isZero() && scale.significantDigits() <= MOST_SCALE_DIGITS)
+               || fail(fault, bounds.arg(MOST_SCALE_DIGITS)));
 }
 
 bool parseOffset(const QString& text, ValueFormat* format, QString* fault)
@@ -181,8 +184,7 @@ bool parseOffset(const QString& text, ValueFormat* format, QString* fault)
 
 bool parseDecimals(const QString& text, ValueFormat* format, QString* fault)
 {
-    const bool isNumber = hasOnlyDigits(text, 10) && text.size() <= 2;
-    if (!isNumber || text.toInt() > MOST_DECIMALS)
+    if (!hasOnlyDigits(text, 10) || text.size() > 2 || text.toInt() > MOST_DECIMALS)
         return fail(fault, QStringLiteral("must be 0 to %1").arg(MOST_DECIMALS));
     format->decimals = text.toInt();
     return true;
@@ -209,8 +211,7 @@ bool parseFormat(const QString& text, ValueFormat* format, QString* fault)
         return fail(fault, QStringLiteral("'%1' is not a format; write KIND[*SCALE][+OFFSET]"
                                           "[,OPTION]..., such as s16*0.1+5 or u32,high")
                                .arg(text));
-    const QString kind = match.captured(1);
-    return (kind.isEmpty() || parseKind(kind, format, fault))
+    return (match.captured(1).isEmpty() || parseKind(match.captured(1), format, fault))
            && (match.captured(2).isEmpty()
                || parsePart("scale", parseScale, match.captured(2), format, fault))
            && (match.captured(3).isEmpty()

@@ -141,6 +141,8 @@ void FormatTextTest::wrongOnesAreRefused_data()
     row("two orders", "D100/u32,high,low",
         "'low' is no option of a format here; they are low or high, swapped, decimals=N, "
         "min=NUMBER, max=NUMBER and, last, unit=TEXT");
+    row("a bound twice", "D100/s16,min=1,max=5,min=2", "min is given twice");
+    row("an order twice", "D100/u32,swapped,swapped", "swapped is given twice");
     row("an unknown option", "D100/u32,fast",
         "'fast' is no option of a format here; they are low or high, swapped, decimals=N, "
         "min=NUMBER, max=NUMBER and, last, unit=TEXT");
