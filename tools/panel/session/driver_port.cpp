@@ -178,7 +178,10 @@ void DriverPort::startRecipe(RecipeDirection direction, QVector<_RCP_VAR_PRO> va
 {
     for (_RCP_VAR_PRO& variable : variables)
         variable.rcpId = m_settings.link;
-    m_driver.setRcpAddress(variables);
+    {
+        const RecipeLimit limit(m_driver.object);
+        m_driver.setRcpAddress(variables);
+    }
     m_blocksDone = 0;
     m_recipe.raise(direction == RecipeDirection::Download ? RECIPE_WRITE_JOB : RECIPE_READ_JOB);
 }

@@ -5,6 +5,7 @@
 #include "panel/session/request_checks.h"
 #include "panel/session/session_parts.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kx
@@ -86,7 +87,8 @@ int Session::write(const Assignment& assignment)
 int Session::transferRecipe(RecipeDirection direction, const QList<RecipePass>& passes)
 {
     const int handle = newHandle();
-    if (accepts(handle, RECIPE_WRITE_JOB, recipeRefusal(direction, passes, m_settings.maxWords)))
+    const int maxWords = std::min(m_settings.maxWords, MOST_REGISTERS_PER_WRITE);
+    if (accepts(handle, RECIPE_WRITE_JOB, recipeRefusal(direction, passes, maxWords)))
         m_parts->recipes.add(handle, direction, passes);
     return issued(handle);
 }

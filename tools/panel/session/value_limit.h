@@ -2,6 +2,7 @@
 #define KX_PANEL_SESSION_VALUE_LIMIT_H
 
 #include "addresses/address_text.h"
+#include "addresses/request_limits.h"
 #include "driver/tarvelan.h"
 
 #include <QtCore/QtGlobal>
@@ -23,6 +24,24 @@ public:
     }
     ~ValueLimit() { m_object->maxWordsPerJob = m_usual; }
     Q_DISABLE_COPY(ValueLimit)
+
+private:
+    tarvelan* m_object;
+    int m_usual;
+};
+
+/// While it lives, the driver joins variables of a recipe to blocks that a write can carry. A poll
+/// may have more registers.
+class RecipeLimit
+{
+public:
+    /// @param object the driver's; stays the caller's
+    explicit RecipeLimit(tarvelan* object) : m_object(object), m_usual(object->maxWords)
+    {
+        m_object->maxWords = qMin(m_usual, MOST_REGISTERS_PER_WRITE);
+    }
+    ~RecipeLimit() { m_object->maxWords = m_usual; }
+    Q_DISABLE_COPY(RecipeLimit)
 
 private:
     tarvelan* m_object;

@@ -34,9 +34,11 @@ private slots:
     void answerAfterSilenceSettlesTheBlock();
     void abortLowersTheRequest();
     void lostLineEndsTheTransfer();
+    void blocksAreNoLongerThanAWrite();
 
 private:
-    void make(RecipeDirection direction);
+    void begin(const QByteArray& rows, int maxWords);
+    void make(RecipeDirection direction, int maxWords = 32);
     void confirm(const char* frame) { m_line->answer({{1, withCrc(frame)}}); }
 
     QList<RecipeRow> m_rows;
@@ -47,12 +49,17 @@ private:
 
 void RecipeJobTest::init()
 {
+    begin(ROWS, 32);
+}
+
+void RecipeJobTest::begin(const QByteArray& rows, int maxWords)
+{
     DriverEntryPoints entryPoints;
     QString error;
     QVERIFY2(loadDriver(QString::fromLatin1(KX_DRIVER_FILE), &entryPoints, &error),
              qPrintable(error));
     RecipeFile file;
-    QVERIFY2(RecipeFile::parse(ROWS, 1, &file, &error), qPrintable(error));
+    QVERIFY2(RecipeFile::parse(rows, 1, &file, &error), qPrintable(error));
     m_rows = file.rows();
     m_transfer.reset();
     m_session.reset();
@@ -60,16 +67,17 @@ void RecipeJobTest::init()
     SessionSettings settings;
     settings.exchange = {50, 20, 5};
     settings.retries = 2;
+    settings.maxWords = maxWords;
     m_session = Session::create(entryPoints, m_line.get(), settings, &error);
     QVERIFY2(m_session, qPrintable(error));
     m_session->start();
 }
 
-void RecipeJobTest::make(RecipeDirection direction)
+void RecipeJobTest::make(RecipeDirection direction, int maxWords)
 {
     RecipeLayout layout;
     QString error;
-    QVERIFY2(layOutRecipe(m_rows, 32, &layout, &error), qPrintable(error));
+    QVERIFY2(layOutRecipe(m_rows, maxWords, &layout, &error), qPrintable(error));
     m_transfer = std::make_unique<RecipeJob>(m_session.get(), layout, direction);
 }
 
@@ -192,6 +200,19 @@ void RecipeJobTest::lostLineEndsTheTransfer()
     QCOMPARE(finished.size(), 1);
     QCOMPARE(m_transfer->failure().text, QStringLiteral("script: the port is lost: unplugged"));
     QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("M5:1@1"));
+}
+
+void RecipeJobTest::blocksAreNoLongerThanAWrite()
+{
+    QByteArray rows = "name,address,value\n";
+    for (int i = 0; i < 125; ++i)
+        rows += "a,D" + QByteArray::number(i) + ",7\n";
+    begin(rows, 125); // registers, the longest poll
+    make(RecipeDirection::Download, 123);
+    m_transfer->start();
+    QTRY_VERIFY(!m_line->written.isEmpty());
+    // Station, function 16, first register, 123 registers, 246 bytes.
+    QCOMPARE(m_line->written.first().left(7).toHex(' '), QByteArray("01 10 00 00 00 7b f6"));
 }
 
 QTEST_GUILESS_MAIN(RecipeJobTest)
