@@ -1,0 +1,289 @@
+#include "kxpanel/recipes/recipes_page.h"
+
+#include "kxpanel/machine/machine_thread.h"
+#include "kxpanel/tags/tag_list.h"
+#include "tools/kxpanel/machine_fixture.h"
+#include "tools/kxpanel/recipes/recipe_samples.h"
+
+#include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTableView>
+
+using namespace kxpanel;
+
+class RecipesPageTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void asksForAFileAtFirst();
+    void comparesWithTheController();
+    void downloadsOnceItIsConfirmed();
+    void aDownloadCanBeCalledOff();
+    void saysWhyNothingCanBeSent();
+    void savesWhatWasRead();
+    void aBadFileLeavesTheOpenOne();
+    void rowsMayNameTags();
+    void withoutALineItSaysSo();
+    void abortsByKey();
+    void keepsFileAndFilterInAProject();
+    void aMissingFileOfAProjectIsKept();
+    void allCanBeNamed();
+
+private:
+    QString store(const QByteArray& text, const char* name = "filling.csv") const;
+    void connectLine();
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier);
+    QString fault() const { return m_page->findChild<QLabel*>("fault")->text(); }
+    QString counts() const { return m_page->findChild<QLabel*>("counts")->text(); }
+    QStringList cells(int row) const;
+
+    QTemporaryDir m_folder;
+    TagList m_tags;
+    std::unique_ptr<MachineThread> m_thread;
+    std::unique_ptr<MachineLog> m_log;
+    std::unique_ptr<RecipesPage> m_page;
+    QTableView* m_table = nullptr;
+};
+
+void RecipesPageTest::init()
+{
+    m_tags.setValues({});
+    m_thread = std::make_unique<MachineThread>();
+    m_log = std::make_unique<MachineLog>(m_thread->machine());
+    m_page = std::make_unique<RecipesPage>(PageContext{m_thread->machine(), &m_tags});
+    m_page->resize(1000, 400);
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+    m_table = m_page->findChild<QTableView*>();
+    m_table->setFocus();
+}
+
+void RecipesPageTest::cleanup()
+{
+    m_page.reset();
+    m_log.reset();
+    m_thread.reset();
+}
+
+QString RecipesPageTest::store(const QByteArray& text, const char* name) const
+{
+    QFile file(m_folder.filePath(QString::fromLatin1(name)));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        qFatal("%s cannot be written", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+void RecipesPageTest::connectLine()
+{
+    m_thread->machine()->openLine(simulated());
+    QTRY_VERIFY(m_log->states.contains(QStringLiteral("open")));
+}
+
+void RecipesPageTest::press(int key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+}
+
+QStringList RecipesPageTest::cells(int row) const
+{
+    QStringList texts;
+    for (int column = 0; column < m_table->model()->columnCount(); ++column)
+        texts << m_table->model()->index(row, column).data().toString();
+    return texts;
+}
+
+void RecipesPageTest::asksForAFileAtFirst()
+{
+    QCOMPARE(counts(), QString("Open a recipe to compare it with the controller."));
+    press(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+    auto* dialog = m_page->findChild<QFileDialog*>();
+    QVERIFY(dialog);
+    emit dialog->fileSelected(store(RECIPE));
+    QCOMPARE(m_table->model()->rowCount(), 5);
+    QCOMPARE(counts(), QString("filling.csv: 5 value(s), not read from the controller, 1 not in "
+                               "the file"));
+}
+
+void RecipesPageTest::comparesWithTheController()
+{
+    connectLine();
+    m_page->open(store(RECIPE));
+    QSignalSpy said(m_page.get(), &Page::said);
+    press(Qt::Key_R);
+    QVERIFY(m_page->findChild<QProgressBar*>()->isVisible());
+    QTRY_COMPARE_WITH_TIMEOUT(said.count(), 1, 20000);
+    QVERIFY(!m_page->findChild<QProgressBar*>()->isVisible());
+    QCOMPARE(cells(0), (QStringList{QString::fromUtf8("≠ differs"), "Second limit", "1", "D111",
+                                    "1300 mm", "1200 mm"}));
+    QCOMPARE(cells(2), (QStringList{"= same", "Limit", "1", "D110", "650 mm", "650 mm"}));
+    QCOMPARE(counts(),
+             QString("filling.csv: 5 value(s), 1 differ(s), 1 not in the file, 3 the same"));
+    press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(m_table->model()->rowCount(), 1);
+}
+
+void RecipesPageTest::downloadsOnceItIsConfirmed()
+{
+    connectLine();
+    m_page->open(store("name,address,value\nSecond limit,D111,1300\nLamp,M20,0\n"));
+    QSignalSpy said(m_page.get(), &Page::said);
+    press(Qt::Key_D);
+    const auto* question = m_page->findChild<QLabel*>("question");
+    QVERIFY(question->isVisible());
+    QCOMPARE(question->text(),
+             QString("Send 2 value(s) to station 1? They replace those in the controller."));
+    press(Qt::Key_Backtab, Qt::ShiftModifier); // from the button that sends nothing
+    press(Qt::Key_Space, Qt::NoModifier);
+    QVERIFY(!question->isVisible());
+    QTRY_COMPARE_WITH_TIMEOUT(said.count(), 1, 20000);
+    QCOMPARE(said.at(0).at(0).toString(),
+             QString("Sent and read again: filling.csv: 2 value(s), 2 the same"));
+    QCOMPARE(cells(0), (QStringList{"= same", "Second limit", "1", "D111", "1300", "1300"}));
+}
+
+void RecipesPageTest::aDownloadCanBeCalledOff()
+{
+    connectLine();
+    m_page->open(store("name,address,value\nSecond limit,D111,1300\n"));
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Space}) {
+        press(Qt::Key_D);
+        press(key, Qt::NoModifier);
+        QVERIFY(!m_page->findChild<QLabel*>("question")->isVisible());
+        QCOMPARE(QApplication::focusWidget(), m_table);
+    }
+    press(Qt::Key_R);
+    QTRY_COMPARE_WITH_TIMEOUT(cells(0).last(), QString("1200"), 20000);
+}
+
+void RecipesPageTest::saysWhyNothingCanBeSent()
+{
+    m_page->open(store("name,address,value\nButton,X17,1\n"));
+    press(Qt::Key_D);
+    QVERIFY(!m_page->findChild<QLabel*>("question")->isVisible());
+    QVERIFY2(fault().startsWith(QString::fromUtf8("✗ Nothing was sent: line 2 (Button)")),
+             qPrintable(fault()));
+}
+
+void RecipesPageTest::savesWhatWasRead()
+{
+    connectLine();
+    m_page->open(store(RECIPE));
+    press(Qt::Key_E);
+    QVERIFY(!m_page->findChild<QFileDialog*>()); // nothing was read
+    press(Qt::Key_R);
+    QTRY_VERIFY_WITH_TIMEOUT(counts().contains("the same"), 20000);
+    press(Qt::Key_E);
+    auto* dialog = m_page->findChild<QFileDialog*>();
+    QVERIFY(dialog);
+    QSignalSpy said(m_page.get(), &Page::said);
+    const QString path = m_folder.filePath("saved.csv");
+    emit dialog->fileSelected(path);
+    QCOMPARE(said.at(0).at(0).toString(), QString("5 value(s) saved in ") + path);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("name,address,format,unit,value\n"
+                                        "Limit,D110,,mm,650\n"
+                                        "Second limit,D111,,mm,1200\n"
+                                        "Lamp,M20,,,1\n"
+                                        "Batch,D130,ascii:4,,\"BATCH 7 \"\n"
+                                        "Spare,D120,float,bar,50\n"));
+    emit dialog->fileSelected(m_folder.filePath("none/saved.csv"));
+    QVERIFY2(fault().contains("none/saved.csv"), qPrintable(fault()));
+}
+
+void RecipesPageTest::aBadFileLeavesTheOpenOne()
+{
+    m_page->open(store(RECIPE));
+    const QString bad = store("name,address,value\nLimit,D110,70000\n", "bad.csv");
+    m_page->open(bad);
+    QVERIFY2(fault().startsWith(QString::fromUtf8("✗ ") + bad + ": line 2: "), qPrintable(fault()));
+    QCOMPARE(m_table->model()->rowCount(), 5);
+    store("name,address,value\nLimit,D110,700\n");
+    press(Qt::Key_F5, Qt::NoModifier);
+    QCOMPARE(fault(), QString());
+    QCOMPARE(cells(0).at(4), QString("700"));
+}
+
+void RecipesPageTest::rowsMayNameTags()
+{
+    WatchedValue pressure = watched(1, "D111/s16*0.1");
+    pressure.tag.name = QStringLiteral("Pressure");
+    m_tags.setValues({pressure});
+    m_page->setStation(3);
+    m_page->open(store("name,address,value\nPressure,,12.5\nLimit,D110,1\n"));
+    QCOMPARE(fault(), QString());
+    QCOMPARE(cells(0).mid(1, 4), (QStringList{"Pressure", "1", "D111", "12.5"}));
+    QCOMPARE(cells(1).mid(1, 4), (QStringList{"Limit", "3", "D110", "1"}));
+}
+
+void RecipesPageTest::withoutALineItSaysSo()
+{
+    m_page->open(store(RECIPE));
+    press(Qt::Key_R);
+    QTRY_COMPARE(fault(), QString::fromUtf8("✗ Nothing was read: the line is not open"));
+}
+
+void RecipesPageTest::abortsByKey()
+{
+    connectLine();
+    m_page->open(store("name,station,address,value\nFar,9,D0,1\n")); // no such station
+    press(Qt::Key_R);
+    press(Qt::Key_Escape, Qt::NoModifier);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        fault(), QString::fromUtf8("✗ Reading stopped after 0 of 1 request(s): cancelled"), 20000);
+}
+
+void RecipesPageTest::keepsFileAndFilterInAProject()
+{
+    m_page->open(store(RECIPE));
+    m_table->horizontalHeader()->resizeSection(1, 321);
+    press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+    RecipesPage other((PageContext()));
+    other.setLayout(m_page->layout());
+    const auto* table = other.findChild<QTableView*>();
+    QCOMPARE(table->columnWidth(1), 321);
+    QCOMPARE(table->model()->rowCount(), 0); // nothing differs yet
+    QCOMPARE(other.layout().value("file"), m_page->layout().value("file"));
+    QCOMPARE(other.layout().value("differencesOnly").toBool(), true);
+    other.setLayout({});
+    QCOMPARE(other.layout().value("file").toString(), QString());
+}
+
+void RecipesPageTest::aMissingFileOfAProjectIsKept()
+{
+    const QString path = m_folder.filePath("later.csv");
+    m_page->setLayout({{"file", path}});
+    QVERIFY2(fault().contains("later.csv"), qPrintable(fault()));
+    QCOMPARE(m_page->layout().value("file").toString(), path);
+    store(RECIPE, "later.csv");
+    press(Qt::Key_F5, Qt::NoModifier);
+    QCOMPARE(fault(), QString());
+    QCOMPARE(m_table->model()->rowCount(), 5);
+}
+
+void RecipesPageTest::allCanBeNamed()
+{
+    QVERIFY(!m_table->accessibleName().isEmpty());
+    QVERIFY(!m_page->findChild<QProgressBar*>()->accessibleName().isEmpty());
+    for (const QPushButton* button : m_page->findChildren<QPushButton*>())
+        QVERIFY(!button->text().isEmpty() && !button->toolTip().isEmpty());
+    for (const QAction* action : m_page->actions())
+        QVERIFY(!action->text().isEmpty() && !action->shortcut().isEmpty());
+    QCOMPARE(m_page->key(), QString("recipes"));
+    QCOMPARE(m_page->windowTitle(), QString("Recipes"));
+}
+
+QTEST_MAIN(RecipesPageTest)
+
+#include "tst_recipes_page.moc"

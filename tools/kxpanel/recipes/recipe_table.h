@@ -1,0 +1,18 @@
+#ifndef KX_KXPANEL_RECIPES_RECIPE_TABLE_H
+#define KX_KXPANEL_RECIPES_RECIPE_TABLE_H
+
+class QTableView;
+class QWidget;
+
+namespace kxpanel
+{
+
+class RecipeOrder;
+
+/// The table that shows a recipe.
+/// @param order must outlive it
+QTableView* makeRecipeTable(RecipeOrder* order, QWidget* parent);
+
+} // namespace kxpanel
+
+#endif

@@ -1,0 +1,238 @@
+#include "kxpanel/recipes/recipes_page.h"
+
+#include "kxpanel/exchanges/exchange_verdict.h"
+#include "kxpanel/recipes/download_bar.h"
+#include "kxpanel/recipes/recipe_model.h"
+#include "kxpanel/recipes/recipe_order.h"
+#include "kxpanel/recipes/recipe_table.h"
+#include "kxpanel/recipes/transfer_bar.h"
+#include "kxpanel/recipes/transfer_texts.h"
+#include "kxpanel/tags/tag_list.h"
+#include "panel/recipe/recipe_layout.h"
+#include "panel/recipe/recipe_storage.h"
+
+#include <QtCore/QFileInfo>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QTableView>
+#include <QtWidgets/QToolBar>
+#include <QtWidgets/QVBoxLayout>
+
+namespace kxpanel
+{
+
+RecipesPage::RecipesPage(const PageContext& context, QWidget* parent)
+    : Page(parent),
+      m_context(context),
+      m_model(new RecipeModel(this)),
+      m_order(new RecipeOrder(m_model, this)),
+      m_question(new DownloadBar(this)),
+      m_progress(new TransferBar(this)),
+      m_fault(new QLabel(this)),
+      m_table(makeRecipeTable(m_order, this)),
+      m_counts(new QLabel(this))
+{
+    setWindowTitle(tr("Recipes"));
+    m_fault->setObjectName(QStringLiteral("fault"));
+    m_counts->setObjectName(QStringLiteral("counts"));
+    if (context.machine) {
+        m_run = new RecipeRun(context.machine, this);
+        connect(m_run, &RecipeRun::ended, this, &RecipesPage::onEnded);
+        connect(m_run, &RecipeRun::progress, m_progress, &TransferBar::setProgress);
+        connect(m_progress, &TransferBar::aborted, m_run, &RecipeRun::abort);
+    }
+    QToolBar* const bar = makeActions();
+    m_fault->setWordWrap(true);
+    m_fault->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_fault->setAccessibleName(tr("What went wrong"));
+    m_counts->setAccessibleName(tr("How file and controller go together"));
+    auto* const box = new QVBoxLayout(this);
+    box->addWidget(bar);
+    box->addWidget(m_question);
+    box->addWidget(m_progress);
+    box->addWidget(m_fault);
+    box->addWidget(m_table, 1);
+    box->addWidget(m_counts);
+    connect(m_question, &DownloadBar::confirmed, this, &RecipesPage::download);
+    connect(m_question, &DownloadBar::cancelled, m_table, qOverload<>(&QWidget::setFocus));
+    connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, this, &Page::layoutChanged);
+    setFocusProxy(m_table);
+    complain(QString());
+    refresh();
+}
+
+void RecipesPage::askWhatToOpen()
+{
+    auto* const dialog = new QFileDialog(this, tr("Open recipe"), QFileInfo(m_path).absolutePath(),
+                                         tr("Recipes (*.csv);;All files (*)"));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QFileDialog::fileSelected, this, &RecipesPage::open);
+    dialog->open();
+}
+
+void RecipesPage::open(const QString& path)
+{
+    if (take(path))
+        emit layoutChanged();
+}
+
+bool RecipesPage::take(const QString& path)
+{
+    kx::RecipeDefaults defaults;
+    defaults.station = m_station;
+    if (m_context.tags) {
+        for (const WatchedValue& value : m_context.tags->values())
+            defaults.tags << value.tag;
+    }
+    QByteArray text;
+    QString error;
+    kx::RecipeFile file;
+    const bool isRead = kx::readRecipeFile(path, &text, &error);
+    if (!isRead || !kx::RecipeFile::parse(text, defaults, &file, &error)) {
+        complain(isRead ? QStringLiteral("%1: %2").arg(path, error) : error);
+        return false;
+    }
+    close();
+    m_file = file;
+    m_path = path;
+    m_isOpen = true;
+    m_model->setRows(file.rows());
+    refresh();
+    return true;
+}
+
+void RecipesPage::reload()
+{
+    open(m_path);
+}
+
+void RecipesPage::close()
+{
+    if (m_run)
+        m_run->discard();
+    m_question->hide();
+    m_isCheckingDownload = false;
+    m_isOpen = false;
+    m_path.clear();
+    m_file = kx::RecipeFile();
+    m_model->setRows({});
+    complain(QString());
+    refresh();
+}
+
+void RecipesPage::read()
+{
+    start(kx::RecipeDirection::Upload);
+}
+
+void RecipesPage::askToDownload()
+{
+    QString error;
+    if (!kx::canBeDownloaded(m_model->rows(), &error))
+        return complain(tr("Nothing was sent: %1").arg(error));
+    complain(QString());
+    m_question->ask(m_model->rows());
+}
+
+void RecipesPage::download()
+{
+    m_model->setValues({}); // they will be others
+    start(kx::RecipeDirection::Download);
+}
+
+void RecipesPage::start(kx::RecipeDirection direction)
+{
+    complain(QString());
+    m_question->hide();
+    m_progress->begin(direction);
+    m_run->start(direction, m_model->rows());
+    refresh();
+}
+
+void RecipesPage::onEnded(const RecipeOutcome& outcome)
+{
+    const bool isGood = outcome.fault.isEmpty();
+    const bool wasChecking = m_isCheckingDownload;
+    m_isCheckingDownload = isGood && outcome.direction == kx::RecipeDirection::Download;
+    if (m_isCheckingDownload)
+        return start(kx::RecipeDirection::Upload);
+    m_model->setValues(outcome.values);
+    refresh();
+    if (!isGood)
+        complain(wasChecking ? tr("All was sent, but not compared. %1").arg(failureWords(outcome))
+                             : failureWords(outcome));
+    else
+        emit said(wasChecking ? tr("Sent and read again: %1").arg(m_counts->text())
+                              : tr("Read: %1").arg(m_counts->text()));
+}
+
+void RecipesPage::askWhereToSave()
+{
+    auto* const dialog = new QFileDialog(this, tr("Save what was read"), m_path,
+                                         tr("Recipes (*.csv);;All files (*)"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("csv"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QFileDialog::fileSelected, this, &RecipesPage::save);
+    dialog->open();
+}
+
+void RecipesPage::save(const QString& path)
+{
+    QString error;
+    if (!m_model->isRead())
+        return;
+    if (!kx::replaceRecipeFile(path, m_file.withValues(m_model->values()), &error))
+        return complain(error);
+    complain(QString());
+    emit said(tr("%n value(s) saved in %1", nullptr, m_model->rowCount()).arg(path));
+}
+
+void RecipesPage::complain(const QString& fault)
+{
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText, verdictColour(ExchangeVerdict::Failed, colours));
+    m_fault->setPalette(colours);
+    m_fault->setText(fault.isEmpty()
+                         ? QString()
+                         : verdictSymbol(ExchangeVerdict::Failed) + QLatin1Char(' ') + fault);
+    m_fault->setVisible(!fault.isEmpty());
+}
+
+void RecipesPage::refresh()
+{
+    const bool isRunning = m_run && m_run->isRunning();
+    m_progress->setVisible(isRunning);
+    m_open->setEnabled(!isRunning);
+    m_reload->setEnabled(!m_path.isEmpty() && !isRunning);
+    for (QAction* const action : {m_read, m_download})
+        action->setEnabled(m_isOpen && !isRunning && m_run);
+    m_save->setEnabled(m_model->isRead() && !isRunning);
+    m_counts->setText(m_isOpen ? QStringLiteral("%1: %2").arg(QFileInfo(m_path).fileName(),
+                                                              comparisonWords(*m_model))
+                               : tr("Open a recipe to compare it with the controller."));
+}
+
+QJsonObject RecipesPage::layout() const
+{
+    const QByteArray columns = m_table->horizontalHeader()->saveState().toBase64();
+    return {{QStringLiteral("file"), m_path},
+            {QStringLiteral("differencesOnly"), m_differencesOnly->isChecked()},
+            {QStringLiteral("columns"), QString::fromLatin1(columns)}};
+}
+
+void RecipesPage::setLayout(const QJsonObject& layout)
+{
+    const QString columns = layout.value(QStringLiteral("columns")).toString();
+    m_table->horizontalHeader()->restoreState(QByteArray::fromBase64(columns.toLatin1()));
+    m_differencesOnly->setChecked(layout.value(QStringLiteral("differencesOnly")).toBool());
+    close();
+    m_path = layout.value(QStringLiteral("file")).toString();
+    if (!m_path.isEmpty())
+        take(m_path);
+    refresh();
+}
+
+} // namespace kxpanel

@@ -1,0 +1,83 @@
+#ifndef KX_KXPANEL_RECIPES_RECIPES_PAGE_H
+#define KX_KXPANEL_RECIPES_RECIPES_PAGE_H
+
+#include "kxpanel/recipes/recipe_run.h"
+#include "kxpanel/window/page.h"
+#include "panel/recipe/recipe_file.h"
+
+class QAction;
+class QLabel;
+class QTableView;
+class QToolBar;
+
+namespace kxpanel
+{
+
+class DownloadBar;
+class RecipeModel;
+class RecipeOrder;
+class TransferBar;
+
+/// A recipe file beside what the controllers have, and its way to them and back.
+class RecipesPage : public Page
+{
+    Q_OBJECT
+
+public:
+    explicit RecipesPage(const PageContext& context, QWidget* parent = nullptr);
+
+    QString key() const override { return QStringLiteral("recipes"); }
+    QJsonObject layout() const override;
+    void setLayout(const QJsonObject& layout) override;
+
+    /// Shows a file instead of the one that is open; what is wrong with it is said in the page, and
+    /// the one that is open stays.
+    void open(const QString& path);
+    /// Of rows that name none, when a file is opened from now on: 1 to 247; 1 at first.
+    void setStation(int station) { m_station = station; }
+
+private:
+    QToolBar* makeActions();
+    QAction* makeAction(const QString& text, const QKeySequence& shortcut, const QString& tip,
+                        void (RecipesPage::*slot)());
+    void askWhatToOpen();
+    /// @return false: it cannot be opened, which is said in the page
+    bool take(const QString& path);
+    void reload();
+    void read();
+    void askToDownload();
+    void download();
+    void askWhereToSave();
+    void save(const QString& path);
+    void start(kx::RecipeDirection direction);
+    void onEnded(const RecipeOutcome& outcome);
+    /// @param fault one line; empty takes it away
+    void complain(const QString& fault);
+    void close();
+    void refresh();
+
+    PageContext m_context;
+    RecipeModel* m_model;
+    RecipeOrder* m_order;
+    RecipeRun* m_run = nullptr; ///< null without a machine
+    kx::RecipeFile m_file;
+    QString m_path; ///< of the file, also of one that a project names and that could not be opened
+    bool m_isOpen = false;
+    int m_station = 1;
+    bool m_isCheckingDownload = false; ///< what is read is compared with what was just sent
+    QAction* m_open = nullptr;
+    QAction* m_reload = nullptr;
+    QAction* m_read = nullptr;
+    QAction* m_download = nullptr;
+    QAction* m_differencesOnly = nullptr;
+    QAction* m_save = nullptr;
+    DownloadBar* m_question;
+    TransferBar* m_progress;
+    QLabel* m_fault;
+    QTableView* m_table;
+    QLabel* m_counts;
+};
+
+} // namespace kxpanel
+
+#endif
