@@ -38,7 +38,7 @@ public:
     /// Edits of the list of values; whoever replaces the list as a whole clears it.
     QUndoStack* undoStack() { return &m_undo; }
     /// Of addresses that name none, 1 to 247.
-    void setStation(int station);
+    void setStation(int station) override;
     /// Adds the tags of a tags file, or shows what is wrong with it, each with its line.
     bool openTags(const QString& path);
     /// Actions for the window's menu of edits.

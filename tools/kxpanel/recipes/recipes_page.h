@@ -33,8 +33,8 @@ public:
     /// Shows a file instead of the one that is open; what is wrong with it is said in the page, and
     /// the one that is open stays.
     void open(const QString& path);
-    /// Of rows that name none, when a file is opened from now on: 1 to 247; 1 at first.
-    void setStation(int station) { m_station = station; }
+    /// Of a file that is opened from now on.
+    void setStation(int station) override { m_station = station; }
 
 private:
     QToolBar* makeActions();

@@ -79,11 +79,9 @@ void MainWindow::makePages(const std::vector<PageMaker>& makers)
         m_tabs->addTab(made, made->windowTitle());
         connect(made, &Page::layoutChanged, m_project, &ProjectKeeper::touch);
         connect(made, &Page::said, m_status, &StatusLine::say);
+        connect(m_connection, &ConnectionBar::stationChosen, made, &Page::setStation);
     }
     m_watch = qobject_cast<WatchPage*>(page(QStringLiteral("watch")));
-    if (!m_watch)
-        return;
-    connect(m_connection, &ConnectionBar::stationChosen, m_watch, &WatchPage::setStation);
 }
 
 void MainWindow::connectValues()
@@ -115,8 +113,8 @@ void MainWindow::begin(const WindowOptions& options)
     if (!options.connects)
         return;
     m_connection->setOptions(options.connection); // goes before the project's
-    if (m_watch)
-        m_watch->setStation(options.connection.station);
+    for (Page* const page : m_pages)
+        page->setStation(options.connection.station);
     m_machine->setValues(m_tags.values()); // simulated stations are those of the values
     m_connection->connectLine();
 }
@@ -164,12 +162,12 @@ void MainWindow::showProject(const Project& project)
         for (int value = kx::valuesIn(tag.tag.range, tag.tag.format); value > 0; --value)
             m_unknown[numbers.takeFirst()] = tag.extra;
     }
-    if (m_watch) {
+    if (m_watch)
         m_watch->undoStack()->clear();
-        m_watch->setStation(project.connection.station);
-    }
-    for (Page* const page : m_pages)
+    for (Page* const page : m_pages) {
+        page->setStation(project.connection.station);
         page->setLayout(project.pages.value(page->key()));
+    }
 }
 
 void MainWindow::addTags(const QString& path)

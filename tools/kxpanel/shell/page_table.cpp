@@ -4,14 +4,15 @@
 #include "kxpanel/grid/watch_page.h"
 #include "kxpanel/health/health_page.h"
 #include "kxpanel/line/line_page.h"
+#include "kxpanel/recipes/recipes_page.h"
 
 namespace kxpanel
 {
 
 std::vector<PageMaker> pageMakers()
 {
-    return {makerOf<WatchPage>(), makerOf<LinePage>(), makerOf<FramesPage>(),
-            makerOf<HealthPage>()};
+    return {makerOf<WatchPage>(), makerOf<LinePage>(), makerOf<FramesPage>(), makerOf<HealthPage>(),
+            makerOf<RecipesPage>()};
 }
 
 } // namespace kxpanel

@@ -30,6 +30,9 @@ public:
     virtual QJsonObject layout() const { return QJsonObject(); }
     /// Takes what is right and leaves out what is not.
     virtual void setLayout(const QJsonObject&) {}
+    /// Of addresses that name none, from now on.
+    /// @param station 1 to 247; before the first call 1
+    virtual void setStation(int) {}
 
 signals:
     /// layout() is another.
