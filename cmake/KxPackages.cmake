@@ -18,6 +18,11 @@ set(CPACK_COMPONENTS_ALL runtime development)
 if(KX_BUILD_TOOLS)
   list(APPEND CPACK_COMPONENTS_ALL kxruntime tools)
 endif()
+set(KX_HAS_WINDOW OFF) # Debian has Qwt for Qt 5 alone
+if(KX_BUILD_TOOLS AND KX_BUILD_WINDOW AND KX_QT EQUAL 5)
+  set(KX_HAS_WINDOW ON)
+  list(APPEND CPACK_COMPONENTS_ALL window)
+endif()
 if(KX_DOCS_SITE)
   list(APPEND CPACK_COMPONENTS_ALL documentation)
 endif()
@@ -83,6 +88,14 @@ kxhost watches, reads and writes the memory of a KX series programmable
 controller, records values, transfers recipes and scans a line. kxsim is a simulated
 controller.")
 
+set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME tarvelan-kx-panel)
+set(CPACK_DEBIAN_WINDOW_PACKAGE_SECTION electronics)
+set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS "${runtime_of_same_version}, libqt5sql5-sqlite")
+set(CPACK_COMPONENT_WINDOW_DESCRIPTION "window on KX series controllers on Modbus RTU
+kxpanel shows the values of KX series programmable controllers, their trends,
+and what happens on the line, while a machine is commissioned. It writes
+values, and compares, sends and reads recipes.")
+
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libtarvelan-kx-series-doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
@@ -94,7 +107,7 @@ driver for KX series programmable controllers, with examples.")
 
 # A changed text is installed anew.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
-  CHANGELOG.md docs/man/kxhost.1 docs/man/kxsim.1)
+  CHANGELOG.md docs/man/kxhost.1 docs/man/kxpanel.1 docs/man/kxsim.1)
 find_program(KX_GZIP gzip REQUIRED)
 set(KX_PACKAGING "${CMAKE_CURRENT_BINARY_DIR}/packaging")
 function(kx_compress file compressed)
@@ -123,12 +136,17 @@ if(KX_DOCS_SITE)
 endif()
 
 # Manual pages are installed compressed, too.
+function(kx_install_manual page component)
+  kx_compress("${CMAKE_CURRENT_SOURCE_DIR}/docs/man/${page}" ${page}.gz)
+  install(FILES "${KX_PACKAGING}/${page}.gz"
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${component})
+endfunction()
 if(KX_BUILD_TOOLS)
-  foreach(page kxhost.1 kxsim.1)
-    kx_compress("${CMAKE_CURRENT_SOURCE_DIR}/docs/man/${page}" ${page}.gz)
-    install(FILES "${KX_PACKAGING}/${page}.gz"
-      DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
-  endforeach()
+  kx_install_manual(kxhost.1 tools)
+  kx_install_manual(kxsim.1 tools)
+endif()
+if(KX_HAS_WINDOW)
+  kx_install_manual(kxpanel.1 window)
 endif()
 
 include(CPack)

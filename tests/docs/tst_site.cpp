@@ -152,6 +152,7 @@ void SiteTest::manualPages_data()
 {
     QTest::addColumn<QString>("program");
     QTest::newRow("kxhost") << "kxhost";
+    QTest::newRow("kxpanel") << "kxpanel";
     QTest::newRow("kxsim") << "kxsim";
 }
 
