@@ -1,6 +1,7 @@
 #include "kxhost/terminal/exit_codes.h"
 #include "kxpanel/machine/machine_thread.h"
 #include "kxpanel/shell/main_window.h"
+#include "kxpanel/translations/translations.h"
 #include "kxpanel/trend/trend_page.h"
 #include "system/printable_text.h"
 #include "system/standard_streams.h"
@@ -52,6 +53,7 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
     const QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("kxpanel"));
     QApplication::setApplicationName(QStringLiteral("kxpanel"));
+    takeLanguage(QLocale::system());
     QSettings settings;
     std::vector<PageMaker> pages = pageMakers();
     pages.insert(pages.begin() + 1, makerOf<TrendPage>()); // beside the values

@@ -45,6 +45,7 @@ DownloadBar::DownloadBar(QWidget* parent)
     layout->addWidget(m_question, 1);
     layout->addWidget(send);
     layout->addWidget(m_cancel);
+    setTabOrder(send, m_cancel);
     hide();
 
     connect(send, &QPushButton::clicked, this, [this] {

@@ -14,10 +14,10 @@ const qint64 SECOND = 1000; // milliseconds
 const qint64 MINUTE = 60 * SECOND;
 const qint64 HOUR = 60 * MINUTE;
 
-QString tr(const char* text)
+class TrendText
 {
-    return QCoreApplication::translate("kxpanel::TrendText", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(kxpanel::TrendText)
+};
 
 QString seconds(qint64 milliseconds)
 {
@@ -26,7 +26,7 @@ QString seconds(qint64 milliseconds)
 
 QString placeText(int cursor, qint64 time)
 {
-    return tr("Cursor %1: %2")
+    return TrendText::tr("Cursor %1: %2")
         .arg(QString::number(cursor + 1), QDateTime::fromMSecsSinceEpoch(time).toString(
                                               QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")));
 }
@@ -38,11 +38,11 @@ QString spanText(qint64 milliseconds)
     if (milliseconds < 0)
         return QLatin1Char('-') + spanText(-milliseconds);
     if (milliseconds < SECOND)
-        return tr("%1 ms").arg(milliseconds);
+        return TrendText::tr("%1 ms").arg(milliseconds);
     if (milliseconds < MINUTE)
-        return tr("%1 s").arg(seconds(milliseconds));
+        return TrendText::tr("%1 s").arg(seconds(milliseconds));
     const qint64 unit = milliseconds < HOUR ? MINUTE : HOUR;
-    const QString whole = unit == MINUTE ? tr("%1 min") : tr("%1 h");
+    const QString whole = unit == MINUTE ? TrendText::tr("%1 min") : TrendText::tr("%1 h");
     const QString text = whole.arg(milliseconds / unit);
     const qint64 rest =
         unit == MINUTE ? milliseconds % MINUTE : milliseconds % HOUR / MINUTE * MINUTE;
@@ -57,10 +57,11 @@ QString cursorText(const TrendView& view)
             parts << placeText(cursor, *view.cursor(cursor));
     }
     if (parts.isEmpty())
-        return tr("Keys 1 and 2 set cursors; the wheel zooms, a band zooms in, the middle button "
-                  "pans.");
+        return TrendText::tr(
+            "Keys 1 and 2 set cursors; the wheel zooms, a band zooms in, the middle button "
+            "pans.");
     if (view.difference())
-        parts << tr("Difference: %1").arg(spanText(*view.difference()));
+        parts << TrendText::tr("Difference: %1").arg(spanText(*view.difference()));
     return parts.join(QStringLiteral("    "));
 }
 

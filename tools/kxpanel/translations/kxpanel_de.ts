@@ -1,0 +1,2624 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>LineText</name>
+    <message>
+        <source>not connected</source>
+        <translation>nicht verbunden</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>wird verbunden</translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation>verbunden</translation>
+    </message>
+    <message>
+        <source>faulty</source>
+        <translation>gestört</translation>
+    </message>
+    <message>
+        <source>lost, reopening</source>
+        <translation>verloren, wird wieder geöffnet</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutList</name>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>What they do</source>
+        <translation>Was sie tun</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+</context>
+<context>
+    <name>TrendActions</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Live</source>
+        <translation>Live</translation>
+    </message>
+    <message>
+        <source>Follow the newest values, or stand still</source>
+        <translation>Den neuesten Werten folgen oder stehen bleiben</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Follow the newest values, all of them shown</source>
+        <translation>Den neuesten Werten folgen und alle zeigen</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Show half of the time</source>
+        <translation>Die halbe Zeitspanne zeigen</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Show twice the time</source>
+        <translation>Die doppelte Zeitspanne zeigen</translation>
+    </message>
+    <message>
+        <source>Earlier</source>
+        <translation>Früher</translation>
+    </message>
+    <message>
+        <source>Go back by a quarter of the window</source>
+        <translation>Um ein Viertel des Fensters zurückgehen</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Go on by a quarter of the window</source>
+        <translation>Um ein Viertel des Fensters weitergehen</translation>
+    </message>
+    <message>
+        <source>Fit values</source>
+        <translation>Werte einpassen</translation>
+    </message>
+    <message>
+        <source>Show all values that there are in the window</source>
+        <translation>Alle vorhandenen Werte im Fenster zeigen</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Einpassen</translation>
+    </message>
+    <message>
+        <source>Open…</source>
+        <translation>Öffnen …</translation>
+    </message>
+    <message>
+        <source>Picture…</source>
+        <translation>Bild …</translation>
+    </message>
+    <message>
+        <source>Values…</source>
+        <translation>Werte …</translation>
+    </message>
+    <message>
+        <source>Cursor 1</source>
+        <translation>Cursor 1</translation>
+    </message>
+    <message>
+        <source>Set it where the mouse is, else in the middle</source>
+        <translation>Dort setzen, wo die Maus ist, sonst in die Mitte</translation>
+    </message>
+    <message>
+        <source>Cursor 2</source>
+        <translation>Cursor 2</translation>
+    </message>
+    <message>
+        <source>Cursor back</source>
+        <translation>Cursor zurück</translation>
+    </message>
+    <message>
+        <source>Move the cursor that was set last by a pixel</source>
+        <translation>Den zuletzt gesetzten Cursor um ein Pixel verschieben</translation>
+    </message>
+    <message>
+        <source>Cursor on</source>
+        <translation>Cursor weiter</translation>
+    </message>
+    <message>
+        <source>No cursors</source>
+        <translation>Keine Cursor</translation>
+    </message>
+    <message>
+        <source>Take the cursors away</source>
+        <translation>Die Cursor wegnehmen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Take the values selected below out of the plot</source>
+        <translation>Die unten ausgewählten Werte aus der Kurve nehmen</translation>
+    </message>
+    <message>
+        <source>Open recording…</source>
+        <translation>Aufzeichnung öffnen …</translation>
+    </message>
+    <message>
+        <source>Show a file that was recorded, *.csv or *.sqlite</source>
+        <translation>Eine aufgezeichnete Datei zeigen, *.csv oder *.sqlite</translation>
+    </message>
+    <message>
+        <source>Save picture…</source>
+        <translation>Bild speichern …</translation>
+    </message>
+    <message>
+        <source>Save the plot as *.png or *.svg</source>
+        <translation>Die Kurven als *.png oder *.svg speichern</translation>
+    </message>
+    <message>
+        <source>Save values…</source>
+        <translation>Werte speichern …</translation>
+    </message>
+    <message>
+        <source>Save what is shown as a recording, *.csv or *.sqlite, in UTC</source>
+        <translation>Das Gezeigte als Aufzeichnung speichern, *.csv oder *.sqlite, in UTC</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel</name>
+    <message>
+        <source>simulated controller</source>
+        <translation>simulierte Steuerung</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::AddLine</name>
+    <message>
+        <source>%1 at station %2</source>
+        <translation>%1 an Station %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n values</source>
+        <translation>
+            <numerusform>%1, %n Wert</numerusform>
+            <numerusform>%1, %n Werte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add an address: D100, X17, D100:4@2, D100/float*0.1,unit=bar</source>
+        <translation>Adresse hinzufügen: D100, X17, D100:4@2, D100/float*0.1,unit=bar</translation>
+    </message>
+    <message>
+        <source>TYPE and number, then :COUNT, @STATION and /FORMAT (Insert)</source>
+        <translation>TYP und Nummer, dann :ANZAHL, @STATION und /FORMAT (Einfg)</translation>
+    </message>
+    <message>
+        <source>Address to add</source>
+        <translation>Adresse zum Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Station of addresses that name none</source>
+        <translation>Station der Adressen, die keine nennen</translation>
+    </message>
+    <message>
+        <source>Station of addresses that name none, 1 to 247</source>
+        <translation>Station der Adressen, die keine nennen, 1 bis 247</translation>
+    </message>
+    <message>
+        <source>Add the address to the list (Enter)</source>
+        <translation>Die Adresse zur Liste hinzufügen (Eingabe)</translation>
+    </message>
+    <message>
+        <source>&amp;Station</source>
+        <translation>&amp;Station</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::Cell</name>
+    <message>
+        <source>ok</source>
+        <translation>gut</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>never read</source>
+        <translation>nie gelesen</translation>
+    </message>
+    <message>
+        <source>writing…</source>
+        <translation>wird geschrieben …</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>geschrieben</translation>
+    </message>
+    <message>
+        <source>not written</source>
+        <translation>nicht geschrieben</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>abgelehnt</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>keine Antwort</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::ConnectionBar</name>
+    <message>
+        <source>&amp;Connect</source>
+        <translation>&amp;Verbinden</translation>
+    </message>
+    <message>
+        <source>&amp;Find stations</source>
+        <translation>Stationen s&amp;uchen</translation>
+    </message>
+    <message>
+        <source>Ask all stations of the line whether they are there (%1)</source>
+        <translation>Alle Stationen der Leitung fragen, ob sie da sind (%1)</translation>
+    </message>
+    <message>
+        <source>State of the line</source>
+        <translation>Zustand der Leitung</translation>
+    </message>
+    <message>
+        <source>What is wrong with the line</source>
+        <translation>Was an der Leitung nicht stimmt</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>A&amp;bbrechen</translation>
+    </message>
+    <message>
+        <source>Dis&amp;connect</source>
+        <translation>&amp;Trennen</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::CyclePicture</name>
+    <message>
+        <source>Requests on the line</source>
+        <translation>Anfragen auf der Leitung</translation>
+    </message>
+    <message>
+        <source>Each request as it ran, a row for each station. Wheel or + and - zoom, drag or Page Up and Page Down move, Left and Right select, Space pauses, End shows the latest.</source>
+        <translation>Jede Anfrage, wie sie lief, eine Zeile je Station. Mausrad oder + und - zoomen, Ziehen oder Bild auf und Bild ab verschieben, Links und Rechts wählen aus, Leertaste hält an, Ende zeigt das Neueste.</translation>
+    </message>
+    <message>
+        <source>No requests yet</source>
+        <translation>Noch keine Anfragen</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::CycleWords</name>
+    <message>
+        <source>sent in %1</source>
+        <translation>gesendet in %1</translation>
+    </message>
+    <message>
+        <source>waited %1</source>
+        <translation>gewartet %1</translation>
+    </message>
+    <message>
+        <source>answered after %1</source>
+        <translation>beantwortet nach %1</translation>
+    </message>
+    <message>
+        <source>received in %1</source>
+        <translation>empfangen in %1</translation>
+    </message>
+    <message>
+        <source>then %1 of silence</source>
+        <translation>dann %1 Ruhe</translation>
+    </message>
+    <message>
+        <source>%1, station %2: %3</source>
+        <translation>%1, Station %2: %3</translation>
+    </message>
+    <message>
+        <source>sent before</source>
+        <translation>schon einmal gesendet</translation>
+    </message>
+    <message>
+        <source>late</source>
+        <translation>verspätet</translation>
+    </message>
+    <message>
+        <source>Line used %1 %: sent %2 %, waited %3 %, received %4 %, silence %5 %</source>
+        <translation>Leitung zu %1 % belegt: gesendet %2 %, gewartet %3 %, empfangen %4 %, Ruhe %5 %</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::DownloadBar</name>
+    <message>
+        <source>station %1</source>
+        <translation>Station %1</translation>
+    </message>
+    <message>
+        <source>stations %1</source>
+        <translation>Stationen %1</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>A&amp;bbrechen</translation>
+    </message>
+    <message>
+        <source>Down&amp;load</source>
+        <translation>&amp;Senden</translation>
+    </message>
+    <message>
+        <source>Send the values to the controller</source>
+        <translation>Die Werte an die Steuerung senden</translation>
+    </message>
+    <message>
+        <source>Send nothing (Esc)</source>
+        <translation>Nichts senden (Esc)</translation>
+    </message>
+    <message numerus="yes">
+        <source>Send %n value(s) to %1? They replace those in the controller.</source>
+        <translation>
+            <numerusform>%n Wert an %1 senden? Er ersetzt den in der Steuerung.</numerusform>
+            <numerusform>%n Werte an %1 senden? Sie ersetzen die in der Steuerung.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::EditTag</name>
+    <message>
+        <source>edit of %1</source>
+        <translation>Änderung von %1</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::ExchangeWords</name>
+    <message>
+        <source>poll</source>
+        <translation>Abfrage</translation>
+    </message>
+    <message>
+        <source>read</source>
+        <translation>Lesen</translation>
+    </message>
+    <message>
+        <source>write</source>
+        <translation>Schreiben</translation>
+    </message>
+    <message>
+        <source>recipe write</source>
+        <translation>Rezept schreiben</translation>
+    </message>
+    <message>
+        <source>recipe read</source>
+        <translation>Rezept lesen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n byte(s)</source>
+        <translation>
+            <numerusform>%n Byte</numerusform>
+            <numerusform>%n Byte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>confirmed</source>
+        <translation>bestätigt</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::FilterLine</name>
+    <message>
+        <source>All states</source>
+        <translation>Alle Zustände</translation>
+    </message>
+    <message>
+        <source>Not answered, refused, not written</source>
+        <translation>Unbeantwortet, abgelehnt, nicht geschrieben</translation>
+    </message>
+    <message>
+        <source>Changed or written now</source>
+        <translation>Eben geändert oder geschrieben</translation>
+    </message>
+    <message>
+        <source>Never read</source>
+        <translation>Nie gelesen</translation>
+    </message>
+    <message>
+        <source>Filter by name, address or comment</source>
+        <translation>Nach Name, Adresse oder Kommentar filtern</translation>
+    </message>
+    <message>
+        <source>Words that a row must have (Ctrl+F; Esc shows all)</source>
+        <translation>Wörter, die eine Zeile haben muss (Strg+F; Esc zeigt alle)</translation>
+    </message>
+    <message>
+        <source>Rows in this state only</source>
+        <translation>Nur Zeilen in diesem Zustand</translation>
+    </message>
+    <message>
+        <source>Filter by state</source>
+        <translation>Nach Zustand filtern</translation>
+    </message>
+    <message>
+        <source>All types</source>
+        <translation>Alle Arten</translation>
+    </message>
+    <message>
+        <source>Rows of this register type only</source>
+        <translation>Nur Zeilen dieser Registerart</translation>
+    </message>
+    <message>
+        <source>Filter by register type</source>
+        <translation>Nach Registerart filtern</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values</source>
+        <translation>
+            <numerusform>%n Wert</numerusform>
+            <numerusform>%n Werte</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n values</source>
+        <translation>
+            <numerusform>%1 von %n Wert</numerusform>
+            <numerusform>%1 von %n Werten</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::FrameDetails</name>
+    <message>
+        <source>No reply until %1</source>
+        <translation>Keine Antwort bis %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reply, over at %1, %n byte(s)</source>
+        <translation>
+            <numerusform>Antwort, zu Ende um %1, %n Byte</numerusform>
+            <numerusform>Antwort, zu Ende um %1, %n Byte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Station %1: %2</source>
+        <translation>Station %1: %2</translation>
+    </message>
+    <message>
+        <source>The reply began %1 after the request.</source>
+        <translation>Die Antwort begann %1 nach der Anfrage.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Request, sent %1, %n byte(s)</source>
+        <translation>
+            <numerusform>Anfrage, gesendet um %1, %n Byte</numerusform>
+            <numerusform>Anfrage, gesendet um %1, %n Byte</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::FramesModel</name>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>When the request was sent, in local time</source>
+        <translation>Wann die Anfrage gesendet wurde, in Ortszeit</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Number of the station that was asked</source>
+        <translation>Nummer der gefragten Station</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>What the request was for</source>
+        <translation>Wozu die Anfrage diente</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Addresses asked for or written, with the values written</source>
+        <translation>Gefragte oder geschriebene Adressen, mit den geschriebenen Werten</translation>
+    </message>
+    <message>
+        <source>Request</source>
+        <translation>Anfrage</translation>
+    </message>
+    <message>
+        <source>What came back; values in the order of their addresses</source>
+        <translation>Was zurückkam; Werte in der Reihenfolge ihrer Adressen</translation>
+    </message>
+    <message>
+        <source>Reply</source>
+        <translation>Antwort</translation>
+    </message>
+    <message>
+        <source>What came back and what the driver made of it</source>
+        <translation>Was zurückkam und was der Treiber daraus machte</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Milliseconds from the request&apos;s last character to the reply&apos;s first</source>
+        <translation>Millisekunden vom letzten Zeichen der Anfrage bis zum ersten der Antwort</translation>
+    </message>
+    <message>
+        <source>Reply after</source>
+        <translation>Antwort nach</translation>
+    </message>
+    <message>
+        <source>Milliseconds from the request to the end of the exchange</source>
+        <translation>Millisekunden von der Anfrage bis zum Ende des Austauschs</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::FramesPage</name>
+    <message>
+        <source>Frames</source>
+        <translation>Telegramme</translation>
+    </message>
+    <message>
+        <source>Select an exchange to see its fields and bytes.</source>
+        <translation>Einen Austausch auswählen, um seine Felder und Bytes zu sehen.</translation>
+    </message>
+    <message>
+        <source>Fields and bytes of the selected exchange</source>
+        <translation>Felder und Bytes des ausgewählten Austauschs</translation>
+    </message>
+    <message>
+        <source>All stations</source>
+        <translation>Alle Stationen</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Show the exchanges of one station</source>
+        <translation>Den Austausch mit einer Station zeigen</translation>
+    </message>
+    <message>
+        <source>All types</source>
+        <translation>Alle Arten</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Show requests of one type</source>
+        <translation>Anfragen einer Art zeigen</translation>
+    </message>
+    <message>
+        <source>All outcomes</source>
+        <translation>Alle Ergebnisse</translation>
+    </message>
+    <message>
+        <source>Accepted</source>
+        <translation>Angenommen</translation>
+    </message>
+    <message>
+        <source>Not accepted</source>
+        <translation>Nicht angenommen</translation>
+    </message>
+    <message>
+        <source>Repeated</source>
+        <translation>Wiederholt</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Show the exchanges that ended so</source>
+        <translation>Den Austausch zeigen, der so endete</translation>
+    </message>
+    <message>
+        <source>Request, such as D100</source>
+        <translation>Anfrage, etwa D100</translation>
+    </message>
+    <message>
+        <source>Text in the request</source>
+        <translation>Text in der Anfrage</translation>
+    </message>
+    <message>
+        <source>Show requests with this text, such as D100 or write</source>
+        <translation>Anfragen mit diesem Text zeigen, etwa D100 oder write</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Type what the request must contain</source>
+        <translation>Eingeben, was die Anfrage enthalten muss</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Keep the rows as they are; what comes waits</source>
+        <translation>Die Zeilen lassen, wie sie sind; was kommt, wartet</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>Speichern ...</translation>
+    </message>
+    <message>
+        <source>Save the exchanges shown as text or JSON lines</source>
+        <translation>Den gezeigten Austausch als Text oder JSON-Zeilen speichern</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Forget all exchanges</source>
+        <translation>Allen Austausch vergessen</translation>
+    </message>
+    <message>
+        <source>Exchanges</source>
+        <translation>Austausch</translation>
+    </message>
+    <message>
+        <source>Station %1</source>
+        <translation>Station %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2 exchanges shown</source>
+        <translation>%1 von %2 Telegrammpaaren gezeigt</translation>
+    </message>
+    <message>
+        <source>; paused, %1 more have come</source>
+        <translation>; angehalten, %1 weitere sind gekommen</translation>
+    </message>
+    <message>
+        <source>Save frames</source>
+        <translation>Telegramme speichern</translation>
+    </message>
+    <message>
+        <source>Text (*.txt);;JSON lines (*.jsonl)</source>
+        <translation>Text (*.txt);;JSON-Zeilen (*.jsonl)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchange(s) saved in %1</source>
+        <translation>
+            <numerusform>%n Telegrammpaar in %1 gespeichert</numerusform>
+            <numerusform>%n Telegrammpaare in %1 gespeichert</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::HealthPage</name>
+    <message>
+        <source>Health</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Begin all counts anew</source>
+        <translation>Alle Zähler neu beginnen</translation>
+    </message>
+    <message>
+        <source>What came without being asked for, or too late. None of it reached the driver.</source>
+        <translation>Was ungefragt oder zu spät kam. Nichts davon erreichte den Treiber.</translation>
+    </message>
+    <message>
+        <source>Stations</source>
+        <translation>Stationen</translation>
+    </message>
+    <message>
+        <source>Counts since %1</source>
+        <translation>Zähler seit %1</translation>
+    </message>
+    <message>
+        <source>Reply times of station %1</source>
+        <translation>Antwortzeiten der Station %1</translation>
+    </message>
+    <message>
+        <source>Reply times</source>
+        <translation>Antwortzeiten</translation>
+    </message>
+    <message>
+        <source>Line: %1</source>
+        <translation>Leitung: %1</translation>
+    </message>
+    <message>
+        <source>nothing was thrown away</source>
+        <translation>nichts wurde verworfen</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::HealthWords</name>
+    <message>
+        <source>no reply until the time-out</source>
+        <translation>keine Antwort bis zum Ablauf der Wartezeit</translation>
+    </message>
+    <message>
+        <source>reply cut short</source>
+        <translation>Antwort abgebrochen</translation>
+    </message>
+    <message>
+        <source>damaged reply</source>
+        <translation>beschädigte Antwort</translation>
+    </message>
+    <message>
+        <source>refused by the station</source>
+        <translation>von der Station abgelehnt</translation>
+    </message>
+    <message>
+        <source>reply with a wrong byte count</source>
+        <translation>Antwort mit falscher Bytezahl</translation>
+    </message>
+    <message>
+        <source>only replies of other requests</source>
+        <translation>nur Antworten auf andere Anfragen</translation>
+    </message>
+    <message>
+        <source>line lost meanwhile</source>
+        <translation>Leitung inzwischen verloren</translation>
+    </message>
+    <message>
+        <source>broadcast</source>
+        <translation>Rundruf</translation>
+    </message>
+    <message>
+        <source>good reply that the driver did not take</source>
+        <translation>gute Antwort, die der Treiber nicht nahm</translation>
+    </message>
+    <message>
+        <source>line never silent</source>
+        <translation>Leitung nie in Ruhe</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Number of the station</source>
+        <translation>Nummer der Station</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Whether the station answers now</source>
+        <translation>Ob die Station jetzt antwortet</translation>
+    </message>
+    <message>
+        <source>Requests</source>
+        <translation>Anfragen</translation>
+    </message>
+    <message>
+        <source>Requests that are over, each try counted</source>
+        <translation>Beendete Anfragen, jeder Versuch gezählt</translation>
+    </message>
+    <message>
+        <source>Accepted</source>
+        <translation>Angenommen</translation>
+    </message>
+    <message>
+        <source>Requests whose reply the driver took</source>
+        <translation>Anfragen, deren Antwort der Treiber nahm</translation>
+    </message>
+    <message>
+        <source>Repeated</source>
+        <translation>Wiederholt</translation>
+    </message>
+    <message>
+        <source>Requests that were sent once more</source>
+        <translation>Anfragen, die noch einmal gesendet wurden</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Requests that failed for good</source>
+        <translation>Anfragen, die endgültig fehlschlugen</translation>
+    </message>
+    <message>
+        <source>No reply</source>
+        <translation>Ohne Antwort</translation>
+    </message>
+    <message>
+        <source>Repeated or failed: nothing came</source>
+        <translation>Wiederholt oder fehlgeschlagen: nichts kam</translation>
+    </message>
+    <message>
+        <source>Cut short</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Repeated or failed: too few bytes came</source>
+        <translation>Wiederholt oder fehlgeschlagen: zu wenige Bytes kamen</translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation>Beschädigt</translation>
+    </message>
+    <message>
+        <source>Repeated or failed: no frame in the bytes</source>
+        <translation>Wiederholt oder fehlgeschlagen: kein Telegramm in den Bytes</translation>
+    </message>
+    <message>
+        <source>Refused</source>
+        <translation>Abgelehnt</translation>
+    </message>
+    <message>
+        <source>Repeated or failed: the station refused</source>
+        <translation>Wiederholt oder fehlgeschlagen: die Station lehnte ab</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Andere</translation>
+    </message>
+    <message>
+        <source>Repeated or failed for any other reason; point at a station to see which</source>
+        <translation>Wiederholt oder fehlgeschlagen aus anderem Grund; auf eine Station zeigen, um ihn zu sehen</translation>
+    </message>
+    <message>
+        <source>Median</source>
+        <translation>Median</translation>
+    </message>
+    <message>
+        <source>Half of the replies began within this time, in milliseconds from the end of the request</source>
+        <translation>Die Hälfte der Antworten begann innerhalb dieser Zeit, in Millisekunden ab dem Ende der Anfrage</translation>
+    </message>
+    <message>
+        <source>99 %</source>
+        <translation>99 %</translation>
+    </message>
+    <message>
+        <source>99 of 100 replies began within this time, in milliseconds from the end of the request</source>
+        <translation>99 von 100 Antworten begannen innerhalb dieser Zeit, in Millisekunden ab dem Ende der Anfrage</translation>
+    </message>
+    <message>
+        <source>Longest</source>
+        <translation>Längste</translation>
+    </message>
+    <message>
+        <source>The slowest reply, in milliseconds from the end of the request to its first character</source>
+        <translation>Die langsamste Antwort, in Millisekunden vom Ende der Anfrage bis zu ihrem ersten Zeichen</translation>
+    </message>
+    <message>
+        <source>silent</source>
+        <translation>stumm</translation>
+    </message>
+    <message>
+        <source>answers</source>
+        <translation>antwortet</translation>
+    </message>
+    <message>
+        <source>no reply yet</source>
+        <translation>noch keine Antwort</translation>
+    </message>
+    <message>
+        <source>Station %1: %2 accepted, %3 repeated, %4 failed</source>
+        <translation>Station %1: %2 angenommen, %3 wiederholt, %4 fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>not whole, so not sent: %1</source>
+        <translation>nicht vollständig, daher nicht gesendet: %1</translation>
+    </message>
+    <message>
+        <source>answered last at %1</source>
+        <translation>zuletzt geantwortet um %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n repl(ies) of other requests</source>
+        <translation>
+            <numerusform>%n Antwort auf andere Anfragen</numerusform>
+            <numerusform>%n Antworten auf andere Anfragen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n late repl(ies)</source>
+        <translation>
+            <numerusform>%n verspätete Antwort</numerusform>
+            <numerusform>%n verspätete Antworten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n duplicate(s)</source>
+        <translation>
+            <numerusform>%n Doppel</numerusform>
+            <numerusform>%n Doppel</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n echo(es)</source>
+        <translation>
+            <numerusform>%n Echo</numerusform>
+            <numerusform>%n Echos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n byte(s) in no frame</source>
+        <translation>
+            <numerusform>%n Byte in keinem Telegramm</numerusform>
+            <numerusform>%n Byte in keinem Telegramm</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n request(s) held back for a late reply</source>
+        <translation>
+            <numerusform>%n Anfrage wegen einer verspäteten Antwort zurückgehalten</numerusform>
+            <numerusform>%n Anfragen wegen einer verspäteten Antwort zurückgehalten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>line opened again %n time(s)</source>
+        <translation>
+            <numerusform>Leitung %n-mal wieder geöffnet</numerusform>
+            <numerusform>Leitung %n-mal wieder geöffnet</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::HistogramView</name>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Reply times</source>
+        <translation>Antwortzeiten</translation>
+    </message>
+    <message>
+        <source>Replies by the time from the end of the request to their first character. Left and Right select a bar.</source>
+        <translation>Antworten nach der Zeit vom Ende der Anfrage bis zu ihrem ersten Zeichen. Links und Rechts wählen einen Balken.</translation>
+    </message>
+    <message>
+        <source>%1: %2 replies, median %3, 99 % within %4</source>
+        <translation>%1: %2 Antworten, Median %3, 99 % innerhalb %4</translation>
+    </message>
+    <message>
+        <source>%1 to %2: %3 replies, %4 %</source>
+        <translation>%1 bis %2: %3 Antworten, %4 %</translation>
+    </message>
+    <message>
+        <source>No replies yet</source>
+        <translation>Noch keine Antworten</translation>
+    </message>
+    <message>
+        <source>median %1</source>
+        <translation>Median %1</translation>
+    </message>
+    <message>
+        <source>99 % within %1</source>
+        <translation>99 % innerhalb %1</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::InsertTags</name>
+    <message>
+        <source>adding of values</source>
+        <translation>Hinzufügen von Werten</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::LimitCurve</name>
+    <message>
+        <source>Predicted time of a cycle over the longest request</source>
+        <translation>Vorhergesagte Zykluszeit über der längsten Anfrage</translation>
+    </message>
+    <message>
+        <source>Predicted time of a cycle in milliseconds over the longest request in registers. A click chooses a limit.</source>
+        <translation>Vorhergesagte Zykluszeit in Millisekunden über der längsten Anfrage in Registern. Ein Klick wählt eine Grenze.</translation>
+    </message>
+    <message>
+        <source>Nothing is watched</source>
+        <translation>Nichts wird beobachtet</translation>
+    </message>
+    <message>
+        <source>measured %1</source>
+        <translation>gemessen %1</translation>
+    </message>
+    <message>
+        <source>per cycle, by registers of the longest request</source>
+        <translation>je Zyklus, nach Registern der längsten Anfrage</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::LimitPanel</name>
+    <message>
+        <source>&amp;Longest request</source>
+        <translation>&amp;Längste Anfrage</translation>
+    </message>
+    <message>
+        <source> registers</source>
+        <translation> Register</translation>
+    </message>
+    <message>
+        <source>The longest request in registers, or 16 times as many bits. Nothing is changed before it is applied.</source>
+        <translation>Die längste Anfrage in Registern, oder 16-mal so viele Bits. Vor dem Anwenden ändert sich nichts.</translation>
+    </message>
+    <message>
+        <source>Longest request in registers</source>
+        <translation>Längste Anfrage in Registern</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Anwenden</translation>
+    </message>
+    <message>
+        <source>Polls with requests of this length at most from now on (Alt+A)</source>
+        <translation>Fragt von jetzt an mit Anfragen höchstens dieser Länge ab (Alt+A)</translation>
+    </message>
+    <message>
+        <source>A&amp;utomatic</source>
+        <translation>A&amp;utomatisch</translation>
+    </message>
+    <message>
+        <source>Polls with requests as long as takes the least time from now on (Alt+U)</source>
+        <translation>Fragt von jetzt an mit der Länge ab, die am wenigsten Zeit braucht (Alt+U)</translation>
+    </message>
+    <message>
+        <source>Measured: %1 per cycle</source>
+        <translation>Gemessen: %1 je Zyklus</translation>
+    </message>
+    <message>
+        <source>Measured: nothing yet</source>
+        <translation>Gemessen: noch nichts</translation>
+    </message>
+    <message>
+        <source>Apply the &amp;best: %1</source>
+        <translation>&amp;Beste anwenden: %1</translation>
+    </message>
+    <message>
+        <source>Apply the &amp;best</source>
+        <translation>&amp;Beste anwenden</translation>
+    </message>
+    <message>
+        <source>The lowest limit with the shortest cycle (Alt+B)</source>
+        <translation>Die niedrigste Grenze mit dem kürzesten Zyklus (Alt+B)</translation>
+    </message>
+    <message>
+        <source>Predicted: %1 per cycle, %2 requests, line used %3 %</source>
+        <translation>Vorhergesagt: %1 je Zyklus, %2 Anfragen, Leitung zu %3 % belegt</translation>
+    </message>
+    <message>
+        <source>Predicted: nothing yet</source>
+        <translation>Vorhergesagt: noch nichts</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::LineFields</name>
+    <message>
+        <source>Serial port</source>
+        <translation>Serielle Schnittstelle</translation>
+    </message>
+    <message>
+        <source>Gateway</source>
+        <translation>Gateway</translation>
+    </message>
+    <message>
+        <source>Simulated</source>
+        <translation>Simuliert</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Leitung</translation>
+    </message>
+    <message>
+        <source>What the controllers are reached by; simulated ones are inside the program</source>
+        <translation>Worüber die Steuerungen erreicht werden; simulierte sind im Programm</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Schnittstelle</translation>
+    </message>
+    <message>
+        <source>Serial port, such as /dev/ttyUSB0</source>
+        <translation>Serielle Schnittstelle, etwa /dev/ttyUSB0</translation>
+    </message>
+    <message>
+        <source>choose a port</source>
+        <translation>Schnittstelle wählen</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Baudrate</translation>
+    </message>
+    <message>
+        <source>Bits per second</source>
+        <translation>Bit je Sekunde</translation>
+    </message>
+    <message>
+        <source>no parity</source>
+        <translation>keine Parität</translation>
+    </message>
+    <message>
+        <source>even parity</source>
+        <translation>gerade Parität</translation>
+    </message>
+    <message>
+        <source>odd parity</source>
+        <translation>ungerade Parität</translation>
+    </message>
+    <message>
+        <source>Parity</source>
+        <translation>Parität</translation>
+    </message>
+    <message>
+        <source>Parity of each character</source>
+        <translation>Parität jedes Zeichens</translation>
+    </message>
+    <message>
+        <source>1 stop bit</source>
+        <translation>1 Stoppbit</translation>
+    </message>
+    <message>
+        <source>2 stop bits</source>
+        <translation>2 Stoppbits</translation>
+    </message>
+    <message>
+        <source>Stop bits</source>
+        <translation>Stoppbits</translation>
+    </message>
+    <message>
+        <source>Stop bits behind each character</source>
+        <translation>Stoppbits nach jedem Zeichen</translation>
+    </message>
+    <message>
+        <source>HOST:PORT</source>
+        <translation>RECHNER:PORT</translation>
+    </message>
+    <message>
+        <source>Name or address of the gateway, with a port when it is not %1 (%2 of Modbus TCP)</source>
+        <translation>Name oder Adresse des Gateways, mit Port, wenn er nicht %1 ist (%2 bei Modbus TCP)</translation>
+    </message>
+    <message>
+        <source>Modbus RTU</source>
+        <translation>Modbus RTU</translation>
+    </message>
+    <message>
+        <source>Modbus TCP</source>
+        <translation>Modbus TCP</translation>
+    </message>
+    <message>
+        <source>Protocol</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>What the gateway takes: the serial line&apos;s bytes, or Modbus TCP</source>
+        <translation>Was das Gateway nimmt: die Bytes der seriellen Leitung oder Modbus TCP</translation>
+    </message>
+    <message>
+        <source>Name the serial port, such as /dev/ttyUSB0</source>
+        <translation>Die serielle Schnittstelle nennen, etwa /dev/ttyUSB0</translation>
+    </message>
+    <message>
+        <source>Speed &apos;%1&apos;: must be 1 to %2 bits per second</source>
+        <translation>Baudrate „%1“: muss 1 bis %2 Bit je Sekunde sein</translation>
+    </message>
+    <message>
+        <source>Name the gateway, such as 192.168.0.5:8888</source>
+        <translation>Das Gateway nennen, etwa 192.168.0.5:8888</translation>
+    </message>
+    <message>
+        <source>Gateway &apos;%1&apos;: write HOST or HOST:PORT, and an IPv6 address in brackets</source>
+        <translation>Gateway „%1“: RECHNER oder RECHNER:PORT schreiben, eine IPv6-Adresse in Klammern</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::LineLegend</name>
+    <message>
+        <source>asked for</source>
+        <translation>gefragt</translation>
+    </message>
+    <message>
+        <source>read along</source>
+        <translation>mitgelesen</translation>
+    </message>
+    <message>
+        <source>sent</source>
+        <translation>gesendet</translation>
+    </message>
+    <message>
+        <source>waited</source>
+        <translation>gewartet</translation>
+    </message>
+    <message>
+        <source>received</source>
+        <translation>empfangen</translation>
+    </message>
+    <message>
+        <source>late</source>
+        <translation>verspätet</translation>
+    </message>
+    <message>
+        <source>repeated</source>
+        <translation>wiederholt</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::LinePage</name>
+    <message>
+        <source>Line</source>
+        <translation>Leitung</translation>
+    </message>
+    <message>
+        <source>How the line was used in the time that is shown</source>
+        <translation>Wie die Leitung in der gezeigten Zeit genutzt wurde</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Keep the picture as it is; what comes is kept, too</source>
+        <translation>Das Bild lassen, wie es ist; was kommt, wird auch behalten</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Show less time</source>
+        <translation>Weniger Zeit zeigen</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Show more time</source>
+        <translation>Mehr Zeit zeigen</translation>
+    </message>
+    <message>
+        <source>Cycles</source>
+        <translation>Zyklen</translation>
+    </message>
+    <message>
+        <source>Show as much time as the latest three cycles took</source>
+        <translation>So viel Zeit zeigen, wie die letzten drei Zyklen brauchten</translation>
+    </message>
+    <message>
+        <source>Requests take %1 registers or %2 bits at most</source>
+        <translation>Anfragen umfassen höchstens %1 Register oder %2 Bits</translation>
+    </message>
+    <message>
+        <source>Requests are as long as takes the least time</source>
+        <translation>Anfragen sind so lang, wie es am wenigsten Zeit braucht</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::MachineJobs</name>
+    <message>
+        <source>the line is not open</source>
+        <translation>die Leitung ist nicht offen</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>abgebrochen</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::MessageBar</name>
+    <message>
+        <source>What went wrong</source>
+        <translation>Was schiefging</translation>
+    </message>
+    <message>
+        <source>Close the message</source>
+        <translation>Die Meldung schließen</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::MoveTags</name>
+    <message>
+        <source>moving of values</source>
+        <translation>Verschieben von Werten</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::PlanPicture</name>
+    <message>
+        <source>Requests of a cycle over the addresses</source>
+        <translation>Anfragen eines Zyklus über den Adressen</translation>
+    </message>
+    <message>
+        <source>What each request of a cycle reads, a row for each type of a station; as wide as its reply is long. Left and Right select a request.</source>
+        <translation>Was jede Anfrage eines Zyklus liest, eine Zeile je Registerart einer Station; so breit, wie die Antwort lang ist. Links und Rechts wählen eine Anfrage.</translation>
+    </message>
+    <message>
+        <source>Nothing is watched</source>
+        <translation>Nichts wird beobachtet</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::PlanRows</name>
+    <message>
+        <source>%1 bits, %2 asked for, %3 read along</source>
+        <translation>%1 Bits, %2 gefragt, %3 mitgelesen</translation>
+    </message>
+    <message>
+        <source>%1 registers, %2 asked for, %3 read along</source>
+        <translation>%1 Register, %2 gefragt, %3 mitgelesen</translation>
+    </message>
+    <message>
+        <source>Station %1, %2: %3; %4 bytes out, %5 back, %6</source>
+        <translation>Station %1, %2: %3; %4 Byte hin, %5 zurück, %6</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::PortWatch</name>
+    <message>
+        <source>in use by %1</source>
+        <translation>belegt durch %1</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::Project</name>
+    <message>
+        <source>connection.%1: must be a text, a number or true</source>
+        <translation>connection.%1: muss ein Text, eine Zahl oder true sein</translation>
+    </message>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>format: this is no project of kxpanel</source>
+        <translation>format: das ist kein Projekt von kxpanel</translation>
+    </message>
+    <message>
+        <source>version: must be a number, 1 or more</source>
+        <translation>version: muss eine Zahl sein, 1 oder mehr</translation>
+    </message>
+    <message>
+        <source>version %1: made by a newer kxpanel; this one reads version %2</source>
+        <translation>version %1: von einem neueren kxpanel; dieses liest Version %2</translation>
+    </message>
+    <message>
+        <source>%1: must be %2</source>
+        <translation>%1: muss %2 sein</translation>
+    </message>
+    <message>
+        <source>must be a text or a number</source>
+        <translation>muss ein Text oder eine Zahl sein</translation>
+    </message>
+    <message>
+        <source>must be an object</source>
+        <translation>muss ein Objekt sein</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::ProjectKeeper</name>
+    <message>
+        <source>unnamed project</source>
+        <translation>unbenanntes Projekt</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Projects and tags files (*.kxpanel *.csv)</source>
+        <translation>Projekte und Variablendateien (*.kxpanel *.csv)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>Projects (*.kxpanel)</source>
+        <translation>Projekte (*.kxpanel)</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 gespeichert</translation>
+    </message>
+    <message>
+        <source>Save the changes to %1?</source>
+        <translation>Die Änderungen an %1 speichern?</translation>
+    </message>
+    <message>
+        <source>Otherwise they are lost.</source>
+        <translation>Sonst gehen sie verloren.</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::RecipeModel</name>
+    <message>
+        <source>differs</source>
+        <translation>verschieden</translation>
+    </message>
+    <message>
+        <source>not in the file</source>
+        <translation>nicht in der Datei</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>nicht gelesen</translation>
+    </message>
+    <message>
+        <source>same</source>
+        <translation>gleich</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n address(es) from %1 on</source>
+        <translation>
+            <numerusform>%n Adresse ab %1</numerusform>
+            <numerusform>%n Adressen ab %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Whether file and controller have the same value</source>
+        <translation>Ob Datei und Steuerung denselben Wert haben</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Name in the file</source>
+        <translation>Name in der Datei</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Number of the station that has the value</source>
+        <translation>Nummer der Station, die den Wert hat</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>First address of the value; X and Y in octal</source>
+        <translation>Erste Adresse des Werts; X und Y oktal</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Value in the file, with its unit</source>
+        <translation>Wert in der Datei, mit Einheit</translation>
+    </message>
+    <message>
+        <source>In the file</source>
+        <translation>In der Datei</translation>
+    </message>
+    <message>
+        <source>Value that was read from the controller, with its unit</source>
+        <translation>Wert, der aus der Steuerung gelesen wurde, mit Einheit</translation>
+    </message>
+    <message>
+        <source>In the controller</source>
+        <translation>In der Steuerung</translation>
+    </message>
+    <message>
+        <source>Values of the recipe</source>
+        <translation>Werte des Rezepts</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::RecipesPage</name>
+    <message>
+        <source>Recipes</source>
+        <translation>Rezepte</translation>
+    </message>
+    <message>
+        <source>What went wrong</source>
+        <translation>Was schiefging</translation>
+    </message>
+    <message>
+        <source>How file and controller go together</source>
+        <translation>Wie Datei und Steuerung übereinstimmen</translation>
+    </message>
+    <message>
+        <source>Open recipe</source>
+        <translation>Rezept öffnen</translation>
+    </message>
+    <message>
+        <source>Recipes (*.csv);;All files (*)</source>
+        <translation>Rezepte (*.csv);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Nothing was sent: %1</source>
+        <translation>Nichts wurde gesendet: %1</translation>
+    </message>
+    <message>
+        <source>All was sent, but not compared. %1</source>
+        <translation>Alles wurde gesendet, aber nicht verglichen. %1</translation>
+    </message>
+    <message>
+        <source>Sent and read again: %1</source>
+        <translation>Gesendet und zurückgelesen: %1</translation>
+    </message>
+    <message>
+        <source>Read: %1</source>
+        <translation>Gelesen: %1</translation>
+    </message>
+    <message>
+        <source>Save what was read</source>
+        <translation>Gelesenes speichern</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n value(s) saved in %1</source>
+        <translation>
+            <numerusform>%n Wert in %1 gespeichert</numerusform>
+            <numerusform>%n Werte in %1 gespeichert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open a recipe to compare it with the controller.</source>
+        <translation>Ein Rezept öffnen, um es mit der Steuerung zu vergleichen.</translation>
+    </message>
+    <message>
+        <source>Open recipe...</source>
+        <translation>Rezept öffnen ...</translation>
+    </message>
+    <message>
+        <source>Open a recipe file (CSV)</source>
+        <translation>Eine Rezeptdatei öffnen (CSV)</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Open the same file again</source>
+        <translation>Dieselbe Datei noch einmal öffnen</translation>
+    </message>
+    <message>
+        <source>Read from controller</source>
+        <translation>Aus der Steuerung lesen</translation>
+    </message>
+    <message>
+        <source>Read all values of the recipe and compare them</source>
+        <translation>Alle Werte des Rezepts lesen und vergleichen</translation>
+    </message>
+    <message>
+        <source>Download...</source>
+        <translation>Senden ...</translation>
+    </message>
+    <message>
+        <source>Send the values in the file to the controller; asks first</source>
+        <translation>Die Werte der Datei an die Steuerung senden; fragt vorher</translation>
+    </message>
+    <message>
+        <source>Differences only</source>
+        <translation>Nur Unterschiede</translation>
+    </message>
+    <message>
+        <source>Show the values that differ and no others</source>
+        <translation>Nur die Werte zeigen, die verschieden sind</translation>
+    </message>
+    <message>
+        <source>Save what was read...</source>
+        <translation>Gelesenes speichern ...</translation>
+    </message>
+    <message>
+        <source>Save the file with the controller&apos;s values</source>
+        <translation>Die Datei mit den Werten der Steuerung speichern</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::RemoveTags</name>
+    <message>
+        <source>removal of values</source>
+        <translation>Entfernen von Werten</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::ScanPanel</name>
+    <message>
+        <source>Stations to ask</source>
+        <translation>Zu fragende Stationen</translation>
+    </message>
+    <message>
+        <source>Stations to ask, such as 1-247 or 1,3,10-20</source>
+        <translation>Zu fragende Stationen, etwa 1-247 oder 1,3,10-20</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>Time for a reply</source>
+        <translation>Zeit für eine Antwort</translation>
+    </message>
+    <message>
+        <source>Milliseconds to wait for each station&apos;s reply</source>
+        <translation>Millisekunden, die auf die Antwort jeder Station gewartet wird</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Starten</translation>
+    </message>
+    <message>
+        <source>Stations asked</source>
+        <translation>Gefragte Stationen</translation>
+    </message>
+    <message>
+        <source>%v of %m</source>
+        <translation>%v von %m</translation>
+    </message>
+    <message>
+        <source>Stations found</source>
+        <translation>Gefundene Stationen</translation>
+    </message>
+    <message>
+        <source>Click a station to use it for addresses that name none</source>
+        <translation>Eine Station anklicken, um sie für Adressen ohne Station zu nehmen</translation>
+    </message>
+    <message>
+        <source>Result of the search</source>
+        <translation>Ergebnis der Suche</translation>
+    </message>
+    <message>
+        <source>Stati&amp;ons</source>
+        <translation>Stati&amp;onen</translation>
+    </message>
+    <message>
+        <source>wait</source>
+        <translation>Wartezeit</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>wird verbunden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>abgebrochen</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>nicht verbunden</translation>
+    </message>
+    <message>
+        <source>none yet</source>
+        <translation>noch keine</translation>
+    </message>
+    <message>
+        <source>Station %1</source>
+        <translation>Station %1</translation>
+    </message>
+    <message>
+        <source>found: %1</source>
+        <translation>gefunden: %1</translation>
+    </message>
+    <message>
+        <source>no station answers</source>
+        <translation>keine Station antwortet</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::StatusLine</name>
+    <message>
+        <source>Line</source>
+        <translation>Leitung</translation>
+    </message>
+    <message>
+        <source>Requests and cycles since the line was opened</source>
+        <translation>Anfragen und Zyklen, seit die Leitung geöffnet wurde</translation>
+    </message>
+    <message>
+        <source>Requests per second, and share of the time in which characters occupy the line</source>
+        <translation>Anfragen je Sekunde und Anteil der Zeit, in der Zeichen die Leitung belegen</translation>
+    </message>
+    <message>
+        <source>cycle %1</source>
+        <translation>Zyklus %1</translation>
+    </message>
+    <message>
+        <source>%1 repeated</source>
+        <translation>%1 wiederholt</translation>
+    </message>
+    <message>
+        <source>%1 failed</source>
+        <translation>%1 fehlgeschlagen</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TransferBar</name>
+    <message>
+        <source>Requests of the transfer that were answered</source>
+        <translation>Beantwortete Anfragen der Übertragung</translation>
+    </message>
+    <message>
+        <source>&amp;Abort</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>End the transfer; what was sent stays in the controller (Esc)</source>
+        <translation>Die Übertragung beenden; Gesendetes bleibt in der Steuerung (Esc)</translation>
+    </message>
+    <message>
+        <source>Reading: %v of %m requests</source>
+        <translation>Lesen: %v von %m Anfragen</translation>
+    </message>
+    <message>
+        <source>Sending: %v of %m requests</source>
+        <translation>Senden: %v von %m Anfragen</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TransferTexts</name>
+    <message>
+        <source>Nothing was read: %1</source>
+        <translation>Nichts wurde gelesen: %1</translation>
+    </message>
+    <message>
+        <source>Nothing was sent: %1</source>
+        <translation>Nichts wurde gesendet: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n request(s)</source>
+        <translation>
+            <numerusform>%1 von %n Anfrage</numerusform>
+            <numerusform>%1 von %n Anfragen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Reading stopped after %1: %2</source>
+        <translation>Lesen endete nach %1: %2</translation>
+    </message>
+    <message>
+        <source>Download stopped after %1: %2</source>
+        <translation>Senden endete nach %1: %2</translation>
+    </message>
+    <message>
+        <source>; sent: %1</source>
+        <translation>; gesendet: %1</translation>
+    </message>
+    <message>
+        <source>; perhaps stored: %1</source>
+        <translation>; vielleicht gespeichert: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n value(s)</source>
+        <translation>
+            <numerusform>%n Wert</numerusform>
+            <numerusform>%n Werte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>not read from the controller</source>
+        <translation>nicht aus der Steuerung gelesen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n differ(s)</source>
+        <translation>
+            <numerusform>%n verschieden</numerusform>
+            <numerusform>%n verschieden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not in the file</source>
+        <translation>
+            <numerusform>%n nicht in der Datei</numerusform>
+            <numerusform>%n nicht in der Datei</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n the same</source>
+        <translation>
+            <numerusform>%n gleich</numerusform>
+            <numerusform>%n gleich</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendChannels</name>
+    <message>
+        <source>%1 is text, which has no curve</source>
+        <translation>%1 ist Text und hat keine Kurve</translation>
+    </message>
+    <message numerus="yes">
+        <source>A plot holds %n value(s) at most</source>
+        <translation>
+            <numerusform>Ein Diagramm fasst höchstens %n Wert</numerusform>
+            <numerusform>Ein Diagramm fasst höchstens %n Werte</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendFileReader</name>
+    <message>
+        <source>No value is shown that could be saved</source>
+        <translation>Kein Wert wird gezeigt, der gespeichert werden könnte</translation>
+    </message>
+    <message>
+        <source>%1: its name must end with .csv or .sqlite</source>
+        <translation>%1: der Name muss auf .csv oder .sqlite enden</translation>
+    </message>
+    <message>
+        <source>%1: cannot be replaced</source>
+        <translation>%1: kann nicht ersetzt werden</translation>
+    </message>
+    <message>
+        <source>The first %1 of its %2 values are shown</source>
+        <translation>Die ersten %1 seiner %2 Werte werden gezeigt</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendFiles</name>
+    <message>
+        <source>Open recording</source>
+        <translation>Aufzeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv *.sqlite *.sqlite3 *.db)</source>
+        <translation>Aufzeichnungen (*.csv *.sqlite *.sqlite3 *.db)</translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.svg)</source>
+        <translation>Bilder (*.png *.svg)</translation>
+    </message>
+    <message>
+        <source>Save values</source>
+        <translation>Werte speichern</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv *.sqlite)</source>
+        <translation>Aufzeichnungen (*.csv *.sqlite)</translation>
+    </message>
+    <message>
+        <source>Reading %1 …</source>
+        <translation>%1 wird gelesen …</translation>
+    </message>
+    <message>
+        <source>%1: %2 of values</source>
+        <translation>%1: Werte über %2</translation>
+    </message>
+    <message>
+        <source>%1 is saved</source>
+        <translation>%1 ist gespeichert</translation>
+    </message>
+    <message>
+        <source>%1 is saved; of old values only some are kept, the lowest and highest among them</source>
+        <translation>%1 ist gespeichert; von alten Werten sind nur einige behalten, darunter die niedrigsten und höchsten</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendLegend</name>
+    <message>
+        <source>left</source>
+        <translation>links</translation>
+    </message>
+    <message>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>lane</source>
+        <translation>Spur</translation>
+    </message>
+    <message>
+        <source>(no number)</source>
+        <translation>(keine Zahl)</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>%1 of station %2</source>
+        <translation>%1 der Station %2</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Cursor 1</source>
+        <translation>Cursor 1</translation>
+    </message>
+    <message>
+        <source>Cursor 2</source>
+        <translation>Cursor 2</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>Differenz</translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation>Achse</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendLegendView</name>
+    <message>
+        <source>Values in the plot</source>
+        <translation>Werte im Diagramm</translation>
+    </message>
+    <message>
+        <source>Left &amp;scale</source>
+        <translation>&amp;Linke Skala</translation>
+    </message>
+    <message>
+        <source>&amp;Right scale</source>
+        <translation>&amp;Rechte Skala</translation>
+    </message>
+    <message>
+        <source>&amp;Lane of its own</source>
+        <translation>Eigene &amp;Spur</translation>
+    </message>
+    <message>
+        <source>By its &amp;unit</source>
+        <translation>Nach der &amp;Einheit</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendPage</name>
+    <message>
+        <source>Trend</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Trend of values</source>
+        <translation>Verlauf der Werte</translation>
+    </message>
+    <message>
+        <source>Cursors</source>
+        <translation>Cursor</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendPlot</name>
+    <message>
+        <source>%1: its name must end with .png or .svg</source>
+        <translation>%1: der Name muss auf .png oder .svg enden</translation>
+    </message>
+    <message>
+        <source>Drag values from the list onto this plot, or name them below.</source>
+        <translation>Werte aus der Liste auf dieses Diagramm ziehen oder unten nennen.</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendSpanBox</name>
+    <message>
+        <source>Time that the window shows</source>
+        <translation>Zeitspanne, die das Fenster zeigt</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendText</name>
+    <message>
+        <source>Cursor %1: %2</source>
+        <translation>Cursor %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>Keys 1 and 2 set cursors; the wheel zooms, a band zooms in, the middle button pans.</source>
+        <translation>Die Tasten 1 und 2 setzen Cursor; das Rad zoomt, ein Rahmen vergrößert, die mittlere Taste verschiebt.</translation>
+    </message>
+    <message>
+        <source>Difference: %1</source>
+        <translation>Differenz: %1</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendValueField</name>
+    <message>
+        <source>Add value</source>
+        <translation>Wert hinzufügen</translation>
+    </message>
+    <message>
+        <source>Name or address of a watched value, and Enter</source>
+        <translation>Name oder Adresse eines beobachteten Werts, dann Eingabe</translation>
+    </message>
+    <message>
+        <source>Add a value to the plot</source>
+        <translation>Einen Wert zum Diagramm hinzufügen</translation>
+    </message>
+    <message>
+        <source>No watched value is called %1</source>
+        <translation>Kein beobachteter Wert heißt %1</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::ValueWriter</name>
+    <message>
+        <source>%1 is an input and can only be read</source>
+        <translation>%1 ist ein Eingang und kann nur gelesen werden</translation>
+    </message>
+    <message>
+        <source>Bits of %1 change by themselves; write the whole word</source>
+        <translation>Bits von %1 ändern sich von selbst; das ganze Wort schreiben</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::WatchModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>What people call the value (F2 edits)</source>
+        <translation>Wie der Wert genannt wird (F2 ändert)</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Station on the line, 1 to 247</source>
+        <translation>Station an der Leitung, 1 bis 247</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>As typed on the panel; X and Y are octal</source>
+        <translation>Wie am Bediengerät eingegeben; X und Y sind oktal</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>As read last. Type and press Enter to write; Space switches a bit</source>
+        <translation>Wie zuletzt gelesen. Eingeben und Eingabetaste schreibt; Leertaste schaltet ein Bit um</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Unit of the value</source>
+        <translation>Einheit des Werts</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>What became of the last read, or of a write</source>
+        <translation>Was aus dem letzten Lesen oder Schreiben wurde</translation>
+    </message>
+    <message>
+        <source>Age</source>
+        <translation>Alter</translation>
+    </message>
+    <message>
+        <source>Time since the last good read</source>
+        <translation>Zeit seit dem letzten guten Lesen</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>What the registers mean, such as s16*0.1 or float</source>
+        <translation>Was die Register bedeuten, etwa s16*0.1 oder float</translation>
+    </message>
+    <message>
+        <source>Raw</source>
+        <translation>Roh</translation>
+    </message>
+    <message>
+        <source>The registers in hexadecimal</source>
+        <translation>Die Register hexadezimal</translation>
+    </message>
+    <message>
+        <source>Modbus</source>
+        <translation>Modbus</translation>
+    </message>
+    <message>
+        <source>Number of the coil or holding register on the wire, from 0</source>
+        <translation>Nummer des Coils oder Halteregisters auf der Leitung, ab 0</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>Notes (F2 edits)</source>
+        <translation>Notizen (F2 ändert)</translation>
+    </message>
+    <message>
+        <source>a row has one value</source>
+        <translation>eine Zeile hat einen Wert</translation>
+    </message>
+    <message>
+        <source>the name &apos;%1&apos; is taken</source>
+        <translation>der Name „%1“ ist vergeben</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::WatchPage</name>
+    <message>
+        <source>Watch</source>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Meldung</translation>
+    </message>
+    <message>
+        <source>What is wrong with the tags file</source>
+        <translation>Was an der Variablendatei nicht stimmt</translation>
+    </message>
+    <message>
+        <source>%1 = %2 written</source>
+        <translation>%1 = %2 geschrieben</translation>
+    </message>
+    <message>
+        <source>%1 = %2 not written: %3</source>
+        <translation>%1 = %2 nicht geschrieben: %3</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Type an address to watch</source>
+        <translation>Eine Adresse zum Beobachten eingeben</translation>
+    </message>
+    <message>
+        <source>Open &amp;Tags…</source>
+        <translation>&amp;Variablen öffnen …</translation>
+    </message>
+    <message>
+        <source>Add the values of a tags file</source>
+        <translation>Die Werte einer Variablendatei hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the selected values from the list</source>
+        <translation>Die ausgewählten Werte aus der Liste entfernen</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Take the selected values to the clipboard</source>
+        <translation>Die ausgewählten Werte in die Zwischenablage nehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the selected values as rows of a tags file</source>
+        <translation>Die ausgewählten Werte als Zeilen einer Variablendatei kopieren</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Shown</source>
+        <translation>Kopieren wie &amp;gezeigt</translation>
+    </message>
+    <message>
+        <source>Copy the cells of the selected rows for a spreadsheet</source>
+        <translation>Die Zellen der ausgewählten Zeilen für eine Tabellenkalkulation kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>E&amp;infügen</translation>
+    </message>
+    <message>
+        <source>Add addresses or rows of a tags file from the clipboard</source>
+        <translation>Adressen oder Zeilen einer Variablendatei aus der Zwischenablage hinzufügen</translation>
+    </message>
+    <message>
+        <source>Move U&amp;p</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move the selected values up in the list</source>
+        <translation>Die ausgewählten Werte in der Liste nach oben schieben</translation>
+    </message>
+    <message>
+        <source>Move Do&amp;wn</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>Move the selected values down in the list</source>
+        <translation>Die ausgewählten Werte in der Liste nach unten schieben</translation>
+    </message>
+    <message>
+        <source>S&amp;ort Again</source>
+        <translation>&amp;Neu sortieren</translation>
+    </message>
+    <message>
+        <source>Sort by the values of now; rows do not move by themselves</source>
+        <translation>Nach den jetzigen Werten sortieren; Zeilen wandern nicht von selbst</translation>
+    </message>
+    <message>
+        <source>&amp;List Order</source>
+        <translation>&amp;Listenreihenfolge</translation>
+    </message>
+    <message>
+        <source>Show rows in the order of the list</source>
+        <translation>Zeilen in der Reihenfolge der Liste zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>Show the rows with some text only</source>
+        <translation>Nur die Zeilen mit einem Text zeigen</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>Alle zeigen</translation>
+    </message>
+    <message>
+        <source>Show all rows again</source>
+        <translation>Wieder alle Zeilen zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Cell</source>
+        <translation>&amp;Zelle ändern</translation>
+    </message>
+    <message>
+        <source>Edit the current cell</source>
+        <translation>Die aktuelle Zelle ändern</translation>
+    </message>
+    <message>
+        <source>&amp;Write…</source>
+        <translation>S&amp;chreiben …</translation>
+    </message>
+    <message>
+        <source>Write one value to all selected rows</source>
+        <translation>Einen Wert in alle ausgewählten Zeilen schreiben</translation>
+    </message>
+    <message>
+        <source>S&amp;witch Bit</source>
+        <translation>&amp;Bit umschalten</translation>
+    </message>
+    <message>
+        <source>Write the other value to the selected bit</source>
+        <translation>Den anderen Wert in das ausgewählte Bit schreiben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values added; the filter hides some</source>
+        <translation>
+            <numerusform>%n Wert hinzugefügt; der Filter verbirgt ihn</numerusform>
+            <numerusform>%n Werte hinzugefügt; der Filter verbirgt einige</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values added</source>
+        <translation>
+            <numerusform>%n Wert hinzugefügt</numerusform>
+            <numerusform>%n Werte hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open Tags</source>
+        <translation>Variablen öffnen</translation>
+    </message>
+    <message>
+        <source>Tags files (*.csv *.txt);;All files (*)</source>
+        <translation>Variablendateien (*.csv *.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 has %n faults; nothing was added</source>
+        <translation>
+            <numerusform>%1 hat %n Fehler; nichts wurde hinzugefügt</numerusform>
+            <numerusform>%1 hat %n Fehler; nichts wurde hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing pasted: %1</source>
+        <translation>Nichts eingefügt: %1</translation>
+    </message>
+    <message>
+        <source>Rows are moved in the order of the list: Shift+F5 and Esc show it</source>
+        <translation>Zeilen werden in der Reihenfolge der Liste verschoben: Umschalt+F5 und Esc zeigen sie</translation>
+    </message>
+    <message>
+        <source>%1 cannot be edited</source>
+        <translation>%1 kann nicht geändert werden</translation>
+    </message>
+    <message>
+        <source>The value of %1 is not known now; type 0 or 1 to write it</source>
+        <translation>Der Wert von %1 ist jetzt nicht bekannt; 0 oder 1 eingeben, um ihn zu schreiben</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::WatchTable</name>
+    <message>
+        <source>Watched values</source>
+        <translation>Beobachtete Werte</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::WindowMenus</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>Begin an empty project</source>
+        <translation>Ein leeres Projekt beginnen</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>Ö&amp;ffnen ...</translation>
+    </message>
+    <message>
+        <source>Open a project, or add the tags of a tags file</source>
+        <translation>Ein Projekt öffnen oder die Variablen einer Datei hinzufügen</translation>
+    </message>
+    <message>
+        <source>Open &amp;recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save the project</source>
+        <translation>Das Projekt speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;as...</source>
+        <translation>Speichern &amp;unter ...</translation>
+    </message>
+    <message>
+        <source>Save the project in another file</source>
+        <translation>Das Projekt in einer anderen Datei speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Close the window</source>
+        <translation>Das Fenster schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Line</source>
+        <translation>&amp;Leitung</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Show the page &apos;%1&apos;</source>
+        <translation>Die Seite „%1“ zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farben</translation>
+    </message>
+    <message>
+        <source>&amp;System&apos;s</source>
+        <translation>&amp;System</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Shortcuts</source>
+        <translation>&amp;Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Show all shortcuts</source>
+        <translation>Alle Tastenkürzel zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Über</translation>
+    </message>
+    <message>
+        <source>Show versions</source>
+        <translation>Versionen zeigen</translation>
+    </message>
+    <message>
+        <source>About kxpanel</source>
+        <translation>Über kxpanel</translation>
+    </message>
+    <message>
+        <source>Values, trends and the line of KX series controllers</source>
+        <translation>Werte, Verläufe und Leitung von Steuerungen der KX-Serie</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::WriteBar</name>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>station %1</source>
+        <translation>Station %1</translation>
+    </message>
+    <message>
+        <source>stations %1</source>
+        <translation>Stationen %1</translation>
+    </message>
+    <message>
+        <source>&amp;Write</source>
+        <translation>&amp;Schreiben</translation>
+    </message>
+    <message>
+        <source>Value to write to all</source>
+        <translation>Wert, der in alle geschrieben wird</translation>
+    </message>
+    <message>
+        <source>Write the value to all of them (Enter)</source>
+        <translation>Den Wert in alle schreiben (Eingabe)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>A&amp;bbrechen</translation>
+    </message>
+    <message>
+        <source>Write nothing (Esc)</source>
+        <translation>Nichts schreiben (Esc)</translation>
+    </message>
+    <message numerus="yes">
+        <source>Write to %n values of %1: %2.</source>
+        <translation>
+            <numerusform>In %n Wert von %1 schreiben: %2.</numerusform>
+            <numerusform>In %n Werte von %1 schreiben: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n can only be read.</source>
+        <translation>
+            <numerusform>%n kann nur gelesen werden.</numerusform>
+            <numerusform>%n können nur gelesen werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What is selected can only be read.</source>
+        <translation>Das Ausgewählte kann nur gelesen werden.</translation>
+    </message>
+</context>
+</TS>
