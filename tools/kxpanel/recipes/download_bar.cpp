@@ -27,8 +27,7 @@ QString stationsOf(const QList<kx::RecipeRow>& rows)
 
 } // namespace
 
-DownloadBar::DownloadBar(QWidget* parent)
-    : QFrame(parent), m_question(new QLabel(this)), m_cancel(new QPushButton(tr("&Cancel"), this))
+DownloadBar::DownloadBar(QWidget* parent) : QFrame(parent), m_question(new QLabel(this))
 {
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -38,6 +37,7 @@ DownloadBar::DownloadBar(QWidget* parent)
     auto* const send = new QPushButton(tr("Down&load"), this);
     send->setAutoDefault(true);
     send->setToolTip(tr("Send the values to the controller"));
+    m_cancel = new QPushButton(tr("&Cancel"), this); // behind the other also for the Tab key
     m_cancel->setAutoDefault(true);
     m_cancel->setToolTip(tr("Send nothing (Esc)"));
 
@@ -45,7 +45,6 @@ DownloadBar::DownloadBar(QWidget* parent)
     layout->addWidget(m_question, 1);
     layout->addWidget(send);
     layout->addWidget(m_cancel);
-    setTabOrder(send, m_cancel);
     hide();
 
     connect(send, &QPushButton::clicked, this, [this] {

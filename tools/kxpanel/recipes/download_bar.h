@@ -34,7 +34,7 @@ private:
     void cancel();
 
     QLabel* m_question;
-    QPushButton* m_cancel;
+    QPushButton* m_cancel = nullptr;
 };
 
 } // namespace kxpanel

@@ -19,6 +19,8 @@
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
 
+#include <utility>
+
 namespace kxpanel
 {
 
@@ -78,7 +80,7 @@ void RecipesPage::open(const QString& path)
         emit layoutChanged();
 }
 
-bool RecipesPage::take(const QString& path)
+bool RecipesPage::take(QString path)
 {
     kx::RecipeDefaults defaults;
     defaults.station = m_station;
@@ -96,7 +98,7 @@ bool RecipesPage::take(const QString& path)
     }
     close();
     m_file = file;
-    m_path = path;
+    m_path = std::move(path);
     m_isOpen = true;
     m_model->setRows(file.rows());
     refresh();

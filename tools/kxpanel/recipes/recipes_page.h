@@ -41,8 +41,9 @@ private:
     QAction* makeAction(const QString& text, const QKeySequence& shortcut, const QString& tip,
                         void (RecipesPage::*slot)());
     void askWhatToOpen();
+    /// @param path by value: it may be the one that is open, which is closed meanwhile
     /// @return false: it cannot be opened, which is said in the page
-    bool take(const QString& path);
+    bool take(QString path);
     void reload();
     void read();
     void askToDownload();
