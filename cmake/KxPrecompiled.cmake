@@ -39,3 +39,14 @@ function(kx_precompile target)
     target_precompile_headers(${target} REUSE_FROM kx_core_headers)
   endif()
 endfunction()
+
+# Most of a source's compiling is what it includes, so several of a library are compiled as one.
+# ./test builds so; other builds show that each source stands alone.
+option(KX_UNITY "Compile sources of the tools together" OFF)
+
+# kx_compile_together(TARGET [SOURCE...]): where that is wanted. The sources named have names of
+# their own that others of TARGET have, too, and stay alone.
+function(kx_compile_together target)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ${KX_UNITY} UNITY_BUILD_BATCH_SIZE 8)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
