@@ -12,8 +12,8 @@ namespace
 const int MOST_KEPT = 4096; // bytes of what came for one request
 /// The last characters are taken as they come: the silence counts from them, and adapters and
 /// drivers report what has come a moment later. The moment is for the machine, too: its first
-/// getting up after a long sleep takes some 100 us, and the time of the end is told up to a character
-/// too late. The last character is to find it up.
+/// getting up after a long sleep takes some 100 us, and the time of the end is told up to a
+/// character too late. The last character is to find it up.
 const qint64 TAKEN_AT_ONCE = 2;
 const qint64 MOMENT = 250; // microseconds
 

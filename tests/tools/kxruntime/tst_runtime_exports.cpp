@@ -81,8 +81,8 @@ private slots:
         QTest::addColumn<QString>("name");
         for (const char* name :
              {"kx::loadDriver(", "kx::parseAddressRange(", "kx::loadTags(", "kx::layOutRecipe(",
-              "kx::RecipeFile::parse(QByteArray const&, int,", "vtable for kx::Line", "kx::Session::create(",
-              "vtable for kx::Connection"})
+              "kx::RecipeFile::parse(QByteArray const&, int,", "vtable for kx::Line",
+              "kx::Session::create(", "vtable for kx::Connection"})
             QTest::newRow(name) << QString(name);
     }
 
