@@ -159,7 +159,7 @@ void MachineTest::exchangesAreNumbered()
     QCOMPARE(first.reply.left(5), QByteArray::fromHex("01 03 02 028A"));  // 650
     QVERIFY(first.wasAccepted);
     QVERIFY(first.finishedAt >= first.sentAt);
-    const int before = m_log->exchanges.size();
+    const int before = static_cast<int>(m_log->exchanges.size());
     QCOMPARE(m_log->exchanges.last().number, qint64(before));
     m_machine->openLine(simulated());
     QTRY_VERIFY(m_log->exchanges.size() > before);
