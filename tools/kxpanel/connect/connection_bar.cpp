@@ -59,11 +59,11 @@ ConnectionBar::ConnectionBar(Machine* machine, QWidget* parent)
 void ConnectionBar::makeActions()
 {
     m_connect = new QAction(tr("&Connect"), this);
-    m_connect->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    m_connect->setShortcut(QKeySequence(QStringLiteral("Ctrl+K")));
     connect(m_connect, &QAction::triggered, this, &ConnectionBar::toggleLine);
     m_scan = new QAction(tr("&Find stations"), this);
     m_scan->setCheckable(true);
-    m_scan->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K));
+    m_scan->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+K")));
     m_scan->setToolTip(tr("Ask all stations of the line whether they are there (%1)")
                            .arg(m_scan->shortcut().toString(QKeySequence::NativeText)));
     connect(m_scan, &QAction::toggled, m_scanPanel, &ScanPanel::setOpen);

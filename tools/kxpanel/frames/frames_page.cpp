@@ -119,15 +119,15 @@ void FramesPage::makeActions(QToolBar* bar)
         pageAction(this, tr("Find"), QKeySequence::Find, tr("Type what the request must contain"));
     connect(find, &QAction::triggered, m_text,
             [this] { m_text->setFocus(Qt::ShortcutFocusReason); });
-    QAction* pause = pageAction(this, tr("Pause"), Qt::CTRL | Qt::Key_P,
+    QAction* pause = pageAction(this, tr("Pause"), QStringLiteral("Ctrl+P"),
                                 tr("Keep the rows as they are; what comes waits"));
     pause->setCheckable(true);
     connect(pause, &QAction::toggled, m_model, &FramesModel::setPaused);
-    QAction* save = pageAction(this, tr("Save..."), Qt::CTRL | Qt::Key_E,
+    QAction* save = pageAction(this, tr("Save..."), QStringLiteral("Ctrl+E"),
                                tr("Save the exchanges shown as text or JSON lines"));
     connect(save, &QAction::triggered, this, &FramesPage::askWhereToSave);
     QAction* clear =
-        pageAction(this, tr("Clear"), Qt::CTRL | Qt::Key_L, tr("Forget all exchanges"));
+        pageAction(this, tr("Clear"), QStringLiteral("Ctrl+L"), tr("Forget all exchanges"));
     connect(clear, &QAction::triggered, m_model, &FramesModel::clear);
     bar->addActions({pause, save, clear});
 }

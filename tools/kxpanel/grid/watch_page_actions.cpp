@@ -49,14 +49,14 @@ void WatchPage::makeEditActions()
     undo->setShortcut(QKeySequence::Undo);
     QAction* const redo = m_undo.createRedoAction(this, tr("&Redo"));
     redo->setShortcuts(
-        {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+        {QKeySequence(QStringLiteral("Ctrl+Y")), QKeySequence(QStringLiteral("Ctrl+Shift+Z"))});
     for (QAction* const action : {undo, redo}) {
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         addAction(action);
     }
     QAction* const add = makeAction(tr("&Add"), Qt::Key_Insert, tr("Type an address to watch"),
                                     &WatchPage::beginTyping);
-    QAction* const open = makeAction(tr("Open &Tags…"), Qt::CTRL | Qt::Key_T,
+    QAction* const open = makeAction(tr("Open &Tags…"), QStringLiteral("Ctrl+T"),
                                      tr("Add the values of a tags file"), &WatchPage::askForTags);
     QAction* const remove =
         makeAction(tr("&Remove"), QKeySequence::Delete,
@@ -70,7 +70,7 @@ void WatchPage::makeEditActions()
                    &WatchPage::cutSelected),
         makeAction(tr("&Copy"), QKeySequence::Copy,
                    tr("Copy the selected values as rows of a tags file"), &WatchPage::copySelected),
-        makeAction(tr("Copy as &Shown"), Qt::CTRL | Qt::SHIFT | Qt::Key_C,
+        makeAction(tr("Copy as &Shown"), QStringLiteral("Ctrl+Shift+C"),
                    tr("Copy the cells of the selected rows for a spreadsheet"),
                    &WatchPage::copyShown),
         makeAction(tr("&Paste"), QKeySequence::Paste,
@@ -83,16 +83,16 @@ void WatchPage::makeEditActions()
 void WatchPage::makeMoveActions()
 {
     m_editActions << separator(this)
-                  << makeAction(tr("Move U&p"), Qt::ALT | Qt::Key_Up,
+                  << makeAction(tr("Move U&p"), QStringLiteral("Alt+Up"),
                                 tr("Move the selected values up in the list"), &WatchPage::moveUp)
-                  << makeAction(tr("Move Do&wn"), Qt::ALT | Qt::Key_Down,
+                  << makeAction(tr("Move Do&wn"), QStringLiteral("Alt+Down"),
                                 tr("Move the selected values down in the list"),
                                 &WatchPage::moveDown);
     QAction* const again = makeAction(
         tr("S&ort Again"), Qt::Key_F5,
         tr("Sort by the values of now; rows do not move by themselves"), &WatchPage::sortAgain);
     QAction* const unsorted =
-        makeAction(tr("&List Order"), Qt::SHIFT | Qt::Key_F5,
+        makeAction(tr("&List Order"), QStringLiteral("Shift+F5"),
                    tr("Show rows in the order of the list"), &WatchPage::listOrder);
     QAction* const find = makeAction(tr("&Find"), QKeySequence::Find,
                                      tr("Show the rows with some text only"), &WatchPage::findText);
@@ -106,7 +106,7 @@ void WatchPage::makeWriteActions()
     QAction* const edit = makeAction(tr("&Edit Cell"), Qt::Key_F2, tr("Edit the current cell"),
                                      &WatchPage::editCurrent);
     QAction* const write =
-        makeAction(tr("&Write…"), Qt::CTRL | Qt::Key_Return,
+        makeAction(tr("&Write…"), QStringLiteral("Ctrl+Return"),
                    tr("Write one value to all selected rows"), &WatchPage::writeSelected);
     QAction* const flip =
         makeAction(tr("S&witch Bit"), Qt::Key_Space,

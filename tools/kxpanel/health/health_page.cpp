@@ -36,7 +36,7 @@ HealthPage::HealthPage(const PageContext& context, QWidget* parent)
     setWindowTitle(tr("Health"));
     auto* bar = new QToolBar(this);
     QAction* resetCounts =
-        pageAction(this, tr("Reset"), Qt::CTRL | Qt::Key_R, tr("Begin all counts anew"));
+        pageAction(this, tr("Reset"), QStringLiteral("Ctrl+R"), tr("Begin all counts anew"));
     connect(resetCounts, &QAction::triggered, this, &HealthPage::reset);
     bar->addAction(resetCounts);
     bar->addWidget(m_since);

@@ -122,7 +122,7 @@ QWidget* LinePage::makePlan()
 
 void LinePage::makeActions()
 {
-    m_pause = pageAction(this, tr("Pause"), Qt::CTRL | Qt::Key_P,
+    m_pause = pageAction(this, tr("Pause"), QStringLiteral("Ctrl+P"),
                          tr("Keep the picture as it is; what comes is kept, too"));
     m_pause->setCheckable(true);
     connect(m_pause, &QAction::toggled, m_picture,
@@ -133,7 +133,7 @@ void LinePage::makeActions()
     connect(in, &QAction::triggered, m_picture, [this] { m_picture->zoom(1 / ZOOM_STEP); });
     QAction* out = pageAction(this, tr("Zoom out"), QKeySequence::ZoomOut, tr("Show more time"));
     connect(out, &QAction::triggered, m_picture, [this] { m_picture->zoom(ZOOM_STEP); });
-    QAction* cycles = pageAction(this, tr("Cycles"), Qt::CTRL | Qt::Key_0,
+    QAction* cycles = pageAction(this, tr("Cycles"), QStringLiteral("Ctrl+0"),
                                  tr("Show as much time as the latest three cycles took"));
     connect(cycles, &QAction::triggered, m_picture, [this] { m_picture->showCycles(CYCLES); });
     findChild<QToolBar*>()->addActions({m_pause, in, out, cycles});

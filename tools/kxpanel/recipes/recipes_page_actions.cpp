@@ -17,16 +17,16 @@ QAction* RecipesPage::makeAction(const QString& text, const QKeySequence& shortc
 
 QToolBar* RecipesPage::makeActions()
 {
-    m_open = makeAction(tr("Open recipe..."), Qt::CTRL | Qt::SHIFT | Qt::Key_O,
+    m_open = makeAction(tr("Open recipe..."), QStringLiteral("Ctrl+Shift+O"),
                         tr("Open a recipe file (CSV)"), &RecipesPage::askWhatToOpen);
     m_reload =
         makeAction(tr("Reload"), Qt::Key_F5, tr("Open the same file again"), &RecipesPage::reload);
-    m_read = makeAction(tr("Read from controller"), Qt::CTRL | Qt::Key_R,
+    m_read = makeAction(tr("Read from controller"), QStringLiteral("Ctrl+R"),
                         tr("Read all values of the recipe and compare them"), &RecipesPage::read);
-    m_download = makeAction(tr("Download..."), Qt::CTRL | Qt::Key_D,
+    m_download = makeAction(tr("Download..."), QStringLiteral("Ctrl+D"),
                             tr("Send the values in the file to the controller; asks first"),
                             &RecipesPage::askToDownload);
-    m_differencesOnly = pageAction(this, tr("Differences only"), Qt::CTRL | Qt::SHIFT | Qt::Key_D,
+    m_differencesOnly = pageAction(this, tr("Differences only"), QStringLiteral("Ctrl+Shift+D"),
                                    tr("Show the values that differ and no others"));
     m_differencesOnly->setCheckable(true);
     connect(m_differencesOnly, &QAction::toggled, this, [this](bool only) {
@@ -34,7 +34,7 @@ QToolBar* RecipesPage::makeActions()
         emit layoutChanged();
     });
     m_save =
-        makeAction(tr("Save what was read..."), Qt::CTRL | Qt::Key_E,
+        makeAction(tr("Save what was read..."), QStringLiteral("Ctrl+E"),
                    tr("Save the file with the controller's values"), &RecipesPage::askWhereToSave);
     auto* const bar = new QToolBar(this);
     bar->addActions({m_open, m_reload});

@@ -59,11 +59,11 @@ void WindowMenus::makeFileMenu()
     menu->addSeparator();
     connect(add(menu, tr("&Save"), QKeySequence::Save, tr("Save the project")), &QAction::triggered,
             m_project, &ProjectKeeper::save);
-    connect(add(menu, tr("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+    connect(add(menu, tr("Save &as..."), QKeySequence(QStringLiteral("Ctrl+Shift+S")),
                 tr("Save the project in another file")),
             &QAction::triggered, m_project, &ProjectKeeper::saveAs);
     menu->addSeparator();
-    connect(add(menu, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Close the window")),
+    connect(add(menu, tr("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), tr("Close the window")),
             &QAction::triggered, m_window, &QWidget::close);
 }
 
@@ -108,7 +108,7 @@ void WindowMenus::makeViewMenu()
     int number = 1;
     for (Page* const page : m_window->pages()) {
         QAction* const action =
-            add(menu, page->windowTitle(), QKeySequence(Qt::ALT | (Qt::Key_0 + number++)),
+            add(menu, page->windowTitle(), QKeySequence(QStringLiteral("Alt+%1").arg(number++)),
                 tr("Show the page '%1'").arg(page->windowTitle()));
         connect(action, &QAction::triggered, m_window, [this, page] { m_window->showPage(page); });
     }
