@@ -19,7 +19,7 @@ class FramesModel : public QAbstractTableModel
 public:
     enum Column { Time, Station, Kind, Request, Reply, Outcome, ReplyTime, Duration, COLUMNS };
 
-    static const int MOST = 20000; ///< exchanges kept
+    static constexpr int MOST = 20000; ///< exchanges kept
 
     explicit FramesModel(int most = MOST, QObject* parent = nullptr);
 

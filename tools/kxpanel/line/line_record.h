@@ -20,7 +20,7 @@ bool isLateReply(qint64 turnaround, qint64 usual, const kx::LineTiming& timing);
 class LineRecord
 {
 public:
-    static const int MOST = 5000; ///< exchanges kept
+    static constexpr int MOST = 5000; ///< exchanges kept
 
     struct Mark {
         ExchangeTimes times;

@@ -10,8 +10,8 @@ namespace kxpanel
 class TimeAxis
 {
 public:
-    static const qint64 SHORTEST = 1000; ///< microseconds
-    static const qint64 LONGEST = 600000000;
+    static constexpr qint64 SHORTEST = 1000; ///< microseconds
+    static constexpr qint64 LONGEST = 600000000;
 
     qint64 from() const { return m_from; }
     qint64 to() const { return m_from + m_span; }

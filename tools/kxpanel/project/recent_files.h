@@ -12,7 +12,7 @@ namespace kxpanel
 class RecentFiles
 {
 public:
-    static const int MOST = 10;
+    static constexpr int MOST = 10;
 
     /// @param settings outlive this
     explicit RecentFiles(QSettings* settings) : m_settings(settings) {}

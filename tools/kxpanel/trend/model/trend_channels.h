@@ -17,7 +17,7 @@ class TrendChannels : public QObject
     Q_OBJECT
 
 public:
-    static const int MOST = 64; ///< each may take TrendStore::mostBytes(), 1.7 MB
+    static constexpr int MOST = 64; ///< each may take TrendStore::mostBytes(), 1.7 MB
 
     /// @param tags outlives it
     explicit TrendChannels(const TagList* tags, QObject* parent = nullptr);

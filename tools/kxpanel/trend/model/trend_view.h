@@ -24,8 +24,8 @@ class TrendView : public QObject
     Q_OBJECT
 
 public:
-    static const qint64 SHORTEST_SPAN = 20;                    ///< milliseconds
-    static const qint64 LONGEST_SPAN = 366 * qint64(86400000); ///< a year
+    static constexpr qint64 SHORTEST_SPAN = 20;                    ///< milliseconds
+    static constexpr qint64 LONGEST_SPAN = 366 * qint64(86400000); ///< a year
 
     struct Range {
         double low = 0;
