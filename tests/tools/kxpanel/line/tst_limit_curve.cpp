@@ -64,7 +64,7 @@ void LimitCurveTest::marksTheBest()
     int deepest = 0; // of the dot: the curve is thinner
     for (int y = 0; y < image.height(); ++y) {
         bool isFilled = true;
-        for (int x = -2; x <= 2; ++x)
+        for (int x = -1; x <= 1; ++x)
             isFilled = isFilled && image.pixelColor(qRound(curve.xOf(40)) + x, y) == colour;
         deepest += isFilled;
     }

@@ -91,7 +91,7 @@ private slots:
 
 void TranslationsTest::cleanup()
 {
-    for (QTranslator* translator : qApp->findChildren<QTranslator*>())
+    for (QTranslator* translator : QCoreApplication::instance()->findChildren<QTranslator*>())
         delete translator;
 }
 
