@@ -1,12 +1,12 @@
 #include "kxpanel/grid/watch_page.h"
 
-#include "kxpanel/grid/add_line.h"
-#include "kxpanel/grid/filter_line.h"
-#include "kxpanel/grid/watch_delegate.h"
-#include "kxpanel/grid/watch_filter.h"
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/edit/add_line.h"
+#include "kxpanel/grid/edit/filter_line.h"
+#include "kxpanel/grid/edit/watch_delegate.h"
+#include "kxpanel/grid/edit/write_bar.h"
+#include "kxpanel/grid/model/watch_filter.h"
+#include "kxpanel/grid/model/watch_model.h"
 #include "kxpanel/grid/watch_table.h"
-#include "kxpanel/grid/write_bar.h"
 #include "kxpanel/tags/tag_list.h"
 
 #include <QtWidgets/QLabel>

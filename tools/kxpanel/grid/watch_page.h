@@ -1,7 +1,7 @@
 #ifndef KX_KXPANEL_GRID_WATCH_PAGE_H
 #define KX_KXPANEL_GRID_WATCH_PAGE_H
 
-#include "kxpanel/grid/value_writer.h"
+#include "kxpanel/grid/model/value_writer.h"
 #include "kxpanel/window/page.h"
 #include "panel/files/tags_file.h"
 

@@ -1,10 +1,10 @@
 // What a person can do on the page, each by a key and from the tool bar or the context menu.
 
 #include "kxpanel/actions/page_action.h"
-#include "kxpanel/grid/add_line.h"
-#include "kxpanel/grid/filter_line.h"
-#include "kxpanel/grid/watch_filter.h"
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/edit/add_line.h"
+#include "kxpanel/grid/edit/filter_line.h"
+#include "kxpanel/grid/model/watch_filter.h"
+#include "kxpanel/grid/model/watch_model.h"
 #include "kxpanel/grid/watch_page.h"
 #include "kxpanel/grid/watch_table.h"
 #include "kxpanel/tags/tag_commands.h"

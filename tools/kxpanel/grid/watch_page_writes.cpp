@@ -1,10 +1,10 @@
 // What a person writes from the page.
 
-#include "kxpanel/grid/watch_filter.h"
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/edit/write_bar.h"
+#include "kxpanel/grid/model/watch_filter.h"
+#include "kxpanel/grid/model/watch_model.h"
 #include "kxpanel/grid/watch_page.h"
 #include "kxpanel/grid/watch_table.h"
-#include "kxpanel/grid/write_bar.h"
 #include "kxpanel/tags/tag_list.h"
 
 namespace kxpanel

@@ -1,7 +1,7 @@
 #include "kxpanel/grid/watch_table.h"
 
-#include "kxpanel/grid/watch_filter.h"
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/model/watch_filter.h"
+#include "kxpanel/grid/model/watch_model.h"
 
 #include <QAction> // in another module since Qt 6
 #include <QtCore/QJsonArray>

@@ -1,4 +1,4 @@
-#include "kxpanel/grid/add_line.h"
+#include "kxpanel/grid/edit/add_line.h"
 
 #include "kxpanel/tags/tag_text.h"
 

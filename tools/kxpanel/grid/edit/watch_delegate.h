@@ -1,7 +1,7 @@
-#ifndef KX_KXPANEL_GRID_WATCH_DELEGATE_H
-#define KX_KXPANEL_GRID_WATCH_DELEGATE_H
+#ifndef KX_KXPANEL_GRID_EDIT_WATCH_DELEGATE_H
+#define KX_KXPANEL_GRID_EDIT_WATCH_DELEGATE_H
 
-#include "kxpanel/grid/cell_texts.h"
+#include "kxpanel/grid/model/cell_texts.h"
 
 #include <QtGui/QPalette>
 #include <QtWidgets/QStyledItemDelegate>

@@ -1,4 +1,4 @@
-#include "kxpanel/grid/value_writer.h"
+#include "kxpanel/grid/model/value_writer.h"
 
 #include "kxpanel/tags/tag_list.h"
 #include "tools/kxpanel/tag_samples.h"

@@ -1,6 +1,6 @@
-#include "kxpanel/grid/watch_filter.h"
+#include "kxpanel/grid/model/watch_filter.h"
 
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/model/watch_model.h"
 #include "kxpanel/tags/tag_list.h"
 #include "tools/kxpanel/tag_samples.h"
 

@@ -1,5 +1,5 @@
-#ifndef KX_KXPANEL_GRID_VALUE_WRITER_H
-#define KX_KXPANEL_GRID_VALUE_WRITER_H
+#ifndef KX_KXPANEL_GRID_MODEL_VALUE_WRITER_H
+#define KX_KXPANEL_GRID_MODEL_VALUE_WRITER_H
 
 #include "kxpanel/machine/machine.h"
 #include "panel/files/tag_assignment.h"

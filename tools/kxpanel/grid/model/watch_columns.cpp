@@ -1,4 +1,4 @@
-#include "kxpanel/grid/watch_columns.h"
+#include "kxpanel/grid/model/watch_columns.h"
 
 #include <QtCore/QCoreApplication>
 

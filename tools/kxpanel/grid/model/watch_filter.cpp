@@ -1,6 +1,6 @@
-#include "kxpanel/grid/watch_filter.h"
+#include "kxpanel/grid/model/watch_filter.h"
 
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/model/watch_model.h"
 #include "registers/register_types.h"
 
 namespace kxpanel

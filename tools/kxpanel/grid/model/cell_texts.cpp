@@ -1,4 +1,4 @@
-#include "kxpanel/grid/cell_texts.h"
+#include "kxpanel/grid/model/cell_texts.h"
 
 #include "addresses/modbus_span.h"
 #include "kxhost/views/entry_text.h"

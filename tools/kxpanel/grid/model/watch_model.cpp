@@ -1,6 +1,6 @@
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/model/watch_model.h"
 
-#include "kxpanel/grid/watch_columns.h"
+#include "kxpanel/grid/model/watch_columns.h"
 #include "kxpanel/tags/tag_list.h"
 #include "kxpanel/tags/tag_text.h"
 #include "panel/values/format_text.h"

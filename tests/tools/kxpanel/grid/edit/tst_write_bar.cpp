@@ -1,6 +1,6 @@
-#include "kxpanel/grid/write_bar.h"
+#include "kxpanel/grid/edit/write_bar.h"
 
-#include "kxpanel/grid/value_writer.h"
+#include "kxpanel/grid/model/value_writer.h"
 #include "tools/kxpanel/tag_samples.h"
 
 #include <QtTest/QSignalSpy>

@@ -1,6 +1,6 @@
-#include "kxpanel/grid/watch_delegate.h"
+#include "kxpanel/grid/edit/watch_delegate.h"
 
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/model/watch_model.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>

@@ -1,7 +1,7 @@
-#include "kxpanel/grid/filter_line.h"
+#include "kxpanel/grid/edit/filter_line.h"
 
 #include "addresses/address_text.h"
-#include "kxpanel/grid/watch_filter.h"
+#include "kxpanel/grid/model/watch_filter.h"
 
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>

@@ -1,5 +1,5 @@
-#ifndef KX_KXPANEL_GRID_ADD_LINE_H
-#define KX_KXPANEL_GRID_ADD_LINE_H
+#ifndef KX_KXPANEL_GRID_EDIT_ADD_LINE_H
+#define KX_KXPANEL_GRID_EDIT_ADD_LINE_H
 
 #include "panel/files/tags_file.h"
 

@@ -1,6 +1,6 @@
 // How views follow the list: rows go, change places, come, and keep selections and scrolling.
 
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/model/watch_model.h"
 #include "kxpanel/tags/tag_list.h"
 
 #include <QtCore/QSet>

@@ -1,4 +1,4 @@
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/model/watch_model.h"
 
 #include "kxpanel/tags/tag_list.h"
 #include "tools/kxpanel/tag_samples.h"

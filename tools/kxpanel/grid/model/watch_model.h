@@ -1,7 +1,7 @@
-#ifndef KX_KXPANEL_GRID_WATCH_MODEL_H
-#define KX_KXPANEL_GRID_WATCH_MODEL_H
+#ifndef KX_KXPANEL_GRID_MODEL_WATCH_MODEL_H
+#define KX_KXPANEL_GRID_MODEL_WATCH_MODEL_H
 
-#include "kxpanel/grid/cell_texts.h"
+#include "kxpanel/grid/model/cell_texts.h"
 #include "kxpanel/tags/tag_commands.h"
 
 #include <QtCore/QAbstractTableModel>

@@ -1,5 +1,5 @@
-#ifndef KX_KXPANEL_GRID_WRITE_BAR_H
-#define KX_KXPANEL_GRID_WRITE_BAR_H
+#ifndef KX_KXPANEL_GRID_EDIT_WRITE_BAR_H
+#define KX_KXPANEL_GRID_EDIT_WRITE_BAR_H
 
 #include "kxpanel/machine/machine_events.h"
 

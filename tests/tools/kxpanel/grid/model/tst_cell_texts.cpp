@@ -1,4 +1,4 @@
-#include "kxpanel/grid/cell_texts.h"
+#include "kxpanel/grid/model/cell_texts.h"
 
 #include "tools/kxpanel/tag_samples.h"
 

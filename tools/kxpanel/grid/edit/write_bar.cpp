@@ -1,7 +1,7 @@
-#include "kxpanel/grid/write_bar.h"
+#include "kxpanel/grid/edit/write_bar.h"
 
-#include "kxpanel/grid/value_writer.h"
-#include "kxpanel/grid/watch_delegate.h"
+#include "kxpanel/grid/edit/watch_delegate.h"
+#include "kxpanel/grid/model/value_writer.h"
 #include "kxpanel/tags/tag_list.h"
 
 #include <QtCore/QSet>

@@ -1,8 +1,8 @@
 /// What the cells of the grid say of a value. Pure functions.
-#ifndef KX_KXPANEL_GRID_CELL_TEXTS_H
-#define KX_KXPANEL_GRID_CELL_TEXTS_H
+#ifndef KX_KXPANEL_GRID_MODEL_CELL_TEXTS_H
+#define KX_KXPANEL_GRID_MODEL_CELL_TEXTS_H
 
-#include "kxpanel/grid/value_writer.h"
+#include "kxpanel/grid/model/value_writer.h"
 
 namespace kxpanel
 {

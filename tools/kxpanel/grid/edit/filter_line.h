@@ -1,5 +1,5 @@
-#ifndef KX_KXPANEL_GRID_FILTER_LINE_H
-#define KX_KXPANEL_GRID_FILTER_LINE_H
+#ifndef KX_KXPANEL_GRID_EDIT_FILTER_LINE_H
+#define KX_KXPANEL_GRID_EDIT_FILTER_LINE_H
 
 #include <QtCore/QJsonObject>
 #include <QtWidgets/QWidget>

@@ -1,8 +1,8 @@
-#include "kxpanel/grid/add_line.h"
+#include "kxpanel/grid/edit/add_line.h"
 
 #include "addresses/station_text.h"
-#include "kxpanel/grid/cell_texts.h"
-#include "kxpanel/grid/watch_delegate.h"
+#include "kxpanel/grid/edit/watch_delegate.h"
+#include "kxpanel/grid/model/cell_texts.h"
 #include "kxpanel/tags/tag_text.h"
 #include "panel/values/format_text.h"
 #include "panel/values/value_address.h"

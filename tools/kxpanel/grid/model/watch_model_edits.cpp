@@ -1,6 +1,6 @@
 // What a person does to the rows: edits, drags.
 
-#include "kxpanel/grid/watch_model.h"
+#include "kxpanel/grid/model/watch_model.h"
 #include "kxpanel/tags/tag_list.h"
 #include "kxpanel/tags/tag_names.h"
 #include "kxpanel/tags/tag_text.h"

@@ -1,5 +1,5 @@
-#ifndef KX_KXPANEL_GRID_WATCH_FILTER_H
-#define KX_KXPANEL_GRID_WATCH_FILTER_H
+#ifndef KX_KXPANEL_GRID_MODEL_WATCH_FILTER_H
+#define KX_KXPANEL_GRID_MODEL_WATCH_FILTER_H
 
 #include <QtCore/QSortFilterProxyModel>
 #include <QtCore/QStringList>
