@@ -5,6 +5,7 @@
 #include "system/printable_text.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QHash>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
@@ -32,7 +33,8 @@ QString placeOf(const QByteArray& text, qint64 offset)
 {
     const QByteArray before = text.left(static_cast<int>(qMax<qint64>(0, offset - 1)));
     const int line = static_cast<int>(before.count('\n')) + 1;
-    const int column = static_cast<int>(before.size() - before.lastIndexOf('\n'));
+    const QString ahead = QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1));
+    const int column = static_cast<int>(ahead.size()) + 1; // letters, not bytes
     return translated(QT_TRANSLATE_NOOP("kxpanel::Project", "line %1, column %2"))
         .arg(QString::number(line), QString::number(column));
 }
@@ -74,11 +76,19 @@ QJsonValue takeMember(const char* name, QJsonValue::Type type, const char* kind,
 
 void takeTags(const QJsonArray& array, Project* project, QStringList* faults)
 {
+    QHash<QString, QString> placeOf; // of a name
     for (int i = 0; i < array.size(); ++i) {
         const QString place = QStringLiteral("tags[%1]").arg(i);
         ProjectTag tag;
-        if (parseTagJson(array.at(i), place, &tag, faults))
-            project->tags << tag;
+        if (!parseTagJson(array.at(i), place, &tag, faults))
+            continue;
+        const QString name = tag.tag.name;
+        if (!name.isEmpty() && placeOf.contains(name))
+            *faults << translated(
+                           QT_TRANSLATE_NOOP("kxpanel::Project", "%1.name: '%2' is the name of %3"))
+                           .arg(place, name, placeOf.value(name));
+        placeOf.insert(name, place);
+        project->tags << tag;
     }
 }
 

@@ -150,6 +150,7 @@ void ProjectKeeper::saveTo(const QString& path, const std::function<void()>& nex
     m_looking.stop();
     QString fault;
     if (!m_file.save(path, shown(), &fault)) {
+        look(); // what was changed a moment ago is not saved either
         emit failed(fault);
         return;
     }

@@ -107,6 +107,8 @@ void ProjectTest::refuses_data()
     };
     row("a broken line", "{\n  \"format\": \"kxpanel project\"\n  \"version\": 1\n}",
         "line 3, column 3: unterminated object");
+    row("a broken line behind other letters", "{\n  \"a\": \"\xC2\xB0\xC2\xB0\" 5\n}",
+        "line 2, column 13: unterminated object");
     row("another file", "{\"some\": 1}", "format: this is no project of kxpanel");
     row("an array", "[1]", "format: this is no project of kxpanel");
     row("no version", R"({"format": "kxpanel project"})", "version: must be a number, 1 or more");
@@ -118,6 +120,10 @@ void ProjectTest::refuses_data()
         "tags[1].address: D8000: out of range; the addresses are D0 to D7999 (decimal)");
     row("a tag without an address", project(R"("tags": [{"name": "Pump"}])"),
         "tags[0]: the tag has no address");
+    row("a name that is there twice",
+        project(R"("tags": [{"name": "A", "address": "D0"}, {"address": "D1"},
+                            {"name": "A", "address": "D2"}])"),
+        "tags[2].name: 'A' is the name of tags[0]");
     row("a list for a name", project(R"("tags": [{"name": [], "address": "D0"}])"),
         "tags[0].name: must be a text or a number");
     row("a baud rate that is none", project(R"("connection": {"baud": 0, "port": "a"})"),

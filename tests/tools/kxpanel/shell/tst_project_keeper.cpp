@@ -21,6 +21,7 @@ private slots:
     void aChangeIsSeen();
     void savedAndOpened();
     void whatCannotBeReadChangesNothing();
+    void whatCannotBeSavedStaysUnsaved();
     void aTagsFileIsNoProject();
     void leavingAsks_data();
     void leavingAsks();
@@ -119,6 +120,20 @@ void ProjectKeeperTest::whatCannotBeReadChangesNothing()
     const QString fault = faults.first().first().toString();
     QVERIFY2(fault.startsWith(path("broken.kxpanel") + QStringLiteral(": ")), qPrintable(fault));
     QCOMPARE(m_station, 5);
+    QCOMPARE(m_keeper->path(), QString());
+}
+
+// Also when it is saved before anybody looked whether something changed.
+void ProjectKeeperTest::whatCannotBeSavedStaysUnsaved()
+{
+    QSignalSpy faults(m_keeper, &ProjectKeeper::failed);
+    m_keeper->saveAs();
+    m_station = 5;
+    m_keeper->touch();
+    emit m_window->findChild<QFileDialog*>()->fileSelected(path("none/a.kxpanel"));
+    QCOMPARE(faults.count(), 1);
+    QVERIFY(faults.first().first().toString().startsWith(path("none/a.kxpanel")));
+    QVERIFY(m_keeper->isChanged());
     QCOMPARE(m_keeper->path(), QString());
 }
 
