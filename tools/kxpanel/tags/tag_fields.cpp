@@ -87,9 +87,17 @@ kx::Tag tagOfFields(const QStringList& fields, QStringList* faults)
     return kx::tagOfRow(row, faults);
 }
 
+QString nameWithStation(const kx::Tag& tag)
+{
+    return QStringLiteral("%1@%2").arg(kx::valueName(tag.range, tag.format, 0),
+                                       QString::number(tag.range.station));
+}
+
 void dropAddressName(kx::Tag* tag)
 {
-    if (tag->range.type && tag->name == kx::valueName(tag->range, tag->format, 0))
+    if (tag->range.type
+        && (tag->name == kx::valueName(tag->range, tag->format, 0)
+            || tag->name == nameWithStation(*tag)))
         tag->name.clear();
 }
 

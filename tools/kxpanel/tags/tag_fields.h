@@ -20,7 +20,10 @@ QStringList tagFields(const kx::Tag& tag);
 /// @return what was right of it
 kx::Tag tagOfFields(const QStringList& fields, QStringList* faults);
 
-/// Takes a name away that says no more than the address: "D100", "D120.5".
+/// "D100@2", also of a bit of a word: "D120.5@2".
+QString nameWithStation(const kx::Tag& tag);
+
+/// Takes a name away that says no more than the address: "D100", "D120.5", "D100@2".
 void dropAddressName(kx::Tag* tag);
 
 } // namespace kxpanel

@@ -1,6 +1,10 @@
 #include "kxpanel/tags/tag_text.h"
 
+#include "kxpanel/tags/cell_table.h"
 #include "kxpanel/tags/tag_fields.h"
+#include "kxpanel/tags/tag_names.h"
+#include "kxpanel/tags/tag_rows.h"
+#include "panel/files/csv_fields.h"
 #include "panel/values/value_address.h"
 
 namespace kxpanel
@@ -9,76 +13,88 @@ namespace kxpanel
 namespace
 {
 
-const QLatin1Char TAB('\t');
-const QLatin1Char NEWLINE('\n');
-const QLatin1Char QUOTE('"');
-
-/// A cell of a spreadsheet; a tags file has no line breaks in its texts.
-QString cellText(QString text)
+/// Each with a name unlike every other, in one line.
+QList<kx::Tag> namedTags(QList<kx::Tag> tags)
 {
-    text.replace(NEWLINE, QLatin1Char(' ')).replace(QLatin1Char('\r'), QLatin1Char(' '));
-    const bool isPlain = !text.contains(TAB) && !text.contains(QUOTE) && text == text.trimmed()
-                         && !text.startsWith(QLatin1Char('#'));
-    if (isPlain)
-        return text;
-    return QUOTE + text.replace(QString(QUOTE), QStringLiteral("\"\"")) + QUOTE;
+    TagNames names({});
+    for (kx::Tag& tag : tags)
+        tag.name = names.take(inOneLine(tag.name).trimmed());
+    for (kx::Tag& tag : tags) {
+        if (!tag.name.isEmpty())
+            continue;
+        const QString address = kx::valueName(tag.range, tag.format, 0);
+        tag.name = names.take(names.isTaken(address) ? nameWithStation(tag) : address);
+    }
+    return tags;
 }
 
-QString rowText(const QStringList& fields)
+QStringList rowOf(const kx::Tag& tag)
 {
-    QStringList cells;
-    for (const QString& field : fields)
-        cells << cellText(field);
-    return cells.join(TAB);
+    QStringList fields;
+    for (const QString& field : tagFields(tag))
+        fields << inOneLine(field);
+    return fields;
 }
 
-bool hasHeader(const QString& text)
+QByteArray fileRow(const QStringList& fields)
 {
-    const QString first = text.trimmed().section(NEWLINE, 0, 0);
-    for (const QString& cell : first.split(TAB)) {
+    QByteArray row;
+    for (const QString& field : fields) {
+        if (!row.isNull())
+            row += ',';
+        row += kx::csvField(field.toUtf8(), ',');
+    }
+    return row + '\n';
+}
+
+/// Whether the first row names columns, which then are separated by tabs.
+bool hasHeader(const QStringList& cells)
+{
+    for (const QString& cell : cells) {
         if (cell.trimmed() == QLatin1String("address"))
             return true;
-    }
-    return first.contains(QLatin1String("address,")) || first.contains(QLatin1String("address;"))
-           || first.endsWith(QLatin1String("address"));
-}
-
-bool parseRow(const QString& row, int station, kx::Tag* tag, QString* fault)
-{
-    const QStringList cells = row.split(TAB);
-    for (int i = 0; i < cells.size(); ++i) {
-        QString reason;
-        if (!parseTypedTag(cells.at(i).trimmed(), station, tag, &reason)) {
-            if (fault->isEmpty() && !cells.at(i).trimmed().isEmpty())
-                *fault = kx::faultyText(cells.at(i).trimmed(), reason);
-            continue;
-        }
-        tag->name = QStringList(cells.mid(0, i)).join(QLatin1Char(' ')).simplified();
-        tag->comment = QStringList(cells.mid(i + 1)).join(QLatin1Char(' ')).simplified();
-        return true;
     }
     return false;
 }
 
-bool parseRows(const QString& text, int station, QList<kx::Tag>* tags, QString* fault)
+/// The same of a text file with commas or semicolons.
+bool hasFileHeader(const QStringList& cells)
 {
-    const QStringList rows = text.split(NEWLINE);
-    QList<kx::Tag> taken;
-    for (int i = 0; i < rows.size(); ++i) {
-        if (rows.at(i).trimmed().isEmpty())
-            continue;
-        kx::Tag tag;
-        QString reason;
-        if (!parseRow(rows.at(i), station, &tag, &reason)) {
-            *fault = QStringLiteral("row %1: %2").arg(QString::number(i + 1), reason);
-            return false;
-        }
-        taken << tag;
+    return cells.size() == 1
+           && (hasHeader(cells.first().split(QLatin1Char(',')))
+               || hasHeader(cells.first().split(QLatin1Char(';'))));
+}
+
+/// Rows below a header as a tags file with tabs; a row of a comment alone is none.
+QString fileOfRows(const QList<QStringList>& rows)
+{
+    QString text;
+    for (const QStringList& cells : rows) {
+        const bool isComment =
+            cells.first().startsWith(QLatin1Char('#')) && isEmptyRow(cells.mid(1));
+        QStringList fields;
+        for (const QString& cell : isComment ? QStringList() : cells)
+            fields << inOneLine(cell);
+        text += cellsText(fields);
     }
-    if (taken.isEmpty())
-        *fault = QStringLiteral("no addresses");
-    *tags = taken.isEmpty() ? *tags : taken;
-    return !taken.isEmpty();
+    return text;
+}
+
+bool parseFile(const QString& text, int station, QList<kx::Tag>* tags, QString* fault)
+{
+    QList<kx::Tag> taken;
+    if (!kx::parseTags(text.toUtf8(), QStringLiteral("row"), &taken, fault)) {
+        if (fault->startsWith(QLatin1String("row:")) && fault->mid(4, 1) != QLatin1String(" "))
+            (*fault)[3] = QLatin1Char(' '); // it is no file's line
+        return false;
+    }
+    for (kx::Tag& tag : taken) {
+        if (tag.range.station < 0)
+            tag.range.station = station;
+        dropAddressName(&tag);
+    }
+    *tags = taken;
+    return true;
 }
 
 } // namespace
@@ -102,28 +118,32 @@ QString typedText(const kx::Tag& tag)
 
 QString tagsText(const QList<kx::Tag>& tags)
 {
-    QString text = rowText(tagFieldNames()) + NEWLINE;
-    for (const kx::Tag& tag : tags)
-        text += rowText(tagFields(tag)) + NEWLINE;
+    QString text = cellsText(tagFieldNames());
+    for (const kx::Tag& tag : namedTags(tags))
+        text += cellsText(rowOf(tag));
+    return text;
+}
+
+QByteArray tagsFileText(const QList<kx::Tag>& tags)
+{
+    QByteArray text = fileRow(tagFieldNames());
+    for (const kx::Tag& tag : namedTags(tags))
+        text += fileRow(rowOf(tag));
     return text;
 }
 
 bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault)
 {
-    QString plain = text;
-    plain.remove(QLatin1Char('\r'));
-    if (!hasHeader(plain))
-        return parseRows(plain, station, tags, fault);
-    QList<kx::Tag> taken;
-    if (!kx::parseTags(plain.toUtf8(), QStringLiteral("row"), &taken, fault))
+    QList<QStringList> rows;
+    if (!parseCells(text, &rows, fault))
         return false;
-    for (kx::Tag& tag : taken) {
-        dropAddressName(&tag);
-        if (tag.range.station < 0)
-            tag.range.station = station;
-    }
-    *tags = taken;
-    return true;
+    QStringList first;
+    for (int i = 0; i < rows.size() && isEmptyRow(first); ++i)
+        first = rows.at(i);
+    if (hasFileHeader(first))
+        return parseFile(text, station, tags, fault);
+    return hasHeader(first) ? parseFile(fileOfRows(rows), station, tags, fault)
+                            : tagsOfRows(rows, station, tags, fault);
 }
 
 } // namespace kxpanel

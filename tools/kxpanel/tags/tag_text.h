@@ -1,5 +1,4 @@
-/// Tags as people type them, and as they go through the clipboard to spreadsheets and back. Pure
-/// functions.
+/// Tags as people type them, and as they go to files and spreadsheets and back. Pure functions.
 #ifndef KX_KXPANEL_TAGS_TAG_TEXT_H
 #define KX_KXPANEL_TAGS_TAG_TEXT_H
 
@@ -17,11 +16,16 @@ bool parseTypedTag(const QString& typed, int station, kx::Tag* tag, QString* fau
 /// What parseTypedTag() takes: "D100@2/s16*0.1,unit=bar".
 QString typedText(const kx::Tag& tag);
 
-/// Rows of a tags file with its header, separated by tabs.
+/// Rows of a tags file with its header, as cells of a spreadsheet. What has no name has its address
+/// as one, with the station where that is taken: a tags file takes no name twice.
 QString tagsText(const QList<kx::Tag>& tags);
 
+/// The same as the bytes of a tags file, separated by commas.
+QByteArray tagsFileText(const QList<kx::Tag>& tags);
+
 /// Tags out of rows with a tags file's header, or of rows without any, in which each has one cell
-/// with an address: what stands before it is the name, what stands behind it the comment.
+/// with an address: what stands before it is the name, what stands behind it the comment. Where
+/// more cells could be an address, it is the one of the column that has addresses in all rows.
 /// @return false and one line in `*fault` that names the row
 bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault);
 

@@ -13,6 +13,7 @@ private slots:
     void aWrongAddressSaysWhy();
     void tagsAreRowsOfASpreadsheet();
     void whatIsCopiedIsPasted();
+    void whatHasNoNameIsPastedToo();
     void pastes_data();
     void pastes();
     void refuses_data();
@@ -68,6 +69,22 @@ void TagTextTest::whatIsCopiedIsPasted()
     QCOMPARE(typedText(tags.at(2)), QStringLiteral("D120.5@1"));
 }
 
+// A tags file takes no name twice, and the addresses stand for names there.
+void TagTextTest::whatHasNoNameIsPastedToo()
+{
+    const QList<kx::Tag> copied = {tagOf("D100@1"), tagOf("D100@2"), tagOf("D100@2/s16"),
+                                   tagOf("M7", "D100")};
+    QList<kx::Tag> tags;
+    QString fault;
+    QVERIFY2(parseTagsText(tagsText(copied), 1, &tags, &fault), qPrintable(fault));
+    QCOMPARE(tags.size(), 4);
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(typedText(tags.at(i)), typedText(copied.at(i)));
+    QCOMPARE(tags.at(0).name, QString());
+    QCOMPARE(tags.at(1).name, QString());
+    QCOMPARE(tags.at(3).name, QStringLiteral("D100"));
+}
+
 void TagTextTest::pastes_data()
 {
     QTest::addColumn<QString>("text");
@@ -80,6 +97,22 @@ void TagTextTest::pastes_data()
     QTest::newRow("a header, and columns in any order")
         << "address\tname\tformat\nD100\tPressure\ts16\n"
         << QStringList{"Pressure|D100@5/s16|"};
+    QTest::newRow("a cell that a spreadsheet quotes")
+        << "\"Pump\t1\"\tY10\t\"contact \"\"K3\"\"\"\n"
+        << QStringList{"Pump 1|Y10@5|contact \"K3\""};
+    QTest::newRow("a line break in a cell") << "\"Pump\nmain\"\tY10\r\nFlow\tD0\r\n"
+                                            << QStringList{"Pump main|Y10@5|", "Flow|D0@5|"};
+    QTest::newRow("a line break below a header")
+        << "name\taddress\tcomment\nPump\tY10\t\"one\ntwo\"\nFlow\tD0\t\n"
+        << QStringList{"Pump|Y10@5|one two", "Flow|D0@5|"};
+    QTest::newRow("a quote inside a cell") << "5\" pipe\tD0\n" << QStringList{"5\" pipe|D0@5|"};
+    QTest::newRow("empty cells") << "Pump\t\tY10\t\t\r\n\t\t\t\t\r\n" << QStringList{"Pump|Y10@5|"};
+    QTest::newRow("names that look like numbers")
+        << "007\tD0\n=1+1\tD1" << QStringList{"007|D0@5|", "=1+1|D1@5|"};
+    QTest::newRow("a name that is an address too") << "M1\tD100\nPump\tD101\n"
+                                                   << QStringList{"M1|D100@5|", "Pump|D101@5|"};
+    QTest::newRow("a comment about addresses") << "Pump\tY10\tsee address, as wired\n"
+                                               << QStringList{"Pump|Y10@5|see address, as wired"};
     QTest::newRow("a text file's header") << "name,station,address\nPump,7,Y10\n"
                                           << QStringList{"Pump|Y10@7|"};
 }
@@ -107,7 +140,12 @@ void TagTextTest::refuses_data()
     QTest::newRow("no address in a row") << "Pump\trunning\n"
                                          << "row 1: Pump: ";
     QTest::newRow("a wrong cell below a header") << "name\taddress\nPump\tY10\nFlow\tD9999\n"
-                                                 << "row:3: address D9999: ";
+                                                 << "row 3: address D9999: ";
+    QTest::newRow("two columns of addresses")
+        << "M1\tD100\nM2\tD101\n"
+        << "row 1: M1 and D100 are both addresses; put 'name' and 'address' above the columns";
+    QTest::newRow("a quote that is not closed") << "\"Pump\tY10\n"
+                                                << "row 1: a quote is not closed";
 }
 
 void TagTextTest::refuses()
