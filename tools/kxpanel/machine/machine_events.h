@@ -24,6 +24,10 @@ struct WatchedValue {
 /// What is known of a watched value now.
 struct Reading {
     int number = 0; ///< WatchedValue::number
+    // Of the first register that was read, since the value may have been given others meanwhile.
+    const RegisterType* type = nullptr; ///< null: not said
+    int station = 0;
+    int address = 0;
     kx::WatchState state = kx::WatchState::NeverRead;
     QList<qint64> raw;    ///< as valueText() takes it; empty: never read
     qint64 readAt = 0;    ///< milliseconds since 1970 in UTC; last good read, 0: none

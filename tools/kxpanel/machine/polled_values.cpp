@@ -15,6 +15,9 @@ Reading readingOf(const kx::WatchEntry& entry, qint64 epoch)
 {
     Reading reading;
     reading.number = entry.name.toInt();
+    reading.type = entry.type;
+    reading.station = entry.station;
+    reading.address = entry.address;
     reading.state = entry.state;
     const bool wasRead = entry.readAt > 0 || entry.state == kx::WatchState::Ok;
     if (wasRead) // else a write that failed may have left a value

@@ -38,7 +38,11 @@ bool hasSameRegisters(const kx::AddressRange& one, const kx::AddressRange& other
 /// One that was under way while the value was edited may be of other registers.
 bool suits(const Reading& reading, const WatchedValue& value)
 {
-    return reading.raw.isEmpty() || reading.raw.size() == value.tag.range.values;
+    const kx::AddressRange& range = value.tag.range;
+    const bool isThere = !reading.type
+                         || (reading.type == range.type && reading.station == range.station
+                             && reading.address == range.address);
+    return isThere && (reading.raw.isEmpty() || reading.raw.size() == range.values);
 }
 
 Reading nothingKnown(int number)
@@ -71,7 +75,7 @@ const Reading& TagList::reading(int number) const
 QString TagList::shownName(const WatchedValue& value)
 {
     const kx::Tag& tag = value.tag;
-    return tag.name.isEmpty() ? kx::addressText(tag.range.type, tag.range.address) : tag.name;
+    return tag.name.isEmpty() ? kx::valueName(tag.range, tag.format, 0) : tag.name;
 }
 
 QList<int> TagList::insert(int row, const QList<kx::Tag>& tags)

@@ -33,6 +33,8 @@ private slots:
     void otherRegistersForgetTheReading();
     void undoneRegistersForgetTheReading();
     void aReadingOfOtherLengthIsLeftOut();
+    void aReadingOfOtherRegistersIsLeftOut_data();
+    void aReadingOfOtherRegistersIsLeftOut();
     void tellsWhichRowsWereRead();
     void forgetsAll();
 };
@@ -53,10 +55,10 @@ void TagListTest::aCountBecomesSingleValues()
 void TagListTest::namesAreKeptUnlike()
 {
     TagList list;
-    list.insert(0, {tagOf("D0", "Flow"), tagOf("D1", "Flow"), tagOf("D2"), tagOf("D3")});
+    list.insert(0, {tagOf("D0", "Flow"), tagOf("D1", "Flow"), tagOf("D2"), tagOf("D3.5")});
     list.insert(4, {tagOf("D4", "Flow"), tagOf("D5:2", "Flow")});
     QCOMPARE(shownNames(list),
-             (QStringList{"Flow", "Flow 2", "D2", "D3", "Flow 3", "Flow 1", "Flow 2 2"}));
+             (QStringList{"Flow", "Flow 2", "D2", "D3.5", "Flow 3", "Flow 1", "Flow 2 2"}));
 }
 
 void TagListTest::insertsInFrontOfARow()
@@ -133,6 +135,31 @@ void TagListTest::aReadingOfOtherLengthIsLeftOut()
     list.insert(0, {tagOf("D0/float")});
     list.takeReadings({readingOf(1, {42})}); // of the one register before an edit
     QVERIFY(list.reading(1).raw.isEmpty());
+}
+
+void TagListTest::aReadingOfOtherRegistersIsLeftOut_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<bool>("isTaken");
+    QTest::newRow("the same") << "D100@2" << true;
+    QTest::newRow("another address") << "D101@2" << false;
+    QTest::newRow("another type") << "SD100@2" << false;
+    QTest::newRow("another station") << "D100@3" << false;
+}
+
+// It was under way while the value was edited.
+void TagListTest::aReadingOfOtherRegistersIsLeftOut()
+{
+    QFETCH(QString, address);
+    TagList list;
+    list.insert(0, {tagOf(qPrintable(address))});
+    const kx::AddressRange read = tagOf("D100@2").range;
+    Reading reading = readingOf(1, {42});
+    reading.type = read.type;
+    reading.station = read.station;
+    reading.address = read.address;
+    list.takeReadings({reading});
+    QTEST(!list.reading(1).raw.isEmpty(), "isTaken");
 }
 
 void TagListTest::tellsWhichRowsWereRead()
