@@ -34,7 +34,7 @@ ValueWriter::JobStarter starterOf(Machine* machine)
 WatchPage::WatchPage(const PageContext& context, QWidget* parent)
     : Page(parent),
       m_context(context),
-      m_writer(starterOf(context.machine)),
+      m_writer(context.tags, starterOf(context.machine)),
       m_model(new WatchModel(context.tags, &m_writer, &m_undo, this)),
       m_filter(new WatchFilter(m_model, this))
 {
@@ -64,13 +64,14 @@ void WatchPage::makeWidgets()
     m_table = new WatchTable(m_model, m_filter, this);
     m_message = new QLabel(this);
     m_message->setWordWrap(true);
+    m_message->setTextFormat(Qt::PlainText); // names are no markup
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_message->setAccessibleName(tr("Message"));
     m_faults = new QPlainTextEdit(this);
     m_faults->setReadOnly(true);
     m_faults->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_faults->setMaximumHeight(fontMetrics().lineSpacing() * 8);
-    m_faults->setAccessibleName(tr("What is wrong with the tags file"));
+    m_faults->setAccessibleName(tr("What is wrong"));
     m_faults->hide();
     auto* const delegate = new WatchDelegate(
         [this](const QModelIndex& index, const QString& text) {
@@ -81,6 +82,10 @@ void WatchPage::makeWidgets()
     connect(delegate, &WatchDelegate::explained, this,
             [this](const QString& reason) { explain(reason, true); });
     connect(delegate, &WatchDelegate::switchAsked, this, &WatchPage::switchBit);
+    connect(delegate, &WatchDelegate::editingBegan, this, [this](const QModelIndex& index) {
+        m_filter->keep(index.data(WatchModel::NumberRole).toInt());
+    });
+    connect(delegate, &WatchDelegate::editingEnded, this, [this] { m_filter->keep(0); });
 }
 
 void WatchPage::makeLayout()
@@ -102,7 +107,9 @@ void WatchPage::connectAll()
 {
     Machine* const machine = m_context.machine;
     connect(machine, &Machine::jobEnded, &m_writer, &ValueWriter::onJobEnded);
+    connect(machine, &Machine::lineChanged, this, &WatchPage::onLineChanged);
     connect(&m_writer, &ValueWriter::ended, this, &WatchPage::onWriteEnded);
+    connect(&m_writer, &ValueWriter::allEnded, this, &WatchPage::onWritesEnded);
     connect(m_context.tags, &TagList::valuesChanged, this, &WatchPage::onValuesChanged);
     connect(m_context.tags, &TagList::readingsChanged, this, &WatchPage::onReadings);
     connect(m_model, &WatchModel::refused, this,
@@ -138,21 +145,9 @@ void WatchPage::onTick()
 
 void WatchPage::onValuesChanged()
 {
-    m_writer.follow(*m_context.tags);
+    m_writer.follow();
     if (m_writeBar->isVisible())
         m_writeBar->finish(); // it asked of others
-}
-
-void WatchPage::onWriteEnded(int number, const ValueWrite& write)
-{
-    const WatchedValue* const value = m_context.tags->find(number);
-    if (!value)
-        return;
-    const QString name = TagList::shownName(*value);
-    if (write.phase == ValueWrite::Confirmed)
-        say(tr("%1 = %2 written").arg(name, write.text), false);
-    else
-        say(tr("%1 = %2 not written: %3").arg(name, write.text, write.reason), true);
 }
 
 void WatchPage::explain(const QString& text, bool isFault)
@@ -201,6 +196,8 @@ void WatchPage::showAll()
 {
     if (m_writeBar->isVisible())
         return m_writeBar->finish();
+    if (m_writer.waiting() > 0)
+        return m_writer.callOff();
     m_filterLine->clear();
     showFaults({});
     say(QString(), false);

@@ -41,6 +41,8 @@ public:
     void setStation(int station) override;
     /// Adds the tags of a tags file, or shows what is wrong with it, each with its line.
     bool openTags(const QString& path);
+    /// Writes all values as a tags file, which kxhost takes, or says why not.
+    bool saveTags(const QString& path);
     /// Actions for the window's menu of edits.
     QList<QAction*> editActions() const { return m_editActions; }
 
@@ -53,15 +55,21 @@ private:
     void makeMoveActions();
     QAction* makeAction(const QString& text, const QKeySequence& shortcut, const QString& tip,
                         void (WatchPage::*slot)());
+    QAction* makeTableAction(const QString& text, const QKeySequence& shortcut, const QString& tip,
+                             void (WatchPage::*slot)());
 
     void addTags(const QList<kx::Tag>& tags, int row);
     void beginTyping();
     void askForTags();
+    void askWhereToSaveTags();
     void removeSelected();
     void copySelected();
     void copyShown();
     void cutSelected();
     void paste();
+    bool pasteValues(const QString& text);
+    bool askToPaste(const QString& text, QString* fault);
+    QList<int> rowsForValues(int values) const;
     void moveUp();
     void moveDown();
     void moveSelected(int step);
@@ -76,7 +84,9 @@ private:
 
     void onReadings();
     void onTick();
-    void onWriteEnded(int number, const ValueWrite& write);
+    void onLineChanged(const LineStatus& status);
+    void onWriteEnded(const ValueWrite& write);
+    void onWritesEnded(int written, const QList<ValueWrite>& failed);
     void onValuesChanged();
     void explain(const QString& text, bool isFault);
     void say(const QString& text, bool isFault);

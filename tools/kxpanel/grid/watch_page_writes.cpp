@@ -10,6 +10,16 @@
 namespace kxpanel
 {
 
+namespace
+{
+
+QString failureText(const ValueWrite& write)
+{
+    return WatchPage::tr("%1 = %2 not written: %3").arg(write.name, write.text, write.reason);
+}
+
+} // namespace
+
 void WatchPage::editCurrent()
 {
     const QModelIndex index = m_table->currentIndex();
@@ -32,19 +42,20 @@ void WatchPage::writeSelected()
         m_writeBar->ask(values);
         return;
     }
-    const QModelIndex current = m_table->currentIndex();
-    if (!current.isValid())
+    if (values.isEmpty())
         return;
-    m_table->setCurrentIndex(current.siblingAtColumn(WatchModel::Value));
+    m_table->setCurrentIndex(m_table->cellOf(values.first().number));
     editCurrent();
 }
 
+/// The row that is seen to be meant, whichever the current one is.
 void WatchPage::switchSelected()
 {
-    if (m_table->selectedNumbers().size() > 1)
+    const QList<int> numbers = m_table->selectedNumbers();
+    if (numbers.size() > 1)
         writeSelected();
-    else if (m_table->currentIndex().isValid())
-        switchBit(m_table->currentIndex());
+    else if (!numbers.isEmpty())
+        switchBit(m_table->cellOf(numbers.first()));
 }
 
 /// What is not known now is not switched: nobody could tell what would be written.
@@ -57,13 +68,48 @@ void WatchPage::switchBit(const QModelIndex& index)
     const QString reason = ValueWriter::readOnlyReason(value->tag);
     if (!reason.isEmpty())
         return say(reason, true);
-    if (!isKnownNow(m_context.tags->reading(value->number), m_writer.writeOf(value->number)))
+    if (!m_model->isOnline()
+        || !isKnownNow(m_context.tags->reading(value->number), m_writer.writeOf(value->number)))
         return say(tr("The value of %1 is not known now; type 0 or 1 to write it")
                        .arg(TagList::shownName(*value)),
                    true);
     const QModelIndex cell = m_model->index(row, WatchModel::Value);
     const bool isOn = cell.data().toString() == QLatin1String("1");
     m_model->setData(cell, isOn ? QStringLiteral("0") : QStringLiteral("1"));
+}
+
+/// What was read over a line that is closed or lost may be otherwise now.
+void WatchPage::onLineChanged(const LineStatus& status)
+{
+    m_model->setOnline(status.state == LineState::Open);
+}
+
+void WatchPage::onWriteEnded(const ValueWrite& write)
+{
+    if (write.phase == ValueWrite::Confirmed)
+        say(m_writer.waiting() == 0
+                ? tr("%1 = %2 written").arg(write.name, write.text)
+                : tr("%1 = %2 written, %n to go; Esc calls them off", nullptr, m_writer.waiting())
+                      .arg(write.name, write.text),
+            false);
+    else
+        say(failureText(write), true);
+}
+
+/// Of several, the last message would hide what went wrong before.
+void WatchPage::onWritesEnded(int written, const QList<ValueWrite>& failed)
+{
+    const int all = written + static_cast<int>(failed.size());
+    if (all < 2)
+        return;
+    QStringList faults;
+    for (const ValueWrite& write : failed)
+        faults << failureText(write);
+    showFaults(faults);
+    if (failed.isEmpty())
+        say(tr("%n values written", nullptr, all), false);
+    else
+        say(tr("%1 of %n values not written", nullptr, all).arg(failed.size()), true);
 }
 
 } // namespace kxpanel

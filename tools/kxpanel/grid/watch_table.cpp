@@ -2,15 +2,13 @@
 
 #include "kxpanel/grid/model/watch_filter.h"
 #include "kxpanel/grid/model/watch_model.h"
+#include "kxpanel/tags/cell_table.h"
 
 #include <QAction> // in another module since Qt 6
-#include <QtCore/QJsonArray>
-#include <QtCore/QSet>
+#include <QtGui/QDropEvent>
 #include <QtWidgets/QHeaderView>
 
 #include <algorithm>
-#include <array>
-#include <utility>
 
 namespace kxpanel
 {
@@ -18,36 +16,21 @@ namespace kxpanel
 namespace
 {
 
-struct ColumnShape {
-    const char* key; ///< in a project
-    int width;       ///< characters
-};
-
-// In the order of WatchModel::Column.
-const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 18},
-                                                                  {"station", 8},
-                                                                  {"address", 11},
-                                                                  {"value", 17},
-                                                                  {"unit", 7},
-                                                                  {"state", 15},
-                                                                  {"age", 7},
-                                                                  {"format", 14},
-                                                                  {"raw", 13},
-                                                                  {"modbus", 20},
-                                                                  {"comment", 20}}};
-
-QString keyOf(int column)
+/// Rows that stand together as one range each: with thousands of them, each cell that is painted
+/// would look through all.
+QItemSelection inRuns(QModelIndexList cells)
 {
-    return QLatin1String(SHAPES.at(static_cast<std::size_t>(column)).key);
-}
-
-int columnOf(const QString& key)
-{
-    for (int column = 0; column < WatchModel::ColumnCount; ++column) {
-        if (key == keyOf(column))
-            return column;
+    std::sort(cells.begin(), cells.end(), [](const QModelIndex& one, const QModelIndex& other) {
+        return one.row() < other.row();
+    });
+    QItemSelection selection;
+    for (int first = 0, end = 0; first < cells.size(); first = end) {
+        end = first + 1;
+        while (end < cells.size() && cells.at(end).row() - cells.at(end - 1).row() <= 1)
+            ++end;
+        selection.append(QItemSelectionRange(cells.at(first), cells.at(end - 1)));
     }
-    return -1;
+    return selection;
 }
 
 } // namespace
@@ -77,18 +60,11 @@ WatchTable::WatchTable(WatchModel* model, WatchFilter* filter, QWidget* parent)
     header->setHighlightSections(false);
     header->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
-    setUsualWidths();
+    setUsualColumns();
     makeColumnActions();
     connect(header, &QHeaderView::sectionResized, this, &WatchTable::layoutChanged);
     connect(header, &QHeaderView::sectionMoved, this, &WatchTable::layoutChanged);
     connect(header, &QHeaderView::sortIndicatorChanged, this, &WatchTable::layoutChanged);
-}
-
-void WatchTable::setUsualWidths()
-{
-    for (int column = 0; column < WatchModel::ColumnCount; ++column)
-        setColumnWidth(column, SHAPES.at(static_cast<std::size_t>(column)).width
-                                   * fontMetrics().averageCharWidth());
 }
 
 void WatchTable::makeColumnActions()
@@ -126,21 +102,59 @@ QList<int> WatchTable::selectedNumbers() const
     return numbers;
 }
 
+QList<int> WatchTable::numbersFrom(int number, int count) const
+{
+    QList<int> numbers;
+    const int first = cellOf(number).row();
+    for (int row = first; row < first + count; ++row)
+        numbers << m_filter->index(row, 0).data(WatchModel::NumberRole).toInt();
+    return numbers.contains(0) ? QList<int>() : numbers;
+}
+
 void WatchTable::select(const QList<int>& numbers)
 {
-    QItemSelection selection;
+    QModelIndexList cells;
     for (const int number : numbers) {
-        const QModelIndex index =
-            m_filter->mapFromSource(m_model->index(m_model->rowOf(number), WatchModel::Value));
-        if (index.isValid())
-            selection.append(QItemSelectionRange(index));
+        const QModelIndex cell = cellOf(number);
+        if (cell.isValid())
+            cells << cell;
     }
-    if (selection.isEmpty())
+    if (cells.isEmpty())
         return;
-    selectionModel()->setCurrentIndex(selection.first().topLeft(), QItemSelectionModel::NoUpdate);
-    selectionModel()->select(selection,
+    const QModelIndex first = cells.first();
+    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(inRuns(cells),
                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    scrollTo(selection.first().topLeft());
+    scrollTo(first);
+}
+
+QModelIndex WatchTable::cellOf(int number) const
+{
+    return m_filter->mapFromSource(m_model->index(m_model->rowOf(number), WatchModel::Value));
+}
+
+void WatchTable::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->source() == this)
+        QTableView::dragEnterEvent(event);
+    else
+        event->ignore();
+}
+
+void WatchTable::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (event->source() == this)
+        QTableView::dragMoveEvent(event);
+    else
+        event->ignore();
+}
+
+void WatchTable::dropEvent(QDropEvent* event)
+{
+    if (event->source() == this)
+        QTableView::dropEvent(event);
+    else
+        event->ignore();
 }
 
 int WatchTable::currentModelRow() const
@@ -156,9 +170,9 @@ QString WatchTable::selectedText() const
         for (int place = 0; place < WatchModel::ColumnCount; ++place) {
             const int column = horizontalHeader()->logicalIndex(place);
             if (!isColumnHidden(column))
-                cells << textOf(column).simplified();
+                cells << textOf(column);
         }
-        return cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
+        return cellsText(cells);
     };
     QString text = rowText(
         [this](int column) { return m_model->headerData(column, Qt::Horizontal).toString(); });
@@ -187,51 +201,6 @@ void WatchTable::refreshVisible()
         begin = end = source;
     }
     m_model->refresh(begin, end);
-}
-
-QJsonObject WatchTable::layout() const
-{
-    QJsonArray columns;
-    for (int place = 0; place < WatchModel::ColumnCount; ++place) {
-        const int column = horizontalHeader()->logicalIndex(place);
-        QJsonObject one{{QStringLiteral("name"), keyOf(column)}};
-        if (isColumnHidden(column))
-            one[QLatin1String("hidden")] = true;
-        else if (place < WatchModel::ColumnCount - 1) // the last one takes what room there is
-            one[QLatin1String("characters")] =
-                qRound(static_cast<double>(columnWidth(column)) / fontMetrics().averageCharWidth());
-        columns.append(one);
-    }
-    QJsonObject layout{{QStringLiteral("columns"), columns}};
-    if (m_filter->sortColumn() >= 0)
-        layout[QLatin1String("sort")] =
-            QJsonObject{{QStringLiteral("column"), keyOf(m_filter->sortColumn())},
-                        {QStringLiteral("falling"), m_filter->sortOrder() == Qt::DescendingOrder}};
-    return layout;
-}
-
-void WatchTable::setLayout(const QJsonObject& layout)
-{
-    const int most = 200; // characters
-    int place = 0;
-    QSet<int> placed;
-    const QJsonArray columns = layout[QLatin1String("columns")].toArray();
-    for (int i = 0; i < columns.size(); ++i) {
-        const QJsonObject one = columns.at(i).toObject();
-        const int column = columnOf(one[QLatin1String("name")].toString());
-        if (column < 0 || placed.contains(column))
-            continue;
-        placed.insert(column);
-        horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), place++);
-        m_columnActions.at(column)->setChecked(!one[QLatin1String("hidden")].toBool());
-        const int characters = one[QLatin1String("characters")].toInt();
-        if (characters >= 1 && characters <= most)
-            setColumnWidth(column, characters * fontMetrics().averageCharWidth());
-    }
-    const QJsonObject sorted = layout[QLatin1String("sort")].toObject();
-    sortByColumn(columnOf(sorted[QLatin1String("column")].toString()),
-                 sorted[QLatin1String("falling")].toBool() ? Qt::DescendingOrder
-                                                           : Qt::AscendingOrder);
 }
 
 } // namespace kxpanel

@@ -1,6 +1,7 @@
 #ifndef KX_KXPANEL_GRID_WATCH_TABLE_H
 #define KX_KXPANEL_GRID_WATCH_TABLE_H
 
+#include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
 #include <QtWidgets/QTableView>
 
@@ -22,6 +23,10 @@ public:
     /// Numbers of the selected values, in the order of the rows.
     QList<int> selectedNumbers() const;
     void select(const QList<int>& numbers);
+    /// Numbers of so many rows, from the value's downwards; none when there are fewer.
+    QList<int> numbersFrom(int number, int count) const;
+    /// The value's cell of values; an invalid index when the filter hides its row.
+    QModelIndex cellOf(int number) const;
     /// Row of the model of the current cell; past the last one when there is none.
     int currentModelRow() const;
     /// What is shown of the selected rows, as text for a spreadsheet.
@@ -38,14 +43,23 @@ public:
 signals:
     void layoutChanged();
 
+protected:
+    // Rows that another program drags have numbers that mean other values here.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
 private:
     void makeColumnActions();
-    void setUsualWidths();
+    void setUsualColumns();
+    QJsonArray columnsLayout() const;
+    void takeColumn(int column, const QJsonObject& shape);
     QList<int> selectedRows() const;
 
     WatchModel* m_model;
     WatchFilter* m_filter;
     QList<QAction*> m_columnActions;
+    QJsonObject m_layout; ///< as the project had it, with members of others
 };
 
 } // namespace kxpanel

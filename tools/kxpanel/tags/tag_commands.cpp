@@ -96,6 +96,7 @@ MoveTags::MoveTags(TagList* list, const QList<int>& numbers, int row)
         (moved.contains(number) ? block : i < row ? front : back) << number;
     }
     m_after = front + block + back;
+    setObsolete(m_after == m_before);
 }
 
 void MoveTags::redo()
@@ -116,19 +117,10 @@ void MoveTags::setOrder(const QList<int>& numbers)
     m_list->setValues(values);
 }
 
-EditTag::EditTag(TagList* list, const WatchedValue& before, const kx::Tag& after, TagPart part)
-    : m_list(list), m_before(before), m_after(after), m_part(part)
+EditTag::EditTag(TagList* list, const WatchedValue& before, const kx::Tag& after)
+    : m_list(list), m_before(before), m_after(after)
 {
     setText(tr("edit of %1").arg(TagList::shownName(before)));
-}
-
-bool EditTag::mergeWith(const QUndoCommand* other)
-{
-    const auto* const later = static_cast<const EditTag*>(other); // of the same id()
-    if (later->m_before.number != m_before.number)
-        return false;
-    m_after = later->m_after;
-    return true;
 }
 
 void EditTag::redo()

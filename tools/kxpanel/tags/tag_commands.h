@@ -45,7 +45,8 @@ private:
     QList<QPair<int, WatchedValue>> m_removed; ///< with their rows, rising
 };
 
-/// Puts values, in their order, in front of the one of a row.
+/// Puts values, in their order, in front of the one of a row. Where that changes nothing, there is
+/// nothing to undo.
 class MoveTags : public QUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(kxpanel::MoveTags)
@@ -64,17 +65,12 @@ private:
     QList<int> m_after;
 };
 
-/// What of a value is edited. Edits of the same part that follow each other are undone as one.
-enum class TagPart { Name, Comment, Format, Address };
-
 class EditTag : public QUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(kxpanel::EditTag)
 
 public:
-    EditTag(TagList* list, const WatchedValue& before, const kx::Tag& after, TagPart part);
-    int id() const override { return 1 + static_cast<int>(m_part); }
-    bool mergeWith(const QUndoCommand* other) override;
+    EditTag(TagList* list, const WatchedValue& before, const kx::Tag& after);
     void redo() override;
     void undo() override;
 
@@ -82,7 +78,6 @@ private:
     TagList* m_list;
     WatchedValue m_before;
     kx::Tag m_after;
-    TagPart m_part;
 };
 
 } // namespace kxpanel

@@ -93,8 +93,9 @@ void FilterLine::count()
 
 QJsonObject FilterLine::layout() const
 {
-    QJsonObject layout;
+    QJsonObject layout = m_layout;
     const auto keep = [&layout](const char* key, const QString& text) {
+        layout.remove(QLatin1String(key));
         if (!text.isEmpty())
             layout[QLatin1String(key)] = text;
     };
@@ -106,6 +107,7 @@ QJsonObject FilterLine::layout() const
 
 void FilterLine::setLayout(const QJsonObject& layout)
 {
+    m_layout = layout;
     m_edit->setText(layout[QLatin1String("text")].toString());
     const auto choose = [&layout](QComboBox* box, const char* key) {
         box->setCurrentIndex(qMax(0, box->findData(layout[QLatin1String(key)].toString())));

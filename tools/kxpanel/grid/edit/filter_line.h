@@ -41,6 +41,7 @@ private:
     QComboBox* m_states;
     QComboBox* m_types;
     QLabel* m_count;
+    QJsonObject m_layout; ///< as the project had it, with members of others
 };
 
 } // namespace kxpanel

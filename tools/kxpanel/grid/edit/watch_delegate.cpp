@@ -15,6 +15,7 @@ namespace
 
 const char IS_ENTERED[] = "kxEntered"; // property of an editor: Enter was pressed
 const char IS_VALUE[] = "kxValue";     // property of an editor: of the column of values
+const char IS_FILLED[] = "kxFilled";   // property of an editor: it had the cell's text
 
 bool isDark(const QPalette& palette)
 {
@@ -68,6 +69,7 @@ QColor stateColor(CellState state, const QPalette& palette)
     case CellState::NoAnswer:
         return dark ? QColor(0xFF, 0x8A, 0x80) : QColor(0xB3, 0x1D, 0x12);
     case CellState::NeverRead:
+    case CellState::Offline:
         break;
     }
     return palette.color(QPalette::Disabled, QPalette::Text);
@@ -127,12 +129,13 @@ void WatchDelegate::paintSwitch(QPainter* painter, const QStyleOptionViewItem& o
     const qreal size = body.height();
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(color, 1.2));
+    painter->setPen(QPen(color, size / 12));
     painter->setBrush(isOn && isEditable ? QBrush(color) : QBrush(Qt::NoBrush));
     painter->drawRoundedRect(body, size / 2, size / 2);
     const QRectF knob(isOn ? body.right() - size : body.left(), body.top(), size, size);
     painter->setBrush(isOn && isEditable ? option.palette.brush(QPalette::Base) : QBrush(color));
-    painter->drawEllipse(knob.adjusted(2.5, 2.5, -2.5, -2.5));
+    const qreal rim = size / 6;
+    painter->drawEllipse(knob.adjusted(rim, rim, -rim, -rim));
     painter->restore();
 }
 
@@ -147,7 +150,11 @@ QWidget* WatchDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     const QPersistentModelIndex cell(index);
     connect(edit, &QLineEdit::textChanged, this,
             [this, edit, cell]() { onTextEdited(edit, cell); });
-    connect(edit, &QObject::destroyed, this, [this]() { emit explained(QString()); });
+    connect(edit, &QObject::destroyed, this, [this]() {
+        emit explained(QString());
+        emit editingEnded();
+    });
+    emit editingBegan(index);
     return edit;
 }
 
@@ -159,16 +166,18 @@ void WatchDelegate::onTextEdited(QLineEdit* edit, const QModelIndex& index) cons
     if (!fault.isEmpty())
         palette.setColor(QPalette::Text, stateColor(CellState::NotWritten, palette));
     edit->setPalette(palette);
-    edit->setToolTip(fault);
+    edit->setToolTip(plainToolTip(fault));
     emit explained(fault);
 }
 
 void WatchDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
     auto* const edit = qobject_cast<QLineEdit*>(editor);
-    // Rows are refreshed while somebody types.
-    if (edit && !edit->isModified() && edit->text().isEmpty())
-        edit->setText(index.data(Qt::EditRole).toString());
+    // Once: rows are refreshed while somebody types, or is about to.
+    if (!edit || edit->property(IS_FILLED).toBool())
+        return;
+    edit->setProperty(IS_FILLED, true);
+    edit->setText(index.data(Qt::EditRole).toString());
 }
 
 void WatchDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,

@@ -37,6 +37,9 @@ public:
                       const QModelIndex& index) const override;
 
 signals:
+    /// A cell is edited from now on until editingEnded().
+    void editingBegan(const QModelIndex& index) const;
+    void editingEnded() const;
     /// What is wrong with the text that is being typed, one line; empty: nothing, or typing ended.
     void explained(const QString& reason) const;
     /// A person wants the bit of this cell to be the other one.

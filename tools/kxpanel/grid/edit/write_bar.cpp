@@ -22,16 +22,20 @@ namespace
 const int MOST_NAMES = 4;
 const int SHORTEST_EDIT = 16; // characters
 
-QString namesOf(const QList<WatchedValue>& values)
+QStringList namesOf(const QList<WatchedValue>& values)
 {
     QStringList names;
-    for (const WatchedValue& value : values.mid(0, MOST_NAMES))
+    for (const WatchedValue& value : values)
         names << TagList::shownName(value);
-    QString text = names.join(QStringLiteral(", "));
-    if (values.size() > MOST_NAMES)
-        text = WriteBar::tr("%1 and %2 more")
-                   .arg(text, QString::number(static_cast<int>(values.size()) - MOST_NAMES));
-    return text;
+    return names;
+}
+
+/// The first of them, and how many there are besides.
+QString listText(const QStringList& texts)
+{
+    const int more = static_cast<int>(texts.size()) - MOST_NAMES;
+    const QString text = QStringList(texts.mid(0, MOST_NAMES)).join(QStringLiteral(", "));
+    return more > 0 ? WriteBar::tr("%1 and %2 more").arg(text, QString::number(more)) : text;
 }
 
 QString stationsOf(const QList<WatchedValue>& values)
@@ -61,13 +65,17 @@ WriteBar::WriteBar(ValueWriter* writer, QWidget* parent)
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::AlternateBase);
-    m_question->setWordWrap(true);
-    m_fault->setWordWrap(true);
+    for (QLabel* const label : {m_question, m_fault}) {
+        label->setWordWrap(true);
+        label->setTextFormat(Qt::PlainText); // names are no markup
+    }
     m_edit->setAccessibleName(tr("Value to write to all"));
     m_edit->setMinimumWidth(fontMetrics().averageCharWidth() * SHORTEST_EDIT);
-    m_write->setToolTip(tr("Write the value to all of them (Enter)"));
+    m_write->setToolTip(tr("Write to all of them (Enter)"));
     auto* const cancel = new QPushButton(tr("&Cancel"), this);
     cancel->setToolTip(tr("Write nothing (Esc)"));
+    for (QPushButton* const button : {m_write, cancel})
+        button->setAutoDefault(true); // Enter presses the one that has the focus
 
     auto* const layout = new QGridLayout(this);
     layout->addWidget(m_question, 0, 0);
@@ -94,57 +102,98 @@ void WriteBar::ask(const QList<WatchedValue>& values)
     const int readOnly = static_cast<int>(values.size() - m_values.size());
     QString question =
         tr("Write to %n values of %1: %2.", nullptr, static_cast<int>(m_values.size()))
-            .arg(stationsOf(m_values), namesOf(m_values));
+            .arg(stationsOf(m_values), listText(namesOf(m_values)));
     if (readOnly > 0)
         question += QLatin1Char(' ') + tr("%n can only be read.", nullptr, readOnly);
     if (m_values.isEmpty())
         question = tr("What is selected can only be read.");
-    m_question->setText(question);
     m_edit->clear();
-    m_edit->setEnabled(!m_values.isEmpty());
     check();
+    open(question, true);
+}
+
+bool WriteBar::askEach(const QList<QPair<WatchedValue, QString>>& values, QString* fault)
+{
+    QList<WatchedValue> written;
+    QList<QPair<int, kx::TagAssignment>> writes;
+    QStringList texts;
+    for (const auto& one : values) {
+        kx::TagAssignment assignment;
+        *fault = ValueWriter::readOnlyReason(one.first.tag);
+        if (!fault->isEmpty() || !ValueWriter::parse(one.first, one.second, &assignment, fault))
+            return false;
+        written << one.first;
+        writes << qMakePair(one.first.number, assignment);
+        texts << QStringLiteral("%1 = %2").arg(assignment.tag.name, kx::valuesText(assignment));
+    }
+    m_values = written;
+    m_writes = writes;
+    m_fault->hide();
+    open(tr("Write %n values of %1: %2.", nullptr, static_cast<int>(texts.size()))
+             .arg(stationsOf(m_values), listText(texts)),
+         false);
+    return true;
+}
+
+/// @param isTyped whether the value is still to be typed
+void WriteBar::open(const QString& question, bool isTyped)
+{
+    m_question->setText(question);
+    m_edit->setVisible(isTyped);
+    m_edit->setEnabled(!m_values.isEmpty());
+    m_write->setEnabled(!m_writes.isEmpty());
     show();
-    m_edit->setFocus();
+    if (isTyped)
+        m_edit->setFocus();
+    else
+        m_write->setFocus();
+}
+
+/// What is typed as the writes of all values.
+bool WriteBar::parseAll(QString* fault)
+{
+    m_writes.clear();
+    for (const WatchedValue& value : m_values) {
+        kx::TagAssignment assignment;
+        if (!ValueWriter::parse(value, m_edit->text(), &assignment, fault)) {
+            m_writes.clear();
+            return false;
+        }
+        m_writes << qMakePair(value.number, assignment);
+    }
+    return true;
 }
 
 void WriteBar::check()
 {
     QString fault;
-    for (const WatchedValue& value : m_values) {
-        kx::TagAssignment assignment;
-        if (!ValueWriter::parse(value, m_edit->text(), &assignment, &fault))
-            break;
-    }
     const bool isTyped = !m_edit->text().isEmpty();
-    m_write->setEnabled(isTyped && fault.isEmpty() && !m_values.isEmpty());
+    m_writes.clear();
+    if (isTyped)
+        parseAll(&fault);
+    m_write->setEnabled(!m_writes.isEmpty());
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, stateColor(CellState::NotWritten, colors));
     m_fault->setPalette(colors);
-    m_fault->setText(isTyped ? fault : QString());
-    m_fault->setVisible(isTyped && !fault.isEmpty());
+    m_fault->setText(fault);
+    m_fault->setVisible(!fault.isEmpty());
 }
 
 void WriteBar::write()
 {
-    if (!m_write->isEnabled())
+    const QList<QPair<int, kx::TagAssignment>> writes = m_writes;
+    if (writes.isEmpty())
         return;
-    QList<QPair<int, kx::TagAssignment>> writes;
-    for (const WatchedValue& value : m_values) {
-        kx::TagAssignment assignment;
-        QString fault;
-        if (!ValueWriter::parse(value, m_edit->text(), &assignment, &fault))
-            return;
-        writes << qMakePair(value.number, assignment);
-    }
+    finish(); // before the writes tell of themselves
     for (const auto& one : writes)
         m_writer->write(one.first, one.second);
-    finish();
 }
 
 void WriteBar::finish()
 {
     hide();
     m_values.clear();
+    m_writes.clear();
     emit closed();
 }
 

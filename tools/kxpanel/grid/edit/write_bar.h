@@ -2,6 +2,7 @@
 #define KX_KXPANEL_GRID_EDIT_WRITE_BAR_H
 
 #include "kxpanel/machine/machine_events.h"
+#include "panel/files/tag_assignment.h"
 
 #include <QtWidgets/QFrame>
 
@@ -14,8 +15,8 @@ namespace kxpanel
 
 class ValueWriter;
 
-/// Asks, in the page and not above it, before one value is written to several addresses: says to
-/// how many, which and of which stations, and checks the value for each.
+/// Asks, in the page and not above it, before several addresses are written: says how many, which
+/// and of which stations, and checks the value for each.
 class WriteBar : public QFrame
 {
     Q_OBJECT
@@ -25,6 +26,9 @@ public:
 
     /// Shows the bar for these values, those that can be written.
     void ask(const QList<WatchedValue>& values);
+    /// Shows the bar for these values, each with the text of its own.
+    /// @return false and why one of them cannot be written in `*fault`; nothing is shown then
+    bool askEach(const QList<QPair<WatchedValue, QString>>& values, QString* fault);
     /// Writes nothing more and hides.
     void finish();
     QLineEdit* edit() const { return m_edit; }
@@ -38,9 +42,12 @@ protected:
 private:
     void check();
     void write();
+    bool parseAll(QString* fault);
+    void open(const QString& question, bool isTyped);
 
     ValueWriter* m_writer;
     QList<WatchedValue> m_values;
+    QList<QPair<int, kx::TagAssignment>> m_writes; ///< what is asked about, once all is right
     QLabel* m_question;
     QLineEdit* m_edit;
     QLabel* m_fault;

@@ -21,6 +21,10 @@ const qint64 SECOND = 1000;                // milliseconds
 const qint64 MINUTE = 60 * SECOND;
 const qint64 HOUR = 60 * MINUTE;
 
+const char16_t ELLIPSIS = 0x2026;
+const char16_t AT_LEAST = 0x2265;
+const char16_t AT_MOST = 0x2264;
+
 struct StateWords {
     char16_t symbol;
     const char* text;
@@ -31,6 +35,7 @@ const StateWords STATES[] = {
     {0x25CF, QT_TRANSLATE_NOOP("kxpanel::Cell", "ok")},
     {0x25B2, QT_TRANSLATE_NOOP("kxpanel::Cell", "changed")},
     {0x25CB, QT_TRANSLATE_NOOP("kxpanel::Cell", "never read")},
+    {0x25CC, QT_TRANSLATE_NOOP("kxpanel::Cell", "not connected")},
     {0x270E, QT_TRANSLATE_NOOP("kxpanel::Cell", "writing\342\200\246")},
     {0x2713, QT_TRANSLATE_NOOP("kxpanel::Cell", "written")},
     {0x2717, QT_TRANSLATE_NOOP("kxpanel::Cell", "not written")},
@@ -69,6 +74,17 @@ kx::WatchEntry entryOf(const WatchedValue& value, const Reading& reading)
     return entry;
 }
 
+/// "0…90", "≥ 0".
+QString limitsText(const kx::ValueFormat& format)
+{
+    if (format.lowest && format.highest)
+        return format.lowest->text() + QChar(ELLIPSIS) + format.highest->text();
+    if (format.lowest)
+        return QStringLiteral("%1 %2").arg(QChar(AT_LEAST)).arg(format.lowest->text());
+    return format.highest ? QStringLiteral("%1 %2").arg(QChar(AT_MOST)).arg(format.highest->text())
+                          : QString();
+}
+
 bool isUnderWay(const ValueWrite* write)
 {
     return write && (write->phase == ValueWrite::Waiting || write->phase == ValueWrite::Writing);
@@ -82,7 +98,7 @@ bool isNews(const ValueWrite* write, const Reading& reading)
 
 } // namespace
 
-CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 now)
+CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 now, bool isOnline)
 {
     if (isUnderWay(write))
         return CellState::Waiting;
@@ -93,6 +109,8 @@ CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 no
         return CellState::Written;
     if (!isOk)
         return stateOf(reading.state);
+    if (!isOnline)
+        return CellState::Offline;
     const bool isRecent = reading.changedAt > 0 && now - reading.changedAt < SHOWN_AS_CHANGED;
     return isRecent ? CellState::Changed : CellState::Ok;
 }
@@ -128,9 +146,28 @@ QString modbusCellText(const kx::AddressRange& range)
 
 QString formatCellText(const kx::ValueFormat& format)
 {
-    kx::ValueFormat rest = format;
-    rest.unit.clear();
-    return kx::formatText(rest);
+    kx::ValueFormat kind = format;
+    kind.unit.clear();
+    kind.decimals = -1;
+    kind.lowest.reset();
+    kind.highest.reset();
+    QStringList parts = kx::formatText(kind).split(QLatin1Char(','));
+    if (format.decimals >= 0)
+        parts << QString::number(0.0, 'f', format.decimals);
+    parts << limitsText(format);
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
+}
+
+QString intervalText(int milliseconds)
+{
+    if (milliseconds < 0)
+        return QString();
+    if (milliseconds > 0 && milliseconds % MINUTE == 0)
+        return QStringLiteral("%1 min").arg(milliseconds / MINUTE);
+    if (milliseconds > 0 && milliseconds % SECOND == 0)
+        return QStringLiteral("%1 s").arg(milliseconds / SECOND);
+    return QStringLiteral("%1 ms").arg(milliseconds);
 }
 
 QString ageText(const Reading& reading, qint64 now)
@@ -151,6 +188,15 @@ bool isKnownNow(const Reading& reading, const ValueWrite* write)
     if (reading.state != kx::WatchState::Ok || reading.raw.isEmpty() || isUnderWay(write))
         return false;
     return !write || write->phase == ValueWrite::Confirmed || reading.readAt >= write->endedAt;
+}
+
+QString plainToolTip(const QString& text)
+{
+    if (!text.contains(QLatin1Char('<')))
+        return text;
+    QString markup = text.toHtmlEscaped();
+    markup.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
+    return QStringLiteral("<qt>%1</qt>").arg(markup);
 }
 
 bool isSwitch(const kx::Tag& tag)

@@ -12,6 +12,7 @@ enum class CellState {
     Ok,
     Changed, ///< within the last second
     NeverRead,
+    Offline, ///< read once, but no line is open now
     Waiting, ///< to be written, or being written
     Written,
     NotWritten,
@@ -21,7 +22,9 @@ enum class CellState {
 
 /// @param write the value's latest, or null
 /// @param now milliseconds since 1970 in UTC
-CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 now);
+/// @param isOnline whether a line is open
+CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 now,
+                      bool isOnline = true);
 
 /// One character, which tells the states apart without colour.
 QString stateSymbol(CellState state);
@@ -38,8 +41,13 @@ QString rawText(const WatchedValue& value, const Reading& reading);
 /// "coil 1455", "registers 100 to 101".
 QString modbusCellText(const kx::AddressRange& range);
 
-/// The format without its unit, which has a column: "s16*0.1"; of plain values empty.
+/// The format without its unit, which has a column, as people read it: "s16*0.1, 0.00, 0…90" with
+/// two decimals and limits; of plain values empty.
 QString formatCellText(const kx::ValueFormat& format);
+
+/// "500 ms", "10 s", "5 min", as kx::parseInterval() takes it; below 0, of a value without an
+/// interval of its own, empty.
+QString intervalText(int milliseconds);
 
 /// "0.4 s", "12 min", "3 h"; empty when it was never read.
 QString ageText(const Reading& reading, qint64 now);
@@ -47,6 +55,9 @@ QString ageText(const Reading& reading, qint64 now);
 /// Whether the value that is shown is the controller's, as far as anybody can know: it was read,
 /// or confirmed, after all that was sent.
 bool isKnownNow(const Reading& reading, const ValueWrite* write);
+
+/// A tool tip that shows the text as it is: names and comments are no markup.
+QString plainToolTip(const QString& text);
 
 /// Whether the value is 0 or 1 and is shown as a switch.
 bool isSwitch(const kx::Tag& tag);

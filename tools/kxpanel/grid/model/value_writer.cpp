@@ -7,6 +7,8 @@
 
 #include <QtCore/QDateTime>
 
+#include <utility>
+
 namespace kxpanel
 {
 
@@ -23,8 +25,8 @@ bool isOf(const kx::Assignment& assignment, const kx::Tag& tag)
 
 } // namespace
 
-ValueWriter::ValueWriter(const JobStarter& startJob, QObject* parent)
-    : QObject(parent), m_startJob(startJob)
+ValueWriter::ValueWriter(const TagList* tags, const JobStarter& startJob, QObject* parent)
+    : QObject(parent), m_tags(tags), m_startJob(startJob)
 {
 }
 
@@ -54,6 +56,7 @@ void ValueWriter::write(int number, const kx::TagAssignment& assignment)
     m_waiting.enqueue(number);
     ValueWrite write;
     write.assignment = assignment.assignment;
+    write.name = assignment.tag.name;
     write.text = kx::valuesText(assignment);
     m_writes[number] = write;
     emit changed(number);
@@ -67,27 +70,48 @@ const ValueWrite* ValueWriter::writeOf(int number) const
     return write == m_writes.end() ? nullptr : &*write;
 }
 
-void ValueWriter::follow(const TagList& tags)
+void ValueWriter::callOff()
+{
+    for (const int number : QList<int>(m_waiting)) {
+        ValueWrite& write = m_writes[number];
+        write.phase = ValueWrite::Failed;
+        write.reason = tr("called off before it was sent");
+        write.endedAt = QDateTime::currentMSecsSinceEpoch();
+        m_waiting.removeAll(number);
+        emit changed(number);
+        tellEnd(ValueWrite(write));
+    }
+}
+
+void ValueWriter::follow()
 {
     for (const int number : m_writes.keys()) {
-        const WatchedValue* const value = tags.find(number);
-        const ValueWrite& write = m_writes[number];
-        if (value && isOf(write.assignment, value->tag))
-            continue;
-        m_waiting.removeAll(number);
-        m_writes.remove(number);
-        emit changed(number);
+        const WatchedValue* const value = m_tags->find(number);
+        if (!value || !isOf(m_writes[number].assignment, value->tag))
+            forget(number);
     }
+}
+
+void ValueWriter::forget(int number)
+{
+    ValueWrite write = m_writes.take(number);
+    emit changed(number);
+    if (m_waiting.removeAll(number) == 0)
+        return;
+    write.phase = ValueWrite::Failed;
+    write.reason = tr("its row was removed or changed before it was sent");
+    tellEnd(write);
 }
 
 void ValueWriter::writeNext()
 {
     if (m_waiting.isEmpty())
-        return;
+        return tellAllEnded();
     m_writing = m_waiting.dequeue();
     m_ticket = Machine::newTicket();
     ValueWrite& write = m_writes[m_writing];
     write.phase = ValueWrite::Writing;
+    m_underWay = write;
     const kx::Assignment assignment = write.assignment;
     emit changed(m_writing);
     m_startJob(m_ticket, [assignment](kx::Session* session) {
@@ -101,19 +125,33 @@ void ValueWriter::onJobEnded(int ticket, const kx::Failure& failure)
     if (ticket != m_ticket || ticket == 0)
         return;
     m_ticket = 0;
-    const int number = m_writing;
-    const auto write = m_writes.find(number);
-    // Another value may have been asked for meanwhile, and waits.
+    m_underWay.phase = failure.isNone() ? ValueWrite::Confirmed : ValueWrite::Failed;
+    m_underWay.reason = failure.text;
+    m_underWay.endedAt = QDateTime::currentMSecsSinceEpoch();
+    const auto write = m_writes.find(m_writing);
+    // Its value may have gone, or another one may have been asked for, and waits.
     if (write != m_writes.end() && write->phase == ValueWrite::Writing) {
-        write->phase = failure.isNone() ? ValueWrite::Confirmed : ValueWrite::Failed;
-        write->reason = failure.text;
-        write->endedAt = QDateTime::currentMSecsSinceEpoch();
-        const ValueWrite end = *write;
-        emit changed(number);
-        emit ended(number, end);
+        *write = m_underWay;
+        emit changed(m_writing);
     }
+    tellEnd(ValueWrite(m_underWay));
     if (m_ticket == 0)
         writeNext();
+}
+
+void ValueWriter::tellEnd(const ValueWrite& write)
+{
+    if (write.phase == ValueWrite::Confirmed)
+        ++m_written;
+    else
+        m_failed << write;
+    emit ended(write);
+}
+
+void ValueWriter::tellAllEnded()
+{
+    const int written = std::exchange(m_written, 0);
+    emit allEnded(written, std::exchange(m_failed, {}));
 }
 
 } // namespace kxpanel

@@ -22,6 +22,7 @@ struct ValueWrite {
 
     Phase phase = Waiting;
     kx::Assignment assignment;
+    QString name;       ///< of the value, as shown when the write was asked for
     QString text;       ///< as the value will be shown
     QString reason;     ///< why it failed, one line
     qint64 endedAt = 0; ///< milliseconds since 1970 in UTC, when it was confirmed or failed
@@ -37,7 +38,8 @@ public:
     /// Machine::startJob(), or what stands in for it.
     using JobStarter = std::function<void(int ticket, const JobMaker& make)>;
 
-    explicit ValueWriter(const JobStarter& startJob, QObject* parent = nullptr);
+    /// The list outlives the writer.
+    ValueWriter(const TagList* tags, const JobStarter& startJob, QObject* parent = nullptr);
 
     /// Checks a typed value of a tag of one value, without sending anything.
     /// @return false and the reason in `*fault`, in one line with the tag's name in front
@@ -50,9 +52,13 @@ public:
     void write(int number, const kx::TagAssignment& assignment);
     /// Null when there was none.
     const ValueWrite* writeOf(int number) const;
-    /// Forgets writes of values that have gone or have other registers now; those that wait are not
-    /// sent.
-    void follow(const TagList& tags);
+    /// How many wait for their turn.
+    int waiting() const { return static_cast<int>(m_waiting.size()); }
+    /// Sends none of those that wait; they have failed.
+    void callOff();
+    /// Forgets writes of values that have gone or have other registers now. Those that wait are not
+    /// sent and have failed; the one under way goes on, and its end is told.
+    void follow();
 
 public slots:
     void onJobEnded(int ticket, const kx::Failure& failure);
@@ -60,17 +66,28 @@ public slots:
 signals:
     /// writeOf() is another.
     void changed(int number);
-    /// A write has ended, well or not.
-    void ended(int number, const kxpanel::ValueWrite& write);
+    /// A write has ended, well or not, also one of a value that has gone.
+    void ended(const kxpanel::ValueWrite& write);
+    /// None is under way and none waits any more.
+    /// @param written how many have succeeded since that was so before
+    /// @param failed the others
+    void allEnded(int written, const QList<kxpanel::ValueWrite>& failed);
 
 private:
     void writeNext();
+    void forget(int number);
+    void tellEnd(const ValueWrite& write);
+    void tellAllEnded();
 
+    const TagList* m_tags;
     JobStarter m_startJob;
     QQueue<int> m_waiting;           ///< numbers of values
     QHash<int, ValueWrite> m_writes; ///< by number of the value
     int m_ticket = 0;                ///< of the write under way; 0: none
     int m_writing = 0;               ///< number of its value
+    ValueWrite m_underWay;           ///< the write itself, which outlives its value
+    int m_written = 0;               ///< since none was under way
+    QList<ValueWrite> m_failed;      ///< the same
 };
 
 } // namespace kxpanel

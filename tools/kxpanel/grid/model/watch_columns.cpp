@@ -27,6 +27,11 @@ const ColumnText COLUMNS[] = {
      false},
     {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Age"),
      QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Time since the last good read"), true},
+    {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Every"),
+     QT_TRANSLATE_NOOP("kxpanel::WatchModel",
+                       "Time from one read to the next, such as 500 ms or 10 s; empty: in each "
+                       "cycle (F2 edits)"),
+     true},
     {QT_TRANSLATE_NOOP("kxpanel::WatchModel", "Format"),
      QT_TRANSLATE_NOOP("kxpanel::WatchModel", "What the registers mean, such as s16*0.1 or float"),
      false},

@@ -65,12 +65,13 @@ bool WatchFilter::filterAcceptsRow(int row, const QModelIndex&) const
 
 bool WatchFilter::fitsState(int row) const
 {
-    if (m_states == StateFilter::All)
+    if (m_states == StateFilter::All || m_model->numberAt(row) == m_kept)
         return true;
     switch (m_model->stateAt(row)) {
     case CellState::NoAnswer:
     case CellState::Refused:
     case CellState::NotWritten:
+    case CellState::Offline:
         return m_states == StateFilter::Attention;
     case CellState::Changed:
     case CellState::Written:

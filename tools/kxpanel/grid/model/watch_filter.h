@@ -32,6 +32,9 @@ public:
     /// Looks at the states again, where the filter asks for some.
     void refreshStates();
 
+    /// Lets the row of a value through whatever its state is, while somebody edits it; 0: none.
+    void keep(int number) { m_kept = number; }
+
     /// By numbers where the column has some; -1: the list's order. What has none goes last.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
@@ -53,6 +56,7 @@ private:
     QString m_type;
     QVector<QVariant> m_keys; ///< of the model's rows while they are being sorted
     Qt::SortOrder m_order = Qt::AscendingOrder;
+    int m_kept = 0; ///< number of a value
 };
 
 } // namespace kxpanel

@@ -19,8 +19,8 @@ namespace
 bool isEditable(int column)
 {
     return column == WatchModel::Name || column == WatchModel::Address
-           || column == WatchModel::Value || column == WatchModel::Format
-           || column == WatchModel::Comment;
+           || column == WatchModel::Value || column == WatchModel::Every
+           || column == WatchModel::Format || column == WatchModel::Comment;
 }
 
 } // namespace
@@ -61,7 +61,7 @@ int WatchModel::rowOf(int number) const
 CellState WatchModel::stateAt(int row) const
 {
     const int number = numberAt(row);
-    return cellStateOf(m_tags->reading(number), m_writer->writeOf(number), m_now());
+    return cellStateOf(m_tags->reading(number), m_writer->writeOf(number), m_now(), m_isOnline);
 }
 
 QVariant WatchModel::data(const QModelIndex& index, int role) const
@@ -75,7 +75,7 @@ QVariant WatchModel::data(const QModelIndex& index, int role) const
     case Qt::EditRole:
         return editTextOf(*value, index.column());
     case Qt::ToolTipRole:
-        return toolTipOf(*value, index.column());
+        return plainToolTip(toolTipOf(*value, index.column()));
     case Qt::TextAlignmentRole:
         return static_cast<int>(
             Qt::AlignVCenter
@@ -113,11 +113,13 @@ QString WatchModel::textOf(const WatchedValue& value, int column) const
     case Unit:
         return tag.format.unit;
     case State: {
-        const CellState state = cellStateOf(reading, write, m_now());
+        const CellState state = cellStateOf(reading, write, m_now(), m_isOnline);
         return stateSymbol(state) + QLatin1Char(' ') + stateText(state, write);
     }
     case Age:
         return ageText(reading, m_now());
+    case Every:
+        return intervalText(tag.interval);
     case Format:
         return formatCellText(tag.format);
     case Raw:
@@ -201,6 +203,9 @@ QVariant WatchModel::sortKey(int row, int column) const
         return static_cast<double>(stateAt(row));
     case Age:
         return reading.readAt == 0 ? QVariant() : QVariant(-static_cast<double>(reading.readAt));
+    case Every:
+        return value->tag.interval < 0 ? QVariant()
+                                       : QVariant(static_cast<double>(value->tag.interval));
     case Modbus:
         return static_cast<double>(modbusNumber(range.type, range.address));
     default:
@@ -213,6 +218,14 @@ void WatchModel::refresh(int firstRow, int lastRow)
     const int last = qMin(lastRow, rowCount() - 1);
     if (firstRow >= 0 && firstRow <= last)
         emit dataChanged(index(firstRow, 0), index(last, ColumnCount - 1));
+}
+
+void WatchModel::setOnline(bool isOnline)
+{
+    if (m_isOnline == isOnline)
+        return;
+    m_isOnline = isOnline;
+    refresh(0, rowCount() - 1);
 }
 
 void WatchModel::onWriteChanged(int number)

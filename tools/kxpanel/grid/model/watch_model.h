@@ -30,6 +30,7 @@ public:
         Unit,
         State,
         Age,
+        Every,
         Format,
         Raw,
         Modbus,
@@ -81,6 +82,10 @@ public:
     /// What was read of these rows may be other, and their ages are.
     void refresh(int firstRow, int lastRow);
 
+    /// Whether a line is open; without one nothing that was read counts as known.
+    bool isOnline() const { return m_isOnline; }
+    void setOnline(bool isOnline);
+
     /// For tests; else the system's.
     void setClock(const std::function<qint64()>& milliseconds) { m_now = milliseconds; }
 
@@ -107,6 +112,7 @@ private:
     QUndoStack* m_undo;
     QVector<int> m_numbers; ///< of the rows that views know
     std::function<qint64()> m_now;
+    bool m_isOnline = true; ///< until somebody says otherwise
 };
 
 } // namespace kxpanel

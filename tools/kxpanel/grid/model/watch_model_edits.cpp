@@ -4,6 +4,7 @@
 #include "kxpanel/tags/tag_list.h"
 #include "kxpanel/tags/tag_names.h"
 #include "kxpanel/tags/tag_text.h"
+#include "panel/text/duration.h"
 #include "panel/values/format_text.h"
 #include "panel/values/value_address.h"
 
@@ -61,6 +62,19 @@ bool parseFormat(const QString& typed, kx::Tag* tag, QString* fault)
     return false;
 }
 
+/// Nothing: none of its own.
+bool parseEvery(const QString& typed, kx::Tag* tag, QString* fault)
+{
+    tag->interval = -1;
+    if (typed.isEmpty() || kx::parseInterval(typed, &tag->interval))
+        return true;
+    *fault =
+        kx::faultyText(typed, QCoreApplication::translate(
+                                  "kxpanel::WatchModel",
+                                  "must be a time from 0 to 1440min, such as 500ms, 10s or 5min"));
+    return false;
+}
+
 QByteArray numbersText(const QList<int>& numbers)
 {
     QByteArray text;
@@ -84,7 +98,6 @@ QList<int> numbersOf(const QByteArray& text)
 /// What becomes of an edit that is right.
 struct WatchModel::Edit {
     kx::Tag tag;
-    TagPart part = TagPart::Name;
     kx::TagAssignment assignment; ///< of the value's column
 };
 
@@ -100,14 +113,13 @@ bool WatchModel::parseEdit(const WatchedValue& value, int column, const QString&
         return fault->isEmpty();
     case Comment:
         edit->tag.comment = text.simplified();
-        edit->part = TagPart::Comment;
         return true;
     case Address:
-        edit->part = TagPart::Address;
         return parseAddress(text.trimmed(), &edit->tag, fault);
     case Format:
-        edit->part = TagPart::Format;
         return parseFormat(text.trimmed(), &edit->tag, fault);
+    case Every:
+        return parseEvery(text.trimmed(), &edit->tag, fault);
     case Value:
         return ValueWriter::parse(value, text, &edit->assignment, fault);
     default:
@@ -139,7 +151,7 @@ bool WatchModel::setData(const QModelIndex& index, const QVariant& text, int rol
     if (index.column() == Value)
         m_writer->write(value->number, edit.assignment);
     else if (text.toString() != editTextOf(*value, index.column()).toString())
-        m_undo->push(new EditTag(m_tags, *value, edit.tag, edit.part));
+        m_undo->push(new EditTag(m_tags, *value, edit.tag));
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "kxpanel/grid/model/cell_texts.h"
 
+#include "panel/text/duration.h"
 #include "tools/kxpanel/tag_samples.h"
 
 using namespace kxpanel;
@@ -42,6 +43,7 @@ class CellTextsTest : public QObject
 private slots:
     void states_data();
     void states();
+    void withoutALineNothingIsOk();
     void everyStateHasASymbolOfItsOwn();
     void values_data();
     void values();
@@ -49,6 +51,11 @@ private slots:
     void whatIsKnownNow();
     void registersAndNumbers_data();
     void registersAndNumbers();
+    void formats_data();
+    void formats();
+    void intervals_data();
+    void intervals();
+    void tipsAreNoMarkup();
     void ages_data();
     void ages();
 };
@@ -79,6 +86,21 @@ void CellTextsTest::states_data()
     row("not written some time ago", ok, {writeOf(ValueWrite::Failed, 10000)}, "ok");
 }
 
+void CellTextsTest::withoutALineNothingIsOk()
+{
+    const auto state = [](const Reading& reading, const ValueWrite* write) {
+        return stateText(cellStateOf(reading, write, NOW, false), write);
+    };
+    const ValueWrite waiting = writeOf(ValueWrite::Waiting);
+    const ValueWrite written = writeOf(ValueWrite::Confirmed, 100);
+    QCOMPARE(state(changedAgo(100), nullptr), QStringLiteral("not connected"));
+    QCOMPARE(state(changedAgo(5000), nullptr), QStringLiteral("not connected"));
+    QCOMPARE(state(changedAgo(5000), &written), QStringLiteral("written"));
+    QCOMPARE(state(changedAgo(5000), &waiting), QString::fromUtf8("writing\u2026"));
+    QCOMPARE(state(Reading(), nullptr), QStringLiteral("never read"));
+    QCOMPARE(state(failed(kx::WatchState::NoAnswer, {5}), nullptr), QStringLiteral("no answer"));
+}
+
 void CellTextsTest::states()
 {
     QFETCH(Reading, reading);
@@ -92,7 +114,7 @@ void CellTextsTest::everyStateHasASymbolOfItsOwn()
     QSet<QString> symbols;
     for (int state = 0; state <= static_cast<int>(CellState::NoAnswer); ++state)
         symbols.insert(stateSymbol(static_cast<CellState>(state)));
-    QCOMPARE(symbols.size(), 8);
+    QCOMPARE(symbols.size(), 9);
     const ValueWrite waiting = writeOf(ValueWrite::Waiting);
     QVERIFY(cellStateOf(Reading(), &waiting, NOW) == CellState::Waiting);
 }
@@ -193,6 +215,60 @@ void CellTextsTest::registersAndNumbers()
     QTEST(modbusCellText(value.tag.range), "modbus");
     QTEST(formatCellText(value.tag.format), "format");
     QTEST(isSwitch(value.tag), "switched");
+}
+
+void CellTextsTest::formats_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char* name, const char* address, const char* text) {
+        QTest::newRow(name) << QString::fromLatin1(address) << QString::fromUtf8(text);
+    };
+    row("plain", "D0", "");
+    row("plain with a unit", "D0/,unit=rpm", "");
+    row("plain with limits", "D0/,min=0,max=1500,unit=rpm", "0\u20261500");
+    row("a lowest value alone", "D0/s16,min=-5", "s16, \u2265 -5");
+    row("a highest value alone", "D0/s16,max=5", "s16, \u2264 5");
+    row("scaled, with decimals", "D0/s16*0.1+5,decimals=2", "s16*0.1+5, 0.00");
+    row("scaled to whole numbers", "D0/s16*10,decimals=0", "s16*10, 0");
+    row("order of registers", "D0/u32,high,swapped,min=1,max=9", "u32, high, swapped, 1\u20269");
+    row("an order that is the usual one", "D0/float,low", "float, low");
+    row("a bit of a word", "D0.5", "");
+}
+
+void CellTextsTest::formats()
+{
+    QFETCH(QString, address);
+    QTEST(formatCellText(tagOf(qPrintable(address)).format), "text");
+}
+
+void CellTextsTest::intervals_data()
+{
+    QTest::addColumn<int>("milliseconds");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("none of its own") << -1 << "";
+    QTest::newRow("in each cycle") << 0 << "0 ms";
+    QTest::newRow("milliseconds") << 1500 << "1500 ms";
+    QTest::newRow("seconds") << 90000 << "90 s";
+    QTest::newRow("minutes") << 120000 << "2 min";
+    QTest::newRow("a day") << 86400000 << "1440 min";
+}
+
+void CellTextsTest::intervals()
+{
+    QFETCH(int, milliseconds);
+    const QString text = intervalText(milliseconds);
+    QTEST(text, "text");
+    int again = -1;
+    QCOMPARE(kx::parseInterval(text, &again), milliseconds >= 0);
+    QCOMPARE(again, milliseconds);
+}
+
+void CellTextsTest::tipsAreNoMarkup()
+{
+    QCOMPARE(plainToolTip(QStringLiteral("5 > 3 & 2")), QStringLiteral("5 > 3 & 2"));
+    QCOMPARE(plainToolTip(QStringLiteral("<b>a</b>\nc")),
+             QStringLiteral("<qt>&lt;b&gt;a&lt;/b&gt;<br>c</qt>"));
 }
 
 void CellTextsTest::ages_data()

@@ -34,6 +34,9 @@ private slots:
     void aValueTypedWhileItIsWrittenWaits();
     void endsOfOtherJobsAreNoEnd();
     void forgetsWhatHasGoneOrIsOther();
+    void tellsTheEndOfWhatHasGone();
+    void tellsWhenAllHaveEnded();
+    void callsOffWhatWaits();
 
 private:
     void write(int number, const char* typed);
@@ -50,7 +53,8 @@ void ValueWriterTest::init()
                       {2, tagOf("D100/s16*0.1,min=0,max=16", "Pressure")},
                       {3, tagOf("D120.5")}});
     m_tickets.clear();
-    m_writer.reset(new ValueWriter([this](int ticket, const JobMaker&) { m_tickets << ticket; }));
+    m_writer.reset(
+        new ValueWriter(&m_tags, [this](int ticket, const JobMaker&) { m_tickets << ticket; }));
 }
 
 void ValueWriterTest::write(int number, const char* typed)
@@ -193,13 +197,68 @@ void ValueWriterTest::forgetsWhatHasGoneOrIsOther()
     renamed.name = QStringLiteral("Alarm");
     m_tags.replace(3, renamed);
     m_tags.replace(1, tagOf("D1"));
-    m_writer->follow(m_tags);
+    m_writer->follow();
     QVERIFY(!m_writer->writeOf(1));
     QVERIFY(!m_writer->writeOf(2));
     m_writer->onJobEnded(m_tickets.at(0), kx::Failure()); // of D0, which nobody watches
     QVERIFY(!m_writer->writeOf(1));
     QCOMPARE(m_tickets.size(), 2);
     QCOMPARE(phase(3), ValueWrite::Writing);
+}
+
+void ValueWriterTest::tellsTheEndOfWhatHasGone()
+{
+    QStringList ends;
+    connect(m_writer.get(), &ValueWriter::ended, this, [&ends](const ValueWrite& write) {
+        ends << write.name + QLatin1Char('=') + write.text + QLatin1String(": ") + write.reason;
+    });
+    write(1, "5");
+    write(2, "1");
+    m_tags.remove({1, 2});
+    m_writer->follow();
+    QCOMPARE(ends, QStringList{"Pressure=1.0: its row was removed or changed before it was sent"});
+    m_writer->onJobEnded(m_tickets.at(0), noReply());
+    QCOMPARE(ends.value(1), QStringLiteral("Speed=5: no reply"));
+    QCOMPARE(m_tickets.size(), 1);
+}
+
+void ValueWriterTest::tellsWhenAllHaveEnded()
+{
+    QStringList ends;
+    connect(m_writer.get(), &ValueWriter::allEnded, this,
+            [&ends](int written, const QList<ValueWrite>& failed) {
+                QStringList names = {QString::number(written)};
+                for (const ValueWrite& write : failed)
+                    names << write.name;
+                ends << names.join(QLatin1Char(' '));
+            });
+    write(1, "5");
+    write(2, "1");
+    write(3, "1");
+    m_writer->onJobEnded(m_tickets.at(0), noReply());
+    m_writer->onJobEnded(m_tickets.at(1), kx::Failure());
+    QCOMPARE(ends, QStringList());
+    m_writer->onJobEnded(m_tickets.at(2), noReply());
+    QCOMPARE(ends, QStringList{"1 Speed D120.5"});
+    write(1, "5");
+    m_writer->onJobEnded(m_tickets.at(3), kx::Failure());
+    QCOMPARE(ends.last(), QStringLiteral("1"));
+}
+
+void ValueWriterTest::callsOffWhatWaits()
+{
+    write(1, "5");
+    write(2, "1");
+    write(3, "1");
+    QCOMPARE(m_writer->waiting(), 2);
+    m_writer->callOff();
+    QCOMPARE(m_writer->waiting(), 0);
+    QCOMPARE(phase(1), ValueWrite::Writing); // it is on the line
+    QCOMPARE(phase(2), ValueWrite::Failed);
+    QCOMPARE(m_writer->writeOf(3)->reason, QStringLiteral("called off before it was sent"));
+    m_writer->onJobEnded(m_tickets.at(0), kx::Failure());
+    QCOMPARE(phase(1), ValueWrite::Confirmed);
+    QCOMPARE(m_tickets.size(), 1);
 }
 
 QTEST_GUILESS_MAIN(ValueWriterTest)

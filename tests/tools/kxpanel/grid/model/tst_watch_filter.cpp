@@ -30,7 +30,7 @@ private:
 
     TagList m_tags;
     QUndoStack m_undo;
-    ValueWriter m_writer{[](int, const JobMaker&) {}};
+    ValueWriter m_writer{&m_tags, [](int, const JobMaker&) {}};
     std::unique_ptr<WatchModel> m_model;
     std::unique_ptr<WatchFilter> m_filter;
 };

@@ -29,6 +29,8 @@ private slots:
     void rowsComeAndGoInRuns();
     void draggedRowsMove();
     void whatIsDraggedIsTextToo();
+    void intervalsAreEdited();
+    void withoutALineNothingIsOk();
     void keys();
 
 private:
@@ -55,7 +57,7 @@ void WatchModelTest::init()
                       {2, tagOf("X17@2")},
                       {3, tagOf("D120.5", "Alarm")},
                       {4, tagOf("D0", "Speed")}});
-    m_writer.reset(new ValueWriter([this](int, const JobMaker&) { ++m_jobs; }));
+    m_writer.reset(new ValueWriter(&m_tags, [this](int, const JobMaker&) { ++m_jobs; }));
     m_model.reset(new WatchModel(&m_tags, m_writer.get(), &m_undo));
     m_model->setClock([]() { return qint64(5000); });
     new QAbstractItemModelTester(
@@ -71,8 +73,8 @@ void WatchModelTest::cells()
 {
     m_tags.takeReadings({readingOf(1, {125}, 4600)});
     const QStringList expected = {
-        "Pressure", "1",       "D100",   "12.5",         "bar", QString::fromUtf8("\u25CF ok"),
-        "0.4 s",    "s16*0.1", "0x007D", "register 100", ""};
+        "Pressure", "1", "D100",    "12.5",   "bar",          QString::fromUtf8("\u25CF ok"),
+        "0.4 s",    "",  "s16*0.1", "0x007D", "register 100", ""};
     for (int column = 0; column < WatchModel::ColumnCount; ++column)
         QCOMPARE(text(0, column), expected.at(column));
     QCOMPARE(text(1, WatchModel::Station), QStringLiteral("2"));
@@ -143,6 +145,7 @@ void WatchModelTest::wrongEditsSayWhy_data()
     row("a name that is taken", 0, WatchModel::Name, "Speed", "the name 'Speed' is taken");
     row("an unknown format", 0, WatchModel::Format, "real", "real: unknown format 'real'");
     row("a format of a bit", 2, WatchModel::Format, "float", "float: one bit of a word");
+    row("no time", 0, WatchModel::Every, "soon", "soon: must be a time from 0 to 1440min");
     row("an address past the end", 0, WatchModel::Address, "D9999", "D9999: out of range");
     row("several for one row", 0, WatchModel::Address, "D0:4", "D0:4: a row has one value");
     row("a value that does not fit", 3, WatchModel::Value, "70000", "Speed=70000: 70000 does not");
@@ -240,6 +243,32 @@ void WatchModelTest::whatIsDraggedIsTextToo()
     QVERIFY(parseTagsText(data->text(), 1, &tags, &fault));
     QCOMPARE(tags.size(), 1);
     QCOMPARE(tags.first().name, QStringLiteral("Pressure"));
+}
+
+void WatchModelTest::intervalsAreEdited()
+{
+    QCOMPARE(text(0, WatchModel::Every), QString());
+    QVERIFY(edit(0, WatchModel::Every, "10s"));
+    QCOMPARE(m_tags.values().at(0).tag.interval, 10000);
+    QCOMPARE(text(0, WatchModel::Every), QStringLiteral("10 s"));
+    QCOMPARE(m_model->sortKey(0, WatchModel::Every), QVariant(10000.0));
+    QVERIFY(!m_model->sortKey(1, WatchModel::Every).isValid());
+    QVERIFY(edit(0, WatchModel::Every, ""));
+    QCOMPARE(m_tags.values().at(0).tag.interval, -1);
+    m_undo.undo();
+    QCOMPARE(m_tags.values().at(0).tag.interval, 10000);
+}
+
+void WatchModelTest::withoutALineNothingIsOk()
+{
+    m_tags.takeReadings({readingOf(1, {125}, 4600)});
+    QSignalSpy changed(m_model.get(), &WatchModel::dataChanged);
+    m_model->setOnline(false);
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(text(0, WatchModel::State), QString::fromUtf8("\u25CC not connected"));
+    QCOMPARE(text(0, WatchModel::Value), QStringLiteral("12.5")); // with its age
+    m_model->setOnline(true);
+    QCOMPARE(text(0, WatchModel::State), QString::fromUtf8("\u25CF ok"));
 }
 
 void WatchModelTest::keys()

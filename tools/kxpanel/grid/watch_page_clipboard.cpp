@@ -1,0 +1,90 @@
+// Copy and paste, from and to spreadsheets.
+
+#include "kxpanel/grid/edit/add_line.h"
+#include "kxpanel/grid/edit/write_bar.h"
+#include "kxpanel/grid/model/cell_values.h"
+#include "kxpanel/grid/model/watch_model.h"
+#include "kxpanel/grid/watch_page.h"
+#include "kxpanel/grid/watch_table.h"
+#include "kxpanel/tags/tag_list.h"
+#include "kxpanel/tags/tag_text.h"
+
+#include <QtCore/QLocale>
+#include <QtGui/QClipboard>
+#include <QtWidgets/QApplication>
+
+namespace kxpanel
+{
+
+void WatchPage::copySelected()
+{
+    QList<kx::Tag> tags;
+    for (const int number : m_table->selectedNumbers())
+        tags << m_context.tags->find(number)->tag;
+    if (!tags.isEmpty())
+        QApplication::clipboard()->setText(tagsText(tags));
+}
+
+void WatchPage::copyShown()
+{
+    if (!m_table->selectedNumbers().isEmpty())
+        QApplication::clipboard()->setText(m_table->selectedText());
+}
+
+void WatchPage::cutSelected()
+{
+    copySelected();
+    removeSelected();
+}
+
+/// Rows behind the current one, or at the end; on cells of values what is no address are values.
+void WatchPage::paste()
+{
+    const QString text = QApplication::clipboard()->text();
+    QList<kx::Tag> tags;
+    QString fault;
+    if (parseTagsText(text, m_addLine->station(), &tags, &fault))
+        addTags(tags, qMin(m_table->currentModelRow() + 1, m_model->rowCount()));
+    else if (m_table->currentIndex().column() != WatchModel::Value || !pasteValues(text))
+        say(tr("Nothing pasted: %1").arg(fault), true);
+}
+
+/// False when the text looks like no values.
+bool WatchPage::pasteValues(const QString& text)
+{
+    QString fault;
+    if (askToPaste(text, &fault))
+        return true;
+    const bool isMeant = looksLikeNumber(text.trimmed());
+    if (isMeant)
+        say(tr("Nothing pasted: %1").arg(fault), true);
+    return isMeant;
+}
+
+bool WatchPage::askToPaste(const QString& text, QString* fault)
+{
+    QStringList texts;
+    if (!parseColumn(text, &texts, fault))
+        return false;
+    const int count = static_cast<int>(texts.size());
+    QList<QPair<WatchedValue, QString>> values;
+    for (const int number : rowsForValues(count)) {
+        const WatchedValue& value = *m_context.tags->find(number);
+        const QString& cell = texts.at(count == 1 ? 0 : static_cast<int>(values.size()));
+        values << qMakePair(value, typedValue(value.tag, cell, QLocale()));
+    }
+    *fault = tr("%n values for other rows: select as many, or the first of them", nullptr, count);
+    return !values.isEmpty() && m_writeBar->askEach(values, fault);
+}
+
+/// Numbers of the values that so many are meant for: one for all that are selected, one for each,
+/// or from the selected row downwards; none when that does not come out even.
+QList<int> WatchPage::rowsForValues(int values) const
+{
+    const QList<int> selected = m_table->selectedNumbers();
+    if (values == 1 || values == selected.size())
+        return selected;
+    return selected.size() == 1 ? m_table->numbersFrom(selected.first(), values) : QList<int>();
+}
+
+} // namespace kxpanel
