@@ -123,9 +123,18 @@ void WatchTable::select(const QList<int>& numbers)
         return;
     const QModelIndex first = cells.first();
     selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    clearSelection(); // see selectAll()
     selectionModel()->select(inRuns(cells),
-                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+                             QItemSelectionModel::Select | QItemSelectionModel::Rows);
     scrollTo(first);
+}
+
+/// The selection model compares each range before with each one after, which takes seconds when
+/// thousands of rows were selected and then sorted apart.
+void WatchTable::selectAll()
+{
+    clearSelection();
+    QTableView::selectAll();
 }
 
 QModelIndex WatchTable::cellOf(int number) const

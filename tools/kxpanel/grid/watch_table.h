@@ -25,6 +25,7 @@ public:
     void select(const QList<int>& numbers);
     /// Numbers of so many rows, from the value's downwards; none when there are fewer.
     QList<int> numbersFrom(int number, int count) const;
+    void selectAll() override;
     /// The value's cell of values; an invalid index when the filter hides its row.
     QModelIndex cellOf(int number) const;
     /// Row of the model of the current cell; past the last one when there is none.

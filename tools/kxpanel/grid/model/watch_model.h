@@ -103,6 +103,7 @@ private:
     QString toolTipOf(const WatchedValue& value, int column) const;
     void onValuesChanged();
     void removeGone();
+    int runsGone() const;
     void reorder();
     void insertNew();
     void onWriteChanged(int number);

@@ -5,8 +5,17 @@
 
 #include <QtCore/QSet>
 
+#include <algorithm>
+
 namespace kxpanel
 {
+
+namespace
+{
+
+const int MOST_RUNS = 100; // of rows that go at once
+
+} // namespace
 
 void WatchModel::onValuesChanged()
 {
@@ -16,9 +25,18 @@ void WatchModel::onValuesChanged()
     refresh(0, rowCount() - 1);
 }
 
-/// In runs from the end, as people select them.
+/// In runs from the end, as people select them; of very many views begin anew, since each run
+/// takes them as long as all rows.
 void WatchModel::removeGone()
 {
+    if (runsGone() > MOST_RUNS) {
+        beginResetModel();
+        const auto isGone = [this](int number) { return !m_tags->find(number); };
+        m_numbers.erase(std::remove_if(m_numbers.begin(), m_numbers.end(), isGone),
+                        m_numbers.end());
+        endResetModel();
+        return;
+    }
     for (int last = rowCount() - 1; last >= 0; --last) {
         if (valueAt(last))
             continue;
@@ -30,6 +48,14 @@ void WatchModel::removeGone()
         endRemoveRows();
         last = first;
     }
+}
+
+int WatchModel::runsGone() const
+{
+    int runs = 0;
+    for (int row = 0; row < rowCount(); ++row)
+        runs += !valueAt(row) && (row == 0 || valueAt(row - 1)) ? 1 : 0;
+    return runs;
 }
 
 void WatchModel::reorder()

@@ -27,6 +27,7 @@ private slots:
     void inputsCannotBeEdited();
     void selectionsStayWithTheirRows();
     void rowsComeAndGoInRuns();
+    void veryManyRunsGoAtOnce();
     void draggedRowsMove();
     void whatIsDraggedIsTextToo();
     void intervalsAreEdited();
@@ -220,6 +221,24 @@ void WatchModelTest::rowsComeAndGoInRuns()
         QCOMPARE(m_model->numberAt(row), row + 1);
     QCOMPARE(m_model->rowOf(4), 3);
     QCOMPARE(m_model->rowOf(77), -1);
+}
+
+void WatchModelTest::veryManyRunsGoAtOnce()
+{
+    const QList<int> numbers = m_tags.insert(4, {tagOf("D1000:220")});
+    QList<int> everySecond;
+    for (int i = 0; i < 220; i += 2)
+        everySecond << numbers.at(i);
+    QSignalSpy removed(m_model.get(), &WatchModel::rowsRemoved);
+    QSignalSpy reset(m_model.get(), &WatchModel::modelReset);
+    m_undo.push(new RemoveTags(&m_tags, everySecond));
+    QCOMPARE(removed.size(), 0);
+    QCOMPARE(reset.size(), 1);
+    QCOMPARE(m_model->rowCount(), 4 + 110);
+    QCOMPARE(m_model->numberAt(4), numbers.at(1));
+    m_undo.undo();
+    QCOMPARE(m_model->rowCount(), 4 + 220);
+    QCOMPARE(m_model->numberAt(223), numbers.at(219));
 }
 
 void WatchModelTest::draggedRowsMove()
