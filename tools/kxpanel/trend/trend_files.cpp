@@ -1,5 +1,6 @@
 #include "kxpanel/trend/trend_files.h"
 
+#include "kxpanel/trend/files/trend_file_writer.h"
 #include "kxpanel/trend/model/trend_text.h"
 #include "kxpanel/trend/plot/trend_picture.h"
 

@@ -1,8 +1,8 @@
 #ifndef KX_KXPANEL_TREND_TREND_FILES_H
 #define KX_KXPANEL_TREND_TREND_FILES_H
 
+#include "kxpanel/trend/files/trend_file_reader.h"
 #include "kxpanel/trend/model/trend_channels.h"
-#include "kxpanel/trend/model/trend_file.h"
 #include "kxpanel/trend/model/trend_legend.h"
 #include "kxpanel/trend/model/trend_view.h"
 

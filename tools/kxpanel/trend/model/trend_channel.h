@@ -1,7 +1,7 @@
 #ifndef KX_KXPANEL_TREND_MODEL_TREND_CHANNEL_H
 #define KX_KXPANEL_TREND_MODEL_TREND_CHANNEL_H
 
-#include "kxpanel/trend/model/trend_store.h"
+#include "kxpanel/trend/history/trend_store.h"
 
 #include <QtCore/QString>
 

@@ -1,7 +1,7 @@
 #include "kxpanel/trend/plot/trend_curves.h"
 
+#include "kxpanel/trend/history/trend_outline.h"
 #include "kxpanel/trend/model/trend_colours.h"
-#include "kxpanel/trend/model/trend_outline.h"
 
 #include <QtCore/QtMath>
 

@@ -1,12 +1,12 @@
 #include "kxpanel/trend/plot/trend_plot.h"
 
 #include "kxpanel/trend/plot/trend_lanes.h"
+#include "kxpanel/trend/plot/trend_scales.h"
 
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QFrame>
 
-#include <qwt_date_scale_draw.h>
 #include <qwt_date_scale_engine.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_layout.h>
@@ -38,20 +38,6 @@ int indexOf(TrendSide side)
 TrendAxis trendAxisOf(TrendSide side)
 {
     return side == TrendSide::Left ? TrendAxis::Left : TrendAxis::Right;
-}
-
-/// Local times, the date where it is new.
-QwtDateScaleDraw* timeScale()
-{
-    QwtDateScaleDraw* draw = new QwtDateScaleDraw(Qt::LocalTime);
-    draw->setDateFormat(QwtDate::Millisecond, QStringLiteral("hh:mm:ss.zzz"));
-    draw->setDateFormat(QwtDate::Second, QStringLiteral("hh:mm:ss"));
-    draw->setDateFormat(QwtDate::Minute, QStringLiteral("hh:mm"));
-    draw->setDateFormat(QwtDate::Hour, QStringLiteral("hh:mm\nyyyy-MM-dd"));
-    draw->setDateFormat(QwtDate::Day, QStringLiteral("yyyy-MM-dd"));
-    draw->setDateFormat(QwtDate::Week, QStringLiteral("yyyy-MM-dd"));
-    draw->setDateFormat(QwtDate::Month, QStringLiteral("yyyy-MM"));
-    return draw;
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "kxpanel/trend/model/trend_store.h"
+#include "kxpanel/trend/history/trend_store.h"
 
 #include <QtTest/QTest>
 

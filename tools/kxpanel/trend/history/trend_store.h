@@ -1,8 +1,8 @@
-#ifndef KX_KXPANEL_TREND_MODEL_TREND_STORE_H
-#define KX_KXPANEL_TREND_MODEL_TREND_STORE_H
+#ifndef KX_KXPANEL_TREND_HISTORY_TREND_STORE_H
+#define KX_KXPANEL_TREND_HISTORY_TREND_STORE_H
 
-#include "kxpanel/trend/model/ring.h"
-#include "kxpanel/trend/model/trend_sample.h"
+#include "kxpanel/trend/history/ring.h"
+#include "kxpanel/trend/history/trend_sample.h"
 
 #include <QtCore/QVector>
 

@@ -1,6 +1,5 @@
-/// What a plot shows as a recording, and a recording as what a plot shows.
-#ifndef KX_KXPANEL_TREND_MODEL_TREND_FILE_H
-#define KX_KXPANEL_TREND_MODEL_TREND_FILE_H
+#ifndef KX_KXPANEL_TREND_FILES_TREND_FILE_READER_H
+#define KX_KXPANEL_TREND_FILES_TREND_FILE_READER_H
 
 #include "kxpanel/trend/model/trend_channel.h"
 #include "recording/recording_reader.h"
@@ -10,20 +9,6 @@
 
 namespace kxpanel
 {
-
-struct TrendRange {
-    qint64 from = 0; ///< milliseconds since 1970 in UTC
-    qint64 to = 0;   ///< the same, just behind it
-};
-
-/// Writes what the channels that are shown were in a range, with what held at its beginning, as a
-/// recording that the name's suffix tells; a file that is there is replaced as a whole.
-/// @param now until when the newest values hold
-/// @param isThinned whether part of it is so old that only the first, last, lowest and highest of
-///        several reads are left
-/// @return false and one line in `*error`
-bool writeTrend(const QString& path, const QList<TrendChannel>& channels, const TrendRange& range,
-                qint64 now, bool* isThinned, QString* error);
 
 /// Reads a recording into channels, in slices of some milliseconds, so that a window lives on.
 ///

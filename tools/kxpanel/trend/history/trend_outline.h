@@ -1,7 +1,7 @@
-#ifndef KX_KXPANEL_TREND_MODEL_TREND_OUTLINE_H
-#define KX_KXPANEL_TREND_MODEL_TREND_OUTLINE_H
+#ifndef KX_KXPANEL_TREND_HISTORY_TREND_OUTLINE_H
+#define KX_KXPANEL_TREND_HISTORY_TREND_OUTLINE_H
 
-#include "kxpanel/trend/model/trend_store.h"
+#include "kxpanel/trend/history/trend_store.h"
 
 #include <QtGui/QPolygonF>
 

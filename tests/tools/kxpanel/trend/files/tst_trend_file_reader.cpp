@@ -1,6 +1,7 @@
-#include "kxpanel/trend/model/trend_file.h"
+#include "kxpanel/trend/files/trend_file_reader.h"
 
-#include <QtCore/QDir>
+#include "kxpanel/trend/files/trend_file_writer.h"
+
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QSignalSpy>
@@ -8,7 +9,6 @@
 
 using kxpanel::TrendChannel;
 using kxpanel::TrendFileReader;
-using kxpanel::TrendRange;
 using kxpanel::TrendSample;
 using kxpanel::TrendStore;
 
@@ -28,12 +28,6 @@ TrendChannel channelOf(const char* name, const char* address, const char* unit =
     return channel;
 }
 
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be opened");
-}
-
 QString samplesOf(const TrendChannel& channel)
 {
     QStringList texts;
@@ -49,16 +43,11 @@ QString samplesOf(const TrendChannel& channel)
 
 } // namespace
 
-class TrendFileTest : public QObject
+class TrendFileReaderTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void writesWhatIsShown();
-    void theEndIsWhereNothingMoreIsKnown();
-    void saysWhatIsThinned();
-    void replacesAFile();
-    void faults();
     void aRecordingBecomesChannels();
     void whatWasSavedIsOpened();
     void onlySoManyChannels();
@@ -87,96 +76,7 @@ private:
     }
 };
 
-void TrendFileTest::writesWhatIsShown()
-{
-    TrendChannel pressure = channelOf("Pressure", "D100/float", "bar");
-    TrendChannel hidden = channelOf("Hidden", "D1");
-    TrendChannel output = channelOf("", "Y10");
-    hidden.isShown = false;
-    pressure.store->append(TEN - 500, 4.5); // holds at the beginning
-    pressure.store->append(TEN + 1000, kxpanel::gapValue(kx::GapReason::NoAnswer));
-    pressure.store->append(TEN + 2000, 0.1);
-    pressure.store->append(TEN + 9000, 7); // after the range
-    output.store->append(TEN + 1000, 1);
-    output.store->append(TEN + 1500, kxpanel::notANumber());
-
-    QString error;
-    bool isThinned = true;
-    QVERIFY2(kxpanel::writeTrend(pathOf("shown.csv"), {pressure, hidden, output}, {TEN, TEN + 5000},
-                                 TEN + 60000, &isThinned, &error),
-             qPrintable(error));
-    QVERIFY(!isThinned);
-    QCOMPARE(contentOf(pathOf("shown.csv")),
-             QByteArray("time,Pressure D100/float@1 [bar],Y10@1,gaps\n"
-                        "2026-11-23T10:00:00.000Z,4.5,,\n"
-                        "2026-11-23T10:00:01.000Z,,1,no answer: D100/float@1\n"
-                        "2026-11-23T10:00:01.500Z,,\"nan\",\n"
-                        "2026-11-23T10:00:02.000Z,0.1,,\n"
-                        "2026-11-23T10:00:05.000Z,,,recorder stopped\n"));
-    QCOMPARE(
-        QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-        QStringList{"shown.csv"});
-}
-
-void TrendFileTest::theEndIsWhereNothingMoreIsKnown()
-{
-    TrendChannel live = channelOf("", "D1");
-    live.store->append(TEN, 1);
-    QString error;
-    bool isThinned = false;
-    QVERIFY(kxpanel::writeTrend(pathOf("now.csv"), {live}, {TEN, TEN + 60000}, TEN + 2000,
-                                &isThinned, &error));
-    QCOMPARE(contentOf(pathOf("now.csv")),
-             QByteArray("time,D1@1,gaps\n"
-                        "2026-11-23T10:00:00.000Z,1,\n"
-                        "2026-11-23T10:00:02.001Z,,recorder stopped\n"));
-}
-
-void TrendFileTest::saysWhatIsThinned()
-{
-    TrendChannel channel = channelOf("", "D1");
-    channel.store = std::make_shared<TrendStore>(64);
-    for (int step = 0; step < 1000; ++step)
-        channel.store->append(TEN + step, step);
-    QString error;
-    bool isThinned = false;
-    const qint64 exact = channel.store->exactSince();
-    QVERIFY(kxpanel::writeTrend(pathOf("thin.csv"), {channel}, {exact, TEN + 2000}, TEN + 1000,
-                                &isThinned, &error));
-    QVERIFY(!isThinned);
-    QVERIFY(kxpanel::writeTrend(pathOf("thin.csv"), {channel}, {exact - 1, TEN + 2000}, TEN + 1000,
-                                &isThinned, &error));
-    QVERIFY(isThinned);
-}
-
-void TrendFileTest::replacesAFile()
-{
-    TrendChannel channel = channelOf("", "D1");
-    channel.store->append(TEN, 1);
-    write(pathOf("old.csv"), "something else\n");
-    QString error;
-    bool isThinned = false;
-    QVERIFY2(
-        kxpanel::writeTrend(pathOf("old.csv"), {channel}, {TEN, TEN + 1}, TEN, &isThinned, &error),
-        qPrintable(error));
-    QVERIFY(contentOf(pathOf("old.csv")).startsWith("time,D1@1,gaps\n"));
-}
-
-void TrendFileTest::faults()
-{
-    TrendChannel channel = channelOf("", "D1");
-    QString error;
-    bool isThinned = false;
-    QVERIFY(!kxpanel::writeTrend(pathOf("a.csv"), {}, {TEN, TEN + 1}, TEN, &isThinned, &error));
-    QCOMPARE(error, QString("No value is shown that could be saved"));
-    QVERIFY(!kxpanel::writeTrend("a.txt", {channel}, {TEN, TEN + 1}, TEN, &isThinned, &error));
-    QCOMPARE(error, QString("a.txt: its name must end with .csv or .sqlite"));
-    QVERIFY(!kxpanel::writeTrend(pathOf("no/where.csv"), {channel}, {TEN, TEN + 1}, TEN, &isThinned,
-                                 &error));
-    QVERIFY(error.startsWith(pathOf("no/where.csv") + ": "));
-}
-
-void TrendFileTest::aRecordingBecomesChannels()
+void TrendFileReaderTest::aRecordingBecomesChannels()
 {
     write(pathOf("line3.csv"), "time,Pressure D100/float@3 [bar],Y10@1,gaps\n"
                                "2026-11-23T10:00:00.000Z,,,not yet read\n"
@@ -204,7 +104,7 @@ void TrendFileTest::aRecordingBecomesChannels()
     QCOMPARE(samplesOf(output), QString("0 not yet read, 1000 1, 2000 no number, 3000 0"));
 }
 
-void TrendFileTest::whatWasSavedIsOpened()
+void TrendFileReaderTest::whatWasSavedIsOpened()
 {
     for (const char* const name : {"again.csv", "again.sqlite"}) {
         TrendChannel channel = channelOf("Level", "D7/double", "mm");
@@ -226,7 +126,7 @@ void TrendFileTest::whatWasSavedIsOpened()
     }
 }
 
-void TrendFileTest::onlySoManyChannels()
+void TrendFileReaderTest::onlySoManyChannels()
 {
     QByteArray header = "time";
     QByteArray row = "2026-11-23T10:00:00.000Z";
@@ -242,7 +142,7 @@ void TrendFileTest::onlySoManyChannels()
     QCOMPARE(samplesOf(reader.channels().at(63)), QString("0 63"));
 }
 
-void TrendFileTest::whatIsNoRecordingIsRefused()
+void TrendFileReaderTest::whatIsNoRecordingIsRefused()
 {
     write(pathOf("other.csv"), "name,address\nPump,Y10\n");
     TrendFileReader reader;
@@ -252,5 +152,5 @@ void TrendFileTest::whatIsNoRecordingIsRefused()
     QVERIFY(!reader.isReading());
 }
 
-QTEST_GUILESS_MAIN(TrendFileTest)
-#include "tst_trend_file.moc"
+QTEST_GUILESS_MAIN(TrendFileReaderTest)
+#include "tst_trend_file_reader.moc"

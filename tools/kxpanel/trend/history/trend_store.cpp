@@ -1,4 +1,6 @@
-#include "kxpanel/trend/model/trend_store.h"
+#include "kxpanel/trend/history/trend_store.h"
+
+#include "kxpanel/trend/history/trend_rings.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,7 +12,6 @@ namespace
 {
 
 const int LEVELS = 5;
-const qint64 GROWTH = 4;        // items of a level in one of the next
 const qint64 STEP_BACK = 60000; // milliseconds; a clock that is kept right takes smaller ones
 
 quint64 bitsOf(double value)
@@ -24,53 +25,6 @@ quint64 bitsOf(double value)
 bool isSame(double a, double b)
 {
     return bitsOf(a) == bitsOf(b);
-}
-
-TrendSpan asSpan(const TrendSample& sample)
-{
-    TrendSpan span;
-    span.add(sample);
-    return span;
-}
-
-const TrendSpan& asSpan(const TrendSpan& span)
-{
-    return span;
-}
-
-qint64 timeOf(const TrendSample& sample)
-{
-    return sample.time;
-}
-
-qint64 timeOf(const TrendSpan& span)
-{
-    return span.first.time;
-}
-
-template <typename T>
-TrendSpan newest(const Ring<T>& items)
-{
-    TrendSpan span;
-    for (qint64 number = items.end() - GROWTH; number < items.end(); ++number)
-        span.add(asSpan(items.at(number)));
-    return span;
-}
-
-/// Number of the last item before a time; -1 when the oldest kept one is not before it.
-template <typename T>
-qint64 lastItemBefore(const Ring<T>& items, qint64 time)
-{
-    qint64 low = items.first() - 1;
-    qint64 high = items.end();
-    while (high - low > 1) {
-        const qint64 middle = low + (high - low) / 2;
-        if (timeOf(items.at(middle)) < time)
-            low = middle;
-        else
-            high = middle;
-    }
-    return low < items.first() ? -1 : low;
 }
 
 void addOnce(const TrendSample& sample, QVector<TrendSample>* samples)
@@ -105,9 +59,10 @@ void TrendStore::append(qint64 time, double value)
         return;
     m_samples.append({isEmpty() ? time : std::max(time, end()), value});
     qint64 count = m_samples.end();
-    for (int level = 0; level < LEVELS && count % GROWTH == 0; ++level, count /= GROWTH) {
+    for (int level = 0; level < LEVELS && count % SPAN_GROWTH == 0; ++level, count /= SPAN_GROWTH) {
         const std::size_t index = static_cast<std::size_t>(level);
-        m_levels[index].append(level == 0 ? newest(m_samples) : newest(m_levels[index - 1]));
+        m_levels[index].append(level == 0 ? newestSpan(m_samples)
+                                          : newestSpan(m_levels[index - 1]));
     }
 }
 
@@ -142,7 +97,7 @@ qint64 TrendStore::oldest() const
     qint64 number = m_samples.first();
     qint64 width = 1;
     for (const Ring<TrendSpan>& level : m_levels) {
-        width *= GROWTH;
+        width *= SPAN_GROWTH;
         if (!level.isEmpty())
             number = std::min(number, level.first() * width);
     }
@@ -157,7 +112,7 @@ TrendStore::Place TrendStore::lastBefore(qint64 time) const
         return {sample, 1};
     qint64 width = 1;
     for (const Ring<TrendSpan>& level : m_levels) {
-        width *= GROWTH;
+        width *= SPAN_GROWTH;
         const qint64 span = lastItemBefore(level, time);
         if (span >= 0)
             return {span * width, width};
@@ -194,7 +149,7 @@ TrendSpan TrendStore::spanFrom(qint64 number, qint64 end, qint64* next) const
     *next = number + 1;
     qint64 width = 1;
     for (const Ring<TrendSpan>& level : m_levels) {
-        width *= GROWTH;
+        width *= SPAN_GROWTH;
         const bool isKept = level.keeps(number / width);
         const bool fits = isKept && number % width == 0 && number + width <= end;
         if (!fits && !span.isEmpty())

@@ -1,7 +1,7 @@
 /// What was read of a value, and what several reads in a row came to. Times are milliseconds since
 /// 1970 in UTC.
-#ifndef KX_KXPANEL_TREND_MODEL_TREND_SAMPLE_H
-#define KX_KXPANEL_TREND_MODEL_TREND_SAMPLE_H
+#ifndef KX_KXPANEL_TREND_HISTORY_TREND_SAMPLE_H
+#define KX_KXPANEL_TREND_HISTORY_TREND_SAMPLE_H
 
 #include "recording/recorded.h"
 
@@ -20,6 +20,11 @@ struct TrendSample {
 
     bool isThere() const { return time != NO_TIME; }
     bool isGap() const { return std::isnan(value); }
+};
+
+struct TrendRange {
+    qint64 from = 0;
+    qint64 to = 0; ///< just behind it
 };
 
 /// A NaN that says why there is no value.

@@ -1,4 +1,4 @@
-#include "kxpanel/trend/model/trend_sample.h"
+#include "kxpanel/trend/history/trend_sample.h"
 
 #include <cstring>
 

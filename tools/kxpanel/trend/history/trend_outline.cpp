@@ -1,4 +1,4 @@
-#include "kxpanel/trend/model/trend_outline.h"
+#include "kxpanel/trend/history/trend_outline.h"
 
 #include <algorithm>
 

@@ -1,0 +1,149 @@
+#include "kxpanel/trend/files/trend_file_writer.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+using kxpanel::TrendChannel;
+using kxpanel::TrendStore;
+
+namespace
+{
+
+const qint64 TEN = 1795428000000; // 2026-11-23T10:00:00Z, in milliseconds since 1970
+
+TrendChannel channelOf(const char* name, const char* address, const char* unit = "")
+{
+    TrendChannel channel;
+    channel.tagName = QLatin1String(name);
+    channel.station = 1;
+    channel.address = QLatin1String(address);
+    channel.unit = QLatin1String(unit);
+    channel.store = std::make_shared<TrendStore>();
+    return channel;
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be opened");
+}
+
+} // namespace
+
+class TrendFileWriterTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void writesWhatIsShown();
+    void theEndIsWhereNothingMoreIsKnown();
+    void saysWhatIsThinned();
+    void replacesAFile();
+    void faults();
+
+private:
+    QTemporaryDir m_folder;
+
+    QString pathOf(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+
+    void write(const QString& path, const QByteArray& content)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(content), qint64(content.size()));
+    }
+};
+
+void TrendFileWriterTest::writesWhatIsShown()
+{
+    TrendChannel pressure = channelOf("Pressure", "D100/float", "bar");
+    TrendChannel hidden = channelOf("Hidden", "D1");
+    TrendChannel output = channelOf("", "Y10");
+    hidden.isShown = false;
+    pressure.store->append(TEN - 500, 4.5); // holds at the beginning
+    pressure.store->append(TEN + 1000, kxpanel::gapValue(kx::GapReason::NoAnswer));
+    pressure.store->append(TEN + 2000, 0.1);
+    pressure.store->append(TEN + 9000, 7); // after the range
+    output.store->append(TEN + 1000, 1);
+    output.store->append(TEN + 1500, kxpanel::notANumber());
+
+    QString error;
+    bool isThinned = true;
+    QVERIFY2(kxpanel::writeTrend(pathOf("shown.csv"), {pressure, hidden, output}, {TEN, TEN + 5000},
+                                 TEN + 60000, &isThinned, &error),
+             qPrintable(error));
+    QVERIFY(!isThinned);
+    QCOMPARE(contentOf(pathOf("shown.csv")),
+             QByteArray("time,Pressure D100/float@1 [bar],Y10@1,gaps\n"
+                        "2026-11-23T10:00:00.000Z,4.5,,\n"
+                        "2026-11-23T10:00:01.000Z,,1,no answer: D100/float@1\n"
+                        "2026-11-23T10:00:01.500Z,,\"nan\",\n"
+                        "2026-11-23T10:00:02.000Z,0.1,,\n"
+                        "2026-11-23T10:00:05.000Z,,,recorder stopped\n"));
+    QCOMPARE(
+        QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+        QStringList{"shown.csv"});
+}
+
+void TrendFileWriterTest::theEndIsWhereNothingMoreIsKnown()
+{
+    TrendChannel live = channelOf("", "D1");
+    live.store->append(TEN, 1);
+    QString error;
+    bool isThinned = false;
+    QVERIFY(kxpanel::writeTrend(pathOf("now.csv"), {live}, {TEN, TEN + 60000}, TEN + 2000,
+                                &isThinned, &error));
+    QCOMPARE(contentOf(pathOf("now.csv")),
+             QByteArray("time,D1@1,gaps\n"
+                        "2026-11-23T10:00:00.000Z,1,\n"
+                        "2026-11-23T10:00:02.001Z,,recorder stopped\n"));
+}
+
+void TrendFileWriterTest::saysWhatIsThinned()
+{
+    TrendChannel channel = channelOf("", "D1");
+    channel.store = std::make_shared<TrendStore>(64);
+    for (int step = 0; step < 1000; ++step)
+        channel.store->append(TEN + step, step);
+    QString error;
+    bool isThinned = false;
+    const qint64 exact = channel.store->exactSince();
+    QVERIFY(kxpanel::writeTrend(pathOf("thin.csv"), {channel}, {exact, TEN + 2000}, TEN + 1000,
+                                &isThinned, &error));
+    QVERIFY(!isThinned);
+    QVERIFY(kxpanel::writeTrend(pathOf("thin.csv"), {channel}, {exact - 1, TEN + 2000}, TEN + 1000,
+                                &isThinned, &error));
+    QVERIFY(isThinned);
+}
+
+void TrendFileWriterTest::replacesAFile()
+{
+    TrendChannel channel = channelOf("", "D1");
+    channel.store->append(TEN, 1);
+    write(pathOf("old.csv"), "something else\n");
+    QString error;
+    bool isThinned = false;
+    QVERIFY2(
+        kxpanel::writeTrend(pathOf("old.csv"), {channel}, {TEN, TEN + 1}, TEN, &isThinned, &error),
+        qPrintable(error));
+    QVERIFY(contentOf(pathOf("old.csv")).startsWith("time,D1@1,gaps\n"));
+}
+
+void TrendFileWriterTest::faults()
+{
+    TrendChannel channel = channelOf("", "D1");
+    QString error;
+    bool isThinned = false;
+    QVERIFY(!kxpanel::writeTrend(pathOf("a.csv"), {}, {TEN, TEN + 1}, TEN, &isThinned, &error));
+    QCOMPARE(error, QString("No value is shown that could be saved"));
+    QVERIFY(!kxpanel::writeTrend("a.txt", {channel}, {TEN, TEN + 1}, TEN, &isThinned, &error));
+    QCOMPARE(error, QString("a.txt: its name must end with .csv or .sqlite"));
+    QVERIFY(!kxpanel::writeTrend(pathOf("no/where.csv"), {channel}, {TEN, TEN + 1}, TEN, &isThinned,
+                                 &error));
+    QVERIFY(error.startsWith(pathOf("no/where.csv") + ": "));
+}
+
+QTEST_GUILESS_MAIN(TrendFileWriterTest)
+#include "tst_trend_file_writer.moc"

@@ -1,0 +1,98 @@
+#include "kxpanel/trend/files/trend_file_reader.h"
+
+#include "kxpanel/trend/model/trend_channels.h"
+#include "panel/values/value_address.h"
+
+#include <QtCore/QElapsedTimer>
+
+#include <algorithm>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const int SLICE = 20;    // milliseconds
+const int AT_ONCE = 256; // events between two looks at the clock
+
+} // namespace
+
+TrendFileReader::TrendFileReader(QObject* parent) : QObject(parent)
+{
+    connect(&m_timer, &QTimer::timeout, this, &TrendFileReader::readSlice);
+}
+
+bool TrendFileReader::open(const QString& path, QString* error)
+{
+    std::unique_ptr<kx::RecordingReader> reader = kx::openRecording(path, error);
+    if (!reader)
+        return false;
+    m_reader = std::move(reader);
+    m_channels.clear();
+    m_range = TrendRange();
+    m_remark.clear();
+    for (const kx::RecordedTag& tag : m_reader->tags().mid(0, TrendChannels::MOST)) {
+        TrendChannel channel;
+        kx::AddressRange range;
+        kx::ValueFormat format;
+        QString fault;
+        channel.number = -1 - static_cast<int>(m_channels.size());
+        channel.tagName = tag.name;
+        channel.name = tag.name.isEmpty() ? tag.address : tag.name;
+        channel.station = tag.station;
+        channel.address = tag.address;
+        channel.unit = tag.unit;
+        channel.isDigital =
+            kx::parseValueAddress(tag.address, &range, &format, &fault) && isDigital(range, format);
+        channel.store = std::make_shared<TrendStore>();
+        m_channels << channel;
+    }
+    m_timer.start(0);
+    return true;
+}
+
+void TrendFileReader::readSlice()
+{
+    QElapsedTimer clock;
+    clock.start();
+    kx::RecordedEvent event;
+    while (clock.elapsed() < SLICE) {
+        for (int count = 0; count < AT_ONCE; ++count) {
+            if (!m_reader->next(&event))
+                return finish();
+            take(event);
+        }
+    }
+}
+
+void TrendFileReader::take(const kx::RecordedEvent& event)
+{
+    if (m_range.to == 0)
+        m_range.from = event.time;
+    m_range.to = std::max(m_range.to, event.time + 1);
+    if (event.tag >= m_channels.size())
+        return;
+    bool isNumber = event.value.isNumber;
+    const double number = isNumber ? event.value.text.toDouble(&isNumber) : 0;
+    const double value = event.isGap ? gapValue(event.reason) : isNumber ? number : notANumber();
+    m_channels.at(event.tag).store->append(event.time, value);
+}
+
+void TrendFileReader::finish()
+{
+    m_timer.stop();
+    for (TrendChannel& channel : m_channels)
+        channel.endsAt = std::max<qint64>(0, m_range.to - 1);
+    QStringList remarks = {m_reader->failure(), m_reader->remark()};
+    if (m_reader->tags().size() > m_channels.size())
+        remarks << tr("The first %1 of its %2 values are shown")
+                       .arg(m_channels.size())
+                       .arg(m_reader->tags().size());
+    remarks.removeAll(QString());
+    m_remark = remarks.join(QLatin1String("; "));
+    m_reader.reset();
+    emit finished();
+}
+
+} // namespace kxpanel
