@@ -13,6 +13,7 @@
 #include <QtCore/QSettings>
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QStatusBar>
+#include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QVBoxLayout>
 
@@ -68,6 +69,8 @@ void MainWindow::makeContents()
     column->addWidget(m_messages);
     column->addWidget(m_tabs, 1);
     m_tabs->setDocumentMode(true);
+    m_tabs->tabBar()->setAcceptDrops(true); // values are dragged from page to page
+    m_tabs->tabBar()->setChangeCurrentOnDrag(true);
     setCentralWidget(contents);
 }
 

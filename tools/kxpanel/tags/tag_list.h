@@ -12,6 +12,9 @@ namespace kxpanel
 /// What is dragged from the grid: the numbers of values, decimal, one per line.
 const char VALUES_MIME_TYPE[] = "application/x-kxpanel-values";
 
+/// Goes with them: the number of the process whose values they are.
+const char PROCESS_MIME_TYPE[] = "application/x-kxpanel-process";
+
 /// The values that the window watches, in the order of the grid, and what is known of each. The
 /// one home of both: pages listen to it and edit it by its methods alone.
 class TagList : public QObject

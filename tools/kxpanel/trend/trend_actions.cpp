@@ -35,7 +35,7 @@ public:
     void makeMoves(TrendActions* actions) const
     {
         actions->live = make("live", tr("Live"), tr("Follow the newest values, or stand still"),
-                             {Qt::Key_Space});
+                             {Qt::Key_Space, QKeySequence(QStringLiteral("Ctrl+P"))});
         actions->live->setCheckable(true);
         actions->live->setChecked(true);
         actions->toNow = make("toNow", tr("Now"), tr("Follow the newest values, all of them shown"),
@@ -89,12 +89,15 @@ public:
             make("remove", tr("Remove"), tr("Take the values selected below out of the plot"),
                  {Qt::Key_Delete});
         actions->open = make("open", tr("Open recording…"),
-                             tr("Show a file that was recorded, *.csv or *.sqlite"), {});
+                             tr("Show a file that was recorded, *.csv or *.sqlite"),
+                             {QKeySequence(QStringLiteral("Ctrl+Shift+O"))});
         actions->exportPicture =
-            make("exportPicture", tr("Save picture…"), tr("Save the plot as *.png or *.svg"), {});
+            make("exportPicture", tr("Save picture…"), tr("Save the plot as *.png or *.svg"),
+                 {QKeySequence(QStringLiteral("Ctrl+Shift+E"))});
         actions->exportValues =
             make("exportValues", tr("Save values…"),
-                 tr("Save what is shown as a recording, *.csv or *.sqlite, in UTC"), {});
+                 tr("Save what is shown as a recording, *.csv or *.sqlite, in UTC"),
+                 {QKeySequence(QStringLiteral("Ctrl+E"))});
     }
 
 private:

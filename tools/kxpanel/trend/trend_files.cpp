@@ -52,18 +52,31 @@ void TrendFiles::askToSaveValues()
 void TrendFiles::open(const QString& path)
 {
     QString error;
-    m_path = path;
-    emit said(m_reader.open(path, &error) ? tr("Reading %1 …").arg(path) : error);
+    const bool isOpen = m_reader.open(path, &error);
+    if (isOpen)
+        m_path = path;
+    emit said(isOpen ? tr("Reading %1 …").arg(path) : error);
 }
 
 void TrendFiles::showRecording()
 {
-    m_parts.channels->setRecorded(m_reader.channels());
+    const int shown = m_parts.channels->setRecorded(m_reader.channels());
     if (m_reader.range().to > m_reader.range().from)
         m_parts.view->show(m_reader.range().from, m_reader.range().to);
-    const QString span = spanText(m_reader.range().to - m_reader.range().from);
-    emit said(m_reader.remark().isEmpty() ? tr("%1: %2 of values").arg(m_path, span)
-                                          : m_reader.remark());
+    emit said(remarkOn(shown));
+}
+
+/// One line that names the file.
+QString TrendFiles::remarkOn(int shown) const
+{
+    QStringList remarks = {m_reader.remark()};
+    if (shown < m_reader.channels().size())
+        remarks << tr("The plot has room for %1 of its values").arg(shown);
+    remarks.removeAll(QString());
+    if (remarks.isEmpty())
+        remarks << tr("%1 of values").arg(spanText(m_reader.range().to - m_reader.range().from));
+    const QString text = remarks.join(QLatin1String("; "));
+    return text.startsWith(m_path) ? text : m_path + QLatin1String(": ") + text;
 }
 
 void TrendFiles::savePicture(const QString& path)

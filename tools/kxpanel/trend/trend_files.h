@@ -46,6 +46,7 @@ private:
     QFileDialog* ask(const QString& title, const QString& filter, const QString& suffix,
                      void (TrendFiles::*then)(const QString&));
     void showRecording();
+    QString remarkOn(int shown) const;
 
     Parts m_parts;
     QWidget* m_window;

@@ -1,16 +1,50 @@
 #include "kxpanel/trend/trend_legend_view.h"
 
+#include "kxpanel/trend/model/trend_colours.h"
+
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QStyledItemDelegate>
 
 namespace kxpanel
 {
+
+namespace
+{
+
+/// Shows the line of a row beside its name: colours come again, in other kinds of lines.
+class LineDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const int text = option->fontMetrics.height();
+        const double ratio = option->widget ? option->widget->devicePixelRatioF() : 1;
+        const QSize size(text * 2, text);
+        QPixmap line(size * ratio);
+        line.setDevicePixelRatio(ratio);
+        line.fill(Qt::transparent);
+        QPainter painter(&line);
+        drawTrendSample(index.data(TrendLegend::LookRole).toInt(),
+                        option->palette.color(QPalette::Base), QRect(QPoint(), size), &painter);
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->decorationSize = size;
+        option->icon = QIcon(line);
+    }
+};
+
+} // namespace
 
 TrendLegendView::TrendLegendView(TrendLegend* legend, QWidget* parent)
     : QTableView(parent), m_legend(legend)
 {
     setModel(legend);
+    setItemDelegateForColumn(TrendLegend::Name, new LineDelegate(this));
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setTabKeyNavigation(false);
     setAlternatingRowColors(true);

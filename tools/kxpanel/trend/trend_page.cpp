@@ -23,11 +23,6 @@ namespace
 
 const int FRAME = 50; // milliseconds
 
-qint64 timeOfDay()
-{
-    return QDateTime::currentMSecsSinceEpoch();
-}
-
 } // namespace
 
 TrendPage::TrendPage(const PageContext& context, QWidget* parent)
@@ -44,7 +39,9 @@ TrendPage::TrendPage(const PageContext& context, QWidget* parent)
       m_files({&m_channels, &m_view, &m_legend, m_plot}, this)
 {
     setWindowTitle(tr("Trend"));
-    m_view.setNow(timeOfDay());
+    m_steady.start();
+    followClock();
+    m_view.setNow(now());
     build();
     connectActions();
     connectModels();
@@ -65,6 +62,8 @@ void TrendPage::build()
     m_plot->setAccessibleName(tr("Trend of values"));
     m_state->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_state->setAccessibleName(tr("Cursors"));
+    m_state->setWordWrap(true);
+    setFocusProxy(m_plot->canvas()); // which the keys are meant for
     QSplitter* parts = new QSplitter(Qt::Vertical);
     parts->addWidget(m_plot);
     parts->addWidget(m_table);
@@ -155,15 +154,30 @@ void TrendPage::connectModels()
 void TrendPage::connectMachine(Machine* machine)
 {
     connect(machine, &Machine::valuesRead, this, [this](const QVector<Reading>& readings) {
-        m_channels.takeReadings(readings, timeOfDay());
+        for (const Reading& reading : readings)
+            m_clock.onRead(m_steady.elapsed(), reading.readAt);
+        m_channels.takeReadings(readings, now());
     });
-    connect(machine, &Machine::lineChanged, this,
-            [this](const LineStatus& status) { m_channels.takeLine(status, timeOfDay()); });
+    connect(machine, &Machine::lineChanged, this, [this](const LineStatus& status) {
+        if (status.state == LineState::Closed || status.state == LineState::Opening)
+            followClock();
+        m_channels.takeLine(status, now());
+    });
+}
+
+/// Of a clock that was set back, all that was goes back as well: nothing is drawn over it.
+void TrendPage::followClock()
+{
+    const qint64 back = m_clock.follow(m_steady.elapsed(), QDateTime::currentMSecsSinceEpoch());
+    if (back == 0)
+        return;
+    m_channels.shift(-back);
+    m_view.shift(-back);
 }
 
 void TrendPage::addValues(const QList<int>& numbers)
 {
-    emit said(m_channels.add(numbers));
+    emit said(m_channels.add(numbers, now()));
 }
 
 void TrendPage::showEvent(QShowEvent* event)
@@ -181,18 +195,17 @@ void TrendPage::hideEvent(QHideEvent* event)
 /// While live, time alone is a reason to draw when it moves the curves by a pixel.
 void TrendPage::tick()
 {
-    const qint64 now = timeOfDay();
-    const bool isBehind = m_view.isLive() && now - m_view.to() >= m_plot->pixelTime();
+    const qint64 time = now();
+    const bool isBehind = m_view.isLive() && time - m_view.to() >= m_plot->pixelTime();
     if (!m_isStale && !isBehind)
         return;
-    m_view.setNow(now);
+    m_view.setNow(time);
     draw();
 }
 
 void TrendPage::draw()
 {
     m_plot->refresh();
-    m_legend.setGround(palette().color(QPalette::Base));
     m_legend.refreshValues();
     m_isStale = false;
 }
@@ -224,9 +237,10 @@ QJsonObject TrendPage::layout() const
 
 void TrendPage::setLayout(const QJsonObject& layout)
 {
+    m_view.reset();
     m_channels.setLayout(layout.value(QLatin1String("channels")).toArray());
     const double span = layout.value(QLatin1String("span")).toDouble();
-    if (span > 0)
+    if (span >= TrendView::SHORTEST_SPAN && span <= TrendView::LONGEST_SPAN)
         m_view.setSpan(static_cast<qint64>(span));
 }
 

@@ -1,6 +1,7 @@
 #ifndef KX_KXPANEL_TREND_TREND_PAGE_H
 #define KX_KXPANEL_TREND_TREND_PAGE_H
 
+#include "kxpanel/trend/history/trend_clock.h"
 #include "kxpanel/trend/model/trend_channels.h"
 #include "kxpanel/trend/model/trend_legend.h"
 #include "kxpanel/trend/model/trend_view.h"
@@ -8,6 +9,7 @@
 #include "kxpanel/trend/trend_files.h"
 #include "kxpanel/window/page.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QTimer>
 
 class QLabel;
@@ -55,7 +57,11 @@ private:
     void setCursor(int cursor);
     void moveCursor(int pixels);
     void showState();
+    qint64 now() const { return m_clock.now(m_steady.elapsed()); }
+    void followClock();
 
+    QElapsedTimer m_steady;
+    TrendClock m_clock;
     TrendView m_view;
     TrendChannels m_channels;
     TrendLegend m_legend;

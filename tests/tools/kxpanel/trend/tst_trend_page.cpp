@@ -2,8 +2,11 @@
 
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tags/tag_list.h"
+#include "kxpanel/trend/plot/trend_drop.h"
 #include "kxpanel/trend/plot/trend_plot.h"
+#include "tools/kxpanel/mouse_moves.h"
 #include "tools/kxpanel/trend/model/trend_tags.h"
+#include "tools/kxpanel/value_drags.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QMimeData>
@@ -40,16 +43,6 @@ namespace
 
 const QColor BLUE(0x00, 0x72, 0xB2); // the first curve, on light ground
 
-QMimeData* dragOf(const QList<int>& numbers)
-{
-    QMimeData* data = new QMimeData;
-    QByteArray lines;
-    for (const int number : numbers)
-        lines += QByteArray::number(number) + '\n';
-    data->setData(QLatin1String(kxpanel::VALUES_MIME_TYPE), lines);
-    return data;
-}
-
 /// A page without a line: the machine's signals are emitted by hand.
 struct Window {
     Machine machine;
@@ -79,13 +72,9 @@ struct Window {
 
     void drop(const QList<int>& dropped)
     {
-        const std::unique_ptr<QMimeData> data(dragOf(dropped));
-        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, data.get(), Qt::LeftButton,
-                              Qt::NoModifier);
-        QApplication::sendEvent(plot, &enter);
-        QDropEvent event(QPointF(10, 10), Qt::CopyAction, data.get(), Qt::LeftButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(plot, &event);
+        kxpanel::ValueDrag drag(&page, kxpanel::valuesData(dropped));
+        drag.moveTo(plot->canvas());
+        drag.drop();
     }
 
     /// 50 seconds, one of which ended a moment ago.
@@ -151,19 +140,31 @@ private slots:
     void valuesAreDroppedAndDrawn();
     void valuesAreNamedByKeyboard();
     void otherDropsAreRefused();
+    void whatAnotherProgramDragsIsRefused();
+    void aDropNeverTakesAwayFromTheList();
+    void keysWorkOnThePage();
     void spacePausesAndHomeGoesOn();
     void keysZoomAndPan();
     void theWheelZoomsAroundTheMouse();
     void aBandZoomsIn();
     void theMiddleButtonPans();
     void cursorsByKeyAndMouse();
+    void cursorsStayWhereTheyAreSeen();
+    void anotherButtonWhileDragging();
+    void textsMakeNoPageWide();
     void eachUnitHasItsScale();
+    void anyNumbersAreDrawn_data();
+    void anyNumbersAreDrawn();
     void aPlotFullOfCurvesIsDrawnAtOnce();
     void deleteTakesAValueOut();
     void aHiddenPageGoesOnCollecting();
     void layoutComesBack();
+    void layoutsOfAnySizeAreTaken();
+    void anotherProjectBeginsAnew();
+    void readsOfALaterClockAreShown();
     void picturesAreSaved();
     void aRecordingIsOpened();
+    void aFileThatCannotBeReadLeavesTheOneBeingRead();
     void allHaveKeysTipsAndNames();
 };
 
@@ -207,6 +208,42 @@ void TrendPageTest::otherDropsAreRefused()
     QMimeData broken;
     broken.setData(QLatin1String(kxpanel::VALUES_MIME_TYPE), "x\n-4\n99999999999\n7\n");
     QCOMPARE(kxpanel::draggedValues(broken), QList<int>{7});
+}
+
+/// Numbers are a program's own: of another window they mean other values.
+void TrendPageTest::whatAnotherProgramDragsIsRefused()
+{
+    Window window;
+    QMimeData* const data = kxpanel::valuesData(window.numbers);
+    data->setData(QLatin1String(kxpanel::PROCESS_MIME_TYPE), "1");
+    kxpanel::ValueDrag drag(&window.page, data);
+    drag.moveTo(window.plot->canvas());
+    QCOMPARE(drag.drop(), Qt::IgnoreAction);
+    QCOMPARE(window.legend->rowCount(), 0);
+}
+
+void TrendPageTest::aDropNeverTakesAwayFromTheList()
+{
+    Window window;
+    kxpanel::ValueDrag both(&window.page, kxpanel::valuesData(window.numbers),
+                            Qt::CopyAction | Qt::MoveAction);
+    both.moveTo(window.plot->canvas());
+    QCOMPARE(both.drop(), Qt::CopyAction);
+    QCOMPARE(window.legend->rowCount(), 3);
+    window.page.setLayout({});
+    kxpanel::ValueDrag move(&window.page, kxpanel::valuesData(window.numbers), Qt::MoveAction);
+    move.moveTo(window.plot->canvas());
+    QCOMPARE(move.drop(), Qt::IgnoreAction);
+    QCOMPARE(window.legend->rowCount(), 0);
+}
+
+void TrendPageTest::keysWorkOnThePage()
+{
+    Window window;
+    window.page.findChild<QLineEdit*>()->setFocus();
+    window.page.setFocus(); // as the window does when the page is chosen
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QVERIFY(!window.action("live")->isChecked());
 }
 
 void TrendPageTest::spacePausesAndHomeGoesOn()
@@ -354,6 +391,100 @@ void TrendPageTest::cursorsByKeyAndMouse()
     QVERIFY(window.state().startsWith("Keys 1 and 2"));
 }
 
+void TrendPageTest::cursorsStayWhereTheyAreSeen()
+{
+    Window window;
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    window.action("firstCursor")->trigger();
+    window.waitUntilDrawn();
+    const QWidget* canvas = window.plot->canvas();
+    window.drag(Qt::LeftButton, QPoint(canvas->width() / 2, 50), QPoint(-300, 50));
+    QCOMPARE(
+        window.state(),
+        "Cursor 1: "
+            + QDateTime::fromMSecsSinceEpoch(window.from()).toString("yyyy-MM-dd hh:mm:ss.zzz"));
+}
+
+void TrendPageTest::anotherButtonWhileDragging()
+{
+    Window window;
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    window.action("firstCursor")->trigger();
+    window.waitUntilDrawn();
+    QWidget* canvas = window.plot->canvas();
+    const QPoint middle(canvas->width() / 2, 50);
+    const QPoint quarter(canvas->width() / 4, 50);
+    QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, middle);
+    QTest::mousePress(canvas, Qt::RightButton, Qt::NoModifier, quarter);
+    kxpanel::moveMouse(canvas, quarter, Qt::LeftButton | Qt::RightButton);
+    QTest::mouseRelease(canvas, Qt::RightButton, Qt::NoModifier, quarter);
+    kxpanel::moveMouse(canvas, quarter + QPoint(20, 0), Qt::LeftButton);
+    QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, quarter + QPoint(20, 0));
+    const qint64 time = window.plot->timeAt(quarter.x() + 20);
+    QCOMPARE(window.state(),
+             "Cursor 1: "
+                 + QDateTime::fromMSecsSinceEpoch(time).toString("yyyy-MM-dd hh:mm:ss.zzz"));
+}
+
+void TrendPageTest::textsMakeNoPageWide()
+{
+    Window window;
+    window.waitUntilDrawn();
+    const int width = window.page.minimumSizeHint().width();
+    window.action("firstCursor")->trigger();
+    window.action("secondCursor")->trigger();
+    window.waitUntilDrawn();
+    QCOMPARE(window.page.minimumSizeHint().width(), width);
+    QVERIFY(width < window.page.fontMetrics().averageCharWidth() * 80);
+}
+
+void TrendPageTest::anyNumbersAreDrawn_data()
+{
+    QTest::addColumn<double>("low");
+    QTest::addColumn<double>("high");
+
+    QTest::newRow("as far apart as numbers can be") << -1.7e308 << 1.7e308;
+    QTest::newRow("as near as they can be") << 0.0 << 5e-324;
+    QTest::newRow("neighbours") << 1e15 << 1e15 + 0.125;
+    QTest::newRow("equal, and large") << 1.7e308 << 1.7e308;
+    QTest::newRow("equal, and small") << 5e-324 << 5e-324;
+}
+
+void TrendPageTest::anyNumbersAreDrawn()
+{
+    QFETCH(double, low);
+    QFETCH(double, high);
+    kxpanel::TrendChannel channel;
+    channel.number = -1;
+    channel.endsAt = 60000;
+    channel.store = std::make_shared<kxpanel::TrendStore>();
+    channel.store->append(10000, low);
+    channel.store->append(30000, high);
+    kxpanel::TrendChannel lane = channel;
+    lane.number = -2;
+    lane.wanted = kxpanel::TrendAxis::Lane;
+    TagList tags;
+    kxpanel::TrendChannels channels(&tags);
+    channels.setRecorded({channel, lane});
+    kxpanel::TrendView view;
+    view.show(0, 60000);
+    TrendPlot plot(&channels, &view);
+    plot.resize(600, 400);
+    plot.refresh();
+    QVERIFY(!plot.grab().isNull());
+    const kxpanel::TrendView::Range shown = plot.shownValues(TrendSide::Left);
+    QVERIFY(std::isfinite(shown.high - shown.low));
+    QVERIFY(shown.low < shown.high);
+    QVERIFY(shown.low <= low || low < -1e300);
+    QVERIFY(shown.high >= high || high > 1e300);
+    const QwtScaleDiv scale = plot.axisScaleDiv(QwtPlot::yLeft);
+    QVERIFY(scale.ticks(QwtScaleDiv::MajorTick).size() <= 20);
+    for (const double tick : scale.ticks(QwtScaleDiv::MajorTick))
+        QVERIFY(std::isfinite(tick));
+}
+
 void TrendPageTest::eachUnitHasItsScale()
 {
     Window window;
@@ -448,7 +579,51 @@ void TrendPageTest::layoutComesBack()
     QCOMPARE(other.page.layout(), layout);
     other.page.setLayout({{"span", "long"}, {"channels", 7}});
     QCOMPARE(other.legend->rowCount(), 0);
-    QCOMPARE(other.page.layout().value("span").toInt(), 120000);
+    QCOMPARE(other.page.layout().value("span").toInt(), 60000);
+}
+
+void TrendPageTest::layoutsOfAnySizeAreTaken()
+{
+    Window window;
+    for (const double span : {1e30, 1e-3, -5.0, 1e18}) {
+        window.page.setLayout({{"span", span}});
+        QCOMPARE(window.page.layout().value("span").toInt(), 60000);
+    }
+}
+
+/// What was zoomed to and pointed at was about other values.
+void TrendPageTest::anotherProjectBeginsAnew()
+{
+    Window window;
+    window.drop({window.numbers.at(0)});
+    window.read();
+    window.waitUntilDrawn();
+    const double high = window.plot->shownValues(TrendSide::Left).high;
+    window.drag(Qt::LeftButton, QPoint(100, 50), QPoint(300, 150)); // a band
+    window.key(Qt::Key_1);
+    window.key(Qt::Key_Minus);
+    window.page.setLayout({});
+    QCOMPARE(window.page.layout().value("span").toInt(), 60000);
+    QVERIFY(window.action("live")->isChecked());
+    QVERIFY(window.state().startsWith("Keys 1 and 2"));
+    window.drop({window.numbers.at(0)});
+    window.read();
+    window.waitUntilDrawn();
+    QCOMPARE(window.plot->shownValues(TrendSide::Left).high, high);
+}
+
+/// The line keeps the clock that it was opened with; the system's may be set back meanwhile.
+void TrendPageTest::readsOfALaterClockAreShown()
+{
+    Window window;
+    window.drop({window.numbers.at(0)});
+    const qint64 later = QDateTime::currentMSecsSinceEpoch() + 3600000;
+    emit window.machine.valuesRead({readingOf(window.numbers.at(0), 100, later - 20000)});
+    emit window.machine.valuesRead({readingOf(window.numbers.at(0), 200, later)});
+    window.waitUntilDrawn();
+    QCOMPARE(window.text(0, TrendLegend::Now), QString("20"));
+    QVERIFY(window.to() >= later);
+    QVERIFY(window.pixelsOf(BLUE) > 100);
 }
 
 void TrendPageTest::picturesAreSaved()
@@ -491,7 +666,7 @@ void TrendPageTest::aRecordingIsOpened()
     other.page.files()->open(folder.filePath("plot.csv"));
     QTRY_COMPARE(other.legend->rowCount(), 1);
     other.waitUntilDrawn();
-    QCOMPARE(other.text(0, TrendLegend::Name), QString("Pressure"));
+    QCOMPARE(other.text(0, TrendLegend::Name), QString("Pressure (recorded)"));
     QVERIFY(!other.action("live")->isChecked());
     QCOMPARE(other.from(), window.firstRead);
     QVERIFY(other.pixelsOf(BLUE) > 100);
@@ -501,13 +676,28 @@ void TrendPageTest::aRecordingIsOpened()
     QCOMPARE(other.legend->rowCount(), 1);
 }
 
+void TrendPageTest::aFileThatCannotBeReadLeavesTheOneBeingRead()
+{
+    QTemporaryDir folder;
+    QFile file(folder.filePath("a.csv"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("time,D1@1,gaps\n2026-11-23T10:00:00.000Z,1,\n2026-11-23T10:00:01.000Z,2,\n");
+    file.close();
+    Window window;
+    window.page.files()->open(file.fileName());
+    window.page.files()->open(folder.filePath("none.csv"));
+    QTRY_COMPARE(window.legend->rowCount(), 1);
+    QVERIFY2(window.said.last().at(0).toString().startsWith(file.fileName()),
+             qPrintable(window.said.last().at(0).toString()));
+}
+
 void TrendPageTest::allHaveKeysTipsAndNames()
 {
     Window window;
-    const char* const names[] = {"live",         "toNow",      "zoomIn",      "zoomOut",
-                                 "earlier",      "later",      "fitValues",   "firstCursor",
-                                 "secondCursor", "cursorLeft", "cursorRight", "clearCursors",
-                                 "remove"};
+    const char* const names[] = {"live",         "toNow",      "zoomIn",        "zoomOut",
+                                 "earlier",      "later",      "fitValues",     "firstCursor",
+                                 "secondCursor", "cursorLeft", "cursorRight",   "clearCursors",
+                                 "remove",       "open",       "exportPicture", "exportValues"};
     for (const char* const name : names) {
         const QString key = window.action(name)->shortcut().toString(QKeySequence::NativeText);
         QVERIFY2(!key.isEmpty(), name);

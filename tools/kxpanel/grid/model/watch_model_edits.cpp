@@ -175,6 +175,8 @@ QMimeData* WatchModel::mimeData(const QModelIndexList& indexes) const
     }
     auto* const data = new QMimeData;
     data->setData(QString::fromLatin1(VALUES_MIME_TYPE), numbersText(numbers));
+    data->setData(QString::fromLatin1(PROCESS_MIME_TYPE),
+                  QByteArray::number(QCoreApplication::applicationPid()));
     data->setText(tagsText(tags));
     return data;
 }

@@ -1,6 +1,7 @@
 #include "kxpanel/trend/files/trend_file_reader.h"
 
 #include "kxpanel/trend/model/trend_channels.h"
+#include "kxpanel/trend/model/trend_text.h"
 #include "panel/values/value_address.h"
 
 #include <QtCore/QElapsedTimer>
@@ -32,6 +33,7 @@ bool TrendFileReader::open(const QString& path, QString* error)
     m_channels.clear();
     m_range = TrendRange();
     m_remark.clear();
+    m_setBack = 0;
     for (const kx::RecordedTag& tag : m_reader->tags().mid(0, TrendChannels::MOST)) {
         TrendChannel channel;
         kx::AddressRange range;
@@ -39,7 +41,7 @@ bool TrendFileReader::open(const QString& path, QString* error)
         QString fault;
         channel.number = -1 - static_cast<int>(m_channels.size());
         channel.tagName = tag.name;
-        channel.name = tag.name.isEmpty() ? tag.address : tag.name;
+        channel.name = tr("%1 (recorded)").arg(tag.name.isEmpty() ? tag.address : tag.name);
         channel.station = tag.station;
         channel.address = tag.address;
         channel.unit = tag.unit;
@@ -68,8 +70,9 @@ void TrendFileReader::readSlice()
 
 void TrendFileReader::take(const kx::RecordedEvent& event)
 {
-    if (m_range.to == 0)
-        m_range.from = event.time;
+    const qint64 back = m_range.to - 1 - event.time;
+    if (m_range.to == 0 || back > TrendStore::STEP_BACK)
+        beginAt(event.time, back);
     m_range.to = std::max(m_range.to, event.time + 1);
     if (event.tag >= m_channels.size())
         return;
@@ -77,6 +80,16 @@ void TrendFileReader::take(const kx::RecordedEvent& event)
     const double number = isNumber ? event.value.text.toDouble(&isNumber) : 0;
     const double value = event.isGap ? gapValue(event.reason) : isNumber ? number : notANumber();
     m_channels.at(event.tag).store->append(event.time, value);
+}
+
+/// One axis cannot show a time twice, so all begin anew.
+/// @param back milliseconds by which the clock was set back
+void TrendFileReader::beginAt(qint64 time, qint64 back)
+{
+    for (const TrendChannel& channel : qAsConst(m_channels))
+        channel.store->clear();
+    m_setBack = std::max(m_setBack, m_range.to == 0 ? 0 : back);
+    m_range = {time, time};
 }
 
 void TrendFileReader::finish()
@@ -89,6 +102,11 @@ void TrendFileReader::finish()
         remarks << tr("The first %1 of its %2 values are shown")
                        .arg(m_channels.size())
                        .arg(m_reader->tags().size());
+    if (m_setBack > 0)
+        remarks << tr("Its clock was set back by %1; what was before is not shown")
+                       .arg(spanText(m_setBack));
+    if (m_range.to == 0)
+        remarks << tr("It holds no values");
     remarks.removeAll(QString());
     m_remark = remarks.join(QLatin1String("; "));
     m_reader.reset();

@@ -38,12 +38,14 @@ signals:
 private:
     void readSlice();
     void take(const kx::RecordedEvent& event);
+    void beginAt(qint64 time, qint64 back);
     void finish();
 
     std::unique_ptr<kx::RecordingReader> m_reader;
     QTimer m_timer;
     QList<TrendChannel> m_channels;
     TrendRange m_range;
+    qint64 m_setBack = 0; ///< milliseconds
     QString m_remark;
 };
 

@@ -6,6 +6,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
+#include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
 
 #include <algorithm>
@@ -59,6 +60,21 @@ void record(const Row& row, kx::RecordingWriter* writer)
         writer->sample(sample.time, row.tag, {QStringLiteral("nan"), false});
 }
 
+/// A recording tells values apart by station and address.
+const TrendChannel* twinIn(const QList<TrendChannel>& channels)
+{
+    QSet<QPair<int, QString>> recorded;
+    for (const TrendChannel& channel : channels) {
+        if (channel.number < 0)
+            recorded.insert(qMakePair(channel.station, channel.address));
+    }
+    for (const TrendChannel& channel : channels) {
+        if (channel.number > 0 && recorded.contains(qMakePair(channel.station, channel.address)))
+            return &channel;
+    }
+    return nullptr;
+}
+
 bool writeRows(const QString& path, const QList<TrendChannel>& channels, const QVector<Row>& rows,
                QString* error)
 {
@@ -93,6 +109,12 @@ bool writeTrend(const QString& path, const QList<TrendChannel>& channels, const 
         *error = shown.isEmpty()
                      ? TrendFileWriter::tr("No value is shown that could be saved")
                      : TrendFileWriter::tr("%1: its name must end with .csv or .sqlite").arg(path);
+        return false;
+    }
+    if (const TrendChannel* const twin = twinIn(shown)) {
+        *error =
+            TrendFileWriter::tr("%1 is shown as it is and as it was recorded; hide one of both")
+                .arg(twin->address);
         return false;
     }
     const QFileInfo target(path);

@@ -26,6 +26,13 @@ public:
         ++m_end;
     }
 
+    template <typename Change>
+    void changeAll(const Change& change)
+    {
+        for (T& item : m_items)
+            change(&item);
+    }
+
     void clear()
     {
         m_items.clear();

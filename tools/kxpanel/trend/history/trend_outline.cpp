@@ -16,6 +16,7 @@ public:
     {
         if (column.hasGap())
             return leaveOut(x, column);
+        m_isLeftOut = false;
         add(x, column.first.value);
         addExtremes(x, column);
         add(x, column.last.value);
@@ -35,12 +36,14 @@ public:
 
 private:
     /// The column stays free, so that its gap is seen, unless there is more to it than one value
-    /// that its neighbours show.
+    /// that its neighbours show. Of such in a row every other one is drawn, as dots.
     void leaveOut(double x, const TrendSpan& column)
     {
         end(x);
         const bool isAlone = column.first.isGap() && column.last.isGap();
-        if (!column.hasValues() || (!isAlone && column.lowest.value == column.highest.value))
+        const bool isSeen = isAlone || m_isLeftOut || column.lowest.value != column.highest.value;
+        m_isLeftOut = !column.hasValues() || !isSeen;
+        if (m_isLeftOut)
             return;
         addExtremes(x, column);
         end(x);
@@ -74,6 +77,7 @@ private:
 
     QVector<QPolygonF> m_polygons;
     QPolygonF m_polygon;
+    bool m_isLeftOut = false; ///< the column before shows nothing
 };
 
 } // namespace

@@ -79,4 +79,10 @@ void TrendSpan::add(const TrendSpan& later)
         highest = later.highest;
 }
 
+void TrendSpan::shift(qint64 milliseconds)
+{
+    for (TrendSample* const sample : {&first, &last, &lowest, &highest, &gap})
+        sample->shift(milliseconds);
+}
+
 } // namespace kxpanel

@@ -20,6 +20,7 @@ struct TrendSample {
 
     bool isThere() const { return time != NO_TIME; }
     bool isGap() const { return std::isnan(value); }
+    void shift(qint64 milliseconds) { time += isThere() ? milliseconds : 0; }
 };
 
 struct TrendRange {
@@ -49,6 +50,7 @@ struct TrendSpan {
     /// Takes in one that is later than all.
     void add(const TrendSample& sample);
     void add(const TrendSpan& later);
+    void shift(qint64 milliseconds);
 };
 
 } // namespace kxpanel

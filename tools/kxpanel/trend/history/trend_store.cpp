@@ -12,7 +12,6 @@ namespace
 {
 
 const int LEVELS = 5;
-const qint64 STEP_BACK = 60000; // milliseconds; a clock that is kept right takes smaller ones
 
 quint64 bitsOf(double value)
 {
@@ -71,6 +70,14 @@ void TrendStore::clear()
     m_samples.clear();
     for (Ring<TrendSpan>& level : m_levels)
         level.clear();
+}
+
+void TrendStore::shift(qint64 milliseconds)
+{
+    const auto move = [milliseconds](auto* item) { item->shift(milliseconds); };
+    m_samples.changeAll(move);
+    for (Ring<TrendSpan>& level : m_levels)
+        level.changeAll(move);
 }
 
 qint64 TrendStore::begin() const

@@ -25,14 +25,18 @@ namespace kxpanel
 class TrendStore
 {
 public:
+    static constexpr qint64 STEP_BACK = 60000; ///< milliseconds
+
     /// @param samples that are kept as they are; a power of two, 64 or more
     explicit TrendStore(int samples = 8192);
 
-    /// A read, in constant time. The clock may have been set back: by up to a minute the time of
+    /// A read, in constant time. The clock may have been set back: by up to STEP_BACK the time of
     /// the sample before is taken, by more all begins anew.
     /// @param value gapValue() or notANumber() when there is none
     void append(qint64 time, double value);
     void clear();
+    /// Moves all that there is, in time that grows with it.
+    void shift(qint64 milliseconds);
 
     bool isEmpty() const { return m_samples.isEmpty(); }
     /// Time of the oldest sample that is known of, NO_TIME without any.

@@ -1,7 +1,6 @@
 #include "kxpanel/trend/model/trend_channels.h"
 
 #include "kxpanel/trend/model/trend_colours.h"
-#include "kxpanel/trend/model/trend_layout.h"
 #include "kxpanel/trend/model/trend_reading.h"
 
 #include <QtCore/QSet>
@@ -22,40 +21,36 @@ const TrendChannel* TrendChannels::find(int number) const
     return index < 0 ? nullptr : &m_channels.at(index);
 }
 
-QString TrendChannels::add(const QList<int>& numbers)
+QString TrendChannels::add(const QList<int>& numbers, qint64 now)
 {
     QString fault;
-    int added = 0;
+    const auto before = m_channels.size();
     for (const int number : numbers) {
         const WatchedValue* value = m_tags->find(number);
         if (value == nullptr || indexOf(number) >= 0)
             continue;
         if (value->tag.format.kind == kx::ValueKind::Ascii)
             fault = tr("%1 is text, which has no curve").arg(TagList::shownName(*value));
-        else if (addOne(number))
-            ++added;
+        else if (m_channels.size() < MOST)
+            addOne(number, now);
         else
             fault = tr("A plot holds %n value(s) at most", nullptr, MOST);
     }
-    if (added > 0)
+    if (m_channels.size() > before)
         finishChange();
     return fault;
 }
 
-bool TrendChannels::addOne(int number)
+/// One that there is room for.
+void TrendChannels::addOne(int number, qint64 now)
 {
-    if (m_channels.size() >= MOST)
-        return false;
     TrendChannel channel;
     channel.look = freeLook();
-    channel.store = std::make_shared<TrendStore>();
     describe(*m_tags->find(number), &channel);
-    const Reading& known = m_tags->reading(number);
-    if (known.state == kx::WatchState::Ok && known.readAt > 0)
-        takeReading(known, m_tags->find(number)->tag.format, known.readAt, &channel);
+    beginHistory(&channel);
+    beginWithKnown(now, &channel);
     m_indexes.insert(number, static_cast<int>(m_channels.size()));
     m_channels << channel;
-    return true;
 }
 
 /// The first look that none has, else one that few have.
@@ -71,11 +66,14 @@ int TrendChannels::freeLook() const
 void TrendChannels::remove(const QList<int>& numbers)
 {
     const QSet<int> gone(numbers.begin(), numbers.end());
-    const auto isGone = [&gone](const TrendChannel& channel) {
-        return gone.contains(channel.number);
-    };
-    m_channels.erase(std::remove_if(m_channels.begin(), m_channels.end(), isGone),
-                     m_channels.end());
+    QList<TrendChannel> left;
+    for (const TrendChannel& channel : qAsConst(m_channels)) {
+        if (!gone.contains(channel.number))
+            left << channel;
+        else if (channel.number > 0)
+            m_shelf.put(channel, 0, TrendShelf::Return::WhenAsked);
+    }
+    m_channels = left;
     finishChange();
 }
 
@@ -97,28 +95,30 @@ void TrendChannels::setAxis(const QList<int>& numbers, TrendAxis axis)
     finishChange();
 }
 
-void TrendChannels::setRecorded(const QList<TrendChannel>& recorded)
+int TrendChannels::setRecorded(const QList<TrendChannel>& recorded)
 {
     const auto isEarlier = [](const TrendChannel& channel) { return channel.number < 0; };
     m_channels.erase(std::remove_if(m_channels.begin(), m_channels.end(), isEarlier),
                      m_channels.end());
-    for (TrendChannel channel : recorded.mid(0, std::max(0, MOST - int(m_channels.size())))) {
+    const QList<TrendChannel> taken =
+        recorded.mid(0, std::max(0, MOST - static_cast<int>(m_channels.size())));
+    for (TrendChannel channel : taken) {
         channel.look = freeLook();
         m_channels << channel;
     }
     finishChange();
+    return static_cast<int>(taken.size());
 }
 
-bool TrendChannels::hasRecorded() const
+void TrendChannels::shift(qint64 milliseconds)
 {
-    return std::any_of(m_channels.begin(), m_channels.end(),
-                       [](const TrendChannel& channel) { return channel.number < 0; });
-}
-
-void TrendChannels::clearHistory()
-{
-    for (const TrendChannel& channel : m_channels)
-        channel.store->clear();
+    m_shelf.shift(milliseconds);
+    for (TrendChannel& channel : m_channels) {
+        if (channel.number < 0)
+            continue;
+        channel.store->shift(milliseconds);
+        channel.readAt += channel.readAt > 0 ? milliseconds : 0;
+    }
     emit samplesAdded();
 }
 
@@ -157,78 +157,67 @@ void TrendChannels::takeLine(const LineStatus& status, qint64 now)
     emit samplesAdded();
 }
 
-/// A value that means something else now begins anew.
+/// A value that means something else now begins anew, and goes on when it means the same again.
 void TrendChannels::followTags()
 {
     QList<TrendChannel> left;
-    for (TrendChannel channel : m_channels) {
-        if (channel.number > 0 && m_tags->find(channel.number) == nullptr)
-            continue;
-        if (channel.number > 0) {
-            const TrendChannel before = channel;
-            describe(*m_tags->find(channel.number), &channel);
-            if (channel.address != before.address || channel.station != before.station)
-                channel.store->clear();
-        }
-        left << channel;
+    for (int index = 0; index < m_channels.size(); ++index) {
+        const TrendChannel& channel = m_channels.at(index);
+        const WatchedValue* const value = m_tags->find(channel.number);
+        if (channel.number > 0 && value == nullptr)
+            m_shelf.put(channel, index, TrendShelf::Return::WithItsNumber);
+        else
+            left << (value ? followed(channel, *value) : channel);
     }
     m_channels = left;
+    takeReturning();
     finishChange();
     takeWanted();
 }
 
-QJsonArray TrendChannels::layout() const
+TrendChannel TrendChannels::followed(const TrendChannel& before, const WatchedValue& value)
 {
-    QJsonArray layout;
-    for (const TrendChannel& channel : m_channels) {
-        if (channel.number > 0)
-            layout << channelJson(channel);
-    }
-    for (const QJsonValue& wanted : m_wanted)
-        layout << wanted;
-    return layout;
+    TrendChannel channel = before;
+    describe(value, &channel);
+    if (channel.address == before.address && channel.station == before.station)
+        return channel;
+    m_shelf.put(before, 0, TrendShelf::Return::WhenAsked);
+    beginHistory(&channel);
+    beginWithKnown(NO_TIME, &channel);
+    return channel;
 }
 
-void TrendChannels::setLayout(const QJsonArray& layout)
+void TrendChannels::takeReturning()
 {
-    QList<TrendChannel> recorded;
-    for (const TrendChannel& channel : m_channels) {
-        if (channel.number < 0)
-            recorded << channel;
+    for (const TrendShelf::Kept& kept : m_shelf.returning()) {
+        const WatchedValue* const value = m_tags->find(kept.channel.number);
+        TrendChannel channel = kept.channel;
+        if (value == nullptr || m_channels.size() >= MOST)
+            continue;
+        describe(*value, &channel);
+        if (channel.address != kept.channel.address || channel.station != kept.channel.station)
+            continue;
+        m_shelf.take(kept.channel);
+        m_channels.insert(std::min(kept.place, static_cast<int>(m_channels.size())), channel);
     }
-    m_channels = recorded;
-    m_wanted = layout;
-    finishChange();
-    takeWanted();
 }
 
-void TrendChannels::takeWanted()
+/// As the shelf has it, else empty.
+void TrendChannels::beginHistory(TrendChannel* channel)
 {
-    QJsonArray left;
-    for (int index = 0; index < m_wanted.size(); ++index) {
-        const QJsonValue wanted = m_wanted.at(index);
-        const int number = numberMeantBy(wanted.toObject());
-        if (number > 0 && addOne(number))
-            takeChannelJson(wanted.toObject(), &m_channels.last());
-        else
-            left << wanted;
-    }
-    const bool isAnyTaken = left.size() < m_wanted.size();
-    m_wanted = left;
-    if (isAnyTaken)
-        finishChange();
+    const std::optional<TrendChannel> kept = m_shelf.take(*channel);
+    channel->store = kept ? kept->store : std::make_shared<TrendStore>();
+    channel->readAt = kept ? kept->readAt : 0;
 }
 
-/// 0: none that it does not have yet.
-int TrendChannels::numberMeantBy(const QJsonObject& json) const
+void TrendChannels::beginWithKnown(qint64 now, TrendChannel* channel)
 {
-    for (const WatchedValue& value : m_tags->values()) {
-        TrendChannel channel;
-        describe(value, &channel);
-        if (isMeant(json, channel) && indexOf(value.number) < 0)
-            return value.number;
-    }
-    return 0;
+    const Reading& known = m_tags->reading(channel->number);
+    const bool isGood = known.state == kx::WatchState::Ok && known.readAt > 0;
+    if (!isGood && (known.state == kx::WatchState::NeverRead || now == NO_TIME))
+        return;
+    takeReading(known, m_tags->find(channel->number)->tag.format, isGood ? known.readAt : now,
+                channel);
 }
 
 } // namespace kxpanel

@@ -4,14 +4,15 @@
 #include "kxpanel/machine/machine_events.h"
 #include "kxpanel/tags/tag_list.h"
 #include "kxpanel/trend/model/trend_channel.h"
-
-#include <QtCore/QJsonArray>
+#include "kxpanel/trend/model/trend_shelf.h"
+#include "kxpanel/trend/model/trend_wanted.h"
 
 namespace kxpanel
 {
 
 /// The values of a plot, and what they were. Values of the watch list follow it: their names and
-/// units are the list's, and one that leaves it leaves the plot.
+/// units are the list's, and one that leaves it leaves the plot until undo brings it back, with its
+/// history.
 class TrendChannels : public QObject
 {
     Q_OBJECT
@@ -26,20 +27,21 @@ public:
     /// Null when it has none of that number.
     const TrendChannel* find(int number) const;
 
-    /// Takes values of the watch list in, which begin with what is known of them. Those that it has
-    /// already and those that are gone are left out.
+    /// Takes values of the watch list in, which begin with what is known of them, or go on where
+    /// they were taken out. Those that it has already and those that are gone are left out.
+    /// @param now when the gap begins of those that do not answer; NO_TIME: they begin empty
     /// @return what else could not be taken in, one line; empty: nothing
-    QString add(const QList<int>& numbers);
+    QString add(const QList<int>& numbers, qint64 now = NO_TIME);
     void remove(const QList<int>& numbers);
     void setShown(int number, bool isShown);
     void setAxis(const QList<int>& numbers, TrendAxis axis);
 
     /// Takes channels of a recorded file in, instead of those of an earlier one. Their numbers are
     /// below 0.
-    void setRecorded(const QList<TrendChannel>& recorded);
-    bool hasRecorded() const;
-    /// Forgets what was; the channels stay.
-    void clearHistory();
+    /// @return how many there was room for
+    int setRecorded(const QList<TrendChannel>& recorded);
+    /// Moves what was, but for recorded files: the clock was set.
+    void shift(qint64 milliseconds);
 
     /// What a project keeps of the values of its watch list.
     QJsonArray layout() const;
@@ -61,8 +63,11 @@ signals:
 private:
     void followTags();
     void takeWanted();
-    bool addOne(int number);
-    int numberMeantBy(const QJsonObject& json) const;
+    void addOne(int number, qint64 now);
+    TrendChannel followed(const TrendChannel& before, const WatchedValue& value);
+    void takeReturning();
+    void beginHistory(TrendChannel* channel);
+    void beginWithKnown(qint64 now, TrendChannel* channel);
     int indexOf(int number) const { return m_indexes.value(number, -1); }
     int freeLook() const;
     void finishChange();
@@ -70,7 +75,8 @@ private:
     const TagList* m_tags;
     QList<TrendChannel> m_channels;
     QHash<int, int> m_indexes; ///< by number
-    QJsonArray m_wanted;       ///< of a layout, not in the watch list
+    TrendShelf m_shelf;        ///< what left
+    TrendWanted m_wanted;      ///< of a layout, not in the watch list
 };
 
 } // namespace kxpanel

@@ -1,5 +1,7 @@
 #include "kxpanel/trend/model/trend_colours.h"
 
+#include <algorithm>
+
 namespace kxpanel
 {
 
@@ -45,6 +47,21 @@ QPen trendPen(int look, const QColor& ground)
     pen.setStyle(STYLES[look / COLOURS % STYLE_COUNT]);
     pen.setWidth(1); // wider ones are slow where a curve fills the plot
     return pen;
+}
+
+void drawTrendSample(int look, const QColor& ground, const QRect& box, QPainter* painter)
+{
+    QPen pen = trendPen(look, ground);
+    const int width = std::max(2, box.height() / 6);
+    pen.setWidth(width);
+    pen.setCapStyle(Qt::FlatCap);
+    // Two dashes and the gap between them fill the box.
+    if (pen.style() == Qt::DashLine)
+        pen.setDashPattern({box.width() / (2.5 * width), box.width() / (5.0 * width)});
+    painter->save();
+    painter->setPen(pen);
+    painter->drawLine(box.left(), box.center().y(), box.right() + 1, box.center().y());
+    painter->restore();
 }
 
 } // namespace kxpanel

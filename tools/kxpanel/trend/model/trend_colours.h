@@ -3,6 +3,7 @@
 #define KX_KXPANEL_TREND_MODEL_TREND_COLOURS_H
 
 #include <QtGui/QColor>
+#include <QtGui/QPainter>
 #include <QtGui/QPen>
 
 namespace kxpanel
@@ -18,6 +19,9 @@ QColor trendColour(int look, const QColor& ground);
 
 /// A line in that colour, solid for the first six.
 QPen trendPen(int look, const QColor& ground);
+
+/// A piece of that line, as a legend shows it.
+void drawTrendSample(int look, const QColor& ground, const QRect& box, QPainter* painter);
 
 } // namespace kxpanel
 

@@ -52,11 +52,12 @@ QJsonObject channelJson(const TrendChannel& channel)
     return json;
 }
 
-bool isMeant(const QJsonObject& json, const TrendChannel& channel)
+QString channelKey(const QJsonObject& json)
 {
-    return json.value(QLatin1String("station")).toInt() == channel.station
-           && json.value(QLatin1String("name")).toString() == channel.tagName
-           && json.value(QLatin1String("address")).toString() == channel.address;
+    const QString parts[] = {json.value(QLatin1String("name")).toString(),
+                             QString::number(json.value(QLatin1String("station")).toInt()),
+                             json.value(QLatin1String("address")).toString()};
+    return parts[0] + QChar(0) + parts[1] + QChar(0) + parts[2];
 }
 
 void takeChannelJson(const QJsonObject& json, TrendChannel* channel)

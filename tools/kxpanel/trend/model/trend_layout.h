@@ -11,8 +11,8 @@ namespace kxpanel
 
 QJsonObject channelJson(const TrendChannel& channel);
 
-/// Whether it is the channel that was kept so.
-bool isMeant(const QJsonObject& json, const TrendChannel& channel);
+/// The same for whatever means the same channel.
+QString channelKey(const QJsonObject& json);
 
 /// Its axis, look and whether it is shown.
 void takeChannelJson(const QJsonObject& json, TrendChannel* channel);

@@ -1,8 +1,6 @@
 #include "kxpanel/trend/model/trend_legend.h"
 
-#include "kxpanel/trend/model/trend_colours.h"
-
-#include <QtCore/QLocale>
+#include "kxpanel/trend/model/trend_text.h"
 
 namespace kxpanel
 {
@@ -10,17 +8,18 @@ namespace kxpanel
 namespace
 {
 
-// Digits that a person reads; a file has all of them.
-const int SHOWN_DIGITS = 9;
-
-QString numberText(double number)
-{
-    return QString::number(number, 'g', SHOWN_DIGITS);
-}
-
 TrendSpan spanAt(const TrendChannel& channel, qint64 time, qint64 now)
 {
     return time > channel.until(now) ? TrendSpan() : channel.store->between(time, time + 1);
+}
+
+/// In brackets.
+QString gapReason(const TrendSample& gap)
+{
+    kx::GapReason reason = kx::GapReason::NotYetRead;
+    return gapReasonOf(gap.value, &reason)
+               ? QLatin1Char('(') + kx::gapText(reason) + QLatin1Char(')')
+               : TrendLegend::tr("(no number)");
 }
 
 QString axisName(TrendAxis axis)
@@ -40,16 +39,14 @@ QString axisName(TrendAxis axis)
 QString trendValueText(const TrendChannel& channel, qint64 time, qint64 now)
 {
     const TrendSpan span = spanAt(channel, time, now);
-    kx::GapReason reason = kx::GapReason::NotYetRead;
     if (span.isEmpty())
         return QString();
     if (!span.hasValues())
-        return gapReasonOf(span.last.value, &reason)
-                   ? QLatin1Char('(') + kx::gapText(reason) + QLatin1Char(')')
-                   : TrendLegend::tr("(no number)");
+        return gapReason(span.last);
     const QString low = numberText(span.lowest.value);
     const QString high = numberText(span.highest.value);
-    return low == high ? low : TrendLegend::tr("%1 to %2").arg(low, high);
+    const QString values = low == high ? low : TrendLegend::tr("%1 to %2").arg(low, high);
+    return span.hasGap() ? values + QLatin1Char(' ') + gapReason(span.gap) : values;
 }
 
 TrendLegend::TrendLegend(TrendChannels* channels, const TrendView* view, QObject* parent)
@@ -86,14 +83,6 @@ void TrendLegend::refreshValues()
 {
     if (rowCount() > 0)
         emit dataChanged(index(0, Now), index(rowCount() - 1, Now), {Qt::DisplayRole});
-}
-
-void TrendLegend::setGround(const QColor& ground)
-{
-    if (m_ground == ground)
-        return;
-    m_ground = ground;
-    onChannels();
 }
 
 int TrendLegend::numberAt(int row) const
@@ -135,17 +124,20 @@ QString TrendLegend::textOf(const TrendChannel& channel, int column) const
     }
 }
 
-/// Nothing unless both are one number each.
+/// A number where both are one each, else why there is none.
 QString TrendLegend::differenceText(const TrendChannel& channel) const
 {
     if (!m_view->difference())
         return QString();
     const TrendSpan first = spanAt(channel, *m_view->cursor(0), m_view->now());
     const TrendSpan second = spanAt(channel, *m_view->cursor(1), m_view->now());
-    const bool areKnown = first.hasValues() && second.hasValues() && !first.hasGap()
-                          && !second.hasGap() && first.lowest.value == first.highest.value
-                          && second.lowest.value == second.highest.value;
-    return areKnown ? numberText(second.last.value - first.last.value) : QString();
+    if (first.hasGap() || second.hasGap())
+        return tr("(gap)");
+    if (first.isEmpty() || second.isEmpty())
+        return tr("(no value)");
+    const bool areExact =
+        first.lowest.value == first.highest.value && second.lowest.value == second.highest.value;
+    return areExact ? numberText(second.last.value - first.last.value) : tr("(not exact)");
 }
 
 QVariant TrendLegend::data(const QModelIndex& index, int role) const
@@ -158,8 +150,8 @@ QVariant TrendLegend::data(const QModelIndex& index, int role) const
         return textOf(*channel, index.column());
     if (role == Qt::CheckStateRole && isName)
         return channel->isShown ? Qt::Checked : Qt::Unchecked;
-    if (role == Qt::DecorationRole && isName)
-        return trendColour(channel->look, m_ground);
+    if (role == LookRole)
+        return channel->look;
     if (role == Qt::ToolTipRole)
         return tr("%1 of station %2").arg(channel->address, QString::number(channel->station));
     const bool isNumber = index.column() == Now || index.column() == First

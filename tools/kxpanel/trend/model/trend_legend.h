@@ -5,7 +5,6 @@
 #include "kxpanel/trend/model/trend_view.h"
 
 #include <QtCore/QAbstractTableModel>
-#include <QtGui/QColor>
 
 namespace kxpanel
 {
@@ -17,13 +16,13 @@ class TrendLegend : public QAbstractTableModel
     Q_OBJECT
 
 public:
+    static const int LookRole = Qt::UserRole; ///< trendPen() of a row
+
     enum Column { Name, Now, Unit, First, Second, Difference, Axis, ColumnCount };
 
     /// Both outlive it.
     TrendLegend(TrendChannels* channels, const TrendView* view, QObject* parent = nullptr);
 
-    /// Of the plot, which the colours are to suit.
-    void setGround(const QColor& ground);
     int numberAt(int row) const;
     /// What is shown in the column Now may be another.
     void refreshValues();
@@ -43,7 +42,6 @@ private:
 
     TrendChannels* m_channels;
     const TrendView* m_view;
-    QColor m_ground = Qt::white;
     QList<int> m_numbers; ///< of the rows
 };
 

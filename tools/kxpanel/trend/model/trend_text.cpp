@@ -1,5 +1,7 @@
 #include "kxpanel/trend/model/trend_text.h"
 
+#include "panel/values/value_codec.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDateTime>
 #include <QtCore/QStringList>
@@ -32,6 +34,11 @@ QString placeText(int cursor, qint64 time)
 }
 
 } // namespace
+
+QString numberText(double number)
+{
+    return QString::number(number, 'g', kx::EXACT_DIGITS);
+}
 
 QString spanText(qint64 milliseconds)
 {

@@ -8,6 +8,9 @@
 namespace kxpanel
 {
 
+/// As all pages show numbers, whatever the language: "1234.5".
+QString numberText(double number);
+
 /// "800 ms", "2.655 s", "3 min 20.5 s", "1 h", "26 h 5 min"; of what goes back with a
 /// minus.
 QString spanText(qint64 milliseconds);

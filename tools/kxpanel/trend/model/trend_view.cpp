@@ -5,6 +5,34 @@
 namespace kxpanel
 {
 
+namespace
+{
+
+const double LEAST_VALUE = 1e-280;
+const double FINEST = 1e-12; // part of a number by which two can be told apart on a scale
+
+double finestAt(double low, double high)
+{
+    return qMax(qAbs(low), qAbs(high)) * FINEST;
+}
+
+} // namespace
+
+TrendView::Range drawnRange(double low, double high)
+{
+    low = qBound(-TrendView::MOST_VALUE, low, TrendView::MOST_VALUE);
+    high = qBound(-TrendView::MOST_VALUE, high, TrendView::MOST_VALUE);
+    const double largest = qMax(qAbs(low), qAbs(high));
+    if (largest < LEAST_VALUE)
+        return {-0.5, 0.5};
+    double air = 0;
+    if (!(low < high))
+        air = largest / 2;
+    else if (high - low < finestAt(low, high))
+        air = finestAt(low, high);
+    return {low - air, high + air};
+}
+
 void TrendView::setLive(bool isLive)
 {
     if (m_isLive == isLive)
@@ -63,6 +91,26 @@ void TrendView::moveBy(qint64 milliseconds)
     emit changed();
 }
 
+void TrendView::shift(qint64 milliseconds)
+{
+    m_now += milliseconds;
+    m_to += milliseconds;
+    for (std::optional<qint64>& cursor : m_cursors) {
+        if (cursor)
+            *cursor += milliseconds;
+    }
+    emit changed();
+    emit cursorsChanged();
+}
+
+void TrendView::reset()
+{
+    m_values = {};
+    m_span = USUAL_SPAN;
+    goLive();
+    clearCursors();
+}
+
 void TrendView::show(qint64 from, qint64 to)
 {
     setLive(false);
@@ -73,7 +121,9 @@ void TrendView::show(qint64 from, qint64 to)
 
 void TrendView::showValues(TrendSide side, std::optional<Range> values)
 {
-    if (values && !(values->low < values->high))
+    if (values
+        && (!(values->low < values->high) || values->low < -MOST_VALUE || values->high > MOST_VALUE
+            || values->high - values->low < finestAt(values->low, values->high)))
         return;
     m_values.at(index(side)) = values;
     emit changed();

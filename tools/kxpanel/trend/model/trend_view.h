@@ -27,6 +27,9 @@ public:
     static constexpr qint64 SHORTEST_SPAN = 20;                    ///< milliseconds
     static constexpr qint64 LONGEST_SPAN = 366 * qint64(86400000); ///< a year
 
+    static constexpr qint64 USUAL_SPAN = 60000; ///< milliseconds
+    static constexpr double MOST_VALUE = 1e300; ///< what is beyond is outside of any range
+
     struct Range {
         double low = 0;
         double high = 0;
@@ -52,6 +55,10 @@ public:
     void pan(double share);
     /// Moves the window's end, by whole milliseconds.
     void moveBy(qint64 milliseconds);
+    /// All times are others, and look the same.
+    void shift(qint64 milliseconds);
+    /// As it is at first: live, a minute, all values, no cursors.
+    void reset();
     void show(qint64 from, qint64 to);
 
     /// Values that are shown, of a scale; none: all that there are.
@@ -81,11 +88,15 @@ private:
     bool m_isLive = true;
     qint64 m_now = 0;
     qint64 m_to = 0;
-    qint64 m_span = 60000;
+    qint64 m_span = USUAL_SPAN;
     std::array<std::optional<Range>, 2> m_values;
     std::array<std::optional<qint64>, 2> m_cursors;
     int m_lastCursor = 0;
 };
+
+/// A range in which values can be drawn and scales labelled: never empty, endless or finer than
+/// numbers are. A single value stands in its middle.
+TrendView::Range drawnRange(double low, double high);
 
 } // namespace kxpanel
 

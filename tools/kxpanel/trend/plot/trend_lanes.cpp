@@ -1,6 +1,7 @@
 #include "kxpanel/trend/plot/trend_lanes.h"
 
 #include "kxpanel/trend/model/trend_colours.h"
+#include "kxpanel/trend/model/trend_text.h"
 
 #include <qwt_plot.h>
 
@@ -37,9 +38,7 @@ TrendView::Range rangeOf(const TrendChannel& channel, const TrendView& view)
     const TrendSpan span = channel.store->between(view.from(), view.to());
     if (channel.isDigital || !span.hasValues())
         return {0, 1};
-    const double low = span.lowest.value;
-    const double high = span.highest.value;
-    return low < high ? TrendView::Range{low, high} : TrendView::Range{low - 1, high + 1};
+    return drawnRange(span.lowest.value, span.highest.value);
 }
 
 QString labelOf(const TrendChannel& channel, const TrendView& view)
@@ -50,7 +49,7 @@ QString labelOf(const TrendChannel& channel, const TrendView& view)
     if (!span.hasValues())
         return channel.name;
     return QStringLiteral("%1  %2 … %3 %4")
-        .arg(channel.name, QString::number(span.lowest.value), QString::number(span.highest.value),
+        .arg(channel.name, numberText(span.lowest.value), numberText(span.highest.value),
              channel.unit);
 }
 
@@ -100,6 +99,7 @@ void TrendLanes::drawLane(QPainter* painter, const QwtScaleMap& xMap, const QRec
     const TrendView::Range range = rangeOf(channel, *m_view);
     const double gap = lane.height() * 0.15;
     const double scale = (lane.height() - 2 * gap) / (range.high - range.low);
+    painter->setClipRect(lane); // a file may say of a bit that it was 5
     painter->setPen(trendPen(channel.look, ground));
     drawOutline(painter, visibleOutline(channel, *m_view, lane.width()), [&](const QPointF& point) {
         return QPointF(xMap.transform(point.x()),

@@ -70,7 +70,10 @@ int TrendMouse::cursorAt(double x) const
 
 void TrendMouse::press(const QMouseEvent& event)
 {
+    if (m_drag != Drag::None)
+        return; // another button meanwhile
     m_begin = event.pos();
+    m_button = event.button();
     const bool pans =
         event.button() == Qt::MiddleButton
         || (event.button() == Qt::LeftButton && event.modifiers() == Qt::ShiftModifier);
@@ -85,7 +88,8 @@ void TrendMouse::move(const QMouseEvent& event)
 {
     const QPoint way = event.pos() - m_begin;
     if (m_drag == Drag::Cursor) {
-        m_view->setCursor(m_cursor, m_plot->timeAt(event.pos().x()));
+        const qint64 time = m_plot->timeAt(event.pos().x());
+        m_view->setCursor(m_cursor, qBound(m_view->from(), time, m_view->to()));
     } else if (m_drag == Drag::Pan) {
         m_view->moveBy(m_plot->timeAt(m_begin.x()) - m_plot->timeAt(event.pos().x()));
         m_begin = event.pos();
@@ -98,8 +102,10 @@ void TrendMouse::move(const QMouseEvent& event)
     }
 }
 
-void TrendMouse::release(const QMouseEvent&)
+void TrendMouse::release(const QMouseEvent& event)
 {
+    if (event.button() != m_button)
+        return;
     if (m_drag == Drag::Band && m_band->isVisible()) {
         m_band->hide();
         takeBand(m_band->geometry());

@@ -44,6 +44,7 @@ private:
     TrendView* m_view;
     QRubberBand* m_band;
     Drag m_drag = Drag::None;
+    Qt::MouseButton m_button = Qt::NoButton; ///< that began the drag
     QPoint m_begin;
     int m_cursor = 0;
 };

@@ -1,5 +1,6 @@
 #include "kxpanel/trend/plot/trend_picture.h"
 
+#include "kxpanel/trend/model/trend_colours.h"
 #include "panel/files/replaced_file.h"
 
 #include <QtCore/QBuffer>
@@ -62,12 +63,12 @@ struct Picture {
         painter->setFont(plot->font());
         QRect row(rowHeight() / 2, 0, plot->width() - rowHeight(), rowHeight());
         for (const int index : shownRows(*legend)) {
-            const QColor colour =
-                legend->index(index, TrendLegend::Name).data(Qt::DecorationRole).value<QColor>();
-            const int side = row.height() / 2;
-            painter->fillRect(row.left(), row.top() + side / 2, side, side, colour);
+            const int look =
+                legend->index(index, TrendLegend::Name).data(TrendLegend::LookRole).toInt();
+            drawTrendSample(look, palette.color(QPalette::Window),
+                            QRect(row.topLeft(), QSize(2 * row.height(), row.height())), painter);
             painter->setPen(palette.color(QPalette::WindowText));
-            painter->drawText(row.adjusted(row.height(), 0, 0, 0), Qt::AlignVCenter,
+            painter->drawText(row.adjusted(row.height() * 5 / 2, 0, 0, 0), Qt::AlignVCenter,
                               rowText(*legend, index));
             row.translate(0, row.height());
         }

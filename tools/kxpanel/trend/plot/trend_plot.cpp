@@ -1,5 +1,6 @@
 #include "kxpanel/trend/plot/trend_plot.h"
 
+#include "kxpanel/trend/plot/trend_drop.h"
 #include "kxpanel/trend/plot/trend_lanes.h"
 #include "kxpanel/trend/plot/trend_scales.h"
 
@@ -42,17 +43,6 @@ TrendAxis trendAxisOf(TrendSide side)
 
 } // namespace
 
-QList<int> draggedValues(const QMimeData& data)
-{
-    QList<int> numbers;
-    for (const QByteArray& line : data.data(QLatin1String(VALUES_MIME_TYPE)).split('\n')) {
-        const int number = line.trimmed().toInt();
-        if (number > 0)
-            numbers << number;
-    }
-    return numbers;
-}
-
 TrendPlot::TrendPlot(const TrendChannels* channels, TrendView* view, QWidget* parent)
     : QwtPlot(parent),
       m_channels(channels),
@@ -65,6 +55,8 @@ TrendPlot::TrendPlot(const TrendChannels* channels, TrendView* view, QWidget* pa
     setAutoReplot(false);
     setAxisScaleDraw(xBottom, timeScale());
     setAxisScaleEngine(xBottom, new QwtDateScaleEngine(Qt::LocalTime));
+    for (const TrendSide side : SIDES)
+        setAxisScaleDraw(axisOf(side), valueScale());
     plotLayout()->setAlignCanvasToScales(true);
     m_grid->enableXMin(false);
     m_grid->attach(this);
@@ -143,8 +135,10 @@ TrendView::Range TrendPlot::wantedValues(TrendSide side) const
     }
     TrendView::Range range = {0, 1};
     if (all.hasValues()) {
-        const double air = (all.highest.value - all.lowest.value) * AIR;
-        range = {all.lowest.value - air, all.highest.value + air};
+        range = drawnRange(all.lowest.value, all.highest.value);
+        const double air =
+            all.lowest.value < all.highest.value ? (range.high - range.low) * AIR : 0;
+        range = {range.low - air, range.high + air};
     }
     double step = 0;
     axisScaleEngine(axisOf(side))
@@ -224,14 +218,13 @@ void TrendPlot::changeEvent(QEvent* event)
 
 void TrendPlot::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->mimeData()->hasFormat(QLatin1String(VALUES_MIME_TYPE)))
-        event->acceptProposedAction();
+    takeDrag(event);
 }
 
 void TrendPlot::dropEvent(QDropEvent* event)
 {
-    event->acceptProposedAction();
-    emit valuesDropped(draggedValues(*event->mimeData()));
+    if (takeDrag(event))
+        emit valuesDropped(draggedValues(*event->mimeData()));
 }
 
 } // namespace kxpanel

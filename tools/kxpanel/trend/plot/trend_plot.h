@@ -9,8 +9,6 @@
 #include <qwt_plot_marker.h>
 #include <qwt_plot_textlabel.h>
 
-class QMimeData;
-
 namespace kxpanel
 {
 
@@ -61,9 +59,6 @@ private:
     QwtPlotMarker* m_cursors[2];
     TrendView::Range m_shown[2];
 };
-
-/// The numbers that were dragged from the grid.
-QList<int> draggedValues(const QMimeData& data);
 
 } // namespace kxpanel
 

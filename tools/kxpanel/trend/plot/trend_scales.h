@@ -7,8 +7,12 @@ class QwtScaleDraw;
 namespace kxpanel
 {
 
-/// Local times, the date where it is new. Becomes the plot's that takes it.
+/// Local times, with the date below the first one and at midnight. Becomes the plot's that takes
+/// it.
 QwtScaleDraw* timeScale();
+
+/// Numbers as in all tables, whatever the language. Becomes the plot's that takes it.
+QwtScaleDraw* valueScale();
 
 } // namespace kxpanel
 

@@ -52,6 +52,9 @@ private slots:
     void whatWasSavedIsOpened();
     void onlySoManyChannels();
     void whatIsNoRecordingIsRefused();
+    void anEmptyRecordingSaysSo();
+    void aClockThatWasSetBack();
+    void aDamagedRowEndsIt();
 
 private:
     QTemporaryDir m_folder;
@@ -91,7 +94,7 @@ void TrendFileReaderTest::aRecordingBecomesChannels()
     QCOMPARE(reader.channels().size(), 2);
     const TrendChannel& pressure = reader.channels().at(0);
     QCOMPARE(pressure.number, -1);
-    QCOMPARE(pressure.name, QString("Pressure"));
+    QCOMPARE(pressure.name, QString("Pressure (recorded)"));
     QCOMPARE(pressure.unit, QString("bar"));
     QCOMPARE(pressure.station, 3);
     QCOMPARE(pressure.endsAt, TEN + 3000);
@@ -99,7 +102,7 @@ void TrendFileReaderTest::aRecordingBecomesChannels()
     QCOMPARE(samplesOf(pressure), QString("0 not yet read, 1000 4.5, 2000 no answer, 3000 5"));
     const TrendChannel& output = reader.channels().at(1);
     QCOMPARE(output.number, -2);
-    QCOMPARE(output.name, QString("Y10"));
+    QCOMPARE(output.name, QString("Y10 (recorded)"));
     QVERIFY(output.isDigital);
     QCOMPARE(samplesOf(output), QString("0 not yet read, 1000 1, 2000 no number, 3000 0"));
 }
@@ -150,6 +153,51 @@ void TrendFileReaderTest::whatIsNoRecordingIsRefused()
     QVERIFY(!reader.open(pathOf("other.csv"), &error));
     QVERIFY(error.startsWith(pathOf("other.csv")));
     QVERIFY(!reader.isReading());
+}
+
+void TrendFileReaderTest::anEmptyRecordingSaysSo()
+{
+    write(pathOf("empty.csv"), "time,D1@1,gaps\n");
+    TrendFileReader reader;
+    read(&reader, pathOf("empty.csv"));
+    QCOMPARE(reader.remark(), QString("It holds no values"));
+    QCOMPARE(reader.channels().size(), 1);
+    QCOMPARE(reader.channels().at(0).endsAt, qint64(0));
+    write(pathOf("nothing.csv"), "");
+    QString error;
+    QVERIFY(!reader.open(pathOf("nothing.csv"), &error));
+}
+
+/// One time axis cannot show both; all channels begin anew together, and it is said.
+void TrendFileReaderTest::aClockThatWasSetBack()
+{
+    write(pathOf("back.csv"), "time,D1@1,D2@1,gaps\n"
+                              "2026-11-23T11:00:00.000Z,1,2,\n"
+                              "2026-11-23T11:00:30.000Z,1,5,\n"
+                              "2026-11-23T11:00:29.000Z,3,5,\n" // by a second: nothing is lost
+                              "2026-11-23T10:00:00.000Z,4,,\n"
+                              "2026-11-23T10:00:01.000Z,5,6,\n");
+    TrendFileReader reader;
+    read(&reader, pathOf("back.csv"));
+    QCOMPARE(reader.range().from, TEN);
+    QCOMPARE(reader.range().to, TEN + 1001);
+    QCOMPARE(samplesOf(reader.channels().at(0)), QString("0 4, 1000 5"));
+    QCOMPARE(samplesOf(reader.channels().at(1)), QString("1000 6"));
+    QCOMPARE(reader.remark(),
+             QString("Its clock was set back by 1 h; what was before is not shown"));
+}
+
+void TrendFileReaderTest::aDamagedRowEndsIt()
+{
+    write(pathOf("damaged.csv"), "time,D1@1,gaps\n"
+                                 "2026-11-23T10:00:00.000Z,1,\n"
+                                 "2026-11-23T10:00:01.000Z,\x01\xFF,\n"
+                                 "2026-11-23T10:00:02.000Z,3,\n");
+    TrendFileReader reader;
+    read(&reader, pathOf("damaged.csv"));
+    QVERIFY2(reader.remark().startsWith(pathOf("damaged.csv") + ":3: "),
+             qPrintable(reader.remark()));
+    QCOMPARE(samplesOf(reader.channels().at(0)), QString("0 1"));
 }
 
 QTEST_GUILESS_MAIN(TrendFileReaderTest)

@@ -42,6 +42,7 @@ private slots:
     void saysWhatIsThinned();
     void replacesAFile();
     void faults();
+    void twinsAreRefused();
 
 private:
     QTemporaryDir m_folder;
@@ -143,6 +144,27 @@ void TrendFileWriterTest::faults()
     QVERIFY(!kxpanel::writeTrend(pathOf("no/where.csv"), {channel}, {TEN, TEN + 1}, TEN, &isThinned,
                                  &error));
     QVERIFY(error.startsWith(pathOf("no/where.csv") + ": "));
+}
+
+/// Gaps are told by station and address, so those of one would become the other's.
+void TrendFileWriterTest::twinsAreRefused()
+{
+    TrendChannel live = channelOf("Level", "D1");
+    TrendChannel recorded = channelOf("Level", "D1");
+    live.number = 3;
+    recorded.number = -1;
+    QString error;
+    bool isThinned = false;
+    QVERIFY(!kxpanel::writeTrend(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN,
+                                 &isThinned, &error));
+    QCOMPARE(error, QString("D1 is shown as it is and as it was recorded; hide one of both"));
+    recorded.isShown = false;
+    QVERIFY(kxpanel::writeTrend(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN,
+                                &isThinned, &error));
+    recorded.isShown = true;
+    recorded.station = 2;
+    QVERIFY(kxpanel::writeTrend(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN,
+                                &isThinned, &error));
 }
 
 QTEST_GUILESS_MAIN(TrendFileWriterTest)

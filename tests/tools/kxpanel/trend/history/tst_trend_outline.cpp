@@ -84,6 +84,11 @@ void TrendOutlineTest::gaps_data()
         << Samples{{0, 1}, {41, 9}, {42, GAP}, {44, 1}} << "0,1 40,1 | 40,1 40,9 | 50,1 100,1";
     QTest::newRow("one value between two, in a column of its own")
         << Samples{{0, GAP}, {42, 5}, {44, GAP}} << "40,5";
+    // Where each column has a gap, every other one shows what there was besides.
+    QTest::newRow("one in each column, the same value around them")
+        << Samples{{0, 1},    {5, GAP}, {6, 1},    {15, GAP}, {16, 1},
+                   {25, GAP}, {26, 1},  {35, GAP}, {36, 1},   {45, GAP}}
+        << "10,1 | 30,1";
     QTest::newRow("nothing else") << Samples{{0, GAP}} << "";
 }
 

@@ -86,6 +86,7 @@ private slots:
     void aGapLastsUntilTheNextValue();
     void aValueThatStaysTakesNoMemory();
     void theClockIsSetBack();
+    void allMovesWithTheClock();
     void isExactWhileEachSampleIsKept();
     void losesNoExtremeWithAge();
     void oneSpikeIsSeenAtEachZoom();
@@ -170,6 +171,30 @@ void TrendStoreTest::theClockIsSetBack()
     store.append(39999, 8); // by more
     QCOMPARE(store.begin(), qint64(39999));
     QCOMPARE(store.end(), qint64(39999));
+}
+
+void TrendStoreTest::allMovesWithTheClock()
+{
+    TrendStore store(64);
+    TrendStore moved(64);
+    for (int step = 0; step < 1000; ++step) {
+        const double value = step % 50 == 0 ? NO_ANSWER : double(step % 97);
+        store.append(100000 + 10 * step, value);
+        moved.append(100000 + 10 * step, value);
+    }
+    moved.shift(-60000);
+    QCOMPARE(moved.begin(), store.begin() - 60000);
+    QCOMPARE(moved.end(), qint64(49990));
+    const QVector<TrendSample> samples = store.samples(0, 200000);
+    const QVector<TrendSample> others = moved.samples(0, 200000);
+    QCOMPARE(others.size(), samples.size());
+    for (int index = 0; index < samples.size(); ++index)
+        QCOMPARE(others.at(index).time, samples.at(index).time - 60000);
+    moved.append(50000, 5); // goes on behind it
+    QCOMPARE(moved.begin(), store.begin() - 60000);
+    TrendStore empty;
+    empty.shift(5);
+    QVERIFY(empty.isEmpty());
 }
 
 void TrendStoreTest::isExactWhileEachSampleIsKept()

@@ -5,6 +5,8 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
+#include <ctime>
+
 using kxpanel::failureOf;
 using kxpanel::LineState;
 using kxpanel::LineStatus;
@@ -58,11 +60,20 @@ private slots:
     void followsNamesAndUnits();
     void anotherMeaningBeginsAnew();
     void whatLeavesTheListLeavesThePlot();
+    void whatComesBackBringsItsHistory();
+    void severalComeBackToTheirPlaces();
+    void anEditThatIsUndoneBringsItsHistory();
+    void whatIsTakenOutAndPutBackGoesOn();
+    void anotherMeaningBeginsWithWhatIsKnown();
     void looksAreTakenInTurn();
     void recordedChannelsStandBesideTheOthers();
+    void recordedOnesHaveTheRoomThatIsLeft();
+    void theClockIsSetForAllButRecordedOnes();
+    void oneThatDoesNotAnswerSaysSo();
     void layoutComesBack();
     void layoutWaitsForItsTags();
     void brokenLayoutsAreLeftOut();
+    void manyWantedValuesSlowNoEdit();
 
 private:
     TagList* m_tags = nullptr;
@@ -220,6 +231,83 @@ void TrendChannelsTest::whatLeavesTheListLeavesThePlot()
     QCOMPARE(m_tags->size(), 2);
 }
 
+void TrendChannelsTest::whatComesBackBringsItsHistory()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1"), tagOf("", "D3@1")});
+    m_channels->add(numbers);
+    m_channels->setAxis({numbers.at(1)}, TrendAxis::Right);
+    m_channels->setShown(numbers.at(1), false);
+    m_channels->takeReadings({readingOf(numbers.at(1), 7, 5000)}, 5000);
+    m_channels->takeReadings({readingOf(numbers.at(1), 7, 6000)}, 6000);
+    const QList<kxpanel::WatchedValue> before = m_tags->values();
+    m_tags->remove({numbers.at(1)});
+    QCOMPARE(m_channels->layout().size(), 2);
+    m_tags->setValues(before); // as undo does
+    QCOMPARE(numbersOf(*m_channels), numbers);
+    QCOMPARE(m_channels->list().at(1).axis, TrendAxis::Right);
+    QVERIFY(!m_channels->list().at(1).isShown);
+    m_channels->takeReadings({readingOf(numbers.at(1), 8, 9000)}, 9000);
+    // Nobody read it while it was away.
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString("5000 7, 6001 not read, 9000 8"));
+}
+
+void TrendChannelsTest::severalComeBackToTheirPlaces()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1"), tagOf("", "D3@1"),
+                                      tagOf("", "D4@1"), tagOf("", "D5@1")});
+    m_channels->add(numbers);
+    const QList<kxpanel::WatchedValue> before = m_tags->values();
+    m_tags->remove({numbers.at(0), numbers.at(3), numbers.at(4)});
+    QCOMPARE(numbersOf(*m_channels), (QList<int>{numbers.at(1), numbers.at(2)}));
+    m_tags->setValues(before);
+    QCOMPARE(numbersOf(*m_channels), numbers);
+    // What was taken out of the plot itself stays out.
+    m_channels->remove({numbers.at(2)});
+    m_tags->setValues({});
+    m_tags->setValues(before);
+    QCOMPARE(numbersOf(*m_channels),
+             (QList<int>{numbers.at(0), numbers.at(1), numbers.at(3), numbers.at(4)}));
+}
+
+void TrendChannelsTest::anEditThatIsUndoneBringsItsHistory()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1/u16")});
+    const int number = numbers.at(0);
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(number, 7, 5000)}, 5000);
+    m_tags->replace(number, tagOf("", "D2@1/u16"));
+    m_channels->takeReadings({readingOf(number, 90, 6000)}, 6000);
+    QCOMPARE(samplesOf(*m_channels, number), QString("6000 90"));
+    m_tags->replace(number, tagOf("", "D1@1/u16"));
+    QCOMPARE(samplesOf(*m_channels, number), QString("5000 7, 5001 not read"));
+    m_channels->takeReadings({readingOf(number, 8, 7000)}, 7000);
+    QCOMPARE(samplesOf(*m_channels, number), QString("5000 7, 5001 not read, 7000 8"));
+    m_tags->replace(number, tagOf("", "D2@1/u16"));
+    QCOMPARE(samplesOf(*m_channels, number), QString("6000 90, 6001 not read"));
+}
+
+void TrendChannelsTest::whatIsTakenOutAndPutBackGoesOn()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    m_channels->remove(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 9, 6000)}, 6000);
+    m_channels->add(numbers);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 5001 not read"));
+}
+
+/// It may be read once an hour.
+void TrendChannelsTest::anotherMeaningBeginsWithWhatIsKnown()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1/u16")});
+    m_channels->add(numbers);
+    m_tags->takeReadings({readingOf(numbers.at(0), 7, 5000)});
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    m_tags->replace(numbers.at(0), tagOf("", "D1@1/u16*2"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 14"));
+}
+
 void TrendChannelsTest::looksAreTakenInTurn()
 {
     const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1"), tagOf("", "D3@1")});
@@ -249,6 +337,51 @@ void TrendChannelsTest::recordedChannelsStandBesideTheOthers()
     QCOMPARE(numbersOf(*m_channels), QList<int>{-1});
     m_channels->setRecorded({});
     QCOMPARE(numbersOf(*m_channels), QList<int>());
+}
+
+void TrendChannelsTest::recordedOnesHaveTheRoomThatIsLeft()
+{
+    QList<kx::Tag> tags;
+    for (int tag = 0; tag < 62; ++tag)
+        tags << tagOf("", qPrintable(QStringLiteral("D%1@1").arg(tag)));
+    m_channels->add(watch(tags));
+    QList<TrendChannel> recorded;
+    for (int number = -1; number >= -3; --number) {
+        recorded << TrendChannel();
+        recorded.last().number = number;
+        recorded.last().store = std::make_shared<kxpanel::TrendStore>();
+    }
+    QCOMPARE(m_channels->setRecorded(recorded), 2);
+    QCOMPARE(m_channels->list().size(), 64);
+}
+
+void TrendChannelsTest::theClockIsSetForAllButRecordedOnes()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1")});
+    m_channels->add(numbers);
+    TrendChannel recorded;
+    recorded.number = -1;
+    recorded.store = std::make_shared<kxpanel::TrendStore>();
+    recorded.store->append(50000, 3);
+    m_channels->setRecorded({recorded});
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 50000)}, 50000);
+    m_channels->takeReadings({readingOf(numbers.at(1), 8, 50000)}, 50000);
+    const QList<kxpanel::WatchedValue> before = m_tags->values();
+    m_tags->remove({numbers.at(1)});
+    m_channels->shift(-20000);
+    m_tags->setValues(before);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("30000 7"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString("30000 8, 30001 not read"));
+    QCOMPARE(samplesOf(*m_channels, -1), QString("50000 3"));
+}
+
+void TrendChannelsTest::oneThatDoesNotAnswerSaysSo()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1")});
+    m_tags->takeReadings({failureOf(numbers.at(0), kx::WatchState::NoAnswer)});
+    m_channels->add(numbers, 5000);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 no answer"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString());
 }
 
 void TrendChannelsTest::layoutComesBack()
@@ -301,6 +434,23 @@ void TrendChannelsTest::brokenLayoutsAreLeftOut()
     QCOMPARE(numbersOf(*m_channels), numbers);
     QCOMPARE(m_channels->list().at(0).look, 0);
     QCOMPARE(m_channels->list().at(0).axis, TrendAxis::Left);
+}
+
+void TrendChannelsTest::manyWantedValuesSlowNoEdit()
+{
+    QJsonArray layout;
+    for (int wanted = 0; wanted < 1000; ++wanted)
+        layout << QJsonObject{
+            {"name", ""}, {"station", 1}, {"address", QString("Z%1").arg(wanted)}};
+    QList<kx::Tag> tags;
+    for (int tag = 0; tag < 5000; ++tag)
+        tags << tagOf("", qPrintable(QStringLiteral("D%1@1").arg(tag)));
+    m_channels->setLayout(layout);
+    const std::clock_t begin = std::clock();
+    watch(tags);
+    const double seconds = double(std::clock() - begin) / CLOCKS_PER_SEC;
+    QVERIFY2(seconds < 0.5, qPrintable(QString::number(seconds)));
+    QCOMPARE(m_channels->layout().size(), 1000);
 }
 
 QTEST_APPLESS_MAIN(TrendChannelsTest)

@@ -65,6 +65,23 @@ private slots:
         QCOMPARE(trendPen(0, Qt::white).color(), QColor(0x00, 0x72, 0xB2));
         QCOMPARE(trendPen(0, Qt::black).color(), QColor(0x56, 0xB4, 0xE9));
     }
+
+    /// Colours come again, so the kind of line must be seen as well.
+    void samplesOfAllLooksDiffer()
+    {
+        QList<QImage> samples;
+        for (int look = 0; look < kxpanel::TREND_LOOKS; ++look) {
+            QImage sample(32, 16, QImage::Format_RGB32);
+            sample.fill(Qt::white);
+            QPainter painter(&sample);
+            kxpanel::drawTrendSample(look, Qt::white, sample.rect(), &painter);
+            painter.end();
+            QCOMPARE(samples.indexOf(sample), -1);
+            samples << sample;
+        }
+        QCOMPARE(samples.first().pixelColor(16, 7), QColor(0x00, 0x72, 0xB2));
+        QCOMPARE(samples.first().pixelColor(16, 0), QColor(Qt::white));
+    }
 };
 
 QTEST_APPLESS_MAIN(TrendColoursTest)

@@ -45,10 +45,12 @@ class TrendLegendTest : public QObject
 private slots:
     void showsWhatIsAndWhatWas();
     void differenceNeedsTwoNumbers();
+    void largeNumbersAreShownToTheirLastDigit();
     void aBoxHidesACurve();
     void aSelectionOutlivesNewValues();
     void oldValuesMayBeARange();
-    void coloursSuitTheGround();
+    void oldValuesMayHaveGaps();
+    void eachRowTellsItsLook();
 };
 
 void TrendLegendTest::showsWhatIsAndWhatWas()
@@ -81,9 +83,29 @@ void TrendLegendTest::differenceNeedsTwoNumbers()
     QCOMPARE(legend.text(0, TrendLegend::Difference), QString("2.5"));
     legend.view.setCursor(1, 3500); // in the gap
     QCOMPARE(legend.text(0, TrendLegend::Second), QString("(no answer)"));
-    QCOMPARE(legend.text(0, TrendLegend::Difference), QString());
+    QCOMPARE(legend.text(0, TrendLegend::Difference), QString("(gap)"));
     legend.view.setCursor(1, 9000); // not yet
     QCOMPARE(legend.text(0, TrendLegend::Second), QString());
+    QCOMPARE(legend.text(0, TrendLegend::Difference), QString("(no value)"));
+    legend.view.setCursor(0, 3500);
+    QCOMPARE(legend.text(0, TrendLegend::Difference), QString("(gap)"));
+}
+
+void TrendLegendTest::largeNumbersAreShownToTheirLastDigit()
+{
+    Legend legend;
+    const QList<int> numbers =
+        legend.tags.insert(2, {tagOf("Bottles", "32CV200@1"), tagOf("Energy", "D10@1/u32*0.01")});
+    legend.channels.add(numbers);
+    kxpanel::Reading energy = readingOf(numbers.at(1), 0xFFFF, 3900);
+    energy.raw << 0xFFFF; // low word first
+    legend.channels.takeReadings({readingOf(numbers.at(0), 4294967295, 3900), energy}, 3900);
+    QCOMPARE(legend.text(2, TrendLegend::Now), QString("4294967295"));
+    QCOMPARE(legend.text(3, TrendLegend::Now), QString("42949672.95"));
+    legend.view.setCursor(0, 3950);
+    legend.view.setCursor(1, 3960);
+    legend.channels.takeReadings({readingOf(numbers.at(0), 4294967292, 3955)}, 3955);
+    QCOMPARE(legend.text(2, TrendLegend::Difference), QString("-3"));
 }
 
 void TrendLegendTest::aBoxHidesACurve()
@@ -124,13 +146,21 @@ void TrendLegendTest::oldValuesMayBeARange()
     QCOMPARE(kxpanel::trendValueText(channel, 5170, 20000), QString("512 to 527"));
 }
 
-void TrendLegendTest::coloursSuitTheGround()
+void TrendLegendTest::oldValuesMayHaveGaps()
+{
+    kxpanel::TrendChannel channel;
+    channel.store = std::make_shared<kxpanel::TrendStore>(64);
+    for (int step = 0; step < 1024; ++step)
+        channel.store->append(step * 10, step == 520 ? kxpanel::gapValue(kx::GapReason::Refused)
+                                                     : double(step));
+    QCOMPARE(kxpanel::trendValueText(channel, 5170, 20000), QString("512 to 527 (refused)"));
+}
+
+void TrendLegendTest::eachRowTellsItsLook()
 {
     Legend legend;
-    const QModelIndex name = legend.legend.index(0, TrendLegend::Name);
-    QCOMPARE(name.data(Qt::DecorationRole).value<QColor>(), QColor(0x00, 0x72, 0xB2));
-    legend.legend.setGround(Qt::black);
-    QCOMPARE(name.data(Qt::DecorationRole).value<QColor>(), QColor(0x56, 0xB4, 0xE9));
+    QCOMPARE(legend.legend.index(0, TrendLegend::Name).data(TrendLegend::LookRole).toInt(), 0);
+    QCOMPARE(legend.legend.index(1, TrendLegend::Name).data(TrendLegend::LookRole).toInt(), 1);
 }
 
 QTEST_APPLESS_MAIN(TrendLegendTest)

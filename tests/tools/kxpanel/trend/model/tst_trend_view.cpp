@@ -3,6 +3,8 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
+#include <cmath>
+
 using kxpanel::TrendSide;
 using kxpanel::TrendView;
 
@@ -19,6 +21,11 @@ private slots:
     void keepsToItsSpans();
     void showsARange();
     void refusesValuesUpsideDown();
+    void refusesValuesThatNoScaleShows();
+    void rangesCanBeDrawn_data();
+    void rangesCanBeDrawn();
+    void aClockThatIsSetMovesAll();
+    void beginsAnew();
     void cursorsStayInTheWindow();
     void differenceNeedsBoth();
 };
@@ -117,6 +124,72 @@ void TrendViewTest::refusesValuesUpsideDown()
     QVERIFY(!view.values(TrendSide::Right));
     view.showValues(TrendSide::Left, std::nullopt);
     QVERIFY(!view.values(TrendSide::Left));
+}
+
+void TrendViewTest::refusesValuesThatNoScaleShows()
+{
+    TrendView view;
+    view.showValues(TrendSide::Left, TrendView::Range{1, 5});
+    view.showValues(TrendSide::Left, TrendView::Range{-1e301, 5}); // zoomed out without end
+    view.showValues(TrendSide::Left, TrendView::Range{1, HUGE_VAL});
+    view.showValues(TrendSide::Left, TrendView::Range{1e6, 1e6 + 1e-9}); // and in
+    view.showValues(TrendSide::Left, TrendView::Range{1, std::nan("")});
+    QCOMPARE(view.values(TrendSide::Left)->low, 1.0);
+    QCOMPARE(view.values(TrendSide::Left)->high, 5.0);
+}
+
+void TrendViewTest::rangesCanBeDrawn_data()
+{
+    QTest::addColumn<double>("low");
+    QTest::addColumn<double>("high");
+    QTest::addColumn<double>("drawnLow");
+    QTest::addColumn<double>("drawnHigh");
+
+    QTest::newRow("two values") << -2.0 << 3.0 << -2.0 << 3.0;
+    QTest::newRow("one value") << 20.0 << 20.0 << 10.0 << 30.0;
+    QTest::newRow("one below zero") << -20.0 << -20.0 << -30.0 << -10.0;
+    QTest::newRow("zero") << 0.0 << 0.0 << -0.5 << 0.5;
+    QTest::newRow("next to zero") << 0.0 << 5e-324 << -0.5 << 0.5;
+    QTest::newRow("beyond all scales") << -1.7e308 << 1.7e308 << -1e300 << 1e300;
+    QTest::newRow("nearer than a scale tells")
+        << 1e15 << 1e15 + 0.125 << 1e15 - 1000 << 1e15 + 1000.125;
+}
+
+void TrendViewTest::rangesCanBeDrawn()
+{
+    QFETCH(double, low);
+    QFETCH(double, high);
+    const TrendView::Range range = kxpanel::drawnRange(low, high);
+    QTEST(range.low, "drawnLow");
+    QTEST(range.high, "drawnHigh");
+}
+
+void TrendViewTest::aClockThatIsSetMovesAll()
+{
+    TrendView view;
+    view.setNow(100000);
+    view.setCursor(1, 80000);
+    view.shift(-30000);
+    QCOMPARE(view.now(), qint64(70000));
+    QCOMPARE(view.to(), qint64(70000));
+    QCOMPARE(*view.cursor(1), qint64(50000));
+    QVERIFY(!view.cursor(0));
+    QVERIFY(view.isLive());
+}
+
+void TrendViewTest::beginsAnew()
+{
+    TrendView view;
+    view.setNow(100000);
+    view.show(1000, 5000);
+    view.showValues(TrendSide::Right, TrendView::Range{1, 5});
+    view.setCursor(0, 2000);
+    view.reset();
+    QVERIFY(view.isLive());
+    QCOMPARE(view.to(), qint64(100000));
+    QCOMPARE(view.span(), qint64(60000));
+    QVERIFY(!view.values(TrendSide::Right));
+    QVERIFY(!view.cursor(0));
 }
 
 void TrendViewTest::cursorsStayInTheWindow()

@@ -1,0 +1,156 @@
+// The trend in the whole window, beside the grid that values are dragged from.
+
+#include "kxpanel/grid/watch_page.h"
+#include "kxpanel/grid/watch_table.h"
+#include "kxpanel/machine/machine.h"
+#include "kxpanel/shell/main_window.h"
+#include "kxpanel/shell/shortcut_list.h"
+#include "kxpanel/trend/model/trend_colours.h"
+#include "kxpanel/trend/plot/trend_plot.h"
+#include "kxpanel/trend/trend_page.h"
+#include "tools/kxpanel/trend/model/trend_tags.h"
+#include "tools/kxpanel/value_drags.h"
+
+#include <QtCore/QSettings>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QTabBar>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QUndoStack>
+
+using namespace kxpanel;
+
+namespace
+{
+
+struct Shown {
+    QTemporaryDir folder;
+    QSettings settings{folder.filePath("settings.ini"), QSettings::IniFormat};
+    Machine machine;
+    std::unique_ptr<MainWindow> window;
+
+    Shown()
+    {
+        std::vector<PageMaker> pages = pageMakers();
+        pages.insert(pages.begin() + 1, makerOf<TrendPage>());
+        window = std::make_unique<MainWindow>(&machine, &settings, pages);
+        window->tags()->insert(0,
+                               {tagOf("Pressure", "D100@1/s16*0.1,unit=bar"),
+                                tagOf("Level", "D101@1/u16*0.5,unit=mm"), tagOf("Pump", "Y10@1")});
+        window->show();
+        window->showPage(window->page("watch"));
+        if (!QTest::qWaitForWindowActive(window.get()))
+            qFatal("no window has become active");
+    }
+
+    WatchTable* table() const { return window->findChild<WatchTable*>(); }
+    TrendLegend* legend() const { return window->findChild<TrendLegend*>(); }
+    TrendPlot* plot() const { return window->findChild<TrendPlot*>(); }
+    QTabBar* tabs() const { return window->findChild<QTabWidget*>()->tabBar(); }
+    QString text(int row, int column) const
+    {
+        return legend()->index(row, column).data().toString();
+    }
+};
+
+} // namespace
+
+class TrendWindowTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aValueIsDraggedFromTheGridOverItsTab();
+    void keysWorkAsSoonAsThePageIsChosen();
+    void noShortcutIsTwice();
+    void aRemovedValueComesBackByUndo();
+};
+
+/// With one hand on the mouse: hold a row over the tab until its page is shown, and let go over the
+/// plot.
+void TrendWindowTest::aValueIsDraggedFromTheGridOverItsTab()
+{
+    const Shown shown;
+    WatchTable* const table = shown.table();
+    const QModelIndex row = table->model()->index(1, 0);
+    ValueDrag drag(table, table->model()->mimeData({row}), table->model()->supportedDragActions());
+    drag.moveTo(table->viewport(), table->visualRect(row).center());
+    drag.moveTo(shown.tabs(), shown.tabs()->tabRect(1).center());
+    QVERIFY(QTest::qWaitFor([&] { return shown.plot()->isVisible(); }, 5000));
+    drag.moveTo(shown.plot()->canvas());
+    QCOMPARE(drag.drop(), Qt::CopyAction); // the grid takes away what was moved
+    QCOMPARE(shown.legend()->rowCount(), 1);
+    QCOMPARE(shown.text(0, TrendLegend::Name), QString("Level"));
+    emit const_cast<Machine&>(shown.machine)
+        .valuesRead({readingOf(shown.window->tags()->values().at(1).number, 80,
+                               QDateTime::currentMSecsSinceEpoch() - 30000)});
+    QTest::qWait(120); // two frames
+    QCOMPARE(shown.text(0, TrendLegend::Now), QString("40"));
+    const QImage picture = shown.plot()->canvas()->grab().toImage();
+    const QColor curve = trendColour(0, shown.plot()->palette().color(QPalette::Base));
+    int drawn = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            drawn += picture.pixelColor(x, y) == curve ? 1 : 0;
+    }
+    QVERIFY2(drawn > picture.width() / 4, qPrintable(QString::number(drawn)));
+}
+
+void TrendWindowTest::keysWorkAsSoonAsThePageIsChosen()
+{
+    const Shown shown;
+    QTest::keyClick(shown.window.get(), Qt::Key_2, Qt::AltModifier);
+    QCOMPARE(shown.window->currentPage()->key(), QString("trend"));
+    QVERIFY(QApplication::focusWidget());
+    const QAction* const live = shown.window->findChild<QAction*>("live");
+    QVERIFY(live->isChecked());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QVERIFY(!live->isChecked());
+}
+
+void TrendWindowTest::noShortcutIsTwice()
+{
+    const Shown shown;
+    QSet<QString> seen;
+    QStringList twice;
+    for (const ShortcutRow& row : shortcutsOf(shown.window.get())) {
+        for (const QString& keys : row.keys.split("; ")) {
+            if (seen.contains(row.place + keys) || (!row.place.isEmpty() && seen.contains(keys)))
+                twice << keys + ": " + row.action;
+            seen << row.place + keys;
+        }
+    }
+    QVERIFY(seen.size() > 20);
+    QCOMPARE(twice.join(", "), QString());
+}
+
+void TrendWindowTest::aRemovedValueComesBackByUndo()
+{
+    const Shown shown;
+    QList<int> numbers;
+    for (const WatchedValue& value : shown.window->tags()->values())
+        numbers << value.number;
+    auto* const trend = qobject_cast<TrendPage*>(shown.window->page("trend"));
+    auto* const watch = qobject_cast<WatchPage*>(shown.window->page("watch"));
+    trend->addValues(numbers);
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    emit const_cast<Machine&>(shown.machine).valuesRead({readingOf(numbers.at(1), 80, now)});
+    shown.table()->select({numbers.at(1)});
+    shown.table()->setFocus();
+    QTest::keyClick(shown.table(), Qt::Key_Delete);
+    QCOMPARE(shown.window->tags()->size(), 2);
+    QCOMPARE(shown.legend()->rowCount(), 2);
+    watch->undoStack()->undo();
+    QCOMPARE(shown.legend()->rowCount(), 3);
+    QCOMPARE(shown.text(1, TrendLegend::Name), QString("Level"));
+    QCOMPARE(trend->layout().value("channels").toArray().size(), 3);
+    shown.window->showPage(trend);
+    QTest::qWait(120);                                                // two frames
+    QCOMPARE(shown.text(1, TrendLegend::Now), QString("(not read)")); // since it went
+    watch->undoStack()->redo();
+    QCOMPARE(shown.legend()->rowCount(), 2);
+}
+
+QTEST_MAIN(TrendWindowTest)
+#include "tst_trend_window.moc"

@@ -1,0 +1,32 @@
+#ifndef KX_KXPANEL_TREND_HISTORY_TREND_CLOCK_H
+#define KX_KXPANEL_TREND_HISTORY_TREND_CLOCK_H
+
+#include <QtCore/QtGlobal>
+
+namespace kxpanel
+{
+
+/// The time of day as readings have it. A line goes on with the clock that it was opened with,
+/// whatever is done to the system's: what is read now is then never in the past or yet to come.
+///
+/// All times are milliseconds: `steady` of a clock that nobody sets, the others since 1970 in UTC.
+class TrendClock
+{
+public:
+    /// No line is open, or one is being opened: the system's clock counts.
+    /// @return by how much it was set back; 0: not by more than a second
+    qint64 follow(qint64 steady, qint64 timeOfDay);
+
+    /// A read cannot be later than now.
+    void onRead(qint64 steady, qint64 readAt);
+
+    qint64 now(qint64 steady) const { return steady + m_offset; }
+
+private:
+    bool m_isSet = false;
+    qint64 m_offset = 0;
+};
+
+} // namespace kxpanel
+
+#endif
