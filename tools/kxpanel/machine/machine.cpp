@@ -1,14 +1,7 @@
 #include "kxpanel/machine/machine.h"
 
-#include "addresses/request_limits.h"
-#include "kxhost/commands/connection.h"
 #include "kxpanel/machine/machine_jobs.h"
-#include "kxpanel/machine/machine_line.h"
-#include "kxpanel/machine/machine_session.h"
-
-#include <atomic>
-#include <optional>
-#include <utility>
+#include "kxpanel/machine/machine_parts.h"
 
 namespace kxpanel
 {
@@ -16,45 +9,34 @@ namespace kxpanel
 namespace
 {
 
-struct Limits {
-    int words; ///< 0: chosen
-    int bits;
-};
-
-kx::SessionSettings limited(kx::SessionSettings settings, const Limits& limits)
+kx::Failure lineIsLost()
 {
-    settings.choosesLengths = true; // as the window predicts
-    settings.maxWords = limits.words > 0 ? limits.words : kx::MOST_REGISTERS_PER_READ;
-    settings.maxBits = limits.bits > 0 ? limits.bits : kx::MOST_COILS_PER_READ;
-    return settings;
+    return kx::failureOf(kx::FailureKind::LineLost, Machine::tr("the line is lost"));
 }
 
 } // namespace
-
-struct Machine::Parts {
-    kx::ConnectionOptions options;
-    std::unique_ptr<MachineLine> line;
-    std::unique_ptr<MachineSession> work; ///< while the line is open or interrupted
-    int openings = 0;                     ///< what an earlier line tells late is over
-    LineStatus status;
-    QList<WatchedValue> values;
-    std::optional<Limits> limits;
-    bool hasNewLimits = false;
-    qint64 exchanges = 0; ///< before the session
-};
 
 Machine::Machine(QObject* parent)
     : QObject(parent), m_parts(new Parts), m_jobs(new MachineJobs(this))
 {
     registerMachineTypes();
     connect(m_jobs, &MachineJobs::progress, this, &Machine::jobProgress);
-    connect(m_jobs, &MachineJobs::ended, this, &Machine::jobEnded);
-    connect(m_jobs, &MachineJobs::ended, this, [this] { call([this] { useLimits(); }); });
+    connect(m_jobs, &MachineJobs::ended, this, &Machine::onJobEnded);
+    m_parts->lostForLong.setParent(this); // goes where this goes
+    m_parts->lostForLong.setSingleShot(true);
+    connect(&m_parts->lostForLong, &QTimer::timeout, m_jobs,
+            [this] { m_jobs->endAll(lineIsLost()); });
 }
 
 Machine::~Machine()
 {
     close(QString());
+}
+
+void Machine::takeListener(QObject* listener, Backlog* backlog)
+{
+    m_parts->backlog = backlog;
+    connect(this, &Machine::told, listener, [backlog](int amount) { backlog->take(amount); });
 }
 
 int Machine::newTicket()
@@ -68,9 +50,9 @@ void Machine::call(const std::function<void()>& function)
     QMetaObject::invokeMethod(this, function, Qt::QueuedConnection);
 }
 
-void Machine::openLine(const kx::ConnectionOptions& options)
+void Machine::openLine(const kx::ConnectionOptions& options, bool readsValues)
 {
-    call([this, options] { open(options); });
+    call([this, options, readsValues] { open(options, readsValues); });
 }
 
 void Machine::closeLine()
@@ -82,7 +64,7 @@ void Machine::setValues(const QList<WatchedValue>& values)
 {
     call([this, values] {
         m_parts->values = values;
-        if (m_parts->work)
+        if (m_parts->work && m_parts->readsValues)
             m_parts->work->setValues(values);
     });
 }
@@ -98,125 +80,21 @@ void Machine::setLimits(int maxWords, int maxBits)
 
 void Machine::startJob(int ticket, const JobMaker& make)
 {
+    ++m_jobsAsked;
     call([this, ticket, make] {
-        m_jobs->start(ticket, make, m_parts->work ? m_parts->work->session() : nullptr);
+        if (!m_parts->work)
+            onJobEnded(ticket,
+                       kx::failureOf(kx::FailureKind::SessionEnded, tr("the line is not open")));
+        else if (m_parts->work->isLost())
+            onJobEnded(ticket, lineIsLost());
+        else
+            m_jobs->start(ticket, make, m_parts->work->session());
     });
 }
 
 void Machine::abortJob(int ticket)
 {
     call([this, ticket] { m_jobs->abort(ticket); });
-}
-
-void Machine::open(const kx::ConnectionOptions& options)
-{
-    close(QString());
-    m_parts->options = options;
-    // Whom a person asks answers.
-    for (const WatchedValue& value : m_parts->values) {
-        if (!m_parts->options.simulatedStations.contains(value.tag.range.station))
-            m_parts->options.simulatedStations << value.tag.range.station;
-    }
-    m_parts->status = LineStatus();
-    QString error;
-    m_parts->line = makeLine(m_parts->options, &error);
-    if (!m_parts->line)
-        return tellLine(LineState::Closed, error);
-    m_parts->status.name = m_parts->line->name;
-    kx::Connection* const connection = m_parts->line->connection.get();
-    m_parts->status.timing = m_parts->options.session.timingOf(connection->line()->timing());
-    connect(connection, &kx::Connection::opened, this, &Machine::onOpened);
-    connect(connection, &kx::Connection::failed, this,
-            [this](const kx::Failure& failure) { failLater(failure.text); });
-    tellLine(LineState::Opening, QString());
-    connection->open();
-}
-
-void Machine::close(const QString& reason)
-{
-    ++m_parts->openings;
-    endSession();
-    m_parts->line.reset();
-    if (m_parts->status.state != LineState::Closed)
-        tellLine(LineState::Closed, reason);
-}
-
-/// When the line, of whose signals this may be one, has told everybody.
-void Machine::failLater(const QString& reason)
-{
-    const int opening = m_parts->openings;
-    call([this, opening, reason] {
-        if (opening == m_parts->openings)
-            close(reason);
-    });
-}
-
-void Machine::onOpened()
-{
-    if (!m_parts->work) // else it was lost, and its session goes on
-        beginSession();
-}
-
-void Machine::beginSession()
-{
-    const kx::ConnectionOptions& options = m_parts->options;
-    kx::Line* const line = m_parts->line->connection->line();
-    kx::DriverEntryPoints driver;
-    QString error;
-    if (!kx::loadDriver(kx::driverFile(options.library), &driver, &error))
-        return failLater(error + QStringLiteral("; name its file with --library"));
-    const std::optional<Limits>& limits = m_parts->limits;
-    auto session = kx::Session::create(
-        driver, line, limits ? limited(options.session, *limits) : options.session, &error);
-    if (!session)
-        return failLater(error);
-    m_parts->hasNewLimits = false;
-    std::unique_ptr<kx::GatewayAdvice> advice;
-    if (!options.gateway.host.isEmpty() && !options.simulate)
-        advice = std::make_unique<kx::GatewayAdvice>(line->name(), options.protocol);
-    beginWork(std::make_unique<MachineSession>(std::move(session), std::move(advice),
-                                               m_parts->exchanges));
-}
-
-void Machine::beginWork(std::unique_ptr<MachineSession> work)
-{
-    m_parts->work = std::move(work);
-    const MachineSession* const begun = m_parts->work.get();
-    connect(begun, &MachineSession::valuesRead, this, &Machine::valuesRead);
-    connect(begun, &MachineSession::exchanged, this, &Machine::exchanged);
-    connect(begun, &MachineSession::counted, this, &Machine::counted);
-    connect(begun, &MachineSession::cycleFinished, this, &Machine::cycleFinished);
-    connect(begun, &MachineSession::linkChanged, this, [this](bool isLost, const QString& fault) {
-        tellLine(isLost ? LineState::Interrupted : LineState::Open, fault);
-    });
-    tellLine(LineState::Open, QString());
-    m_parts->work->setValues(m_parts->values);
-    m_parts->work->start();
-}
-
-void Machine::endSession()
-{
-    if (!m_parts->work)
-        return;
-    m_parts->work->stop();
-    m_parts->exchanges = m_parts->work->exchanges();
-    m_parts->work.reset();
-}
-
-/// The driver takes lengths when a session begins. Not from a session's signals.
-void Machine::useLimits()
-{
-    if (!m_parts->hasNewLimits || m_parts->status.state != LineState::Open || !m_jobs->isEmpty())
-        return;
-    endSession();
-    beginSession();
-}
-
-void Machine::tellLine(LineState state, const QString& fault)
-{
-    m_parts->status.state = state;
-    m_parts->status.fault = fault;
-    emit lineChanged(m_parts->status);
 }
 
 } // namespace kxpanel

@@ -5,12 +5,14 @@
 #include "kxpanel/machine/machine_events.h"
 #include "panel/jobs/job.h"
 
+#include <atomic>
 #include <functional>
 #include <memory>
 
 namespace kxpanel
 {
 
+class Backlog;
 class MachineJobs;
 class MachineSession;
 
@@ -24,6 +26,9 @@ using JobMaker = std::function<std::unique_ptr<kx::Job>(kx::Session*)>;
 /// finds time-outs where there are none; tests may keep it in theirs. The methods may be called in
 /// any thread and return at once: they are carried out in the machine's, in their order. Its
 /// signals carry plain values.
+///
+/// What is told to a thread that stands still waits there. takeListener() bounds how much; beyond
+/// that only the latest is kept, and missed() says so.
 class Machine : public QObject
 {
     Q_OBJECT
@@ -32,8 +37,14 @@ public:
     explicit Machine(QObject* parent = nullptr);
     ~Machine() override;
 
+    /// From now on what is told waits for the thread of `listener`, which must outlive this. Before
+    /// anything else, and once.
+    /// @param backlog stays the caller's and must outlive this
+    void takeListener(QObject* listener, Backlog* backlog);
+
     /// Opens a line, instead of the one that is open. opened or a fault comes as lineChanged().
-    void openLine(const kx::ConnectionOptions& options);
+    /// @param readsValues false: the line is for jobs alone, and values stay as they are known
+    void openLine(const kx::ConnectionOptions& options, bool readsValues = true);
     /// Ends all jobs and closes the line.
     void closeLine();
     /// Replaces what is polled, also while the line is open. What is known of addresses that stay
@@ -42,10 +53,14 @@ public:
     /// Longest requests from now on, whatever line is opened; 0: chosen so that they take the least
     /// time. While jobs run on an open line, once they have ended. Counts begin anew.
     void setLimits(int maxWords, int maxBits);
-    /// Begins a job; jobEnded() comes exactly once, also when the line is not open.
+    /// Begins a job; jobEnded() comes exactly once. It fails at once when the line is not open or
+    /// lost, and when the line stays lost for as long as a request to a silent station is tried:
+    /// nobody expects it to be carried out hours later.
     /// @param ticket names the job in the signals about it; newTicket()
     void startJob(int ticket, const JobMaker& make);
     void abortJob(int ticket);
+    /// Whether a job was asked for that has not ended. Any thread.
+    bool isAtWork() const { return m_jobsAsked > 0; }
 
     /// A number that no job has had yet, 1 or more. Any thread.
     static int newTicket();
@@ -58,7 +73,12 @@ signals:
     void exchanged(const QVector<kxpanel::Exchange>& exchanges);
     /// Twice a second while the line is open, and at its end.
     void counted(const kx::WatchSummary& summary);
+    /// Gathered for up to 50 ms: the latest.
     void cycleFinished(qint64 cycles);
+    /// Before what follows it.
+    void missed(const kxpanel::Missed& missed);
+    /// Behind each batch, for the backlog: how much it was.
+    void told(int amount);
     void jobProgress(int ticket, int done, int total);
     /// @param failure None when all was done
     void jobEnded(int ticket, const kx::Failure& failure);
@@ -68,7 +88,7 @@ private:
 
     /// In the machine's thread, later.
     void call(const std::function<void()>& function);
-    void open(const kx::ConnectionOptions& options);
+    void open(const kx::ConnectionOptions& options, bool readsValues);
     /// @param reason empty: as asked for
     void close(const QString& reason);
     void failLater(const QString& reason);
@@ -77,10 +97,13 @@ private:
     void beginWork(std::unique_ptr<MachineSession> work);
     void endSession();
     void useLimits();
+    void onLinkChanged(bool isLost, const QString& fault);
+    void onJobEnded(int ticket, const kx::Failure& failure);
     void tellLine(LineState state, const QString& fault);
 
     std::unique_ptr<Parts> m_parts;
     MachineJobs* m_jobs; ///< a child
+    std::atomic<int> m_jobsAsked{0};
 };
 
 } // namespace kxpanel

@@ -52,6 +52,7 @@ void registerMachineTypes()
 {
     kx::registerEventTypes();
     qRegisterMetaType<LineStatus>("kxpanel::LineStatus");
+    qRegisterMetaType<Missed>("kxpanel::Missed");
     qRegisterMetaType<QVector<Reading>>("QVector<kxpanel::Reading>");
     qRegisterMetaType<QVector<Exchange>>("QVector<kxpanel::Exchange>");
     qRegisterMetaType<kx::WatchSummary>("kx::WatchSummary");

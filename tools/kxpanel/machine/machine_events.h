@@ -71,6 +71,14 @@ struct Exchange {
     qint64 turnaround = -1;
 };
 
+/// What listeners that stood still for long do not get: of values all but the latest reading, of
+/// exchanges the oldest.
+struct Missed {
+    qint64 from = 0; ///< milliseconds since 1970 in UTC
+    qint64 to = 0;
+    qint64 exchanges = 0;
+};
+
 Exchange exchangeOf(const kx::ExchangeRecord& record, qint64 number);
 
 /// The record that it was made of, but for the job and the count of foreign replies.
@@ -85,6 +93,7 @@ Q_DECLARE_METATYPE(kxpanel::WatchedValue)
 Q_DECLARE_METATYPE(kxpanel::Reading)
 Q_DECLARE_METATYPE(kxpanel::LineStatus)
 Q_DECLARE_METATYPE(kxpanel::Exchange)
+Q_DECLARE_METATYPE(kxpanel::Missed)
 Q_DECLARE_METATYPE(QVector<kxpanel::Reading>)
 Q_DECLARE_METATYPE(QVector<kxpanel::Exchange>)
 Q_DECLARE_METATYPE(kx::WatchSummary)

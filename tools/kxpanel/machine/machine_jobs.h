@@ -18,10 +18,11 @@ public:
     using QObject::QObject;
 
     /// Begins a job; ended() comes exactly once, possibly before this returns.
-    /// @param session null: the line is not open, which ends the job
     void start(int ticket, const JobMaker& make, kx::Session* session);
     /// Nothing happens when it has ended.
     void abort(int ticket);
+    /// Ends all; each with this failure.
+    void endAll(const kx::Failure& failure);
     bool isEmpty() const { return m_running.empty(); }
 
 signals:
@@ -32,6 +33,7 @@ private:
     void onFinished(int ticket);
 
     std::map<int, std::unique_ptr<kx::Job>> m_running;
+    kx::Failure m_failure; ///< of endAll(), while that is at work
 };
 
 } // namespace kxpanel

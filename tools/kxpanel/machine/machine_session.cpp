@@ -16,14 +16,18 @@ namespace
 
 const int GATHERING_TIME = 50; // milliseconds
 const int COUNTING_TIME = 500; // milliseconds
+const int EXCHANGE_WEIGHT = 5; // readings, by the memory they take
 
 } // namespace
 
 MachineSession::MachineSession(std::unique_ptr<kx::Session> session,
-                               std::unique_ptr<kx::GatewayAdvice> advice, qint64 exchanges)
+                               std::unique_ptr<kx::GatewayAdvice> advice, Backlog* backlog,
+                               qint64 exchanges, int mostKept)
     : m_session(std::move(session)),
       m_advice(std::move(advice)),
+      m_backlog(backlog),
       m_watch(m_session.get()),
+      m_mostKept(mostKept),
       m_exchangeCount(exchanges)
 {
     connect(&m_watch, &kx::Watch::listReplaced, this, [this] {
@@ -35,20 +39,20 @@ MachineSession::MachineSession(std::unique_ptr<kx::Session> session,
         gather();
     });
     connect(&m_watch, &kx::Watch::exchanged, this, &MachineSession::onExchange);
-    connect(m_session->line(), &kx::Line::interrupted, this, [this] {
-        m_isLost = true;
-        tellLink(m_link.onLineLost());
+    connect(m_session->line(), &kx::Line::interrupted, this, [this] { setLost(true); });
+    connect(m_session->line(), &kx::Line::opened, this, [this] { setLost(false); });
+    connect(&m_watch, &kx::Watch::cycleFinished, this, [this](qint64 cycles) {
+        m_cycles = cycles;
+        gather();
     });
-    connect(m_session->line(), &kx::Line::opened, this, [this] {
-        m_isLost = false;
-        tellLink(m_link.onLineOpened());
-    });
-    connect(&m_watch, &kx::Watch::cycleFinished, this, &MachineSession::cycleFinished);
     m_gathering.setSingleShot(true);
     m_gathering.setInterval(GATHERING_TIME);
     m_counting.setInterval(COUNTING_TIME);
-    connect(&m_gathering, &QTimer::timeout, this, &MachineSession::tellGathered);
-    connect(&m_counting, &QTimer::timeout, this, [this] { emit counted(m_watch.summary()); });
+    connect(&m_gathering, &QTimer::timeout, this, &MachineSession::onGathered);
+    connect(&m_counting, &QTimer::timeout, this, [this] {
+        if (!areBehind()) // the next one counts as much
+            emit counted(m_watch.summary());
+    });
 }
 
 void MachineSession::setValues(const QList<WatchedValue>& values)
@@ -78,6 +82,7 @@ void MachineSession::stop()
 {
     m_session->stop();
     m_counting.stop();
+    m_values.markAll(); // nothing is known any more of how they are
     tellGathered();
     emit counted(m_watch.summary());
 }
@@ -85,6 +90,7 @@ void MachineSession::stop()
 void MachineSession::onExchange(const kx::ExchangeRecord& record)
 {
     m_exchanges << exchangeOf(record, ++m_exchangeCount);
+    keepLatest();
     if (record.job.kind == CYCLIC_READ_JOB && record.result == REPLY_ACCEPTED)
         m_values.markRead(kx::rangeOf(record.job));
     gather();
@@ -100,7 +106,20 @@ void MachineSession::tellLink(const QList<kx::LinkEvent>& events)
     if (events.isEmpty() && fault == m_fault)
         return;
     m_fault = fault;
-    emit linkChanged(m_isLost, fault);
+    m_hasLinkNews = areBehind();
+    if (m_hasLinkNews)
+        gather();
+    else
+        emit linkChanged(m_isLost, fault);
+}
+
+void MachineSession::setLost(bool isLost)
+{
+    m_isLost = isLost;
+    if (isLost)
+        m_values.markAll();
+    gather();
+    tellLink(isLost ? m_link.onLineLost() : m_link.onLineOpened());
 }
 
 QString MachineSession::faultNow() const
@@ -116,14 +135,52 @@ void MachineSession::gather()
         m_gathering.start();
 }
 
+/// Twice as many at times, so that few are moved.
+void MachineSession::keepLatest()
+{
+    if (m_exchanges.size() < 2 * m_mostKept)
+        return;
+    m_missed.exchanges += m_exchanges.size() - m_mostKept;
+    m_exchanges = m_exchanges.mid(m_exchanges.size() - m_mostKept);
+}
+
+void MachineSession::onGathered()
+{
+    if (!areBehind())
+        return tellGathered();
+    if (m_missed.from == 0)
+        m_missed.from = QDateTime::currentMSecsSinceEpoch() - GATHERING_TIME;
+    gather();
+}
+
+void MachineSession::tellMissed()
+{
+    if (m_missed.from == 0)
+        return;
+    m_missed.to = QDateTime::currentMSecsSinceEpoch();
+    emit missed(std::exchange(m_missed, Missed()));
+}
+
 // Exchanges first: whoever takes a reading has been told what brought it.
 void MachineSession::tellGathered()
 {
     m_gathering.stop();
-    if (!m_exchanges.isEmpty())
-        emit exchanged(std::exchange(m_exchanges, {}));
-    if (m_values.hasMarked())
-        emit valuesRead(m_values.takeMarked(m_watch.list(), m_epoch));
+    tellMissed();
+    if (std::exchange(m_hasLinkNews, false))
+        emit linkChanged(m_isLost, m_fault);
+    const QVector<Exchange> exchanges = std::exchange(m_exchanges, {});
+    const QVector<Reading> readings =
+        m_values.takeMarked(m_watch.list(), m_epoch, m_isLost || !m_session->isRunning());
+    const int amount = static_cast<int>(EXCHANGE_WEIGHT * exchanges.size() + readings.size());
+    if (m_backlog)
+        m_backlog->add(amount);
+    if (!exchanges.isEmpty())
+        emit exchanged(exchanges);
+    if (!readings.isEmpty())
+        emit valuesRead(readings);
+    if (m_cycles > 0)
+        emit cycleFinished(std::exchange(m_cycles, 0));
+    emit told(amount);
 }
 
 } // namespace kxpanel

@@ -3,8 +3,9 @@
 namespace kxpanel
 {
 
-MachineThread::MachineThread() : m_machine(new Machine)
+MachineThread::MachineThread(int most) : m_backlog(most), m_machine(new Machine)
 {
+    m_machine->takeListener(&m_listener, &m_backlog);
     m_thread.setObjectName(QStringLiteral("machine")); // what debuggers call it
     m_machine->moveToThread(&m_thread);
     QObject::connect(&m_thread, &QThread::finished, m_machine, &QObject::deleteLater);

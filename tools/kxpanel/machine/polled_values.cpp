@@ -90,12 +90,14 @@ void PolledValues::markRead(const kx::AddressRange& polled)
     }
 }
 
-QVector<Reading> PolledValues::takeMarked(const kx::WatchList& list, qint64 epoch)
+QVector<Reading> PolledValues::takeMarked(const kx::WatchList& list, qint64 epoch, bool isCutOff)
 {
     QVector<Reading> readings;
     readings.reserve(m_marked.size());
     for (const int index : m_marked) {
         readings << readingOf(list.entries().at(index), epoch);
+        if (isCutOff && readings.last().state == kx::WatchState::Ok)
+            readings.last().state = kx::WatchState::NoAnswer;
         m_isMarked[static_cast<size_t>(index)] = false;
     }
     m_marked.clear();

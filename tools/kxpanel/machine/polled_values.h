@@ -29,7 +29,8 @@ public:
 
     /// What the list knows of the marked values, which are marked no more.
     /// @param epoch milliseconds since 1970 at which the list's clock showed 0
-    QVector<Reading> takeMarked(const kx::WatchList& list, qint64 epoch);
+    /// @param isCutOff nobody can answer: what was read before is not how the values are now
+    QVector<Reading> takeMarked(const kx::WatchList& list, qint64 epoch, bool isCutOff = false);
 
 private:
     struct Place {

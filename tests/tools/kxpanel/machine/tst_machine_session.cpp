@@ -1,0 +1,163 @@
+#include "kxpanel/machine/machine_session.h"
+
+#include "exchange/driver_library.h"
+#include "kxpanel/machine/machine_line.h"
+#include "tools/kxpanel/machine_fixture.h"
+
+#include <QtTest/QTest>
+
+using namespace kxpanel;
+
+class MachineSessionTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void allIsToldWhileItIsTaken();
+    void whileListenersStandStillTheLatestIsKept();
+    void aShortPauseLosesNoExchange();
+    void theEndIsToldThoughNobodyListens();
+
+private:
+    void start(int most, int mostKept);
+    /// Until so many exchanges more have ended.
+    void pass(int exchanges);
+
+    std::unique_ptr<MachineLine> m_line;
+    std::unique_ptr<Backlog> m_backlog;
+    std::unique_ptr<MachineSession> m_session;
+    QStringList m_order;     ///< what was told, in order: "exchanges", "readings", "missed"
+    QList<qint64> m_numbers; ///< of the exchanges told
+    QMap<int, Reading> m_readings;
+    QList<Missed> m_missed;
+    int m_toTake = 0;
+    int m_counts = 0;
+};
+
+void MachineSessionTest::init()
+{
+    m_order.clear();
+    m_numbers.clear();
+    m_readings.clear();
+    m_missed.clear();
+    m_toTake = 0;
+    m_counts = 0;
+}
+
+void MachineSessionTest::cleanup()
+{
+    m_session.reset();
+    m_line.reset();
+}
+
+void MachineSessionTest::start(int most, int mostKept)
+{
+    kx::ConnectionOptions options = simulated();
+    options.timing.baud = 4000000;
+    QString error;
+    kx::DriverEntryPoints entryPoints;
+    QVERIFY2(kx::loadDriver(options.library, &entryPoints, &error), qPrintable(error));
+    m_line = makeLine(options, &error);
+    QVERIFY2(m_line, qPrintable(error));
+    m_line->connection->open();
+    QTRY_VERIFY(m_line->connection->isOpen());
+    auto session =
+        kx::Session::create(entryPoints, m_line->connection->line(), options.session, &error);
+    QVERIFY2(session, qPrintable(error));
+    m_backlog = std::make_unique<Backlog>(most);
+    m_session =
+        std::make_unique<MachineSession>(std::move(session), nullptr, m_backlog.get(), 0, mostKept);
+    connect(m_session.get(), &MachineSession::exchanged, this,
+            [this](const QVector<Exchange>& exchanges) {
+                m_order << "exchanges";
+                for (const Exchange& exchange : exchanges)
+                    m_numbers << exchange.number;
+            });
+    connect(m_session.get(), &MachineSession::valuesRead, this,
+            [this](const QVector<Reading>& readings) {
+                m_order << "readings";
+                for (const Reading& reading : readings)
+                    m_readings[reading.number] = reading;
+            });
+    connect(m_session.get(), &MachineSession::missed, this, [this](const Missed& missed) {
+        m_order << "missed";
+        m_missed << missed;
+    });
+    connect(m_session.get(), &MachineSession::counted, this, [this] { ++m_counts; });
+    connect(m_session.get(), &MachineSession::told, this,
+            [this](int amount) { m_toTake += amount; });
+    m_session->setValues({watched(1, "D0"), watched(2, "D110")});
+    m_session->start();
+}
+
+void MachineSessionTest::pass(int exchanges)
+{
+    const qint64 from = m_session->exchanges();
+    QTRY_VERIFY_WITH_TIMEOUT(m_session->exchanges() >= from + exchanges, 20000);
+}
+
+void MachineSessionTest::allIsToldWhileItIsTaken()
+{
+    start(100, 4);
+    connect(m_session.get(), &MachineSession::told, this,
+            [this](int amount) { m_backlog->take(amount); });
+    pass(100);
+    m_session->stop();
+    QCOMPARE(m_numbers.size(), int(m_session->exchanges()));
+    QCOMPARE(m_missed.size(), 0);
+}
+
+void MachineSessionTest::whileListenersStandStillTheLatestIsKept()
+{
+    start(20, 5);
+    QTRY_VERIFY(m_backlog->isFull());
+    const QStringList order = m_order;
+    const int told = m_numbers.size();
+    const qint64 readAt = m_readings.value(2).readAt;
+    pass(60);
+    QTest::qWait(600); // counts would come twice a second
+    QCOMPARE(m_order, order);
+    QCOMPARE(m_counts, 0);
+    const qint64 last = m_session->exchanges();
+    m_backlog->take(m_toTake); // they go on
+    QTRY_VERIFY(m_order.size() > order.size());
+    QCOMPARE(m_order.mid(order.size(), 3), (QStringList{"missed", "exchanges", "readings"}));
+    QVERIFY(m_missed.first().exchanges > 0);
+    QVERIFY(m_missed.first().to - m_missed.first().from >= 600);
+    // The oldest were thrown away, and counted: nothing else is missing.
+    QCOMPARE(m_numbers.at(told), told + 1 + m_missed.first().exchanges);
+    for (int i = told + 1; i < m_numbers.size(); ++i)
+        QCOMPARE(m_numbers.at(i), m_numbers.at(i - 1) + 1);
+    QVERIFY(m_numbers.last() >= last);
+    QVERIFY(m_numbers.size() - told < 2 * 5 + 1);
+    QVERIFY(m_readings.value(2).readAt > readAt);
+}
+
+void MachineSessionTest::aShortPauseLosesNoExchange()
+{
+    start(20, 1000);
+    QTRY_VERIFY(m_backlog->isFull());
+    pass(60);
+    m_backlog->take(m_toTake);
+    QTRY_COMPARE(m_missed.size(), 1);
+    QCOMPARE(m_missed.first().exchanges, qint64(0));
+    for (int i = 0; i < m_numbers.size(); ++i)
+        QCOMPARE(m_numbers.at(i), qint64(i + 1));
+}
+
+void MachineSessionTest::theEndIsToldThoughNobodyListens()
+{
+    start(20, 5);
+    QTRY_VERIFY(m_backlog->isFull());
+    pass(60);
+    m_session->stop();
+    QCOMPARE(m_numbers.last(), m_session->exchanges());
+    QCOMPARE(m_missed.size(), 1);
+    QCOMPARE(m_missed.first().exchanges + m_numbers.size(), m_session->exchanges());
+    QCOMPARE(m_counts, 1);
+}
+
+QTEST_MAIN(MachineSessionTest)
+#include "tst_machine_session.moc"

@@ -1,0 +1,160 @@
+// How a machine opens and closes its line, in its thread.
+
+#include "addresses/request_limits.h"
+#include "kxhost/commands/connection.h"
+#include "kxpanel/machine/machine_jobs.h"
+#include "kxpanel/machine/machine_parts.h"
+
+#include <utility>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+kx::SessionSettings limited(kx::SessionSettings settings, const Limits& limits)
+{
+    settings.choosesLengths = true; // as the window predicts
+    settings.maxWords = limits.words > 0 ? limits.words : kx::MOST_REGISTERS_PER_READ;
+    settings.maxBits = limits.bits > 0 ? limits.bits : kx::MOST_COILS_PER_READ;
+    return settings;
+}
+
+} // namespace
+
+void Machine::open(const kx::ConnectionOptions& options, bool readsValues)
+{
+    close(QString());
+    m_parts->options = options;
+    m_parts->readsValues = readsValues;
+    // Whom a person asks answers.
+    for (const WatchedValue& value : m_parts->values) {
+        if (!m_parts->options.simulatedStations.contains(value.tag.range.station))
+            m_parts->options.simulatedStations << value.tag.range.station;
+    }
+    m_parts->status = LineStatus();
+    QString error;
+    m_parts->line = makeLine(m_parts->options, &error);
+    if (!m_parts->line)
+        return tellLine(LineState::Closed, error);
+    m_parts->status.name = m_parts->line->name;
+    kx::Connection* const connection = m_parts->line->connection.get();
+    m_parts->status.timing = m_parts->options.session.timingOf(connection->line()->timing());
+    connect(connection, &kx::Connection::opened, this, &Machine::onOpened);
+    connect(connection, &kx::Connection::failed, this,
+            [this](const kx::Failure& failure) { failLater(failure.text); });
+    tellLine(LineState::Opening, QString());
+    connection->open();
+}
+
+void Machine::close(const QString& reason)
+{
+    ++m_parts->openings;
+    m_parts->lostForLong.stop();
+    endSession();
+    m_parts->line.reset();
+    if (m_parts->status.state != LineState::Closed)
+        tellLine(LineState::Closed, reason);
+}
+
+/// When the line, of whose signals this may be one, has told everybody.
+void Machine::failLater(const QString& reason)
+{
+    const int opening = m_parts->openings;
+    call([this, opening, reason] {
+        if (opening == m_parts->openings)
+            close(reason);
+    });
+}
+
+void Machine::onOpened()
+{
+    if (!m_parts->work) // else it was lost, and its session goes on
+        beginSession();
+}
+
+void Machine::beginSession()
+{
+    const kx::ConnectionOptions& options = m_parts->options;
+    kx::Line* const line = m_parts->line->connection->line();
+    kx::DriverEntryPoints driver;
+    QString error;
+    if (!kx::loadDriver(kx::driverFile(options.library), &driver, &error))
+        return failLater(error + QStringLiteral("; name its file with --library"));
+    const std::optional<Limits>& limits = m_parts->limits;
+    auto session = kx::Session::create(
+        driver, line, limits ? limited(options.session, *limits) : options.session, &error);
+    if (!session)
+        return failLater(error);
+    m_parts->hasNewLimits = false;
+    std::unique_ptr<kx::GatewayAdvice> advice;
+    if (!options.gateway.host.isEmpty() && !options.simulate)
+        advice = std::make_unique<kx::GatewayAdvice>(line->name(), options.protocol);
+    beginWork(std::make_unique<MachineSession>(std::move(session), std::move(advice),
+                                               m_parts->backlog, m_parts->exchanges));
+}
+
+void Machine::beginWork(std::unique_ptr<MachineSession> work)
+{
+    m_parts->work = std::move(work);
+    const MachineSession* const begun = m_parts->work.get();
+    connect(begun, &MachineSession::valuesRead, this, &Machine::valuesRead);
+    connect(begun, &MachineSession::exchanged, this, &Machine::exchanged);
+    connect(begun, &MachineSession::counted, this, &Machine::counted);
+    connect(begun, &MachineSession::cycleFinished, this, &Machine::cycleFinished);
+    connect(begun, &MachineSession::missed, this, &Machine::missed);
+    connect(begun, &MachineSession::told, this, &Machine::told);
+    connect(begun, &MachineSession::linkChanged, this, &Machine::onLinkChanged);
+    tellLine(LineState::Open, QString());
+    if (m_parts->readsValues)
+        m_parts->work->setValues(m_parts->values);
+    m_parts->work->start();
+}
+
+void Machine::endSession()
+{
+    if (!m_parts->work)
+        return;
+    m_parts->work->stop();
+    m_parts->exchanges = m_parts->work->exchanges();
+    m_parts->work.reset();
+}
+
+/// The driver takes lengths when a session begins. Not from a session's signals.
+void Machine::useLimits()
+{
+    if (!m_parts->hasNewLimits || m_parts->status.state != LineState::Open || !m_jobs->isEmpty())
+        return;
+    endSession();
+    beginSession();
+}
+
+void Machine::onLinkChanged(bool isLost, const QString& fault)
+{
+    const bool wasLost = m_parts->status.state == LineState::Interrupted;
+    tellLine(isLost ? LineState::Interrupted : LineState::Open, fault);
+    if (isLost == wasLost)
+        return;
+    const kx::SessionSettings& session = m_parts->options.session;
+    if (isLost)
+        return m_parts->lostForLong.start(session.retries * session.exchange.replyTimeout);
+    m_parts->lostForLong.stop();
+    call([this] { useLimits(); });
+}
+
+void Machine::onJobEnded(int ticket, const kx::Failure& failure)
+{
+    --m_jobsAsked;
+    emit jobEnded(ticket, failure);
+    call([this] { useLimits(); });
+}
+
+void Machine::tellLine(LineState state, const QString& fault)
+{
+    m_parts->status.state = state;
+    m_parts->status.fault = fault;
+    emit lineChanged(m_parts->status);
+}
+
+} // namespace kxpanel

@@ -1,0 +1,39 @@
+/// What a machine has in its thread.
+#ifndef KX_KXPANEL_MACHINE_MACHINE_PARTS_H
+#define KX_KXPANEL_MACHINE_MACHINE_PARTS_H
+
+#include "kxpanel/machine/machine.h"
+#include "kxpanel/machine/machine_line.h"
+#include "kxpanel/machine/machine_session.h"
+
+#include <QtCore/QTimer>
+
+#include <optional>
+
+namespace kxpanel
+{
+
+/// Longest requests.
+struct Limits {
+    int words; ///< 0: chosen
+    int bits;
+};
+
+struct Machine::Parts {
+    kx::ConnectionOptions options;
+    std::unique_ptr<MachineLine> line;
+    std::unique_ptr<MachineSession> work; ///< while the line is open or interrupted
+    int openings = 0;                     ///< what an earlier line tells late is over
+    LineStatus status;
+    QList<WatchedValue> values;
+    bool readsValues = true; ///< of the line
+    std::optional<Limits> limits;
+    bool hasNewLimits = false;
+    qint64 exchanges = 0;       ///< before the session
+    Backlog* backlog = nullptr; ///< as MachineSession takes it
+    QTimer lostForLong;
+};
+
+} // namespace kxpanel
+
+#endif
