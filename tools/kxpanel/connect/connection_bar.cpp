@@ -75,6 +75,7 @@ void ConnectionBar::layOut()
     m_state->setAccessibleName(tr("State of the line"));
     m_message->setAccessibleName(tr("What is wrong with the line"));
     m_message->setWordWrap(true);
+    m_message->setTextFormat(Qt::PlainText);
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_message->hide();
     auto* const row = new QHBoxLayout;
@@ -111,12 +112,18 @@ void ConnectionBar::connectLine()
         m_machine->openLine(options);
 }
 
+void ConnectionBar::disconnectLine()
+{
+    if (m_status.state != LineState::Closed)
+        m_machine->closeLine();
+}
+
 void ConnectionBar::toggleLine()
 {
     if (m_status.state == LineState::Closed)
         connectLine();
     else
-        m_machine->closeLine();
+        disconnectLine();
 }
 
 void ConnectionBar::takeStatus(const LineStatus& status)

@@ -32,6 +32,8 @@ public:
     kx::ConnectionOptions options() const;
     /// As the action; does nothing when the line is not closed.
     void connectLine();
+    /// Does nothing when the line is closed.
+    void disconnectLine();
 
     /// Connects, or disconnects and gives up.
     QAction* connectAction() const { return m_connect; }

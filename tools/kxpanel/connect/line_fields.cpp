@@ -66,6 +66,7 @@ void LineFields::makeFields()
     m_port = makeChoice(this, {}, tr("Port"), tr("Serial port, such as /dev/ttyUSB0"));
     m_port->setEditable(true);
     m_port->setInsertPolicy(QComboBox::NoInsert);
+    m_port->setCompleter(nullptr); // which would add descriptions to what is typed
     m_port->lineEdit()->setPlaceholderText(tr("choose a port"));
     m_baud = makeChoice(this, {}, tr("Speed"), tr("Bits per second"));
     m_baud->setEditable(true);
@@ -98,8 +99,10 @@ void LineFields::layOut()
     row->setStretchFactor(m_port, mostOfTheRoom);
     row->setStretchFactor(m_gateway, mostOfTheRoom);
     row->addStretch(1);
-    for (QComboBox* const box : {m_kind, m_protocol, m_baud, m_parity, m_stopBits})
-        box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    for (QComboBox* const box : {m_kind, m_protocol, m_baud, m_parity, m_stopBits}) {
+        box->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+        setWidth(box, QStringLiteral("1 stop")); // on a small screen
+    }
     setWidth(m_port, QStringLiteral("/dev/ttyUSB0"));
     setWidth(m_gateway, QStringLiteral("192.168.100.100:8888"));
     setWidth(m_baud, QStringLiteral("115200"));
@@ -225,7 +228,9 @@ QWidget* LineFields::readGateway(kx::ConnectionOptions* options, QString* fault)
 void LineFields::setPorts(const QList<kx::PortEntry>& ports)
 {
     const QSignalBlocker quiet(m_port);
-    const QString typed = m_port->currentText();
+    QLineEdit* const edit = m_port->lineEdit();
+    const QString typed = edit->text();
+    const int cursor = edit->cursorPosition(); // somebody may be typing
     m_port->clear();
     for (const kx::PortEntry& port : ports) {
         const QString description = portDescription(port);
@@ -233,7 +238,9 @@ void LineFields::setPorts(const QList<kx::PortEntry>& ports)
                                               : port.port + QStringLiteral("  ") + description,
                         port.port);
     }
+    m_port->setCurrentIndex(m_port->findData(typed));
     m_port->setEditText(typed);
+    edit->setCursorPosition(cursor);
 }
 
 void LineFields::setLineEnabled(bool isEnabled)

@@ -119,6 +119,10 @@ void ScanPanel::start()
         m_result->setText(fault);
         return;
     }
+    if (m_machine->isAtWork()) { // it would be ended half-way
+        m_result->setText(tr("something is being written or transferred; try again after it"));
+        return;
+    }
     kx::ConnectionOptions options;
     const bool isGood = m_fields->takeOptions(&options, &fault);
     emit fieldIsWrong(fault);
@@ -136,7 +140,7 @@ void ScanPanel::start()
     showProgress(0, static_cast<int>(m_stations.size()));
     m_step = Step::Opening;
     m_wasTold = false;
-    m_machine->openLine(options);
+    m_machine->openLine(options, false);
 }
 
 void ScanPanel::stop()

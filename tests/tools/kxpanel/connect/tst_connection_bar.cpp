@@ -1,4 +1,5 @@
 #include "kxpanel/connect/connection_bar.h"
+#include "panel/jobs/scan_job.h"
 #include "tools/kxpanel/machine_fixture.h"
 
 #include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
@@ -28,6 +29,9 @@ private slots:
     void aScanGivesTheLineBack();
     void aCancelledScanGivesTheLineBack();
     void whoDisconnectsDoesNotGetTheLineBack();
+    void aScanEndsNothingElse();
+    void aScanLeavesTheValuesAlone();
+    void whatIsWrongIsNoMarkup();
     void aScanOfNoStations();
 
 private:
@@ -182,11 +186,51 @@ void ConnectionBarTest::whoDisconnectsDoesNotGetTheLineBack()
     QCOMPARE(m_log->states.last(), QStringLiteral("closed"));
 }
 
+void ConnectionBarTest::aScanEndsNothingElse()
+{
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(state(), QStringLiteral("connected"));
+    m_machine->startJob(Machine::newTicket(), [](kx::Session* session) {
+        return std::make_unique<kx::ScanJob>(session, QList<int>{20, 21, 22, 23});
+    });
+    scan("3", 250);
+    QCOMPARE(result(),
+             QStringLiteral("something is being written or transferred; try again after it"));
+    QTest::qWait(50);
+    QCOMPARE(m_log->ends, 0);
+    QCOMPARE(m_log->states, (QStringList{"opening", "open"}));
+}
+
+// A station that takes longer than the scan waits would seem to be gone.
+void ConnectionBarTest::aScanLeavesTheValuesAlone()
+{
+    m_machine->setValues({watched(1, "D110@3"), watched(2, "D110@5")});
+    kx::ConnectionOptions options = simulated();
+    options.simulatedStations = {3};
+    m_bar->setOptions(options);
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(m_log->readings.value(1).state, kx::WatchState::Ok);
+    scan("20-24", 100);
+    QTRY_COMPARE(result(), QStringLiteral("none yet")); // it asks
+    m_log->exchanges.clear();
+    QTest::qWait(250);
+    QVERIFY(!m_log->exchanges.isEmpty());
+    for (const Exchange& exchange : qAsConst(m_log->exchanges))
+        QVERIFY2(exchange.range.station >= 20, "of a value");
+    QTRY_COMPARE(result(), QStringLiteral("no station answers"));
+    QTRY_COMPARE(m_log->readings.value(1).state, kx::WatchState::Ok); // read again
+}
+
 void ConnectionBarTest::aScanOfNoStations()
 {
     scan("0-5", 250);
     QVERIFY2(result().contains(QStringLiteral("1 to 247")), qPrintable(result()));
     QCOMPARE(m_log->states, QStringList());
+}
+
+void ConnectionBarTest::whatIsWrongIsNoMarkup()
+{
+    QCOMPARE(named<QLabel>("What is wrong with the line")->textFormat(), Qt::PlainText);
 }
 
 QTEST_MAIN(ConnectionBarTest)

@@ -23,6 +23,8 @@ private slots:
     void ofWrongFieldsAProjectGetsWhatWasThere();
     void portsComeAndGo();
     void aChosenPortIsUsedWithoutItsDescription();
+    void aTypedPortIsTakenAsItIsTyped();
+    void whoTypesStaysWhereHeIs();
     void ofAnOpenLineNothingCanBeChanged();
     void editsAreTold();
 };
@@ -263,7 +265,35 @@ void LineFieldsTest::aChosenPortIsUsedWithoutItsDescription()
     auto* const ports = field<QComboBox>(fields, "Port");
     ports->setFocus();
     QTest::keyClick(ports, Qt::Key_Down);
+    QCOMPARE(ports->currentText(), QStringLiteral("/dev/ttyS0"));
+    QTest::keyClick(ports, Qt::Key_Down);
     QCOMPARE(ports->currentText(), QStringLiteral("/dev/ttyUSB0"));
+    fields.setPorts({port("/dev/ttyS0", ""), port("/dev/ttyUSB0", "FT232R, in use by minicom")});
+    QTest::keyClick(ports, Qt::Key_Up); // from where it was
+    QCOMPARE(ports->currentText(), QStringLiteral("/dev/ttyS0"));
+}
+
+void LineFieldsTest::aTypedPortIsTakenAsItIsTyped()
+{
+    LineFields fields;
+    fields.setPorts({port("/dev/ttyUSB0", "FT232R")});
+    auto* const ports = field<QComboBox>(fields, "Port");
+    QTest::keyClicks(ports->lineEdit(), "/dev/ttyU");
+    QCOMPARE(ports->currentText(), QStringLiteral("/dev/ttyU"));
+    QTest::keyClicks(ports->lineEdit(), "SB0");
+    QTest::keyClick(ports->lineEdit(), Qt::Key_Return);
+    QCOMPARE(taken(&fields).port, QStringLiteral("/dev/ttyUSB0"));
+}
+
+void LineFieldsTest::whoTypesStaysWhereHeIs()
+{
+    LineFields fields;
+    auto* const edit = field<QComboBox>(fields, "Port")->lineEdit();
+    QTest::keyClicks(edit, "/dev/tty0");
+    edit->setCursorPosition(8);
+    fields.setPorts({port("/dev/ttyS0", "")});
+    QTest::keyClicks(edit, "S");
+    QCOMPARE(edit->text(), QStringLiteral("/dev/ttyS0"));
 }
 
 void LineFieldsTest::ofAnOpenLineNothingCanBeChanged()
