@@ -1,6 +1,8 @@
 #include "kxhost/terminal/exit_codes.h"
+#include "kxhost/terminal/interrupt.h"
 #include "kxpanel/machine/machine_thread.h"
 #include "kxpanel/shell/main_window.h"
+#include "kxpanel/shell/qt_options.h"
 #include "kxpanel/translations/translations.h"
 #include "kxpanel/trend/trend_page.h"
 #include "system/printable_text.h"
@@ -10,6 +12,8 @@
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
+#include <memory>
+#include <unistd.h>
 
 using namespace kxpanel;
 
@@ -29,7 +33,7 @@ bool readCommandLine(int argc, char** argv, WindowOptions* options, int* exitCod
 {
     const QCoreApplication application(argc, argv);
     const CommandLineResult result =
-        parseWindowOptions(QCoreApplication::arguments().mid(1), options);
+        parseWindowOptions(withoutQtOptions(QCoreApplication::arguments().mid(1)), options);
     if (!result.error.isEmpty())
         *exitCode = complain(result.error, kx::EXIT_WRONG_USAGE);
     else if (!result.showsWindow)
@@ -37,20 +41,33 @@ bool readCommandLine(int argc, char** argv, WindowOptions* options, int* exitCod
     return result.showsWindow;
 }
 
-bool hasDisplay()
+/// What Qt says of a display that it cannot open; the last of it is followed by abort().
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&)
 {
-    for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        if (!qEnvironmentVariableIsEmpty(name))
-            return true;
-    }
-    return false;
+    if (type == QtFatalMsg)
+        _exit(
+            complain(QStringLiteral("cannot open a window: no display, or Qt's platform plugin for "
+                                    "it is missing; start it in a desktop session, or name the "
+                                    "display in DISPLAY or WAYLAND_DISPLAY"),
+                     kx::EXIT_CANNOT_OPEN));
+}
+
+/// Ends the program when there is no display.
+std::unique_ptr<QApplication> openDisplay(int& argc, char** argv)
+{
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    qInstallMessageHandler(endWithoutDisplay);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    qInstallMessageHandler(nullptr);
+    return application;
 }
 
 int showWindow(int argc, char** argv, const WindowOptions& options)
 {
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    const QApplication application(argc, argv);
+    const std::unique_ptr<QApplication> application = openDisplay(argc, argv);
+    QApplication::setDesktopFileName(QStringLiteral("kxpanel"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("kxpanel")));
     QApplication::setOrganizationName(QStringLiteral("kxpanel"));
     QApplication::setApplicationName(QStringLiteral("kxpanel"));
     takeLanguage(QLocale::system());
@@ -59,6 +76,8 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
     pages.insert(pages.begin() + 1, makerOf<TrendPage>()); // beside the values
     const MachineThread machine;
     MainWindow window(machine.machine(), &settings, pages);
+    const kx::Interrupt interrupt; // as who closes the window; a second one ends it at once
+    QObject::connect(&interrupt, &kx::Interrupt::interrupted, &window, &QWidget::close);
     window.show();
     window.begin(options);
     return QApplication::exec();
@@ -73,8 +92,5 @@ int main(int argc, char* argv[])
     int exitCode = kx::EXIT_FINE;
     if (!readCommandLine(argc, argv, &options, &exitCode))
         return exitCode;
-    if (!hasDisplay())
-        return complain(QStringLiteral("no display: DISPLAY and WAYLAND_DISPLAY are not set"),
-                        kx::EXIT_CANNOT_OPEN);
     return showWindow(argc, argv, options);
 }

@@ -3,19 +3,26 @@
 #include "kxpanel/connect/connection_bar.h"
 #include "kxpanel/grid/watch_page.h"
 #include "kxpanel/machine/machine.h"
+#include "kxpanel/project/connection_json.h"
 #include "kxpanel/project/project.h"
+#include "kxpanel/shell/closing_question.h"
 #include "kxpanel/shell/message_bar.h"
 #include "kxpanel/shell/project_keeper.h"
 #include "kxpanel/shell/status_line.h"
 #include "kxpanel/shell/window_menus.h"
 #include "panel/values/value_address.h"
 
+#include <QtCore/QDateTime>
 #include <QtCore/QSettings>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QVBoxLayout>
+
+#include <limits>
 
 namespace kxpanel
 {
@@ -94,6 +101,7 @@ void MainWindow::connectValues()
     connect(&m_newValues, &QTimer::timeout, this,
             [this] { m_machine->setValues(m_tags.values()); });
     connect(m_machine, &Machine::valuesRead, &m_tags, &TagList::takeReadings);
+    connect(m_machine, &Machine::missed, this, &MainWindow::showMissed);
 }
 
 void MainWindow::connectProject()
@@ -108,6 +116,9 @@ void MainWindow::connectProject()
 
 void MainWindow::begin(const WindowOptions& options)
 {
+    if (!m_settings->isWritable())
+        m_status->say(tr("The window's place and recent files are not kept: %1 cannot be written")
+                          .arg(m_settings->fileName()));
     m_connection->setOptions(options.connection);
     if (!options.file.isEmpty())
         m_project->open(options.file);
@@ -154,6 +165,9 @@ void MainWindow::collect(Project* project)
 
 void MainWindow::showProject(const Project& project)
 {
+    const QJsonObject line = connectionJson(project.connection, QJsonObject());
+    if (line != connectionJson(m_connection->options(), QJsonObject()))
+        m_connection->disconnectLine(); // else its values would be written to another machine
     m_connection->setOptions(project.connection);
     m_unknown.clear();
     m_tags.setValues({});
@@ -183,28 +197,60 @@ void MainWindow::addTags(const QString& path)
 
 void MainWindow::showTitle()
 {
-    setWindowTitle(QStringLiteral("%1[*] - kxpanel").arg(m_project->title()));
+    QString title = m_project->title();
+    title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")); // stands for itself
+    setWindowTitle(QStringLiteral("%1[*] - kxpanel").arg(title));
     setWindowModified(m_project->isChanged());
 }
 
 void MainWindow::restorePlace()
 {
     const QSize usual(130, 46); // characters and rows
-    resize(usual.width() * fontMetrics().horizontalAdvance(QLatin1Char('0')),
-           usual.height() * fontMetrics().lineSpacing());
+    const QSize wanted(usual.width() * fontMetrics().horizontalAdvance(QLatin1Char('0')),
+                       usual.height() * fontMetrics().lineSpacing());
+    resize(wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     restoreGeometry(m_settings->value(geometrySetting()).toByteArray());
     if (Page* const last = page(m_settings->value(pageSetting()).toString()))
         m_tabs->setCurrentWidget(last);
 }
 
+void MainWindow::showMissed(const Missed& missed)
+{
+    const auto timeOf = [](qint64 time) {
+        return QDateTime::fromMSecsSinceEpoch(time).toString(QStringLiteral("HH:mm:ss"));
+    };
+    QString text =
+        tr("The window stood still from %1 to %2. The trend lacks what was read meanwhile.")
+            .arg(timeOf(missed.from), timeOf(missed.to));
+    if (missed.exchanges > 0)
+        text +=
+            QLatin1Char(' ')
+            + tr("%n exchange(s) are missing in frames, line and health.", nullptr,
+                 static_cast<int>(qMin<qint64>(missed.exchanges, std::numeric_limits<int>::max())));
+    m_messages->say(text);
+}
+
+/// Each question comes when the one before is answered; whoever stays answers none of the rest.
+void MainWindow::askToClose()
+{
+    const auto closeNow = [this] {
+        m_mayClose = true;
+        close();
+        m_mayClose = false;
+    };
+    m_project->leave([this, closeNow] {
+        if (m_machine->isAtWork())
+            askToEndWork(this, closeNow);
+        else // not inside of another close()
+            QMetaObject::invokeMethod(this, closeNow, Qt::QueuedConnection);
+    });
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (!m_isLeaving && m_project->isChanged()) {
+    if (!m_mayClose && (m_project->isChanged() || m_machine->isAtWork())) {
         event->ignore();
-        m_project->leave([this] {
-            m_isLeaving = true;
-            close();
-        });
+        askToClose();
         return;
     }
     m_settings->setValue(geometrySetting(), saveGeometry());

@@ -56,6 +56,8 @@ private:
     void addTags(const QString& path);
     void showTitle();
     void restorePlace();
+    void showMissed(const Missed& missed);
+    void askToClose();
     void closeEvent(QCloseEvent* event) override;
 
     Machine* m_machine;
@@ -63,7 +65,7 @@ private:
     TagList m_tags;
     QHash<int, QJsonObject> m_unknown; ///< what a newer program keeps of values, by number
     QTimer m_newValues;                ///< many edits at once are one list for the machine
-    bool m_isLeaving = false;
+    bool m_mayClose = false;           ///< nobody objects any more
     QList<Page*> m_pages;
     WatchPage* m_watch = nullptr;
     ConnectionBar* m_connection;

@@ -10,6 +10,13 @@
 namespace kxpanel
 {
 
+namespace
+{
+
+const int MOST_ROWS = 8; // the pages need the room
+
+} // namespace
+
 MessageBar::MessageBar(QWidget* parent) : QFrame(parent), m_text(new QLabel(this))
 {
     setFrameShape(QFrame::StyledPanel);
@@ -31,8 +38,17 @@ MessageBar::MessageBar(QWidget* parent) : QFrame(parent), m_text(new QLabel(this
 
 void MessageBar::say(const QString& text)
 {
-    m_text->setText(text);
+    QStringList rows = text.split(QLatin1Char('\n'));
+    const int more = static_cast<int>(rows.size()) - MOST_ROWS;
+    if (more > 0)
+        rows = rows.mid(0, MOST_ROWS) << tr("and %n more", nullptr, more);
+    m_text->setText(rows.join(QLatin1Char('\n')));
     setVisible(!text.isEmpty());
+    showColour();
+}
+
+void MessageBar::showColour()
+{
     QPalette colours = m_text->palette();
     colours.setColor(QPalette::WindowText, faultColour(palette()));
     m_text->setPalette(colours);
@@ -47,7 +63,7 @@ void MessageBar::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        say(text());
+        showColour();
 }
 
 } // namespace kxpanel

@@ -16,11 +16,13 @@ class MessageBar : public QFrame
 public:
     explicit MessageBar(QWidget* parent = nullptr);
 
-    /// One or more lines; empty takes them away.
+    /// One or more lines, of which the first few are shown; empty takes them away.
     void say(const QString& text);
+    /// What is shown.
     QString text() const;
 
 private:
+    void showColour();
     void changeEvent(QEvent* event) override;
 
     QLabel* m_text;

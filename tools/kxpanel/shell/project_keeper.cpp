@@ -1,7 +1,5 @@
 #include "kxpanel/shell/project_keeper.h"
 
-#include "kxpanel/project/recent_files.h"
-
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
@@ -49,7 +47,13 @@ bool ProjectKeeper::isChanged()
 
 QStringList ProjectKeeper::recentFiles() const
 {
-    return RecentFiles(m_settings).paths();
+    return recent().paths();
+}
+
+RecentFiles ProjectKeeper::recent() const
+{
+    m_settings->sync(); // another window may have changed them
+    return RecentFiles(m_settings);
 }
 
 Project ProjectKeeper::shown()
@@ -99,12 +103,12 @@ void ProjectKeeper::open(const QString& path)
     Project project;
     QStringList faults;
     if (!m_file.open(path, &project, &faults)) {
-        RecentFiles(m_settings).remove(path);
+        recent().remove(path);
         emit failed(faults.join(QLatin1Char('\n')));
         return;
     }
     show(project);
-    RecentFiles(m_settings).add(path);
+    recent().add(path);
     emit failed(QString());
     emit stateChanged();
 }
@@ -154,7 +158,7 @@ void ProjectKeeper::saveTo(const QString& path, const std::function<void()>& nex
         emit failed(fault);
         return;
     }
-    RecentFiles(m_settings).add(path);
+    recent().add(path);
     emit stateChanged();
     emit failed(QString());
     emit said(tr("Saved %1").arg(title()));
@@ -165,14 +169,19 @@ void ProjectKeeper::leave(const std::function<void()>& next)
 {
     if (!isChanged())
         return next();
+    if (m_question)
+        return;
     auto* const question = new QMessageBox(m_parent);
+    m_question = question;
     question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setTextFormat(Qt::PlainText);
     question->setIcon(QMessageBox::Question);
     question->setText(tr("Save the changes to %1?").arg(title()));
     question->setInformativeText(tr("Otherwise they are lost."));
     question->setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     question->setDefaultButton(QMessageBox::Save);
     connect(question, &QMessageBox::finished, this, [this, next](int button) {
+        m_question = nullptr; // though it is deleted later
         if (button == QMessageBox::Save)
             saveAnd(next);
         else if (button == QMessageBox::Discard)

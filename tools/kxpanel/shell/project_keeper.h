@@ -2,12 +2,15 @@
 #define KX_KXPANEL_SHELL_PROJECT_KEEPER_H
 
 #include "kxpanel/project/project_file.h"
+#include "kxpanel/project/recent_files.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 
 #include <functional>
 
 class QFileDialog;
+class QMessageBox;
 class QSettings;
 class QWidget;
 
@@ -51,7 +54,8 @@ public:
     void open(const QString& path);
     void save();
     void saveAs();
-    /// Asks when something is not saved, and does `next` unless the person stays.
+    /// Asks when something is not saved, and does `next` unless the person stays. While it is being
+    /// asked nothing more happens.
     void leave(const std::function<void()>& next);
 
 signals:
@@ -64,6 +68,7 @@ signals:
     void said(const QString& text);
 
 private:
+    RecentFiles recent() const;
     Project shown();
     void look() { m_file.note(shown()); }
     void show(const Project& project);
@@ -75,6 +80,7 @@ private:
     Window m_window;
     QSettings* m_settings;
     QWidget* m_parent;
+    QPointer<QMessageBox> m_question; ///< of leave()
     ProjectFile m_file;
     Project m_project; ///< as last read or begun, with what the window does not know
     QTimer m_looking;  ///< many changes at once are looked at once

@@ -55,6 +55,7 @@ void WindowMenus::makeFileMenu()
             &QAction::triggered, m_project, &ProjectKeeper::chooseFile);
     m_recent = menu->addMenu(tr("Open &recent"));
     connect(m_project, &ProjectKeeper::stateChanged, this, &WindowMenus::showRecentFiles);
+    connect(menu, &QMenu::aboutToShow, this, &WindowMenus::showRecentFiles); // other windows' too
     showRecentFiles();
     menu->addSeparator();
     connect(add(menu, tr("&Save"), QKeySequence::Save, tr("Save the project")), &QAction::triggered,
@@ -72,7 +73,9 @@ void WindowMenus::showRecentFiles()
     m_recent->clear();
     const QStringList files = m_project->recentFiles();
     for (const QString& path : files) {
-        QAction* const action = m_recent->addAction(QFileInfo(path).fileName());
+        QString name = QFileInfo(path).fileName();
+        QAction* const action =
+            m_recent->addAction(name.replace(QLatin1Char('&'), QLatin1String("&&")));
         action->setStatusTip(path);
         connect(action, &QAction::triggered, m_project,
                 [this, path] { m_project->openRecent(path); });

@@ -22,14 +22,19 @@ const char EXAMPLES[] = "\nExamples:\n"
 
 const char EXIT_CODES[] = "\nExit codes: 0 fine, 2 wrong usage, 3 no display.\n";
 
+/// What a window needs not.
+QStringList notTaken()
+{
+    return {QStringLiteral("frames"), QStringLiteral("json")};
+}
+
 void declare(QCommandLineParser* parser)
 {
     parser->addOption({QStringLiteral("project"),
                        QStringLiteral("A project, as the window saves it, or the tags file of "
                                       "kxhost. The same without --project."),
                        QStringLiteral("FILE")});
-    // A window needs neither.
-    kx::addConnectionOptions(parser, 1000, {QStringLiteral("frames"), QStringLiteral("json")});
+    kx::addConnectionOptions(parser, 1000, notTaken());
     parser->addOption(
         {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help and end.")});
     parser->addOption({{QStringLiteral("v"), QStringLiteral("version")},
@@ -58,6 +63,16 @@ bool takeFile(const QCommandLineParser& parser, WindowOptions* options, QString*
     return error->isEmpty();
 }
 
+/// In the parser's words, of those that kxhost alone has; empty: none.
+QString unknownOption(const QCommandLineParser& parser)
+{
+    for (const QString& name : notTaken()) {
+        if (parser.isSet(name))
+            return QStringLiteral("Unknown option '%1'.").arg(name);
+    }
+    return QString();
+}
+
 /// Whether anything was said about the line.
 bool namesLine(const QCommandLineParser& parser)
 {
@@ -84,8 +99,8 @@ CommandLineResult parseWindowOptions(const QStringList& arguments, WindowOptions
         result.output = versionRows().join(QLatin1Char('\n')) + QLatin1Char('\n');
         return result;
     }
-    if (!isParsed) {
-        result.error = parser.errorText(); // a sentence
+    result.error = isParsed ? unknownOption(parser) : parser.errorText(); // a sentence
+    if (!result.error.isEmpty()) {
         result.error.chop(result.error.endsWith(QLatin1Char('.')) ? 1 : 0);
         result.error += QStringLiteral("; kxpanel --help lists the options");
         return result;

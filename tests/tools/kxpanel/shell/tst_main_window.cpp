@@ -2,11 +2,13 @@
 
 #include "kxpanel/connect/connection_bar.h"
 #include "kxpanel/machine/machine_thread.h"
+#include "kxpanel/project/project.h"
 #include "kxpanel/shell/main_window.h"
 #include "kxpanel/shell/message_bar.h"
 #include "kxpanel/shell/project_keeper.h"
 #include "kxpanel/shell/shortcut_list.h"
 #include "kxpanel/window/theme.h"
+#include "panel/jobs/scan_job.h"
 #include "tools/kxpanel/machine_fixture.h"
 #include "tools/kxsim/kxsim_process.h"
 
@@ -14,12 +16,14 @@
 #include <QtCore/QSet>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QScreen>
 #include <QtTest/QTest>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabWidget>
 
 #include <csignal>
@@ -40,6 +44,12 @@ private slots:
     void theDemonstrationIsWhole();
     void aBrokenProjectIsSaidInside();
     void closingWithChangesAsks();
+    void closingWhileAWriteIsUnderWayAsks();
+    void aProjectOfAnotherLineDisconnects();
+    void whatWasMissedIsSaid();
+    void itFitsASmallScreen();
+    void settingsThatCannotBeKeptAreSaid();
+    void aFileOfAnyNameIsNamedRightly();
     void placeAndThemeAreKept();
     void pagesHaveShortcuts();
     void noShortcutIsTwice();
@@ -51,6 +61,7 @@ private:
     qint64 valueOf(const char* address) const;
     bool isOpen() const { return m_window->connectionBar()->status().state == LineState::Open; }
     void begin(const QString& port, const QString& file = QString());
+    QString projectOn(const QString& port, const char* name);
 
     QTemporaryDir m_folder;
     std::unique_ptr<QSettings> m_settings;
@@ -108,6 +119,18 @@ void MainWindowTest::begin(const QString& port, const QString& file)
     options.connects = true;
     options.file = file;
     m_window->begin(options);
+}
+
+/// The path of a project file.
+QString MainWindowTest::projectOn(const QString& port, const char* name)
+{
+    Project project;
+    project.connection = serialPort(port);
+    const QString path = m_folder.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(projectText(project)) < 0)
+        qFatal("%s", name);
+    return path;
 }
 
 void MainWindowTest::itBeginsDisconnected()
@@ -222,8 +245,103 @@ void MainWindowTest::closingWithChangesAsks()
     QVERIFY(m_window->isVisible());
     auto* const question = m_window->findChild<QMessageBox*>();
     QVERIFY(question);
+    m_window->close(); // once more, as a signal may
+    QCOMPARE(m_window->findChildren<QMessageBox*>().size(), 1);
     QTest::mouseClick(question->button(QMessageBox::Discard), Qt::LeftButton);
-    QVERIFY(!m_window->isVisible());
+    QTRY_VERIFY(!m_window->isVisible());
+}
+
+void MainWindowTest::closingWhileAWriteIsUnderWayAsks()
+{
+    const KxsimProcess simulator({"--still"});
+    begin(simulator.portName());
+    QTRY_VERIFY(isOpen());
+    // Stations that do not answer, each three times half a second.
+    m_machine->machine()->startJob(Machine::newTicket(), [](kx::Session* session) {
+        return std::make_unique<kx::ScanJob>(session, QList<int>{2, 3, 4, 5, 6, 7, 8, 9});
+    });
+    m_window->close();
+    QVERIFY(m_window->isVisible());
+    auto* question = m_window->findChild<QMessageBox*>();
+    QVERIFY(question);
+    QTest::mouseClick(question->button(QMessageBox::Cancel), Qt::LeftButton);
+    QTest::qWait(50);
+    QVERIFY(m_window->isVisible());
+    QVERIFY(m_machine->machine()->isAtWork());
+    QTRY_VERIFY(!m_window->findChild<QMessageBox*>());
+    m_window->close();
+    question = m_window->findChild<QMessageBox*>();
+    QVERIFY(question);
+    for (QAbstractButton* const button : question->buttons()) {
+        if (question->buttonRole(button) == QMessageBox::AcceptRole)
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    QTRY_VERIFY(!m_window->isVisible());
+}
+
+// Else what is typed into the new list would be written to the old machine.
+void MainWindowTest::aProjectOfAnotherLineDisconnects()
+{
+    const KxsimProcess simulator({"--still"});
+    const QString same = projectOn(simulator.portName(), "same.kxpanel");
+    const QString other = projectOn("/dev/ttyUSB9", "other.kxpanel");
+    begin(simulator.portName(), same);
+    QTRY_VERIFY(isOpen());
+    m_window->project()->settle();
+    m_window->project()->open(same);
+    QTest::qWait(100);
+    QVERIFY(isOpen()); // the same line stays
+    m_window->project()->open(other);
+    QCOMPARE(m_window->messages()->text(), QString());
+    QTRY_COMPARE(m_window->connectionBar()->status().state, LineState::Closed);
+    QCOMPARE(m_window->connectionBar()->options().port, QString("/dev/ttyUSB9"));
+}
+
+void MainWindowTest::whatWasMissedIsSaid()
+{
+    const QDateTime from(QDate(2026, 3, 1), QTime(10, 20, 30));
+    const qint64 start = from.toMSecsSinceEpoch();
+    emit m_machine->machine()->missed({start, start + 90000, 1});
+    QCOMPARE(m_window->messages()->text(),
+             QString("The window stood still from 10:20:30 to 10:22:00. The trend lacks what was "
+                     "read meanwhile. 1 exchange(s) are missing in frames, line and health."));
+    emit m_machine->machine()->missed({start, start + 1000, 0});
+    QVERIFY(m_window->messages()->text().endsWith("what was read meanwhile."));
+}
+
+void MainWindowTest::itFitsASmallScreen()
+{
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    const QSize least = m_window->minimumSizeHint();
+    QCOMPARE(m_window->size().boundedTo(screen.expandedTo(least)), m_window->size());
+    const int characters = least.width() / m_window->fontMetrics().horizontalAdvance('0');
+    QVERIFY2(characters <= 110, qPrintable(QString::number(characters)));
+    const int rows = least.height() / m_window->fontMetrics().lineSpacing();
+    QVERIFY2(rows <= 44, qPrintable(QString::number(rows)));
+}
+
+void MainWindowTest::settingsThatCannotBeKeptAreSaid()
+{
+    const QString folder = m_folder.filePath("not a folder");
+    QFile file(folder);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QSettings settings(folder + "/settings.ini", QSettings::IniFormat); // also root cannot write it
+    MainWindow window(m_machine->machine(), &settings, pageMakers());
+    window.begin(WindowOptions());
+    QVERIFY2(window.statusBar()->currentMessage().contains("settings.ini cannot be written"),
+             qPrintable(window.statusBar()->currentMessage()));
+}
+
+void MainWindowTest::aFileOfAnyNameIsNamedRightly()
+{
+    const QString path = projectOn("/dev/ttyUSB9", "R&D [*].kxpanel");
+    m_window->project()->open(path);
+    QCOMPARE(m_window->windowTitle(), QString("R&D [*][*].kxpanel[*] - kxpanel"));
+    QVERIFY(action("RD [*].kxpanel")); // as this test takes marks away
+    for (const QAction* const found : m_window->findChildren<QAction*>()) {
+        if (found->statusTip() == path)
+            QCOMPARE(found->text(), QString("R&&D [*].kxpanel"));
+    }
 }
 
 void MainWindowTest::placeAndThemeAreKept()

@@ -66,6 +66,9 @@ void WindowOptionsTest::whatIsWrong_data()
     QTest::newRow("an unknown option")
         << QStringList{"--speed", "9"}
         << "Unknown option 'speed'; kxpanel --help lists the options";
+    QTest::newRow("an option of kxhost alone")
+        << QStringList{"--simulate", "--json"}
+        << "Unknown option 'json'; kxpanel --help lists the options";
     QTest::newRow("two lines") << QStringList{"--simulate", "--tcp", "gateway"}
                                << "only one of --port, --tcp and --simulate can be used";
     QTest::newRow("a speed without a line")

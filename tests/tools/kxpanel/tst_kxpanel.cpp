@@ -1,0 +1,141 @@
+// The program as a person starts and ends it.
+
+#include "support/process_signal.h"
+#include "tools/kxsim/kxsim_process.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <csignal>
+
+class KxpanelTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void withoutADisplay_data();
+    void withoutADisplay();
+    void wrongUsageNeedsNoDisplay();
+    void signalsCloseTheWindow_data();
+    void signalsCloseTheWindow();
+    void aProjectThatCannotBeReadEndsNothing_data();
+    void aProjectThatCannotBeReadEndsNothing();
+
+private:
+    QProcessEnvironment environment() const;
+    void start(QProcess* panel, const QStringList& arguments) const;
+
+    QTemporaryDir m_folder;
+};
+
+QProcessEnvironment KxpanelTest::environment() const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QString::fromLatin1(name));
+    environment.insert("XDG_CONFIG_HOME", m_folder.path());
+    return environment;
+}
+
+void KxpanelTest::start(QProcess* panel, const QStringList& arguments) const
+{
+    panel->setProcessEnvironment(environment());
+    panel->start(KXPANEL_PROGRAM, arguments);
+    QVERIFY(panel->waitForStarted());
+}
+
+void KxpanelTest::withoutADisplay_data()
+{
+    QTest::addColumn<QString>("display");
+    QTest::newRow("none is named") << "";
+    QTest::newRow("nobody listens there") << ":77";
+}
+
+void KxpanelTest::withoutADisplay()
+{
+    QFETCH(QString, display);
+    QProcess panel;
+    QProcessEnvironment environment = this->environment();
+    if (!display.isEmpty())
+        environment.insert("DISPLAY", display);
+    panel.setProcessEnvironment(environment);
+    panel.start(KXPANEL_PROGRAM, {"--simulate"});
+    QVERIFY(panel.waitForFinished());
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(panel.exitCode(), 3);
+    const QByteArray error = panel.readAllStandardError();
+    QVERIFY2(error.startsWith("kxpanel: cannot open a window: no display"), error.constData());
+    QCOMPARE(error.count('\n'), 1);
+}
+
+void KxpanelTest::wrongUsageNeedsNoDisplay()
+{
+    QProcess panel;
+    start(&panel, {"-style", "fusion", "--nosuch"});
+    QVERIFY(panel.waitForFinished());
+    QCOMPARE(panel.exitCode(), 2);
+    QCOMPARE(panel.readAllStandardError(),
+             QByteArray("kxpanel: Unknown option 'nosuch'; kxpanel --help lists the options\n"));
+}
+
+void KxpanelTest::signalsCloseTheWindow_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("of Ctrl-C") << SIGINT;
+    QTest::newRow("of a service manager") << SIGTERM;
+}
+
+void KxpanelTest::signalsCloseTheWindow()
+{
+    QFETCH(int, signal);
+    const QString settings = m_folder.filePath("kxpanel/kxpanel.conf");
+    QFile::remove(settings);
+    KxsimProcess simulator;
+    QProcess panel;
+    start(&panel, {"-platform", "offscreen", "--port", simulator.portName()});
+    // Connected: it has the port open.
+    const QString files = "/proc/" + QString::number(panel.processId()) + "/fd";
+    const auto hasPort = [&] {
+        for (int file = 3; file < 100; ++file) {
+            if (QFile::symLinkTarget(files + '/' + QString::number(file)) == simulator.portName())
+                return true;
+        }
+        return false;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(hasPort(), 20000);
+    signalProcess(panel.processId(), signal);
+    QVERIFY(panel.waitForFinished());
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(panel.exitCode(), 0);
+    QVERIFY(QFile::exists(settings)); // the window's place was kept
+}
+
+void KxpanelTest::aProjectThatCannotBeReadEndsNothing_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("it is not there") << QByteArray();
+    QTest::newRow("it is broken") << QByteArray("{\"format\": ");
+}
+
+void KxpanelTest::aProjectThatCannotBeReadEndsNothing()
+{
+    QFETCH(QByteArray, content);
+    const QString path = m_folder.filePath("a.kxpanel");
+    QFile::remove(path);
+    if (!content.isEmpty()) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    QProcess panel;
+    start(&panel, {"-platform", "offscreen", "--project", path});
+    QVERIFY(!panel.waitForFinished(1500));
+    signalProcess(panel.processId(), SIGTERM);
+    QVERIFY(panel.waitForFinished());
+    QCOMPARE(panel.exitCode(), 0);
+}
+
+QTEST_GUILESS_MAIN(KxpanelTest)
+#include "tst_kxpanel.moc"
