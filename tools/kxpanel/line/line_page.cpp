@@ -1,11 +1,11 @@
 #include "kxpanel/line/line_page.h"
 
 #include "kxpanel/actions/page_action.h"
-#include "kxpanel/line/cycle_picture.h"
-#include "kxpanel/line/cycle_words.h"
-#include "kxpanel/line/limit_panel.h"
-#include "kxpanel/line/line_legend.h"
-#include "kxpanel/line/plan_picture.h"
+#include "kxpanel/line/colours/line_legend.h"
+#include "kxpanel/line/cycle/cycle_picture.h"
+#include "kxpanel/line/cycle/cycle_words.h"
+#include "kxpanel/line/limit/limit_panel.h"
+#include "kxpanel/line/plan/plan_picture.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tags/tag_list.h"
 

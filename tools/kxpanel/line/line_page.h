@@ -1,8 +1,8 @@
 #ifndef KX_KXPANEL_LINE_LINE_PAGE_H
 #define KX_KXPANEL_LINE_LINE_PAGE_H
 
-#include "kxpanel/line/limit_costs.h"
-#include "kxpanel/line/line_record.h"
+#include "kxpanel/line/cycle/line_record.h"
+#include "kxpanel/line/limit/limit_costs.h"
 #include "kxpanel/window/page.h"
 
 class QAction;

@@ -1,9 +1,9 @@
 #include "kxpanel/line/line_page.h"
 
 #include "../sample_exchanges.h"
-#include "kxpanel/line/cycle_picture.h"
-#include "kxpanel/line/limit_panel.h"
-#include "kxpanel/line/plan_picture.h"
+#include "kxpanel/line/cycle/cycle_picture.h"
+#include "kxpanel/line/limit/limit_panel.h"
+#include "kxpanel/line/plan/plan_picture.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tags/tag_list.h"
 #include "registers/register_types.h"

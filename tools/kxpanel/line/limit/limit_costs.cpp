@@ -1,0 +1,121 @@
+#include "kxpanel/line/limit/limit_costs.h"
+
+#include <QtCore/QElapsedTimer>
+
+#include <algorithm>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const int BITS_PER_REGISTER = 16;
+const qint64 AT_ONCE = 8; // milliseconds of work between two looks at keys and mouse
+
+kx::StationRules stationRules(int maxWords)
+{
+    kx::StationRules rules;
+    rules.maxWords = maxWords;
+    rules.maxBits = bitsFor(maxWords);
+    return rules;
+}
+
+} // namespace
+
+int bitsFor(int maxWords)
+{
+    return std::min(maxWords * BITS_PER_REGISTER, kx::MOST_COILS_PER_READ);
+}
+
+kx::ReadRules limitedRules(int maxWords, const kx::LineTiming& timing,
+                           const QMap<int, ReplyTimes>& replies)
+{
+    kx::ReadRules rules;
+    rules.line = timing;
+    rules.usual = stationRules(maxWords);
+    for (auto station = replies.begin(); station != replies.end(); ++station) {
+        if (station->count() == 0)
+            continue;
+        kx::StationRules own = rules.usual;
+        own.turnaround = station->median();
+        rules.stations.insert(station.key(), own);
+    }
+    return rules;
+}
+
+kx::CycleCost costOfPlan(const kx::Plan& plan, const kx::ReadRules& rules)
+{
+    QMap<int, kx::CycleCost> stations;
+    for (const kx::PlannedRequest& request : plan.requests) {
+        kx::CycleCost& station = stations[request.station];
+        ++station.requests;
+        station.bytesSent += request.bytesSent;
+        station.bytesExpected += request.bytesExpected;
+    }
+    kx::CycleCost whole;
+    for (auto station = stations.begin(); station != stations.end(); ++station) {
+        const kx::PlanTiming timing{rules.line, rules.of(station.key()).turnaround};
+        const kx::CycleCost cost =
+            costOf(timing, station->requests, station->bytesSent, station->bytesExpected);
+        whole.requests += cost.requests;
+        whole.bytesSent += cost.bytesSent;
+        whole.bytesExpected += cost.bytesExpected;
+        whole.busy += cost.busy;
+        whole.duration += cost.duration;
+    }
+    return whole;
+}
+
+LimitCosts::LimitCosts(QObject* parent) : QObject(parent)
+{
+    connect(&m_timer, &QTimer::timeout, this, &LimitCosts::work);
+}
+
+void LimitCosts::start(const QList<kx::AddressRange>& watched, const kx::LineTiming& timing,
+                       const QMap<int, ReplyTimes>& replies)
+{
+    m_watched = watched;
+    m_timing = timing;
+    m_replies = replies;
+    m_results.clear();
+    if (watched.isEmpty())
+        m_timer.stop();
+    else
+        m_timer.start(0);
+    emit advanced();
+}
+
+bool LimitCosts::isFinished() const
+{
+    return !m_timer.isActive();
+}
+
+int LimitCosts::best() const
+{
+    const int best = kx::bestOf(m_results);
+    return best < 0 ? 0 : m_results.at(best).maxWords;
+}
+
+const kx::LengthResult* LimitCosts::of(int maxWords) const
+{
+    return maxWords >= 1 && maxWords <= m_results.size() ? &m_results.at(maxWords - 1) : nullptr;
+}
+
+void LimitCosts::work()
+{
+    QElapsedTimer spent;
+    spent.start();
+    while (m_results.size() < kx::MOST_REGISTERS_PER_READ && spent.elapsed() < AT_ONCE) {
+        kx::LengthResult result;
+        result.maxWords = static_cast<int>(m_results.size()) + 1;
+        const kx::ReadRules rules = limitedRules(result.maxWords, m_timing, m_replies);
+        result.cost = costOfPlan(chosenPlan(m_watched, rules), rules);
+        m_results << result;
+    }
+    if (m_results.size() == kx::MOST_REGISTERS_PER_READ)
+        m_timer.stop();
+    emit advanced();
+}
+
+} // namespace kxpanel

@@ -1,0 +1,55 @@
+#ifndef KX_KXPANEL_LINE_LIMIT_LIMIT_PANEL_H
+#define KX_KXPANEL_LINE_LIMIT_LIMIT_PANEL_H
+
+#include <QtWidgets/QWidget>
+
+class QLabel;
+class QPushButton;
+class QSlider;
+class QSpinBox;
+
+namespace kxpanel
+{
+
+class LimitCosts;
+class LimitCurve;
+
+/// Chooses how long requests may be: what a cycle would take under each limit beside what it takes.
+class LimitPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param costs stays the caller's and outlives the panel
+    explicit LimitPanel(const LimitCosts* costs, QWidget* parent = nullptr);
+
+    int chosen() const;
+    void setChosen(int maxWords);
+    /// @param time of a cycle in microseconds; 0: not known
+    void setMeasured(qint64 time);
+
+signals:
+    /// The limit under the slider is another.
+    void chosenChanged(int maxWords);
+    /// The person wants requests of so many registers and bits at most; 0: of the least time.
+    void applied(int maxWords, int maxBits);
+
+private:
+    QWidget* makeChoice();
+    QWidget* makeButtons();
+    void onChosen(int maxWords);
+    void showCosts();
+    void apply(int maxWords);
+
+    const LimitCosts* m_costs;
+    LimitCurve* m_curve;
+    QSlider* m_slider = nullptr;
+    QSpinBox* m_number = nullptr;
+    QLabel* m_predicted;
+    QLabel* m_measured;
+    QPushButton* m_best = nullptr;
+};
+
+} // namespace kxpanel
+
+#endif

@@ -1,0 +1,212 @@
+#include "kxpanel/line/plan/plan_picture.h"
+
+#include "kxpanel/line/colours/line_colours.h"
+#include "registers/register_types.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+
+#include <algorithm>
+
+namespace kxpanel
+{
+
+PlanPicture::PlanPicture(QWidget* parent) : QWidget(parent)
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Requests of a cycle over the addresses"));
+    setToolTip(
+        tr("What each request of a cycle reads, a row for each type of a station; as wide as "
+           "its reply is long. Left and Right select a request."));
+}
+
+void PlanPicture::setPlan(const kx::Plan& plan, const kx::WatchedRanges& watched,
+                          const kx::ReadRules& rules)
+{
+    m_rows = planRows(plan, watched);
+    m_rules = rules;
+    m_places.clear();
+    m_widest = 0;
+    m_mostBars = 0;
+    for (int row = 0; row < m_rows.size(); ++row) {
+        double width = 0;
+        const QVector<PlanBar>& bars = m_rows.at(row).bars;
+        for (int bar = 0; bar < bars.size(); ++bar) {
+            m_places << Place{row, bar, width};
+            width += widthOf(bars.at(bar).request, bars.at(bar).request.count);
+        }
+        m_widest = std::max(m_widest, width);
+        m_mostBars = std::max(m_mostBars, static_cast<int>(bars.size()));
+    }
+    select(-1);
+    updateGeometry();
+    update();
+}
+
+int PlanPicture::rowHeight() const
+{
+    return fontMetrics().height() * 5 / 2;
+}
+
+double PlanPicture::labelWidth() const
+{
+    return fontMetrics().horizontalAdvance(QStringLiteral("0000 32CV "));
+}
+
+double PlanPicture::gap() const
+{
+    const double room = width() - labelWidth();
+    return std::min(fontMetrics().averageCharWidth() * 0.75, room / 4 / std::max(m_mostBars, 1));
+}
+
+double PlanPicture::scale() const
+{
+    const double room = width() - labelWidth() - gap() * (m_mostBars + 1);
+    const double widestRegister = fontMetrics().averageCharWidth() * 2.0;
+    return m_widest > 0 ? std::clamp(room / m_widest, 0.0, widestRegister) : 0;
+}
+
+QRectF PlanPicture::barRect(int index) const
+{
+    const Place& place = m_places.at(index);
+    const PlanBar& bar = barOf(place);
+    const double height = fontMetrics().height();
+    const double left = labelWidth() + gap() * (place.bar + 1) + place.before * scale();
+    const double width = std::max(widthOf(bar.request, bar.request.count) * scale(), 1.0);
+    return {left, place.row * double(rowHeight()) + height / 4, width, height};
+}
+
+QSize PlanPicture::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 40,
+            rowHeight() * std::max(static_cast<int>(m_rows.size()), 1)};
+}
+
+void PlanPicture::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    painter.fillRect(event->rect(), palette().base());
+    painter.setPen(palette().color(QPalette::Text));
+    if (m_rows.isEmpty()) {
+        painter.drawText(rect(), Qt::AlignCenter, tr("Nothing is watched"));
+        return;
+    }
+    const int first = std::max(event->rect().top() / rowHeight(), 0);
+    const int last = event->rect().bottom() / rowHeight();
+    for (int row = first; row <= std::min(last, static_cast<int>(m_rows.size()) - 1); ++row) {
+        const QRectF place(0, row * double(rowHeight()), labelWidth() - gap(),
+                           fontMetrics().height() * 1.5);
+        painter.drawText(
+            place, Qt::AlignRight | Qt::AlignVCenter,
+            QStringLiteral("%1 %2").arg(QString::number(m_rows.at(row).station),
+                                        QString::fromLatin1(m_rows.at(row).type->name)));
+    }
+    for (int index = 0; index < m_places.size(); ++index) {
+        if (m_places.at(index).row >= first && m_places.at(index).row <= last)
+            paintBar(&painter, index);
+    }
+    paintAddresses(&painter, first, last);
+}
+
+void PlanPicture::paintAddresses(QPainter* painter, int firstRow, int lastRow) const
+{
+    painter->setPen(palette().color(QPalette::Text));
+    double used = 0; // up to where an address stands in the row
+    for (int index = 0; index < m_places.size(); ++index) {
+        const Place& place = m_places.at(index);
+        if (place.bar == 0)
+            used = 0;
+        const QRectF bar = barRect(index);
+        if (place.row < firstRow || place.row > lastRow || bar.left() < used)
+            continue;
+        const kx::PlannedRequest& request = barOf(place).request;
+        const QString text = kx::addressText(request.type, request.firstAddress());
+        const double width = fontMetrics().horizontalAdvance(text + QLatin1Char(' '));
+        used = bar.left() + width;
+        painter->drawText(QRectF(bar.left(), bar.bottom(), width, bar.height()), Qt::AlignLeft,
+                          text);
+    }
+}
+
+void PlanPicture::paintBar(QPainter* painter, int index) const
+{
+    const PlanBar& bar = barOf(m_places.at(index));
+    const QRectF whole = barRect(index);
+    const LineColours colours = lineColours(palette());
+    const double unit = whole.width() / bar.request.count;
+    for (const bool isAsked : {false, true}) { // what is asked for is seen, however narrow
+        for (const PlanRun& run : bar.runs) {
+            if (run.isAsked != isAsked)
+                continue;
+            const QRectF part(whole.left() + run.first * unit, whole.top(),
+                              std::max(run.count * unit, 1.0), whole.height());
+            painter->fillRect(part, isAsked ? colours.asked : colours.bridged);
+        }
+    }
+    if (index != m_selected)
+        return;
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(QPen(palette().color(QPalette::Text), 2));
+    painter->drawRect(whole.adjusted(-1, -1, 1, 1));
+}
+
+int PlanPicture::barAt(const QPointF& point) const
+{
+    for (int index = 0; index < m_places.size(); ++index) {
+        if (barRect(index).contains(point))
+            return index;
+    }
+    return -1;
+}
+
+void PlanPicture::tell(int index)
+{
+    const int shown = index >= 0 ? index : m_selected;
+    if (shown < 0) {
+        emit told(QString());
+        return;
+    }
+    const PlanBar& bar = barOf(m_places.at(shown));
+    const kx::PlanTiming timing{m_rules.line, m_rules.of(bar.request.station).turnaround};
+    const kx::CycleCost cost = costOf(timing, 1, bar.request.bytesSent, bar.request.bytesExpected);
+    emit told(barWords(bar, cost.duration));
+}
+
+void PlanPicture::select(int index)
+{
+    m_selected = index;
+    tell(index);
+    update();
+    if (index >= 0)
+        emit selectedAt(barRect(index).center().toPoint());
+}
+
+void PlanPicture::mouseMoveEvent(QMouseEvent* event)
+{
+    tell(barAt(event->pos()));
+}
+
+void PlanPicture::mousePressEvent(QMouseEvent* event)
+{
+    select(barAt(event->pos()));
+}
+
+void PlanPicture::leaveEvent(QEvent*)
+{
+    tell(m_selected);
+}
+
+void PlanPicture::keyPressEvent(QKeyEvent* event)
+{
+    const int step = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
+    if (step == 0) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const int index = m_selected + step;
+    if (index >= 0 && index < bars())
+        select(index);
+}
+
+} // namespace kxpanel

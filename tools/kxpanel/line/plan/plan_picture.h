@@ -1,0 +1,78 @@
+#ifndef KX_KXPANEL_LINE_PLAN_PLAN_PICTURE_H
+#define KX_KXPANEL_LINE_PLAN_PLAN_PICTURE_H
+
+#include "kxpanel/line/plan/plan_rows.h"
+
+#include <QtWidgets/QWidget>
+
+namespace kxpanel
+{
+
+/// The requests of a plan as bars over the addresses, a row for each type of a station: what is
+/// asked for and what is read along. Addresses that no request reads are left out. It is as high
+/// as its rows and stands in a scroll area.
+class PlanPicture : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PlanPicture(QWidget* parent = nullptr);
+
+    /// @param rules with which the plan was made, for the times that are told
+    void setPlan(const kx::Plan& plan, const kx::WatchedRanges& watched,
+                 const kx::ReadRules& rules);
+
+    /// Of all bars by rising row and address, -1: none
+    int selected() const { return m_selected; }
+    int bars() const { return static_cast<int>(m_places.size()); }
+    /// Where a bar is drawn.
+    QRectF barRect(int index) const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+signals:
+    /// What the mouse points at, or else what is selected; empty: neither.
+    void told(const QString& words);
+    void selectedAt(const QPoint& place);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    struct Place {
+        int row;
+        int bar;
+        double before; ///< width of the bars before it in its row
+    };
+
+    const PlanBar& barOf(const Place& place) const
+    {
+        return m_rows.at(place.row).bars.at(place.bar);
+    }
+    int rowHeight() const;
+    double labelWidth() const;
+    double gap() const;
+    double scale() const;
+    int barAt(const QPointF& point) const;
+    void tell(int index);
+    void select(int index);
+    void paintBar(QPainter* painter, int index) const;
+    /// Of the first of each request, where there is room.
+    void paintAddresses(QPainter* painter, int firstRow, int lastRow) const;
+
+    QVector<PlanRow> m_rows;
+    QVector<Place> m_places; ///< of each bar
+    double m_widest = 0;     ///< of the rows, without gaps
+    int m_mostBars = 0;      ///< of a row
+    kx::ReadRules m_rules;
+    int m_selected = -1;
+};
+
+} // namespace kxpanel
+
+#endif
