@@ -146,6 +146,7 @@ void FramesModel::clear()
     m_history.clear();
     m_waiting.clear();
     m_rows.clear();
+    m_came = 0;
     endResetModel();
     emit countsChanged();
 }
@@ -153,6 +154,12 @@ void FramesModel::clear()
 const Exchange& FramesModel::exchange(int row) const
 {
     return m_history.at(m_rows[static_cast<size_t>(row)]);
+}
+
+int FramesModel::rowOf(qint64 place) const
+{
+    const auto found = std::lower_bound(m_rows.begin(), m_rows.end(), place);
+    return found != m_rows.end() && *found == place ? static_cast<int>(found - m_rows.begin()) : -1;
 }
 
 QVector<Exchange> FramesModel::shown() const
@@ -166,6 +173,7 @@ QVector<Exchange> FramesModel::shown() const
 void FramesModel::add(const QVector<Exchange>& exchanges)
 {
     ExchangeHistory latest(m_history.most());
+    m_came += exchanges.size();
     for (const Exchange& exchange : exchanges) {
         (m_isPaused ? m_waiting : latest).add(exchange);
         const int station = stationOf(exchange);

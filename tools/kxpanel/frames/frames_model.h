@@ -36,11 +36,17 @@ public:
     void setPaused(bool paused);
     bool isPaused() const { return m_isPaused; }
     int waiting() const { return m_waiting.size(); }
+    /// Exchanges since it was cleared for which there was no room any more.
+    qint64 thrownAway() const { return m_came - kept() - waiting(); }
 
     void clear();
 
     /// @param row one of those shown
     const Exchange& exchange(int row) const;
+    /// A number that the exchange of a row keeps, whatever rows come, go and are filtered.
+    qint64 placeOf(int row) const { return m_rows[static_cast<size_t>(row)]; }
+    /// -1: it is not shown.
+    int rowOf(qint64 place) const;
     /// The exchanges shown, the oldest first.
     QVector<Exchange> shown() const;
     /// Exchanges kept, shown or not.
@@ -52,7 +58,7 @@ public slots:
 signals:
     /// The first exchange with it.
     void stationSeen(int station);
-    /// kept(), waiting() or the rows are others.
+    /// kept(), waiting(), thrownAway() or the rows are others.
     void countsChanged();
 
 private:
@@ -64,6 +70,7 @@ private:
     std::deque<qint64> m_rows; ///< places in the history
     FrameFilter m_filter;
     QSet<int> m_stations;
+    qint64 m_came = 0; ///< exchanges since it was cleared
     bool m_isPaused = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "kxpanel/actions/page_action.h"
 #include "kxpanel/exchanges/exchange_words.h"
+#include "kxpanel/frames/filter_bar.h"
 #include "kxpanel/frames/follow_end.h"
 #include "kxpanel/frames/frame_details.h"
 #include "kxpanel/frames/frames_model.h"
@@ -10,62 +11,29 @@
 #include "kxpanel/tables/column_widths.h"
 
 #include <QtGui/QFontDatabase>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QTableView>
-#include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
 
 namespace kxpanel
 {
 
-namespace
-{
-
-const int ALL = -1;
-
-/// Which verdicts each choice of the outcome stands for.
-QVector<ExchangeVerdict> verdictsOf(int choice)
-{
-    switch (choice) {
-    case 1:
-        return {ExchangeVerdict::Accepted};
-    case 2:
-        return {ExchangeVerdict::Repeated, ExchangeVerdict::Failed};
-    case 3:
-        return {ExchangeVerdict::Repeated};
-    case 4:
-        return {ExchangeVerdict::Failed};
-    default:
-        return {};
-    }
-}
-
-void name(QWidget* widget, const QString& accessibleName, const QString& tip)
-{
-    widget->setAccessibleName(accessibleName);
-    widget->setToolTip(tip);
-}
-
-} // namespace
-
 FramesPage::FramesPage(const PageContext& context, QWidget* parent)
-    : Page(parent), m_model(new FramesModel(FramesModel::MOST, this))
+    : Page(parent),
+      m_model(new FramesModel(FramesModel::MOST, this)),
+      m_filters(new FilterBar(this))
 {
     setWindowTitle(tr("Frames"));
-    auto* bar = new QToolBar(this);
-    makeFilters(bar);
-    makeActions(bar);
+    makeActions();
     m_details = new QPlainTextEdit(this);
     m_details->setReadOnly(true);
     m_details->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_details->setPlaceholderText(tr("Select an exchange to see its fields and bytes."));
-    name(m_details, tr("Fields and bytes of the selected exchange"), QString());
+    m_details->setAccessibleName(tr("Fields and bytes of the selected exchange"));
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(makeTable());
     splitter->addWidget(m_details);
@@ -73,52 +41,23 @@ FramesPage::FramesPage(const PageContext& context, QWidget* parent)
     splitter->setStretchFactor(1, 2);
     m_counts = new QLabel(this);
     auto* box = new QVBoxLayout(this);
-    box->addWidget(bar);
+    box->addWidget(m_filters);
     box->addWidget(splitter, 1);
     box->addWidget(m_counts);
-    connect(m_model, &FramesModel::stationSeen, this, &FramesPage::addStation);
+    connect(m_model, &FramesModel::stationSeen, m_filters, &FilterBar::addStation);
+    connect(m_filters, &FilterBar::chosen, this, &FramesPage::onFilterChosen);
     connect(m_model, &FramesModel::countsChanged, this, &FramesPage::showCounts);
+    connect(m_model, &FramesModel::modelReset, this, &FramesPage::clearDetails);
     if (context.machine)
         connect(context.machine, &Machine::exchanged, m_model, &FramesModel::add);
     showCounts();
 }
 
-void FramesPage::makeFilters(QToolBar* bar)
-{
-    m_station = new QComboBox(this);
-    m_station->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    m_station->addItem(tr("All stations"), ALL);
-    name(m_station, tr("Station"), tr("Show the exchanges of one station"));
-    m_kind = new QComboBox(this);
-    m_kind->addItem(tr("All types"), NO_JOB);
-    for (const JobKind kind :
-         {CYCLIC_READ_JOB, CONDITION_READ_JOB, WRITE_JOB, RECIPE_WRITE_JOB, RECIPE_READ_JOB})
-        m_kind->addItem(kindWords(kind), kind);
-    name(m_kind, tr("Type"), tr("Show requests of one type"));
-    m_outcome = new QComboBox(this);
-    m_outcome->addItems(
-        {tr("All outcomes"), tr("Accepted"), tr("Not accepted"), tr("Repeated"), tr("Failed")});
-    name(m_outcome, tr("Outcome"), tr("Show the exchanges that ended so"));
-    m_text = new QLineEdit(this);
-    m_text->setPlaceholderText(tr("Request, such as D100"));
-    m_text->setClearButtonEnabled(true);
-    name(m_text, tr("Text in the request"),
-         tr("Show requests with this text, such as D100 or write"));
-    for (QComboBox* choice : {m_station, m_kind, m_outcome}) {
-        connect(choice, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-                &FramesPage::onFilterChosen);
-        bar->addWidget(choice);
-    }
-    connect(m_text, &QLineEdit::textChanged, this, &FramesPage::onFilterChosen);
-    bar->addWidget(m_text);
-}
-
-void FramesPage::makeActions(QToolBar* bar)
+void FramesPage::makeActions()
 {
     QAction* find =
         pageAction(this, tr("Find"), QKeySequence::Find, tr("Type what the request must contain"));
-    connect(find, &QAction::triggered, m_text,
-            [this] { m_text->setFocus(Qt::ShortcutFocusReason); });
+    connect(find, &QAction::triggered, m_filters, &FilterBar::beginTyping);
     QAction* pause = pageAction(this, tr("Pause"), QStringLiteral("Ctrl+P"),
                                 tr("Keep the rows as they are; what comes waits"));
     pause->setCheckable(true);
@@ -129,12 +68,15 @@ void FramesPage::makeActions(QToolBar* bar)
     QAction* clear =
         pageAction(this, tr("Clear"), QStringLiteral("Ctrl+L"), tr("Forget all exchanges"));
     connect(clear, &QAction::triggered, m_model, &FramesModel::clear);
-    bar->addActions({pause, save, clear});
+    m_filters->addActions({pause, save, clear});
 }
 
 QTableView* FramesPage::makeTable()
 {
     m_table = new QTableView(this);
+    // Before the view hears of it, which would select the next row.
+    connect(m_model, &FramesModel::rowsAboutToBeRemoved, this,
+            [this](const QModelIndex&, int first, int last) { leaveRows(first, last); });
     m_table->setModel(m_model);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -152,7 +94,6 @@ QTableView* FramesPage::makeTable()
                          QStringLiteral("write D1000:10"), QStringLiteral("1234 1234 1234 1234"),
                          QStringLiteral("+ no reply, repeated"), QStringLiteral("123.4 ms"),
                          QStringLiteral("1234 ms")});
-    connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, this, &Page::layoutChanged);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &FramesPage::showDetails);
     new FollowEnd(m_table);
@@ -161,35 +102,41 @@ QTableView* FramesPage::makeTable()
 
 void FramesPage::onFilterChosen()
 {
-    FrameFilter filter;
-    filter.station = m_station->currentData().toInt();
-    filter.kind = static_cast<JobKind>(m_kind->currentData().toInt());
-    filter.verdicts = verdictsOf(m_outcome->currentIndex());
-    filter.text = m_text->text().trimmed();
-    m_model->setFilter(filter);
-    showDetails();
+    const qint64 selected = m_selected;
+    m_model->setFilter(m_filters->filter());
+    const int row = m_model->rowOf(selected);
+    if (row >= 0)
+        m_table->selectRow(row);
 }
 
-void FramesPage::addStation(int station)
+void FramesPage::showDetails(const QModelIndex& current)
 {
-    int at = 1;
-    while (at < m_station->count() && m_station->itemData(at).toInt() < station)
-        ++at;
-    m_station->insertItem(at, tr("Station %1").arg(station), station);
+    if (!current.isValid())
+        return;
+    m_selected = m_model->placeOf(current.row());
+    m_details->setPlainText(detailsText(m_model->exchange(current.row())));
 }
 
-void FramesPage::showDetails()
+void FramesPage::leaveRows(int first, int last)
 {
-    const QModelIndex current = m_table->currentIndex();
-    m_details->setPlainText(current.isValid() ? detailsText(m_model->exchange(current.row()))
-                                              : QString());
+    const int current = m_table->currentIndex().row();
+    if (current >= first && current <= last)
+        m_table->selectionModel()->clear();
+}
+
+void FramesPage::clearDetails()
+{
+    m_selected = -1;
+    m_details->clear();
 }
 
 void FramesPage::showCounts()
 {
     QString text = tr("%1 of %2 exchanges shown").arg(m_model->rowCount()).arg(m_model->kept());
     if (m_model->isPaused())
-        text += tr("; paused, %1 more have come").arg(m_model->waiting());
+        text += tr("; paused, %1 more wait").arg(m_model->waiting());
+    if (m_model->thrownAway() > 0)
+        text += tr("; %1 had no room and were thrown away").arg(m_model->thrownAway());
     m_counts->setText(text);
 }
 
@@ -198,6 +145,11 @@ void FramesPage::askWhereToSave()
     auto* dialog = new QFileDialog(this, tr("Save frames"), QStringLiteral("frames.txt"),
                                    tr("Text (*.txt);;JSON lines (*.jsonl)"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("txt"));
+    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
+        const bool isJson = filter.contains(QLatin1String("*.jsonl"));
+        dialog->setDefaultSuffix(isJson ? QStringLiteral("jsonl") : QStringLiteral("txt"));
+    });
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QFileDialog::fileSelected, this, &FramesPage::save);
     dialog->open();
@@ -213,16 +165,14 @@ void FramesPage::save(const QString& path)
                   : error);
 }
 
-QJsonObject FramesPage::layout() const
+QByteArray FramesPage::place() const
 {
-    const QByteArray columns = m_table->horizontalHeader()->saveState().toBase64();
-    return {{QStringLiteral("columns"), QString::fromLatin1(columns)}};
+    return m_table->horizontalHeader()->saveState();
 }
 
-void FramesPage::setLayout(const QJsonObject& layout)
+void FramesPage::setPlace(const QByteArray& place)
 {
-    const QString columns = layout.value(QStringLiteral("columns")).toString();
-    m_table->horizontalHeader()->restoreState(QByteArray::fromBase64(columns.toLatin1()));
+    m_table->horizontalHeader()->restoreState(place);
 }
 
 } // namespace kxpanel

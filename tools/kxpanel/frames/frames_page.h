@@ -3,17 +3,14 @@
 
 #include "kxpanel/window/page.h"
 
-class QAction;
-class QComboBox;
 class QLabel;
-class QLineEdit;
 class QPlainTextEdit;
 class QTableView;
-class QToolBar;
 
 namespace kxpanel
 {
 
+class FilterBar;
 class FramesModel;
 
 /// Requests and replies as they come, and all of the one that is selected.
@@ -25,28 +22,27 @@ public:
     explicit FramesPage(const PageContext& context, QWidget* parent = nullptr);
 
     QString key() const override { return QStringLiteral("frames"); }
-    QJsonObject layout() const override;
-    void setLayout(const QJsonObject& layout) override;
+    QByteArray place() const override;
+    void setPlace(const QByteArray& place) override;
 
 private:
-    void makeFilters(QToolBar* bar);
-    void makeActions(QToolBar* bar);
+    void makeActions();
     QTableView* makeTable();
     void onFilterChosen();
-    void addStation(int station);
-    void showDetails();
+    void showDetails(const QModelIndex& current);
+    void clearDetails();
+    /// What is read stays, also when its row has gone.
+    void leaveRows(int first, int last);
     void showCounts();
     void askWhereToSave();
     void save(const QString& path);
 
     FramesModel* m_model;
-    QComboBox* m_station = nullptr;
-    QComboBox* m_kind = nullptr;
-    QComboBox* m_outcome = nullptr;
-    QLineEdit* m_text = nullptr;
+    FilterBar* m_filters;
     QTableView* m_table = nullptr;
     QPlainTextEdit* m_details = nullptr;
     QLabel* m_counts = nullptr;
+    qint64 m_selected = -1; ///< its place, -1: none
 };
 
 } // namespace kxpanel

@@ -40,6 +40,11 @@ QString pageSetting()
     return QStringLiteral("window/page");
 }
 
+QString placeSetting(const Page* page)
+{
+    return QStringLiteral("window/places/%1").arg(page->key());
+}
+
 } // namespace
 
 MainWindow::MainWindow(Machine* machine, QSettings* settings, const std::vector<PageMaker>& pages)
@@ -210,6 +215,8 @@ void MainWindow::restorePlace()
                        usual.height() * fontMetrics().lineSpacing());
     resize(wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     restoreGeometry(m_settings->value(geometrySetting()).toByteArray());
+    for (Page* const page : m_pages)
+        page->setPlace(m_settings->value(placeSetting(page)).toByteArray());
     if (Page* const last = page(m_settings->value(pageSetting()).toString()))
         m_tabs->setCurrentWidget(last);
 }
@@ -254,6 +261,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     m_settings->setValue(geometrySetting(), saveGeometry());
+    for (const Page* const page : m_pages)
+        m_settings->setValue(placeSetting(page), page->place());
     if (const Page* const current = currentPage())
         m_settings->setValue(pageSetting(), current->key());
     event->accept();

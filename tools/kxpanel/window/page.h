@@ -1,6 +1,7 @@
 #ifndef KX_KXPANEL_WINDOW_PAGE_H
 #define KX_KXPANEL_WINDOW_PAGE_H
 
+#include <QtCore/QByteArray>
 #include <QtCore/QJsonObject>
 #include <QtWidgets/QWidget>
 
@@ -26,10 +27,15 @@ public:
 
     /// Name of its part of a project file, such as "trend"; never translated.
     virtual QString key() const = 0;
-    /// What a project keeps of it: columns, plots. Members that it does not know are the project's.
+    /// What a project keeps of it: plots, files. Members that it does not know are the project's.
     virtual QJsonObject layout() const { return QJsonObject(); }
     /// Takes what is right and leaves out what is not.
     virtual void setLayout(const QJsonObject&) {}
+    /// How it is arranged on this computer, such as widths of columns: kept with the window's
+    /// geometry and in no project.
+    virtual QByteArray place() const { return QByteArray(); }
+    /// What is not as place() gives it changes nothing.
+    virtual void setPlace(const QByteArray&) {}
     /// Of addresses that name none, from now on.
     /// @param station 1 to 247; before the first call 1
     virtual void setStation(int) {}

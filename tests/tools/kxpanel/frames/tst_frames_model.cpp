@@ -33,6 +33,7 @@ private slots:
     void filters();
     void rowsOfAFilterGoWithTheirExchanges();
     void keepsRowsWhilePaused();
+    void findsRowsByPlace();
     void clears();
     void namesStationsOnce();
 
@@ -146,10 +147,29 @@ void FramesModelTest::keepsRowsWhilePaused()
     model.add(polls.mid(2, 4));
     QCOMPARE(numbers(model), QList<qint64>({1, 2}));
     QCOMPARE(model.waiting(), 3); // of four, as many as are kept at all
+    QCOMPARE(model.thrownAway(), qint64(1));
     QCOMPARE(counts.count(), 3);
     model.setPaused(false);
     QCOMPARE(numbers(model), QList<qint64>({4, 5, 6}));
     QCOMPARE(model.waiting(), 0);
+    QCOMPARE(model.thrownAway(), qint64(3)); // 1 to 3
+}
+
+void FramesModelTest::findsRowsByPlace()
+{
+    FramesModel model(4);
+    model.add({answeredPoll(), refusedWrite(), answeredPoll(), refusedWrite()});
+    const qint64 second = model.placeOf(1);
+    QCOMPARE(model.rowOf(second), 1);
+    model.setFilter(ofStation(2));
+    QCOMPARE(model.rowOf(second), 0);
+    model.setFilter(ofStation(1));
+    QCOMPARE(model.rowOf(second), -1);
+    model.setFilter(FrameFilter());
+    model.add(answeredPolls(1)); // the first goes
+    QCOMPARE(model.rowOf(second), 0);
+    model.add(answeredPolls(1));
+    QCOMPARE(model.rowOf(second), -1);
 }
 
 void FramesModelTest::clears()
@@ -162,6 +182,7 @@ void FramesModelTest::clears()
     QCOMPARE(model.rowCount(), 0);
     QCOMPARE(model.kept(), 0);
     QCOMPARE(model.waiting(), 0);
+    QCOMPARE(model.thrownAway(), qint64(0)); // a person wanted it
     model.setPaused(false);
     model.add(answeredPolls(1));
     QCOMPARE(numbers(model), QList<qint64>({1}));
