@@ -91,8 +91,13 @@ QString timeOfDay(qint64 milliseconds)
 
 QString timeWords(qint64 microseconds)
 {
-    return microseconds < 0 ? QString(QChar(0x2013)) // en dash
-                            : Words::tr("%1 ms").arg(kx::millisecondsText(microseconds));
+    const qint64 millisecond = 1000;
+    if (microseconds < 0)
+        return QString(QChar(0x2013)); // en dash
+    const QString number = microseconds > 0 && microseconds < millisecond
+                               ? QString::number(static_cast<double>(microseconds) / 1000, 'f', 3)
+                               : kx::millisecondsText(microseconds);
+    return Words::tr("%1 ms").arg(number);
 }
 
 } // namespace kxpanel

@@ -57,6 +57,7 @@ HealthPage::HealthPage(const PageContext& context, QWidget* parent)
     if (context.machine) {
         connect(context.machine, &Machine::exchanged, this, &HealthPage::onExchanged);
         connect(context.machine, &Machine::counted, this, &HealthPage::onCounted);
+        connect(context.machine, &Machine::lineChanged, this, &HealthPage::onLineChanged);
     }
     reset();
 }
@@ -92,16 +93,20 @@ void HealthPage::onExchanged(const QVector<Exchange>& exchanges)
 
 void HealthPage::onCounted(const kx::WatchSummary& summary)
 {
-    if (summary.statistics.requests < m_now.requests) // another run
-        m_begin = kx::Statistics();
-    m_now = summary.statistics;
+    m_count.take(summary);
     showFaults();
+}
+
+void HealthPage::onLineChanged(const LineStatus& status)
+{
+    if (status.state == LineState::Closed || status.state == LineState::Opening)
+        m_count.endRun();
 }
 
 void HealthPage::reset()
 {
     m_model->clear();
-    m_begin = m_now;
+    m_count.reset();
     m_since->setText(
         tr("Counts since %1").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
     showTimes();
@@ -127,7 +132,7 @@ void HealthPage::showTimes()
 
 void HealthPage::showFaults()
 {
-    const QString words = faultWords(faultsSince(m_begin, m_now));
+    const QString words = faultWords(m_count.faults());
     m_faults->setText(tr("Line: %1").arg(words.isEmpty() ? tr("nothing was thrown away") : words));
 }
 

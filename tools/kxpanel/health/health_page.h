@@ -1,7 +1,7 @@
 #ifndef KX_KXPANEL_HEALTH_HEALTH_PAGE_H
 #define KX_KXPANEL_HEALTH_HEALTH_PAGE_H
 
-#include "kxpanel/health/station_health.h"
+#include "kxpanel/health/fault_count.h"
 #include "kxpanel/window/page.h"
 
 #include <QtCore/QTimer>
@@ -32,6 +32,7 @@ private:
     QWidget* makeTable();
     void onExchanged(const QVector<Exchange>& exchanges);
     void onCounted(const kx::WatchSummary& summary);
+    void onLineChanged(const LineStatus& status);
     void reset();
     void selectFirst();
     void showTimes();
@@ -44,8 +45,7 @@ private:
     QLabel* m_faults;
     QLabel* m_since;
     QTimer m_refresh; ///< shows the times of what came, now and then
-    kx::Statistics m_begin;
-    kx::Statistics m_now;
+    FaultCount m_count;
 };
 
 } // namespace kxpanel

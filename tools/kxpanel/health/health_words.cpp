@@ -130,6 +130,8 @@ QString faultWords(const LineFaults& faults)
     if (faults.heldBack > 0)
         texts << Words::tr("%n request(s) held back for a late reply", nullptr,
                            number(faults.heldBack));
+    if (faults.missed > 0)
+        texts << Words::tr("%n interval(s) missed", nullptr, number(faults.missed));
     if (faults.reopened > 0)
         texts << Words::tr("line opened again %n time(s)", nullptr, number(faults.reopened));
     return texts.join(QStringLiteral(", "));

@@ -2,6 +2,7 @@
 #ifndef KX_KXPANEL_HEALTH_HEALTH_WORDS_H
 #define KX_KXPANEL_HEALTH_HEALTH_WORDS_H
 
+#include "kxpanel/health/fault_count.h"
 #include "kxpanel/health/station_health.h"
 
 #include <QtCore/QString>
@@ -17,7 +18,7 @@ struct HealthHeading {
 /// @param column of HealthModel
 HealthHeading healthHeading(int column);
 
-/// "✓ answers", "✗ silent"; "– not asked" before anything is known.
+/// "✓ answers", "✗ silent"; "– no reply yet" before anything is known.
 QString stateWords(const StationHealth& station);
 
 /// All reasons with their counts, a line each.

@@ -17,7 +17,7 @@ namespace
 // The axis spans decades: from the one of the shortest reply to the one of the longest.
 qint64 decadeBelow(qint64 time)
 {
-    qint64 decade = 100; // microseconds; quicker replies are told apart by no clock here
+    qint64 decade = 1; // microsecond
     while (decade * 10 <= time)
         decade *= 10;
     return decade;
@@ -54,6 +54,8 @@ void HistogramView::setTimes(const ReplyTimes& times, const QString& title)
                                  .arg(title)
                                  .arg(times.count())
                                  .arg(timeWords(times.median()), timeWords(times.quantile(0.99))));
+    if (m_selected >= 0)
+        emit classSelected(classWords(m_selected));
     update();
 }
 
@@ -139,17 +141,44 @@ void HistogramView::paintAxis(QPainter* painter) const
     const int row = fontMetrics().height();
     painter->setPen(palette().color(QPalette::Text));
     painter->drawLine(area.bottomLeft(), area.bottomRight());
-    for (qint64 decade = m_begin; decade <= m_end; decade *= 10) {
-        for (const int step : {1, 2, 5}) {
-            const qint64 time = decade * step;
-            if (time > m_end)
-                break;
-            const double x = xOf(time);
-            painter->drawLine(QPointF(x, area.bottom()), QPointF(x, area.bottom() + row / 4.0));
-            const QRectF place(x - 4.0 * row, area.bottom() + row / 4.0, 8.0 * row, row);
-            painter->drawText(place, Qt::AlignHCenter, axisText(time));
-        }
+    for (const qint64 time : ticks()) {
+        const double x = xOf(time);
+        painter->drawLine(QPointF(x, area.bottom()), QPointF(x, area.bottom() + row / 4.0));
     }
+    for (const qint64 time : labelledTimes()) {
+        const QRectF place(xOf(time) - 4.0 * row, area.bottom() + row / 4.0, 8.0 * row, row);
+        painter->drawText(place, Qt::AlignHCenter, axisText(time));
+    }
+}
+
+QVector<qint64> HistogramView::ticks() const
+{
+    QVector<qint64> times;
+    for (qint64 decade = m_begin; decade < m_end; decade *= 10)
+        times << decade << 2 * decade << 5 * decade;
+    return times << m_end;
+}
+
+QVector<qint64> HistogramView::labelledTimes() const
+{
+    const auto half = [this](qint64 time) {
+        return fontMetrics().horizontalAdvance(axisText(time) + QLatin1Char(' ')) / 2.0;
+    };
+    QVector<qint64> times;
+    double used = -half(m_begin); // up to where there is a text
+    qint64 next = m_begin;        // the decade that needs its room
+    for (const qint64 time : ticks()) {
+        if (time == next)
+            next *= 10;
+        const double left = xOf(time) - half(time);
+        const double right = xOf(time) + half(time);
+        const bool isDecade = time * 10 == next;
+        if (left < used || (!isDecade && right > xOf(next) - half(next)))
+            continue;
+        times << time;
+        used = right;
+    }
+    return times;
 }
 
 void HistogramView::paintMark(QPainter* painter, qint64 time, const QString& text, int row) const

@@ -21,6 +21,8 @@ public:
 
     /// "4.6 to 5.1 ms: 12 replies, 8.0 %"; empty for a class that does not exist.
     QString classWords(int index) const;
+    /// Of the axis, in microseconds: as many as have room beside each other, decades first.
+    QVector<qint64> labelledTimes() const;
     /// -1: none
     int selected() const { return m_selected; }
 
@@ -38,6 +40,8 @@ protected:
 
 private:
     QRectF plot() const;
+    /// Of the axis: 1, 2 and 5 times each power of ten.
+    QVector<qint64> ticks() const;
     double xOf(qint64 time) const;
     void select(int index);
     void paintBars(QPainter* painter) const;

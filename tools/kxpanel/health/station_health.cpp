@@ -1,32 +1,20 @@
 #include "kxpanel/health/station_health.h"
 
+#include "kxpanel/exchanges/station_sign.h"
+
 namespace kxpanel
 {
 
 void StationHealth::add(const Exchange& exchange)
 {
     counts.add(recordOf(exchange));
-    if (exchange.turnaround >= 0) {
+    if (isStationsReply(exchange)) {
         replies.add(exchange.turnaround);
         answeredAt = exchange.finishedAt;
-        isSilent = false;
-    } else if (exchange.isFinal) {
-        isSilent = exchange.replyKind == kx::ReplyKind::None;
     }
-}
-
-LineFaults faultsSince(const kx::Statistics& begin, const kx::Statistics& now)
-{
-    LineFaults faults;
-    faults.thrownAway = now.thrownAway;
-    faults.thrownAway.foreign -= begin.thrownAway.foreign;
-    faults.thrownAway.late -= begin.thrownAway.late;
-    faults.thrownAway.duplicates -= begin.thrownAway.duplicates;
-    faults.thrownAway.echoes -= begin.thrownAway.echoes;
-    faults.thrownAway.bytes -= begin.thrownAway.bytes;
-    faults.heldBack = now.heldBack - begin.heldBack;
-    faults.reopened = now.reopened - begin.reopened;
-    return faults;
+    const StationSign sign = signOf(exchange);
+    if (sign != StationSign::Nothing)
+        isSilent = sign == StationSign::Silent;
 }
 
 } // namespace kxpanel

@@ -87,6 +87,9 @@ void ExchangeWordsTest::times()
 {
     QCOMPARE(timeWords(8249), QString("8.2 ms"));
     QCOMPARE(timeWords(0), QString("0.0 ms"));
+    QCOMPARE(timeWords(52), QString("0.052 ms")); // as on a network
+    QCOMPARE(timeWords(999), QString("0.999 ms"));
+    QCOMPARE(timeWords(1000), QString("1.0 ms"));
     QCOMPARE(timeWords(-1), QString(QChar(0x2013)));
     QCOMPARE(timeOfDay(SAMPLE_TIME + 7), QString("11:00:00.007"));
 }

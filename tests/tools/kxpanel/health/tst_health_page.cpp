@@ -20,6 +20,7 @@ private slots:
     void showsTimesOfTheSelectedStation();
     void tellsWhatWasThrownAway();
     void resetsByKey();
+    void tellsTheSelectedBarOfTheSelectedStation();
 
 private:
     QStringList labels() const;
@@ -71,7 +72,7 @@ void HealthPageTest::tellsWhatWasThrownAway()
 {
     QVERIFY(labels().contains("Line: nothing was thrown away"));
     kx::WatchSummary summary;
-    summary.statistics.requests = 10;
+    summary.elapsed = 500;
     summary.statistics.thrownAway.bytes = 14;
     emit m_machine->counted(summary);
     QVERIFY(labels().contains("Line: 14 byte(s) in no frame"));
@@ -80,13 +81,18 @@ void HealthPageTest::tellsWhatWasThrownAway()
     summary.statistics.thrownAway.bytes = 16;
     emit m_machine->counted(summary);
     QVERIFY(labels().contains("Line: 2 byte(s) in no frame"));
-    summary.statistics.requests = 1; // another run
+    LineStatus status;
+    status.state = LineState::Opening; // another run, which goes on where that one ended
+    emit m_machine->lineChanged(status);
+    summary.elapsed = 1000;
     summary.statistics.thrownAway.bytes = 3;
     emit m_machine->counted(summary);
-    QVERIFY(labels().contains("Line: 3 byte(s) in no frame"));
-    summary.statistics.requests = 20;
+    QVERIFY(labels().contains("Line: 5 byte(s) in no frame"));
+    status.state = LineState::Interrupted; // the same run
+    emit m_machine->lineChanged(status);
+    summary.elapsed = 1500;
     emit m_machine->counted(summary);
-    QVERIFY(labels().contains("Line: 3 byte(s) in no frame"));
+    QVERIFY(labels().contains("Line: 5 byte(s) in no frame"));
 }
 
 void HealthPageTest::resetsByKey()
@@ -97,6 +103,18 @@ void HealthPageTest::resetsByKey()
     QTest::keyClick(m_table, Qt::Key_R, Qt::ControlModifier);
     QCOMPARE(m_table->model()->rowCount(), 0);
     QCOMPARE(times(), QString("Reply times: 0 replies, median 0.0 ms, 99 % within 0.0 ms"));
+}
+
+void HealthPageTest::tellsTheSelectedBarOfTheSelectedStation()
+{
+    emit m_machine->exchanged({answeredPoll(), refusedWrite(), refusedWrite()});
+    QTRY_VERIFY(times().contains("station 1: 1 replies"));
+    QTest::keyClick(m_page->findChild<HistogramView*>(), Qt::Key_Right);
+    QVERIFY(labels().contains("4.6 ms to 5.1 ms: 1 replies, 100.0 %"));
+    emit m_machine->exchanged({answeredPoll()});
+    QTRY_VERIFY(labels().contains("4.6 ms to 5.1 ms: 2 replies, 100.0 %"));
+    m_table->selectRow(1); // none of its replies took as long
+    QVERIFY(labels().filter("ms to").isEmpty());
 }
 
 QTEST_MAIN(HealthPageTest)

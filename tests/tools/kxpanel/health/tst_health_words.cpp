@@ -63,8 +63,9 @@ void HealthWordsTest::faults()
     faults.thrownAway.late = 2;
     faults.thrownAway.bytes = 14;
     faults.reopened = 1;
+    faults.missed = 5;
     QCOMPARE(faultWords(faults), QString("2 late repl(ies), 14 byte(s) in no frame, "
-                                         "line opened again 1 time(s)"));
+                                         "5 interval(s) missed, line opened again 1 time(s)"));
 }
 
 QTEST_GUILESS_MAIN(HealthWordsTest)

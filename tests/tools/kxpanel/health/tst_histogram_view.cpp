@@ -17,6 +17,9 @@ private slots:
     void theMouseSelectsABar();
     void drawsWhatThereIs();
     void isDescribed();
+    void theAxisSuitsTheTimes_data();
+    void theAxisSuitsTheTimes();
+    void quickRepliesAreToldApart();
 
 private:
     static ReplyTimes times();
@@ -96,6 +99,59 @@ void HistogramViewTest::isDescribed()
     view.setTimes(times(), QString("Station 1"));
     QCOMPARE(view.accessibleDescription(),
              QString("Station 1: 4 replies, median 5.1 ms, 99 % within 40.0 ms"));
+}
+
+void HistogramViewTest::theAxisSuitsTheTimes_data()
+{
+    QTest::addColumn<QVector<qint64>>("times");
+    QTest::addColumn<int>("width"); // characters
+    QTest::addColumn<QVector<qint64>>("labelled");
+    QTest::newRow("a network, tens of microseconds")
+        << QVector<qint64>({30, 60}) << 120 << QVector<qint64>({10, 20, 50, 100});
+    QTest::newRow("a slow line, two seconds")
+        << QVector<qint64>({2000000}) << 120
+        << QVector<qint64>({1000000, 2000000, 5000000, 10000000});
+    QTest::newRow("both, with room for decades alone")
+        << QVector<qint64>({30, 2000000}) << 60
+        << QVector<qint64>({10, 100, 1000, 10000, 100000, 1000000, 10000000});
+    QTest::newRow("no time at all")
+        << QVector<qint64>({0}) << 120 << QVector<qint64>({1, 2, 5, 10});
+}
+
+void HistogramViewTest::theAxisSuitsTheTimes()
+{
+    QFETCH(QVector<qint64>, times);
+    QFETCH(int, width);
+    HistogramView view;
+    view.resize(width * view.fontMetrics().averageCharWidth(), 200);
+    ReplyTimes replies;
+    for (const qint64 time : times)
+        replies.add(time);
+    view.setTimes(replies, QString("Station 1"));
+    QTEST(view.labelledTimes(), "labelled");
+}
+
+void HistogramViewTest::quickRepliesAreToldApart()
+{
+    HistogramView view;
+    view.resize(600, 200);
+    ReplyTimes replies;
+    for (const qint64 time : {30, 30, 60})
+        replies.add(time);
+    view.setTimes(replies, QString("Station 1"));
+    QCOMPARE(view.accessibleDescription(),
+             QString("Station 1: 3 replies, median 0.031 ms, 99 % within 0.060 ms"));
+    QCOMPARE(view.classWords(ReplyTimes::classOf(30)),
+             QString("0.030 ms to 0.032 ms: 2 replies, 66.7 %"));
+    // The axis has one decade, 0.01 to 0.1 ms; 30 us lies log10(3) along it, 60 us log10(6).
+    const int row = view.fontMetrics().height();
+    const auto at = [row](double share) {
+        return QPoint(static_cast<int>(2 * row + (600 - 4 * row) * share), 120);
+    };
+    moveMouse(&view, at(0.49));
+    QCOMPARE(view.selected(), ReplyTimes::classOf(30));
+    moveMouse(&view, at(0.785));
+    QCOMPARE(view.selected(), ReplyTimes::classOf(60));
 }
 
 QTEST_MAIN(HistogramViewTest)

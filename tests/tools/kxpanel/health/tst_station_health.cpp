@@ -13,7 +13,8 @@ class StationHealthTest : public QObject
 private slots:
     void counts();
     void silence();
-    void faultsOfTheLine();
+    void aGatewaysExcuseIsNoReply();
+    void whatIsNotTheStationsFault();
 };
 
 void StationHealthTest::counts()
@@ -52,34 +53,28 @@ void StationHealthTest::silence()
     QVERIFY(!station.isSilent); // somebody sends, though nothing that can be read
 }
 
-void StationHealthTest::faultsOfTheLine()
+void StationHealthTest::aGatewaysExcuseIsNoReply()
 {
-    kx::Statistics begin;
-    begin.requests = 10;
-    begin.thrownAway.foreign = 1;
-    begin.thrownAway.late = 2;
-    begin.thrownAway.duplicates = 3;
-    begin.thrownAway.echoes = 4;
-    begin.thrownAway.bytes = 5;
-    begin.heldBack = 6;
-    begin.reopened = 7;
-    kx::Statistics now;
-    now.requests = 10;
-    now.thrownAway.foreign = 11;
-    now.thrownAway.late = 22;
-    now.thrownAway.duplicates = 33;
-    now.thrownAway.echoes = 44;
-    now.thrownAway.bytes = 55;
-    now.heldBack = 66;
-    now.reopened = 77;
-    const LineFaults faults = faultsSince(begin, now);
-    QCOMPARE(faults.thrownAway.foreign, qint64(10));
-    QCOMPARE(faults.thrownAway.late, qint64(20));
-    QCOMPARE(faults.thrownAway.duplicates, qint64(30));
-    QCOMPARE(faults.thrownAway.echoes, qint64(40));
-    QCOMPARE(faults.thrownAway.bytes, qint64(50));
-    QCOMPARE(faults.heldBack, qint64(60));
-    QCOMPARE(faults.reopened, qint64(70));
+    Exchange excuse = refusedWrite();
+    excuse.exceptionCode = 11; // the station behind the gateway did not answer
+    StationHealth station;
+    station.add(excuse);
+    QVERIFY(station.isSilent);
+    QCOMPARE(station.replies.count(), qint64(0));
+    QCOMPARE(station.answeredAt, qint64(0));
+    QCOMPARE(station.counts.bad.exceptions, qint64(1));
+}
+
+void StationHealthTest::whatIsNotTheStationsFault()
+{
+    Exchange lastTry = unansweredPoll();
+    lastTry.isFinal = true;
+    StationHealth station;
+    station.add(lastTry);
+    Exchange lost = lastTry;
+    lost.replyKind = kx::ReplyKind::Lost;
+    station.add(lost);
+    QVERIFY(station.isSilent); // as it was before the line was lost
 }
 
 QTEST_GUILESS_MAIN(StationHealthTest)
