@@ -36,8 +36,9 @@ ExchangeTimes timesOf(const Exchange& exchange, const kx::LineTiming& timing, qi
         times.requestEnded += timing.transmissionTime(exchange.request.size());
     times.requestEnded = std::min(times.requestEnded, over);
     if (exchange.turnaround < 0) {
-        times.replyBegan = std::max(times.requestEnded, exchange.finishedAt * MILLISECOND);
-        times.replyEnded = times.replyBegan;
+        times.replyEnded = std::max(times.requestEnded, exchange.finishedAt * MILLISECOND);
+        const qint64 received = timing.transmissionTime(exchange.reply.size());
+        times.replyBegan = std::max(times.requestEnded, times.replyEnded - received);
         return times;
     }
     times.replyBegan = std::min(times.requestEnded + exchange.turnaround, over);

@@ -12,11 +12,12 @@ struct ExchangeTimes {
     qint64 sent = 0;         ///< its first character
     qint64 requestEnded = 0; ///< the end of its last character; `sent` if it was not transmitted
     qint64 replyBegan = 0;   ///< or nothing more was waited for
-    qint64 replyEnded = 0;   ///< `replyBegan` without a whole reply
+    qint64 replyEnded = 0;   ///< `replyBegan` when nothing came
 };
 
 /// By the exchange's clock, the characters of both frames and the turnaround. A line that does not
-/// keep its own time, as a pseudo-terminal, ends what it carries when the exchange was over.
+/// keep its own time, as a pseudo-terminal, ends what it carries when the exchange was over. When
+/// bytes that are no whole reply came is not known: they are put at the exchange's end.
 /// @param lineWasFree when the exchange before it ended. Clocks tell whole milliseconds: it
 ///        began then when that lies within the millisecond that it was sent in
 ExchangeTimes timesOf(const Exchange& exchange, const kx::LineTiming& timing, qint64 lineWasFree);

@@ -6,8 +6,10 @@
 #include "kxpanel/line/cycle/cycle_words.h"
 #include "kxpanel/line/limit/limit_panel.h"
 #include "kxpanel/line/plan/plan_picture.h"
+#include "kxpanel/line/watched_polls.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tags/tag_list.h"
+#include "panel/polling/poll_plan.h"
 
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -25,14 +27,6 @@ namespace
 const int BETWEEN_EDITS = 300; // milliseconds; a person types on
 const int CYCLES = 3;          // shown and measured
 const double ZOOM_STEP = 1.5;
-
-QList<kx::AddressRange> rangesOf(const TagList& tags)
-{
-    QList<kx::AddressRange> ranges;
-    for (const WatchedValue& value : tags.values())
-        ranges << value.tag.range;
-    return ranges;
-}
 
 QLabel* wordsLabel(QWidget* parent)
 {
@@ -127,8 +121,7 @@ void LinePage::makeActions()
     m_pause->setCheckable(true);
     connect(m_pause, &QAction::toggled, m_picture,
             [this](bool paused) { m_picture->setLive(!paused); });
-    connect(m_picture, &CyclePicture::liveChanged, m_pause,
-            [this](bool live) { m_pause->setChecked(!live); });
+    connect(m_picture, &CyclePicture::liveChanged, this, &LinePage::onLiveChanged);
     QAction* in = pageAction(this, tr("Zoom in"), QKeySequence::ZoomIn, tr("Show less time"));
     connect(in, &QAction::triggered, m_picture, [this] { m_picture->zoom(1 / ZOOM_STEP); });
     QAction* out = pageAction(this, tr("Zoom out"), QKeySequence::ZoomOut, tr("Show more time"));
@@ -141,20 +134,50 @@ void LinePage::makeActions()
 
 void LinePage::onExchanged(const QVector<Exchange>& exchanges)
 {
-    for (const Exchange& exchange : exchanges)
-        m_record.add(exchange, m_timing);
+    for (const Exchange& exchange : exchanges) {
+        // What is looked at stays, until it is looked at no more.
+        const bool waits = !m_picture->isLive() && (m_record.isFull() || m_waitingCount > 0);
+        m_waitingCount += waits ? 1 : 0;
+        if (waits)
+            m_waiting.add(exchange);
+        else
+            m_record.add(exchange, m_recordTiming);
+    }
     m_picture->onRecordChanged();
+    if (m_waitingCount > 0)
+        showShares();
+}
+
+void LinePage::onLiveChanged(bool live)
+{
+    m_pause->setChecked(!live);
+    if (!live)
+        return;
+    for (qint64 place = m_waiting.begin(); place < m_waiting.end(); ++place)
+        m_record.add(m_waiting.at(place), m_recordTiming);
+    forgetWaiting();
+}
+
+void LinePage::forgetWaiting()
+{
+    m_waiting.clear();
+    m_waitingCount = 0;
 }
 
 void LinePage::onLineChanged(const LineStatus& status)
 {
-    const bool isAnother = status.name != m_line;
+    const bool isAnother = status.name != m_line || status.isNetwork != m_isNetwork;
     const bool hasOtherTiming = status.timing.baud != m_timing.baud
                                 || status.timing.bitsPerCharacter() != m_timing.bitsPerCharacter();
     m_line = status.name;
     m_timing = status.timing;
+    m_isNetwork = status.isNetwork;
+    m_recordTiming = status.timing;
+    if (m_isNetwork)
+        m_recordTiming.baud = 0;
     if (isAnother || hasOtherTiming) {
         m_record.clear();
+        forgetWaiting();
         m_picture->onRecordChanged();
         onValuesChanged();
     }
@@ -162,12 +185,12 @@ void LinePage::onLineChanged(const LineStatus& status)
 
 void LinePage::onCounted()
 {
-    const qint64 time = m_record.timeOfCycles(CYCLES);
-    m_limits->setMeasured(time / CYCLES);
-    if (time > 0 && !m_isPredicted) {
-        m_isPredicted = true; // by what stations take, from now on
+    const LineRecord::Cycles cycles = m_record.latestCycles(CYCLES);
+    m_limits->setMeasured(cycles.count > 0 ? cycles.time / cycles.count : 0);
+    const bool isNewlyKnown = cycles.count > 0 && !m_isPredicted;
+    m_isPredicted = m_isPredicted || isNewlyKnown; // by what stations take, from now on
+    if (isNewlyKnown || m_record.silentStations() != m_silent)
         m_changes.start(BETWEEN_EDITS);
-    }
 }
 
 void LinePage::onValuesChanged()
@@ -180,7 +203,11 @@ void LinePage::predict()
 {
     if (!m_context.tags || !isVisible())
         return;
-    m_costs.start(rangesOf(*m_context.tags), m_timing, m_record.replyTimes());
+    m_silent = m_record.silentStations();
+    const QList<kx::PolledRange> polled = polledRanges(*m_context.tags);
+    const QList<int> leftOut = stationsAmong(m_silent, polled);
+    m_costs.start(rangesWithout(polled, leftOut), m_timing, m_record.replyTimes());
+    m_limits->setSilent(leftOut);
     showPlan();
 }
 
@@ -188,14 +215,20 @@ void LinePage::showPlan()
 {
     if (!m_context.tags)
         return;
-    const QList<kx::AddressRange> watched = rangesOf(*m_context.tags);
+    const QList<kx::PolledRange> polled = polledRanges(*m_context.tags);
     const kx::ReadRules rules = limitedRules(m_limits->chosen(), m_timing, m_record.replyTimes());
-    m_plan->setPlan(chosenPlan(watched, rules), kx::WatchedRanges(watched), rules);
+    m_plan->setPlan(kx::plannedPolls(polled, rules, nullptr), watchedRanges(polled), rules);
 }
 
 void LinePage::showShares()
 {
-    m_shares->setText(m_record.history().size() > 0 ? sharesWords(m_picture->shares()) : QString());
+    if (m_record.history().size() == 0)
+        return m_shares->clear();
+    const LineShares shares = m_picture->shares();
+    QString words = m_isNetwork ? networkSharesWords(shares) : sharesWords(shares);
+    if (m_waitingCount > 0)
+        words += tr("; paused, %1 more have come").arg(m_waitingCount);
+    m_shares->setText(words);
 }
 
 void LinePage::applyLimits(int maxWords, int maxBits)

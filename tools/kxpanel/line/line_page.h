@@ -35,6 +35,8 @@ private:
     QWidget* makePlan();
     void makeActions();
     void onExchanged(const QVector<Exchange>& exchanges);
+    void onLiveChanged(bool live);
+    void forgetWaiting();
     void onLineChanged(const LineStatus& status);
     void onCounted();
     void onValuesChanged();
@@ -46,9 +48,15 @@ private:
     PageContext m_context;
     LineRecord m_record;
     LimitCosts m_costs;
-    kx::LineTiming m_timing;
-    QString m_line;   ///< its name
-    QTimer m_changes; ///< gathers edits of the tags
+    /// While paused, what the record has no more room for.
+    ExchangeHistory m_waiting{LineRecord::MOST};
+    qint64 m_waitingCount = 0;     ///< with those that are forgotten
+    kx::LineTiming m_timing;       ///< of the serial line, be it behind a gateway
+    kx::LineTiming m_recordTiming; ///< of what this side sees of it
+    bool m_isNetwork = false;
+    QList<int> m_silent; ///< stations, when it was predicted last
+    QString m_line;      ///< its name
+    QTimer m_changes;    ///< gathers edits of the tags
     bool m_isPredicted = false;
     CyclePicture* m_picture = nullptr;
     QLabel* m_shares = nullptr;

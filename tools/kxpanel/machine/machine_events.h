@@ -45,7 +45,8 @@ struct LineStatus {
     LineState state = LineState::Closed;
     QString name;  ///< of the line: "/dev/ttyUSB0", "gateway:8888", "simulated controller"
     QString fault; ///< what is wrong with the line or its stations, one line; empty: nothing
-    kx::LineTiming timing;
+    kx::LineTiming timing;  ///< of the serial line, be it behind a gateway
+    bool isNetwork = false; ///< when characters are on the serial line is not known here
 };
 
 /// One exchange on the line, without the kilobyte of its job.

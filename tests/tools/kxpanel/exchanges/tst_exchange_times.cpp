@@ -49,6 +49,13 @@ void ExchangeTimesTest::times_data()
     row("behind another that did not keep time", answeredPoll(), 9600, 1000,
         {0, 8334, 13334, 22709});
     row("nothing came", unansweredPoll(), 9600, -20000, {0, 8334, 300000, 300000});
+    Exchange damaged = unansweredPoll();
+    damaged.reply = answeredPoll().reply;
+    damaged.replyKind = kx::ReplyKind::Bad;
+    row("damaged: 9 characters came, it is not known when", damaged, 9600, -20000,
+        {0, 8334, 290625, 300000});
+    damaged.finishedAt = damaged.sentAt + 12;
+    row("damaged, over at once", damaged, 9600, -20000, {0, 8334, 8334, 12000});
     row("on a network", answeredPoll(), 0, -20000, {0, 0, 5000, 5000});
     Exchange atOnce = answeredPoll();
     atOnce.finishedAt = atOnce.sentAt + 10; // 9375 us of it are not to be seen

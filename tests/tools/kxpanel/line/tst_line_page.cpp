@@ -7,6 +7,7 @@
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tags/tag_list.h"
 #include "registers/register_types.h"
+#include "tools/kxpanel/machine_fixture.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -30,6 +31,12 @@ private slots:
     void predictsByWhatStationsTake();
     void tellsWhatWasApplied();
     void pausesByKey();
+    void aPausedPictureKeepsWhatItShows();
+    void aLongCycleIsMeasuredByFewer();
+    void aNetworkTellsNoLineUse();
+    void intervalsCount();
+    void silentStationsDoNotCount();
+    void appliedLimitsAreInForce();
 
 private:
     QString labels() const;
@@ -166,6 +173,107 @@ void LinePageTest::pausesByKey()
     QVERIFY(picture->isLive());
     QTest::keyClick(picture, Qt::Key_P, Qt::ControlModifier);
     QVERIFY(!picture->isLive());
+}
+
+void LinePageTest::aPausedPictureKeepsWhatItShows()
+{
+    const QVector<Exchange> polls = answeredPolls(11000);
+    emit m_machine->exchanged(polls.mid(0, 4990));
+    auto* picture = m_page->findChild<CyclePicture*>();
+    picture->setFocus();
+    QTest::keyClick(picture, Qt::Key_Left); // which pauses, too
+    QCOMPARE(picture->selected(), qint64(4989));
+    emit m_machine->exchanged(polls.mid(4990, 10)); // there is room for 5000
+    QVERIFY(!labels().contains("have come"));
+    emit m_machine->exchanged(polls.mid(5000, 5999));
+    QVERIFY2(labels().contains("; paused, 5999 more have come"), qPrintable(labels()));
+    QCOMPARE(picture->selected(), qint64(4989));
+    QTest::keyClick(picture, Qt::Key_End);
+    QVERIFY(!labels().contains("have come"));
+    QCOMPARE(picture->axis().to(), polls.at(10998).sentAt * 1000 + 22709); // the latest
+    emit m_machine->exchanged(polls.mid(10999));
+    QCOMPARE(picture->axis().to(), polls.at(10999).sentAt * 1000 + 22709);
+}
+
+void LinePageTest::aLongCycleIsMeasuredByFewer()
+{
+    QVector<Exchange> polls = answeredPolls(5000); // as many as are kept
+    for (int i = 0; i < 5000; ++i)
+        polls[i].range.address = i % 2000; // 100 s for each cycle
+    emit m_machine->exchanged(polls);
+    emit m_machine->counted(kx::WatchSummary());
+    QVERIFY2(labels().contains("Measured: 100000.0 ms per cycle"), qPrintable(labels()));
+}
+
+void LinePageTest::aNetworkTellsNoLineUse()
+{
+    LineStatus status;
+    status.name = QString("gateway:8888");
+    status.isNetwork = true; // behind which the line has 9600 baud
+    emit m_machine->lineChanged(status);
+    emit m_machine->exchanged(answeredPolls(6));
+    // Of 150 ms that three cycles take 15 ms.
+    QVERIFY2(labels().contains("Waited for replies 10.0 %, silence 90.0 %"), qPrintable(labels()));
+    watch(40);
+    emit m_machine->counted(kx::WatchSummary());
+    QTRY_VERIFY(labels().contains("Predicted: 105.5 ms per cycle")); // by the serial line
+}
+
+void LinePageTest::intervalsCount()
+{
+    kx::Tag tag;
+    tag.range = {findRegisterType(QString("D")), 100, 40, 1};
+    tag.interval = 2000;
+    m_tags->insert(0, {tag});
+    // The request and its reply take 96875 us of two seconds.
+    QTRY_VERIFY2(labels().contains("Predicted: 2000.0 ms per cycle, 1 requests, line used 4.8 %"),
+                 qPrintable(labels()));
+}
+
+void LinePageTest::silentStationsDoNotCount()
+{
+    watch(40);
+    kx::Tag tag;
+    tag.range = {findRegisterType(QString("D")), 100, 40, 9};
+    m_tags->insert(0, {tag});
+    QTRY_VERIFY(labels().contains("Predicted: 211.0 ms per cycle, 2 requests"));
+    Exchange lastTry = unansweredPoll();
+    lastTry.request[0] = 9;
+    lastTry.range.station = 9;
+    lastTry.isFinal = true;
+    emit m_machine->exchanged({lastTry});
+    emit m_machine->counted(kx::WatchSummary());
+    QTRY_VERIFY2(labels().contains("Predicted: 105.5 ms per cycle, 1 requests, line used 91.8 %; "
+                                   "without 1 silent station(s): 9"),
+                 qPrintable(labels()));
+    QCOMPARE(plan()->bars(), 2); // it is asked now and then
+}
+
+void LinePageTest::appliedLimitsAreInForce()
+{
+    watch(40);
+    const MachineLog log(m_machine.get());
+    m_machine->setValues(m_tags->values());
+    m_machine->openLine(simulated());
+    const auto registersOf = [](const Exchange& exchange) { // the request's quantity
+        return exchange.kind == CYCLIC_READ_JOB ? int(exchange.request.at(5)) : 0;
+    };
+    QTRY_VERIFY(!log.exchanges.isEmpty());
+    QCOMPARE(registersOf(log.exchanges.first()), 40); // as takes the least time
+    auto* limits = m_page->findChild<LimitPanel*>();
+    limits->setChosen(16);
+    for (QPushButton* button : limits->findChildren<QPushButton*>()) {
+        if (button->text() == "&Apply")
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    const auto latest = [&](int back) {
+        return registersOf(log.exchanges.at(log.exchanges.size() - back));
+    };
+    QTRY_VERIFY(log.exchanges.size() > 3);
+    QTRY_COMPARE(latest(1) + latest(2) + latest(3), 40);
+    QVERIFY(latest(1) <= 16 && latest(2) <= 16 && latest(3) <= 16);
+    m_machine->closeLine();
+    QTRY_VERIFY(log.states.last().startsWith("closed"));
 }
 
 QTEST_MAIN(LinePageTest)

@@ -18,8 +18,7 @@ CyclePainter::CyclePainter(QPainter* painter, const LineRecord& record, const Ti
       m_palette(palette),
       m_stations(record.stations()),
       m_colours(lineColours(palette)),
-      m_row(painter->fontMetrics().height()),
-      m_painted(area.left())
+      m_row(painter->fontMetrics().height())
 {
     m_lanes = area.adjusted(0, 0, 0, -1.5 * m_row);
 }
@@ -85,11 +84,13 @@ void CyclePainter::paintTicks()
 void CyclePainter::paintExchange(qint64 place)
 {
     const ExchangeTimes& times = m_record.mark(place).times;
-    const QRectF bar = lane(stationOf(m_record.history().at(place)));
+    const int station = stationOf(m_record.history().at(place));
     const double end = std::max(m_axis.xOf(times.replyEnded), m_axis.xOf(times.sent) + 1);
-    if (end < m_painted + 1)
+    double& painted = m_painted[station];
+    if (end < painted + 1)
         return;
-    m_painted = end;
+    painted = end;
+    const QRectF bar = lane(station);
     const auto fill = [&](qint64 from, qint64 to, const QBrush& brush) {
         const double left = std::max(m_axis.xOf(from), m_axis.left() - 1);
         const double right = std::min(m_axis.xOf(to), m_axis.left() + m_axis.width() + 1);

@@ -5,6 +5,7 @@
 #include "kxpanel/line/cycle/line_record.h"
 #include "kxpanel/line/cycle/time_axis.h"
 
+#include <QtCore/QHash>
 #include <QtGui/QPalette>
 
 class QPainter;
@@ -39,8 +40,9 @@ private:
     QRectF m_lanes;
     QList<int> m_stations;
     LineColours m_colours;
-    double m_row;     ///< height of a row of text
-    double m_painted; ///< up to where, so that many in one pixel are painted once
+    double m_row; ///< height of a row of text
+    QHash<int, double>
+        m_painted; ///< by station: up to where, so that many in a pixel are painted once
 };
 
 } // namespace kxpanel

@@ -44,7 +44,7 @@ void CyclePicture::onRecordChanged()
         select(-1);
     if (history.size() == 0)
         m_isFitted = false;
-    else if (m_isLive && !m_isFitted && m_record->timeOfCycles(FIRST_CYCLES) > 0)
+    else if (m_isLive && !m_isFitted && m_record->latestCycles(FIRST_CYCLES).count == FIRST_CYCLES)
         showCycles(FIRST_CYCLES);
     if (!m_isLive)
         return;
@@ -65,7 +65,7 @@ void CyclePicture::setLive(bool live)
 
 void CyclePicture::showCycles(int cycles)
 {
-    const qint64 time = m_record->timeOfCycles(cycles);
+    const qint64 time = m_record->latestCycles(cycles).time;
     if (time <= 0)
         return;
     m_isFitted = true;

@@ -23,13 +23,19 @@ QString percent(qint64 part, qint64 all)
 QString stretches(const LineRecord& record, qint64 place)
 {
     const ExchangeTimes& times = record.mark(place).times;
-    QStringList texts = {Words::tr("sent in %1").arg(timeWords(times.requestEnded - times.sent))};
-    const QString waited = timeWords(times.replyBegan - times.requestEnded);
-    if (record.history().at(place).turnaround < 0)
-        texts << Words::tr("waited %1").arg(waited);
+    const Exchange& exchange = record.history().at(place);
+    QStringList texts;
+    if (times.requestEnded > times.sent)
+        texts << Words::tr("sent in %1").arg(timeWords(times.requestEnded - times.sent));
+    if (exchange.turnaround < 0)
+        texts << Words::tr("waited %1").arg(timeWords(times.replyEnded - times.requestEnded));
     else
-        texts << Words::tr("answered after %1").arg(waited)
-              << Words::tr("received in %1").arg(timeWords(times.replyEnded - times.replyBegan));
+        texts
+            << Words::tr("answered after %1").arg(timeWords(times.replyBegan - times.requestEnded));
+    if (exchange.turnaround < 0 && !exchange.reply.isEmpty())
+        texts << Words::tr("%n byte(s) came", nullptr, static_cast<int>(exchange.reply.size()));
+    else if (times.replyEnded > times.replyBegan)
+        texts << Words::tr("received in %1").arg(timeWords(times.replyEnded - times.replyBegan));
     if (record.history().has(place + 1)) {
         const qint64 silence = record.mark(place + 1).times.sent - times.replyEnded;
         texts << Words::tr("then %1 of silence").arg(timeWords(qMax(silence, qint64(0))));
@@ -61,6 +67,13 @@ QString sharesWords(const LineShares& shares)
         .arg(percent(shares.sending + shares.receiving, all), percent(shares.sending, all),
              percent(shares.waiting, all), percent(shares.receiving, all),
              percent(shares.silence, all));
+}
+
+QString networkSharesWords(const LineShares& shares)
+{
+    const qint64 waited = shares.all() - shares.silence;
+    return Words::tr("Waited for replies %1 %, silence %2 %")
+        .arg(percent(waited, shares.all()), percent(shares.silence, shares.all()));
 }
 
 } // namespace kxpanel

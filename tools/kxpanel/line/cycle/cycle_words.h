@@ -15,6 +15,10 @@ QString exchangeWords(const LineRecord& record, qint64 place);
 /// "Line used 42.5 %: sent 20.0 %, waited 12.5 %, received 22.5 %, silence 45.0 %".
 QString sharesWords(const LineShares& shares);
 
+/// The same of a network, which tells nothing of its serial line: "Waited for replies 12.5 %,
+/// silence 87.5 %".
+QString networkSharesWords(const LineShares& shares);
+
 } // namespace kxpanel
 
 #endif

@@ -29,9 +29,15 @@ void LineRecord::add(const Exchange& exchange, const kx::LineTiming& timing)
         // The clock was put back: there is no axis for both.
         m_history.clear();
         m_marks.clear();
+        m_kept.clear();
     }
-    ReplyTimes& replies = m_replies[stationOf(exchange)];
-    if (exchange.turnaround >= 0) {
+    if (isFull())
+        leave(stationOf(m_history.at(m_history.begin())));
+    const int station = stationOf(exchange);
+    ++m_kept[station];
+    hear(station, signOf(exchange));
+    ReplyTimes& replies = m_replies[station];
+    if (isStationsReply(exchange)) {
         mark.isLate = replies.count() >= REPLIES_BEFORE_USUAL
                       && isLateReply(exchange.turnaround, replies.median(), timing);
         replies.add(exchange.turnaround);
@@ -41,6 +47,27 @@ void LineRecord::add(const Exchange& exchange, const kx::LineTiming& timing)
     m_marks.push_back(mark);
     if (static_cast<int>(m_marks.size()) > m_history.size())
         m_marks.pop_front();
+}
+
+void LineRecord::leave(int station)
+{
+    if (--m_kept[station] == 0)
+        m_kept.remove(station);
+}
+
+void LineRecord::hear(int station, StationSign sign)
+{
+    if (sign == StationSign::Silent)
+        m_silent.insert(station);
+    else if (sign == StationSign::Heard)
+        m_silent.remove(station);
+}
+
+QList<int> LineRecord::silentStations() const
+{
+    QList<int> stations = m_silent.values();
+    std::sort(stations.begin(), stations.end());
+    return stations;
 }
 
 void LineRecord::clear()
@@ -77,18 +104,22 @@ LineShares LineRecord::shares(qint64 from, qint64 to) const
     return shares;
 }
 
-qint64 LineRecord::timeOfCycles(int cycles) const
+LineRecord::Cycles LineRecord::latestCycles(int most) const
 {
+    Cycles cycles;
     qint64 end = -1;
     for (qint64 place = m_history.end() - 1; place >= m_history.begin(); --place) {
+        if (cycles.count == most)
+            break;
         if (!mark(place).beginsCycle)
             continue;
+        const qint64 begin = mark(place).times.sent;
         if (end < 0)
-            end = mark(place).times.sent;
-        else if (--cycles == 0)
-            return end - mark(place).times.sent;
+            end = begin;
+        else
+            cycles = {cycles.count + 1, end - begin};
     }
-    return 0;
+    return cycles;
 }
 
 } // namespace kxpanel

@@ -4,9 +4,11 @@
 #include "kxpanel/exchanges/exchange_history.h"
 #include "kxpanel/exchanges/exchange_times.h"
 #include "kxpanel/exchanges/reply_times.h"
+#include "kxpanel/exchanges/station_sign.h"
 #include "kxpanel/line/cycle/cycle_marks.h"
 
 #include <QtCore/QMap>
+#include <QtCore/QSet>
 
 namespace kxpanel
 {
@@ -28,6 +30,12 @@ public:
         bool beginsCycle = false;
     };
 
+    /// Some that followed each other.
+    struct Cycles {
+        int count = 0;
+        qint64 time = 0; ///< of all together, microseconds
+    };
+
     explicit LineRecord(int most = MOST) : m_history(most) {}
 
     void add(const Exchange& exchange, const kx::LineTiming& timing);
@@ -47,19 +55,26 @@ public:
     qint64 placeAt(qint64 time) const;
     /// How the line was used between two times, the latter behind the former.
     LineShares shares(qint64 from, qint64 to) const;
-    /// From the begin of so many of the latest cycles that are over to their end, microseconds;
-    /// 0: there are not so many.
-    qint64 timeOfCycles(int cycles) const;
+    /// As many of the latest cycles that are over as are known, and no more than `most`.
+    Cycles latestCycles(int most) const;
 
-    /// Of each station that was asked, since it was cleared.
+    /// Of each station that was asked, since it was cleared; whole replies of its own.
     const QMap<int, ReplyTimes>& replyTimes() const { return m_replies; }
-    /// That were asked, rising.
-    QList<int> stations() const { return m_replies.keys(); }
+    /// Of exchanges that are kept, rising.
+    QList<int> stations() const { return m_kept.keys(); }
+    /// That did not answer when they were asked last, rising.
+    QList<int> silentStations() const;
+    bool isFull() const { return m_history.size() >= m_history.most(); }
 
 private:
+    void leave(int station);
+    void hear(int station, StationSign sign);
+
     ExchangeHistory m_history;
     std::deque<Mark> m_marks; ///< of each exchange in the history
     QMap<int, ReplyTimes> m_replies;
+    QMap<int, int> m_kept; ///< exchanges in the history, by station
+    QSet<int> m_silent;
     CycleMarks m_cycles;
 };
 

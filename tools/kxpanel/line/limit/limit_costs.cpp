@@ -1,5 +1,8 @@
 #include "kxpanel/line/limit/limit_costs.h"
 
+#include "kxpanel/line/limit/cycle_forecast.h"
+#include "panel/polling/poll_plan.h"
+
 #include <QtCore/QElapsedTimer>
 
 #include <algorithm>
@@ -44,35 +47,12 @@ kx::ReadRules limitedRules(int maxWords, const kx::LineTiming& timing,
     return rules;
 }
 
-kx::CycleCost costOfPlan(const kx::Plan& plan, const kx::ReadRules& rules)
-{
-    QMap<int, kx::CycleCost> stations;
-    for (const kx::PlannedRequest& request : plan.requests) {
-        kx::CycleCost& station = stations[request.station];
-        ++station.requests;
-        station.bytesSent += request.bytesSent;
-        station.bytesExpected += request.bytesExpected;
-    }
-    kx::CycleCost whole;
-    for (auto station = stations.begin(); station != stations.end(); ++station) {
-        const kx::PlanTiming timing{rules.line, rules.of(station.key()).turnaround};
-        const kx::CycleCost cost =
-            costOf(timing, station->requests, station->bytesSent, station->bytesExpected);
-        whole.requests += cost.requests;
-        whole.bytesSent += cost.bytesSent;
-        whole.bytesExpected += cost.bytesExpected;
-        whole.busy += cost.busy;
-        whole.duration += cost.duration;
-    }
-    return whole;
-}
-
 LimitCosts::LimitCosts(QObject* parent) : QObject(parent)
 {
     connect(&m_timer, &QTimer::timeout, this, &LimitCosts::work);
 }
 
-void LimitCosts::start(const QList<kx::AddressRange>& watched, const kx::LineTiming& timing,
+void LimitCosts::start(const QList<kx::PolledRange>& watched, const kx::LineTiming& timing,
                        const QMap<int, ReplyTimes>& replies)
 {
     m_watched = watched;
@@ -110,7 +90,7 @@ void LimitCosts::work()
         kx::LengthResult result;
         result.maxWords = static_cast<int>(m_results.size()) + 1;
         const kx::ReadRules rules = limitedRules(result.maxWords, m_timing, m_replies);
-        result.cost = costOfPlan(chosenPlan(m_watched, rules), rules);
+        result.cost = forecastCycle(kx::plannedPolls(m_watched, rules, nullptr), rules);
         m_results << result;
     }
     if (m_results.size() == kx::MOST_REGISTERS_PER_READ)

@@ -2,7 +2,9 @@
 #define KX_KXPANEL_LINE_LIMIT_LIMIT_COSTS_H
 
 #include "kxpanel/exchanges/reply_times.h"
-#include "panel/plan/watch_plan.h"
+#include "panel/plan/plan_lengths.h"
+#include "panel/plan/read_rules.h"
+#include "panel/polling/polled_range.h"
 
 #include <QtCore/QMap>
 #include <QtCore/QTimer>
@@ -17,9 +19,6 @@ int bitsFor(int maxWords);
 kx::ReadRules limitedRules(int maxWords, const kx::LineTiming& timing,
                            const QMap<int, ReplyTimes>& replies);
 
-/// What one cycle of a plan costs, each station by its own turnaround.
-kx::CycleCost costOfPlan(const kx::Plan& plan, const kx::ReadRules& rules);
-
 /// Works out what a cycle costs under each limit, a little at a time, so that the window stays at
 /// hand.
 class LimitCosts : public QObject
@@ -30,7 +29,8 @@ public:
     explicit LimitCosts(QObject* parent = nullptr);
 
     /// Begins anew.
-    void start(const QList<kx::AddressRange>& watched, const kx::LineTiming& timing,
+    /// @param watched with the intervals at which they are read
+    void start(const QList<kx::PolledRange>& watched, const kx::LineTiming& timing,
                const QMap<int, ReplyTimes>& replies);
 
     /// By rising limit from 1 on; as many as are known so far.
@@ -48,7 +48,7 @@ signals:
 private:
     void work();
 
-    QList<kx::AddressRange> m_watched;
+    QList<kx::PolledRange> m_watched;
     kx::LineTiming m_timing;
     QMap<int, ReplyTimes> m_replies;
     QList<kx::LengthResult> m_results;

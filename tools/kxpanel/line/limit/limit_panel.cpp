@@ -30,6 +30,7 @@ LimitPanel::LimitPanel(const LimitCosts* costs, QWidget* parent)
     box->addWidget(makeButtons());
     connect(costs, &LimitCosts::advanced, this, &LimitPanel::showCosts);
     connect(m_curve, &LimitCurve::chosen, this, &LimitPanel::setChosen);
+    m_predicted->setWordWrap(true);
     m_curve->setChosen(chosen());
     setMeasured(0);
     showCosts();
@@ -108,6 +109,18 @@ void LimitPanel::setMeasured(qint64 time)
                                  : tr("Measured: nothing yet"));
 }
 
+void LimitPanel::setSilent(const QList<int>& stations)
+{
+    QStringList numbers;
+    for (const int station : stations)
+        numbers << QString::number(station);
+    m_leftOut = stations.isEmpty() ? QString()
+                                   : tr("; without %n silent station(s): %1", nullptr,
+                                        static_cast<int>(stations.size()))
+                                         .arg(numbers.join(QStringLiteral(", ")));
+    showCosts();
+}
+
 void LimitPanel::showCosts()
 {
     const int best = m_costs->best();
@@ -115,11 +128,12 @@ void LimitPanel::showCosts()
     m_best->setText(best > 0 ? tr("Apply the &best: %1").arg(best) : tr("Apply the &best"));
     m_best->setToolTip(tr("The lowest limit with the shortest cycle (Alt+B)"));
     const kx::LengthResult* result = m_costs->of(chosen());
-    m_predicted->setText(result ? tr("Predicted: %1 per cycle, %2 requests, line used %3 %")
-                                      .arg(timeWords(result->cost.duration))
-                                      .arg(result->cost.requests)
-                                      .arg(100 * result->cost.lineLoad(), 0, 'f', 1)
-                                : tr("Predicted: nothing yet"));
+    m_predicted->setText((result ? tr("Predicted: %1 per cycle, %2 requests, line used %3 %")
+                                       .arg(timeWords(result->cost.duration))
+                                       .arg(result->cost.requests)
+                                       .arg(100 * result->cost.lineLoad(), 0, 'f', 1)
+                                 : tr("Predicted: nothing yet"))
+                         + m_leftOut);
 }
 
 void LimitPanel::apply(int maxWords)

@@ -27,6 +27,8 @@ public:
     void setChosen(int maxWords);
     /// @param time of a cycle in microseconds; 0: not known
     void setMeasured(qint64 time);
+    /// @param stations whose requests are not among those predicted, rising
+    void setSilent(const QList<int>& stations);
 
 signals:
     /// The limit under the slider is another.
@@ -45,6 +47,7 @@ private:
     LimitCurve* m_curve;
     QSlider* m_slider = nullptr;
     QSpinBox* m_number = nullptr;
+    QString m_leftOut; ///< of what is predicted, in words
     QLabel* m_predicted;
     QLabel* m_measured;
     QPushButton* m_best = nullptr;

@@ -1,6 +1,7 @@
 #include "kxpanel/line/plan/plan_picture.h"
 
 #include "kxpanel/line/colours/line_colours.h"
+#include "panel/plan/plan_timing.h"
 #include "registers/register_types.h"
 
 #include <QtGui/QMouseEvent>
@@ -21,10 +22,10 @@ PlanPicture::PlanPicture(QWidget* parent) : QWidget(parent)
            "its reply is long. Left and Right select a request."));
 }
 
-void PlanPicture::setPlan(const kx::Plan& plan, const kx::WatchedRanges& watched,
+void PlanPicture::setPlan(const QList<kx::PolledRange>& polls, const kx::WatchedRanges& watched,
                           const kx::ReadRules& rules)
 {
-    m_rows = planRows(plan, watched);
+    m_rows = planRows(polls, watched);
     m_rules = rules;
     m_places.clear();
     m_widest = 0;

@@ -3,6 +3,8 @@
 
 #include "kxpanel/line/plan/plan_rows.h"
 
+#include "panel/plan/read_rules.h"
+
 #include <QtWidgets/QWidget>
 
 namespace kxpanel
@@ -19,7 +21,7 @@ public:
     explicit PlanPicture(QWidget* parent = nullptr);
 
     /// @param rules with which the plan was made, for the times that are told
-    void setPlan(const kx::Plan& plan, const kx::WatchedRanges& watched,
+    void setPlan(const QList<kx::PolledRange>& polls, const kx::WatchedRanges& watched,
                  const kx::ReadRules& rules);
 
     /// Of all bars by rising row and address, -1: none

@@ -1,9 +1,13 @@
 #include "kxpanel/line/plan/plan_rows.h"
 
 #include "kxpanel/exchanges/exchange_words.h"
+#include "panel/plan/piece_request.h"
 #include "registers/register_types.h"
 
 #include <QtCore/QCoreApplication>
+
+#include <algorithm>
+#include <tuple>
 
 namespace kxpanel
 {
@@ -20,10 +24,20 @@ bool isBits(const kx::PlannedRequest& request)
     return request.type->registerClass == BIT_CLASS;
 }
 
-PlanBar barOf(const kx::PlannedRequest& request, const kx::WatchedRanges& watched)
+bool isBefore(const PlanBar& one, const PlanBar& other)
 {
+    const auto key = [](const PlanBar& bar) {
+        return std::make_tuple(bar.request.station, registerTypeRow(bar.request.type),
+                               bar.request.address);
+    };
+    return key(one) < key(other);
+}
+
+PlanBar barOf(const kx::PolledRange& poll, const kx::WatchedRanges& watched)
+{
+    const kx::PlannedRequest request = kx::requestFor(poll.range);
     const kx::Coverage coverage = coverageOf(request, watched);
-    PlanBar bar{request, {}, coverage.askedCount, coverage.bridgedCount};
+    PlanBar bar{request, poll.interval, {}, coverage.askedCount, coverage.bridgedCount};
     for (int unit = 0; unit < request.count; ++unit) {
         const bool isAsked = coverage.asked[static_cast<size_t>(unit)];
         if (bar.runs.isEmpty() || bar.runs.last().isAsked != isAsked)
@@ -35,14 +49,18 @@ PlanBar barOf(const kx::PlannedRequest& request, const kx::WatchedRanges& watche
 
 } // namespace
 
-QVector<PlanRow> planRows(const kx::Plan& plan, const kx::WatchedRanges& watched)
+QVector<PlanRow> planRows(const QList<kx::PolledRange>& polls, const kx::WatchedRanges& watched)
 {
+    QVector<PlanBar> bars;
+    for (const kx::PolledRange& poll : polls)
+        bars << barOf(poll, watched);
+    std::stable_sort(bars.begin(), bars.end(), isBefore);
     QVector<PlanRow> rows;
-    for (const kx::PlannedRequest& request : plan.requests) {
-        if (rows.isEmpty() || rows.last().station != request.station
-            || rows.last().type != request.type)
-            rows << PlanRow{request.station, request.type, {}};
-        rows.last().bars << barOf(request, watched);
+    for (const PlanBar& bar : qAsConst(bars)) {
+        if (rows.isEmpty() || rows.last().station != bar.request.station
+            || rows.last().type != bar.request.type)
+            rows << PlanRow{bar.request.station, bar.request.type, {}};
+        rows.last().bars << bar;
     }
     return rows;
 }
@@ -60,13 +78,16 @@ QString barWords(const PlanBar& bar, qint64 time)
     const QString last = kx::addressText(request.type, request.lastAddress());
     const QString counts = isBits(request) ? Words::tr("%1 bits, %2 asked for, %3 read along")
                                            : Words::tr("%1 registers, %2 asked for, %3 read along");
+    const QString interval =
+        bar.interval > 0 ? Words::tr(", every %1 ms").arg(bar.interval) : QString();
     return Words::tr("Station %1, %2: %3; %4 bytes out, %5 back, %6")
-        .arg(request.station)
-        .arg(first == last ? first : Words::tr("%1 to %2").arg(first, last),
-             counts.arg(request.count).arg(bar.asked).arg(bar.bridged))
-        .arg(request.bytesSent)
-        .arg(request.bytesExpected)
-        .arg(timeWords(time));
+               .arg(request.station)
+               .arg(first == last ? first : Words::tr("%1 to %2").arg(first, last),
+                    counts.arg(request.count).arg(bar.asked).arg(bar.bridged))
+               .arg(request.bytesSent)
+               .arg(request.bytesExpected)
+               .arg(timeWords(time))
+           + interval;
 }
 
 } // namespace kxpanel

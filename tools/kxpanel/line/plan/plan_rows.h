@@ -2,7 +2,8 @@
 #ifndef KX_KXPANEL_LINE_PLAN_PLAN_ROWS_H
 #define KX_KXPANEL_LINE_PLAN_PLAN_ROWS_H
 
-#include "panel/plan/watch_plan.h"
+#include "panel/plan/plan_request.h"
+#include "panel/polling/polled_range.h"
 
 #include <QtCore/QVector>
 
@@ -18,6 +19,7 @@ struct PlanRun {
 
 struct PlanBar {
     kx::PlannedRequest request;
+    int interval = 0; ///< milliseconds; 0: in each cycle
     QVector<PlanRun> runs;
     int asked = 0; ///< bits or registers
     int bridged = 0;
@@ -30,14 +32,14 @@ struct PlanRow {
     QVector<PlanBar> bars;
 };
 
-/// @param plan rising by station, type and address, as chosenPlan() gives it
-QVector<PlanRow> planRows(const kx::Plan& plan, const kx::WatchedRanges& watched);
+/// @param polls in any order, as kx::plannedPolls() gives them
+QVector<PlanRow> planRows(const QList<kx::PolledRange>& polls, const kx::WatchedRanges& watched);
 
 /// Of a reply, so that what takes long is drawn long: a register is 1, a bit a sixteenth.
 double widthOf(const kx::PlannedRequest& request, int count);
 
 /// "Station 1, D100 to D131: 32 registers, 20 asked for, 12 read along; 8 bytes out, 69 back,
-/// 92.4 ms"; translated.
+/// 92.4 ms", and ", every 500 ms" with an interval; translated.
 /// @param time of request and reply, microseconds
 QString barWords(const PlanBar& bar, qint64 time);
 

@@ -35,6 +35,7 @@ private slots:
     void forgetsWhatIsNotKept();
     void drawsStretchesInTheirColours();
     void drawsMarks();
+    void drawsEachStationHoweverMuchIsSeen();
 
 private:
     void add(const QVector<Exchange>& exchanges);
@@ -243,6 +244,32 @@ void CyclePictureTest::drawsMarks()
     failed.wasAccepted = false;
     add({failed});
     QVERIFY(reds() > 5);
+}
+
+void CyclePictureTest::drawsEachStationHoweverMuchIsSeen()
+{
+    QVector<Exchange> polls = answeredPolls(20);
+    for (int i = 1; i < 20; i += 2)
+        polls[i].request[0] = 2; // the station
+    add(polls);
+    for (int i = 0; i < 60; ++i)
+        m_picture->zoom(1.25);
+    QCOMPARE(m_picture->axis().span(), qint64(600000000)); // of which one pixel has all
+    const QImage image = m_picture->grab().toImage();
+    const LineColours colours = lineColours(m_picture->palette());
+    const auto isDrawn = [&](int top, int bottom) {
+        for (int y = top; y < bottom; ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor colour = image.pixelColor(x, y);
+                if (colour == colours.sent.color() || colour == colours.received.color())
+                    return true;
+            }
+        }
+        return false;
+    };
+    const int middle = (160 - m_picture->fontMetrics().height() * 3 / 2) / 2; // of the two lanes
+    QVERIFY(isDrawn(0, middle));
+    QVERIFY(isDrawn(middle, 160));
 }
 
 QTEST_MAIN(CyclePictureTest)

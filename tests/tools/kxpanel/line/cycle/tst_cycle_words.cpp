@@ -13,6 +13,8 @@ class CycleWordsTest : public QObject
 private slots:
     void initTestCase() { qputenv("TZ", "CET-1"); }
     void exchanges();
+    void bytesThatAreNoReply();
+    void onANetwork();
     void shares();
 };
 
@@ -45,8 +47,34 @@ void CycleWordsTest::exchanges()
                           "address), failed: 5,2,8,Y"));
 }
 
+void CycleWordsTest::bytesThatAreNoReply()
+{
+    Exchange damaged = unansweredPoll();
+    damaged.reply = QByteArray(5, 'A');
+    damaged.replyKind = kx::ReplyKind::Bad;
+    damaged.outcome = QString("damaged reply, repeated");
+    LineRecord record;
+    record.add(damaged, kx::LineTiming());
+    QCOMPARE(exchangeWords(record, 0),
+             QString("11:00:00.000, station 1: read D100:2; sent in 8.3 ms, waited 291.7 ms, "
+                     "5 byte(s) came; damaged reply, repeated"));
+}
+
+void CycleWordsTest::onANetwork()
+{
+    kx::LineTiming network;
+    network.baud = 0;
+    LineRecord record;
+    record.add(answeredPoll(), network);
+    QCOMPARE(exchangeWords(record, 0),
+             QString("11:00:00.000, station 1: read D100:2; answered after 5.0 ms; good, "
+                     "accepted"));
+}
+
 void CycleWordsTest::shares()
 {
+    QCOMPARE(networkSharesWords({0, 5000, 0, 35000}),
+             QString("Waited for replies 12.5 %, silence 87.5 %"));
     QCOMPARE(sharesWords({8000, 5000, 9000, 18000}),
              QString("Line used 42.5 %: sent 20.0 %, waited 12.5 %, received 22.5 %, silence "
                      "45.0 %"));

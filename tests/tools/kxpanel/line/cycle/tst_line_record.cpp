@@ -35,6 +35,8 @@ private slots:
     void keepsMarksOfWhatItKeeps();
     void shares();
     void measuresCycles();
+    void stationsAreThoseOfWhatItKeeps();
+    void knowsWhoIsSilent();
     void beginsAnewWhenTheClockIsPutBack();
     void clears();
 };
@@ -122,10 +124,50 @@ void LineRecordTest::shares()
 
 void LineRecordTest::measuresCycles()
 {
-    QCOMPARE(recordOf(answeredPolls(2)).timeOfCycles(2), qint64(0)); // one is over
-    QCOMPARE(recordOf(answeredPolls(3)).timeOfCycles(2), qint64(100000));
-    QCOMPARE(recordOf(answeredPolls(9)).timeOfCycles(2), qint64(100000));
-    QCOMPARE(LineRecord().timeOfCycles(1), qint64(0));
+    const auto cycles = [](int polls) { return recordOf(answeredPolls(polls)).latestCycles(2); };
+    QCOMPARE(cycles(1).count, 0); // it is not over
+    QCOMPARE(cycles(1).time, qint64(0));
+    QCOMPARE(cycles(2).count, 1);
+    QCOMPARE(cycles(2).time, qint64(50000));
+    QCOMPARE(cycles(3).count, 2);
+    QCOMPARE(cycles(3).time, qint64(100000));
+    QCOMPARE(cycles(9).count, 2); // the latest two
+    QCOMPARE(cycles(9).time, qint64(100000));
+    QCOMPARE(LineRecord().latestCycles(1).count, 0);
+}
+
+void LineRecordTest::stationsAreThoseOfWhatItKeeps()
+{
+    LineRecord record(3);
+    record.add(refusedWrite(), kx::LineTiming()); // at station 2, as in a scan
+    for (const Exchange& exchange : answeredPolls(2))
+        record.add(exchange, kx::LineTiming());
+    QCOMPARE(record.stations(), QList<int>({1, 2}));
+    QVERIFY(record.isFull());
+    record.add(answeredPolls(3).last(), kx::LineTiming());
+    QCOMPARE(record.stations(), QList<int>({1}));
+    QCOMPARE(record.replyTimes().value(2).count(), qint64(1)); // these are known on
+}
+
+void LineRecordTest::knowsWhoIsSilent()
+{
+    LineRecord record;
+    Exchange lastTry = unansweredPoll();
+    lastTry.isFinal = true;
+    record.add(unansweredPoll(), kx::LineTiming()); // it has another try
+    QCOMPARE(record.silentStations(), QList<int>());
+    record.add(lastTry, kx::LineTiming());
+    Exchange excuse = refusedWrite();
+    excuse.exceptionCode = 11; // a gateway's, for station 2
+    excuse.sentAt += 300;
+    excuse.finishedAt += 300;
+    record.add(excuse, kx::LineTiming());
+    QCOMPARE(record.silentStations(), QList<int>({1, 2}));
+    QCOMPARE(record.replyTimes().value(2).count(), qint64(0));
+    record.add(answeredPolls(9).last(), kx::LineTiming());
+    QCOMPARE(record.silentStations(), QList<int>({2}));
+    record.clear();
+    QCOMPARE(record.silentStations(), QList<int>());
 }
 
 void LineRecordTest::beginsAnewWhenTheClockIsPutBack()

@@ -20,6 +20,7 @@ private slots:
     void init();
     void cleanup();
     void predictsWhatIsChosen();
+    void tellsWhatIsNotPredicted();
     void tellsWhatWasMeasured();
     void appliesWhatIsChosen();
     void appliesTheBestWithOneClick();
@@ -37,7 +38,7 @@ private:
 
 void LimitPanelTest::init()
 {
-    m_costs.start({{findRegisterType(QString("D")), 100, 40, 1}}, kx::LineTiming(), {});
+    m_costs.start({{{findRegisterType(QString("D")), 100, 40, 1}, 0}}, kx::LineTiming(), {});
     m_panel = std::make_unique<LimitPanel>(&m_costs);
     m_applied = std::make_unique<QSignalSpy>(m_panel.get(), &LimitPanel::applied);
     QTRY_VERIFY(m_costs.isFinished());
@@ -80,6 +81,15 @@ void LimitPanelTest::predictsWhatIsChosen()
     QCOMPARE(m_panel->chosen(), 21);
     QCOMPARE(m_panel->findChild<QSpinBox*>()->value(), 21);
     QCOMPARE(m_applied->count(), 0);
+}
+
+void LimitPanelTest::tellsWhatIsNotPredicted()
+{
+    m_panel->setSilent({9, 12});
+    QVERIFY2(labels().contains("line used 91.8 %; without 2 silent station(s): 9, 12"),
+             qPrintable(labels()));
+    m_panel->setSilent({});
+    QVERIFY(labels().contains("line used 91.8 %\n"));
 }
 
 void LimitPanelTest::tellsWhatWasMeasured()

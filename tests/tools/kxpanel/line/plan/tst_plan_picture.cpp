@@ -1,6 +1,7 @@
 #include "kxpanel/line/plan/plan_picture.h"
 
 #include "kxpanel/line/colours/line_colours.h"
+#include "panel/polling/poll_plan.h"
 #include "registers/register_types.h"
 
 #include <QtTest/QSignalSpy>
@@ -45,7 +46,10 @@ void PlanPictureTest::init()
 void PlanPictureTest::show(const QList<kx::AddressRange>& watched)
 {
     const kx::ReadRules rules;
-    m_picture->setPlan(kx::chosenPlan(watched, rules), kx::WatchedRanges(watched), rules);
+    QList<kx::PolledRange> polled;
+    for (const kx::AddressRange& range : watched)
+        polled << kx::PolledRange{range, 0};
+    m_picture->setPlan(kx::plannedPolls(polled, rules, nullptr), kx::WatchedRanges(watched), rules);
 }
 
 void PlanPictureTest::aBarForEachRequest()

@@ -1,0 +1,101 @@
+#include "kxpanel/line/limit/cycle_forecast.h"
+
+#include "panel/plan/piece_request.h"
+#include "panel/polling/poll_schedule.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const qint64 MILLISECOND = 1000; // microseconds
+const int MOST_REQUESTS = 2000;  // of those that are averaged: the rest would change little
+
+qint64 share(qint64 sum, int cycles)
+{
+    return std::llround(static_cast<double>(sum) / cycles);
+}
+
+/// Lets a schedule run in a time of its own.
+class Forecast
+{
+public:
+    Forecast(const QList<kx::PolledRange>& polls, const kx::ReadRules& rules) : m_schedule(0)
+    {
+        m_schedule.setPolls(polls, 0);
+        for (int index = 0; index < m_schedule.size(); ++index) {
+            const kx::PolledRange& poll = m_schedule.poll(index);
+            const kx::PlannedRequest request = kx::requestFor(poll.range);
+            const kx::PlanTiming timing{rules.line, rules.of(request.station).turnaround};
+            m_costs.push_back(costOf(timing, 1, request.bytesSent, request.bytesExpected));
+            m_longestInterval = std::max(m_longestInterval, poll.interval * MILLISECOND);
+        }
+    }
+
+    kx::CycleCost average()
+    {
+        // At first all that have an interval are due at once: one of two that are sent is such a
+        // one.
+        const int all = m_longestInterval > 0 ? 2 * m_schedule.size() : 0;
+        while (m_sum.requests < all)
+            runCycle();
+        const qint64 begin = m_now;
+        m_sum = kx::CycleCost();
+        int cycles = 0;
+        do {
+            runCycle();
+            ++cycles;
+        } while (m_now < begin + m_longestInterval && m_sum.requests < MOST_REQUESTS);
+        m_sum.requests = static_cast<int>(share(m_sum.requests, cycles));
+        m_sum.bytesSent = share(m_sum.bytesSent, cycles);
+        m_sum.bytesExpected = share(m_sum.bytesExpected, cycles);
+        m_sum.busy = share(m_sum.busy, cycles);
+        m_sum.duration = share(m_now - begin, cycles);
+        return m_sum;
+    }
+
+private:
+    void runCycle()
+    {
+        while (!sendNext()) {
+        }
+    }
+
+    /// @return the cycle is over
+    bool sendNext()
+    {
+        int index = m_schedule.next(m_now);
+        if (index < 0) {
+            m_now = m_schedule.nextAt();
+            index = m_schedule.next(m_now);
+        }
+        const kx::CycleCost& cost = m_costs[static_cast<size_t>(index)];
+        m_schedule.begin(index, m_now);
+        m_now += cost.duration;
+        m_sum.requests += cost.requests;
+        m_sum.bytesSent += cost.bytesSent;
+        m_sum.bytesExpected += cost.bytesExpected;
+        m_sum.busy += cost.busy;
+        return m_schedule.end(index, kx::PollSchedule::Outcome::Answered, m_now).endsCycle;
+    }
+
+    kx::PollSchedule m_schedule;
+    std::vector<kx::CycleCost> m_costs; ///< of each poll
+    qint64 m_longestInterval = 0;       ///< microseconds
+    qint64 m_now = 0;
+    kx::CycleCost m_sum;
+};
+
+} // namespace
+
+kx::CycleCost forecastCycle(const QList<kx::PolledRange>& polls, const kx::ReadRules& rules)
+{
+    return polls.isEmpty() ? kx::CycleCost() : Forecast(polls, rules).average();
+}
+
+} // namespace kxpanel
