@@ -54,11 +54,13 @@ DownloadBar::DownloadBar(QWidget* parent) : QFrame(parent), m_question(new QLabe
     connect(m_cancel, &QPushButton::clicked, this, &DownloadBar::cancel);
 }
 
-void DownloadBar::ask(const QList<kx::RecipeRow>& rows)
+void DownloadBar::ask(const QList<kx::RecipeRow>& rows, bool losesValues)
 {
-    m_question->setText(tr("Send %n value(s) to %1? They replace those in the controller.", nullptr,
-                           static_cast<int>(rows.size()))
-                            .arg(stationsOf(rows)));
+    const QString question = tr("Send %n value(s) to %1? They replace those in the controller.",
+                                nullptr, static_cast<int>(rows.size()))
+                                 .arg(stationsOf(rows));
+    m_question->setText(
+        losesValues ? tr("%1 What was read from it before is not saved.").arg(question) : question);
     show();
     m_cancel->setFocus();
 }

@@ -20,7 +20,8 @@ class DownloadBar : public QFrame
 public:
     explicit DownloadBar(QWidget* parent = nullptr);
 
-    void ask(const QList<kx::RecipeRow>& rows);
+    /// @param losesValues what was read from the controllers before is in no file
+    void ask(const QList<kx::RecipeRow>& rows, bool losesValues);
 
 signals:
     /// A person wants it. The bar is hidden then.

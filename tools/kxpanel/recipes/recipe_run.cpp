@@ -60,12 +60,6 @@ void RecipeRun::abort()
         m_machine->abortJob(m_ticket);
 }
 
-void RecipeRun::discard()
-{
-    abort();
-    m_ticket = 0;
-}
-
 void RecipeRun::onJobEnded(int ticket, const kx::Failure& failure)
 {
     if (!isRunning() || ticket != m_ticket)

@@ -27,7 +27,7 @@ struct RecipeOutcome {
 
 /// Takes recipes to and from the controllers, one at a time, in the machine's thread.
 ///
-///     idle --start()--> running --done, failed, abort(), discard(), line closed--> idle
+///     idle --start()--> running --done, failed, abort(), line closed--> idle
 ///
 /// ended() comes once for each start(), never before that returns.
 class RecipeRun : public QObject
@@ -41,8 +41,6 @@ public:
     /// Nothing happens while one is running.
     void start(kx::RecipeDirection direction, const QList<kx::RecipeRow>& rows);
     void abort();
-    /// The same, and ended() does not come.
-    void discard();
     bool isRunning() const { return m_ticket != 0; }
 
 signals:

@@ -1,6 +1,7 @@
 #include "kxpanel/recipes/recipes_page.h"
 
 #include "kxpanel/exchanges/exchange_verdict.h"
+#include "kxpanel/machine/machine.h"
 #include "kxpanel/recipes/download_bar.h"
 #include "kxpanel/recipes/recipe_model.h"
 #include "kxpanel/recipes/recipe_order.h"
@@ -8,7 +9,6 @@
 #include "kxpanel/recipes/transfer_bar.h"
 #include "kxpanel/recipes/transfer_texts.h"
 #include "kxpanel/tags/tag_list.h"
-#include "panel/recipe/recipe_layout.h"
 #include "panel/recipe/recipe_storage.h"
 
 #include <QtCore/QFileInfo>
@@ -43,6 +43,7 @@ RecipesPage::RecipesPage(const PageContext& context, QWidget* parent)
         connect(m_run, &RecipeRun::ended, this, &RecipesPage::onEnded);
         connect(m_run, &RecipeRun::progress, m_progress, &TransferBar::setProgress);
         connect(m_progress, &TransferBar::aborted, m_run, &RecipeRun::abort);
+        connect(context.machine, &Machine::lineChanged, this, &RecipesPage::onLineChanged);
     }
     QToolBar* const bar = makeActions();
     m_fault->setWordWrap(true);
@@ -58,7 +59,6 @@ RecipesPage::RecipesPage(const PageContext& context, QWidget* parent)
     box->addWidget(m_counts);
     connect(m_question, &DownloadBar::confirmed, this, &RecipesPage::download);
     connect(m_question, &DownloadBar::cancelled, m_table, qOverload<>(&QWidget::setFocus));
-    connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, this, &Page::layoutChanged);
     setFocusProxy(m_table);
     complain(QString());
     refresh();
@@ -112,62 +112,15 @@ void RecipesPage::reload()
 
 void RecipesPage::close()
 {
-    if (m_run)
-        m_run->discard();
+    leaveTransfer();
     m_question->hide();
-    m_isCheckingDownload = false;
     m_isOpen = false;
     m_path.clear();
     m_file = kx::RecipeFile();
     m_model->setRows({});
+    m_isUnsaved = false;
     complain(QString());
     refresh();
-}
-
-void RecipesPage::read()
-{
-    start(kx::RecipeDirection::Upload);
-}
-
-void RecipesPage::askToDownload()
-{
-    QString error;
-    if (!kx::canBeDownloaded(m_model->rows(), &error))
-        return complain(tr("Nothing was sent: %1").arg(error));
-    complain(QString());
-    m_question->ask(m_model->rows());
-}
-
-void RecipesPage::download()
-{
-    m_model->setValues({}); // they will be others
-    start(kx::RecipeDirection::Download);
-}
-
-void RecipesPage::start(kx::RecipeDirection direction)
-{
-    complain(QString());
-    m_question->hide();
-    m_progress->begin(direction);
-    m_run->start(direction, m_model->rows());
-    refresh();
-}
-
-void RecipesPage::onEnded(const RecipeOutcome& outcome)
-{
-    const bool isGood = outcome.fault.isEmpty();
-    const bool wasChecking = m_isCheckingDownload;
-    m_isCheckingDownload = isGood && outcome.direction == kx::RecipeDirection::Download;
-    if (m_isCheckingDownload)
-        return start(kx::RecipeDirection::Upload);
-    m_model->setValues(outcome.values);
-    refresh();
-    if (!isGood)
-        complain(wasChecking ? tr("All was sent, but not compared. %1").arg(failureWords(outcome))
-                             : failureWords(outcome));
-    else
-        emit said(wasChecking ? tr("Sent and read again: %1").arg(m_counts->text())
-                              : tr("Read: %1").arg(m_counts->text()));
 }
 
 void RecipesPage::askWhereToSave()
@@ -188,6 +141,8 @@ void RecipesPage::save(const QString& path)
         return;
     if (!kx::replaceRecipeFile(path, m_file.withValues(m_model->values()), &error))
         return complain(error);
+    m_isUnsaved = false;
+    refresh();
     complain(QString());
     emit said(tr("%n value(s) saved in %1", nullptr, m_model->rowCount()).arg(path));
 }
@@ -212,29 +167,43 @@ void RecipesPage::refresh()
     for (QAction* const action : {m_read, m_download})
         action->setEnabled(m_isOpen && !isRunning && m_run);
     m_save->setEnabled(m_model->isRead() && !isRunning);
-    m_counts->setText(m_isOpen ? QStringLiteral("%1: %2").arg(QFileInfo(m_path).fileName(),
-                                                              comparisonWords(*m_model))
+    m_counts->setText(m_isOpen ? countsText()
                                : tr("Open a recipe to compare it with the controller."));
+}
+
+QString RecipesPage::countsText() const
+{
+    QString text =
+        QStringLiteral("%1: %2").arg(QFileInfo(m_path).fileName(), comparisonWords(*m_model));
+    if (m_model->isRead() && m_readFrom != m_line)
+        text += tr("; read from %1").arg(m_readFrom);
+    return m_isUnsaved ? text + tr("; what was read is not saved") : text;
 }
 
 QJsonObject RecipesPage::layout() const
 {
-    const QByteArray columns = m_table->horizontalHeader()->saveState().toBase64();
     return {{QStringLiteral("file"), m_path},
-            {QStringLiteral("differencesOnly"), m_differencesOnly->isChecked()},
-            {QStringLiteral("columns"), QString::fromLatin1(columns)}};
+            {QStringLiteral("differencesOnly"), m_differencesOnly->isChecked()}};
 }
 
 void RecipesPage::setLayout(const QJsonObject& layout)
 {
-    const QString columns = layout.value(QStringLiteral("columns")).toString();
-    m_table->horizontalHeader()->restoreState(QByteArray::fromBase64(columns.toLatin1()));
     m_differencesOnly->setChecked(layout.value(QStringLiteral("differencesOnly")).toBool());
     close();
     m_path = layout.value(QStringLiteral("file")).toString();
     if (!m_path.isEmpty())
         take(m_path);
     refresh();
+}
+
+QByteArray RecipesPage::place() const
+{
+    return m_table->horizontalHeader()->saveState();
+}
+
+void RecipesPage::setPlace(const QByteArray& place)
+{
+    m_table->horizontalHeader()->restoreState(place);
 }
 
 } // namespace kxpanel

@@ -14,6 +14,7 @@ namespace kxpanel
 {
 
 class DownloadBar;
+struct LineStatus;
 class RecipeModel;
 class RecipeOrder;
 class TransferBar;
@@ -29,6 +30,8 @@ public:
     QString key() const override { return QStringLiteral("recipes"); }
     QJsonObject layout() const override;
     void setLayout(const QJsonObject& layout) override;
+    QByteArray place() const override;
+    void setPlace(const QByteArray& place) override;
 
     /// Shows a file instead of the one that is open; what is wrong with it is said in the page, and
     /// the one that is open stays.
@@ -52,6 +55,11 @@ private:
     void save(const QString& path);
     void start(kx::RecipeDirection direction);
     void onEnded(const RecipeOutcome& outcome);
+    /// Ends one that runs: its file is shown no more.
+    void leaveTransfer();
+    void onLeftEnded(const RecipeOutcome& outcome);
+    void onLineChanged(const LineStatus& status);
+    QString countsText() const;
     /// @param fault one line; empty takes it away
     void complain(const QString& fault);
     void close();
@@ -66,6 +74,10 @@ private:
     bool m_isOpen = false;
     int m_station = 1;
     bool m_isCheckingDownload = false; ///< what is read is compared with what was just sent
+    bool m_isUnsaved = false;          ///< what was read is in no file
+    QString m_left;     ///< name of a file that is shown no more, while its transfer ends; or empty
+    QString m_line;     ///< name of the one that was open last
+    QString m_readFrom; ///< of the one that the values came over
     QAction* m_open = nullptr;
     QAction* m_reload = nullptr;
     QAction* m_read = nullptr;

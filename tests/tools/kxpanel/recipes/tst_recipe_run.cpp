@@ -21,7 +21,6 @@ private slots:
     void withoutALineNothingIsBegun();
     void aValueThatFitsNoRequestIsRefused();
     void anAbortEndsIt();
-    void discardedItTellsNothing();
     void anotherJobIsNotItsOwn();
 
 private:
@@ -144,17 +143,6 @@ void RecipeRunTest::anAbortEndsIt()
     QCOMPARE(m_ends.first().fault, QString("cancelled"));
     QTest::qWait(50);
     QCOMPARE(m_ends.size(), 1);
-}
-
-void RecipeRunTest::discardedItTellsNothing()
-{
-    openLine();
-    m_run->start(kx::RecipeDirection::Upload, recipeRows());
-    m_run->discard();
-    QVERIFY(!m_run->isRunning());
-    QTRY_COMPARE(m_log->ends, 1);
-    QCOMPARE(m_ends.size(), 0);
-    QCOMPARE(run(kx::RecipeDirection::Upload, recipeRows()).values, simulatedValues());
 }
 
 void RecipeRunTest::anotherJobIsNotItsOwn()

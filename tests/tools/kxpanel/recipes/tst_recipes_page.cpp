@@ -4,6 +4,7 @@
 #include "kxpanel/tags/tag_list.h"
 #include "tools/kxpanel/machine_fixture.h"
 #include "tools/kxpanel/recipes/recipe_samples.h"
+#include "tools/kxsim/kxsim_process.h"
 
 #include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
 #include <QtCore/QFile>
@@ -36,7 +37,13 @@ private slots:
     void rowsMayNameTags();
     void withoutALineItSaysSo();
     void abortsByKey();
+    void tellsThatTheControllerHasOtherValues();
+    void tellsThatWhatWasReadIsNotSaved();
+    void anotherFileEndsADownloadAloud();
+    void theQuestionGoesWithItsLine();
+    void tellsOfWhichLineTheValuesAre();
     void keepsFileAndFilterInAProject();
+    void columnsAreOfThisComputer();
     void aMissingFileOfAProjectIsKept();
     void allCanBeNamed();
 
@@ -128,7 +135,8 @@ void RecipesPageTest::comparesWithTheController()
                                     "1300 mm", "1200 mm"}));
     QCOMPARE(cells(2), (QStringList{"= same", "Limit", "1", "D110", "650 mm", "650 mm"}));
     QCOMPARE(counts(),
-             QString("filling.csv: 5 value(s), 1 differ(s), 1 not in the file, 3 the same"));
+             QString("filling.csv: 5 value(s), 1 differ(s), 1 not in the file, 3 the same; what "
+                     "was read is not saved"));
     press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(m_table->model()->rowCount(), 1);
 }
@@ -245,20 +253,110 @@ void RecipesPageTest::abortsByKey()
         fault(), QString::fromUtf8("✗ Reading stopped after 0 of 1 request(s): cancelled"), 20000);
 }
 
+void RecipesPageTest::tellsThatTheControllerHasOtherValues()
+{
+    // What is written to a wave is gone at once.
+    const KxsimProcess simulator({"--still", "--wave", "D111=7..8/1000s"});
+    m_thread->machine()->openLine(serialPort(simulator.portName()));
+    QTRY_VERIFY(m_log->states.contains(QStringLiteral("open")));
+    m_page->open(store("name,address,value\nSecond limit,D111,1300\nLamp,M20,0\n"));
+    press(Qt::Key_D);
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    press(Qt::Key_Space, Qt::NoModifier);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        fault(),
+        QString::fromUtf8("✗ All was sent, but the controller has 1 other value(s) than were sent"),
+        20000);
+}
+
+void RecipesPageTest::tellsThatWhatWasReadIsNotSaved()
+{
+    connectLine();
+    m_page->open(store("name,address,value\nSecond limit,D111,1300\n"));
+    press(Qt::Key_R);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        counts(), QString("filling.csv: 1 value(s), 1 differ(s); what was read is not saved"),
+        20000);
+    press(Qt::Key_D);
+    const auto* question = m_page->findChild<QLabel*>("question");
+    QCOMPARE(question->text(),
+             QString("Send 1 value(s) to station 1? They replace those in the controller. What was "
+                     "read from it before is not saved."));
+    press(Qt::Key_Escape, Qt::NoModifier);
+    press(Qt::Key_E);
+    emit m_page->findChild<QFileDialog*>()->fileSelected(m_folder.filePath("saved.csv"));
+    QCOMPARE(counts(), QString("filling.csv: 1 value(s), 1 differ(s)"));
+    press(Qt::Key_D);
+    QVERIFY(question->text().endsWith("They replace those in the controller."));
+}
+
+void RecipesPageTest::anotherFileEndsADownloadAloud()
+{
+    connectLine();
+    m_page->open(store("name,station,address,value\nFar,9,D0,1\n", "far.csv")); // no such station
+    press(Qt::Key_D);
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    press(Qt::Key_Space, Qt::NoModifier);
+    m_page->setLayout({{"file", store(RECIPE)}}); // a project is opened
+    // Whether the request was on the line already is a matter of time.
+    const QString cancelled =
+        QString::fromUtf8("✗ far.csv: Download stopped after 0 of 1 request(s): cancelled");
+    QTRY_VERIFY_WITH_TIMEOUT(fault().startsWith(cancelled), 20000);
+    QCOMPARE(m_table->model()->rowCount(), 5);
+    press(Qt::Key_R); // of the one that is open now
+    QTRY_VERIFY_WITH_TIMEOUT(counts().contains("3 the same"), 20000);
+}
+
+void RecipesPageTest::theQuestionGoesWithItsLine()
+{
+    connectLine();
+    m_page->open(store("name,address,value\nSecond limit,D111,1300\n"));
+    press(Qt::Key_D);
+    const auto* question = m_page->findChild<QLabel*>("question");
+    QVERIFY(question->isVisible());
+    m_thread->machine()->closeLine();
+    QTRY_VERIFY(!question->isVisible());
+}
+
+void RecipesPageTest::tellsOfWhichLineTheValuesAre()
+{
+    connectLine();
+    m_page->open(store("name,address,value\nLimit,D110,650\n"));
+    press(Qt::Key_R);
+    QTRY_COMPARE_WITH_TIMEOUT(counts(), QString("filling.csv: 1 value(s), 1 the same"), 20000);
+    LineStatus other;
+    other.state = LineState::Open;
+    other.name = QString("/dev/ttyUSB0");
+    emit m_thread->machine()->lineChanged(other);
+    QTRY_VERIFY2(counts().startsWith("filling.csv: 1 value(s), 1 the same; read from simulated "
+                                     "controller"),
+                 qPrintable(counts()));
+}
+
 void RecipesPageTest::keepsFileAndFilterInAProject()
 {
     m_page->open(store(RECIPE));
-    m_table->horizontalHeader()->resizeSection(1, 321);
     press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
     RecipesPage other((PageContext()));
     other.setLayout(m_page->layout());
     const auto* table = other.findChild<QTableView*>();
-    QCOMPARE(table->columnWidth(1), 321);
     QCOMPARE(table->model()->rowCount(), 0); // nothing differs yet
     QCOMPARE(other.layout().value("file").toString(), m_folder.filePath("filling.csv"));
     QCOMPARE(other.layout().value("differencesOnly").toBool(), true);
     other.setLayout({});
     QCOMPARE(other.layout().value("file").toString(), QString());
+}
+
+void RecipesPageTest::columnsAreOfThisComputer()
+{
+    QSignalSpy changed(m_page.get(), &Page::layoutChanged);
+    const QJsonObject layout = m_page->layout();
+    m_table->horizontalHeader()->resizeSection(1, 321);
+    QCOMPARE(changed.count(), 0); // no project has them
+    QCOMPARE(m_page->layout(), layout);
+    RecipesPage other((PageContext()));
+    other.setPlace(m_page->place());
+    QCOMPARE(other.findChild<QTableView*>()->columnWidth(1), 321);
 }
 
 void RecipesPageTest::aMissingFileOfAProjectIsKept()

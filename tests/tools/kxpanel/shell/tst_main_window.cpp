@@ -19,12 +19,14 @@
 #include <QtGui/QScreen>
 #include <QtTest/QTest>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabWidget>
+#include <QtWidgets/QTableView>
 
 #include <csignal>
 
@@ -51,6 +53,7 @@ private slots:
     void settingsThatCannotBeKeptAreSaid();
     void aFileOfAnyNameIsNamedRightly();
     void placeAndThemeAreKept();
+    void columnsAreKeptOnThisComputer();
     void pagesHaveShortcuts();
     void noShortcutIsTwice();
     void everyControlHasAName();
@@ -359,6 +362,24 @@ void MainWindowTest::placeAndThemeAreKept()
     action("System's")->trigger();
     QVERIFY(QApplication::palette().color(QPalette::Window)
             != darkPalette().color(QPalette::Window));
+}
+
+void MainWindowTest::columnsAreKeptOnThisComputer()
+{
+    m_window->begin(WindowOptions());
+    const auto header = [this](const char* page) {
+        return m_window->page(QString(page))->findChild<QTableView*>()->horizontalHeader();
+    };
+    for (const char* const page : {"frames", "recipes"})
+        header(page)->resizeSection(1, 234);
+    m_window->tags()->insert(0, {watched(1, "D100").tag}); // the project is looked at
+    QTRY_VERIFY(m_window->isWindowModified());
+    m_window->tags()->setValues({});
+    QTRY_VERIFY(!m_window->isWindowModified()); // it is as it was, whatever widths columns have
+    m_window->close();
+    makeWindow();
+    for (const char* const page : {"frames", "recipes"})
+        QCOMPARE(header(page)->sectionSize(1), 234);
 }
 
 void MainWindowTest::pagesHaveShortcuts()
