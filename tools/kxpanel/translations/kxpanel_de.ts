@@ -374,6 +374,17 @@
         <source>Line used %1 %: sent %2 %, waited %3 %, received %4 %, silence %5 %</source>
         <translation>Leitung zu %1 % belegt: gesendet %2 %, gewartet %3 %, empfangen %4 %, Ruhe %5 %</translation>
     </message>
+    <message numerus="yes">
+        <source>%n byte(s) came</source>
+        <translation>
+            <numerusform>%n Byte kam</numerusform>
+            <numerusform>%n Bytes kamen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Waited for replies %1 %, silence %2 %</source>
+        <translation>Auf Antworten gewartet %1 %, Ruhe %2 %</translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::DownloadBar</name>
@@ -407,6 +418,10 @@
             <numerusform>%n Wert an %1 senden? Er ersetzt den in der Steuerung.</numerusform>
             <numerusform>%n Werte an %1 senden? Sie ersetzen die in der Steuerung.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>%1 What was read from it before is not saved.</source>
+        <translation>%1 Was zuvor daraus gelesen wurde, ist nicht gespeichert.</translation>
     </message>
 </context>
 <context>
@@ -452,6 +467,77 @@
     <message>
         <source>%1 ms</source>
         <translation>%1 ms</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::FilterBar</name>
+    <message>
+        <source>All stations</source>
+        <translation>Alle Stationen</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Show the exchanges of one station</source>
+        <translation>Den Austausch mit einer Station zeigen</translation>
+    </message>
+    <message>
+        <source>All types</source>
+        <translation>Alle Arten</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Show requests of one type</source>
+        <translation>Anfragen einer Art zeigen</translation>
+    </message>
+    <message>
+        <source>All outcomes</source>
+        <translation>Alle Ergebnisse</translation>
+    </message>
+    <message>
+        <source>Accepted</source>
+        <translation>Angenommen</translation>
+    </message>
+    <message>
+        <source>Not accepted</source>
+        <translation>Nicht angenommen</translation>
+    </message>
+    <message>
+        <source>Repeated</source>
+        <translation>Wiederholt</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Show the exchanges that ended so</source>
+        <translation>Den Austausch zeigen, der so endete</translation>
+    </message>
+    <message>
+        <source>Request, such as D100</source>
+        <translation>Anfrage, etwa D100</translation>
+    </message>
+    <message>
+        <source>Text in the request</source>
+        <translation>Text in der Anfrage</translation>
+    </message>
+    <message>
+        <source>Show requests with this text, such as D100 or write</source>
+        <translation>Anfragen mit diesem Text zeigen, etwa D100 oder write</translation>
+    </message>
+    <message>
+        <source>Station %1</source>
+        <translation>Station %1</translation>
     </message>
 </context>
 <context>
@@ -630,70 +716,6 @@
         <translation>Felder und Bytes des ausgewählten Austauschs</translation>
     </message>
     <message>
-        <source>All stations</source>
-        <translation>Alle Stationen</translation>
-    </message>
-    <message>
-        <source>Station</source>
-        <translation>Station</translation>
-    </message>
-    <message>
-        <source>Show the exchanges of one station</source>
-        <translation>Den Austausch mit einer Station zeigen</translation>
-    </message>
-    <message>
-        <source>All types</source>
-        <translation>Alle Arten</translation>
-    </message>
-    <message>
-        <source>Type</source>
-        <translation>Art</translation>
-    </message>
-    <message>
-        <source>Show requests of one type</source>
-        <translation>Anfragen einer Art zeigen</translation>
-    </message>
-    <message>
-        <source>All outcomes</source>
-        <translation>Alle Ergebnisse</translation>
-    </message>
-    <message>
-        <source>Accepted</source>
-        <translation>Angenommen</translation>
-    </message>
-    <message>
-        <source>Not accepted</source>
-        <translation>Nicht angenommen</translation>
-    </message>
-    <message>
-        <source>Repeated</source>
-        <translation>Wiederholt</translation>
-    </message>
-    <message>
-        <source>Failed</source>
-        <translation>Fehlgeschlagen</translation>
-    </message>
-    <message>
-        <source>Outcome</source>
-        <translation>Ergebnis</translation>
-    </message>
-    <message>
-        <source>Show the exchanges that ended so</source>
-        <translation>Den Austausch zeigen, der so endete</translation>
-    </message>
-    <message>
-        <source>Request, such as D100</source>
-        <translation>Anfrage, etwa D100</translation>
-    </message>
-    <message>
-        <source>Text in the request</source>
-        <translation>Text in der Anfrage</translation>
-    </message>
-    <message>
-        <source>Show requests with this text, such as D100 or write</source>
-        <translation>Anfragen mit diesem Text zeigen, etwa D100 oder write</translation>
-    </message>
-    <message>
         <source>Find</source>
         <translation>Suchen</translation>
     </message>
@@ -730,16 +752,8 @@
         <translation>Austausch</translation>
     </message>
     <message>
-        <source>Station %1</source>
-        <translation>Station %1</translation>
-    </message>
-    <message>
         <source>%1 of %2 exchanges shown</source>
         <translation>%1 von %2 Telegrammpaaren gezeigt</translation>
-    </message>
-    <message>
-        <source>; paused, %1 more have come</source>
-        <translation>; angehalten, %1 weitere sind gekommen</translation>
     </message>
     <message>
         <source>Save frames</source>
@@ -755,6 +769,14 @@
             <numerusform>%n Telegrammpaar in %1 gespeichert</numerusform>
             <numerusform>%n Telegrammpaare in %1 gespeichert</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>; paused, %1 more wait</source>
+        <translation>; angehalten, %1 weitere warten</translation>
+    </message>
+    <message>
+        <source>; %1 had no room and were thrown away</source>
+        <translation>; für %1 war kein Platz, sie wurden verworfen</translation>
     </message>
 </context>
 <context>
@@ -1027,6 +1049,13 @@
             <numerusform>Leitung %n-mal wieder geöffnet</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n interval(s) missed</source>
+        <translation>
+            <numerusform>%n Abstand versäumt</numerusform>
+            <numerusform>%n Abstände versäumt</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::HistogramView</name>
@@ -1158,6 +1187,13 @@
     <message>
         <source>Predicted: nothing yet</source>
         <translation>Vorhergesagt: noch nichts</translation>
+    </message>
+    <message numerus="yes">
+        <source>; without %n silent station(s): %1</source>
+        <translation>
+            <numerusform>; ohne %n stumme Station: %1</numerusform>
+            <numerusform>; ohne %n stumme Stationen: %1</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1364,6 +1400,10 @@
         <source>Requests are as long as takes the least time</source>
         <translation>Anfragen sind so lang, wie es am wenigsten Zeit braucht</translation>
     </message>
+    <message>
+        <source>; paused, %1 more have come</source>
+        <translation>; angehalten, %1 weitere sind gekommen</translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::MachineJobs</name>
@@ -1426,6 +1466,10 @@
     <message>
         <source>%1 to %2</source>
         <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>, every %1 ms</source>
+        <translation>, alle %1 ms</translation>
     </message>
 </context>
 <context>
@@ -1687,6 +1731,25 @@
     <message>
         <source>Save the file with the controller&apos;s values</source>
         <translation>Die Datei mit den Werten der Steuerung speichern</translation>
+    </message>
+    <message>
+        <source>; read from %1</source>
+        <translation>; gelesen von %1</translation>
+    </message>
+    <message>
+        <source>; what was read is not saved</source>
+        <translation>; das Gelesene ist nicht gespeichert</translation>
+    </message>
+    <message numerus="yes">
+        <source>All was sent, but the controller has %n other value(s) than were sent</source>
+        <translation>
+            <numerusform>Alles wurde gesendet, aber die Steuerung hat %n anderen Wert als gesendet wurde</numerusform>
+            <numerusform>Alles wurde gesendet, aber die Steuerung hat %n andere Werte als gesendet wurden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 was sent</source>
+        <translation>%1 wurde gesendet</translation>
     </message>
 </context>
 <context>
