@@ -4,6 +4,7 @@
 #include "addresses/digits.h"
 #include "addresses/station_text.h"
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
@@ -26,7 +27,7 @@ bool takeType(const QString& name, AddressRange* range, QString* fault)
 {
     range->type = findRegisterType(name);
     return range->type
-           || fail(fault, QStringLiteral("unknown register type '%1'; the types are %2")
+           || fail(fault, Text::tr("unknown register type '%1'; the types are %2")
                               .arg(name, registerTypeNames()));
 }
 
@@ -42,15 +43,13 @@ bool parseNumber(const QString& digits, AddressRange* range, QString* fault)
 {
     const RegisterType* const type = range->type;
     if (!hasOnlyDigits(digits, type->radix))
-        return fail(fault,
-                    QStringLiteral("'%1' is not %2 number; the addresses are %3")
-                        .arg(digits,
-                             QString::fromLatin1(type->radix == 8 ? "an octal" : "a decimal"),
-                             addressesOf(type)));
+        return fail(fault, (type->radix == 8
+                                ? Text::tr("'%1' is not an octal number; the addresses are %2")
+                                : Text::tr("'%1' is not a decimal number; the addresses are %2"))
+                               .arg(digits, addressesOf(type)));
     range->address = numberOf(digits, type->radix);
     return (range->address >= type->lowestAddress && range->address <= highestAddress(type))
-           || fail(fault,
-                   QStringLiteral("out of range; the addresses are %1").arg(addressesOf(type)));
+           || fail(fault, Text::tr("out of range; the addresses are %1").arg(addressesOf(type)));
 }
 
 bool parseCount(const QString& digits, AddressRange* range, QString* fault)
@@ -59,18 +58,17 @@ bool parseCount(const QString& digits, AddressRange* range, QString* fault)
         return true;
     range->values = hasOnlyDigits(digits, 10) ? numberOf(digits, 10) : 0;
     if (range->values < 1)
-        return fail(fault, QStringLiteral("the count must be 1 or more"));
+        return fail(fault, Text::tr("the count must be 1 or more"));
     return range->values - 1 <= highestAddress(range->type) - range->address
-           || fail(fault,
-                   QStringLiteral("%1 values run past the last address; the addresses are %2")
-                       .arg(digits, addressesOf(range->type)));
+           || fail(fault, Text::tr("%1 values run past the last address; the addresses are %2")
+                              .arg(digits, addressesOf(range->type)));
 }
 
 bool parseStationOption(const QString& digits, AddressRange* range, QString* fault)
 {
     return digits.isNull() || parseStation(digits, &range->station)
            || fail(fault,
-                   QStringLiteral("the station must be %1 to %2")
+                   Text::tr("the station must be %1 to %2")
                        .arg(QString::number(LOWEST_STATION), QString::number(HIGHEST_STATION)));
 }
 
@@ -80,13 +78,12 @@ bool parseValue(const QString& digits, Assignment* assignment, QString* fault)
     const bool isNegative = digits.startsWith(QLatin1Char('-'));
     const int radix = isHex ? 16 : 10;
     if (!hasOnlyDigits(digits.mid(isHex ? 2 : isNegative ? 1 : 0), radix))
-        return fail(fault,
-                    QStringLiteral("'%1' is not a decimal or 0x hexadecimal number").arg(digits));
+        return fail(fault, Text::tr("'%1' is not a decimal or 0x hexadecimal number").arg(digits));
     bool fits = false;
     const qint64 value = digits.toLongLong(&fits, radix);
     const RegisterType* const type = assignment->range.type;
     if (!fits || value < lowestValue(type) || value > highestValue(type))
-        return fail(fault, QStringLiteral("%1 does not fit; %2 takes %3 to %4")
+        return fail(fault, Text::tr("%1 does not fit; %2 takes %3 to %4")
                                .arg(digits, QString::fromLatin1(type->name),
                                     QString::number(lowestValue(type)),
                                     QString::number(highestValue(type))));
@@ -127,9 +124,8 @@ bool parseAddress(const QString& typed, AddressRange* range, QString* fault)
     *range = AddressRange();
     AddressParts parts;
     if (!parseAddressParts(typed, &parts))
-        return fail(fault,
-                    QStringLiteral("not an address; write TYPENUMBER[:COUNT][@STATION] without "
-                                   "spaces, such as D100:4, X17 or 32CV200@2"));
+        return fail(fault, Text::tr("not an address; write TYPENUMBER[:COUNT][@STATION] without "
+                                    "spaces, such as D100:4, X17 or 32CV200@2"));
     return takeType(parts.type, range, fault) && parseNumber(parts.number, range, fault)
            && parseCount(parts.count, range, fault)
            && parseStationOption(parts.station, range, fault);
@@ -152,9 +148,9 @@ bool parseAssignment(const QString& whole, Assignment* assignment, QString* erro
 {
     const auto equals = whole.indexOf(QLatin1Char('='));
     if (equals < 0)
-        return fail(error, faultyText(whole, QStringLiteral(
-                                                 "not an assignment; write "
-                                                 "ADDRESS=VALUE[,VALUE...], such as D100=1234")));
+        return fail(error,
+                    faultyText(whole, Text::tr("not an assignment; write "
+                                               "ADDRESS=VALUE[,VALUE...], such as D100=1234")));
     *assignment = Assignment();
     const QString address = whole.left(equals);
     if (!parseAddressRange(address, &assignment->range, error))
@@ -172,10 +168,10 @@ QString addressText(const RegisterType* type, int address)
 
 QString addressesOf(const RegisterType* type)
 {
-    return QStringLiteral("%1%2 to %1%3 (%4)")
+    return (type->radix == 8 ? Text::tr("%1%2 to %1%3 (octal)")
+                             : Text::tr("%1%2 to %1%3 (decimal)"))
         .arg(QString::fromLatin1(type->name), QString::fromLatin1(type->lowest),
-             QString::fromLatin1(type->highest),
-             QString::fromLatin1(type->radix == 8 ? "octal" : "decimal"));
+             QString::fromLatin1(type->highest));
 }
 
 QString registerTypeNames()

@@ -1,11 +1,24 @@
 #include "addresses/modbus_span.h"
 
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QStringList>
 
 namespace kx
 {
+
+namespace
+{
+
+QString namedText(const RegisterType* type, bool isOne)
+{
+    if (type->registerClass == BIT_CLASS)
+        return isOne ? Text::tr("coil %1") : Text::tr("coils %1");
+    return isOne ? Text::tr("holding register %1") : Text::tr("holding registers %1");
+}
+
+} // namespace
 
 QList<ModbusSpan> modbusSpans(const AddressRange& range)
 {
@@ -24,13 +37,10 @@ QString modbusText(const RegisterType* type, const QList<ModbusSpan>& spans)
 {
     QStringList numbers;
     for (const ModbusSpan& span : spans)
-        numbers << (span.first == span.last
-                        ? QString::number(span.first)
-                        : QStringLiteral("%1 to %2").arg(span.first).arg(span.last));
+        numbers << (span.first == span.last ? QString::number(span.first)
+                                            : Text::tr("%1 to %2").arg(span.first).arg(span.last));
     const bool isOne = spans.size() == 1 && spans.first().first == spans.first().last;
-    return QStringLiteral("%1%2 %3").arg(
-        QLatin1String(type->registerClass == BIT_CLASS ? "coil" : "holding register"),
-        QLatin1String(isOne ? "" : "s"), numbers.join(QLatin1String(" and ")));
+    return namedText(type, isOne).arg(numbers.join(Text::tr(" and ")));
 }
 
 int readFunction(const RegisterType* type)

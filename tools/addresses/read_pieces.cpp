@@ -1,6 +1,7 @@
 #include "addresses/read_pieces.h"
 
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -27,7 +28,7 @@ int addressesPerRead(const RegisterType* type, int maxWords)
 
 QString tooLongText(const RegisterType* type, int maxWords)
 {
-    return QStringLiteral("a %1 takes %2 registers; raise --max-words, which is %3")
+    return Text::tr("a %1 takes %2 registers; raise --max-words, which is %3")
         .arg(QLatin1String(type->name), QString::number(registersPerAddress(type)),
              QString::number(maxWords));
 }

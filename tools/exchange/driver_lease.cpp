@@ -1,5 +1,7 @@
 #include "exchange/driver_lease.h"
 
+#include "system/translated_text.h"
+
 #include <atomic>
 
 namespace kx
@@ -22,7 +24,7 @@ DriverLease::~DriverLease()
 
 QString DriverLease::refusal()
 {
-    return QStringLiteral("the driver is in use in this process; end its session first");
+    return Text::tr("the driver is in use in this process; end its session first");
 }
 
 } // namespace kx

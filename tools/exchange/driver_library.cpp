@@ -1,5 +1,7 @@
 #include "exchange/driver_library.h"
 
+#include "system/translated_text.h"
+
 #include <QtCore/QLibrary>
 
 namespace kx
@@ -58,7 +60,7 @@ bool loadDriver(const QString& fileName, DriverEntryPoints* entryPoints, QString
 {
     QLibrary library(fileName);
     if (!library.load()) {
-        *error = QStringLiteral("%1: cannot load the driver library: %2")
+        *error = Text::tr("%1: cannot load the driver library: %2")
                      .arg(fileName, library.errorString().simplified());
         return false;
     }
@@ -66,8 +68,8 @@ bool loadDriver(const QString& fileName, DriverEntryPoints* entryPoints, QString
     Resolver resolver(&library);
     resolveAll(&resolver, &found);
     if (!resolver.missing().isEmpty()) {
-        *error = QStringLiteral("%1: not the driver library: it has no %2")
-                     .arg(fileName, resolver.missing());
+        *error =
+            Text::tr("%1: not the driver library: it has no %2").arg(fileName, resolver.missing());
         return false;
     }
     *entryPoints = found;

@@ -7,6 +7,7 @@
 #include "panel/text/counted.h"
 #include "panel/text/frame_text.h"
 #include "panel/text/json_time.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QJsonArray>
 
@@ -133,12 +134,14 @@ QString actionText(const HeardExchange& exchange)
 {
     const HeardAction action = actionOf(exchange.request.bytes);
     if (action == HeardAction::Other)
-        return QStringLiteral("function %1").arg(functionOf(exchange.request.bytes));
+        return Text::tr("function %1").arg(functionOf(exchange.request.bytes));
     QStringList ranges;
     for (const HeardRange& range : rangesOf(exchange))
         ranges << rangeText(range);
-    return QLatin1String(action == HeardAction::Read ? "read " : "write ")
-           + (ranges.isEmpty() ? QStringLiteral("nothing") : ranges.join(QLatin1String(", ")));
+    if (ranges.isEmpty())
+        return action == HeardAction::Read ? Text::tr("read nothing") : Text::tr("write nothing");
+    return (action == HeardAction::Read ? Text::tr("read %1") : Text::tr("write %1"))
+        .arg(ranges.join(QLatin1String(", ")));
 }
 
 QString millisecondsText(qint64 microseconds)

@@ -1,6 +1,7 @@
 #include "recording/recorded.h"
 
 #include "panel/values/decimal.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QLocale>
 
@@ -16,10 +17,22 @@ struct ReasonText {
 };
 
 const ReasonText REASONS[] = {
-    {GapReason::NotYetRead, "not yet read"}, {GapReason::NotRead, "not read"},
-    {GapReason::NoAnswer, "no answer"},      {GapReason::Refused, "refused"},
-    {GapReason::LineLost, "line lost"},      {GapReason::RecorderStopped, "recorder stopped"},
+    {GapReason::NotYetRead, QT_TRANSLATE_NOOP("kx", "not yet read")},
+    {GapReason::NotRead, QT_TRANSLATE_NOOP("kx", "not read")},
+    {GapReason::NoAnswer, QT_TRANSLATE_NOOP("kx", "no answer")},
+    {GapReason::Refused, QT_TRANSLATE_NOOP("kx", "refused")},
+    {GapReason::LineLost, QT_TRANSLATE_NOOP("kx", "line lost")},
+    {GapReason::RecorderStopped, QT_TRANSLATE_NOOP("kx", "recorder stopped")},
 };
+
+const char* textOf(GapReason reason)
+{
+    for (const ReasonText& row : REASONS) {
+        if (row.reason == reason)
+            return row.text;
+    }
+    return "";
+}
 
 } // namespace
 
@@ -46,11 +59,12 @@ bool RecordedValue::operator==(const RecordedValue& other) const
 
 QString gapText(GapReason reason)
 {
-    for (const ReasonText& row : REASONS) {
-        if (row.reason == reason)
-            return QString::fromLatin1(row.text);
-    }
-    return QString();
+    return forPrograms(textOf(reason));
+}
+
+QString gapWords(GapReason reason)
+{
+    return forPeople(textOf(reason));
 }
 
 bool parseGapText(const QString& text, GapReason* reason)

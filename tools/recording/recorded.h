@@ -31,8 +31,12 @@ struct RecordedValue {
 /// Why a tag has no value. NotRead: not since the sample before, and no failure is known.
 enum class GapReason { NotYetRead, NotRead, NoAnswer, Refused, LineLost, RecorderStopped };
 
-/// "not yet read", "not read", "no answer", "refused", "line lost", "recorder stopped".
+/// As files hold it: "not yet read", "not read", "no answer", "refused", "line lost", "recorder
+/// stopped".
 QString gapText(GapReason reason);
+
+/// The same for people.
+QString gapWords(GapReason reason);
 
 /// False when no reason is called so.
 bool parseGapText(const QString& text, GapReason* reason);

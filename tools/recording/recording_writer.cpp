@@ -2,6 +2,7 @@
 
 #include "recording/csv/csv_recording_writer.h"
 #include "recording/sqlite/sqlite_recording_writer.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -26,7 +27,7 @@ bool RecordingWriter::lock(const QFile& file, QString* fault)
 {
     if (flock(file.handle(), LOCK_EX | LOCK_NB) == 0)
         return true;
-    *fault = QStringLiteral("another program records into it");
+    *fault = Text::tr("another program records into it");
     return false;
 }
 

@@ -1,5 +1,7 @@
 #include "system/character_format.h"
 
+#include "system/translated_text.h"
+
 #include <QtCore/QStringList>
 
 namespace kx
@@ -11,7 +13,7 @@ bool parseParity(const QString& typed, char* parity, QString* error)
                                QStringLiteral("odd"),  QStringLiteral("n"),
                                QStringLiteral("e"),    QStringLiteral("o")};
     if (!names.contains(typed.toLower())) {
-        *error = QStringLiteral("--parity %1: must be none, even or odd").arg(typed);
+        *error = Text::tr("--parity %1: must be none, even or odd").arg(typed);
         return false;
     }
     *parity = typed.at(0).toUpper().toLatin1();
@@ -22,7 +24,7 @@ bool parseDataBits(const QString& typed, QString* error)
 {
     if (typed == QLatin1String("8"))
         return true;
-    *error = QStringLiteral("--data-bits %1: Modbus RTU needs 8 data bits").arg(typed);
+    *error = Text::tr("--data-bits %1: Modbus RTU needs 8 data bits").arg(typed);
     return false;
 }
 

@@ -1,5 +1,7 @@
 #include "system/port_access.h"
 
+#include "system/translated_text.h"
+
 #include <QtCore/QFile>
 
 #include <cerrno>
@@ -50,9 +52,9 @@ QString accessAdvice(const QString& device)
         return QString();
     // Nobody should join the group root, and some groups may do no more than others.
     if (status.st_gid == 0 || (status.st_mode & GROUP_READS_AND_WRITES) != GROUP_READS_AND_WRITES)
-        return QStringLiteral("; only its owner %1 may open it").arg(userName(status.st_uid));
-    return QStringLiteral("; it is for members of the group %1: sudo usermod -aG %1 $USER, then "
-                          "log in again")
+        return Text::tr("; only its owner %1 may open it").arg(userName(status.st_uid));
+    return Text::tr("; it is for members of the group %1: sudo usermod -aG %1 $USER, then "
+                    "log in again")
         .arg(groupName(status.st_gid));
 }
 

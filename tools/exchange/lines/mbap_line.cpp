@@ -1,6 +1,7 @@
 #include "exchange/lines/mbap_line.h"
 
 #include "exchange/lines/mbap_frames.h"
+#include "system/translated_text.h"
 
 #include <utility>
 
@@ -85,7 +86,7 @@ void MbapLine::giveUp()
 {
     m_received.clear();
     m_line->close();
-    emit failed(QStringLiteral("%1: what it sends is not Modbus TCP").arg(name()));
+    emit failed(Text::tr("%1: what it sends is not Modbus TCP").arg(name()));
 }
 
 } // namespace kx

@@ -2,6 +2,7 @@
 
 #include "exchange/lines/port_driver.h"
 #include "system/port_access.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -63,8 +64,8 @@ bool SerialLine::switchModes()
     QString error;
     if (m_modes.rs485 && !setRs485(m_port.handle(), m_modes, &error)) {
         close();
-        emit failed(QStringLiteral("%1: the port cannot switch an RS-485 transceiver: %2; without "
-                                   "--rs485 an adapter that switches by itself works")
+        emit failed(Text::tr("%1: the port cannot switch an RS-485 transceiver: %2; without "
+                             "--rs485 an adapter that switches by itself works")
                         .arg(m_name, error));
         return false;
     }
@@ -150,9 +151,10 @@ void SerialLine::onError(QSerialPort::SerialPortError error)
         return;
     const bool wasOpen = m_port.isOpen();
     // What the system says of a port that died depends on the call that met it first.
-    const QString reason = wasOpen ? QStringLiteral("the port was closed or unplugged")
-                                   : QStringLiteral("cannot open the port: %1")
-                                         .arg(m_port.errorString() + accessAdvice(m_name));
+    const QString reason =
+        wasOpen
+            ? Text::tr("the port was closed or unplugged")
+            : Text::tr("cannot open the port: %1").arg(m_port.errorString() + accessAdvice(m_name));
     close();
     emit failed(QStringLiteral("%1: %2").arg(m_name, reason));
 }

@@ -1,6 +1,7 @@
 #include "exchange/lines/tcp_line.h"
 
 #include "exchange/lines/gateway_address.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -44,7 +45,7 @@ void TcpLine::giveUp()
     if (m_connecting.interval() > 0)
         return m_connecting.start(0);
     m_socket.abort();
-    emit failed(QStringLiteral("%1: no connection within %2 seconds")
+    emit failed(Text::tr("%1: no connection within %2 seconds")
                     .arg(name(), QString::number(m_connectTimeout / 1000.0)));
 }
 
@@ -69,8 +70,8 @@ void TcpLine::onError(QAbstractSocket::SocketError error)
     const bool wasConnecting = m_connecting.isActive();
     const QString reason = m_socket.errorString();
     close();
-    emit failed(QString::fromLatin1(wasConnecting ? "%1: cannot connect: %2"
-                                                  : "%1: the connection is lost: %2")
+    emit failed((wasConnecting ? Text::tr("%1: cannot connect: %2")
+                               : Text::tr("%1: the connection is lost: %2"))
                     .arg(name(), reason));
 }
 

@@ -2,6 +2,7 @@
 
 #include "exchange/driver_library.h"
 #include "kxhost/commands/connection.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QFileInfo>
 
@@ -32,9 +33,10 @@ QString versionText()
 {
     QString file;
     QString error;
-    return QString::fromLatin1("kxhost " KX_VERSION "\nQt %1\ndriver library: ")
-               .arg(QLatin1String(qVersion()))
-           + (findDriver(&file, &error) ? file : error) + QLatin1Char('\n');
+    const QString driver =
+        Text::tr("driver library: %1").arg(findDriver(&file, &error) ? file : error);
+    return QStringLiteral("kxhost " KX_VERSION "\nQt %1\n%2\n")
+        .arg(QLatin1String(qVersion()), driver);
 }
 
 QJsonObject versionJson()

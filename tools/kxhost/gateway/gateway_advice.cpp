@@ -4,6 +4,7 @@
 #include "exchange/replies/reply_verdict.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -38,19 +39,18 @@ QString GatewayAdvice::text() const
     if (m_isUnderstood)
         return QString();
     if (m_sendsMbap)
-        return QStringLiteral("%1 answers with Modbus TCP frames; use --protocol tcp").arg(m_name);
+        return Text::tr("%1 answers with Modbus TCP frames; use --protocol tcp").arg(m_name);
     const bool isSilent = m_hasAsked && !m_sendsBytes;
     if (!m_isLost && !isSilent)
         return QString();
     const QString fact =
-        QString::fromLatin1(m_isLost ? "the connection to %1 is lost and no station "
-                                       "has answered"
-                                     : "nothing came from %1")
+        (m_isLost ? Text::tr("the connection to %1 is lost and no station has answered")
+                  : Text::tr("nothing came from %1"))
             .arg(m_name);
-    return fact
-           + QLatin1String(m_spoken == GatewayProtocol::Rtu
-                               ? "; if it is a Modbus TCP server, use --protocol tcp"
-                               : "; if it passes the serial line's bytes on, use --protocol rtu");
+    return (m_spoken == GatewayProtocol::Rtu
+                ? Text::tr("%1; if it is a Modbus TCP server, use --protocol tcp")
+                : Text::tr("%1; if it passes the serial line's bytes on, use --protocol rtu"))
+        .arg(fact);
 }
 
 void AdviceGiver::operator()(GatewayAdvice* advice) const

@@ -6,6 +6,7 @@
 #include "kxhost/terminal/exit_codes.h"
 #include "system/character_format.h"
 #include "system/repeated_option.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -44,6 +45,20 @@ QString parserFault(const QCommandLineParser& parser, const CommandHelp& help)
     return QStringLiteral("%1; kxhost %2 --help shows the options").arg(fault, command);
 }
 
+/// With places for the lowest and the highest.
+QString wholeNumberText(NumberUnit unit)
+{
+    switch (unit) {
+    case NumberUnit::Milliseconds:
+        return Text::tr("must be a whole number of milliseconds from %1 to %2");
+    case NumberUnit::Seconds:
+        return Text::tr("must be a whole number of seconds from %1 to %2");
+    case NumberUnit::None:
+        break;
+    }
+    return Text::tr("must be a whole number from %1 to %2");
+}
+
 /// Of all commands; every other option takes one value.
 QStringList repeatableOptions()
 {
@@ -78,7 +93,7 @@ QString exitCodesText()
 }
 
 bool parseNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
-                 int* number, QString* error, const char* unit)
+                 int* number, QString* error, NumberUnit unit)
 {
     const QString name = QString::fromLatin1(option);
     if (!parser.isSet(name))
@@ -89,9 +104,9 @@ bool parseNumber(const QCommandLineParser& parser, const char* option, int lowes
     const bool isNegative = typed.startsWith(QLatin1Char('-'));
     if (!isNumber || !hasOnlyDigits(typed.mid(isNegative ? 1 : 0), 10) || value < lowest
         || value > highest) {
-        const QString kind = unit ? QLatin1String(" of ") + QLatin1String(unit) : QString();
-        *error = QStringLiteral("--%1 %2: must be a whole number%3 from %4 to %5")
-                     .arg(name, typed, kind, QString::number(lowest), QString::number(highest));
+        const QString rule =
+            wholeNumberText(unit).arg(QString::number(lowest), QString::number(highest));
+        *error = QStringLiteral("--%1 %2: %3").arg(name, typed, rule);
         return false;
     }
     *number = value;

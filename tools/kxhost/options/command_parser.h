@@ -29,10 +29,12 @@ bool parseCommand(QCommandLineParser* parser, const QStringList& arguments, cons
 /// What each exit code means, for the help of the program.
 QString exitCodesText();
 
+/// What an option counts, for the line about it.
+enum class NumberUnit { None, Milliseconds, Seconds };
+
 /// The number that an option holds, in decimal digits, or one line in `*error`.
-/// @param unit for the line, such as "milliseconds"
 bool parseNumber(const QCommandLineParser& parser, const char* option, int lowest, int highest,
-                 int* number, QString* error, const char* unit = nullptr);
+                 int* number, QString* error, NumberUnit unit = NumberUnit::None);
 
 /// The number that --station holds, as parseNumber().
 bool parseStationOption(const QCommandLineParser& parser, int* station, QString* error);

@@ -3,6 +3,7 @@
 #include "kxhost/options/command_parser.h"
 #include "kxhost/options/length_options.h"
 #include "kxhost/options/port_options.h"
+#include "system/translated_text.h"
 
 #include <QtNetwork/QHostAddress>
 
@@ -97,9 +98,9 @@ bool parseProtocol(const QCommandLineParser& parser, ConnectionOptions* options,
     const QString typed = valueOf(parser, "protocol");
     const bool isTcp = typed == QLatin1String("tcp");
     if (!isTcp && typed != QLatin1String("rtu"))
-        *error = QStringLiteral("--protocol %1: must be rtu or tcp").arg(typed);
+        *error = Text::tr("--protocol %1: must be rtu or tcp").arg(typed);
     else if (!isSet(parser, "tcp"))
-        *error = QStringLiteral("--protocol needs --tcp; a serial line carries Modbus RTU");
+        *error = Text::tr("--protocol needs --tcp; a serial line carries Modbus RTU");
     if (!error->isEmpty() || !isTcp)
         return error->isEmpty();
     options->protocol = GatewayProtocol::Tcp;
@@ -115,9 +116,9 @@ bool parseGateway(const QCommandLineParser& parser, ConnectionOptions* options, 
     const QString text = valueOf(parser, "tcp");
     if (parseGatewayAddress(text, &options->gateway))
         return true;
-    *error = QStringLiteral("--tcp %1: must be HOST or HOST:PORT").arg(text);
+    *error = Text::tr("--tcp %1: must be HOST or HOST:PORT").arg(text);
     if (QHostAddress(text).protocol() == QAbstractSocket::IPv6Protocol)
-        *error += QStringLiteral("; write an IPv6 address in brackets, [%1]").arg(text);
+        *error = Text::tr("%1; write an IPv6 address in brackets, [%2]").arg(*error, text);
     return false;
 }
 
@@ -126,11 +127,11 @@ bool parseNumbers(const QCommandLineParser& parser, ConnectionOptions* options, 
     SessionSettings& session = options->session;
     return parseStationOption(parser, &options->station, error)
            && parseNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
-                          error, "milliseconds")
+                          error, NumberUnit::Milliseconds)
            && parseNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error,
-                          "milliseconds")
+                          NumberUnit::Milliseconds)
            && parseNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error,
-                          "milliseconds")
+                          NumberUnit::Milliseconds)
            && parseNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
            && parseLengthOptions(parser, &session, error);
 }
@@ -138,7 +139,7 @@ bool parseNumbers(const QCommandLineParser& parser, ConnectionOptions* options, 
 bool parsePatience(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     int seconds = 0;
-    if (!parseNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error, "seconds"))
+    if (!parseNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error, NumberUnit::Seconds))
         return false;
     options->patience = seconds * MILLISECONDS_PER_SECOND;
     return true;
@@ -148,7 +149,7 @@ bool parseFaults(const QCommandLineParser& parser, ConnectionOptions* options, Q
 {
     for (const char* const option : {"fault", "fault-seed", "fault-delay"}) {
         if (isSet(parser, option) && !options->simulate) {
-            *error = QStringLiteral("--%1 needs --simulate; kxsim has the same option")
+            *error = Text::tr("--%1 needs --simulate; kxsim has the same option")
                          .arg(QLatin1String(option));
             return false;
         }
@@ -174,8 +175,8 @@ bool parseLine(const QCommandLineParser& parser, ConnectionOptions* options, QSt
     const bool isNameless = isSet(parser, "port") && options->port.isEmpty();
     if (lines == 1 && !isNameless)
         return true;
-    *error = QLatin1String(lines > 1 ? "only one of --port, --tcp and --simulate can be used"
-                                     : "no line; name one with --port or --tcp, or use --simulate");
+    *error = lines > 1 ? Text::tr("only one of --port, --tcp and --simulate can be used")
+                       : Text::tr("no line; name one with --port or --tcp, or use --simulate");
     return false;
 }
 

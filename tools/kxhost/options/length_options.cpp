@@ -3,6 +3,7 @@
 #include "addresses/request_limits.h"
 #include "kxhost/options/command_parser.h"
 #include "panel/text/duration.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -27,7 +28,7 @@ bool parseLengthOptions(const QCommandLineParser& parser, SessionSettings* setti
     if (isAuto
         || parseNumber(parser, "max-words", 1, MOST_REGISTERS_PER_READ, &settings->maxWords, error))
         return true;
-    *error += QLatin1String(", or auto");
+    *error = Text::tr("%1, or auto").arg(*error);
     return false;
 }
 

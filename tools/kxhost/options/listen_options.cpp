@@ -63,7 +63,7 @@ bool parseListenOptions(const QCommandLineParser& parser, ListenOptions* options
     return parsePort(parser, options, error) && parseCapture(parser, options, error)
            && parseTiming(parser, &options->timing, &options->parity, error)
            && parseNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &options->replyTimeout, error,
-                          "milliseconds")
+                          NumberUnit::Milliseconds)
            && parseNumber(parser, "seconds", 1, LONGEST_LISTENING, &options->seconds, error);
 }
 

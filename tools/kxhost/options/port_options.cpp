@@ -1,6 +1,7 @@
 #include "kxhost/options/port_options.h"
 
 #include "addresses/digits.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -51,7 +52,7 @@ bool parseLowLatency(const QCommandLineParser& parser, PortModes* modes, QString
     modes->lowLatency = choice == QLatin1String("yes");
     if (modes->lowLatency || choice == QLatin1String("no"))
         return true;
-    *error = QStringLiteral("--low-latency %1: must be yes or no").arg(choice);
+    *error = Text::tr("--low-latency %1: must be yes or no").arg(choice);
     return false;
 }
 
@@ -62,14 +63,14 @@ bool parseRs485(const QCommandLineParser& parser, PortModes* modes, QString* err
     if (!modes->rs485)
         return true;
     if (!parser.isSet(QStringLiteral("port"))) {
-        *error = QStringLiteral("--rs485 needs --port");
+        *error = Text::tr("--rs485 needs --port");
         return false;
     }
     const QString mode = parser.value(option);
     for (const QString& part : mode.split(QLatin1Char(','))) {
         if (!parsePart(part, modes)) {
-            *error = QStringLiteral("--rs485 %1: must be on, or rts-before:MS, rts-after:MS (0 to "
-                                    "%2 milliseconds) and rts-low, separated by commas")
+            *error = Text::tr("--rs485 %1: must be on, or rts-before:MS, rts-after:MS (0 to "
+                              "%2 milliseconds) and rts-low, separated by commas")
                          .arg(mode, QString::number(LONGEST_DELAY));
             return false;
         }

@@ -1,6 +1,7 @@
 #include "kxhost/options/scan_stations.h"
 
 #include "addresses/station_text.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QSet>
 #include <QtCore/QStringList>
@@ -35,8 +36,8 @@ bool parseStations(const QString& text, QList<int>* stations, QString* error)
         if (takePart(part, &found))
             continue;
         *error =
-            QStringLiteral("--stations %1: '%2' is not a station (%3 to %4) or a range "
-                           "such as 1-20")
+            Text::tr("--stations %1: '%2' is not a station (%3 to %4) or a range "
+                     "such as 1-20")
                 .arg(text, part, QString::number(LOWEST_STATION), QString::number(HIGHEST_STATION));
         return false;
     }

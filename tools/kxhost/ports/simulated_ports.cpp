@@ -1,5 +1,7 @@
 #include "kxhost/ports/simulated_ports.h"
 
+#include "system/translated_text.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -63,7 +65,7 @@ QList<PortEntry> simulatedPorts(const QString& processes)
         for (const int terminal : terminalsOf(process)) {
             PortEntry& entry = ports[terminal];
             entry.port = QStringLiteral("/dev/pts/%1").arg(terminal);
-            entry.description = QStringLiteral("simulated controllers");
+            entry.description = Text::tr("simulated controllers");
             entry.simulator = {QString::fromLatin1(SIMULATOR), name.toLongLong()};
             entry.link = linkOf(process, entry.port);
         }

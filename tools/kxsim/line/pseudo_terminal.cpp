@@ -1,5 +1,7 @@
 #include "kxsim/line/pseudo_terminal.h"
 
+#include "system/translated_text.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -37,7 +39,7 @@ std::unique_ptr<PseudoTerminal> PseudoTerminal::open(QString* error)
     std::unique_ptr<PseudoTerminal> terminal(new PseudoTerminal);
     if (terminal->openBothEnds())
         return terminal;
-    *error = QStringLiteral("cannot open a pseudo-terminal: %1")
+    *error = kx::Text::tr("cannot open a pseudo-terminal: %1")
                  .arg(QString::fromLocal8Bit(std::strerror(errno)));
     return nullptr;
 }

@@ -1,5 +1,7 @@
 #include "panel/files/csv_fields.h"
 
+#include "system/translated_text.h"
+
 namespace kx
 {
 
@@ -83,14 +85,14 @@ bool CsvReader::takeQuoted(CsvField* field, QString* error)
         }
     }
     if (atEnd()) {
-        *error = QStringLiteral("a quote is not closed");
+        *error = Text::tr("a quote is not closed");
         return false;
     }
     field->length = ++m_position - field->begin;
     field->text = QString::fromUtf8(content);
     skipBlanks();
     if (!atEnd() && m_line.at(m_position) != m_separator) {
-        *error = QStringLiteral("text follows a closing quote");
+        *error = Text::tr("text follows a closing quote");
         return false;
     }
     return true;

@@ -1,6 +1,6 @@
 #include "panel/files/csv_table.h"
 
-#include "panel/text/counted.h"
+#include "system/translated_text.h"
 
 #include <algorithm>
 
@@ -15,13 +15,15 @@ struct Separator {
     const char* name;
 };
 
-const Separator SEPARATORS[] = {{',', "commas"}, {';', "semicolons"}, {'\t', "tabs"}};
+const Separator SEPARATORS[] = {{',', QT_TRANSLATE_NOOP("kx", "commas")},
+                                {';', QT_TRANSLATE_NOOP("kx", "semicolons")},
+                                {'\t', QT_TRANSLATE_NOOP("kx", "tabs")}};
 
 QString separatorName(char character)
 {
     for (const Separator& separator : SEPARATORS) {
         if (separator.character == character)
-            return QLatin1String(separator.name);
+            return Text::tr(separator.name);
     }
     return QString();
 }
@@ -72,8 +74,8 @@ bool CsvTable::parse(const QByteArray& bytes, const QList<CsvColumn>& columns, C
     if (!table->m_rows.isEmpty() || !faults->isEmpty())
         return faults->isEmpty();
     fault.text = table->m_order.isEmpty()
-                     ? QStringLiteral("no header line; it is %1").arg(table->columnNames())
-                     : QStringLiteral("no rows behind the header");
+                     ? Text::tr("no header line; it is %1").arg(table->columnNames())
+                     : Text::tr("no rows behind the header");
     *faults << fault;
     return false;
 }
@@ -124,8 +126,8 @@ QStringList CsvTable::takeHeader(const QByteArray& line)
         m_separator = separator.character;
     }
     if (mostKnown == 0)
-        return {QStringLiteral("the first line must be the header %1, separated by commas, "
-                               "semicolons or tabs")
+        return {Text::tr("the first line must be the header %1, separated by commas, "
+                         "semicolons or tabs")
                     .arg(columnNames())};
     return takeColumns(names);
 }
@@ -137,15 +139,15 @@ QStringList CsvTable::takeColumns(const QStringList& names)
     for (const QString& name : names) {
         const int column = columnOf(name);
         if (column < 0)
-            faults << QStringLiteral("unknown column '%1', separated by %2; the columns are %3")
+            faults << Text::tr("unknown column '%1', separated by %2; the columns are %3")
                           .arg(name, separatorName(m_separator), columnNames());
         else if (order.count(column) == 1) // named once, however often it is there
-            faults << QStringLiteral("the header has two columns '%1'").arg(name);
+            faults << Text::tr("the header has two columns '%1'").arg(name);
         order << column;
     }
     for (int column = 0; column < m_columns.size(); ++column) {
         if (m_columns.at(column).isNeeded && !order.contains(column))
-            faults << QStringLiteral("the header has no column '%1'; the columns are %2")
+            faults << Text::tr("the header has no column '%1'; the columns are %2")
                           .arg(QLatin1String(m_columns.at(column).name), columnNames());
     }
     if (faults.isEmpty())
@@ -166,9 +168,10 @@ bool CsvTable::parseRow(int index, QString* error)
     if (count < fewestFields() || count > most) {
         const QString range = fewestFields() == most
                                   ? QString::number(most)
-                                  : QStringLiteral("%1 to %2").arg(fewestFields()).arg(most);
-        return fail(QStringLiteral("%1 separated by %2 instead of %3")
-                        .arg(counted(count, "field", "fields"), separatorName(m_separator), range),
+                                  : Text::tr("%1 to %2").arg(fewestFields()).arg(most);
+        return fail(Text::tr("%1 separated by %2 instead of %3")
+                        .arg(countedText(count, "%1 field", QT_TRANSLATE_N_NOOP("kx", "%1 fields")),
+                             separatorName(m_separator), range),
                     error);
     }
     CsvRow row;

@@ -1,5 +1,7 @@
 #include "panel/files/file_text.h"
 
+#include "system/translated_text.h"
+
 #include <QtCore/QVector>
 #include <QtCore/QtEndian>
 
@@ -33,7 +35,7 @@ bool decodeUtf16(const QByteArray& bytes, TextEncoding encoding, QByteArray* utf
     *utf8 = text.toUtf8();
     if (bytes.size() % UNIT_BYTES == 0 && text.isValidUtf16())
         return true;
-    *error = QStringLiteral("damaged UTF-16; save the file as UTF-8");
+    *error = Text::tr("damaged UTF-16; save the file as UTF-8");
     return false;
 }
 
@@ -52,7 +54,7 @@ QByteArray encodeUtf16(const QByteArray& utf8, TextEncoding encoding)
 
 bool failAt(int column, const QString& fault, QString* error)
 {
-    *error = QStringLiteral("column %1: %2; save the file as UTF-8").arg(column).arg(fault);
+    *error = Text::tr("column %1: %2; save the file as UTF-8").arg(column).arg(fault);
     return false;
 }
 
@@ -93,17 +95,17 @@ QByteArray encodeText(const QByteArray& utf8, TextEncoding encoding)
 bool checkUtf8(const QByteArray& line, QString* error)
 {
     if (line.startsWith(UTF8_MARK)) // two files in one
-        return failAt(1, QStringLiteral("a second byte-order mark"), error);
+        return failAt(1, Text::tr("a second byte-order mark"), error);
     const QString text = QString::fromUtf8(line.constData(), static_cast<int>(line.size()));
     int column = 0;
     int offset = 0;
     for (const uint character : text.toUcs4()) {
         ++column;
         if (character == 0)
-            return failAt(column, QStringLiteral("a byte that is 0"), error);
+            return failAt(column, Text::tr("a byte that is 0"), error);
         if (character == REPLACEMENT && line.mid(offset, 3) != REPLACEMENT_IN_UTF8)
             return failAt(column,
-                          QStringLiteral("byte 0x%1 is not UTF-8")
+                          Text::tr("byte 0x%1 is not UTF-8")
                               .arg(static_cast<uchar>(line.at(offset)), 2, 16, QLatin1Char('0')),
                           error);
         offset += bytesInUtf8(character);

@@ -5,6 +5,7 @@
 #include "panel/values/value_address.h"
 #include "panel/values/value_codec.h"
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QRegularExpression>
 
@@ -62,10 +63,10 @@ QString checkWritable(const AddressRange& range, const ValueFormat& format)
 {
     const QString name = valueName(range, format, 0);
     if (!range.type->writable)
-        return name + QLatin1String(" is an input and cannot be written");
+        return Text::tr("%1 is an input and cannot be written").arg(name);
     if (format.bit >= 0 && !keepsItsWords(range.type))
-        return QStringLiteral("%1 cannot be written; the bits of %2 change by themselves between "
-                              "the read and the write of the word, so write all of it")
+        return Text::tr("%1 cannot be written; the bits of %2 change by themselves between "
+                        "the read and the write of the word, so write all of it")
             .arg(name, QString::fromLatin1(range.type->name));
     return QString();
 }
@@ -120,15 +121,15 @@ bool parseTagAssignment(const QString& typed, const QList<Tag>& tags, const Valu
     const Tag* const named = findTag(typed, tags);
     const auto equals = named ? named->name.size() : equalsOf(typed);
     if (equals < 0)
-        return fail(error, faultyText(typed, QStringLiteral("not an assignment; write "
-                                                            "ADDRESS=VALUE[,VALUE...], such as "
-                                                            "D100=1234")));
+        return fail(error, faultyText(typed, Text::tr("not an assignment; write "
+                                                      "ADDRESS=VALUE[,VALUE...], such as "
+                                                      "D100=1234")));
     if (named)
         assignment->tag = *named;
     else if (!takeAddress(typed.left(equals), assignment, &countGiven, error))
         return fail(error, tags.isEmpty()
                                ? *error
-                               : *error + QLatin1String("; nor is it the name of a tag"));
+                               : Text::tr("%1; nor is it the name of a tag").arg(*error));
     Tag& tag = assignment->tag;
     takeOrder(order, &tag.format);
     QString fault = checkWritable(tag.range, tag.format);

@@ -5,6 +5,7 @@
 #include "panel/files/format_columns.h"
 #include "panel/text/duration.h"
 #include "panel/values/value_address.h"
+#include "system/translated_text.h"
 
 #include <limits>
 
@@ -33,7 +34,7 @@ void takeStation(const Row& row, Tag* tag)
 {
     if (row.has(STATION) && !parseStation(row.text(STATION), &tag->range.station))
         row.complain(STATION,
-                     QStringLiteral("must be %1 to %2").arg(LOWEST_STATION).arg(HIGHEST_STATION));
+                     Text::tr("must be %1 to %2").arg(LOWEST_STATION).arg(HIGHEST_STATION));
 }
 
 void takeCount(const Row& row, Tag* tag)
@@ -43,7 +44,7 @@ void takeCount(const Row& row, Tag* tag)
     bool fits = false;
     const int count = row.text(COUNT).toInt(&fits);
     if (!hasOnlyDigits(row.text(COUNT), 10) || (fits && count < 1))
-        row.complain(COUNT, QStringLiteral("must be 1 or more"));
+        row.complain(COUNT, Text::tr("must be 1 or more"));
     else
         tag->range.values = fits ? count : std::numeric_limits<int>::max();
 }
@@ -52,16 +53,18 @@ void takeCount(const Row& row, Tag* tag)
 bool takeAddress(const Row& row, Tag* tag)
 {
     if (!row.has(ADDRESS)) {
-        *row.faults << QStringLiteral("the tag has no address");
+        *row.faults << Text::tr("the tag has no address");
         return false;
     }
     const QString text = row.text(ADDRESS);
-    QString fault = QStringLiteral("count, station and format have columns of their own");
     AddressRange range;
+    QString fault;
     const bool isPlain = !text.contains(QLatin1Char(':')) && !text.contains(QLatin1Char('@'))
                          && !text.contains(QLatin1Char('/'));
     if (!isPlain || !parseValueAddress(text, &range, &tag->format, &fault)) {
-        row.complain(ADDRESS, fault);
+        row.complain(ADDRESS,
+                     isPlain ? fault
+                             : Text::tr("count, station and format have columns of their own"));
         return false;
     }
     tag->range.type = range.type;
@@ -72,8 +75,8 @@ bool takeAddress(const Row& row, Tag* tag)
 void takeInterval(const Row& row, Tag* tag)
 {
     if (row.has(EVERY) && !parseInterval(row.text(EVERY), &tag->interval))
-        row.complain(EVERY, QStringLiteral("must be a time from 0 to 1440min, such as 500ms, "
-                                           "10s or 5min"));
+        row.complain(EVERY, Text::tr("must be a time from 0 to 1440min, such as 500ms, "
+                                     "10s or 5min"));
 }
 
 } // namespace
@@ -97,7 +100,7 @@ Tag tagOfRow(const CsvRow& csv, QStringList* faults)
     tag.name = row.text(NAME);
     tag.comment = row.text(FORMAT + static_cast<int>(formatColumns().size()));
     if (!row.has(NAME))
-        *faults << QStringLiteral("the tag has no name");
+        *faults << Text::tr("the tag has no name");
     takeStation(row, &tag);
     takeCount(row, &tag);
     const bool hasAddress = takeAddress(row, &tag);

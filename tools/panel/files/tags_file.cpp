@@ -2,6 +2,7 @@
 
 #include "panel/files/tag_row.h"
 #include "panel/files/text_file.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QHash>
 
@@ -28,7 +29,7 @@ QList<Tag> takeTags(const QList<CsvRow>& rows, QList<CsvFault>* faults)
         QStringList texts;
         const Tag tag = tagOfRow(row, &texts);
         if (!tag.name.isEmpty() && lineOf.contains(tag.name))
-            texts << QStringLiteral("the name '%1' is taken by line %2")
+            texts << Text::tr("the name '%1' is taken by line %2")
                          .arg(tag.name, QString::number(lineOf.value(tag.name)));
         else
             lineOf.insert(tag.name, row.line);

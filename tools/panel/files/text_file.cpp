@@ -1,5 +1,7 @@
 #include "panel/files/text_file.h"
 
+#include "system/translated_text.h"
+
 #include <QtCore/QFile>
 
 #include <cerrno>
@@ -16,8 +18,9 @@ namespace
 const char* kindFault(mode_t mode)
 {
     if (S_ISDIR(mode))
-        return "is a folder, not a file";
-    return S_ISFIFO(mode) ? "is a pipe; write its text into a file first" : nullptr;
+        return QT_TRANSLATE_NOOP("kx", "is a folder, not a file");
+    return S_ISFIFO(mode) ? QT_TRANSLATE_NOOP("kx", "is a pipe; write its text into a file first")
+                          : nullptr;
 }
 
 QString systemFault()
@@ -31,7 +34,7 @@ bool readAll(QFile* file, QByteArray* content, QString* fault)
     if (file->error() != QFileDevice::NoError)
         *fault = file->errorString();
     else if (content->size() > LARGEST_TEXT_FILE)
-        *fault = QStringLiteral("larger than %1 MiB, the most that such a file may have")
+        *fault = Text::tr("larger than %1 MiB, the most that such a file may have")
                      .arg(LARGEST_TEXT_FILE / 1024 / 1024);
     return fault->isEmpty();
 }
@@ -52,7 +55,7 @@ bool read(const QString& path, QByteArray* content, QString* fault)
     }
     const char* const kind = kindFault(status.st_mode);
     if (kind)
-        *fault = QLatin1String(kind);
+        *fault = Text::tr(kind);
     return !kind && readAll(&file, content, fault);
 }
 

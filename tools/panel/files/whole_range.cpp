@@ -1,6 +1,7 @@
 #include "panel/files/whole_range.h"
 
 #include "addresses/read_pieces.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -18,7 +19,7 @@ QString requestFault(const Tag& tag, int maxWords)
         return tooLongText(tag.range.type, maxWords);
     if (registersOf(tag.format) <= maxWords)
         return QString();
-    return QStringLiteral("a value takes %1 registers; raise --max-words, which is %2")
+    return Text::tr("a value takes %1 registers; raise --max-words, which is %2")
         .arg(registersOf(tag.format))
         .arg(maxWords);
 }

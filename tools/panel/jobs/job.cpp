@@ -1,5 +1,7 @@
 #include "panel/jobs/job.h"
 
+#include "system/translated_text.h"
+
 #include <utility>
 
 namespace kx
@@ -10,7 +12,7 @@ namespace
 
 QString notWanted()
 {
-    return QStringLiteral("not wanted any more");
+    return Text::tr("not wanted any more");
 }
 
 } // namespace
@@ -33,7 +35,7 @@ void Job::start()
     if (m_session && m_session->isRunning())
         begin();
     else
-        endEarly(failureOf(FailureKind::SessionEnded, QStringLiteral("the session does not run")));
+        endEarly(failureOf(FailureKind::SessionEnded, Text::tr("the session does not run")));
 }
 
 void Job::abort(const QString& reason)

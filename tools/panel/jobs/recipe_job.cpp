@@ -1,6 +1,7 @@
 #include "panel/jobs/recipe_job.h"
 
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -31,7 +32,7 @@ void RecipeJob::begin()
     const bool isDownload = m_direction == RecipeDirection::Download;
     if (isDownload && !session()->loadRecipe(m_layout.buffer))
         return endEarly(failureOf(FailureKind::TooLong,
-                                  QStringLiteral("the words do not fit into the recipe buffer")));
+                                  Text::tr("the words do not fit into the recipe buffer")));
     await([direction = m_direction, passes = m_layout.passes](Session* session) {
         return session->transferRecipe(direction, passes);
     });

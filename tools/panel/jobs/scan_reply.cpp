@@ -2,6 +2,7 @@
 
 #include "exchange/failure.h"
 #include "exchange/replies/reply_verdict.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -14,9 +15,9 @@ const int SHORTEST_FRAME = 4; // station, function, CRC
 QString answerText(const ScanReply& reply)
 {
     if (!reply.fault.isEmpty())
-        return QStringLiteral("answered with %1").arg(reply.fault);
-    return QString::fromLatin1(
-        reply.answer == ScanAnswer::Other ? "answered with another or a late reply" : "answered");
+        return Text::tr("answered with %1").arg(reply.fault);
+    return reply.answer == ScanAnswer::Other ? Text::tr("answered with another or a late reply")
+                                             : Text::tr("answered");
 }
 
 } // namespace
@@ -37,14 +38,14 @@ ScanReply scanReplyOf(const ExchangeRecord& record)
         reply.answer = ScanAnswer::Other;
         reply.station = static_cast<unsigned char>(record.reply.at(0));
         if (record.replyKind == ReplyKind::WrongByteCount)
-            reply.fault = QStringLiteral("a wrong byte count");
+            reply.fault = Text::tr("a wrong byte count");
     }
     return reply;
 }
 
 QString scanRow(const ScanReply& reply)
 {
-    return QStringLiteral("station %1: %2").arg(QString::number(reply.station), answerText(reply));
+    return Text::tr("station %1: %2").arg(QString::number(reply.station), answerText(reply));
 }
 
 QJsonObject scanJson(const ScanReply& reply)

@@ -1,6 +1,7 @@
 #include "panel/recipe/recipe_cells.h"
 
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -18,7 +19,7 @@ bool followsInValue(const AddressRange& range, int index)
 QString conflict(const RecipeRow& earlier, quint32 earlierPart, const RecipeRow& later,
                  quint32 laterPart, int address)
 {
-    return QStringLiteral("%1 and %2 give %3@%4 different values: %5 and %6")
+    return Text::tr("%1 and %2 give %3@%4 different values: %5 and %6")
         .arg(earlier.place(), later.place(), addressText(later.range.type, address),
              QString::number(later.range.station), QString::number(earlierPart),
              QString::number(laterPart));

@@ -1,14 +1,15 @@
 #include "panel/recipe/recipe_file.h"
 
 #include "panel/recipe/recipe_row.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
 
 QString RecipeRow::place() const
 {
-    return name.isEmpty() ? QStringLiteral("line %1").arg(line)
-                          : QStringLiteral("line %1 (%2)").arg(line).arg(name);
+    return name.isEmpty() ? Text::tr("line %1").arg(line)
+                          : Text::tr("line %1 (%2)").arg(line).arg(name);
 }
 
 bool RecipeFile::parse(const QByteArray& text, const RecipeDefaults& defaults, RecipeFile* file,
@@ -28,8 +29,9 @@ bool RecipeFile::parse(const QByteArray& text, const RecipeDefaults& defaults, R
             file->m_rows << row;
     }
     if (!isGood)
-        *error =
-            fault.line > 0 ? QStringLiteral("line %1: ").arg(fault.line) + fault.text : fault.text;
+        *error = fault.line > 0
+                     ? Text::tr("line %1: %2").arg(QString::number(fault.line), fault.text)
+                     : fault.text;
     return isGood;
 }
 

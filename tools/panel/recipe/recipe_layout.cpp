@@ -7,6 +7,7 @@
 #include "panel/recipe/recipe_row.h"
 #include "panel/values/value_codec.h"
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 #include <numeric>
 
@@ -18,7 +19,7 @@ namespace
 
 QString bufferOverflow(size_t words)
 {
-    return QStringLiteral("the rows need %1 words of the recipe buffer, which holds %2")
+    return Text::tr("the rows need %1 words of the recipe buffer, which holds %2")
         .arg(words)
         .arg(RECIPE_BUFFER_WORDS);
 }
@@ -57,8 +58,8 @@ bool piecesFit(const RecipeCells& cells, int maxWords, QString* error)
         first = cell.second.followsInValue ? first : cell.second.row;
         words = cell.second.followsInValue ? words + 1 : 1;
         if (words > maxWords) {
-            *error = QStringLiteral("%1: values that share registers are of one request, and those "
-                                    "from here on take more than %2")
+            *error = Text::tr("%1: values that share registers are of one request, and those "
+                              "from here on take more than %2")
                          .arg(first->place())
                          .arg(maxWords);
             return false;
@@ -113,9 +114,9 @@ bool canBeDownloaded(const QList<RecipeRow>& rows, QString* error)
         const QString address = addressText(row.range.type, row.range.address);
         QString fault;
         if (!row.range.type->writable)
-            fault = address + QLatin1String(" is an input and cannot be written");
+            fault = Text::tr("%1 is an input and cannot be written").arg(address);
         else if (!row.hasValue)
-            fault = QLatin1String("no value for ") + address;
+            fault = Text::tr("no value for %1").arg(address);
         else
             fault = boundsFault(row);
         if (!fault.isEmpty()) {

@@ -7,6 +7,7 @@
 #include "panel/values/value_address.h"
 #include "panel/values/value_codec.h"
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -46,19 +47,18 @@ bool failAt(const CsvRow& csv, int column, const QString& fault, QString* error)
 
 bool refuseBit(const QString& word, const QString& bit, QString* error)
 {
-    return fail(error, QStringLiteral("%1 is one bit of a word, and a recipe holds whole values; "
-                                      "take %2 with format bin or hex")
+    return fail(error, Text::tr("%1 is one bit of a word, and a recipe holds whole values; "
+                                "take %2 with format bin or hex")
                            .arg(bit, word));
 }
 
 bool checkNumber(const CsvRow& csv, QString* error)
 {
     if (!hasOnlyDigits(textOf(csv, ADDRESS), 10))
-        return fail(error,
-                    QStringLiteral("'%1' is not an address; write its number, of X and Y in octal")
-                        .arg(textOf(csv, ADDRESS)));
+        return fail(error, Text::tr("'%1' is not an address; write its number, of X and Y in octal")
+                               .arg(textOf(csv, ADDRESS)));
     return findRegisterType(textOf(csv, REGISTER))
-           || fail(error, QStringLiteral("unknown register '%1'; the types are %2")
+           || fail(error, Text::tr("unknown register '%1'; the types are %2")
                               .arg(textOf(csv, REGISTER), registerTypeNames()));
 }
 
@@ -80,9 +80,9 @@ QString unknownTypeText(const QString& name)
     ValueFormat format;
     QString fault;
     if (parseKind(name, &format, &fault))
-        return QStringLiteral("'%1' is a format and no type; it belongs into the column format")
+        return Text::tr("'%1' is a format and no type; it belongs into the column format")
             .arg(name);
-    return QStringLiteral("unknown type '%1'; the types are %2").arg(name, recipeValueTypeNames());
+    return Text::tr("unknown type '%1'; the types are %2").arg(name, recipeValueTypeNames());
 }
 
 bool takeType(const CsvRow& csv, RecipeRow* row, QString* error)
@@ -93,12 +93,11 @@ bool takeType(const CsvRow& csv, RecipeRow* row, QString* error)
         return fail(error, unknownTypeText(name));
     const RegisterType* const registers = row->range.type;
     if (!suits(row->type, registers))
-        return fail(error, QStringLiteral("type %1 does not suit register %2")
+        return fail(error, Text::tr("type %1 does not suit register %2")
                                .arg(name, QLatin1String(registers->name)));
     if (formatColumnOf(csv) >= 0)
         return failAt(csv, formatColumnOf(csv),
-                      QStringLiteral("goes with a format, and the row has type %1").arg(name),
-                      error);
+                      Text::tr("goes with a format, and the row has type %1").arg(name), error);
     row->format.kind = row->type->kind;
     row->format.isCounter = registers->registerClass == DOUBLE_WORD_CLASS;
     row->range.values = addressesPerValue(row->type, registers);
@@ -173,22 +172,20 @@ bool RecipeRowParser::takeTag(const CsvRow& csv, RecipeRow* row, QString* error)
 {
     const auto found = m_tags.constFind(row->name);
     if (row->name.isEmpty() || m_tags.isEmpty())
-        return fail(error, QStringLiteral("the row has no address"));
+        return fail(error, Text::tr("the row has no address"));
     if (found == m_tags.constEnd())
-        return fail(error,
-                    QStringLiteral("the row has no address, and '%1' is no tag").arg(row->name));
+        return fail(error, Text::tr("the row has no address, and '%1' is no tag").arg(row->name));
     const Tag& tag = found.value();
     const int format = formatColumnOf(csv);
     for (const int column : {int(STATION), int(TYPE), format}) {
         if (column >= 0 && !textOf(csv, column).isEmpty())
-            return failAt(csv, column, QStringLiteral("the tag '%1' says that").arg(tag.name),
-                          error);
+            return failAt(csv, column, Text::tr("the tag '%1' says that").arg(tag.name), error);
     }
     if (tag.format.bit >= 0)
         return refuseBit(addressText(tag.range.type, tag.range.address),
                          valueName(tag.range, tag.format, 0), error);
     if (valuesIn(tag.range, tag.format) != 1)
-        return fail(error, QStringLiteral("the tag '%1' has %2 values, and a row one")
+        return fail(error, Text::tr("the tag '%1' has %2 values, and a row one")
                                .arg(tag.name, QString::number(valuesIn(tag.range, tag.format))));
     row->range = tag.range;
     row->format = tag.format;
@@ -210,7 +207,7 @@ bool RecipeRowParser::takeAddress(const CsvRow& csv, RecipeRow* row, QString* er
     if (!textOf(csv, REGISTER).isEmpty() && !checkNumber(csv, error))
         return false;
     if (isOther)
-        return failAt(csv, ADDRESS, QStringLiteral("station and format have columns of their own"),
+        return failAt(csv, ADDRESS, Text::tr("station and format have columns of their own"),
                       error);
     return parseAddressRange(station.isEmpty() ? address : address + QLatin1Char('@') + station,
                              &row->range, error);

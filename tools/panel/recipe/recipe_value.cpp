@@ -3,6 +3,7 @@
 #include "driver/number_text.h"
 #include "panel/values/value_codec.h"
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QStringList>
 
@@ -99,11 +100,11 @@ bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32*
     const qint64 value = isHex ? text.mid(2).toLongLong(&isNumber, 16) : text.toLongLong(&isNumber);
     if (!isNumber || holdsZeroCharacter(text)
         || (isHex && text.mid(2).startsWith(QLatin1Char('-')))) {
-        *error = QStringLiteral("'%1' is not a decimal or 0x hexadecimal number").arg(text);
+        *error = Text::tr("'%1' is not a decimal or 0x hexadecimal number").arg(text);
         return false;
     }
     if (value < type->lowest || value > type->highest) {
-        *error = QStringLiteral("%1 does not fit; %2 takes %3 to %4")
+        *error = Text::tr("%1 does not fit; %2 takes %3 to %4")
                      .arg(text, QLatin1String(type->name))
                      .arg(type->lowest)
                      .arg(type->highest);

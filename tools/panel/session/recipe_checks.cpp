@@ -5,6 +5,7 @@
 #include "panel/session/driver_values.h"
 #include "panel/session/request_checks.h"
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 #include <algorithm>
 #include <set>
@@ -61,15 +62,15 @@ Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction,
         return failure;
     if (variable.count > maxWords || variable.count != range.driverCount())
         return refusal(FailureKind::TooLong, range,
-                       QStringLiteral("takes no whole block of at most %1").arg(maxWords));
+                       Text::tr("takes no whole block of at most %1").arg(maxWords));
     if (isUpload && !isReadWhole(range, begins))
         return refusal(FailureKind::TooLong, range,
-                       QStringLiteral("only the first of its registers would be uploaded"));
+                       Text::tr("only the first of its registers would be uploaded"));
     const int coilWords = (variable.count + COILS_PER_WORD - 1) / COILS_PER_WORD;
     const int words = isBits(range) ? coilWords : variable.count;
     if (variable.bufOffset < 0 || variable.bufOffset > RECIPE_BUFFER_WORDS - words)
         return refusal(FailureKind::OutOfRange, range,
-                       QStringLiteral("its words lie outside the recipe buffer"));
+                       Text::tr("its words lie outside the recipe buffer"));
     return Failure();
 }
 
@@ -116,7 +117,7 @@ Failure joinRefusal(QVector<_RCP_VAR_PRO> variables, RecipeDirection direction, 
         }
         if (!findsItsWords(variables.at(i), first, direction))
             return refusal(FailureKind::OutOfRange, range,
-                           QStringLiteral("its words do not follow those of its neighbour"));
+                           Text::tr("its words do not follow those of its neighbour"));
         block.values =
             std::max(block.address + block.values, range.address + range.values) - block.address;
         hasJoined = hasJoined || !isSame(variables.first(), variables.last());
@@ -128,7 +129,7 @@ Failure joinRefusal(QVector<_RCP_VAR_PRO> variables, RecipeDirection direction, 
     if (direction == RecipeDirection::Download || !hasJoined || found == variables.end())
         return Failure();
     return refusal(FailureKind::OutOfRange, rangeOf(*found),
-                   QStringLiteral("must not be uploaded in one pass with joined registers"));
+                   Text::tr("must not be uploaded in one pass with joined registers"));
 }
 
 } // namespace
@@ -139,7 +140,7 @@ Failure recipeRefusal(RecipeDirection direction, const QList<RecipePass>& passes
         return pass.variables.isEmpty();
     });
     if (passes.isEmpty() || hasEmptyPass)
-        return failureOf(FailureKind::OutOfRange, QStringLiteral("nothing to transfer"));
+        return failureOf(FailureKind::OutOfRange, Text::tr("nothing to transfer"));
     for (const RecipePass& pass : passes) {
         const Begins begins = beginsOf(pass.variables);
         for (const _RCP_VAR_PRO& variable : pass.variables) {

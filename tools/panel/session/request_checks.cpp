@@ -5,6 +5,7 @@
 #include "addresses/station_text.h"
 #include "addresses/write_pieces.h"
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 #include <algorithm>
 
@@ -29,20 +30,18 @@ Failure outOfRange(const AddressRange& range, const QString& text)
 
 QString valuesText(int values)
 {
-    return values == 1 ? QStringLiteral("1 value") : QStringLiteral("%1 values").arg(values);
+    return countedText(values, "%1 value", QT_TRANSLATE_N_NOOP("kx", "%1 values"));
 }
 
 Failure tooLong(const AddressRange& range, int maxWords)
 {
-    return refusal(
-        FailureKind::TooLong, range,
-        QStringLiteral("does not fit into one request of at most %1 registers").arg(maxWords));
+    return refusal(FailureKind::TooLong, range,
+                   Text::tr("does not fit into one request of at most %1 registers").arg(maxWords));
 }
 
 Failure notWritable(const AddressRange& range)
 {
-    return refusal(FailureKind::NotWritable, range,
-                   QStringLiteral("an input, which cannot be written"));
+    return refusal(FailureKind::NotWritable, range, Text::tr("an input, which cannot be written"));
 }
 
 /// None when one request can read each of its values.
@@ -52,21 +51,20 @@ Failure widthRefusal(const AddressRange& range)
         return Failure();
     const int registers = range.width * registersPerAddress(range.type);
     if (range.width < 1 || range.values % range.width != 0)
-        return outOfRange(range, QStringLiteral("values of %1 registers do not make %2")
-                                     .arg(range.width)
-                                     .arg(range.values));
+        return outOfRange(
+            range,
+            Text::tr("values of %1 registers do not make %2").arg(range.width).arg(range.values));
     if (range.type->registerClass == BIT_CLASS || registers > MOST_REGISTERS_PER_READ)
-        return outOfRange(range, QStringLiteral("no request reads a value of %1 %2")
-                                     .arg(registers)
-                                     .arg(range.type->registerClass == BIT_CLASS
-                                              ? QLatin1String("coils")
-                                              : QLatin1String("registers")));
+        return outOfRange(range, (range.type->registerClass == BIT_CLASS
+                                      ? Text::tr("no request reads a value of %1 coils")
+                                      : Text::tr("no request reads a value of %1 registers"))
+                                     .arg(registers));
     for (int i = 0; i < range.values; i += range.width) {
         const int first = range.address + i;
         const int last = first + range.width - 1;
         if (modbusNumber(range.type, last) - modbusNumber(range.type, first)
             != (last - first) * registersPerAddress(range.type))
-            return outOfRange(range, QStringLiteral("the registers of the value at %1 lie apart")
+            return outOfRange(range, Text::tr("the registers of the value at %1 lie apart")
                                          .arg(addressText(range.type, first)));
     }
     return Failure();
@@ -83,16 +81,16 @@ bool isOneLongValue(const AddressRange& range, int mostRegisters)
 Failure rangeRefusal(const AddressRange& range)
 {
     if (!range.type)
-        return outOfRange(range, QStringLiteral("no such register type"));
+        return outOfRange(range, Text::tr("no such register type"));
     if (range.station < LOWEST_STATION || range.station > HIGHEST_STATION)
-        return outOfRange(range, QStringLiteral("the station must be %1 to %2")
-                                     .arg(LOWEST_STATION)
-                                     .arg(HIGHEST_STATION));
+        return outOfRange(
+            range,
+            Text::tr("the station must be %1 to %2").arg(LOWEST_STATION).arg(HIGHEST_STATION));
     const int highest = highestAddress(range.type);
     if (range.values < 1 || range.address < range.type->lowestAddress || range.address > highest
         || range.values > highest - range.address + 1)
-        return outOfRange(
-            range, QStringLiteral("out of range; there are %1").arg(addressesOf(range.type)));
+        return outOfRange(range,
+                          Text::tr("out of range; there are %1").arg(addressesOf(range.type)));
     return widthRefusal(range);
 }
 
@@ -121,7 +119,7 @@ Failure assignmentRefusal(const Assignment& assignment)
         std::all_of(assignment.values.begin(), assignment.values.end(),
                     [=](qint64 value) { return value >= lowest && value <= highest; });
     if (!isEachRight || assignment.values.size() != range.values)
-        return outOfRange(range, QStringLiteral("takes %1 from %2 to %3")
+        return outOfRange(range, Text::tr("takes %1 from %2 to %3")
                                      .arg(valuesText(range.values))
                                      .arg(lowest)
                                      .arg(highest));
@@ -135,7 +133,7 @@ Failure writeRefusal(const Assignment& assignment, int maxWords)
         return unsuited;
     if (assignment.bit >= 0)
         return refusal(FailureKind::NotWritable, assignment.range,
-                       QStringLiteral("one bit of a word, which has to be read first"));
+                       Text::tr("one bit of a word, which has to be read first"));
     return writeRefusal(assignment.range, maxWords);
 }
 

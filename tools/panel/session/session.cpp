@@ -4,6 +4,7 @@
 #include "panel/session/recipe_checks.h"
 #include "panel/session/request_checks.h"
 #include "panel/session/session_parts.h"
+#include "system/translated_text.h"
 
 #include <algorithm>
 #include <utility>
@@ -44,14 +45,13 @@ Session::~Session()
 void Session::stop()
 {
     m_parts->loop->stop();
-    endAll(failureOf(FailureKind::SessionEnded, QStringLiteral("the session has ended")));
+    endAll(failureOf(FailureKind::SessionEnded, Text::tr("the session has ended")));
 }
 
 void Session::initialise()
 {
     m_parts->polling.replace({});
-    endAll(failureOf(FailureKind::DriverInitialised,
-                     QStringLiteral("the driver was initialised again")));
+    endAll(failureOf(FailureKind::DriverInitialised, Text::tr("the driver was initialised again")));
     m_parts->loop->wake();
 }
 
@@ -98,7 +98,7 @@ bool Session::accepts(int handle, JobKind kind, Failure refusal)
     if (handle == 0)
         return false;
     if (refusal.isNone() && !isRunning())
-        refusal = failureOf(FailureKind::SessionEnded, QStringLiteral("the session does not run"));
+        refusal = failureOf(FailureKind::SessionEnded, Text::tr("the session does not run"));
     if (!refusal.isNone())
         tellLater({handle, kind, {refusal, AddressRange()}});
     return refusal.isNone();

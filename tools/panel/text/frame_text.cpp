@@ -2,7 +2,7 @@
 
 #include "addresses/request_limits.h"
 #include "data/reply_handling.h"
-#include "exchange/failure.h"
+#include "exchange/reason_words.h"
 #include "exchange/replies/reply_verdict.h"
 #include "panel/text/json_time.h"
 
@@ -15,16 +15,22 @@ namespace
 const int SHORTEST_FRAME = 5; // an exception reply
 
 struct Field {
-    const char* name;
-    int size; ///< bytes; 0: all but the CRC
+    const char* text; ///< with a place for its bytes
+    int size;         ///< bytes; 0: all but the CRC
 };
 
-const QList<Field> READ_REQUEST = {{"address", 2}, {"quantity", 2}};
-const QList<Field> SINGLE_WRITE = {{"address", 2}, {"value", 2}};
-const QList<Field> WRITE_REQUEST = {
-    {"address", 2}, {"quantity", 2}, {"byte count", 1}, {"data", 0}};
-const QList<Field> READ_REPLY = {{"byte count", 1}, {"data", 0}};
-const QList<Field> EXCEPTION_REPLY = {{"exception", 1}};
+const Field ADDRESS = {QT_TRANSLATE_NOOP("kx", "address %1"), 2};
+const Field QUANTITY = {QT_TRANSLATE_NOOP("kx", "quantity %1"), 2};
+const Field VALUE = {QT_TRANSLATE_NOOP("kx", "value %1"), 2};
+const Field BYTE_COUNT = {QT_TRANSLATE_NOOP("kx", "byte count %1"), 1};
+const Field DATA = {QT_TRANSLATE_NOOP("kx", "data %1"), 0};
+const Field EXCEPTION = {QT_TRANSLATE_NOOP("kx", "exception %1"), 1};
+
+const QList<Field> READ_REQUEST = {ADDRESS, QUANTITY};
+const QList<Field> SINGLE_WRITE = {ADDRESS, VALUE};
+const QList<Field> WRITE_REQUEST = {ADDRESS, QUANTITY, BYTE_COUNT, DATA};
+const QList<Field> READ_REPLY = {BYTE_COUNT, DATA};
+const QList<Field> EXCEPTION_REPLY = {EXCEPTION};
 
 int functionOf(const QByteArray& frame)
 {
@@ -58,36 +64,49 @@ QList<Field> replyFields(int function)
 }
 
 /// The frame is at least SHORTEST_FRAME long.
-QString withNames(const QByteArray& frame, const QList<Field>& fields)
+QString withNames(const QByteArray& frame, const QList<Field>& fields, Wording wording)
 {
     const int crc = static_cast<int>(frame.size()) - 2;
     QStringList parts;
-    parts << QLatin1String("station ") + hexText(frame.left(1));
-    parts << QLatin1String("function ") + hexText(frame.mid(1, 1));
+    parts << wording(QT_TRANSLATE_NOOP("kx", "station %1")).arg(hexText(frame.left(1)));
+    parts << wording(QT_TRANSLATE_NOOP("kx", "function %1")).arg(hexText(frame.mid(1, 1)));
     int position = 2;
     for (const Field& field : fields) {
         const int size = field.size == 0 ? crc - position : qMin(field.size, crc - position);
         if (size <= 0)
             break;
-        parts << QStringLiteral("%1 %2").arg(QLatin1String(field.name),
-                                             hexText(frame.mid(position, size)));
+        parts << wording(field.text).arg(hexText(frame.mid(position, size)));
         position += size;
     }
-    parts << QLatin1String("CRC ") + hexText(frame.mid(crc));
+    parts << wording(QT_TRANSLATE_NOOP("kx", "CRC %1")).arg(hexText(frame.mid(crc)));
     return parts.join(QLatin1String(", "));
 }
 
-QString resultText(int result)
+QString requestWords(const QByteArray& request, Wording wording)
+{
+    return request.size() < SHORTEST_FRAME
+               ? hexText(request)
+               : withNames(request, requestFields(functionOf(request)), wording);
+}
+
+QString replyWords(const QByteArray& reply, Wording wording)
+{
+    return reply.size() < SHORTEST_FRAME || !endsWithItsCrc(reply)
+               ? hexText(reply)
+               : withNames(reply, replyFields(functionOf(reply)), wording);
+}
+
+const char* resultName(int result)
 {
     switch (result) {
     case REPLY_ACCEPTED:
-        return QStringLiteral("accepted");
+        return QT_TRANSLATE_NOOP("kx", "accepted");
     case REPLY_RETRY:
-        return QStringLiteral("repeated");
+        return QT_TRANSLATE_NOOP("kx", "repeated");
     case REPLY_FAILED:
-        return QStringLiteral("failed");
+        return QT_TRANSLATE_NOOP("kx", "failed");
     default:
-        return QStringLiteral("ignored");
+        return QT_TRANSLATE_NOOP("kx", "ignored");
     }
 }
 
@@ -105,20 +124,18 @@ QString hexText(const QByteArray& bytes)
 
 QString requestText(const QByteArray& request)
 {
-    return request.size() < SHORTEST_FRAME ? hexText(request)
-                                           : withNames(request, requestFields(functionOf(request)));
+    return requestWords(request, forPeople);
 }
 
 QString replyText(const QByteArray& reply)
 {
-    return reply.size() < SHORTEST_FRAME || !endsWithItsCrc(reply)
-               ? hexText(reply)
-               : withNames(reply, replyFields(functionOf(reply)));
+    return replyWords(reply, forPeople);
 }
 
 QString outcomeText(const ExchangeRecord& record)
 {
-    QString text = reasonText(record) + QLatin1String(", ") + resultText(record.result);
+    QString text =
+        reasonWords(record, forPeople) + QLatin1String(", ") + forPeople(resultName(record.result));
     if (!record.errorText.isEmpty())
         text += QLatin1String(": ") + record.errorText;
     return text;
@@ -126,14 +143,13 @@ QString outcomeText(const ExchangeRecord& record)
 
 QStringList exchangeRows(const ExchangeRecord& record)
 {
-    QString request =
-        QStringLiteral("%1 request %2").arg(timeText(record.sentAt), requestText(record.request));
-    if (record.repeated)
-        request += QStringLiteral(" (again)");
-    QString reply = QStringLiteral("%1 reply   ").arg(timeText(record.finishedAt));
+    const QString request =
+        (record.repeated ? Text::tr("%1 request %2 (again)") : Text::tr("%1 request %2"))
+            .arg(timeText(record.sentAt), requestText(record.request));
+    QString answer = outcomeText(record);
     if (!record.reply.isEmpty())
-        reply += replyText(record.reply) + QLatin1String(": ");
-    return {request, reply + outcomeText(record)};
+        answer.prepend(replyText(record.reply) + QLatin1String(": "));
+    return {request, Text::tr("%1 reply   %2").arg(timeText(record.finishedAt), answer)};
 }
 
 QJsonObject exchangeJson(const ExchangeRecord& record)
@@ -143,11 +159,11 @@ QJsonObject exchangeJson(const ExchangeRecord& record)
     json[QLatin1String("sent")] = jsonTime(record.sentAt);
     json[QLatin1String("finished")] = jsonTime(record.finishedAt);
     json[QLatin1String("request")] = hexText(record.request);
-    json[QLatin1String("requestFields")] = requestText(record.request);
+    json[QLatin1String("requestFields")] = requestWords(record.request, forPrograms);
     json[QLatin1String("reply")] = hexText(record.reply);
-    json[QLatin1String("replyFields")] = replyText(record.reply);
-    json[QLatin1String("outcome")] = reasonText(record);
-    json[QLatin1String("result")] = resultText(record.result);
+    json[QLatin1String("replyFields")] = replyWords(record.reply, forPrograms);
+    json[QLatin1String("outcome")] = reasonWords(record, forPrograms);
+    json[QLatin1String("result")] = forPrograms(resultName(record.result));
     json[QLatin1String("repeated")] = record.repeated;
     return json;
 }

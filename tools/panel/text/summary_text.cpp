@@ -1,6 +1,7 @@
 #include "panel/text/summary_text.h"
 
 #include "panel/text/counted.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -109,10 +110,10 @@ QJsonObject thrownAwayJson(const ThrownAway& thrown)
 
 QString speedText(const WatchSummary& summary)
 {
-    QString text = QStringLiteral("%1 requests/s").arg(decimal(requestsPerSecond(summary)));
-    if (summary.timing.baud > 0)
-        text += QStringLiteral(", line load %1 %").arg(decimal(loadPercent(summary)));
-    return text;
+    const QString requests = decimal(requestsPerSecond(summary));
+    if (summary.timing.baud <= 0)
+        return Text::tr("%1 requests/s").arg(requests);
+    return Text::tr("%1 requests/s, line load %2 %").arg(requests, decimal(loadPercent(summary)));
 }
 
 QStringList summaryRows(const WatchSummary& summary)

@@ -1,6 +1,7 @@
 #include "panel/values/ascii_text.h"
 
 #include "addresses/digits.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QVector>
 
@@ -104,8 +105,8 @@ bool parseEscapedText(const QString& text, QByteArray* bytes, QString* fault)
             *bytes += utf8.at(i);
             ++i;
         } else if (!takeEscape(utf8, &i, bytes)) {
-            *fault = QStringLiteral("a backslash begins \\\\ \\\" \\n \\r \\t \\, or \\x and two "
-                                    "hexadecimal digits");
+            *fault = Text::tr("a backslash begins \\\\ \\\" \\n \\r \\t \\, or \\x and two "
+                              "hexadecimal digits");
             return false;
         }
     }

@@ -1,6 +1,7 @@
 #include "panel/values/format_text.h"
 
 #include "addresses/digits.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
@@ -38,14 +39,14 @@ bool parseWords(const QString& digits, int* words, QString* fault)
 {
     *words = hasOnlyDigits(digits, 10) ? digits.toInt() : 0;
     return (*words >= 1 && *words <= MOST_TEXT_WORDS)
-           || fail(fault, QStringLiteral("ascii needs its registers, 1 to %1, such as ascii:8")
+           || fail(fault, Text::tr("ascii needs its registers, 1 to %1, such as ascii:8")
                               .arg(MOST_TEXT_WORDS));
 }
 
 bool parseNumber(const QString& text, Decimal* number, QString* fault)
 {
     return Decimal::parse(text, number)
-           || fail(fault, QStringLiteral("must be a decimal number such as 12.5"));
+           || fail(fault, Text::tr("must be a decimal number such as 12.5"));
 }
 
 bool parseBound(const QString& text, std::optional<Decimal>* bound, QString* fault)
@@ -83,9 +84,9 @@ bool parseOption(const QString& option, const QString& name, ValueFormat* format
                              fault);
     }
     return (!option.contains(QLatin1Char(' ')) && parseOrder(option, format, fault))
-           || fail(fault, QStringLiteral("'%1' is no option of a format here; they are low or "
-                                         "high, swapped, decimals=N, min=NUMBER, max=NUMBER and, "
-                                         "last, unit=TEXT")
+           || fail(fault, Text::tr("'%1' is no option of a format here; they are low or "
+                                   "high, swapped, decimals=N, min=NUMBER, max=NUMBER and, "
+                                   "last, unit=TEXT")
                               .arg(option));
 }
 
@@ -101,7 +102,7 @@ bool parseOptions(QString options, ValueFormat* format, QString* fault)
         const QString option = options.section(COMMA, 0, 0);
         const QString name = option.section(QLatin1Char('='), 0, 0);
         if (given.contains(name))
-            return fail(fault, name + QLatin1String(" is given twice"));
+            return fail(fault, Text::tr("%1 is given twice").arg(name));
         given << name;
         if (!parseOption(option, name, format, fault))
             return false;
@@ -130,8 +131,7 @@ QString scaleText(const ValueFormat& format)
     if (format.scale.compare(Decimal(1)) != 0)
         text = QLatin1Char('*') + format.scale.text();
     if (!format.offset.isZero())
-        text +=
-            (format.offset.isNegative() ? QString() : QStringLiteral("+")) + format.offset.text();
+        text += QLatin1String(format.offset.isNegative() ? "" : "+") + format.offset.text();
     return text;
 }
 
@@ -149,7 +149,7 @@ bool parseKind(const QString& text, ValueFormat* format, QString* fault)
                || parseWords(text.section(QLatin1Char(':'), 1), &format->words, fault);
     }
     return fail(fault,
-                QStringLiteral("unknown format '%1'; the formats are %2").arg(text, formatNames()));
+                Text::tr("unknown format '%1'; the formats are %2").arg(text, formatNames()));
 }
 
 bool parseOrder(const QString& text, ValueFormat* format, QString* fault)
@@ -162,19 +162,19 @@ bool parseOrder(const QString& text, ValueFormat* format, QString* fault)
         else if (word == QLatin1String("swapped"))
             format->swapsBytes = true;
         else
-            return fail(fault, QStringLiteral("must be low, high, swapped, 'low swapped' or 'high "
-                                              "swapped'"));
+            return fail(fault,
+                        Text::tr("must be low, high, swapped, 'low swapped' or 'high swapped'"));
     }
     return true;
 }
 
 bool parseScale(const QString& text, ValueFormat* format, QString* fault)
 {
-    const QString bounds = QStringLiteral("must not be 0, and have at most %1 digits");
-    const Decimal& scale = format->scale;
-    return parseNumber(text, &format->scale, fault)
-           && ((!scale.isZero() && scale.significantDigits() <= MOST_SCALE_DIGITS)
-               || fail(fault, bounds.arg(MOST_SCALE_DIGITS)));
+    if (!parseNumber(text, &format->scale, fault))
+        return false;
+    return (!format->scale.isZero() && format->scale.significantDigits() <= MOST_SCALE_DIGITS)
+           || fail(fault,
+                   Text::tr("must not be 0, and have at most %1 digits").arg(MOST_SCALE_DIGITS));
 }
 
 bool parseOffset(const QString& text, ValueFormat* format, QString* fault)
@@ -185,7 +185,7 @@ bool parseOffset(const QString& text, ValueFormat* format, QString* fault)
 bool parseDecimals(const QString& text, ValueFormat* format, QString* fault)
 {
     if (!hasOnlyDigits(text, 10) || text.size() > 2 || text.toInt() > MOST_DECIMALS)
-        return fail(fault, QStringLiteral("must be 0 to %1").arg(MOST_DECIMALS));
+        return fail(fault, Text::tr("must be 0 to %1").arg(MOST_DECIMALS));
     format->decimals = text.toInt();
     return true;
 }
@@ -208,8 +208,8 @@ bool parseFormat(const QString& text, ValueFormat* format, QString* fault)
     const QString numbers = text.section(COMMA, 0, 0);
     const QRegularExpressionMatch match = pattern.match(numbers);
     if (text.isEmpty() || !match.hasMatch())
-        return fail(fault, QStringLiteral("'%1' is not a format; write KIND[*SCALE][+OFFSET]"
-                                          "[,OPTION]..., such as s16*0.1+5 or u32,high")
+        return fail(fault, Text::tr("'%1' is not a format; write KIND[*SCALE][+OFFSET]"
+                                    "[,OPTION]..., such as s16*0.1+5 or u32,high")
                                .arg(text));
     return (match.captured(1).isEmpty() || parseKind(match.captured(1), format, fault))
            && (match.captured(2).isEmpty()

@@ -2,6 +2,7 @@
 
 #include "addresses/digits.h"
 #include "panel/values/format_text.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -21,10 +22,10 @@ bool takeBit(const QString& digits, ValueFormat* format, QString* fault)
 {
     const bool isNumber = hasOnlyDigits(digits, 10) && digits.size() <= 2;
     if (!isNumber || digits.toInt() > HIGHEST_BIT)
-        return fail(fault, QStringLiteral("'%1' is not a bit of a word; they are 0 to %2")
+        return fail(fault, Text::tr("'%1' is not a bit of a word; they are 0 to %2")
                                .arg(digits, QString::number(HIGHEST_BIT)));
     if (format->kind != ValueKind::Plain)
-        return fail(fault, QStringLiteral("one bit of a word has no format"));
+        return fail(fault, Text::tr("one bit of a word has no format"));
     format->kind = ValueKind::Bit;
     format->bit = digits.toInt();
     return true;
@@ -46,12 +47,19 @@ bool takePlace(const QString& place, AddressRange* range, ValueFormat* format, Q
 
 QString pastEndText(const AddressRange& range, int registers)
 {
-    const QString values = range.values == 1 ? QStringLiteral("the value runs")
-                                             : QStringLiteral("%1 values run").arg(range.values);
-    return QStringLiteral("%1 past the last address%2; the addresses are %3")
-        .arg(values,
-             registers == 1 ? QString() : QStringLiteral(", %1 registers each").arg(registers),
-             addressesOf(range.type));
+    const QString addresses = addressesOf(range.type);
+    if (range.values == 1 && registers == 1)
+        return Text::tr("the value runs past the last address; the addresses are %1")
+            .arg(addresses);
+    if (range.values == 1)
+        return Text::tr("the value runs past the last address, %1 registers each; the addresses "
+                        "are %2")
+            .arg(QString::number(registers), addresses);
+    if (registers == 1)
+        return Text::tr("%1 values run past the last address; the addresses are %2")
+            .arg(QString::number(range.values), addresses);
+    return Text::tr("%1 values run past the last address, %2 registers each; the addresses are %3")
+        .arg(QString::number(range.values), QString::number(registers), addresses);
 }
 
 } // namespace
@@ -72,7 +80,7 @@ bool coverValues(AddressRange* range, ValueFormat* format, QString* fault)
     if (!fitFormat(range->type, format, fault))
         return false;
     if (format->bit >= 0 && range->values != 1)
-        return fail(fault, QStringLiteral("one bit of a word has no count"));
+        return fail(fault, Text::tr("one bit of a word has no count"));
     const int registers = registersOf(*format);
     const int room = highestAddress(range->type) - range->address + 1;
     if (range->values > room / registers)

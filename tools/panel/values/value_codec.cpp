@@ -4,6 +4,7 @@
 #include "panel/values/float_text.h"
 #include "panel/values/register_words.h"
 #include "panel/values/whole_text.h"
+#include "system/translated_text.h"
 
 #include <cmath>
 
@@ -31,8 +32,8 @@ bool parseAscii(const ValueFormat& format, const QString& typed, QList<qint64>* 
         return false;
     const int most = 2 * registersOf(format);
     if (bytes.size() > most)
-        return fail(fault, QStringLiteral("'%1' does not fit; it has %2 bytes, and the registers "
-                                          "hold %3")
+        return fail(fault, Text::tr("'%1' does not fit; it has %2 bytes, and the registers "
+                                    "hold %3")
                                .arg(typed, QString::number(bytes.size()), QString::number(most)));
     *raw = wordsOfBytes(format, bytes);
     return true;
@@ -53,6 +54,17 @@ QString minusZeroText(ValueFormat format, const QList<qint64>& raw)
     return valueText(format, raw);
 }
 
+/// Of one that has a bound.
+QString boundsFault(const ValueFormat& format, const QString& typed)
+{
+    if (!format.highest)
+        return Text::tr("%1 is refused; it must be at least %2").arg(typed, format.lowest->text());
+    if (!format.lowest)
+        return Text::tr("%1 is refused; it must be at most %2").arg(typed, format.highest->text());
+    return Text::tr("%1 is refused; it must be at least %2 and at most %3")
+        .arg(typed, format.lowest->text(), format.highest->text());
+}
+
 bool leavesBounds(const ValueFormat& format, const QList<qint64>& raw, const QString& typed,
                   QString* fault)
 {
@@ -63,13 +75,7 @@ bool leavesBounds(const ValueFormat& format, const QList<qint64>& raw, const QSt
     if (isNumber && (!format.lowest || number.compare(*format.lowest) >= 0)
         && (!format.highest || number.compare(*format.highest) <= 0))
         return false;
-    QStringList bounds;
-    if (format.lowest)
-        bounds << QLatin1String("at least ") + format.lowest->text();
-    if (format.highest)
-        bounds << QLatin1String("at most ") + format.highest->text();
-    *fault = QStringLiteral("%1 is refused; it must be %2")
-                 .arg(typed, bounds.join(QLatin1String(" and ")));
+    *fault = boundsFault(format, typed);
     return true;
 }
 

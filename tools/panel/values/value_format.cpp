@@ -4,6 +4,7 @@
 #include "addresses/modbus_span.h"
 #include "panel/values/format_text.h"
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -41,10 +42,10 @@ QString unsuitableText(const RegisterType* type)
 {
     const QString name = QString::fromLatin1(type->name);
     if (type->registerClass == BIT_CLASS)
-        return QStringLiteral("%1 holds bits, which have no format but bit").arg(name);
+        return Text::tr("%1 holds bits, which have no format but bit").arg(name);
     if (type->registerClass == DOUBLE_WORD_CLASS)
-        return QStringLiteral("%1 holds 32-bit counters, whose formats are u32 and s32").arg(name);
-    return QStringLiteral("%1 holds words; name one bit as in %1%2.5")
+        return Text::tr("%1 holds 32-bit counters, whose formats are u32 and s32").arg(name);
+    return Text::tr("%1 holds words; name one bit as in %1%2.5")
         .arg(name, QString::fromLatin1(type->lowest));
 }
 
@@ -57,10 +58,10 @@ bool hasWordOrder(const ValueFormat& format)
 bool checkOrder(const ValueFormat& format, QString* fault)
 {
     if (format.order != WordOrder::Unset && !hasWordOrder(format))
-        return fail(fault, QStringLiteral("low and high are for numbers of several registers"));
+        return fail(fault, Text::tr("low and high are for numbers of several registers"));
     if (format.swapsBytes
         && (format.isCounter || isOneOf(format.kind, {ValueKind::Plain, ValueKind::Bit})))
-        return fail(fault, QStringLiteral("swapped is for words with a format of their own"));
+        return fail(fault, Text::tr("swapped is for words with a format of their own"));
     return true;
 }
 
@@ -79,23 +80,22 @@ bool checkDecimals(const ValueFormat& format, QString* fault)
     int fewest = format.decimals;
     while (!tellsSteps(format, fewest))
         ++fewest;
-    return fail(fault,
-                QStringLiteral("with decimals %1 values %2 apart look alike; take %3 or more")
-                    .arg(QString::number(format.decimals), format.scale.absolute().text(),
-                         QString::number(fewest)));
+    return fail(fault, Text::tr("with decimals %1 values %2 apart look alike; take %3 or more")
+                           .arg(QString::number(format.decimals), format.scale.absolute().text(),
+                                QString::number(fewest)));
 }
 
-QString kindsWithoutNumbers(const ValueFormat& format)
+QString noNumbersText(const ValueFormat& format)
 {
     switch (format.kind) {
     case ValueKind::Hex:
-        return QStringLiteral("hex values have");
+        return Text::tr("hex values have no scale, offset, decimals, min or max");
     case ValueKind::Bin:
-        return QStringLiteral("bin values have");
+        return Text::tr("bin values have no scale, offset, decimals, min or max");
     case ValueKind::Ascii:
-        return QStringLiteral("text has");
+        return Text::tr("text has no scale, offset, decimals, min or max");
     default:
-        return QStringLiteral("bits have");
+        return Text::tr("bits have no scale, offset, decimals, min or max");
     }
 }
 
@@ -104,14 +104,15 @@ bool checkNumbers(const ValueFormat& format, QString* fault)
     const bool hasNumbers =
         format.isScaled() || format.decimals >= 0 || format.lowest || format.highest;
     if (hasNumbers && !isNumeric(format))
-        return fail(fault, QStringLiteral("%1 no scale, offset, decimals, min or max")
-                               .arg(kindsWithoutNumbers(format)));
+        return fail(fault, noNumbersText(format));
     if (format.scale.isZero() || format.scale.significantDigits() > MOST_SCALE_DIGITS)
-        return fail(fault, QStringLiteral("the scale must not be 0, and have at most %1 digits")
-                               .arg(MOST_SCALE_DIGITS));
+        return fail(
+            fault,
+            Text::tr("the scale must not be 0, and have at most %1 digits").arg(MOST_SCALE_DIGITS));
     if (format.lowest && format.highest && format.lowest->compare(*format.highest) > 0)
-        return fail(fault, QStringLiteral("min %1 is above max %2")
-                               .arg(format.lowest->text(), format.highest->text()));
+        return fail(
+            fault,
+            Text::tr("min %1 is above max %2").arg(format.lowest->text(), format.highest->text()));
     return checkDecimals(format, fault);
 }
 
@@ -161,7 +162,7 @@ int shownDecimals(const ValueFormat& format)
 bool fitFormat(const RegisterType* type, ValueFormat* format, QString* fault)
 {
     if (format->bit >= 0 && format->kind != ValueKind::Bit)
-        return fail(fault, QStringLiteral("one bit of a word has no format"));
+        return fail(fault, Text::tr("one bit of a word has no format"));
     if (!suits(type, *format))
         return fail(fault, unsuitableText(type));
     format->isCounter = type->registerClass == DOUBLE_WORD_CLASS;
@@ -188,8 +189,8 @@ bool liesInOneRun(const AddressRange& range, const ValueFormat& format, QString*
         value.address = address;
         value.values = registers;
         if (modbusSpans(value).size() > 1)
-            return fail(fault, QStringLiteral("the value from %1 to %2 lies on both sides of a gap "
-                                              "in the controller's registers")
+            return fail(fault, Text::tr("the value from %1 to %2 lies on both sides of a gap "
+                                        "in the controller's registers")
                                    .arg(addressText(range.type, address),
                                         addressText(range.type, address + registers - 1)));
     }

@@ -4,6 +4,7 @@
 #include "addresses/digits.h"
 #include "panel/values/register_words.h"
 #include "registers/register_types.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -93,15 +94,15 @@ bool parseUnscaled(const QString& typed, Decimal* number, QString* fault)
     const bool isNegative = typed.startsWith(QLatin1Char('-'));
     const QString digits = typed.mid(radix != 10 ? 2 : isNegative ? 1 : 0);
     if (!hasOnlyDigits(digits, radix))
-        return fail(fault, QStringLiteral("'%1' is not a decimal, 0x hexadecimal or 0b binary "
-                                          "number")
+        return fail(fault, Text::tr("'%1' is not a decimal, 0x hexadecimal or 0b binary "
+                                    "number")
                                .arg(typed));
     if (radix == 10)
         return Decimal::parse(typed, number)
-               || fail(fault, QStringLiteral("%1 does not fit; it is too long").arg(typed));
+               || fail(fault, Text::tr("%1 does not fit; it is too long").arg(typed));
     bool fits = false;
     *number = Decimal::ofUnsigned(digits.toULongLong(&fits, radix));
-    return fits || fail(fault, QStringLiteral("%1 does not fit; it is too long").arg(typed));
+    return fits || fail(fault, Text::tr("%1 does not fit; it is too long").arg(typed));
 }
 
 /// The number before scaling whose scaled one is nearest; of two the one farther from 0.
@@ -130,7 +131,7 @@ bool parseSteps(const ValueFormat& format, const QString& typed, Decimal* number
 {
     Decimal wanted;
     if (!Decimal::parse(typed, &wanted))
-        return fail(fault, QStringLiteral("'%1' is not a decimal number").arg(typed));
+        return fail(fault, Text::tr("'%1' is not a decimal number").arg(typed));
     *number = nearestStep(format, wanted);
     // Half of the last digit that is shown may be lost; without a scale nothing.
     const Decimal half =
@@ -138,14 +139,8 @@ bool parseSteps(const ValueFormat& format, const QString& typed, Decimal* number
     const Decimal lost = wanted.minus(scaled(format, *number)).absolute();
     return lost.compare(half) <= 0
            || fail(fault,
-                   QStringLiteral("%1 is between two steps of %2; the nearest is %3")
+                   Text::tr("%1 is between two steps of %2; the nearest is %3")
                        .arg(typed, format.scale.absolute().text(), scaledText(format, *number)));
-}
-
-/// Of a single bit the register's name would tell what all of it takes.
-QString takerText(const RegisterType* type, const ValueFormat& format)
-{
-    return format.bit < 0 ? QString::fromLatin1(type->name) : QStringLiteral("one bit of a word");
 }
 
 bool checkLimits(const RegisterType* type, const ValueFormat& format, const QString& typed,
@@ -155,10 +150,14 @@ bool checkLimits(const RegisterType* type, const ValueFormat& format, const QStr
     if (number.compare(limits.lowest) >= 0 && number.compare(limits.highest) <= 0)
         return true;
     const bool turns = format.scale.isNegative();
-    return fail(fault, QStringLiteral("%1 does not fit; %2 takes %3 to %4")
-                           .arg(typed, takerText(type, format),
-                                scaledText(format, turns ? limits.highest : limits.lowest),
-                                scaledText(format, turns ? limits.lowest : limits.highest)));
+    const QString lowest = scaledText(format, turns ? limits.highest : limits.lowest);
+    const QString highest = scaledText(format, turns ? limits.lowest : limits.highest);
+    // Of a single bit the register's name would tell what all of it takes.
+    return fail(fault, format.bit >= 0
+                           ? Text::tr("%1 does not fit; one bit of a word takes %2 to %3")
+                                 .arg(typed, lowest, highest)
+                           : Text::tr("%1 does not fit; %2 takes %3 to %4")
+                                 .arg(typed, QString::fromLatin1(type->name), lowest, highest));
 }
 
 quint64 bitsOfNumber(const ValueFormat& format, const Decimal& number)

@@ -1,8 +1,8 @@
 #include "panel/watch/link_events.h"
 
 #include "data/reply_handling.h"
-#include "panel/text/counted.h"
 #include "panel/text/json_time.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QStringList>
 
@@ -52,13 +52,15 @@ const char* stateOf(LinkEvent::Kind kind)
 
 QString shortenedText(const LinkEvent& event)
 {
-    const QString gaps = event.rules.maySpanGaps
-                             ? QString()
-                             : QStringLiteral("; addresses between are not read along");
-    return QStringLiteral("station %1 refuses requests; it is asked for at most %2 or %3 at "
-                          "once%4")
-        .arg(QString::number(event.station), counted(event.rules.maxWords, "register", "registers"),
-             counted(event.rules.maxBits, "coil", "coils"), gaps);
+    const QString text =
+        event.rules.maySpanGaps
+            ? Text::tr("station %1 refuses requests; it is asked for at most %2 or %3 at once")
+            : Text::tr("station %1 refuses requests; it is asked for at most %2 or %3 at once; "
+                       "addresses between are not read along");
+    return text.arg(
+        QString::number(event.station),
+        countedText(event.rules.maxWords, "%1 register", QT_TRANSLATE_N_NOOP("kx", "%1 registers")),
+        countedText(event.rules.maxBits, "%1 coil", QT_TRANSLATE_N_NOOP("kx", "%1 coils")));
 }
 
 } // namespace
@@ -67,17 +69,17 @@ QString linkEventText(const LinkEvent& event)
 {
     switch (event.kind) {
     case LinkEvent::LineLost:
-        return QStringLiteral("line lost");
+        return Text::tr("line lost");
     case LinkEvent::LineOpened:
-        return QStringLiteral("line open again");
+        return Text::tr("line open again");
     case LinkEvent::LineNeverSilent:
-        return QStringLiteral("line never silent");
+        return Text::tr("line never silent");
     case LinkEvent::LineSilent:
-        return QStringLiteral("line silent again");
+        return Text::tr("line silent again");
     case LinkEvent::StationSilent:
-        return QStringLiteral("station %1 does not answer").arg(event.station);
+        return Text::tr("station %1 does not answer").arg(event.station);
     case LinkEvent::StationBack:
-        return QStringLiteral("station %1 answers again").arg(event.station);
+        return Text::tr("station %1 answers again").arg(event.station);
     case LinkEvent::RequestsShortened:
         return shortenedText(event);
     }

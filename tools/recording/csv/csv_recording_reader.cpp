@@ -1,6 +1,7 @@
 #include "recording/csv/csv_recording_reader.h"
 
 #include "recording/csv/csv_recording_text.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -14,7 +15,8 @@ bool CsvRecordingReader::open(const QString& path, QString* error)
     if (m_file.error() != QFileDevice::NoError)
         *error = QStringLiteral("%1: %2").arg(path, m_file.errorString());
     else if (!header.endsWith('\n') || !parseCsvHeader(header.chopped(1), &m_tags))
-        *error = QStringLiteral("%1: is no recording; kxhost record makes them").arg(path);
+        *error = QStringLiteral("%1: %2").arg(
+            path, Text::tr("is no recording; kxhost record makes them"));
     else
         return true;
     return false;
@@ -41,7 +43,7 @@ bool CsvRecordingReader::readRow()
     ++m_line;
     const QString place = m_file.fileName() + QLatin1Char(':') + QString::number(m_line);
     if (!line.endsWith('\n')) {
-        m_remark = QStringLiteral("%1: the last row is cut off and left out").arg(place);
+        m_remark = Text::tr("%1: the last row is cut off and left out").arg(place);
         return false;
     }
     QString fault;

@@ -4,6 +4,7 @@
 #include "panel/text/counted.h"
 #include "panel/values/decimal.h"
 #include "system/printable_text.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>
@@ -83,8 +84,7 @@ bool parseValues(const QByteArray& line, const QList<CsvField>& fields,
         if (value.length == 0)
             continue;
         if (event.value.isNumber && !Decimal::parse(value.text, &number)) {
-            *fault = QStringLiteral("%1 is no number of %2")
-                         .arg(value.text, placeOf(tags.at(event.tag)));
+            *fault = Text::tr("%1 is no number of %2").arg(value.text, placeOf(tags.at(event.tag)));
             return false;
         }
         *events << event;
@@ -195,21 +195,22 @@ bool parseCsvRow(const QByteArray& line, const QList<RecordedTag>& tags,
     if (!splitCsvFields(line, SEPARATOR, &fields, fault))
         return false;
     if (fields.size() != tags.size() + 2) {
-        *fault = QStringLiteral("%1 instead of %2")
-                     .arg(counted(fields.size(), "field", "fields"))
-                     .arg(tags.size() + 2);
+        *fault =
+            Text::tr("%1 instead of %2")
+                .arg(countedText(fields.size(), "%1 field", QT_TRANSLATE_N_NOOP("kx", "%1 fields")))
+                .arg(tags.size() + 2);
         return false;
     }
     qint64 time = 0;
     if (!parseTime(fields.first().text, &time)) {
-        *fault = QStringLiteral("the time is wrong");
+        *fault = Text::tr("the time is wrong");
         return false;
     }
     if (!parseValues(line, fields, tags, time, events, fault))
         return false;
     if (parseGaps(fields.last().text, tags, time, events))
         return true;
-    *fault = QStringLiteral("the gaps are wrong");
+    *fault = Text::tr("the gaps are wrong");
     return false;
 }
 

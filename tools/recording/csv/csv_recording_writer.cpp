@@ -1,6 +1,7 @@
 #include "recording/csv/csv_recording_writer.h"
 
 #include "panel/text/json_time.h"
+#include "system/translated_text.h"
 
 namespace kx
 {
@@ -44,12 +45,12 @@ bool CsvRecordingWriter::goOn(QString* fault)
         m_rows = header;
         if (write(fault))
             return true;
-        fault->prepend(QStringLiteral("cannot be written: "));
+        *fault = Text::tr("cannot be written: %1").arg(*fault);
         return false;
     }
     if (m_file.read(header.size()) != header) {
-        *fault = QStringLiteral("holds something else than a recording of these tags; name another "
-                                "file, or move this one away");
+        *fault = Text::tr("holds something else than a recording of these tags; name another "
+                          "file, or move this one away");
         return false;
     }
     QByteArray lastRow;
@@ -80,7 +81,7 @@ bool CsvRecordingWriter::stopEarlierRun(const QByteArray& lastRow, QString* faul
     if (lastRow.isEmpty())
         return true;
     if (!parseCsvRow(lastRow, m_tags, &events, fault)) {
-        *fault = QStringLiteral("its last row cannot be read: %1").arg(*fault);
+        *fault = Text::tr("its last row cannot be read: %1").arg(*fault);
         return false;
     }
     const bool wasStopped = !events.isEmpty() && events.last().isGap
@@ -148,7 +149,7 @@ bool CsvRecordingWriter::writeRows()
 {
     QString fault;
     if (m_failure.isEmpty() && !write(&fault))
-        m_failure = QStringLiteral("%1: cannot go on recording: %2").arg(m_file.fileName(), fault);
+        m_failure = Text::tr("%1: cannot go on recording: %2").arg(m_file.fileName(), fault);
     return m_failure.isEmpty();
 }
 
@@ -170,7 +171,7 @@ bool CsvRecordingWriter::write(QString* fault)
 
 QString CsvRecordingWriter::fileFault() const
 {
-    return QStringLiteral("cannot be written: %1").arg(m_file.errorString());
+    return Text::tr("cannot be written: %1").arg(m_file.errorString());
 }
 
 } // namespace kx

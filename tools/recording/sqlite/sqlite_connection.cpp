@@ -1,5 +1,7 @@
 #include "recording/sqlite/sqlite_connection.h"
 
+#include "system/translated_text.h"
+
 #include <QtCore/QUuid>
 #include <QtCore/QVariant>
 #include <QtSql/QSqlQuery>
@@ -16,10 +18,9 @@ bool SqliteConnection::open(const QString& path, QString* fault)
 {
     const QString driver = QStringLiteral("QSQLITE");
     if (!QSqlDatabase::isDriverAvailable(driver)) {
-        *fault =
-            QStringLiteral("Qt's plug-in for SQLite is missing; install libqt%1sql%1-sqlite, or "
-                           "use a .csv file")
-                .arg(QT_VERSION_MAJOR);
+        *fault = Text::tr("Qt's plug-in for SQLite is missing; install libqt%1sql%1-sqlite, or "
+                          "use a .csv file")
+                     .arg(QT_VERSION_MAJOR);
         return false;
     }
     m_name = QUuid::createUuid().toString();

@@ -1,5 +1,7 @@
 #include "recording/sqlite/sqlite_recording_reader.h"
 
+#include "system/translated_text.h"
+
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QVariant>
@@ -13,7 +15,8 @@ namespace kx
 namespace
 {
 
-const char* const NO_RECORDING = "is no recording; kxhost record makes them";
+const char* const NO_RECORDING =
+    QT_TRANSLATE_NOOP("kx", "is no recording; kxhost record makes them");
 const qint64 LAST_TIME = 253402300799999; // 9999-12-31T23:59:59.999Z
 const int LAST_STATION = 247;
 
@@ -81,11 +84,11 @@ bool SqliteRecordingReader::isRecording(QString* fault) const
 {
     const QString count = QStringLiteral("SELECT count(*) FROM sqlite_master%1");
     if (!m_connection.run(count.arg(QString()), fault)) {
-        fault->prepend(QStringLiteral("cannot be read: "));
+        *fault = Text::tr("cannot be read: %1").arg(*fault);
         return false;
     }
     if (isCutOff()) {
-        *fault = QStringLiteral("cannot be read: its end is cut off");
+        *fault = Text::tr("cannot be read: its end is cut off");
         return false;
     }
     const QString tables =
@@ -93,7 +96,7 @@ bool SqliteRecordingReader::isRecording(QString* fault) const
     if (m_connection.number(QStringLiteral("PRAGMA application_id")) == RECORDING_APPLICATION
         && m_connection.number(count.arg(tables)) == 3)
         return true;
-    *fault = QLatin1String(NO_RECORDING);
+    *fault = Text::tr(NO_RECORDING);
     return false;
 }
 
@@ -154,13 +157,13 @@ bool SqliteRecordingReader::hasFailed(const QSqlQuery& query, QString* fault)
 {
     if (!query.lastError().isValid())
         return false;
-    *fault = QStringLiteral("cannot be read: ") + sqliteFault(query.lastError());
+    *fault = Text::tr("cannot be read: %1").arg(sqliteFault(query.lastError()));
     return true;
 }
 
 QString SqliteRecordingReader::wrongRow(const char* table)
 {
-    return QStringLiteral("a row of %1 is wrong").arg(QLatin1String(table));
+    return Text::tr("a row of %1 is wrong").arg(QLatin1String(table));
 }
 
 void SqliteRecordingReader::advance(Rows* rows)

@@ -1,5 +1,7 @@
 #include "recording/sqlite/sqlite_recording_tables.h"
 
+#include "system/translated_text.h"
+
 #include <QtCore/QStringList>
 
 namespace kx
@@ -34,13 +36,13 @@ bool prepareTables(const SqliteConnection& connection, QString* fault)
 {
     const QString count = QStringLiteral("SELECT count(*) FROM sqlite_master");
     if (!connection.run(count, fault)) {
-        fault->append(QLatin1String("; name another file"));
+        *fault = Text::tr("%1; name another file").arg(*fault);
         return false;
     }
     const qint64 tables = connection.number(count);
     const qint64 application = connection.number(QStringLiteral("PRAGMA application_id"));
     if (tables != 0 && application != RECORDING_APPLICATION) {
-        *fault = QStringLiteral("it holds something else; name another file");
+        *fault = Text::tr("it holds something else; name another file");
         return false;
     }
     const QStringList settings = {

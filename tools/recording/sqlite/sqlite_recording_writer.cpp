@@ -1,6 +1,7 @@
 #include "recording/sqlite/sqlite_recording_writer.h"
 
 #include "recording/sqlite/sqlite_recording_tables.h"
+#include "system/translated_text.h"
 
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
@@ -43,7 +44,7 @@ bool SqliteRecordingWriter::open(const QString& path, const QList<RecordedTag>& 
         return true;
     }
     closeDatabase();
-    *error = QStringLiteral("%1: cannot be recorded into: %2").arg(path, fault);
+    *error = Text::tr("%1: cannot be recorded into: %2").arg(path, fault);
     return false;
 }
 
@@ -187,7 +188,7 @@ bool SqliteRecordingWriter::flush()
 
 bool SqliteRecordingWriter::fail(const QString& fault)
 {
-    m_failure = QStringLiteral("%1: cannot go on recording: %2").arg(m_path, fault);
+    m_failure = Text::tr("%1: cannot go on recording: %2").arg(m_path, fault);
     m_connection.database().rollback();
     m_isInTransaction = false;
     return false;
