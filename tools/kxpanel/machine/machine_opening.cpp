@@ -82,7 +82,7 @@ void Machine::beginSession()
     kx::DriverEntryPoints driver;
     QString error;
     if (!kx::loadDriver(kx::driverFile(options.library), &driver, &error))
-        return failLater(error + QStringLiteral("; name its file with --library"));
+        return failLater(tr("%1; name its file with --library").arg(error));
     const std::optional<Limits>& limits = m_parts->limits;
     auto session = kx::Session::create(
         driver, line, limits ? limited(options.session, *limits) : options.session, &error);

@@ -1,8 +1,9 @@
-# The window's texts in other languages, which the program carries. Without Qt's tools for them (apt
-# install qttools5-dev-tools) it speaks English.
+# The window's texts in other languages, which the program carries, with those of the libraries below
+# it; of English the forms of counts alone. Without Qt's tools for them (apt install
+# qttools5-dev-tools) it speaks English and says "1 value(s)".
 #   cmake --build ... --target update_translations   takes new texts over from the sources
 
-set(languages de)
+set(languages de en)
 
 find_program(KX_LRELEASE lrelease HINTS /usr/lib/qt${KX_QT}/bin)
 find_program(KX_LUPDATE lupdate HINTS /usr/lib/qt${KX_QT}/bin)
@@ -19,7 +20,6 @@ foreach(language IN LISTS languages)
   add_custom_command(OUTPUT "${made}"
     COMMAND ${KX_LRELEASE} -silent "${texts}" -qm "${made}"
     DEPENDS "${texts}" VERBATIM)
-  list(APPEND all_texts "${texts}")
   list(APPEND all_made "${made}")
   string(APPEND entries "<file>kxpanel_${language}.qm</file>")
 endforeach()
@@ -35,7 +35,9 @@ set_source_files_properties("${carried}" PROPERTIES
   GENERATED ON SKIP_AUTOGEN ON SKIP_PRECOMPILE_HEADERS ON COMPILE_OPTIONS -w)
 target_compile_definitions(kx_window PRIVATE KX_HAS_TRANSLATIONS)
 
+set(update ${KX_LUPDATE} -locations none -no-obsolete -I "${PROJECT_SOURCE_DIR}/tools"
+  "${PROJECT_SOURCE_DIR}/tools")
 add_custom_target(update_translations
-  COMMAND ${KX_LUPDATE} -locations none -no-obsolete -I "${PROJECT_SOURCE_DIR}/tools"
-    "${PROJECT_SOURCE_DIR}/tools/kxpanel" -ts ${all_texts}
+  COMMAND ${update} -ts "${CMAKE_CURRENT_LIST_DIR}/kxpanel_de.ts"
+  COMMAND ${update} -pluralonly -ts "${CMAKE_CURRENT_LIST_DIR}/kxpanel_en.ts"
   VERBATIM)

@@ -47,10 +47,15 @@ namespace kxpanel
 bool takeLanguage(const QLocale& locale)
 {
     takeCarriedTranslations();
-    if (isEnglishFirst(locale)
-        || !take(locale, QStringLiteral("kxpanel"), QStringLiteral(":/translations")))
+    QLocale::setDefault(QLocale::c());
+    const QString name = QStringLiteral("kxpanel");
+    const QString folder = QStringLiteral(":/translations");
+    if (isEnglishFirst(locale) || !take(locale, name, folder)) {
+        take(QLocale(QLocale::English), name, folder); // the forms of counts
         return false;
-    take(locale, QStringLiteral("qtbase"), pathOfQt());
+    }
+    for (const char* const module : {"qtbase", "qtserialport"})
+        take(locale, QLatin1String(module), pathOfQt());
     return true;
 }
 

@@ -1,6 +1,13 @@
 #include "kxpanel/translations/translations.h"
 
+#include "addresses/count_fault.h"
+#include "exchange/failure.h"
+#include "panel/text/frame_text.h"
+#include "panel/values/value_address.h"
+#include "recording/recorded.h"
+
 #include <QtCore/QFile>
+#include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
@@ -69,9 +76,44 @@ QStringList placesIn(const QString& text)
     return places;
 }
 
-QString texts()
+QString texts(const QString& language)
 {
-    return QString::fromLocal8Bit(KX_TRANSLATIONS "/kxpanel_de.ts");
+    return QString::fromLocal8Bit(KX_TRANSLATIONS "/kxpanel_%1.ts").arg(language);
+}
+
+/// What lupdate makes of a copy of the language's file, without what has gone.
+QList<Message> updated(const QString& language, const QStringList& options)
+{
+    QTemporaryDir folder;
+    const QString copy = folder.filePath("copy.ts");
+    QProcess lupdate;
+    if (QFile::copy(texts(language), copy))
+        lupdate.start(KX_LUPDATE, QStringList{"-silent", "-locations", "none", "-no-obsolete", "-I",
+                                              KX_TOOLS, KX_TOOLS}
+                                      + options + QStringList{"-ts", copy});
+    const bool isUpdated = lupdate.waitForFinished(60000) && lupdate.exitCode() == 0;
+    // It knows where each text belongs.
+    return isUpdated && lupdate.readAllStandardError().isEmpty() ? messagesOf(copy)
+                                                                 : QList<Message>();
+}
+
+/// Why an address is refused.
+QString faultOf(const QString& address)
+{
+    kx::AddressRange range;
+    kx::ValueFormat format;
+    QString fault;
+    return kx::parseValueAddress(address, &range, &format, &fault) ? QString() : fault;
+}
+
+/// One to which no reply came.
+kx::ExchangeRecord unanswered()
+{
+    kx::ExchangeRecord record;
+    record.request = QByteArray::fromHex("01030000000AC5CD");
+    record.replyKind = kx::ReplyKind::None;
+    record.result = 8; // the driver asks again
+    return record;
 }
 
 } // namespace
@@ -83,8 +125,15 @@ class TranslationsTest : public QObject
 private slots:
     void cleanup();
     void everyTextIsTranslated();
+    void everyCountHasItsEnglishForms();
+    void everyTextOfTheSourcesIsThere_data();
     void everyTextOfTheSourcesIsThere();
     void everyTranslationIsLoaded();
+    void counts_data();
+    void counts();
+    void textsOfTheRuntimeLibrary();
+    void whatProgramsReadStaysEnglish();
+    void numbersHaveThePointThatCanBeTyped();
     void languages_data();
     void languages();
 };
@@ -93,12 +142,13 @@ void TranslationsTest::cleanup()
 {
     for (QTranslator* translator : QCoreApplication::instance()->findChildren<QTranslator*>())
         delete translator;
+    QLocale::setDefault(QLocale::c());
 }
 
 void TranslationsTest::everyTextIsTranslated()
 {
-    const QList<Message> messages = messagesOf(texts());
-    QVERIFY(messages.size() > 500);
+    const QList<Message> messages = messagesOf(texts("de"));
+    QVERIFY(messages.size() > 750);
     for (const Message& message : messages) {
         QVERIFY2(message.isFinished, qPrintable(message.source));
         QCOMPARE(message.forms.size(), message.isCounted ? 2 : 1);
@@ -109,33 +159,46 @@ void TranslationsTest::everyTextIsTranslated()
     }
 }
 
+void TranslationsTest::everyCountHasItsEnglishForms()
+{
+    const QList<Message> messages = messagesOf(texts("en"));
+    QVERIFY(messages.size() > 25);
+    for (const Message& message : messages) {
+        QVERIFY2(message.isFinished && message.isCounted, qPrintable(message.source));
+        QCOMPARE(message.forms.size(), 2);
+        for (const QString& form : message.forms) {
+            QVERIFY2(!form.isEmpty() && !form.contains('('), qPrintable(form));
+            QVERIFY2(placesIn(form) == placesIn(message.source), qPrintable(form));
+        }
+    }
+}
+
+void TranslationsTest::everyTextOfTheSourcesIsThere_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("German") << "de" << QStringList();
+    QTest::newRow("English, of counts alone") << "en" << QStringList("-pluralonly");
+}
+
 void TranslationsTest::everyTextOfTheSourcesIsThere()
 {
-    QTemporaryDir folder;
-    const QString copy = folder.filePath("kxpanel_de.ts");
-    QVERIFY(QFile::copy(texts(), copy));
-    const QStringList arguments = {"-silent",           "-locations", "none",
-                                   "-no-obsolete",      "-I",         KX_TOOLS,
-                                   KX_TOOLS "/kxpanel", "-ts",        copy};
-    QProcess lupdate;
-    lupdate.start(KX_LUPDATE, arguments);
-    QVERIFY(lupdate.waitForFinished(60000));
-    QCOMPARE(lupdate.exitCode(), 0);
-    QCOMPARE(lupdate.readAllStandardError(), QByteArray()); // it knows where each text belongs
+    QFETCH(QString, language);
+    QFETCH(QStringList, options);
+    const QList<Message> messages = updated(language, options);
     QStringList missing;
-    const QList<Message> messages = messagesOf(copy);
     for (const Message& message : messages) {
         if (!message.isFinished)
             missing << message.context + ": " + message.source;
     }
     QVERIFY2(missing.isEmpty(), qPrintable(missing.join('\n')));
-    QCOMPARE(messages.size(), messagesOf(texts()).size()); // and nothing that has gone
+    QCOMPARE(messages.size(), messagesOf(texts(language)).size()); // and nothing that has gone
 }
 
 void TranslationsTest::everyTranslationIsLoaded()
 {
     QVERIFY(takeLanguage(QLocale("de_AT")));
-    for (const Message& message : messagesOf(texts())) {
+    for (const Message& message : messagesOf(texts("de"))) {
         const int count = message.isCounted ? 1 : -1;
         QString form = message.forms.first();
         QCOMPARE(QCoreApplication::translate(message.context.toUtf8(), message.source.toUtf8(),
@@ -145,6 +208,72 @@ void TranslationsTest::everyTranslationIsLoaded()
     QCOMPARE(
         QCoreApplication::translate("kxpanel::RecipesPage", "%n value(s) saved in %1", nullptr, 3),
         QString("3 Werte in %1 gespeichert"));
+}
+
+void TranslationsTest::counts_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("ofTheWindow");
+    QTest::addColumn<QString>("ofTheLibrary");
+    const auto row = [](const char* name, const char* locale, int count, const char* ofTheWindow,
+                        const char* ofTheLibrary) {
+        QTest::newRow(name) << locale << count << ofTheWindow << ofTheLibrary;
+    };
+    row("English, none", "en_GB", 0, "0 values", "0 values for a count of 5");
+    row("English, one", "en_GB", 1, "1 value", "1 value for a count of 5");
+    row("English, two", "en_GB", 2, "2 values", "2 values for a count of 5");
+    row("German, none", "de_DE", 0, "0 Werte", "0 Werte bei einer Anzahl von 5");
+    row("German, one", "de_DE", 1, "1 Wert", "1 Wert bei einer Anzahl von 5");
+    row("German, two", "de_DE", 2, "2 Werte", "2 Werte bei einer Anzahl von 5");
+    row("a language that is not there, one", "fr_FR", 1, "1 value", "1 value for a count of 5");
+    row("a language that is not there, two", "fr_FR", 2, "2 values", "2 values for a count of 5");
+    row("no language, one", "C", 1, "1 value", "1 value for a count of 5");
+}
+
+void TranslationsTest::counts()
+{
+    QFETCH(QString, locale);
+    QFETCH(int, count);
+    takeLanguage(QLocale(locale));
+    QTEST(QCoreApplication::translate("kxpanel::TransferTexts", "%n value(s)", nullptr, count),
+          "ofTheWindow");
+    QTEST(kx::countFault(count, 5), "ofTheLibrary");
+}
+
+void TranslationsTest::textsOfTheRuntimeLibrary()
+{
+    QCOMPARE(faultOf("D9000"), QString("out of range; the addresses are D0 to D7999 (decimal)"));
+    QVERIFY(takeLanguage(QLocale("de_DE")));
+    QCOMPARE(faultOf("D9000"),
+             QString::fromUtf8("außerhalb des Bereichs; die Adressen sind D0 bis D7999 (dezimal)"));
+    QCOMPARE(faultOf("X9"), QString::fromUtf8("„9“ ist keine Oktalzahl; die Adressen sind X0 bis "
+                                              "X377 (oktal)"));
+    QCOMPARE(kx::exceptionText(2), QString::fromUtf8("Ausnahme 2 (unzulässige Adresse)"));
+    QCOMPARE(kx::outcomeText(unanswered()), QString("keine Antwort, wiederholt"));
+    QCOMPARE(kx::requestText(unanswered().request),
+             QString("Station 01, Funktion 03, Adresse 00 00, Anzahl 00 0A, CRC C5 CD"));
+    QCOMPARE(kx::gapWords(kx::GapReason::Refused), QString("abgelehnt"));
+}
+
+void TranslationsTest::whatProgramsReadStaysEnglish()
+{
+    QVERIFY(takeLanguage(QLocale("de_DE")));
+    const QJsonObject json = kx::exchangeJson(unanswered());
+    QCOMPARE(json["outcome"].toString(), QString("no reply"));
+    QCOMPARE(json["result"].toString(), QString("repeated"));
+    QCOMPARE(json["requestFields"].toString(),
+             QString("station 01, function 03, address 00 00, quantity 00 0A, CRC C5 CD"));
+    QCOMPARE(kx::gapText(kx::GapReason::Refused), QString("refused"));
+}
+
+void TranslationsTest::numbersHaveThePointThatCanBeTyped()
+{
+    for (const char* const name : {"de_DE", "en_US", "fr_FR"}) {
+        QLocale::setDefault(QLocale(name));
+        takeLanguage(QLocale(name));
+        QCOMPARE(QLocale().toString(12345.5), QString("12345.5"));
+    }
 }
 
 void TranslationsTest::languages_data()

@@ -18,7 +18,7 @@ QString gapReason(const TrendSample& gap)
 {
     kx::GapReason reason = kx::GapReason::NotYetRead;
     return gapReasonOf(gap.value, &reason)
-               ? QLatin1Char('(') + kx::gapText(reason) + QLatin1Char(')')
+               ? QLatin1Char('(') + kx::gapWords(reason) + QLatin1Char(')')
                : TrendLegend::tr("(no number)");
 }
 

@@ -1,0 +1,270 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en">
+<context>
+    <name>kx</name>
+    <message numerus="yes">
+        <source>%1 values</source>
+        <translation>
+            <numerusform>%1 value</numerusform>
+            <numerusform>%1 values</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 fields</source>
+        <translation>
+            <numerusform>%1 field</numerusform>
+            <numerusform>%1 fields</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 registers</source>
+        <translation>
+            <numerusform>%1 register</numerusform>
+            <numerusform>%1 registers</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 coils</source>
+        <translation>
+            <numerusform>%1 coil</numerusform>
+            <numerusform>%1 coils</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::AddLine</name>
+    <message numerus="yes">
+        <source>%1, %n values</source>
+        <translation>
+            <numerusform>%1, %n value</numerusform>
+            <numerusform>%1, %n values</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::DownloadBar</name>
+    <message numerus="yes">
+        <source>Send %n value(s) to %1? They replace those in the controller.</source>
+        <translation>
+            <numerusform>Send %n value to %1? It replaces the one in the controller.</numerusform>
+            <numerusform>Send %n values to %1? They replace those in the controller.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::ExchangeWords</name>
+    <message numerus="yes">
+        <source>%n byte(s)</source>
+        <translation>
+            <numerusform>%n byte</numerusform>
+            <numerusform>%n bytes</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::FilterLine</name>
+    <message numerus="yes">
+        <source>%n values</source>
+        <translation>
+            <numerusform>%n value</numerusform>
+            <numerusform>%n values</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n values</source>
+        <translation>
+            <numerusform>%1 of %n value</numerusform>
+            <numerusform>%1 of %n values</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::FrameDetails</name>
+    <message numerus="yes">
+        <source>Reply, over at %1, %n byte(s)</source>
+        <translation>
+            <numerusform>Reply, over at %1, %n byte</numerusform>
+            <numerusform>Reply, over at %1, %n bytes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Request, sent %1, %n byte(s)</source>
+        <translation>
+            <numerusform>Request, sent %1, %n byte</numerusform>
+            <numerusform>Request, sent %1, %n bytes</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::FramesPage</name>
+    <message numerus="yes">
+        <source>%n exchange(s) saved in %1</source>
+        <translation>
+            <numerusform>%n exchange saved in %1</numerusform>
+            <numerusform>%n exchanges saved in %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::HealthWords</name>
+    <message numerus="yes">
+        <source>%n repl(ies) of other requests</source>
+        <translation>
+            <numerusform>%n reply of another request</numerusform>
+            <numerusform>%n replies of other requests</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n late repl(ies)</source>
+        <translation>
+            <numerusform>%n late reply</numerusform>
+            <numerusform>%n late replies</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n duplicate(s)</source>
+        <translation>
+            <numerusform>%n duplicate</numerusform>
+            <numerusform>%n duplicates</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n echo(es)</source>
+        <translation>
+            <numerusform>%n echo</numerusform>
+            <numerusform>%n echoes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n byte(s) in no frame</source>
+        <translation>
+            <numerusform>%n byte in no frame</numerusform>
+            <numerusform>%n bytes in no frame</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n request(s) held back for a late reply</source>
+        <translation>
+            <numerusform>%n request held back for a late reply</numerusform>
+            <numerusform>%n requests held back for a late reply</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>line opened again %n time(s)</source>
+        <translation>
+            <numerusform>line opened again %n time</numerusform>
+            <numerusform>line opened again %n times</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::RecipeModel</name>
+    <message numerus="yes">
+        <source>%n address(es) from %1 on</source>
+        <translation>
+            <numerusform>%n address from %1 on</numerusform>
+            <numerusform>%n addresses from %1 on</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::RecipesPage</name>
+    <message numerus="yes">
+        <source>%n value(s) saved in %1</source>
+        <translation>
+            <numerusform>%n value saved in %1</numerusform>
+            <numerusform>%n values saved in %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TransferTexts</name>
+    <message numerus="yes">
+        <source>%1 of %n request(s)</source>
+        <translation>
+            <numerusform>%1 of %n request</numerusform>
+            <numerusform>%1 of %n requests</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n value(s)</source>
+        <translation>
+            <numerusform>%n value</numerusform>
+            <numerusform>%n values</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n differ(s)</source>
+        <translation>
+            <numerusform>%n differs</numerusform>
+            <numerusform>%n differ</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not in the file</source>
+        <translation>
+            <numerusform>%n not in the file</numerusform>
+            <numerusform>%n not in the file</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n the same</source>
+        <translation>
+            <numerusform>%n the same</numerusform>
+            <numerusform>%n the same</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendChannels</name>
+    <message numerus="yes">
+        <source>A plot holds %n value(s) at most</source>
+        <translation>
+            <numerusform>A plot holds %n value at most</numerusform>
+            <numerusform>A plot holds %n values at most</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::WatchPage</name>
+    <message numerus="yes">
+        <source>%n values added; the filter hides some</source>
+        <translation>
+            <numerusform>%n value added; the filter hides it</numerusform>
+            <numerusform>%n values added; the filter hides some</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values added</source>
+        <translation>
+            <numerusform>%n value added</numerusform>
+            <numerusform>%n values added</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 has %n faults; nothing was added</source>
+        <translation>
+            <numerusform>%1 has %n fault; nothing was added</numerusform>
+            <numerusform>%1 has %n faults; nothing was added</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::WriteBar</name>
+    <message numerus="yes">
+        <source>Write to %n values of %1: %2.</source>
+        <translation>
+            <numerusform>Write to %n value of %1: %2.</numerusform>
+            <numerusform>Write to %n values of %1: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n can only be read.</source>
+        <translation>
+            <numerusform>%n can only be read.</numerusform>
+            <numerusform>%n can only be read.</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>
