@@ -685,7 +685,7 @@
         <translation>Ergebnis</translation>
     </message>
     <message>
-        <source>Milliseconds from the request&apos;s last character to the reply&apos;s first</source>
+        <source>Milliseconds from the request's last character to the reply's first</source>
         <translation>Millisekunden vom letzten Zeichen der Anfrage bis zum ersten der Antwort</translation>
     </message>
     <message>
@@ -1295,7 +1295,7 @@
         <translation>Protokoll</translation>
     </message>
     <message>
-        <source>What the gateway takes: the serial line&apos;s bytes, or Modbus TCP</source>
+        <source>What the gateway takes: the serial line's bytes, or Modbus TCP</source>
         <translation>Was das Gateway nimmt: die Bytes der seriellen Leitung oder Modbus TCP</translation>
     </message>
     <message>
@@ -1303,7 +1303,7 @@
         <translation>Die serielle Schnittstelle nennen, etwa /dev/ttyUSB0</translation>
     </message>
     <message>
-        <source>Speed &apos;%1&apos;: must be 1 to %2 bits per second</source>
+        <source>Speed '%1': must be 1 to %2 bits per second</source>
         <translation>Baudrate „%1“: muss 1 bis %2 Bit je Sekunde sein</translation>
     </message>
     <message>
@@ -1311,7 +1311,7 @@
         <translation>Das Gateway nennen, etwa 192.168.0.5:8888</translation>
     </message>
     <message>
-        <source>Gateway &apos;%1&apos;: write HOST or HOST:PORT, and an IPv6 address in brackets</source>
+        <source>Gateway '%1': write HOST or HOST:PORT, and an IPv6 address in brackets</source>
         <translation>Gateway „%1“: RECHNER oder RECHNER:PORT schreiben, eine IPv6-Adresse in Klammern</translation>
     </message>
 </context>
@@ -1729,7 +1729,7 @@
         <translation>Gelesenes speichern ...</translation>
     </message>
     <message>
-        <source>Save the file with the controller&apos;s values</source>
+        <source>Save the file with the controller's values</source>
         <translation>Die Datei mit den Werten der Steuerung speichern</translation>
     </message>
     <message>
@@ -1778,7 +1778,7 @@
         <translation>Zeit für eine Antwort</translation>
     </message>
     <message>
-        <source>Milliseconds to wait for each station&apos;s reply</source>
+        <source>Milliseconds to wait for each station's reply</source>
         <translation>Millisekunden, die auf die Antwort jeder Station gewartet wird</translation>
     </message>
     <message>
@@ -2305,7 +2305,7 @@
         <translation>eine Zeile hat einen Wert</translation>
     </message>
     <message>
-        <source>the name &apos;%1&apos; is taken</source>
+        <source>the name '%1' is taken</source>
         <translation>der Name „%1“ ist vergeben</translation>
     </message>
 </context>
@@ -2583,7 +2583,7 @@
         <translation>&amp;Ansicht</translation>
     </message>
     <message>
-        <source>Show the page &apos;%1&apos;</source>
+        <source>Show the page '%1'</source>
         <translation>Die Seite „%1“ zeigen</translation>
     </message>
     <message>
@@ -2591,7 +2591,7 @@
         <translation>&amp;Farben</translation>
     </message>
     <message>
-        <source>&amp;System&apos;s</source>
+        <source>&amp;System's</source>
         <translation>&amp;System</translation>
     </message>
     <message>
@@ -2682,6 +2682,1036 @@
     <message>
         <source>What is selected can only be read.</source>
         <translation>Das Ausgewählte kann nur gelesen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>kx</name>
+    <message>
+        <source>unknown register type '%1'; the types are %2</source>
+        <translation>unbekannte Registerart „%1“; die Arten sind %2</translation>
+    </message>
+    <message>
+        <source>'%1' is not an octal number; the addresses are %2</source>
+        <translation>„%1“ ist keine Oktalzahl; die Adressen sind %2</translation>
+    </message>
+    <message>
+        <source>'%1' is not a decimal number; the addresses are %2</source>
+        <translation>„%1“ ist keine Dezimalzahl; die Adressen sind %2</translation>
+    </message>
+    <message>
+        <source>out of range; the addresses are %1</source>
+        <translation>außerhalb des Bereichs; die Adressen sind %1</translation>
+    </message>
+    <message>
+        <source>the count must be 1 or more</source>
+        <translation>die Anzahl muss 1 oder mehr sein</translation>
+    </message>
+    <message>
+        <source>%1 values run past the last address; the addresses are %2</source>
+        <translation>%1 Werte reichen über die letzte Adresse hinaus; die Adressen sind %2</translation>
+    </message>
+    <message>
+        <source>the station must be %1 to %2</source>
+        <translation>die Station muss %1 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>'%1' is not a decimal or 0x hexadecimal number</source>
+        <translation>„%1“ ist keine dezimale oder 0x-hexadezimale Zahl</translation>
+    </message>
+    <message>
+        <source>%1 does not fit; %2 takes %3 to %4</source>
+        <translation>%1 passt nicht; %2 nimmt %3 bis %4</translation>
+    </message>
+    <message>
+        <source>not an address; write TYPENUMBER[:COUNT][@STATION] without spaces, such as D100:4, X17 or 32CV200@2</source>
+        <translation>keine Adresse; ARTNUMMER[:ANZAHL][@STATION] ohne Leerzeichen schreiben, etwa D100:4, X17 oder 32CV200@2</translation>
+    </message>
+    <message>
+        <source>not an assignment; write ADDRESS=VALUE[,VALUE...], such as D100=1234</source>
+        <translation>keine Zuweisung; ADRESSE=WERT[,WERT...] schreiben, etwa D100=1234</translation>
+    </message>
+    <message>
+        <source>%1%2 to %1%3 (octal)</source>
+        <translation>%1%2 bis %1%3 (oktal)</translation>
+    </message>
+    <message>
+        <source>%1%2 to %1%3 (decimal)</source>
+        <translation>%1%2 bis %1%3 (dezimal)</translation>
+    </message>
+    <message>
+        <source>%1 for a count of %2</source>
+        <translation>%1 bei einer Anzahl von %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 values</source>
+        <translation>
+            <numerusform>%1 Wert</numerusform>
+            <numerusform>%1 Werte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>coil %1</source>
+        <translation>Coil %1</translation>
+    </message>
+    <message>
+        <source>coils %1</source>
+        <translation>Coils %1</translation>
+    </message>
+    <message>
+        <source>holding register %1</source>
+        <translation>Register %1</translation>
+    </message>
+    <message>
+        <source>holding registers %1</source>
+        <translation>Register %1</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation> und </translation>
+    </message>
+    <message>
+        <source>a %1 takes %2 registers; raise --max-words, which is %3</source>
+        <translation>ein %1 braucht %2 Register; --max-words erhöhen, das %3 ist</translation>
+    </message>
+    <message>
+        <source>the driver is in use in this process; end its session first</source>
+        <translation>der Treiber ist in diesem Programm schon in Gebrauch; zuerst dessen Sitzung beenden</translation>
+    </message>
+    <message>
+        <source>%1: cannot load the driver library: %2</source>
+        <translation>%1: die Treiberbibliothek kann nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1: not the driver library: it has no %2</source>
+        <translation>%1: nicht die Treiberbibliothek: %2 fehlt darin</translation>
+    </message>
+    <message>
+        <source>the driver did not take the reply</source>
+        <translation>der Treiber nahm die Antwort nicht</translation>
+    </message>
+    <message>
+        <source>%1: what it sends is not Modbus TCP</source>
+        <translation>%1: was von dort kommt, ist kein Modbus TCP</translation>
+    </message>
+    <message>
+        <source>%1: the port cannot switch an RS-485 transceiver: %2; without --rs485 an adapter that switches by itself works</source>
+        <translation>%1: die Schnittstelle kann keinen RS-485-Wandler umschalten: %2; ohne --rs485 geht ein Adapter, der selbst umschaltet</translation>
+    </message>
+    <message>
+        <source>the port was closed or unplugged</source>
+        <translation>die Schnittstelle wurde geschlossen oder abgezogen</translation>
+    </message>
+    <message>
+        <source>cannot open the port: %1</source>
+        <translation>die Schnittstelle kann nicht geöffnet werden: %1</translation>
+    </message>
+    <message>
+        <source>%1: no connection within %2 seconds</source>
+        <translation>%1: keine Verbindung innerhalb von %2 Sekunden</translation>
+    </message>
+    <message>
+        <source>%1: cannot connect: %2</source>
+        <translation>%1: keine Verbindung: %2</translation>
+    </message>
+    <message>
+        <source>%1: the connection is lost: %2</source>
+        <translation>%1: die Verbindung ist verloren: %2</translation>
+    </message>
+    <message>
+        <source>illegal function</source>
+        <translation>unzulässige Funktion</translation>
+    </message>
+    <message>
+        <source>illegal data address</source>
+        <translation>unzulässige Adresse</translation>
+    </message>
+    <message>
+        <source>illegal data value</source>
+        <translation>unzulässiger Wert</translation>
+    </message>
+    <message>
+        <source>device failure</source>
+        <translation>Gerätefehler</translation>
+    </message>
+    <message>
+        <source>still at work</source>
+        <translation>noch in Arbeit</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>beschäftigt</translation>
+    </message>
+    <message>
+        <source>gateway has no path</source>
+        <translation>Gateway ohne Weg</translation>
+    </message>
+    <message>
+        <source>no answer to the gateway</source>
+        <translation>keine Antwort an das Gateway</translation>
+    </message>
+    <message>
+        <source>other reason</source>
+        <translation>anderer Grund</translation>
+    </message>
+    <message>
+        <source>good</source>
+        <translation>gut</translation>
+    </message>
+    <message>
+        <source>no reply</source>
+        <translation>keine Antwort</translation>
+    </message>
+    <message>
+        <source>short reply</source>
+        <translation>zu kurze Antwort</translation>
+    </message>
+    <message>
+        <source>bad reply</source>
+        <translation>fehlerhafte Antwort</translation>
+    </message>
+    <message>
+        <source>wrong byte count</source>
+        <translation>falsche Bytezahl</translation>
+    </message>
+    <message>
+        <source>reply of another request</source>
+        <translation>Antwort auf eine andere Anfrage</translation>
+    </message>
+    <message>
+        <source>line lost</source>
+        <translation>Leitung verloren</translation>
+    </message>
+    <message>
+        <source>broadcast</source>
+        <translation>Rundruf</translation>
+    </message>
+    <message>
+        <source>the line is never silent</source>
+        <translation>die Leitung ist nie in Ruhe</translation>
+    </message>
+    <message>
+        <source>not whole, so not sent</source>
+        <translation>nicht vollständig, daher nicht gesendet</translation>
+    </message>
+    <message>
+        <source>%1, a frame of Modbus TCP</source>
+        <translation>%1, ein Telegramm von Modbus TCP</translation>
+    </message>
+    <message>
+        <source>exception %1 (%2)</source>
+        <translation>Ausnahme %1 (%2)</translation>
+    </message>
+    <message>
+        <source>driver library: %1</source>
+        <translation>Treiberbibliothek: %1</translation>
+    </message>
+    <message>
+        <source>%1 answers with Modbus TCP frames; use --protocol tcp</source>
+        <translation>%1 antwortet mit Telegrammen von Modbus TCP; --protocol tcp nehmen</translation>
+    </message>
+    <message>
+        <source>the connection to %1 is lost and no station has answered</source>
+        <translation>die Verbindung zu %1 ist verloren und keine Station hat geantwortet</translation>
+    </message>
+    <message>
+        <source>nothing came from %1</source>
+        <translation>von %1 kam nichts</translation>
+    </message>
+    <message>
+        <source>%1; if it is a Modbus TCP server, use --protocol tcp</source>
+        <translation>%1; ist es ein Modbus-TCP-Server, --protocol tcp nehmen</translation>
+    </message>
+    <message>
+        <source>%1; if it passes the serial line's bytes on, use --protocol rtu</source>
+        <translation>%1; reicht es die Bytes der seriellen Leitung durch, --protocol rtu nehmen</translation>
+    </message>
+    <message>
+        <source>must be a whole number of milliseconds from %1 to %2</source>
+        <translation>muss eine ganze Zahl von Millisekunden von %1 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>must be a whole number of seconds from %1 to %2</source>
+        <translation>muss eine ganze Zahl von Sekunden von %1 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>must be a whole number from %1 to %2</source>
+        <translation>muss eine ganze Zahl von %1 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>--protocol %1: must be rtu or tcp</source>
+        <translation>--protocol %1: muss rtu oder tcp sein</translation>
+    </message>
+    <message>
+        <source>--protocol needs --tcp; a serial line carries Modbus RTU</source>
+        <translation>--protocol braucht --tcp; eine serielle Leitung überträgt Modbus RTU</translation>
+    </message>
+    <message>
+        <source>--tcp %1: must be HOST or HOST:PORT</source>
+        <translation>--tcp %1: muss HOST oder HOST:PORT sein</translation>
+    </message>
+    <message>
+        <source>%1; write an IPv6 address in brackets, [%2]</source>
+        <translation>%1; eine IPv6-Adresse in Klammern schreiben, [%2]</translation>
+    </message>
+    <message>
+        <source>--%1 needs --simulate; kxsim has the same option</source>
+        <translation>--%1 braucht --simulate; kxsim hat dieselbe Option</translation>
+    </message>
+    <message>
+        <source>only one of --port, --tcp and --simulate can be used</source>
+        <translation>nur eines von --port, --tcp und --simulate geht</translation>
+    </message>
+    <message>
+        <source>no line; name one with --port or --tcp, or use --simulate</source>
+        <translation>keine Leitung; eine mit --port oder --tcp nennen oder --simulate nehmen</translation>
+    </message>
+    <message>
+        <source>%1, or auto</source>
+        <translation>%1, oder auto</translation>
+    </message>
+    <message>
+        <source>--low-latency %1: must be yes or no</source>
+        <translation>--low-latency %1: muss yes oder no sein</translation>
+    </message>
+    <message>
+        <source>--rs485 needs --port</source>
+        <translation>--rs485 braucht --port</translation>
+    </message>
+    <message>
+        <source>--rs485 %1: must be on, or rts-before:MS, rts-after:MS (0 to %2 milliseconds) and rts-low, separated by commas</source>
+        <translation>--rs485 %1: muss on sein, oder rts-before:MS, rts-after:MS (0 bis %2 Millisekunden) und rts-low, durch Kommas getrennt</translation>
+    </message>
+    <message>
+        <source>--stations %1: '%2' is not a station (%3 to %4) or a range such as 1-20</source>
+        <translation>--stations %1: „%2“ ist keine Station (%3 bis %4) und kein Bereich wie 1-20</translation>
+    </message>
+    <message>
+        <source>simulated controllers</source>
+        <translation>simulierte Steuerungen</translation>
+    </message>
+    <message>
+        <source>cannot open a pseudo-terminal: %1</source>
+        <translation>ein Pseudoterminal kann nicht geöffnet werden: %1</translation>
+    </message>
+    <message>
+        <source>function %1</source>
+        <translation>Funktion %1</translation>
+    </message>
+    <message>
+        <source>read nothing</source>
+        <translation>Lesen von nichts</translation>
+    </message>
+    <message>
+        <source>write nothing</source>
+        <translation>Schreiben von nichts</translation>
+    </message>
+    <message>
+        <source>read %1</source>
+        <translation>Lesen %1</translation>
+    </message>
+    <message>
+        <source>write %1</source>
+        <translation>Schreiben %1</translation>
+    </message>
+    <message>
+        <source>a quote is not closed</source>
+        <translation>ein Anführungszeichen ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>text follows a closing quote</source>
+        <translation>Text folgt auf ein schließendes Anführungszeichen</translation>
+    </message>
+    <message>
+        <source>commas</source>
+        <translation>Kommas</translation>
+    </message>
+    <message>
+        <source>semicolons</source>
+        <translation>Semikolons</translation>
+    </message>
+    <message>
+        <source>tabs</source>
+        <translation>Tabulatoren</translation>
+    </message>
+    <message>
+        <source>no header line; it is %1</source>
+        <translation>keine Kopfzeile; sie lautet %1</translation>
+    </message>
+    <message>
+        <source>no rows behind the header</source>
+        <translation>keine Zeilen nach der Kopfzeile</translation>
+    </message>
+    <message>
+        <source>the first line must be the header %1, separated by commas, semicolons or tabs</source>
+        <translation>die erste Zeile muss die Kopfzeile %1 sein, getrennt durch Kommas, Semikolons oder Tabulatoren</translation>
+    </message>
+    <message>
+        <source>unknown column '%1', separated by %2; the columns are %3</source>
+        <translation>unbekannte Spalte „%1“, getrennt durch %2; die Spalten sind %3</translation>
+    </message>
+    <message>
+        <source>the header has two columns '%1'</source>
+        <translation>die Kopfzeile hat zwei Spalten „%1“</translation>
+    </message>
+    <message>
+        <source>the header has no column '%1'; the columns are %2</source>
+        <translation>die Kopfzeile hat keine Spalte „%1“; die Spalten sind %2</translation>
+    </message>
+    <message>
+        <source>%1 separated by %2 instead of %3</source>
+        <translation>%1, getrennt durch %2, statt %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 fields</source>
+        <translation>
+            <numerusform>%1 Feld</numerusform>
+            <numerusform>%1 Felder</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>damaged UTF-16; save the file as UTF-8</source>
+        <translation>beschädigtes UTF-16; die Datei als UTF-8 speichern</translation>
+    </message>
+    <message>
+        <source>column %1: %2; save the file as UTF-8</source>
+        <translation>Spalte %1: %2; die Datei als UTF-8 speichern</translation>
+    </message>
+    <message>
+        <source>a second byte-order mark</source>
+        <translation>eine zweite Byte-Reihenfolge-Marke</translation>
+    </message>
+    <message>
+        <source>a byte that is 0</source>
+        <translation>ein Byte, das 0 ist</translation>
+    </message>
+    <message>
+        <source>byte 0x%1 is not UTF-8</source>
+        <translation>Byte 0x%1 ist kein UTF-8</translation>
+    </message>
+    <message>
+        <source>%1 is an input and cannot be written</source>
+        <translation>%1 ist ein Eingang und kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; the bits of %2 change by themselves between the read and the write of the word, so write all of it</source>
+        <translation>%1 kann nicht geschrieben werden; die Bits von %2 ändern sich von selbst zwischen dem Lesen und dem Schreiben des Worts, daher das ganze Wort schreiben</translation>
+    </message>
+    <message>
+        <source>%1; nor is it the name of a tag</source>
+        <translation>%1; und keine Variable heißt so</translation>
+    </message>
+    <message>
+        <source>must be %1 to %2</source>
+        <translation>muss %1 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>must be 1 or more</source>
+        <translation>muss 1 oder mehr sein</translation>
+    </message>
+    <message>
+        <source>the tag has no address</source>
+        <translation>die Variable hat keine Adresse</translation>
+    </message>
+    <message>
+        <source>count, station and format have columns of their own</source>
+        <translation>Anzahl, Station und Format haben eigene Spalten</translation>
+    </message>
+    <message>
+        <source>must be a time from 0 to 1440min, such as 500ms, 10s or 5min</source>
+        <translation>muss eine Zeit von 0 bis 1440min sein, etwa 500ms, 10s oder 5min</translation>
+    </message>
+    <message>
+        <source>the tag has no name</source>
+        <translation>die Variable hat keinen Namen</translation>
+    </message>
+    <message>
+        <source>the name '%1' is taken by line %2</source>
+        <translation>der Name „%1“ ist von Zeile %2 vergeben</translation>
+    </message>
+    <message>
+        <source>is a folder, not a file</source>
+        <translation>ist ein Ordner, keine Datei</translation>
+    </message>
+    <message>
+        <source>is a pipe; write its text into a file first</source>
+        <translation>ist eine Pipe; ihren Text zuerst in eine Datei schreiben</translation>
+    </message>
+    <message>
+        <source>larger than %1 MiB, the most that such a file may have</source>
+        <translation>größer als %1 MiB, mehr darf eine solche Datei nicht haben</translation>
+    </message>
+    <message>
+        <source>a value takes %1 registers; raise --max-words, which is %2</source>
+        <translation>ein Wert braucht %1 Register; --max-words erhöhen, das %2 ist</translation>
+    </message>
+    <message>
+        <source>not wanted any more</source>
+        <translation>nicht mehr gewünscht</translation>
+    </message>
+    <message>
+        <source>the session does not run</source>
+        <translation>die Sitzung läuft nicht</translation>
+    </message>
+    <message>
+        <source>the words do not fit into the recipe buffer</source>
+        <translation>die Wörter passen nicht in den Rezeptpuffer</translation>
+    </message>
+    <message>
+        <source>answered with %1</source>
+        <translation>antwortete mit: %1</translation>
+    </message>
+    <message>
+        <source>answered with another or a late reply</source>
+        <translation>antwortete mit einer anderen oder verspäteten Antwort</translation>
+    </message>
+    <message>
+        <source>answered</source>
+        <translation>antwortete</translation>
+    </message>
+    <message>
+        <source>a wrong byte count</source>
+        <translation>falsche Bytezahl</translation>
+    </message>
+    <message>
+        <source>station %1: %2</source>
+        <translation>Station %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 give %3@%4 different values: %5 and %6</source>
+        <translation>%1 und %2 geben %3@%4 verschiedene Werte: %5 und %6</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>line %1 (%2)</source>
+        <translation>Zeile %1 (%2)</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>the rows need %1 words of the recipe buffer, which holds %2</source>
+        <translation>die Zeilen brauchen %1 Wörter des Rezeptpuffers, der %2 fasst</translation>
+    </message>
+    <message>
+        <source>%1: values that share registers are of one request, and those from here on take more than %2</source>
+        <translation>%1: Werte mit gemeinsamen Registern gehören in eine Anfrage, und die ab hier brauchen mehr als %2</translation>
+    </message>
+    <message>
+        <source>no value for %1</source>
+        <translation>kein Wert für %1</translation>
+    </message>
+    <message>
+        <source>%1 is one bit of a word, and a recipe holds whole values; take %2 with format bin or hex</source>
+        <translation>%1 ist ein Bit eines Worts, und ein Rezept enthält ganze Werte; %2 mit Format bin oder hex nehmen</translation>
+    </message>
+    <message>
+        <source>'%1' is not an address; write its number, of X and Y in octal</source>
+        <translation>„%1“ ist keine Adresse; ihre Nummer schreiben, bei X und Y oktal</translation>
+    </message>
+    <message>
+        <source>unknown register '%1'; the types are %2</source>
+        <translation>unbekanntes Register „%1“; die Arten sind %2</translation>
+    </message>
+    <message>
+        <source>'%1' is a format and no type; it belongs into the column format</source>
+        <translation>„%1“ ist ein Format und kein Typ; es gehört in die Spalte format</translation>
+    </message>
+    <message>
+        <source>unknown type '%1'; the types are %2</source>
+        <translation>unbekannter Typ „%1“; die Typen sind %2</translation>
+    </message>
+    <message>
+        <source>type %1 does not suit register %2</source>
+        <translation>Typ %1 passt nicht zu Register %2</translation>
+    </message>
+    <message>
+        <source>goes with a format, and the row has type %1</source>
+        <translation>gehört zu einem Format, und die Zeile hat Typ %1</translation>
+    </message>
+    <message>
+        <source>the row has no address</source>
+        <translation>die Zeile hat keine Adresse</translation>
+    </message>
+    <message>
+        <source>the row has no address, and '%1' is no tag</source>
+        <translation>die Zeile hat keine Adresse, und „%1“ ist keine Variable</translation>
+    </message>
+    <message>
+        <source>the tag '%1' says that</source>
+        <translation>das sagt schon die Variable „%1“</translation>
+    </message>
+    <message>
+        <source>the tag '%1' has %2 values, and a row one</source>
+        <translation>die Variable „%1“ hat %2 Werte, und eine Zeile einen</translation>
+    </message>
+    <message>
+        <source>station and format have columns of their own</source>
+        <translation>Station und Format haben eigene Spalten</translation>
+    </message>
+    <message>
+        <source>takes no whole block of at most %1</source>
+        <translation>nimmt keinen ganzen Block von höchstens %1</translation>
+    </message>
+    <message>
+        <source>only the first of its registers would be uploaded</source>
+        <translation>nur das erste seiner Register würde gelesen</translation>
+    </message>
+    <message>
+        <source>its words lie outside the recipe buffer</source>
+        <translation>seine Wörter liegen außerhalb des Rezeptpuffers</translation>
+    </message>
+    <message>
+        <source>its words do not follow those of its neighbour</source>
+        <translation>seine Wörter folgen nicht auf die seines Nachbarn</translation>
+    </message>
+    <message>
+        <source>must not be uploaded in one pass with joined registers</source>
+        <translation>darf nicht zusammen mit verbundenen Registern in einem Durchgang gelesen werden</translation>
+    </message>
+    <message>
+        <source>nothing to transfer</source>
+        <translation>nichts zu übertragen</translation>
+    </message>
+    <message>
+        <source>does not fit into one request of at most %1 registers</source>
+        <translation>passt nicht in eine Anfrage von höchstens %1 Registern</translation>
+    </message>
+    <message>
+        <source>an input, which cannot be written</source>
+        <translation>ein Eingang, der nicht geschrieben werden kann</translation>
+    </message>
+    <message>
+        <source>values of %1 registers do not make %2</source>
+        <translation>Werte zu %1 Registern ergeben nicht %2</translation>
+    </message>
+    <message>
+        <source>no request reads a value of %1 coils</source>
+        <translation>keine Anfrage liest einen Wert von %1 Coils</translation>
+    </message>
+    <message>
+        <source>no request reads a value of %1 registers</source>
+        <translation>keine Anfrage liest einen Wert von %1 Registern</translation>
+    </message>
+    <message>
+        <source>the registers of the value at %1 lie apart</source>
+        <translation>die Register des Werts ab %1 liegen auseinander</translation>
+    </message>
+    <message>
+        <source>no such register type</source>
+        <translation>keine solche Registerart</translation>
+    </message>
+    <message>
+        <source>out of range; there are %1</source>
+        <translation>außerhalb des Bereichs; es gibt %1</translation>
+    </message>
+    <message>
+        <source>takes %1 from %2 to %3</source>
+        <translation>nimmt %1 von %2 bis %3</translation>
+    </message>
+    <message>
+        <source>one bit of a word, which has to be read first</source>
+        <translation>ein Bit eines Worts, das zuerst gelesen werden muss</translation>
+    </message>
+    <message>
+        <source>the session has ended</source>
+        <translation>die Sitzung ist beendet</translation>
+    </message>
+    <message>
+        <source>the driver was initialised again</source>
+        <translation>der Treiber wurde neu initialisiert</translation>
+    </message>
+    <message>
+        <source>address %1</source>
+        <translation>Adresse %1</translation>
+    </message>
+    <message>
+        <source>quantity %1</source>
+        <translation>Anzahl %1</translation>
+    </message>
+    <message>
+        <source>value %1</source>
+        <translation>Wert %1</translation>
+    </message>
+    <message>
+        <source>byte count %1</source>
+        <translation>Bytezahl %1</translation>
+    </message>
+    <message>
+        <source>data %1</source>
+        <translation>Daten %1</translation>
+    </message>
+    <message>
+        <source>exception %1</source>
+        <translation>Ausnahme %1</translation>
+    </message>
+    <message>
+        <source>station %1</source>
+        <translation>Station %1</translation>
+    </message>
+    <message>
+        <source>CRC %1</source>
+        <translation>CRC %1</translation>
+    </message>
+    <message>
+        <source>accepted</source>
+        <translation>angenommen</translation>
+    </message>
+    <message>
+        <source>repeated</source>
+        <translation>wiederholt</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>ignored</source>
+        <translation>nicht beachtet</translation>
+    </message>
+    <message>
+        <source>%1 request %2 (again)</source>
+        <translation>%1 Anfrage %2 (noch einmal)</translation>
+    </message>
+    <message>
+        <source>%1 request %2</source>
+        <translation>%1 Anfrage %2</translation>
+    </message>
+    <message>
+        <source>%1 reply   %2</source>
+        <translation>%1 Antwort %2</translation>
+    </message>
+    <message>
+        <source>%1 requests/s</source>
+        <translation>%1 Anfragen/s</translation>
+    </message>
+    <message>
+        <source>%1 requests/s, line load %2 %</source>
+        <translation>%1 Anfragen/s, Leitungslast %2 %</translation>
+    </message>
+    <message>
+        <source>a backslash begins \\ \" \n \r \t \, or \x and two hexadecimal digits</source>
+        <translation>ein Backslash beginnt \\ \" \n \r \t \, oder \x und zwei Hexadezimalziffern</translation>
+    </message>
+    <message>
+        <source>'%1' is not a decimal number</source>
+        <translation>„%1“ ist keine Dezimalzahl</translation>
+    </message>
+    <message>
+        <source>%1 does not fit; it is beyond the highest number</source>
+        <translation>%1 passt nicht; es liegt jenseits der höchsten Zahl</translation>
+    </message>
+    <message>
+        <source>%1 does not fit; it is nearer to 0 than any number</source>
+        <translation>%1 passt nicht; es liegt näher an 0 als jede Zahl</translation>
+    </message>
+    <message>
+        <source>ascii needs its registers, 1 to %1, such as ascii:8</source>
+        <translation>ascii braucht seine Register, 1 bis %1, etwa ascii:8</translation>
+    </message>
+    <message>
+        <source>must be a decimal number such as 12.5</source>
+        <translation>muss eine Dezimalzahl mit Punkt sein, etwa 12.5</translation>
+    </message>
+    <message>
+        <source>'%1' is no option of a format here; they are low or high, swapped, decimals=N, min=NUMBER, max=NUMBER and, last, unit=TEXT</source>
+        <translation>„%1“ ist hier keine Option eines Formats; es gibt low oder high, swapped, decimals=N, min=ZAHL, max=ZAHL und, zuletzt, unit=TEXT</translation>
+    </message>
+    <message>
+        <source>%1 is given twice</source>
+        <translation>%1 ist zweimal angegeben</translation>
+    </message>
+    <message>
+        <source>unknown format '%1'; the formats are %2</source>
+        <translation>unbekanntes Format „%1“; die Formate sind %2</translation>
+    </message>
+    <message>
+        <source>must be low, high, swapped, 'low swapped' or 'high swapped'</source>
+        <translation>muss low, high, swapped, „low swapped“ oder „high swapped“ sein</translation>
+    </message>
+    <message>
+        <source>must not be 0, and have at most %1 digits</source>
+        <translation>darf nicht 0 sein und höchstens %1 Ziffern haben</translation>
+    </message>
+    <message>
+        <source>must be 0 to %1</source>
+        <translation>muss 0 bis %1 sein</translation>
+    </message>
+    <message>
+        <source>'%1' is not a format; write KIND[*SCALE][+OFFSET][,OPTION]..., such as s16*0.1+5 or u32,high</source>
+        <translation>„%1“ ist kein Format; ART[*FAKTOR][+VERSATZ][,OPTION]... schreiben, etwa s16*0.1+5 oder u32,high</translation>
+    </message>
+    <message>
+        <source>'%1' is not a bit of a word; they are 0 to %2</source>
+        <translation>„%1“ ist kein Bit eines Worts; es gibt 0 bis %2</translation>
+    </message>
+    <message>
+        <source>one bit of a word has no format</source>
+        <translation>ein Bit eines Worts hat kein Format</translation>
+    </message>
+    <message>
+        <source>the value runs past the last address; the addresses are %1</source>
+        <translation>der Wert reicht über die letzte Adresse hinaus; die Adressen sind %1</translation>
+    </message>
+    <message>
+        <source>the value runs past the last address, %1 registers each; the addresses are %2</source>
+        <translation>der Wert mit %1 Registern reicht über die letzte Adresse hinaus; die Adressen sind %2</translation>
+    </message>
+    <message>
+        <source>%1 values run past the last address, %2 registers each; the addresses are %3</source>
+        <translation>%1 Werte mit je %2 Registern reichen über die letzte Adresse hinaus; die Adressen sind %3</translation>
+    </message>
+    <message>
+        <source>one bit of a word has no count</source>
+        <translation>ein Bit eines Worts hat keine Anzahl</translation>
+    </message>
+    <message>
+        <source>'%1' does not fit; it has %2 bytes, and the registers hold %3</source>
+        <translation>„%1“ passt nicht; es hat %2 Byte, und die Register fassen %3</translation>
+    </message>
+    <message>
+        <source>%1 is refused; it must be at least %2</source>
+        <translation>%1 wird abgelehnt; es muss mindestens %2 sein</translation>
+    </message>
+    <message>
+        <source>%1 is refused; it must be at most %2</source>
+        <translation>%1 wird abgelehnt; es darf höchstens %2 sein</translation>
+    </message>
+    <message>
+        <source>%1 is refused; it must be at least %2 and at most %3</source>
+        <translation>%1 wird abgelehnt; es muss mindestens %2 und darf höchstens %3 sein</translation>
+    </message>
+    <message>
+        <source>%1 holds bits, which have no format but bit</source>
+        <translation>%1 enthält Bits, die kein Format außer bit haben</translation>
+    </message>
+    <message>
+        <source>%1 holds 32-bit counters, whose formats are u32 and s32</source>
+        <translation>%1 enthält 32-Bit-Zähler, deren Formate u32 und s32 sind</translation>
+    </message>
+    <message>
+        <source>%1 holds words; name one bit as in %1%2.5</source>
+        <translation>%1 enthält Wörter; ein Bit nennen, etwa %1%2.5</translation>
+    </message>
+    <message>
+        <source>low and high are for numbers of several registers</source>
+        <translation>low und high sind für Zahlen aus mehreren Registern</translation>
+    </message>
+    <message>
+        <source>swapped is for words with a format of their own</source>
+        <translation>swapped ist für Wörter mit eigenem Format</translation>
+    </message>
+    <message>
+        <source>with decimals %1 values %2 apart look alike; take %3 or more</source>
+        <translation>mit decimals %1 sehen Werte im Abstand %2 gleich aus; %3 oder mehr nehmen</translation>
+    </message>
+    <message>
+        <source>hex values have no scale, offset, decimals, min or max</source>
+        <translation>hex-Werte haben kein scale, offset, decimals, min oder max</translation>
+    </message>
+    <message>
+        <source>bin values have no scale, offset, decimals, min or max</source>
+        <translation>bin-Werte haben kein scale, offset, decimals, min oder max</translation>
+    </message>
+    <message>
+        <source>text has no scale, offset, decimals, min or max</source>
+        <translation>Text hat kein scale, offset, decimals, min oder max</translation>
+    </message>
+    <message>
+        <source>bits have no scale, offset, decimals, min or max</source>
+        <translation>Bits haben kein scale, offset, decimals, min oder max</translation>
+    </message>
+    <message>
+        <source>the scale must not be 0, and have at most %1 digits</source>
+        <translation>der Faktor darf nicht 0 sein und höchstens %1 Ziffern haben</translation>
+    </message>
+    <message>
+        <source>min %1 is above max %2</source>
+        <translation>min %1 liegt über max %2</translation>
+    </message>
+    <message>
+        <source>the value from %1 to %2 lies on both sides of a gap in the controller's registers</source>
+        <translation>der Wert von %1 bis %2 liegt beiderseits einer Lücke in den Registern der Steuerung</translation>
+    </message>
+    <message>
+        <source>'%1' is not a decimal, 0x hexadecimal or 0b binary number</source>
+        <translation>„%1“ ist keine dezimale, 0x-hexadezimale oder 0b-binäre Zahl</translation>
+    </message>
+    <message>
+        <source>%1 does not fit; it is too long</source>
+        <translation>%1 passt nicht; es ist zu lang</translation>
+    </message>
+    <message>
+        <source>%1 is between two steps of %2; the nearest is %3</source>
+        <translation>%1 liegt zwischen zwei Schritten von %2; der nächste ist %3</translation>
+    </message>
+    <message>
+        <source>%1 does not fit; one bit of a word takes %2 to %3</source>
+        <translation>%1 passt nicht; ein Bit eines Worts nimmt %2 bis %3</translation>
+    </message>
+    <message>
+        <source>station %1 refuses requests; it is asked for at most %2 or %3 at once</source>
+        <translation>Station %1 lehnt Anfragen ab; sie wird nach höchstens %2 oder %3 auf einmal gefragt</translation>
+    </message>
+    <message>
+        <source>station %1 refuses requests; it is asked for at most %2 or %3 at once; addresses between are not read along</source>
+        <translation>Station %1 lehnt Anfragen ab; sie wird nach höchstens %2 oder %3 auf einmal gefragt; Adressen dazwischen werden nicht mitgelesen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 registers</source>
+        <translation>
+            <numerusform>%1 Register</numerusform>
+            <numerusform>%1 Registern</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 coils</source>
+        <translation>
+            <numerusform>%1 Coil</numerusform>
+            <numerusform>%1 Coils</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>line open again</source>
+        <translation>Leitung wieder offen</translation>
+    </message>
+    <message>
+        <source>line never silent</source>
+        <translation>Leitung nie in Ruhe</translation>
+    </message>
+    <message>
+        <source>line silent again</source>
+        <translation>Leitung wieder in Ruhe</translation>
+    </message>
+    <message>
+        <source>station %1 does not answer</source>
+        <translation>Station %1 antwortet nicht</translation>
+    </message>
+    <message>
+        <source>station %1 answers again</source>
+        <translation>Station %1 antwortet wieder</translation>
+    </message>
+    <message>
+        <source>is no recording; kxhost record makes them</source>
+        <translation>ist keine Aufzeichnung; kxhost record macht sie</translation>
+    </message>
+    <message>
+        <source>%1: the last row is cut off and left out</source>
+        <translation>%1: die letzte Zeile ist abgeschnitten und weggelassen</translation>
+    </message>
+    <message>
+        <source>%1 is no number of %2</source>
+        <translation>%1 ist keine Zahl von %2</translation>
+    </message>
+    <message>
+        <source>%1 instead of %2</source>
+        <translation>%1 statt %2</translation>
+    </message>
+    <message>
+        <source>the time is wrong</source>
+        <translation>die Zeit ist falsch</translation>
+    </message>
+    <message>
+        <source>the gaps are wrong</source>
+        <translation>die Lücken sind falsch</translation>
+    </message>
+    <message>
+        <source>cannot be written: %1</source>
+        <translation>kann nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>holds something else than a recording of these tags; name another file, or move this one away</source>
+        <translation>enthält etwas anderes als eine Aufzeichnung dieser Variablen; eine andere Datei nennen oder diese wegräumen</translation>
+    </message>
+    <message>
+        <source>its last row cannot be read: %1</source>
+        <translation>die letzte Zeile kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>%1: cannot go on recording: %2</source>
+        <translation>%1: die Aufzeichnung kann nicht weitergehen: %2</translation>
+    </message>
+    <message>
+        <source>not yet read</source>
+        <translation>noch nicht gelesen</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>nicht gelesen</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>keine Antwort</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>abgelehnt</translation>
+    </message>
+    <message>
+        <source>recorder stopped</source>
+        <translation>Aufzeichnung beendet</translation>
+    </message>
+    <message>
+        <source>another program records into it</source>
+        <translation>ein anderes Programm zeichnet darin auf</translation>
+    </message>
+    <message>
+        <source>Qt's plug-in for SQLite is missing; install libqt%1sql%1-sqlite, or use a .csv file</source>
+        <translation>Qts Plug-in für SQLite fehlt; libqt%1sql%1-sqlite installieren oder eine .csv-Datei nehmen</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot be read: its end is cut off</source>
+        <translation>kann nicht gelesen werden: das Ende ist abgeschnitten</translation>
+    </message>
+    <message>
+        <source>a row of %1 is wrong</source>
+        <translation>eine Zeile von %1 ist falsch</translation>
+    </message>
+    <message>
+        <source>%1; name another file</source>
+        <translation>%1; eine andere Datei nennen</translation>
+    </message>
+    <message>
+        <source>it holds something else; name another file</source>
+        <translation>sie enthält etwas anderes; eine andere Datei nennen</translation>
+    </message>
+    <message>
+        <source>%1: cannot be recorded into: %2</source>
+        <translation>%1: hierin kann nicht aufgezeichnet werden: %2</translation>
+    </message>
+    <message>
+        <source>--parity %1: must be none, even or odd</source>
+        <translation>--parity %1: muss none, even oder odd sein</translation>
+    </message>
+    <message>
+        <source>--data-bits %1: Modbus RTU needs 8 data bits</source>
+        <translation>--data-bits %1: Modbus RTU braucht 8 Datenbits</translation>
+    </message>
+    <message>
+        <source>; only its owner %1 may open it</source>
+        <translation>; nur ihr Eigentümer %1 darf sie öffnen</translation>
+    </message>
+    <message>
+        <source>; it is for members of the group %1: sudo usermod -aG %1 $USER, then log in again</source>
+        <translation>; sie ist für Mitglieder der Gruppe %1: sudo usermod -aG %1 $USER, dann neu anmelden</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::Machine</name>
+    <message>
+        <source>%1; name its file with --library</source>
+        <translation>%1; ihre Datei mit --library nennen</translation>
     </message>
 </context>
 </TS>
