@@ -58,12 +58,12 @@ void WatchPage::makeEditActions()
     }
     QAction* const add = makeAction(tr("&Add"), Qt::Key_Insert, tr("Type an address to watch"),
                                     &WatchPage::beginTyping);
-    QAction* const open = makeAction(tr("Open &Tags…"), QStringLiteral("Ctrl+T"),
+    QAction* const open = makeAction(tr("&Open Tags…"), QStringLiteral("Ctrl+T"),
                                      tr("Add the values of a tags file"), &WatchPage::askForTags);
     QAction* const remove =
-        makeTableAction(tr("&Remove"), QKeySequence::Delete,
+        makeTableAction(tr("Re&move"), QKeySequence::Delete,
                         tr("Remove the selected values from the list"), &WatchPage::removeSelected);
-    QAction* const save = makeAction(tr("Save Ta&gs…"), QStringLiteral("Ctrl+Shift+T"),
+    QAction* const save = makeAction(tr("Sa&ve Tags…"), QStringLiteral("Ctrl+Shift+T"),
                                      tr("Save all values as a tags file, which kxhost takes, too"),
                                      &WatchPage::askWhereToSaveTags);
     m_toolBar->addActions({add, open, save, remove, separator(this), undo, redo, separator(this)});
@@ -91,14 +91,14 @@ void WatchPage::makeEditActions()
 void WatchPage::makeMoveActions()
 {
     m_editActions << separator(this)
-                  << makeTableAction(tr("Move U&p"), QStringLiteral("Alt+Up"),
+                  << makeTableAction(tr("Mov&e Up"), QStringLiteral("Alt+Up"),
                                      tr("Move the selected values up in the list"),
                                      &WatchPage::moveUp)
-                  << makeTableAction(tr("Move Do&wn"), QStringLiteral("Alt+Down"),
+                  << makeTableAction(tr("Move &Down"), QStringLiteral("Alt+Down"),
                                      tr("Move the selected values down in the list"),
                                      &WatchPage::moveDown);
     QAction* const again = makeAction(
-        tr("S&ort Again"), Qt::Key_F5,
+        tr("Sort A&gain"), Qt::Key_F5,
         tr("Sort by the values of now; rows do not move by themselves"), &WatchPage::sortAgain);
     QAction* const unsorted =
         makeAction(tr("&List Order"), QStringLiteral("Shift+F5"),
@@ -112,12 +112,12 @@ void WatchPage::makeMoveActions()
 
 void WatchPage::makeWriteActions()
 {
-    QAction* const edit = makeTableAction(tr("&Edit Cell"), Qt::Key_F2, tr("Edit the current cell"),
+    QAction* const edit = makeTableAction(tr("Ed&it Cell"), Qt::Key_F2, tr("Edit the current cell"),
                                           &WatchPage::editCurrent);
     QAction* const write =
         makeTableAction(tr("&Write…"), QStringLiteral("Ctrl+Return"),
                         tr("Write one value to all selected rows"), &WatchPage::writeSelected);
-    QAction* const flip = makeTableAction(tr("S&witch Bit"), Qt::Key_Space,
+    QAction* const flip = makeTableAction(tr("Switch &Bit"), Qt::Key_Space,
                                           tr("Write the other value to the selected bit"),
                                           &WatchPage::switchSelected);
     m_toolBar->addActions({write, flip});

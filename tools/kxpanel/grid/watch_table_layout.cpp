@@ -24,17 +24,17 @@ struct ColumnShape {
 
 // In the order of WatchModel::Column.
 const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 18},
-                                                                  {"station", 8},
-                                                                  {"address", 11},
-                                                                  {"value", 17},
-                                                                  {"unit", 7},
-                                                                  {"state", 15},
-                                                                  {"age", 7},
+                                                                  {"station", 7},
+                                                                  {"address", 10},
+                                                                  {"value", 15},
+                                                                  {"unit", 5},
+                                                                  {"state", 14},
+                                                                  {"age", 6},
                                                                   {"every", 8},
-                                                                  {"format", 14},
-                                                                  {"raw", 13},
+                                                                  {"format", 17},
+                                                                  {"raw", 12},
                                                                   {"modbus", 20},
-                                                                  {"comment", 20}}};
+                                                                  {"comment", 10}}};
 
 QString keyOf(int column)
 {

@@ -77,6 +77,7 @@ private slots:
     void opensTags();
     void showsAllFaultsOfATagsFile();
     void layoutIsKept();
+    void eachActionHasALetterOfItsOwn();
     void aPageThatIsNotSeenPaintsNothing();
     void onlyRowsThatAreSeenArePainted();
     void aControllerConfirmsAWrite();
@@ -743,6 +744,22 @@ void WatchPageTest::layoutIsKept()
     QCOMPARE(keptColumns.at(1), columns.at(1));
     QCOMPARE(m_table->model()->rowCount(), 1);
     QCOMPARE(m_page->key(), QStringLiteral("watch"));
+}
+
+// In a menu one letter would mean two things.
+void WatchPageTest::eachActionHasALetterOfItsOwn()
+{
+    QMap<QString, QString> actions; // by letter
+    for (const QAction* const action : m_page->actions()) {
+        const int mark = static_cast<int>(action->text().indexOf(QLatin1Char('&')));
+        if (mark < 0)
+            continue;
+        const QString letter = action->text().mid(mark + 1, 1).toUpper();
+        QVERIFY2(!actions.contains(letter),
+                 qPrintable(action->text() + QLatin1String(" and ") + actions.value(letter)));
+        actions.insert(letter, action->text());
+    }
+    QVERIFY(actions.size() > 10);
 }
 
 void WatchPageTest::aPageThatIsNotSeenPaintsNothing()
