@@ -289,6 +289,37 @@
         <source>%1 s</source>
         <translation>%1 s</translation>
     </message>
+    <message>
+        <source>not connected</source>
+        <translation>nicht verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::Cells</name>
+    <message>
+        <source>one column of values is needed</source>
+        <translation>es muss eine einzige Spalte mit Werten sein</translation>
+    </message>
+    <message>
+        <source>row %1 is empty</source>
+        <translation>Zeile %1 ist leer</translation>
+    </message>
+    <message>
+        <source>row %1: a quote is not closed</source>
+        <translation>Zeile %1: ein Anführungszeichen wird nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>%1 and %2 are both addresses; put &apos;name&apos; and &apos;address&apos; above the columns</source>
+        <translation>%1 und %2 sind beide Adressen; über die Spalten gehören „name“ und „address“</translation>
+    </message>
+    <message>
+        <source>row %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>no addresses</source>
+        <translation>keine Adressen</translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::ConnectionBar</name>
@@ -1513,6 +1544,10 @@
         <source>must be an object</source>
         <translation>muss ein Objekt sein</translation>
     </message>
+    <message>
+        <source>%1.name: &apos;%2&apos; is the name of %3</source>
+        <translation>%1.name: „%2“ heißt schon %3</translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::ProjectKeeper</name>
@@ -2209,6 +2244,14 @@
         <source>Bits of %1 change by themselves; write the whole word</source>
         <translation>Bits von %1 ändern sich von selbst; das ganze Wort schreiben</translation>
     </message>
+    <message>
+        <source>called off before it was sent</source>
+        <translation>abgebrochen, bevor er gesendet wurde</translation>
+    </message>
+    <message>
+        <source>its row was removed or changed before it was sent</source>
+        <translation>seine Zeile wurde entfernt oder geändert, bevor er gesendet wurde</translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::WatchModel</name>
@@ -2308,6 +2351,18 @@
         <source>the name '%1' is taken</source>
         <translation>der Name „%1“ ist vergeben</translation>
     </message>
+    <message>
+        <source>Every</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Time from one read to the next, such as 500 ms or 10 s; empty: in each cycle (F2 edits)</source>
+        <translation>Zeit von einem Lesen zum nächsten, etwa 500 ms oder 10 s; leer: in jedem Zyklus (F2 bearbeitet)</translation>
+    </message>
+    <message>
+        <source>must be a time from 0 to 1440min, such as 500ms, 10s or 5min</source>
+        <translation>muss eine Zeit von 0 bis 1440min sein, etwa 500ms, 10s oder 5min</translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::WatchPage</name>
@@ -2318,10 +2373,6 @@
     <message>
         <source>Message</source>
         <translation>Meldung</translation>
-    </message>
-    <message>
-        <source>What is wrong with the tags file</source>
-        <translation>Was an der Variablendatei nicht stimmt</translation>
     </message>
     <message>
         <source>%1 = %2 written</source>
@@ -2348,7 +2399,7 @@
         <translation>Eine Adresse zum Beobachten eingeben</translation>
     </message>
     <message>
-        <source>Open &amp;Tags…</source>
+        <source>&amp;Open Tags…</source>
         <translation>&amp;Variablen öffnen …</translation>
     </message>
     <message>
@@ -2356,7 +2407,7 @@
         <translation>Die Werte einer Variablendatei hinzufügen</translation>
     </message>
     <message>
-        <source>&amp;Remove</source>
+        <source>Re&amp;move</source>
         <translation>&amp;Entfernen</translation>
     </message>
     <message>
@@ -2392,11 +2443,7 @@
         <translation>E&amp;infügen</translation>
     </message>
     <message>
-        <source>Add addresses or rows of a tags file from the clipboard</source>
-        <translation>Adressen oder Zeilen einer Variablendatei aus der Zwischenablage hinzufügen</translation>
-    </message>
-    <message>
-        <source>Move U&amp;p</source>
+        <source>Mov&amp;e Up</source>
         <translation>Nach &amp;oben</translation>
     </message>
     <message>
@@ -2404,7 +2451,7 @@
         <translation>Die ausgewählten Werte in der Liste nach oben schieben</translation>
     </message>
     <message>
-        <source>Move Do&amp;wn</source>
+        <source>Move &amp;Down</source>
         <translation>Nach &amp;unten</translation>
     </message>
     <message>
@@ -2412,7 +2459,7 @@
         <translation>Die ausgewählten Werte in der Liste nach unten schieben</translation>
     </message>
     <message>
-        <source>S&amp;ort Again</source>
+        <source>Sort A&amp;gain</source>
         <translation>&amp;Neu sortieren</translation>
     </message>
     <message>
@@ -2444,7 +2491,7 @@
         <translation>Wieder alle Zeilen zeigen</translation>
     </message>
     <message>
-        <source>&amp;Edit Cell</source>
+        <source>Ed&amp;it Cell</source>
         <translation>&amp;Zelle ändern</translation>
     </message>
     <message>
@@ -2460,7 +2507,7 @@
         <translation>Einen Wert in alle ausgewählten Zeilen schreiben</translation>
     </message>
     <message>
-        <source>S&amp;witch Bit</source>
+        <source>Switch &amp;Bit</source>
         <translation>&amp;Bit umschalten</translation>
     </message>
     <message>
@@ -2511,6 +2558,65 @@
     <message>
         <source>The value of %1 is not known now; type 0 or 1 to write it</source>
         <translation>Der Wert von %1 ist jetzt nicht bekannt; 0 oder 1 eingeben, um ihn zu schreiben</translation>
+    </message>
+    <message>
+        <source>What is wrong</source>
+        <translation>Was nicht stimmt</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve Tags…</source>
+        <translation>Variablen s&amp;peichern …</translation>
+    </message>
+    <message>
+        <source>Save all values as a tags file, which kxhost takes, too</source>
+        <translation>Alle Werte als Variablendatei speichern, die auch kxhost nimmt</translation>
+    </message>
+    <message>
+        <source>Add addresses or rows of a tags file from the clipboard, or write values to the selected cells</source>
+        <translation>Adressen oder Zeilen einer Variablendatei aus der Zwischenablage hinzufügen oder Werte in die ausgewählten Zellen schreiben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values for other rows: select as many, or the first of them</source>
+        <translation>
+            <numerusform>%n Wert für andere Zeilen: ebenso viele auswählen oder die erste davon</numerusform>
+            <numerusform>%n Werte für andere Zeilen: ebenso viele auswählen oder die erste davon</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save Tags</source>
+        <translation>Variablen speichern</translation>
+    </message>
+    <message>
+        <source>Tags files (*.csv);;All files (*)</source>
+        <translation>Variablendateien (*.csv);;Alle Dateien (*)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values saved in %1</source>
+        <translation>
+            <numerusform>%n Wert in %1 gespeichert</numerusform>
+            <numerusform>%n Werte in %1 gespeichert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 = %2 written, %n to go; Esc calls them off</source>
+        <translation>
+            <numerusform>%1 = %2 geschrieben, %n steht aus; Esc bricht ihn ab</numerusform>
+            <numerusform>%1 = %2 geschrieben, %n stehen aus; Esc bricht sie ab</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values written</source>
+        <translation>
+            <numerusform>%n Wert geschrieben</numerusform>
+            <numerusform>%n Werte geschrieben</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n values not written</source>
+        <translation>
+            <numerusform>%1 von %n Wert nicht geschrieben</numerusform>
+            <numerusform>%1 von %n Werten nicht geschrieben</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2654,10 +2760,6 @@
         <translation>Wert, der in alle geschrieben wird</translation>
     </message>
     <message>
-        <source>Write the value to all of them (Enter)</source>
-        <translation>Den Wert in alle schreiben (Eingabe)</translation>
-    </message>
-    <message>
         <source>&amp;Cancel</source>
         <translation>A&amp;bbrechen</translation>
     </message>
@@ -2682,6 +2784,17 @@
     <message>
         <source>What is selected can only be read.</source>
         <translation>Das Ausgewählte kann nur gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Write to all of them (Enter)</source>
+        <translation>In alle schreiben (Eingabe)</translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n values of %1: %2.</source>
+        <translation>
+            <numerusform>%n Wert von %1 schreiben: %2.</numerusform>
+            <numerusform>%n Werte von %1 schreiben: %2.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
