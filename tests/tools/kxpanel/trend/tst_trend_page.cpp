@@ -10,6 +10,7 @@
 
 #include <QtCore/QDateTime>
 #include <QtCore/QMimeData>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QDropEvent>
 #include <QtGui/QImage>
@@ -639,12 +640,18 @@ void TrendPageTest::picturesAreSaved()
     QCOMPARE(picture.width(), 2 * window.plot->width());
     QVERIFY(picture.height() > 2 * window.plot->height());
 
+    window.key(Qt::Key_Space);
+    window.key(Qt::Key_2);
+    window.page.findChild<QAction*>("live")->trigger();
     window.page.files()->savePicture(folder.filePath("plot.svg"));
     QFile svg(folder.filePath("plot.svg"));
     QVERIFY(svg.open(QIODevice::ReadOnly));
     const QByteArray text = svg.readAll();
     QVERIFY(text.contains("<svg"));
     QVERIFY(text.contains("Pressure"));
+    // Which cursor a value is of
+    QVERIFY(QString::fromUtf8(text).contains(
+        QRegularExpression("Pressure {2}\\[bar\\] {2}2: [0-9.]+\\s*<")));
     QVERIFY(text.contains("#0072b2"));
 
     window.page.files()->savePicture(folder.filePath("plot.bmp"));

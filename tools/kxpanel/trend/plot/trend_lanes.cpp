@@ -99,12 +99,14 @@ void TrendLanes::drawLane(QPainter* painter, const QwtScaleMap& xMap, const QRec
     const TrendView::Range range = rangeOf(channel, *m_view);
     const double gap = lane.height() * 0.15;
     const double scale = (lane.height() - 2 * gap) / (range.high - range.low);
+    painter->save();
     painter->setClipRect(lane); // a file may say of a bit that it was 5
     painter->setPen(trendPen(channel.look, ground));
     drawOutline(painter, visibleOutline(channel, *m_view, lane.width()), [&](const QPointF& point) {
         return QPointF(xMap.transform(point.x()),
                        lane.bottom() - gap - (point.y() - range.low) * scale);
     });
+    painter->restore();
 
     const QString label = labelOf(channel, *m_view);
     QRectF box = painter->boundingRect(lane.adjusted(gap, 0, 0, 0),

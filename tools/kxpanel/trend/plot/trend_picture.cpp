@@ -19,16 +19,19 @@ namespace
 
 const int RESOLUTION = 2; // pixels of a picture for one of the screen
 
-/// "Pressure  [bar]  7.4  8.1  0.7": the values at the cursors and their difference.
+/// "Pressure  [bar]  1: 7.4  2: 8.1  2-1: 0.7": the values at the cursors and their difference.
 QString rowText(const TrendLegend& legend, int row)
 {
     const auto text = [&](int column) { return legend.index(row, column).data().toString(); };
     QStringList parts = {text(TrendLegend::Name)};
     if (!text(TrendLegend::Unit).isEmpty())
         parts << QLatin1Char('[') + text(TrendLegend::Unit) + QLatin1Char(']');
-    for (const int column : {TrendLegend::First, TrendLegend::Second, TrendLegend::Difference}) {
-        if (!text(column).isEmpty())
-            parts << text(column);
+    const QPair<int, const char*> columns[] = {{TrendLegend::First, "1: "},
+                                               {TrendLegend::Second, "2: "},
+                                               {TrendLegend::Difference, "2-1: "}};
+    for (const auto& column : columns) {
+        if (!text(column.first).isEmpty())
+            parts << QLatin1String(column.second) + text(column.first);
     }
     return parts.join(QLatin1String("  "));
 }
