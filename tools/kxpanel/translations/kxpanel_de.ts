@@ -2014,6 +2014,25 @@
 <context>
     <name>kxpanel::TrendFileReader</name>
     <message>
+        <source>The first %1 of its %2 values are shown</source>
+        <translation>Die ersten %1 seiner %2 Werte werden gezeigt</translation>
+    </message>
+    <message>
+        <source>%1 (recorded)</source>
+        <translation>%1 (aufgezeichnet)</translation>
+    </message>
+    <message>
+        <source>Its clock was set back by %1; what was before is not shown</source>
+        <translation>Die Uhr wurde darin um %1 zurückgestellt; was davor war, ist nicht zu sehen</translation>
+    </message>
+    <message>
+        <source>It holds no values</source>
+        <translation>Sie enthält keine Werte</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::TrendFileWriter</name>
+    <message>
         <source>No value is shown that could be saved</source>
         <translation>Kein Wert wird gezeigt, der gespeichert werden könnte</translation>
     </message>
@@ -2022,12 +2041,12 @@
         <translation>%1: der Name muss auf .csv oder .sqlite enden</translation>
     </message>
     <message>
-        <source>%1: cannot be replaced</source>
-        <translation>%1: kann nicht ersetzt werden</translation>
+        <source>%1 is shown as it is and as it was recorded; hide one of both</source>
+        <translation>%1 wird laufend und aufgezeichnet gezeigt; eines von beiden ausblenden</translation>
     </message>
     <message>
-        <source>The first %1 of its %2 values are shown</source>
-        <translation>Die ersten %1 seiner %2 Werte werden gezeigt</translation>
+        <source>%1: cannot be replaced</source>
+        <translation>%1: kann nicht ersetzt werden</translation>
     </message>
 </context>
 <context>
@@ -2061,16 +2080,20 @@
         <translation>%1 wird gelesen …</translation>
     </message>
     <message>
-        <source>%1: %2 of values</source>
-        <translation>%1: Werte über %2</translation>
-    </message>
-    <message>
         <source>%1 is saved</source>
         <translation>%1 ist gespeichert</translation>
     </message>
     <message>
         <source>%1 is saved; of old values only some are kept, the lowest and highest among them</source>
         <translation>%1 ist gespeichert; von alten Werten sind nur einige behalten, darunter die niedrigsten und höchsten</translation>
+    </message>
+    <message>
+        <source>The plot has room for %1 of its values</source>
+        <translation>Das Diagramm hat Platz für %1 ihrer Werte</translation>
+    </message>
+    <message>
+        <source>%1 of values</source>
+        <translation>Werte über %1</translation>
     </message>
 </context>
 <context>
@@ -2126,6 +2149,18 @@
     <message>
         <source>Axis</source>
         <translation>Achse</translation>
+    </message>
+    <message>
+        <source>(gap)</source>
+        <translation>(Lücke)</translation>
+    </message>
+    <message>
+        <source>(no value)</source>
+        <translation>(kein Wert)</translation>
+    </message>
+    <message>
+        <source>(not exact)</source>
+        <translation>(nicht genau)</translation>
     </message>
 </context>
 <context>
