@@ -3,6 +3,7 @@
 #include "kxpanel/tags/tag_list.h"
 
 #include <QtCore/QStringListModel>
+#include <QtCore/QTimer>
 #include <QtWidgets/QCompleter>
 
 namespace kxpanel
@@ -36,6 +37,8 @@ void TrendValueField::take()
 {
     QList<int> numbers;
     const QString typed = text().trimmed();
+    if (typed.isEmpty())
+        return;
     for (const WatchedValue& value : m_tags->values()) {
         const kx::AddressRange& range = value.tag.range;
         if (TagList::shownName(value).compare(typed, Qt::CaseInsensitive) == 0
@@ -47,7 +50,8 @@ void TrendValueField::take()
         return;
     }
     emit valuesNamed(numbers);
-    clear();
+    // The completer has the text once more after its Enter.
+    QTimer::singleShot(0, this, &QLineEdit::clear);
 }
 
 } // namespace kxpanel

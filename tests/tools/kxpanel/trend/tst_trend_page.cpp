@@ -17,9 +17,11 @@
 #include <QtGui/QWheelEvent>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QCompleter>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QTableView>
@@ -140,6 +142,7 @@ class TrendPageTest : public QObject
 private slots:
     void valuesAreDroppedAndDrawn();
     void valuesAreNamedByKeyboard();
+    void aNameIsCompletedByKeyboard();
     void otherDropsAreRefused();
     void whatAnotherProgramDragsIsRefused();
     void aDropNeverTakesAwayFromTheList();
@@ -195,7 +198,22 @@ void TrendPageTest::valuesAreNamedByKeyboard()
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(window.legend->rowCount(), 1);
     QCOMPARE(window.text(0, TrendLegend::Name), QString("Pump"));
-    QCOMPARE(field->text(), QString());
+    QTRY_COMPARE(field->text(), QString());
+}
+
+void TrendPageTest::aNameIsCompletedByKeyboard()
+{
+    Window window;
+    QLineEdit* field = window.page.findChild<QLineEdit*>();
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_Return); // nothing is named
+    QCOMPARE(window.said.size(), 0);
+    QTest::keyClicks(field, "ump");
+    QTest::keyClick(field->completer()->popup(), Qt::Key_Down);
+    QTest::keyClick(field->completer()->popup(), Qt::Key_Return);
+    QCOMPARE(window.legend->rowCount(), 1);
+    QCOMPARE(window.text(0, TrendLegend::Name), QString("Pump"));
+    QTRY_COMPARE(field->text(), QString()); // for the next one
 }
 
 void TrendPageTest::otherDropsAreRefused()
