@@ -322,6 +322,21 @@
     </message>
 </context>
 <context>
+    <name>kxpanel::ClosingQuestion</name>
+    <message>
+        <source>A write, a transfer or a search is under way.</source>
+        <translation>Gerade wird geschrieben, übertragen oder gesucht.</translation>
+    </message>
+    <message>
+        <source>Closing ends it half-way: a part may be stored in the controller.</source>
+        <translation>Schließen bricht das ab: Ein Teil kann schon in der Steuerung stehen.</translation>
+    </message>
+    <message>
+        <source>End it and close</source>
+        <translation>Abbrechen und schließen</translation>
+    </message>
+</context>
+<context>
     <name>kxpanel::ConnectionBar</name>
     <message>
         <source>&amp;Connect</source>
@@ -1437,14 +1452,43 @@
     </message>
 </context>
 <context>
-    <name>kxpanel::MachineJobs</name>
+    <name>kxpanel::Machine</name>
+    <message>
+        <source>the line is lost</source>
+        <translation>die Leitung ist verloren</translation>
+    </message>
     <message>
         <source>the line is not open</source>
         <translation>die Leitung ist nicht offen</translation>
     </message>
+</context>
+<context>
+    <name>kxpanel::MachineJobs</name>
     <message>
         <source>cancelled</source>
         <translation>abgebrochen</translation>
+    </message>
+    <message>
+        <source>it was not begun</source>
+        <translation>es wurde nicht begonnen</translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::MainWindow</name>
+    <message>
+        <source>The window&apos;s place and recent files are not kept: %1 cannot be written</source>
+        <translation>Platz des Fensters und letzte Dateien werden nicht behalten: %1 kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>The window stood still from %1 to %2. The trend lacks what was read meanwhile.</source>
+        <translation>Das Fenster stand von %1 bis %2 still. Im Verlauf fehlt, was in dieser Zeit gelesen wurde.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchange(s) are missing in frames, line and health.</source>
+        <translation>
+            <numerusform>In Telegrammen, Leitung und Zustand fehlt %n Austausch.</numerusform>
+            <numerusform>In Telegrammen, Leitung und Zustand fehlen %n Austausche.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1456,6 +1500,13 @@
     <message>
         <source>Close the message</source>
         <translation>Die Meldung schließen</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weitere</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1879,6 +1930,10 @@
     <message>
         <source>no station answers</source>
         <translation>keine Station antwortet</translation>
+    </message>
+    <message>
+        <source>something is being written or transferred; try again after it</source>
+        <translation>gerade wird geschrieben oder übertragen; danach noch einmal versuchen</translation>
     </message>
 </context>
 <context>
