@@ -25,12 +25,6 @@ kx::HeardExchange heardOf(const Exchange& exchange, bool withReply)
     return heard;
 }
 
-/// Where replies of other requests came as well, which bytes are the values is not told.
-bool isReplyAlone(const Exchange& exchange)
-{
-    return kx::answerLength(exchange.request, exchange.reply) == exchange.reply.size();
-}
-
 QString valueWords(const Exchange& exchange)
 {
     QStringList texts;
@@ -71,10 +65,21 @@ QString replyWords(const Exchange& exchange)
         return exchange.reason;
     if (exchange.reply.isEmpty())
         return QString();
-    if (exchange.replyKind != kx::ReplyKind::Good || !isReplyAlone(exchange))
+    // Where replies of other requests came as well, which bytes are the values is not told.
+    if (exchange.replyKind != kx::ReplyKind::Good || bytesBeforeAnswer(exchange) != 0)
         return Words::tr("%n byte(s)", nullptr, static_cast<int>(exchange.reply.size()));
     return kx::actionOf(exchange.request) == kx::HeardAction::Write ? Words::tr("confirmed")
                                                                     : valueWords(exchange);
+}
+
+int bytesBeforeAnswer(const Exchange& exchange)
+{
+    const int size = static_cast<int>(exchange.reply.size());
+    for (int before = 0; before < size; ++before) {
+        if (kx::answerLength(exchange.request, exchange.reply.mid(before)) == size - before)
+            return before;
+    }
+    return -1;
 }
 
 int stationOf(const Exchange& exchange)

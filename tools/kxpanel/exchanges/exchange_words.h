@@ -17,6 +17,10 @@ QString requestWords(const Exchange& exchange);
 /// bytes; empty when nothing did. Translated but for the library's own texts.
 QString replyWords(const Exchange& exchange);
 
+/// Bytes of other frames, or of none, that stand before the request's answer in what came; -1:
+/// there is no answer, or something behind it.
+int bytesBeforeAnswer(const Exchange& exchange);
+
 /// Of the request; 0 when nothing was sent.
 int stationOf(const Exchange& exchange);
 

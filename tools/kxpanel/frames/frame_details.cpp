@@ -5,6 +5,8 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <algorithm>
+
 namespace kxpanel
 {
 
@@ -50,8 +52,14 @@ QStringList replyRows(const Exchange& exchange)
     if (exchange.reply.isEmpty())
         return {Words::tr("No reply until %1").arg(time)};
     const int size = static_cast<int>(exchange.reply.size());
-    return frameRows(Words::tr("Reply, over at %1, %n byte(s)", nullptr, size).arg(time),
-                     exchange.reply, kx::replyText(exchange.reply));
+    const int before = std::max(bytesBeforeAnswer(exchange), 0);
+    QStringList rows =
+        frameRows(Words::tr("Reply, over at %1, %n byte(s)", nullptr, size - before).arg(time),
+                  exchange.reply.mid(before), kx::replyText(exchange.reply.mid(before)));
+    if (before > 0)
+        rows << QString() << Words::tr("Before it came %n byte(s)", nullptr, before)
+             << hexRows(exchange.reply.left(before));
+    return rows;
 }
 
 } // namespace

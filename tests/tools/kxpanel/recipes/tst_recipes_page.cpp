@@ -284,7 +284,10 @@ void RecipesPageTest::tellsThatWhatWasReadIsNotSaved()
                      "read from it before is not saved."));
     press(Qt::Key_Escape, Qt::NoModifier);
     press(Qt::Key_E);
-    emit m_page->findChild<QFileDialog*>()->fileSelected(m_folder.filePath("saved.csv"));
+    auto* dialog = m_page->findChild<QFileDialog*>();
+    emit dialog->fileSelected(m_folder.filePath("none/saved.csv")); // which fails
+    QVERIFY(counts().endsWith("; what was read is not saved"));
+    emit dialog->fileSelected(m_folder.filePath("saved.csv"));
     QCOMPARE(counts(), QString("filling.csv: 1 value(s), 1 differ(s)"));
     press(Qt::Key_D);
     QVERIFY(question->text().endsWith("They replace those in the controller."));
