@@ -675,6 +675,13 @@
             <numerusform>Anfrage, gesendet um %1, %n Byte</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Before it came %n byte(s)</source>
+        <translation>
+            <numerusform>Davor kam %n Byte</numerusform>
+            <numerusform>Davor kamen %n Bytes</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::FramesModel</name>
