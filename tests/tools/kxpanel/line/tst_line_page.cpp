@@ -8,6 +8,7 @@
 #include "kxpanel/tags/tag_list.h"
 #include "registers/register_types.h"
 #include "tools/kxpanel/machine_fixture.h"
+#include "tools/kxsim/kxsim_process.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -37,6 +38,7 @@ private slots:
     void intervalsCount();
     void silentStationsDoNotCount();
     void appliedLimitsAreInForce();
+    void sharesAgreeWithWhatTheRuntimeCounts();
 
 private:
     QString labels() const;
@@ -274,6 +276,28 @@ void LinePageTest::appliedLimitsAreInForce()
     QVERIFY(latest(1) <= 16 && latest(2) <= 16 && latest(3) <= 16);
     m_machine->closeLine();
     QTRY_VERIFY(log.states.last().startsWith("closed"));
+}
+
+void LinePageTest::sharesAgreeWithWhatTheRuntimeCounts()
+{
+    const KxsimProcess simulator({"--still", "--pace", "9600", "--turnaround", "5ms"});
+    watch(40);
+    const MachineLog log(m_machine.get());
+    m_machine->setValues(m_tags->values());
+    m_machine->openLine(serialPort(simulator.portName()));
+    QTRY_VERIFY_WITH_TIMEOUT(log.exchanges.size() >= 8, 20000); // of about 105 ms each
+    m_machine->closeLine();
+    QTRY_VERIFY(log.states.last().startsWith("closed"));
+    LineRecord record;
+    for (const Exchange& exchange : log.exchanges)
+        record.add(exchange, kx::LineTiming());
+    const qint64 from = record.mark(0).times.sent;
+    const qint64 to = record.mark(record.history().end() - 1).times.replyEnded;
+    const double load =
+        log.summaries.last().statistics.lineLoad(kx::LineTiming(), (to - from) / 1000);
+    const double used = record.shares(from, to).used();
+    QVERIFY2(qAbs(used - load) < 0.01, qPrintable(QString("%1 for %2").arg(used).arg(load)));
+    QVERIFY(used > 0.3); // else it was none
 }
 
 QTEST_MAIN(LinePageTest)
