@@ -56,8 +56,9 @@ void WatchTable::setUsualColumns()
 {
     for (int column = 0; column < WatchModel::ColumnCount; ++column) {
         horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), column);
-        setColumnWidth(column, SHAPES.at(static_cast<std::size_t>(column)).width
-                                   * fontMetrics().averageCharWidth());
+        const int usual =
+            SHAPES.at(static_cast<std::size_t>(column)).width * fontMetrics().averageCharWidth();
+        setColumnWidth(column, qMax(usual, horizontalHeader()->sectionSizeHint(column)));
     }
     for (QAction* const action : columnActions())
         action->setChecked(true);

@@ -20,18 +20,38 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QMimeData>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTranslator>
 #include <QtGui/QClipboard>
 #include <QtGui/QDropEvent>
 #include <QtGui/QTextDocument>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 
 using namespace kxpanel;
+
+namespace
+{
+
+/// A language with long words.
+class LongHeadings : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* text, const char*, int) const override
+    {
+        return qstrcmp(context, "kxpanel::WatchModel") == 0
+                   ? QStringLiteral("as long as three words, %1").arg(QLatin1String(text))
+                   : QString();
+    }
+};
+
+} // namespace
 
 class WatchPageTest : public QObject
 {
@@ -78,6 +98,7 @@ private slots:
     void showsAllFaultsOfATagsFile();
     void layoutIsKept();
     void eachActionHasALetterOfItsOwn();
+    void headingsAreNotCutOff();
     void aPageThatIsNotSeenPaintsNothing();
     void onlyRowsThatAreSeenArePainted();
     void aControllerConfirmsAWrite();
@@ -760,6 +781,17 @@ void WatchPageTest::eachActionHasALetterOfItsOwn()
         actions.insert(letter, action->text());
     }
     QVERIFY(actions.size() > 10);
+}
+
+void WatchPageTest::headingsAreNotCutOff()
+{
+    LongHeadings language;
+    QCoreApplication::installTranslator(&language);
+    const WatchPage page({m_machine.get(), m_tags.get()});
+    const auto* const table = page.findChild<WatchTable*>();
+    for (int column = 0; column < WatchModel::ColumnCount; ++column)
+        QVERIFY2(table->columnWidth(column) >= table->horizontalHeader()->sectionSizeHint(column),
+                 qPrintable(QString::number(column)));
 }
 
 void WatchPageTest::aPageThatIsNotSeenPaintsNothing()
