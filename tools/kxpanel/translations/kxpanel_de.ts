@@ -309,7 +309,7 @@
         <translation>Zeile %1: ein Anführungszeichen wird nicht geschlossen</translation>
     </message>
     <message>
-        <source>%1 and %2 are both addresses; put &apos;name&apos; and &apos;address&apos; above the columns</source>
+        <source>%1 and %2 are both addresses; put 'name' and 'address' above the columns</source>
         <translation>%1 und %2 sind beide Adressen; über die Spalten gehören „name“ und „address“</translation>
     </message>
     <message>
@@ -1468,6 +1468,10 @@
         <source>the line is not open</source>
         <translation>die Leitung ist nicht offen</translation>
     </message>
+    <message>
+        <source>%1; name its file with --library</source>
+        <translation>%1; ihre Datei mit --library nennen</translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::MachineJobs</name>
@@ -1483,7 +1487,7 @@
 <context>
     <name>kxpanel::MainWindow</name>
     <message>
-        <source>The window&apos;s place and recent files are not kept: %1 cannot be written</source>
+        <source>The window's place and recent files are not kept: %1 cannot be written</source>
         <translation>Platz des Fensters und letzte Dateien werden nicht behalten: %1 kann nicht geschrieben werden</translation>
     </message>
     <message>
@@ -1603,7 +1607,7 @@
         <translation>muss ein Objekt sein</translation>
     </message>
     <message>
-        <source>%1.name: &apos;%2&apos; is the name of %3</source>
+        <source>%1.name: '%2' is the name of %3</source>
         <translation>%1.name: „%2“ heißt schon %3</translation>
     </message>
 </context>
@@ -2977,7 +2981,7 @@
     </message>
     <message>
         <source>%1 to %2</source>
-        <translation>%1 bis %2</translation>
+        <translation>%1–%2</translation>
     </message>
     <message>
         <source> and </source>
@@ -3915,13 +3919,6 @@
     <message>
         <source>; it is for members of the group %1: sudo usermod -aG %1 $USER, then log in again</source>
         <translation>; sie ist für Mitglieder der Gruppe %1: sudo usermod -aG %1 $USER, dann neu anmelden</translation>
-    </message>
-</context>
-<context>
-    <name>kxpanel::Machine</name>
-    <message>
-        <source>%1; name its file with --library</source>
-        <translation>%1; ihre Datei mit --library nennen</translation>
     </message>
 </context>
 </TS>
