@@ -1,14 +1,11 @@
 // `kxhost --version`, and the man pages.
 
 #include "command_process.h"
+#include "manual_page.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtCore/QMap>
 #include <QtCore/QProcess>
-#include <QtCore/QRegularExpression>
-#include <QtCore/QSet>
 #include <QtTest/QTest>
 
 using namespace kx;
@@ -20,36 +17,6 @@ const char* const COMMANDS[] = {"watch",     "read",   "write",  "recipe", "chec
                                 "registers", "series", "plan",   "ports",  "scan",
                                 "raw",       "listen", "tags",   "dump",   "compare",
                                 "restore",   "run",    "record", "replay"};
-
-QSet<QString> optionsIn(const QString& text)
-{
-    QSet<QString> options;
-    auto found = QRegularExpression("--[a-z][a-z0-9-]*").globalMatch(text);
-    while (found.hasNext())
-        options << found.next().captured();
-    return options;
-}
-
-/// The one-letter options and what they stand for: "p" is "--port".
-QMap<QString, QString> lettersIn(const QString& text)
-{
-    QMap<QString, QString> letters;
-    auto found = QRegularExpression("-([a-zA-Z]), (--[a-z][a-z0-9-]*)").globalMatch(text);
-    while (found.hasNext()) {
-        const QRegularExpressionMatch match = found.next();
-        letters[match.captured(1)] += match.captured(2);
-    }
-    return letters;
-}
-
-/// Without the roff: a hyphen that is typed has a backslash before it.
-QString manPage(const char* path)
-{
-    QFile page(path);
-    if (!page.open(QIODevice::ReadOnly))
-        return QString();
-    return QString::fromUtf8(page.readAll()).remove('\\').replace(" \", \" ", ", ");
-}
 
 QString helpOfKxsim()
 {
@@ -146,21 +113,21 @@ private slots:
         }
         QVERIFY(options.size() > 25);
         QVERIFY(letters.size() > 5);
-        QCOMPARE(optionsIn(manPage(KX_MAN_PAGES "/kxhost.1")), options);
-        QCOMPARE(lettersIn(manPage(KX_MAN_PAGES "/kxhost.1")), letters);
+        QCOMPARE(optionsIn(manualPage(KX_MAN_PAGES "/kxhost.1")), options);
+        QCOMPARE(lettersIn(manualPage(KX_MAN_PAGES "/kxhost.1")), letters);
     }
 
     void theManPageOfKxsimHasEveryOption()
     {
         const QString help = helpOfKxsim();
         QVERIFY(optionsIn(help).size() > 10);
-        QCOMPARE(optionsIn(manPage(KX_MAN_PAGES "/kxsim.1")), optionsIn(help));
-        QCOMPARE(lettersIn(manPage(KX_MAN_PAGES "/kxsim.1")), lettersIn(help));
+        QCOMPARE(optionsIn(manualPage(KX_MAN_PAGES "/kxsim.1")), optionsIn(help));
+        QCOMPARE(lettersIn(manualPage(KX_MAN_PAGES "/kxsim.1")), lettersIn(help));
     }
 
     void aLetterStandsForTheSameInBothPrograms()
     {
-        const auto ofKxhost = lettersIn(manPage(KX_MAN_PAGES "/kxhost.1"));
+        const auto ofKxhost = lettersIn(manualPage(KX_MAN_PAGES "/kxhost.1"));
         const auto ofKxsim = lettersIn(helpOfKxsim());
         int common = 0;
         for (const QString& letter : ofKxsim.keys()) {
