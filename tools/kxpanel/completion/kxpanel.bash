@@ -8,6 +8,14 @@ _kxpanel_options()
         | grep -o -e '--[a-z][a-z0-9-]*' | sort -u
 }
 
+# Of the simulated controller, where it stands beside the program.
+_kxpanel_faults()
+{
+    "${COMP_WORDS[0]%kxpanel}kxsim" --help 2>/dev/null \
+        | sed -n '/^Faults,/,/^$/s/^  \([a-z-]*\) .*/\1:/p'
+    echo "all:"
+}
+
 # The values of an option, or nothing when they are for the user to choose.
 _kxpanel_values()
 {
@@ -17,8 +25,20 @@ _kxpanel_values()
         --protocol) echo "rtu tcp" ;;
         --data-bits) echo "8" ;;
         --stop-bits) echo "1 2" ;;
+        --max-words) echo "auto 32 64 125" ;;
         --low-latency) echo "yes no" ;;
-        --max-words) echo "auto" ;;
+        --rs485) echo "on rts-before: rts-after: rts-low" ;;
+        --fault) _kxpanel_faults ;;
+    esac
+}
+
+# Whether an option takes a number or another text that only the user knows.
+_kxpanel_takes_number()
+{
+    case $1 in
+        --station | -a | --timeout | -t | --settle | --quiet | --retries | -r | --reopen) ;;
+        --max-bits | --tcp | --fault-seed | --fault-delay) ;;
+        *) return 1 ;;
     esac
 }
 
@@ -27,8 +47,18 @@ _kxpanel()
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} words
     words=$(_kxpanel_values "$previous")
     [[ -n $words || $current != -* ]] || words=$(_kxpanel_options)
-    mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+    if [[ -n $words ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+        # A probability follows the kind of a fault.
+        [[ ${COMPREPLY[0]} != *: ]] || compopt -o nospace 2>/dev/null
+    elif _kxpanel_takes_number "$previous"; then
+        COMPREPLY=()
+    elif [[ $previous == --port || $previous == -p ]]; then
+        mapfile -t COMPREPLY < <(compgen -f -- "${current:-/dev/tty}")
+    else # a project, tags, the library
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+    fi
 }
 
-# Else files: a port, a project, tags, the library.
-complete -o default -F _kxpanel kxpanel
+complete -F _kxpanel kxpanel
