@@ -27,6 +27,8 @@ public:
     /// The same for a file of the project, such as "build/run/bin/kxhost".
     void addFile(const QString& path, const QString& commands = QString());
     void addText(const QString& path, const QString& text);
+    /// Of a file or folder of the project.
+    QString path(const QString& name) const { return project() + name; }
     /// Of a file of the project; empty when there is none.
     QString text(const QString& path) const;
     void setVariable(const QString& name, const QString& value);
