@@ -91,6 +91,10 @@ controller.")
 set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME tarvelan-kx-panel)
 set(CPACK_DEBIAN_WINDOW_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS "${runtime_of_same_version}, libqt5sql5-sqlite")
+# For desktops without X, for Qt's own texts in the user's language, and for the pages and programs
+# that the manual page names.
+set(CPACK_DEBIAN_WINDOW_PACKAGE_RECOMMENDS "qttranslations5-l10n, qtwayland5")
+set(CPACK_DEBIAN_WINDOW_PACKAGE_SUGGESTS "libtarvelan-kx-series-doc, tarvelan-kx-tools")
 set(CPACK_COMPONENT_WINDOW_DESCRIPTION "window on KX series controllers on Modbus RTU
 kxpanel shows the values of KX series programmable controllers, their trends,
 and what happens on the line, while a machine is commissioned. It writes
