@@ -118,6 +118,12 @@ def recording(table):
     table.figure("recording 1,000 values in a database (SQLite)", "record_sqlite")
 
 
+def window(table):
+    frame = table.figures["a frame of 10,000 values"]
+    table.at_most("a frame of the window's grid, 10,000 values read since the last", shown_time(frame),
+                  frame / 1e6, 16, " ms")
+
+
 def crc(table):
     f = table.figures
     peer = (f["libmodbus_send_raw/254"] - f["libmodbus_send_raw/14"]) / 240 * REPLY_BYTES
@@ -159,7 +165,7 @@ def main():
     arguments = parser.parse_args()
 
     table = Table(read_figures(arguments.results))
-    for part in (polls, planning, values, watch_lists, recording, crc, memory):
+    for part in (polls, planning, values, watch_lists, recording, window, crc, memory):
         part(table)
     rows = [("What", "Measured", "Ratio or figure", "Target", "Reached")] + table.rows
     (print_markdown if arguments.markdown else print_plain)(rows)
