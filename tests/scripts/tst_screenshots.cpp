@@ -4,6 +4,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtTest/QTest>
 
 namespace
@@ -26,7 +27,10 @@ QStringList pictures(const QString& folder)
 ScriptResult takePictures(ScriptSandbox* sandbox)
 {
     sandbox->addProgram("Xvfb", "echo 7 >&\"$2\"");
-    sandbox->addProgram("xdotool", "[ \"$1\" != search ] || echo 4194311");
+    // As the real one, which without --all finds what has the process or the name.
+    sandbox->addProgram("xdotool",
+                        "[ \"$1\" = search ] || exit 0\n"
+                        "case $* in *' --all '*) echo \"$6\" ;; *) echo 4194311 ;; esac");
     sandbox->addProgram("maim", "for last; do :; done; echo picture >\"$last\"");
     sandbox->addProgram("pngquant", "cp \"$5\" \"$4\"");
     sandbox->addProgram("optipng");
@@ -74,13 +78,18 @@ void ScreenshotsTest::aWindowForEachLook()
 {
     ScriptSandbox sandbox;
     takePictures(&sandbox);
-    const QStringList windows = sandbox.calls().filter(QRegularExpression("^kxpanel "));
+    const QStringList calls = sandbox.calls();
+    const QStringList windows = calls.filter(QRegularExpression("^kxpanel "));
     QCOMPARE(windows.size(), 4);
     for (const QString& window : windows) {
         QVERIFY2(window.startsWith("kxpanel --simulate "), qPrintable(window));
         QVERIFY2(window.endsWith("/filling.kxpanel"), qPrintable(window));
     }
     QCOMPARE(windows.filter(" --fault ").size(), 1);
+    QSet<QString> shown;
+    for (const QString& picture : calls.filter(QRegularExpression("^maim ")))
+        shown << picture.section("--window ", 1).section(' ', 0, 0);
+    QCOMPARE(shown.size(), 4);
 }
 
 void ScreenshotsTest::withoutADisplay()
