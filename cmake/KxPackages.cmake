@@ -85,8 +85,8 @@ set(qt6_sqlite libqt6sql6-sqlite)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${runtime_of_same_version}, ${qt${KX_QT}_sqlite}")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "tools for KX series controllers on Modbus RTU
 kxhost watches, reads and writes the memory of a KX series programmable
-controller, records values, transfers recipes and scans a line. kxsim is a simulated
-controller.")
+controller, records values, transfers recipes and scans a line. kxsim is a
+simulated controller.")
 
 set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME tarvelan-kx-panel)
 set(CPACK_DEBIAN_WINDOW_PACKAGE_SECTION electronics)
