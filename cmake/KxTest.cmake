@@ -32,18 +32,6 @@ function(kx_use_test_headers target)
   target_precompile_headers(${target} REUSE_FROM ${KX_TEST_HEADERS})
 endfunction()
 
-# kx_moc_test(NAME SOURCE): makes NAME.moc of the test's source, which includes it. AUTOMOC would let moc
-# read all of Qt's headers for each test, which takes longer than to compile it.
-function(kx_moc_test name source)
-  set(moc "${CMAKE_CURRENT_BINARY_DIR}/moc/${name}.moc")
-  file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/moc")
-  add_custom_command(OUTPUT "${moc}"
-    COMMAND $<TARGET_FILE:Qt${KX_QT}::moc> "${CMAKE_CURRENT_SOURCE_DIR}/${source}" -o "${moc}"
-    DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${source}" VERBATIM)
-  target_sources(${name} PRIVATE "${moc}")
-  target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/moc")
-endfunction()
-
 # kx_add_test_program(NAME SOURCE...): run by CTest; linked to nothing yet.
 function(kx_add_test_program name)
   add_executable(${name} ${ARGN})
