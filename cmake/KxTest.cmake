@@ -1,8 +1,16 @@
 # QtTest programs. There are many, and they take longer to build than to run: they share
-# one precompiled header, are not optimised, and are linked by the quicker linker.
+# one precompiled header, are not optimised, and are linked by a quick linker.
 
 include(CheckLinkerFlag)
-check_linker_flag(CXX -fuse-ld=gold KX_HAS_GOLD)
+check_linker_flag(CXX -fuse-ld=lld KX_HAS_LLD)
+if(KX_HAS_LLD)
+  set(KX_TEST_LINKER -fuse-ld=lld)
+else()
+  check_linker_flag(CXX -fuse-ld=gold KX_HAS_GOLD)
+  if(KX_HAS_GOLD)
+    set(KX_TEST_LINKER -fuse-ld=gold)
+  endif()
+endif()
 set(KX_TEST_SECONDS 120 CACHE STRING "Seconds after which a test has failed")
 
 # What each source of a test reads first.
@@ -39,9 +47,7 @@ function(kx_add_test_program name)
   kx_moc_test(${name} ${source})
   kx_use_test_headers(${name})
   kx_add_warnings(${name})
-  if(KX_HAS_GOLD)
-    target_link_options(${name} PRIVATE -fuse-ld=gold)
-  endif()
+  target_link_options(${name} PRIVATE ${KX_TEST_LINKER})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT ${KX_TEST_SECONDS})
 endfunction()
