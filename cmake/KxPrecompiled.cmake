@@ -47,6 +47,7 @@ option(KX_UNITY "Compile sources of the tools together" OFF)
 # kx_compile_together(TARGET [SOURCE...]): where that is wanted. The sources named have names of
 # their own that others of TARGET have, too, and stay alone.
 function(kx_compile_together target)
-  set_target_properties(${target} PROPERTIES UNITY_BUILD ${KX_UNITY} UNITY_BUILD_BATCH_SIZE 8)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ${KX_UNITY} UNITY_BUILD_BATCH_SIZE 8
+    UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
   set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()

@@ -7,10 +7,24 @@
 namespace
 {
 
-const QString FORMAT = QStringLiteral("clang-format --dry-run -Werror tools/a.cpp");
+const QString FORMAT =
+    QStringLiteral("clang-format --dry-run -Werror tools/a.cpp tools/a_b.cpp tools/b.cpp");
 const QString CONFIGURE =
     QStringLiteral("cmake -S . -B build/style -DBUILD_TESTING=OFF -DKX_BUILD_WINDOW=ON "
-                   "-DKX_HAS_MEMCPY_STRATEGY=OFF");
+                   "-DKX_HAS_MEMCPY_STRATEGY=OFF -DKX_UNITY=OFF");
+const QString CONFIGURE_TOGETHER =
+    QStringLiteral("cmake -S . -B build/style-together -DBUILD_TESTING=OFF -DKX_BUILD_WINDOW=ON "
+                   "-DKX_HAS_MEMCPY_STRATEGY=OFF -DKX_UNITY=ON");
+const QString ALONE = QStringLiteral("clang-tidy --quiet -p build/style ");
+const QString TOGETHER = QStringLiteral("clang-tidy --quiet -p build/style-together ");
+const QString INCLUDES_ONLY = QStringLiteral("--checks=-*,bugprone-suspicious-include ");
+const QString QUICK = QStringLiteral("--checks=-clang-analyzer-*,-bugprone-use-after-move ");
+/// Of three sources it compiles two as one.
+const QString CMAKE = QStringLiteral(
+    "batch=build/style-together/Unity/unity_0_cxx.cxx\n"
+    "mkdir -p build/style-together/Unity\n"
+    "echo \"  \\\"file\\\": \\\"$batch\\\"\" >build/style-together/compile_commands.json\n"
+    "printf '#include \"%s\"\\n' $PWD/tools/a.cpp $PWD/tools/a_b.cpp >$batch");
 
 } // namespace
 
@@ -22,6 +36,7 @@ private slots:
     void init();
     void whatIsRun_data();
     void whatIsRun();
+    void whatClangRefusesIsAFailure_data();
     void whatClangRefusesIsAFailure();
     void nothingIsTestedWhereTheFormatIsWrong();
     void whatClangRefusesIsShownBehindTheTests();
@@ -36,7 +51,8 @@ private:
 
 void CheckStyleTest::init()
 {
-    m_sandbox.addProgram("git", "echo tools/a.cpp");
+    m_sandbox.addProgram("git", "printf '%s\\n' tools/a.cpp tools/a_b.cpp tools/b.cpp");
+    m_sandbox.addProgram("cmake", CMAKE);
     for (const char* const worker : {"clang-format", "clang-tidy", "ctest"})
         m_sandbox.addProgram(worker);
     m_sandbox.calls();
@@ -56,19 +72,15 @@ void CheckStyleTest::whatIsRun_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QStringList>("expected");
-    QTest::newRow("for every change")
-        << QStringList()
-        << QStringList{FORMAT, CONFIGURE,
-                       "clang-tidy --quiet -p build/style "
-                       "--checks=-clang-analyzer-*,-bugprone-use-after-move tools/a.cpp"};
+    const QStringList lint{CONFIGURE, CONFIGURE_TOGETHER,
+                           ALONE + INCLUDES_ONLY + "tools/a.cpp tools/a_b.cpp",
+                           TOGETHER + QUICK + "build/style-together/Unity/unity_0_cxx.cxx",
+                           ALONE + QUICK + "tools/b.cpp"};
+    QTest::newRow("for every change") << QStringList() << QStringList{FORMAT} + lint;
     QTest::newRow("with the analyzer")
         << QStringList{"all"}
-        << QStringList{FORMAT, CONFIGURE, "clang-tidy --quiet -p build/style tools/a.cpp"};
-    QTest::newRow("clang-tidy only")
-        << QStringList{"lint"}
-        << QStringList{CONFIGURE,
-                       "clang-tidy --quiet -p build/style "
-                       "--checks=-clang-analyzer-*,-bugprone-use-after-move tools/a.cpp"};
+        << QStringList{FORMAT, CONFIGURE, ALONE + "tools/a.cpp tools/a_b.cpp tools/b.cpp"};
+    QTest::newRow("clang-tidy only") << QStringList{"lint"} << lint;
     QTest::newRow("formatting only") << QStringList{"format"} << QStringList{FORMAT};
 }
 
@@ -81,12 +93,24 @@ void CheckStyleTest::whatIsRun()
     QCOMPARE(calls(), expected);
 }
 
+void CheckStyleTest::whatClangRefusesIsAFailure_data()
+{
+    QTest::addColumn<QString>("refused"); // the end of what clang-tidy is called with
+    QTest::newRow("an include that a source lacks") << "a_b.cpp";
+    QTest::newRow("among what is compiled as one") << "cxx";
+    QTest::newRow("in what stands alone") << "/b.cpp";
+}
+
 void CheckStyleTest::whatClangRefusesIsAFailure()
 {
-    m_sandbox.addProgram("clang-tidy", "echo 'tools/a.cpp:1:1: error: function too long'; exit 1");
+    QFETCH(QString, refused);
+    m_sandbox.addProgram(
+        "clang-tidy", QString("case $* in *%1) echo 'tools/a.cpp:1:1: error: wrong'; exit 1;; esac")
+                          .arg(refused));
     const ScriptResult result = m_sandbox.run("scripts/check-style", {});
     QVERIFY(result.exitCode != 0);
-    QCOMPARE(result.output, QStringList{"tools/a.cpp:1:1: error: function too long"});
+    QCOMPARE(result.output, QStringList{"tools/a.cpp:1:1: error: wrong"});
+    QCOMPARE(calls().filter("clang-tidy").size(), 3); // the others are looked at all the same
 }
 
 void CheckStyleTest::nothingIsTestedWhereTheFormatIsWrong()
@@ -99,16 +123,17 @@ void CheckStyleTest::nothingIsTestedWhereTheFormatIsWrong()
     const QStringList called = calls();
     QVERIFY(!called.filter("ctest").isEmpty());
     QCOMPARE(called.filter("clang-format").size(), 1);
-    QCOMPARE(called.filter("clang-tidy").size(), 1);
+    QCOMPARE(called.filter("clang-tidy").size(), 3);
 }
 
 void CheckStyleTest::whatClangRefusesIsShownBehindTheTests()
 {
-    m_sandbox.addProgram("clang-tidy", "echo 'tools/a.cpp:1:1: error: function too long'; exit 1");
+    m_sandbox.addProgram("clang-tidy", "case $* in */b.cpp) echo 'tools/b.cpp:1:1: error: function "
+                                       "too long'; exit 1;; esac");
     const ScriptResult result = m_sandbox.run(".ci/run", {});
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(result.output.last(), QString("== clang-tidy"));
-    QCOMPARE(result.errors, QStringList{"tools/a.cpp:1:1: error: function too long"});
+    QCOMPARE(result.errors, QStringList{"tools/b.cpp:1:1: error: function too long"});
     QCOMPARE(calls().filter("--no-tests=error").size(), 3); // each of the three builds is tested
 }
 
