@@ -71,7 +71,7 @@ private slots:
 /// plot.
 void TrendWindowTest::aValueIsDraggedFromTheGridOverItsTab()
 {
-    const Shown shown;
+    Shown shown;
     WatchTable* const table = shown.table();
     const QModelIndex row = table->model()->index(1, 0);
     ValueDrag drag(table, table->model()->mimeData({row}), table->model()->supportedDragActions());
@@ -82,9 +82,8 @@ void TrendWindowTest::aValueIsDraggedFromTheGridOverItsTab()
     QCOMPARE(drag.drop(), Qt::CopyAction); // the grid takes away what was moved
     QCOMPARE(shown.legend()->rowCount(), 1);
     QCOMPARE(shown.text(0, TrendLegend::Name), QString("Level"));
-    emit const_cast<Machine&>(shown.machine)
-        .valuesRead({readingOf(shown.window->tags()->values().at(1).number, 80,
-                               QDateTime::currentMSecsSinceEpoch() - 30000)});
+    emit shown.machine.valuesRead({readingOf(shown.window->tags()->values().at(1).number, 80,
+                                             QDateTime::currentMSecsSinceEpoch() - 30000)});
     QTest::qWait(120); // two frames
     QCOMPARE(shown.text(0, TrendLegend::Now), QString("40"));
     const QImage picture = shown.plot()->canvas()->grab().toImage();
@@ -127,7 +126,7 @@ void TrendWindowTest::noShortcutIsTwice()
 
 void TrendWindowTest::aRemovedValueComesBackByUndo()
 {
-    const Shown shown;
+    Shown shown;
     QList<int> numbers;
     for (const WatchedValue& value : shown.window->tags()->values())
         numbers << value.number;
@@ -135,7 +134,7 @@ void TrendWindowTest::aRemovedValueComesBackByUndo()
     auto* const watch = qobject_cast<WatchPage*>(shown.window->page("watch"));
     trend->addValues(numbers);
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    emit const_cast<Machine&>(shown.machine).valuesRead({readingOf(numbers.at(1), 80, now)});
+    emit shown.machine.valuesRead({readingOf(numbers.at(1), 80, now)});
     shown.table()->select({numbers.at(1)});
     shown.table()->setFocus();
     QTest::keyClick(shown.table(), Qt::Key_Delete);
