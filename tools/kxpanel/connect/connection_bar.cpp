@@ -38,7 +38,6 @@ ConnectionBar::ConnectionBar(Machine* machine, QWidget* parent)
     : QWidget(parent),
       m_machine(machine),
       m_fields(new LineFields(this)),
-      m_scanPanel(new ScanPanel(machine, m_fields, this)),
       m_state(new QLabel(this)),
       m_message(new QLabel(this))
 {
@@ -66,7 +65,6 @@ void ConnectionBar::makeActions()
     m_scan->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+K")));
     m_scan->setToolTip(tr("Ask all stations of the line whether they are there (%1)")
                            .arg(m_scan->shortcut().toString(QKeySequence::NativeText)));
-    connect(m_scan, &QAction::toggled, m_scanPanel, &ScanPanel::setOpen);
 }
 
 void ConnectionBar::layOut()
@@ -83,6 +81,8 @@ void ConnectionBar::layOut()
     row->addWidget(m_button);
     row->addWidget(m_state);
     row->addWidget(makeButton(m_scan, this));
+    m_scanPanel = new ScanPanel(m_machine, m_fields, this); // behind the buttons for the Tab key
+    connect(m_scan, &QAction::toggled, m_scanPanel, &ScanPanel::setOpen);
     auto* const column = new QVBoxLayout(this);
     column->addLayout(row);
     column->addWidget(m_message);

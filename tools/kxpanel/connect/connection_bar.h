@@ -61,7 +61,7 @@ private:
     LineStatus m_status;
     PortWatch m_ports;
     LineFields* m_fields;
-    ScanPanel* m_scanPanel;
+    ScanPanel* m_scanPanel = nullptr;
     QAction* m_connect;
     QAction* m_scan;
     QToolButton* m_button;

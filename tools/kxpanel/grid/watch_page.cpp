@@ -98,9 +98,7 @@ void WatchPage::makeLayout()
     layout->addWidget(m_table, 1);
     layout->addWidget(m_faults);
     layout->addWidget(m_message);
-    setTabOrder(m_addLine, m_filterLine);
-    setTabOrder(m_filterLine, m_table);
-    setFocusProxy(m_table);
+    setMainPart(m_table);
 }
 
 void WatchPage::connectAll()

@@ -59,7 +59,7 @@ RecipesPage::RecipesPage(const PageContext& context, QWidget* parent)
     box->addWidget(m_counts);
     connect(m_question, &DownloadBar::confirmed, this, &RecipesPage::download);
     connect(m_question, &DownloadBar::cancelled, m_table, qOverload<>(&QWidget::setFocus));
-    setFocusProxy(m_table);
+    setMainPart(m_table);
     complain(QString());
     refresh();
 }

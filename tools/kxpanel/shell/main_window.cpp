@@ -155,7 +155,7 @@ Page* MainWindow::currentPage() const
 void MainWindow::showPage(Page* page)
 {
     m_tabs->setCurrentWidget(page);
-    page->setFocus();
+    page->mainPart()->setFocus();
 }
 
 void MainWindow::collect(Project* project)

@@ -2,6 +2,7 @@
 
 #include "kxpanel/connect/connection_bar.h"
 #include "kxpanel/shell/main_window.h"
+#include "kxpanel/shell/menu_letters.h"
 #include "kxpanel/shell/project_keeper.h"
 #include "kxpanel/shell/shortcut_list.h"
 #include "kxpanel/shell/version_text.h"
@@ -86,6 +87,7 @@ void WindowMenus::showRecentFiles()
 void WindowMenus::makeEditMenu()
 {
     m_edit = m_window->menuBar()->addMenu(tr("&Edit"));
+    connect(m_edit, &QMenu::aboutToShow, this, &WindowMenus::showPageActions); // by other names
     showPageActions();
 }
 
@@ -93,8 +95,14 @@ void WindowMenus::showPageActions()
 {
     m_edit->clear();
     const Page* const page = m_window->currentPage();
-    if (page)
-        m_edit->addActions(page->actions());
+    const QList<QAction*> actions = page ? page->actions() : QList<QAction*>();
+    m_edit->addActions(actions);
+    QStringList texts;
+    for (const QAction* const action : actions)
+        texts << action->text();
+    texts = withOwnLetters(texts);
+    for (int i = 0; i < texts.size(); ++i)
+        actions.at(i)->setText(texts.at(i));
     m_edit->menuAction()->setEnabled(!m_edit->isEmpty());
 }
 

@@ -39,12 +39,22 @@ public:
     /// Of addresses that name none, from now on.
     /// @param station 1 to 247; before the first call 1
     virtual void setStation(int) {}
+    /// What gets the keyboard when a person goes to the page; the page itself when it named none.
+    QWidget* mainPart() { return m_mainPart ? m_mainPart : this; }
 
 signals:
     /// layout() is another.
     void layoutChanged();
     /// One line for the window's status bar; empty takes it away.
     void said(const QString& text);
+
+protected:
+    /// Not as a focus proxy, with which Tab would pass over all that stands before it.
+    /// @param part a child
+    void setMainPart(QWidget* part) { m_mainPart = part; }
+
+private:
+    QWidget* m_mainPart = nullptr;
 };
 
 } // namespace kxpanel

@@ -41,7 +41,7 @@ QWidget* LimitPanel::makeChoice()
     auto* choice = new QWidget(this);
     m_slider = new QSlider(Qt::Horizontal, choice);
     m_number = new QSpinBox(choice);
-    auto* label = new QLabel(tr("&Longest request"), choice);
+    auto* label = new QLabel(tr("Lon&gest request"), choice);
     label->setBuddy(m_slider);
     m_slider->setRange(1, kx::MOST_REGISTERS_PER_READ);
     m_number->setRange(1, kx::MOST_REGISTERS_PER_READ);
