@@ -1182,8 +1182,8 @@
 <context>
     <name>kxpanel::LimitPanel</name>
     <message>
-        <source>&amp;Longest request</source>
-        <translation>&amp;Längste Anfrage</translation>
+        <source>Lon&amp;gest request</source>
+        <translation>Län&amp;gste Anfrage</translation>
     </message>
     <message>
         <source> registers</source>
@@ -1199,7 +1199,7 @@
     </message>
     <message>
         <source>&amp;Apply</source>
-        <translation>&amp;Anwenden</translation>
+        <translation>An&amp;wenden</translation>
     </message>
     <message>
         <source>Polls with requests of this length at most from now on (Alt+A)</source>
@@ -1223,11 +1223,11 @@
     </message>
     <message>
         <source>Apply the &amp;best: %1</source>
-        <translation>&amp;Beste anwenden: %1</translation>
+        <translation>Bes&amp;te anwenden: %1</translation>
     </message>
     <message>
         <source>Apply the &amp;best</source>
-        <translation>&amp;Beste anwenden</translation>
+        <translation>Bes&amp;te anwenden</translation>
     </message>
     <message>
         <source>The lowest limit with the shortest cycle (Alt+B)</source>
