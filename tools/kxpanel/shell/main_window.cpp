@@ -5,7 +5,6 @@
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/project/connection_json.h"
 #include "kxpanel/project/project.h"
-#include "kxpanel/shell/closing_question.h"
 #include "kxpanel/shell/message_bar.h"
 #include "kxpanel/shell/project_keeper.h"
 #include "kxpanel/shell/status_line.h"
@@ -14,9 +13,6 @@
 
 #include <QtCore/QDateTime>
 #include <QtCore/QSettings>
-#include <QtGui/QCloseEvent>
-#include <QtGui/QGuiApplication>
-#include <QtGui/QScreen>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
@@ -26,26 +22,6 @@
 
 namespace kxpanel
 {
-
-namespace
-{
-
-QString geometrySetting()
-{
-    return QStringLiteral("window/geometry");
-}
-
-QString pageSetting()
-{
-    return QStringLiteral("window/page");
-}
-
-QString placeSetting(const Page* page)
-{
-    return QStringLiteral("window/places/%1").arg(page->key());
-}
-
-} // namespace
 
 MainWindow::MainWindow(Machine* machine, QSettings* settings, const std::vector<PageMaker>& pages)
     : m_machine(machine),
@@ -208,19 +184,6 @@ void MainWindow::showTitle()
     setWindowModified(m_project->isChanged());
 }
 
-void MainWindow::restorePlace()
-{
-    const QSize usual(130, 46); // characters and rows
-    const QSize wanted(usual.width() * fontMetrics().horizontalAdvance(QLatin1Char('0')),
-                       usual.height() * fontMetrics().lineSpacing());
-    resize(wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
-    restoreGeometry(m_settings->value(geometrySetting()).toByteArray());
-    for (Page* const page : m_pages)
-        page->setPlace(m_settings->value(placeSetting(page)).toByteArray());
-    if (Page* const last = page(m_settings->value(pageSetting()).toString()))
-        m_tabs->setCurrentWidget(last);
-}
-
 void MainWindow::showMissed(const Missed& missed)
 {
     const auto timeOf = [](qint64 time) {
@@ -235,37 +198,6 @@ void MainWindow::showMissed(const Missed& missed)
             + tr("%n exchange(s) are missing in frames, line and health.", nullptr,
                  static_cast<int>(qMin<qint64>(missed.exchanges, std::numeric_limits<int>::max())));
     m_messages->say(text);
-}
-
-/// Each question comes when the one before is answered; whoever stays answers none of the rest.
-void MainWindow::askToClose()
-{
-    const auto closeNow = [this] {
-        m_mayClose = true;
-        close();
-        m_mayClose = false;
-    };
-    m_project->leave([this, closeNow] {
-        if (m_machine->isAtWork())
-            askToEndWork(this, closeNow);
-        else // not inside of another close()
-            QMetaObject::invokeMethod(this, closeNow, Qt::QueuedConnection);
-    });
-}
-
-void MainWindow::closeEvent(QCloseEvent* event)
-{
-    if (!m_mayClose && (m_project->isChanged() || m_machine->isAtWork())) {
-        event->ignore();
-        askToClose();
-        return;
-    }
-    m_settings->setValue(geometrySetting(), saveGeometry());
-    for (const Page* const page : m_pages)
-        m_settings->setValue(placeSetting(page), page->place());
-    if (const Page* const current = currentPage())
-        m_settings->setValue(pageSetting(), current->key());
-    event->accept();
 }
 
 } // namespace kxpanel

@@ -105,7 +105,7 @@ void MachineSessionTest::allIsToldWhileItIsTaken()
             [this](int amount) { m_backlog->take(amount); });
     pass(100);
     m_session->stop();
-    QCOMPARE(m_numbers.size(), int(m_session->exchanges()));
+    QCOMPARE(qint64(m_numbers.size()), m_session->exchanges());
     QCOMPARE(m_missed.size(), 0);
 }
 
@@ -114,7 +114,7 @@ void MachineSessionTest::whileListenersStandStillTheLatestIsKept()
     start(20, 5);
     QTRY_VERIFY(m_backlog->isFull());
     const QStringList order = m_order;
-    const int told = m_numbers.size();
+    const int told = static_cast<int>(m_numbers.size());
     const qint64 readAt = m_readings.value(2).readAt;
     pass(60);
     QTest::qWait(600); // counts would come twice a second
