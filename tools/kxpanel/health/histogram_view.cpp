@@ -46,8 +46,9 @@ void HistogramView::setTimes(const ReplyTimes& times, const QString& title)
     m_times = times;
     m_title = title;
     const QVector<qint64>& classes = times.classes();
-    const auto used = std::find_if(classes.begin(), classes.end(), [](qint64 n) { return n > 0; });
-    const auto shortest = static_cast<int>(used - classes.begin());
+    int shortest = 1; // no time at all stands at the edge: it has no decade
+    while (shortest < classes.size() - 1 && classes.at(shortest) == 0)
+        ++shortest;
     m_begin = decadeBelow(ReplyTimes::beginOf(shortest));
     m_end = 10 * decadeBelow(times.longest());
     setAccessibleDescription(tr("%1: %2 replies, median %3, 99 % within %4")
@@ -96,6 +97,13 @@ double HistogramView::xOf(qint64 time) const
     return plot().left() + plot().width() * std::clamp((at - begin) / (end - begin), 0.0, 1.0);
 }
 
+double HistogramView::endOf(int index) const
+{
+    const double narrowest = fontMetrics().averageCharWidth() / 2.0;
+    return std::max(xOf(ReplyTimes::beginOf(index + 1)),
+                    xOf(ReplyTimes::beginOf(index)) + narrowest);
+}
+
 void HistogramView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -126,12 +134,11 @@ void HistogramView::paintBars(QPainter* painter) const
         if (classes.at(index) == 0)
             continue;
         const double left = xOf(ReplyTimes::beginOf(index));
-        const double right = xOf(ReplyTimes::beginOf(index + 1));
         const double share = static_cast<double>(classes.at(index)) / static_cast<double>(highest);
         const double height = std::max(share * plot().height(), 2.0); // a single one is seen
-        const QRectF bar(left, plot().bottom() - height, std::max(right - left - 1, 2.0), height);
-        const QColor colour = palette().color(QPalette::Highlight);
-        painter->fillRect(bar, index == m_selected ? palette().color(QPalette::Text) : colour);
+        const QRectF bar(left, plot().bottom() - height, endOf(index) - left - 1, height);
+        painter->fillRect(
+            bar, palette().color(index == m_selected ? QPalette::Text : QPalette::Highlight));
     }
 }
 
@@ -200,7 +207,7 @@ void HistogramView::mouseMoveEvent(QMouseEvent* event)
 {
     const double x = event->pos().x();
     for (int index = 0; index < m_times.classes().size(); ++index) {
-        if (x >= xOf(ReplyTimes::beginOf(index)) && x < xOf(ReplyTimes::beginOf(index + 1))) {
+        if (x >= xOf(ReplyTimes::beginOf(index)) && x < endOf(index)) {
             select(index);
             return;
         }

@@ -43,6 +43,8 @@ private:
     /// Of the axis: 1, 2 and 5 times each power of ten.
     QVector<qint64> ticks() const;
     double xOf(qint64 time) const;
+    /// Where the bar of a class ends, which is never too narrow to be seen and pointed at.
+    double endOf(int index) const;
     void select(int index);
     void paintBars(QPainter* painter) const;
     void paintAxis(QPainter* painter) const;

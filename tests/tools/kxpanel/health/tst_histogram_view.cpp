@@ -19,6 +19,7 @@ private slots:
     void isDescribed();
     void theAxisSuitsTheTimes_data();
     void theAxisSuitsTheTimes();
+    void noTimeAtAllCanBePointedAt();
     void quickRepliesAreToldApart();
 
 private:
@@ -114,6 +115,8 @@ void HistogramViewTest::theAxisSuitsTheTimes_data()
     QTest::newRow("both, with room for decades alone")
         << QVector<qint64>({30, 2000000}) << 60
         << QVector<qint64>({10, 100, 1000, 10000, 100000, 1000000, 10000000});
+    QTest::newRow("no time at all beside 30 us")
+        << QVector<qint64>({0, 0, 30}) << 120 << QVector<qint64>({10, 20, 50, 100});
     QTest::newRow("no time at all")
         << QVector<qint64>({0}) << 120 << QVector<qint64>({1, 2, 5, 10});
 }
@@ -129,6 +132,18 @@ void HistogramViewTest::theAxisSuitsTheTimes()
         replies.add(time);
     view.setTimes(replies, QString("Station 1"));
     QTEST(view.labelledTimes(), "labelled");
+}
+
+void HistogramViewTest::noTimeAtAllCanBePointedAt()
+{
+    HistogramView view;
+    view.resize(600, 200);
+    ReplyTimes replies;
+    for (const qint64 time : {0, 0, 30})
+        replies.add(time);
+    view.setTimes(replies, QString("Station 1"));
+    moveMouse(&view, QPoint(2 * view.fontMetrics().height() + 1, 120)); // where the axis begins
+    QCOMPARE(view.selected(), 0);
 }
 
 void HistogramViewTest::quickRepliesAreToldApart()
