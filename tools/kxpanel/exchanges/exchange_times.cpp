@@ -26,25 +26,26 @@ qint64 overlap(qint64 begin, qint64 end, qint64 from, qint64 to)
 ExchangeTimes timesOf(const Exchange& exchange, const kx::LineTiming& timing, qint64 lineWasFree)
 {
     const qint64 clock = exchange.sentAt * MILLISECOND;
-    // The last moment of which the clock still told that it was over.
-    const qint64 over =
-        std::max(exchange.finishedAt, exchange.sentAt) * MILLISECOND + MILLISECOND - 1;
     ExchangeTimes times;
     times.sent = lineWasFree > clock && lineWasFree < clock + MILLISECOND ? lineWasFree : clock;
     times.requestEnded = times.sent;
     if (wasTransmitted(exchange))
         times.requestEnded += timing.transmissionTime(exchange.request.size());
-    times.requestEnded = std::min(times.requestEnded, over);
     if (exchange.turnaround < 0) {
         times.replyEnded = std::max(times.requestEnded, exchange.finishedAt * MILLISECOND);
         const qint64 received = timing.transmissionTime(exchange.reply.size());
         times.replyBegan = std::max(times.requestEnded, times.replyEnded - received);
         return times;
     }
-    times.replyBegan = std::min(times.requestEnded + exchange.turnaround, over);
-    times.replyEnded =
-        std::min(times.replyBegan + timing.transmissionTime(exchange.reply.size()), over);
+    times.replyBegan = times.requestEnded + exchange.turnaround;
+    times.replyEnded = times.replyBegan + timing.transmissionTime(exchange.reply.size());
     return times;
+}
+
+ExchangeTimes cutAt(const ExchangeTimes& times, qint64 end)
+{
+    return {std::min(times.sent, end), std::min(times.requestEnded, end),
+            std::min(times.replyBegan, end), std::min(times.replyEnded, end)};
 }
 
 double LineShares::used() const

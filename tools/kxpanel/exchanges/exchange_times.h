@@ -15,12 +15,15 @@ struct ExchangeTimes {
     qint64 replyEnded = 0;   ///< `replyBegan` when nothing came
 };
 
-/// By the exchange's clock, the characters of both frames and the turnaround. A line that does not
-/// keep its own time, as a pseudo-terminal, ends what it carries when the exchange was over. When
-/// bytes that are no whole reply came is not known: they are put at the exchange's end.
+/// By the exchange's clock, the characters of both frames and the turnaround: on a line that does
+/// not keep its own time, as a pseudo-terminal, what they would take, for which the next request
+/// waits. When bytes that are no whole reply came is not known: they are put at the exchange's end.
 /// @param lineWasFree when the exchange before it ended. Clocks tell whole milliseconds: it
 ///        began then when that lies within the millisecond that it was sent in
 ExchangeTimes timesOf(const Exchange& exchange, const kx::LineTiming& timing, qint64 lineWasFree);
+
+/// What there is of it until another has the line.
+ExchangeTimes cutAt(const ExchangeTimes& times, qint64 end);
 
 /// Microseconds of a stretch of time in which the line was used so.
 struct LineShares {

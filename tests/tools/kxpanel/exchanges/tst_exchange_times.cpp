@@ -30,6 +30,7 @@ private slots:
     void shares();
     void sharesOfAPart();
     void sharesOfNothing();
+    void untilAnotherHasTheLine();
 };
 
 void ExchangeTimesTest::times_data()
@@ -59,13 +60,13 @@ void ExchangeTimesTest::times_data()
     row("on a network", answeredPoll(), 0, -20000, {0, 0, 5000, 5000});
     Exchange atOnce = answeredPoll();
     atOnce.finishedAt = atOnce.sentAt + 10; // 9375 us of it are not to be seen
-    row("over before its characters could be", atOnce, 9600, -20000, {0, 8334, 10999, 10999});
+    row("over before its characters could be", atOnce, 9600, -20000, {0, 8334, 13334, 22709});
     Exchange kept = unansweredPoll();
     kept.replyKind = kx::ReplyKind::NeverSilent;
     row("not transmitted", kept, 9600, -20000, {0, 0, 300000, 300000});
     Exchange backwards = unansweredPoll();
     backwards.finishedAt = backwards.sentAt - 3600000;
-    row("a clock that was put back", backwards, 9600, -20000, {0, 999, 999, 999});
+    row("a clock that was put back", backwards, 9600, -20000, {0, 8334, 8334, 8334});
 }
 
 void ExchangeTimesTest::times()
@@ -104,6 +105,18 @@ void ExchangeTimesTest::sharesOfAPart()
 void ExchangeTimesTest::sharesOfNothing()
 {
     QCOMPARE(LineShares().used(), 0.0);
+}
+
+void ExchangeTimesTest::untilAnotherHasTheLine()
+{
+    const ExchangeTimes whole = {0, 8000, 13000, 22000};
+    const ExchangeTimes cut = cutAt(whole, 15000);
+    QCOMPARE(cut.requestEnded, qint64(8000));
+    QCOMPARE(cut.replyBegan, qint64(13000));
+    QCOMPARE(cut.replyEnded, qint64(15000));
+    QCOMPARE(cutAt(whole, 5000).requestEnded, qint64(5000));
+    QCOMPARE(cutAt(whole, 5000).replyEnded, qint64(5000));
+    QCOMPARE(cutAt(whole, 30000).replyEnded, qint64(22000));
 }
 
 QTEST_GUILESS_MAIN(ExchangeTimesTest)

@@ -38,6 +38,7 @@ private slots:
     void intervalsCount();
     void silentStationsDoNotCount();
     void appliedLimitsAreInForce();
+    void sharesAgreeWithWhatTheRuntimeCounts_data();
     void sharesAgreeWithWhatTheRuntimeCounts();
 
 private:
@@ -278,9 +279,17 @@ void LinePageTest::appliedLimitsAreInForce()
     QTRY_VERIFY(log.states.last().startsWith("closed"));
 }
 
+void LinePageTest::sharesAgreeWithWhatTheRuntimeCounts_data()
+{
+    QTest::addColumn<QStringList>("pace");
+    QTest::newRow("a line that keeps time") << QStringList{"--pace", "9600"};
+    QTest::newRow("a terminal that delivers at once") << QStringList();
+}
+
 void LinePageTest::sharesAgreeWithWhatTheRuntimeCounts()
 {
-    const KxsimProcess simulator({"--still", "--pace", "9600", "--turnaround", "5ms"});
+    QFETCH(QStringList, pace);
+    const KxsimProcess simulator(QStringList{"--still", "--turnaround", "5ms"} + pace);
     watch(40);
     const MachineLog log(m_machine.get());
     m_machine->setValues(m_tags->values());

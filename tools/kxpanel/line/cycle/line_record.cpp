@@ -25,11 +25,15 @@ void LineRecord::add(const Exchange& exchange, const kx::LineTiming& timing)
     const bool isFirst = m_marks.empty();
     Mark mark;
     mark.times = timesOf(exchange, timing, isFirst ? 0 : m_marks.back().times.replyEnded);
-    if (!isFirst && mark.times.sent < m_marks.back().times.sent) {
+    if (!isFirst && exchange.sentAt < m_history.at(m_history.end() - 1).sentAt) {
         // The clock was put back: there is no axis for both.
         m_history.clear();
         m_marks.clear();
         m_kept.clear();
+    } else if (!isFirst) {
+        ExchangeTimes& before = m_marks.back().times;
+        mark.times.sent = std::max(mark.times.sent, before.sent); // within one millisecond
+        before = cutAt(before, mark.times.sent);
     }
     if (isFull())
         leave(stationOf(m_history.at(m_history.begin())));

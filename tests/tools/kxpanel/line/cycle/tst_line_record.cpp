@@ -37,6 +37,7 @@ private slots:
     void measuresCycles();
     void stationsAreThoseOfWhatItKeeps();
     void knowsWhoIsSilent();
+    void whatComesNextCutsIt();
     void beginsAnewWhenTheClockIsPutBack();
     void clears();
 };
@@ -168,6 +169,21 @@ void LineRecordTest::knowsWhoIsSilent()
     QCOMPARE(record.silentStations(), QList<int>({2}));
     record.clear();
     QCOMPARE(record.silentStations(), QList<int>());
+}
+
+void LineRecordTest::whatComesNextCutsIt()
+{
+    QVector<Exchange> polls = answeredPolls(3);
+    polls[1].sentAt = SAMPLE_TIME + 20; // before the first is over, by its characters
+    polls[2].sentAt = SAMPLE_TIME + 20; // in the same millisecond
+    const LineRecord record = recordOf(polls);
+    QCOMPARE(record.history().size(), 3);
+    QCOMPARE(record.mark(0).times.replyBegan, BEGIN + 13334);
+    QCOMPARE(record.mark(0).times.replyEnded, BEGIN + 20000);
+    QCOMPARE(record.mark(1).times.sent, BEGIN + 20000);
+    QCOMPARE(record.mark(1).times.replyEnded, BEGIN + 20000);
+    QCOMPARE(record.mark(2).times.replyEnded, BEGIN + 42709);
+    QCOMPARE(record.shares(BEGIN, BEGIN + 42709).silence, qint64(0));
 }
 
 void LineRecordTest::beginsAnewWhenTheClockIsPutBack()
