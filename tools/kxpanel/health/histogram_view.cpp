@@ -99,9 +99,8 @@ double HistogramView::xOf(qint64 time) const
 
 double HistogramView::endOf(int index) const
 {
-    const double narrowest = fontMetrics().averageCharWidth() / 2.0;
-    return std::max(xOf(ReplyTimes::beginOf(index + 1)),
-                    xOf(ReplyTimes::beginOf(index)) + narrowest);
+    const double least = xOf(ReplyTimes::beginOf(index)) + fontMetrics().averageCharWidth() / 2.0;
+    return std::max(xOf(ReplyTimes::beginOf(index + 1)), least);
 }
 
 void HistogramView::paintEvent(QPaintEvent*)
