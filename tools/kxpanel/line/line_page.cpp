@@ -173,8 +173,7 @@ void LinePage::onLineChanged(const LineStatus& status)
     m_timing = status.timing;
     m_isNetwork = status.isNetwork;
     m_recordTiming = status.timing;
-    if (m_isNetwork)
-        m_recordTiming.baud = 0;
+    m_recordTiming.baud = m_isNetwork ? 0 : m_timing.baud;
     if (isAnother || hasOtherTiming) {
         m_record.clear();
         forgetWaiting();
