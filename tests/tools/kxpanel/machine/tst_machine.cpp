@@ -44,6 +44,7 @@ private slots:
     void cleanup();
     void aLineThatOpensIsTold();
     void aPortThatIsNotThereIsTold();
+    void aNetworkIsToldApart();
     void valuesGoByTheirNumbers();
     void anAgeIsToldThoughNothingChanges();
     void valuesMayBeReplacedWhileTheLineIsOpen();
@@ -96,6 +97,24 @@ void MachineTest::aPortThatIsNotThereIsTold()
                                                         "No such file or directory"}));
     m_machine->openLine(serialPort(QStringLiteral("/dev/none")));
     QTRY_COMPARE(m_log->states.size(), 4); // and may be tried again
+}
+
+void MachineTest::aNetworkIsToldApart()
+{
+    LineStatus status;
+    connect(m_machine.get(), &Machine::lineChanged, this,
+            [&status](const LineStatus& now) { status = now; });
+    m_machine->openLine(simulated());
+    QTRY_COMPARE(status.state, LineState::Open);
+    QVERIFY(!status.isNetwork);
+    kx::ConnectionOptions options = simulated();
+    options.simulate = false;
+    options.gateway = {QStringLiteral("127.0.0.1"), 1}; // where nobody listens
+    m_machine->openLine(options);
+    QTRY_VERIFY(status.isNetwork);
+    QCOMPARE(status.timing.baud, 9600); // of the serial line behind it
+    m_machine->closeLine();
+    QTRY_COMPARE(status.state, LineState::Closed);
 }
 
 void MachineTest::valuesGoByTheirNumbers()
