@@ -37,7 +37,7 @@ void WatchPage::cutSelected()
     removeSelected();
 }
 
-/// Rows behind the current one, or at the end; on cells of values what is no address are values.
+/// Rows behind the current one, or at the end; what is no address are values of selected rows.
 void WatchPage::paste()
 {
     const QString text = QApplication::clipboard()->text();
@@ -45,20 +45,22 @@ void WatchPage::paste()
     QString fault;
     if (parseTagsText(text, m_addLine->station(), &tags, &fault))
         addTags(tags, qMin(m_table->currentModelRow() + 1, m_model->rowCount()));
-    else if (m_table->currentIndex().column() != WatchModel::Value || !pasteValues(text))
+    else if (!pasteValues(text))
         say(tr("Nothing pasted: %1").arg(fault), true);
 }
 
-/// False when the text looks like no values.
+/// False when the text looks like no values; texts are some on cells of values alone.
 bool WatchPage::pasteValues(const QString& text)
 {
+    const bool isNumber = looksLikeNumber(text.trimmed());
+    if (!isNumber && m_table->currentIndex().column() != WatchModel::Value)
+        return false;
     QString fault;
     if (askToPaste(text, &fault))
         return true;
-    const bool isMeant = looksLikeNumber(text.trimmed());
-    if (isMeant)
+    if (isNumber)
         say(tr("Nothing pasted: %1").arg(fault), true);
-    return isMeant;
+    return isNumber;
 }
 
 bool WatchPage::askToPaste(const QString& text, QString* fault)

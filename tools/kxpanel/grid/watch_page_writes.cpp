@@ -44,7 +44,7 @@ void WatchPage::writeSelected()
     }
     if (values.isEmpty())
         return;
-    m_table->setCurrentIndex(m_table->cellOf(values.first().number));
+    m_table->select({values.first().number}); // with Ctrl held, another way would deselect it
     editCurrent();
 }
 

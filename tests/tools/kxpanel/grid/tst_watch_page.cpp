@@ -84,6 +84,7 @@ private slots:
     void namesAreNoMarkup();
     void valuesArePastedAfterAQuestion_data();
     void valuesArePastedAfterAQuestion();
+    void aTextIsPastedOnCellsOfValuesAlone();
     void valuesThatDoNotFitAreNotPasted_data();
     void valuesThatDoNotFitAreNotPasted();
     void escapeCallsOffWhatWaits();
@@ -515,6 +516,10 @@ void WatchPageTest::valuesArePastedAfterAQuestion()
     auto* const bar = m_page->findChild<WriteBar*>();
     QApplication::clipboard()->setText(text);
     m_table->select(selected);
+    // Rows are what is seen to be selected, whichever column was clicked.
+    m_table->selectionModel()->setCurrentIndex(
+        m_table->currentIndex().siblingAtColumn(WatchModel::Address),
+        QItemSelectionModel::NoUpdate);
     QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
     QVERIFY2(bar->isVisible(), qPrintable(message()));
     QCOMPARE(bar->findChildren<QLabel*>().first()->text(), question);
@@ -524,6 +529,24 @@ void WatchPageTest::valuesArePastedAfterAQuestion()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QVERIFY(!bar->isVisible());
     QTRY_COMPARE(m_ended->size(), qMax(selected.size(), text.count(QLatin1Char('\n'))));
+}
+
+// Elsewhere it may be meant as a name.
+void WatchPageTest::aTextIsPastedOnCellsOfValuesAlone()
+{
+    auto* const bar = m_page->findChild<WriteBar*>();
+    m_tags->setValues({{1, tagOf("D130/ascii:4", "Batch")}});
+    QApplication::clipboard()->setText(QStringLiteral("LOT A"));
+    go(0, WatchModel::Name);
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QVERIFY(!bar->isVisible());
+    QVERIFY2(message().contains(QLatin1String("Nothing pasted: row 1: LOT A: ")),
+             qPrintable(message()));
+    m_table->select({1}); // in the column of values
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QVERIFY2(bar->isVisible(), qPrintable(message()));
+    QCOMPARE(bar->findChildren<QLabel*>().first()->text(),
+             QStringLiteral("Write 1 values of station 1: Batch = LOT A."));
 }
 
 void WatchPageTest::valuesThatDoNotFitAreNotPasted_data()
@@ -585,7 +608,7 @@ void WatchPageTest::withoutALineNothingIsKnown()
     QCOMPARE(state(2), QStringLiteral("ok"));
     status.state = LineState::Interrupted;
     emit m_machine->lineChanged(status);
-    QCOMPARE(state(2), QStringLiteral("not connected"));
+    QCOMPARE(state(2), QStringLiteral("no line"));
     go(2);
     QTest::keyClick(m_table, Qt::Key_Space);
     QCOMPARE(message().mid(2),

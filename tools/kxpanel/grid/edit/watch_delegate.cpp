@@ -72,7 +72,7 @@ QColor stateColor(CellState state, const QPalette& palette)
     case CellState::Offline:
         break;
     }
-    return palette.color(QPalette::Disabled, QPalette::Text);
+    return dark ? QColor(0xA8, 0xAD, 0xB3) : QColor(0x5F, 0x63, 0x68);
 }
 
 QRect switchRect(const QStyleOptionViewItem& option)
@@ -123,8 +123,12 @@ void WatchDelegate::paintSwitch(QPainter* painter, const QStyleOptionViewItem& o
 {
     const bool isOn = index.data().toString() == QLatin1String("1");
     const bool isEditable = index.flags() & Qt::ItemIsEditable;
-    QColor color = isOn ? stateColor(CellState::Ok, option.palette)
-                        : option.palette.color(QPalette::Disabled, QPalette::Text);
+    // Green is for what is known.
+    const CellState state = stateOf(index);
+    const bool isKnown =
+        state == CellState::Ok || state == CellState::Changed || state == CellState::Written;
+    const QColor color = isOn && isKnown ? stateColor(CellState::Ok, option.palette)
+                                         : stateColor(CellState::NeverRead, option.palette);
     const QRectF body = QRectF(switchRect(option)).adjusted(0.5, 0.5, -0.5, -0.5);
     const qreal size = body.height();
     painter->save();

@@ -35,7 +35,7 @@ const StateWords STATES[] = {
     {0x25CF, QT_TRANSLATE_NOOP("kxpanel::Cell", "ok")},
     {0x25B2, QT_TRANSLATE_NOOP("kxpanel::Cell", "changed")},
     {0x25CB, QT_TRANSLATE_NOOP("kxpanel::Cell", "never read")},
-    {0x25CC, QT_TRANSLATE_NOOP("kxpanel::Cell", "not connected")},
+    {0x25CC, QT_TRANSLATE_NOOP("kxpanel::Cell", "no line")},
     {0x270E, QT_TRANSLATE_NOOP("kxpanel::Cell", "writing\342\200\246")},
     {0x2713, QT_TRANSLATE_NOOP("kxpanel::Cell", "written")},
     {0x2717, QT_TRANSLATE_NOOP("kxpanel::Cell", "not written")},

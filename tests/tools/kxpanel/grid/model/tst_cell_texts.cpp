@@ -93,8 +93,8 @@ void CellTextsTest::withoutALineNothingIsOk()
     };
     const ValueWrite waiting = writeOf(ValueWrite::Waiting);
     const ValueWrite written = writeOf(ValueWrite::Confirmed, 100);
-    QCOMPARE(state(changedAgo(100), nullptr), QStringLiteral("not connected"));
-    QCOMPARE(state(changedAgo(5000), nullptr), QStringLiteral("not connected"));
+    QCOMPARE(state(changedAgo(100), nullptr), QStringLiteral("no line"));
+    QCOMPARE(state(changedAgo(5000), nullptr), QStringLiteral("no line"));
     QCOMPARE(state(changedAgo(5000), &written), QStringLiteral("written"));
     QCOMPARE(state(changedAgo(5000), &waiting), QString::fromUtf8("writing\u2026"));
     QCOMPARE(state(Reading(), nullptr), QStringLiteral("never read"));

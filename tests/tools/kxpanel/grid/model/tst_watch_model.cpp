@@ -284,7 +284,7 @@ void WatchModelTest::withoutALineNothingIsOk()
     QSignalSpy changed(m_model.get(), &WatchModel::dataChanged);
     m_model->setOnline(false);
     QCOMPARE(changed.size(), 1);
-    QCOMPARE(text(0, WatchModel::State), QString::fromUtf8("\u25CC not connected"));
+    QCOMPARE(text(0, WatchModel::State), QString::fromUtf8("\u25CC no line"));
     QCOMPARE(text(0, WatchModel::Value), QStringLiteral("12.5")); // with its age
     m_model->setOnline(true);
     QCOMPARE(text(0, WatchModel::State), QString::fromUtf8("\u25CF ok"));
