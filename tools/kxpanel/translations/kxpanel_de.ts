@@ -290,8 +290,8 @@
         <translation>%1 s</translation>
     </message>
     <message>
-        <source>not connected</source>
-        <translation>nicht verbunden</translation>
+        <source>no line</source>
+        <translation>getrennt</translation>
     </message>
 </context>
 <context>
