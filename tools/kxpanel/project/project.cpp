@@ -44,6 +44,11 @@ bool parseWhole(const QByteArray& text, QJsonObject* whole, QStringList* faults)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    const int zero = static_cast<int>(text.indexOf('\0'));
+    if (zero >= 0 && error.error == QJsonParseError::NoError) {
+        error.error = QJsonParseError::IllegalValue; // Qt takes it and does not give it back
+        error.offset = zero + 1;
+    }
     *whole = document.object();
     const QJsonValue version = whole->value(member("version"));
     if (error.error != QJsonParseError::NoError)

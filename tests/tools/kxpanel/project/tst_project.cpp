@@ -109,6 +109,8 @@ void ProjectTest::refuses_data()
         "line 3, column 3: unterminated object");
     row("a broken line behind other letters", "{\n  \"a\": \"\xC2\xB0\xC2\xB0\" 5\n}",
         "line 2, column 13: unterminated object");
+    row("a zero byte, which is lost on the way back", project("\n\"lat#er\": 1").replace('#', '\0'),
+        "line 2, column 5: illegal value");
     row("another file", "{\"some\": 1}", "format: this is no project of kxpanel");
     row("an array", "[1]", "format: this is no project of kxpanel");
     row("no version", R"({"format": "kxpanel project"})", "version: must be a number, 1 or more");
