@@ -45,6 +45,13 @@ public:
     static int findInList(const QList<_DATA_>& list, int station, const QString& regType,
                           int address);
 
+    /// The records of up to RecordTable::FOUND_AT_ONCE keys of the list in hand, as far as they
+    /// are known, in the time of a few: see RecordTable.
+    void findKnown(const QList<_DATA_>& list, const RecordKey* keys, int count, int* records) const
+    {
+        m_table.findRecords(list, keys, count, records);
+    }
+
     /// The group of that address, or -1 when no record of it is known. For the list in hand;
     /// good until the next record is created or the list is let go.
     int findGroup(const QList<_DATA_>& list, int station, const QString& regType, int address)

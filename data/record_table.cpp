@@ -83,6 +83,48 @@ int RecordTable::findGroup(const QList<_DATA_>& list, int station, const QString
     return findHashed(list, hashOf(station, regType, address), station, regType, address);
 }
 
+// The first of that hash, looked at by nothing but the hash.
+int RecordTable::likelyGroup(quint32 hash) const
+{
+    const size_t mask = m_slots.size() - 1;
+    size_t slot = hash & mask;
+    while (m_slots[slot].group != NONE && m_slots[slot].hash != hash)
+        slot = (slot + 1) & mask;
+    return m_slots[slot].group;
+}
+
+// Step by step for all keys, each step fetching ahead what the next one reads.
+void RecordTable::findRecords(const QList<_DATA_>& list, const RecordKey* keys, int count,
+                              int* records) const
+{
+    std::fill(records, records + count, static_cast<int>(NONE));
+    if (m_slots.empty())
+        return;
+    quint32 hashes[FOUND_AT_ONCE];
+    for (int i = 0; i < count; ++i) {
+        hashes[i] = hashOf(keys[i].station, *keys[i].regType, keys[i].address);
+        __builtin_prefetch(&m_slots[hashes[i] & (m_slots.size() - 1)]);
+    }
+    int groups[FOUND_AT_ONCE];
+    for (int i = 0; i < count; ++i) {
+        groups[i] = likelyGroup(hashes[i]);
+        if (groups[i] != NONE)
+            __builtin_prefetch(&m_groups[static_cast<size_t>(groups[i])]);
+    }
+    for (int i = 0; i < count; ++i) {
+        if (groups[i] == NONE)
+            continue;
+        records[i] = this->records(groups[i])[placeOf(keys[i].address)];
+        if (records[i] != NONE)
+            __builtin_prefetch(&list.at(records[i]).regType, 1);
+    }
+    for (int i = 0; i < count; ++i) {
+        if (records[i] != NONE
+            && !isRecordOf(list.at(records[i]), keys[i].station, *keys[i].regType, keys[i].address))
+            records[i] = NONE;
+    }
+}
+
 int RecordTable::findHashed(const QList<_DATA_>& list, quint32 hash, int station,
                             const QString& regType, int address) const
 {

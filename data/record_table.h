@@ -19,6 +19,13 @@ inline bool isRecordOf(const _DATA_& area, int station, const QString& regType, 
     return area.address == address && area.station == station && sameName(area.regType, regType);
 }
 
+/// What tells a record from all others.
+struct RecordKey {
+    int station;
+    const QString* regType;
+    int address;
+};
+
 /// Knows records by their index in one list, which the caller keeps: each call gets it anew.
 /// Requests ask for addresses that follow each other, so the table holds groups of eight, and
 /// each group knows the next.
@@ -42,6 +49,14 @@ public:
     /// Number of the group of that address, or NONE while no record of it was added.
     int findGroup(const QList<_DATA_>& list, int station, const QString& regType,
                   int address) const;
+
+    /// Keys that findRecords() takes at most.
+    static const int FOUND_AT_ONCE = 16;
+
+    /// The record of each key, or NONE where it was not added or is not where it mostly lies.
+    /// The processor waits for memory once for all of them, not for each.
+    void findRecords(const QList<_DATA_>& list, const RecordKey* keys, int count,
+                     int* records) const;
 
     /// Whether it is the group of that address. No group is NONE.
     bool isGroupOf(int group, const QList<_DATA_>& list, int station, const QString& regType,
@@ -83,6 +98,7 @@ private:
     int linkNext(int group, int next) { return m_groups[static_cast<size_t>(group)].next = next; }
     void grow();
     void put(const Slot& entry);
+    int likelyGroup(quint32 hash) const;
     int findHashed(const QList<_DATA_>& list, quint32 hash, int station, const QString& regType,
                    int address) const;
     bool hasNeighbour(int group, const QList<_DATA_>& list, int station, const QString& regType,

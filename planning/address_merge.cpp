@@ -9,6 +9,8 @@
 namespace
 {
 
+const size_t SPANS_AHEAD = 12;
+
 bool sameType(const AddressSpan& a, const AddressSpan& b)
 {
     return a.type == b.type && (a.type || *a.regType == *b.regType);
@@ -43,36 +45,28 @@ bool takesIn(AddressSpan& block, const AddressSpan& next, int maxWords)
     return true;
 }
 
-/// Takes blocks as they close.
-class Blocks
+/// Keeps blocks as they close.
+class KeptBlocks : public BlockTaker
 {
 public:
-    explicit Blocks(size_t expected) { m_closed.reserve(expected); }
+    void take(const AddressSpan& block) override { m_blocks.push_back(block); }
 
-    void take(const AddressSpan& block) { m_closed.push_back(block); }
-
-    /// Leaves none behind.
-    AddressSpans takeAll()
-    {
-        AddressSpans all;
-        all.swap(m_closed);
-        return all;
-    }
+    const AddressSpans& all() const { return m_blocks; }
 
 private:
-    AddressSpans m_closed;
+    AddressSpans m_blocks;
 };
 
-/// Takes blocks and joins them across gaps; the registers of a gap are read along with them.
-class BridgedBlocks
+/// Joins blocks across gaps; the registers of a gap are read along with them.
+class Bridge : public BlockTaker
 {
 public:
-    BridgedBlocks(size_t expected, int maxWords)
-        : m_bridged(expected), m_block(), m_maxWords(maxWords), m_isOpen(false)
+    Bridge(int maxWords, BlockTaker& blocks)
+        : m_blocks(blocks), m_block(), m_maxWords(maxWords), m_isOpen(false)
     {
     }
 
-    void take(const AddressSpan& next)
+    void take(const AddressSpan& next) override
     {
         if (m_isOpen && !startsAnew(next, m_block, m_maxWords)
             && takesIn(m_block, next, m_maxWords))
@@ -82,41 +76,55 @@ public:
         m_isOpen = true;
     }
 
-    /// Leaves none behind.
-    AddressSpans takeAll()
-    {
-        close();
-        return m_bridged.takeAll();
-    }
-
-private:
     void close()
     {
         if (m_isOpen)
-            m_bridged.take(m_block);
+            m_blocks.take(m_block);
         m_isOpen = false;
     }
 
-    Blocks m_bridged;
+private:
+    BlockTaker& m_blocks;
     AddressSpan m_block;
     int m_maxWords;
     bool m_isOpen;
 };
 
+/// Entries as they are.
+struct GivenOrder {
+    const AddressSpans& spans;
+
+    size_t size() const { return spans.size(); }
+    const AddressSpan& at(size_t place) const { return spans[place]; }
+};
+
+/// Entries in another order.
+struct SortedOrder {
+    const AddressSpans& spans;
+    const WeightOrder& order;
+
+    size_t size() const { return order.size(); }
+    const AddressSpan& at(size_t place) const
+    {
+        __builtin_prefetch(&spans[order[std::min(place + SPANS_AHEAD, order.size() - 1)].index]);
+        return spans[order[place].index];
+    }
+};
+
 // Joins entries that touch or overlap. The first entry is compared with the
 // block that it opened itself, so an entry longer than the limit closes its own
 // block and reopens it, and a single entry is closed twice.
-template <typename Taker>
-void joinTouching(const AddressSpans& entries, int maxWords, QList<int>* blockStarts, Taker& blocks)
+template <typename Entries, typename Taker>
+void joinTouching(const Entries& entries, int maxWords, QList<int>* blockStarts, Taker& blocks)
 {
     const size_t size = entries.size();
-    AddressSpan block = entries[0];
+    AddressSpan block = entries.at(0);
     if (blockStarts)
         blockStarts->append(0);
     if (size == 1)
         blocks.take(block);
     for (size_t i = 0; i < size; ++i) {
-        const AddressSpan& next = entries[i];
+        const AddressSpan& next = entries.at(i);
         if (startsAnew(next, block, 0) || !takesIn(block, next, maxWords)) {
             blocks.take(block);
             block = next;
@@ -129,30 +137,34 @@ void joinTouching(const AddressSpans& entries, int maxWords, QList<int>* blockSt
 
 } // namespace
 
-AddressSpans mergedForReading(const AddressSpans& sorted, int maxWords)
-{
-    if (sorted.empty())
-        return AddressSpans();
-    BridgedBlocks blocks(sorted.size(), maxWords);
-    joinTouching(sorted, maxWords, nullptr, blocks);
-    return blocks.takeAll();
-}
-
-AddressSpans mergedForRecipe(const AddressSpans& entries, int maxWords, QList<int>& blockStarts)
+void mergeForReading(const AddressSpans& entries, int maxWords, BlockTaker& blocks)
 {
     if (entries.empty())
-        return AddressSpans();
-    Blocks blocks(entries.size());
-    joinTouching(entries, maxWords, &blockStarts, blocks);
-    return blocks.takeAll();
+        return;
+    const WeightOrder order = orderByWeight(entries);
+    const SortedOrder sorted = {entries, order};
+    Bridge bridge(maxWords, blocks);
+    joinTouching(sorted, maxWords, nullptr, bridge);
+    bridge.close();
+}
+
+void mergeForRecipe(const AddressSpans& entries, int maxWords, QList<int>& blockStarts,
+                    BlockTaker& blocks)
+{
+    if (entries.empty())
+        return;
+    const GivenOrder given = {entries};
+    joinTouching(given, maxWords, &blockStarts, blocks);
 }
 
 void addrMerge(QList<KEY_ADDRESS>& list, int mode)
 {
-    const AddressSpans entries = spansOf(list);
-    const AddressSpans blocks = mode == RECIPE_MERGE
-                                    ? mergedForRecipe(entries, driver.maxWords, driver.intList)
-                                    : mergedForReading(sortedByWeight(entries), driver.maxWords);
+    KeptBlocks kept;
+    if (mode == RECIPE_MERGE)
+        mergeForRecipe(spansOf(list), driver.maxWords, driver.intList, kept);
+    else
+        mergeForReading(spansOf(list), driver.maxWords, kept);
+    const AddressSpans& blocks = kept.all();
     QList<KEY_ADDRESS> merged;
     for (size_t i = 0; i < blocks.size(); ++i) {
         merged.append(list.at(blocks[i].index));

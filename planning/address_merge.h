@@ -14,17 +14,26 @@ enum MergeMode {
     RECIPE_MERGE = 2 ///< keeps the order, joins touching entries only
 };
 
-/// Plans the blocks for entries in the order of sortedByWeight() without touching any state.
-/// @param maxWords length limit of a block, and limit of a bridged gap
-/// @return the blocks in the order in which they close, each the span of the entry that
-///         opened it with `count` widened. An entry is never cut.
-///         The first of several entries, or any single one, that is longer than
-///         `maxWords` appears more than once; runtimes count on these copies.
-AddressSpans mergedForReading(const AddressSpans& sorted, int maxWords);
+/// Takes blocks in the order in which they close.
+class BlockTaker
+{
+public:
+    virtual ~BlockTaker() {}
 
-/// The same for the entries of a recipe as they are, whose single entry appears twice.
+    /// @param block the span of the entry that opened it with `count` widened
+    virtual void take(const AddressSpan& block) = 0;
+};
+
+/// Plans the blocks for entries in any order without touching any state. An entry is never
+/// cut. The first of several entries by weight, or any single one, that is longer than
+/// `maxWords` is taken more than once; runtimes count on these copies.
+/// @param maxWords length limit of a block, and limit of a bridged gap
+void mergeForReading(const AddressSpans& entries, int maxWords, BlockTaker& blocks);
+
+/// The same for the entries of a recipe in their order, whose single entry is taken twice.
 /// @param blockStarts the index of each entry that opens a block is appended
-AddressSpans mergedForRecipe(const AddressSpans& entries, int maxWords, QList<int>& blockStarts);
+void mergeForRecipe(const AddressSpans& entries, int maxWords, QList<int>& blockStarts,
+                    BlockTaker& blocks);
 
 /// Replaces `list` by its blocks, copies of the opening entries with `count`
 /// widened. The limit is the `maxWords` of the driver. RECIPE_MERGE appends to the

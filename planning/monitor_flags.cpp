@@ -5,21 +5,53 @@
 #include "driver/wrapping.h"
 #include "registers/type_names.h"
 
+#include <algorithm>
+
 namespace
 {
 
 const int WATCHED_AS_WHOLE_BIT = 0;
 
-void markBit(int station, const QString& regType, int address)
+/// Address of the record that carries the mark of an address.
+int markedAddress(const RegisterType* type, int address)
 {
-    _DATA_& group = dataArea(station, regType, bitGroupStart(address));
-    group.bitMonitorMask = _setBitValue(group.bitMonitorMask, bitInGroup(address), 1);
+    return type->registerClass == BIT_CLASS ? bitGroupStart(address) : address;
 }
 
-void markWhole(int station, const QString& regType, int address)
+void mark(const RegisterType* type, int address, _DATA_& area)
 {
-    _DATA_& area = dataArea(station, regType, address);
-    area.monitorFlags = _setBitValue(area.monitorFlags, WATCHED_AS_WHOLE_BIT, 1);
+    if (type->registerClass == BIT_CLASS)
+        area.bitMonitorMask = _setBitValue(area.bitMonitorMask, bitInGroup(address), 1);
+    else
+        area.monitorFlags = _setBitValue(area.monitorFlags, WATCHED_AS_WHOLE_BIT, 1);
+}
+
+bool isOneAddress(const AddressSpan& span)
+{
+    return span.count / registersPerAddress(span.type) == 1;
+}
+
+// Where records are missing, each is looked for again: they are created in the order of the spans.
+void markSome(const AddressSpan* spans, int count)
+{
+    RecordKey keys[RecordTable::FOUND_AT_ONCE] = {};
+    int records[RecordTable::FOUND_AT_ONCE];
+    for (int i = 0; i < count; ++i) {
+        const AddressSpan& span = spans[i];
+        const RecordKey key = {span.station, span.type ? &typeNames->of(span.type) : span.regType,
+                               span.type ? markedAddress(span.type, span.address) : span.address};
+        keys[i] = key;
+    }
+    dataAreaIndex->findKnown(driver.dataAreas, keys, count, records);
+    for (int i = 0; i < count; ++i) {
+        const AddressSpan& span = spans[i];
+        if (!span.type)
+            continue;
+        if (records[i] != RecordTable::NONE && isOneAddress(span))
+            mark(span.type, span.address, driver.dataAreas[records[i]]);
+        else
+            markWatched(span.type, span.station, span.address, span.count);
+    }
 }
 
 } // namespace
@@ -46,11 +78,16 @@ void markWatched(const RegisterType* type, int station, int address, int count)
     const QString& name = typeNames->of(type);
     const int addresses = count / registersPerAddress(type);
     for (int i = 0; i < addresses; ++i) {
-        if (type->registerClass == BIT_CLASS)
-            markBit(station, name, wrapAdd(address, i));
-        else
-            markWhole(station, name, wrapAdd(address, i));
+        const int one = wrapAdd(address, i);
+        mark(type, one, dataArea(station, name, markedAddress(type, one)));
     }
+}
+
+void markWatched(const AddressSpans& spans)
+{
+    const size_t most = RecordTable::FOUND_AT_ONCE;
+    for (size_t i = 0; i < spans.size(); i += most)
+        markSome(&spans[i], static_cast<int>(std::min(most, spans.size() - i)));
 }
 
 void clearMonitorFlags()

@@ -2,6 +2,7 @@
 #define TARVELAN_PLANNING_MONITOR_FLAGS_H
 
 #include "driver/export.h"
+#include "planning/address_span.h"
 #include "registers/register_types.h"
 
 #include <QtCore/QString>
@@ -20,6 +21,9 @@ KX_EXPORT int _setDataAreaMonitorFlag(int station, QString regType, int address,
 
 /// The same for a known type.
 void markWatched(const RegisterType* type, int station, int address, int count);
+
+/// The same for all spans of known types, in their order.
+void markWatched(const AddressSpans& spans);
 
 /// Unwatches every cached address.
 void clearMonitorFlags();

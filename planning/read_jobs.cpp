@@ -4,7 +4,7 @@
 #include "driver/tarvelan.h"
 #include "planning/address_merge.h"
 #include "planning/monitor_flags.h"
-#include "planning/weight_order.h"
+
 #include "registers/type_names.h"
 
 #include <cstring>
@@ -30,6 +30,7 @@ void prefetchJob(int number)
     if (number >= driver.readList.size())
         return;
     const VARIABLE& job = driver.readList.at(number);
+    __builtin_prefetch(&job);
     for (int i = 0; i < PAYLOAD_SIZE; i += CACHE_LINE)
         __builtin_prefetch(job.data + i);
 }
@@ -52,6 +53,25 @@ void fillReadJob(VARIABLE& job, const AddressSpan& block)
         std::memset(job.data, 0, sizeof job.data);
 }
 
+/// Makes jobs of blocks, in the list of jobs.
+class ReadJobs : public BlockTaker
+{
+public:
+    ReadJobs() : m_count(0) {}
+
+    void take(const AddressSpan& block) override
+    {
+        prefetchJob(m_count + JOBS_AHEAD);
+        fillReadJob(readJob(m_count), block);
+        ++m_count;
+    }
+
+    int count() const { return m_count; }
+
+private:
+    int m_count;
+};
+
 } // namespace
 
 int intf_addrMerge(QList<KEY_ADDRESS>& keys)
@@ -59,18 +79,10 @@ int intf_addrMerge(QList<KEY_ADDRESS>& keys)
     const UndisturbedAreas undisturbed;
     const AddressSpans watched = spansOf(keys);
     clearMonitorFlags();
-    for (size_t i = 0; i < watched.size(); ++i) {
-        const AddressSpan& span = watched[i];
-        if (span.type)
-            markWatched(span.type, span.station, span.address, span.count);
-    }
+    markWatched(watched);
 
-    const AddressSpans blocks = mergedForReading(sortedByWeight(watched), driver.maxWords);
-    const int jobs = static_cast<int>(blocks.size());
-    for (int i = 0; i < jobs; ++i) {
-        prefetchJob(i + JOBS_AHEAD);
-        fillReadJob(readJob(i), blocks[static_cast<size_t>(i)]);
-    }
-    driver.readList.erase(driver.readList.begin() + jobs, driver.readList.end());
-    return jobs;
+    ReadJobs jobs;
+    mergeForReading(watched, driver.maxWords, jobs);
+    driver.readList.erase(driver.readList.begin() + jobs.count(), driver.readList.end());
+    return jobs.count();
 }

@@ -26,59 +26,60 @@ private:
     int m_positions[REGISTER_TYPE_COUNT];
 };
 
-/// An entry to be sorted.
-struct Weighed {
-    quint32 weight;
-    quint32 index;
-};
-
-typedef std::vector<Weighed> WeighedEntries;
-
 const int DIGIT_BITS = 8;
 const int DIGIT_VALUES = 1 << DIGIT_BITS;
-const int WEIGHT_BITS = 32;
+const int DIGITS = 32 / DIGIT_BITS;
 
-quint32 digitOf(const Weighed& entry, int shift)
+quint32 digitOf(quint32 weight, int digit)
 {
-    return entry.weight >> shift & (DIGIT_VALUES - 1);
+    return weight >> digit * DIGIT_BITS & (DIGIT_VALUES - 1);
+}
+
+/// How often each value of each digit occurs.
+struct DigitCounts {
+    quint32 of[DIGITS][DIGIT_VALUES];
+};
+
+void count(DigitCounts& counts, quint32 weight)
+{
+    for (int digit = 0; digit < DIGITS; ++digit)
+        ++counts.of[digit][digitOf(weight, digit)];
 }
 
 // Ascending by one digit of the weight; entries that are alike in it keep their order.
-void sortByDigit(const WeighedEntries& entries, int shift, WeighedEntries& sorted)
+// `next` holds how often each value occurs, and then where its next entry goes.
+void sortByDigit(const WeightOrder& entries, int digit, quint32* next, WeightOrder& sorted)
 {
-    size_t next[DIGIT_VALUES] = {}; // where the next entry of each digit goes
-    for (size_t i = 0; i < entries.size(); ++i)
-        ++next[digitOf(entries[i], shift)];
-    size_t first = 0;
-    for (int digit = 0; digit < DIGIT_VALUES; ++digit) {
-        const size_t entriesOfDigit = next[digit];
-        next[digit] = first;
-        first += entriesOfDigit;
+    quint32 first = 0;
+    for (int value = 0; value < DIGIT_VALUES; ++value) {
+        const quint32 entriesOfValue = next[value];
+        next[value] = first;
+        first += entriesOfValue;
     }
     for (size_t i = 0; i < entries.size(); ++i)
-        sorted[next[digitOf(entries[i], shift)]++] = entries[i];
+        sorted[next[digitOf(entries[i].weight, digit)]++] = entries[i];
 }
 
 } // namespace
 
-// Digit by digit from the lowest, which takes time in proportion to their number.
-AddressSpans sortedByWeight(const AddressSpans& spans)
+// Digit by digit from the lowest, which takes time in proportion to their number. Digits in
+// which all are alike, as the highest mostly is, are passed over.
+WeightOrder orderByWeight(const AddressSpans& spans)
 {
     const Scales scales;
-    WeighedEntries entries(spans.size());
+    DigitCounts counts = DigitCounts();
+    WeightOrder entries(spans.size());
     for (size_t i = 0; i < spans.size(); ++i) {
         entries[i].weight = scales.weigh(spans[i]);
         entries[i].index = static_cast<quint32>(i);
+        count(counts, entries[i].weight);
     }
-    WeighedEntries other(spans.size());
-    for (int shift = 0; shift < WEIGHT_BITS; shift += DIGIT_BITS) {
-        sortByDigit(entries, shift, other);
+    WeightOrder other(spans.size());
+    for (int digit = 0; digit < DIGITS && !entries.empty(); ++digit) {
+        if (counts.of[digit][digitOf(entries[0].weight, digit)] == entries.size())
+            continue;
+        sortByDigit(entries, digit, counts.of[digit], other);
         entries.swap(other);
     }
-
-    AddressSpans sorted;
-    sorted.reserve(spans.size());
-    for (size_t i = 0; i < entries.size(); ++i)
-        sorted.push_back(spans[entries[i].index]);
-    return sorted;
+    return entries;
 }

@@ -3,7 +3,15 @@
 
 #include "planning/address_span.h"
 
-/// The same spans, ascending by weight; entries of equal weight keep their order.
-AddressSpans sortedByWeight(const AddressSpans& spans);
+/// An entry's sort key.
+struct Weighed {
+    quint32 weight;
+    quint32 index; ///< of the entry among the spans
+};
+
+typedef std::vector<Weighed> WeightOrder;
+
+/// The spans' places, ascending by weight; entries of equal weight keep their order.
+WeightOrder orderByWeight(const AddressSpans& spans);
 
 #endif

@@ -37,6 +37,22 @@ struct Filled {
                                           : table.records(found)[RecordTable::placeOf(address)];
     }
 
+    // Of D registers of station 1 at those addresses, and after them of the key.
+    QList<int> findTogether(const QList<int>& addresses, const RecordKey& last) const
+    {
+        const QString d("D");
+        std::vector<RecordKey> keys;
+        for (const int address : addresses)
+            keys.push_back({1, &d, address});
+        keys.push_back(last);
+        std::vector<int> records(keys.size() + 1, 12345);
+        table.findRecords(list, keys.data(), static_cast<int>(keys.size()), records.data());
+        QList<int> found;
+        for (const int one : records)
+            found << one;
+        return found;
+    }
+
     int next(int group, int address)
     {
         return table.nextGroup(group, list, 1, QString("D"), address);
@@ -79,6 +95,34 @@ private slots:
         filled.add(record(1, "D", 7));
         filled.add(record(1, "D", 7));
         QCOMPARE(filled.find(1, "D", 7), 0);
+    }
+
+    void keysAreFoundTogether()
+    {
+        const QString m("M");
+        Filled filled;
+        QCOMPARE(filled.findTogether({7}, {1, &m, 7}), QList<int>({-1, -1, 12345}));
+        for (int i = 0; i < 100; ++i)
+            filled.add(record(1, "D", 9 * i));
+        filled.add(record(2, "M", 7));
+        const QList<int> addresses = {0, 891, 9, 1, 9, 900, -9, 450, 18, 27, 36, 45, 54, 63, 72};
+        QCOMPARE(filled.findTogether(addresses, {2, &m, 7}),
+                 QList<int>({0, 99, 1, -1, 1, -1, -1, 50, 2, 3, 4, 5, 6, 7, 8, 100, 12345}));
+        QCOMPARE(filled.findTogether({}, {1, &m, 7}), QList<int>({-1, 12345}));
+    }
+
+    // The hash takes the first, the fourth and the last of six letters.
+    void keysOfOneHashAreNotMistaken()
+    {
+        const QString known("ABCDEF");
+        const QString other("AXCDEF");
+        Filled filled;
+        filled.add(record(1, "ABCDEF", 7));
+        QCOMPARE(filled.findTogether({}, {1, &known, 7}), QList<int>({0, 12345}));
+        QCOMPARE(filled.findTogether({}, {1, &other, 7}), QList<int>({-1, 12345}));
+        filled.add(record(1, "AXCDEF", 7));
+        QCOMPARE(filled.findTogether({}, {1, &other, 7}), QList<int>({-1, 12345}));
+        QCOMPARE(filled.find(1, "AXCDEF", 7), 1);
     }
 
     // D7 tells for D0 to D6, which are not there, whose group it is.

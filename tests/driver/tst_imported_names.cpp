@@ -15,6 +15,8 @@ const char* const ALLOWED[] = {
     // Run-time of the language. Containers of Qt pass on what others throw; nothing is thrown.
     "_ITM_(de)?registerTMCloneTable|__gmon_start__|__cxa_(atexit|finalize)|__gxx_personality_v0",
     "__cxa_(begin_catch|end_catch|rethrow)|_Unwind_Resume|_ZSt9terminatev",
+    // What classes with virtual functions are.
+    "_ZTVN10__cxxabiv1(17__class|20__si_class)_type_infoE",
     // Memory, and what happens when there is none.
     "_Zn[wa][jm].*|_Zd[la]Pv.*|_ZSt7nothrow|_Z(5qFreePv|7qMalloc[jm]|8qReallocPv[jm])",
     "_Z9qBadAllocv|_ZSt\\d+__throw_(length_errorPKc|bad_allocv|bad_array_new_lengthv)",

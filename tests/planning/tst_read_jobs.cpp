@@ -28,6 +28,7 @@ private slots:
     void jobsAreCyclicReads();
     void theListIsLeftAlone();
     void watchesWhatIsListedAndNothingElse();
+    void missingRecordsAreCreatedInTheOrderOfTheList();
     void anEmptyListUnwatchesEverything();
     void aSecondListReplacesThePlan();
     void nothingOfThePlanBeforeSurvives_data();
@@ -114,6 +115,31 @@ void ReadJobsTest::watchesWhatIsListedAndNothingElse()
     QCOMPARE(records, QStringList({"1 D10 flags 1 mask 0", "1 D2 flags 1 mask 0",
                                    "1 D3 flags 1 mask 0", "0 D2 flags 1 mask 0",
                                    "1 M8 flags 0 mask 6", "1 32CV200 flags 1 mask 0"}));
+}
+
+// More entries than are looked up together, some of them known, some of several addresses.
+void ReadJobsTest::missingRecordsAreCreatedInTheOrderOfTheList()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> known;
+    for (int address = 0; address < 40; address += 3)
+        known << key(1, "D", address, 1);
+    intf_addrMerge(known);
+    QList<KEY_ADDRESS> all;
+    for (int address = 39; address >= 0; --address)
+        all << key(1, "D", address, 1);
+    all << key(1, "no type", 0, 1) << key(1, "D", 39, 3) << key(1, "D", 38, 0) << key(1, "M", 9, 1);
+    intf_addrMerge(all);
+
+    QList<int> addresses;
+    for (const _DATA_& area : driver.dataAreas) {
+        addresses << area.address;
+        QCOMPARE(area.monitorFlags, area.regType == "D" ? 1 : 0);
+        QCOMPARE(area.bitMonitorMask, area.regType == "M" ? 2 : 0);
+    }
+    QCOMPARE(addresses, QList<int>({0,  3,  6,  9,  12, 15, 18, 21, 24, 27, 30, 33, 36, 39, 38,
+                                    37, 35, 34, 32, 31, 29, 28, 26, 25, 23, 22, 20, 19, 17, 16,
+                                    14, 13, 11, 10, 8,  7,  5,  4,  2,  1,  40, 41, 8}));
 }
 
 void ReadJobsTest::anEmptyListUnwatchesEverything()
