@@ -1,6 +1,7 @@
 #include "planning/read_jobs.h"
 
 #include "data/data_areas.h"
+#include "driver/job_seal.h"
 #include "driver/tarvelan.h"
 #include "planning/address_merge.h"
 #include "planning/monitor_flags.h"
@@ -25,13 +26,14 @@ VARIABLE& readJob(int number)
 }
 
 // Jobs lie a kilobyte apart, too far for the processor to foresee them.
-void prefetchJob(int number)
+void prefetchJob(int number, bool isBlank)
 {
     if (number >= driver.readList.size())
         return;
     const VARIABLE& job = driver.readList.at(number);
-    __builtin_prefetch(&job);
-    for (int i = 0; i < PAYLOAD_SIZE; i += CACHE_LINE)
+    __builtin_prefetch(&job, 1);
+    __builtin_prefetch(&job.count, 1);
+    for (int i = isBlank ? PAYLOAD_SIZE : 0; i < PAYLOAD_SIZE; i += CACHE_LINE)
         __builtin_prefetch(job.data + i);
 }
 
@@ -40,7 +42,7 @@ bool isBlank(const unsigned char* payload)
     return payload[0] == 0 && std::memcmp(payload, payload + 1, PAYLOAD_SIZE - 1) == 0;
 }
 
-void fillReadJob(VARIABLE& job, const AddressSpan& block)
+void fillReadJob(VARIABLE& job, const AddressSpan& block, bool isKnownBlank)
 {
     const QString& regType = block.type ? typeNames->of(block.type) : *block.regType;
     job.kind = CYCLIC_READ_JOB;
@@ -49,7 +51,7 @@ void fillReadJob(VARIABLE& job, const AddressSpan& block)
         job.regType = regType;
     job.address = block.address;
     job.count = block.count;
-    if (!isBlank(job.data))
+    if (!isKnownBlank && !isBlank(job.data))
         std::memset(job.data, 0, sizeof job.data);
 }
 
@@ -57,18 +59,19 @@ void fillReadJob(VARIABLE& job, const AddressSpan& block)
 class ReadJobs : public BlockTaker
 {
 public:
-    ReadJobs() : m_count(0) {}
+    ReadJobs() : m_areBlank(blankReadJobs->takeOff(driver.readList)), m_count(0) {}
 
     void take(const AddressSpan& block) override
     {
-        prefetchJob(m_count + JOBS_AHEAD);
-        fillReadJob(readJob(m_count), block);
+        prefetchJob(m_count + JOBS_AHEAD, m_areBlank);
+        fillReadJob(readJob(m_count), block, m_areBlank);
         ++m_count;
     }
 
     int count() const { return m_count; }
 
 private:
+    bool m_areBlank; // all payloads of the plan before
     int m_count;
 };
 
@@ -84,5 +87,6 @@ int intf_addrMerge(QList<KEY_ADDRESS>& keys)
     ReadJobs jobs;
     mergeForReading(watched, driver.maxWords, jobs);
     driver.readList.erase(driver.readList.begin() + jobs.count(), driver.readList.end());
+    blankReadJobs->put(driver.readList);
     return jobs.count();
 }

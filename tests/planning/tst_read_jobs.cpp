@@ -33,6 +33,8 @@ private slots:
     void aSecondListReplacesThePlan();
     void nothingOfThePlanBeforeSurvives_data();
     void nothingOfThePlanBeforeSurvives();
+    void aPayloadWrittenAfterPollsDoesNotSurvive();
+    void pollsDoNotCopyThePlan();
     void touchesNothingElse();
 };
 
@@ -213,6 +215,39 @@ void ReadJobsTest::nothingOfThePlanBeforeSurvives()
     QCOMPARE(planned.count, 1);
     for (const unsigned char byte : planned.data)
         QCOMPARE(int(byte), 0);
+}
+
+void ReadJobsTest::aPayloadWrittenAfterPollsDoesNotSurvive()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> keys;
+    keys << key(1, "D", 0, 1) << key(2, "D", 0, 1) << key(3, "D", 0, 1);
+    for (const int polls : {0, 1, 2, 3}) {
+        QCOMPARE(intf_addrMerge(keys), 3);
+        driver.readList[1].data[1023] = 9;
+        driver.currentKind = CYCLIC_READ_JOB;
+        for (int i = 0; i < polls; ++i)
+            dealListWhenFinish();
+        QCOMPARE(intf_addrMerge(keys), 3);
+        for (const VARIABLE& planned : driver.readList)
+            QCOMPARE(int(planned.data[1023]), 0);
+    }
+}
+
+// A plan may take megabytes.
+void ReadJobsTest::pollsDoNotCopyThePlan()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> keys;
+    for (int station = 1; station <= 8; ++station)
+        keys << key(station, "D", 0, 1);
+    QCOMPARE(intf_addrMerge(keys), 8);
+    const QList<VARIABLE>& jobs = driver.readList;
+    QVERIFY(!jobs.isDetached());
+    QVERIFY(!runtime.poll().isEmpty());
+    QVERIFY(!jobs.isDetached());
+    dealListWhenFinish();
+    QVERIFY(!jobs.isDetached());
 }
 
 void ReadJobsTest::touchesNothingElse()
