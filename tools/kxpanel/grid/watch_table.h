@@ -52,7 +52,6 @@ protected:
 
 private:
     void makeColumnActions();
-    int headingWidth(int column) const;
     void setUsualColumns();
     QJsonArray columnsLayout() const;
     void takeColumn(int column, const QJsonObject& shape);

@@ -52,20 +52,13 @@ int columnOf(const QString& key)
 
 } // namespace
 
-/// With room around the text.
-int WatchTable::headingWidth(int column) const
-{
-    const QString heading = m_model->headerData(column, Qt::Horizontal).toString();
-    return fontMetrics().horizontalAdvance(heading) + 2 * fontMetrics().averageCharWidth();
-}
-
 void WatchTable::setUsualColumns()
 {
     for (int column = 0; column < WatchModel::ColumnCount; ++column) {
         horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), column);
-        const int characters = SHAPES.at(static_cast<std::size_t>(column)).width;
-        setColumnWidth(column,
-                       qMax(characters * fontMetrics().averageCharWidth(), headingWidth(column)));
+        const int usual =
+            SHAPES.at(static_cast<std::size_t>(column)).width * fontMetrics().averageCharWidth();
+        setColumnWidth(column, qMax(usual, horizontalHeader()->sectionSizeHint(column)));
     }
     for (QAction* const action : columnActions())
         action->setChecked(true);
