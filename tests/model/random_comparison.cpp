@@ -47,6 +47,7 @@ void RandomRuntime::compareState()
     same("currentJob", driver.currentJob, m_plain.currentJob);
     sameList("a list of the runtime's own", m_foreign, m_plainForeign);
     sameList("a copy of the records", m_copy, m_plainCopy);
+    sameList("a copy of the read jobs", m_jobCopy, m_plainJobCopy);
     if (m_library.shared != m_plainShared)
         same("the shared block", QString::fromLatin1("changed"), QString());
     if (m_library.recipe != m_plainRecipe)

@@ -19,6 +19,7 @@ struct LibrarySide {
         intf_setData(station, type, address, count, data, 2);
     }
     static void addConditionRead(KEY_ADDRESS& key) { intf_addConditionRead(key, 3); }
+    static QList<VARIABLE>& readJobs() { return driver.readList; }
 };
 
 struct PlainSide {
@@ -33,6 +34,7 @@ struct PlainSide {
         plain.setData(station, type, address, count, data, 2);
     }
     void addConditionRead(const KEY_ADDRESS& key) { plain.addConditionRead(key, 3); }
+    QList<VARIABLE>& readJobs() { return plain.readList; }
 };
 
 } // namespace
@@ -88,6 +90,8 @@ RandomRuntime::Call RandomRuntime::drawCall()
         {2, &RandomRuntime::keepCopy},
         {1, &RandomRuntime::changeLists},
         {1, &RandomRuntime::changeTypeOrder},
+        {8, &RandomRuntime::changeReadJobs},
+        {3, &RandomRuntime::keepReadJobs},
     };
     int total = 0;
     for (const Share& share : SHARES)
@@ -161,6 +165,8 @@ void RandomRuntime::callFromInside(Side& side, const Report& report, int number,
         KEY_ADDRESS wanted = key(report.station, "D", random.below(20), random.below(40));
         side.addConditionRead(wanted);
     }
+    if (random.chance(3))
+        changeJobs(side.readJobs(), random);
 }
 
 void RandomRuntime::libraryReported(const Report& report)

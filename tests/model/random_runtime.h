@@ -11,6 +11,9 @@
 
 #include <vector>
 
+/// Changes the read jobs as a runtime may at any time: payloads, whole jobs, their order.
+void changeJobs(QList<VARIABLE>& jobs, RandomSource& random);
+
 class RandomRuntime
 {
 public:
@@ -76,6 +79,10 @@ private:
     void changeLists();
     void changeTypeOrder();
 
+    // To the read jobs alone: random_read_jobs.cpp.
+    void changeReadJobs();
+    void keepReadJobs();
+
     void called(const QString& call);
     /// Starts a fresh count of reports for both sides.
     void beginCalls();
@@ -117,6 +124,8 @@ private:
     QList<_DATA_> m_plainForeign;
     QList<_DATA_> m_copy;
     QList<_DATA_> m_plainCopy;
+    QList<VARIABLE> m_jobCopy;
+    QList<VARIABLE> m_plainJobCopy;
     int m_callCount = 0;
     QStringList m_calls;
     QString m_difference;
