@@ -4,7 +4,6 @@
 // REG_DESCRIPTION, then driver. Do not move one of them to another file.
 
 #include "data/data_area_index.h"
-#include "driver/job_seal.h"
 #include "driver/tarvelan.h"
 #include "modbus/frame_list.h"
 #include "registers/register_catalogue.h"
@@ -60,7 +59,6 @@ tarvelan::tarvelan() : burstCount(0), commFailed(0), rcpIndex(0)
     // No members, since the layout of the class is binary interface.
     if (this == &driver) {
         dataAreaIndex = new DataAreaIndex;
-        blankReadJobs = new JobSeal;
         spareFrame = new QList<FRAME_PRO>;
         typeNames = new TypeNames;
     }
@@ -71,11 +69,8 @@ tarvelan::~tarvelan()
     if (this == &driver) {
         delete typeNames;
         delete spareFrame;
-        delete blankReadJobs;
         delete dataAreaIndex;
     }
 }
-
-JobSeal* blankReadJobs;
 
 tarvelan driver;

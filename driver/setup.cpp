@@ -1,7 +1,6 @@
 #include "driver/setup.h"
 
 #include "driver/clear_data_areas.h"
-#include "driver/job_seal.h"
 #include "driver/number_text.h"
 #include "driver/wrapping.h"
 
@@ -68,7 +67,6 @@ int intf_initProperty(unsigned char* shared, void* hostValue, unsigned short* re
     driver.recipeBuffer = recipeBuffer;
     driver.hostMutex = mutex;
 
-    blankReadJobs->takeOff(driver.readList);
     driver.readList.clear();
     driver.writeList.clear();
     driver.condList.clear();

@@ -20,8 +20,6 @@ typedef void (*ValueChangeCallBack)(int link, int station, QString name, int add
 /// Runtimes and tests may look at them between calls; nothing here is locked.
 ///
 /// `readList` may be changed between calls: its first job is the one that is polled next.
-/// Asking for write access makes the driver copy it; references and iterators into it are
-/// good until the next call of the driver.
 ///
 /// `dataAreas` may be changed, too, between calls and inside the value-change function;
 /// the first record of a key counts. References and iterators into it are good until the

@@ -1,7 +1,6 @@
 #include "modbus/send_schedule.h"
 
 #include "driver/job_queue.h"
-#include "driver/job_seal.h"
 #include "driver/tarvelan.h"
 #include "driver/value_change.h"
 #include "modbus/read_request.h"
@@ -80,7 +79,7 @@ void scheduleJob()
     } else if (!driver.condList.isEmpty() && driver.burstCount < CONDITION_READS_IN_A_ROW) {
         schedule(driver.condList.first(), CONDITION_READ_JOB);
     } else if (!driver.readList.isEmpty()) {
-        schedule(driver.readList.at(0), CYCLIC_READ_JOB);
+        schedule(driver.readList.first(), CYCLIC_READ_JOB);
     } else {
         driver.burstCount = 0;
         driver.currentKind = NO_JOB;
@@ -132,11 +131,8 @@ void finishConditionRead()
 
 void finishCyclicRead()
 {
-    const bool areBlank = blankReadJobs->takeOff(driver.readList);
     if (driver.readList.size() >= 2)
         driver.readList.append(driver.readList.takeFirst());
-    if (areBlank)
-        blankReadJobs->put(driver.readList);
 }
 
 /// True when the transfer is over: all blocks answered, or one failed.

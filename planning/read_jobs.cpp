@@ -1,11 +1,9 @@
 #include "planning/read_jobs.h"
 
 #include "data/data_areas.h"
-#include "driver/job_seal.h"
 #include "driver/tarvelan.h"
 #include "planning/address_merge.h"
 #include "planning/monitor_flags.h"
-
 #include "registers/type_names.h"
 
 #include <cstring>
@@ -26,14 +24,13 @@ VARIABLE& readJob(int number)
 }
 
 // Jobs lie a kilobyte apart, too far for the processor to foresee them.
-void prefetchJob(int number, bool isBlank)
+void prefetchJob(int number)
 {
     if (number >= driver.readList.size())
         return;
     const VARIABLE& job = driver.readList.at(number);
-    __builtin_prefetch(&job, 1);
-    __builtin_prefetch(&job.count, 1);
-    for (int i = isBlank ? PAYLOAD_SIZE : 0; i < PAYLOAD_SIZE; i += CACHE_LINE)
+    __builtin_prefetch(&job);
+    for (int i = 0; i < PAYLOAD_SIZE; i += CACHE_LINE)
         __builtin_prefetch(job.data + i);
 }
 
@@ -42,7 +39,7 @@ bool isBlank(const unsigned char* payload)
     return payload[0] == 0 && std::memcmp(payload, payload + 1, PAYLOAD_SIZE - 1) == 0;
 }
 
-void fillReadJob(VARIABLE& job, const AddressSpan& block, bool isKnownBlank)
+void fillReadJob(VARIABLE& job, const AddressSpan& block)
 {
     const QString& regType = block.type ? typeNames->of(block.type) : *block.regType;
     job.kind = CYCLIC_READ_JOB;
@@ -51,7 +48,7 @@ void fillReadJob(VARIABLE& job, const AddressSpan& block, bool isKnownBlank)
         job.regType = regType;
     job.address = block.address;
     job.count = block.count;
-    if (!isKnownBlank && !isBlank(job.data))
+    if (!isBlank(job.data))
         std::memset(job.data, 0, sizeof job.data);
 }
 
@@ -59,19 +56,18 @@ void fillReadJob(VARIABLE& job, const AddressSpan& block, bool isKnownBlank)
 class ReadJobs : public BlockTaker
 {
 public:
-    ReadJobs() : m_areBlank(blankReadJobs->takeOff(driver.readList)), m_count(0) {}
+    ReadJobs() : m_count(0) {}
 
     void take(const AddressSpan& block) override
     {
-        prefetchJob(m_count + JOBS_AHEAD, m_areBlank);
-        fillReadJob(readJob(m_count), block, m_areBlank);
+        prefetchJob(m_count + JOBS_AHEAD);
+        fillReadJob(readJob(m_count), block);
         ++m_count;
     }
 
     int count() const { return m_count; }
 
 private:
-    bool m_areBlank; // all payloads of the plan before
     int m_count;
 };
 
@@ -87,6 +83,5 @@ int intf_addrMerge(QList<KEY_ADDRESS>& keys)
     ReadJobs jobs;
     mergeForReading(watched, driver.maxWords, jobs);
     driver.readList.erase(driver.readList.begin() + jobs.count(), driver.readList.end());
-    blankReadJobs->put(driver.readList);
     return jobs.count();
 }

@@ -34,7 +34,9 @@ private slots:
     void nothingOfThePlanBeforeSurvives_data();
     void nothingOfThePlanBeforeSurvives();
     void aPayloadWrittenAfterPollsDoesNotSurvive();
-    void pollsDoNotCopyThePlan();
+    void aPlanIsSharedWithNobody();
+    void aJobLookedAtIsTheOneInTheList();
+    void aJobLookedAtStaysThroughPolls();
     void touchesNothingElse();
 };
 
@@ -234,8 +236,8 @@ void ReadJobsTest::aPayloadWrittenAfterPollsDoesNotSurvive()
     }
 }
 
-// A plan may take megabytes.
-void ReadJobsTest::pollsDoNotCopyThePlan()
+// A plan may take megabytes: neither the driver nor who writes into it copies it.
+void ReadJobsTest::aPlanIsSharedWithNobody()
 {
     DriverFixture runtime;
     QList<KEY_ADDRESS> keys;
@@ -243,11 +245,44 @@ void ReadJobsTest::pollsDoNotCopyThePlan()
         keys << key(station, "D", 0, 1);
     QCOMPARE(intf_addrMerge(keys), 8);
     const QList<VARIABLE>& jobs = driver.readList;
-    QVERIFY(!jobs.isDetached());
+    QVERIFY(jobs.isDetached());
     QVERIFY(!runtime.poll().isEmpty());
-    QVERIFY(!jobs.isDetached());
+    QVERIFY(jobs.isDetached());
     dealListWhenFinish();
-    QVERIFY(!jobs.isDetached());
+    QVERIFY(jobs.isDetached());
+}
+
+// The list is the runtime's to change: what it looks at must show what it writes.
+void ReadJobsTest::aJobLookedAtIsTheOneInTheList()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> keys;
+    keys << key(1, "D", 0, 1) << key(2, "D", 0, 1) << key(3, "D", 0, 1);
+    QCOMPARE(intf_addrMerge(keys), 3);
+    for (int polls = 0; polls < 4; ++polls) {
+        const VARIABLE& second = driver.readList.at(1);
+        driver.readList[1].address = 70 + polls;
+        QCOMPARE(second.address, 70 + polls);
+        QVERIFY(!runtime.poll().isEmpty());
+        dealListWhenFinish();
+    }
+}
+
+// Each job lies by itself in Qt 4's and Qt 5's list, and in Qt 6's while nothing is appended.
+void ReadJobsTest::aJobLookedAtStaysThroughPolls()
+{
+    DriverFixture runtime;
+    QList<KEY_ADDRESS> keys;
+    keys << key(1, "D", 0, 1);
+    QCOMPARE(intf_addrMerge(keys), 1);
+    const VARIABLE& only = driver.readList.at(0);
+    driver.readList[0].count = 2;
+    QVERIFY(!runtime.poll().isEmpty());
+    QCOMPARE(runtime.deal(withCrc("01 03 04 00 01 00 02")), 1);
+    QCOMPARE(only.count, 2);
+    driver.readList[0].count = 3;
+    QCOMPARE(only.count, 3);
+    QVERIFY(&only == &driver.readList.at(0));
 }
 
 void ReadJobsTest::touchesNothingElse()
