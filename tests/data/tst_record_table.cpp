@@ -125,6 +125,18 @@ private slots:
         QCOMPARE(filled.find(1, "AXCDEF", 7), 1);
     }
 
+    // 279529839 / 8 is what the hashes of D at stations 1 and 54 differ by.
+    void stationsOfOneHashAreNotMistaken()
+    {
+        const QString d("D");
+        Filled filled;
+        filled.add(record(1, "D", 7));
+        QCOMPARE(filled.findTogether({7}, {54, &d, 279529839}), QList<int>({0, -1, 12345}));
+        filled.add(record(54, "D", 279529839));
+        QCOMPARE(filled.findTogether({7}, {54, &d, 279529839}), QList<int>({0, -1, 12345}));
+        QCOMPARE(filled.find(54, "D", 279529839), 1);
+    }
+
     // D7 tells for D0 to D6, which are not there, whose group it is.
     void aGroupIsKnownByAnyOfItsRecords_data()
     {
