@@ -146,6 +146,15 @@ void RecipeModel::setValues(const QList<QList<qint64>>& values)
         emit dataChanged(index(0, 0), index(rowCount() - 1, COLUMNS - 1));
 }
 
+void RecipeModel::takeValues()
+{
+    for (int row = 0; row < m_values.size(); ++row) {
+        m_rows[row].value = m_values.at(row);
+        m_rows[row].hasValue = true;
+    }
+    setValues(m_values);
+}
+
 RecipeState RecipeModel::state(int row) const
 {
     const kx::RecipeRow& shown = m_rows.at(row);

@@ -37,6 +37,8 @@ public:
     void setRows(const QList<kx::RecipeRow>& rows);
     /// @param values in the controller, one per row; none: forgotten
     void setValues(const QList<QList<qint64>>& values);
+    /// The file has what was read now.
+    void takeValues();
     const QList<QList<qint64>>& values() const { return m_values; }
     bool isRead() const { return !m_values.isEmpty(); }
 

@@ -141,6 +141,8 @@ void RecipesPage::save(const QString& path)
         return;
     if (!kx::replaceRecipeFile(path, m_file.withValues(m_model->values()), &error))
         return complain(error);
+    if (QFileInfo(path) == QFileInfo(m_path))
+        m_model->takeValues();
     m_isUnsaved = false;
     refresh();
     complain(QString());

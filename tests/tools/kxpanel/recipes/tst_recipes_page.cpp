@@ -33,6 +33,7 @@ private slots:
     void aDownloadCanBeCalledOff();
     void saysWhyNothingCanBeSent();
     void savesWhatWasRead();
+    void whatIsSavedOverItsFileIsInTheFile();
     void aBadFileLeavesTheOpenOne();
     void rowsMayNameTags();
     void withoutALineItSaysSo();
@@ -208,6 +209,21 @@ void RecipesPageTest::savesWhatWasRead()
                                         "Spare,D120,float,bar,50\n"));
     emit dialog->fileSelected(m_folder.filePath("none/saved.csv"));
     QVERIFY2(fault().contains("none/saved.csv"), qPrintable(fault()));
+}
+
+// Else a download would send what the file has no more.
+void RecipesPageTest::whatIsSavedOverItsFileIsInTheFile()
+{
+    connectLine();
+    const QString path = store("name,address,value\nSecond limit,D111,1300\nLamp,M20,\n");
+    m_page->open(path);
+    press(Qt::Key_R);
+    QTRY_COMPARE_WITH_TIMEOUT(cells(0).last(), QString("1200"), 20000);
+    press(Qt::Key_E);
+    emit m_page->findChild<QFileDialog*>()->fileSelected(path);
+    QCOMPARE(cells(0), (QStringList{"= same", "Second limit", "1", "D111", "1200", "1200"}));
+    QCOMPARE(cells(1), (QStringList{"= same", "Lamp", "1", "M20", "1", "1"}));
+    QCOMPARE(counts(), QString("filling.csv: 2 value(s), 2 the same"));
 }
 
 void RecipesPageTest::aBadFileLeavesTheOpenOne()
