@@ -21,6 +21,7 @@ private slots:
     void isReadWhileItIsMade();
     void aTornRowIsLeftOut();
     void aWrongRowIsTold();
+    void noRowTakesAllMemory();
     void aWrongDatabaseRowIsTold_data();
     void aWrongDatabaseRowIsTold();
     void whatIsNoRecording_data();
@@ -124,6 +125,27 @@ void RecordingReaderTest::aWrongRowIsTold()
                                  "2023-11-14T22:13:21.000Z,1,\n");
     QCOMPARE(eventsOf(path),
              QStringList({"0 0 17", path + QStringLiteral(":3: the time is wrong")}));
+}
+
+// As of a file that was damaged or is of something else.
+void RecordingReaderTest::noRowTakesAllMemory()
+{
+    const qint64 most = 16 << 20; // bytes
+    const QByteArray begin = "time,D0@1,gaps\n2023-11-14T22:13:20.000Z,17,\n";
+    const QString path = m_folder.path("endless.csv");
+    RecordingFolder::write(path, begin);
+    QFile file(path);
+    QVERIFY(file.resize(begin.size() + most + 1)); // zeros
+    QCOMPARE(eventsOf(path),
+             QStringList({"0 0 17", path + QStringLiteral(":3: the row is longer than 16 MiB")}));
+    QVERIFY(file.resize(begin.size() + most));
+    QCOMPARE(
+        eventsOf(path),
+        QStringList({"0 0 17", path + QStringLiteral(":3: the last row is cut off and left out")}));
+    QVERIFY(file.resize(0) && file.resize(most + 1));
+    QCOMPARE(eventsOf(path),
+             QStringList(path + QStringLiteral(": is no recording; kxhost record makes them")));
+    QVERIFY(file.remove());
 }
 
 void RecordingReaderTest::aWrongDatabaseRowIsTold_data()

@@ -16,6 +16,7 @@ public:
     bool next(RecordedEvent* event) override;
 
 private:
+    QByteArray readLine();
     bool readRow();
 
     QFile m_file;
