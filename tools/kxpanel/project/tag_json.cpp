@@ -58,8 +58,8 @@ bool parseTagJson(const QJsonValue& value, const QString& place, ProjectTag* tag
 {
     QStringList found;
     QJsonObject object = value.toObject();
-    const bool hasName = !object.value(NAME).toString().isEmpty();
-    if (!object.contains(NAME))
+    const bool hasName = object.contains(NAME);
+    if (!hasName)
         object[NAME] = QStringLiteral("-"); // the parser asks for one
     QStringList fields = takeFields(place, &object, &found);
     QStringList reasons;

@@ -42,6 +42,7 @@ private slots:
     void readsAll();
     void keepsWhatItDoesNotKnow();
     void writesWhatItReads();
+    void aNameMayBeANumber();
     void anEmptyProjectHasNoLine();
     void refuses_data();
     void refuses();
@@ -85,6 +86,13 @@ void ProjectTest::writesWhatItReads()
     QVERIFY(text.startsWith("{\n"));
     QVERIFY(text.contains("\"format\": \"kxpanel project\""));
     QVERIFY(text.contains("\"version\": 1"));
+}
+
+void ProjectTest::aNameMayBeANumber()
+{
+    const Project project = parsed(R"({"format": "kxpanel project", "version": 1,
+                                       "tags": [{"name": 17, "address": "D0"}]})");
+    QCOMPARE(project.tags.first().tag.name, QStringLiteral("17"));
 }
 
 void ProjectTest::anEmptyProjectHasNoLine()
