@@ -209,7 +209,7 @@ void WatchPage::setStation(int station)
 
 QJsonObject WatchPage::layout() const
 {
-    QJsonObject layout = m_layout;
+    QJsonObject layout = Page::layout();
     const QJsonObject table = m_table->layout();
     layout.remove(QStringLiteral("sort"));
     for (auto member = table.begin(); member != table.end(); ++member)
@@ -221,7 +221,7 @@ QJsonObject WatchPage::layout() const
 
 void WatchPage::setLayout(const QJsonObject& layout)
 {
-    m_layout = layout;
+    Page::setLayout(layout);
     m_table->setLayout(layout);
     m_filterLine->setLayout(layout[QLatin1String("filter")].toObject());
     if (layout[QLatin1String("station")].isDouble())

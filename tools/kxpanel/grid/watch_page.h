@@ -108,7 +108,6 @@ private:
     bool m_isExplained = false; ///< the message is about what is being typed
     QTimer m_frame;             ///< paints what was read, 20 times a second at most
     QTimer m_tick;              ///< ages and states that pass by themselves
-    QJsonObject m_layout;       ///< as the project had it, with members of others
 };
 
 } // namespace kxpanel

@@ -184,12 +184,15 @@ QString RecipesPage::countsText() const
 
 QJsonObject RecipesPage::layout() const
 {
-    return {{QStringLiteral("file"), m_path},
-            {QStringLiteral("differencesOnly"), m_differencesOnly->isChecked()}};
+    QJsonObject layout = Page::layout();
+    layout[QLatin1String("file")] = m_path;
+    layout[QLatin1String("differencesOnly")] = m_differencesOnly->isChecked();
+    return layout;
 }
 
 void RecipesPage::setLayout(const QJsonObject& layout)
 {
+    Page::setLayout(layout);
     m_differencesOnly->setChecked(layout.value(QStringLiteral("differencesOnly")).toBool());
     close();
     m_path = layout.value(QStringLiteral("file")).toString();

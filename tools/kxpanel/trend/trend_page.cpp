@@ -229,7 +229,7 @@ void TrendPage::showState()
 
 QJsonObject TrendPage::layout() const
 {
-    QJsonObject layout;
+    QJsonObject layout = Page::layout();
     layout[QLatin1String("channels")] = m_channels.layout();
     layout[QLatin1String("span")] = m_view.span();
     return layout;
@@ -237,6 +237,7 @@ QJsonObject TrendPage::layout() const
 
 void TrendPage::setLayout(const QJsonObject& layout)
 {
+    Page::setLayout(layout);
     m_view.reset();
     m_channels.setLayout(layout.value(QLatin1String("channels")).toArray());
     const double span = layout.value(QLatin1String("span")).toDouble();

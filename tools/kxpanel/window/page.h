@@ -27,10 +27,11 @@ public:
 
     /// Name of its part of a project file, such as "trend"; never translated.
     virtual QString key() const = 0;
-    /// What a project keeps of it: plots, files. Members that it does not know are the project's.
-    virtual QJsonObject layout() const { return QJsonObject(); }
+    /// What a project keeps of it: plots, files. Here what setLayout() got, whose members that a
+    /// page does not know go back to the project.
+    virtual QJsonObject layout() const { return m_layout; }
     /// Takes what is right and leaves out what is not.
-    virtual void setLayout(const QJsonObject&) {}
+    virtual void setLayout(const QJsonObject& layout) { m_layout = layout; }
     /// How it is arranged on this computer, such as widths of columns: kept with the window's
     /// geometry and in no project.
     virtual QByteArray place() const { return QByteArray(); }
@@ -55,6 +56,7 @@ protected:
 
 private:
     QWidget* m_mainPart = nullptr;
+    QJsonObject m_layout; ///< as the project had it
 };
 
 } // namespace kxpanel

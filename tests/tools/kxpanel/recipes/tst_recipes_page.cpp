@@ -362,8 +362,11 @@ void RecipesPageTest::keepsFileAndFilterInAProject()
     QCOMPARE(table->model()->rowCount(), 0); // nothing differs yet
     QCOMPARE(other.layout().value("file").toString(), m_folder.filePath("filling.csv"));
     QCOMPARE(other.layout().value("differencesOnly").toBool(), true);
-    other.setLayout({});
+    other.setLayout({{"of a later version", 1}});
     QCOMPARE(other.layout().value("file").toString(), QString());
+    QCOMPARE(other.layout().value("of a later version").toInt(), 1);
+    other.setLayout({});
+    QVERIFY(!other.layout().contains("of a later version"));
 }
 
 void RecipesPageTest::columnsAreOfThisComputer()

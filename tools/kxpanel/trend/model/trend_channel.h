@@ -3,6 +3,7 @@
 
 #include "kxpanel/trend/history/trend_store.h"
 
+#include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
 #include <memory>
@@ -42,6 +43,7 @@ struct TrendChannel {
     qint64 endsAt = -1;               ///< where a recording ends; -1: it goes on
     qint64 readAt = 0;                ///< of the read that was taken last; 0: none
     std::shared_ptr<TrendStore> store;
+    QJsonObject layout; ///< as the project had it, with members of others
 
     /// Until when the newest sample holds.
     qint64 until(qint64 now) const { return endsAt < 0 ? now : endsAt; }

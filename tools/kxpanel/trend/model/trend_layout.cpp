@@ -42,7 +42,7 @@ TrendAxis axisOf(const QString& key)
 
 QJsonObject channelJson(const TrendChannel& channel)
 {
-    QJsonObject json;
+    QJsonObject json = channel.layout;
     json[QLatin1String("name")] = channel.tagName;
     json[QLatin1String("station")] = channel.station;
     json[QLatin1String("address")] = channel.address;
@@ -62,6 +62,7 @@ QString channelKey(const QJsonObject& json)
 
 void takeChannelJson(const QJsonObject& json, TrendChannel* channel)
 {
+    channel->layout = json;
     const int look = json.value(QLatin1String("look")).toInt(-1);
     if (look >= 0 && look < TREND_LOOKS)
         channel->look = look;

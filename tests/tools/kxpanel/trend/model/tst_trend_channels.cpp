@@ -72,6 +72,7 @@ private slots:
     void oneThatDoesNotAnswerSaysSo();
     void layoutComesBack();
     void layoutWaitsForItsTags();
+    void membersOfOthersAreKept();
     void brokenLayoutsAreLeftOut();
     void manyWantedValuesSlowNoEdit();
 
@@ -420,6 +421,24 @@ void TrendChannelsTest::layoutWaitsForItsTags()
     const QList<int> others = tags.insert(0, {tagOf("Flow", "D1@1/u16")});
     QCOMPARE(numbersOf(other), others);
     QCOMPARE(other.layout(), layout);
+}
+
+void TrendChannelsTest::membersOfOthersAreKept()
+{
+    watch({tagOf("Flow", "D1@1/u16")});
+    const QList<kxpanel::WatchedValue> before = m_tags->values();
+    m_channels->setLayout({QJsonObject{
+        {"name", "Flow"}, {"station", 1}, {"address", "D1/u16"}, {"axis", "left"}, {"width", 3}}});
+    m_channels->setAxis({before.at(0).number}, TrendAxis::Right);
+    m_tags->setValues({});
+    m_tags->setValues(before); // as undo does
+    QCOMPARE(m_channels->layout(), (QJsonArray{QJsonObject{{"name", "Flow"},
+                                                           {"station", 1},
+                                                           {"address", "D1/u16"},
+                                                           {"axis", "right"},
+                                                           {"look", 0},
+                                                           {"shown", true},
+                                                           {"width", 3}}}));
 }
 
 void TrendChannelsTest::brokenLayoutsAreLeftOut()
