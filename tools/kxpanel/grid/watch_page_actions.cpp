@@ -12,6 +12,8 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QToolBar>
 
+#include <algorithm>
+
 namespace kxpanel
 {
 
@@ -132,9 +134,10 @@ void WatchPage::addTags(const QList<kx::Tag>& tags, int row)
     const QList<int> numbers = command->numbers();
     m_table->select(numbers);
     const int count = static_cast<int>(numbers.size());
-    const int shown = static_cast<int>(m_table->selectedNumbers().size());
-    say(shown < count ? tr("%n values added; the filter hides some", nullptr, count)
-                      : tr("%n values added", nullptr, count),
+    const auto isShown = [this](int number) { return m_table->cellOf(number).isValid(); };
+    const bool areShown = std::all_of(numbers.begin(), numbers.end(), isShown);
+    say(!areShown ? tr("%n values added; the filter hides some", nullptr, count)
+                  : tr("%n values added", nullptr, count),
         false);
 }
 

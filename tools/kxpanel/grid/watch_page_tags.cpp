@@ -3,6 +3,7 @@
 #include "kxpanel/grid/edit/add_line.h"
 #include "kxpanel/grid/model/watch_model.h"
 #include "kxpanel/grid/watch_page.h"
+#include "kxpanel/tags/tag_fields.h"
 #include "kxpanel/tags/tag_list.h"
 #include "kxpanel/tags/tag_text.h"
 #include "panel/files/replaced_file.h"
@@ -69,6 +70,7 @@ bool WatchPage::openTags(const QString& path)
     for (kx::Tag& tag : tags) {
         if (tag.range.station < 0)
             tag.range.station = m_addLine->station();
+        dropAddressName(&tag);
     }
     addTags(tags, m_model->rowCount());
     return true;

@@ -96,6 +96,8 @@ private slots:
     void movesRows();
     void filtersAndShowsAllAgain();
     void opensTags();
+    void savedTagsAreOpenedAsTheyWere();
+    void tellsOfAddedRowsThatAreHidden();
     void showsAllFaultsOfATagsFile();
     void layoutIsKept();
     void eachActionHasALetterOfItsOwn();
@@ -736,6 +738,28 @@ void WatchPageTest::opensTags()
     QCOMPARE(m_tags->values().at(4).tag.range.station, 3);
     QCOMPARE(m_tags->values().at(6).tag.name, QStringLiteral("Pump 2"));
     QCOMPARE(m_tags->values().at(6).tag.range.station, 7);
+}
+
+void WatchPageTest::savedTagsAreOpenedAsTheyWere()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("line3.csv"));
+    QVERIFY(m_page->saveTags(path));
+    m_tags->setValues({});
+    QVERIFY(m_page->openTags(path));
+    QCOMPARE(m_tags->values().at(0).tag.name, QStringLiteral("Pressure"));
+    QCOMPARE(m_tags->values().at(3).tag.name, QString()); // not its address, which may be edited
+}
+
+void WatchPageTest::tellsOfAddedRowsThatAreHidden()
+{
+    auto* const filter = m_page->findChild<FilterLine*>()->findChild<QLineEdit*>();
+    filter->setText(QStringLiteral("Pump"));
+    go(0);
+    auto* const typed = m_page->findChild<AddLine*>()->edit();
+    QTest::keyClicks(typed, QStringLiteral("D7"));
+    QTest::keyClick(typed, Qt::Key_Return);
+    QCOMPARE(message(), QStringLiteral("1 values added; the filter hides some"));
 }
 
 void WatchPageTest::showsAllFaultsOfATagsFile()
