@@ -6,13 +6,10 @@
 #include "planning/monitor_flags.h"
 #include "registers/type_names.h"
 
-#include <cstring>
-
 namespace
 {
 
 const int JOBS_AHEAD = 6;
-const int CACHE_LINE = 64; // bytes; only a hint
 
 // Jobs of the plan before are overwritten where they are, which spares the
 // allocations.
@@ -28,17 +25,10 @@ void prefetchJob(int number)
 {
     if (number >= driver.readList.size())
         return;
-    const VARIABLE& job = driver.readList.at(number);
-    __builtin_prefetch(&job);
-    for (int i = 0; i < PAYLOAD_SIZE; i += CACHE_LINE)
-        __builtin_prefetch(job.data + i);
+    __builtin_prefetch(&driver.readList.at(number));
 }
 
-bool isBlank(const unsigned char* payload)
-{
-    return payload[0] == 0 && std::memcmp(payload, payload + 1, PAYLOAD_SIZE - 1) == 0;
-}
-
+// A read carries no payload: what stands in a job's is left as it is, 51 MB of 100,000 addresses.
 void fillReadJob(VARIABLE& job, const AddressSpan& block)
 {
     const QString& regType = block.type ? typeNames->of(block.type) : *block.regType;
@@ -48,8 +38,6 @@ void fillReadJob(VARIABLE& job, const AddressSpan& block)
         job.regType = regType;
     job.address = block.address;
     job.count = block.count;
-    if (!isBlank(job.data))
-        std::memset(job.data, 0, sizeof job.data);
 }
 
 /// Makes jobs of blocks, in the list of jobs.

@@ -47,12 +47,14 @@ int PlainDriver::planReads(const QList<KEY_ADDRESS>& keys)
         setMonitorFlag(key.station, key.regType, key.address, key.count);
         copy.append(key);
     }
+    const QList<VARIABLE> before = readList;
     readList.clear();
     if (keys.isEmpty())
         return 0;
     mergeAddresses(copy, 1);
     for (const KEY_ADDRESS& block : copy) {
-        VARIABLE job = VARIABLE();
+        // A read carries no payload, and what a runtime left there stays.
+        VARIABLE job = readList.size() < before.size() ? before.at(readList.size()) : VARIABLE();
         job.kind = 4;
         job.station = block.station;
         job.regType = block.regType;
