@@ -9,6 +9,7 @@
 #include "kxpanel/grid/watch_table.h"
 #include "kxpanel/tags/tag_list.h"
 
+#include <QtCore/QDateTime>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
@@ -39,6 +40,10 @@ WatchPage::WatchPage(const PageContext& context, QWidget* parent)
       m_filter(new WatchFilter(m_model, this))
 {
     setWindowTitle(tr("Watch"));
+    m_steady.start();
+    followClock();
+    m_writer.setClock([this] { return now(); });
+    m_model->setClock([this] { return now(); });
     makeWidgets();
     makeEditActions();
     makeMoveActions();
@@ -106,6 +111,7 @@ void WatchPage::connectAll()
     Machine* const machine = m_context.machine;
     connect(machine, &Machine::jobEnded, &m_writer, &ValueWriter::onJobEnded);
     connect(machine, &Machine::lineChanged, this, &WatchPage::onLineChanged);
+    connect(machine, &Machine::valuesRead, this, &WatchPage::onValuesRead);
     connect(&m_writer, &ValueWriter::ended, this, &WatchPage::onWriteEnded);
     connect(&m_writer, &ValueWriter::allEnded, this, &WatchPage::onWritesEnded);
     connect(m_context.tags, &TagList::valuesChanged, this, &WatchPage::onValuesChanged);
@@ -124,6 +130,17 @@ void WatchPage::connectAll()
     connect(&m_frame, &QTimer::timeout, m_table, &WatchTable::refreshVisible);
     m_tick.start(TICK_TIME);
     connect(&m_tick, &QTimer::timeout, this, &WatchPage::onTick);
+}
+
+void WatchPage::followClock()
+{
+    m_clock.follow(m_steady.elapsed(), QDateTime::currentMSecsSinceEpoch());
+}
+
+void WatchPage::onValuesRead(const QVector<Reading>& readings)
+{
+    for (const Reading& reading : readings)
+        m_clock.onRead(m_steady.elapsed(), reading.readAt);
 }
 
 /// Costs the same however many were read: they are painted later, where they are seen.

@@ -2,10 +2,12 @@
 #define KX_KXPANEL_GRID_WATCH_PAGE_H
 
 #include "kxpanel/grid/model/value_writer.h"
+#include "kxpanel/machine/line_clock.h"
 #include "kxpanel/window/page.h"
 #include "panel/files/tags_file.h"
 
 #include <QUndoStack> // in another module since Qt 6
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QTimer>
 
 class QLabel;
@@ -82,6 +84,9 @@ private:
     void findText();
     void showAll();
 
+    qint64 now() const { return m_clock.now(m_steady.elapsed()); }
+    void followClock();
+    void onValuesRead(const QVector<Reading>& readings);
     void onReadings();
     void onTick();
     void onLineChanged(const LineStatus& status);
@@ -93,6 +98,8 @@ private:
     void showFaults(const QStringList& faults);
 
     PageContext m_context;
+    QElapsedTimer m_steady;
+    LineClock m_clock; ///< readings and ends of writes are compared by it
     QUndoStack m_undo;
     ValueWriter m_writer;
     WatchModel* m_model;

@@ -81,6 +81,8 @@ void WatchPage::switchBit(const QModelIndex& index)
 /// What was read over a line that is closed or lost may be otherwise now.
 void WatchPage::onLineChanged(const LineStatus& status)
 {
+    if (status.state == LineState::Closed || status.state == LineState::Opening)
+        followClock();
     m_model->setOnline(status.state == LineState::Open);
 }
 

@@ -1,7 +1,7 @@
 #ifndef KX_KXPANEL_TREND_TREND_PAGE_H
 #define KX_KXPANEL_TREND_TREND_PAGE_H
 
-#include "kxpanel/trend/history/trend_clock.h"
+#include "kxpanel/machine/line_clock.h"
 #include "kxpanel/trend/model/trend_channels.h"
 #include "kxpanel/trend/model/trend_legend.h"
 #include "kxpanel/trend/model/trend_view.h"
@@ -61,7 +61,7 @@ private:
     void followClock();
 
     QElapsedTimer m_steady;
-    TrendClock m_clock;
+    LineClock m_clock;
     TrendView m_view;
     TrendChannels m_channels;
     TrendLegend m_legend;

@@ -88,6 +88,7 @@ private slots:
     void valuesThatDoNotFitAreNotPasted_data();
     void valuesThatDoNotFitAreNotPasted();
     void escapeCallsOffWhatWaits();
+    void goesByTheClockOfTheLine();
     void withoutALineNothingIsKnown();
     void savesTags();
     void whatCannotBeSavedIsSaid();
@@ -599,6 +600,21 @@ void WatchPageTest::escapeCallsOffWhatWaits()
     QTest::keyClick(m_table, Qt::Key_Escape);
     QCOMPARE(message().mid(2), QStringLiteral("D0 = 1 not written: called off before it was sent"));
     QTRY_COMPARE(m_ended->size(), 1);
+}
+
+/// The system's was set back by an hour while the line was open.
+void WatchPageTest::goesByTheClockOfTheLine()
+{
+    const qint64 now = QDateTime::currentMSecsSinceEpoch() + 3600000;
+    const QVector<Reading> readings = {readingOf(3, {1}, now), readingOf(4, {7}, now - 300000)};
+    emit m_machine->valuesRead(readings);
+    m_tags->takeReadings(readings);
+    QCOMPARE(cell(3, WatchModel::Age).data().toString(), QStringLiteral("5 min"));
+    go(3);
+    QTest::keyClick(m_table, Qt::Key_F2);
+    QTest::keyClick(editor(), Qt::Key_Return);
+    QTRY_COMPARE(m_ended->size(), 1);
+    QVERIFY2(state(3).startsWith(QLatin1String("not written")), qPrintable(state(3)));
 }
 
 void WatchPageTest::withoutALineNothingIsKnown()

@@ -26,7 +26,7 @@ bool isOf(const kx::Assignment& assignment, const kx::Tag& tag)
 } // namespace
 
 ValueWriter::ValueWriter(const TagList* tags, const JobStarter& startJob, QObject* parent)
-    : QObject(parent), m_tags(tags), m_startJob(startJob)
+    : QObject(parent), m_tags(tags), m_startJob(startJob), m_now(&QDateTime::currentMSecsSinceEpoch)
 {
 }
 
@@ -76,7 +76,7 @@ void ValueWriter::callOff()
         ValueWrite& write = m_writes[number];
         write.phase = ValueWrite::Failed;
         write.reason = tr("called off before it was sent");
-        write.endedAt = QDateTime::currentMSecsSinceEpoch();
+        write.endedAt = m_now();
         m_waiting.removeAll(number);
         emit changed(number);
         tellEnd(ValueWrite(write));
@@ -127,7 +127,7 @@ void ValueWriter::onJobEnded(int ticket, const kx::Failure& failure)
     m_ticket = 0;
     m_underWay.phase = failure.isNone() ? ValueWrite::Confirmed : ValueWrite::Failed;
     m_underWay.reason = failure.text;
-    m_underWay.endedAt = QDateTime::currentMSecsSinceEpoch();
+    m_underWay.endedAt = m_now();
     const auto write = m_writes.find(m_writing);
     // Its value may have gone, or another one may have been asked for, and waits.
     if (write != m_writes.end() && write->phase == ValueWrite::Writing) {

@@ -41,6 +41,9 @@ public:
     /// The list outlives the writer.
     ValueWriter(const TagList* tags, const JobStarter& startJob, QObject* parent = nullptr);
 
+    /// By which writes end, milliseconds since 1970 in UTC: that of readings. Else the system's.
+    void setClock(const std::function<qint64()>& milliseconds) { m_now = milliseconds; }
+
     /// Checks a typed value of a tag of one value, without sending anything.
     /// @return false and the reason in `*fault`, in one line with the tag's name in front
     static bool parse(const WatchedValue& value, const QString& typed,
@@ -81,6 +84,7 @@ private:
 
     const TagList* m_tags;
     JobStarter m_startJob;
+    std::function<qint64()> m_now;
     QQueue<int> m_waiting;           ///< numbers of values
     QHash<int, ValueWrite> m_writes; ///< by number of the value
     int m_ticket = 0;                ///< of the write under way; 0: none

@@ -86,7 +86,7 @@ public:
     bool isOnline() const { return m_isOnline; }
     void setOnline(bool isOnline);
 
-    /// For tests; else the system's.
+    /// That of readings; else the system's.
     void setClock(const std::function<qint64()>& milliseconds) { m_now = milliseconds; }
 
 signals:

@@ -28,6 +28,7 @@ private slots:
     void saysWhatCanOnlyBeRead_data();
     void saysWhatCanOnlyBeRead();
     void aWriteIsConfirmed();
+    void aWriteEndsByTheClockOfTheLine();
     void aWriteFailsWithItsReason();
     void writesOneAfterTheOther();
     void theLatestOfWaitingWritesCounts();
@@ -129,6 +130,18 @@ void ValueWriterTest::aWriteIsConfirmed()
     m_writer->onJobEnded(m_tickets.first(), kx::Failure());
     QCOMPARE(phase(2), ValueWrite::Confirmed);
     QCOMPARE(ended.size(), 1);
+}
+
+/// Else a system's clock that was set forward would hide all that is read after a write.
+void ValueWriterTest::aWriteEndsByTheClockOfTheLine()
+{
+    m_writer->setClock([]() { return qint64(4000); });
+    write(1, "5");
+    write(2, "1");
+    m_writer->callOff();
+    QCOMPARE(m_writer->writeOf(2)->endedAt, qint64(4000));
+    m_writer->onJobEnded(m_tickets.first(), kx::Failure());
+    QCOMPARE(m_writer->writeOf(1)->endedAt, qint64(4000));
 }
 
 void ValueWriterTest::aWriteFailsWithItsReason()

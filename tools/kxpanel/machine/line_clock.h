@@ -1,5 +1,5 @@
-#ifndef KX_KXPANEL_TREND_HISTORY_TREND_CLOCK_H
-#define KX_KXPANEL_TREND_HISTORY_TREND_CLOCK_H
+#ifndef KX_KXPANEL_MACHINE_LINE_CLOCK_H
+#define KX_KXPANEL_MACHINE_LINE_CLOCK_H
 
 #include <QtCore/QtGlobal>
 
@@ -10,7 +10,7 @@ namespace kxpanel
 /// whatever is done to the system's: what is read now is then never in the past or yet to come.
 ///
 /// All times are milliseconds: `steady` of a clock that nobody sets, the others since 1970 in UTC.
-class TrendClock
+class LineClock
 {
 public:
     /// No line is open, or one is being opened: the system's clock counts.

@@ -1,17 +1,17 @@
-#include "kxpanel/trend/history/trend_clock.h"
+#include "kxpanel/machine/line_clock.h"
 
 #include <QtTest/QTest>
 
-using kxpanel::TrendClock;
+using kxpanel::LineClock;
 
-class TrendClockTest : public QObject
+class LineClockTest : public QObject
 {
     Q_OBJECT
 
 private slots:
     void goesOnWhateverIsSet()
     {
-        TrendClock clock;
+        LineClock clock;
         QCOMPARE(clock.follow(100, 5000000), qint64(0));
         QCOMPARE(clock.now(100), qint64(5000000));
         QCOMPARE(clock.now(350), qint64(5000250));
@@ -19,7 +19,7 @@ private slots:
 
     void saysByHowMuchItWasSetBack()
     {
-        TrendClock clock;
+        LineClock clock;
         clock.follow(0, 9000000);
         // 10 seconds later by the steady clock, an hour less by the system's
         QCOMPARE(clock.follow(10000, 9010000 - 3600000), qint64(3600000));
@@ -29,7 +29,7 @@ private slots:
 
     void smallStepsAndThoseForwardAreNone()
     {
-        TrendClock clock;
+        LineClock clock;
         clock.follow(0, 9000000);
         QCOMPARE(clock.follow(0, 8999000), qint64(0)); // by a second
         QCOMPARE(clock.now(0), qint64(8999000));
@@ -39,7 +39,7 @@ private slots:
 
     void nothingIsReadInTheFuture()
     {
-        TrendClock clock;
+        LineClock clock;
         clock.follow(0, 9000000);
         clock.onRead(1000, 9000900);
         QCOMPARE(clock.now(1000), qint64(9001000));
@@ -49,5 +49,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TrendClockTest)
-#include "tst_trend_clock.moc"
+QTEST_APPLESS_MAIN(LineClockTest)
+#include "tst_line_clock.moc"

@@ -1,4 +1,4 @@
-#include "kxpanel/trend/history/trend_clock.h"
+#include "kxpanel/machine/line_clock.h"
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ const qint64 LEAST_STEP = 1000; // milliseconds; a clock that is kept right is n
 
 } // namespace
 
-qint64 TrendClock::follow(qint64 steady, qint64 timeOfDay)
+qint64 LineClock::follow(qint64 steady, qint64 timeOfDay)
 {
     const qint64 back = m_isSet ? m_offset - (timeOfDay - steady) : 0;
     m_isSet = true;
@@ -20,7 +20,7 @@ qint64 TrendClock::follow(qint64 steady, qint64 timeOfDay)
     return back > LEAST_STEP ? back : 0;
 }
 
-void TrendClock::onRead(qint64 steady, qint64 readAt)
+void LineClock::onRead(qint64 steady, qint64 readAt)
 {
     m_offset = std::max(m_offset, readAt - steady);
 }
