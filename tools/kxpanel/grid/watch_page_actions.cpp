@@ -10,6 +10,7 @@
 #include "kxpanel/tags/tag_list.h"
 
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QToolBar>
 
 #include <algorithm>
@@ -108,7 +109,10 @@ void WatchPage::makeMoveActions()
     QAction* const find = makeAction(tr("&Find"), QKeySequence::Find,
                                      tr("Show the rows with some text only"), &WatchPage::findText);
     makeAction(tr("Show All"), Qt::Key_Escape, tr("Show all rows again"), &WatchPage::showAll);
-    m_editActions << separator(this) << find << again << unsorted;
+    auto* const columns = new QMenu(tr("Colum&ns"), this); // a heading cannot have the keyboard
+    columns->addActions(m_table->columnActions());
+    addAction(columns->menuAction());
+    m_editActions << separator(this) << find << again << unsorted << columns->menuAction();
     m_toolBar->addActions({find, again, unsorted, separator(this)});
 }
 

@@ -30,6 +30,7 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 
@@ -102,6 +103,7 @@ private slots:
     void showsAllFaultsOfATagsFile();
     void layoutIsKept();
     void eachActionHasALetterOfItsOwn();
+    void columnsAreChosenInAMenu();
     void headingsAreNotCutOff();
     void aPageThatIsNotSeenPaintsNothing();
     void onlyRowsThatAreSeenArePainted();
@@ -844,6 +846,24 @@ void WatchPageTest::eachActionHasALetterOfItsOwn()
         actions.insert(letter, action->text());
     }
     QVERIFY(actions.size() > 10);
+}
+
+// A heading cannot have the keyboard.
+void WatchPageTest::columnsAreChosenInAMenu()
+{
+    for (const QWidget* const place :
+         {static_cast<QWidget*>(m_page.get()), static_cast<QWidget*>(m_table)}) {
+        QMenu* menu = nullptr;
+        for (const QAction* const action : place->actions())
+            menu = action->menu() ? action->menu() : menu;
+        QVERIFY(menu);
+        QCOMPARE(menu->actions().size(), 12);
+        menu->setActiveAction(menu->actions().at(WatchModel::Name));
+        QTest::keyClick(menu, Qt::Key_Down);
+        const bool wasHidden = m_table->isColumnHidden(WatchModel::Station);
+        QTest::keyClick(menu, Qt::Key_Return);
+        QCOMPARE(m_table->isColumnHidden(WatchModel::Station), !wasHidden);
+    }
 }
 
 void WatchPageTest::headingsAreNotCutOff()
