@@ -73,7 +73,7 @@ bool LimitCosts::isFinished() const
 
 int LimitCosts::best() const
 {
-    const int best = kx::bestOf(m_results);
+    const int best = isFinished() ? kx::bestOf(m_results) : -1;
     return best < 0 ? 0 : m_results.at(best).maxWords;
 }
 

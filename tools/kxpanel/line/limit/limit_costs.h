@@ -36,7 +36,7 @@ public:
     /// By rising limit from 1 on; as many as are known so far.
     const QList<kx::LengthResult>& results() const { return m_results; }
     bool isFinished() const;
-    /// The lowest limit of the shortest cycle known so far; 0 when nothing is watched.
+    /// The lowest limit of the shortest cycle; 0 until all are known, and when nothing is watched.
     int best() const;
     /// Of a limit; null while it is not known.
     const kx::LengthResult* of(int maxWords) const;

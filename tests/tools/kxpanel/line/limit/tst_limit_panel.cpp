@@ -23,6 +23,7 @@ private slots:
     void tellsWhatIsNotPredicted();
     void tellsWhatWasMeasured();
     void appliesWhatIsChosen();
+    void theBestIsKnownWhenAllArePredicted();
     void appliesTheBestWithOneClick();
     void leavesTheChoiceToTheRuntime();
     void nothingToApply();
@@ -106,6 +107,23 @@ void LimitPanelTest::appliesWhatIsChosen()
     QCOMPARE(m_applied->count(), 1);
     QCOMPARE(m_applied->at(0).at(0).toInt(), 20);
     QCOMPARE(m_applied->at(0).at(1).toInt(), 320);
+}
+
+void LimitPanelTest::theBestIsKnownWhenAllArePredicted()
+{
+    QList<kx::PolledRange> scattered;
+    for (int value = 0; value < 1000; ++value)
+        scattered << kx::PolledRange{{findRegisterType(QString("D")), 7 * value, 1, 1}, 0};
+    int early = 0;
+    int appliedEarly = 0;
+    connect(&m_costs, &LimitCosts::advanced, m_panel.get(), [&] {
+        early += m_costs.isFinished() || m_costs.results().isEmpty() ? 0 : 1;
+        appliedEarly += !m_costs.isFinished() && !button("Apply the &best") ? 1 : 0;
+    });
+    m_costs.start(scattered, kx::LineTiming(), {});
+    QTRY_VERIFY_WITH_TIMEOUT(m_costs.isFinished(), 60000);
+    QVERIFY(early > 0);
+    QCOMPARE(appliedEarly, 0);
 }
 
 void LimitPanelTest::appliesTheBestWithOneClick()
