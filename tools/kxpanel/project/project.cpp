@@ -17,6 +17,8 @@ namespace
 
 const char FORMAT[] = "kxpanel project";
 const int VERSION = 1;
+const char AN_OBJECT[] = QT_TRANSLATE_NOOP("kxpanel::Project", "must be an object");
+const char AN_ARRAY[] = QT_TRANSLATE_NOOP("kxpanel::Project", "must be an array");
 
 QString translated(const char* text)
 {
@@ -67,15 +69,15 @@ bool parseWhole(const QByteArray& text, QJsonObject* whole, QStringList* faults)
     return faults->isEmpty();
 }
 
-/// Takes a member out; a fault when it is there and of another kind.
+/// Takes a member out.
+/// @param kind a fault when it is there and of another type
 QJsonValue takeMember(const char* name, QJsonValue::Type type, const char* kind,
                       QJsonObject* object, QStringList* faults)
 {
     QJsonValue value = object->take(member(name));
     if (value.type() == type || value.isUndefined())
         return value;
-    *faults << translated(QT_TRANSLATE_NOOP("kxpanel::Project", "%1: must be %2"))
-                   .arg(member(name), QLatin1String(kind));
+    *faults << QStringLiteral("%1: %2").arg(member(name), translated(kind));
     return QJsonValue();
 }
 
@@ -103,8 +105,7 @@ void takePages(const QJsonObject& pages, Project* project, QStringList* faults)
         if (page.value().isObject())
             project->pages.insert(page.key(), page.value().toObject());
         else
-            *faults << translated(QT_TRANSLATE_NOOP("kxpanel::Project", "%1: must be %2"))
-                           .arg(QStringLiteral("pages.") + page.key(), QStringLiteral("an object"));
+            *faults << QStringLiteral("pages.%1: %2").arg(page.key(), translated(AN_OBJECT));
     }
 }
 
@@ -124,11 +125,11 @@ bool parseProject(const QByteArray& text, Project* project, QStringList* faults)
         whole.remove(member("format"));
         whole.remove(member("version"));
         const QJsonValue connection =
-            takeMember("connection", QJsonValue::Object, "an object", &whole, &found);
+            takeMember("connection", QJsonValue::Object, AN_OBJECT, &whole, &found);
         parseConnectionJson(connection.toObject(), &read.connection, &read.connectionExtra, &found);
-        takeTags(takeMember("tags", QJsonValue::Array, "an array", &whole, &found).toArray(), &read,
+        takeTags(takeMember("tags", QJsonValue::Array, AN_ARRAY, &whole, &found).toArray(), &read,
                  &found);
-        takePages(takeMember("pages", QJsonValue::Object, "an object", &whole, &found).toObject(),
+        takePages(takeMember("pages", QJsonValue::Object, AN_OBJECT, &whole, &found).toObject(),
                   &read, &found);
     }
     for (const QString& fault : found)
