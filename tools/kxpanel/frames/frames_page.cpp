@@ -132,7 +132,8 @@ void FramesPage::clearDetails()
 
 void FramesPage::showCounts()
 {
-    QString text = tr("%1 of %2 exchanges shown").arg(m_model->rowCount()).arg(m_model->kept());
+    QString text =
+        tr("%1 of %n exchanges shown", nullptr, m_model->kept()).arg(m_model->rowCount());
     if (m_model->isPaused())
         text += tr("; paused, %1 more wait").arg(m_model->waiting());
     if (m_model->thrownAway() > 0)

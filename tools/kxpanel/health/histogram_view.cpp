@@ -51,10 +51,9 @@ void HistogramView::setTimes(const ReplyTimes& times, const QString& title)
         ++shortest;
     m_begin = decadeBelow(ReplyTimes::beginOf(shortest));
     m_end = 10 * decadeBelow(times.longest());
-    setAccessibleDescription(tr("%1: %2 replies, median %3, 99 % within %4")
-                                 .arg(title)
-                                 .arg(times.count())
-                                 .arg(timeWords(times.median()), timeWords(times.quantile(0.99))));
+    setAccessibleDescription(
+        tr("%1: %n replies, median %2, 99 % within %3", nullptr, static_cast<int>(times.count()))
+            .arg(title, timeWords(times.median()), timeWords(times.quantile(0.99))));
     if (m_selected >= 0)
         emit classSelected(classWords(m_selected));
     update();
@@ -67,9 +66,8 @@ QString HistogramView::classWords(int index) const
         return QString();
     const qint64 count = classes.at(index);
     const double share = 100 * static_cast<double>(count) / static_cast<double>(m_times.count());
-    return tr("%1 to %2: %3 replies, %4 %")
+    return tr("%1 to %2: %n replies, %3 %", nullptr, static_cast<int>(count))
         .arg(timeWords(ReplyTimes::beginOf(index)), timeWords(ReplyTimes::beginOf(index + 1)))
-        .arg(count)
         .arg(share, 0, 'f', 1);
 }
 

@@ -234,9 +234,10 @@ void LinePage::applyLimits(int maxWords, int maxBits)
 {
     if (m_context.machine)
         m_context.machine->setLimits(maxWords, maxBits);
-    emit said(maxWords > 0
-                  ? tr("Requests take %1 registers or %2 bits at most").arg(maxWords).arg(maxBits)
-                  : tr("Requests are as long as takes the least time"));
+    emit said(
+        maxWords > 0
+            ? tr("Requests take %n registers or %1 bits at most", nullptr, maxWords).arg(maxBits)
+            : tr("Requests are as long as takes the least time"));
 }
 
 void LinePage::showEvent(QShowEvent* event)

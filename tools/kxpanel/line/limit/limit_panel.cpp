@@ -128,9 +128,9 @@ void LimitPanel::showCosts()
     m_best->setText(best > 0 ? tr("Apply the &best: %1").arg(best) : tr("Apply the &best"));
     m_best->setToolTip(tr("The lowest limit with the shortest cycle (Alt+B)"));
     const kx::LengthResult* result = m_costs->of(chosen());
-    m_predicted->setText((result ? tr("Predicted: %1 per cycle, %2 requests, line used %3 %")
+    m_predicted->setText((result ? tr("Predicted: %1 per cycle, %n requests, line used %2 %",
+                                      nullptr, result->cost.requests)
                                        .arg(timeWords(result->cost.duration))
-                                       .arg(result->cost.requests)
                                        .arg(100 * result->cost.lineLoad(), 0, 'f', 1)
                                  : tr("Predicted: nothing yet"))
                          + m_leftOut);

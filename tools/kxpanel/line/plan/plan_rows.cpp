@@ -76,14 +76,16 @@ QString barWords(const PlanBar& bar, qint64 time)
     const kx::PlannedRequest& request = bar.request;
     const QString first = kx::addressText(request.type, request.firstAddress());
     const QString last = kx::addressText(request.type, request.lastAddress());
-    const QString counts = isBits(request) ? Words::tr("%1 bits, %2 asked for, %3 read along")
-                                           : Words::tr("%1 registers, %2 asked for, %3 read along");
+    const QString counts =
+        isBits(request)
+            ? Words::tr("%n bits, %1 asked for, %2 read along", nullptr, request.count)
+            : Words::tr("%n registers, %1 asked for, %2 read along", nullptr, request.count);
     const QString interval =
         bar.interval > 0 ? Words::tr(", every %1 ms").arg(bar.interval) : QString();
     return Words::tr("Station %1, %2: %3; %4 bytes out, %5 back, %6")
                .arg(request.station)
                .arg(first == last ? first : Words::tr("%1 to %2").arg(first, last),
-                    counts.arg(request.count).arg(bar.asked).arg(bar.bridged))
+                    counts.arg(bar.asked).arg(bar.bridged))
                .arg(request.bytesSent)
                .arg(request.bytesExpected)
                .arg(timeWords(time))
