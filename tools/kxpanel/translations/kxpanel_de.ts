@@ -804,9 +804,12 @@
         <source>Exchanges</source>
         <translation>Austausch</translation>
     </message>
-    <message>
-        <source>%1 of %2 exchanges shown</source>
-        <translation>%1 von %2 Telegrammpaaren gezeigt</translation>
+    <message numerus="yes">
+        <source>%1 of %n exchanges shown</source>
+        <translation>
+            <numerusform>%1 von %n Telegrammpaar gezeigt</numerusform>
+            <numerusform>%1 von %n Telegrammpaaren gezeigt</numerusform>
+        </translation>
     </message>
     <message>
         <source>Save frames</source>
@@ -1128,13 +1131,19 @@
         <source>Replies by the time from the end of the request to their first character. Left and Right select a bar.</source>
         <translation>Antworten nach der Zeit vom Ende der Anfrage bis zu ihrem ersten Zeichen. Links und Rechts wählen einen Balken.</translation>
     </message>
-    <message>
-        <source>%1: %2 replies, median %3, 99 % within %4</source>
-        <translation>%1: %2 Antworten, Median %3, 99 % innerhalb %4</translation>
+    <message numerus="yes">
+        <source>%1: %n replies, median %2, 99 % within %3</source>
+        <translation>
+            <numerusform>%1: %n Antwort, Median %2, 99 % innerhalb %3</numerusform>
+            <numerusform>%1: %n Antworten, Median %2, 99 % innerhalb %3</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 to %2: %3 replies, %4 %</source>
-        <translation>%1 bis %2: %3 Antworten, %4 %</translation>
+    <message numerus="yes">
+        <source>%1 to %2: %n replies, %3 %</source>
+        <translation>
+            <numerusform>%1 bis %2: %n Antwort, %3 %</numerusform>
+            <numerusform>%1 bis %2: %n Antworten, %3 %</numerusform>
+        </translation>
     </message>
     <message>
         <source>No replies yet</source>
@@ -1233,9 +1242,12 @@
         <source>The lowest limit with the shortest cycle (Alt+B)</source>
         <translation>Die niedrigste Grenze mit dem kürzesten Zyklus (Alt+B)</translation>
     </message>
-    <message>
-        <source>Predicted: %1 per cycle, %2 requests, line used %3 %</source>
-        <translation>Vorhergesagt: %1 je Zyklus, %2 Anfragen, Leitung zu %3 % belegt</translation>
+    <message numerus="yes">
+        <source>Predicted: %1 per cycle, %n requests, line used %2 %</source>
+        <translation>
+            <numerusform>Vorhergesagt: %1 je Zyklus, %n Anfrage, Leitung zu %2 % belegt</numerusform>
+            <numerusform>Vorhergesagt: %1 je Zyklus, %n Anfragen, Leitung zu %2 % belegt</numerusform>
+        </translation>
     </message>
     <message>
         <source>Predicted: nothing yet</source>
@@ -1445,9 +1457,12 @@
         <source>Show as much time as the latest three cycles took</source>
         <translation>So viel Zeit zeigen, wie die letzten drei Zyklen brauchten</translation>
     </message>
-    <message>
-        <source>Requests take %1 registers or %2 bits at most</source>
-        <translation>Anfragen umfassen höchstens %1 Register oder %2 Bits</translation>
+    <message numerus="yes">
+        <source>Requests take %n registers or %1 bits at most</source>
+        <translation>
+            <numerusform>Anfragen umfassen höchstens %n Register oder %1 Bits</numerusform>
+            <numerusform>Anfragen umfassen höchstens %n Register oder %1 Bits</numerusform>
+        </translation>
     </message>
     <message>
         <source>Requests are as long as takes the least time</source>
@@ -1544,13 +1559,19 @@
 </context>
 <context>
     <name>kxpanel::PlanRows</name>
-    <message>
-        <source>%1 bits, %2 asked for, %3 read along</source>
-        <translation>%1 Bits, %2 gefragt, %3 mitgelesen</translation>
+    <message numerus="yes">
+        <source>%n bits, %1 asked for, %2 read along</source>
+        <translation>
+            <numerusform>%n Bit, %1 gefragt, %2 mitgelesen</numerusform>
+            <numerusform>%n Bits, %1 gefragt, %2 mitgelesen</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 registers, %2 asked for, %3 read along</source>
-        <translation>%1 Register, %2 gefragt, %3 mitgelesen</translation>
+    <message numerus="yes">
+        <source>%n registers, %1 asked for, %2 read along</source>
+        <translation>
+            <numerusform>%n Register, %1 gefragt, %2 mitgelesen</numerusform>
+            <numerusform>%n Register, %1 gefragt, %2 mitgelesen</numerusform>
+        </translation>
     </message>
     <message>
         <source>Station %1, %2: %3; %4 bytes out, %5 back, %6</source>
@@ -1595,8 +1616,8 @@
         <translation>version %1: von einem neueren kxpanel; dieses liest Version %2</translation>
     </message>
     <message>
-        <source>%1: must be %2</source>
-        <translation>%1: muss %2 sein</translation>
+        <source>must be an array</source>
+        <translation>muss ein Array sein</translation>
     </message>
     <message>
         <source>must be a text or a number</source>
@@ -2558,6 +2579,10 @@
     <message>
         <source>Move the selected values down in the list</source>
         <translation>Die ausgewählten Werte in der Liste nach unten schieben</translation>
+    </message>
+    <message>
+        <source>Colum&amp;ns</source>
+        <translation>Spal&amp;ten</translation>
     </message>
     <message>
         <source>Sort A&amp;gain</source>
@@ -3815,6 +3840,10 @@
     <message>
         <source>is no recording; kxhost record makes them</source>
         <translation>ist keine Aufzeichnung; kxhost record macht sie</translation>
+    </message>
+    <message>
+        <source>the row is longer than %1 MiB</source>
+        <translation>die Zeile ist länger als %1 MiB</translation>
     </message>
     <message>
         <source>%1: the last row is cut off and left out</source>

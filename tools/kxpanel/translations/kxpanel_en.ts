@@ -43,6 +43,16 @@
     </message>
 </context>
 <context>
+    <name>kxpanel::CycleWords</name>
+    <message numerus="yes">
+        <source>%n byte(s) came</source>
+        <translation>
+            <numerusform>%n byte came</numerusform>
+            <numerusform>%n bytes came</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>kxpanel::DownloadBar</name>
     <message numerus="yes">
         <source>Send %n value(s) to %1? They replace those in the controller.</source>
@@ -95,6 +105,13 @@
             <numerusform>Request, sent %1, %n bytes</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Before it came %n byte(s)</source>
+        <translation>
+            <numerusform>Before it came %n byte</numerusform>
+            <numerusform>Before it came %n bytes</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::FramesPage</name>
@@ -103,6 +120,13 @@
         <translation>
             <numerusform>%n exchange saved in %1</numerusform>
             <numerusform>%n exchanges saved in %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n exchanges shown</source>
+        <translation>
+            <numerusform>%1 of %n exchange shown</numerusform>
+            <numerusform>%1 of %n exchanges shown</numerusform>
         </translation>
     </message>
 </context>
@@ -157,6 +181,94 @@
             <numerusform>line opened again %n times</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n interval(s) missed</source>
+        <translation>
+            <numerusform>%n interval missed</numerusform>
+            <numerusform>%n intervals missed</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::HistogramView</name>
+    <message numerus="yes">
+        <source>%1: %n replies, median %2, 99 % within %3</source>
+        <translation>
+            <numerusform>%1: %n reply, median %2, 99 % within %3</numerusform>
+            <numerusform>%1: %n replies, median %2, 99 % within %3</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 to %2: %n replies, %3 %</source>
+        <translation>
+            <numerusform>%1 to %2: %n reply, %3 %</numerusform>
+            <numerusform>%1 to %2: %n replies, %3 %</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::LimitPanel</name>
+    <message numerus="yes">
+        <source>; without %n silent station(s): %1</source>
+        <translation>
+            <numerusform>; without %n silent station: %1</numerusform>
+            <numerusform>; without %n silent stations: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Predicted: %1 per cycle, %n requests, line used %2 %</source>
+        <translation>
+            <numerusform>Predicted: %1 per cycle, %n request, line used %2 %</numerusform>
+            <numerusform>Predicted: %1 per cycle, %n requests, line used %2 %</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::LinePage</name>
+    <message numerus="yes">
+        <source>Requests take %n registers or %1 bits at most</source>
+        <translation>
+            <numerusform>Requests take %n register or %1 bits at most</numerusform>
+            <numerusform>Requests take %n registers or %1 bits at most</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::MainWindow</name>
+    <message numerus="yes">
+        <source>%n exchange(s) are missing in frames, line and health.</source>
+        <translation>
+            <numerusform>%n exchange is missing in frames, line and health.</numerusform>
+            <numerusform>%n exchanges are missing in frames, line and health.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::MessageBar</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>kxpanel::PlanRows</name>
+    <message numerus="yes">
+        <source>%n bits, %1 asked for, %2 read along</source>
+        <translation>
+            <numerusform>%n bit, %1 asked for, %2 read along</numerusform>
+            <numerusform>%n bits, %1 asked for, %2 read along</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n registers, %1 asked for, %2 read along</source>
+        <translation>
+            <numerusform>%n register, %1 asked for, %2 read along</numerusform>
+            <numerusform>%n registers, %1 asked for, %2 read along</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::RecipeModel</name>
@@ -175,6 +287,13 @@
         <translation>
             <numerusform>%n value saved in %1</numerusform>
             <numerusform>%n values saved in %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>All was sent, but the controller has %n other value(s) than were sent</source>
+        <translation>
+            <numerusform>All was sent, but the controller has %n other value than was sent</numerusform>
+            <numerusform>All was sent, but the controller has %n other values than were sent</numerusform>
         </translation>
     </message>
 </context>
@@ -249,6 +368,41 @@
             <numerusform>%1 has %n faults; nothing was added</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n values for other rows: select as many, or the first of them</source>
+        <translation>
+            <numerusform>%n value for another row: select one</numerusform>
+            <numerusform>%n values for other rows: select as many, or the first of them</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values saved in %1</source>
+        <translation>
+            <numerusform>%n value saved in %1</numerusform>
+            <numerusform>%n values saved in %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 = %2 written, %n to go; Esc calls them off</source>
+        <translation>
+            <numerusform>%1 = %2 written, %n to go; Esc calls it off</numerusform>
+            <numerusform>%1 = %2 written, %n to go; Esc calls them off</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values written</source>
+        <translation>
+            <numerusform>%n value written</numerusform>
+            <numerusform>%n values written</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n values not written</source>
+        <translation>
+            <numerusform>%1 of %n value not written</numerusform>
+            <numerusform>%1 of %n values not written</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::WriteBar</name>
@@ -264,6 +418,13 @@
         <translation>
             <numerusform>%n can only be read.</numerusform>
             <numerusform>%n can only be read.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n values of %1: %2.</source>
+        <translation>
+            <numerusform>Write %n value of %1: %2.</numerusform>
+            <numerusform>Write %n values of %1: %2.</numerusform>
         </translation>
     </message>
 </context>

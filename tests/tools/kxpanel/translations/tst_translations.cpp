@@ -126,6 +126,7 @@ private slots:
     void cleanup();
     void everyTextIsTranslated();
     void everyCountHasItsEnglishForms();
+    void noNumberStandsBeforeAPlural();
     void everyTextOfTheSourcesIsThere_data();
     void everyTextOfTheSourcesIsThere();
     void everyTranslationIsLoaded();
@@ -171,6 +172,20 @@ void TranslationsTest::everyCountHasItsEnglishForms()
             QVERIFY2(placesIn(form) == placesIn(message.source), qPrintable(form));
         }
     }
+}
+
+/// "1 requests" would be shown; speeds and limits of bits are never 1.
+void TranslationsTest::noNumberStandsBeforeAPlural()
+{
+    static const QRegularExpression plural(
+        "%[0-9] (bits|exchanges|registers|replies|requests|values)\\b(?!( per second| at most| are "
+        "shown))");
+    QStringList wrong;
+    for (const Message& message : messagesOf(texts("de"))) {
+        if (message.context.startsWith("kxpanel::") && message.source.contains(plural))
+            wrong << message.context + ": " + message.source;
+    }
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join('\n')));
 }
 
 void TranslationsTest::everyTextOfTheSourcesIsThere_data()
