@@ -12,6 +12,7 @@
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <unistd.h>
 
@@ -63,6 +64,38 @@ std::unique_ptr<QApplication> openDisplay(int& argc, char** argv)
     return application;
 }
 
+bool isWindowShown = false;
+QtMessageHandler saysOfQt = nullptr;
+
+/// Qt ends the program by itself when its display goes away, inside of what it is doing then and
+/// with all threads at work.
+void endWithDisplay()
+{
+    if (isWindowShown)
+        _exit(complain(QStringLiteral("the display has gone away; the window is closed, and what "
+                                      "was not saved is lost"),
+                       kx::EXIT_CANNOT_OPEN));
+}
+
+/// All but what endWithDisplay() says better.
+void sayOfQt(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (!text.startsWith(QLatin1String("The X11 connection broke"))
+        && !text.startsWith(QLatin1String("The Wayland connection broke")))
+        saysOfQt(type, context, text);
+}
+
+/// Until the window is closed.
+int run()
+{
+    std::atexit(endWithDisplay); // before what Qt has for that time
+    saysOfQt = qInstallMessageHandler(sayOfQt);
+    isWindowShown = true;
+    const int exitCode = QApplication::exec();
+    isWindowShown = false;
+    return exitCode;
+}
+
 int showWindow(int argc, char** argv, const WindowOptions& options)
 {
     const std::unique_ptr<QApplication> application = openDisplay(argc, argv);
@@ -80,7 +113,7 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
     QObject::connect(&interrupt, &kx::Interrupt::interrupted, &window, &QWidget::close);
     window.show();
     window.begin(options);
-    return QApplication::exec();
+    return run();
 }
 
 } // namespace

@@ -10,6 +10,21 @@
 
 #include <csignal>
 
+namespace
+{
+
+bool hasOpen(const QProcess& program, const QString& path)
+{
+    const QString files = "/proc/" + QString::number(program.processId()) + "/fd";
+    for (int file = 3; file < 100; ++file) {
+        if (QFile::symLinkTarget(files + '/' + QString::number(file)) == path)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 class KxpanelTest : public QObject
 {
     Q_OBJECT
@@ -20,6 +35,7 @@ private slots:
     void wrongUsageNeedsNoDisplay();
     void signalsCloseTheWindow_data();
     void signalsCloseTheWindow();
+    void itEndsWithItsDisplay();
     void aProjectThatCannotBeReadEndsNothing_data();
     void aProjectThatCannotBeReadEndsNothing();
 
@@ -96,20 +112,35 @@ void KxpanelTest::signalsCloseTheWindow()
     QProcess panel;
     start(&panel, {"-platform", "offscreen", "--port", simulator.portName()});
     // Connected: it has the port open.
-    const QString files = "/proc/" + QString::number(panel.processId()) + "/fd";
-    const auto hasPort = [&] {
-        for (int file = 3; file < 100; ++file) {
-            if (QFile::symLinkTarget(files + '/' + QString::number(file)) == simulator.portName())
-                return true;
-        }
-        return false;
-    };
-    QTRY_VERIFY_WITH_TIMEOUT(hasPort(), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(hasOpen(panel, simulator.portName()), 20000);
     signalProcess(panel.processId(), signal);
     QVERIFY(panel.waitForFinished());
     QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(panel.exitCode(), 0);
     QVERIFY(QFile::exists(settings)); // the window's place was kept
+}
+
+void KxpanelTest::itEndsWithItsDisplay()
+{
+    QProcess screen;
+    screen.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
+    QVERIFY2(screen.waitForStarted(), "Xvfb is missing; scripts/install-dependencies test");
+    QVERIFY(screen.waitForReadyRead());
+    QProcess panel;
+    QProcessEnvironment environment = this->environment();
+    environment.insert("DISPLAY", ':' + QString::fromLatin1(screen.readLine()).trimmed());
+    panel.setProcessEnvironment(environment);
+    KxsimProcess simulator;
+    panel.start(KXPANEL_PROGRAM, {"-platform", "xcb", "--port", simulator.portName()});
+    QTRY_VERIFY_WITH_TIMEOUT(hasOpen(panel, simulator.portName()), 20000);
+    screen.kill();
+    QVERIFY(panel.waitForFinished());
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(panel.readAllStandardError(),
+             QByteArray("kxpanel: the display has gone away; the window is closed, and what was "
+                        "not saved is lost\n"));
+    QCOMPARE(panel.exitCode(), 3);
+    QVERIFY(screen.waitForFinished());
 }
 
 void KxpanelTest::aProjectThatCannotBeReadEndsNothing_data()
