@@ -35,16 +35,6 @@ bool hasSameRegisters(const kx::AddressRange& one, const kx::AddressRange& other
            && one.values == other.values;
 }
 
-/// One that was under way while the value was edited may be of other registers.
-bool suits(const Reading& reading, const WatchedValue& value)
-{
-    const kx::AddressRange& range = value.tag.range;
-    const bool isThere = !reading.type
-                         || (reading.type == range.type && reading.station == range.station
-                             && reading.address == range.address);
-    return isThere && (reading.raw.isEmpty() || reading.raw.size() == range.values);
-}
-
 Reading nothingKnown(int number)
 {
     Reading reading;
@@ -53,6 +43,15 @@ Reading nothingKnown(int number)
 }
 
 } // namespace
+
+bool suits(const Reading& reading, const WatchedValue& value)
+{
+    const kx::AddressRange& range = value.tag.range;
+    const bool isThere = !reading.type
+                         || (reading.type == range.type && reading.station == range.station
+                             && reading.address == range.address);
+    return isThere && (reading.raw.isEmpty() || reading.raw.size() == range.values);
+}
 
 const WatchedValue* TagList::find(int number) const
 {

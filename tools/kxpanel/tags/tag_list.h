@@ -15,6 +15,10 @@ const char VALUES_MIME_TYPE[] = "application/x-kxpanel-values";
 /// Goes with them: the number of the process whose values they are.
 const char PROCESS_MIME_TYPE[] = "application/x-kxpanel-process";
 
+/// Whether it is of the registers that the value has now. One that was under way while the value
+/// was edited may be of those that it had before.
+bool suits(const Reading& reading, const WatchedValue& value);
+
 /// The values that the window watches, in the order of the grid, and what is known of each. The
 /// one home of both: pages listen to it and edit it by its methods alone.
 class TagList : public QObject

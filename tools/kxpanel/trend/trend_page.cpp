@@ -158,6 +158,7 @@ void TrendPage::connectMachine(Machine* machine)
             m_clock.onRead(m_steady.elapsed(), reading.readAt);
         m_channels.takeReadings(readings, now());
     });
+    connect(machine, &Machine::missed, &m_channels, &TrendChannels::takeMissed);
     connect(machine, &Machine::lineChanged, this, [this](const LineStatus& status) {
         if (status.state == LineState::Closed || status.state == LineState::Opening)
             followClock();

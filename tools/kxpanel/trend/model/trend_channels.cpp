@@ -137,13 +137,31 @@ void TrendChannels::takeReadings(const QVector<Reading>& readings, qint64 now)
     for (const Reading& reading : readings) {
         const int index = indexOf(reading.number);
         const WatchedValue* value = index < 0 ? nullptr : m_tags->find(reading.number);
-        if (value == nullptr)
+        if (value == nullptr || !suits(reading, *value))
             continue;
+        leaveOutMissed(reading, m_channels.at(index));
         takeReading(reading, value->tag.format, now, &m_channels[index]);
         isAnyTaken = true;
     }
+    m_missed = Missed();
     if (isAnyTaken)
         emit samplesAdded();
+}
+
+/// Of a value that was read while nothing was told only the latest is known; of one that was not,
+/// nothing is missed.
+void TrendChannels::leaveOutMissed(const Reading& reading, const TrendChannel& channel) const
+{
+    const bool isRead = reading.state == kx::WatchState::Ok;
+    const bool isMissed = m_missed.from > 0 && (!isRead || reading.readAt > m_missed.from)
+                          && reading.readAt <= m_missed.to;
+    if (isMissed && !channel.store->isEmpty())
+        channel.store->append(m_missed.from, gapValue(kx::GapReason::NotRead));
+}
+
+void TrendChannels::takeMissed(const Missed& missed)
+{
+    m_missed = missed;
 }
 
 void TrendChannels::takeLine(const LineStatus& status, qint64 now)

@@ -51,6 +51,8 @@ public:
 public slots:
     /// @param now the time of reads that failed, in milliseconds since 1970 in UTC
     void takeReadings(const QVector<kxpanel::Reading>& readings, qint64 now);
+    /// Before the next readings: where one was missed, no curve goes on.
+    void takeMissed(const kxpanel::Missed& missed);
     /// A line that is lost or closed leaves a gap in all.
     void takeLine(const kxpanel::LineStatus& status, qint64 now);
 
@@ -63,6 +65,7 @@ signals:
 private:
     void followTags();
     void takeWanted();
+    void leaveOutMissed(const Reading& reading, const TrendChannel& channel) const;
     void addOne(int number, qint64 now);
     TrendChannel followed(const TrendChannel& before, const WatchedValue& value);
     void takeReturning();
@@ -75,6 +78,7 @@ private:
     const TagList* m_tags;
     QList<TrendChannel> m_channels;
     QHash<int, int> m_indexes; ///< by number
+    Missed m_missed;           ///< before the next readings
     TrendShelf m_shelf;        ///< what left
     TrendWanted m_wanted;      ///< of a layout, not in the watch list
 };

@@ -56,7 +56,10 @@ private slots:
     void beginsWithWhatIsKnown();
     void readsBecomeSamples();
     void aListThatIsEditedTellsNothingNew();
+    void aReadOfOtherRegistersIsNone();
     void aLostLineLeavesAGapUntilTheNextRead();
+    void whatWasMissedIsAGap();
+    void ofWhatWasNotReadMeanwhileNothingIsMissed();
     void followsNamesAndUnits();
     void anotherMeaningBeginsAnew();
     void whatLeavesTheListLeavesThePlot();
@@ -178,6 +181,23 @@ void TrendChannelsTest::aListThatIsEditedTellsNothingNew()
     QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 6000 line lost"));
 }
 
+// It was under way while the value was given another address of the same size.
+void TrendChannelsTest::aReadOfOtherRegistersIsNone()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1")});
+    m_channels->add(numbers);
+    kxpanel::Reading late = readingOf(numbers.at(0), 7, 5000);
+    late.type = m_tags->values().first().tag.range.type;
+    late.station = 1;
+    late.address = 1;
+    m_tags->replace(numbers.at(0), tagOf("", "D2@1"));
+    m_channels->takeReadings({late}, 5000);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString());
+    late.address = 2;
+    m_channels->takeReadings({late}, 5000);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7"));
+}
+
 void TrendChannelsTest::aLostLineLeavesAGapUntilTheNextRead()
 {
     const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1")});
@@ -193,6 +213,39 @@ void TrendChannelsTest::aLostLineLeavesAGapUntilTheNextRead()
     QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 6000 line lost, 8000 7"));
     // What was never read has no gap to begin with.
     QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString());
+}
+
+void TrendChannelsTest::whatWasMissedIsAGap()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1"), tagOf("", "D3@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000), readingOf(numbers.at(1), 8, 5000)},
+                             5000);
+    m_channels->takeMissed({6000, 9000, 12});
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 8900),
+                              failureOf(numbers.at(1), kx::WatchState::NoAnswer),
+                              readingOf(numbers.at(2), 9, 8950)},
+                             9050);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 6000 not read, 8900 7"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)),
+             QString("5000 8, 6000 not read, 9050 no answer"));
+    // What was never read has no gap to begin with.
+    QCOMPARE(samplesOf(*m_channels, numbers.at(2)), QString("8950 9"));
+}
+
+// Values of long intervals: the latest read is always told.
+void TrendChannelsTest::ofWhatWasNotReadMeanwhileNothingIsMissed()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000), readingOf(numbers.at(1), 8, 5000)},
+                             5000);
+    m_channels->takeMissed({6000, 9000, 12});
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 9050); // told once more
+    m_channels->takeReadings({readingOf(numbers.at(0), 9, 9100), readingOf(numbers.at(1), 9, 9100)},
+                             9100);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 9100 9"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString("5000 8, 9100 9"));
 }
 
 void TrendChannelsTest::followsNamesAndUnits()
