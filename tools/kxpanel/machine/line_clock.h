@@ -6,8 +6,7 @@
 namespace kxpanel
 {
 
-/// The time of day as readings have it. A line goes on with the clock that it was opened with,
-/// whatever is done to the system's: what is read now is then never in the past or yet to come.
+/// The time of day as readings have it: what is read now is never in the past or yet to come.
 ///
 /// All times are milliseconds: `steady` of a clock that nobody sets, the others since 1970 in UTC.
 class LineClock
@@ -19,6 +18,9 @@ public:
 
     /// A read cannot be later than now.
     void onRead(qint64 steady, qint64 readAt);
+
+    /// Of the open line's readings.
+    void shift(qint64 milliseconds) { m_offset += milliseconds; }
 
     qint64 now(qint64 steady) const { return steady + m_offset; }
 

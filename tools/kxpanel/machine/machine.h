@@ -77,6 +77,10 @@ signals:
     void cycleFinished(qint64 cycles);
     /// Before what follows it.
     void missed(const kxpanel::Missed& missed);
+    /// The system's time of day was set while the line was open, which moves all times told before.
+    /// What is known of all values follows, with the new ones.
+    /// @param by milliseconds; negative: back
+    void clockSet(qint64 by);
     /// Behind each batch, for the backlog: how much it was.
     void told(int amount);
     void jobProgress(int ticket, int done, int total);

@@ -105,6 +105,7 @@ void Machine::beginWork(std::unique_ptr<MachineSession> work)
     connect(begun, &MachineSession::counted, this, &Machine::counted);
     connect(begun, &MachineSession::cycleFinished, this, &Machine::cycleFinished);
     connect(begun, &MachineSession::missed, this, &Machine::missed);
+    connect(begun, &MachineSession::clockSet, this, &Machine::clockSet);
     connect(begun, &MachineSession::told, this, &Machine::told);
     connect(begun, &MachineSession::linkChanged, this, &Machine::onLinkChanged);
     tellLine(LineState::Open, QString());

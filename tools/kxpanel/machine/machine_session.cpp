@@ -3,7 +3,6 @@
 #include "data/reply_handling.h"
 #include "panel/session/driver_values.h"
 
-#include <QtCore/QDateTime>
 #include <QtCore/QStringList>
 
 #include <utility>
@@ -17,18 +16,20 @@ namespace
 const int GATHERING_TIME = 50; // milliseconds
 const int COUNTING_TIME = 500; // milliseconds
 const int EXCHANGE_WEIGHT = 5; // readings, by the memory they take
+const qint64 LONGEST_LOOK = 5; // milliseconds; else something else ran between clock and clock
 
 } // namespace
 
 MachineSession::MachineSession(std::unique_ptr<kx::Session> session,
                                std::unique_ptr<kx::GatewayAdvice> advice, Backlog* backlog,
-                               qint64 exchanges, int mostKept)
+                               qint64 exchanges, int mostKept, const Clocks& clocks)
     : m_session(std::move(session)),
       m_advice(std::move(advice)),
       m_backlog(backlog),
       m_watch(m_session.get()),
       m_mostKept(mostKept),
-      m_exchangeCount(exchanges)
+      m_exchangeCount(exchanges),
+      m_clocks(clocks)
 {
     connect(&m_watch, &kx::Watch::listReplaced, this, [this] {
         m_values.takeList(m_watch.list());
@@ -50,6 +51,7 @@ MachineSession::MachineSession(std::unique_ptr<kx::Session> session,
     m_counting.setInterval(COUNTING_TIME);
     connect(&m_gathering, &QTimer::timeout, this, &MachineSession::onGathered);
     connect(&m_counting, &QTimer::timeout, this, [this] {
+        lookAtClocks();
         if (!areBehind()) // the next one counts as much
             emit counted(m_watch.summary());
     });
@@ -73,8 +75,8 @@ void MachineSession::setValues(const QList<WatchedValue>& values)
 
 void MachineSession::start()
 {
-    m_epoch = QDateTime::currentMSecsSinceEpoch();
     m_session->start();
+    m_times.look(m_session->elapsed(), m_clocks());
     m_counting.start();
 }
 
@@ -89,6 +91,7 @@ void MachineSession::stop()
 
 void MachineSession::onExchange(const kx::ExchangeRecord& record)
 {
+    lookAtClocks(); // before the list takes what was read
     m_exchanges << exchangeOf(record, ++m_exchangeCount);
     keepLatest();
     if (record.job.kind == CYCLIC_READ_JOB && record.result == REPLY_ACCEPTED)
@@ -129,6 +132,22 @@ QString MachineSession::faultNow() const
     return faults.join(QStringLiteral("; "));
 }
 
+/// What was read has other times of day when that is set: all is told once more.
+void MachineSession::lookAtClocks()
+{
+    const qint64 before = m_session->elapsed();
+    const SystemTimes now = m_clocks();
+    const qint64 after = m_session->elapsed();
+    const qint64 by = after - before > LONGEST_LOOK ? 0 : m_times.look(after, now);
+    if (by == 0)
+        return;
+    m_setBy += by;
+    if (m_missed.from != 0)
+        m_missed.from += by;
+    m_values.markAll();
+    gather();
+}
+
 void MachineSession::gather()
 {
     if (!m_gathering.isActive())
@@ -149,7 +168,7 @@ void MachineSession::onGathered()
     if (!areBehind())
         return tellGathered();
     if (m_missed.from == 0)
-        m_missed.from = QDateTime::currentMSecsSinceEpoch() - GATHERING_TIME;
+        m_missed.from = m_clocks().timeOfDay - GATHERING_TIME;
     gather();
 }
 
@@ -157,7 +176,7 @@ void MachineSession::tellMissed()
 {
     if (m_missed.from == 0)
         return;
-    m_missed.to = QDateTime::currentMSecsSinceEpoch();
+    m_missed.to = m_clocks().timeOfDay;
     emit missed(std::exchange(m_missed, Missed()));
 }
 
@@ -165,12 +184,14 @@ void MachineSession::tellMissed()
 void MachineSession::tellGathered()
 {
     m_gathering.stop();
+    if (m_setBy != 0)
+        emit clockSet(std::exchange(m_setBy, 0));
     tellMissed();
     if (std::exchange(m_hasLinkNews, false))
         emit linkChanged(m_isLost, m_fault);
     const QVector<Exchange> exchanges = std::exchange(m_exchanges, {});
     const QVector<Reading> readings =
-        m_values.takeMarked(m_watch.list(), m_epoch, m_isLost || !m_session->isRunning());
+        m_values.takeMarked(m_watch.list(), m_times, m_isLost || !m_session->isRunning());
     const int amount = static_cast<int>(EXCHANGE_WEIGHT * exchanges.size() + readings.size());
     if (m_backlog)
         m_backlog->add(amount);

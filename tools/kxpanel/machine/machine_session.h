@@ -4,11 +4,13 @@
 #include "kxhost/gateway/gateway_advice.h"
 #include "kxpanel/machine/backlog.h"
 #include "kxpanel/machine/polled_values.h"
+#include "kxpanel/machine/session_times.h"
 #include "panel/watch/watch.h"
 
 #include <QtCore/QSet>
 #include <QtCore/QTimer>
 
+#include <functional>
 #include <memory>
 
 namespace kxpanel
@@ -23,6 +25,7 @@ class MachineSession : public QObject
 public:
     /// Exchanges that are kept for listeners that stand still: the latest.
     static const int MOST_KEPT = 5000;
+    using Clocks = std::function<SystemTimes()>;
 
     /// @param session not started; its line must outlive this
     /// @param advice null: without a gateway
@@ -31,7 +34,8 @@ public:
     /// @param exchanges ended before, which their numbers go on from
     /// @param mostKept as MOST_KEPT
     MachineSession(std::unique_ptr<kx::Session> session, std::unique_ptr<kx::GatewayAdvice> advice,
-                   Backlog* backlog, qint64 exchanges, int mostKept = MOST_KEPT);
+                   Backlog* backlog, qint64 exchanges, int mostKept = MOST_KEPT,
+                   const Clocks& clocks = &systemTimes);
 
     /// Before start(), and at any time after it.
     void setValues(const QList<WatchedValue>& values);
@@ -51,6 +55,7 @@ signals:
     void counted(const kx::WatchSummary& summary);
     void cycleFinished(qint64 cycles);
     void missed(const kxpanel::Missed& missed);
+    void clockSet(qint64 by);
     /// Behind each batch: so much was added to the backlog.
     void told(int amount);
     /// @param fault as LineStatus::fault
@@ -62,6 +67,7 @@ private:
     QString faultNow() const;
     bool areBehind() const { return m_backlog && m_backlog->isFull(); }
     void setLost(bool isLost);
+    void lookAtClocks();
     void gather();
     void keepLatest();
     void onGathered();
@@ -83,7 +89,9 @@ private:
     int m_mostKept;
     Missed m_missed; ///< from 0: nothing
     qint64 m_exchangeCount;
-    qint64 m_epoch = 0; ///< milliseconds since 1970 at which the session's clock showed 0
+    Clocks m_clocks;
+    SessionTimes m_times;
+    qint64 m_setBy = 0; ///< milliseconds; not yet told
     QTimer m_gathering;
     QTimer m_counting;
 };

@@ -11,7 +11,7 @@ namespace kxpanel
 namespace
 {
 
-Reading readingOf(const kx::WatchEntry& entry, qint64 epoch)
+Reading readingOf(const kx::WatchEntry& entry, const SessionTimes& times)
 {
     Reading reading;
     reading.number = entry.name.toInt();
@@ -22,8 +22,8 @@ Reading readingOf(const kx::WatchEntry& entry, qint64 epoch)
     const bool wasRead = entry.readAt > 0 || entry.state == kx::WatchState::Ok;
     if (wasRead) // else a write that failed may have left a value
         reading.raw = entry.raw();
-    reading.readAt = wasRead ? epoch + entry.readAt : 0;
-    reading.changedAt = entry.changedAt > 0 ? epoch + entry.changedAt : 0;
+    reading.readAt = wasRead ? times.timeOfDay(entry.readAt) : 0;
+    reading.changedAt = entry.changedAt > 0 ? times.timeOfDay(entry.changedAt) : 0;
     return reading;
 }
 
@@ -90,12 +90,13 @@ void PolledValues::markRead(const kx::AddressRange& polled)
     }
 }
 
-QVector<Reading> PolledValues::takeMarked(const kx::WatchList& list, qint64 epoch, bool isCutOff)
+QVector<Reading> PolledValues::takeMarked(const kx::WatchList& list, const SessionTimes& times,
+                                          bool isCutOff)
 {
     QVector<Reading> readings;
     readings.reserve(m_marked.size());
     for (const int index : m_marked) {
-        readings << readingOf(list.entries().at(index), epoch);
+        readings << readingOf(list.entries().at(index), times);
         if (isCutOff && readings.last().state == kx::WatchState::Ok)
             readings.last().state = kx::WatchState::NoAnswer;
         m_isMarked[static_cast<size_t>(index)] = false;

@@ -2,6 +2,7 @@
 #define KX_KXPANEL_MACHINE_POLLED_VALUES_H
 
 #include "kxpanel/machine/machine_events.h"
+#include "kxpanel/machine/session_times.h"
 
 #include <vector>
 
@@ -28,9 +29,10 @@ public:
     bool hasMarked() const { return !m_marked.isEmpty(); }
 
     /// What the list knows of the marked values, which are marked no more.
-    /// @param epoch milliseconds since 1970 at which the list's clock showed 0
+    /// @param times of the list's clock
     /// @param isCutOff nobody can answer: what was read before is not how the values are now
-    QVector<Reading> takeMarked(const kx::WatchList& list, qint64 epoch, bool isCutOff = false);
+    QVector<Reading> takeMarked(const kx::WatchList& list, const SessionTimes& times,
+                                bool isCutOff = false);
 
 private:
     struct Place {

@@ -159,6 +159,10 @@ void TrendPage::connectMachine(Machine* machine)
         m_channels.takeReadings(readings, now());
     });
     connect(machine, &Machine::missed, &m_channels, &TrendChannels::takeMissed);
+    connect(machine, &Machine::clockSet, this, [this](qint64 by) {
+        m_clock.shift(by);
+        shift(by);
+    });
     connect(machine, &Machine::lineChanged, this, [this](const LineStatus& status) {
         if (status.state == LineState::Closed || status.state == LineState::Opening)
             followClock();
@@ -170,10 +174,14 @@ void TrendPage::connectMachine(Machine* machine)
 void TrendPage::followClock()
 {
     const qint64 back = m_clock.follow(m_steady.elapsed(), QDateTime::currentMSecsSinceEpoch());
-    if (back == 0)
-        return;
-    m_channels.shift(-back);
-    m_view.shift(-back);
+    if (back != 0)
+        shift(-back);
+}
+
+void TrendPage::shift(qint64 milliseconds)
+{
+    m_channels.shift(milliseconds);
+    m_view.shift(milliseconds);
 }
 
 void TrendPage::addValues(const QList<int>& numbers)

@@ -59,6 +59,7 @@ private:
     void showState();
     qint64 now() const { return m_clock.now(m_steady.elapsed()); }
     void followClock();
+    void shift(qint64 milliseconds);
 
     QElapsedTimer m_steady;
     LineClock m_clock;

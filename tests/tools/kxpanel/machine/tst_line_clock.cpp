@@ -37,6 +37,16 @@ private slots:
         QCOMPARE(clock.now(0), qint64(12599000));
     }
 
+    void goesWithTheOpenLine()
+    {
+        TrendClock clock;
+        clock.follow(0, 9000000);
+        clock.shift(-3600000);
+        QCOMPARE(clock.now(1000), qint64(5401000));
+        // The system's own, which was set by as much
+        QCOMPARE(clock.follow(2000, 5402000), qint64(0));
+    }
+
     void nothingIsReadInTheFuture()
     {
         LineClock clock;

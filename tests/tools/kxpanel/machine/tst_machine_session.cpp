@@ -4,6 +4,7 @@
 #include "kxpanel/machine/machine_line.h"
 #include "tools/kxpanel/machine_fixture.h"
 
+#include <QtCore/QDateTime>
 #include <QtTest/QTest>
 
 using namespace kxpanel;
@@ -19,6 +20,8 @@ private slots:
     void whileListenersStandStillTheLatestIsKept();
     void aShortPauseLosesNoExchange();
     void theEndIsToldThoughNobodyListens();
+    void timesFollowTheClockThatIsSet();
+    void timesFollowASleep();
 
 private:
     void start(int most, int mostKept);
@@ -32,6 +35,9 @@ private:
     QList<qint64> m_numbers; ///< of the exchanges told
     QMap<int, Reading> m_readings;
     QList<Missed> m_missed;
+    qint64 m_setBy = 0; ///< of the test's clock of the day, milliseconds
+    qint64 m_slept = 0; ///< milliseconds
+    QList<qint64> m_steps;
     int m_toTake = 0;
     int m_counts = 0;
 };
@@ -42,6 +48,8 @@ void MachineSessionTest::init()
     m_numbers.clear();
     m_readings.clear();
     m_missed.clear();
+    m_setBy = m_slept = 0;
+    m_steps.clear();
     m_toTake = 0;
     m_counts = 0;
 }
@@ -67,8 +75,13 @@ void MachineSessionTest::start(int most, int mostKept)
         kx::Session::create(entryPoints, m_line->connection->line(), options.session, &error);
     QVERIFY2(session, qPrintable(error));
     m_backlog = std::make_unique<Backlog>(most);
-    m_session =
-        std::make_unique<MachineSession>(std::move(session), nullptr, m_backlog.get(), 0, mostKept);
+    const auto clocks = [this] {
+        const SystemTimes now = systemTimes();
+        return SystemTimes{now.steady + m_slept, now.timeOfDay + m_slept + m_setBy};
+    };
+    m_session = std::make_unique<MachineSession>(std::move(session), nullptr, m_backlog.get(), 0,
+                                                 mostKept, clocks);
+    connect(m_session.get(), &MachineSession::clockSet, this, [this](qint64 by) { m_steps << by; });
     connect(m_session.get(), &MachineSession::exchanged, this,
             [this](const QVector<Exchange>& exchanges) {
                 m_order << "exchanges";
@@ -157,6 +170,31 @@ void MachineSessionTest::theEndIsToldThoughNobodyListens()
     QCOMPARE(m_missed.size(), 1);
     QCOMPARE(m_missed.first().exchanges + m_numbers.size(), m_session->exchanges());
     QCOMPARE(m_counts, 1);
+}
+
+void MachineSessionTest::timesFollowTheClockThatIsSet()
+{
+    start(1000000, 1000);
+    pass(20);
+    m_setBy = -3600000;
+    QTRY_COMPARE(m_steps.size(), 1);
+    QVERIFY(qAbs(m_steps.first() + 3600000) < 50);
+    pass(20);
+    const qint64 age = QDateTime::currentMSecsSinceEpoch() - 3600000 - m_readings.value(2).readAt;
+    QVERIFY2(age > -50 && age < 2000, qPrintable(QString::number(age)));
+    QCOMPARE(m_steps.size(), 1);
+}
+
+void MachineSessionTest::timesFollowASleep()
+{
+    start(1000000, 1000);
+    pass(20);
+    m_slept = 7200000;
+    pass(20);
+    QTRY_VERIFY(m_readings.value(2).readAt - QDateTime::currentMSecsSinceEpoch() > 7190000);
+    const qint64 age = QDateTime::currentMSecsSinceEpoch() + 7200000 - m_readings.value(2).readAt;
+    QVERIFY2(age > -50 && age < 2000, qPrintable(QString::number(age)));
+    QCOMPARE(m_steps.size(), 0);
 }
 
 QTEST_MAIN(MachineSessionTest)

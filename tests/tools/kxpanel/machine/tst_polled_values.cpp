@@ -82,21 +82,22 @@ void PolledValuesTest::whatAPollCoversIsMarked()
     // The third takes D102 and D103.
     PolledValues values =
         polled({"D100", "D101", "D102/float", "D101", "D100@2", "CV100", "M100"}, &list);
-    QCOMPARE(numbersOf(values.takeMarked(list, 0)), (QList<int>{1, 2, 3, 4, 5, 6, 7})); // new
+    QCOMPARE(numbersOf(values.takeMarked(list, SessionTimes())),
+             (QList<int>{1, 2, 3, 4, 5, 6, 7})); // new
     values.markRead(watched(1, poll.constData()).tag.range);
-    QTEST(numbersOf(values.takeMarked(list, 0)), "numbers");
+    QTEST(numbersOf(values.takeMarked(list, SessionTimes())), "numbers");
 }
 
 void PolledValuesTest::markedOnceIsToldOnce()
 {
     kx::WatchList list;
     PolledValues values = polled({"D100", "D101"}, &list);
-    values.takeMarked(list, 0);
+    values.takeMarked(list, SessionTimes());
     QVERIFY(!values.hasMarked());
     values.mark({1});
     values.mark({1});
     QVERIFY(values.hasMarked());
-    QCOMPARE(numbersOf(values.takeMarked(list, 0)), QList<int>{2});
+    QCOMPARE(numbersOf(values.takeMarked(list, SessionTimes())), QList<int>{2});
     QVERIFY(!values.hasMarked());
 }
 
@@ -104,7 +105,9 @@ void PolledValuesTest::aTimeIsOfTheClockOnTheWall()
 {
     kx::WatchList list;
     PolledValues values = polled({"D100"}, &list);
-    Reading reading = values.takeMarked(list, 1700000000000).first();
+    SessionTimes times;
+    times.look(0, {500000, 1700000000000});
+    Reading reading = values.takeMarked(list, times).first();
     QCOMPARE(reading.state, kx::WatchState::NeverRead);
     QCOMPARE(reading.readAt, qint64(0));
     QCOMPARE(reading.changedAt, qint64(0));
@@ -118,7 +121,7 @@ void PolledValuesTest::aTimeIsOfTheClockOnTheWall()
     list.onChange(
         1, poll.regType, 100, [](const kx::WatchEntry&) { return QList<qint64>{6}; }, 300);
     values.markAll();
-    reading = values.takeMarked(list, 1700000000000).first();
+    reading = values.takeMarked(list, times).first();
     QCOMPARE(reading.state, kx::WatchState::Ok);
     QCOMPARE(reading.raw, QList<qint64>{6});
     QCOMPARE(reading.readAt, qint64(1700000000250));
@@ -133,7 +136,7 @@ void PolledValuesTest::whatWasNeverReadHasNoValue()
     list.onChange(
         1, QStringLiteral("D"), 100, [](const kx::WatchEntry&) { return QList<qint64>{0}; }, 300);
     values.markAll();
-    const Reading reading = values.takeMarked(list, 1700000000000).first();
+    const Reading reading = values.takeMarked(list, SessionTimes()).first();
     QCOMPARE(reading.state, kx::WatchState::NeverRead);
     QCOMPARE(reading.raw, QList<qint64>());
 }

@@ -166,6 +166,8 @@ private slots:
     void layoutsOfAnySizeAreTaken();
     void anotherProjectBeginsAnew();
     void readsOfALaterClockAreShown();
+    void whatWasReadMovesWithTheClock();
+    void whatWasMissedIsNotDrawn();
     void picturesAreSaved();
     void aRecordingIsOpened();
     void aFileThatCannotBeReadLeavesTheOneBeingRead();
@@ -643,6 +645,40 @@ void TrendPageTest::readsOfALaterClockAreShown()
     QCOMPARE(window.text(0, TrendLegend::Now), QString("20"));
     QVERIFY(window.to() >= later);
     QVERIFY(window.pixelsOf(BLUE) > 100);
+}
+
+void TrendPageTest::whatWasReadMovesWithTheClock()
+{
+    Window window;
+    window.drop({window.numbers.at(0)});
+    window.read();
+    const qint64 hour = 3600000;
+    emit window.machine.clockSet(-hour);
+    const qint64 now = QDateTime::currentMSecsSinceEpoch() - hour;
+    emit window.machine.valuesRead({readingOf(window.numbers.at(0), 200, now)});
+    window.waitUntilDrawn();
+    QCOMPARE(window.text(0, TrendLegend::Now), QString("20"));
+    QVERIFY(qAbs(window.to() - now) < 2000);
+    QVERIFY(window.pixelsOf(BLUE) > 100); // of all that was before
+}
+
+void TrendPageTest::whatWasMissedIsNotDrawn()
+{
+    Window window;
+    window.drop({window.numbers.at(0)});
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    emit window.machine.valuesRead({readingOf(window.numbers.at(0), 100, now - 40000)});
+    emit window.machine.valuesRead({readingOf(window.numbers.at(0), 100, now - 1000)});
+    window.waitUntilDrawn();
+    const int whole = window.pixelsOf(BLUE);
+    Window other;
+    other.drop({other.numbers.at(0)});
+    emit other.machine.valuesRead({readingOf(other.numbers.at(0), 100, now - 40000)});
+    emit other.machine.missed({now - 39000, now, 100});
+    emit other.machine.valuesRead({readingOf(other.numbers.at(0), 100, now - 1000)});
+    other.waitUntilDrawn();
+    QVERIFY(whole > 100);
+    QVERIFY2(other.pixelsOf(BLUE) < whole / 4, qPrintable(QString::number(other.pixelsOf(BLUE))));
 }
 
 void TrendPageTest::picturesAreSaved()

@@ -7,6 +7,7 @@
 
 #include <QtCore/QDateTime>
 
+#include <algorithm>
 #include <utility>
 
 namespace kxpanel
@@ -118,6 +119,15 @@ void ValueWriter::writeNext()
         return std::unique_ptr<kx::Job>(
             new kx::WriteJob(session, QList<kx::Assignment>{assignment}));
     });
+}
+
+void ValueWriter::onClockSet(qint64 by)
+{
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    for (ValueWrite& write : m_writes) {
+        if (write.endedAt > 0) // one that has ended since knows the new time
+            write.endedAt = std::min(write.endedAt + by, now);
+    }
 }
 
 void ValueWriter::onJobEnded(int ticket, const kx::Failure& failure)

@@ -64,6 +64,8 @@ public:
     void follow();
 
 public slots:
+    /// As Machine::clockSet(): else what is read later could seem to be older than a write.
+    void onClockSet(qint64 by);
     void onJobEnded(int ticket, const kx::Failure& failure);
 
 signals:

@@ -38,6 +38,8 @@ private slots:
     void tellsTheEndOfWhatHasGone();
     void tellsWhenAllHaveEnded();
     void callsOffWhatWaits();
+    void endsMoveWithTheClock_data();
+    void endsMoveWithTheClock();
 
 private:
     void write(int number, const char* typed);
@@ -272,6 +274,28 @@ void ValueWriterTest::callsOffWhatWaits()
     m_writer->onJobEnded(m_tickets.at(0), kx::Failure());
     QCOMPARE(phase(1), ValueWrite::Confirmed);
     QCOMPARE(m_tickets.size(), 1);
+}
+
+void ValueWriterTest::endsMoveWithTheClock_data()
+{
+    QTest::addColumn<qint64>("by");
+    QTest::addColumn<qint64>("moved");
+    QTest::newRow("back by an hour") << qint64(-3600000) << qint64(-3600000);
+    QTest::newRow("on, before the write ended") << qint64(3600000) << qint64(0);
+}
+
+void ValueWriterTest::endsMoveWithTheClock()
+{
+    QFETCH(qint64, by);
+    QFETCH(qint64, moved);
+    write(1, "5");
+    m_writer->onClockSet(by);
+    QCOMPARE(m_writer->writeOf(1)->endedAt, qint64(0));
+    m_writer->onJobEnded(m_tickets.first(), kx::Failure());
+    const qint64 endedAt = m_writer->writeOf(1)->endedAt;
+    m_writer->onClockSet(by);
+    const qint64 off = m_writer->writeOf(1)->endedAt - endedAt - moved;
+    QVERIFY2(off >= 0 && off < 1000, qPrintable(QString::number(off)));
 }
 
 QTEST_GUILESS_MAIN(ValueWriterTest)
