@@ -36,7 +36,7 @@ _kxpanel_values()
 _kxpanel_takes_number()
 {
     case $1 in
-        --station | -a | --timeout | -t | --settle | --quiet | --retries | -r | --reopen) ;;
+        --station | -a | --timeout | -t | --settle | --quiet | --retries | -r) ;;
         --max-bits | --tcp | --fault-seed | --fault-delay) ;;
         *) return 1 ;;
     esac

@@ -22,10 +22,10 @@ const char EXAMPLES[] = "\nExamples:\n"
 
 const char EXIT_CODES[] = "\nExit codes: 0 fine, 2 wrong usage, 3 no display.\n";
 
-/// What a window needs not.
+/// What a window needs not: a lost line is opened again until somebody closes it.
 QStringList notTaken()
 {
-    return {QStringLiteral("frames"), QStringLiteral("json")};
+    return {QStringLiteral("frames"), QStringLiteral("json"), QStringLiteral("reopen")};
 }
 
 void declare(QCommandLineParser* parser)

@@ -69,6 +69,9 @@ void WindowOptionsTest::whatIsWrong_data()
     QTest::newRow("an option of kxhost alone")
         << QStringList{"--simulate", "--json"}
         << "Unknown option 'json'; kxpanel --help lists the options";
+    QTest::newRow("opening again, which a window always does")
+        << QStringList{"--port", "a", "--reopen", "60"}
+        << "Unknown option 'reopen'; kxpanel --help lists the options";
     QTest::newRow("two lines") << QStringList{"--simulate", "--tcp", "gateway"}
                                << "only one of --port, --tcp and --simulate can be used";
     QTest::newRow("a speed without a line")
