@@ -20,8 +20,9 @@ bool isFrame(const QByteArray& reply)
 
 } // namespace
 
-GatewayAdvice::GatewayAdvice(const QString& name, GatewayProtocol spoken)
-    : m_name(name), m_spoken(spoken)
+GatewayAdvice::GatewayAdvice(const QString& name, GatewayProtocol spoken,
+                             const ProtocolNames& names)
+    : m_name(name), m_spoken(spoken), m_names(names)
 {
 }
 
@@ -39,7 +40,7 @@ QString GatewayAdvice::text() const
     if (m_isUnderstood)
         return QString();
     if (m_sendsMbap)
-        return Text::tr("%1 answers with Modbus TCP frames; use --protocol tcp").arg(m_name);
+        return Text::tr("%1 answers with Modbus TCP frames; use %2").arg(m_name, m_names.tcp);
     const bool isSilent = m_hasAsked && !m_sendsBytes;
     if (!m_isLost && !isSilent)
         return QString();
@@ -47,10 +48,10 @@ QString GatewayAdvice::text() const
         (m_isLost ? Text::tr("the connection to %1 is lost and no station has answered")
                   : Text::tr("nothing came from %1"))
             .arg(m_name);
-    return (m_spoken == GatewayProtocol::Rtu
-                ? Text::tr("%1; if it is a Modbus TCP server, use --protocol tcp")
-                : Text::tr("%1; if it passes the serial line's bytes on, use --protocol rtu"))
-        .arg(fact);
+    return m_spoken == GatewayProtocol::Rtu
+               ? Text::tr("%1; if it is a Modbus TCP server, use %2").arg(fact, m_names.tcp)
+               : Text::tr("%1; if it passes the serial line's bytes on, use %2")
+                     .arg(fact, m_names.rtu);
 }
 
 void AdviceGiver::operator()(GatewayAdvice* advice) const

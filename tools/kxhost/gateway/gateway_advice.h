@@ -8,6 +8,12 @@
 namespace kx
 {
 
+/// How a person chooses a protocol.
+struct ProtocolNames {
+    QString rtu = QStringLiteral("--protocol rtu");
+    QString tcp = QStringLiteral("--protocol tcp");
+};
+
 /// Looks at what a gateway answers: a server of Modbus TCP takes RTU frames for something else, and
 /// the other way round; it answers with its own frames, closes the connection or says nothing.
 class GatewayAdvice : public QObject
@@ -17,7 +23,8 @@ class GatewayAdvice : public QObject
 public:
     /// @param name of the gateway's line
     /// @param spoken in which it is spoken to
-    GatewayAdvice(const QString& name, GatewayProtocol spoken);
+    GatewayAdvice(const QString& name, GatewayProtocol spoken,
+                  const ProtocolNames& names = ProtocolNames());
 
     /// One line that says what to try, when no station has answered in the protocol spoken; empty
     /// while nothing speaks for the other one.
@@ -30,6 +37,7 @@ public:
 private:
     QString m_name;
     GatewayProtocol m_spoken;
+    ProtocolNames m_names;
     bool m_hasAsked = false;
     bool m_isUnderstood = false; ///< a frame came in the protocol spoken
     bool m_sendsMbap = false;    ///< which is not spoken

@@ -91,7 +91,9 @@ void Machine::beginSession()
     m_parts->hasNewLimits = false;
     std::unique_ptr<kx::GatewayAdvice> advice;
     if (!options.gateway.host.isEmpty() && !options.simulate)
-        advice = std::make_unique<kx::GatewayAdvice>(line->name(), options.protocol);
+        advice = std::make_unique<kx::GatewayAdvice>(
+            line->name(), options.protocol,
+            kx::ProtocolNames{tr("Modbus RTU as the protocol"), tr("Modbus TCP as the protocol")});
     beginWork(std::make_unique<MachineSession>(std::move(session), std::move(advice),
                                                m_parts->backlog, m_parts->exchanges));
 }

@@ -41,6 +41,7 @@ private slots:
     void whatIsToBeTried_data();
     void whatIsToBeTried();
     void aConnectionLostAtTheFirstRequest();
+    void protocolsAreNamedAsTheyAreChosen();
 };
 
 void GatewayAdviceTest::whatIsToBeTried_data()
@@ -94,6 +95,23 @@ void GatewayAdviceTest::aConnectionLostAtTheFirstRequest()
     GatewayAdvice advice(QStringLiteral("box:502"), GatewayProtocol::Rtu);
     advice.onLineLost();
     QCOMPARE(advice.text(), QString::fromLatin1(CLOSED));
+}
+
+void GatewayAdviceTest::protocolsAreNamedAsTheyAreChosen()
+{
+    ProtocolNames names;
+    names.tcp = QStringLiteral("Modbus TCP as the protocol");
+    names.rtu = QStringLiteral("Modbus RTU as the protocol");
+    GatewayAdvice advice(QStringLiteral("box:502"), GatewayProtocol::Rtu, names);
+    advice.onLineLost();
+    QCOMPARE(advice.text(),
+             QStringLiteral("the connection to box:502 is lost and no station has answered; if it "
+                            "is a Modbus TCP server, use Modbus TCP as the protocol"));
+    GatewayAdvice other(QStringLiteral("box:8888"), GatewayProtocol::Tcp, names);
+    other.onLineLost();
+    QCOMPARE(other.text(),
+             QStringLiteral("the connection to box:8888 is lost and no station has answered; if it "
+                            "passes the serial line's bytes on, use Modbus RTU as the protocol"));
 }
 
 QTEST_APPLESS_MAIN(GatewayAdviceTest)
