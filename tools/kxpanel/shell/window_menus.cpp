@@ -166,7 +166,10 @@ void WindowMenus::showAbout()
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowTitle(tr("About kxpanel"));
     box->setText(tr("Values, trends and the line of KX series controllers"));
-    box->setInformativeText(versionRows().join(QLatin1Char('\n')));
+    // Which the library that draws the trends asks for.
+    const QString qwt =
+        tr("kxpanel is based in part on the work of the Qwt project (http://qwt.sf.net).");
+    box->setInformativeText((versionRows() << QString() << qwt).join(QLatin1Char('\n')));
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box->open();
 }
