@@ -1487,6 +1487,14 @@
         <source>%1; name its file with --library</source>
         <translation>%1; ihre Datei mit --library nennen</translation>
     </message>
+    <message>
+        <source>Modbus RTU as the protocol</source>
+        <translation>als Protokoll Modbus RTU</translation>
+    </message>
+    <message>
+        <source>Modbus TCP as the protocol</source>
+        <translation>als Protokoll Modbus TCP</translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::MachineJobs</name>
@@ -2862,6 +2870,10 @@
         <source>Values, trends and the line of KX series controllers</source>
         <translation>Werte, Verläufe und Leitung von Steuerungen der KX-Serie</translation>
     </message>
+    <message>
+        <source>kxpanel is based in part on the work of the Qwt project (http://qwt.sf.net).</source>
+        <translation>kxpanel beruht zum Teil auf der Arbeit des Qwt-Projekts (http://qwt.sf.net).</translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::WriteBar</name>
@@ -3149,8 +3161,8 @@
         <translation>Treiberbibliothek: %1</translation>
     </message>
     <message>
-        <source>%1 answers with Modbus TCP frames; use --protocol tcp</source>
-        <translation>%1 antwortet mit Telegrammen von Modbus TCP; --protocol tcp nehmen</translation>
+        <source>%1 answers with Modbus TCP frames; use %2</source>
+        <translation>%1 antwortet mit Telegrammen von Modbus TCP; %2 nehmen</translation>
     </message>
     <message>
         <source>the connection to %1 is lost and no station has answered</source>
@@ -3161,12 +3173,12 @@
         <translation>von %1 kam nichts</translation>
     </message>
     <message>
-        <source>%1; if it is a Modbus TCP server, use --protocol tcp</source>
-        <translation>%1; ist es ein Modbus-TCP-Server, --protocol tcp nehmen</translation>
+        <source>%1; if it is a Modbus TCP server, use %2</source>
+        <translation>%1; ist es ein Modbus-TCP-Server, %2 nehmen</translation>
     </message>
     <message>
-        <source>%1; if it passes the serial line's bytes on, use --protocol rtu</source>
-        <translation>%1; reicht es die Bytes der seriellen Leitung durch, --protocol rtu nehmen</translation>
+        <source>%1; if it passes the serial line's bytes on, use %2</source>
+        <translation>%1; reicht es die Bytes der seriellen Leitung durch, %2 nehmen</translation>
     </message>
     <message>
         <source>must be a whole number of milliseconds from %1 to %2</source>
