@@ -14,7 +14,7 @@ template <typename T>
 class Ring
 {
 public:
-    /// @param most items that are kept, 1 or more
+    /// @param most items that are kept; a power of two
     explicit Ring(int most) : m_most(most) {}
 
     void append(const T& item)
@@ -22,7 +22,7 @@ public:
         if (m_end < m_most)
             m_items.push_back(item);
         else
-            m_items[static_cast<std::size_t>(m_end % m_most)] = item;
+            m_items[placeOf(m_end)] = item;
         ++m_end;
     }
 
@@ -45,14 +45,20 @@ public:
     qint64 end() const { return m_end; }
     bool isEmpty() const { return m_end == 0; }
     bool keeps(qint64 number) const { return number >= first() && number < m_end; }
-    const T& at(qint64 number) const { return m_items[static_cast<std::size_t>(number % m_most)]; }
+    const T& at(qint64 number) const { return m_items[placeOf(number)]; }
     qint64 bytes() const
     {
         return static_cast<qint64>(m_items.capacity()) * static_cast<qint64>(sizeof(T));
     }
 
 private:
-    int m_most;
+    /// Without a division, which a picture of a curve would do a hundred thousand times.
+    std::size_t placeOf(qint64 number) const
+    {
+        return static_cast<std::size_t>(number & (m_most - 1));
+    }
+
+    qint64 m_most;
     std::vector<T> m_items;
     qint64 m_end = 0;
 };

@@ -47,7 +47,9 @@ TrendSpan newestSpan(const Ring<T>& items)
 template <typename T>
 qint64 lastItemBefore(const Ring<T>& items, qint64 time)
 {
-    qint64 low = items.first() - 1;
+    if (items.isEmpty() || timeOf(items.at(items.first())) >= time)
+        return -1;
+    qint64 low = items.first();
     qint64 high = items.end();
     while (high - low > 1) {
         const qint64 middle = low + (high - low) / 2;
@@ -56,7 +58,7 @@ qint64 lastItemBefore(const Ring<T>& items, qint64 time)
         else
             high = middle;
     }
-    return low < items.first() ? -1 : low;
+    return low;
 }
 
 } // namespace kxpanel

@@ -128,22 +128,21 @@ TrendStore::Place TrendStore::lastBefore(qint64 time) const
 }
 
 /// The first sample that counts from a time on: at that time, else the one that held then.
-qint64 TrendStore::numberFrom(qint64 time) const
+/// @param before lastBefore() it
+qint64 TrendStore::numberFrom(const Place& before, qint64 time) const
 {
-    const Place place = lastBefore(time);
-    if (place.number < 0)
+    if (before.number < 0)
         return oldest();
-    const qint64 next = place.number + 1;
-    const bool isAtTime = place.width == 1 && next < m_samples.end() && m_samples.keeps(next)
+    const qint64 next = before.number + 1;
+    const bool isAtTime = before.width == 1 && next < m_samples.end() && m_samples.keeps(next)
                           && m_samples.at(next).time == time;
-    return isAtTime ? next : place.number;
+    return isAtTime ? next : before.number;
 }
 
 /// Behind the last sample before a time.
-qint64 TrendStore::numberTo(qint64 time) const
+qint64 TrendStore::numberTo(const Place& before) const
 {
-    const Place place = lastBefore(time);
-    return place.number < 0 ? oldest() : place.number + place.width;
+    return before.number < 0 ? oldest() : before.number + before.width;
 }
 
 /// The widest span that begins with a sample and ends before `end`, else the finest that is left of
@@ -169,11 +168,10 @@ TrendSpan TrendStore::spanFrom(qint64 number, qint64 end, qint64* next) const
     return span;
 }
 
-TrendSpan TrendStore::between(qint64 from, qint64 to) const
+TrendSpan TrendStore::joined(qint64 first, qint64 end) const
 {
     TrendSpan all;
-    const qint64 end = numberTo(to);
-    for (qint64 number = numberFrom(from); number < end;) {
+    for (qint64 number = first; number < end;) {
         qint64 next = 0;
         all.add(spanFrom(number, end, &next));
         number = next;
@@ -181,14 +179,22 @@ TrendSpan TrendStore::between(qint64 from, qint64 to) const
     return all;
 }
 
+TrendSpan TrendStore::between(qint64 from, qint64 to) const
+{
+    return joined(numberFrom(lastBefore(from), from), numberTo(lastBefore(to)));
+}
+
 QVector<TrendSpan> TrendStore::columns(qint64 from, qint64 step, int count, qint64 until) const
 {
     QVector<TrendSpan> columns(count);
+    Place before = lastBefore(from);
     for (int column = 0; column < count; ++column) {
         const qint64 begin = from + column * step;
         if (begin > until)
             break;
-        columns[column] = between(begin, begin + step);
+        const Place last = lastBefore(begin + step);
+        columns[column] = joined(numberFrom(before, begin), numberTo(last));
+        before = last;
     }
     return columns;
 }
@@ -196,8 +202,8 @@ QVector<TrendSpan> TrendStore::columns(qint64 from, qint64 step, int count, qint
 QVector<TrendSample> TrendStore::samples(qint64 from, qint64 to) const
 {
     QVector<TrendSample> samples;
-    const qint64 end = numberTo(to);
-    for (qint64 number = numberFrom(from); number < end;) {
+    const qint64 end = numberTo(lastBefore(to));
+    for (qint64 number = numberFrom(lastBefore(from), from); number < end;) {
         qint64 next = 0;
         addSpan(spanFrom(number, number + 1, &next), &samples);
         number = next;

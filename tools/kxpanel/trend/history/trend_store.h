@@ -70,8 +70,9 @@ private:
 
     Place lastBefore(qint64 time) const;
     qint64 oldest() const;
-    qint64 numberFrom(qint64 time) const;
-    qint64 numberTo(qint64 time) const;
+    qint64 numberFrom(const Place& before, qint64 time) const;
+    qint64 numberTo(const Place& before) const;
+    TrendSpan joined(qint64 first, qint64 end) const;
     TrendSpan spanFrom(qint64 number, qint64 end, qint64* next) const;
 
     Ring<TrendSample> m_samples;

@@ -25,20 +25,43 @@ TrendCurves::TrendCurves(TrendSide side, const TrendChannels* channels, const Tr
     setZ(20);
 }
 
+/// What is seen of the curves, from below: those above are asked first.
+QVector<TrendCurves::Curve> TrendCurves::visibleCurves(double width) const
+{
+    QVector<Curve> curves;
+    TrendCover cover;
+    const QList<TrendChannel>& channels = m_channels->list();
+    const QColor ground = plot()->canvas()->palette().color(QPalette::Base);
+    for (int index = static_cast<int>(channels.size()) - 1; index >= 0; --index) {
+        const TrendChannel& channel = channels.at(index);
+        if (!channel.isShown || channel.axis != m_axis)
+            continue;
+        Curve curve{trendPen(channel.look, ground),
+                    strokesOf(visibleOutline(channel, *m_view, width))};
+        const QVector<QLineF> whole = curve.strokes.columns;
+        cover.cut(&curve.strokes.columns);
+        cover.add(whole);
+        curves.prepend(curve);
+    }
+    return curves;
+}
+
 void TrendCurves::draw(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
                        const QRectF& canvasRect) const
 {
-    const QColor ground = plot()->canvas()->palette().color(QPalette::Base);
+    const auto place = [&](const QPointF& point) {
+        return QPointF(xMap.transform(point.x()), yMap.transform(point.y()));
+    };
     painter->save();
     painter->setClipRect(canvasRect);
-    for (const TrendChannel& channel : m_channels->list()) {
-        if (!channel.isShown || channel.axis != m_axis)
-            continue;
-        painter->setPen(trendPen(channel.look, ground));
-        drawOutline(painter, visibleOutline(channel, *m_view, canvasRect.width()),
-                    [&](const QPointF& point) {
-                        return QPointF(xMap.transform(point.x()), yMap.transform(point.y()));
-                    });
+    for (const Curve& curve : visibleCurves(canvasRect.width())) {
+        QPen upright = curve.pen;
+        upright.setStyle(Qt::SolidLine); // dashes of neighbours would be a carpet
+        painter->setPen(upright);
+        for (const QLineF& column : curve.strokes.columns)
+            QwtPainter::drawLine(painter, place(column.p1()), place(column.p2()));
+        painter->setPen(curve.pen);
+        drawOutline(painter, curve.strokes.paths, place);
     }
     painter->restore();
 }

@@ -1,11 +1,13 @@
 #ifndef KX_KXPANEL_TREND_PLOT_TREND_CURVES_H
 #define KX_KXPANEL_TREND_PLOT_TREND_CURVES_H
 
+#include "kxpanel/trend/history/trend_strokes.h"
 #include "kxpanel/trend/model/trend_channels.h"
 #include "kxpanel/trend/model/trend_view.h"
 
 #include <QtGui/QColor>
 #include <QtGui/QPainter>
+#include <QtGui/QPen>
 
 #include <qwt_painter.h>
 #include <qwt_plot_item.h>
@@ -26,6 +28,13 @@ public:
               const QRectF& canvasRect) const override;
 
 private:
+    struct Curve {
+        QPen pen;
+        TrendStrokes strokes;
+    };
+
+    QVector<Curve> visibleCurves(double width) const;
+
     TrendAxis m_axis;
     const TrendChannels* m_channels;
     const TrendView* m_view;
@@ -40,6 +49,8 @@ void drawOutline(QPainter* painter, const QVector<QPolygonF>& outline, const Pla
             point = place(point);
         if (polygon.size() == 1)
             painter->drawPoint(polygon.first());
+        else if (polygon.size() == 2)
+            QwtPainter::drawLine(painter, polygon.first(), polygon.last());
         else
             QwtPainter::drawPolyline(painter, polygon);
     }
