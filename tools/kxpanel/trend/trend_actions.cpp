@@ -91,6 +91,10 @@ public:
         actions->open = make("open", tr("Open recording…"),
                              tr("Show a file that was recorded, *.csv or *.sqlite"),
                              {QKeySequence(QStringLiteral("Ctrl+Shift+O"))});
+        actions->showRecording =
+            make("showRecording", tr("Recording"),
+                 tr("Show the whole time of the recording that is opened"), {Qt::Key_R});
+        actions->showRecording->setEnabled(false);
         actions->exportPicture =
             make("exportPicture", tr("Save picture…"), tr("Save the plot as *.png or *.svg"),
                  {QKeySequence(QStringLiteral("Ctrl+Shift+E"))});

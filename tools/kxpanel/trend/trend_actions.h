@@ -27,6 +27,7 @@ struct TrendActions {
     QAction* clearCursors;
     QAction* remove; ///< the channels selected in the legend
     QAction* open;
+    QAction* showRecording;
     QAction* exportPicture;
     QAction* exportValues;
 };

@@ -1,6 +1,5 @@
 #include "kxpanel/trend/trend_files.h"
 
-#include "kxpanel/trend/files/trend_file_writer.h"
 #include "kxpanel/trend/model/trend_text.h"
 #include "kxpanel/trend/plot/trend_picture.h"
 
@@ -13,6 +12,7 @@ TrendFiles::TrendFiles(const Parts& parts, QWidget* window)
     : QObject(window), m_parts(parts), m_window(window)
 {
     connect(&m_reader, &TrendFileReader::finished, this, &TrendFiles::showRecording);
+    connect(&m_saver, &TrendSaver::ended, this, &TrendFiles::saySaved);
 }
 
 QFileDialog* TrendFiles::ask(const QString& title, const QString& filter, const QString& suffix,
@@ -61,9 +61,16 @@ void TrendFiles::open(const QString& path)
 void TrendFiles::showRecording()
 {
     const int shown = m_parts.channels->setRecorded(m_reader.channels());
-    if (m_reader.range().to > m_reader.range().from)
-        m_parts.view->show(m_reader.range().from, m_reader.range().to);
+    m_recorded = m_reader.range();
+    showWhole();
     emit said(remarkOn(shown));
+    emit opened();
+}
+
+void TrendFiles::showWhole()
+{
+    if (m_recorded.to > m_recorded.from)
+        m_parts.view->show(m_recorded.from, m_recorded.to);
 }
 
 /// One line that names the file.
@@ -90,18 +97,27 @@ void TrendFiles::savePicture(const QString& path)
 void TrendFiles::saveValues(const QString& path)
 {
     QString error;
-    bool isThinned = false;
+    TrendExport values;
     const TrendView& view = *m_parts.view;
-    const bool isSaved = writeTrend(path, m_parts.channels->list(), {view.from(), view.to() + 1},
-                                    view.now(), &isThinned, &error);
-    if (!isSaved)
+    if (m_saver.isSaving())
+        return emit said(tr("%1 is still being saved").arg(m_saver.path()));
+    if (!gatherTrend(path, m_parts.channels->list(), {view.from(), view.to() + 1}, view.now(),
+                     &values, &error))
+        return emit said(error);
+    m_saver.save(values);
+    emit said(tr("Saving %1 …").arg(path));
+}
+
+void TrendFiles::saySaved(const QString& error)
+{
+    if (!error.isEmpty())
         emit said(error);
-    else if (isThinned)
+    else if (m_saver.isThinned())
         emit said(tr("%1 is saved; of old values only some are kept, the lowest and highest among "
                      "them")
-                      .arg(path));
+                      .arg(m_saver.path()));
     else
-        emit said(tr("%1 is saved").arg(path));
+        emit said(tr("%1 is saved").arg(m_saver.path()));
 }
 
 } // namespace kxpanel

@@ -2,6 +2,7 @@
 #define KX_KXPANEL_TREND_TREND_FILES_H
 
 #include "kxpanel/trend/files/trend_file_reader.h"
+#include "kxpanel/trend/files/trend_saver.h"
 #include "kxpanel/trend/model/trend_channels.h"
 #include "kxpanel/trend/model/trend_legend.h"
 #include "kxpanel/trend/model/trend_view.h"
@@ -35,23 +36,31 @@ public:
 
     /// Shows a recording instead of one that was opened before; said() comes when it is read.
     void open(const QString& path);
+    /// All of the time of the recording that is opened.
+    void showWhole();
     void savePicture(const QString& path);
+    /// said() comes once more when it is done.
     void saveValues(const QString& path);
 
 signals:
     /// One line.
     void said(const QString& text);
+    /// A recording is shown.
+    void opened();
 
 private:
     QFileDialog* ask(const QString& title, const QString& filter, const QString& suffix,
                      void (TrendFiles::*then)(const QString&));
     void showRecording();
     QString remarkOn(int shown) const;
+    void saySaved(const QString& error);
 
     Parts m_parts;
     QWidget* m_window;
     TrendFileReader m_reader;
-    QString m_path; ///< being read
+    TrendSaver m_saver;
+    QString m_path;        ///< being read
+    TrendRange m_recorded; ///< of the one that is shown
 };
 
 } // namespace kxpanel

@@ -61,6 +61,14 @@ TrendLegendView::TrendLegendView(TrendLegend* legend, QWidget* parent)
     horizontalHeader()->setSectionResizeMode(TrendLegend::Name, QHeaderView::Stretch);
 }
 
+QSize TrendLegendView::sizeHint() const
+{
+    const int rows = 5;
+    const int height = horizontalHeader()->sizeHint().height()
+                       + rows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
+    return QSize(QTableView::sizeHint().width(), height);
+}
+
 QList<int> TrendLegendView::selected() const
 {
     QList<int> numbers;

@@ -20,6 +20,9 @@ public:
     /// Numbers of the selected channels.
     QList<int> selected() const;
 
+    /// High enough for five values.
+    QSize sizeHint() const override;
+
 signals:
     void axisChosen(const QList<int>& numbers, kxpanel::TrendAxis axis);
 

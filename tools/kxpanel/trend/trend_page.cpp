@@ -77,8 +77,8 @@ void TrendPage::build()
     foot->addWidget(m_state, 1);
     foot->addWidget(m_field);
     rows->addLayout(foot);
-    const int text = fontMetrics().height();
-    parts->setSizes({text * 20, text * 7});
+    const int legend = m_table->sizeHint().height();
+    parts->setSizes({3 * legend, legend});
 }
 
 QToolBar* TrendPage::makeBar()
@@ -96,7 +96,8 @@ QToolBar* TrendPage::makeBar()
     for (QAction* action : {m_actions.firstCursor, m_actions.secondCursor, m_actions.clearCursors})
         bar->addAction(action);
     bar->addSeparator();
-    for (QAction* action : {m_actions.open, m_actions.exportPicture, m_actions.exportValues})
+    for (QAction* action :
+         {m_actions.open, m_actions.showRecording, m_actions.exportPicture, m_actions.exportValues})
         bar->addAction(action);
     return bar;
 }
@@ -125,6 +126,9 @@ void TrendPage::connectActions()
     on(m_actions.cursorRight, [this] { moveCursor(1); });
     on(m_actions.clearCursors, [this] { m_view.clearCursors(); });
     on(m_actions.open, [this] { m_files.askToOpen(); });
+    on(m_actions.showRecording, [this] { m_files.showWhole(); });
+    connect(&m_files, &TrendFiles::opened, this,
+            [this] { m_actions.showRecording->setEnabled(true); });
     on(m_actions.exportPicture, [this] { m_files.askToSavePicture(); });
     on(m_actions.exportValues, [this] { m_files.askToSaveValues(); });
     on(m_actions.remove, [this] { m_channels.remove(m_table->selected()); });

@@ -22,6 +22,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QCompleter>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QTableView>
@@ -169,6 +170,7 @@ private slots:
     void whatWasReadMovesWithTheClock();
     void whatWasMissedIsNotDrawn();
     void picturesAreSaved();
+    void theLegendShowsFiveValues();
     void aRecordingIsOpened();
     void aFileThatCannotBeReadLeavesTheOneBeingRead();
     void allHaveKeysTipsAndNames();
@@ -713,6 +715,14 @@ void TrendPageTest::picturesAreSaved()
              folder.filePath("plot.bmp") + ": its name must end with .png or .svg");
 }
 
+void TrendPageTest::theLegendShowsFiveValues()
+{
+    const Window window;
+    const QTableView* const table = window.page.findChild<QTableView*>();
+    const int rows = table->viewport()->height() / table->verticalHeader()->defaultSectionSize();
+    QVERIFY2(rows >= 5, qPrintable(QString::number(rows)));
+}
+
 void TrendPageTest::aRecordingIsOpened()
 {
     QTemporaryDir folder;
@@ -721,9 +731,16 @@ void TrendPageTest::aRecordingIsOpened()
     window.read();
     window.waitUntilDrawn();
     window.page.files()->saveValues(folder.filePath("plot.csv"));
-    QCOMPARE(window.said.last().at(0).toString(), folder.filePath("plot.csv") + " is saved");
+    QCOMPARE(window.said.last().at(0).toString(),
+             QString("Saving %1 \u2026").arg(folder.filePath("plot.csv")));
+    window.page.files()->saveValues(folder.filePath("other.csv"));
+    QCOMPARE(window.said.last().at(0).toString(),
+             folder.filePath("plot.csv") + " is still being saved");
+    QTRY_COMPARE(window.said.last().at(0).toString(), folder.filePath("plot.csv") + " is saved");
+    QVERIFY(!QFile::exists(folder.filePath("other.csv")));
 
     Window other;
+    QVERIFY(!other.action("showRecording")->isEnabled());
     other.page.files()->open(folder.filePath("plot.csv"));
     QTRY_COMPARE(other.legend->rowCount(), 1);
     other.waitUntilDrawn();
@@ -732,6 +749,12 @@ void TrendPageTest::aRecordingIsOpened()
     QCOMPARE(other.from(), window.firstRead);
     QVERIFY(other.pixelsOf(BLUE) > 100);
     QVERIFY(other.said.last().at(0).toString().startsWith(folder.filePath("plot.csv")));
+    other.key(Qt::Key_Home); // and back
+    other.waitUntilDrawn();
+    QVERIFY(other.from() != window.firstRead);
+    other.key(Qt::Key_R);
+    other.waitUntilDrawn();
+    QCOMPARE(other.from(), window.firstRead);
     other.page.files()->open(folder.filePath("none.csv"));
     QVERIFY(other.said.last().at(0).toString().startsWith(folder.filePath("none.csv") + ": "));
     QCOMPARE(other.legend->rowCount(), 1);

@@ -23,31 +23,32 @@ class TrendFileWriter
     Q_DECLARE_TR_FUNCTIONS(kxpanel::TrendFileWriter)
 };
 
-struct Row {
-    TrendSample sample;
-    int tag;
-};
-
-QVector<Row> rowsOf(const QList<TrendChannel>& channels, const TrendRange& range, qint64 now)
+QVector<TrendRow> rowsOf(const QList<TrendChannel>& channels, const TrendRange& range, qint64 now)
 {
-    QVector<Row> rows;
+    QVector<TrendRow> rows;
     for (int tag = 0; tag < channels.size(); ++tag) {
         const TrendChannel& channel = channels.at(tag);
         const qint64 end = std::min(range.to, channel.until(now) + 1);
         for (TrendSample sample : channel.store->samples(range.from, end)) {
             sample.time = std::max(sample.time, range.from);
             if (sample.time < end)
-                rows << Row{sample, tag};
+                rows << TrendRow{sample, tag};
         }
-        rows << Row{{std::max(end, range.from), gapValue(kx::GapReason::RecorderStopped)}, tag};
+        rows << TrendRow{{std::max(end, range.from), gapValue(kx::GapReason::RecorderStopped)},
+                         tag};
     }
-    std::stable_sort(rows.begin(), rows.end(), [](const Row& one, const Row& other) {
+    return rows;
+}
+
+QVector<TrendRow> inTime(QVector<TrendRow> rows)
+{
+    std::stable_sort(rows.begin(), rows.end(), [](const TrendRow& one, const TrendRow& other) {
         return one.sample.time < other.sample.time;
     });
     return rows;
 }
 
-void record(const Row& row, kx::RecordingWriter* writer)
+void record(const TrendRow& row, kx::RecordingWriter* writer)
 {
     kx::GapReason reason = kx::GapReason::NotYetRead;
     const TrendSample& sample = row.sample;
@@ -75,16 +76,12 @@ const TrendChannel* twinIn(const QList<TrendChannel>& channels)
     return nullptr;
 }
 
-bool writeRows(const QString& path, const QList<TrendChannel>& channels, const QVector<Row>& rows,
-               QString* error)
+bool writeRows(const QString& path, const TrendExport& gathered, QString* error)
 {
-    QList<kx::RecordedTag> tags;
-    for (const TrendChannel& channel : channels)
-        tags << kx::RecordedTag{channel.tagName, channel.station, channel.address, channel.unit};
     const std::unique_ptr<kx::RecordingWriter> writer = kx::recordingWriterFor(path, false);
-    if (!writer->open(path, tags, error))
+    if (!writer->open(path, gathered.tags, error))
         return false;
-    for (const Row& row : rows)
+    for (const TrendRow& row : inTime(gathered.rows))
         record(row, writer.get());
     const bool isWhole = writer->close();
     *error = writer->failure();
@@ -93,17 +90,20 @@ bool writeRows(const QString& path, const QList<TrendChannel>& channels, const Q
 
 } // namespace
 
-bool writeTrend(const QString& path, const QList<TrendChannel>& channels, const TrendRange& range,
-                qint64 now, bool* isThinned, QString* error)
+bool gatherTrend(const QString& path, const QList<TrendChannel>& channels, const TrendRange& range,
+                 qint64 now, TrendExport* gathered, QString* error)
 {
     QList<TrendChannel> shown;
-    *isThinned = false;
+    *gathered = TrendExport();
+    gathered->path = path;
     for (const TrendChannel& channel : channels) {
         if (!channel.isShown)
             continue;
         shown << channel;
-        *isThinned |= channel.store->begin() < channel.store->exactSince()
-                      && range.from < channel.store->exactSince();
+        gathered->tags << kx::RecordedTag{channel.tagName, channel.station, channel.address,
+                                          channel.unit};
+        gathered->isThinned |= channel.store->begin() < channel.store->exactSince()
+                               && range.from < channel.store->exactSince();
     }
     if (!kx::isRecordingName(path) || shown.isEmpty()) {
         *error = shown.isEmpty()
@@ -117,6 +117,13 @@ bool writeTrend(const QString& path, const QList<TrendChannel>& channels, const 
                 .arg(twin->address);
         return false;
     }
+    gathered->rows = rowsOf(shown, range, now);
+    return true;
+}
+
+bool writeTrend(const TrendExport& gathered, QString* error)
+{
+    const QString& path = gathered.path;
     const QFileInfo target(path);
     const QTemporaryDir folder(target.absolutePath() + QLatin1String("/.kxpanel-XXXXXX"));
     const QString made = folder.filePath(target.fileName());
@@ -124,7 +131,7 @@ bool writeTrend(const QString& path, const QList<TrendChannel>& channels, const 
         *error = QStringLiteral("%1: %2").arg(path, folder.errorString());
         return false;
     }
-    if (!writeRows(made, shown, rowsOf(shown, range, now), error))
+    if (!writeRows(made, gathered, error))
         return false;
     if (std::rename(QFile::encodeName(made).constData(), QFile::encodeName(path).constData()) == 0)
         return true;

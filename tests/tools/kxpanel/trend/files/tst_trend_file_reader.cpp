@@ -115,10 +115,10 @@ void TrendFileReaderTest::whatWasSavedIsOpened()
         channel.store->append(TEN + 1000, kxpanel::gapValue(kx::GapReason::LineLost));
         channel.store->append(TEN + 2000, -1e300);
         QString error;
-        bool isThinned = false;
-        QVERIFY2(kxpanel::writeTrend(pathOf(name), {channel}, {TEN, TEN + 3000}, TEN + 9000,
-                                     &isThinned, &error),
-                 qPrintable(error));
+        kxpanel::TrendExport gathered;
+        QVERIFY(kxpanel::gatherTrend(pathOf(name), {channel}, {TEN, TEN + 3000}, TEN + 9000,
+                                     &gathered, &error));
+        QVERIFY2(kxpanel::writeTrend(gathered, &error), qPrintable(error));
         TrendFileReader reader;
         read(&reader, pathOf(name));
         const TrendChannel& again = reader.channels().at(0);

@@ -24,6 +24,16 @@ TrendChannel channelOf(const char* name, const char* address, const char* unit =
     return channel;
 }
 
+bool save(const QString& path, const QList<TrendChannel>& channels,
+          const kxpanel::TrendRange& range, qint64 now, bool* isThinned, QString* error)
+{
+    kxpanel::TrendExport gathered;
+    if (!kxpanel::gatherTrend(path, channels, range, now, &gathered, error))
+        return false;
+    *isThinned = gathered.isThinned;
+    return kxpanel::writeTrend(gathered, error);
+}
+
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
@@ -72,8 +82,8 @@ void TrendFileWriterTest::writesWhatIsShown()
 
     QString error;
     bool isThinned = true;
-    QVERIFY2(kxpanel::writeTrend(pathOf("shown.csv"), {pressure, hidden, output}, {TEN, TEN + 5000},
-                                 TEN + 60000, &isThinned, &error),
+    QVERIFY2(save(pathOf("shown.csv"), {pressure, hidden, output}, {TEN, TEN + 5000}, TEN + 60000,
+                  &isThinned, &error),
              qPrintable(error));
     QVERIFY(!isThinned);
     QCOMPARE(contentOf(pathOf("shown.csv")),
@@ -94,8 +104,7 @@ void TrendFileWriterTest::theEndIsWhereNothingMoreIsKnown()
     live.store->append(TEN, 1);
     QString error;
     bool isThinned = false;
-    QVERIFY(kxpanel::writeTrend(pathOf("now.csv"), {live}, {TEN, TEN + 60000}, TEN + 2000,
-                                &isThinned, &error));
+    QVERIFY(save(pathOf("now.csv"), {live}, {TEN, TEN + 60000}, TEN + 2000, &isThinned, &error));
     QCOMPARE(contentOf(pathOf("now.csv")),
              QByteArray("time,D1@1,gaps\n"
                         "2026-11-23T10:00:00.000Z,1,\n"
@@ -111,11 +120,11 @@ void TrendFileWriterTest::saysWhatIsThinned()
     QString error;
     bool isThinned = false;
     const qint64 exact = channel.store->exactSince();
-    QVERIFY(kxpanel::writeTrend(pathOf("thin.csv"), {channel}, {exact, TEN + 2000}, TEN + 1000,
-                                &isThinned, &error));
+    QVERIFY(
+        save(pathOf("thin.csv"), {channel}, {exact, TEN + 2000}, TEN + 1000, &isThinned, &error));
     QVERIFY(!isThinned);
-    QVERIFY(kxpanel::writeTrend(pathOf("thin.csv"), {channel}, {exact - 1, TEN + 2000}, TEN + 1000,
-                                &isThinned, &error));
+    QVERIFY(save(pathOf("thin.csv"), {channel}, {exact - 1, TEN + 2000}, TEN + 1000, &isThinned,
+                 &error));
     QVERIFY(isThinned);
 }
 
@@ -126,9 +135,8 @@ void TrendFileWriterTest::replacesAFile()
     write(pathOf("old.csv"), "something else\n");
     QString error;
     bool isThinned = false;
-    QVERIFY2(
-        kxpanel::writeTrend(pathOf("old.csv"), {channel}, {TEN, TEN + 1}, TEN, &isThinned, &error),
-        qPrintable(error));
+    QVERIFY2(save(pathOf("old.csv"), {channel}, {TEN, TEN + 1}, TEN, &isThinned, &error),
+             qPrintable(error));
     QVERIFY(contentOf(pathOf("old.csv")).startsWith("time,D1@1,gaps\n"));
 }
 
@@ -137,12 +145,11 @@ void TrendFileWriterTest::faults()
     TrendChannel channel = channelOf("", "D1");
     QString error;
     bool isThinned = false;
-    QVERIFY(!kxpanel::writeTrend(pathOf("a.csv"), {}, {TEN, TEN + 1}, TEN, &isThinned, &error));
+    QVERIFY(!save(pathOf("a.csv"), {}, {TEN, TEN + 1}, TEN, &isThinned, &error));
     QCOMPARE(error, QString("No value is shown that could be saved"));
-    QVERIFY(!kxpanel::writeTrend("a.txt", {channel}, {TEN, TEN + 1}, TEN, &isThinned, &error));
+    QVERIFY(!save("a.txt", {channel}, {TEN, TEN + 1}, TEN, &isThinned, &error));
     QCOMPARE(error, QString("a.txt: its name must end with .csv or .sqlite"));
-    QVERIFY(!kxpanel::writeTrend(pathOf("no/where.csv"), {channel}, {TEN, TEN + 1}, TEN, &isThinned,
-                                 &error));
+    QVERIFY(!save(pathOf("no/where.csv"), {channel}, {TEN, TEN + 1}, TEN, &isThinned, &error));
     QVERIFY(error.startsWith(pathOf("no/where.csv") + ": "));
 }
 
@@ -155,16 +162,13 @@ void TrendFileWriterTest::twinsAreRefused()
     recorded.number = -1;
     QString error;
     bool isThinned = false;
-    QVERIFY(!kxpanel::writeTrend(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN,
-                                 &isThinned, &error));
+    QVERIFY(!save(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN, &isThinned, &error));
     QCOMPARE(error, QString("D1 is shown as it is and as it was recorded; hide one of both"));
     recorded.isShown = false;
-    QVERIFY(kxpanel::writeTrend(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN,
-                                &isThinned, &error));
+    QVERIFY(save(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN, &isThinned, &error));
     recorded.isShown = true;
     recorded.station = 2;
-    QVERIFY(kxpanel::writeTrend(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN,
-                                &isThinned, &error));
+    QVERIFY(save(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN, &isThinned, &error));
 }
 
 QTEST_GUILESS_MAIN(TrendFileWriterTest)

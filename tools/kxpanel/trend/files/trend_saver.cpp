@@ -1,0 +1,33 @@
+#include "kxpanel/trend/files/trend_saver.h"
+
+#include <QtCore/QThread>
+
+namespace kxpanel
+{
+
+TrendSaver::TrendSaver(QObject* parent) : QObject(parent) {}
+
+TrendSaver::~TrendSaver()
+{
+    if (m_thread)
+        m_thread->wait();
+}
+
+void TrendSaver::save(const TrendExport& recording)
+{
+    m_path = recording.path;
+    m_isThinned = recording.isThinned;
+    m_error.clear();
+    m_thread.reset(QThread::create([this, recording] { writeTrend(recording, &m_error); }));
+    connect(m_thread.get(), &QThread::finished, this, &TrendSaver::finish);
+    m_thread->start();
+}
+
+void TrendSaver::finish()
+{
+    m_thread->wait();
+    m_thread.reset();
+    emit ended(m_error);
+}
+
+} // namespace kxpanel
