@@ -59,8 +59,10 @@ MachineLog::MachineLog(const Machine* machine)
     });
     connect(machine, &Machine::exchanged, this,
             [this](const QVector<Exchange>& batch) { exchanges += batch; });
-    connect(machine, &Machine::lineChanged, this,
-            [this](const LineStatus& status) { states << stateText(status); });
+    connect(machine, &Machine::lineChanged, this, [this](const LineStatus& now) {
+        status = now;
+        states << stateText(now);
+    });
     connect(machine, &Machine::jobEnded, this, [this](int ticket, const kx::Failure& failure) {
         ended[ticket] = failure;
         ++ends;

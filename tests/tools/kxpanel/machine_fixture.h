@@ -25,6 +25,7 @@ public:
     QMap<int, Reading> readings; ///< the latest, by number
     int batches = 0;             ///< of readings
     QVector<Exchange> exchanges;
+    LineStatus status;            ///< the latest
     QStringList states;           ///< "opening", "open: FAULT", "interrupted", "closed"
     QMap<int, kx::Failure> ended; ///< by ticket
     int ends = 0;

@@ -169,6 +169,7 @@ void LinePage::onLineChanged(const LineStatus& status)
     const bool isAnother = status.name != m_line || status.isNetwork != m_isNetwork;
     const bool hasOtherTiming = status.timing.baud != m_timing.baud
                                 || status.timing.bitsPerCharacter() != m_timing.bitsPerCharacter();
+    m_limits->setInForce(status.state == LineState::Closed ? 0 : status.longestRequest);
     m_line = status.name;
     m_timing = status.timing;
     m_isNetwork = status.isNetwork;

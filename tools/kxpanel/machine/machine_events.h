@@ -47,6 +47,7 @@ struct LineStatus {
     QString fault; ///< what is wrong with the line or its stations, one line; empty: nothing
     kx::LineTiming timing;  ///< of the serial line, be it behind a gateway
     bool isNetwork = false; ///< when characters are on the serial line is not known here
+    int longestRequest = 0; ///< in registers, that may be asked for; 0: not open yet
 };
 
 /// One exchange on the line, without the kilobyte of its job.

@@ -84,11 +84,13 @@ void Machine::beginSession()
     if (!kx::loadDriver(kx::driverFile(options.library), &driver, &error))
         return failLater(tr("%1; name its file with --library").arg(error));
     const std::optional<Limits>& limits = m_parts->limits;
-    auto session = kx::Session::create(
-        driver, line, limits ? limited(options.session, *limits) : options.session, &error);
+    const kx::SessionSettings settings =
+        limits ? limited(options.session, *limits) : options.session;
+    auto session = kx::Session::create(driver, line, settings, &error);
     if (!session)
         return failLater(error);
     m_parts->hasNewLimits = false;
+    m_parts->status.longestRequest = settings.maxWords;
     std::unique_ptr<kx::GatewayAdvice> advice;
     if (!options.gateway.host.isEmpty() && !options.simulate)
         advice = std::make_unique<kx::GatewayAdvice>(

@@ -305,8 +305,10 @@ void MachineTest::limitsAreTakenAtOnce()
     m_machine->openLine(simulated());
     QTRY_VERIFY(!m_log->exchanges.isEmpty());
     QCOMPARE(m_log->exchanges.last().range.values, 3);
+    QCOMPARE(m_log->status.longestRequest, 125);
     m_machine->setLimits(2, 0);
     QTRY_VERIFY(m_log->exchanges.last().range.values < 3);
+    QCOMPARE(m_log->status.longestRequest, 2);
     m_log->exchanges.clear();
     QTRY_VERIFY(m_log->exchanges.size() > 2);
     for (const Exchange& exchange : qAsConst(m_log->exchanges))

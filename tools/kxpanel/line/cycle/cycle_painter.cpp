@@ -71,13 +71,16 @@ void CyclePainter::paintTicks()
 {
     const qint64 millisecond = 1000; // microseconds
     const QString widest = timeOfDay(0);
-    const double width = m_painter->fontMetrics().horizontalAdvance(widest) * 1.3;
+    const double width = m_painter->fontMetrics().horizontalAdvance(widest);
+    const double apart = width * 1.6; // those at either end move inwards by half of theirs
     m_painter->setPen(m_palette.color(QPalette::Text));
-    for (const qint64 time : m_axis.ticks(width)) {
+    for (const qint64 time : m_axis.ticks(apart)) {
         const double x = m_axis.xOf(time);
         m_painter->drawLine(QPointF(x, m_lanes.bottom()), QPointF(x, m_lanes.bottom() + m_row / 4));
-        m_painter->drawText(QRectF(x - width / 2, m_lanes.bottom() + m_row / 4, width, m_row),
-                            Qt::AlignHCenter, timeOfDay(time / millisecond));
+        const double left =
+            std::max(m_lanes.left(), std::min(x - width / 2, m_lanes.right() - width));
+        m_painter->drawText(QRectF(left, m_lanes.bottom() + m_row / 4, width, m_row),
+                            Qt::AlignHCenter | Qt::TextDontClip, timeOfDay(time / millisecond));
     }
 }
 

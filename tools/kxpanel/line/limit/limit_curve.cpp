@@ -96,6 +96,8 @@ void LimitCurve::paintEvent(QPaintEvent*)
     painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
     painter.drawPolyline(curve);
     paintBest(&painter);
+    if (m_measured > 0)
+        paintMeasured(&painter, curve);
 }
 
 void LimitCurve::paintBest(QPainter* painter) const
@@ -113,13 +115,35 @@ void LimitCurve::paintBest(QPainter* painter) const
         painter->drawLine(QPointF(xOf(m_chosen), plot().top()),
                           QPointF(xOf(m_chosen), plot().bottom()));
     }
-    if (m_measured > 0) {
-        const double y = yOf(m_measured);
-        painter->setPen(QPen(verdictColour(ExchangeVerdict::Repeated, palette()), 1, Qt::DotLine));
-        painter->drawLine(QPointF(plot().left(), y), QPointF(plot().right(), y));
-        painter->drawText(QRectF(plot().left(), y - row, plot().width(), row), Qt::AlignHCenter,
-                          tr("measured %1").arg(timeWords(m_measured)));
+}
+
+void LimitCurve::paintMeasured(QPainter* painter, const QPolygonF& curve) const
+{
+    const double y = yOf(m_measured);
+    const QString words = tr("measured %1").arg(timeWords(m_measured));
+    painter->setPen(QPen(verdictColour(ExchangeVerdict::Repeated, palette()), 1, Qt::DotLine));
+    painter->drawLine(QPointF(plot().left(), y), QPointF(plot().right(), y));
+    const QSizeF size(fontMetrics().horizontalAdvance(words), fontMetrics().height());
+    painter->drawText(freePlace(size, y, curve), Qt::AlignCenter | Qt::TextDontClip, words);
+}
+
+/// Above a line or below it, where the curve does not run; else on the curve.
+QRectF LimitCurve::freePlace(const QSizeF& size, double y, const QPolygonF& curve) const
+{
+    const QRectF area = plot();
+    const double room = area.width() - size.width();
+    for (const double top : {y - size.height(), y + 1}) {
+        for (const double share : {0.5, 0.75, 1.0, 0.25}) {
+            const QRectF place(QPointF(area.left() + room * share, top), size);
+            bool isFree = area.contains(place);
+            for (int i = 1; isFree && i < curve.size(); ++i)
+                isFree = !place.intersects(
+                    QRectF(curve.at(i - 1), curve.at(i)).normalized().adjusted(-2, -2, 2, 2));
+            if (isFree)
+                return place;
+        }
     }
+    return QRectF(QPointF(area.left() + room / 2, y - size.height()), size);
 }
 
 void LimitCurve::paintAxis(QPainter* painter) const

@@ -40,6 +40,8 @@ private:
     double yOf(qint64 time) const;
     void findRange();
     void paintBest(QPainter* painter) const;
+    void paintMeasured(QPainter* painter, const QPolygonF& curve) const;
+    QRectF freePlace(const QSizeF& size, double y, const QPolygonF& curve) const;
     void paintAxis(QPainter* painter) const;
 
     const LimitCosts* m_costs;

@@ -19,7 +19,8 @@ LimitPanel::LimitPanel(const LimitCosts* costs, QWidget* parent)
       m_costs(costs),
       m_curve(new LimitCurve(costs, this)),
       m_predicted(new QLabel(this)),
-      m_measured(new QLabel(this))
+      m_measured(new QLabel(this)),
+      m_inForce(new QLabel(this))
 {
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(0, 0, 0, 0);
@@ -27,12 +28,14 @@ LimitPanel::LimitPanel(const LimitCosts* costs, QWidget* parent)
     box->addWidget(makeChoice());
     box->addWidget(m_predicted);
     box->addWidget(m_measured);
+    box->addWidget(m_inForce);
     box->addWidget(makeButtons());
     connect(costs, &LimitCosts::advanced, this, &LimitPanel::showCosts);
     connect(m_curve, &LimitCurve::chosen, this, &LimitPanel::setChosen);
     m_predicted->setWordWrap(true);
     m_curve->setChosen(chosen());
     setMeasured(0);
+    setInForce(0);
     showCosts();
 }
 
@@ -107,6 +110,12 @@ void LimitPanel::setMeasured(qint64 time)
     m_curve->setMeasured(time);
     m_measured->setText(time > 0 ? tr("Measured: %1 per cycle").arg(timeWords(time))
                                  : tr("Measured: nothing yet"));
+}
+
+void LimitPanel::setInForce(int longest)
+{
+    m_inForce->setText(longest > 0 ? tr("In force: %n register(s) at most", nullptr, longest)
+                                   : tr("In force: no line is open"));
 }
 
 void LimitPanel::setSilent(const QList<int>& stations)

@@ -27,6 +27,8 @@ public:
     void setChosen(int maxWords);
     /// @param time of a cycle in microseconds; 0: not known
     void setMeasured(qint64 time);
+    /// @param longest request that is allowed on the line now, in registers; 0: no line is open
+    void setInForce(int longest);
     /// @param stations whose requests are not among those predicted, rising
     void setSilent(const QList<int>& stations);
 
@@ -50,6 +52,7 @@ private:
     QString m_leftOut; ///< of what is predicted, in words
     QLabel* m_predicted;
     QLabel* m_measured;
+    QLabel* m_inForce;
     QPushButton* m_best = nullptr;
 };
 

@@ -35,6 +35,7 @@ private slots:
     void forgetsWhatIsNotKept();
     void drawsStretchesInTheirColours();
     void drawsMarks();
+    void timesAtTheEdgeAreWhole();
     void drawsEachStationHoweverMuchIsSeen();
 
 private:
@@ -244,6 +245,22 @@ void CyclePictureTest::drawsMarks()
     failed.wasAccepted = false;
     add({failed});
     QVERIFY(reds() > 5);
+}
+
+void CyclePictureTest::timesAtTheEdgeAreWhole()
+{
+    add(answeredPolls(13)); // the last one ends at 622.7 ms
+    m_picture->zoom(4);     // 600 ms are shown, and the tick at 600 is 30 pixels from the edge
+    m_picture->clearFocus();
+    const QImage image = m_picture->grab().toImage();
+    const int row = m_picture->fontMetrics().height();
+    int written = 0; // in the last pixels of the times
+    for (int y = image.height() - row; y < image.height(); ++y)
+        written +=
+            image.pixelColor(image.width() - 1, y) != m_picture->palette().color(QPalette::Base)
+                ? 1
+                : 0;
+    QCOMPARE(written, 0);
 }
 
 void CyclePictureTest::drawsEachStationHoweverMuchIsSeen()

@@ -22,6 +22,7 @@ private slots:
     void predictsWhatIsChosen();
     void tellsWhatIsNotPredicted();
     void tellsWhatWasMeasured();
+    void tellsWhichLimitIsInForce();
     void appliesWhatIsChosen();
     void theBestIsKnownWhenAllArePredicted();
     void appliesTheBestWithOneClick();
@@ -98,6 +99,14 @@ void LimitPanelTest::tellsWhatWasMeasured()
     QVERIFY(labels().contains("Measured: nothing yet"));
     m_panel->setMeasured(106000);
     QVERIFY(labels().contains("Measured: 106.0 ms per cycle"));
+}
+
+void LimitPanelTest::tellsWhichLimitIsInForce()
+{
+    QVERIFY(labels().contains("In force: no line is open\n"));
+    m_panel->setInForce(32);
+    m_panel->setChosen(40); // applied only by its button
+    QVERIFY2(labels().contains("In force: 32 register(s) at most\n"), qPrintable(labels()));
 }
 
 void LimitPanelTest::appliesWhatIsChosen()
