@@ -1,10 +1,12 @@
 #include "kxpanel/grid/watch_table.h"
 
+#include "kxpanel/grid/drag_picture.h"
 #include "kxpanel/grid/model/watch_filter.h"
 #include "kxpanel/grid/model/watch_model.h"
 #include "kxpanel/tags/cell_table.h"
 
 #include <QAction> // in another module since Qt 6
+#include <QtGui/QDrag>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QHeaderView>
 
@@ -140,6 +142,26 @@ void WatchTable::selectAll()
 QModelIndex WatchTable::cellOf(int number) const
 {
     return m_filter->mapFromSource(m_model->index(m_model->rowOf(number), WatchModel::Value));
+}
+
+/// Takes names along: a picture of whole rows hides where it goes. Nothing is taken away here; a
+/// move between rows is the model's.
+void WatchTable::startDrag(Qt::DropActions actions)
+{
+    QModelIndexList cells;
+    QStringList names;
+    for (const int row : selectedRows()) {
+        cells << m_filter->index(row, WatchModel::Name);
+        names << cells.last().data().toString();
+        if (names.last().isEmpty())
+            names.last() = m_filter->index(row, WatchModel::Address).data().toString();
+    }
+    if (cells.isEmpty())
+        return;
+    auto* const drag = new QDrag(this);
+    drag->setMimeData(m_filter->mimeData(cells));
+    drag->setPixmap(dragPicture(names, this));
+    drag->exec(actions, Qt::CopyAction);
 }
 
 void WatchTable::dragEnterEvent(QDragEnterEvent* event)

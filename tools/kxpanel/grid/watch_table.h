@@ -45,6 +45,7 @@ signals:
     void layoutChanged();
 
 protected:
+    void startDrag(Qt::DropActions actions) override;
     // Rows that another program drags have numbers that mean other values here.
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;

@@ -23,17 +23,17 @@ struct ColumnShape {
 };
 
 // In the order of WatchModel::Column.
-const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 18},
+const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 22},
                                                                   {"station", 7},
-                                                                  {"address", 10},
+                                                                  {"address", 12},
                                                                   {"value", 15},
                                                                   {"unit", 5},
                                                                   {"state", 14},
                                                                   {"age", 6},
                                                                   {"every", 8},
                                                                   {"format", 17},
-                                                                  {"raw", 13},
-                                                                  {"modbus", 20},
+                                                                  {"raw", 17},
+                                                                  {"modbus", 25},
                                                                   {"comment", 10}}};
 
 QString keyOf(int column)
