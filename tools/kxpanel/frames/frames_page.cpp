@@ -92,8 +92,9 @@ QTableView* FramesPage::makeTable()
     rows->setDefaultSectionSize(m_table->fontMetrics().height() * 5 / 4);
     fitColumns(m_table, {timeOfDay(0), QStringLiteral("247"), kindWords(RECIPE_WRITE_JOB),
                          QStringLiteral("write D1000:10"), QStringLiteral("1234 1234 1234 1234"),
-                         QStringLiteral("+ no reply, repeated"), QStringLiteral("123.4 ms"),
-                         QStringLiteral("1234 ms")});
+                         QStringLiteral("+ reply of another request, repeated"),
+                         QStringLiteral("123.4 ms"), QStringLiteral("1234 ms")});
+    m_table->horizontalHeader()->setSectionResizeMode(FramesModel::Reply, QHeaderView::Stretch);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &FramesPage::showDetails);
     new FollowEnd(m_table);

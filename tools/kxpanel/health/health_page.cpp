@@ -77,6 +77,7 @@ QWidget* HealthPage::makeTable()
     for (int column = 0; column < HealthModel::COLUMNS; ++column)
         samples << QStringLiteral("123.4 ms");
     samples[HealthModel::State] = stateWords(StationHealth());
+    m_table->horizontalHeader()->setHighlightSections(false); // all cells of a row are selected
     fitColumns(m_table, samples);
     connect(m_model, &HealthModel::rowsInserted, this, &HealthPage::selectFirst);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,

@@ -8,9 +8,10 @@ namespace kxpanel
 
 void fitColumns(QTableView* table, const QStringList& samples)
 {
-    QFont bold = table->horizontalHeader()->font();
-    bold.setBold(true); // as some styles show the headings of what is selected
-    const QFontMetrics headings(bold);
+    QFont font = table->horizontalHeader()->font();
+    if (table->horizontalHeader()->highlightSections())
+        font.setBold(true); // as some styles show the headings of what is selected
+    const QFontMetrics headings(font);
     const QFontMetrics cells = table->fontMetrics();
     const int margins = 2 * cells.averageCharWidth();
     for (int column = 0; column < samples.size(); ++column) {

@@ -1,6 +1,8 @@
 #include "kxpanel/frames/frames_page.h"
 
 #include "../sample_exchanges.h"
+#include "kxpanel/exchanges/exchange_verdict.h"
+#include "kxpanel/frames/frames_model.h"
 #include "kxpanel/machine/machine.h"
 
 #include <QtTest/QSignalSpy>
@@ -35,6 +37,7 @@ private slots:
     void savesWhatIsShown();
     void theChosenFilterNamesTheFile();
     void columnsAreOfThisComputer();
+    void outcomesAreShownWhole();
     void allCanBeNamed();
 
 private:
@@ -239,6 +242,17 @@ void FramesPageTest::columnsAreOfThisComputer()
     QCOMPARE(other.findChild<QTableView*>()->columnWidth(3), 321);
     other.setPlace("nonsense");
     QCOMPARE(other.findChild<QTableView*>()->columnWidth(3), 321);
+}
+
+void FramesPageTest::outcomesAreShownWhole()
+{
+    const int width = m_table->columnWidth(FramesModel::Outcome);
+    for (const char* const outcome :
+         {"no reply, repeated", "bad reply, repeated", "wrong byte count, repeated",
+          "reply of another request, repeated"}) {
+        const QString text = verdictSymbol(ExchangeVerdict::Repeated) + ' ' + outcome;
+        QVERIFY2(m_table->fontMetrics().horizontalAdvance(text) < width, outcome);
+    }
 }
 
 void FramesPageTest::allCanBeNamed()

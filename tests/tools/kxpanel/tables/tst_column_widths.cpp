@@ -2,6 +2,7 @@
 
 #include <QtGui/QStandardItemModel>
 #include <QtTest/QTest>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QTableView>
 
 class ColumnWidthsTest : public QObject
@@ -10,6 +11,7 @@ class ColumnWidthsTest : public QObject
 
 private slots:
     void asWideAsTheWiderOne();
+    void noWiderThanHeadingsThatStayAsTheyAre();
 };
 
 void ColumnWidthsTest::asWideAsTheWiderOne()
@@ -25,6 +27,19 @@ void ColumnWidthsTest::asWideAsTheWiderOne()
              metrics.horizontalAdvance("12:34:56.789") + 2 * metrics.averageCharWidth());
     QVERIFY(table.columnWidth(1) > metrics.horizontalAdvance("A long heading of it"));
     QCOMPARE(table.columnWidth(2), untouched);
+}
+
+void ColumnWidthsTest::noWiderThanHeadingsThatStayAsTheyAre()
+{
+    QStandardItemModel model(1, 1);
+    model.setHorizontalHeaderLabels({"A long heading of it"});
+    QTableView table;
+    table.setModel(&model);
+    table.horizontalHeader()->setHighlightSections(false);
+    kxpanel::fitColumns(&table, {"1"});
+    const QFontMetrics metrics = table.horizontalHeader()->fontMetrics();
+    QCOMPARE(table.columnWidth(0), metrics.horizontalAdvance("A long heading of it")
+                                       + 2 * table.fontMetrics().averageCharWidth());
 }
 
 QTEST_MAIN(ColumnWidthsTest)
