@@ -174,6 +174,14 @@
         <translation>Eine aufgezeichnete Datei zeigen, *.csv oder *.sqlite</translation>
     </message>
     <message>
+        <source>Recording</source>
+        <translation>Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>Show the whole time of the recording that is opened</source>
+        <translation>Die ganze Zeit der geöffneten Aufzeichnung zeigen</translation>
+    </message>
+    <message>
         <source>Save picture…</source>
         <translation>Bild speichern …</translation>
     </message>
@@ -1230,6 +1238,17 @@
         <source>Measured: nothing yet</source>
         <translation>Gemessen: noch nichts</translation>
     </message>
+    <message numerus="yes">
+        <source>In force: %n register(s) at most</source>
+        <translation>
+            <numerusform>Es gilt: höchstens %n Register</numerusform>
+            <numerusform>Es gilt: höchstens %n Register</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>In force: no line is open</source>
+        <translation>Es gilt: keine Leitung ist offen</translation>
+    </message>
     <message>
         <source>Apply the &amp;best: %1</source>
         <translation>Bes&amp;te anwenden: %1</translation>
@@ -2173,6 +2192,14 @@
     <message>
         <source>Reading %1 …</source>
         <translation>%1 wird gelesen …</translation>
+    </message>
+    <message>
+        <source>%1 is still being saved</source>
+        <translation>%1 wird noch gespeichert</translation>
+    </message>
+    <message>
+        <source>Saving %1 …</source>
+        <translation>%1 wird gespeichert …</translation>
     </message>
     <message>
         <source>%1 is saved</source>

@@ -428,4 +428,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>kxpanel::LimitPanel</name>
+    <message numerus="yes">
+        <source>In force: %n register(s) at most</source>
+        <translation>
+            <numerusform>In force: %n register at most</numerusform>
+            <numerusform>In force: %n registers at most</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>
