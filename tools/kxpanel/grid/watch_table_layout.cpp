@@ -23,18 +23,18 @@ struct ColumnShape {
 };
 
 // In the order of WatchModel::Column.
-const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 22},
+const std::array<ColumnShape, WatchModel::ColumnCount> SHAPES = {{{"name", 20},
                                                                   {"station", 7},
                                                                   {"address", 12},
-                                                                  {"value", 15},
+                                                                  {"value", 13},
                                                                   {"unit", 5},
                                                                   {"state", 14},
                                                                   {"age", 6},
                                                                   {"every", 8},
-                                                                  {"format", 17},
+                                                                  {"format", 16},
                                                                   {"raw", 17},
                                                                   {"modbus", 25},
-                                                                  {"comment", 10}}};
+                                                                  {"comment", 8}}};
 
 QString keyOf(int column)
 {

@@ -75,7 +75,10 @@ QWidget* HealthPage::makeTable()
     m_table->setAccessibleName(tr("Stations"));
     QStringList samples;
     for (int column = 0; column < HealthModel::COLUMNS; ++column)
-        samples << QStringLiteral("123.4 ms");
+        samples << (column == HealthModel::Median || column == HealthModel::MostOf100
+                            || column == HealthModel::Longest
+                        ? QStringLiteral("123.4 ms")
+                        : QStringLiteral("12345"));
     samples[HealthModel::State] = stateWords(StationHealth());
     m_table->horizontalHeader()->setHighlightSections(false); // all cells of a row are selected
     fitColumns(m_table, samples);
