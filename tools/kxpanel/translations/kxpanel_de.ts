@@ -970,7 +970,7 @@
     </message>
     <message>
         <source>Failed</source>
-        <translation>Fehlgeschlagen</translation>
+        <translation>Fehler</translation>
     </message>
     <message>
         <source>Requests that failed for good</source>
@@ -986,7 +986,7 @@
     </message>
     <message>
         <source>Cut short</source>
-        <translation>Abgebrochen</translation>
+        <translation>Zu kurz</translation>
     </message>
     <message>
         <source>Repeated or failed: too few bytes came</source>

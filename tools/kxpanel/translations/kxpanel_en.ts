@@ -222,6 +222,13 @@
             <numerusform>Predicted: %1 per cycle, %n requests, line used %2 %</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>In force: %n register(s) at most</source>
+        <translation>
+            <numerusform>In force: %n register at most</numerusform>
+            <numerusform>In force: %n registers at most</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>kxpanel::LinePage</name>
@@ -425,16 +432,6 @@
         <translation>
             <numerusform>Write %n value of %1: %2.</numerusform>
             <numerusform>Write %n values of %1: %2.</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>kxpanel::LimitPanel</name>
-    <message numerus="yes">
-        <source>In force: %n register(s) at most</source>
-        <translation>
-            <numerusform>In force: %n register at most</numerusform>
-            <numerusform>In force: %n registers at most</numerusform>
         </translation>
     </message>
 </context>
