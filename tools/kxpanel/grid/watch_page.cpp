@@ -110,7 +110,10 @@ void WatchPage::connectAll()
 {
     Machine* const machine = m_context.machine;
     connect(machine, &Machine::jobEnded, &m_writer, &ValueWriter::onJobEnded);
-    connect(machine, &Machine::clockSet, &m_writer, &ValueWriter::onClockSet);
+    connect(machine, &Machine::clockSet, this, [this](qint64 by) {
+        m_clock.shift(by); // before the writer, which goes by it
+        m_writer.onClockSet(by);
+    });
     connect(machine, &Machine::lineChanged, this, &WatchPage::onLineChanged);
     connect(machine, &Machine::valuesRead, this, &WatchPage::onValuesRead);
     connect(&m_writer, &ValueWriter::ended, this, &WatchPage::onWriteEnded);

@@ -90,6 +90,7 @@ private slots:
     void valuesThatDoNotFitAreNotPasted();
     void escapeCallsOffWhatWaits();
     void goesByTheClockOfTheLine();
+    void agesGoOnWhenTheClockIsSetBack();
     void withoutALineNothingIsKnown();
     void savesTags();
     void whatCannotBeSavedIsSaid();
@@ -617,6 +618,17 @@ void WatchPageTest::goesByTheClockOfTheLine()
     QTest::keyClick(editor(), Qt::Key_Return);
     QTRY_COMPARE(m_ended->size(), 1);
     QVERIFY2(state(3).startsWith(QLatin1String("not written")), qPrintable(state(3)));
+}
+
+void WatchPageTest::agesGoOnWhenTheClockIsSetBack()
+{
+    const qint64 now = QDateTime::currentMSecsSinceEpoch() + 3600000;
+    emit m_machine->valuesRead({readingOf(4, {7}, now)});
+    emit m_machine->clockSet(-3600000);
+    const QVector<Reading> toldAgain = {readingOf(4, {7}, now - 3600000 - 300000)};
+    emit m_machine->valuesRead(toldAgain);
+    m_tags->takeReadings(toldAgain);
+    QCOMPARE(cell(3, WatchModel::Age).data().toString(), QStringLiteral("5 min"));
 }
 
 void WatchPageTest::withoutALineNothingIsKnown()

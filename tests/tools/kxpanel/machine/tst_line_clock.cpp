@@ -39,7 +39,7 @@ private slots:
 
     void goesWithTheOpenLine()
     {
-        TrendClock clock;
+        LineClock clock;
         clock.follow(0, 9000000);
         clock.shift(-3600000);
         QCOMPARE(clock.now(1000), qint64(5401000));

@@ -123,7 +123,7 @@ void ValueWriter::writeNext()
 
 void ValueWriter::onClockSet(qint64 by)
 {
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const qint64 now = m_now();
     for (ValueWrite& write : m_writes) {
         if (write.endedAt > 0) // one that has ended since knows the new time
             write.endedAt = std::min(write.endedAt + by, now);

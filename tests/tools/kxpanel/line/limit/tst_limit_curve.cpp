@@ -17,8 +17,6 @@ private slots:
     void clickingChooses();
     void draggingChooses();
     void marksTheBest();
-    void theTimeMeasuredStandsBesideTheCurve_data();
-    void theTimeMeasuredStandsBesideTheCurve();
 };
 
 void LimitCurveTest::clickingChooses()
@@ -74,40 +72,6 @@ void LimitCurveTest::marksTheBest()
     QVERIFY(empty != image);
     curve.setMeasured(100000);
     QVERIFY(curve.grab().toImage() != image);
-}
-
-void LimitCurveTest::theTimeMeasuredStandsBesideTheCurve_data()
-{
-    QTest::addColumn<int>("limit"); // whose time was measured
-
-    QTest::newRow("where the curve falls") << 8;
-    QTest::newRow("where the curve is flat") << 40;
-    QTest::newRow("at its foot") << 120;
-}
-
-void LimitCurveTest::theTimeMeasuredStandsBesideTheCurve()
-{
-    QFETCH(int, limit);
-    LimitCosts costs;
-    LimitCurve curve(&costs);
-    curve.resize(500, 200);
-    costs.start({{{findRegisterType(QString("D")), 100, 40, 1}, 0}}, kx::LineTiming(), {});
-    QTRY_VERIFY(costs.isFinished());
-    const QImage before = curve.grab().toImage();
-    curve.setMeasured(costs.of(limit)->cost.duration);
-    const QImage after = curve.grab().toImage();
-    const QColor colour = curve.palette().color(QPalette::Highlight);
-    int hidden = 0; // of the curve; the dotted line alone crosses it
-    int written = 0;
-    for (int y = 0; y < after.height(); ++y) {
-        for (int x = 0; x < after.width(); ++x) {
-            const bool isOther = before.pixel(x, y) != after.pixel(x, y);
-            hidden += isOther && before.pixelColor(x, y) == colour ? 1 : 0;
-            written += isOther ? 1 : 0;
-        }
-    }
-    QVERIFY2(written > 200, qPrintable(QString::number(written)));
-    QVERIFY2(hidden < 100, qPrintable(QString::number(hidden)));
 }
 
 QTEST_MAIN(LimitCurveTest)
