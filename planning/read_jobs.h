@@ -10,7 +10,8 @@ extern "C" {
 
 /// Replaces the whole cyclic read plan by one that covers `keys`, in as few
 /// requests as the maximum request length allows, and marks exactly those
-/// addresses as watched. Cached values are kept.
+/// addresses as watched. Cached values are kept. A read carries no payload: `data` of a job
+/// is not filled, so in one that was in the list before it stays as it was.
 ///
 /// A request may join SM addresses on both sides of SM256, where their coils are not
 /// contiguous, and reads other coils from SM256 on: watch them more than `maxWords`
