@@ -26,7 +26,7 @@ TrendExport exportTo(const QString& path, int rows)
 int linesOf(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().count('\n') : -1;
+    return file.open(QIODevice::ReadOnly) ? static_cast<int>(file.readAll().count('\n')) : -1;
 }
 
 } // namespace
