@@ -2510,7 +2510,7 @@
     </message>
     <message>
         <source>Every</source>
-        <translation>Alle</translation>
+        <translation>Intervall</translation>
     </message>
     <message>
         <source>Time from one read to the next, such as 500 ms or 10 s; empty: in each cycle (F2 edits)</source>
