@@ -83,7 +83,8 @@ void WindowStoryTest::aValueIsTypedWrittenAndSentByARecipe()
     m_window->begin(options);
     const TagList* const tags = m_window->tags();
     const auto raw = [tags] {
-        return tags->size() == 0 ? QList<qint64>() : tags->reading(tags->values().first().number).raw;
+        return tags->size() == 0 ? QList<qint64>()
+                                 : tags->reading(tags->values().first().number).raw;
     };
 
     auto* const line = m_window->page("watch")->findChild<QLineEdit*>();
