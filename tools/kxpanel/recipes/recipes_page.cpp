@@ -120,6 +120,7 @@ void RecipesPage::close()
     m_model->setRows({});
     m_isUnsaved = false;
     complain(QString());
+    m_before = ReadBefore();
     refresh();
 }
 

@@ -24,6 +24,12 @@ class RecipesPage : public Page
 {
     Q_OBJECT
 
+    /// What the controllers had.
+    struct ReadBefore {
+        QList<QList<qint64>> values; ///< one per row; none: not read
+        bool isUnsaved = false;
+    };
+
 public:
     explicit RecipesPage(const PageContext& context, QWidget* parent = nullptr);
 
@@ -55,6 +61,10 @@ private:
     void save(const QString& path);
     void start(kx::RecipeDirection direction);
     void onEnded(const RecipeOutcome& outcome);
+    /// @param areNews they are those of no file
+    void takeRead(const QList<QList<qint64>>& values, bool areNews);
+    void takeBack();
+    void complainOf(const RecipeOutcome& outcome, bool wasChecking);
     /// Ends one that runs: its file is shown no more.
     void leaveTransfer();
     void onLeftEnded(const RecipeOutcome& outcome);
@@ -75,6 +85,7 @@ private:
     int m_station = 1;
     bool m_isCheckingDownload = false; ///< what is read is compared with what was just sent
     bool m_isUnsaved = false;          ///< what was read is in no file
+    ReadBefore m_before;               ///< the download that runs
     QString m_left;     ///< name of a file that is shown no more, while its transfer ends; or empty
     QString m_line;     ///< name of the one that was open last
     QString m_readFrom; ///< of the one that the values came over

@@ -16,6 +16,18 @@
 namespace kxpanel
 {
 
+namespace
+{
+
+/// A download of which no station can have stored anything.
+bool sentNothing(const RecipeOutcome& outcome)
+{
+    return outcome.direction == kx::RecipeDirection::Download && outcome.blocksDone.isEmpty()
+           && outcome.blockMaybeDone.isEmpty();
+}
+
+} // namespace
+
 void RecipesPage::read()
 {
     start(kx::RecipeDirection::Upload);
@@ -32,6 +44,7 @@ void RecipesPage::askToDownload()
 
 void RecipesPage::download()
 {
+    m_before = {m_model->values(), m_isUnsaved};
     m_model->setValues({}); // they will be others
     m_isUnsaved = false;
     m_table->setFocus();
@@ -56,19 +69,43 @@ void RecipesPage::onEnded(const RecipeOutcome& outcome)
     m_isCheckingDownload = isGood && outcome.direction == kx::RecipeDirection::Download;
     if (m_isCheckingDownload)
         return start(kx::RecipeDirection::Upload);
-    m_model->setValues(outcome.values);
-    m_readFrom = m_line;
-    m_isUnsaved = isGood && !wasChecking && m_model->count(RecipeState::Same) < m_model->rowCount();
+    if (isGood)
+        takeRead(outcome.values, !wasChecking);
+    else if (sentNothing(outcome))
+        takeBack();
     refresh();
     if (!isGood)
-        complain(wasChecking ? tr("All was sent, but not compared. %1").arg(failureWords(outcome))
-                             : failureWords(outcome));
+        complainOf(outcome, wasChecking);
     else if (wasChecking && m_model->count(RecipeState::Differs) > 0)
         complain(tr("All was sent, but the controller has %n other value(s) than were sent",
                     nullptr, m_model->count(RecipeState::Differs)));
     else
-        emit said(wasChecking ? tr("Sent and read again: %1").arg(m_counts->text())
-                              : tr("Read: %1").arg(m_counts->text()));
+        emit said(wasChecking ? tr("Sent, and read again from %1").arg(m_readFrom)
+                              : tr("Read from %1").arg(m_readFrom));
+}
+
+void RecipesPage::takeRead(const QList<QList<qint64>>& values, bool areNews)
+{
+    m_model->setValues(values);
+    m_readFrom = m_line;
+    m_isUnsaved = areNews && m_model->count(RecipeState::Same) < m_model->rowCount();
+}
+
+/// What was read before a download of which nothing was sent.
+void RecipesPage::takeBack()
+{
+    m_model->setValues(m_before.values);
+    m_isUnsaved = m_before.isUnsaved;
+}
+
+void RecipesPage::complainOf(const RecipeOutcome& outcome, bool wasChecking)
+{
+    const QString words = failureWords(outcome);
+    if (wasChecking)
+        complain(tr("All was sent, but not compared. %1").arg(words));
+    else
+        complain(m_model->isRead() ? tr("%1; the values shown were read before").arg(words)
+                                   : words);
 }
 
 void RecipesPage::leaveTransfer()

@@ -1807,12 +1807,16 @@
         <translation>Alles wurde gesendet, aber nicht verglichen. %1</translation>
     </message>
     <message>
-        <source>Sent and read again: %1</source>
-        <translation>Gesendet und zurückgelesen: %1</translation>
+        <source>Sent, and read again from %1</source>
+        <translation>Gesendet und zurückgelesen von %1</translation>
     </message>
     <message>
-        <source>Read: %1</source>
-        <translation>Gelesen: %1</translation>
+        <source>Read from %1</source>
+        <translation>Gelesen von %1</translation>
+    </message>
+    <message>
+        <source>%1; the values shown were read before</source>
+        <translation>%1; gezeigt wird, was vorher gelesen wurde</translation>
     </message>
     <message>
         <source>Save what was read</source>

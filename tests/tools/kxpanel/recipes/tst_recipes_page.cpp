@@ -40,6 +40,8 @@ private slots:
     void abortsByKey();
     void tellsThatTheControllerHasOtherValues();
     void tellsThatWhatWasReadIsNotSaved();
+    void aFailedReadKeepsWhatWasRead();
+    void aDownloadOfWhichNothingWasSentKeepsWhatWasRead();
     void anotherFileEndsADownloadAloud();
     void theQuestionGoesWithItsLine();
     void tellsOfWhichLineTheValuesAre();
@@ -157,7 +159,7 @@ void RecipesPageTest::downloadsOnceItIsConfirmed()
     QVERIFY(!question->isVisible());
     QTRY_COMPARE_WITH_TIMEOUT(said.count(), 1, 20000);
     QCOMPARE(said.at(0).at(0).toString(),
-             QString("Sent and read again: filling.csv: 2 value(s), 2 the same"));
+             QString("Sent, and read again from simulated controller"));
     QCOMPARE(cells(0), (QStringList{"= same", "Second limit", "1", "D111", "1300", "1300"}));
 }
 
@@ -307,6 +309,42 @@ void RecipesPageTest::tellsThatWhatWasReadIsNotSaved()
     QCOMPARE(counts(), QString("filling.csv: 1 value(s), 1 differ(s)"));
     press(Qt::Key_D);
     QVERIFY(question->text().endsWith("They replace those in the controller."));
+}
+
+// It may be all there is of what the controller had.
+void RecipesPageTest::aFailedReadKeepsWhatWasRead()
+{
+    connectLine();
+    m_page->open(store("name,address,value\nSecond limit,D111,1300\n"));
+    press(Qt::Key_R);
+    QTRY_COMPARE_WITH_TIMEOUT(cells(0).last(), QString("1200"), 20000);
+    m_thread->machine()->closeLine();
+    QTRY_COMPARE(m_log->states.last(), QString("closed"));
+    press(Qt::Key_R);
+    QTRY_COMPARE(fault(), QString::fromUtf8("✗ Nothing was read: the line is not open; the values "
+                                            "shown were read before"));
+    QCOMPARE(cells(0).last(), QString("1200"));
+    QCOMPARE(counts(), QString("filling.csv: 1 value(s), 1 differ(s); what was read is not saved"));
+    press(Qt::Key_E);
+    emit m_page->findChild<QFileDialog*>()->fileSelected(m_folder.filePath("saved.csv"));
+    QCOMPARE(fault(), QString());
+}
+
+void RecipesPageTest::aDownloadOfWhichNothingWasSentKeepsWhatWasRead()
+{
+    connectLine();
+    m_page->open(store("name,address,value\nSecond limit,D111,1300\n"));
+    press(Qt::Key_R);
+    QTRY_COMPARE_WITH_TIMEOUT(cells(0).last(), QString("1200"), 20000);
+    m_thread->machine()->closeLine();
+    QTRY_COMPARE(m_log->states.last(), QString("closed"));
+    press(Qt::Key_D);
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    press(Qt::Key_Space, Qt::NoModifier);
+    QTRY_COMPARE(fault(), QString::fromUtf8("✗ Nothing was sent: the line is not open; the values "
+                                            "shown were read before"));
+    QCOMPARE(cells(0).last(), QString("1200"));
+    QCOMPARE(counts(), QString("filling.csv: 1 value(s), 1 differ(s); what was read is not saved"));
 }
 
 void RecipesPageTest::anotherFileEndsADownloadAloud()
