@@ -1,5 +1,6 @@
 #include "kxpanel/connect/connection_bar.h"
 
+#include "kxpanel/actions/plain_tool_tip.h"
 #include "kxpanel/connect/line_fields.h"
 #include "kxpanel/connect/line_text.h"
 #include "kxpanel/connect/scan_panel.h"
@@ -71,6 +72,7 @@ void ConnectionBar::layOut()
 {
     m_button = makeButton(m_connect, this);
     m_state->setAccessibleName(tr("State of the line"));
+    m_state->setTextFormat(Qt::PlainText);
     m_message->setAccessibleName(tr("What is wrong with the line"));
     m_message->setWordWrap(true);
     m_message->setTextFormat(Qt::PlainText);
@@ -142,7 +144,7 @@ void ConnectionBar::showStatus()
         QStringLiteral("%1 (%2)").arg(QString(m_connect->text()).remove(QLatin1Char('&')),
                                       m_connect->shortcut().toString(QKeySequence::NativeText)));
     m_state->setText(stateSymbol(m_status) + QLatin1Char(' ') + stateText(m_status));
-    m_state->setToolTip(m_status.name);
+    m_state->setToolTip(plainToolTip(m_status.name));
     setColour(m_state, stateColour(m_status, palette()));
     setColour(m_message, faultColour(palette()));
 }

@@ -73,16 +73,19 @@ void ScanPanel::makeWidgets()
     m_found->setMaximumHeight(fontMetrics().height() * 5);
     m_result = new QLabel(this);
     m_result->setAccessibleName(tr("Result of the search"));
+    m_result->setTextFormat(Qt::PlainText); // what was typed is no markup
 }
 
 void ScanPanel::layOut()
 {
     auto* const label = new QLabel(tr("Stati&ons"), this);
     label->setBuddy(m_range);
+    auto* const wait = new QLabel(tr("wait"), this);
+    wait->setTextFormat(Qt::PlainText);
     auto* const row = new QHBoxLayout;
     row->addWidget(label);
     row->addWidget(m_range);
-    row->addWidget(new QLabel(tr("wait"), this));
+    row->addWidget(wait);
     row->addWidget(m_timeout);
     row->addWidget(m_start);
     row->addWidget(m_progress, 1);

@@ -40,6 +40,7 @@ FramesPage::FramesPage(const PageContext& context, QWidget* parent)
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
     m_counts = new QLabel(this);
+    m_counts->setTextFormat(Qt::PlainText);
     auto* box = new QVBoxLayout(this);
     box->addWidget(m_filters);
     box->addWidget(splitter, 1);

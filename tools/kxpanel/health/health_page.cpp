@@ -43,6 +43,8 @@ HealthPage::HealthPage(const PageContext& context, QWidget* parent)
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(makeTable());
     splitter->addWidget(m_histogram);
+    for (QLabel* label : {m_class, m_faults, m_since})
+        label->setTextFormat(Qt::PlainText);
     m_faults->setWordWrap(true);
     m_faults->setToolTip(tr("What came without being asked for, or too late. None of it reached "
                             "the driver."));

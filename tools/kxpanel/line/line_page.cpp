@@ -31,6 +31,7 @@ const double ZOOM_STEP = 1.5;
 QLabel* wordsLabel(QWidget* parent)
 {
     auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setMinimumHeight(2 * label->fontMetrics().lineSpacing()); // it holds two rows
@@ -66,6 +67,7 @@ QWidget* LinePage::makeCycle()
     auto* half = new QWidget(this);
     m_picture = new CyclePicture(&m_record, half);
     m_shares = new QLabel(half);
+    m_shares->setTextFormat(Qt::PlainText);
     m_shares->setToolTip(tr("How the line was used in the time that is shown"));
     m_words = wordsLabel(half);
     auto* bar = new QToolBar(half);

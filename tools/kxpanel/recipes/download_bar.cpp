@@ -33,6 +33,7 @@ DownloadBar::DownloadBar(QWidget* parent) : QFrame(parent), m_question(new QLabe
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::AlternateBase);
     m_question->setObjectName(QStringLiteral("question"));
+    m_question->setTextFormat(Qt::PlainText);
     m_question->setWordWrap(true);
     auto* const send = new QPushButton(tr("Down&load"), this);
     send->setAutoDefault(true);

@@ -1,6 +1,7 @@
 #include "kxpanel/recipes/recipe_model.h"
 
 #include "addresses/address_text.h"
+#include "kxpanel/actions/plain_tool_tip.h"
 #include "kxpanel/exchanges/exchange_verdict.h"
 #include "panel/recipe/recipe_row.h"
 #include "panel/values/value_address.h"
@@ -56,7 +57,7 @@ QVariant RecipeModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return text(index.row(), column);
     case Qt::ToolTipRole:
-        return tip(index.row(), column);
+        return plainToolTip(tip(index.row(), column));
     case Qt::TextAlignmentRole: {
         const bool isRight = column == Station || column == InFile || column == InController;
         return QVariant(Qt::AlignVCenter | (isRight ? Qt::AlignRight : Qt::AlignLeft));

@@ -46,6 +46,8 @@ RecipesPage::RecipesPage(const PageContext& context, QWidget* parent)
         connect(context.machine, &Machine::lineChanged, this, &RecipesPage::onLineChanged);
     }
     QToolBar* const bar = makeActions();
+    for (QLabel* const label : {m_fault, m_counts})
+        label->setTextFormat(Qt::PlainText); // names and files are no markup
     m_fault->setWordWrap(true);
     m_fault->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_fault->setAccessibleName(tr("What went wrong"));
@@ -118,9 +120,9 @@ void RecipesPage::close()
     m_path.clear();
     m_file = kx::RecipeFile();
     m_model->setRows({});
+    m_before = ReadBefore();
     m_isUnsaved = false;
     complain(QString());
-    m_before = ReadBefore();
     refresh();
 }
 

@@ -21,6 +21,7 @@ StatusLine::StatusLine(const Machine* machine, QStatusBar* bar)
 QLabel* StatusLine::addLabel(const QString& name)
 {
     auto* const label = new QLabel(m_bar);
+    label->setTextFormat(Qt::PlainText); // a port may have any name
     label->setAccessibleName(name);
     label->setToolTip(name);
     m_bar->addPermanentWidget(label);

@@ -60,6 +60,7 @@ void TrendPage::build()
 {
     m_table->addAction(m_actions.remove);
     m_plot->setAccessibleName(tr("Trend of values"));
+    m_state->setTextFormat(Qt::PlainText);
     m_state->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_state->setAccessibleName(tr("Cursors"));
     m_state->setWordWrap(true);

@@ -91,6 +91,9 @@ void RecipeModelTest::tipsSayMore()
              QString("line 3 (Second limit)"));
     QCOMPARE(m_model->index(3, RecipeModel::Address).data(Qt::ToolTipRole).toString(),
              QString("4 address(es) from D130 on"));
+    m_model->setRows(recipeRows("name,address,value\n<b>Pump</b>,D1,5\n"));
+    QCOMPARE(m_model->index(0, RecipeModel::Name).data(Qt::ToolTipRole).toString(),
+             QString("<qt>line 2 (&lt;b&gt;Pump&lt;/b&gt;)</qt>")); // as it is written
     for (int section = 0; section < RecipeModel::COLUMNS; ++section) {
         for (const int role : {int(Qt::DisplayRole), int(Qt::ToolTipRole)})
             QVERIFY(!m_model->headerData(section, Qt::Horizontal, role).toString().isEmpty());

@@ -3,6 +3,9 @@
 #include "kxpanel/connect/connection_bar.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/shell/main_window.h"
+#ifdef KX_HAS_PLOTS
+#include "kxpanel/trend/trend_page.h"
+#endif
 #include "kxpanel/translations/translations.h"
 
 #include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
@@ -15,7 +18,9 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QTabBar>
+#include <QtWidgets/QToolBar>
 #include <QtWidgets/QToolButton>
+#include <QtWidgets/QWidgetAction>
 
 using namespace kxpanel;
 
@@ -33,6 +38,9 @@ private slots:
     void everyControlHasAName_data() { languages(); }
     void everyControlHasAName();
     void everyActionHasAKeyOrAMenu();
+    void everyActionHasAText_data() { languages(); }
+    void everyActionHasAText();
+    void noLabelTakesMarkup();
     void tabReachesEveryControl();
 
 private:
@@ -94,6 +102,16 @@ QStringList markedTexts(const QWidget* part)
     return texts;
 }
 
+/// As the program has them, as far as they can be built.
+std::vector<PageMaker> allPages()
+{
+    std::vector<PageMaker> pages = pageMakers();
+#ifdef KX_HAS_PLOTS
+    pages.insert(pages.begin() + 1, makerOf<TrendPage>());
+#endif
+    return pages;
+}
+
 QString nameOf(QWidget* control)
 {
     QAccessibleInterface* const access = QAccessible::queryAccessibleInterface(control);
@@ -115,7 +133,7 @@ void WindowAccessTest::init()
         QVERIFY(takeLanguage(QLocale("de_DE")));
     m_settings = std::make_unique<QSettings>(m_folder.filePath("a.ini"), QSettings::IniFormat);
     m_machine = std::make_unique<Machine>();
-    m_window = std::make_unique<MainWindow>(m_machine.get(), m_settings.get(), pageMakers());
+    m_window = std::make_unique<MainWindow>(m_machine.get(), m_settings.get(), allPages());
     m_window->connectionBar()->scanAction()->setChecked(true);
     m_window->show();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
@@ -206,6 +224,36 @@ void WindowAccessTest::everyActionHasAKeyOrAMenu()
         }
     }
     QCOMPARE(unreachable.join(", "), QString());
+}
+
+void WindowAccessTest::everyActionHasAText()
+{
+    QStringList textless;
+    for (Page* const page : m_window->pages()) {
+        showPage(page);
+        QList<QAction*> actions = page->actions();
+        for (const QMenu* const menu : m_window->menuBar()->findChildren<QMenu*>())
+            actions += menu->actions();
+        for (const QToolBar* const bar : page->findChildren<QToolBar*>())
+            actions += bar->actions();
+        for (QAction* const action : qAsConst(actions)) {
+            const bool isText = !action->isSeparator() && !qobject_cast<QWidgetAction*>(action);
+            if (isText && QString(action->text()).remove('&').trimmed().isEmpty())
+                textless << page->key() + ": " + action->toolTip();
+        }
+    }
+    QCOMPARE(textless.join(", "), QString());
+}
+
+// What names, files and ports are called would be drawn by its marks, or read pictures from disk.
+void WindowAccessTest::noLabelTakesMarkup()
+{
+    QStringList obeying;
+    for (const QLabel* const label : m_window->findChildren<QLabel*>()) {
+        if (label->textFormat() != Qt::PlainText && !label->buddy())
+            obeying << label->text() + " of " + label->parentWidget()->metaObject()->className();
+    }
+    QCOMPARE(obeying.join(", "), QString());
 }
 
 void WindowAccessTest::tabReachesEveryControl()

@@ -37,6 +37,7 @@ FilterLine::FilterLine(WatchFilter* filter, QWidget* parent)
       m_types(new QComboBox(this)),
       m_count(new QLabel(this))
 {
+    m_count->setTextFormat(Qt::PlainText);
     m_edit->setPlaceholderText(tr("Filter by name, address or comment"));
     m_edit->setToolTip(tr("Words that a row must have (Ctrl+F; Esc shows all)"));
     m_edit->setAccessibleName(tr("Filter by name, address or comment"));

@@ -1,5 +1,6 @@
 #include "kxpanel/grid/edit/watch_delegate.h"
 
+#include "kxpanel/actions/plain_tool_tip.h"
 #include "kxpanel/grid/model/watch_model.h"
 
 #include <QtGui/QKeyEvent>

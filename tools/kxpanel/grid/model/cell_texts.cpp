@@ -190,15 +190,6 @@ bool isKnownNow(const Reading& reading, const ValueWrite* write)
     return !write || write->phase == ValueWrite::Confirmed || reading.readAt >= write->endedAt;
 }
 
-QString plainToolTip(const QString& text)
-{
-    if (!text.contains(QLatin1Char('<')))
-        return text;
-    QString markup = text.toHtmlEscaped();
-    markup.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
-    return QStringLiteral("<qt>%1</qt>").arg(markup);
-}
-
 bool isSwitch(const kx::Tag& tag)
 {
     return tag.format.bit >= 0 || tag.range.type->registerClass == BIT_CLASS;

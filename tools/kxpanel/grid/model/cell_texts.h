@@ -56,9 +56,6 @@ QString ageText(const Reading& reading, qint64 now);
 /// or confirmed, after all that was sent.
 bool isKnownNow(const Reading& reading, const ValueWrite* write);
 
-/// A tool tip that shows the text as it is: names and comments are no markup.
-QString plainToolTip(const QString& text);
-
 /// Whether the value is 0 or 1 and is shown as a switch.
 bool isSwitch(const kx::Tag& tag);
 

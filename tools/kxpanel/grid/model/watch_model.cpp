@@ -1,5 +1,6 @@
 #include "kxpanel/grid/model/watch_model.h"
 
+#include "kxpanel/actions/plain_tool_tip.h"
 #include "kxpanel/grid/model/watch_columns.h"
 #include "kxpanel/tags/tag_list.h"
 #include "kxpanel/tags/tag_text.h"

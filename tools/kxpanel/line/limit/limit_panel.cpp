@@ -32,6 +32,8 @@ LimitPanel::LimitPanel(const LimitCosts* costs, QWidget* parent)
     box->addWidget(makeButtons());
     connect(costs, &LimitCosts::advanced, this, &LimitPanel::showCosts);
     connect(m_curve, &LimitCurve::chosen, this, &LimitPanel::setChosen);
+    for (QLabel* label : {m_predicted, m_measured, m_inForce})
+        label->setTextFormat(Qt::PlainText);
     m_predicted->setWordWrap(true);
     m_curve->setChosen(chosen());
     setMeasured(0);

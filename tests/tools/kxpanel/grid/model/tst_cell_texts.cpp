@@ -55,7 +55,6 @@ private slots:
     void formats();
     void intervals_data();
     void intervals();
-    void tipsAreNoMarkup();
     void ages_data();
     void ages();
 };
@@ -262,13 +261,6 @@ void CellTextsTest::intervals()
     int again = -1;
     QCOMPARE(kx::parseInterval(text, &again), milliseconds >= 0);
     QCOMPARE(again, milliseconds);
-}
-
-void CellTextsTest::tipsAreNoMarkup()
-{
-    QCOMPARE(plainToolTip(QStringLiteral("5 > 3 & 2")), QStringLiteral("5 > 3 & 2"));
-    QCOMPARE(plainToolTip(QStringLiteral("<b>a</b>\nc")),
-             QStringLiteral("<qt>&lt;b&gt;a&lt;/b&gt;<br>c</qt>"));
 }
 
 void CellTextsTest::ages_data()
