@@ -64,7 +64,8 @@ void TrendPage::build()
     m_state->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_state->setAccessibleName(tr("Cursors"));
     m_state->setWordWrap(true);
-    setFocusProxy(m_plot->canvas()); // which the keys are meant for
+    m_plot->canvas()->setAccessibleName(m_plot->accessibleName());
+    setMainPart(m_plot->canvas()); // which the keys are meant for
     QSplitter* parts = new QSplitter(Qt::Vertical);
     parts->addWidget(m_plot);
     parts->addWidget(m_table);

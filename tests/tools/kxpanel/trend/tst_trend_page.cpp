@@ -264,7 +264,7 @@ void TrendPageTest::keysWorkOnThePage()
 {
     Window window;
     window.page.findChild<QLineEdit*>()->setFocus();
-    window.page.setFocus(); // as the window does when the page is chosen
+    window.page.mainPart()->setFocus(); // as the window does when the page is chosen
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     QVERIFY(!window.action("live")->isChecked());
 }
