@@ -74,7 +74,15 @@ QList<ShortcutRow> shortcutsOf(const QWidget* window)
 
 void showShortcuts(QWidget* window)
 {
+    const QString name = QStringLiteral("shortcuts");
+    auto* const shown = window->findChild<QDialog*>(name);
+    if (shown && shown->isVisible()) { // behind the window, perhaps
+        shown->raise();
+        shown->activateWindow();
+        return;
+    }
     auto* const dialog = new QDialog(window);
+    dialog->setObjectName(name);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(translated(QT_TRANSLATE_NOOP("ShortcutList", "Shortcuts")));
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);

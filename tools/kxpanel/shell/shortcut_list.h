@@ -18,7 +18,7 @@ struct ShortcutRow {
 /// Of all actions of the window and its pages, the window's first, each action once.
 QList<ShortcutRow> shortcutsOf(const QWidget* window);
 
-/// Shows them; returns at once.
+/// Shows them, once at a time; returns at once.
 void showShortcuts(QWidget* window);
 
 } // namespace kxpanel
