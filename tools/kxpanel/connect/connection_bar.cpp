@@ -1,5 +1,6 @@
 #include "kxpanel/connect/connection_bar.h"
 
+#include "kxpanel/actions/message_label.h"
 #include "kxpanel/actions/plain_tool_tip.h"
 #include "kxpanel/connect/line_fields.h"
 #include "kxpanel/connect/line_text.h"
@@ -40,7 +41,7 @@ ConnectionBar::ConnectionBar(Machine* machine, QWidget* parent)
       m_machine(machine),
       m_fields(new LineFields(this)),
       m_state(new QLabel(this)),
-      m_message(new QLabel(this))
+      m_message(new MessageLabel(this))
 {
     makeActions();
     layOut();
@@ -74,9 +75,6 @@ void ConnectionBar::layOut()
     m_state->setAccessibleName(tr("State of the line"));
     m_state->setTextFormat(Qt::PlainText);
     m_message->setAccessibleName(tr("What is wrong with the line"));
-    m_message->setWordWrap(true);
-    m_message->setTextFormat(Qt::PlainText);
-    m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_message->hide();
     auto* const row = new QHBoxLayout;
     row->addWidget(m_fields, 1);
@@ -151,7 +149,7 @@ void ConnectionBar::showStatus()
 
 void ConnectionBar::say(const QString& fault)
 {
-    m_message->setText(fault);
+    m_message->say(fault);
     m_message->setVisible(!fault.isEmpty());
 }
 

@@ -14,6 +14,7 @@ namespace kxpanel
 {
 
 class LineFields;
+class MessageLabel;
 class ScanPanel;
 
 /// Which line it is, and how it is: connects, disconnects and scans for stations. What is wrong
@@ -66,7 +67,7 @@ private:
     QAction* m_scan;
     QToolButton* m_button;
     QLabel* m_state;
-    QLabel* m_message;
+    MessageLabel* m_message;
 };
 
 } // namespace kxpanel

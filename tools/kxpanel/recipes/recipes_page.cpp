@@ -1,5 +1,6 @@
 #include "kxpanel/recipes/recipes_page.h"
 
+#include "kxpanel/actions/message_label.h"
 #include "kxpanel/exchanges/exchange_verdict.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/recipes/download_bar.h"
@@ -31,7 +32,7 @@ RecipesPage::RecipesPage(const PageContext& context, QWidget* parent)
       m_order(new RecipeOrder(m_model, this)),
       m_question(new DownloadBar(this)),
       m_progress(new TransferBar(this)),
-      m_fault(new QLabel(this)),
+      m_fault(new MessageLabel(this)),
       m_table(makeRecipeTable(m_order, this)),
       m_counts(new QLabel(this))
 {
@@ -46,10 +47,7 @@ RecipesPage::RecipesPage(const PageContext& context, QWidget* parent)
         connect(context.machine, &Machine::lineChanged, this, &RecipesPage::onLineChanged);
     }
     QToolBar* const bar = makeActions();
-    for (QLabel* const label : {m_fault, m_counts})
-        label->setTextFormat(Qt::PlainText); // names and files are no markup
-    m_fault->setWordWrap(true);
-    m_fault->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_counts->setTextFormat(Qt::PlainText); // a file may have any name
     m_fault->setAccessibleName(tr("What went wrong"));
     m_counts->setAccessibleName(tr("How file and controller go together"));
     auto* const box = new QVBoxLayout(this);
@@ -157,9 +155,9 @@ void RecipesPage::complain(const QString& fault)
     QPalette colours = palette();
     colours.setColor(QPalette::WindowText, verdictColour(ExchangeVerdict::Failed, colours));
     m_fault->setPalette(colours);
-    m_fault->setText(fault.isEmpty()
-                         ? QString()
-                         : verdictSymbol(ExchangeVerdict::Failed) + QLatin1Char(' ') + fault);
+    m_fault->say(fault.isEmpty()
+                     ? QString()
+                     : verdictSymbol(ExchangeVerdict::Failed) + QLatin1Char(' ') + fault);
     m_fault->setVisible(!fault.isEmpty());
 }
 

@@ -15,6 +15,7 @@ namespace kxpanel
 
 class DownloadBar;
 struct LineStatus;
+class MessageLabel;
 class RecipeModel;
 class RecipeOrder;
 class TransferBar;
@@ -97,7 +98,7 @@ private:
     QAction* m_save = nullptr;
     DownloadBar* m_question;
     TransferBar* m_progress;
-    QLabel* m_fault;
+    MessageLabel* m_fault;
     QTableView* m_table;
     QLabel* m_counts;
 };

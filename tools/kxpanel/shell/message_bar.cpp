@@ -1,10 +1,10 @@
 #include "kxpanel/shell/message_bar.h"
 
+#include "kxpanel/actions/message_label.h"
 #include "kxpanel/connect/line_text.h"
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QToolButton>
 
 namespace kxpanel
@@ -17,13 +17,10 @@ const int MOST_ROWS = 8; // the pages need the room
 
 } // namespace
 
-MessageBar::MessageBar(QWidget* parent) : QFrame(parent), m_text(new QLabel(this))
+MessageBar::MessageBar(QWidget* parent) : QFrame(parent), m_text(new MessageLabel(this))
 {
     setFrameShape(QFrame::StyledPanel);
     m_text->setAccessibleName(tr("What went wrong"));
-    m_text->setWordWrap(true);
-    m_text->setTextFormat(Qt::PlainText);
-    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto* const close = new QToolButton(this);
     close->setText(QStringLiteral("\u2715")); // a cross
     close->setAutoRaise(true);
@@ -42,7 +39,7 @@ void MessageBar::say(const QString& text)
     const int more = static_cast<int>(rows.size()) - MOST_ROWS;
     if (more > 0)
         rows = rows.mid(0, MOST_ROWS) << tr("and %n more", nullptr, more);
-    m_text->setText(rows.join(QLatin1Char('\n')));
+    m_text->say(rows.join(QLatin1Char('\n')));
     setVisible(!text.isEmpty());
     showColour();
 }

@@ -3,10 +3,10 @@
 
 #include <QtWidgets/QFrame>
 
-class QLabel;
-
 namespace kxpanel
 {
+
+class MessageLabel;
 
 /// What went wrong, inside the window, until a person closes it or it is over.
 class MessageBar : public QFrame
@@ -25,7 +25,7 @@ private:
     void showColour();
     void changeEvent(QEvent* event) override;
 
-    QLabel* m_text;
+    MessageLabel* m_text;
 };
 
 } // namespace kxpanel

@@ -18,6 +18,7 @@ private slots:
     void textIsNoMarkup();
     void manyRowsAreCut();
     void aFewRowsAreNot();
+    void aLongWordLeavesTheWindowAsItIs();
     void itsColourFollowsTheTheme();
 };
 
@@ -66,6 +67,15 @@ void MessageBarTest::aFewRowsAreNot()
     MessageBar bar;
     bar.say("1\n2\n3\n4\n5\n6\n7\n8");
     QCOMPARE(bar.text(), QString("1\n2\n3\n4\n5\n6\n7\n8"));
+}
+
+void MessageBarTest::aLongWordLeavesTheWindowAsItIs()
+{
+    MessageBar bar;
+    bar.say("wrong");
+    const int width = bar.minimumSizeHint().width();
+    bar.say(QString(300, 'x'));
+    QCOMPARE(bar.minimumSizeHint().width(), width);
 }
 
 void MessageBarTest::itsColourFollowsTheTheme()
