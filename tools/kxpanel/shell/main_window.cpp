@@ -101,10 +101,9 @@ void MainWindow::begin(const WindowOptions& options)
         m_status->say(tr("The window's place and recent files are not kept: %1 cannot be written")
                           .arg(m_settings->fileName()));
     m_connection->setOptions(options.connection);
+    m_project->settle(); // also when the file cannot be opened
     if (!options.file.isEmpty())
         m_project->open(options.file);
-    else
-        m_project->settle();
     if (!options.connects)
         return;
     m_connection->setOptions(options.connection); // goes before the project's

@@ -2,6 +2,7 @@
 
 #include "kxpanel/connect/connection_bar.h"
 #include "kxpanel/machine/machine_thread.h"
+#include "kxpanel/project/connection_json.h"
 #include "kxpanel/project/project.h"
 #include "kxpanel/shell/main_window.h"
 #include "kxpanel/shell/message_bar.h"
@@ -233,11 +234,14 @@ void MainWindowTest::aBrokenProjectIsSaidInside()
     file.write("[1]");
     file.close();
     WindowOptions options;
+    options.connection = usualConnection(); // of a command line that names none
     options.file = path;
     m_window->begin(options);
     QVERIFY(m_window->messages()->isVisible());
     QVERIFY2(m_window->messages()->text().startsWith(path),
              qPrintable(m_window->messages()->text()));
+    m_window->project()->touch();
+    QVERIFY(!m_window->project()->isChanged()); // nobody has done anything yet
 }
 
 void MainWindowTest::closingWithChangesAsks()
