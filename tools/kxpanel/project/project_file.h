@@ -27,7 +27,8 @@ public:
     /// @return false and in `*faults` what is wrong, a line each that begins with the path; nothing
     ///         changes then
     bool open(const QString& path, Project* project, QStringList* faults);
-    /// Replaces the file as a whole, or leaves it as it was.
+    /// Replaces the file as a whole, or leaves it as it was: also the first time after another
+    /// program has changed what was opened or saved here.
     /// @return false and one line in `*error` that begins with the path
     bool save(const QString& path, const Project& project, QString* error);
     /// A project without a file.
@@ -43,9 +44,11 @@ signals:
 
 private:
     void keep(const QString& path, const QByteArray& text);
+    bool isAsSeen(QString* error);
 
     QString m_path;
     QByteArray m_text; ///< of the project as it is in the file
+    QByteArray m_seen; ///< what the file held when it was last read or written here
     bool m_isChanged = false;
 };
 

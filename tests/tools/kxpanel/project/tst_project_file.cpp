@@ -15,6 +15,8 @@ private slots:
     void tellsWhatIsUnsaved();
     void aBrokenFileChangesNothing();
     void aFileThatCannotBeWrittenStaysUnsaved();
+    void whatAnotherWindowSavedIsNotReplacedUnseen();
+    void aFileThatIsGoneIsMadeAgain();
 };
 
 void ProjectFileTest::savesAndOpens()
@@ -99,6 +101,55 @@ void ProjectFileTest::aFileThatCannotBeWrittenStaysUnsaved()
     QVERIFY(!error.isEmpty());
     QVERIFY(file.isChanged());
     QCOMPARE(file.path(), QString());
+}
+
+// Else the last one to save takes away what the others did, and nobody is told.
+void ProjectFileTest::whatAnotherWindowSavedIsNotReplacedUnseen()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("line3.kxpanel"));
+    const auto stationInFile = [&path] {
+        ProjectFile file;
+        Project project;
+        QStringList faults;
+        return file.open(path, &project, &faults) ? project.connection.station : -1;
+    };
+    Project project;
+    ProjectFile one;
+    ProjectFile other;
+    QString error;
+    QStringList faults;
+    QVERIFY(one.save(path, project, &error));
+    QVERIFY(other.open(path, &project, &faults));
+    project.connection.station = 7;
+    QVERIFY(other.save(path, project, &error)); // nobody else has changed it
+    project.connection.station = 8;
+    one.note(project);
+    QVERIFY(!one.save(path, project, &error));
+    QCOMPARE(error, path
+                        + ": another program has changed it since; save once more to replace it, "
+                          "or save as another file");
+    QCOMPARE(stationInFile(), 7);
+    QVERIFY(one.isChanged());
+    error.clear();
+    QVERIFY2(one.save(path, project, &error), qPrintable(error)); // now it is known
+    QCOMPARE(stationInFile(), 8);
+    project.connection.station = 9;
+    QVERIFY(one.save(path, project, &error));
+    QVERIFY(!other.save(path, project, &error));
+    QVERIFY(other.save(folder.filePath("another.kxpanel"), project, &error));
+}
+
+void ProjectFileTest::aFileThatIsGoneIsMadeAgain()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("line3.kxpanel"));
+    ProjectFile file;
+    QString error;
+    QVERIFY(file.save(path, Project(), &error));
+    QVERIFY(QFile::remove(path));
+    QVERIFY2(file.save(path, Project(), &error), qPrintable(error));
+    QVERIFY(QFile::exists(path));
 }
 
 QTEST_GUILESS_MAIN(ProjectFileTest)
