@@ -1,6 +1,7 @@
 #include "kxpanel/project/project.h"
 
 #include "kxpanel/project/connection_json.h"
+#include "kxpanel/project/json_members.h"
 #include "kxpanel/project/tag_json.h"
 #include "system/printable_text.h"
 
@@ -51,10 +52,17 @@ bool parseWhole(const QByteArray& text, QJsonObject* whole, QStringList* faults)
         error.error = QJsonParseError::IllegalValue; // Qt takes it and does not give it back
         error.offset = zero + 1;
     }
+    QString name;
+    const int twice = error.error == QJsonParseError::NoError ? repeatedMember(text, &name) : -1;
     *whole = document.object();
     const QJsonValue version = whole->value(member("version"));
     if (error.error != QJsonParseError::NoError)
         *faults << placeOf(text, error.offset) + QLatin1String(": ") + error.errorString();
+    else if (twice >= 0)
+        *faults << placeOf(text, twice + 1) + QLatin1String(": ")
+                       + translated(QT_TRANSLATE_NOOP("kxpanel::Project",
+                                                      "the member '%1' is there twice"))
+                             .arg(name);
     else if (whole->value(member("format")).toString() != QLatin1String(FORMAT))
         *faults << translated(
             QT_TRANSLATE_NOOP("kxpanel::Project", "format: this is no project of kxpanel"));

@@ -1630,6 +1630,10 @@
 <context>
     <name>kxpanel::Project</name>
     <message>
+        <source>the member &apos;%1&apos; is there twice</source>
+        <translation>das Element „%1“ kommt doppelt vor</translation>
+    </message>
+    <message>
         <source>connection.%1: must be a text, a number or true</source>
         <translation>connection.%1: muss ein Text, eine Zahl oder true sein</translation>
     </message>

@@ -43,6 +43,7 @@ private slots:
     void keepsWhatItDoesNotKnow();
     void writesWhatItReads();
     void aNameMayBeANumber();
+    void membersOfOtherObjectsAreNotTwice();
     void anEmptyProjectHasNoLine();
     void refuses_data();
     void refuses();
@@ -95,6 +96,16 @@ void ProjectTest::aNameMayBeANumber()
     QCOMPARE(project.tags.first().tag.name, QStringLiteral("17"));
 }
 
+// Nor texts that look like members.
+void ProjectTest::membersOfOtherObjectsAreNotTwice()
+{
+    const Project project =
+        parsed(R"({"format": "kxpanel project", "version": 1, "a": {"b": {"a": 1}, "c": "b"},
+                   "b": ["a", "a", {"a": "\"a\": {"}, {"a": "b"}], "tags": [{"address": "D0"}]})");
+    QCOMPARE(project.tags.size(), 1);
+    QCOMPARE(project.extra.keys(), (QStringList{"a", "b"}));
+}
+
 void ProjectTest::anEmptyProjectHasNoLine()
 {
     const Project project = parsed(projectText(Project()));
@@ -119,6 +130,13 @@ void ProjectTest::refuses_data()
         "line 2, column 13: unterminated object");
     row("a zero byte, which is lost on the way back", project("\n\"lat#er\": 1").replace('#', '\0'),
         "line 2, column 5: illegal value");
+    row("a member that is there twice",
+        "{\"format\": \"kxpanel project\", \"version\": 1,\n \"connection\": {\"baud\": 9600,\n"
+        "  \"baud\": 19200}}",
+        "line 3, column 3: the member 'baud' is there twice");
+    row("a member that is there twice, once in other letters",
+        project(R"("later": {"baud": 1, "b\u0061ud": 2})"),
+        "line 1, column 66: the member 'baud' is there twice");
     row("another file", "{\"some\": 1}", "format: this is no project of kxpanel");
     row("an array", "[1]", "format: this is no project of kxpanel");
     row("no version", R"({"format": "kxpanel project"})", "version: must be a number, 1 or more");

@@ -1,0 +1,18 @@
+#ifndef KX_KXPANEL_PROJECT_JSON_MEMBERS_H
+#define KX_KXPANEL_PROJECT_JSON_MEMBERS_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+namespace kxpanel
+{
+
+/// Finds the first member whose name its object has already: a reader takes the last one and says
+/// nothing.
+/// @param text is JSON
+/// @return where its name begins, in bytes; negative: there is none
+int repeatedMember(const QByteArray& text, QString* name);
+
+} // namespace kxpanel
+
+#endif
