@@ -57,10 +57,14 @@ private:
     QJsonArray columnsLayout() const;
     void takeColumn(int column, const QJsonObject& shape);
     QList<int> selectedRows() const;
+    QModelIndexList cellsOf(const QList<int>& numbers) const;
+    void keepSelection();
+    void restoreSelection();
 
     WatchModel* m_model;
     WatchFilter* m_filter;
     QList<QAction*> m_columnActions;
+    QList<int> m_kept;    ///< numbers that are selected while rows come and go
     QJsonObject m_layout; ///< as the project had it, with members of others
 };
 

@@ -98,6 +98,8 @@ private slots:
     void editsOfTheListAndEscapeCallAQuestionOff();
     void movesRows();
     void filtersAndShowsAllAgain();
+    void whatIsSelectedStaysSoWhenRowsAreHidden_data();
+    void whatIsSelectedStaysSoWhenRowsAreHidden();
     void opensTags();
     void savedTagsAreOpenedAsTheyWere();
     void tellsOfAddedRowsThatAreHidden();
@@ -751,6 +753,42 @@ void WatchPageTest::filtersAndShowsAllAgain()
     QTest::keyClick(edit, Qt::Key_Escape);
     QCOMPARE(m_table->model()->rowCount(), 4);
     QVERIFY(m_table->hasFocus());
+}
+
+void WatchPageTest::whatIsSelectedStaysSoWhenRowsAreHidden_data()
+{
+    QTest::addColumn<QString>("before"); // filters by names
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<int>("selected");
+    QTest::addColumn<int>("stillSelected");
+    QTest::newRow("the first is hidden") << ""
+                                         << "even" << 204 << 100;
+    QTest::newRow("the last is hidden") << ""
+                                        << "odd" << 204 << 100;
+    QTest::newRow("others come between them") << "odd"
+                                              << "" << 100 << 100;
+    QTest::newRow("others in their place") << "odd"
+                                           << "even" << 100 << 0;
+}
+
+// Of more than 1000 cells, all of which are selected, Qt keeps but the first and the last.
+void WatchPageTest::whatIsSelectedStaysSoWhenRowsAreHidden()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    QList<kx::Tag> tags;
+    for (int i = 0; i < 200; ++i)
+        tags << tagOf("D1000", i % 2 == 0 ? "Odd" : "Even");
+    m_tags->insert(4, tags);
+    auto* const filter = m_page->findChild<FilterLine*>()->edit();
+    filter->setText(before);
+    m_table->selectAll();
+    const QList<int> selected = m_table->selectedNumbers();
+    QTEST(static_cast<int>(selected.size()), "selected");
+    filter->setText(after);
+    QTEST(static_cast<int>(m_table->selectedNumbers().size()), "stillSelected");
+    for (const int number : m_table->selectedNumbers())
+        QVERIFY(selected.contains(number));
 }
 
 void WatchPageTest::opensTags()

@@ -65,6 +65,7 @@ FilterLine::FilterLine(WatchFilter* filter, QWidget* parent)
     for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(filter, signal, this, &FilterLine::count);
     connect(filter, &QAbstractItemModel::modelReset, this, &FilterLine::count);
+    connect(filter, &QAbstractItemModel::layoutChanged, this, &FilterLine::count);
     count();
 }
 

@@ -3,33 +3,61 @@
 #include "kxpanel/grid/model/watch_model.h"
 #include "registers/register_types.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace kxpanel
 {
+
+namespace
+{
+
+/// By keys as of WatchModel::sortKey().
+bool precedes(const QVariant& one, const QVariant& other, Qt::SortOrder order)
+{
+    if (!one.isValid() || !other.isValid()) // last in both orders
+        return one.isValid() && !other.isValid();
+    if (order == Qt::DescendingOrder)
+        return precedes(other, one, Qt::AscendingOrder);
+    const bool oneIsText = one.userType() == QMetaType::QString;
+    const bool otherIsText = other.userType() == QMetaType::QString;
+    if (oneIsText != otherIsText)
+        return otherIsText;
+    if (oneIsText)
+        return QString::localeAwareCompare(one.toString(), other.toString()) < 0;
+    return one.toDouble() < other.toDouble();
+}
+
+} // namespace
 
 WatchFilter::WatchFilter(WatchModel* model, QObject* parent)
     : QSortFilterProxyModel(parent), m_model(model)
 {
     setDynamicSortFilter(false);
     setSourceModel(model);
+    connect(model, &QAbstractItemModel::rowsInserted, this, [this] {
+        if (sortColumn() >= 0)
+            invalidate(); // they go behind all others
+    });
 }
 
 void WatchFilter::setText(const QString& text)
 {
     m_words = text.simplified().split(QLatin1Char(' '));
     m_words.removeAll(QString());
-    invalidateFilter();
+    refilter();
 }
 
 void WatchFilter::setStates(StateFilter states)
 {
     m_states = states;
-    invalidateFilter();
+    refilter();
 }
 
 void WatchFilter::setType(const QString& type)
 {
     m_type = type;
-    invalidateFilter();
+    refilter();
 }
 
 bool WatchFilter::isFiltering() const
@@ -40,7 +68,27 @@ bool WatchFilter::isFiltering() const
 void WatchFilter::refreshStates()
 {
     if (m_states != StateFilter::All)
-        invalidateFilter();
+        refilter();
+}
+
+/// All at once: for thousands of rows apart from each other, one after the other takes a second.
+void WatchFilter::refilter()
+{
+    if (!isOutdated())
+        return;
+    emit rowsAboutToChange();
+    invalidate();
+    emit rowsChanged();
+}
+
+bool WatchFilter::isOutdated() const
+{
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        const bool isShown = mapFromSource(m_model->index(row, 0)).isValid();
+        if (isShown != filterAcceptsRow(row, QModelIndex()))
+            return true;
+    }
+    return false;
 }
 
 bool WatchFilter::filterAcceptsRow(int row, const QModelIndex&) const
@@ -87,27 +135,37 @@ bool WatchFilter::fitsState(int row) const
 
 void WatchFilter::sort(int column, Qt::SortOrder order)
 {
-    m_order = order;
-    m_keys.clear();
-    for (int row = 0; column >= 0 && row < m_model->rowCount(); ++row)
-        m_keys << m_model->sortKey(row, column);
+    rankRows(column, order);
     QSortFilterProxyModel::sort(column, order);
-    m_keys.clear();
+}
+
+/// Rows that are alike stay as they were sorted before.
+void WatchFilter::rankRows(int column, Qt::SortOrder order)
+{
+    QVector<QPair<int, QVariant>> rows; // of the model, with their keys
+    for (int row = 0; column >= 0 && row < m_model->rowCount(); ++row)
+        rows << qMakePair(row, m_model->sortKey(row, column));
+    std::stable_sort(rows.begin(), rows.end(), [this](const auto& one, const auto& other) {
+        return rankOf(one.first) < rankOf(other.first);
+    });
+    std::stable_sort(rows.begin(), rows.end(), [order](const auto& one, const auto& other) {
+        return precedes(one.second, other.second, order);
+    });
+    m_ranks.clear();
+    for (int rank = 0; rank < rows.size(); ++rank)
+        m_ranks.insert(m_model->numberAt(rows.at(rank).first), rank);
+}
+
+int WatchFilter::rankOf(int row) const
+{
+    return m_ranks.value(m_model->numberAt(row), std::numeric_limits<int>::max());
 }
 
 bool WatchFilter::lessThan(const QModelIndex& left, const QModelIndex& right) const
 {
-    const QVariant one = m_keys.value(left.row());
-    const QVariant other = m_keys.value(right.row());
-    if (!one.isValid() || !other.isValid()) // last in both orders
-        return one.isValid() != other.isValid() && one.isValid() == (m_order == Qt::AscendingOrder);
-    const bool oneIsText = one.userType() == QMetaType::QString;
-    const bool otherIsText = other.userType() == QMetaType::QString;
-    if (oneIsText != otherIsText)
-        return otherIsText;
-    if (oneIsText)
-        return QString::localeAwareCompare(one.toString(), other.toString()) < 0;
-    return one.toDouble() < other.toDouble();
+    // The base class asks the other way round for a falling order.
+    return sortOrder() == Qt::AscendingOrder ? rankOf(left.row()) < rankOf(right.row())
+                                             : rankOf(left.row()) > rankOf(right.row());
 }
 
 bool WatchFilter::canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,

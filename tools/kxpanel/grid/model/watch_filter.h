@@ -1,6 +1,7 @@
 #ifndef KX_KXPANEL_GRID_MODEL_WATCH_FILTER_H
 #define KX_KXPANEL_GRID_MODEL_WATCH_FILTER_H
 
+#include <QtCore/QHash>
 #include <QtCore/QSortFilterProxyModel>
 #include <QtCore/QStringList>
 
@@ -13,7 +14,8 @@ class WatchModel;
 enum class StateFilter { All, Attention, Changed, NotRead };
 
 /// The rows of a WatchModel that fit, in the list's order or sorted. Values that change move no
-/// rows: what is sorted stays until it is sorted again.
+/// rows: what is sorted stays until it is sorted again, what the filter lets through again comes
+/// back to its place, and what is new follows.
 class WatchFilter : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -43,20 +45,28 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
 
+signals:
+    /// Many rows come or go at once, told of by layoutChanged(): before it and after it.
+    void rowsAboutToChange();
+    void rowsChanged();
+
 protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
     bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
 private:
     bool fitsState(int row) const;
+    void refilter();
+    bool isOutdated() const;
+    void rankRows(int column, Qt::SortOrder order);
+    int rankOf(int row) const;
 
     WatchModel* m_model;
     QStringList m_words;
     StateFilter m_states = StateFilter::All;
     QString m_type;
-    QVector<QVariant> m_keys; ///< of the model's rows while they are being sorted
-    Qt::SortOrder m_order = Qt::AscendingOrder;
-    int m_kept = 0; ///< number of a value
+    QHash<int, int> m_ranks; ///< of the values' numbers, as they were sorted
+    int m_kept = 0;          ///< number of a value
 };
 
 } // namespace kxpanel

@@ -4,6 +4,8 @@
 #include "kxpanel/tags/tag_list.h"
 #include "tools/kxpanel/tag_samples.h"
 
+#include <QtTest/QSignalSpy>
+
 #include <QUndoStack>
 #include <QtCore/QMimeData>
 
@@ -23,6 +25,10 @@ private slots:
     void sorts_data();
     void sorts();
     void newReadingsMoveNoRows();
+    void rowsComeBackToTheirPlace_data();
+    void rowsComeBackToTheirPlace();
+    void newRowsFollowThoseThatAreSorted();
+    void manyRowsGoAndComeAtOnce();
     void dropsNeedTheListsOrder();
 
 private:
@@ -157,6 +163,65 @@ void WatchFilterTest::newReadingsMoveNoRows()
     QCOMPARE(rows(), QStringLiteral("23145"));
     m_filter->sort(WatchModel::Value);
     QCOMPARE(rows().right(2), QStringLiteral("51"));
+}
+
+void WatchFilterTest::rowsComeBackToTheirPlace_data()
+{
+    QTest::addColumn<bool>("falling");
+    QTest::addColumn<QString>("sorted");
+    QTest::addColumn<QString>("ofTypeD");
+    QTest::newRow("rising") << false << "23145"
+                            << "145";
+    QTest::newRow("falling") << true << "41325"
+                             << "415";
+}
+
+void WatchFilterTest::rowsComeBackToTheirPlace()
+{
+    QFETCH(bool, falling);
+    QFETCH(QString, sorted);
+    m_filter->sort(WatchModel::Value, falling ? Qt::DescendingOrder : Qt::AscendingOrder);
+    QCOMPARE(rows(), sorted);
+    m_tags.takeReadings({readingOf(4, {1})}); // which moves no row
+    m_filter->setType(QStringLiteral("D"));
+    QTEST(rows(), "ofTypeD");
+    m_filter->setType(QString());
+    QCOMPARE(rows(), sorted);
+    m_filter->setText(QStringLiteral("pump"));
+    m_filter->setText(QStringLiteral("p"));
+    m_filter->setText(QString());
+    QCOMPARE(rows(), sorted);
+}
+
+// Until they are sorted again.
+void WatchFilterTest::newRowsFollowThoseThatAreSorted()
+{
+    m_filter->sort(WatchModel::Value);
+    m_tags.insert(1, {tagOf("D30"), tagOf("D31")});
+    QCOMPARE(rows(), QStringLiteral("2314567"));
+    m_filter->setType(QStringLiteral("X"));
+    m_filter->setType(QString());
+    QCOMPARE(rows(), QStringLiteral("2314567"));
+}
+
+// One after the other they would hold the window up.
+void WatchFilterTest::manyRowsGoAndComeAtOnce()
+{
+    QList<kx::Tag> tags;
+    for (int i = 0; i < 200; ++i)
+        tags << tagOf("D1000", i % 2 == 0 ? "odd" : "even");
+    m_tags.insert(5, tags);
+    QSignalSpy gone(m_filter.get(), &QAbstractItemModel::rowsRemoved);
+    QSignalSpy come(m_filter.get(), &QAbstractItemModel::rowsInserted);
+    QSignalSpy changed(m_filter.get(), &WatchFilter::rowsChanged);
+    m_filter->setText(QStringLiteral("even"));
+    QCOMPARE(m_filter->rowCount(), 100);
+    m_filter->setText(QString());
+    QCOMPARE(m_filter->rowCount(), 205);
+    QCOMPARE(gone.size() + come.size(), 0);
+    QCOMPARE(changed.size(), 2);
+    m_filter->setText(QStringLiteral(" ")); // hides none
+    QCOMPARE(changed.size(), 2);
 }
 
 void WatchFilterTest::dropsNeedTheListsOrder()
