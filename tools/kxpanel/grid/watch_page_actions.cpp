@@ -181,7 +181,7 @@ void WatchPage::moveSelected(int step)
     const int row =
         step < 0 ? m_model->rowOf(numbers.first()) - 1 : m_model->rowOf(numbers.last()) + 2;
     if (row >= 0 && row <= m_model->rowCount())
-        m_undo.push(new MoveTags(m_context.tags, numbers, row));
+        pushEdit(&m_undo, std::make_unique<MoveTags>(m_context.tags, numbers, row));
 }
 
 } // namespace kxpanel

@@ -1,7 +1,9 @@
 #include "kxpanel/tags/tag_commands.h"
 
+#include "kxpanel/tags/tag_fields.h"
 #include "kxpanel/tags/tag_list.h"
 
+#include <QUndoStack> // in another module since Qt 6
 #include <QtCore/QHash>
 #include <QtCore/QSet>
 
@@ -22,6 +24,12 @@ QList<int> numbersOf(const QList<WatchedValue>& values)
 }
 
 } // namespace
+
+void pushEdit(QUndoStack* stack, std::unique_ptr<QUndoCommand> edit)
+{
+    if (!edit->isObsolete()) // the stack drops what was undone for these, too
+        stack->push(edit.release());
+}
 
 InsertTags::InsertTags(TagList* list, int row, const QList<kx::Tag>& tags)
     : m_list(list), m_row(row), m_tags(tags)
@@ -121,6 +129,7 @@ EditTag::EditTag(TagList* list, const WatchedValue& before, const kx::Tag& after
     : m_list(list), m_before(before), m_after(after)
 {
     setText(tr("edit of %1").arg(TagList::shownName(before)));
+    setObsolete(before.tag.name == after.name && tagFields(before.tag) == tagFields(after));
 }
 
 void EditTag::redo()

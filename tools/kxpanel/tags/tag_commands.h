@@ -7,10 +7,17 @@
 #include <QUndoCommand> // in another module since Qt 6
 #include <QtCore/QCoreApplication>
 
+#include <memory>
+
+class QUndoStack;
+
 namespace kxpanel
 {
 
 class TagList;
+
+/// Does the edit, unless it changes nothing: what was undone before can be done again then.
+void pushEdit(QUndoStack* stack, std::unique_ptr<QUndoCommand> edit);
 
 /// Puts tags in front of a row.
 class InsertTags : public QUndoCommand
@@ -45,8 +52,7 @@ private:
     QList<QPair<int, WatchedValue>> m_removed; ///< with their rows, rising
 };
 
-/// Puts values, in their order, in front of the one of a row. Where that changes nothing, there is
-/// nothing to undo.
+/// Puts values, in their order, in front of the one of a row. Obsolete where that changes nothing.
 class MoveTags : public QUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(kxpanel::MoveTags)
@@ -65,6 +71,7 @@ private:
     QList<int> m_after;
 };
 
+/// Obsolete where nothing is other.
 class EditTag : public QUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(kxpanel::EditTag)

@@ -20,6 +20,7 @@ private slots:
     void editsAreUndone();
     void eachEditIsUndoneAlone();
     void editsOfOthersAreUndoneAlone();
+    void whatChangesNothingKeepsWhatWasUndone();
 
 private:
     QString numbers() const;
@@ -95,7 +96,7 @@ void TagCommandsTest::movesBlocks()
 {
     QFETCH(QList<int>, moved);
     QFETCH(int, row);
-    m_undo.push(new MoveTags(&m_list, moved, row));
+    pushEdit(&m_undo, std::make_unique<MoveTags>(&m_list, moved, row));
     QTEST(numbers(), "order");
     QCOMPARE(m_undo.count(), numbers() == QLatin1String("1 2 3 4 5") ? 0 : 1);
     m_undo.undo();
@@ -135,6 +136,21 @@ void TagCommandsTest::editsOfOthersAreUndoneAlone()
     m_undo.undo();
     QCOMPARE(m_list.find(3)->tag.comment, QString());
     QCOMPARE(m_list.find(3)->tag.name, QStringLiteral("Pressure"));
+}
+
+// Rows dropped where they were, a format typed as it is.
+void TagCommandsTest::whatChangesNothingKeepsWhatWasUndone()
+{
+    edit(2, "Flow");
+    m_undo.undo();
+    pushEdit(&m_undo, std::make_unique<MoveTags>(&m_list, QList<int>{2, 3}, 2));
+    QVERIFY(m_undo.canRedo());
+    const WatchedValue value = *m_list.find(4);
+    pushEdit(&m_undo, std::make_unique<EditTag>(&m_list, value, value.tag));
+    QVERIFY(m_undo.canRedo());
+    m_undo.redo();
+    QCOMPARE(m_list.find(2)->tag.name, QStringLiteral("Flow"));
+    QCOMPARE(m_undo.count(), 1);
 }
 
 QTEST_GUILESS_MAIN(TagCommandsTest)

@@ -151,7 +151,7 @@ bool WatchModel::setData(const QModelIndex& index, const QVariant& text, int rol
     if (index.column() == Value)
         m_writer->write(value->number, edit.assignment);
     else if (text.toString() != editTextOf(*value, index.column()).toString())
-        m_undo->push(new EditTag(m_tags, *value, edit.tag));
+        pushEdit(m_undo, std::make_unique<EditTag>(m_tags, *value, edit.tag));
     return true;
 }
 
@@ -194,7 +194,7 @@ bool WatchModel::dropMimeData(const QMimeData* data, Qt::DropAction, int row, in
     if (numbers.isEmpty())
         return false;
     const int before = row >= 0 ? row : parent.isValid() ? parent.row() : rowCount();
-    m_undo->push(new MoveTags(m_tags, numbers, before));
+    pushEdit(m_undo, std::make_unique<MoveTags>(m_tags, numbers, before));
     return true;
 }
 
