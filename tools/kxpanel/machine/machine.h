@@ -67,7 +67,8 @@ public:
 
 signals:
     void lineChanged(const kxpanel::LineStatus& status);
-    /// Gathered for up to 50 ms. All of a value are sent once more after setValues().
+    /// Gathered for up to 50 ms: of each value its changes in the order of their reads, and its
+    /// latest read. That of all values is sent once more after setValues().
     void valuesRead(const QVector<kxpanel::Reading>& readings);
     /// Gathered for up to 50 ms, in the order of their ends.
     void exchanged(const QVector<kxpanel::Exchange>& exchanges);

@@ -36,7 +36,7 @@ MachineSession::MachineSession(std::unique_ptr<kx::Session> session,
         gather();
     });
     connect(&m_watch, &kx::Watch::entriesChanged, this, [this](const QList<int>& indexes) {
-        m_values.mark(indexes);
+        m_values.takeNews(m_watch.list(), indexes);
         gather();
     });
     connect(&m_watch, &kx::Watch::exchanged, this, &MachineSession::onExchange);
@@ -95,7 +95,7 @@ void MachineSession::onExchange(const kx::ExchangeRecord& record)
     m_exchanges << exchangeOf(record, ++m_exchangeCount);
     keepLatest();
     if (record.job.kind == CYCLIC_READ_JOB && record.result == REPLY_ACCEPTED)
-        m_values.markRead(kx::rangeOf(record.job));
+        m_values.markRead(m_watch.list(), kx::rangeOf(record.job));
     gather();
     if (m_advice)
         m_advice->onExchange(record);
@@ -169,6 +169,7 @@ void MachineSession::onGathered()
         return tellGathered();
     if (m_missed.from == 0)
         m_missed.from = m_clocks().timeOfDay - GATHERING_TIME;
+    m_values.forgetEarlier();
     gather();
 }
 

@@ -11,7 +11,10 @@ namespace kxpanel
 namespace
 {
 
-Reading readingOf(const kx::WatchEntry& entry, const SessionTimes& times)
+const qint64 NEVER = -1; // on the list's clock
+
+/// With times of the list's clock.
+Reading readingOf(const kx::WatchEntry& entry)
 {
     Reading reading;
     reading.number = entry.name.toInt();
@@ -22,8 +25,16 @@ Reading readingOf(const kx::WatchEntry& entry, const SessionTimes& times)
     const bool wasRead = entry.readAt > 0 || entry.state == kx::WatchState::Ok;
     if (wasRead) // else a write that failed may have left a value
         reading.raw = entry.raw();
-    reading.readAt = wasRead ? times.timeOfDay(entry.readAt) : 0;
-    reading.changedAt = entry.changedAt > 0 ? times.timeOfDay(entry.changedAt) : 0;
+    reading.readAt = wasRead ? entry.readAt : NEVER;
+    reading.changedAt = entry.changedAt > 0 ? entry.changedAt : NEVER;
+    return reading;
+}
+
+/// With times of the day.
+Reading dated(Reading reading, const SessionTimes& times)
+{
+    for (qint64* const time : {&reading.readAt, &reading.changedAt})
+        *time = *time == NEVER ? 0 : times.timeOfDay(*time);
     return reading;
 }
 
@@ -57,6 +68,9 @@ void PolledValues::takeList(const kx::WatchList& list)
     std::sort(m_places.begin(), m_places.end(), isBefore);
     m_isMarked.assign(m_places.size(), false);
     m_marked.clear();
+    for (const Reading& news : qAsConst(m_news))
+        keepEarlier(news);
+    m_news.clear(); // by index
     markAll();
 }
 
@@ -75,7 +89,30 @@ void PolledValues::mark(const QList<int>& indexes)
     }
 }
 
-void PolledValues::markRead(const kx::AddressRange& polled)
+void PolledValues::takeNews(const kx::WatchList& list, const QList<int>& indexes)
+{
+    mark(indexes);
+    for (const int index : indexes) {
+        const auto before = m_news.constFind(index);
+        if (before != m_news.constEnd())
+            keepEarlier(*before);
+        m_news.insert(index, readingOf(list.entries().at(index)));
+    }
+}
+
+void PolledValues::keepEarlier(const Reading& reading)
+{
+    if (reading.state == kx::WatchState::Ok)
+        m_earlier << reading;
+}
+
+void PolledValues::forgetEarlier()
+{
+    m_news.clear();
+    m_earlier.clear();
+}
+
+void PolledValues::markRead(const kx::WatchList& list, const kx::AddressRange& polled)
 {
     if (!polled.type)
         return;
@@ -85,8 +122,12 @@ void PolledValues::markRead(const kx::AddressRange& polled)
     for (; place != m_places.end() && place->station == polled.station && place->type == polled.type
            && place->address < end;
          ++place) {
-        if (place->address + place->width <= end)
-            mark({place->index});
+        if (place->address + place->width > end)
+            continue;
+        mark({place->index});
+        const auto news = m_news.find(place->index);
+        if (news != m_news.end()) // it may have been read since, and was the same
+            *news = readingOf(list.entries().at(place->index));
     }
 }
 
@@ -94,14 +135,21 @@ QVector<Reading> PolledValues::takeMarked(const kx::WatchList& list, const Sessi
                                           bool isCutOff)
 {
     QVector<Reading> readings;
-    readings.reserve(m_marked.size());
-    for (const int index : m_marked) {
-        readings << readingOf(list.entries().at(index), times);
-        if (isCutOff && readings.last().state == kx::WatchState::Ok)
+    readings.reserve(m_earlier.size() + m_marked.size());
+    for (const Reading& earlier : qAsConst(m_earlier))
+        readings << dated(earlier, times);
+    for (const int index : qAsConst(m_marked)) {
+        const Reading latest = dated(readingOf(list.entries().at(index)), times);
+        const bool isPast = isCutOff && latest.state == kx::WatchState::Ok;
+        if (isPast && m_news.contains(index))
+            readings << latest;
+        readings << latest;
+        if (isPast)
             readings.last().state = kx::WatchState::NoAnswer;
         m_isMarked[static_cast<size_t>(index)] = false;
     }
     m_marked.clear();
+    forgetEarlier();
     return readings;
 }
 

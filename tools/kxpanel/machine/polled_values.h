@@ -4,12 +4,15 @@
 #include "kxpanel/machine/machine_events.h"
 #include "kxpanel/machine/session_times.h"
 
+#include <QtCore/QHash>
+
 #include <vector>
 
 namespace kxpanel
 {
 
-/// The window's values as a watch list polls them, and which of them have something new to tell.
+/// The window's values as a watch list polls them, and which of them have something new to tell: of
+/// each the latest, and each change before it.
 /// What comes in costs as much as the values that it is about, however many there are.
 class PolledValues
 {
@@ -24,11 +27,18 @@ public:
     void markAll();
     /// @param indexes in the list
     void mark(const QList<int>& indexes);
+    /// They are marked; what was to be told of them before, and was good, stays to be told.
+    /// @param indexes in the list, which has taken what is new of them
+    void takeNews(const kx::WatchList& list, const QList<int>& indexes);
     /// A poll was answered: each value that it covers has another age.
-    void markRead(const kx::AddressRange& polled);
+    /// @param list before it takes what was read
+    void markRead(const kx::WatchList& list, const kx::AddressRange& polled);
+    /// Of each value its latest alone is left to tell.
+    void forgetEarlier();
     bool hasMarked() const { return !m_marked.isEmpty(); }
 
-    /// What the list knows of the marked values, which are marked no more.
+    /// Changes of the marked values in the order of their reads, then what the list knows of them
+    /// now. They are marked no more.
     /// @param times of the list's clock
     /// @param isCutOff nobody can answer: what was read before is not how the values are now
     QVector<Reading> takeMarked(const kx::WatchList& list, const SessionTimes& times,
@@ -43,11 +53,15 @@ private:
         int index;
     };
     static bool isBefore(const Place& one, const Place& other);
+    void keepEarlier(const Reading& reading);
 
     QList<WatchedValue> m_values;
     std::vector<Place> m_places; ///< by station, type and address
     std::vector<bool> m_isMarked;
     QVector<int> m_marked; ///< indexes
+    // Their times are of the list's clock until they are told.
+    QHash<int, Reading> m_news; ///< what is to be told of a value that changed, by index
+    QVector<Reading> m_earlier; ///< which others followed
 };
 
 } // namespace kxpanel

@@ -144,6 +144,7 @@ void TagList::takeReadings(const QVector<Reading>& readings)
         rows << row;
     }
     std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     if (!rows.isEmpty())
         emit readingsChanged(rows);
 }

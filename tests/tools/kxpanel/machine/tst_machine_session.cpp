@@ -17,6 +17,7 @@ private slots:
     void init();
     void cleanup();
     void allIsToldWhileItIsTaken();
+    void eachChangeIsToldThoughItIsGathered();
     void whileListenersStandStillTheLatestIsKept();
     void aShortPauseLosesNoExchange();
     void theEndIsToldThoughNobodyListens();
@@ -34,6 +35,7 @@ private:
     QStringList m_order;     ///< what was told, in order: "exchanges", "readings", "missed"
     QList<qint64> m_numbers; ///< of the exchanges told
     QMap<int, Reading> m_readings;
+    QVector<Reading> m_allReadings;
     QList<Missed> m_missed;
     qint64 m_setBy = 0; ///< of the test's clock of the day, milliseconds
     qint64 m_slept = 0; ///< milliseconds
@@ -47,6 +49,7 @@ void MachineSessionTest::init()
     m_order.clear();
     m_numbers.clear();
     m_readings.clear();
+    m_allReadings.clear();
     m_missed.clear();
     m_setBy = m_slept = 0;
     m_steps.clear();
@@ -91,6 +94,7 @@ void MachineSessionTest::start(int most, int mostKept)
     connect(m_session.get(), &MachineSession::valuesRead, this,
             [this](const QVector<Reading>& readings) {
                 m_order << "readings";
+                m_allReadings << readings;
                 for (const Reading& reading : readings)
                     m_readings[reading.number] = reading;
             });
@@ -120,6 +124,38 @@ void MachineSessionTest::allIsToldWhileItIsTaken()
     m_session->stop();
     QCOMPARE(qint64(m_numbers.size()), m_session->exchanges());
     QCOMPARE(m_missed.size(), 0);
+}
+
+/// A ramp of 125 steps a second, of which several fall into one gathering.
+void MachineSessionTest::eachChangeIsToldThoughItIsGathered()
+{
+    QStringList replied;
+    start(1000000, 100000);
+    connect(m_session.get(), &MachineSession::exchanged, this,
+            [&replied](const QVector<Exchange>& exchanges) {
+                // 1 station, 3 function, 2 bytes that follow, the value, CRC
+                for (const Exchange& exchange : exchanges) {
+                    const QString value = QString::fromLatin1(exchange.reply.mid(3, 2).toHex());
+                    if (exchange.wasAccepted && (replied.isEmpty() || replied.last() != value))
+                        replied << value;
+                }
+            });
+    m_session->setValues({watched(3, "D102")});
+    QTRY_VERIFY_WITH_TIMEOUT(replied.size() >= 60, 20000);
+    m_session->stop();
+    QStringList told;
+    qint64 before = 0;
+    for (const Reading& reading : qAsConst(m_allReadings)) {
+        if (reading.number != 3 || reading.raw.isEmpty())
+            continue;
+        const QString value =
+            QString::number(reading.raw.first(), 16).rightJustified(4, QLatin1Char('0'));
+        if (told.isEmpty() || told.last() != value)
+            told << value;
+        QVERIFY(reading.readAt >= before);
+        before = reading.readAt;
+    }
+    QCOMPARE(told.join(' '), replied.join(' '));
 }
 
 void MachineSessionTest::whileListenersStandStillTheLatestIsKept()

@@ -14,6 +14,10 @@ private slots:
     void whatAPollCoversIsMarked_data();
     void whatAPollCoversIsMarked();
     void markedOnceIsToldOnce();
+    void eachChangeIsTold();
+    void ofThoseWhoStandStillTheLatestIsKept();
+    void whatWasReadBeforeTheLineWasLostIsTold();
+    void changesOutliveAnotherList();
     void aTimeIsOfTheClockOnTheWall();
     void whatWasNeverReadHasNoValue();
 };
@@ -32,6 +36,31 @@ PolledValues polled(const QList<const char*>& addresses, kx::WatchList* list)
     *list = kx::WatchList(polled.tags());
     polled.takeList(*list);
     return polled;
+}
+
+/// A poll of D100 alone at a time of the list's clock, as a watch takes it.
+void poll(PolledValues* values, kx::WatchList* list, qint64 value, qint64 at)
+{
+    const auto source = [value](const kx::WatchEntry&) { return QList<qint64>{value}; };
+    VARIABLE job = VARIABLE();
+    job.station = 1;
+    job.regType = QStringLiteral("D");
+    job.address = 100;
+    job.count = 1;
+    values->markRead(*list, watched(1, "D100").tag.range);
+    values->takeNews(*list, list->onRead(job, source, at));
+    values->takeNews(*list, list->onChange(1, job.regType, 100, source, at));
+}
+
+/// "5@100 6@110 -": values, when they were read, and "-" without one.
+QString textOf(const QVector<Reading>& readings)
+{
+    QStringList texts;
+    for (const Reading& reading : readings)
+        texts << (reading.state == kx::WatchState::Ok
+                      ? QStringLiteral("%1@%2").arg(reading.raw.first()).arg(reading.readAt)
+                      : QStringLiteral("-"));
+    return texts.join(' ');
 }
 
 QList<int> numbersOf(const QVector<Reading>& readings)
@@ -84,7 +113,7 @@ void PolledValuesTest::whatAPollCoversIsMarked()
         polled({"D100", "D101", "D102/float", "D101", "D100@2", "CV100", "M100"}, &list);
     QCOMPARE(numbersOf(values.takeMarked(list, SessionTimes())),
              (QList<int>{1, 2, 3, 4, 5, 6, 7})); // new
-    values.markRead(watched(1, poll.constData()).tag.range);
+    values.markRead(list, watched(1, poll.constData()).tag.range);
     QTEST(numbersOf(values.takeMarked(list, SessionTimes())), "numbers");
 }
 
@@ -99,6 +128,60 @@ void PolledValuesTest::markedOnceIsToldOnce()
     QVERIFY(values.hasMarked());
     QCOMPARE(numbersOf(values.takeMarked(list, SessionTimes())), QList<int>{2});
     QVERIFY(!values.hasMarked());
+}
+
+/// Else a pulse of one read would be seen by chance.
+void PolledValuesTest::eachChangeIsTold()
+{
+    kx::WatchList list;
+    PolledValues values = polled({"D100"}, &list);
+    values.takeMarked(list, SessionTimes());
+    poll(&values, &list, 5, 100);
+    poll(&values, &list, 5, 110); // 5 until then
+    poll(&values, &list, 6, 120);
+    poll(&values, &list, 5, 130);
+    poll(&values, &list, 5, 140);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("5@110 6@120 5@140"));
+    poll(&values, &list, 5, 150);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("5@150"));
+    poll(&values, &list, 7, 160);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("7@160"));
+}
+
+void PolledValuesTest::ofThoseWhoStandStillTheLatestIsKept()
+{
+    kx::WatchList list;
+    PolledValues values = polled({"D100"}, &list);
+    poll(&values, &list, 5, 100);
+    poll(&values, &list, 6, 110);
+    values.forgetEarlier();
+    poll(&values, &list, 7, 120);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("7@120"));
+}
+
+void PolledValuesTest::whatWasReadBeforeTheLineWasLostIsTold()
+{
+    kx::WatchList list;
+    PolledValues values = polled({"D100"}, &list);
+    poll(&values, &list, 5, 100);
+    values.takeMarked(list, SessionTimes());
+    poll(&values, &list, 6, 110);
+    values.markAll();
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes(), true)), QString("6@110 -"));
+    values.markAll(); // nothing new
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes(), true)), QString("-"));
+}
+
+void PolledValuesTest::changesOutliveAnotherList()
+{
+    kx::WatchList list;
+    PolledValues values = polled({"D100"}, &list);
+    values.takeMarked(list, SessionTimes());
+    poll(&values, &list, 5, 100);
+    poll(&values, &list, 6, 110);
+    poll(&values, &list, 5, 120);
+    values.takeList(list);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("5@100 6@110 5@120 5@120"));
 }
 
 void PolledValuesTest::aTimeIsOfTheClockOnTheWall()

@@ -167,9 +167,10 @@ void TagListTest::tellsWhichRowsWereRead()
     TagList list;
     list.insert(0, {tagOf("D0"), tagOf("D1"), tagOf("D2")});
     QSignalSpy read(&list, &TagList::readingsChanged);
-    list.takeReadings({readingOf(3, {1}), readingOf(1, {2}), readingOf(9, {3})});
+    list.takeReadings({readingOf(3, {1}), readingOf(1, {2}), readingOf(9, {3}), readingOf(3, {4})});
     QCOMPARE(read.size(), 1);
-    QCOMPARE(read.first().first().value<QVector<int>>(), (QVector<int>{0, 2}));
+    QCOMPARE(read.first().first().value<QVector<int>>(), (QVector<int>{0, 2})); // each once
+    QCOMPARE(list.reading(3).raw, QList<qint64>{4});
     list.takeReadings({readingOf(9, {3})});
     QCOMPARE(read.size(), 1);
 }
