@@ -15,7 +15,8 @@ namespace kxpanel
 class TrendShelf
 {
 public:
-    static constexpr int MOST = 32; ///< the longest gone are forgotten
+    /// As many as a plot holds, of which all may leave at once; the longest gone are forgotten.
+    static constexpr int MOST = 64;
 
     enum class Return {
         WhenAsked,     ///< by take() alone

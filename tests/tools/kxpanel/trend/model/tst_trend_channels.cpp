@@ -65,6 +65,7 @@ private slots:
     void whatLeavesTheListLeavesThePlot();
     void whatComesBackBringsItsHistory();
     void severalComeBackToTheirPlaces();
+    void aFullPlotComesBackWhole();
     void anEditThatIsUndoneBringsItsHistory();
     void whatIsTakenOutAndPutBackGoesOn();
     void anotherMeaningBeginsWithWhatIsKnown();
@@ -321,6 +322,27 @@ void TrendChannelsTest::severalComeBackToTheirPlaces()
     m_tags->setValues(before);
     QCOMPARE(numbersOf(*m_channels),
              (QList<int>{numbers.at(0), numbers.at(1), numbers.at(3), numbers.at(4)}));
+}
+
+/// Select all, Delete, and undo.
+void TrendChannelsTest::aFullPlotComesBackWhole()
+{
+    QList<kx::Tag> tags;
+    for (int tag = 0; tag < 64; ++tag)
+        tags << tagOf("", qPrintable(QStringLiteral("D%1@1").arg(tag)));
+    const QList<int> numbers = watch(tags);
+    m_channels->add(numbers);
+    for (const int number : numbers)
+        m_channels->takeReadings({readingOf(number, 7, 5000)}, 5000);
+    const QList<kxpanel::WatchedValue> before = m_tags->values();
+    m_tags->setValues({});
+    QCOMPARE(m_channels->list().size(), 0);
+    m_tags->setValues(before);
+    QCOMPARE(numbersOf(*m_channels), numbers);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 5001 not read"));
+    m_channels->remove(numbers);
+    m_channels->add(numbers);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 5001 not read"));
 }
 
 void TrendChannelsTest::anEditThatIsUndoneBringsItsHistory()

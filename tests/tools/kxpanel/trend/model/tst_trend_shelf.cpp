@@ -69,11 +69,11 @@ private slots:
     void theLongestGoneAreForgotten()
     {
         TrendShelf shelf;
-        for (int number = 1; number <= 33; ++number)
+        for (int number = 1; number <= 65; ++number)
             shelf.put(channelOf(number, "D1"), 0, TrendShelf::Return::WhenAsked);
         QVERIFY(!shelf.take(channelOf(1, "D1")));
         QVERIFY(shelf.take(channelOf(2, "D1")));
-        QVERIFY(shelf.take(channelOf(33, "D1")));
+        QVERIFY(shelf.take(channelOf(65, "D1")));
     }
 };
 
