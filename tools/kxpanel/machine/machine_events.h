@@ -74,11 +74,12 @@ struct Exchange {
 };
 
 /// What listeners that stood still for long do not get: of values all but the latest reading, of
-/// exchanges the oldest.
+/// exchanges the oldest. And when nothing was read at all.
 struct Missed {
     qint64 from = 0; ///< milliseconds since 1970 in UTC
     qint64 to = 0;
     qint64 exchanges = 0;
+    bool isRest = false; ///< the computer slept, or the program was stopped: nobody read anything
 };
 
 Exchange exchangeOf(const kx::ExchangeRecord& record, qint64 number);

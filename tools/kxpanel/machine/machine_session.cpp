@@ -13,10 +13,11 @@ namespace kxpanel
 namespace
 {
 
-const int GATHERING_TIME = 50; // milliseconds
-const int COUNTING_TIME = 500; // milliseconds
-const int EXCHANGE_WEIGHT = 5; // readings, by the memory they take
-const qint64 LONGEST_LOOK = 5; // milliseconds; else something else ran between clock and clock
+const int GATHERING_TIME = 50;    // milliseconds
+const int COUNTING_TIME = 500;    // milliseconds
+const int EXCHANGE_WEIGHT = 5;    // readings, by the memory they take
+const qint64 LONGEST_REST = 2000; // milliseconds, which a busy computer may take
+const qint64 LONGEST_LOOK = 5;    // milliseconds; else something else ran between clock and clock
 
 } // namespace
 
@@ -132,15 +133,35 @@ QString MachineSession::faultNow() const
     return faults.join(QStringLiteral("; "));
 }
 
-/// What was read has other times of day when that is set: all is told once more.
+/// A program that was stopped, or a computer that slept, has read nothing meanwhile.
 void MachineSession::lookAtClocks()
 {
     const qint64 before = m_session->elapsed();
     const SystemTimes now = m_clocks();
     const qint64 after = m_session->elapsed();
+    const qint64 rest = m_awakeAt < 0 ? 0 : now.steady - m_awakeAt;
+    const bool hasRested = rest > LONGEST_REST;
+    m_awakeAt = now.steady;
+    if (hasRested && !areBehind())
+        tellGathered(); // what was read before it
     const qint64 by = after - before > LONGEST_LOOK ? 0 : m_times.look(after, now);
-    if (by == 0)
-        return;
+    if (by != 0)
+        moveTimes(by);
+    if (hasRested)
+        noteRest(now.timeOfDay - rest);
+}
+
+void MachineSession::noteRest(qint64 from)
+{
+    m_missed.isRest = true;
+    if (m_missed.from == 0)
+        m_missed.from = from;
+    gather();
+}
+
+/// What was read has other times of day when that is set: all is told once more.
+void MachineSession::moveTimes(qint64 by)
+{
     m_setBy += by;
     if (m_missed.from != 0)
         m_missed.from += by;

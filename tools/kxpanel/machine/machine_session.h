@@ -68,6 +68,8 @@ private:
     bool areBehind() const { return m_backlog && m_backlog->isFull(); }
     void setLost(bool isLost);
     void lookAtClocks();
+    void noteRest(qint64 from);
+    void moveTimes(qint64 by);
     void gather();
     void keepLatest();
     void onGathered();
@@ -91,7 +93,8 @@ private:
     qint64 m_exchangeCount;
     Clocks m_clocks;
     SessionTimes m_times;
-    qint64 m_setBy = 0; ///< milliseconds; not yet told
+    qint64 m_awakeAt = -1; ///< on the steady clock, when it looked at the clocks last; -1: never
+    qint64 m_setBy = 0;    ///< milliseconds; not yet told
     QTimer m_gathering;
     QTimer m_counting;
 };

@@ -23,6 +23,7 @@ private slots:
     void theEndIsToldThoughNobodyListens();
     void timesFollowTheClockThatIsSet();
     void timesFollowASleep();
+    void aSleepIsTold();
 
 private:
     void start(int most, int mostKept);
@@ -231,6 +232,21 @@ void MachineSessionTest::timesFollowASleep()
     const qint64 age = QDateTime::currentMSecsSinceEpoch() + 7200000 - m_readings.value(2).readAt;
     QVERIFY2(age > -50 && age < 2000, qPrintable(QString::number(age)));
     QCOMPARE(m_steps.size(), 0);
+}
+
+/// What was read before it says nothing of how the values were meanwhile.
+void MachineSessionTest::aSleepIsTold()
+{
+    start(1000000, 1000);
+    pass(20);
+    const qint64 asleep = QDateTime::currentMSecsSinceEpoch();
+    m_slept = 7200000;
+    QTRY_COMPARE(m_missed.size(), 1);
+    QVERIFY(m_missed.first().isRest);
+    QVERIFY(qAbs(m_missed.first().from - asleep) < 2000);
+    QVERIFY(qAbs(m_missed.first().to - asleep - 7200000) < 2000);
+    pass(20);
+    QCOMPARE(m_missed.size(), 1);
 }
 
 QTEST_MAIN(MachineSessionTest)

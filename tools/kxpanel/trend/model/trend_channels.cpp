@@ -153,7 +153,9 @@ void TrendChannels::takeReadings(const QVector<Reading>& readings, qint64 now)
 void TrendChannels::leaveOutMissed(const Reading& reading, const TrendChannel& channel) const
 {
     const bool isRead = reading.state == kx::WatchState::Ok;
-    const bool isMissed = m_missed.from > 0 && (!isRead || reading.readAt > m_missed.from)
+    const bool isFirst = channel.readAt <= m_missed.from;
+    const bool isMissed = m_missed.from > 0 && isFirst
+                          && (!isRead || reading.readAt > m_missed.from)
                           && reading.readAt <= m_missed.to;
     if (isMissed && !channel.store->isEmpty())
         channel.store->append(m_missed.from, gapValue(kx::GapReason::NotRead));
@@ -161,18 +163,26 @@ void TrendChannels::leaveOutMissed(const Reading& reading, const TrendChannel& c
 
 void TrendChannels::takeMissed(const Missed& missed)
 {
-    m_missed = missed;
+    m_missed = missed.isRest ? Missed() : missed;
+    if (missed.isRest)
+        leaveOut(missed.from, kx::GapReason::NotRead);
 }
 
 void TrendChannels::takeLine(const LineStatus& status, qint64 now)
 {
-    if (status.state == LineState::Open || m_channels.isEmpty())
-        return;
-    for (const TrendChannel& channel : m_channels) {
+    if (status.state != LineState::Open)
+        leaveOut(now, kx::GapReason::LineLost);
+}
+
+/// A gap of all that are read.
+void TrendChannels::leaveOut(qint64 from, kx::GapReason reason)
+{
+    for (const TrendChannel& channel : qAsConst(m_channels)) {
         if (channel.endsAt < 0 && !channel.store->isEmpty())
-            channel.store->append(now, gapValue(kx::GapReason::LineLost));
+            channel.store->append(from, gapValue(reason));
     }
-    emit samplesAdded();
+    if (!m_channels.isEmpty())
+        emit samplesAdded();
 }
 
 /// A value that means something else now begins anew, and goes on when it means the same again.

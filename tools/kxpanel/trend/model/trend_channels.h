@@ -51,7 +51,8 @@ public:
 public slots:
     /// @param now the time of reads that failed, in milliseconds since 1970 in UTC
     void takeReadings(const QVector<kxpanel::Reading>& readings, qint64 now);
-    /// Before the next readings: where one was missed, no curve goes on.
+    /// Before the next readings: where one was missed, no curve goes on, and none where nobody
+    /// read.
     void takeMissed(const kxpanel::Missed& missed);
     /// A line that is lost or closed leaves a gap in all.
     void takeLine(const kxpanel::LineStatus& status, qint64 now);
@@ -65,6 +66,7 @@ signals:
 private:
     void followTags();
     void takeWanted();
+    void leaveOut(qint64 from, kx::GapReason reason);
     void leaveOutMissed(const Reading& reading, const TrendChannel& channel) const;
     void addOne(int number, qint64 now);
     TrendChannel followed(const TrendChannel& before, const WatchedValue& value);

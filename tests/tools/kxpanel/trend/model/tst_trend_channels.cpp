@@ -60,6 +60,8 @@ private slots:
     void aLostLineLeavesAGapUntilTheNextRead();
     void whatWasMissedIsAGap();
     void ofWhatWasNotReadMeanwhileNothingIsMissed();
+    void severalReadsAfterAPauseHaveOneGap();
+    void aRestLeavesAGapInAll();
     void followsNamesAndUnits();
     void anotherMeaningBeginsAnew();
     void whatLeavesTheListLeavesThePlot();
@@ -247,6 +249,42 @@ void TrendChannelsTest::ofWhatWasNotReadMeanwhileNothingIsMissed()
                              9100);
     QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 9100 9"));
     QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString("5000 8, 9100 9"));
+}
+
+void TrendChannelsTest::severalReadsAfterAPauseHaveOneGap()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    m_channels->takeMissed({6000, 9000, 12});
+    m_channels->takeReadings({readingOf(numbers.at(0), 8, 8900), readingOf(numbers.at(0), 7, 8950)},
+                             9050);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)),
+             QString("5000 7, 6000 not read, 8900 8, 8950 7"));
+}
+
+/// The computer slept: nobody knows what they were, whenever they are read again.
+void TrendChannelsTest::aRestLeavesAGapInAll()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1"), tagOf("", "D3@1")});
+    m_channels->add(numbers);
+    TrendChannel recorded;
+    recorded.number = -1;
+    recorded.endsAt = 9000;
+    recorded.store = std::make_shared<kxpanel::TrendStore>();
+    recorded.store->append(1000, 3);
+    m_channels->setRecorded({recorded});
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000), readingOf(numbers.at(1), 8, 5000)},
+                             5000);
+    kxpanel::Missed missed{6000, 90000, 0};
+    missed.isRest = true;
+    m_channels->takeMissed(missed);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 89900)}, 90000);
+    m_channels->takeReadings({readingOf(numbers.at(1), 8, 90100)}, 90200);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 6000 not read, 89900 7"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString("5000 8, 6000 not read, 90100 8"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(2)), QString());
+    QCOMPARE(samplesOf(*m_channels, -1), QString("1000 3"));
 }
 
 void TrendChannelsTest::followsNamesAndUnits()
