@@ -2170,8 +2170,8 @@
         <translation>%1: der Name muss auf .csv oder .sqlite enden</translation>
     </message>
     <message>
-        <source>%1 is shown as it is and as it was recorded; hide one of both</source>
-        <translation>%1 wird laufend und aufgezeichnet gezeigt; eines von beiden ausblenden</translation>
+        <source>%1 is shown twice; hide one of both</source>
+        <translation>%1 wird zweimal gezeigt; eines von beiden ausblenden</translation>
     </message>
     <message>
         <source>%1: cannot be replaced</source>

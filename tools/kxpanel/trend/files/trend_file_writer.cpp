@@ -23,17 +23,34 @@ class TrendFileWriter
     Q_DECLARE_TR_FUNCTIONS(kxpanel::TrendFileWriter)
 };
 
+/// In a range, with the one that held at its beginning. Of old times, of which spans are left,
+/// others before it may be known; they were not so any more.
+QVector<TrendSample> samplesIn(const TrendStore& store, const TrendRange& range)
+{
+    QVector<TrendSample> samples;
+    if (range.to <= range.from)
+        return samples;
+    for (const TrendSample& sample : store.samples(range.from, range.to)) {
+        const bool endsAnother =
+            !samples.isEmpty() && samples.last().time < range.from && sample.time <= range.from;
+        if (endsAnother)
+            samples.clear();
+        if (sample.time < range.to)
+            samples << sample;
+    }
+    if (!samples.isEmpty())
+        samples.first().time = std::max(samples.first().time, range.from);
+    return samples;
+}
+
 QVector<TrendRow> rowsOf(const QList<TrendChannel>& channels, const TrendRange& range, qint64 now)
 {
     QVector<TrendRow> rows;
     for (int tag = 0; tag < channels.size(); ++tag) {
         const TrendChannel& channel = channels.at(tag);
         const qint64 end = std::min(range.to, channel.until(now) + 1);
-        for (TrendSample sample : channel.store->samples(range.from, end)) {
-            sample.time = std::max(sample.time, range.from);
-            if (sample.time < end)
-                rows << TrendRow{sample, tag};
-        }
+        for (const TrendSample& sample : samplesIn(*channel.store, {range.from, end}))
+            rows << TrendRow{sample, tag};
         rows << TrendRow{{std::max(end, range.from), gapValue(kx::GapReason::RecorderStopped)},
                          tag};
     }
@@ -61,17 +78,15 @@ void record(const TrendRow& row, kx::RecordingWriter* writer)
         writer->sample(sample.time, row.tag, {QStringLiteral("nan"), false});
 }
 
-/// A recording tells values apart by station and address.
+/// One of two of the same station and address, by which a recording tells them apart.
 const TrendChannel* twinIn(const QList<TrendChannel>& channels)
 {
-    QSet<QPair<int, QString>> recorded;
+    QSet<QPair<int, QString>> places;
     for (const TrendChannel& channel : channels) {
-        if (channel.number < 0)
-            recorded.insert(qMakePair(channel.station, channel.address));
-    }
-    for (const TrendChannel& channel : channels) {
-        if (channel.number > 0 && recorded.contains(qMakePair(channel.station, channel.address)))
+        const QPair<int, QString> place(channel.station, channel.address);
+        if (places.contains(place))
             return &channel;
+        places.insert(place);
     }
     return nullptr;
 }
@@ -112,9 +127,7 @@ bool gatherTrend(const QString& path, const QList<TrendChannel>& channels, const
         return false;
     }
     if (const TrendChannel* const twin = twinIn(shown)) {
-        *error =
-            TrendFileWriter::tr("%1 is shown as it is and as it was recorded; hide one of both")
-                .arg(twin->address);
+        *error = TrendFileWriter::tr("%1 is shown twice; hide one of both").arg(twin->address);
         return false;
     }
     gathered->rows = rowsOf(shown, range, now);
@@ -131,8 +144,10 @@ bool writeTrend(const TrendExport& gathered, QString* error)
         *error = QStringLiteral("%1: %2").arg(path, folder.errorString());
         return false;
     }
-    if (!writeRows(made, gathered, error))
+    if (!writeRows(made, gathered, error)) {
+        error->replace(made, path); // nobody knows the folder
         return false;
+    }
     if (std::rename(QFile::encodeName(made).constData(), QFile::encodeName(path).constData()) == 0)
         return true;
     *error = TrendFileWriter::tr("%1: cannot be replaced").arg(path);

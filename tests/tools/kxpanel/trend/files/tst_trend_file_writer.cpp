@@ -1,5 +1,7 @@
 #include "kxpanel/trend/files/trend_file_writer.h"
 
+#include "tools/recording/recording_folder.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
@@ -50,8 +52,11 @@ private slots:
     void writesWhatIsShown();
     void theEndIsWhereNothingMoreIsKnown();
     void saysWhatIsThinned();
+    void whatWasBeforeTheRangeStaysOutOfIt();
     void replacesAFile();
     void faults();
+    void aFullDiskLeavesTheFileThatWasThere_data();
+    void aFullDiskLeavesTheFileThatWasThere();
     void twinsAreRefused();
 
 private:
@@ -109,6 +114,13 @@ void TrendFileWriterTest::theEndIsWhereNothingMoreIsKnown()
              QByteArray("time,D1@1,gaps\n"
                         "2026-11-23T10:00:00.000Z,1,\n"
                         "2026-11-23T10:00:02.001Z,,recorder stopped\n"));
+    TrendChannel ended = live; // a recording, before the range
+    ended.endsAt = TEN + 2000;
+    QVERIFY(save(pathOf("now.csv"), {ended}, {TEN + 9000, TEN + 60000}, TEN + 70000, &isThinned,
+                 &error));
+    QCOMPARE(contentOf(pathOf("now.csv")),
+             QByteArray("time,D1@1,gaps\n"
+                        "2026-11-23T10:00:09.000Z,,recorder stopped\n"));
 }
 
 void TrendFileWriterTest::saysWhatIsThinned()
@@ -126,6 +138,28 @@ void TrendFileWriterTest::saysWhatIsThinned()
     QVERIFY(save(pathOf("thin.csv"), {channel}, {exact - 1, TEN + 2000}, TEN + 1000, &isThinned,
                  &error));
     QVERIFY(isThinned);
+}
+
+/// Of old values spans are left, and a range begins within one: what was lowest before it was not
+/// so when it began.
+void TrendFileWriterTest::whatWasBeforeTheRangeStaysOutOfIt()
+{
+    TrendChannel channel = channelOf("", "D1");
+    channel.store = std::make_shared<TrendStore>(64);
+    for (int step = 0; step < 1000; ++step) {
+        const double value = step == 3 ? -50 : step == 5 ? 90 : step;
+        channel.store->append(TEN + 1000 * step, value);
+    }
+    // Of the first 64 these are left: 0 at 0 s, -50 at 3 s, 90 at 5 s and 63 at 63 s.
+    QString error;
+    bool isThinned = false;
+    QVERIFY(save(pathOf("old.csv"), {channel}, {TEN + 4000, TEN + 10000}, TEN + 1000000, &isThinned,
+                 &error));
+    QCOMPARE(contentOf(pathOf("old.csv")),
+             QByteArray("time,D1@1,gaps\n"
+                        "2026-11-23T10:00:04.000Z,-50,\n"
+                        "2026-11-23T10:00:05.000Z,90,\n"
+                        "2026-11-23T10:00:10.000Z,,recorder stopped\n"));
 }
 
 void TrendFileWriterTest::replacesAFile()
@@ -153,6 +187,33 @@ void TrendFileWriterTest::faults()
     QVERIFY(error.startsWith(pathOf("no/where.csv") + ": "));
 }
 
+void TrendFileWriterTest::aFullDiskLeavesTheFileThatWasThere_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("csv") << "full.csv";
+    QTest::newRow("sqlite") << "full.sqlite";
+}
+
+void TrendFileWriterTest::aFullDiskLeavesTheFileThatWasThere()
+{
+    QFETCH(QString, name);
+    const QString path = m_folder.filePath(name);
+    write(path, "something else\n");
+    TrendChannel channel = channelOf("", "D1");
+    for (int step = 0; step < 8000; ++step)
+        channel.store->append(TEN + step, step);
+    QString error;
+    bool isThinned = false;
+    {
+        const kx::FullDisk full(50000);
+        QVERIFY(!save(path, {channel}, {TEN, TEN + 8000}, TEN + 8000, &isThinned, &error));
+    }
+    QVERIFY2(error.startsWith(path + ": "), qPrintable(error));
+    QVERIFY2(!error.contains(".kxpanel-"), qPrintable(error));
+    QCOMPARE(contentOf(path), QByteArray("something else\n"));
+}
+
 /// Gaps are told by station and address, so those of one would become the other's.
 void TrendFileWriterTest::twinsAreRefused()
 {
@@ -163,10 +224,12 @@ void TrendFileWriterTest::twinsAreRefused()
     QString error;
     bool isThinned = false;
     QVERIFY(!save(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN, &isThinned, &error));
-    QCOMPARE(error, QString("D1 is shown as it is and as it was recorded; hide one of both"));
+    QCOMPARE(error, QString("D1 is shown twice; hide one of both"));
     recorded.isShown = false;
     QVERIFY(save(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN, &isThinned, &error));
     recorded.isShown = true;
+    recorded.number = 4; // watched twice, and both are live
+    QVERIFY(!save(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN, &isThinned, &error));
     recorded.station = 2;
     QVERIFY(save(pathOf("twins.csv"), {live, recorded}, {TEN, TEN + 1}, TEN, &isThinned, &error));
 }
