@@ -2333,10 +2333,6 @@
         <source>Trend of values</source>
         <translation>Verlauf der Werte</translation>
     </message>
-    <message>
-        <source>Cursors</source>
-        <translation>Cursor</translation>
-    </message>
 </context>
 <context>
     <name>kxpanel::TrendPlot</name>

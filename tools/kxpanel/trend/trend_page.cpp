@@ -62,7 +62,7 @@ void TrendPage::build()
     m_plot->setAccessibleName(tr("Trend of values"));
     m_state->setTextFormat(Qt::PlainText);
     m_state->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_state->setAccessibleName(tr("Cursors"));
+    m_state->setObjectName(QStringLiteral("cursors")); // a name to be said would hide the text
     m_state->setWordWrap(true);
     m_plot->canvas()->setAccessibleName(m_plot->accessibleName());
     setMainPart(m_plot->canvas()); // which the keys are meant for

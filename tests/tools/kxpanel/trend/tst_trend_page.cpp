@@ -12,6 +12,7 @@
 #include <QtCore/QMimeData>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QAccessible>
 #include <QtGui/QDropEvent>
 #include <QtGui/QImage>
 #include <QtGui/QWheelEvent>
@@ -114,7 +115,7 @@ struct Window {
     QString state() const
     {
         for (const QLabel* label : page.findChildren<QLabel*>()) {
-            if (label->accessibleName() == "Cursors")
+            if (label->objectName() == "cursors")
                 return label->text();
         }
         return QString();
@@ -152,6 +153,9 @@ private slots:
     void keysZoomAndPan();
     void theWheelZoomsAroundTheMouse();
     void aBandZoomsIn();
+    void aBandOverLanesZoomsTheTimeAlone();
+    void aBandEndsAtTheEdgeOfThePlot();
+    void theWheelOverLanesKeepsTheCurves();
     void theMiddleButtonPans();
     void cursorsByKeyAndMouse();
     void cursorsStayWhereTheyAreSeen();
@@ -172,6 +176,7 @@ private slots:
     void picturesAreSaved();
     void theLegendShowsFiveValues();
     void aRecordingIsOpened();
+    void aRecordingCountsUntilItsEnd();
     void aFileThatCannotBeReadLeavesTheOneBeingRead();
     void allHaveKeysTipsAndNames();
 };
@@ -363,6 +368,75 @@ void TrendPageTest::aBandZoomsIn()
     QVERIFY(!window.action("live")->isChecked());
 }
 
+/// The scales end above the lanes: a band there means no values.
+void TrendPageTest::aBandOverLanesZoomsTheTimeAlone()
+{
+    Window window;
+    window.drop(window.numbers);
+    const QList<int> bits = window.tags.insert(
+        3, {tagOf("", "M1@1"), tagOf("", "M2@1"), tagOf("", "M3@1"), tagOf("", "M4@1")});
+    window.drop(bits);
+    window.read();
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    const QWidget* canvas = window.plot->canvas();
+    const kxpanel::TrendView::Range before = window.plot->shownValues(TrendSide::Left);
+    const QPoint foot(canvas->width() / 2, canvas->height() - 2);
+    const qint64 to = window.plot->timeAt(foot.x());
+    const QPoint inLanes(canvas->width() / 4,
+                         canvas->height() - 2 - 3 * window.plot->fontMetrics().height());
+    QVERIFY(window.plot->valueAt(TrendSide::Left, inLanes.y()) < before.low); // in the lanes
+    window.drag(Qt::LeftButton, inLanes, foot);
+    window.waitUntilDrawn();
+    QVERIFY(qAbs(window.to() - to) <= 150);
+    QVERIFY(window.plot->shownValues(TrendSide::Left).high > before.low);
+    // From the curves down into the lanes: to the foot of the scale.
+    window.key(Qt::Key_Home);
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    const kxpanel::TrendView::Range whole = window.plot->shownValues(TrendSide::Left);
+    window.drag(Qt::LeftButton, QPoint(canvas->width() / 4, canvas->height() / 8), foot);
+    window.waitUntilDrawn();
+    const kxpanel::TrendView::Range shown = window.plot->shownValues(TrendSide::Left);
+    QCOMPARE(shown.low, whole.low);
+    QVERIFY(shown.high < whole.high);
+    QVERIFY(shown.high > whole.low);
+}
+
+void TrendPageTest::aBandEndsAtTheEdgeOfThePlot()
+{
+    Window window;
+    window.drop({window.numbers.at(0)});
+    window.read();
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    const qint64 from = window.from();
+    const double high = window.plot->valueAt(TrendSide::Left, 0);
+    window.drag(Qt::LeftButton, QPoint(window.plot->canvas()->width() / 2, 200), QPoint(-80, -90));
+    window.waitUntilDrawn();
+    QVERIFY2(qAbs(window.from() - from) <= 150, qPrintable(QString::number(window.from() - from)));
+    QVERIFY(window.plot->shownValues(TrendSide::Left).high <= high);
+}
+
+void TrendPageTest::theWheelOverLanesKeepsTheCurves()
+{
+    Window window;
+    window.drop(window.numbers);
+    window.read();
+    window.key(Qt::Key_Space);
+    window.waitUntilDrawn();
+    const kxpanel::TrendView::Range before = window.plot->shownValues(TrendSide::Left);
+    QWidget* const canvas = window.plot->canvas();
+    const QPoint foot(canvas->width() / 2, canvas->height() - 2);
+    QWheelEvent wheel(foot, canvas->mapToGlobal(foot), QPoint(), QPoint(0, 120), Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(canvas, &wheel);
+    window.waitUntilDrawn();
+    const kxpanel::TrendView::Range after = window.plot->shownValues(TrendSide::Left);
+    QCOMPARE(after.low, before.low);
+    QCOMPARE(after.high, before.low + (before.high - before.low) / 1.25);
+}
+
 void TrendPageTest::theMiddleButtonPans()
 {
     Window window;
@@ -405,6 +479,10 @@ void TrendPageTest::cursorsByKeyAndMouse()
     QVERIFY(window.state().contains("Difference: "));
     QVERIFY(!window.text(0, TrendLegend::Difference).isEmpty());
     const QString second = window.state();
+    const QLabel* const label = window.page.findChild<QLabel*>("cursors");
+    const QAccessibleInterface* const spoken =
+        QAccessible::queryAccessibleInterface(const_cast<QLabel*>(label));
+    QCOMPARE(spoken->text(QAccessible::Name), second); // a name of its own would hide it
     window.key(Qt::Key_Left, Qt::ShiftModifier);
     QVERIFY(window.state() != second);
     window.key(Qt::Key_Right, Qt::ShiftModifier);
@@ -758,6 +836,32 @@ void TrendPageTest::aRecordingIsOpened()
     other.page.files()->open(folder.filePath("none.csv"));
     QVERIFY(other.said.last().at(0).toString().startsWith(folder.filePath("none.csv") + ": "));
     QCOMPARE(other.legend->rowCount(), 1);
+}
+
+/// Its last value is not how things are now, though nothing says that the recorder stopped.
+void TrendPageTest::aRecordingCountsUntilItsEnd()
+{
+    kxpanel::TrendChannel channel;
+    channel.number = -1;
+    channel.name = QStringLiteral("Level (recorded)");
+    channel.endsAt = 20000;
+    channel.store = std::make_shared<kxpanel::TrendStore>();
+    channel.store->append(10000, 700);
+    kxpanel::TrendChannel lane = channel;
+    lane.number = -2;
+    lane.wanted = kxpanel::TrendAxis::Lane;
+    TagList tags;
+    kxpanel::TrendChannels channels(&tags);
+    channels.setRecorded({channel, lane});
+    kxpanel::TrendView view;
+    TrendPlot plot(&channels, &view);
+    plot.resize(600, 400);
+    view.show(0, 60000);
+    plot.refresh();
+    QVERIFY(plot.shownValues(TrendSide::Left).high > 700);
+    view.show(20001, 60000);
+    plot.refresh();
+    QVERIFY(plot.shownValues(TrendSide::Left).high < 700);
 }
 
 void TrendPageTest::aFileThatCannotBeReadLeavesTheOneBeingRead()

@@ -10,6 +10,12 @@
 namespace kxpanel
 {
 
+TrendSpan seenOf(const TrendChannel& channel, const TrendView& view)
+{
+    return view.from() > channel.until(view.now()) ? TrendSpan()
+                                                   : channel.store->between(view.from(), view.to());
+}
+
 QVector<QPolygonF> visibleOutline(const TrendChannel& channel, const TrendView& view, double width)
 {
     const TrendRaster raster = TrendRaster::of(view.from(), view.to(), qCeil(width));

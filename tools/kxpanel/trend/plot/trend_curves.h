@@ -56,7 +56,10 @@ void drawOutline(QPainter* painter, const QVector<QPolygonF>& outline, const Pla
     }
 }
 
-/// The part of a channel that a plot shows, for a canvas of that width.
+/// What a plot shows of a channel: empty behind its end.
+TrendSpan seenOf(const TrendChannel& channel, const TrendView& view);
+
+/// The same as a curve, for a canvas of that width.
 QVector<QPolygonF> visibleOutline(const TrendChannel& channel, const TrendView& view, double width);
 
 } // namespace kxpanel

@@ -35,7 +35,7 @@ double allRows(const QList<TrendChannel>& channels)
 /// Values at the foot and at the head of a lane.
 TrendView::Range rangeOf(const TrendChannel& channel, const TrendView& view)
 {
-    const TrendSpan span = channel.store->between(view.from(), view.to());
+    const TrendSpan span = seenOf(channel, view);
     if (channel.isDigital || !span.hasValues())
         return {0, 1};
     return drawnRange(span.lowest.value, span.highest.value);
@@ -45,7 +45,7 @@ QString labelOf(const TrendChannel& channel, const TrendView& view)
 {
     if (channel.isDigital)
         return channel.name;
-    const TrendSpan span = channel.store->between(view.from(), view.to());
+    const TrendSpan span = seenOf(channel, view);
     if (!span.hasValues())
         return channel.name;
     return QStringLiteral("%1  %2 … %3 %4")

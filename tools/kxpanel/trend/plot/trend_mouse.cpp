@@ -4,6 +4,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QRubberBand>
 
+#include <algorithm>
 #include <cmath>
 
 namespace kxpanel
@@ -113,16 +114,20 @@ void TrendMouse::release(const QMouseEvent& event)
     m_drag = Drag::None;
 }
 
-/// A band along the time leaves the values as they are: it is as high as a hand is unsteady.
-void TrendMouse::takeBand(const QRect& band)
+/// Of the part that is on the plot. A band along the time leaves the values as they are: it is as
+/// high as a hand is unsteady, or over lanes, where the scales have ended.
+void TrendMouse::takeBand(const QRect& drawn)
 {
-    const int least = QApplication::startDragDistance();
-    if (band.height() >= 2 * m_plot->fontMetrics().height()) {
-        for (const TrendSide side : {TrendSide::Left, TrendSide::Right})
-            m_view->showValues(side, TrendView::Range{m_plot->valueAt(side, band.bottom()),
-                                                      m_plot->valueAt(side, band.top())});
+    const QRect band = drawn.intersected(m_plot->canvas()->rect());
+    const double least = 2 * m_plot->fontMetrics().height();
+    for (const TrendSide side : {TrendSide::Left, TrendSide::Right}) {
+        const double foot = m_plot->shownValues(side).low;
+        if (std::min<double>(band.bottom(), m_plot->placeOf(side, foot)) - band.top() >= least)
+            m_view->showValues(
+                side, TrendView::Range{std::max(foot, m_plot->valueAt(side, band.bottom())),
+                                       m_plot->valueAt(side, band.top())});
     }
-    if (band.width() >= least)
+    if (band.width() >= QApplication::startDragDistance())
         m_view->show(m_plot->timeAt(band.left()), m_plot->timeAt(band.right()));
 }
 
@@ -139,8 +144,8 @@ void TrendMouse::wheel(const QWheelEvent& event)
 void TrendMouse::zoomValues(double factor, double y)
 {
     for (const TrendSide side : {TrendSide::Left, TrendSide::Right}) {
-        const double anchor = m_plot->valueAt(side, y);
         const TrendView::Range shown = m_plot->shownValues(side);
+        const double anchor = qBound(shown.low, m_plot->valueAt(side, y), shown.high);
         m_view->showValues(side, TrendView::Range{anchor - (anchor - shown.low) * factor,
                                                   anchor + (shown.high - anchor) * factor});
     }

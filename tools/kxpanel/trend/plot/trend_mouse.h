@@ -36,7 +36,7 @@ private:
     void release(const QMouseEvent& event);
     void wheel(const QWheelEvent& event);
     void zoomValues(double factor, double y);
-    void takeBand(const QRect& band);
+    void takeBand(const QRect& drawn);
     /// The cursor at a place; -1: none.
     int cursorAt(double x) const;
 

@@ -1,5 +1,6 @@
 #include "kxpanel/trend/plot/trend_plot.h"
 
+#include "kxpanel/trend/plot/trend_curves.h"
 #include "kxpanel/trend/plot/trend_drop.h"
 #include "kxpanel/trend/plot/trend_lanes.h"
 #include "kxpanel/trend/plot/trend_scales.h"
@@ -131,7 +132,7 @@ TrendView::Range TrendPlot::wantedValues(TrendSide side) const
     TrendSpan all;
     for (const TrendChannel& channel : m_channels->list()) {
         if (channel.isShown && channel.axis == trendAxisOf(side))
-            all.add(channel.store->between(m_view->from(), m_view->to()));
+            all.add(seenOf(channel, *m_view));
     }
     TrendView::Range range = {0, 1};
     if (all.hasValues()) {
@@ -189,6 +190,11 @@ double TrendPlot::placeOf(qint64 time) const
 double TrendPlot::valueAt(TrendSide side, double y) const
 {
     return canvasMap(axisOf(side)).invTransform(y);
+}
+
+double TrendPlot::placeOf(TrendSide side, double value) const
+{
+    return canvasMap(axisOf(side)).transform(value);
 }
 
 qint64 TrendPlot::pixelTime() const

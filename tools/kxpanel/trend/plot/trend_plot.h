@@ -29,6 +29,7 @@ public:
     double placeOf(qint64 time) const;
     /// Of a canvas's place, on one of the scales.
     double valueAt(TrendSide side, double y) const;
+    double placeOf(TrendSide side, double value) const;
     /// Milliseconds that one pixel stands for, 1 or more.
     qint64 pixelTime() const;
     /// Values that are shown on a scale now.
