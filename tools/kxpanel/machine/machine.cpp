@@ -64,6 +64,7 @@ void Machine::setValues(const QList<WatchedValue>& values)
 {
     call([this, values] {
         m_parts->values = values;
+        simulateStations();
         if (m_parts->work && m_parts->readsValues)
             m_parts->work->setValues(values);
     });

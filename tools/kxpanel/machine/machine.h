@@ -48,7 +48,7 @@ public:
     /// Ends all jobs and closes the line.
     void closeLine();
     /// Replaces what is polled, also while the line is open. What is known of addresses that stay
-    /// is kept.
+    /// is kept. On a simulated line each of their stations answers.
     void setValues(const QList<WatchedValue>& values);
     /// Longest requests from now on, whatever line is opened; 0: chosen so that they take the least
     /// time. While jobs run on an open line, once they have ended. Counts begin anew.
@@ -98,6 +98,7 @@ private:
     void close(const QString& reason);
     void failLater(const QString& reason);
     void onOpened();
+    void simulateStations();
     void beginSession();
     void beginWork(std::unique_ptr<MachineSession> work);
     void endSession();

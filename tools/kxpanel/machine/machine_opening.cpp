@@ -28,11 +28,7 @@ void Machine::open(const kx::ConnectionOptions& options, bool readsValues)
     close(QString());
     m_parts->options = options;
     m_parts->readsValues = readsValues;
-    // Whom a person asks answers.
-    for (const WatchedValue& value : m_parts->values) {
-        if (!m_parts->options.simulatedStations.contains(value.tag.range.station))
-            m_parts->options.simulatedStations << value.tag.range.station;
-    }
+    simulateStations();
     m_parts->status = LineStatus();
     QString error;
     m_parts->line = makeLine(m_parts->options, &error);
@@ -47,6 +43,20 @@ void Machine::open(const kx::ConnectionOptions& options, bool readsValues)
             [this](const kx::Failure& failure) { failLater(failure.text); });
     tellLine(LineState::Opening, QString());
     connection->open();
+}
+
+/// Whom a person asks answers.
+void Machine::simulateStations()
+{
+    QList<int>* const simulated = &m_parts->options.simulatedStations;
+    for (const WatchedValue& value : m_parts->values) {
+        const int station = value.tag.range.station;
+        if (simulated->contains(station))
+            continue;
+        *simulated << station;
+        if (m_parts->line && m_parts->line->simulator)
+            m_parts->line->simulator->addStation(station);
+    }
 }
 
 void Machine::close(const QString& reason)

@@ -20,6 +20,9 @@ public:
     /// One controller per station number, 1 to 247; at least one.
     explicit Stations(const QList<int>& numbers);
 
+    /// One more, with zeros in its memory; memories that are there stay where they are.
+    void add(int number) { m_memories[number]; }
+
     /// The memory of that station, or null when it is not simulated.
     ControllerMemory* memory(int station);
 

@@ -44,15 +44,29 @@ bool Programme::addCounter(const PresetContact& counter, QString* error)
 
 void Programme::start(bool moves)
 {
+    m_moves = moves;
     if (moves) {
         for (auto& [station, memory] : m_stations->all())
             m_motions.emplace_back(&memory);
     }
     m_waves.showAt(Moment(0));
-    for (const Place& place : m_timerPlaces)
-        m_timers.emplace_back(place.plan, place.memory);
-    for (const Place& place : m_counterPlaces)
-        m_counters.emplace_back(place.plan, place.memory);
+    startContacts();
+}
+
+void Programme::startStation(int station)
+{
+    if (m_moves)
+        m_motions.emplace_back(m_stations->memory(station));
+    startContacts();
+}
+
+/// Those that do not run yet.
+void Programme::startContacts()
+{
+    for (std::size_t place = m_timers.size(); place < m_timerPlaces.size(); ++place)
+        m_timers.emplace_back(m_timerPlaces[place].plan, m_timerPlaces[place].memory);
+    for (std::size_t place = m_counters.size(); place < m_counterPlaces.size(); ++place)
+        m_counters.emplace_back(m_counterPlaces[place].plan, m_counterPlaces[place].memory);
 }
 
 // Inputs are read, then the programme runs, as in a controller.

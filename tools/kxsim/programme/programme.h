@@ -34,6 +34,10 @@ public:
     /// @param moves with the addresses of motion.h
     void start(bool moves);
 
+    /// One more station, behind start() and behind what was added for it: its motions go through
+    /// all that was.
+    void startStation(int station);
+
     /// Brings the memories to a time. Call it before they are read or written, and at
     /// least every 100 ms when needsSteps(), or it has to catch up.
     void advanceTo(Moment now);
@@ -50,6 +54,7 @@ private:
 
     bool add(const PresetContact& contact, const char* option, std::vector<Place>* places,
              QString* error);
+    void startContacts();
     bool scans() const { return !m_timerPlaces.empty() || !m_counterPlaces.empty(); }
     void moveTo(Moment now);
     void scan();
@@ -59,6 +64,7 @@ private:
     std::vector<Timer> m_timers;
     std::vector<Counter> m_counters;
     qint64 m_scans = 0; ///< since time 0
+    bool m_moves = false;
     std::vector<Motion> m_motions;
     Waves m_waves;
     Stations* m_stations;

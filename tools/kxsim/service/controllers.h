@@ -18,15 +18,20 @@ public:
     /// Null, and one line in `*error`, when the memory file, a preset or the programme cannot be.
     static std::unique_ptr<Controllers> make(const Simulation& simulation, QString* error);
 
+    /// One more station, with all that was made for each: its time is that of the others. Nothing
+    /// happens when it is there.
+    void addStation(int number);
+
     Stations* stations() { return &m_stations; }
     Programme* programme() { return &m_programme; }
 
 private:
-    explicit Controllers(const QList<int>& stations)
-        : m_stations(stations), m_programme(&m_stations)
+    explicit Controllers(const Simulation& simulation)
+        : m_simulation(simulation), m_stations(simulation.stations), m_programme(&m_stations)
     {
     }
 
+    Simulation m_simulation;
     Stations m_stations;
     Programme m_programme;
 };

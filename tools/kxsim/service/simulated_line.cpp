@@ -68,4 +68,9 @@ QString SimulatedLine::command(const QString& line)
     return m_parts->simulator.command(line);
 }
 
+void SimulatedLine::addStation(int number)
+{
+    m_parts->simulator.addStation(number);
+}
+
 } // namespace kxsim

@@ -37,6 +37,10 @@ public:
     /// wrong returns "error: ...". Thread-safe.
     QString command(const QString& line);
 
+    /// One more station, 1 to 247, as the others were made; nothing happens when it is there. What
+    /// moves is where it would be, had it been there from the beginning. Thread-safe.
+    void addStation(int number);
+
 private:
     struct Parts;
     explicit SimulatedLine(std::unique_ptr<Parts> parts);

@@ -71,6 +71,12 @@ QString Simulator::command(const QString& line)
     return runCommand(line, m_controllers->stations());
 }
 
+void Simulator::addStation(int number)
+{
+    const std::lock_guard<std::mutex> lock(m_lock);
+    m_controllers->addStation(number);
+}
+
 QByteArray Simulator::memory()
 {
     advance();
@@ -106,10 +112,11 @@ bool Simulator::run()
     }
 }
 
-int Simulator::waitMilliseconds() const
+int Simulator::waitMilliseconds()
 {
     if (isAmidFrame())
         return static_cast<int>(SILENCE.count());
+    const std::lock_guard<std::mutex> lock(m_lock);
     return m_controllers->programme()->needsSteps() ? STEP_MILLISECONDS : -1;
 }
 

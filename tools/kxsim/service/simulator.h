@@ -42,11 +42,14 @@ public:
     /// LineFaults::summary(). For any thread.
     QString command(const QString& line);
 
+    /// See Controllers::addStation(). For any thread.
+    void addStation(int number);
+
     /// What the controllers hold now, see memory_file.h. For any thread.
     QByteArray memory();
 
 private:
-    int waitMilliseconds() const;
+    int waitMilliseconds();
     bool answerArrived();
     bool answerRequests();
     RequestServer::Answer askServer();

@@ -51,6 +51,7 @@ private slots:
     void exchangesAreNumbered();
     void countsComeWhileTheLineIsOpen();
     void stationsOfTheValuesAreSimulated();
+    void aStationAddedLaterIsSimulated();
     void aWriteEndsOnce();
     void aScanTellsHowFarItIs();
     void withoutALineAJobEndsAtOnce();
@@ -204,6 +205,18 @@ void MachineTest::stationsOfTheValuesAreSimulated()
     m_machine->openLine(simulated());
     QTRY_COMPARE(m_log->readings.value(1).raw, Raw{650});
     QTRY_COMPARE(m_log->readings.value(2).raw, Raw{650});
+}
+
+void MachineTest::aStationAddedLaterIsSimulated()
+{
+    m_machine->setValues({watched(1, "D110")});
+    m_machine->openLine(simulated());
+    QTRY_COMPARE(m_log->readings.value(1).raw, Raw{650});
+    m_machine->startJob(5, writeOfD110(7));
+    m_machine->setValues({watched(1, "D110"), watched(2, "D110@9")});
+    QTRY_COMPARE(m_log->readings.value(2).raw, Raw{650});
+    QTRY_COMPARE(m_log->readings.value(1).raw, Raw{7}); // the others go on as they were
+    QCOMPARE(m_log->states, (QStringList{"opening", "open"}));
 }
 
 void MachineTest::aWriteEndsOnce()

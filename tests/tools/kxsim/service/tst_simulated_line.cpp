@@ -51,6 +51,8 @@ private slots:
     void commandsAndHostShareTheMemory();
     void aPresetForAStationNotSimulatedIsRefused();
     void requestsToAnotherStationGetNoReply();
+    void aStationAddedLaterAnswers();
+    void whatMovesGoesOnInAStationAddedLater();
     void aHostMayCloseAndComeBack();
     void aRequestInTwoPiecesIsAnswered();
     void aCutRequestIsForgottenAfterSilence();
@@ -127,6 +129,42 @@ void SimulatedLineTest::requestsToAnotherStationGetNoReply()
     master.setStation(2);
     QCOMPARE(master.registers(100, 1), QList<int>());
     QVERIFY2(master.error().contains(QStringLiteral("timed out")), qPrintable(master.error()));
+}
+
+void SimulatedLineTest::aStationAddedLaterAnswers()
+{
+    Simulation simulation;
+    simulation.presets << assignment("D100=1234") << assignment("D101@1=5");
+    simulation.waves << kxsim::Wave();
+    QString error;
+    QVERIFY(kxsim::parseWave(QStringLiteral("D102=7..7/1s"), &simulation.waves.last(), &error));
+    simulation.moves = false;
+    const auto line = SimulatedLine::start(simulation, &error);
+    ModbusMaster master(line->portName());
+    QVERIFY(master.writeRegister(100, 77));
+    line->addStation(9);
+    master.setStation(9);
+    QCOMPARE(master.registers(100, 3), QList<int>({1234, 0, 7}));
+    QVERIFY(master.writeRegister(100, 78));
+    line->addStation(9); // is there
+    QCOMPARE(master.registers(100, 3), QList<int>({78, 0, 7}));
+    master.setStation(1);
+    QCOMPARE(master.registers(100, 3), QList<int>({77, 5, 7}));
+}
+
+void SimulatedLineTest::whatMovesGoesOnInAStationAddedLater()
+{
+    Simulation simulation;
+    simulation.timers << kxsim::PresetContact();
+    QString error;
+    QVERIFY(kxsim::parseTimer(QStringLiteral("T5=1"), &simulation.timers.last(), &error));
+    const auto line = SimulatedLine::start(simulation, &error);
+    ModbusMaster master(line->portName());
+    QTRY_VERIFY(master.registers(0, 1).value(0) >= 3); // D0 has counted that far
+    line->addStation(9);
+    master.setStation(9);
+    QVERIFY(master.registers(0, 1).value(0) >= 3);
+    QTRY_COMPARE(line->command(QStringLiteral("get T5@9")), QStringLiteral("T5@9=1"));
 }
 
 void SimulatedLineTest::aHostMayCloseAndComeBack()
