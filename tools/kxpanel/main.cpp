@@ -11,6 +11,7 @@
 #include <QtCore/QSettings>
 #include <QtWidgets/QApplication>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -85,6 +86,18 @@ void sayOfQt(QtMsgType type, const QMessageLogContext& context, const QString& t
         saysOfQt(type, context, text);
 }
 
+/// Who presses Ctrl-C or closes the terminal can be asked; whoever shuts the computer down waits
+/// for no answer.
+void closeBy(int signal, MainWindow* window)
+{
+    if (signal != SIGTERM) {
+        window->close();
+        return;
+    }
+    window->closeUnasked();
+    QApplication::quit(); // whatever question is open
+}
+
 /// Until the window is closed.
 int run()
 {
@@ -109,8 +122,9 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
     pages.insert(pages.begin() + 1, makerOf<TrendPage>()); // beside the values
     const MachineThread machine;
     MainWindow window(machine.machine(), &settings, pages);
-    const kx::Interrupt interrupt; // as who closes the window; a second one ends it at once
-    QObject::connect(&interrupt, &kx::Interrupt::interrupted, &window, &QWidget::close);
+    const kx::Interrupt interrupt; // a second one ends the program at once
+    QObject::connect(&interrupt, &kx::Interrupt::interrupted, &window,
+                     [&] { closeBy(interrupt.signal(), &window); });
     window.show();
     window.begin(options);
     return run();

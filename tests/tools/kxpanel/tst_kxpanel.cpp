@@ -35,6 +35,8 @@ private slots:
     void wrongUsageNeedsNoDisplay();
     void signalsCloseTheWindow_data();
     void signalsCloseTheWindow();
+    void whoEndsTheSessionIsNotAsked_data();
+    void whoEndsTheSessionIsNotAsked();
     void itEndsWithItsDisplay();
     void aProjectThatCannotBeReadEndsNothing_data();
     void aProjectThatCannotBeReadEndsNothing();
@@ -118,6 +120,41 @@ void KxpanelTest::signalsCloseTheWindow()
     QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(panel.exitCode(), 0);
     QVERIFY(QFile::exists(settings)); // the window's place was kept
+}
+
+void KxpanelTest::whoEndsTheSessionIsNotAsked_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<bool>("isAsked");
+    QTest::newRow("of Ctrl-C") << SIGINT << true;
+    QTest::newRow("of a terminal that is closed") << SIGHUP << true;
+    QTest::newRow("of a computer that shuts down") << SIGTERM << false;
+}
+
+// Its values are not saved.
+void KxpanelTest::whoEndsTheSessionIsNotAsked()
+{
+    QFETCH(int, signal);
+    QFETCH(bool, isAsked);
+    QFile tags(m_folder.filePath("tags.csv"));
+    QVERIFY(tags.open(QIODevice::WriteOnly));
+    tags.write("name,address\nflow,D100\n");
+    tags.close();
+    KxsimProcess simulator;
+    QProcess panel;
+    start(&panel, {"-platform", "offscreen", "--port", simulator.portName(), tags.fileName()});
+    QTRY_VERIFY_WITH_TIMEOUT(hasOpen(panel, simulator.portName()), 20000);
+    signalProcess(panel.processId(), signal);
+    if (isAsked) {
+        QVERIFY(!panel.waitForFinished(1000));
+        signalProcess(panel.processId(), signal); // a second one ends it at once
+        QVERIFY(panel.waitForFinished());
+        QCOMPARE(panel.exitStatus(), QProcess::CrashExit);
+        return;
+    }
+    QVERIFY(panel.waitForFinished());
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(panel.exitCode(), 0);
 }
 
 void KxpanelTest::itEndsWithItsDisplay()

@@ -14,9 +14,9 @@ const int SIGNALS[] = {SIGINT, SIGTERM, SIGHUP};
 
 int pipeEnds[2] = {-1, -1};
 
-void writeToPipe(int)
+void writeToPipe(int signal)
 {
-    const char byte = 0;
+    const char byte = static_cast<char>(signal);
     // A full pipe already holds a signal that nobody has taken yet.
     const ssize_t written = write(pipeEnds[1], &byte, 1);
     static_cast<void>(written);
@@ -64,11 +64,14 @@ Interrupt::~Interrupt()
 void Interrupt::request()
 {
     if (pipeEnds[1] >= 0)
-        writeToPipe(0);
+        writeToPipe(SIGINT);
 }
 
 void Interrupt::onSignal()
 {
+    char byte = 0;
+    if (read(pipeEnds[0], &byte, 1) == 1)
+        m_signal = byte;
     m_notifier->setEnabled(false);
     setHandlers(SIG_DFL);
     emit interrupted();

@@ -20,8 +20,11 @@ public:
     explicit Interrupt(QObject* parent = nullptr);
     ~Interrupt() override;
 
-    /// As the signals do; nothing happens while no Interrupt lives.
+    /// As SIGINT does; nothing happens while no Interrupt lives.
     static void request();
+
+    /// Which signal it was; 0: none yet.
+    int signal() const { return m_signal; }
 
 signals:
     void interrupted();
@@ -30,6 +33,7 @@ private:
     void onSignal();
 
     std::unique_ptr<QSocketNotifier> m_notifier;
+    int m_signal = 0;
 };
 
 } // namespace kx

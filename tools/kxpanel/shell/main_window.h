@@ -36,6 +36,9 @@ public:
     /// Opens the file and connects, as far as the command line says so.
     void begin(const WindowOptions& options);
 
+    /// Closes without a question; what is not saved is lost, and what is under way ends half-way.
+    void closeUnasked();
+
     ConnectionBar* connectionBar() const { return m_connection; }
     ProjectKeeper* project() const { return m_project; }
     MessageBar* messages() const { return m_messages; }

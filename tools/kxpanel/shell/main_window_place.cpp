@@ -50,17 +50,19 @@ void MainWindow::restorePlace()
 /// Each question comes when the one before is answered; whoever stays answers none of the rest.
 void MainWindow::askToClose()
 {
-    const auto closeNow = [this] {
-        m_mayClose = true;
-        close();
-        m_mayClose = false;
-    };
-    m_project->leave([this, closeNow] {
+    m_project->leave([this] {
         if (m_machine->isAtWork())
-            askToEndWork(this, closeNow);
+            askToEndWork(this, [this] { closeUnasked(); });
         else // not inside of another close()
-            QMetaObject::invokeMethod(this, closeNow, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, &MainWindow::closeUnasked, Qt::QueuedConnection);
     });
+}
+
+void MainWindow::closeUnasked()
+{
+    m_mayClose = true;
+    close();
+    m_mayClose = false;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
