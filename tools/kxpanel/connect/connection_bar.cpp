@@ -53,6 +53,10 @@ ConnectionBar::ConnectionBar(Machine* machine, QWidget* parent)
     });
     connect(m_scanPanel, &ScanPanel::stationChosen, this, &ConnectionBar::stationChosen);
     connect(m_scanPanel, &ScanPanel::fieldIsWrong, this, &ConnectionBar::say);
+    connect(machine, &Machine::limitsSet, this, [this](int maxWords, int maxBits) {
+        m_fields->setLimits(maxWords, maxBits);
+        emit edited();
+    });
     connect(machine, &Machine::lineChanged, this, &ConnectionBar::takeStatus);
     showStatus();
 }

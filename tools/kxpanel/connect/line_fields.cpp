@@ -2,6 +2,7 @@
 
 #include "addresses/digits.h"
 #include "kxhost/options/command_parser.h"
+#include "kxpanel/machine/machine.h"
 
 #include <QtCore/QSignalBlocker>
 #include <QtWidgets/QComboBox>
@@ -153,6 +154,11 @@ void LineFields::setOptions(const kx::ConnectionOptions& options)
         m_gateway->setText(kx::gatewayText(options.gateway));
     m_protocol->setCurrentIndex(options.protocol == kx::GatewayProtocol::Tcp ? 1 : 0);
     showKind();
+}
+
+void LineFields::setLimits(int maxWords, int maxBits)
+{
+    m_options.session = limited(m_options.session, maxWords, maxBits);
 }
 
 bool LineFields::takeOptions(kx::ConnectionOptions* options, QString* fault)

@@ -27,6 +27,8 @@ public:
     bool takeOptions(kx::ConnectionOptions* options, QString* fault);
     /// The same for a project: of wrong fields what was there before.
     kx::ConnectionOptions shownOptions() const;
+    /// As Machine::setLimits(); no field shows them.
+    void setLimits(int maxWords, int maxBits);
     /// What can be chosen; what is typed stays.
     void setPorts(const QList<kx::PortEntry>& ports);
     /// Of an open line nothing can be changed.

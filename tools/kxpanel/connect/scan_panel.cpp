@@ -131,9 +131,7 @@ void ScanPanel::start()
     emit fieldIsWrong(fault);
     if (!isGood)
         return;
-    m_before.reset();
-    if (m_lineState != LineState::Closed)
-        m_before = options; // of an open line no field can be changed
+    m_wasOpen = m_lineState != LineState::Closed;
     options.session.retries = 1;
     options.session.exchange.replyTimeout = m_timeout->value();
     m_found->clear();
@@ -200,8 +198,8 @@ void ScanPanel::onEnded(const kx::Failure& failure)
     m_ticket = 0;
     // Who disconnects meanwhile does not want the line back.
     if (failure.kind != kx::FailureKind::SessionEnded) {
-        if (m_before)
-            m_machine->openLine(*m_before);
+        if (m_wasOpen) // then no field could be changed
+            m_machine->openLine(m_fields->shownOptions());
         else
             m_machine->closeLine();
     }
@@ -214,7 +212,6 @@ void ScanPanel::onEnded(const kx::Failure& failure)
 void ScanPanel::rest(const QString& result)
 {
     m_step = Step::Resting;
-    m_before.reset();
     m_start->setText(tr("Start"));
     m_result->setText(result);
 }

@@ -6,8 +6,6 @@
 
 #include <QtWidgets/QWidget>
 
-#include <optional>
-
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -64,7 +62,7 @@ private:
     Step m_step = Step::Resting;
     bool m_wasTold = false; ///< that the scan's line is being opened
     LineState m_lineState = LineState::Closed;
-    std::optional<kx::ConnectionOptions> m_before; ///< of the line that was open
+    bool m_wasOpen = false; ///< the line, before the scan
     int m_ticket = 0;
     QList<int> m_stations;
     QLineEdit* m_range;

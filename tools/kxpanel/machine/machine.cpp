@@ -73,10 +73,11 @@ void Machine::setValues(const QList<WatchedValue>& values)
 void Machine::setLimits(int maxWords, int maxBits)
 {
     call([this, maxWords, maxBits] {
-        m_parts->limits = Limits{maxWords, maxBits};
+        m_parts->options.session = limited(m_parts->options.session, maxWords, maxBits);
         m_parts->hasNewLimits = true;
         useLimits();
     });
+    emit limitsSet(maxWords, maxBits);
 }
 
 void Machine::startJob(int ticket, const JobMaker& make)

@@ -20,6 +20,11 @@ class MachineSession;
 /// to objects of other threads, which then get them queued.
 using JobMaker = std::function<std::unique_ptr<kx::Job>(kx::Session*)>;
 
+/// Requests no longer than that, and within it as long as takes the least time, as the window
+/// predicts.
+/// @param maxWords in registers; 0: as many as a request can ask for, as of maxBits
+kx::SessionSettings limited(const kx::SessionSettings& settings, int maxWords, int maxBits);
+
 /// The line and the driver at work on it, for a window: opens, polls, counts and runs jobs.
 ///
 /// The program has it in a thread of its own, so that a busy screen neither slows the line nor
@@ -50,8 +55,8 @@ public:
     /// Replaces what is polled, also while the line is open. What is known of addresses that stay
     /// is kept. On a simulated line each of their stations answers.
     void setValues(const QList<WatchedValue>& values);
-    /// Longest requests from now on, whatever line is opened; 0: chosen so that they take the least
-    /// time. While jobs run on an open line, once they have ended. Counts begin anew.
+    /// Longest requests of the open line from now on, as limited(). While jobs run, once they have
+    /// ended. Counts begin anew.
     void setLimits(int maxWords, int maxBits);
     /// Begins a job; jobEnded() comes exactly once. It fails at once when the line is not open or
     /// lost, and when the line stays lost for as long as a request to a silent station is tried:
@@ -66,6 +71,8 @@ public:
     static int newTicket();
 
 signals:
+    /// By setLimits(), in the thread that called it: whoever opens the line later may want them.
+    void limitsSet(int maxWords, int maxBits);
     void lineChanged(const kxpanel::LineStatus& status);
     /// Gathered for up to 50 ms: of each value its changes in the order of their reads, and its
     /// latest read. That of all values is sent once more after setValues().

@@ -10,18 +10,14 @@
 namespace kxpanel
 {
 
-namespace
+kx::SessionSettings limited(const kx::SessionSettings& settings, int maxWords, int maxBits)
 {
-
-kx::SessionSettings limited(kx::SessionSettings settings, const Limits& limits)
-{
-    settings.choosesLengths = true; // as the window predicts
-    settings.maxWords = limits.words > 0 ? limits.words : kx::MOST_REGISTERS_PER_READ;
-    settings.maxBits = limits.bits > 0 ? limits.bits : kx::MOST_COILS_PER_READ;
-    return settings;
+    kx::SessionSettings limited = settings;
+    limited.choosesLengths = true;
+    limited.maxWords = maxWords > 0 ? maxWords : kx::MOST_REGISTERS_PER_READ;
+    limited.maxBits = maxBits > 0 ? maxBits : kx::MOST_COILS_PER_READ;
+    return limited;
 }
-
-} // namespace
 
 void Machine::open(const kx::ConnectionOptions& options, bool readsValues)
 {
@@ -93,14 +89,11 @@ void Machine::beginSession()
     QString error;
     if (!kx::loadDriver(kx::driverFile(options.library), &driver, &error))
         return failLater(tr("%1; name its file with --library").arg(error));
-    const std::optional<Limits>& limits = m_parts->limits;
-    const kx::SessionSettings settings =
-        limits ? limited(options.session, *limits) : options.session;
-    auto session = kx::Session::create(driver, line, settings, &error);
+    auto session = kx::Session::create(driver, line, options.session, &error);
     if (!session)
         return failLater(error);
     m_parts->hasNewLimits = false;
-    m_parts->status.longestRequest = settings.maxWords;
+    m_parts->status.longestRequest = options.session.maxWords;
     std::unique_ptr<kx::GatewayAdvice> advice;
     if (!options.gateway.host.isEmpty() && !options.simulate)
         advice = std::make_unique<kx::GatewayAdvice>(

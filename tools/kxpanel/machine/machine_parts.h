@@ -8,16 +8,8 @@
 
 #include <QtCore/QTimer>
 
-#include <optional>
-
 namespace kxpanel
 {
-
-/// Longest requests.
-struct Limits {
-    int words; ///< 0: chosen
-    int bits;
-};
 
 struct Machine::Parts {
     kx::ConnectionOptions options;
@@ -26,9 +18,8 @@ struct Machine::Parts {
     int openings = 0;                     ///< what an earlier line tells late is over
     LineStatus status;
     QList<WatchedValue> values;
-    bool readsValues = true; ///< of the line
-    std::optional<Limits> limits;
-    bool hasNewLimits = false;
+    bool readsValues = true;    ///< of the line
+    bool hasNewLimits = false;  ///< of the options, that the session does not have
     qint64 exchanges = 0;       ///< before the session
     Backlog* backlog = nullptr; ///< as MachineSession takes it
     QTimer lostForLong;

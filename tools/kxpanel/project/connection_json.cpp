@@ -1,5 +1,6 @@
 #include "kxpanel/project/connection_json.h"
 
+#include "addresses/request_limits.h"
 #include "kxhost/options/length_options.h"
 
 #include <QtCore/QCommandLineParser>
@@ -25,6 +26,28 @@ QString mustBe(const QString& name)
     return QCoreApplication::translate("kxpanel::Project",
                                        "connection.%1: must be a text, a number or true")
         .arg(name);
+}
+
+// A limit that a person applied, within which lengths are chosen; --max-words fixes them.
+const char* const LIMIT = "longest-request";
+
+/// Where lengths are chosen. False when it is no such number.
+bool takeLimit(QJsonObject* object, kx::SessionSettings* session, QStringList* faults)
+{
+    const QJsonValue value = object->take(QLatin1String(LIMIT));
+    if (value.isUndefined())
+        return true;
+    const int words = value.toInt(); // 0 of what is no whole number
+    if (words < 1 || words > kx::MOST_REGISTERS_PER_READ) {
+        *faults << QCoreApplication::translate("kxpanel::Project",
+                                               "connection.%1: must be a whole number from 1 to %2")
+                       .arg(QLatin1String(LIMIT))
+                       .arg(kx::MOST_REGISTERS_PER_READ);
+        return false;
+    }
+    if (session->choosesLengths)
+        session->maxWords = words;
+    return true;
 }
 
 /// The options that the members name, as on a command line; false when one has no such value.
@@ -158,6 +181,8 @@ bool parseConnectionJson(const QJsonObject& object, kx::ConnectionOptions* optio
         *faults << placedFault(error);
         return false;
     }
+    if (!takeLimit(&rest, &read.session, faults))
+        return false;
     read.simulate = read.simulate && hasLine;
     *options = read;
     *extra = rest;
@@ -179,7 +204,9 @@ QJsonObject connectionJson(const kx::ConnectionOptions& options, const QJsonObje
     members.put("quiet", session.exchange.quiet, usual.session.exchange.quiet);
     members.put("retries", session.retries, usual.session.retries);
     members.put("reopen", options.patience / MILLISECONDS_PER_SECOND, 0);
-    if (!session.choosesLengths)
+    if (session.choosesLengths)
+        members.put(LIMIT, session.maxWords, usual.session.maxWords);
+    else
         members.put("max-words", session.maxWords, 0);
     members.put("max-bits", session.maxBits, usual.session.maxBits);
     return members.object;

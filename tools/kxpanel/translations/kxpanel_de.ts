@@ -1638,6 +1638,10 @@
         <translation>connection.%1: muss ein Text, eine Zahl oder true sein</translation>
     </message>
     <message>
+        <source>connection.%1: must be a whole number from 1 to %2</source>
+        <translation>connection.%1: muss eine ganze Zahl von 1 bis %2 sein</translation>
+    </message>
+    <message>
         <source>line %1, column %2</source>
         <translation>Zeile %1, Spalte %2</translation>
     </message>

@@ -33,6 +33,7 @@ private slots:
     void aScanLeavesTheValuesAlone();
     void whatIsWrongIsNoMarkup();
     void aScanOfNoStations();
+    void limitsAreKeptForTheNextTime();
 
 private:
     template <class Widget>
@@ -226,6 +227,32 @@ void ConnectionBarTest::aScanOfNoStations()
     scan("0-5", 250);
     QVERIFY2(result().contains(QStringLiteral("1 to 247")), qPrintable(result()));
     QCOMPARE(m_log->states, QStringList());
+}
+
+// They are the project's, like all else of the line.
+void ConnectionBarTest::limitsAreKeptForTheNextTime()
+{
+    m_machine->setValues({watched(1, "D110@3")});
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(m_log->status.longestRequest, 125);
+    QSignalSpy edited(m_bar.get(), &ConnectionBar::edited);
+    m_machine->setLimits(40, 640);
+    QCOMPARE(edited.size(), 1);
+    QCOMPARE(m_bar->options().session.maxWords, 40);
+    QCOMPARE(m_bar->options().session.maxBits, 640);
+    QTRY_COMPARE(m_log->status.longestRequest, 40);
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(m_log->states.last(), QStringLiteral("closed"));
+    m_bar->connectAction()->trigger();
+    QTRY_COMPARE(m_log->states.last(), QStringLiteral("open"));
+    QCOMPARE(m_log->status.longestRequest, 40);
+    scan("3", 250);
+    m_machine->setLimits(20, 320); // meanwhile
+    QTRY_COMPARE(result(), QStringLiteral("found: 1"));
+    QTRY_COMPARE(m_log->states.last(), QStringLiteral("open"));
+    QTRY_COMPARE(m_log->status.longestRequest, 20);
+    m_bar->setOptions(simulated()); // another project
+    QCOMPARE(m_bar->options().session.maxWords, 125);
 }
 
 void ConnectionBarTest::whatIsWrongIsNoMarkup()

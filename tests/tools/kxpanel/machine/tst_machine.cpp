@@ -326,12 +326,16 @@ void MachineTest::limitsAreTakenAtOnce()
     QTRY_VERIFY(m_log->exchanges.size() > 2);
     for (const Exchange& exchange : qAsConst(m_log->exchanges))
         QVERIFY(exchange.range.values <= 2);
-    m_machine->openLine(simulated()); // of the next line, too
-    m_log->exchanges.clear();
-    QTRY_VERIFY(m_log->exchanges.size() > 2);
-    QVERIFY(m_log->exchanges.last().range.values <= 2);
     m_machine->setLimits(0, 0);
     QTRY_COMPARE(m_log->exchanges.last().range.values, 3);
+    m_machine->setLimits(2, 0);
+    QTRY_COMPARE(m_log->status.longestRequest, 2);
+    m_machine->openLine(simulated()); // whose options say nothing of it
+    QTRY_COMPARE(m_log->status.longestRequest, 125);
+    kx::ConnectionOptions options = simulated();
+    options.session = limited(options.session, 2, 32);
+    m_machine->openLine(options);
+    QTRY_COMPARE(m_log->status.longestRequest, 2);
 }
 
 void MachineTest::limitsMakeNoRequestLongerThanItPays()

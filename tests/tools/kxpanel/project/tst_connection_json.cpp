@@ -13,6 +13,9 @@ private slots:
     void whatIsReadIsWritten();
     void usualValuesAreLeftOut();
     void readsSettings();
+    void fixedLengthsGoBeforeALimit();
+    void aWrongLimitIsRefused_data();
+    void aWrongLimitIsRefused();
 };
 
 namespace
@@ -42,6 +45,7 @@ void ConnectionJsonTest::whatIsReadIsWritten_data()
     row("simulated", R"({"simulate": true})");
     row("times and counts", R"({"simulate": true, "timeout": 300, "settle": 0, "quiet": 5,
         "retries": 5, "reopen": 60, "max-words": 16, "max-bits": 100})");
+    row("a limit", R"({"port": "a", "longest-request": 40, "max-bits": 640})");
 }
 
 void ConnectionJsonTest::whatIsReadIsWritten()
@@ -83,6 +87,38 @@ void ConnectionJsonTest::readsSettings()
     QCOMPARE(options.patience, 5000);
     QCOMPARE(options.session.maxWords, 16);
     QVERIFY(!options.session.choosesLengths);
+}
+
+void ConnectionJsonTest::fixedLengthsGoBeforeALimit()
+{
+    kx::ConnectionOptions options;
+    QJsonObject extra;
+    QStringList faults;
+    QVERIFY(parseConnectionJson(objectOf(R"({"max-words": 16, "longest-request": 40})"), &options,
+                                &extra, &faults));
+    QCOMPARE(options.session.maxWords, 16);
+    QCOMPARE(connectionJson(options, extra), objectOf(R"({"max-words": 16})"));
+}
+
+void ConnectionJsonTest::aWrongLimitIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::newRow("none") << QByteArray("0");
+    QTest::newRow("more than a request can ask for") << QByteArray("126");
+    QTest::newRow("half a register") << QByteArray("1.5");
+    QTest::newRow("a text") << QByteArray(R"("40")");
+}
+
+void ConnectionJsonTest::aWrongLimitIsRefused()
+{
+    QFETCH(QByteArray, value);
+    kx::ConnectionOptions options;
+    QJsonObject extra;
+    QStringList faults;
+    QVERIFY(!parseConnectionJson(objectOf("{\"longest-request\": " + value + "}"), &options, &extra,
+                                 &faults));
+    QCOMPARE(faults,
+             QStringList("connection.longest-request: must be a whole number from 1 to 125"));
 }
 
 QTEST_GUILESS_MAIN(ConnectionJsonTest)
