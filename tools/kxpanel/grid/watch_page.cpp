@@ -9,7 +9,6 @@
 #include "kxpanel/grid/watch_table.h"
 #include "kxpanel/tags/tag_list.h"
 
-#include <QtCore/QDateTime>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
@@ -40,7 +39,6 @@ WatchPage::WatchPage(const PageContext& context, QWidget* parent)
       m_filter(new WatchFilter(m_model, this))
 {
     setWindowTitle(tr("Watch"));
-    m_steady.start();
     followClock();
     m_writer.setClock([this] { return now(); });
     m_model->setClock([this] { return now(); });
@@ -138,13 +136,15 @@ void WatchPage::connectAll()
 
 void WatchPage::followClock()
 {
-    m_clock.follow(m_steady.elapsed(), QDateTime::currentMSecsSinceEpoch());
+    const SystemTimes times = systemTimes();
+    m_clock.follow(times.steady, times.timeOfDay);
 }
 
 void WatchPage::onValuesRead(const QVector<Reading>& readings)
 {
+    const qint64 steady = systemTimes().steady;
     for (const Reading& reading : readings)
-        m_clock.onRead(m_steady.elapsed(), reading.readAt);
+        m_clock.onRead(steady, reading.readAt);
 }
 
 /// Costs the same however many were read: they are painted later, where they are seen.

@@ -3,11 +3,11 @@
 
 #include "kxpanel/grid/model/value_writer.h"
 #include "kxpanel/machine/line_clock.h"
+#include "kxpanel/machine/session_times.h"
 #include "kxpanel/window/page.h"
 #include "panel/files/tags_file.h"
 
 #include <QUndoStack> // in another module since Qt 6
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QTimer>
 
 class QLabel;
@@ -84,7 +84,7 @@ private:
     void findText();
     void showAll();
 
-    qint64 now() const { return m_clock.now(m_steady.elapsed()); }
+    qint64 now() const { return m_clock.now(systemTimes().steady); }
     void followClock();
     void onValuesRead(const QVector<Reading>& readings);
     void onReadings();
@@ -98,7 +98,6 @@ private:
     void showFaults(const QStringList& faults);
 
     PageContext m_context;
-    QElapsedTimer m_steady;
     LineClock m_clock; ///< readings and ends of writes are compared by it
     QUndoStack m_undo;
     ValueWriter m_writer;

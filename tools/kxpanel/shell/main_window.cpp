@@ -188,9 +188,11 @@ void MainWindow::showMissed(const Missed& missed)
     const auto timeOf = [](qint64 time) {
         return QDateTime::fromMSecsSinceEpoch(time).toString(QStringLiteral("HH:mm:ss"));
     };
-    QString text =
-        tr("The window stood still from %1 to %2. The trend lacks what was read meanwhile.")
-            .arg(timeOf(missed.from), timeOf(missed.to));
+    const QString still =
+        missed.isRest
+            ? tr("The computer or this program rested from %1 to %2. Nothing was read meanwhile.")
+            : tr("The window stood still from %1 to %2. The trend lacks what was read meanwhile.");
+    QString text = still.arg(timeOf(missed.from), timeOf(missed.to));
     if (missed.exchanges > 0)
         text +=
             QLatin1Char(' ')

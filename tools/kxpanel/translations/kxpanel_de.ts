@@ -1543,6 +1543,10 @@
         <source>The window stood still from %1 to %2. The trend lacks what was read meanwhile.</source>
         <translation>Das Fenster stand von %1 bis %2 still. Im Verlauf fehlt, was in dieser Zeit gelesen wurde.</translation>
     </message>
+    <message>
+        <source>The computer or this program rested from %1 to %2. Nothing was read meanwhile.</source>
+        <translation>Der Rechner oder dieses Programm ruhte von %1 bis %2. In dieser Zeit wurde nichts gelesen.</translation>
+    </message>
     <message numerus="yes">
         <source>%n exchange(s) are missing in frames, line and health.</source>
         <translation>

@@ -8,7 +8,6 @@
 #include "kxpanel/trend/trend_span_box.h"
 #include "kxpanel/trend/trend_value_field.h"
 
-#include <QtCore/QDateTime>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QSplitter>
@@ -39,7 +38,6 @@ TrendPage::TrendPage(const PageContext& context, QWidget* parent)
       m_files({&m_channels, &m_view, &m_legend, m_plot}, this)
 {
     setWindowTitle(tr("Trend"));
-    m_steady.start();
     followClock();
     m_view.setNow(now());
     build();
@@ -160,8 +158,9 @@ void TrendPage::connectModels()
 void TrendPage::connectMachine(Machine* machine)
 {
     connect(machine, &Machine::valuesRead, this, [this](const QVector<Reading>& readings) {
+        const qint64 steady = systemTimes().steady;
         for (const Reading& reading : readings)
-            m_clock.onRead(m_steady.elapsed(), reading.readAt);
+            m_clock.onRead(steady, reading.readAt);
         m_channels.takeReadings(readings, now());
     });
     connect(machine, &Machine::missed, &m_channels, &TrendChannels::takeMissed);
@@ -179,7 +178,8 @@ void TrendPage::connectMachine(Machine* machine)
 /// Of a clock that was set back, all that was goes back as well: nothing is drawn over it.
 void TrendPage::followClock()
 {
-    const qint64 back = m_clock.follow(m_steady.elapsed(), QDateTime::currentMSecsSinceEpoch());
+    const SystemTimes times = systemTimes();
+    const qint64 back = m_clock.follow(times.steady, times.timeOfDay);
     if (back != 0)
         shift(-back);
 }

@@ -2,6 +2,7 @@
 #define KX_KXPANEL_TREND_TREND_PAGE_H
 
 #include "kxpanel/machine/line_clock.h"
+#include "kxpanel/machine/session_times.h"
 #include "kxpanel/trend/model/trend_channels.h"
 #include "kxpanel/trend/model/trend_legend.h"
 #include "kxpanel/trend/model/trend_view.h"
@@ -9,7 +10,6 @@
 #include "kxpanel/trend/trend_files.h"
 #include "kxpanel/window/page.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QTimer>
 
 class QLabel;
@@ -57,11 +57,10 @@ private:
     void setCursor(int cursor);
     void moveCursor(int pixels);
     void showState();
-    qint64 now() const { return m_clock.now(m_steady.elapsed()); }
+    qint64 now() const { return m_clock.now(systemTimes().steady); }
     void followClock();
     void shift(qint64 milliseconds);
 
-    QElapsedTimer m_steady;
     LineClock m_clock;
     TrendView m_view;
     TrendChannels m_channels;

@@ -232,6 +232,11 @@ void MachineSessionTest::timesFollowASleep()
     const qint64 age = QDateTime::currentMSecsSinceEpoch() + 7200000 - m_readings.value(2).readAt;
     QVERIFY2(age > -50 && age < 2000, qPrintable(QString::number(age)));
     QCOMPARE(m_steps.size(), 0);
+    QCOMPARE(m_missed.size(), 1); // nothing was read meanwhile
+    QVERIFY(m_missed.first().isRest);
+    const qint64 slept = m_missed.first().to - m_missed.first().from;
+    QVERIFY2(slept >= 7200000 && slept < 7202000, qPrintable(QString::number(slept)));
+    QCOMPARE(m_missed.first().exchanges, qint64(0));
 }
 
 /// What was read before it says nothing of how the values were meanwhile.
