@@ -9,6 +9,8 @@ namespace kxpanel
 namespace
 {
 
+const int CLOCK_TIME = 500; // milliseconds
+
 kx::Failure lineIsLost()
 {
     return kx::failureOf(kx::FailureKind::LineLost, Machine::tr("the line is lost"));
@@ -16,7 +18,7 @@ kx::Failure lineIsLost()
 
 } // namespace
 
-Machine::Machine(QObject* parent)
+Machine::Machine(QObject* parent, const Clocks& clocks)
     : QObject(parent), m_parts(new Parts), m_jobs(new MachineJobs(this))
 {
     registerMachineTypes();
@@ -26,6 +28,11 @@ Machine::Machine(QObject* parent)
     m_parts->lostForLong.setSingleShot(true);
     connect(&m_parts->lostForLong, &QTimer::timeout, m_jobs,
             [this] { m_jobs->endAll(lineIsLost()); });
+    m_parts->clocks = clocks;
+    m_parts->clockTicks.setParent(this);
+    connect(&m_parts->clockTicks, &QTimer::timeout, this, &Machine::lookAtClocks);
+    m_parts->clockTicks.start(CLOCK_TIME);
+    lookAtClocks();
 }
 
 Machine::~Machine()

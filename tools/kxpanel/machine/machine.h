@@ -3,6 +3,7 @@
 
 #include "kxhost/options/connection_options.h"
 #include "kxpanel/machine/machine_events.h"
+#include "kxpanel/machine/session_times.h"
 #include "panel/jobs/job.h"
 
 #include <atomic>
@@ -39,7 +40,8 @@ class Machine : public QObject
     Q_OBJECT
 
 public:
-    explicit Machine(QObject* parent = nullptr);
+    /// @param clocks called in the machine's thread
+    explicit Machine(QObject* parent = nullptr, const Clocks& clocks = &systemTimes);
     ~Machine() override;
 
     /// From now on what is told waits for the thread of `listener`, which must outlive this. Before
@@ -85,8 +87,8 @@ signals:
     void cycleFinished(qint64 cycles);
     /// Before what follows it.
     void missed(const kxpanel::Missed& missed);
-    /// The system's time of day was set while the line was open, which moves all times told before.
-    /// What is known of all values follows, with the new ones.
+    /// The system's time of day was set, which moves all times told before. While the line is open
+    /// what is known of all values follows, with the new ones.
     /// @param by milliseconds; negative: back
     void clockSet(qint64 by);
     /// Behind each batch, for the backlog: how much it was.
@@ -113,6 +115,7 @@ private:
     void onLinkChanged(bool isLost, const QString& fault);
     void onJobEnded(int ticket, const kx::Failure& failure);
     void tellLine(LineState state, const QString& fault);
+    void lookAtClocks();
 
     std::unique_ptr<Parts> m_parts;
     MachineJobs* m_jobs; ///< a child

@@ -100,11 +100,13 @@ void Machine::beginSession()
             line->name(), options.protocol,
             kx::ProtocolNames{tr("Modbus RTU as the protocol"), tr("Modbus TCP as the protocol")});
     beginWork(std::make_unique<MachineSession>(std::move(session), std::move(advice),
-                                               m_parts->backlog, m_parts->exchanges));
+                                               m_parts->backlog, m_parts->exchanges,
+                                               MachineSession::MOST_KEPT, m_parts->clocks));
 }
 
 void Machine::beginWork(std::unique_ptr<MachineSession> work)
 {
+    lookAtClocks(); // from now on the session does
     m_parts->work = std::move(work);
     const MachineSession* const begun = m_parts->work.get();
     connect(begun, &MachineSession::valuesRead, this, &Machine::valuesRead);
@@ -127,6 +129,7 @@ void Machine::endSession()
         return;
     m_parts->work->stop();
     m_parts->exchanges = m_parts->work->exchanges();
+    lookAtClocks(); // all until now was told by the session
     m_parts->work.reset();
 }
 
@@ -161,9 +164,19 @@ void Machine::onJobEnded(int ticket, const kx::Failure& failure)
 
 void Machine::tellLine(LineState state, const QString& fault)
 {
+    lookAtClocks(); // before who listens looks at them
     m_parts->status.state = state;
     m_parts->status.fault = fault;
     emit lineChanged(m_parts->status);
+}
+
+/// A session tells of it by itself; then this only goes along.
+void Machine::lookAtClocks()
+{
+    const SystemTimes now = m_parts->clocks();
+    const qint64 by = m_parts->times.look(now.steady, now);
+    if (by != 0 && !m_parts->work)
+        emit clockSet(by);
 }
 
 } // namespace kxpanel

@@ -23,6 +23,9 @@ struct Machine::Parts {
     qint64 exchanges = 0;       ///< before the session
     Backlog* backlog = nullptr; ///< as MachineSession takes it
     QTimer lostForLong;
+    Clocks clocks;
+    SessionTimes times; ///< while no session looks at the clocks
+    QTimer clockTicks;  ///< the same
 };
 
 } // namespace kxpanel

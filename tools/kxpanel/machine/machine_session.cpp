@@ -83,6 +83,7 @@ void MachineSession::start()
 
 void MachineSession::stop()
 {
+    lookAtClocks();
     m_session->stop();
     m_counting.stop();
     m_values.markAll(); // nothing is known any more of how they are

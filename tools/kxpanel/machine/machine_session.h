@@ -25,7 +25,6 @@ class MachineSession : public QObject
 public:
     /// Exchanges that are kept for listeners that stand still: the latest.
     static const int MOST_KEPT = 5000;
-    using Clocks = std::function<SystemTimes()>;
 
     /// @param session not started; its line must outlive this
     /// @param advice null: without a gateway

@@ -3,6 +3,8 @@
 
 #include <QtCore/QVector>
 
+#include <functional>
+
 namespace kxpanel
 {
 
@@ -13,6 +15,9 @@ struct SystemTimes {
 };
 
 SystemTimes systemTimes();
+
+/// systemTimes(), or what stands in for it.
+using Clocks = std::function<SystemTimes()>;
 
 /// When it was what a session's clock timed, in the time of day that counts now: that clock stands
 /// still while the computer sleeps, and the time of day may be set.

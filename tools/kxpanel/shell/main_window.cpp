@@ -82,6 +82,7 @@ void MainWindow::connectValues()
     connect(&m_newValues, &QTimer::timeout, this,
             [this] { m_machine->setValues(m_tags.values()); });
     connect(m_machine, &Machine::valuesRead, &m_tags, &TagList::takeReadings);
+    connect(m_machine, &Machine::clockSet, &m_tags, &TagList::shiftReadings);
     connect(m_machine, &Machine::missed, this, &MainWindow::showMissed);
 }
 

@@ -149,6 +149,19 @@ void TagList::takeReadings(const QVector<Reading>& readings)
         emit readingsChanged(rows);
 }
 
+void TagList::shiftReadings(qint64 by)
+{
+    QVector<int> rows;
+    for (int row = 0; row < size(); ++row) {
+        Reading* const reading = &m_readings[row];
+        for (qint64* const time : {&reading->readAt, &reading->changedAt})
+            *time += *time > 0 ? by : 0;
+        rows << row;
+    }
+    if (!rows.isEmpty())
+        emit readingsChanged(rows);
+}
+
 void TagList::forgetReadings()
 {
     QVector<int> rows;

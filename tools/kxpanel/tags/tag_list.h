@@ -53,6 +53,8 @@ public:
 
 public slots:
     void takeReadings(const QVector<kxpanel::Reading>& readings);
+    /// As Machine::clockSet().
+    void shiftReadings(qint64 by);
     /// Nothing is known of any value.
     void forgetReadings();
 

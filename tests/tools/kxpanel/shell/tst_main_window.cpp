@@ -50,6 +50,7 @@ private slots:
     void closingWhileAWriteIsUnderWayAsks();
     void aProjectOfAnotherLineDisconnects();
     void whatWasMissedIsSaid();
+    void readingsGoWithTheClock();
     void itFitsASmallScreen();
     void settingsThatCannotBeKeptAreSaid();
     void aFileOfAnyNameIsNamedRightly();
@@ -314,6 +315,22 @@ void MainWindowTest::whatWasMissedIsSaid()
                      "read meanwhile. 1 exchange(s) are missing in frames, line and health."));
     emit m_machine->machine()->missed({start, start + 1000, 0});
     QVERIFY(m_window->messages()->text().endsWith("what was read meanwhile."));
+    emit m_machine->machine()->missed({start, start + 7200000, 0, true});
+    QCOMPARE(m_window->messages()->text(),
+             QString("The computer slept from 10:20:30 to 12:20:30. Nothing was read meanwhile."));
+}
+
+// Also while no line is open, so that nobody reads them again.
+void MainWindowTest::readingsGoWithTheClock()
+{
+    m_window->tags()->insert(0, {watched(1, "D110").tag});
+    Reading reading;
+    reading.number = 1;
+    reading.raw = {650};
+    reading.readAt = 5000000;
+    emit m_machine->machine()->valuesRead({reading});
+    emit m_machine->machine()->clockSet(-3600000);
+    QCOMPARE(m_window->tags()->reading(1).readAt, qint64(1400000));
 }
 
 void MainWindowTest::itFitsASmallScreen()

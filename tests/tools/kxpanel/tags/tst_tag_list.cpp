@@ -36,6 +36,7 @@ private slots:
     void aReadingOfOtherRegistersIsLeftOut_data();
     void aReadingOfOtherRegistersIsLeftOut();
     void tellsWhichRowsWereRead();
+    void timesGoWithTheClock();
     void forgetsAll();
 };
 
@@ -185,6 +186,24 @@ void TagListTest::forgetsAll()
     QCOMPARE(read.first().first().value<QVector<int>>(), (QVector<int>{0, 1}));
     QVERIFY(list.reading(1).raw.isEmpty());
     QCOMPARE(list.reading(2).number, 2);
+}
+
+void TagListTest::timesGoWithTheClock()
+{
+    TagList list;
+    list.insert(0, {tagOf("D0"), tagOf("D1")});
+    Reading reading;
+    reading.number = 1;
+    reading.state = kx::WatchState::Ok;
+    reading.raw = {7};
+    reading.readAt = 5000000;
+    list.takeReadings({reading});
+    const QSignalSpy read(&list, &TagList::readingsChanged);
+    list.shiftReadings(3600000);
+    QCOMPARE(list.reading(1).readAt, qint64(8600000));
+    QCOMPARE(list.reading(1).changedAt, qint64(0)); // it never did
+    QCOMPARE(list.reading(2).readAt, qint64(0));
+    QCOMPARE(read.size(), 1);
 }
 
 QTEST_GUILESS_MAIN(TagListTest)
