@@ -13,6 +13,8 @@
 #include <QtCore/QRegularExpression>
 #include <QtTest/QTest>
 
+#include <algorithm>
+
 using namespace kx;
 
 namespace
@@ -33,11 +35,32 @@ QStringList eventsWithoutTimes(const QString& path)
     return withoutTimes(eventsOf(path));
 }
 
+/// Milliseconds since START.
+qint64 timeOf(const QString& event)
+{
+    return event.section(QLatin1Char(' '), 0, 0).toLongLong();
+}
+
 qint64 lastTime(const QString& path)
 {
     const QStringList events = eventsOf(path);
-    return events.isEmpty() ? 0
-                            : START + events.last().section(QLatin1Char(' '), 0, 0).toLongLong();
+    return events.isEmpty() ? 0 : START + timeOf(events.last());
+}
+
+/// Without the gaps of a recorder that stood still, as one does whose disk takes long to write:
+/// nothing else comes of it for two seconds.
+QStringList withoutRests(const QStringList& events)
+{
+    QStringList left;
+    for (auto event = events.begin(); event != events.end(); ++event) {
+        const qint64 begin = timeOf(*event);
+        const auto next = std::find_if(
+            event, events.end(), [begin](const QString& later) { return timeOf(later) != begin; });
+        const bool isLong = next != events.end() && timeOf(*next) - begin > 2 * SECOND;
+        if (!isLong || !event->endsWith(QLatin1String(" [not read]")))
+            left << *event;
+    }
+    return left;
 }
 
 QStringList stoppedAfter(QStringList events)
@@ -179,10 +202,14 @@ void RecordCommandTest::aSilentStationIsAGap()
         recordOn(simulator, "D100 D100@9 --changes --timeout 1000 --retries 1 --cycles 1", path));
     QCOMPARE(result.exitCode, 1);
     QVERIFY(holds(result.output, " station 9 does not answer"));
-    QStringList events = eventsWithoutTimes(path);
+    QStringList events = withoutTimes(withoutRests(eventsOf(path)));
     events.sort(); // which station is asked first is the session's own matter
-    QCOMPARE(events, QStringList({"0 5", "0 [not yet read]", "0 [recorder stopped]",
-                                  "1 [no answer]", "1 [not yet read]", "1 [recorder stopped]"}));
+    QCOMPARE(events.join(QLatin1Char('\n')), QStringLiteral("0 5\n"
+                                                            "0 [not yet read]\n"
+                                                            "0 [recorder stopped]\n"
+                                                            "1 [no answer]\n"
+                                                            "1 [not yet read]\n"
+                                                            "1 [recorder stopped]"));
 }
 
 // While station 9 is asked in vain nobody knows yet that it is silent, and station 1 waits for its
@@ -291,7 +318,7 @@ void RecordCommandTest::aStoppedProgramLeavesAGap()
     QCOMPARE(recording.exitCode(), 0);
     QString before;
     for (const QString& event : eventsOf(path)) {
-        if (START + event.section(QLatin1Char(' '), 0, 0).toLongLong() < woken)
+        if (START + timeOf(event) < woken)
             before = event;
     }
     QVERIFY2(before.endsWith(QStringLiteral(" 0 [not read]")), qPrintable(before));
