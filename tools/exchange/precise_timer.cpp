@@ -1,5 +1,7 @@
 #include "exchange/precise_timer.h"
 
+#include "exchange/loop_clock.h"
+
 #include <QtCore/QSocketNotifier>
 
 #ifdef Q_OS_LINUX
@@ -13,8 +15,7 @@ namespace kx
 namespace
 {
 
-const qint64 NANOSECONDS_PER_MICROSECOND = 1000;
-const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
+const qint64 MICROSECOND = 1000; // nanoseconds
 
 } // namespace
 
@@ -53,7 +54,7 @@ void PreciseTimer::startWithLead(qint64 microseconds, qint64 lead)
 {
     const qint64 wanted = qMax(qint64(0), microseconds);
     m_since.start();
-    m_wanted = wanted * NANOSECONDS_PER_MICROSECOND;
+    m_wanted = wanted * MICROSECOND;
     m_armed = qMax(qint64(1), m_wanted - lead); // 0 would disarm it
     if (arm(m_armed))
         return;

@@ -16,7 +16,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp CHECK_HELP = {
     "check [options] ADDRESS...",
     "Asks the driver whether addresses are valid, and says in a line each what number\n"
     "and what Modbus coil or holding register they stand for, or what is wrong.\n"
@@ -29,7 +29,7 @@ const CommandHelp HELP = {
     "kxhost check X10 --access 1\n"
     "kxhost check D100 --as bit"};
 
-void addOptions(QCommandLineParser* parser)
+void addCheckOptions(QCommandLineParser* parser)
 {
     parser->addOption({QLatin1String("as"),
                        QLatin1String("Kind of the tag: bit or word (default: as the register)."),
@@ -93,9 +93,9 @@ int check(const QStringList& addresses, const DriverEntryPoints& entryPoints, co
 int runCheck(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    addOptions(&parser);
+    addCheckOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, CHECK_HELP, &exitCode))
         return exitCode;
     CheckedTag tag;
     QString error;

@@ -18,7 +18,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp PLAN_HELP = {
     "plan [options] ADDRESS|FILE...",
     "Shows the requests with which the driver would read the addresses, how long they\n"
     "take on a line, beside what each fixed request limit would take (--max-words of\n"
@@ -93,7 +93,7 @@ int runPlan(const QStringList& arguments)
     addPlanOptions(&parser);
     addOfflineOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, PLAN_HELP, &exitCode))
         return exitCode;
     PlanOptions options;
     QString error;

@@ -21,7 +21,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp READ_HELP = {
     "read [options] ADDRESS|FILE...",
     "Reads the addresses once and prints a line for each: station, address, value.\n"
     "An address is TYPENUMBER[:COUNT][@STATION][/FORMAT], COUNT being in values; a file\n"
@@ -34,8 +34,8 @@ const CommandHelp HELP = {
     "kxhost read X0:8 32CV200@2 --tcp 192.168.0.5 --json\n"
     "kxhost read D0 --simulate"};
 
-bool parseOptions(const QCommandLineParser& parser, ConnectionOptions* options, QList<Tag>* tags,
-                  QString* error)
+bool parseReadOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                      QList<Tag>* tags, QString* error)
 {
     if (!parseConnectionOptions(parser, options, error)
         || !parseTagArguments(parser, options->station, tags, error))
@@ -118,13 +118,13 @@ int runRead(const QStringList& arguments)
     addConnectionOptions(&parser);
     addTagsOption(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, READ_HELP, &exitCode))
         return exitCode;
     ConnectionOptions options;
     options.session = settingsForReading();
     QList<Tag> tags;
     QString error;
-    if (!parseOptions(parser, &options, &tags, &error))
+    if (!parseReadOptions(parser, &options, &tags, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return read(options, tags);
 }

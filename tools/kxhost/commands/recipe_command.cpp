@@ -23,7 +23,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp RECIPE_HELP = {
     "recipe download|upload [options] FILE.csv",
     "download sends the values in the file to the controllers; upload reads them from\n"
     "the controllers and replaces the values in the file, once all have arrived.\n"
@@ -100,7 +100,7 @@ bool takeRecipe(RecipeOptions* options, QString* error)
     return isGood;
 }
 
-bool parseOptions(const QCommandLineParser& parser, RecipeOptions* options, QString* error)
+bool parseRecipeOptions(const QCommandLineParser& parser, RecipeOptions* options, QString* error)
 {
     int& maxWords = options->connection.session.maxWords;
     RecipeDefaults& defaults = options->defaults;
@@ -227,11 +227,11 @@ int runRecipe(const QStringList& arguments)
     addConnectionOptions(&parser);
     addNamesOption(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, RECIPE_HELP, &exitCode))
         return exitCode;
     RecipeOptions options;
     QString error;
-    if (!parseOptions(parser, &options, &error))
+    if (!parseRecipeOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return transferRecipe(options);
 }

@@ -14,7 +14,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp REGISTERS_HELP = {
     "registers [options] [TYPE...]",
     "Shows the register types of the driver: addresses as typed, the mask of their\n"
     "digits (O octal, d decimal), and the Modbus coils or holding registers that they\n"
@@ -41,7 +41,7 @@ bool selectRows(const QStringList& types, QList<CatalogueRow>* rows, QString* er
     return true;
 }
 
-void show(const QList<CatalogueRow>& rows, bool json)
+void showCatalogue(const QList<CatalogueRow>& rows, bool json)
 {
     if (!json) {
         for (const QString& line : catalogueRows(rows))
@@ -59,7 +59,7 @@ int runRegisters(const QStringList& arguments)
     QCommandLineParser parser;
     addOfflineOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, REGISTERS_HELP, &exitCode))
         return exitCode;
     DriverEntryPoints entryPoints;
     exitCode = openDriver(askedLibrary(parser), &entryPoints);
@@ -69,7 +69,7 @@ int runRegisters(const QStringList& arguments)
     QString error;
     if (!selectRows(parser.positionalArguments(), &rows, &error))
         return complain(error, EXIT_WRONG_USAGE);
-    show(rows, wantsJson(parser));
+    showCatalogue(rows, wantsJson(parser));
     return EXIT_FINE;
 }
 

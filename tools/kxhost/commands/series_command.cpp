@@ -13,7 +13,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp SERIES_HELP = {
     "series [options] ADDRESS",
     "Shows the addresses that the driver gives to copies of a tag: the address, then\n"
     "each further one by the step. Those past the type's highest address become the\n"
@@ -31,7 +31,7 @@ struct SeriesOptions {
     int step = 1;
 };
 
-void addOptions(QCommandLineParser* parser)
+void addSeriesOptions(QCommandLineParser* parser)
 {
     parser->addOption({{QLatin1String("n"), QLatin1String("count")},
                        QLatin1String("Number of addresses (default 8)."),
@@ -59,14 +59,14 @@ bool parseStart(const QStringList& addresses, AddressRange* start, QString* erro
     return parseAddressRange(address, start, error);
 }
 
-bool parseOptions(const QCommandLineParser& parser, SeriesOptions* options, QString* error)
+bool parseSeriesOptions(const QCommandLineParser& parser, SeriesOptions* options, QString* error)
 {
     return parseStart(parser.positionalArguments(), &options->start, error)
            && parseNumber(parser, "count", 1, MOST_COPIES, &options->count, error)
            && parseNumber(parser, "step", -LONGEST_STEP, LONGEST_STEP, &options->step, error);
 }
 
-void show(const Series& series, bool json)
+void showSeries(const Series& series, bool json)
 {
     if (json) {
         for (const SeriesRow& row : series.rows)
@@ -85,19 +85,20 @@ void show(const Series& series, bool json)
 int runSeries(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    addOptions(&parser);
+    addSeriesOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, SERIES_HELP, &exitCode))
         return exitCode;
     SeriesOptions options;
     QString error;
-    if (!parseOptions(parser, &options, &error))
+    if (!parseSeriesOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     DriverEntryPoints entryPoints;
     exitCode = openDriver(askedLibrary(parser), &entryPoints);
     if (exitCode != EXIT_FINE)
         return exitCode;
-    show(askForSeries(entryPoints, options.start, options.count, options.step), wantsJson(parser));
+    showSeries(askForSeries(entryPoints, options.start, options.count, options.step),
+               wantsJson(parser));
     return EXIT_FINE;
 }
 

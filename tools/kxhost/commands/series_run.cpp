@@ -13,7 +13,7 @@ namespace
 
 const int SOME_CLAMPED = 2; // the driver's result
 
-SeriesPlace placeOf(const RegisterType* type, qint64 asked, int result)
+SeriesPlace placeOfType(const RegisterType* type, qint64 asked, int result)
 {
     if (result == SOME_CLAMPED && asked > highestAddress(type))
         return SeriesPlace::Clamped;
@@ -28,7 +28,7 @@ QList<ModbusSpan> spansOf(const RegisterType* type, const SeriesRow& row)
     return modbusSpans(range);
 }
 
-int countOf(const Series& series, SeriesPlace place)
+int countOfPlace(const Series& series, SeriesPlace place)
 {
     int count = 0;
     for (const SeriesRow& row : series.rows)
@@ -61,7 +61,7 @@ Series askForSeries(const DriverEntryPoints& entryPoints, const AddressRange& st
     series.type = start.type;
     for (int i = 0; i < static_cast<int>(numbers.size()); ++i) {
         const qint64 asked = start.address + qint64(i) * step;
-        series.rows << SeriesRow{texts[i], numbers[i], placeOf(start.type, asked, result)};
+        series.rows << SeriesRow{texts[i], numbers[i], placeOfType(start.type, asked, result)};
     }
     return series;
 }
@@ -95,11 +95,11 @@ QString seriesNotice(const Series& series)
     const QString type = QString::fromLatin1(series.type->name);
     const QString addresses = counted(series.rows.size(), "address", "addresses");
     QStringList notices;
-    if (const int clamped = countOf(series, SeriesPlace::Clamped))
+    if (const int clamped = countOfPlace(series, SeriesPlace::Clamped))
         notices << QStringLiteral("past %1 and replaced by it: %2 of %3")
                        .arg(type + QString::fromLatin1(series.type->highest),
                             QString::number(clamped), addresses);
-    if (const int below = countOf(series, SeriesPlace::BelowLowest))
+    if (const int below = countOfPlace(series, SeriesPlace::BelowLowest))
         notices << QStringLiteral("below %1, the lowest: %2 of %3")
                        .arg(type + QString::fromLatin1(series.type->lowest), QString::number(below),
                             addresses);

@@ -16,7 +16,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp WRITE_HELP = {
     "write [options] ADDRESS=VALUE[,VALUE...]...",
     "Writes values and says for each assignment whether the station confirmed it.\n"
     "Values are decimal, 0x hexadecimal, 0b binary or negative; coils take 0 and 1. An\n"
@@ -50,8 +50,8 @@ bool parseWrite(const QString& text, const QList<Tag>& tags, const ValueFormat& 
     return true;
 }
 
-bool parseOptions(const QCommandLineParser& parser, ConnectionOptions* options,
-                  QList<TagAssignment>* assignments, QString* error)
+bool parseWriteOptions(const QCommandLineParser& parser, ConnectionOptions* options,
+                       QList<TagAssignment>* assignments, QString* error)
 {
     QList<Tag> tags;
     ValueFormat order;
@@ -102,12 +102,12 @@ int runWrite(const QStringList& arguments)
     addConnectionOptions(&parser);
     addNamesOption(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, WRITE_HELP, &exitCode))
         return exitCode;
     ConnectionOptions options;
     QList<TagAssignment> assignments;
     QString error;
-    if (!parseOptions(parser, &options, &assignments, &error))
+    if (!parseWriteOptions(parser, &options, &assignments, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return write(options, assignments);
 }

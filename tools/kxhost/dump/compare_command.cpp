@@ -13,7 +13,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp COMPARE_HELP = {
     "compare [options] FILE",
     "Reads what a file of kxhost dump holds and prints a line for each value that\n"
     "differs: station, address, the file's value and the controller's.",
@@ -23,7 +23,7 @@ const CommandHelp HELP = {
     "Exit codes: 0 all as in the file, 1 some values differ, 2 wrong usage or a damaged\n"
     "file, 3 the port or the library cannot be opened, 4 not all values could be read"};
 
-void printSummary(const KeptOptions& options, const WholeRead& whole, int differences)
+void printDifferences(const KeptOptions& options, const WholeRead& whole, int differences)
 {
     const int values = valuesOf(options.dump.runs);
     const int unread = values - whole.values().size();
@@ -58,7 +58,7 @@ int compare(const KeptOptions& options)
         else
             say(differenceRow(difference));
     }
-    printSummary(options, whole, static_cast<int>(differences.size()));
+    printDifferences(options, whole, static_cast<int>(differences.size()));
     const QList<UnreadRange> unread = whole.unread();
     complainOf(unread);
     // What was not printed was not told either, and a 1 would say that values differ.
@@ -74,7 +74,7 @@ int runCompare(const QStringList& arguments)
     QCommandLineParser parser;
     addConnectionOptions(&parser, 1000, optionsUnusedWithDumps());
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, COMPARE_HELP, &exitCode))
         return exitCode;
     KeptOptions options;
     QString error;

@@ -15,7 +15,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp DUMP_HELP = {
     "dump [options] ADDRESS|FILE... --to FILE",
     "Reads the addresses once and keeps their values in a file, which kxhost compare\n"
     "and kxhost restore read. An address is TYPENUMBER[:COUNT][@STATION], COUNT being\n"
@@ -79,7 +79,7 @@ int runDump(const QStringList& arguments)
     addDumpOptions(&parser);
     addConnectionOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, DUMP_HELP, &exitCode))
         return exitCode;
     DumpOptions options;
     QString error;

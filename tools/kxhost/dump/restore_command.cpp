@@ -14,7 +14,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp RESTORE_HELP = {
     "restore [options] FILE",
     "Gives the controllers the values that a file of kxhost dump holds. Reads what they\n"
     "have, says how many values differ, asks on a terminal (--yes: does not ask), writes\n"
@@ -71,7 +71,7 @@ int runRestore(const QStringList& arguments)
     addYesOption(&parser);
     addConnectionOptions(&parser, 1000, optionsUnusedWithDumps());
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, RESTORE_HELP, &exitCode))
         return exitCode;
     KeptOptions options;
     QString error;

@@ -14,7 +14,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp LISTEN_HELP = {
     "listen [options]",
     "Hears what others say on a line and sends nothing: requests with their replies, in\n"
     "the controller's addresses, and at the end what became of the requests to each\n"
@@ -50,7 +50,7 @@ int runListen(const QStringList& arguments)
     QCommandLineParser parser;
     addListenOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, LISTEN_HELP, &exitCode))
         return exitCode;
     ListenOptions options;
     QString error;

@@ -19,7 +19,7 @@ struct OptionText {
     const char* valueName;   ///< null: a switch
 };
 
-const OptionText OPTIONS[] = {
+const OptionText CONNECTION_OPTIONS[] = {
     {"tcp", "Network gateway to the serial line (default port 8888; of Modbus TCP, 502).",
      "HOST[:PORT]"},
     {"protocol",
@@ -59,12 +59,12 @@ const OptionText OPTIONS[] = {
 };
 
 const quint16 MODBUS_TCP_PORT = 502;
-const int LONGEST_TIMEOUT = 60000;  // milliseconds
-const int LONGEST_PATIENCE = 86400; // seconds
-const int MILLISECONDS_PER_SECOND = 1000;
+const int LONGEST_REPLY_TIMEOUT = 60000; // milliseconds
+const int LONGEST_PATIENCE = 86400;      // seconds
+const int SECOND = 1000;                 // milliseconds
 const int MOST_RETRIES = 100;
 
-QString valueOf(const QCommandLineParser& parser, const char* option)
+QString textOf(const QCommandLineParser& parser, const char* option)
 {
     return parser.value(QLatin1String(option));
 }
@@ -77,7 +77,7 @@ bool isSet(const QCommandLineParser& parser, const char* option)
 bool parseCharacters(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
     const auto isAuto = [&](const char* option) {
-        return options->takesAuto && valueOf(parser, option) == QLatin1String("auto");
+        return options->takesAuto && textOf(parser, option) == QLatin1String("auto");
     };
     options->anyBaud = isAuto("baud");
     options->anyParity = isAuto("parity");
@@ -95,7 +95,7 @@ bool parseProtocol(const QCommandLineParser& parser, ConnectionOptions* options,
 {
     if (!isSet(parser, "protocol"))
         return true;
-    const QString typed = valueOf(parser, "protocol");
+    const QString typed = textOf(parser, "protocol");
     const bool isTcp = typed == QLatin1String("tcp");
     if (!isTcp && typed != QLatin1String("rtu"))
         *error = Text::tr("--protocol %1: must be rtu or tcp").arg(typed);
@@ -113,7 +113,7 @@ bool parseGateway(const QCommandLineParser& parser, ConnectionOptions* options, 
 {
     if (!isSet(parser, "tcp"))
         return true;
-    const QString text = valueOf(parser, "tcp");
+    const QString text = textOf(parser, "tcp");
     if (parseGatewayAddress(text, &options->gateway))
         return true;
     *error = Text::tr("--tcp %1: must be HOST or HOST:PORT").arg(text);
@@ -126,11 +126,11 @@ bool parseNumbers(const QCommandLineParser& parser, ConnectionOptions* options, 
 {
     SessionSettings& session = options->session;
     return parseStationOption(parser, &options->station, error)
-           && parseNumber(parser, "timeout", 1, LONGEST_TIMEOUT, &session.exchange.replyTimeout,
+           && parseNumber(parser, "timeout", 1, LONGEST_REPLY_TIMEOUT,
+                          &session.exchange.replyTimeout, error, NumberUnit::Milliseconds)
+           && parseNumber(parser, "settle", 0, LONGEST_REPLY_TIMEOUT, &session.exchange.settle,
                           error, NumberUnit::Milliseconds)
-           && parseNumber(parser, "settle", 0, LONGEST_TIMEOUT, &session.exchange.settle, error,
-                          NumberUnit::Milliseconds)
-           && parseNumber(parser, "quiet", 0, LONGEST_TIMEOUT, &session.exchange.quiet, error,
+           && parseNumber(parser, "quiet", 0, LONGEST_REPLY_TIMEOUT, &session.exchange.quiet, error,
                           NumberUnit::Milliseconds)
            && parseNumber(parser, "retries", 1, MOST_RETRIES, &session.retries, error)
            && parseLengthOptions(parser, &session, error);
@@ -141,7 +141,7 @@ bool parsePatience(const QCommandLineParser& parser, ConnectionOptions* options,
     int seconds = 0;
     if (!parseNumber(parser, "reopen", 0, LONGEST_PATIENCE, &seconds, error, NumberUnit::Seconds))
         return false;
-    options->patience = seconds * MILLISECONDS_PER_SECOND;
+    options->patience = seconds * SECOND;
     return true;
 }
 
@@ -159,14 +159,14 @@ bool parseFaults(const QCommandLineParser& parser, ConnectionOptions* options, Q
             return false;
     }
     return (!isSet(parser, "fault-seed")
-            || kxsim::parseFaultSeed(valueOf(parser, "fault-seed"), &options->faults, error))
+            || kxsim::parseFaultSeed(textOf(parser, "fault-seed"), &options->faults, error))
            && (!isSet(parser, "fault-delay")
-               || kxsim::parseFaultDelay(valueOf(parser, "fault-delay"), &options->faults, error));
+               || kxsim::parseFaultDelay(textOf(parser, "fault-delay"), &options->faults, error));
 }
 
 bool parseLine(const QCommandLineParser& parser, ConnectionOptions* options, QString* error)
 {
-    options->port = valueOf(parser, "port");
+    options->port = textOf(parser, "port");
     options->simulate = isSet(parser, "simulate");
     options->simulatedStations = {options->station};
     options->session.gatewayBaud = options->timing.baud;
@@ -186,7 +186,7 @@ void addConnectionOptions(QCommandLineParser* parser, int timeout, const QString
 {
     addPortOption(parser);
     addFormatOptions(parser);
-    for (const OptionText& option : OPTIONS) {
+    for (const OptionText& option : CONNECTION_OPTIONS) {
         QCommandLineOption declared(QString::fromLatin1(option.names).split(QLatin1Char(',')));
         QString description = QString::fromLatin1(option.description);
         declared.setDescription(description.replace(QLatin1String("%1"), QString::number(timeout)));
@@ -201,7 +201,7 @@ void addConnectionOptions(QCommandLineParser* parser, int timeout, const QString
 bool parseConnectionOptions(const QCommandLineParser& parser, ConnectionOptions* options,
                             QString* error)
 {
-    options->library = valueOf(parser, "library");
+    options->library = textOf(parser, "library");
     options->frames = isSet(parser, "frames");
     options->json = isSet(parser, "json");
     return parseCharacters(parser, options, error) && parseProtocol(parser, options, error)

@@ -13,7 +13,7 @@ namespace
 
 const qint64 LONGEST_TURNAROUND = 60000000; // microseconds
 
-const char* const OPTIONS[][3] = {
+const char* const PLAN_OPTIONS[][3] = {
     {"turnaround",
      "Time from the end of a request to its reply, such as 5ms or 800us; without a unit, "
      "milliseconds (default 5ms). At least the frame gap of 3.5 characters counts.",
@@ -43,7 +43,7 @@ bool parseTurnaround(const QCommandLineParser& parser, qint64* turnaround, QStri
 void addPlanOptions(QCommandLineParser* parser)
 {
     addFormatOptions(parser);
-    for (const auto& option : OPTIONS)
+    for (const auto& option : PLAN_OPTIONS)
         parser->addOption({QString::fromLatin1(option[0]).split(QLatin1Char(',')),
                            QString::fromLatin1(option[1]), QString::fromLatin1(option[2])});
     addTagsOption(parser);

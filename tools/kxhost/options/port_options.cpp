@@ -11,7 +11,7 @@ namespace
 
 const int LONGEST_DELAY = 1000; // milliseconds
 
-const char* const OPTIONS[][3] = {
+const char* const PORT_OPTIONS[][3] = {
     {"low-latency",
      "Whether the port's driver is asked to report bytes at once, where it can: yes or no (default "
      "yes). Many a USB adapter holds each reply for up to 16 ms otherwise.",
@@ -82,7 +82,7 @@ bool parseRs485(const QCommandLineParser& parser, PortModes* modes, QString* err
 
 void addPortOptions(QCommandLineParser* parser)
 {
-    for (const auto& option : OPTIONS)
+    for (const auto& option : PORT_OPTIONS)
         parser->addOption({QString::fromLatin1(option[0]), QString::fromLatin1(option[1]),
                            QString::fromLatin1(option[2])});
 }

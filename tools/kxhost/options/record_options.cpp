@@ -1,5 +1,6 @@
 #include "kxhost/options/record_options.h"
 
+#include "exchange/loop_clock.h"
 #include "kxhost/options/command_parser.h"
 #include "kxhost/options/length_options.h"
 #include "kxhost/options/polled_tags.h"
@@ -16,10 +17,9 @@ namespace
 
 const qint64 LONGEST_EVERY = 24 * 3600000000LL;       // microseconds, a day
 const qint64 LONGEST_RECORDING = 366 * LONGEST_EVERY; // microseconds, a year
-const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
-const qint64 SHORTEST = 100; // milliseconds
+const qint64 SHORTEST = 100;                          // milliseconds
 
-const char* const VALUE_OPTIONS[][3] = {
+const char* const RECORD_OPTIONS[][3] = {
     {"to",
      "The recording: a .csv file for spreadsheets, or a .sqlite database. Goes on with a recording "
      "of the same tags.",
@@ -87,7 +87,7 @@ void addRecordOptions(QCommandLineParser* parser)
     addConnectionOptions(parser);
     addIntervalOption(parser);
     addTagsOption(parser);
-    for (const auto& option : VALUE_OPTIONS)
+    for (const auto& option : RECORD_OPTIONS)
         parser->addOption({QString::fromLatin1(option[0]), QString::fromLatin1(option[1]),
                            QString::fromLatin1(option[2])});
     parser->addOption(

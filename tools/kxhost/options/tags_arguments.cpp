@@ -20,7 +20,7 @@ const char* const TAGS_OPTION = "tags";
 const char* const ONLY_OPTION = "only";
 const char* const ORDER_OPTION = "word-order";
 
-bool fail(QString* error, const QString& text)
+bool refuse(QString* error, const QString& text)
 {
     *error = text;
     return false;
@@ -43,7 +43,7 @@ bool beginsAsAddress(const QString& argument)
 bool loadFile(const QString& path, QList<Tag>* tags, QString* error)
 {
     if (path.isEmpty())
-        return fail(error, QStringLiteral("--tags: the name of the file is missing"));
+        return refuse(error, QStringLiteral("--tags: the name of the file is missing"));
     return loadTags(path, tags, error);
 }
 
@@ -84,7 +84,7 @@ private:
     QStringList m_unused;
 };
 
-bool takeFile(const QString& path, OnlyNames* only, QList<Tag>* tags, QString* error)
+bool takeTagsFile(const QString& path, OnlyNames* only, QList<Tag>* tags, QString* error)
 {
     QList<Tag> loaded;
     if (!loadFile(path, &loaded, error))
@@ -104,8 +104,8 @@ bool parseArgument(const QString& argument, OnlyNames* only, QList<Tag>* tags, Q
         *tags << tag;
         return true;
     }
-    return namesTagsFile(argument) ? takeFile(argument, only, tags, error)
-                                   : fail(error, faultyText(argument, fault));
+    return namesTagsFile(argument) ? takeTagsFile(argument, only, tags, error)
+                                   : refuse(error, faultyText(argument, fault));
 }
 
 } // namespace
@@ -138,8 +138,8 @@ bool parseWordOrder(const QCommandLineParser& parser, ValueFormat* order, QStrin
     QString text = parser.value(QLatin1String(ORDER_OPTION));
     QString fault;
     return parseOrder(text.replace(QLatin1Char(','), QLatin1Char(' ')), order, &fault)
-           || fail(error,
-                   QStringLiteral("--%1 %2: %3").arg(QLatin1String(ORDER_OPTION), text, fault));
+           || refuse(error,
+                     QStringLiteral("--%1 %2: %3").arg(QLatin1String(ORDER_OPTION), text, fault));
 }
 
 void addNamesOption(QCommandLineParser* parser)
@@ -154,7 +154,7 @@ bool parseNames(const QCommandLineParser& parser, int station, QList<Tag>* tags,
 {
     OnlyNames all({});
     for (const QString& path : parser.values(QLatin1String(TAGS_OPTION))) {
-        if (!takeFile(path, &all, tags, error))
+        if (!takeTagsFile(path, &all, tags, error))
             return false;
     }
     for (Tag& tag : *tags)
@@ -170,7 +170,7 @@ bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>
     if (!parseWordOrder(parser, &order, error))
         return false;
     for (const QString& path : parser.values(QLatin1String(TAGS_OPTION))) {
-        if (!takeFile(path, &only, tags, error))
+        if (!takeTagsFile(path, &only, tags, error))
             return false;
     }
     for (const QString& argument : parser.positionalArguments()) {
@@ -178,8 +178,8 @@ bool parseTagArguments(const QCommandLineParser& parser, int station, QList<Tag>
             return false;
     }
     if (!only.unused().isEmpty())
-        return fail(error, QStringLiteral("--only %1: no tag of the files has such a name")
-                               .arg(only.unused().first()));
+        return refuse(error, QStringLiteral("--only %1: no tag of the files has such a name")
+                                 .arg(only.unused().first()));
     for (Tag& tag : *tags) {
         if (tag.range.station < 0)
             tag.range.station = station;

@@ -11,7 +11,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp PORTS_HELP = {
     "ports [options]",
     "Shows the serial ports, what they are, and which programs have them open; of running\n"
     "simulators, kxsim, the pseudo-terminals. Opens no port. Exit code 0, also when there\n"
@@ -26,7 +26,7 @@ int runPorts(const QStringList& arguments)
     QCommandLineParser parser;
     parser.addOption({QLatin1String("json"), QLatin1String("Write JSON, an object per line.")});
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, PORTS_HELP, &exitCode))
         return exitCode;
     if (!parser.positionalArguments().isEmpty())
         return complain(QStringLiteral("%1: unexpected; ports shows all there are")

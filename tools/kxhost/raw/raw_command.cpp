@@ -20,7 +20,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp RAW_HELP = {
     "raw [options] BYTES...",
     "Sends one frame as it stands and shows what comes back, for finding faults.\n"
     "Bytes are hexadecimal, with or without blanks, commas and 0x; the CRC is appended.\n"
@@ -32,10 +32,10 @@ const CommandHelp HELP = {
     "kxhost raw 01 03 00 00 00 01 84 0B --no-crc --port /dev/ttyUSB0\n"
     "kxhost raw 0x01,0x11 --tcp 192.168.0.5 --count 10"};
 
-const QStringList UNUSED_OPTIONS = {QStringLiteral("station"),   QStringLiteral("settle"),
-                                    QStringLiteral("retries"),   QStringLiteral("reopen"),
-                                    QStringLiteral("max-words"), QStringLiteral("library"),
-                                    QStringLiteral("frames")};
+const QStringList NOT_FOR_RAW = {QStringLiteral("station"),   QStringLiteral("settle"),
+                                 QStringLiteral("retries"),   QStringLiteral("reopen"),
+                                 QStringLiteral("max-words"), QStringLiteral("library"),
+                                 QStringLiteral("frames")};
 
 const int LONGEST_FRAME = 256;        // bytes, CRC and all
 const int BROADCAST_TURNAROUND = 100; // milliseconds that stations need to act on a broadcast
@@ -75,9 +75,9 @@ bool parseRequest(const QCommandLineParser& parser, RawOptions* options, QString
     return error->isEmpty();
 }
 
-bool parseOptions(const QCommandLineParser& parser, RawOptions* options, QString* error)
+bool parseRawOptions(const QCommandLineParser& parser, RawOptions* options, QString* error)
 {
-    for (const QString& option : UNUSED_OPTIONS) {
+    for (const QString& option : NOT_FOR_RAW) {
         if (parser.isSet(option)) {
             *error = QStringLiteral("--%1: a raw frame has no use for it").arg(option);
             return false;
@@ -128,7 +128,7 @@ void note(const RawExchange& exchange, GatewayAdvice* advice)
 }
 
 /// Shows what came; whether it is as it should be.
-bool show(const RawOptions& options, const RawExchange& exchange)
+bool showExchange(const RawOptions& options, const RawExchange& exchange)
 {
     const RawExchanged exchanged = {options.request, exchange.received(), exchange.milliseconds(),
                                     isTcp(options)};
@@ -165,7 +165,7 @@ int exchangeAll(const RawOptions& options, Line* line)
                                   EXIT_DEVICE_FAILED)
                        : EXIT_DEVICE_FAILED;
         ++sent;
-        good += show(options, exchange) ? 1 : 0;
+        good += showExchange(options, exchange) ? 1 : 0;
     }
     if (options.count > 1 && !options.connection.json)
         say(QStringLiteral("%1 of %2 good")
@@ -178,18 +178,18 @@ int exchangeAll(const RawOptions& options, Line* line)
 int runRaw(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    addConnectionOptions(&parser, 1000, UNUSED_OPTIONS);
+    addConnectionOptions(&parser, 1000, NOT_FOR_RAW);
     parser.addOption(
         {QLatin1String("no-crc"), QLatin1String("Send the bytes as they are, without a CRC.")});
     parser.addOption({{QLatin1String("n"), QLatin1String("count")},
                       QLatin1String("Send it so many times (default 1)."),
                       QLatin1String("COUNT")});
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, RAW_HELP, &exitCode))
         return exitCode;
     RawOptions options;
     QString error;
-    if (!parseOptions(parser, &options, &error))
+    if (!parseRawOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     HostLine host;
     const int result = openLine(options.connection, &host);

@@ -9,11 +9,11 @@ namespace
 const int ADAPTER_DELAY = 20;  // milliseconds that adapters may keep bytes of one stream back
 const int NETWORK_DELAY = 100; // the same of a network
 const int MOST_KEPT = 4096;    // bytes
-const int MICROSECONDS = 1000; // per millisecond
+const int MILLISECOND = 1000;  // microseconds
 
 int roundedUp(qint64 microseconds)
 {
-    return static_cast<int>((microseconds + MICROSECONDS - 1) / MICROSECONDS);
+    return static_cast<int>((microseconds + MILLISECOND - 1) / MILLISECOND);
 }
 
 } // namespace

@@ -18,7 +18,7 @@ const int CONTENT = 2; // the byte at which it begins: behind station and functi
 const int CRC_LENGTH = 2;
 const int BITS_PER_BYTE = 8;
 
-int byteAt(const QByteArray& bytes, int position)
+int valueByteAt(const QByteArray& bytes, int position)
 {
     return static_cast<unsigned char>(bytes.at(position));
 }
@@ -31,7 +31,7 @@ int wordAt(const QByteArray& bytes, int position)
 /// What stands behind the byte count of a read; empty when the count is another.
 QByteArray readData(const QByteArray& content)
 {
-    const bool isCounted = !content.isEmpty() && byteAt(content, 0) == content.size() - 1;
+    const bool isCounted = !content.isEmpty() && valueByteAt(content, 0) == content.size() - 1;
     return isCounted ? content.mid(1) : QByteArray();
 }
 
@@ -42,7 +42,7 @@ QJsonArray coils(const QByteArray& request, const QByteArray& frame, const QByte
     const int count = isAsked ? qMin(wordAt(request, 4), most) : most;
     QJsonArray values;
     for (int i = 0; i < count; ++i)
-        values.append(byteAt(data, i / BITS_PER_BYTE) >> i % BITS_PER_BYTE & 1);
+        values.append(valueByteAt(data, i / BITS_PER_BYTE) >> i % BITS_PER_BYTE & 1);
     return values;
 }
 
@@ -102,10 +102,10 @@ QString functionName(int function)
 
 QJsonObject rawValues(const QByteArray& request, const QByteArray& frame)
 {
-    const int function = byteAt(frame, 1);
+    const int function = valueByteAt(frame, 1);
     const QByteArray content = frame.mid(CONTENT, frame.size() - CONTENT - CRC_LENGTH);
     if (function >= EXCEPTION_FLAG && content.size() == 1)
-        return {{QStringLiteral("exception"), byteAt(content, 0)}};
+        return {{QStringLiteral("exception"), valueByteAt(content, 0)}};
     const QByteArray data = readData(content);
     if ((function == 1 || function == 2) && !data.isEmpty())
         return {{QStringLiteral("coils"), coils(request, frame, data)}};

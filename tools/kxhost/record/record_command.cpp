@@ -19,7 +19,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp RECORD_HELP = {
     "record [options] ADDRESS|FILE...",
     "Reads the addresses in cycles, as watch does, and records their values in a file: a\n"
     "table for spreadsheets (.csv) or a database (.sqlite). What could not be read is a\n"
@@ -60,7 +60,7 @@ int runRecord(const QStringList& arguments)
     QCommandLineParser parser;
     addRecordOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, RECORD_HELP, &exitCode))
         return exitCode;
     RecordOptions options;
     options.connection.session = settingsForReading();

@@ -12,7 +12,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp REPLAY_HELP = {
     "replay [options] FILE",
     "Prints a recording that kxhost record made, as watch prints changes, in local time:\n"
     "each value that is another than the one before, and each gap with its reason. Needs\n"
@@ -56,7 +56,7 @@ int runReplay(const QStringList& arguments)
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("json"), QStringLiteral("Write JSON, an object per line.")});
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, REPLAY_HELP, &exitCode))
         return exitCode;
     const QStringList files = parser.positionalArguments();
     if (files.size() != 1)

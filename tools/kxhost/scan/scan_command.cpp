@@ -13,7 +13,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp SCAN_HELP = {
     "scan [options]",
     "Asks every station once for D0 and shows who answers; a refusal is an answer, too.\n"
     "Waits 200 ms for each (--timeout) and repeats nothing. Ctrl-C stops it.\n"
@@ -27,15 +27,15 @@ const CommandHelp HELP = {
 
 const int SHORT_TIMEOUT = 200; // milliseconds
 const char* const ALL_STATIONS = "1-247";
-const QStringList UNUSED_OPTIONS = {QStringLiteral("station"), QStringLiteral("retries"),
-                                    QStringLiteral("max-words"), QStringLiteral("max-bits")};
+const QStringList NOT_FOR_SCANS = {QStringLiteral("station"), QStringLiteral("retries"),
+                                   QStringLiteral("max-words"), QStringLiteral("max-bits")};
 
 struct ScanOptions {
     ConnectionOptions connection;
     QList<int> stations;
 };
 
-bool parseOptions(const QCommandLineParser& parser, ScanOptions* options, QString* error)
+bool parseScanOptions(const QCommandLineParser& parser, ScanOptions* options, QString* error)
 {
     ConnectionOptions& connection = options->connection;
     if (!parser.positionalArguments().isEmpty()) {
@@ -43,7 +43,7 @@ bool parseOptions(const QCommandLineParser& parser, ScanOptions* options, QStrin
                      .arg(parser.positionalArguments().first());
         return false;
     }
-    for (const QString& option : UNUSED_OPTIONS) {
+    for (const QString& option : NOT_FOR_SCANS) {
         if (parser.isSet(option)) {
             *error = QStringLiteral("--%1: a scan has no use for it; it asks each station of "
                                     "--stations once")
@@ -66,7 +66,7 @@ bool parseOptions(const QCommandLineParser& parser, ScanOptions* options, QStrin
     return true;
 }
 
-char parityLetter(QSerialPort::Parity parity)
+char letterOf(QSerialPort::Parity parity)
 {
     if (parity == QSerialPort::NoParity)
         return 'N';
@@ -76,7 +76,7 @@ char parityLetter(QSerialPort::Parity parity)
 /// What --baud auto and --parity auto leave to be tried.
 QList<LineFormat> formatsOf(const ConnectionOptions& options)
 {
-    const LineFormat given = {options.timing.baud, parityLetter(options.parity)};
+    const LineFormat given = {options.timing.baud, letterOf(options.parity)};
     return formatsToTry(given, options.anyBaud, options.anyParity);
 }
 
@@ -88,13 +88,13 @@ int runScan(const QStringList& arguments)
     parser.addOption({QLatin1String("stations"),
                       QLatin1String("Stations to ask, such as 1-20,100 (default 1-247)."),
                       QLatin1String("LIST"), QLatin1String(ALL_STATIONS)});
-    addConnectionOptions(&parser, SHORT_TIMEOUT, UNUSED_OPTIONS);
+    addConnectionOptions(&parser, SHORT_TIMEOUT, NOT_FOR_SCANS);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, SCAN_HELP, &exitCode))
         return exitCode;
     ScanOptions options;
     QString error;
-    if (!parseOptions(parser, &options, &error))
+    if (!parseScanOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return ScanRun(options.connection, formatsOf(options.connection), options.stations).run();
 }

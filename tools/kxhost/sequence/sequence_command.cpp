@@ -19,7 +19,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp SEQUENCE_HELP = {
     "run [options] FILE",
     "Does the steps of a sequence, one a line, and ends with the first that fails:\n"
     "    tags pumps.csv                    names, from a file beside this one\n"
@@ -107,7 +107,7 @@ int runSequence(const QStringList& arguments)
     addConnectionOptions(&parser);
     addSequenceOptions(&parser);
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, SEQUENCE_HELP, &exitCode))
         return exitCode;
     SequenceOptions options;
     QString error;

@@ -13,9 +13,9 @@ namespace kx
 namespace
 {
 
-const int REDRAW_INTERVAL = 200; // milliseconds
-const int LIVE_CELLS = 79;       // on every terminal one row
-const double MILLISECONDS_PER_SECOND = 1e3;
+const int SEQUENCE_REDRAW_INTERVAL = 200; // milliseconds
+const int LIVE_CELLS = 79;                // on every terminal one row
+const double RUN_SECOND = 1e3;            // milliseconds
 
 } // namespace
 
@@ -52,7 +52,7 @@ void SequenceView::onStarted(int step)
     if (!m_isLive)
         return;
     draw();
-    m_redraw.start(REDRAW_INTERVAL);
+    m_redraw.start(SEQUENCE_REDRAW_INTERVAL);
 }
 
 void SequenceView::onValue(int, const QString& shown)
@@ -99,14 +99,13 @@ void SequenceView::showSummary(bool isInterrupted)
     const int failed = m_counts[static_cast<int>(StepOutcome::Failed)];
     const int skipped = m_counts[static_cast<int>(StepOutcome::Skipped)];
     if (!m_json)
-        return say(
-            QStringLiteral("%1 of %2 passed, %3 failed, %4 skipped, %5 s%6")
-                .arg(passed)
-                .arg(counted(m_sequence.steps.size(), "step", "steps"))
-                .arg(failed)
-                .arg(skipped)
-                .arg(static_cast<double>(m_total.elapsed()) / MILLISECONDS_PER_SECOND, 0, 'f', 1)
-                .arg(isInterrupted ? QStringLiteral("; interrupted") : QString()));
+        return say(QStringLiteral("%1 of %2 passed, %3 failed, %4 skipped, %5 s%6")
+                       .arg(passed)
+                       .arg(counted(m_sequence.steps.size(), "step", "steps"))
+                       .arg(failed)
+                       .arg(skipped)
+                       .arg(static_cast<double>(m_total.elapsed()) / RUN_SECOND, 0, 'f', 1)
+                       .arg(isInterrupted ? QStringLiteral("; interrupted") : QString()));
     printJson({{QStringLiteral("event"), QStringLiteral("summary")},
                {QStringLiteral("steps"), static_cast<int>(m_sequence.steps.size())},
                {QStringLiteral("passed"), passed},

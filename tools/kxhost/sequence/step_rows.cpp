@@ -8,11 +8,11 @@ namespace kx
 namespace
 {
 
-const int OUTCOME_WIDTH = 7; // of "skipped"
-const int SECONDS_WIDTH = 9; // of 99999.999
-const double MILLISECONDS_PER_SECOND = 1e3;
-const double MICROSECONDS_PER_MILLISECOND = 1e3;
-const int MILLISECOND_PLACES = 3; // of seconds
+const int OUTCOME_WIDTH = 7;         // of "skipped"
+const int SECONDS_WIDTH = 9;         // of 99999.999
+const double STEP_SECOND = 1e3;      // milliseconds
+const double STEP_MILLISECOND = 1e3; // microseconds
+const int MILLISECOND_PLACES = 3;    // of seconds
 
 QString secondsText(double seconds, int places)
 {
@@ -45,8 +45,8 @@ QString outcomeName(StepOutcome outcome)
 
 QString stepRow(const Step& step, const StepResult& result)
 {
-    const double seconds = static_cast<double>(result.microseconds) / MICROSECONDS_PER_MILLISECOND
-                           / MILLISECONDS_PER_SECOND;
+    const double seconds =
+        static_cast<double>(result.microseconds) / STEP_MILLISECOND / STEP_SECOND;
     const bool isSkipped = result.outcome == StepOutcome::Skipped;
     return row(outcomeName(result.outcome),
                isSkipped ? QString() : secondsText(seconds, MILLISECOND_PLACES), step,
@@ -55,7 +55,7 @@ QString stepRow(const Step& step, const StepResult& result)
 
 QString workingRow(const Step& step, qint64 milliseconds, const QString& shown)
 {
-    const double seconds = static_cast<double>(milliseconds) / MILLISECONDS_PER_SECOND;
+    const double seconds = static_cast<double>(milliseconds) / STEP_SECOND;
     return row(QStringLiteral("..."), secondsText(seconds, 1), step, shown);
 }
 
@@ -88,7 +88,7 @@ QJsonObject resultJson(const Step& step, const StepResult& result)
     QJsonObject json = stepJson(step);
     json[QLatin1String("outcome")] = outcomeName(result.outcome);
     json[QLatin1String("milliseconds")] =
-        static_cast<double>(result.microseconds) / MICROSECONDS_PER_MILLISECOND;
+        static_cast<double>(result.microseconds) / STEP_MILLISECOND;
     if (!result.value.isUndefined())
         json[QLatin1String("value")] = result.value;
     if (!result.reason.isEmpty())

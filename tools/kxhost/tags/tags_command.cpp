@@ -15,7 +15,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp TAGS_HELP = {
     "tags check [options] FILE...",
     "Says everything that is wrong in tags files, a line for each fault with its file,\n"
     "line and column, or how many tags a good one has. Needs no controller. Exit code 2\n"
@@ -67,7 +67,7 @@ int runTags(const QStringList& arguments)
     QCommandLineParser parser;
     parser.addOption({QLatin1String("json"), QLatin1String("Write JSON, an object per file.")});
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, TAGS_HELP, &exitCode))
         return exitCode;
     const QStringList words = parser.positionalArguments();
     if (words.value(0) != QLatin1String("check") || words.size() < 2)

@@ -10,13 +10,13 @@ namespace kx
 namespace
 {
 
-int pipeEnds[2] = {-1, -1};
+int wakeEnds[2] = {-1, -1};
 
-void writeToPipe(int signal)
+void wake(int signal)
 {
     const char byte = signal == SIGTSTP ? 'T' : 'C';
     // A full pipe already holds signals that nobody has taken yet.
-    const ssize_t written = write(pipeEnds[1], &byte, 1);
+    const ssize_t written = write(wakeEnds[1], &byte, 1);
     static_cast<void>(written);
 }
 
@@ -36,12 +36,12 @@ void setHandler(int signal, void (*handler)(int))
 
 Suspension::Suspension(QObject* parent) : QObject(parent)
 {
-    if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
+    if (pipe2(wakeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
         return;
-    m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
+    m_notifier = std::make_unique<QSocketNotifier>(wakeEnds[0], QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &Suspension::onSignal);
-    setHandler(SIGTSTP, writeToPipe);
-    setHandler(SIGCONT, writeToPipe);
+    setHandler(SIGTSTP, wake);
+    setHandler(SIGCONT, wake);
 }
 
 Suspension::~Suspension()
@@ -49,15 +49,15 @@ Suspension::~Suspension()
     setHandler(SIGTSTP, SIG_DFL);
     setHandler(SIGCONT, SIG_DFL);
     m_notifier.reset();
-    close(pipeEnds[0]);
-    close(pipeEnds[1]);
-    pipeEnds[0] = pipeEnds[1] = -1;
+    close(wakeEnds[0]);
+    close(wakeEnds[1]);
+    wakeEnds[0] = wakeEnds[1] = -1;
 }
 
 void Suspension::onSignal()
 {
     char caught[16];
-    const ssize_t count = read(pipeEnds[0], caught, sizeof caught);
+    const ssize_t count = read(wakeEnds[0], caught, sizeof caught);
     for (ssize_t i = 0; i < count; ++i) {
         if (caught[i] == 'T')
             stop();
@@ -71,7 +71,7 @@ void Suspension::stop()
     emit suspending();
     setHandler(SIGTSTP, SIG_DFL);
     raise(SIGTSTP); // stopped in here; SIGCONT then comes as a signal of its own
-    setHandler(SIGTSTP, writeToPipe);
+    setHandler(SIGTSTP, wake);
     emit resumed();
 }
 

@@ -17,7 +17,7 @@ namespace kx
 namespace
 {
 
-const int BAR_WIDTH = 64;
+const int PLAN_BAR_WIDTH = 64;
 const double MICROSECONDS = 1e6;
 const QString IN_USE = QStringLiteral("in use");
 
@@ -127,7 +127,7 @@ QStringList pictureRows(const Plan& plan, const WatchedRanges& watched)
     QList<QStringList> rows;
     for (int i = 0; i < static_cast<int>(plan.requests.size()); ++i) {
         const PlannedRequest& request = plan.requests[i];
-        const QString bar = coverageBar(coverageOf(request, watched).asked, BAR_WIDTH);
+        const QString bar = coverageBar(coverageOf(request, watched).asked, PLAN_BAR_WIDTH);
         rows << QStringList{
             QString::number(i + 1), addressText(request.type, request.firstAddress()),
             bar + QLatin1Char(' ') + addressText(request.type, request.lastAddress())};

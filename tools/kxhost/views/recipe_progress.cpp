@@ -8,7 +8,7 @@ namespace kx
 namespace
 {
 
-const int BAR_WIDTH = 40;
+const int RECIPE_BAR_WIDTH = 40;
 
 void printBlockJson(const QString& block, int done, int blocks)
 {
@@ -24,9 +24,10 @@ void printBlockJson(const QString& block, int done, int blocks)
 
 QString recipeBar(int done, int blocks)
 {
-    const int filled = done * BAR_WIDTH / blocks;
+    const int filled = done * RECIPE_BAR_WIDTH / blocks;
     return QStringLiteral("[%1%2] %3/%4 blocks")
-        .arg(QString(filled, QLatin1Char('#')), QString(BAR_WIDTH - filled, QLatin1Char('.')))
+        .arg(QString(filled, QLatin1Char('#')),
+             QString(RECIPE_BAR_WIDTH - filled, QLatin1Char('.')))
         .arg(done)
         .arg(blocks);
 }

@@ -8,15 +8,15 @@ namespace kx
 namespace
 {
 
-const int BAR_WIDTH = 24; // of 80 columns, beside the longest text of a search
+const int SCAN_BAR_WIDTH = 24; // of 80 columns, beside the longest text of a search
 const int MILLISECONDS = 1000;
 const int SECONDS = 60; // per minute
 
 QString bar(const ScanProgress& progress)
 {
-    const int filled = progress.done * BAR_WIDTH / progress.total;
+    const int filled = progress.done * SCAN_BAR_WIDTH / progress.total;
     return QStringLiteral("[%1%2]").arg(QString(filled, QLatin1Char('#')),
-                                        QString(BAR_WIDTH - filled, QLatin1Char('.')));
+                                        QString(SCAN_BAR_WIDTH - filled, QLatin1Char('.')));
 }
 
 /// ", 44 s left", ", 6 min 29 s left".

@@ -23,7 +23,7 @@ namespace kx
 namespace
 {
 
-const CommandHelp HELP = {
+const CommandHelp WATCH_HELP = {
     "watch [options] ADDRESS|FILE...",
     "Reads the addresses in cycles and shows their values.\n"
     "An address is TYPENUMBER[:COUNT][@STATION][/FORMAT], COUNT being in values; a file\n"
@@ -48,7 +48,7 @@ struct WatchOptions {
     int cycles = 0;
 };
 
-bool parseOptions(const QCommandLineParser& parser, WatchOptions* options, QString* error)
+bool parseWatchOptions(const QCommandLineParser& parser, WatchOptions* options, QString* error)
 {
     return parseConnectionOptions(parser, &options->connection, error)
            && parseNumber(parser, "cycles", 1, std::numeric_limits<int>::max(), &options->cycles,
@@ -127,12 +127,12 @@ int runWatch(const QStringList& arguments)
     parser.addOption({QLatin1String("cycles"), QLatin1String("End after so many cycles."),
                       QLatin1String("COUNT")});
     int exitCode = EXIT_FINE;
-    if (!parseCommand(&parser, arguments, HELP, &exitCode))
+    if (!parseCommand(&parser, arguments, WATCH_HELP, &exitCode))
         return exitCode;
     WatchOptions options;
     options.connection.session = settingsForReading();
     QString error;
-    if (!parseOptions(parser, &options, &error))
+    if (!parseWatchOptions(parser, &options, &error))
         return complain(error, EXIT_WRONG_USAGE);
     return watch(options);
 }

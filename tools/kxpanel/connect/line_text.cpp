@@ -10,7 +10,7 @@ namespace
 
 enum class Mood { Resting, Waiting, Good, Bad };
 
-QString translated(const char* text)
+QString lineWords(const char* text)
 {
     return QCoreApplication::translate("LineText", text);
 }
@@ -42,15 +42,15 @@ QString stateText(const LineStatus& status)
 {
     switch (status.state) {
     case LineState::Closed:
-        return translated(status.fault.isEmpty() ? QT_TRANSLATE_NOOP("LineText", "not connected")
-                                                 : QT_TRANSLATE_NOOP("LineText", "failed"));
+        return lineWords(status.fault.isEmpty() ? QT_TRANSLATE_NOOP("LineText", "not connected")
+                                                : QT_TRANSLATE_NOOP("LineText", "failed"));
     case LineState::Opening:
-        return translated(QT_TRANSLATE_NOOP("LineText", "connecting"));
+        return lineWords(QT_TRANSLATE_NOOP("LineText", "connecting"));
     case LineState::Open:
-        return translated(status.fault.isEmpty() ? QT_TRANSLATE_NOOP("LineText", "connected")
-                                                 : QT_TRANSLATE_NOOP("LineText", "faulty"));
+        return lineWords(status.fault.isEmpty() ? QT_TRANSLATE_NOOP("LineText", "connected")
+                                                : QT_TRANSLATE_NOOP("LineText", "faulty"));
     case LineState::Interrupted:
-        return translated(QT_TRANSLATE_NOOP("LineText", "lost, reopening"));
+        return lineWords(QT_TRANSLATE_NOOP("LineText", "lost, reopening"));
     }
     return QString();
 }

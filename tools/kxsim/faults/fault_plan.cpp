@@ -15,7 +15,7 @@ const double HIGHEST_SUM = 1 + 1e-9;
 
 const int LONGEST_DELAY = 60000; // milliseconds
 
-bool fail(QString* error, const QString& message)
+bool refusePlan(QString* error, const QString& message)
 {
     *error = message;
     return false;
@@ -60,9 +60,10 @@ bool addFault(const QString& text, FaultPlan* plan, QString* error)
     const double probability = text.section(QLatin1Char(':'), 1).toDouble(&isNumber);
     // Written so that what is not a number fails, too.
     if (!isNumber || !(probability >= 0 && probability <= 1))
-        return fail(error, QStringLiteral("--fault %1: write KIND:PROBABILITY with a probability "
-                                          "from 0 to 1, such as silence:0.01")
-                               .arg(text));
+        return refusePlan(error,
+                          QStringLiteral("--fault %1: write KIND:PROBABILITY with a probability "
+                                         "from 0 to 1, such as silence:0.01")
+                              .arg(text));
     const QStringList names = faultNames();
     const int kind = static_cast<int>(names.indexOf(name)) + 1;
     if (name == QLatin1String("all")) {
@@ -71,12 +72,13 @@ bool addFault(const QString& text, FaultPlan* plan, QString* error)
     } else if (kind > 0) {
         plan->chances.append({static_cast<Fault>(kind), probability});
     } else {
-        return fail(error, QStringLiteral("--fault %1: '%2' is none of %3, all")
-                               .arg(text, name, names.join(QStringLiteral(", "))));
+        return refusePlan(error, QStringLiteral("--fault %1: '%2' is none of %3, all")
+                                     .arg(text, name, names.join(QStringLiteral(", "))));
     }
     return sumOf(*plan) <= HIGHEST_SUM
-           || fail(error,
-                   QStringLiteral("--fault %1: the probabilities add up to more than 1").arg(text));
+           || refusePlan(
+               error,
+               QStringLiteral("--fault %1: the probabilities add up to more than 1").arg(text));
 }
 
 bool parseFaultSeed(const QString& text, FaultPlan* plan, QString* error)
@@ -84,19 +86,19 @@ bool parseFaultSeed(const QString& text, FaultPlan* plan, QString* error)
     bool isNumber = false;
     plan->seed = text.toUInt(&isNumber);
     return isNumber
-           || fail(error,
-                   QStringLiteral("--fault-seed %1: must be a whole number from 0 to 4294967295")
-                       .arg(text));
+           || refusePlan(
+               error, QStringLiteral("--fault-seed %1: must be a whole number from 0 to 4294967295")
+                          .arg(text));
 }
 
 bool parseFaultDelay(const QString& text, FaultPlan* plan, QString* error)
 {
     plan->delay = text.toInt();
     return (plan->delay >= 1 && plan->delay <= LONGEST_DELAY)
-           || fail(error,
-                   QStringLiteral(
-                       "--fault-delay %1: must be a whole number of milliseconds from 1 to %2")
-                       .arg(text, QString::number(LONGEST_DELAY)));
+           || refusePlan(
+               error, QStringLiteral(
+                          "--fault-delay %1: must be a whole number of milliseconds from 1 to %2")
+                          .arg(text, QString::number(LONGEST_DELAY)));
 }
 
 } // namespace kxsim

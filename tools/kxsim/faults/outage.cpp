@@ -13,7 +13,7 @@ namespace kxsim
 namespace
 {
 
-bool fail(QString* fault, const QString& text)
+bool refuseOutage(QString* fault, const QString& text)
 {
     *fault = text;
     return false;
@@ -41,7 +41,7 @@ bool takeTimes(const QString& text, Outage* outage)
     return true;
 }
 
-bool takeParts(const QString& text, Outage* outage, QString* fault)
+bool takeOutageParts(const QString& text, Outage* outage, QString* fault)
 {
     static const QRegularExpression parts(QStringLiteral("\\A([0-9]+)@([^/]+)(/.*)?\\z"));
     const QRegularExpressionMatch found = parts.match(text);
@@ -49,16 +49,16 @@ bool takeParts(const QString& text, Outage* outage, QString* fault)
     std::chrono::microseconds each{0};
     if (!found.hasMatch() || !takeTimes(found.captured(2), outage)
         || (!period.isEmpty() && !parseDuration(period.mid(1), &each)))
-        return fail(fault, form());
+        return refuseOutage(fault, form());
     outage->period = each;
     if (!kx::parseStation(found.captured(1), &outage->station))
-        return fail(fault, QStringLiteral("the station must be %1 to %2")
-                               .arg(kx::LOWEST_STATION)
-                               .arg(kx::HIGHEST_STATION));
+        return refuseOutage(fault, QStringLiteral("the station must be %1 to %2")
+                                       .arg(kx::LOWEST_STATION)
+                                       .arg(kx::HIGHEST_STATION));
     if (outage->to <= outage->from)
-        return fail(fault, QStringLiteral("it ends before it begins"));
+        return refuseOutage(fault, QStringLiteral("it ends before it begins"));
     if (!period.isEmpty() && outage->to > outage->period)
-        return fail(fault, QStringLiteral("it ends behind its period"));
+        return refuseOutage(fault, QStringLiteral("it ends behind its period"));
     return true;
 }
 
@@ -74,8 +74,8 @@ bool parseOutage(const QString& text, Outage* outage, QString* error)
 {
     Outage parsed;
     QString fault;
-    if (!takeParts(text, &parsed, &fault))
-        return fail(error, QStringLiteral("--down %1: %2").arg(text, fault));
+    if (!takeOutageParts(text, &parsed, &fault))
+        return refuseOutage(error, QStringLiteral("--down %1: %2").arg(text, fault));
     *outage = parsed;
     return true;
 }

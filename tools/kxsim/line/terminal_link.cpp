@@ -14,7 +14,7 @@ namespace
 
 const char* const TERMINALS = "/dev/pts/";
 
-bool fail(QString* error, const QString& path, const QString& reason)
+bool refuseLink(QString* error, const QString& path, const QString& reason)
 {
     *error = QStringLiteral("--symlink %1: %2").arg(path, reason);
     return false;
@@ -48,11 +48,12 @@ bool TerminalLink::lock(const QString& path, bool* wasLocked, QString* error)
     *wasLocked = lock->getLockInfo(&process, &host, &program);
     if (!lock->tryLock(0)) {
         const bool isHeld = lock->error() == QLockFile::LockFailedError;
-        return fail(error, path,
-                    isHeld ? QStringLiteral("a running kxsim (process %1) has this link; end it "
-                                            "or name another link")
-                                 .arg(process)
-                           : QStringLiteral("cannot write %1.lock").arg(path));
+        return refuseLink(error, path,
+                          isHeld
+                              ? QStringLiteral("a running kxsim (process %1) has this link; end it "
+                                               "or name another link")
+                                    .arg(process)
+                              : QStringLiteral("cannot write %1.lock").arg(path));
     }
     m_lock = std::move(lock);
     return true;
@@ -62,19 +63,20 @@ bool TerminalLink::make(const QString& path, const QString& device, QString* err
 {
     const QFileInfo old(path);
     if (old.exists() && !old.isSymLink())
-        return fail(error, path, QStringLiteral("something that is no link has this name"));
+        return refuseLink(error, path, QStringLiteral("something that is no link has this name"));
     bool wasLocked = false;
     if (!lock(path, &wasLocked, error))
         return false;
     if (old.isSymLink() && !isLeftOver(old, device, wasLocked))
-        return fail(error, path,
-                    QStringLiteral("is a link to %1 that no kxsim left behind; remove it or name "
-                                   "another link")
-                        .arg(old.symLinkTarget()));
+        return refuseLink(
+            error, path,
+            QStringLiteral("is a link to %1 that no kxsim left behind; remove it or name "
+                           "another link")
+                .arg(old.symLinkTarget()));
     if (old.isSymLink())
         QFile::remove(path);
     if (!QFile::link(device, path))
-        return fail(error, path, QStringLiteral("cannot make the link to %1").arg(device));
+        return refuseLink(error, path, QStringLiteral("cannot make the link to %1").arg(device));
     m_path = path;
     m_device = device;
     return true;

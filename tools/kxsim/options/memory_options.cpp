@@ -6,7 +6,7 @@ namespace kxsim
 namespace
 {
 
-bool fail(QString* error, const QString& message)
+bool refusePreset(QString* error, const QString& message)
 {
     *error = message;
     return false;
@@ -20,8 +20,9 @@ bool takePresets(const QStringList& texts, Simulation* simulation, QString* erro
             return false;
         const int station = preset.range.station;
         if (station >= 0 && !simulation->stations.contains(station))
-            return fail(error, QStringLiteral("%1: station %2 is not simulated; add --station %2")
-                                   .arg(text, QString::number(station)));
+            return refusePreset(error,
+                                QStringLiteral("%1: station %2 is not simulated; add --station %2")
+                                    .arg(text, QString::number(station)));
         simulation->presets << preset;
     }
     return true;
@@ -32,7 +33,8 @@ bool takeFile(const QCommandLineParser& parser, const QString& option, QString* 
 {
     *path = parser.value(option);
     return !parser.isSet(option) || !path->isEmpty()
-           || fail(error, QStringLiteral("--%1: the name of the file is missing").arg(option));
+           || refusePreset(error,
+                           QStringLiteral("--%1: the name of the file is missing").arg(option));
 }
 
 } // namespace

@@ -68,7 +68,7 @@ QStringList repeatableOptions(const CommandLine& line)
                                               QStringLiteral("fault"), QStringLiteral("down")};
 }
 
-bool fail(QString* error, const QString& message)
+bool refuseOption(QString* error, const QString& message)
 {
     *error = message;
     return false;
@@ -81,9 +81,9 @@ bool takeStations(const QStringList& texts, Options* options, QString* error)
     for (const QString& text : texts) {
         int station = 0;
         if (!kx::parseStation(text, &station))
-            return fail(error, QStringLiteral("--station %1: the station must be %2 to %3")
-                                   .arg(text, QString::number(kx::LOWEST_STATION),
-                                        QString::number(kx::HIGHEST_STATION)));
+            return refuseOption(error, QStringLiteral("--station %1: the station must be %2 to %3")
+                                           .arg(text, QString::number(kx::LOWEST_STATION),
+                                                QString::number(kx::HIGHEST_STATION)));
         options->simulation.stations << station;
     }
     return true;
@@ -101,8 +101,8 @@ bool parseNumber(const QString& option, const QString& text, const Allowed& allo
             return true;
         choices << QString::number(choice);
     }
-    return fail(error, QStringLiteral("--%1 %2: must be one of %3")
-                           .arg(option, text, choices.join(QStringLiteral(", "))));
+    return refuseOption(error, QStringLiteral("--%1 %2: must be one of %3")
+                                   .arg(option, text, choices.join(QStringLiteral(", "))));
 }
 
 bool takePort(const CommandLine& line, Options* options, QString* error)
@@ -112,11 +112,12 @@ bool takePort(const CommandLine& line, Options* options, QString* error)
     port.device = parser.value(line.port);
     options->link = parser.value(line.symlink);
     if (parser.isSet(line.port) && port.device.isEmpty())
-        return fail(error, QStringLiteral("--port: the name of the port is missing"));
+        return refuseOption(error, QStringLiteral("--port: the name of the port is missing"));
     if (parser.isSet(line.symlink) && options->link.isEmpty())
-        return fail(error, QStringLiteral("--symlink: the name of the link is missing"));
+        return refuseOption(error, QStringLiteral("--symlink: the name of the link is missing"));
     if (parser.isSet(line.port) && parser.isSet(line.symlink))
-        return fail(error, QStringLiteral("--symlink links to a pseudo-terminal, not to --port"));
+        return refuseOption(error,
+                            QStringLiteral("--symlink links to a pseudo-terminal, not to --port"));
     const int stopBits[] = {1, 2};
     return kx::parseDataBits(parser.value(line.dataBits), error)
            && parseNumber(QStringLiteral("baud"), parser.value(line.baud), BAUDS, &port.baud, error)
@@ -129,8 +130,9 @@ bool canCloseLine(const Options& options, QString* error)
 {
     if (options.simulation.faults.holds(Fault::Close) && options.port.device.isEmpty()
         && options.link.isEmpty())
-        return fail(error, QStringLiteral("--fault close needs --symlink: a pseudo-terminal that "
-                                          "is opened again has another name"));
+        return refuseOption(error,
+                            QStringLiteral("--fault close needs --symlink: a pseudo-terminal that "
+                                           "is opened again has another name"));
     return true;
 }
 
@@ -151,7 +153,7 @@ bool parseOptions(const QStringList& arguments, Options* options, QString* error
 {
     CommandLine line;
     if (!line.parser.parse(arguments))
-        return fail(error, parserFault(line.parser));
+        return refuseOption(error, parserFault(line.parser));
     if (line.parser.isSet(line.help)) {
         options->information = helpText(line.parser);
         return true;
@@ -165,10 +167,11 @@ bool parseOptions(const QStringList& arguments, Options* options, QString* error
         return true;
     }
     if (!line.parser.positionalArguments().isEmpty())
-        return fail(error, QStringLiteral("unexpected argument '%1'; a port is named with --port")
-                               .arg(line.parser.positionalArguments().first()));
+        return refuseOption(error,
+                            QStringLiteral("unexpected argument '%1'; a port is named with --port")
+                                .arg(line.parser.positionalArguments().first()));
     const QString repeated = kx::repeatedOption(line.parser, repeatableOptions(line));
-    return repeated.isEmpty() ? takeAll(line, options, error) : fail(error, repeated);
+    return repeated.isEmpty() ? takeAll(line, options, error) : refuseOption(error, repeated);
 }
 
 } // namespace kxsim

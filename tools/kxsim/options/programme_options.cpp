@@ -8,8 +8,8 @@ namespace
 
 /// Reads each of the texts with `parse` and appends the results.
 template <typename Part>
-bool takeAll(const QStringList& texts, bool (*parse)(const QString&, Part*, QString*),
-             QList<Part>* parts, QString* error)
+bool takeEach(const QStringList& texts, bool (*parse)(const QString&, Part*, QString*),
+              QList<Part>* parts, QString* error)
 {
     for (const QString& text : texts) {
         Part part;
@@ -44,11 +44,11 @@ QList<QCommandLineOption> programmeOptions()
 bool takeProgramme(const QCommandLineParser& parser, Simulation* simulation, QString* error)
 {
     simulation->moves = !parser.isSet(QStringLiteral("still"));
-    return takeAll(parser.values(QStringLiteral("wave")), parseWave, &simulation->waves, error)
-           && takeAll(parser.values(QStringLiteral("timer")), parseTimer, &simulation->timers,
-                      error)
-           && takeAll(parser.values(QStringLiteral("counter")), parseCounter, &simulation->counters,
-                      error);
+    return takeEach(parser.values(QStringLiteral("wave")), parseWave, &simulation->waves, error)
+           && takeEach(parser.values(QStringLiteral("timer")), parseTimer, &simulation->timers,
+                       error)
+           && takeEach(parser.values(QStringLiteral("counter")), parseCounter,
+                       &simulation->counters, error);
 }
 
 } // namespace kxsim

@@ -12,7 +12,7 @@ namespace
 
 const int FIRST_LONG_COUNTER = 200;
 
-bool fail(QString* fault, const QString& text)
+bool refuseContact(QString* fault, const QString& text)
 {
     *fault = text;
     return false;
@@ -23,7 +23,7 @@ bool takeContact(const QString& text, const char* type, kx::AddressRange* contac
     return kx::parseAddress(text, contact, fault)
            && ((contact->type == findRegisterType(QString::fromLatin1(type))
                 && contact->values == 1)
-               || fail(
+               || refuseContact(
                    fault,
                    QStringLiteral("the contact must be one %1").arg(QString::fromLatin1(type))));
 }
@@ -35,7 +35,7 @@ bool takePreset(const QString& text, PresetContact* timer, QString* fault)
     bool isNumber = false;
     const qint64 preset = text.toLongLong(&isNumber);
     if (!isNumber || preset < 1 || preset > highest)
-        return fail(fault, QStringLiteral("the preset must be 1 to %1").arg(highest));
+        return refuseContact(fault, QStringLiteral("the preset must be 1 to %1").arg(highest));
     timer->preset = static_cast<quint32>(preset);
     return true;
 }
@@ -46,10 +46,11 @@ bool takeInput(const QString& text, kx::AddressRange* input, QString* fault)
         return true;
     QString reason;
     if (!kx::parseAddress(text, input, &reason))
-        return fail(fault, kx::faultyText(text, reason));
+        return refuseContact(fault, kx::faultyText(text, reason));
     return (input->type->registerClass == BIT_CLASS && input->values == 1 && input->station < 0)
-           || fail(fault,
-                   QStringLiteral("%1: the input must be one bit, of the same station").arg(text));
+           || refuseContact(
+               fault,
+               QStringLiteral("%1: the input must be one bit, of the same station").arg(text));
 }
 
 bool parse(const QString& text, const char* type, const QRegularExpression& form,
@@ -57,7 +58,7 @@ bool parse(const QString& text, const char* type, const QRegularExpression& form
 {
     const QRegularExpressionMatch parts = form.match(text);
     if (!parts.hasMatch())
-        return fail(fault, QString());
+        return refuseContact(fault, QString());
     return takeContact(parts.captured(1), type, &parsed->contact, fault)
            && takePreset(parts.captured(2), parsed, fault)
            && takeInput(parts.captured(3), &parsed->input, fault);
@@ -84,7 +85,7 @@ bool parseTimer(const QString& text, PresetContact* timer, QString* error)
     }
     if (fault.isEmpty())
         fault = QStringLiteral("write CONTACT=PRESET[/BIT], such as T5=50, or T5=50/M5");
-    return fail(error, QStringLiteral("--timer %1: %2").arg(text, fault));
+    return refuseContact(error, QStringLiteral("--timer %1: %2").arg(text, fault));
 }
 
 bool parseCounter(const QString& text, PresetContact* counter, QString* error)
@@ -98,7 +99,7 @@ bool parseCounter(const QString& text, PresetContact* counter, QString* error)
     }
     if (fault.isEmpty())
         fault = QStringLiteral("write CONTACT=PRESET/BIT, such as C3=10/X3");
-    return fail(error, QStringLiteral("--counter %1: %2").arg(text, fault));
+    return refuseContact(error, QStringLiteral("--counter %1: %2").arg(text, fault));
 }
 
 } // namespace kxsim

@@ -8,7 +8,7 @@ namespace kxsim
 namespace
 {
 
-const double TWO_PI = 6.283185307179586;
+const double WHOLE_TURN = 6.283185307179586;
 
 // Products of a 32-bit range and a day's milliseconds stay within 61 bits.
 qint64 roundedQuotient(qint64 dividend, qint64 divisor)
@@ -34,7 +34,7 @@ qint64 sineAt(qint64 first, qint64 last, qint64 phase, qint64 period)
 {
     const double middle = static_cast<double>(first + last) / 2;
     const double swing = static_cast<double>(last - first) / 2;
-    const double angle = TWO_PI * static_cast<double>(phase) / static_cast<double>(period);
+    const double angle = WHOLE_TURN * static_cast<double>(phase) / static_cast<double>(period);
     return std::llround(middle + swing * std::sin(angle));
 }
 

@@ -23,7 +23,7 @@ QStringList shapeNames()
             QStringLiteral("square")};
 }
 
-bool fail(QString* error, const QString& fault)
+bool refuseWave(QString* error, const QString& fault)
 {
     *error = fault;
     return false;
@@ -34,13 +34,13 @@ bool takeShape(const QString& name, Wave* wave, QString* fault)
     const bool isBit = wave->range.type->registerClass == BIT_CLASS;
     const int shape = static_cast<int>(shapeNames().indexOf(name));
     if (shape < 0 && !name.isEmpty())
-        return fail(fault, QStringLiteral("'%1' is none of %2")
-                               .arg(name, shapeNames().join(QStringLiteral(", "))));
+        return refuseWave(fault, QStringLiteral("'%1' is none of %2")
+                                     .arg(name, shapeNames().join(QStringLiteral(", "))));
     wave->shape = isBit ? WaveShape::Square : WaveShape::Ramp;
     if (shape >= 0)
         wave->shape = static_cast<WaveShape>(shape);
     return !isBit || wave->shape == WaveShape::Square
-           || fail(fault, QStringLiteral("a bit can only be a square"));
+           || refuseWave(fault, QStringLiteral("a bit can only be a square"));
 }
 
 // As the value of an assignment, so that it fits the type.
@@ -60,8 +60,8 @@ bool isReadOneWay(const Wave& wave, QString* fault)
     const qint64 lowest = kx::lowestValue(wave.range.type);
     const bool isSigned = std::min(wave.first, wave.last) < 0;
     return !isSigned || std::max(wave.first, wave.last) < -lowest
-           || fail(fault,
-                   QStringLiteral("with negative values the highest is %1").arg(-lowest - 1));
+           || refuseWave(fault,
+                         QStringLiteral("with negative values the highest is %1").arg(-lowest - 1));
 }
 
 bool takePeriod(const QString& text, Wave* wave, QString* fault)
@@ -69,9 +69,9 @@ bool takePeriod(const QString& text, Wave* wave, QString* fault)
     std::chrono::microseconds period{0};
     if (!parseDuration(text, &period) || period < MILLISECOND
         || period % MILLISECOND != std::chrono::microseconds(0))
-        return fail(fault, QStringLiteral("'%1' is no period; write 1ms to 24h in whole "
-                                          "milliseconds, such as 20s")
-                               .arg(text));
+        return refuseWave(fault, QStringLiteral("'%1' is no period; write 1ms to 24h in whole "
+                                                "milliseconds, such as 20s")
+                                     .arg(text));
     wave->period = std::chrono::duration_cast<std::chrono::milliseconds>(period);
     return true;
 }
@@ -82,8 +82,9 @@ bool takeParts(const QString& text, Wave* wave, QString* fault)
         QStringLiteral("\\A([^=]+)=(?:([^:.,/]*):)?([^:,/]+?)\\.\\.([^:,/]+)/([^/]+)\\z"));
     const QRegularExpressionMatch parts = form.match(text);
     if (!parts.hasMatch())
-        return fail(fault, QStringLiteral("write ADDRESS=FIRST..LAST/PERIOD, such as "
-                                          "D10=0..4095/20s, D11=sine:0..4095/20s or M0=0..1/2s"));
+        return refuseWave(fault,
+                          QStringLiteral("write ADDRESS=FIRST..LAST/PERIOD, such as "
+                                         "D10=0..4095/20s, D11=sine:0..4095/20s or M0=0..1/2s"));
     return kx::parseAddress(parts.captured(1), &wave->range, fault)
            && takeShape(parts.captured(2), wave, fault)
            && takeValue(parts.captured(3), *wave, &wave->first, fault)
@@ -98,7 +99,7 @@ bool parseWave(const QString& text, Wave* wave, QString* error)
     Wave parsed;
     QString fault;
     if (!takeParts(text, &parsed, &fault))
-        return fail(error, QStringLiteral("--wave %1: %2").arg(text, fault));
+        return refuseWave(error, QStringLiteral("--wave %1: %2").arg(text, fault));
     *wave = parsed;
     return true;
 }

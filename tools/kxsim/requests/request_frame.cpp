@@ -20,11 +20,11 @@ const int WRITE_REGISTERS = 16;
 const int ILLEGAL_FUNCTION = 1;
 const int ILLEGAL_VALUE = 3;
 
-const int SHORTEST = 4;       // station, function, CRC
-const int LONGEST = 256;      // bytes of any Modbus RTU frame
-const int FIXED_LENGTH = 8;   // station, function, address, quantity or value, CRC
-const int WRITE_OVERHEAD = 9; // of a write of several, without its data
-const int COUNTED = 7;        // bytes up to the byte count
+const int SHORTEST = 4;        // station, function, CRC
+const int LONGEST_FRAME = 256; // bytes of any Modbus RTU frame
+const int FIXED_LENGTH = 8;    // station, function, address, quantity or value, CRC
+const int WRITE_OVERHEAD = 9;  // of a write of several, without its data
+const int COUNTED = 7;         // bytes up to the byte count
 
 int byteAt(const QByteArray& bytes, int index)
 {
@@ -96,7 +96,7 @@ bool holdsLaterRequest(const QByteArray& bytes)
 
 FoundRequest findByCrc(const QByteArray& bytes)
 {
-    const int longest = qMin(LONGEST, static_cast<int>(bytes.size()));
+    const int longest = qMin(LONGEST_FRAME, static_cast<int>(bytes.size()));
     for (int length = SHORTEST; length <= longest; ++length) {
         if (!endsWithItsCrc(bytes, length))
             continue;
@@ -106,7 +106,7 @@ FoundRequest findByCrc(const QByteArray& bytes)
         return {FoundRequest::WHOLE, length};
     }
     // Noise must not hide the request that follows it.
-    const bool isOver = longest == LONGEST || holdsLaterRequest(bytes);
+    const bool isOver = longest == LONGEST_FRAME || holdsLaterRequest(bytes);
     return {isOver ? FoundRequest::DAMAGED : FoundRequest::INCOMPLETE, 0};
 }
 
@@ -115,7 +115,7 @@ FoundRequest findByCrc(const QByteArray& bytes)
 FoundRequest findRequest(const QByteArray& received)
 {
     const int length = announcedLength(received);
-    if (byteAt(received, 0) > kx::HIGHEST_STATION || length > LONGEST
+    if (byteAt(received, 0) > kx::HIGHEST_STATION || length > LONGEST_FRAME
         || (length == OPEN && functionOf(received) >= kx::EXCEPTION_FLAG))
         return {FoundRequest::DAMAGED, 0};
     if (length == OPEN)

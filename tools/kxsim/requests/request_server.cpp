@@ -22,7 +22,7 @@ const int QUANTITY_OFFSET = 4;
 // libmodbus pauses so long before an exception reply.
 const uint32_t NO_WAIT_MICROSECONDS = 1;
 
-int byteAt(const QByteArray& frame, int offset)
+int frameByteAt(const QByteArray& frame, int offset)
 {
     return static_cast<quint8>(frame.at(offset));
 }
@@ -34,13 +34,13 @@ const quint8* dataOf(const QByteArray& frame)
 
 int numberAt(const QByteArray& frame, int offset)
 {
-    return byteAt(frame, offset) << 8 | byteAt(frame, offset + 1);
+    return frameByteAt(frame, offset) << 8 | frameByteAt(frame, offset + 1);
 }
 
 bool writesInputs(const QByteArray& request, const ControllerMemory& memory)
 {
     const int number = numberAt(request, ADDRESS_OFFSET);
-    switch (byteAt(request, FUNCTION_OFFSET)) {
+    switch (frameByteAt(request, FUNCTION_OFFSET)) {
     case MODBUS_FC_WRITE_SINGLE_COIL:
         return memory.holdsInput(number, 1);
     case MODBUS_FC_WRITE_MULTIPLE_COILS:
@@ -97,7 +97,7 @@ RequestServer::Answer RequestServer::answer(const QByteArray& received, bool car
     if (found.kind != FoundRequest::WHOLE)
         return {found.kind == FoundRequest::DAMAGED ? DAMAGED : INCOMPLETE, 0, QByteArray()};
     const QByteArray request = received.left(found.length);
-    const int station = byteAt(request, 0);
+    const int station = frameByteAt(request, 0);
     if (station == MODBUS_BROADCAST_ADDRESS) {
         for (auto& [number, memory] : m_stations->all()) {
             if (m_stations->hears(number))
@@ -120,7 +120,7 @@ void RequestServer::execute(const QByteArray& request, ControllerMemory* memory)
     if (exception == 0 && writesInputs(request, *memory))
         exception = MODBUS_EXCEPTION_ILLEGAL_DATA_ADDRESS;
     if (exception != 0) {
-        if (byteAt(request, 0) != MODBUS_BROADCAST_ADDRESS)
+        if (frameByteAt(request, 0) != MODBUS_BROADCAST_ADDRESS)
             modbus_reply_exception(m_modbus, dataOf(request), static_cast<unsigned>(exception));
         return;
     }

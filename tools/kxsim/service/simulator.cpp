@@ -15,7 +15,7 @@ namespace kxsim
 namespace
 {
 
-const int STEP_MILLISECONDS = 100;
+const int PROGRAMME_STEP = 100;
 
 // Longer than any pause inside a request, even with USB adapters that hold bytes
 // back for 16 ms; shorter than a host waits before it repeats.
@@ -117,7 +117,7 @@ int Simulator::waitMilliseconds()
     if (isAmidFrame())
         return static_cast<int>(SILENCE.count());
     const std::lock_guard<std::mutex> lock(m_lock);
-    return m_controllers->programme()->needsSteps() ? STEP_MILLISECONDS : -1;
+    return m_controllers->programme()->needsSteps() ? PROGRAMME_STEP : -1;
 }
 
 void Simulator::advance()

@@ -8,7 +8,7 @@ namespace kxsim
 namespace
 {
 
-const qint64 LONGEST = 24 * 3600 * qint64(1000000); // microseconds
+const qint64 LONGEST_DURATION = 24 * 3600 * qint64(1000000); // microseconds
 
 const struct {
     const char* name;
@@ -41,7 +41,7 @@ bool parseDuration(const QString& text, std::chrono::microseconds* duration)
     const QRegularExpressionMatch parts = partsOf(text);
     const qint64 unit = microsecondsOf(parts.captured(3));
     const qint64 whole = parts.captured(1).toLongLong();
-    if (unit == 0 || whole > LONGEST / unit)
+    if (unit == 0 || whole > LONGEST_DURATION / unit)
         return false;
     qint64 fraction = parts.captured(2).toLongLong() * unit;
     for (auto digits = parts.captured(2).size(); digits > 0; --digits) {
@@ -50,7 +50,7 @@ bool parseDuration(const QString& text, std::chrono::microseconds* duration)
             return false;
         fraction /= 10;
     }
-    if (whole * unit + fraction > LONGEST)
+    if (whole * unit + fraction > LONGEST_DURATION)
         return false;
     *duration = std::chrono::microseconds(whole * unit + fraction);
     return true;

@@ -6,9 +6,9 @@ namespace kxsim
 namespace
 {
 
-const std::chrono::seconds LONGEST(60);
+const std::chrono::seconds LONGEST_TURNAROUND(60);
 
-bool fail(QString* error, const QString& text, const char* reason)
+bool refuseTurnaround(QString* error, const QString& text, const char* reason)
 {
     *error = QStringLiteral("--turnaround %1: %2").arg(text, QLatin1String(reason));
     return false;
@@ -22,11 +22,12 @@ bool parseTurnaround(const QString& text, DurationRange* range, QString* error)
     if (parseDuration(text, &parsed.from))
         parsed.to = parsed.from;
     else if (!parseDurationRange(text, &parsed))
-        return fail(error, text, "write a time such as 5ms or 800us, or a range such as 5..20ms");
+        return refuseTurnaround(error, text,
+                                "write a time such as 5ms or 800us, or a range such as 5..20ms");
     if (parsed.from > parsed.to)
-        return fail(error, text, "the range ends before it begins");
-    if (parsed.to > LONGEST)
-        return fail(error, text, "60s is the longest");
+        return refuseTurnaround(error, text, "the range ends before it begins");
+    if (parsed.to > LONGEST_TURNAROUND)
+        return refuseTurnaround(error, text, "60s is the longest");
     *range = parsed;
     return true;
 }

@@ -37,13 +37,13 @@ QByteArray withoutBlanksBehind(const QByteArray& line)
     return line.left(length);
 }
 
-bool isBefore(const AddressRange& one, const AddressRange& other)
+bool isReadBefore(const AddressRange& one, const AddressRange& other)
 {
     return std::make_tuple(one.station, registerTypeRow(one.type), one.address)
            < std::make_tuple(other.station, registerTypeRow(other.type), other.address);
 }
 
-bool continues(const Assignment& run, const AddressRange& address)
+bool continuesRead(const Assignment& run, const AddressRange& address)
 {
     return run.range.station == address.station && run.range.type == address.type
            && run.range.address + run.range.values == address.address;
@@ -164,7 +164,7 @@ bool DumpReader::takeAddress(const QString& typed, AddressRange* address)
         return true;
     AddressRange last = m_dump.runs.last().range;
     last.address += last.values - 1;
-    if (isBefore(last, *address))
+    if (isReadBefore(last, *address))
         return true;
     return fail(QStringLiteral("%1 stands behind %2; addresses must rise")
                     .arg(typed, addressText(last.type, last.address)));
@@ -192,7 +192,7 @@ bool DumpReader::takeValue(const QStringList& words)
 void DumpReader::add(const AddressRange& address, qint64 value)
 {
     QList<Assignment>& runs = m_dump.runs;
-    if (!runs.isEmpty() && continues(runs.last(), address)) {
+    if (!runs.isEmpty() && continuesRead(runs.last(), address)) {
         ++runs.last().range.values;
         runs.last().values << value;
     } else {

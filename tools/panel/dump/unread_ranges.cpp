@@ -10,7 +10,7 @@ namespace
 
 const int VALUES_PER_PIECE = 100;
 
-bool continues(const UnreadRange& last, const ReadOutcome& next)
+bool continuesUnread(const UnreadRange& last, const ReadOutcome& next)
 {
     const AddressRange& range = next.tag.range;
     return last.range.station == range.station && last.range.type == range.type
@@ -38,7 +38,7 @@ QList<UnreadRange> unreadRanges(const QList<ReadOutcome>& failed)
     QList<UnreadRange> unread;
     for (const ReadOutcome& outcome : failed) {
         const AddressRange& range = outcome.tag.range;
-        if (!unread.isEmpty() && continues(unread.last(), outcome))
+        if (!unread.isEmpty() && continuesUnread(unread.last(), outcome))
             unread.last().range.values += range.values;
         else
             unread.append({range, outcome.failure.text});

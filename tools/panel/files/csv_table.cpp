@@ -42,7 +42,7 @@ QStringList textsOf(const QList<CsvField>& fields)
     return texts;
 }
 
-bool fail(const QString& fault, QString* error)
+bool refuseTable(const QString& fault, QString* error)
 {
     *error = fault;
     return false;
@@ -169,10 +169,11 @@ bool CsvTable::parseRow(int index, QString* error)
         const QString range = fewestFields() == most
                                   ? QString::number(most)
                                   : Text::tr("%1 to %2").arg(fewestFields()).arg(most);
-        return fail(Text::tr("%1 separated by %2 instead of %3")
-                        .arg(countedText(count, "%1 field", QT_TRANSLATE_N_NOOP("kx", "%1 fields")),
-                             separatorName(m_separator), range),
-                    error);
+        return refuseTable(
+            Text::tr("%1 separated by %2 instead of %3")
+                .arg(countedText(count, "%1 field", QT_TRANSLATE_N_NOOP("kx", "%1 fields")),
+                     separatorName(m_separator), range),
+            error);
     }
     CsvRow row;
     row.line = index + 1;

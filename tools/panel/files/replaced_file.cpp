@@ -14,7 +14,7 @@ namespace kx
 namespace
 {
 
-bool fail(const QFileDevice& file, QString* error)
+bool failWith(const QFileDevice& file, QString* error)
 {
     *error = QStringLiteral("%1: %2").arg(file.fileName(), file.errorString());
     return false;
@@ -61,7 +61,7 @@ bool canReplaceFile(const QString& path, QString* error)
 {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
-        return fail(file, error);
+        return failWith(file, error);
     file.cancelWriting();
     return true;
 }
@@ -71,9 +71,9 @@ bool replaceFile(const QString& path, const QByteArray& text, QString* error)
     QSaveFile file(path);
     // Unbuffered, since commit() hides it when what is left in the buffer does not fit.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(text, &file))
-        return fail(file, error);
+        return failWith(file, error);
     keepOwner(path, file.handle());
-    return syncToDisk(file, error) && (file.commit() || fail(file, error));
+    return syncToDisk(file, error) && (file.commit() || failWith(file, error));
 }
 
 } // namespace kx

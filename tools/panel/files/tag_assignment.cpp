@@ -15,10 +15,10 @@ namespace kx
 namespace
 {
 
-const QLatin1Char COMMA(',');
+const QLatin1Char PAIR_COMMA(',');
 const QLatin1Char BACKSLASH('\\');
 
-bool fail(QString* fault, const QString& message)
+bool refuseAssignment(QString* fault, const QString& message)
 {
     *fault = message;
     return false;
@@ -48,7 +48,7 @@ QStringList splitTexts(const QString& typed)
 {
     QStringList texts = {QString()};
     for (int i = 0; i < typed.size(); ++i) {
-        if (typed.at(i) == COMMA) {
+        if (typed.at(i) == PAIR_COMMA) {
             texts << QString();
             continue;
         }
@@ -77,7 +77,7 @@ bool takeCount(int values, bool countGiven, TagAssignment* assignment, QString* 
     Tag& tag = assignment->tag;
     const int wanted = valuesIn(tag.range, tag.format);
     if (countGiven && values != wanted)
-        return fail(fault, countFault(values, wanted));
+        return refuseAssignment(fault, countFault(values, wanted));
     if (countGiven)
         return true;
     tag.range.values = values;
@@ -91,7 +91,7 @@ bool takeValues(const QString& typed, bool countGiven, TagAssignment* assignment
     const bool isOne = isText && valuesIn(tag.range, tag.format) == 1;
     const QStringList values = isOne    ? QStringList{typed}
                                : isText ? splitTexts(typed)
-                                        : typed.split(COMMA);
+                                        : typed.split(PAIR_COMMA);
     for (const QString& value : values) {
         QList<qint64> raw;
         if (!parseValue(tag.range.type, tag.format, value, &raw, fault))
@@ -108,7 +108,7 @@ bool takeAddress(const QString& address, TagAssignment* assignment, bool* countG
     QString fault;
     *countGiven = address.section(QLatin1Char('/'), 0, 0).contains(QLatin1Char(':'));
     return parseValueAddress(address, &tag.range, &tag.format, &fault)
-           || fail(error, faultyText(address, fault));
+           || refuseAssignment(error, faultyText(address, fault));
 }
 
 } // namespace
@@ -121,20 +121,21 @@ bool parseTagAssignment(const QString& typed, const QList<Tag>& tags, const Valu
     const Tag* const named = findTag(typed, tags);
     const auto equals = named ? named->name.size() : equalsOf(typed);
     if (equals < 0)
-        return fail(error, faultyText(typed, Text::tr("not an assignment; write "
-                                                      "ADDRESS=VALUE[,VALUE...], such as "
-                                                      "D100=1234")));
+        return refuseAssignment(error,
+                                faultyText(typed, Text::tr("not an assignment; write "
+                                                           "ADDRESS=VALUE[,VALUE...], such as "
+                                                           "D100=1234")));
     if (named)
         assignment->tag = *named;
     else if (!takeAddress(typed.left(equals), assignment, &countGiven, error))
-        return fail(error, tags.isEmpty()
-                               ? *error
-                               : Text::tr("%1; nor is it the name of a tag").arg(*error));
+        return refuseAssignment(
+            error,
+            tags.isEmpty() ? *error : Text::tr("%1; nor is it the name of a tag").arg(*error));
     Tag& tag = assignment->tag;
     takeOrder(order, &tag.format);
     QString fault = checkWritable(tag.range, tag.format);
     if (!fault.isEmpty() || !takeValues(typed.mid(equals + 1), countGiven, assignment, &fault))
-        return fail(error, faultyText(typed, fault));
+        return refuseAssignment(error, faultyText(typed, fault));
     assignment->assignment.range = wholeRange(tag);
     assignment->assignment.bit = tag.format.bit;
     return true;
@@ -147,7 +148,7 @@ QString valuesText(const TagAssignment& assignment)
         texts << valueText(assignment.tag.format, rawOfValue(assignment, i));
     if (assignment.tag.format.kind == ValueKind::Ascii && texts.size() > 1)
         texts.replaceInStrings(QStringLiteral(","), QStringLiteral("\\,"));
-    return texts.join(COMMA);
+    return texts.join(PAIR_COMMA);
 }
 
 QList<qint64> rawOfValue(const TagAssignment& assignment, int value)

@@ -37,7 +37,7 @@ void takeStation(const Row& row, Tag* tag)
                      Text::tr("must be %1 to %2").arg(LOWEST_STATION).arg(HIGHEST_STATION));
 }
 
-void takeCount(const Row& row, Tag* tag)
+void takeCountCell(const Row& row, Tag* tag)
 {
     if (!row.has(COUNT))
         return;
@@ -50,7 +50,7 @@ void takeCount(const Row& row, Tag* tag)
 }
 
 /// The address of one value, with a bit behind it at most.
-bool takeAddress(const Row& row, Tag* tag)
+bool takeAddressCell(const Row& row, Tag* tag)
 {
     if (!row.has(ADDRESS)) {
         *row.faults << Text::tr("the tag has no address");
@@ -102,8 +102,8 @@ Tag tagOfRow(const CsvRow& csv, QStringList* faults)
     if (!row.has(NAME))
         *faults << Text::tr("the tag has no name");
     takeStation(row, &tag);
-    takeCount(row, &tag);
-    const bool hasAddress = takeAddress(row, &tag);
+    takeCountCell(row, &tag);
+    const bool hasAddress = takeAddressCell(row, &tag);
     takeFormatColumns(csv, FORMAT, tag.range.type, &tag.format, faults);
     takeInterval(row, &tag);
     QString fault;

@@ -33,7 +33,7 @@ bool isRefused(const Failure& failure)
     return failure.kind == FailureKind::Exception && refusesAddresses(failure.exceptionCode);
 }
 
-bool isBefore(const AddressRange& one, const AddressRange& other)
+bool isAskedBefore(const AddressRange& one, const AddressRange& other)
 {
     return std::make_tuple(one.station, registerTypeRow(one.type), one.address)
            < std::make_tuple(other.station, registerTypeRow(other.type), other.address);
@@ -68,7 +68,7 @@ void ReadJob::begin()
         m_edges << AddressRange{range.type, range.address, 1, range.station};
         m_edges << AddressRange{range.type, range.address + range.values, 1, range.station};
     }
-    std::sort(m_edges.begin(), m_edges.end(), isBefore);
+    std::sort(m_edges.begin(), m_edges.end(), isAskedBefore);
     m_pieces = leastTimePieces(ranges, rulesOf(*session()));
     goOn();
 }
@@ -147,9 +147,9 @@ void ReadJob::onRefusal(const AddressRange& piece, const Failure& failure)
 QList<AddressRange> ReadJob::halvesOf(const AddressRange& piece, const WholeValues& values) const
 {
     const int end = piece.address + piece.values;
-    const auto firstInside = std::upper_bound(m_edges.begin(), m_edges.end(), piece, isBefore);
+    const auto firstInside = std::upper_bound(m_edges.begin(), m_edges.end(), piece, isAskedBefore);
     const auto pastEnd = std::lower_bound(
-        firstInside, m_edges.end(), AddressRange{piece.type, end, 1, piece.station}, isBefore);
+        firstInside, m_edges.end(), AddressRange{piece.type, end, 1, piece.station}, isAskedBefore);
     const int most = piece.type->registerClass == BIT_CLASS ? COILS_OF_ANY : REGISTERS_OF_ANY;
     int middle = piece.address + piece.values / 2;
     if (firstInside != pastEnd)

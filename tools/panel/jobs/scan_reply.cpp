@@ -10,7 +10,7 @@ namespace kx
 namespace
 {
 
-const int SHORTEST_FRAME = 4; // station, function, CRC
+const int SHORTEST_REPLY = 4; // station, function, CRC
 
 QString answerText(const ScanReply& reply)
 {
@@ -34,7 +34,7 @@ ScanReply scanReplyOf(const ExchangeRecord& record)
         reply.answer = ScanAnswer::Exception;
         reply.exceptionCode = record.exceptionCode;
         reply.fault = exceptionText(record.exceptionCode);
-    } else if (record.reply.size() >= SHORTEST_FRAME && endsWithItsCrc(record.reply)) {
+    } else if (record.reply.size() >= SHORTEST_REPLY && endsWithItsCrc(record.reply)) {
         reply.answer = ScanAnswer::Other;
         reply.station = static_cast<unsigned char>(record.reply.at(0));
         if (record.replyKind == ReplyKind::WrongByteCount)

@@ -19,7 +19,7 @@ int endOf(const AddressRange& range)
 }
 
 /// Of values that begin together the longest comes first.
-bool isBefore(const AddressRange& one, const AddressRange& other)
+bool isWiderOrBefore(const AddressRange& one, const AddressRange& other)
 {
     return std::make_tuple(one.station, registerTypeRow(one.type), one.address, -one.width)
            < std::make_tuple(other.station, registerTypeRow(other.type), other.address,
@@ -54,10 +54,10 @@ WholeValues::WholeValues(const QList<AddressRange>& ranges)
     const WatchedRanges watched(single);
     for (const AddressRange& run : watched.runs())
         appendValues(run, &singles);
-    std::sort(wide.begin(), wide.end(), isBefore);
+    std::sort(wide.begin(), wide.end(), isWiderOrBefore);
     std::vector<AddressRange> all;
     std::merge(singles.begin(), singles.end(), wide.begin(), wide.end(), std::back_inserter(all),
-               isBefore);
+               isWiderOrBefore);
     for (const AddressRange& value : all) {
         if (m_values.empty() || !liesIn(value, m_values.back()))
             m_values.push_back(value);
@@ -69,7 +69,7 @@ std::vector<AddressRange> WholeValues::within(const AddressRange& covered) const
     AddressRange first = covered;
     first.width = covered.values; // a value that begins with it and is longer does not lie in it
     std::vector<AddressRange> found;
-    auto value = std::lower_bound(m_values.begin(), m_values.end(), first, isBefore);
+    auto value = std::lower_bound(m_values.begin(), m_values.end(), first, isWiderOrBefore);
     for (; value != m_values.end() && liesIn(*value, covered); ++value)
         found.push_back(*value);
     return found;

@@ -13,15 +13,15 @@ namespace kx
 namespace
 {
 
-const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
-const int MOST_SILENCES = 2; // in a row while its station answers: then the poll is left out
+const qint64 MILLISECOND = 1000; // microseconds
+const int MOST_SILENCES = 2;     // in a row while its station answers: then the poll is left out
 
 qint64 intervalOf(const PolledRange& poll)
 {
-    return poll.interval * MICROSECONDS_PER_MILLISECOND;
+    return poll.interval * MILLISECOND;
 }
 
-bool isBefore(const PolledRange& one, const PolledRange& other)
+bool isPolledBefore(const PolledRange& one, const PolledRange& other)
 {
     const auto key = [](const PolledRange& poll) {
         return std::make_tuple(poll.range.station, registerTypeRow(poll.range.type),
@@ -39,7 +39,7 @@ PollSchedule::PollSchedule(qint64 replyTimeout)
 
 void PollSchedule::setPolls(const QList<PolledRange>& polls, qint64 now)
 {
-    std::map<PolledRange, State, decltype(&isBefore)> known(&isBefore);
+    std::map<PolledRange, State, decltype(&isPolledBefore)> known(&isPolledBefore);
     for (const State& state : m_polls)
         known.emplace(state.wanted, state);
     m_polls.clear();

@@ -11,7 +11,7 @@ namespace
 
 const int COIL_BITS = 8; // that a coil takes in the recipe buffer
 const int COILS_PER_WORD = WORD_BITS / COIL_BITS;
-const quint32 WORD_MASK = 0xFFFF;
+const quint32 BUFFER_WORD_MASK = 0xFFFF;
 const int NOT_IN_BUFFER = -1;
 
 QString typeName(const RegisterType* type)
@@ -152,7 +152,8 @@ void RecipeLayoutBuilder::storeDoubleWords(const AddressRange& piece, int offset
     for (int i = 0; i < piece.values; ++i) {
         const int low = offset + 2 * i;
         const quint32 value = valueAt(piece, i);
-        m_layout->buffer[static_cast<size_t>(low)] = static_cast<unsigned short>(value & WORD_MASK);
+        m_layout->buffer[static_cast<size_t>(low)] =
+            static_cast<unsigned short>(value & BUFFER_WORD_MASK);
         m_layout->buffer[static_cast<size_t>(low) + 1] =
             static_cast<unsigned short>(value >> WORD_BITS);
         m_cellOffsets[recipeCellKey(piece, i)] = low;

@@ -17,15 +17,15 @@ namespace
 
 enum Column { NAME, STATION, REGISTER, ADDRESS, TYPE = RECIPE_TYPE, VALUE = RECIPE_VALUE, FORMAT };
 
-const quint32 WORD_MASK = 0xFFFF;
+const quint32 ROW_WORD_MASK = 0xFFFF;
 
-bool fail(QString* error, const QString& fault)
+bool refuseRow(QString* error, const QString& fault)
 {
     *error = fault;
     return false;
 }
 
-QString textOf(const CsvRow& csv, int column)
+QString fieldText(const CsvRow& csv, int column)
 {
     return csv.fields.at(column).text;
 }
@@ -34,32 +34,33 @@ QString textOf(const CsvRow& csv, int column)
 int formatColumnOf(const CsvRow& csv)
 {
     for (int i = 0; i < formatColumns().size(); ++i) {
-        if (!textOf(csv, FORMAT + i).isEmpty())
+        if (!fieldText(csv, FORMAT + i).isEmpty())
             return FORMAT + i;
     }
     return -1;
 }
 
-bool failAt(const CsvRow& csv, int column, const QString& fault, QString* error)
+bool refuseField(const CsvRow& csv, int column, const QString& fault, QString* error)
 {
-    return fail(error, columnFault(recipeColumns().at(column), textOf(csv, column), fault));
+    return refuseRow(error, columnFault(recipeColumns().at(column), fieldText(csv, column), fault));
 }
 
 bool refuseBit(const QString& word, const QString& bit, QString* error)
 {
-    return fail(error, Text::tr("%1 is one bit of a word, and a recipe holds whole values; "
-                                "take %2 with format bin or hex")
-                           .arg(bit, word));
+    return refuseRow(error, Text::tr("%1 is one bit of a word, and a recipe holds whole values; "
+                                     "take %2 with format bin or hex")
+                                .arg(bit, word));
 }
 
 bool checkNumber(const CsvRow& csv, QString* error)
 {
-    if (!hasOnlyDigits(textOf(csv, ADDRESS), 10))
-        return fail(error, Text::tr("'%1' is not an address; write its number, of X and Y in octal")
-                               .arg(textOf(csv, ADDRESS)));
-    return findRegisterType(textOf(csv, REGISTER))
-           || fail(error, Text::tr("unknown register '%1'; the types are %2")
-                              .arg(textOf(csv, REGISTER), registerTypeNames()));
+    if (!hasOnlyDigits(fieldText(csv, ADDRESS), 10))
+        return refuseRow(error,
+                         Text::tr("'%1' is not an address; write its number, of X and Y in octal")
+                             .arg(fieldText(csv, ADDRESS)));
+    return findRegisterType(fieldText(csv, REGISTER))
+           || refuseRow(error, Text::tr("unknown register '%1'; the types are %2")
+                                   .arg(fieldText(csv, REGISTER), registerTypeNames()));
 }
 
 /// A file says what the registers hold: nothing below 0 that would be read back as another number.
@@ -87,17 +88,18 @@ QString unknownTypeText(const QString& name)
 
 bool takeType(const CsvRow& csv, RecipeRow* row, QString* error)
 {
-    const QString name = textOf(csv, TYPE);
+    const QString name = fieldText(csv, TYPE);
     row->type = findRecipeValueType(name);
     if (!row->type)
-        return fail(error, unknownTypeText(name));
+        return refuseRow(error, unknownTypeText(name));
     const RegisterType* const registers = row->range.type;
     if (!suits(row->type, registers))
-        return fail(error, Text::tr("type %1 does not suit register %2")
-                               .arg(name, QLatin1String(registers->name)));
+        return refuseRow(error, Text::tr("type %1 does not suit register %2")
+                                    .arg(name, QLatin1String(registers->name)));
     if (formatColumnOf(csv) >= 0)
-        return failAt(csv, formatColumnOf(csv),
-                      Text::tr("goes with a format, and the row has type %1").arg(name), error);
+        return refuseField(csv, formatColumnOf(csv),
+                           Text::tr("goes with a format, and the row has type %1").arg(name),
+                           error);
     row->format.kind = row->type->kind;
     row->format.isCounter = registers->registerClass == DOUBLE_WORD_CLASS;
     row->range.values = addressesPerValue(row->type, registers);
@@ -113,14 +115,14 @@ bool takeTypedValue(const QString& text, RecipeRow* row, QString* error)
     if (!parseRecipeValue(row->type, text, &bits, error))
         return false;
     row->value = row->range.values == 1 ? QList<qint64>{bits}
-                                        : QList<qint64>{bits & WORD_MASK, bits >> WORD_BITS};
+                                        : QList<qint64>{bits & ROW_WORD_MASK, bits >> WORD_BITS};
     return true;
 }
 
 /// Min and max are for downloads: what an upload finds must not keep the next one from reading.
 bool takeValue(const CsvRow& csv, RecipeRow* row, QString* error)
 {
-    const QString text = textOf(csv, VALUE);
+    const QString text = fieldText(csv, VALUE);
     row->hasValue = !text.isEmpty();
     if (!row->hasValue)
         return true;
@@ -153,8 +155,9 @@ RecipeRowParser::RecipeRowParser(const RecipeDefaults& defaults, bool needsType)
 bool RecipeRowParser::parse(const CsvRow& csv, RecipeRow* row, QString* error) const
 {
     row->line = csv.line;
-    row->name = textOf(csv, NAME);
-    const bool hasAddress = !textOf(csv, REGISTER).isEmpty() || !textOf(csv, ADDRESS).isEmpty();
+    row->name = fieldText(csv, NAME);
+    const bool hasAddress =
+        !fieldText(csv, REGISTER).isEmpty() || !fieldText(csv, ADDRESS).isEmpty();
     const bool isTaken = hasAddress ? takeAddress(csv, row, error) && takeFormat(csv, row, error)
                                     : takeTag(csv, row, error);
     if (!isTaken)
@@ -172,21 +175,24 @@ bool RecipeRowParser::takeTag(const CsvRow& csv, RecipeRow* row, QString* error)
 {
     const auto found = m_tags.constFind(row->name);
     if (row->name.isEmpty() || m_tags.isEmpty())
-        return fail(error, Text::tr("the row has no address"));
+        return refuseRow(error, Text::tr("the row has no address"));
     if (found == m_tags.constEnd())
-        return fail(error, Text::tr("the row has no address, and '%1' is no tag").arg(row->name));
+        return refuseRow(error,
+                         Text::tr("the row has no address, and '%1' is no tag").arg(row->name));
     const Tag& tag = found.value();
     const int format = formatColumnOf(csv);
     for (const int column : {int(STATION), int(TYPE), format}) {
-        if (column >= 0 && !textOf(csv, column).isEmpty())
-            return failAt(csv, column, Text::tr("the tag '%1' says that").arg(tag.name), error);
+        if (column >= 0 && !fieldText(csv, column).isEmpty())
+            return refuseField(csv, column, Text::tr("the tag '%1' says that").arg(tag.name),
+                               error);
     }
     if (tag.format.bit >= 0)
         return refuseBit(addressText(tag.range.type, tag.range.address),
                          valueName(tag.range, tag.format, 0), error);
     if (valuesIn(tag.range, tag.format) != 1)
-        return fail(error, Text::tr("the tag '%1' has %2 values, and a row one")
-                               .arg(tag.name, QString::number(valuesIn(tag.range, tag.format))));
+        return refuseRow(error,
+                         Text::tr("the tag '%1' has %2 values, and a row one")
+                             .arg(tag.name, QString::number(valuesIn(tag.range, tag.format))));
     row->range = tag.range;
     row->format = tag.format;
     return true;
@@ -195,36 +201,36 @@ bool RecipeRowParser::takeTag(const CsvRow& csv, RecipeRow* row, QString* error)
 // As in an address list, so that the same rules and messages hold.
 bool RecipeRowParser::takeAddress(const CsvRow& csv, RecipeRow* row, QString* error) const
 {
-    const QString number = textOf(csv, ADDRESS);
-    const QString address = textOf(csv, REGISTER) + number;
-    const QString station = textOf(csv, STATION);
+    const QString number = fieldText(csv, ADDRESS);
+    const QString address = fieldText(csv, REGISTER) + number;
+    const QString station = fieldText(csv, STATION);
     ValueFormat format;
     QString fault;
     const bool isOther = number.contains(QLatin1Char(':')) || number.contains(QLatin1Char('@'))
                          || number.contains(QLatin1Char('/'));
     if (!isOther && parseValueAddress(address, &row->range, &format, &fault) && format.bit >= 0)
         return refuseBit(addressText(row->range.type, row->range.address), address, error);
-    if (!textOf(csv, REGISTER).isEmpty() && !checkNumber(csv, error))
+    if (!fieldText(csv, REGISTER).isEmpty() && !checkNumber(csv, error))
         return false;
     if (isOther)
-        return failAt(csv, ADDRESS, Text::tr("station and format have columns of their own"),
-                      error);
+        return refuseField(csv, ADDRESS, Text::tr("station and format have columns of their own"),
+                           error);
     return parseAddressRange(station.isEmpty() ? address : address + QLatin1Char('@') + station,
                              &row->range, error);
 }
 
 bool RecipeRowParser::takeFormat(const CsvRow& csv, RecipeRow* row, QString* error) const
 {
-    const bool hasType = !textOf(csv, TYPE).isEmpty();
-    if (hasType || (m_needsType && textOf(csv, FORMAT).isEmpty()))
+    const bool hasType = !fieldText(csv, TYPE).isEmpty();
+    if (hasType || (m_needsType && fieldText(csv, FORMAT).isEmpty()))
         return takeType(csv, row, error);
     QStringList faults;
     takeFormatColumns(csv, FORMAT, row->range.type, &row->format, &faults);
     if (!faults.isEmpty())
-        return fail(error, faults.first());
+        return refuseRow(error, faults.first());
     QString fault;
     return coverValues(&row->range, &row->format, &fault)
-           || fail(error, faultyText(addressText(row->range.type, row->range.address), fault));
+           || refuseRow(error, faultyText(addressText(row->range.type, row->range.address), fault));
 }
 
 QString recipeText(const RecipeRow& row, const QList<qint64>& value)

@@ -28,8 +28,8 @@ const RecipeValueType TYPES[] = {
 };
 
 const int HEX16_DIGITS = 4;
-const int WORD_BITS = 16;
-const quint32 WORD_MASK = 0xFFFF;
+const int VALUE_WORD_BITS = 16;
+const quint32 VALUE_WORD_MASK = 0xFFFF;
 
 quint32 maskOf(const RecipeValueType* type)
 {
@@ -48,7 +48,7 @@ bool parseFloat(const QString& text, quint32* bits, QString* error)
     QList<qint64> words;
     if (!parseValue(nullptr, floatFormat(), text, &words, error))
         return false;
-    *bits = static_cast<quint32>(words.first() | words.last() << WORD_BITS);
+    *bits = static_cast<quint32>(words.first() | words.last() << VALUE_WORD_BITS);
     return true;
 }
 
@@ -117,7 +117,7 @@ bool parseRecipeValue(const RecipeValueType* type, const QString& text, quint32*
 QString recipeValueText(const RecipeValueType* type, quint32 bits)
 {
     if (type->kind == ValueKind::Float)
-        return valueText(floatFormat(), {bits & WORD_MASK, bits >> WORD_BITS});
+        return valueText(floatFormat(), {bits & VALUE_WORD_MASK, bits >> VALUE_WORD_BITS});
     if (type->kind == ValueKind::Hex)
         return QStringLiteral("0x%1").arg(bits, HEX16_DIGITS, 16, QLatin1Char('0'));
     if (type->lowest == 0)

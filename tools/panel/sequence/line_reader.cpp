@@ -6,7 +6,7 @@ namespace kx
 namespace
 {
 
-const QLatin1Char QUOTE('"');
+const QLatin1Char WORD_QUOTE('"');
 const QLatin1Char COMMENT('#');
 
 bool beginsComparison(QChar character)
@@ -61,7 +61,7 @@ bool LineReader::takeName(LinePart* part, QString* fault)
     part->column = column();
     if (atEnd())
         return true;
-    if (m_line.at(m_position) == QUOTE)
+    if (m_line.at(m_position) == WORD_QUOTE)
         return takeQuoted(part, fault);
     for (; m_position < m_line.size(); ++m_position) {
         const QChar character = m_line.at(m_position);
@@ -77,7 +77,7 @@ bool LineReader::takeValue(LinePart* part, QString* fault)
     part->column = column();
     if (atEnd())
         return true;
-    if (m_line.at(m_position) == QUOTE)
+    if (m_line.at(m_position) == WORD_QUOTE)
         return takeQuoted(part, fault);
     for (; m_position < m_line.size() && !endsValue(m_position); ++m_position)
         part->text += m_line.at(m_position);
@@ -94,9 +94,9 @@ bool LineReader::takeQuoted(LinePart* part, QString* fault)
 {
     part->isQuoted = true;
     for (++m_position; m_position < m_line.size(); ++m_position) {
-        if (m_line.at(m_position) == QUOTE) {
+        if (m_line.at(m_position) == WORD_QUOTE) {
             const bool isDoubled =
-                m_position + 1 < m_line.size() && m_line.at(m_position + 1) == QUOTE;
+                m_position + 1 < m_line.size() && m_line.at(m_position + 1) == WORD_QUOTE;
             if (!isDoubled)
                 break;
             ++m_position;

@@ -17,7 +17,7 @@ namespace kx
 namespace
 {
 
-const int COILS_PER_WORD = 2; // of the recipe buffer
+const int COILS_OF_A_WORD = 2; // of the recipe buffer
 
 bool isBits(const AddressRange& range)
 {
@@ -66,7 +66,7 @@ Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction,
     if (isUpload && !isReadWhole(range, begins))
         return refusal(FailureKind::TooLong, range,
                        Text::tr("only the first of its registers would be uploaded"));
-    const int coilWords = (variable.count + COILS_PER_WORD - 1) / COILS_PER_WORD;
+    const int coilWords = (variable.count + COILS_OF_A_WORD - 1) / COILS_OF_A_WORD;
     const int words = isBits(range) ? coilWords : variable.count;
     if (variable.bufOffset < 0 || variable.bufOffset > RECIPE_BUFFER_WORDS - words)
         return refusal(FailureKind::OutOfRange, range,
@@ -74,14 +74,14 @@ Failure variableRefusal(const _RCP_VAR_PRO& variable, RecipeDirection direction,
     return Failure();
 }
 
-bool isBefore(const _RCP_VAR_PRO& one, const _RCP_VAR_PRO& other)
+bool isStoredBefore(const _RCP_VAR_PRO& one, const _RCP_VAR_PRO& other)
 {
     return std::make_tuple(one.station, registerTypeRow(findRegisterType(one.regType)), one.address)
            < std::make_tuple(other.station, registerTypeRow(findRegisterType(other.regType)),
                              other.address);
 }
 
-bool isSame(const _RCP_VAR_PRO& one, const _RCP_VAR_PRO& other)
+bool isSameVariable(const _RCP_VAR_PRO& one, const _RCP_VAR_PRO& other)
 {
     return one.station == other.station && one.regType == other.regType
            && one.address == other.address && one.count == other.count
@@ -93,7 +93,7 @@ bool findsItsWords(const _RCP_VAR_PRO& variable, const _RCP_VAR_PRO& first,
                    RecipeDirection direction)
 {
     const AddressRange range = rangeOf(variable);
-    if (isSame(variable, first))
+    if (isSameVariable(variable, first))
         return true;
     if (isBits(range) || isOfDoubleWords(range))
         return false;
@@ -104,7 +104,7 @@ bool findsItsWords(const _RCP_VAR_PRO& variable, const _RCP_VAR_PRO& first,
 /// Of variables that exist.
 Failure joinRefusal(QVector<_RCP_VAR_PRO> variables, RecipeDirection direction, int maxWords)
 {
-    std::stable_sort(variables.begin(), variables.end(), isBefore);
+    std::stable_sort(variables.begin(), variables.end(), isStoredBefore);
     _RCP_VAR_PRO first = variables.first(); // of the block
     AddressRange block = rangeOf(first);
     bool hasJoined = false; // variables that are not the pass's only one
@@ -120,7 +120,7 @@ Failure joinRefusal(QVector<_RCP_VAR_PRO> variables, RecipeDirection direction, 
                            Text::tr("its words do not follow those of its neighbour"));
         block.values =
             std::max(block.address + block.values, range.address + range.values) - block.address;
-        hasJoined = hasJoined || !isSame(variables.first(), variables.last());
+        hasJoined = hasJoined || !isSameVariable(variables.first(), variables.last());
     }
     // The driver takes the number of a 32CV's block for the number of its variable.
     const auto found = std::find_if(variables.begin(), variables.end(), [](const auto& variable) {

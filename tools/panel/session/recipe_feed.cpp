@@ -12,7 +12,7 @@ namespace kx
 namespace
 {
 
-bool isRecipe(const VARIABLE& job)
+bool isRecipeJob(const VARIABLE& job)
 {
     return job.kind == RECIPE_WRITE_JOB || job.kind == RECIPE_READ_JOB;
 }
@@ -57,7 +57,7 @@ void RecipeFeed::feed()
 
 RecipeFeed::Step RecipeFeed::onExchange(const ExchangeRecord& record)
 {
-    if (!m_isPassUnderWay || !isRecipe(record.job) || record.result == REPLY_IGNORED)
+    if (!m_isPassUnderWay || !isRecipeJob(record.job) || record.result == REPLY_IGNORED)
         return Step();
     Step step;
     step.handle = m_current.handle;

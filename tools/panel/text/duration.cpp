@@ -1,5 +1,7 @@
 #include "panel/text/duration.h"
 
+#include "exchange/loop_clock.h"
+
 #include <QtCore/QRegularExpression>
 
 #include <cmath>
@@ -15,7 +17,6 @@ struct Unit {
     double microseconds;
 };
 
-const qint64 MICROSECONDS_PER_MILLISECOND = 1000;
 const qint64 DAY = 86400000000; // microseconds
 
 const Unit UNITS[] = {{"us", 1}, {"ms", 1e3}, {"s", 1e6}, {"min", 60e6}, {"h", 3600e6}, {"", 1e3}};

@@ -125,7 +125,7 @@ Decimal unscaled(const ValueFormat& format, const Decimal& number)
     return quotient.plus(isCut ? rest : Decimal());
 }
 
-bool fail(QString* fault, const QString& message)
+bool refuseFloat(QString* fault, const QString& message)
 {
     *fault = message;
     return false;
@@ -165,14 +165,15 @@ bool parseFloat(const ValueFormat& format, const QString& typed, quint64* bits, 
         return true;
     Decimal number;
     if (!Decimal::parse(typed, &number))
-        return fail(fault, Text::tr("'%1' is not a decimal number").arg(typed));
+        return refuseFloat(fault, Text::tr("'%1' is not a decimal number").arg(typed));
     const Decimal wanted = format.isScaled() ? unscaled(format, number) : number;
     *bits = bitsOfNearest(format, wanted);
     if (!isFinite(format, *bits))
-        return fail(fault, Text::tr("%1 does not fit; it is beyond the highest number").arg(typed));
+        return refuseFloat(fault,
+                           Text::tr("%1 does not fit; it is beyond the highest number").arg(typed));
     if ((*bits & ~signOf(format)) == 0 && !wanted.isZero())
-        return fail(fault,
-                    Text::tr("%1 does not fit; it is nearer to 0 than any number").arg(typed));
+        return refuseFloat(
+            fault, Text::tr("%1 does not fit; it is nearer to 0 than any number").arg(typed));
     if (wanted.isZero() && !format.isScaled() && typed.startsWith(QLatin1Char('-')))
         *bits = signOf(format);
     return true;

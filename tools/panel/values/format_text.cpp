@@ -29,7 +29,7 @@ const KindName KIND_NAMES[] = {
 
 const QLatin1Char COMMA(',');
 
-bool fail(QString* fault, const QString& message)
+bool refuseFormat(QString* fault, const QString& message)
 {
     *fault = message;
     return false;
@@ -39,14 +39,14 @@ bool parseWords(const QString& digits, int* words, QString* fault)
 {
     *words = hasOnlyDigits(digits, 10) ? digits.toInt() : 0;
     return (*words >= 1 && *words <= MOST_TEXT_WORDS)
-           || fail(fault, Text::tr("ascii needs its registers, 1 to %1, such as ascii:8")
-                              .arg(MOST_TEXT_WORDS));
+           || refuseFormat(fault, Text::tr("ascii needs its registers, 1 to %1, such as ascii:8")
+                                      .arg(MOST_TEXT_WORDS));
 }
 
 bool parseNumber(const QString& text, Decimal* number, QString* fault)
 {
     return Decimal::parse(text, number)
-           || fail(fault, Text::tr("must be a decimal number such as 12.5"));
+           || refuseFormat(fault, Text::tr("must be a decimal number such as 12.5"));
 }
 
 bool parseBound(const QString& text, std::optional<Decimal>* bound, QString* fault)
@@ -66,7 +66,8 @@ bool parsePart(const char* name, PartParser parse, const QString& text, ValueFor
 {
     QString reason;
     return parse(text, format, &reason)
-           || fail(fault, QStringLiteral("%1 %2: %3").arg(QString::fromLatin1(name), text, reason));
+           || refuseFormat(
+               fault, QStringLiteral("%1 %2: %3").arg(QString::fromLatin1(name), text, reason));
 }
 
 struct Option {
@@ -74,20 +75,21 @@ struct Option {
     PartParser parse;
 };
 
-const Option OPTIONS[] = {{"decimals", parseDecimals}, {"min", parseLowest}, {"max", parseHighest}};
+const Option FORMAT_OPTIONS[] = {
+    {"decimals", parseDecimals}, {"min", parseLowest}, {"max", parseHighest}};
 
 bool parseOption(const QString& option, const QString& name, ValueFormat* format, QString* fault)
 {
-    for (const Option& row : OPTIONS) {
+    for (const Option& row : FORMAT_OPTIONS) {
         if (name == QLatin1String(row.name))
             return parsePart(row.name, row.parse, option.section(QLatin1Char('='), 1), format,
                              fault);
     }
     return (!option.contains(QLatin1Char(' ')) && parseOrder(option, format, fault))
-           || fail(fault, Text::tr("'%1' is no option of a format here; they are low or "
-                                   "high, swapped, decimals=N, min=NUMBER, max=NUMBER and, "
-                                   "last, unit=TEXT")
-                              .arg(option));
+           || refuseFormat(fault, Text::tr("'%1' is no option of a format here; they are low or "
+                                           "high, swapped, decimals=N, min=NUMBER, max=NUMBER and, "
+                                           "last, unit=TEXT")
+                                      .arg(option));
 }
 
 bool parseOptions(QString options, ValueFormat* format, QString* fault)
@@ -102,7 +104,7 @@ bool parseOptions(QString options, ValueFormat* format, QString* fault)
         const QString option = options.section(COMMA, 0, 0);
         const QString name = option.section(QLatin1Char('='), 0, 0);
         if (given.contains(name))
-            return fail(fault, Text::tr("%1 is given twice").arg(name));
+            return refuseFormat(fault, Text::tr("%1 is given twice").arg(name));
         given << name;
         if (!parseOption(option, name, format, fault))
             return false;
@@ -148,8 +150,8 @@ bool parseKind(const QString& text, ValueFormat* format, QString* fault)
         return row.kind != ValueKind::Ascii
                || parseWords(text.section(QLatin1Char(':'), 1), &format->words, fault);
     }
-    return fail(fault,
-                Text::tr("unknown format '%1'; the formats are %2").arg(text, formatNames()));
+    return refuseFormat(
+        fault, Text::tr("unknown format '%1'; the formats are %2").arg(text, formatNames()));
 }
 
 bool parseOrder(const QString& text, ValueFormat* format, QString* fault)
@@ -162,8 +164,8 @@ bool parseOrder(const QString& text, ValueFormat* format, QString* fault)
         else if (word == QLatin1String("swapped"))
             format->swapsBytes = true;
         else
-            return fail(fault,
-                        Text::tr("must be low, high, swapped, 'low swapped' or 'high swapped'"));
+            return refuseFormat(
+                fault, Text::tr("must be low, high, swapped, 'low swapped' or 'high swapped'"));
     }
     return true;
 }
@@ -173,8 +175,8 @@ bool parseScale(const QString& text, ValueFormat* format, QString* fault)
     if (!parseNumber(text, &format->scale, fault))
         return false;
     return (!format->scale.isZero() && format->scale.significantDigits() <= MOST_SCALE_DIGITS)
-           || fail(fault,
-                   Text::tr("must not be 0, and have at most %1 digits").arg(MOST_SCALE_DIGITS));
+           || refuseFormat(
+               fault, Text::tr("must not be 0, and have at most %1 digits").arg(MOST_SCALE_DIGITS));
 }
 
 bool parseOffset(const QString& text, ValueFormat* format, QString* fault)
@@ -185,7 +187,7 @@ bool parseOffset(const QString& text, ValueFormat* format, QString* fault)
 bool parseDecimals(const QString& text, ValueFormat* format, QString* fault)
 {
     if (!hasOnlyDigits(text, 10) || text.size() > 2 || text.toInt() > MOST_DECIMALS)
-        return fail(fault, Text::tr("must be 0 to %1").arg(MOST_DECIMALS));
+        return refuseFormat(fault, Text::tr("must be 0 to %1").arg(MOST_DECIMALS));
     format->decimals = text.toInt();
     return true;
 }
@@ -208,9 +210,9 @@ bool parseFormat(const QString& text, ValueFormat* format, QString* fault)
     const QString numbers = text.section(COMMA, 0, 0);
     const QRegularExpressionMatch match = pattern.match(numbers);
     if (text.isEmpty() || !match.hasMatch())
-        return fail(fault, Text::tr("'%1' is not a format; write KIND[*SCALE][+OFFSET]"
-                                    "[,OPTION]..., such as s16*0.1+5 or u32,high")
-                               .arg(text));
+        return refuseFormat(fault, Text::tr("'%1' is not a format; write KIND[*SCALE][+OFFSET]"
+                                            "[,OPTION]..., such as s16*0.1+5 or u32,high")
+                                       .arg(text));
     return (match.captured(1).isEmpty() || parseKind(match.captured(1), format, fault))
            && (match.captured(2).isEmpty()
                || parsePart("scale", parseScale, match.captured(2), format, fault))

@@ -6,22 +6,22 @@ namespace kx
 namespace
 {
 
-const int WORD_BITS = 16;
+const int REGISTER_BITS = 16;
 const int BYTE_BITS = 8;
-const quint64 WORD_MASK = 0xFFFF;
+const quint64 REGISTER_MASK = 0xFFFF;
 const quint64 COUNTER_MASK = 0xFFFFFFFF;
 
 quint64 inOrder(const ValueFormat& format, quint64 word)
 {
-    word &= WORD_MASK;
-    return format.swapsBytes ? (word >> BYTE_BITS | word << BYTE_BITS) & WORD_MASK : word;
+    word &= REGISTER_MASK;
+    return format.swapsBytes ? (word >> BYTE_BITS | word << BYTE_BITS) & REGISTER_MASK : word;
 }
 
 /// How far a word of the value is from its lowest bit.
 int shiftOf(const ValueFormat& format, int index)
 {
     const int words = registersOf(format);
-    return WORD_BITS * (format.order == WordOrder::HighFirst ? words - 1 - index : index);
+    return REGISTER_BITS * (format.order == WordOrder::HighFirst ? words - 1 - index : index);
 }
 
 } // namespace
@@ -32,7 +32,7 @@ int bitsOf(const ValueFormat& format)
         return 1;
     if (format.kind == ValueKind::Plain)
         return 64;
-    return format.isCounter ? 2 * WORD_BITS : WORD_BITS * registersOf(format);
+    return format.isCounter ? 2 * REGISTER_BITS : REGISTER_BITS * registersOf(format);
 }
 
 quint64 numberOfWords(const ValueFormat& format, const QList<qint64>& raw)

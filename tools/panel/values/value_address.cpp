@@ -12,7 +12,7 @@ namespace
 
 const int HIGHEST_BIT = 15;
 
-bool fail(QString* fault, const QString& message)
+bool refuseAddress(QString* fault, const QString& message)
 {
     *fault = message;
     return false;
@@ -22,10 +22,10 @@ bool takeBit(const QString& digits, ValueFormat* format, QString* fault)
 {
     const bool isNumber = hasOnlyDigits(digits, 10) && digits.size() <= 2;
     if (!isNumber || digits.toInt() > HIGHEST_BIT)
-        return fail(fault, Text::tr("'%1' is not a bit of a word; they are 0 to %2")
-                               .arg(digits, QString::number(HIGHEST_BIT)));
+        return refuseAddress(fault, Text::tr("'%1' is not a bit of a word; they are 0 to %2")
+                                        .arg(digits, QString::number(HIGHEST_BIT)));
     if (format->kind != ValueKind::Plain)
-        return fail(fault, Text::tr("one bit of a word has no format"));
+        return refuseAddress(fault, Text::tr("one bit of a word has no format"));
     format->kind = ValueKind::Bit;
     format->bit = digits.toInt();
     return true;
@@ -80,11 +80,11 @@ bool coverValues(AddressRange* range, ValueFormat* format, QString* fault)
     if (!fitFormat(range->type, format, fault))
         return false;
     if (format->bit >= 0 && range->values != 1)
-        return fail(fault, Text::tr("one bit of a word has no count"));
+        return refuseAddress(fault, Text::tr("one bit of a word has no count"));
     const int registers = registersOf(*format);
     const int room = highestAddress(range->type) - range->address + 1;
     if (range->values > room / registers)
-        return fail(fault, pastEndText(*range, registers));
+        return refuseAddress(fault, pastEndText(*range, registers));
     range->values *= registers;
     return liesInOneRun(*range, *format, fault);
 }

@@ -19,7 +19,7 @@ bool isWhole(const ValueFormat& format, const QList<qint64>& raw)
     return !raw.isEmpty() && raw.size() == registersOf(format);
 }
 
-bool fail(QString* fault, const QString& message)
+bool refuseValue(QString* fault, const QString& message)
 {
     *fault = message;
     return false;
@@ -32,7 +32,8 @@ bool parseAscii(const ValueFormat& format, const QString& typed, QList<qint64>* 
         return false;
     const int most = 2 * registersOf(format);
     if (bytes.size() > most)
-        return fail(fault, Text::tr("'%1' does not fit; it has %2 bytes, and the registers "
+        return refuseValue(fault,
+                           Text::tr("'%1' does not fit; it has %2 bytes, and the registers "
                                     "hold %3")
                                .arg(typed, QString::number(bytes.size()), QString::number(most)));
     *raw = wordsOfBytes(format, bytes);
@@ -55,7 +56,7 @@ QString minusZeroText(ValueFormat format, const QList<qint64>& raw)
 }
 
 /// Of one that has a bound.
-QString boundsFault(const ValueFormat& format, const QString& typed)
+QString typedBoundsFault(const ValueFormat& format, const QString& typed)
 {
     if (!format.highest)
         return Text::tr("%1 is refused; it must be at least %2").arg(typed, format.lowest->text());
@@ -75,7 +76,7 @@ bool leavesBounds(const ValueFormat& format, const QList<qint64>& raw, const QSt
     if (isNumber && (!format.lowest || number.compare(*format.lowest) >= 0)
         && (!format.highest || number.compare(*format.highest) <= 0))
         return false;
-    *fault = boundsFault(format, typed);
+    *fault = typedBoundsFault(format, typed);
     return true;
 }
 

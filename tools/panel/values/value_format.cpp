@@ -15,7 +15,7 @@ namespace kx
 namespace
 {
 
-bool fail(QString* fault, const QString& message)
+bool refuseKind(QString* fault, const QString& message)
 {
     *fault = message;
     return false;
@@ -58,10 +58,10 @@ bool hasWordOrder(const ValueFormat& format)
 bool checkOrder(const ValueFormat& format, QString* fault)
 {
     if (format.order != WordOrder::Unset && !hasWordOrder(format))
-        return fail(fault, Text::tr("low and high are for numbers of several registers"));
+        return refuseKind(fault, Text::tr("low and high are for numbers of several registers"));
     if (format.swapsBytes
         && (format.isCounter || isOneOf(format.kind, {ValueKind::Plain, ValueKind::Bit})))
-        return fail(fault, Text::tr("swapped is for words with a format of their own"));
+        return refuseKind(fault, Text::tr("swapped is for words with a format of their own"));
     return true;
 }
 
@@ -80,9 +80,10 @@ bool checkDecimals(const ValueFormat& format, QString* fault)
     int fewest = format.decimals;
     while (!tellsSteps(format, fewest))
         ++fewest;
-    return fail(fault, Text::tr("with decimals %1 values %2 apart look alike; take %3 or more")
-                           .arg(QString::number(format.decimals), format.scale.absolute().text(),
-                                QString::number(fewest)));
+    return refuseKind(fault,
+                      Text::tr("with decimals %1 values %2 apart look alike; take %3 or more")
+                          .arg(QString::number(format.decimals), format.scale.absolute().text(),
+                               QString::number(fewest)));
 }
 
 QString noNumbersText(const ValueFormat& format)
@@ -104,13 +105,13 @@ bool checkNumbers(const ValueFormat& format, QString* fault)
     const bool hasNumbers =
         format.isScaled() || format.decimals >= 0 || format.lowest || format.highest;
     if (hasNumbers && !isNumeric(format))
-        return fail(fault, noNumbersText(format));
+        return refuseKind(fault, noNumbersText(format));
     if (format.scale.isZero() || format.scale.significantDigits() > MOST_SCALE_DIGITS)
-        return fail(
+        return refuseKind(
             fault,
             Text::tr("the scale must not be 0, and have at most %1 digits").arg(MOST_SCALE_DIGITS));
     if (format.lowest && format.highest && format.lowest->compare(*format.highest) > 0)
-        return fail(
+        return refuseKind(
             fault,
             Text::tr("min %1 is above max %2").arg(format.lowest->text(), format.highest->text()));
     return checkDecimals(format, fault);
@@ -162,9 +163,9 @@ int shownDecimals(const ValueFormat& format)
 bool fitFormat(const RegisterType* type, ValueFormat* format, QString* fault)
 {
     if (format->bit >= 0 && format->kind != ValueKind::Bit)
-        return fail(fault, Text::tr("one bit of a word has no format"));
+        return refuseKind(fault, Text::tr("one bit of a word has no format"));
     if (!suits(type, *format))
-        return fail(fault, unsuitableText(type));
+        return refuseKind(fault, unsuitableText(type));
     format->isCounter = type->registerClass == DOUBLE_WORD_CLASS;
     ValueFormat checked = *format;
     if (type->registerClass == BIT_CLASS)
@@ -189,10 +190,10 @@ bool liesInOneRun(const AddressRange& range, const ValueFormat& format, QString*
         value.address = address;
         value.values = registers;
         if (modbusSpans(value).size() > 1)
-            return fail(fault, Text::tr("the value from %1 to %2 lies on both sides of a gap "
-                                        "in the controller's registers")
-                                   .arg(addressText(range.type, address),
-                                        addressText(range.type, address + registers - 1)));
+            return refuseKind(fault, Text::tr("the value from %1 to %2 lies on both sides of a gap "
+                                              "in the controller's registers")
+                                         .arg(addressText(range.type, address),
+                                              addressText(range.type, address + registers - 1)));
     }
     return true;
 }

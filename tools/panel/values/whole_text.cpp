@@ -13,7 +13,7 @@ namespace
 {
 
 const int WORD_DIGITS = 4; // hexadecimal, and of a Bcd
-const int WORD_BITS = 16;
+const int BCD_WORD_BITS = 16;
 const quint64 HIGHEST_BCD = 9999;
 
 struct Limits {
@@ -21,7 +21,7 @@ struct Limits {
     Decimal highest;
 };
 
-bool fail(QString* fault, const QString& message)
+bool refuseWhole(QString* fault, const QString& message)
 {
     *fault = message;
     return false;
@@ -44,7 +44,7 @@ QString hexText(quint64 word)
 bool bcdNumber(quint64 word, quint64* number)
 {
     *number = 0;
-    for (int shift = WORD_BITS - 4; shift >= 0; shift -= 4) {
+    for (int shift = BCD_WORD_BITS - 4; shift >= 0; shift -= 4) {
         const quint64 digit = word >> shift & 0xF;
         if (digit > 9)
             return false;
@@ -56,7 +56,7 @@ bool bcdNumber(quint64 word, quint64* number)
 quint64 bcdWord(quint64 number)
 {
     quint64 word = 0;
-    for (int shift = 0; shift < WORD_BITS; shift += 4, number /= 10)
+    for (int shift = 0; shift < BCD_WORD_BITS; shift += 4, number /= 10)
         word |= number % 10 << shift;
     return word;
 }
@@ -94,15 +94,15 @@ bool parseUnscaled(const QString& typed, Decimal* number, QString* fault)
     const bool isNegative = typed.startsWith(QLatin1Char('-'));
     const QString digits = typed.mid(radix != 10 ? 2 : isNegative ? 1 : 0);
     if (!hasOnlyDigits(digits, radix))
-        return fail(fault, Text::tr("'%1' is not a decimal, 0x hexadecimal or 0b binary "
-                                    "number")
-                               .arg(typed));
+        return refuseWhole(fault, Text::tr("'%1' is not a decimal, 0x hexadecimal or 0b binary "
+                                           "number")
+                                      .arg(typed));
     if (radix == 10)
         return Decimal::parse(typed, number)
-               || fail(fault, Text::tr("%1 does not fit; it is too long").arg(typed));
+               || refuseWhole(fault, Text::tr("%1 does not fit; it is too long").arg(typed));
     bool fits = false;
     *number = Decimal::ofUnsigned(digits.toULongLong(&fits, radix));
-    return fits || fail(fault, Text::tr("%1 does not fit; it is too long").arg(typed));
+    return fits || refuseWhole(fault, Text::tr("%1 does not fit; it is too long").arg(typed));
 }
 
 /// The number before scaling whose scaled one is nearest; of two the one farther from 0.
@@ -131,16 +131,16 @@ bool parseSteps(const ValueFormat& format, const QString& typed, Decimal* number
 {
     Decimal wanted;
     if (!Decimal::parse(typed, &wanted))
-        return fail(fault, Text::tr("'%1' is not a decimal number").arg(typed));
+        return refuseWhole(fault, Text::tr("'%1' is not a decimal number").arg(typed));
     *number = nearestStep(format, wanted);
     // Half of the last digit that is shown may be lost; without a scale nothing.
     const Decimal half =
         format.isScaled() ? Decimal(5).timesPowerOfTen(-shownDecimals(format) - 1) : Decimal();
     const Decimal lost = wanted.minus(scaled(format, *number)).absolute();
     return lost.compare(half) <= 0
-           || fail(fault,
-                   Text::tr("%1 is between two steps of %2; the nearest is %3")
-                       .arg(typed, format.scale.absolute().text(), scaledText(format, *number)));
+           || refuseWhole(
+               fault, Text::tr("%1 is between two steps of %2; the nearest is %3")
+                          .arg(typed, format.scale.absolute().text(), scaledText(format, *number)));
 }
 
 bool checkLimits(const RegisterType* type, const ValueFormat& format, const QString& typed,
@@ -153,11 +153,11 @@ bool checkLimits(const RegisterType* type, const ValueFormat& format, const QStr
     const QString lowest = scaledText(format, turns ? limits.highest : limits.lowest);
     const QString highest = scaledText(format, turns ? limits.lowest : limits.highest);
     // Of a single bit the register's name would tell what all of it takes.
-    return fail(fault, format.bit >= 0
-                           ? Text::tr("%1 does not fit; one bit of a word takes %2 to %3")
-                                 .arg(typed, lowest, highest)
-                           : Text::tr("%1 does not fit; %2 takes %3 to %4")
-                                 .arg(typed, QString::fromLatin1(type->name), lowest, highest));
+    return refuseWhole(
+        fault, format.bit >= 0 ? Text::tr("%1 does not fit; one bit of a word takes %2 to %3")
+                                     .arg(typed, lowest, highest)
+                               : Text::tr("%1 does not fit; %2 takes %3 to %4")
+                                     .arg(typed, QString::fromLatin1(type->name), lowest, highest));
 }
 
 quint64 bitsOfNumber(const ValueFormat& format, const Decimal& number)
@@ -187,7 +187,8 @@ QString wholeText(const ValueFormat& format, quint64 bits)
     if (format.kind == ValueKind::Hex)
         return hexText(bits);
     if (format.kind == ValueKind::Bin)
-        return QLatin1String("0b") + QStringLiteral("%1").arg(bits, WORD_BITS, 2, QLatin1Char('0'));
+        return QLatin1String("0b")
+               + QStringLiteral("%1").arg(bits, BCD_WORD_BITS, 2, QLatin1Char('0'));
     const bool isPlain = !format.isScaled() && format.decimals < 0;
     if (isPlain && format.kind != ValueKind::Bcd)
         return isSigned(format) ? QString::number(withSign(bits, bitsOf(format)))

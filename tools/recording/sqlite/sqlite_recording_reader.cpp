@@ -18,7 +18,7 @@ namespace
 const char* const NO_RECORDING =
     QT_TRANSLATE_NOOP("kx", "is no recording; kxhost record makes them");
 const qint64 LAST_TIME = 253402300799999; // 9999-12-31T23:59:59.999Z
-const int LAST_STATION = 247;
+const int HIGHEST_STATION = 247;
 
 /// Another program may keep anything in any column.
 bool isOf(const QVariant& value, QMetaType::Type type)
@@ -136,7 +136,7 @@ bool SqliteRecordingReader::takeTag(const QSqlQuery& query)
     const bool isNumbered = takeNumber(query.value(0), 1, LLONG_MAX, &id);
     m_indexes.insert(id, static_cast<int>(m_tags.size()) - 1);
     return isNumbered && !tag.address.isEmpty()
-           && takeNumber(query.value(2), 1, LAST_STATION, &station);
+           && takeNumber(query.value(2), 1, HIGHEST_STATION, &station);
 }
 
 bool SqliteRecordingReader::start(Rows* rows, const char* table, const char* statement,

@@ -17,7 +17,7 @@ namespace
 {
 
 const qint64 SHOWN_AS_CHANGED = 1000; // milliseconds
-const QChar ELLIPSIS(0x2026);
+const QChar CUT_MARK(0x2026);
 const int SHORTEST_NAME = 4; // cells, those of its heading
 
 enum Column : size_t { STATION, TYPE, ADDRESS, NAME, MODBUS, VALUE, HEX, AGE, STATE, COLUMN_COUNT };
@@ -80,7 +80,7 @@ void fitValues(const QVector<WatchEntry>& entries, int longestName, int terminal
         const bool isText = entries.at(static_cast<int>(i)).valueFormat().kind == ValueKind::Ascii;
         QString& value = (*rows)[i][VALUE];
         if (cellsOf(value) > (isText ? ofText : ofNumber))
-            value = isText ? fittedCells(value, ofText) : QString(ELLIPSIS);
+            value = isText ? fittedCells(value, ofText) : QString(CUT_MARK);
     }
 }
 
