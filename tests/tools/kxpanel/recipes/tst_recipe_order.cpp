@@ -18,6 +18,8 @@ private slots:
     void showsDifferencesOnly();
     void sortsAddressesByNumber();
     void sortsByName();
+    void sortsValuesByNumber();
+    void sortsWhatTheControllerHas();
 
 private:
     QStringList names() const;
@@ -79,6 +81,29 @@ void RecipeOrderTest::sortsByName()
 {
     m_order->sort(RecipeModel::Name, Qt::DescendingOrder);
     QCOMPARE(names(), (QStringList{"Other", "Late", "Early", "Coil"}));
+}
+
+void RecipeOrderTest::sortsValuesByNumber()
+{
+    m_model->setRows(recipeRows("name,address,format,scale,value\n"
+                                "Ten,D1,,,10\nText,D2,ascii:2,,AB12\nNine,D4,,,9\nNone,D5,,,\n"
+                                "Tenths,D6,s16,0.1,9.5\nHex,D7,hex,,0x000B\nBelow,D8,s16,,-3\n"
+                                "Other text,D9,ascii:2,,AA13\n"));
+    m_order->sort(RecipeModel::InFile);
+    QCOMPARE(names(),
+             (QStringList{"Below", "Nine", "Tenths", "Ten", "Hex", "Other text", "Text", "None"}));
+    m_order->sort(RecipeModel::InFile, Qt::DescendingOrder);
+    QCOMPARE(names(), (QStringList{"Text", "Other text", "Hex", "Ten", "Tenths", "Nine", "Below",
+                                   "None"})); // what is not there is the last in both
+}
+
+void RecipeOrderTest::sortsWhatTheControllerHas()
+{
+    m_model->setValues({{100}, {20}, {1}, {3}});
+    m_order->sort(RecipeModel::InController);
+    QCOMPARE(names(), (QStringList{"Coil", "Other", "Early", "Late"}));
+    m_order->sort(RecipeModel::InController, Qt::DescendingOrder);
+    QCOMPARE(names(), (QStringList{"Late", "Early", "Other", "Coil"}));
 }
 
 QTEST_MAIN(RecipeOrderTest)
