@@ -12,6 +12,7 @@
 #include "kxpanel/tags/tag_list.h"
 #include "panel/recipe/recipe_storage.h"
 
+#include <QtCore/QEvent>
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QHeaderView>
@@ -152,13 +153,27 @@ void RecipesPage::save(const QString& path)
 
 void RecipesPage::complain(const QString& fault)
 {
-    QPalette colours = palette();
-    colours.setColor(QPalette::WindowText, verdictColour(ExchangeVerdict::Failed, colours));
-    m_fault->setPalette(colours);
+    showFaultColour();
     m_fault->say(fault.isEmpty()
                      ? QString()
                      : verdictSymbol(ExchangeVerdict::Failed) + QLatin1Char(' ') + fault);
     m_fault->setVisible(!fault.isEmpty());
+    if (!fault.isEmpty())
+        emit said(QString()); // what went well before
+}
+
+void RecipesPage::showFaultColour()
+{
+    QPalette colours = m_fault->palette();
+    colours.setColor(QPalette::WindowText, verdictColour(ExchangeVerdict::Failed, palette()));
+    m_fault->setPalette(colours);
+}
+
+void RecipesPage::changeEvent(QEvent* event)
+{
+    Page::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showFaultColour();
 }
 
 void RecipesPage::refresh()

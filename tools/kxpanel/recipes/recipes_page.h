@@ -73,6 +73,8 @@ private:
     QString countsText() const;
     /// @param fault one line; empty takes it away
     void complain(const QString& fault);
+    void showFaultColour();
+    void changeEvent(QEvent* event) override;
     void close();
     void refresh();
 

@@ -2,6 +2,7 @@
 
 #include "kxpanel/machine/machine_thread.h"
 #include "kxpanel/tags/tag_list.h"
+#include "kxpanel/window/theme.h"
 #include "tools/kxpanel/machine_fixture.h"
 #include "tools/kxpanel/recipes/recipe_samples.h"
 #include "tools/kxsim/kxsim_process.h"
@@ -37,6 +38,8 @@ private slots:
     void aBadFileLeavesTheOpenOne();
     void rowsMayNameTags();
     void withoutALineItSaysSo();
+    void aFaultTakesTheStatusBarsWordsAway();
+    void aFaultsColourFollowsTheTheme();
     void abortsByKey();
     void tellsThatTheControllerHasOtherValues();
     void tellsThatWhatWasReadIsNotSaved();
@@ -259,6 +262,28 @@ void RecipesPageTest::withoutALineItSaysSo()
     m_page->open(store(RECIPE));
     press(Qt::Key_R);
     QTRY_COMPARE(fault(), QString::fromUtf8("✗ Nothing was read: the line is not open"));
+}
+
+// "Read from ..." below "Download stopped" would be read as its outcome.
+void RecipesPageTest::aFaultTakesTheStatusBarsWordsAway()
+{
+    m_page->open(store(RECIPE));
+    QSignalSpy said(m_page.get(), &Page::said);
+    press(Qt::Key_R);
+    QTRY_VERIFY(!fault().isEmpty());
+    QCOMPARE(said.count(), 1);
+    QCOMPARE(said.at(0).at(0).toString(), QString());
+}
+
+void RecipesPageTest::aFaultsColourFollowsTheTheme()
+{
+    m_page->open(m_folder.filePath("none.csv"));
+    const auto* const label = m_page->findChild<QLabel*>("fault");
+    m_page->setPalette(darkPalette());
+    QCOMPARE(label->palette().color(QPalette::WindowText), QColor(0xff8a80));
+    m_page->setPalette(lightPalette());
+    QCOMPARE(label->palette().color(QPalette::WindowText), QColor(0xb71c1c));
+    QVERIFY2(fault().contains("none.csv"), qPrintable(fault()));
 }
 
 void RecipesPageTest::abortsByKey()
