@@ -5,6 +5,7 @@
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/project/connection_json.h"
 #include "kxpanel/project/project.h"
+#include "kxpanel/shell/file_drop.h"
 #include "kxpanel/shell/message_bar.h"
 #include "kxpanel/shell/project_keeper.h"
 #include "kxpanel/shell/status_line.h"
@@ -94,6 +95,7 @@ void MainWindow::connectProject()
     connect(m_project, &ProjectKeeper::failed, m_messages, &MessageBar::say);
     connect(m_project, &ProjectKeeper::said, m_status, &StatusLine::say);
     connect(m_project, &ProjectKeeper::tagsChosen, this, &MainWindow::addTags);
+    connect(new FileDrop(this), &FileDrop::dropped, m_project, &ProjectKeeper::openRecent);
 }
 
 void MainWindow::begin(const WindowOptions& options)

@@ -14,9 +14,11 @@
 #include "tools/kxsim/kxsim_process.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QMimeData>
 #include <QtCore/QSet>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QDropEvent>
 #include <QtGui/QScreen>
 #include <QtTest/QTest>
 #include <QtWidgets/QFileDialog>
@@ -45,6 +47,7 @@ private slots:
     void aLostLineComesBack();
     void aProjectIsSavedAndOpened();
     void theDemonstrationIsWhole();
+    void aFileDroppedOnThePagesIsOpened();
     void aBrokenProjectIsSaidInside();
     void closingWithChangesAsks();
     void closingWhileAWriteIsUnderWayAsks();
@@ -225,6 +228,29 @@ void MainWindowTest::theDemonstrationIsWhole()
     };
     QTRY_VERIFY_WITH_TIMEOUT(allAnswered(), 20000);
     QCOMPARE(m_window->connectionBar()->status().fault, QString());
+}
+
+// Whatever the pages take by themselves.
+void MainWindowTest::aFileDroppedOnThePagesIsOpened()
+{
+    const QString path = projectOn("/dev/ttyUSB9", "dropped.kxpanel");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    for (Page* const page : m_window->pages()) {
+        m_window->showPage(page);
+        m_window->project()->beginNew();
+        const QPoint place = page->mapTo(m_window.get(), page->rect().center());
+        QWidget* const under = m_window->childAt(place);
+        QVERIFY(under);
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(under->rect().center(), actions, &data, Qt::LeftButton,
+                              Qt::NoModifier);
+        QCoreApplication::sendEvent(under, &enter);
+        QVERIFY2(enter.isAccepted(), qPrintable(page->key()));
+        QDropEvent drop(under->rect().center(), actions, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(under, &drop);
+        QTRY_COMPARE(m_window->project()->path(), path);
+    }
 }
 
 void MainWindowTest::aBrokenProjectIsSaidInside()
