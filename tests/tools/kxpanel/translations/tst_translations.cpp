@@ -6,6 +6,7 @@
 #include "panel/values/value_address.h"
 #include "recording/recorded.h"
 
+#include <QtCore/QDirIterator>
 #include <QtCore/QFile>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
@@ -97,6 +98,41 @@ QList<Message> updated(const QString& language, const QStringList& options)
                                                                  : QList<Message>();
 }
 
+/// Words in a text of the sources that is neither marked nor translated where it stands.
+QStringList unmarkedTexts(const QString& path)
+{
+    static const QRegularExpression plain(
+        "(?:QStringLiteral|QLatin1String|fromLatin1|fromUtf8)\\(\\s*\"((?:[^\"\\\\]|\\\\.)*)\"");
+    static const QRegularExpression words("[a-z]{2,} [a-z]{2,}");
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {path};
+    QStringList texts;
+    for (auto found = plain.globalMatch(QString::fromUtf8(file.readAll())); found.hasNext();) {
+        const QString text = found.next().captured(1);
+        if (words.match(text).hasMatch())
+            texts << text;
+    }
+    return texts;
+}
+
+/// Which kxhost alone shows, or a program reads.
+bool isOfCommandLine(const QString& path, const QString& text)
+{
+    for (const char* const folder : {"panel/dump/", "panel/sequence/"}) {
+        if (path.startsWith(folder))
+            return true;
+    }
+    const QStringList known = {
+        "exchange/lines/port_driver.cpp: the port took %1 baud instead of %2",
+        "exchange/lines/serial_line.cpp: low latency",
+        "panel/text/summary_text.cpp: ; %1 not whole, so not sent",
+        "panel/text/summary_text.cpp: %1 s, %2 bytes sent, %3 received, ",
+        "system/repeated_option.cpp: %1 is given twice, as %2 and as %3",
+    };
+    return known.contains(path + ": " + text);
+}
+
 /// Why an address is refused.
 QString faultOf(const QString& address)
 {
@@ -129,6 +165,7 @@ private slots:
     void noNumberStandsBeforeAPlural();
     void everyTextOfTheSourcesIsThere_data();
     void everyTextOfTheSourcesIsThere();
+    void reasonsOfTheRuntimeLibraryAreMarked();
     void everyTranslationIsLoaded();
     void counts_data();
     void counts();
@@ -208,6 +245,27 @@ void TranslationsTest::everyTextOfTheSourcesIsThere()
     }
     QVERIFY2(missing.isEmpty(), qPrintable(missing.join('\n')));
     QCOMPARE(messages.size(), messagesOf(texts(language)).size()); // and nothing that has gone
+}
+
+// A window that speaks German would give its reasons in English.
+void TranslationsTest::reasonsOfTheRuntimeLibraryAreMarked()
+{
+    int files = 0;
+    QStringList unmarked;
+    for (const char* const folder : {"addresses", "exchange", "panel", "recording", "system"}) {
+        QDirIterator sources(QString(KX_TOOLS "/") + folder, {"*.cpp", "*.h"}, QDir::Files,
+                             QDirIterator::Subdirectories);
+        while (sources.hasNext()) {
+            const QString path = QDir(KX_TOOLS).relativeFilePath(sources.next());
+            ++files;
+            for (const QString& text : unmarkedTexts(sources.filePath())) {
+                if (!isOfCommandLine(path, text))
+                    unmarked << path + ": " + text;
+            }
+        }
+    }
+    QVERIFY(files > 200);
+    QVERIFY2(unmarked.isEmpty(), qPrintable(unmarked.join('\n')));
 }
 
 void TranslationsTest::everyTranslationIsLoaded()
