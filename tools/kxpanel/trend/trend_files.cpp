@@ -89,8 +89,10 @@ QString TrendFiles::remarkOn(int shown) const
 void TrendFiles::savePicture(const QString& path)
 {
     QString error;
-    const bool isSaved =
-        saveTrendPicture(path, m_parts.plot, *m_parts.legend, cursorText(*m_parts.view), &error);
+    const TrendView& view = *m_parts.view;
+    const bool hasCursor = view.cursor(0) || view.cursor(1);
+    const QString caption = hasCursor ? cursorText(view) : QString(); // not how to set one
+    const bool isSaved = saveTrendPicture(path, m_parts.plot, *m_parts.legend, caption, &error);
     emit said(isSaved ? tr("%1 is saved").arg(path) : error);
 }
 

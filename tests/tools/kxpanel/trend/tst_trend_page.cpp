@@ -135,6 +135,13 @@ struct Window {
     qint64 to() const { return plot->timeAt(plot->canvas()->width()); }
 };
 
+QByteArray svgOf(Window& window, const QString& path)
+{
+    window.page.files()->savePicture(path);
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 } // namespace
 
 class TrendPageTest : public QObject
@@ -174,6 +181,8 @@ private slots:
     void whatWasReadMovesWithTheClock();
     void whatWasMissedIsNotDrawn();
     void picturesAreSaved();
+    void lettersOfAnSvgAreThoseOfThePlot();
+    void lowLanesHaveNoLabels();
     void theLegendShowsFiveValues();
     void aRecordingIsOpened();
     void aRecordingCountsUntilItsEnd();
@@ -791,6 +800,46 @@ void TrendPageTest::picturesAreSaved()
     window.page.files()->savePicture(folder.filePath("plot.bmp"));
     QCOMPARE(window.said.last().at(0).toString(),
              folder.filePath("plot.bmp") + ": its name must end with .png or .svg");
+}
+
+void TrendPageTest::lettersOfAnSvgAreThoseOfThePlot()
+{
+    QTemporaryDir folder;
+    Window window;
+    window.drop(window.numbers);
+    window.read();
+    window.waitUntilDrawn();
+    const QByteArray text = svgOf(window, folder.filePath("plot.svg"));
+    QVERIFY(!text.contains("Keys 1 and 2")); // a picture has none
+    const QRegularExpressionMatch head =
+        QRegularExpression("<svg width=\"([0-9.]+)mm\"").match(QString::fromUtf8(text));
+    QVERIFY(head.hasMatch());
+    // As wide on paper as on the screen
+    const double pixels = head.captured(1).toDouble() / 25.4 * window.plot->logicalDpiX();
+    QVERIFY2(qAbs(pixels - window.plot->width()) < 1, qPrintable(head.captured(0)));
+    // Of the bit's name, in its lane and in the legend
+    const QString font = QStringLiteral("font-family=\"%1\"").arg(window.plot->font().family());
+    int named = 0;
+    for (const QString& piece : QString::fromUtf8(text).split("<text ").mid(1)) {
+        if (!piece.section("</text", 0, 0).endsWith(">Pump"))
+            continue;
+        ++named;
+        QVERIFY2(piece.contains(font), qPrintable(piece));
+    }
+    QCOMPARE(named, 2);
+}
+
+void TrendPageTest::lowLanesHaveNoLabels()
+{
+    QTemporaryDir folder;
+    Window window;
+    QList<kx::Tag> tags;
+    for (int tag = 0; tag < 60; ++tag)
+        tags << tagOf("", qPrintable(QStringLiteral("M%1@1").arg(100 + tag)));
+    window.drop(window.tags.insert(3, tags));
+    window.waitUntilDrawn();
+    const QByteArray text = svgOf(window, folder.filePath("plot.svg"));
+    QCOMPARE(text.count("M105"), 1); // in the legend
 }
 
 void TrendPageTest::theLegendShowsFiveValues()

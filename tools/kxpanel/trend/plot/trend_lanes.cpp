@@ -12,6 +12,7 @@ namespace
 {
 
 const double MOST_SHARE = 0.7;
+const double SMALLEST_LETTERS = 0.6; // of the plot's font
 
 bool isInLane(const TrendChannel& channel)
 {
@@ -51,6 +52,12 @@ QString labelOf(const TrendChannel& channel, const TrendView& view)
     return QStringLiteral("%1  %2 … %3 %4")
         .arg(channel.name, numberText(span.lowest.value), numberText(span.highest.value),
              channel.unit);
+}
+
+/// How much of the height of the plot's letters a lane has.
+double shareOfLetters(const QRectF& lane, const QwtPlot& plot)
+{
+    return lane.height() / plot.fontMetrics().height();
 }
 
 } // namespace
@@ -93,9 +100,10 @@ void TrendLanes::drawLane(QPainter* painter, const QwtScaleMap& xMap, const QRec
 {
     const QPalette palette = plot()->canvas()->palette();
     const QColor& ground = palette.color(QPalette::Base);
-    painter->setPen(palette.color(QPalette::Mid));
-    painter->drawLine(lane.topLeft(), lane.topRight());
-
+    if (shareOfLetters(lane, *plot()) >= SMALLEST_LETTERS) { // else there would be little else
+        painter->setPen(palette.color(QPalette::Mid));
+        painter->drawLine(lane.topLeft(), lane.topRight());
+    }
     const TrendView::Range range = rangeOf(channel, *m_view);
     const double gap = lane.height() * 0.15;
     const double scale = (lane.height() - 2 * gap) / (range.high - range.low);
@@ -108,13 +116,27 @@ void TrendLanes::drawLane(QPainter* painter, const QwtScaleMap& xMap, const QRec
     });
     painter->restore();
 
+    drawLabel(painter, lane.adjusted(gap, 0, 0, 0), channel);
+}
+
+/// In small letters where lanes are low; where they could not be read, the legend alone tells which
+/// line it is.
+void TrendLanes::drawLabel(QPainter* painter, const QRectF& lane, const TrendChannel& channel) const
+{
+    QFont font = plot()->font();
+    const double share = shareOfLetters(lane, *plot());
+    if (share < SMALLEST_LETTERS)
+        return;
+    if (share < 1)
+        font.setPixelSize(static_cast<int>(plot()->fontInfo().pixelSize() * share));
+    painter->setFont(font);
     const QString label = labelOf(channel, *m_view);
-    QRectF box = painter->boundingRect(lane.adjusted(gap, 0, 0, 0),
-                                       int(Qt::AlignLeft) | int(Qt::AlignVCenter), label);
-    QColor veil = ground;
+    const QRectF box =
+        painter->boundingRect(lane, int(Qt::AlignLeft) | int(Qt::AlignVCenter), label);
+    QColor veil = plot()->canvas()->palette().color(QPalette::Base);
+    painter->setPen(trendColour(channel.look, veil));
     veil.setAlpha(200);
     painter->fillRect(box, veil);
-    painter->setPen(trendColour(channel.look, ground));
     painter->drawText(box, Qt::AlignCenter, label);
 }
 

@@ -29,6 +29,8 @@ private:
     void drawLane(QPainter* painter, const QwtScaleMap& xMap, const QRectF& lane,
                   const TrendChannel& channel) const;
 
+    void drawLabel(QPainter* painter, const QRectF& lane, const TrendChannel& channel) const;
+
     const TrendChannels* m_channels;
     const TrendView* m_view;
     double m_share = 0;

@@ -89,6 +89,7 @@ QByteArray asSvg(const Picture& picture)
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
     generator.setSize(picture.size());
+    generator.setResolution(picture.plot->logicalDpiX()); // else letters would be smaller
     generator.setViewBox(QRect(QPoint(), picture.size()));
     generator.setTitle(picture.plot->accessibleName());
     QPainter painter(&generator);

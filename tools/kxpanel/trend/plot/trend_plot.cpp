@@ -165,6 +165,8 @@ void TrendPlot::placeValues(TrendSide side, double laneShare)
     setAxisScaleDiv(axis, scale);
     QwtText title(unitsOn(m_channels->list(), trendAxis).join(QLatin1String(", ")));
     title.setFont(font());
+    if (laneShare > 0) // at the head of the scale, which ends above them
+        title.setRenderFlags(side == TrendSide::Left ? Qt::AlignRight : Qt::AlignLeft);
     setAxisTitle(axis, title);
 }
 
