@@ -21,7 +21,7 @@ TrendSpanBox::TrendSpanBox(TrendView* view, QWidget* parent) : QComboBox(parent)
         addItem(spanText(span), span);
     setToolTip(tr("Time that the window shows"));
     setAccessibleName(toolTip());
-    setMinimumContentsLength(6);
+    setMinimumContentsLength(12);
     connect(this, qOverload<int>(&QComboBox::activated), this,
             [this](int row) { m_view->setSpan(itemData(row).toLongLong()); });
     connect(m_view, &TrendView::changed, this, &TrendSpanBox::showSpan);

@@ -89,6 +89,8 @@ private slots:
     void allMovesWithTheClock();
     void isExactWhileEachSampleIsKept();
     void losesNoExtremeWithAge();
+    void columnsAtAnyRateHoldWhatWasRead_data();
+    void columnsAtAnyRateHoldWhatWasRead();
     void oneSpikeIsSeenAtEachZoom();
     void samplesOfOldTimesAreSomeThatWereRead();
     void memoryIsFlatOverAnHourOfAThousandValues();
@@ -245,6 +247,57 @@ void TrendStoreTest::losesNoExtremeWithAge()
         QVERIFY(lowOf(answered) >= lowOf(wider));
         QVERIFY(highOf(answered) <= highOf(wider));
         QVERIFY(answered.hasGap() || !exact.hasGap());
+    }
+}
+
+void TrendStoreTest::columnsAtAnyRateHoldWhatWasRead_data()
+{
+    QTest::addColumn<int>("period");
+    QTest::addColumn<int>("setBack");
+
+    QTest::newRow("200 a second") << 5 << 0;
+    QTest::newRow("20 a second") << 50 << 0;
+    QTest::newRow("one in ten seconds") << 10000 << 0;
+    QTest::newRow("20 a second, the clock set back at times") << 50 << 400;
+}
+
+/// Values that stay or change, gaps of one read or many; each column in turn, at all zooms.
+void TrendStoreTest::columnsAtAnyRateHoldWhatWasRead()
+{
+    QFETCH(int, period);
+    QFETCH(int, setBack);
+    std::mt19937 random(20);
+    TrendStore store(128);
+    PlainModel model;
+    qint64 time = 1795428000000;
+    qint64 latest = time;
+    const qint64 begin = time;
+    double value = 0;
+    for (int step = 0; step < 6000; ++step) {
+        time += 1 + below(&random, 2 * period);
+        if (setBack > 0 && below(&random, 100) == 0)
+            time -= setBack;
+        latest = std::max(latest, time);
+        if (below(&random, 3) > 0)
+            value = below(&random, 50) == 0 ? NO_ANSWER : double(below(&random, 1000));
+        store.append(time, value);
+        model.append(latest, value);
+    }
+    for (int question = 0; question < 24; ++question) {
+        const qint64 step = 1 + below(&random, question % 2 == 0 ? period : 200 * period);
+        const qint64 from = begin - 10 * period + below(&random, latest - begin);
+        const QVector<TrendSpan> columns = store.columns(from, step, 60, latest);
+        for (int index = 0; index < columns.size(); ++index) {
+            const TrendSpan& column = columns.at(index);
+            const qint64 columnBegin = from + index * step;
+            const TrendSpan exact =
+                columnBegin > latest ? TrendSpan() : model.between(columnBegin, columnBegin + step);
+            if (columnBegin > store.exactSince())
+                QCOMPARE(textOf(column), textOf(exact));
+            QVERIFY(lowOf(column) <= lowOf(exact));
+            QVERIFY(highOf(column) >= highOf(exact));
+            QVERIFY(column.hasGap() || !exact.hasGap());
+        }
     }
 }
 
