@@ -43,6 +43,7 @@ void MachineJobs::onFinished(int ticket)
     kx::Job* const job = found->second.release(); // this is one of its own signals
     m_running.erase(found);
     emit ended(ticket, m_failure.isNone() ? job->failure() : m_failure);
+    job->setParent(this); // at the thread's end no event comes by any more that would delete it
     job->deleteLater();
 }
 

@@ -1,8 +1,11 @@
 #include "kxpanel/machine/machine_thread.h"
 
+#include "panel/jobs/scan_job.h"
 #include "tools/kxpanel/machine_fixture.h"
 
 #include <QtTest/QTest>
+
+#include <atomic>
 
 using namespace kxpanel;
 
@@ -14,6 +17,7 @@ private slots:
     void itTellsThisThread();
     void whatWaitsForAThreadThatStandsStillIsBounded();
     void itsEndClosesTheLine();
+    void itsEndDeletesTheJobsThatRun();
 };
 
 namespace
@@ -78,6 +82,26 @@ void MachineThreadTest::itsEndClosesTheLine()
     thread.reset();
     QCoreApplication::sendPostedEvents();
     QCOMPARE(log.states.last(), QString("closed"));
+}
+
+// No event loop of that thread comes by any more.
+void MachineThreadTest::itsEndDeletesTheJobsThatRun()
+{
+    auto thread = std::make_unique<MachineThread>();
+    const MachineLog log(thread->machine());
+    thread->machine()->openLine(simulated());
+    QTRY_COMPARE(log.states.value(1), QString("open"));
+    QPointer<kx::Job> job; // the other thread's until that has ended
+    std::atomic<bool> isMade{false};
+    thread->machine()->startJob(Machine::newTicket(), [&job, &isMade](kx::Session* session) {
+        auto made = std::make_unique<kx::ScanJob>(session, QList<int>{9}); // who does not answer
+        job = made.get();
+        isMade = true;
+        return made;
+    });
+    QTRY_VERIFY(isMade);
+    thread.reset();
+    QVERIFY(job.isNull());
 }
 
 QTEST_MAIN(MachineThreadTest)
