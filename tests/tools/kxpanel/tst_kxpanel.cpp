@@ -23,6 +23,17 @@ bool hasOpen(const QProcess& program, const QString& path)
     return false;
 }
 
+/// Without what Qt says that it could not draw while the display went away.
+QByteArray withoutDrawing(const QByteArray& errors)
+{
+    QByteArray left;
+    for (const QByteArray& line : errors.split('\n')) {
+        if (!line.isEmpty() && !line.startsWith("qt.qpa.xcb: "))
+            left += line + '\n';
+    }
+    return left;
+}
+
 } // namespace
 
 class KxpanelTest : public QObject
@@ -68,7 +79,7 @@ void KxpanelTest::withoutADisplay_data()
 {
     QTest::addColumn<QString>("display");
     QTest::newRow("none is named") << "";
-    QTest::newRow("nobody listens there") << ":77";
+    QTest::newRow("nobody listens there") << ":59077"; // small numbers may be of real ones
 }
 
 void KxpanelTest::withoutADisplay()
@@ -173,7 +184,7 @@ void KxpanelTest::itEndsWithItsDisplay()
     screen.kill();
     QVERIFY(panel.waitForFinished());
     QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(panel.readAllStandardError(),
+    QCOMPARE(withoutDrawing(panel.readAllStandardError()),
              QByteArray("kxpanel: the display has gone away; the window is closed, and what was "
                         "not saved is lost\n"));
     QCOMPARE(panel.exitCode(), 3);
