@@ -10,6 +10,7 @@
 #include "kxpanel/tags/tag_text.h"
 
 #include <QtCore/QLocale>
+#include <QtCore/QMimeData>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QApplication>
 
@@ -22,13 +23,13 @@ void WatchPage::copySelected()
     for (const int number : m_table->selectedNumbers())
         tags << m_context.tags->find(number)->tag;
     if (!tags.isEmpty())
-        QApplication::clipboard()->setText(tagsText(tags));
+        QApplication::clipboard()->setMimeData(tagsData(tags));
 }
 
 void WatchPage::copyShown()
 {
     if (!m_table->selectedNumbers().isEmpty())
-        QApplication::clipboard()->setText(m_table->selectedText());
+        QApplication::clipboard()->setMimeData(m_table->selectedData());
 }
 
 void WatchPage::cutSelected()
@@ -43,7 +44,7 @@ void WatchPage::paste()
     const QString text = QApplication::clipboard()->text();
     QList<kx::Tag> tags;
     QString fault;
-    if (parseTagsText(text, m_addLine->station(), &tags, &fault))
+    if (parseTagsText(text, m_addLine->station(), &tags, &fault, QLocale()))
         addTags(tags, qMin(m_table->currentModelRow() + 1, m_model->rowCount()));
     else if (!pasteValues(text))
         say(tr("Nothing pasted: %1").arg(fault), true);
@@ -73,6 +74,9 @@ bool WatchPage::askToPaste(const QString& text, QString* fault)
     for (const int number : rowsForValues(count)) {
         const WatchedValue& value = *m_context.tags->find(number);
         const QString& cell = texts.at(count == 1 ? 0 : static_cast<int>(values.size()));
+        *fault = thousandsFault(value.tag, cell, QLocale());
+        if (!fault->isEmpty())
+            return false;
         values << qMakePair(value, typedValue(value.tag, cell, QLocale()));
     }
     *fault = tr("%n values for other rows: select as many, or the first of them", nullptr, count);

@@ -3,9 +3,9 @@
 #include "kxpanel/grid/drag_picture.h"
 #include "kxpanel/grid/model/watch_filter.h"
 #include "kxpanel/grid/model/watch_model.h"
-#include "kxpanel/tags/cell_table.h"
 
 #include <QAction> // in another module since Qt 6
+#include <QtCore/QMimeData>
 #include <QtGui/QDrag>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QHeaderView>
@@ -112,23 +112,31 @@ int WatchTable::currentModelRow() const
     return index.isValid() ? index.row() : m_model->rowCount();
 }
 
-QString WatchTable::selectedText() const
+/// In the order of the columns. @param row -1: of the headings
+QList<Cell> WatchTable::cellsOfRow(int row) const
 {
-    const auto rowText = [this](const std::function<QString(int)>& textOf) {
-        QStringList cells;
-        for (int place = 0; place < WatchModel::ColumnCount; ++place) {
-            const int column = horizontalHeader()->logicalIndex(place);
-            if (!isColumnHidden(column))
-                cells << textOf(column);
-        }
-        return cellsText(cells);
-    };
-    QString text = rowText(
-        [this](int column) { return m_model->headerData(column, Qt::Horizontal).toString(); });
+    QList<Cell> cells;
+    for (int place = 0; place < WatchModel::ColumnCount; ++place) {
+        const int column = horizontalHeader()->logicalIndex(place);
+        if (isColumnHidden(column))
+            continue;
+        const QModelIndex index = m_filter->index(row, column);
+        const bool isNumber =
+            column == WatchModel::Station
+            || (column == WatchModel::Value && !index.data(WatchModel::TextRole).toBool());
+        const QString text = row < 0 ? m_model->headerData(column, Qt::Horizontal).toString()
+                                     : index.data().toString();
+        cells << Cell{text, isNumber};
+    }
+    return cells;
+}
+
+QMimeData* WatchTable::selectedData() const
+{
+    QList<QList<Cell>> rows = {cellsOfRow(-1)};
     for (const int row : selectedRows())
-        text += rowText(
-            [this, row](int column) { return m_filter->index(row, column).data().toString(); });
-    return text;
+        rows << cellsOfRow(row);
+    return cellsData(rows);
 }
 
 void WatchTable::refreshVisible()

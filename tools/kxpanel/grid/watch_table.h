@@ -1,6 +1,8 @@
 #ifndef KX_KXPANEL_GRID_WATCH_TABLE_H
 #define KX_KXPANEL_GRID_WATCH_TABLE_H
 
+#include "kxpanel/tags/cell_markup.h"
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
 #include <QtWidgets/QTableView>
@@ -30,8 +32,8 @@ public:
     QModelIndex cellOf(int number) const;
     /// Row of the model of the current cell; past the last one when there is none.
     int currentModelRow() const;
-    /// What is shown of the selected rows, as text for a spreadsheet.
-    QString selectedText() const;
+    /// What is shown of the selected rows, for a spreadsheet, as text and as HTML. The caller's.
+    QMimeData* selectedData() const;
 
     /// Paints the rows that are seen anew.
     void refreshVisible();
@@ -58,6 +60,7 @@ private:
     void takeColumn(int column, const QJsonObject& shape);
     QList<int> selectedRows() const;
     QModelIndexList cellsOf(const QList<int>& numbers) const;
+    QList<Cell> cellsOfRow(int row) const;
     void keepSelection();
     void restoreSelection();
 

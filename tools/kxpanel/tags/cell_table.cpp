@@ -133,8 +133,10 @@ bool parseCells(const QString& text, QList<QStringList>* rows, QString* fault)
 
 QString inOneLine(QString text)
 {
-    for (const QChar& character : {QChar(NEWLINE), QChar(RETURN), QChar(QChar::Null)})
-        text.replace(character, QLatin1Char(' '));
+    for (QChar& character : text) {
+        if (character.category() == QChar::Other_Control && character != TAB)
+            character = QLatin1Char(' ');
+    }
     return text;
 }
 

@@ -17,7 +17,8 @@ QString cellsText(const QStringList& cells);
 /// @return false and one line in `*fault` that names the row
 bool parseCells(const QString& text, QList<QStringList>* rows, QString* fault);
 
-/// The text in one line: line breaks become blanks.
+/// The text in one line: line breaks and all other characters of control but tabs become blanks.
+/// Spreadsheets copy such ones in place of a tab.
 QString inOneLine(QString text);
 
 } // namespace kxpanel

@@ -1,5 +1,6 @@
 #include "kxpanel/tags/tag_rows.h"
 
+#include "kxpanel/tags/cell_table.h"
 #include "kxpanel/tags/tag_text.h"
 
 #include <QtCore/QCoreApplication>
@@ -54,6 +55,11 @@ QString ambiguity(const Row& row)
         .arg(row.cells.at(row.places.at(0)).trimmed(), row.cells.at(row.places.at(1)).trimmed());
 }
 
+QString textOf(const QStringList& cells)
+{
+    return inOneLine(cells.join(QLatin1Char(' '))).simplified();
+}
+
 /// @param common columns that have an address in each row
 bool takeRow(const Row& row, const QSet<int>& common, int station, kx::Tag* tag, QString* fault)
 {
@@ -64,8 +70,8 @@ bool takeRow(const Row& row, const QSet<int>& common, int station, kx::Tag* tag,
     }
     const int place = isPlain ? row.places.first() : *common.begin();
     parseTypedTag(row.cells.at(place).trimmed(), station, tag, fault);
-    tag->name = QStringList(row.cells.mid(0, place)).join(QLatin1Char(' ')).simplified();
-    tag->comment = QStringList(row.cells.mid(place + 1)).join(QLatin1Char(' ')).simplified();
+    tag->name = textOf(row.cells.mid(0, place));
+    tag->comment = textOf(row.cells.mid(place + 1));
     return true;
 }
 

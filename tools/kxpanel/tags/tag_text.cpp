@@ -1,5 +1,7 @@
 #include "kxpanel/tags/tag_text.h"
 
+#include "kxpanel/tags/cell_markup.h"
+#include "kxpanel/tags/cell_numbers.h"
 #include "kxpanel/tags/cell_table.h"
 #include "kxpanel/tags/tag_fields.h"
 #include "kxpanel/tags/tag_names.h"
@@ -36,6 +38,14 @@ QStringList rowOf(const kx::Tag& tag)
     return fields;
 }
 
+QList<QStringList> rowsOf(const QList<kx::Tag>& tags)
+{
+    QList<QStringList> rows = {tagFieldNames()};
+    for (const kx::Tag& tag : namedTags(tags))
+        rows << rowOf(tag);
+    return rows;
+}
+
 QByteArray fileRow(const QStringList& fields)
 {
     QByteArray row;
@@ -65,16 +75,26 @@ bool hasFileHeader(const QStringList& cells)
                || hasHeader(cells.first().split(QLatin1Char(';'))));
 }
 
+bool isOfNumbers(const QString& column)
+{
+    static const QStringList names = {QStringLiteral("scale"), QStringLiteral("offset"),
+                                      QStringLiteral("min"), QStringLiteral("max")};
+    return names.contains(column.trimmed());
+}
+
 /// Rows below a header as a tags file with tabs; a row of a comment alone is none.
-QString fileOfRows(const QList<QStringList>& rows)
+QString fileOfRows(const QList<QStringList>& rows, const QStringList& header, const QLocale& locale)
 {
     QString text;
     for (const QStringList& cells : rows) {
         const bool isComment =
             cells.first().startsWith(QLatin1Char('#')) && isEmptyRow(cells.mid(1));
         QStringList fields;
-        for (const QString& cell : isComment ? QStringList() : cells)
-            fields << inOneLine(cell);
+        for (const QString& cell : isComment ? QStringList() : cells) {
+            const QString field = inOneLine(cell);
+            const bool isNumber = isOfNumbers(header.value(static_cast<int>(fields.size())));
+            fields << (isNumber ? withDecimalPoint(field.trimmed(), locale) : field);
+        }
         text += cellsText(fields);
     }
     return text;
@@ -118,21 +138,33 @@ QString typedText(const kx::Tag& tag)
 
 QString tagsText(const QList<kx::Tag>& tags)
 {
-    QString text = cellsText(tagFieldNames());
-    for (const kx::Tag& tag : namedTags(tags))
-        text += cellsText(rowOf(tag));
+    QString text;
+    for (const QStringList& row : rowsOf(tags))
+        text += cellsText(row);
     return text;
+}
+
+QMimeData* tagsData(const QList<kx::Tag>& tags)
+{
+    QList<QList<Cell>> rows;
+    for (const QStringList& row : rowsOf(tags)) {
+        rows << QList<Cell>();
+        for (const QString& field : row)
+            rows.last() << Cell{field};
+    }
+    return cellsData(rows);
 }
 
 QByteArray tagsFileText(const QList<kx::Tag>& tags)
 {
-    QByteArray text = fileRow(tagFieldNames());
-    for (const kx::Tag& tag : namedTags(tags))
-        text += fileRow(rowOf(tag));
+    QByteArray text;
+    for (const QStringList& row : rowsOf(tags))
+        text += fileRow(row);
     return text;
 }
 
-bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault)
+bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault,
+                   const QLocale& locale)
 {
     QList<QStringList> rows;
     if (!parseCells(text, &rows, fault))
@@ -142,7 +174,7 @@ bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QStri
         first = rows.at(i);
     if (hasFileHeader(first))
         return parseFile(text, station, tags, fault);
-    return hasHeader(first) ? parseFile(fileOfRows(rows), station, tags, fault)
+    return hasHeader(first) ? parseFile(fileOfRows(rows, first, locale), station, tags, fault)
                             : tagsOfRows(rows, station, tags, fault);
 }
 

@@ -4,6 +4,10 @@
 
 #include "panel/files/tags_file.h"
 
+#include <QtCore/QLocale>
+
+class QMimeData;
+
 namespace kxpanel
 {
 
@@ -20,14 +24,20 @@ QString typedText(const kx::Tag& tag);
 /// as one, with the station where that is taken: a tags file takes no name twice.
 QString tagsText(const QList<kx::Tag>& tags);
 
+/// The same for the clipboard and for a drag, also as HTML, in which spreadsheets leave each cell
+/// as it is. The caller's.
+QMimeData* tagsData(const QList<kx::Tag>& tags);
+
 /// The same as the bytes of a tags file, separated by commas.
 QByteArray tagsFileText(const QList<kx::Tag>& tags);
 
 /// Tags out of rows with a tags file's header, or of rows without any, in which each has one cell
 /// with an address: what stands before it is the name, what stands behind it the comment. Where
 /// more cells could be an address, it is the one of the column that has addresses in all rows.
+/// @param locale of the spreadsheet: numbers below a header may have its decimal comma
 /// @return false and one line in `*fault` that names the row
-bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault);
+bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault,
+                   const QLocale& locale = QLocale::c());
 
 } // namespace kxpanel
 

@@ -320,6 +320,10 @@
         <translation>Zeile %1 ist leer</translation>
     </message>
     <message>
+        <source>the point in %1 may stand for thousands; let the spreadsheet show no thousands, or type the value</source>
+        <translation>der Punkt in %1 kann für Tausender stehen; ohne Tausenderpunkte kopieren oder den Wert eintippen</translation>
+    </message>
+    <message>
         <source>row %1: a quote is not closed</source>
         <translation>Zeile %1: ein Anführungszeichen wird nicht geschlossen</translation>
     </message>

@@ -65,6 +65,7 @@ private slots:
     void undoesAndRedoes();
     void cutsAndPastes();
     void copiesWhatIsShown();
+    void aTextIsCopiedAsOne();
     void enterWritesAndSaysWhyNot();
     void leavingACellWritesNothing_data();
     void leavingACellWritesNothing();
@@ -86,6 +87,7 @@ private slots:
     void valuesArePastedAfterAQuestion_data();
     void valuesArePastedAfterAQuestion();
     void aTextIsPastedOnCellsOfValuesAlone();
+    void thousandsAreNotTakenForDecimals();
     void valuesThatDoNotFitAreNotPasted_data();
     void valuesThatDoNotFitAreNotPasted();
     void escapeCallsOffWhatWaits();
@@ -222,6 +224,20 @@ void WatchPageTest::copiesWhatIsShown()
     go(0);
     QTest::keyClick(m_table, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("Name\tValue\nPressure\t12.5\n"));
+    const QString html = QApplication::clipboard()->mimeData()->html();
+    QVERIFY2(html.contains("<tr><td sdnum=\"1033;0;@\">Pressure</td>"
+                           "<td sdval=\"12.5\" sdnum=\"1033;0;0.0\">12.5</td></tr>"),
+             qPrintable(html));
+}
+
+void WatchPageTest::aTextIsCopiedAsOne()
+{
+    m_tags->setValues({{1, tagOf("D130/ascii:4", "Batch")}});
+    read(1, {0x3030, 0x3720, 0x0000, 0x0000}); // "007 "
+    go(0);
+    QTest::keyClick(m_table, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    const QString html = QApplication::clipboard()->mimeData()->html();
+    QVERIFY2(html.contains("<td sdnum=\"1033;0;@\">007&#32;</td>"), qPrintable(html));
 }
 
 void WatchPageTest::enterWritesAndSaysWhyNot()
@@ -555,6 +571,25 @@ void WatchPageTest::aTextIsPastedOnCellsOfValuesAlone()
     QVERIFY2(bar->isVisible(), qPrintable(message()));
     QCOMPARE(bar->findChildren<QLabel*>().first()->text(),
              QStringLiteral("Write 1 values of station 1: Batch = LOT A."));
+}
+
+// A spreadsheet in German shows 1234 like that where it shows thousands.
+void WatchPageTest::thousandsAreNotTakenForDecimals()
+{
+    auto* const bar = m_page->findChild<WriteBar*>();
+    m_tags->setValues({{1, tagOf("D0/float", "Flow")}, {2, tagOf("D2/float", "Return")}});
+    QApplication::clipboard()->setText(QStringLiteral("2,5\n1.234\n"));
+    m_table->select({1, 2});
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QLocale::setDefault(QLocale::c());
+    QVERIFY(!bar->isVisible());
+    QCOMPARE(message().mid(2),
+             QStringLiteral("Nothing pasted: the point in 1.234 may stand for thousands; let the "
+                            "spreadsheet show no thousands, or type the value"));
+    QApplication::clipboard()->setText(QStringLiteral("2.5\n1.234\n"));
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QVERIFY2(bar->isVisible(), qPrintable(message()));
 }
 
 void WatchPageTest::valuesThatDoNotFitAreNotPasted_data()

@@ -104,6 +104,7 @@ void CellTableTest::oneLine()
 {
     QCOMPARE(inOneLine(QStringLiteral("a\nb\r\nc  d")), QStringLiteral("a b  c  d"));
     QCOMPARE(inOneLine(QString(QChar(0))), QStringLiteral(" "));
+    QCOMPARE(inOneLine(QStringLiteral("a\u0001b\u0085c")), QStringLiteral("a b c"));
 }
 
 QTEST_GUILESS_MAIN(CellTableTest)

@@ -2,6 +2,8 @@
 
 #include "tools/kxpanel/tag_samples.h"
 
+#include <QtCore/QMimeData>
+
 using namespace kxpanel;
 
 class TagTextTest : public QObject
@@ -13,6 +15,7 @@ private slots:
     void aWrongAddressSaysWhy();
     void tagsAreRowsOfASpreadsheet();
     void whatIsCopiedIsPasted();
+    void spreadsheetsLeaveTextsAsTheyAre();
     void whatHasNoNameIsPastedToo();
     void pastes_data();
     void pastes();
@@ -69,6 +72,20 @@ void TagTextTest::whatIsCopiedIsPasted()
     QCOMPARE(typedText(tags.at(2)), QStringLiteral("D120.5@1"));
 }
 
+void TagTextTest::spreadsheetsLeaveTextsAsTheyAre()
+{
+    const QList<kx::Tag> tags = {tagOf("D100/s16*0.1", "=1+1"), tagOf("D0", "007")};
+    const std::unique_ptr<QMimeData> data(tagsData(tags));
+    QCOMPARE(data->text(), tagsText(tags));
+    const QString begin = QStringLiteral("<tr><td sdnum=\"1033;0;@\">");
+    const QString html = data->html();
+    QVERIFY2(html.contains(begin + "=1+1</td>"), qPrintable(html));
+    QVERIFY2(html.contains(begin + "007</td>"), qPrintable(html));
+    QVERIFY2(html.contains("<td sdnum=\"1033;0;@\">0.1</td>"), qPrintable(html));
+    QCOMPARE(html.count(QStringLiteral("<tr>")), 3);
+    QCOMPARE(html.count(QStringLiteral("<td")), 3 * 14);
+}
+
 // A tags file takes no name twice, and the addresses stand for names there.
 void TagTextTest::whatHasNoNameIsPastedToo()
 {
@@ -113,6 +130,14 @@ void TagTextTest::pastes_data()
                                                    << QStringList{"M1|D100@5|", "Pump|D101@5|"};
     QTest::newRow("a comment about addresses") << "Pump\tY10\tsee address, as wired\n"
                                                << QStringList{"Pump|Y10@5|see address, as wired"};
+    QTest::newRow("a tab in a cell, as a spreadsheet copies it")
+        << QStringLiteral("name\taddress\tcomment\nPump\tY10\ta\u0001b\n")
+        << QStringList{"Pump|Y10@5|a b"};
+    QTest::newRow("the same without a header")
+        << QStringLiteral("Pump\tY10\ta\u0001b\n") << QStringList{"Pump|Y10@5|a b"};
+    QTest::newRow("decimal commas") << "address\tname\tscale\tmin\tmax\tcomment\n"
+                                       "D100\tPressure\t0,1\t-1,5\t 12,5 \t1,5\n"
+                                    << QStringList{"Pressure|D100@5/*0.1,min=-1.5,max=12.5|1,5"};
     QTest::newRow("a text file's header") << "name,station,address\nPump,7,Y10\n"
                                           << QStringList{"Pump|Y10@7|"};
 }
@@ -122,7 +147,7 @@ void TagTextTest::pastes()
     QFETCH(QString, text);
     QList<kx::Tag> tags;
     QString fault;
-    QVERIFY2(parseTagsText(text, 5, &tags, &fault), qPrintable(fault));
+    QVERIFY2(parseTagsText(text, 5, &tags, &fault, QLocale(QLocale::German)), qPrintable(fault));
     QStringList shown;
     for (const kx::Tag& tag : tags)
         shown << tag.name + QLatin1Char('|') + typedText(tag) + QLatin1Char('|') + tag.comment;
@@ -144,6 +169,9 @@ void TagTextTest::refuses_data()
     QTest::newRow("two columns of addresses")
         << "M1\tD100\nM2\tD101\n"
         << "row 1: M1 and D100 are both addresses; put 'name' and 'address' above the columns";
+    QTest::newRow("decimal commas in a language that has none")
+        << "name\taddress\tscale\nPump\tD0\t0,1\n"
+        << "row 2: scale 0,1: ";
     QTest::newRow("a quote that is not closed") << "\"Pump\tY10\n"
                                                 << "row 1: a quote is not closed";
 }

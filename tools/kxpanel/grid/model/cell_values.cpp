@@ -1,5 +1,6 @@
 #include "kxpanel/grid/model/cell_values.h"
 
+#include "kxpanel/tags/cell_numbers.h"
 #include "kxpanel/tags/cell_table.h"
 
 #include <QtCore/QCoreApplication>
@@ -44,11 +45,17 @@ bool parseColumn(const QString& text, QStringList* cells, QString* fault)
 
 QString typedValue(const kx::Tag& tag, const QString& cell, const QLocale& locale)
 {
-    static const QRegularExpression number(QStringLiteral("\\A[-+]?[0-9]+,[0-9]+\\z"));
-    const bool hasComma = QString(locale.decimalPoint()) == QLatin1String(",");
-    if (!hasComma || tag.format.kind == kx::ValueKind::Ascii || !number.match(cell).hasMatch())
-        return cell;
-    return QString(cell).replace(QLatin1Char(','), QLatin1Char('.'));
+    return tag.format.kind == kx::ValueKind::Ascii ? cell : withDecimalPoint(cell, locale);
+}
+
+QString thousandsFault(const kx::Tag& tag, const QString& cell, const QLocale& locale)
+{
+    if (tag.format.kind == kx::ValueKind::Ascii || !mayHaveThousands(cell, locale))
+        return QString();
+    return translated(QT_TRANSLATE_NOOP("kxpanel::Cells",
+                                        "the point in %1 may stand for thousands; let the "
+                                        "spreadsheet show no thousands, or type the value"))
+        .arg(cell);
 }
 
 bool looksLikeNumber(const QString& cell)

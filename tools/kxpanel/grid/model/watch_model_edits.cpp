@@ -173,11 +173,10 @@ QMimeData* WatchModel::mimeData(const QModelIndexList& indexes) const
         numbers << value->number;
         tags << value->tag;
     }
-    auto* const data = new QMimeData;
+    QMimeData* const data = tagsData(tags);
     data->setData(QString::fromLatin1(VALUES_MIME_TYPE), numbersText(numbers));
     data->setData(QString::fromLatin1(PROCESS_MIME_TYPE),
                   QByteArray::number(QCoreApplication::applicationPid()));
-    data->setText(tagsText(tags));
     return data;
 }
 

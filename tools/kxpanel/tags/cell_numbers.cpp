@@ -1,0 +1,24 @@
+#include "kxpanel/tags/cell_numbers.h"
+
+#include <QtCore/QLocale>
+#include <QtCore/QRegularExpression>
+
+namespace kxpanel
+{
+
+QString withDecimalPoint(const QString& cell, const QLocale& locale)
+{
+    static const QRegularExpression number(QStringLiteral("\\A[-+]?[0-9]+,[0-9]+\\z"));
+    const bool hasComma = QString(locale.decimalPoint()) == QLatin1String(",");
+    return hasComma && number.match(cell).hasMatch()
+               ? QString(cell).replace(QLatin1Char(','), QLatin1Char('.'))
+               : cell;
+}
+
+bool mayHaveThousands(const QString& cell, const QLocale& locale)
+{
+    static const QRegularExpression number(QStringLiteral("\\A[-+]?[1-9][0-9]{0,2}\\.[0-9]{3}\\z"));
+    return QString(locale.groupSeparator()) == QLatin1String(".") && number.match(cell).hasMatch();
+}
+
+} // namespace kxpanel

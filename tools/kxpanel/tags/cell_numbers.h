@@ -1,0 +1,20 @@
+/// Numbers as spreadsheets of a language copy them. Pure functions.
+#ifndef KX_KXPANEL_TAGS_CELL_NUMBERS_H
+#define KX_KXPANEL_TAGS_CELL_NUMBERS_H
+
+#include <QtCore/QString>
+
+class QLocale;
+
+namespace kxpanel
+{
+
+/// "12,5" as "12.5" where numbers have a decimal comma. All else stays as it is.
+QString withDecimalPoint(const QString& cell, const QLocale& locale);
+
+/// Whether a point in it may stand for thousands: "1.234" where these are written so.
+bool mayHaveThousands(const QString& cell, const QLocale& locale);
+
+} // namespace kxpanel
+
+#endif
