@@ -17,6 +17,17 @@
 namespace kxpanel
 {
 
+namespace
+{
+
+/// The language of its numbers. The program's own, which QLocale() is, writes them in one way.
+QLocale ofTheDesktop()
+{
+    return QLocale::system();
+}
+
+} // namespace
+
 void WatchPage::copySelected()
 {
     QList<kx::Tag> tags;
@@ -44,7 +55,7 @@ void WatchPage::paste()
     const QString text = QApplication::clipboard()->text();
     QList<kx::Tag> tags;
     QString fault;
-    if (parseTagsText(text, m_addLine->station(), &tags, &fault, QLocale()))
+    if (parseTagsText(text, m_addLine->station(), &tags, &fault, ofTheDesktop()))
         addTags(tags, qMin(m_table->currentModelRow() + 1, m_model->rowCount()));
     else if (!pasteValues(text))
         say(tr("Nothing pasted: %1").arg(fault), true);
@@ -74,10 +85,10 @@ bool WatchPage::askToPaste(const QString& text, QString* fault)
     for (const int number : rowsForValues(count)) {
         const WatchedValue& value = *m_context.tags->find(number);
         const QString& cell = texts.at(count == 1 ? 0 : static_cast<int>(values.size()));
-        *fault = thousandsFault(value.tag, cell, QLocale());
+        *fault = thousandsFault(value.tag, cell, ofTheDesktop());
         if (!fault->isEmpty())
             return false;
-        values << qMakePair(value, typedValue(value.tag, cell, QLocale()));
+        values << qMakePair(value, typedValue(value.tag, cell, ofTheDesktop()));
     }
     *fault = tr("%n values for other rows: select as many, or the first of them", nullptr, count);
     return !values.isEmpty() && m_writeBar->askEach(values, fault);

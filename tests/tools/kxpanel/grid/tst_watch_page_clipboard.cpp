@@ -1,4 +1,4 @@
-// Copy and paste, from and to spreadsheets.
+// Copy and paste, from and to spreadsheets, on a German desktop.
 
 #include "kxpanel/grid/edit/write_bar.h"
 #include "tools/kxpanel/grid/watch_page_fixture.h"
@@ -13,19 +13,29 @@ class WatchPageClipboardTest : public WatchPageFixture
 {
     Q_OBJECT
 
+public:
+    static void initMain() { qputenv("LC_ALL", "de_DE.UTF-8"); }
+
 private slots:
-    void init() { makePage(); }
+    void init();
     void cleanup() { m_page.reset(); }
     void cutsAndPastes();
     void copiesWhatIsShown();
     void aTextIsCopiedAsOne();
     void valuesArePastedAfterAQuestion_data();
     void valuesArePastedAfterAQuestion();
+    void decimalCommasOfTheDesktopAreTaken();
     void aTextIsPastedOnCellsOfValuesAlone();
     void thousandsAreNotTakenForDecimals();
     void valuesThatDoNotFitAreNotPasted_data();
     void valuesThatDoNotFitAreNotPasted();
 };
+
+void WatchPageClipboardTest::init()
+{
+    QLocale::setDefault(QLocale::c()); // as the program has it: it writes numbers in one way
+    makePage();
+}
 
 void WatchPageClipboardTest::cutsAndPastes()
 {
@@ -112,6 +122,23 @@ void WatchPageClipboardTest::valuesArePastedAfterAQuestion()
     QTRY_COMPARE(m_ended->size(), qMax(selected.size(), text.count(QLatin1Char('\n'))));
 }
 
+void WatchPageClipboardTest::decimalCommasOfTheDesktopAreTaken()
+{
+    auto* const bar = m_page->findChild<WriteBar*>();
+    QApplication::clipboard()->setText(QStringLiteral("2,5\n7\n"));
+    m_table->select({1, 4});
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QVERIFY2(bar->isVisible(), qPrintable(message()));
+    QCOMPARE(bar->findChildren<QLabel*>().first()->text(),
+             QStringLiteral("Write 2 values of station 1: Pressure = 2.5, D0 = 7."));
+    QTest::keyClick(bar, Qt::Key_Escape);
+    QApplication::clipboard()->setText(
+        QStringLiteral("name\taddress\tscale\tmax\nFlow\tD7\t0,1\t16,5\n"));
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(m_tags->size(), 5);
+    QCOMPARE(typedText(m_tags->values().at(1).tag), QStringLiteral("D7@1/*0.1,max=16.5"));
+}
+
 // Elsewhere it may be meant as a name.
 void WatchPageClipboardTest::aTextIsPastedOnCellsOfValuesAlone()
 {
@@ -137,16 +164,11 @@ void WatchPageClipboardTest::thousandsAreNotTakenForDecimals()
     m_tags->setValues({{1, tagOf("D0/float", "Flow")}, {2, tagOf("D2/float", "Return")}});
     QApplication::clipboard()->setText(QStringLiteral("2,5\n1.234\n"));
     m_table->select({1, 2});
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
-    QLocale::setDefault(QLocale::c());
     QVERIFY(!bar->isVisible());
     QCOMPARE(message().mid(2),
              QStringLiteral("Nothing pasted: the point in 1.234 may stand for thousands; let the "
                             "spreadsheet show no thousands, or type the value"));
-    QApplication::clipboard()->setText(QStringLiteral("2.5\n1.234\n"));
-    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
-    QVERIFY2(bar->isVisible(), qPrintable(message()));
 }
 
 void WatchPageClipboardTest::valuesThatDoNotFitAreNotPasted_data()
