@@ -2,6 +2,7 @@
 #include "kxhost/commands/version_text.h"
 #include "kxhost/terminal/console.h"
 #include "kxhost/terminal/exit_codes.h"
+#include "system/prompt_end.h"
 #include "system/standard_streams.h"
 
 #include <QtCore/QCoreApplication>
@@ -65,9 +66,10 @@ int main(int argc, char* argv[])
     // Qt's own event loop knows sockets and timers alone, at half of the cost for each wake-up.
     qputenv("QT_NO_GLIB", "1");
     const QCoreApplication application(argc, argv);
-    const int exitCode = runCommand(QCoreApplication::arguments().mid(1));
+    int exitCode = runCommand(QCoreApplication::arguments().mid(1));
     const QString failure = outputFailure();
-    if (failure.isEmpty())
-        return exitCode;
-    return complain(failure, exitCode == EXIT_FINE ? EXIT_DEVICE_FAILED : exitCode);
+    if (!failure.isEmpty())
+        exitCode = complain(failure, exitCode == EXIT_FINE ? EXIT_DEVICE_FAILED : exitCode);
+    endSoon(exitCode);
+    return exitCode;
 }

@@ -6,6 +6,7 @@
 #include "kxpanel/translations/translations.h"
 #include "kxpanel/trend/trend_page.h"
 #include "system/printable_text.h"
+#include "system/prompt_end.h"
 #include "system/standard_streams.h"
 
 #include <QtCore/QSettings>
@@ -98,6 +99,12 @@ void closeBy(int signal, MainWindow* window)
     QApplication::quit(); // whatever question is open
 }
 
+/// When all is closed and kept.
+struct PromptEnd {
+    int exitCode = kx::EXIT_FINE;
+    ~PromptEnd() { kx::endSoon(exitCode); }
+};
+
 /// Until the window is closed.
 int run()
 {
@@ -117,6 +124,7 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
     QApplication::setOrganizationName(QStringLiteral("kxpanel"));
     QApplication::setApplicationName(QStringLiteral("kxpanel"));
     takeLanguage(QLocale::system());
+    PromptEnd end;
     QSettings settings;
     std::vector<PageMaker> pages = pageMakers();
     pages.insert(pages.begin() + 1, makerOf<TrendPage>()); // beside the values
@@ -127,7 +135,8 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
                      [&] { closeBy(interrupt.signal(), &window); });
     window.show();
     window.begin(options);
-    return run();
+    end.exitCode = run();
+    return end.exitCode;
 }
 
 } // namespace

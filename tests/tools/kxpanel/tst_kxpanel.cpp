@@ -13,6 +13,14 @@
 namespace
 {
 
+QProcessEnvironment withSilentResolver(QProcessEnvironment environment)
+{
+    environment.insert("LD_PRELOAD", KX_SILENT_RESOLVER);
+    environment.insert("ASAN_OPTIONS",
+                       environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0");
+    return environment;
+}
+
 bool hasOpen(const QProcess& program, const QString& path)
 {
     const QString files = "/proc/" + QString::number(program.processId()) + "/fd";
@@ -48,6 +56,7 @@ private slots:
     void signalsCloseTheWindow();
     void whoEndsTheSessionIsNotAsked_data();
     void whoEndsTheSessionIsNotAsked();
+    void aNameServerThatDoesNotAnswerHoldsNothingUp();
     void itEndsWithItsDisplay();
     void aProjectThatCannotBeReadEndsNothing_data();
     void aProjectThatCannotBeReadEndsNothing();
@@ -166,6 +175,21 @@ void KxpanelTest::whoEndsTheSessionIsNotAsked()
     QVERIFY(panel.waitForFinished());
     QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(panel.exitCode(), 0);
+}
+
+void KxpanelTest::aNameServerThatDoesNotAnswerHoldsNothingUp()
+{
+    const QString settings = m_folder.filePath("kxpanel/kxpanel.conf");
+    QFile::remove(settings);
+    QProcess panel;
+    panel.setProcessEnvironment(withSilentResolver(environment()));
+    panel.start(KXPANEL_PROGRAM, {"-platform", "offscreen", "--tcp", "silent.example"});
+    QVERIFY(!panel.waitForFinished(1500)); // it asks
+    signalProcess(panel.processId(), SIGTERM);
+    QVERIFY(panel.waitForFinished(10000));
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(panel.exitCode(), 0);
+    QVERIFY(QFile::exists(settings));
 }
 
 void KxpanelTest::itEndsWithItsDisplay()
