@@ -46,7 +46,7 @@ void StatusLine::takeStatus(const LineStatus& status)
 void StatusLine::takeCounts(const kx::WatchSummary& summary)
 {
     const kx::Statistics& counts = summary.statistics;
-    QStringList texts{tr("cycle %1").arg(summary.cycles)};
+    QStringList texts{tr("%n cycle(s)", nullptr, static_cast<int>(summary.cycles))};
     if (counts.repeated > 0)
         texts << tr("%1 repeated").arg(counts.repeated);
     if (counts.failed > 0)

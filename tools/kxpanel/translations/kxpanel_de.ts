@@ -2036,9 +2036,12 @@
         <source>Requests per second, and share of the time in which characters occupy the line</source>
         <translation>Anfragen je Sekunde und Anteil der Zeit, in der Zeichen die Leitung belegen</translation>
     </message>
-    <message>
-        <source>cycle %1</source>
-        <translation>Zyklus %1</translation>
+    <message numerus="yes">
+        <source>%n cycle(s)</source>
+        <translation>
+            <numerusform>%n Zyklus</numerusform>
+            <numerusform>%n Zyklen</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 repeated</source>

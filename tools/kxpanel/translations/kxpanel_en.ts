@@ -305,6 +305,16 @@
     </message>
 </context>
 <context>
+    <name>kxpanel::StatusLine</name>
+    <message numerus="yes">
+        <source>%n cycle(s)</source>
+        <translation>
+            <numerusform>%n cycle</numerusform>
+            <numerusform>%n cycles</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>kxpanel::TransferTexts</name>
     <message numerus="yes">
         <source>%1 of %n request(s)</source>

@@ -78,7 +78,7 @@ void StatusLineTest::anOpenLineIsNamedAndCounted()
     tell(LineState::Open);
     count(0, 0);
     QCOMPARE(text("Line"), QString("/dev/ttyUSB0"));
-    QCOMPARE(text("Requests and cycles"), QString("cycle 7"));
+    QCOMPARE(text("Requests and cycles"), QString("7 cycle(s)"));
     QVERIFY2(text("Requests per second").startsWith("4.0 requests/s"),
              qPrintable(text("Requests per second")));
 }
@@ -87,7 +87,7 @@ void StatusLineTest::faultsAreCounted()
 {
     tell(LineState::Open);
     count(2, 1);
-    QCOMPARE(text("Requests and cycles"), QString("cycle 7, 2 repeated, 1 failed"));
+    QCOMPARE(text("Requests and cycles"), QString("7 cycle(s), 2 repeated, 1 failed"));
 }
 
 void StatusLineTest::aLostLineKeepsItsCounts()
@@ -96,7 +96,7 @@ void StatusLineTest::aLostLineKeepsItsCounts()
     count(0, 3);
     tell(LineState::Interrupted);
     QCOMPARE(text("Line"), QString("/dev/ttyUSB0"));
-    QCOMPARE(text("Requests and cycles"), QString("cycle 7, 3 failed"));
+    QCOMPARE(text("Requests and cycles"), QString("7 cycle(s), 3 failed"));
 }
 
 void StatusLineTest::aClosedLineHasNone()
