@@ -12,7 +12,7 @@ namespace
 
 const int FIRST_VALUE_BYTE = 7; // after station, function, address, quantity, byte count
 const int COILS_PER_BYTE = 8;
-const int BYTES_PER_DOUBLE_WORD = 4;
+const int DOUBLE_WORD_BYTES = 4;
 const int COIL_ON = 0xFF00;
 
 int payloadByte(const VARIABLE& job, int index)
@@ -58,7 +58,7 @@ void putValues(FrameBytes& bytes, const VARIABLE& job, int values, int valueSize
 int putRegisters(FrameBytes& bytes, const VARIABLE& job, RegisterClass registerClass)
 {
     if (registerClass == DOUBLE_WORD_CLASS)
-        putValues(bytes, job, job.count / 2, BYTES_PER_DOUBLE_WORD);
+        putValues(bytes, job, job.count / 2, DOUBLE_WORD_BYTES);
     else
         putValues(bytes, job, job.count, BYTES_PER_REGISTER);
     const int byteCount = wrapMul(job.count, BYTES_PER_REGISTER);

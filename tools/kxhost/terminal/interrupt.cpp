@@ -18,7 +18,7 @@ void writeToPipe(int signal)
 {
     const char byte = static_cast<char>(signal);
     // A full pipe already holds a signal that nobody has taken yet.
-    const ssize_t written = write(pipeEnds[1], &byte, 1);
+    const ssize_t written = ::write(pipeEnds[1], &byte, 1);
     static_cast<void>(written);
 }
 

@@ -50,7 +50,7 @@ void Question::cancel()
 void Question::onInput()
 {
     char bytes[LONGEST_ANSWER];
-    const ssize_t count = read(STDIN_FILENO, bytes, sizeof bytes);
+    const ssize_t count = ::read(STDIN_FILENO, bytes, sizeof bytes);
     if (count > 0)
         m_typed.append(bytes, static_cast<int>(count));
     const bool isWhole = m_typed.contains('\n');

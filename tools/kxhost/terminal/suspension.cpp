@@ -16,7 +16,7 @@ void wake(int signal)
 {
     const char byte = signal == SIGTSTP ? 'T' : 'C';
     // A full pipe already holds signals that nobody has taken yet.
-    const ssize_t written = write(wakeEnds[1], &byte, 1);
+    const ssize_t written = ::write(wakeEnds[1], &byte, 1);
     static_cast<void>(written);
 }
 
@@ -57,7 +57,7 @@ Suspension::~Suspension()
 void Suspension::onSignal()
 {
     char caught[16];
-    const ssize_t count = read(wakeEnds[0], caught, sizeof caught);
+    const ssize_t count = ::read(wakeEnds[0], caught, sizeof caught);
     for (ssize_t i = 0; i < count; ++i) {
         if (caught[i] == 'T')
             stop();

@@ -8,7 +8,7 @@ namespace kxpanel
 namespace
 {
 
-const qint64 MILLISECOND = 1000; // microseconds
+const qint64 CLOCK_MILLISECOND = 1000; // microseconds
 
 bool wasTransmitted(const Exchange& exchange)
 {
@@ -25,14 +25,15 @@ qint64 overlap(qint64 begin, qint64 end, qint64 from, qint64 to)
 
 ExchangeTimes timesOf(const Exchange& exchange, const kx::LineTiming& timing, qint64 lineWasFree)
 {
-    const qint64 clock = exchange.sentAt * MILLISECOND;
+    const qint64 clock = exchange.sentAt * CLOCK_MILLISECOND;
     ExchangeTimes times;
-    times.sent = lineWasFree > clock && lineWasFree < clock + MILLISECOND ? lineWasFree : clock;
+    times.sent =
+        lineWasFree > clock && lineWasFree < clock + CLOCK_MILLISECOND ? lineWasFree : clock;
     times.requestEnded = times.sent;
     if (wasTransmitted(exchange))
         times.requestEnded += timing.transmissionTime(exchange.request.size());
     if (exchange.turnaround < 0) {
-        times.replyEnded = std::max(times.requestEnded, exchange.finishedAt * MILLISECOND);
+        times.replyEnded = std::max(times.requestEnded, exchange.finishedAt * CLOCK_MILLISECOND);
         const qint64 received = timing.transmissionTime(exchange.reply.size());
         times.replyBegan = std::max(times.requestEnded, times.replyEnded - received);
         return times;

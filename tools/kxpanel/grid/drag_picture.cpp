@@ -9,16 +9,16 @@ namespace kxpanel
 namespace
 {
 
-const int MOST_ROWS = 3;
+const int MOST_NAMES = 3;
 const int WIDEST = 24; // characters
 
 QStringList rowsOf(const QStringList& names, const QFontMetrics& metrics)
 {
     QStringList rows;
-    for (const QString& name : names.mid(0, MOST_ROWS))
+    for (const QString& name : names.mid(0, MOST_NAMES))
         rows << metrics.elidedText(name, Qt::ElideRight, WIDEST * metrics.averageCharWidth());
-    if (names.size() > MOST_ROWS)
-        rows << QStringLiteral("+ %1").arg(names.size() - MOST_ROWS);
+    if (names.size() > MOST_NAMES)
+        rows << QStringLiteral("+ %1").arg(names.size() - MOST_NAMES);
     return rows;
 }
 

@@ -32,7 +32,7 @@ bool isMisread(const PlannedRequest& request, int unit)
            != modbusNumber(request.type, request.address) + unit;
 }
 
-AddressRange addressesOf(const PlannedRequest& request)
+AddressRange requestedRange(const PlannedRequest& request)
 {
     return {request.type, request.firstAddress(),
             request.lastAddress() - request.firstAddress() + 1, request.station};
@@ -62,7 +62,7 @@ Coverage coverageOf(const PlannedRequest& request, const WatchedRanges& watched)
 {
     Coverage coverage;
     coverage.asked.assign(static_cast<size_t>(std::max(request.count, 0)), false);
-    for (const AddressRange& range : watched.within(addressesOf(request)))
+    for (const AddressRange& range : watched.within(requestedRange(request)))
         markAsked(request, range, &coverage.asked);
     for (int unit = 0; unit < request.count; ++unit) {
         if (!coverage.asked[static_cast<size_t>(unit)])

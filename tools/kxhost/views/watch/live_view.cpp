@@ -80,7 +80,7 @@ void LiveView::showSummary(const WatchSummary& summary)
 void LiveView::onKeys()
 {
     char bytes[256];
-    const ssize_t count = read(STDIN_FILENO, bytes, sizeof bytes);
+    const ssize_t count = ::read(STDIN_FILENO, bytes, sizeof bytes);
     if (count <= 0) {
         m_keys->setEnabled(false);
         return;
