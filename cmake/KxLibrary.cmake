@@ -55,6 +55,10 @@ endif()
 if(KX_PRECOMPILES)
   target_precompile_headers(tarvelan_kx_series PRIVATE ${KX_CORE_HEADERS})
 endif()
+if(KX_UNITY_DRIVER)
+  # The one in no folder would not be looked at beside others: see HeaderFilterRegex in .clang-tidy.
+  kx_compile_together(tarvelan_kx_series tarvelan_kx_series.cpp)
+endif()
 # A panel loads several drivers that export the same names: each must use its own.
 target_link_options(tarvelan_kx_series PRIVATE -Wl,-Bsymbolic)
 if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize") # clang gives their run time to programs only

@@ -43,11 +43,13 @@ endfunction()
 # Most of a source's compiling is what it includes, so several of a library are compiled as one.
 # ./test builds so; other builds show that each source stands alone.
 option(KX_UNITY "Compile sources of the tools together" OFF)
+option(KX_UNITY_DRIVER "With KX_UNITY those of the driver, too, which only clang-tidy looks at so" OFF)
+set(KX_UNITY_SIZE 8 CACHE STRING "So many sources")
 
 # kx_compile_together(TARGET [SOURCE...]): where that is wanted. The sources named have names of
 # their own that others of TARGET have, too, and stay alone.
 function(kx_compile_together target)
-  set_target_properties(${target} PROPERTIES UNITY_BUILD ${KX_UNITY} UNITY_BUILD_BATCH_SIZE 8
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ${KX_UNITY} UNITY_BUILD_BATCH_SIZE ${KX_UNITY_SIZE}
     UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
   set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()

@@ -14,7 +14,8 @@ const QString CONFIGURE =
                    "-DKX_HAS_MEMCPY_STRATEGY=OFF -DKX_UNITY=OFF");
 const QString CONFIGURE_TOGETHER =
     QStringLiteral("cmake -S . -B build/style-together -DBUILD_TESTING=OFF -DKX_BUILD_WINDOW=ON "
-                   "-DKX_HAS_MEMCPY_STRATEGY=OFF -DKX_UNITY=ON");
+                   "-DKX_HAS_MEMCPY_STRATEGY=OFF -DKX_UNITY=ON -DKX_UNITY_DRIVER=ON "
+                   "-DKX_UNITY_SIZE=30");
 const QString ALONE = QStringLiteral("clang-tidy --quiet -p build/style ");
 const QString TOGETHER = QStringLiteral("clang-tidy --quiet -p build/style-together ");
 const QString QUICK = QStringLiteral("--checks=-clang-analyzer-*,-bugprone-use-after-move ");
