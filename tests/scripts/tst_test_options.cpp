@@ -52,12 +52,15 @@ void OptionsTestTest::runsAreChosen_data()
     const QString qt5 = "ctest --test-dir build/test-qt5 -j 6 --output-on-failure --no-tests=error";
     const QString qt6 = "ctest --test-dir build/test-qt6 -j 6 --output-on-failure --no-tests=error";
     const QString sanitize = "ctest --preset sanitize -j 6 --no-tests=error";
+    const QString sanitizeQt6 = "ctest --preset sanitize-qt6 -j 6 --no-tests=error";
+    const QString installedQt6 = "ctest --test-dir build/test-qt6 -j 6 --output-on-failure "
+                                 "-L as_installed --no-tests=error";
     QTest::newRow("nothing said") << QStringList() << QStringList{qt5};
     QTest::newRow("Qt 5") << QStringList{"--qt", "5"} << QStringList{qt5};
     QTest::newRow("Qt 6") << QStringList{"--qt", "6"} << QStringList{qt6};
     QTest::newRow("Qt 6 in one word") << QStringList{"--qt=6"} << QStringList{qt6};
     QTest::newRow("sanitizers") << QStringList{"--sanitize"} << QStringList{sanitize};
-    QTest::newRow("all") << QStringList{"--all"} << QStringList{qt6, qt5, sanitize};
+    QTest::newRow("all") << QStringList{"--all"} << QStringList{sanitizeQt6, installedQt6, qt5};
 }
 
 void OptionsTestTest::runsAreChosen()
@@ -155,10 +158,10 @@ void OptionsTestTest::aPatternThatMatchesNothingFails()
 // Some tests are of one Qt only.
 void OptionsTestTest::aPatternNeedsToMatchInOneRunOnly()
 {
-    m_sandbox.addProgram("ctest", "case $* in *test-qt6*) ;; *) echo 'Total Tests: 0' ;; esac");
+    m_sandbox.addProgram("ctest", "case $* in *test-qt5*) ;; *) echo 'Total Tests: 0' ;; esac");
     const ScriptResult result = m_sandbox.run("test", {"--all", "-R", "x"});
-    QCOMPARE(result.errors, (QStringList{"./test: no test of qt5 is chosen by: -R x",
-                                         "./test: no test of sanitize is chosen by: -R x"}));
+    QCOMPARE(result.errors, (QStringList{"./test: no test of sanitize-qt6 is chosen by: -R x",
+                                         "./test: no test of qt6-installed is chosen by: -R x"}));
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(testRuns().size(), 1);
 }
@@ -169,7 +172,7 @@ void OptionsTestTest::aFailedBuildEndsIt()
     const ScriptResult result = m_sandbox.run("test", {"--all"});
     QCOMPARE(result.errors,
              (QStringList{"1:CMake Error: nothing to build",
-                          "The build failed; its whole log is build/test-qt6/build.log"}));
+                          "The build failed; its whole log is build/sanitize-qt6/build.log"}));
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(testRuns(), QStringList());
 }
