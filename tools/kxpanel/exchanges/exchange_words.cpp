@@ -99,9 +99,11 @@ QString timeWords(qint64 microseconds)
     const qint64 millisecond = 1000;
     if (microseconds < 0)
         return QString(QChar(0x2013)); // en dash
-    const QString number = microseconds > 0 && microseconds < millisecond
-                               ? QString::number(static_cast<double>(microseconds) / 1000, 'f', 3)
-                               : kx::millisecondsText(microseconds);
+    QString number = kx::millisecondsText(microseconds);
+    if (microseconds == 0)
+        number = QStringLiteral("<0.1"); // sooner than can be told
+    else if (microseconds < millisecond)
+        number = QString::number(static_cast<double>(microseconds) / 1000, 'f', 3);
     return Words::tr("%1 ms").arg(number);
 }
 

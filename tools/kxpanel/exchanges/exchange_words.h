@@ -27,7 +27,8 @@ int stationOf(const Exchange& exchange);
 /// Milliseconds since 1970 as "14:05:12.250", in local time.
 QString timeOfDay(qint64 milliseconds);
 
-/// Microseconds as "8.2 ms", and "0.052 ms" below a millisecond; a dash for a negative time.
+/// Microseconds as "8.2 ms", and "0.052 ms" below a millisecond; "<0.1 ms" for 0, a dash for a
+/// negative time.
 QString timeWords(qint64 microseconds);
 
 } // namespace kxpanel

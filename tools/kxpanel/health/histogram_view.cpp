@@ -51,9 +51,10 @@ void HistogramView::setTimes(const ReplyTimes& times, const QString& title)
         ++shortest;
     m_begin = decadeBelow(ReplyTimes::beginOf(shortest));
     m_end = 10 * decadeBelow(times.longest());
+    const auto words = [&times](qint64 time) { return timeWords(times.count() > 0 ? time : -1); };
     setAccessibleDescription(
         tr("%1: %n replies, median %2, 99 % within %3", nullptr, static_cast<int>(times.count()))
-            .arg(title, timeWords(times.median()), timeWords(times.quantile(0.99))));
+            .arg(title, words(times.median()), words(times.quantile(0.99))));
     if (m_selected >= 0)
         emit classSelected(classWords(m_selected));
     update();
@@ -67,7 +68,8 @@ QString HistogramView::classWords(int index) const
     const qint64 count = classes.at(index);
     const double share = 100 * static_cast<double>(count) / static_cast<double>(m_times.count());
     return tr("%1 to %2: %n replies, %3 %", nullptr, static_cast<int>(count))
-        .arg(timeWords(ReplyTimes::beginOf(index)), timeWords(ReplyTimes::beginOf(index + 1)))
+        .arg(index > 0 ? timeWords(ReplyTimes::beginOf(index)) : tr("%1 ms").arg(0),
+             timeWords(ReplyTimes::beginOf(index + 1)))
         .arg(share, 0, 'f', 1);
 }
 
@@ -227,7 +229,8 @@ void HistogramView::keyPressEvent(QKeyEvent* event)
     }
     const QVector<qint64>& classes = m_times.classes();
     const int size = static_cast<int>(classes.size());
-    int index = m_selected < 0 && step < 0 ? size : m_selected;
+    const bool isNone = m_selected < 0 && step < 0;
+    int index = isNone ? size : std::min(m_selected, size); // it may be one of another station
     do
         index += step;
     while (index >= 0 && index < size && classes.at(index) == 0);

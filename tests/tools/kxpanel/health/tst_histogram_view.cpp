@@ -14,6 +14,7 @@ class HistogramViewTest : public QObject
 private slots:
     void tellsClassesInWords();
     void keysSelectBars();
+    void aBarOfSlowerRepliesIsLeftByKey();
     void theMouseSelectsABar();
     void drawsWhatThereIs();
     void isDescribed();
@@ -62,6 +63,21 @@ void HistogramViewTest::keysSelectBars()
     QCOMPARE(view.selected(), ReplyTimes::classOf(5000));
     QCOMPARE(selected.count(), 3);
     QCOMPARE(selected.at(0).at(0).toString(), QString("4.6 ms to 5.1 ms: 3 replies, 75.0 %"));
+}
+
+void HistogramViewTest::aBarOfSlowerRepliesIsLeftByKey()
+{
+    HistogramView view;
+    view.setTimes(times(), QString("Station 1"));
+    QTest::keyClick(&view, Qt::Key_Left);
+    QCOMPARE(view.selected(), ReplyTimes::classOf(40000));
+    ReplyTimes quick;
+    quick.add(100);
+    view.setTimes(quick, QString("Station 2")); // which was never that slow
+    QTest::keyClick(&view, Qt::Key_Right);
+    QCOMPARE(view.selected(), ReplyTimes::classOf(40000));
+    QTest::keyClick(&view, Qt::Key_Left);
+    QCOMPARE(view.selected(), ReplyTimes::classOf(100));
 }
 
 void HistogramViewTest::theMouseSelectsABar()
@@ -144,6 +160,7 @@ void HistogramViewTest::noTimeAtAllCanBePointedAt()
     view.setTimes(replies, QString("Station 1"));
     moveMouse(&view, QPoint(2 * view.fontMetrics().height() + 1, 120)); // where the axis begins
     QCOMPARE(view.selected(), 0);
+    QCOMPARE(view.classWords(0), QString("0 ms to 0.001 ms: 2 replies, 66.7 %"));
 }
 
 void HistogramViewTest::quickRepliesAreToldApart()
