@@ -8,17 +8,24 @@ namespace kxpanel
 
 FollowEnd::FollowEnd(QTableView* view) : QObject(view), m_view(view)
 {
+    const QScrollBar* bar = view->verticalScrollBar();
+    connect(bar, &QScrollBar::valueChanged, this, &FollowEnd::onScrolled);
+    connect(bar, &QScrollBar::rangeChanged, this, &FollowEnd::onRangeChanged);
     const QAbstractItemModel* model = view->model();
-    connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this, &FollowEnd::onAboutToInsert);
     connect(model, &QAbstractItemModel::rowsInserted, this, &FollowEnd::onInserted);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &FollowEnd::onRemoved);
     connect(model, &QAbstractItemModel::modelReset, view, &QTableView::scrollToBottom);
 }
 
-void FollowEnd::onAboutToInsert()
+void FollowEnd::onScrolled(int value)
 {
-    const QScrollBar* bar = m_view->verticalScrollBar();
-    m_isAtEnd = bar->value() == bar->maximum();
+    m_isAtEnd = value == m_view->verticalScrollBar()->maximum();
+}
+
+void FollowEnd::onRangeChanged()
+{
+    if (m_isAtEnd)
+        m_view->verticalScrollBar()->setValue(m_view->verticalScrollBar()->maximum());
 }
 
 void FollowEnd::onInserted()

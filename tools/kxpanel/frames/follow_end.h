@@ -19,7 +19,9 @@ public:
     explicit FollowEnd(QTableView* view);
 
 private:
-    void onAboutToInsert();
+    void onScrolled(int value);
+    /// More rows, or less room for them.
+    void onRangeChanged();
     void onInserted();
     void onRemoved(const QModelIndex& parent, int first, int last);
 

@@ -5,8 +5,8 @@
 #include "kxpanel/frames/filter_bar.h"
 #include "kxpanel/frames/follow_end.h"
 #include "kxpanel/frames/frame_details.h"
+#include "kxpanel/frames/frame_saver.h"
 #include "kxpanel/frames/frames_model.h"
-#include "kxpanel/frames/saved_frames.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tables/column_widths.h"
 
@@ -25,7 +25,8 @@ namespace kxpanel
 FramesPage::FramesPage(const PageContext& context, QWidget* parent)
     : Page(parent),
       m_model(new FramesModel(FramesModel::MOST, this)),
-      m_filters(new FilterBar(this))
+      m_filters(new FilterBar(this)),
+      m_saver(new FrameSaver(this))
 {
     setWindowTitle(tr("Frames"));
     makeActions();
@@ -49,6 +50,7 @@ FramesPage::FramesPage(const PageContext& context, QWidget* parent)
     connect(m_filters, &FilterBar::chosen, this, &FramesPage::onFilterChosen);
     connect(m_model, &FramesModel::countsChanged, this, &FramesPage::showCounts);
     connect(m_model, &FramesModel::modelReset, this, &FramesPage::clearDetails);
+    connect(m_saver, &FrameSaver::ended, this, &FramesPage::saySaved);
     if (context.machine)
         connect(context.machine, &Machine::exchanged, m_model, &FramesModel::add);
     showCounts();
@@ -160,12 +162,13 @@ void FramesPage::askWhereToSave()
 
 void FramesPage::save(const QString& path)
 {
-    const QVector<Exchange> exchanges = m_model->shown();
-    QString error;
-    emit said(saveFrames(path, exchanges, &error)
-                  ? tr("%n exchange(s) saved in %1", nullptr, static_cast<int>(exchanges.size()))
-                        .arg(path)
-                  : error);
+    m_saver->save(path, m_model->shown());
+}
+
+void FramesPage::saySaved(const QString& path, int exchanges, const QString& error)
+{
+    emit said(error.isEmpty() ? tr("%n exchange(s) saved in %1", nullptr, exchanges).arg(path)
+                              : error);
 }
 
 QByteArray FramesPage::place() const

@@ -11,6 +11,7 @@ namespace kxpanel
 {
 
 class FilterBar;
+class FrameSaver;
 class FramesModel;
 
 /// Requests and replies as they come, and all of the one that is selected.
@@ -36,9 +37,11 @@ private:
     void showCounts();
     void askWhereToSave();
     void save(const QString& path);
+    void saySaved(const QString& path, int exchanges, const QString& error);
 
     FramesModel* m_model;
     FilterBar* m_filters;
+    FrameSaver* m_saver;
     QTableView* m_table = nullptr;
     QPlainTextEdit* m_details = nullptr;
     QLabel* m_counts = nullptr;

@@ -33,8 +33,10 @@ private slots:
     void whatIsReadStaysWhenItsRowGoes();
     void aFilterKeepsWhatIsSelected();
     void followsTheEndUnlessScrolledUp();
+    void followsTheEndInLessRoom();
     void staysWhereItIsWhenRowsGo();
     void savesWhatIsShown();
+    void whatIsBeingSavedIsSavedWhole();
     void theChosenFilterNamesTheFile();
     void columnsAreOfThisComputer();
     void outcomesAreShownWhole();
@@ -188,6 +190,23 @@ void FramesPageTest::followsTheEndUnlessScrolledUp()
     QCOMPARE(bar()->value(), 20);
 }
 
+void FramesPageTest::followsTheEndInLessRoom()
+{
+    emit m_machine->exchanged(answeredPolls(200));
+    QTRY_VERIFY(bar()->maximum() > 100);
+    QCOMPARE(bar()->value(), bar()->maximum());
+    const int before = bar()->maximum();
+    m_page->resize(900, 400); // as when a message takes a row of the window
+    QTRY_VERIFY(bar()->maximum() > before);
+    QCOMPARE(bar()->value(), bar()->maximum());
+    emit m_machine->exchanged(answeredPolls(1));
+    QTRY_COMPARE(bar()->value(), bar()->maximum());
+    bar()->setValue(50);
+    m_page->resize(900, 500);
+    QTRY_COMPARE(bar()->maximum(), before + 1);
+    QCOMPARE(bar()->value(), 50);
+}
+
 void FramesPageTest::staysWhereItIsWhenRowsGo()
 {
     emit m_machine->exchanged(answeredPolls(20000)); // as many as are kept
@@ -209,13 +228,27 @@ void FramesPageTest::savesWhatIsShown()
     const QString path = folder.filePath("saved.txt");
     QSignalSpy said(m_page.get(), &Page::said);
     emit dialog->fileSelected(path);
-    QCOMPARE(said.count(), 1);
+    QCOMPARE(said.count(), 0); // the window goes on meanwhile
+    QTRY_COMPARE(said.count(), 1);
     QCOMPARE(said.at(0).at(0).toString(), QString("2 exchange(s) saved in ") + path);
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll().count('\n'), 4); // a line for each request and reply
     emit dialog->fileSelected(folder.filePath("none/saved.txt"));
+    QTRY_COMPARE(said.count(), 2);
     QVERIFY(said.at(1).at(0).toString().contains("none/saved.txt"));
+}
+
+void FramesPageTest::whatIsBeingSavedIsSavedWhole()
+{
+    emit m_machine->exchanged(answeredPolls(5000));
+    QTest::keyClick(m_table, Qt::Key_E, Qt::ControlModifier);
+    QTemporaryDir folder;
+    QFile file(folder.filePath("saved.txt"));
+    emit m_page->findChild<QFileDialog*>()->fileSelected(file.fileName());
+    m_page.reset(); // the window is closed meanwhile
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll().count('\n'), 10000);
 }
 
 void FramesPageTest::theChosenFilterNamesTheFile()
