@@ -68,6 +68,7 @@ QVector<Exchange> answeredPolls(int count)
     for (int i = 0; i < count; ++i) {
         exchanges << answeredPoll();
         exchanges.last().number = i + 1;
+        exchanges.last().endsCycle = true;
         exchanges.last().sentAt += 50 * qint64(i);
         exchanges.last().finishedAt += 50 * qint64(i);
     }

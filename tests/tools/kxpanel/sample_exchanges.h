@@ -19,7 +19,7 @@ Exchange unansweredPoll();
 /// A write of Y10 = 1 at station 2, which refuses it after 3.1 ms.
 Exchange refusedWrite();
 
-/// So many answered polls, one every 50 ms.
+/// So many answered polls, one every 50 ms, each of which is a cycle.
 QVector<Exchange> answeredPolls(int count);
 
 } // namespace kxpanel

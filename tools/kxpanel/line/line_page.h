@@ -2,8 +2,12 @@
 #define KX_KXPANEL_LINE_LINE_PAGE_H
 
 #include "kxpanel/line/cycle/line_record.h"
+#include "kxpanel/line/cycle/measured_cycle.h"
+#include "kxpanel/line/limit/answer_times.h"
 #include "kxpanel/line/limit/limit_costs.h"
 #include "kxpanel/window/page.h"
+
+#include <QtCore/QTimer>
 
 class QAction;
 class QLabel;
@@ -39,6 +43,7 @@ private:
     void forgetWaiting();
     void onLineChanged(const LineStatus& status);
     void onCounted();
+    bool hasOtherPace() const;
     void onValuesChanged();
     void predict();
     void showPlan();
@@ -47,6 +52,9 @@ private:
 
     PageContext m_context;
     LineRecord m_record;
+    MeasuredCycle m_cycle;
+    AnswerTimes m_answers;
+    AnswerPace m_pace; ///< of what is predicted
     LimitCosts m_costs;
     /// While paused, what the record has no more room for.
     ExchangeHistory m_waiting{LineRecord::MOST};
@@ -54,9 +62,10 @@ private:
     kx::LineTiming m_timing;       ///< of the serial line, be it behind a gateway
     kx::LineTiming m_recordTiming; ///< of what this side sees of it
     bool m_isNetwork = false;
-    QList<int> m_silent; ///< stations, when it was predicted last
-    QString m_line;      ///< its name
-    QTimer m_changes;    ///< gathers edits of the tags
+    int m_longestRequest = 0; ///< in force, in registers
+    QList<int> m_silent;      ///< stations, when it was predicted last
+    QString m_line;           ///< its name
+    QTimer m_changes;         ///< gathers edits of the tags
     bool m_isPredicted = false;
     CyclePicture* m_picture = nullptr;
     QLabel* m_shares = nullptr;

@@ -45,9 +45,10 @@ struct LineStatus {
     LineState state = LineState::Closed;
     QString name;  ///< of the line: "/dev/ttyUSB0", "gateway:8888", "simulated controller"
     QString fault; ///< what is wrong with the line or its stations, one line; empty: nothing
-    kx::LineTiming timing;  ///< of the serial line, be it behind a gateway
-    bool isNetwork = false; ///< when characters are on the serial line is not known here
-    int longestRequest = 0; ///< in registers, that may be asked for; 0: not open yet
+    kx::LineTiming timing;   ///< of the serial line, be it behind a gateway
+    bool isNetwork = false;  ///< when characters are on the serial line is not known here
+    int longestRequest = 0;  ///< in registers, that may be asked for; 0: not open yet
+    bool isAutomatic = true; ///< within that, requests are as long as takes the least time
 };
 
 /// One exchange on the line, without the kilobyte of its job.
@@ -71,6 +72,7 @@ struct Exchange {
     /// Microseconds from the request's last character to the reply's first; negative without a
     /// whole reply.
     qint64 turnaround = -1;
+    bool endsCycle = false; ///< the last of a cycle of polls
 };
 
 /// What listeners that stood still for long do not get: of values all but the latest reading, of

@@ -94,6 +94,7 @@ void Machine::beginSession()
         return failLater(error);
     m_parts->hasNewLimits = false;
     m_parts->status.longestRequest = options.session.maxWords;
+    m_parts->status.isAutomatic = options.session.choosesLengths;
     std::unique_ptr<kx::GatewayAdvice> advice;
     if (!options.gateway.host.isEmpty() && !options.simulate)
         advice = std::make_unique<kx::GatewayAdvice>(

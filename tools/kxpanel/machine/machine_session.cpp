@@ -45,6 +45,8 @@ MachineSession::MachineSession(std::unique_ptr<kx::Session> session,
     connect(m_session->line(), &kx::Line::opened, this, [this] { setLost(false); });
     connect(&m_watch, &kx::Watch::cycleFinished, this, [this](qint64 cycles) {
         m_cycles = cycles;
+        if (!m_exchanges.isEmpty())
+            m_exchanges.last().endsCycle = true;
         gather();
     });
     m_gathering.setSingleShot(true);

@@ -1218,6 +1218,14 @@
         <translation> Register</translation>
     </message>
     <message>
+        <source> register</source>
+        <translation> Register</translation>
+    </message>
+    <message>
+        <source>In force: automatic, %1 registers at most</source>
+        <translation>Es gilt: automatisch, höchstens %1 Register</translation>
+    </message>
+    <message>
         <source>The longest request in registers, or 16 times as many bits. Nothing is changed before it is applied.</source>
         <translation>Die längste Anfrage in Registern, oder 16-mal so viele Bits. Vor dem Anwenden ändert sich nichts.</translation>
     </message>
@@ -1271,6 +1279,13 @@
     <message>
         <source>The lowest limit with the shortest cycle (Alt+B)</source>
         <translation>Die niedrigste Grenze mit dem kürzesten Zyklus (Alt+B)</translation>
+    </message>
+    <message numerus="yes">
+        <source>Predicted: %1 per cycle, %n requests</source>
+        <translation>
+            <numerusform>Vorhergesagt: %1 je Zyklus, %n Anfrage</numerusform>
+            <numerusform>Vorhergesagt: %1 je Zyklus, %n Anfragen</numerusform>
+        </translation>
     </message>
     <message numerus="yes">
         <source>Predicted: %1 per cycle, %n requests, line used %2 %</source>

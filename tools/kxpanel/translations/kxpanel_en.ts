@@ -216,6 +216,13 @@
         </translation>
     </message>
     <message numerus="yes">
+        <source>Predicted: %1 per cycle, %n requests</source>
+        <translation>
+            <numerusform>Predicted: %1 per cycle, %n request</numerusform>
+            <numerusform>Predicted: %1 per cycle, %n requests</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>Predicted: %1 per cycle, %n requests, line used %2 %</source>
         <translation>
             <numerusform>Predicted: %1 per cycle, %n request, line used %2 %</numerusform>

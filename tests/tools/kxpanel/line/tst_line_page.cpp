@@ -10,6 +10,7 @@
 #include "tools/kxpanel/machine_fixture.h"
 #include "tools/kxsim/kxsim_process.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
@@ -30,6 +31,11 @@ private slots:
     void theSliderShowsItsPlan();
     void measuresBesideWhatIsPredicted();
     void predictsByWhatStationsTake();
+    void predictsAgainWhenStationsTakeLonger();
+    void measuresWhileThePictureIsPaused();
+    void anIntervalIsNoCycle();
+    void aNetworkIsPredictedByWholeReplies();
+    void tellsWhatIsInForce();
     void tellsWhatWasApplied();
     void pausesByKey();
     void aPausedPictureKeepsWhatItShows();
@@ -155,6 +161,95 @@ void LinePageTest::predictsByWhatStationsTake()
     QTRY_VERIFY(labels().contains("Predicted: 115.5 ms per cycle")); // 10 ms more than usual
 }
 
+void LinePageTest::predictsAgainWhenStationsTakeLonger()
+{
+    watch(40);
+    QVector<Exchange> polls = answeredPolls(100);
+    for (int i = 50; i < 100; ++i)
+        polls[i].turnaround = 25000;
+    emit m_machine->exchanged(polls.mid(0, 50));
+    emit m_machine->counted(kx::WatchSummary());
+    QTRY_VERIFY(labels().contains("Predicted: 105.5 ms per cycle"));
+    emit m_machine->exchanged(polls.mid(50));
+    emit m_machine->counted(kx::WatchSummary());
+    QTRY_VERIFY(labels().contains("Predicted: 125.5 ms per cycle")); // 20 ms more
+}
+
+void LinePageTest::measuresWhileThePictureIsPaused()
+{
+    QVector<Exchange> polls = answeredPolls(5200);
+    for (int i = 5100; i < 5200; ++i)
+        polls[i].sentAt += 50 * (i - 5100); // one every 100 ms from then on
+    emit m_machine->exchanged(polls.mid(0, 5000));
+    QTest::keyClick(m_page->findChild<CyclePicture*>(), Qt::Key_P, Qt::ControlModifier);
+    emit m_machine->exchanged(polls.mid(5000));
+    emit m_machine->counted(kx::WatchSummary());
+    QVERIFY2(labels().contains("Measured: 100.0 ms per cycle"), qPrintable(labels()));
+}
+
+void LinePageTest::anIntervalIsNoCycle()
+{
+    kx::Tag tag;
+    tag.range = {findRegisterType(QString("X")), 0, 1, 1};
+    tag.interval = 20; // so that it comes after each of the others, and first
+    m_tags->insert(0, {tag});
+    tag.interval = 0;
+    for (const int address : {100, 1000, 2000}) { // 105.5 ms each
+        tag.range = {findRegisterType(QString("D")), address, 40, 1};
+        m_tags->insert(0, {tag});
+    }
+    const MachineLog log(m_machine.get());
+    m_machine->setValues(m_tags->values());
+    m_machine->openLine(simulated());
+    QTRY_VERIFY_WITH_TIMEOUT(log.cycles >= 5, 20000);
+    QTRY_VERIFY(labels().contains("Measured: "));
+    const QString words = labels();
+    m_machine->closeLine();
+    QTRY_VERIFY(log.states.last().startsWith("closed"));
+    const QRegularExpression measured("Measured: ([0-9.]+) ms per cycle");
+    const double time = measured.match(words).captured(1).toDouble();
+    QVERIFY2(time > 316, qPrintable(words)); // or more, on a busy machine
+}
+
+void LinePageTest::aNetworkIsPredictedByWholeReplies()
+{
+    LineStatus status;
+    status.name = QString("gateway:8888");
+    status.isNetwork = true; // behind which the line is said to have 9600 baud
+    emit m_machine->lineChanged(status);
+    watch(40);
+    QVector<Exchange> polls = answeredPolls(20);
+    for (Exchange& poll : polls)
+        poll.turnaround = 25000; // 8 + 9 characters take 17708 us of it
+    emit m_machine->exchanged(polls);
+    emit m_machine->counted(kx::WatchSummary());
+    // 8 + 85 characters take 96875 us, and the rest 7292.
+    QTRY_VERIFY2(labels().contains("Predicted: 104.2 ms per cycle, 1 requests\n"),
+                 qPrintable(labels()));
+}
+
+void LinePageTest::tellsWhatIsInForce()
+{
+    LineStatus status;
+    status.state = LineState::Open;
+    status.longestRequest = 125;
+    emit m_machine->lineChanged(status);
+    QVERIFY2(labels().contains("In force: automatic, 125 registers at most\n"),
+             qPrintable(labels()));
+    auto* limits = m_page->findChild<LimitPanel*>();
+    limits->setChosen(40);
+    emit m_machine->lineChanged(status); // of something else
+    QCOMPARE(limits->chosen(), 40);
+    status.longestRequest = 16;
+    emit m_machine->lineChanged(status);
+    QVERIFY(labels().contains("In force: 16 register(s) at most\n"));
+    QCOMPARE(limits->chosen(), 16); // what is predicted is what is measured
+    status.state = LineState::Closed;
+    emit m_machine->lineChanged(status);
+    QVERIFY(labels().contains("In force: no line is open\n"));
+    QCOMPARE(limits->chosen(), 16);
+}
+
 void LinePageTest::tellsWhatWasApplied()
 {
     QSignalSpy said(m_page.get(), &Page::said);
@@ -202,7 +297,7 @@ void LinePageTest::aLongCycleIsMeasuredByFewer()
 {
     QVector<Exchange> polls = answeredPolls(5000); // as many as are kept
     for (int i = 0; i < 5000; ++i)
-        polls[i].range.address = i % 2000; // 100 s for each cycle
+        polls[i].endsCycle = i % 2000 == 1999; // 100 s for each cycle
     emit m_machine->exchanged(polls);
     emit m_machine->counted(kx::WatchSummary());
     QVERIFY2(labels().contains("Measured: 100000.0 ms per cycle"), qPrintable(labels()));
@@ -219,7 +314,9 @@ void LinePageTest::aNetworkTellsNoLineUse()
     QVERIFY2(labels().contains("Waited for replies 10.0 %, silence 90.0 %"), qPrintable(labels()));
     watch(40);
     emit m_machine->counted(kx::WatchSummary());
-    QTRY_VERIFY(labels().contains("Predicted: 105.5 ms per cycle")); // by the serial line
+    // Whole replies within 5 ms come from no line of 9600 baud: their length does not count.
+    QTRY_VERIFY2(labels().contains("Predicted: 5.0 ms per cycle, 1 requests\n"),
+                 qPrintable(labels()));
 }
 
 void LinePageTest::intervalsCount()

@@ -18,6 +18,7 @@ private slots:
     void cleanup();
     void allIsToldWhileItIsTaken();
     void eachChangeIsToldThoughItIsGathered();
+    void theLastExchangeOfEachCycleIsTold();
     void whileListenersStandStillTheLatestIsKept();
     void aShortPauseLosesNoExchange();
     void theEndIsToldThoughNobodyListens();
@@ -43,6 +44,8 @@ private:
     QList<qint64> m_steps;
     int m_toTake = 0;
     int m_counts = 0;
+    qint64 m_cycleEnds = 0; ///< of the exchanges told
+    qint64 m_cycles = 0;    ///< told last
 };
 
 void MachineSessionTest::init()
@@ -56,6 +59,7 @@ void MachineSessionTest::init()
     m_steps.clear();
     m_toTake = 0;
     m_counts = 0;
+    m_cycleEnds = m_cycles = 0;
 }
 
 void MachineSessionTest::cleanup()
@@ -89,8 +93,10 @@ void MachineSessionTest::start(int most, int mostKept)
     connect(m_session.get(), &MachineSession::exchanged, this,
             [this](const QVector<Exchange>& exchanges) {
                 m_order << "exchanges";
-                for (const Exchange& exchange : exchanges)
+                for (const Exchange& exchange : exchanges) {
                     m_numbers << exchange.number;
+                    m_cycleEnds += exchange.endsCycle ? 1 : 0;
+                }
             });
     connect(m_session.get(), &MachineSession::valuesRead, this,
             [this](const QVector<Reading>& readings) {
@@ -104,6 +110,8 @@ void MachineSessionTest::start(int most, int mostKept)
         m_missed << missed;
     });
     connect(m_session.get(), &MachineSession::counted, this, [this] { ++m_counts; });
+    connect(m_session.get(), &MachineSession::cycleFinished, this,
+            [this](qint64 cycles) { m_cycles = cycles; });
     connect(m_session.get(), &MachineSession::told, this,
             [this](int amount) { m_toTake += amount; });
     m_session->setValues({watched(1, "D0"), watched(2, "D110")});
@@ -157,6 +165,17 @@ void MachineSessionTest::eachChangeIsToldThoughItIsGathered()
         before = reading.readAt;
     }
     QCOMPARE(told.join(' '), replied.join(' '));
+}
+
+void MachineSessionTest::theLastExchangeOfEachCycleIsTold()
+{
+    start(1000000, 5000);
+    m_session->setValues({watched(1, "D0"), watched(2, "D7000"), watched(3, "X0")}); // three each
+    pass(60);
+    m_session->stop();
+    QVERIFY(m_cycles >= 15);
+    QCOMPARE(m_cycleEnds, m_cycles);
+    QVERIFY(m_numbers.size() > 2 * m_cycles);
 }
 
 void MachineSessionTest::whileListenersStandStillTheLatestIsKept()

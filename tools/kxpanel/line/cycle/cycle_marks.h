@@ -3,23 +3,21 @@
 
 #include "kxpanel/machine/machine_events.h"
 
-#include <QtCore/QHash>
-
 namespace kxpanel
 {
 
-/// Tells with which polls a cycle begins: with one of them each time it comes again. When others
-/// come three times without it, as after another list of tags or when its station is left out,
-/// one of those takes its place; so it is one of the tags that are polled most often.
+/// Tells with which polls a cycle begins: the first one of a line, and the first after each end of
+/// a cycle.
 class CycleMarks
 {
 public:
     /// @return a cycle begins with the exchange
     bool begins(const Exchange& exchange);
+    /// What is polled is another: until a cycle has ended, none has begun.
+    void forget() { m_isNext = false; }
 
 private:
-    QString m_mark;               ///< the poll; empty: none yet
-    QHash<QString, int> m_others; ///< how often others came since
+    bool m_isNext = true; ///< the next poll begins one
 };
 
 } // namespace kxpanel

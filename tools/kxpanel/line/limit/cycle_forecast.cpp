@@ -25,14 +25,12 @@ qint64 share(qint64 sum, int cycles)
 class Forecast
 {
 public:
-    Forecast(const QList<kx::PolledRange>& polls, const kx::ReadRules& rules) : m_schedule(0)
+    Forecast(const QList<kx::PolledRange>& polls, const RequestCost& requestCost) : m_schedule(0)
     {
         m_schedule.setPolls(polls, 0);
         for (int index = 0; index < m_schedule.size(); ++index) {
             const kx::PolledRange& poll = m_schedule.poll(index);
-            const kx::PlannedRequest request = kx::requestFor(poll.range);
-            const kx::PlanTiming timing{rules.line, rules.of(request.station).turnaround};
-            m_costs.push_back(costOf(timing, 1, request.bytesSent, request.bytesExpected));
+            m_costs.push_back(requestCost(kx::requestFor(poll.range)));
             m_longestInterval = std::max(m_longestInterval, poll.interval * MILLISECOND);
         }
     }
@@ -93,9 +91,9 @@ private:
 
 } // namespace
 
-kx::CycleCost forecastCycle(const QList<kx::PolledRange>& polls, const kx::ReadRules& rules)
+kx::CycleCost forecastCycle(const QList<kx::PolledRange>& polls, const RequestCost& requestCost)
 {
-    return polls.isEmpty() ? kx::CycleCost() : Forecast(polls, rules).average();
+    return polls.isEmpty() ? kx::CycleCost() : Forecast(polls, requestCost).average();
 }
 
 } // namespace kxpanel

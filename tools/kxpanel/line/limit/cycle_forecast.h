@@ -1,8 +1,7 @@
 #ifndef KX_KXPANEL_LINE_LIMIT_CYCLE_FORECAST_H
 #define KX_KXPANEL_LINE_LIMIT_CYCLE_FORECAST_H
 
-#include "panel/plan/plan_timing.h"
-#include "panel/plan/read_rules.h"
+#include "kxpanel/line/limit/request_cost.h"
 #include "panel/polling/polled_range.h"
 
 #include <QtCore/QList>
@@ -11,10 +10,10 @@ namespace kxpanel
 {
 
 /// What one cycle costs on average when the polls take turns as a session's schedule has it, those
-/// with intervals between the others, each answered by its station's own turnaround. A cycle of
-/// intervals alone lasts as long as the shortest of them, or as its requests take.
+/// with intervals between the others, each answered. A cycle of intervals alone lasts as long as
+/// the shortest of them, or as its requests take.
 /// @param polls as kx::plannedPolls() gives them
-kx::CycleCost forecastCycle(const QList<kx::PolledRange>& polls, const kx::ReadRules& rules);
+kx::CycleCost forecastCycle(const QList<kx::PolledRange>& polls, const RequestCost& requestCost);
 
 } // namespace kxpanel
 

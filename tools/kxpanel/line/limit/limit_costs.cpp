@@ -3,8 +3,6 @@
 #include "kxpanel/line/limit/cycle_forecast.h"
 #include "panel/polling/poll_plan.h"
 
-#include <QtCore/QElapsedTimer>
-
 #include <algorithm>
 
 namespace kxpanel
@@ -13,62 +11,49 @@ namespace kxpanel
 namespace
 {
 
-const int BITS_PER_REGISTER = 16;
-const qint64 AT_ONCE = 8; // milliseconds of work between two looks at keys and mouse
+const int TOLD_AT_ONCE = 5; // limits; all together take a fraction of a second, or seconds
 
-kx::StationRules stationRules(int maxWords)
+bool isSame(const kx::PolledRange& one, const kx::PolledRange& other)
 {
-    kx::StationRules rules;
-    rules.maxWords = maxWords;
-    rules.maxBits = bitsFor(maxWords);
-    return rules;
+    return one.range.station == other.range.station && one.range.type == other.range.type
+           && one.range.address == other.range.address && one.range.values == other.range.values
+           && one.range.width == other.range.width && one.interval == other.interval;
+}
+
+bool areSame(const QList<kx::PolledRange>& some, const QList<kx::PolledRange>& others)
+{
+    return std::equal(some.begin(), some.end(), others.begin(), others.end(), &isSame);
 }
 
 } // namespace
 
-int bitsFor(int maxWords)
-{
-    return std::min(maxWords * BITS_PER_REGISTER, kx::MOST_COILS_PER_READ);
-}
-
-kx::ReadRules limitedRules(int maxWords, const kx::LineTiming& timing,
-                           const QMap<int, ReplyTimes>& replies)
-{
-    kx::ReadRules rules;
-    rules.line = timing;
-    rules.usual = stationRules(maxWords);
-    for (auto station = replies.begin(); station != replies.end(); ++station) {
-        if (station->count() == 0)
-            continue;
-        kx::StationRules own = rules.usual;
-        own.turnaround = station->median();
-        rules.stations.insert(station.key(), own);
-    }
-    return rules;
-}
-
 LimitCosts::LimitCosts(QObject* parent) : QObject(parent)
 {
-    connect(&m_timer, &QTimer::timeout, this, &LimitCosts::work);
+    m_pool.setMaxThreadCount(1);
 }
 
-void LimitCosts::start(const QList<kx::PolledRange>& watched, const kx::LineTiming& timing,
-                       const QMap<int, ReplyTimes>& replies)
+LimitCosts::~LimitCosts()
 {
+    if (m_stop)
+        *m_stop = true;
+    m_pool.waitForDone();
+}
+
+bool LimitCosts::start(const QList<kx::PolledRange>& watched, const AnswerPace& pace)
+{
+    if (m_stop && m_pace == pace && areSame(m_watched, watched))
+        return false;
+    if (m_stop)
+        *m_stop = true;
+    m_stop = std::make_shared<std::atomic<bool>>(false);
     m_watched = watched;
-    m_timing = timing;
-    m_replies = replies;
+    m_pace = pace;
     m_results.clear();
-    if (watched.isEmpty())
-        m_timer.stop();
-    else
-        m_timer.start(0);
+    m_isFinished = watched.isEmpty();
+    if (!m_isFinished)
+        m_pool.start([this, watched, pace, stop = m_stop] { work(watched, pace, stop); });
     emit advanced();
-}
-
-bool LimitCosts::isFinished() const
-{
-    return !m_timer.isActive();
+    return true;
 }
 
 int LimitCosts::best() const
@@ -82,19 +67,32 @@ const kx::LengthResult* LimitCosts::of(int maxWords) const
     return maxWords >= 1 && maxWords <= m_results.size() ? &m_results.at(maxWords - 1) : nullptr;
 }
 
-void LimitCosts::work()
+/// In the pool's thread.
+void LimitCosts::work(const QList<kx::PolledRange>& watched, const AnswerPace& pace,
+                      const Stop& stop)
 {
-    QElapsedTimer spent;
-    spent.start();
-    while (m_results.size() < kx::MOST_REGISTERS_PER_READ && spent.elapsed() < AT_ONCE) {
+    const RequestCost cost = requestCost(pace);
+    QList<kx::LengthResult> results;
+    for (int maxWords = 1; maxWords <= kx::MOST_REGISTERS_PER_READ && !*stop; ++maxWords) {
         kx::LengthResult result;
-        result.maxWords = static_cast<int>(m_results.size()) + 1;
-        const kx::ReadRules rules = limitedRules(result.maxWords, m_timing, m_replies);
-        result.cost = forecastCycle(kx::plannedPolls(m_watched, rules, nullptr), rules);
-        m_results << result;
+        result.maxWords = maxWords;
+        result.cost =
+            forecastCycle(kx::plannedPolls(watched, limitedRules(maxWords, pace), nullptr), cost);
+        results << result;
+        if (results.size() < TOLD_AT_ONCE && maxWords < kx::MOST_REGISTERS_PER_READ)
+            continue;
+        QMetaObject::invokeMethod(
+            this, [this, results, stop] { take(results, stop); }, Qt::QueuedConnection);
+        results.clear();
     }
-    if (m_results.size() == kx::MOST_REGISTERS_PER_READ)
-        m_timer.stop();
+}
+
+void LimitCosts::take(const QList<kx::LengthResult>& results, const Stop& stop)
+{
+    if (stop != m_stop)
+        return; // of what is asked no more
+    m_results += results;
+    m_isFinished = m_results.size() == kx::MOST_REGISTERS_PER_READ;
     emit advanced();
 }
 

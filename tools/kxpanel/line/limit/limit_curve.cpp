@@ -161,8 +161,11 @@ void LimitCurve::paintAxis(QPainter* painter) const
     for (const qint64 time : {m_shortest, m_longest})
         painter->drawText(QRectF(0, yOf(time) - row, area.left() - row / 3, row), Qt::AlignRight,
                           timeWords(time));
-    painter->drawText(QRectF(0, 0, width() - row / 3, row), Qt::AlignRight,
-                      tr("per cycle, by registers of the longest request"));
+    const QRectF heading(area.left(), 0, width() - row / 3 - area.left(), row);
+    const QString words = tr("per cycle, by registers of the longest request");
+    painter->drawText(
+        heading, Qt::AlignRight,
+        fontMetrics().elidedText(words, Qt::ElideRight, static_cast<int>(heading.width())));
 }
 
 void LimitCurve::mousePressEvent(QMouseEvent* event)

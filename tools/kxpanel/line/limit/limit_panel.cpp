@@ -20,7 +20,8 @@ LimitPanel::LimitPanel(const LimitCosts* costs, QWidget* parent)
       m_curve(new LimitCurve(costs, this)),
       m_predicted(new QLabel(this)),
       m_measured(new QLabel(this)),
-      m_inForce(new QLabel(this))
+      m_inForce(new QLabel(this)),
+      m_longest(kx::MOST_REGISTERS_PER_READ)
 {
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(0, 0, 0, 0);
@@ -35,9 +36,9 @@ LimitPanel::LimitPanel(const LimitCosts* costs, QWidget* parent)
     for (QLabel* label : {m_predicted, m_measured, m_inForce})
         label->setTextFormat(Qt::PlainText);
     m_predicted->setWordWrap(true);
-    m_curve->setChosen(chosen());
+    onChosen(chosen());
     setMeasured(0);
-    setInForce(0);
+    setInForce(0, true);
     showCosts();
 }
 
@@ -52,7 +53,6 @@ QWidget* LimitPanel::makeChoice()
     m_number->setRange(1, kx::MOST_REGISTERS_PER_READ);
     m_slider->setValue(kx::MOST_REGISTERS_PER_READ);
     m_number->setValue(kx::MOST_REGISTERS_PER_READ);
-    m_number->setSuffix(tr(" registers"));
     const QString tip = tr("The longest request in registers, or 16 times as many bits. Nothing "
                            "is changed before it is applied.");
     for (QWidget* widget : {static_cast<QWidget*>(m_slider), static_cast<QWidget*>(m_number)}) {
@@ -102,6 +102,7 @@ void LimitPanel::setChosen(int maxWords)
 void LimitPanel::onChosen(int maxWords)
 {
     m_number->setValue(maxWords);
+    m_number->setSuffix(maxWords == 1 ? tr(" register") : tr(" registers"));
     m_curve->setChosen(maxWords);
     showCosts();
     emit chosenChanged(maxWords);
@@ -114,10 +115,16 @@ void LimitPanel::setMeasured(qint64 time)
                                  : tr("Measured: nothing yet"));
 }
 
-void LimitPanel::setInForce(int longest)
+void LimitPanel::setInForce(int longest, bool isAutomatic)
 {
-    m_inForce->setText(longest > 0 ? tr("In force: %n register(s) at most", nullptr, longest)
-                                   : tr("In force: no line is open"));
+    if (longest <= 0)
+        return m_inForce->setText(tr("In force: no line is open"));
+    const bool isLimited = longest < kx::MOST_REGISTERS_PER_READ || !isAutomatic;
+    m_inForce->setText(isLimited ? tr("In force: %n register(s) at most", nullptr, longest)
+                                 : tr("In force: automatic, %1 registers at most").arg(longest));
+    if (longest != m_longest)
+        setChosen(longest); // what is predicted is then what is measured
+    m_longest = longest;
 }
 
 void LimitPanel::setSilent(const QList<int>& stations)
@@ -139,12 +146,18 @@ void LimitPanel::showCosts()
     m_best->setText(best > 0 ? tr("Apply the &best: %1").arg(best) : tr("Apply the &best"));
     m_best->setToolTip(tr("The lowest limit with the shortest cycle (Alt+B)"));
     const kx::LengthResult* result = m_costs->of(chosen());
-    m_predicted->setText((result ? tr("Predicted: %1 per cycle, %n requests, line used %2 %",
-                                      nullptr, result->cost.requests)
-                                       .arg(timeWords(result->cost.duration))
-                                       .arg(100 * result->cost.lineLoad(), 0, 'f', 1)
-                                 : tr("Predicted: nothing yet"))
+    m_predicted->setText((result ? predictedWords(result->cost) : tr("Predicted: nothing yet"))
                          + m_leftOut);
+}
+
+QString LimitPanel::predictedWords(const kx::CycleCost& cost)
+{
+    const QString time = timeWords(cost.duration);
+    return cost.busy > 0
+               ? tr("Predicted: %1 per cycle, %n requests, line used %2 %", nullptr, cost.requests)
+                     .arg(time)
+                     .arg(100 * cost.lineLoad(), 0, 'f', 1)
+               : tr("Predicted: %1 per cycle, %n requests", nullptr, cost.requests).arg(time);
 }
 
 void LimitPanel::apply(int maxWords)

@@ -3,6 +3,11 @@
 
 #include <QtWidgets/QWidget>
 
+namespace kx
+{
+struct CycleCost;
+}
+
 class QLabel;
 class QPushButton;
 class QSlider;
@@ -27,8 +32,10 @@ public:
     void setChosen(int maxWords);
     /// @param time of a cycle in microseconds; 0: not known
     void setMeasured(qint64 time);
+    /// Chooses it, too, when it is another.
     /// @param longest request that is allowed on the line now, in registers; 0: no line is open
-    void setInForce(int longest);
+    /// @param isAutomatic within that, requests are as long as takes the least time
+    void setInForce(int longest, bool isAutomatic);
     /// @param stations whose requests are not among those predicted, rising
     void setSilent(const QList<int>& stations);
 
@@ -43,6 +50,7 @@ private:
     QWidget* makeButtons();
     void onChosen(int maxWords);
     void showCosts();
+    static QString predictedWords(const kx::CycleCost& cost);
     void apply(int maxWords);
 
     const LimitCosts* m_costs;
@@ -54,6 +62,7 @@ private:
     QLabel* m_measured;
     QLabel* m_inForce;
     QPushButton* m_best = nullptr;
+    int m_longest; ///< that was in force last
 };
 
 } // namespace kxpanel

@@ -1,7 +1,6 @@
 #include "kxpanel/line/plan/plan_picture.h"
 
 #include "kxpanel/line/colours/line_colours.h"
-#include "panel/plan/plan_timing.h"
 #include "registers/register_types.h"
 
 #include <QtGui/QMouseEvent>
@@ -23,10 +22,10 @@ PlanPicture::PlanPicture(QWidget* parent) : QWidget(parent)
 }
 
 void PlanPicture::setPlan(const QList<kx::PolledRange>& polls, const kx::WatchedRanges& watched,
-                          const kx::ReadRules& rules)
+                          const RequestCost& cost)
 {
     m_rows = planRows(polls, watched);
-    m_rules = rules;
+    m_cost = cost;
     m_places.clear();
     m_widest = 0;
     m_mostBars = 0;
@@ -169,9 +168,7 @@ void PlanPicture::tell(int index)
         return;
     }
     const PlanBar& bar = barOf(m_places.at(shown));
-    const kx::PlanTiming timing{m_rules.line, m_rules.of(bar.request.station).turnaround};
-    const kx::CycleCost cost = costOf(timing, 1, bar.request.bytesSent, bar.request.bytesExpected);
-    emit told(barWords(bar, cost.duration));
+    emit told(barWords(bar, m_cost(bar.request).duration));
 }
 
 void PlanPicture::select(int index)

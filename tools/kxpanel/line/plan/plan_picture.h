@@ -1,9 +1,8 @@
 #ifndef KX_KXPANEL_LINE_PLAN_PLAN_PICTURE_H
 #define KX_KXPANEL_LINE_PLAN_PLAN_PICTURE_H
 
+#include "kxpanel/line/limit/request_cost.h"
 #include "kxpanel/line/plan/plan_rows.h"
-
-#include "panel/plan/read_rules.h"
 
 #include <QtWidgets/QWidget>
 
@@ -20,9 +19,9 @@ class PlanPicture : public QWidget
 public:
     explicit PlanPicture(QWidget* parent = nullptr);
 
-    /// @param rules with which the plan was made, for the times that are told
+    /// @param cost for the times that are told
     void setPlan(const QList<kx::PolledRange>& polls, const kx::WatchedRanges& watched,
-                 const kx::ReadRules& rules);
+                 const RequestCost& cost);
 
     /// Of all bars by rising row and address, -1: none
     int selected() const { return m_selected; }
@@ -71,7 +70,7 @@ private:
     QVector<Place> m_places; ///< of each bar
     double m_widest = 0;     ///< of the rows, without gaps
     int m_mostBars = 0;      ///< of a row
-    kx::ReadRules m_rules;
+    RequestCost m_cost;
     int m_selected = -1;
 };
 

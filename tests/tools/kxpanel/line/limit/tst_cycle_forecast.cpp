@@ -37,12 +37,12 @@ private slots:
 
 void CycleForecastTest::nothing()
 {
-    QCOMPARE(forecastCycle({}, kx::ReadRules()).requests, 0);
+    QCOMPARE(forecastCycle({}, serialCost({})).requests, 0);
 }
 
 void CycleForecastTest::aRound()
 {
-    const kx::CycleCost cost = forecastCycle({poll(100, 0), poll(7000, 0)}, kx::ReadRules());
+    const kx::CycleCost cost = forecastCycle({poll(100, 0), poll(7000, 0)}, serialCost({}));
     QCOMPARE(cost.requests, 2);
     QCOMPARE(cost.bytesSent, qint64(16));
     QCOMPARE(cost.bytesExpected, qint64(50)); // 5 and two for each register
@@ -56,7 +56,7 @@ void CycleForecastTest::eachStationByItsOwnTurnaround()
     kx::StationRules slow;
     slow.turnaround = 20000; // 15000 us more
     rules.stations.insert(2, slow);
-    const kx::CycleCost cost = forecastCycle({poll(100, 0), poll(100, 0, 2)}, rules);
+    const kx::CycleCost cost = forecastCycle({poll(100, 0), poll(100, 0, 2)}, serialCost(rules));
     QCOMPARE(cost.duration, 2 * TEN_REGISTERS + 15000);
 }
 
@@ -65,7 +65,7 @@ void CycleForecastTest::seldomPollsShareTheCycle()
     // Of two that alternate in about 86 ms, a third every 860 ms makes each tenth cycle half as
     // long again.
     const kx::CycleCost cost =
-        forecastCycle({poll(100, 0), poll(7000, 0), poll(4000, 860)}, kx::ReadRules());
+        forecastCycle({poll(100, 0), poll(7000, 0), poll(4000, 860)}, serialCost({}));
     QCOMPARE(cost.requests, 2);
     QVERIFY2(qAbs(cost.duration - (2 * TEN_REGISTERS + TEN_REGISTERS / 10)) < 500,
              qPrintable(QString::number(cost.duration)));
@@ -76,7 +76,7 @@ void CycleForecastTest::seldomPollsShareTheCycle()
 void CycleForecastTest::intervalsAlone()
 {
     const kx::CycleCost cost =
-        forecastCycle({poll(100, 500), poll(7000, 500), poll(4000, 1000)}, kx::ReadRules());
+        forecastCycle({poll(100, 500), poll(7000, 500), poll(4000, 1000)}, serialCost({}));
     QCOMPARE(cost.duration, qint64(500000)); // the shortest
     QCOMPARE(cost.requests, 3);              // two, and one in each other cycle
     QVERIFY(qAbs(cost.busy - (2 * BUSY + BUSY / 2)) < 2);
@@ -84,10 +84,10 @@ void CycleForecastTest::intervalsAlone()
 
 void CycleForecastTest::intervalsThatCannotBeKept()
 {
-    const kx::CycleCost cost = forecastCycle({poll(100, 50), poll(7000, 50)}, kx::ReadRules());
+    const kx::CycleCost cost = forecastCycle({poll(100, 50), poll(7000, 50)}, serialCost({}));
     QCOMPARE(cost.duration, 2 * TEN_REGISTERS);
     // Each takes its turn with the other that is always there.
-    const kx::CycleCost mixed = forecastCycle({poll(100, 0), poll(7000, 10)}, kx::ReadRules());
+    const kx::CycleCost mixed = forecastCycle({poll(100, 0), poll(7000, 10)}, serialCost({}));
     QCOMPARE(mixed.duration, 2 * TEN_REGISTERS);
 }
 

@@ -22,13 +22,6 @@ kx::PolledRange registers(int address, int count)
     return polled("D", address, count);
 }
 
-QMap<int, ReplyTimes> repliesOf(int station, qint64 time)
-{
-    QMap<int, ReplyTimes> replies;
-    replies[station].add(time);
-    return replies;
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(kx::PolledRange)
@@ -38,32 +31,20 @@ class LimitCostsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void rules();
     void allLimits();
     void stopsAtNothing();
     void beginsAnew();
+    void worksOnceOnTheSame();
+    void isGivenUpWithItsOwner();
     void theBestIsTheLeastTime_data();
     void theBestIsTheLeastTime();
 };
-
-void LimitCostsTest::rules()
-{
-    QMap<int, ReplyTimes> replies = repliesOf(3, 1200);
-    replies.insert(4, ReplyTimes()); // it has not answered
-    const kx::ReadRules rules = limitedRules(10, kx::LineTiming(), replies);
-    QCOMPARE(rules.usual.maxWords, 10);
-    QCOMPARE(rules.usual.maxBits, 160);
-    QCOMPARE(rules.of(3).turnaround, qint64(1200));
-    QCOMPARE(rules.of(3).maxWords, 10);
-    QCOMPARE(rules.of(4).turnaround, qint64(5000));
-    QCOMPARE(bitsFor(125), 2000); // as many as Modbus allows
-}
 
 void LimitCostsTest::allLimits()
 {
     LimitCosts costs;
     QSignalSpy advanced(&costs, &LimitCosts::advanced);
-    costs.start({registers(100, 40)}, kx::LineTiming(), {});
+    costs.start({registers(100, 40)}, AnswerPace());
     QVERIFY(!costs.isFinished());
     QTRY_VERIFY(costs.isFinished());
     QVERIFY(advanced.count() >= 2);
@@ -82,7 +63,7 @@ void LimitCostsTest::stopsAtNothing()
 {
     LimitCosts costs;
     QCOMPARE(costs.best(), 0);
-    costs.start({}, kx::LineTiming(), {});
+    costs.start({}, AnswerPace());
     QVERIFY(costs.isFinished());
     QVERIFY(costs.results().isEmpty());
     QCOMPARE(costs.best(), 0);
@@ -91,15 +72,47 @@ void LimitCostsTest::stopsAtNothing()
 void LimitCostsTest::beginsAnew()
 {
     LimitCosts costs;
-    costs.start({registers(100, 40)}, kx::LineTiming(), {});
-    costs.start({registers(100, 2)}, kx::LineTiming(), {});
+    costs.start({registers(100, 40)}, AnswerPace());
+    costs.start({registers(100, 2)}, AnswerPace());
     QTRY_VERIFY(costs.isFinished());
     QCOMPARE(costs.results().size(), 125);
     QCOMPARE(costs.best(), 2);
-    costs.start({registers(100, 40)}, kx::LineTiming(), {});
-    costs.start({}, kx::LineTiming(), {});
+    costs.start({registers(100, 40)}, AnswerPace());
+    costs.start({}, AnswerPace());
     QVERIFY(costs.isFinished());
     QVERIFY(costs.results().isEmpty());
+}
+
+void LimitCostsTest::worksOnceOnTheSame()
+{
+    LimitCosts costs;
+    AnswerPace pace;
+    QVERIFY(costs.start({registers(100, 40)}, pace));
+    QVERIFY(!costs.start({registers(100, 40)}, pace)); // while it works
+    QTRY_VERIFY(costs.isFinished());
+    QVERIFY(!costs.start({registers(100, 40)}, pace));
+    QVERIFY(costs.isFinished());
+    QVERIFY(costs.start({registers(100, 41)}, pace));
+    pace.turnarounds.insert(1, 7000);
+    QVERIFY(costs.start({registers(100, 41)}, pace));
+    kx::PolledRange seldom = registers(100, 41);
+    seldom.interval = 2000;
+    QVERIFY(costs.start({seldom}, pace));
+    QVERIFY(costs.start({}, pace));
+    QVERIFY(!costs.start({}, pace));
+}
+
+void LimitCostsTest::isGivenUpWithItsOwner()
+{
+    QList<kx::PolledRange> scattered;
+    for (int value = 0; value < 1000; ++value)
+        scattered << kx::PolledRange{{findRegisterType(QString("D")), 7 * value, 1, 1}, 1000};
+    auto costs = std::make_unique<LimitCosts>();
+    costs->start(scattered, AnswerPace());
+    QTRY_VERIFY_WITH_TIMEOUT(!costs->results().isEmpty(), 20000);
+    QVERIFY(!costs->isFinished());
+    costs.reset(); // while it works; nothing comes any more
+    QCoreApplication::processEvents();
 }
 
 void LimitCostsTest::theBestIsTheLeastTime_data()
@@ -123,7 +136,7 @@ void LimitCostsTest::theBestIsTheLeastTime()
     const kx::LengthResult automatic =
         resultOf(kx::chosenPlan(ranges, kx::ReadRules()), kx::WatchedRanges(ranges), {});
     LimitCosts costs;
-    costs.start(watched, kx::LineTiming(), {});
+    costs.start(watched, AnswerPace());
     QTRY_VERIFY(costs.isFinished());
     QCOMPARE(costs.of(costs.best())->cost.duration, automatic.cost.duration);
     QCOMPARE(costs.of(costs.best())->cost.requests, automatic.cost.requests);

@@ -57,7 +57,7 @@ void LimitCurveTest::marksTheBest()
     LimitCurve curve(&costs);
     curve.resize(500, 200);
     const QImage empty = curve.grab().toImage();
-    costs.start({{{findRegisterType(QString("D")), 100, 40, 1}, 0}}, kx::LineTiming(), {});
+    costs.start({{{findRegisterType(QString("D")), 100, 40, 1}, 0}}, AnswerPace());
     QTRY_VERIFY(costs.isFinished());
     const QImage image = curve.grab().toImage();
     const QColor colour = curve.palette().color(QPalette::Highlight);

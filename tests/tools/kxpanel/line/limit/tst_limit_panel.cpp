@@ -20,6 +20,7 @@ private slots:
     void init();
     void cleanup();
     void predictsWhatIsChosen();
+    void theNumberHasItsUnit();
     void tellsWhatIsNotPredicted();
     void tellsWhatWasMeasured();
     void tellsWhichLimitIsInForce();
@@ -40,7 +41,7 @@ private:
 
 void LimitPanelTest::init()
 {
-    m_costs.start({{{findRegisterType(QString("D")), 100, 40, 1}, 0}}, kx::LineTiming(), {});
+    m_costs.start({{{findRegisterType(QString("D")), 100, 40, 1}, 0}}, AnswerPace());
     m_panel = std::make_unique<LimitPanel>(&m_costs);
     m_applied = std::make_unique<QSignalSpy>(m_panel.get(), &LimitPanel::applied);
     QTRY_VERIFY(m_costs.isFinished());
@@ -85,6 +86,18 @@ void LimitPanelTest::predictsWhatIsChosen()
     QCOMPARE(m_applied->count(), 0);
 }
 
+void LimitPanelTest::theNumberHasItsUnit()
+{
+    auto* number = m_panel->findChild<QSpinBox*>();
+    QCOMPARE(number->text(), QString("125 registers"));
+    number->selectAll();
+    QTest::keyClicks(number, "1");
+    QCOMPARE(number->text(), QString("1 register"));
+    QTest::keyClicks(number, "6"); // behind what was typed
+    QCOMPARE(number->text(), QString("16 registers"));
+    QCOMPARE(m_panel->chosen(), 16);
+}
+
 void LimitPanelTest::tellsWhatIsNotPredicted()
 {
     m_panel->setSilent({9, 12});
@@ -104,7 +117,7 @@ void LimitPanelTest::tellsWhatWasMeasured()
 void LimitPanelTest::tellsWhichLimitIsInForce()
 {
     QVERIFY(labels().contains("In force: no line is open\n"));
-    m_panel->setInForce(32);
+    m_panel->setInForce(32, true);
     m_panel->setChosen(40); // applied only by its button
     QVERIFY2(labels().contains("In force: 32 register(s) at most\n"), qPrintable(labels()));
 }
@@ -129,7 +142,7 @@ void LimitPanelTest::theBestIsKnownWhenAllArePredicted()
         early += m_costs.isFinished() || m_costs.results().isEmpty() ? 0 : 1;
         appliedEarly += !m_costs.isFinished() && !button("Apply the &best") ? 1 : 0;
     });
-    m_costs.start(scattered, kx::LineTiming(), {});
+    m_costs.start(scattered, AnswerPace());
     QTRY_VERIFY_WITH_TIMEOUT(m_costs.isFinished(), 60000);
     QVERIFY(early > 0);
     QCOMPARE(appliedEarly, 0);
@@ -154,7 +167,7 @@ void LimitPanelTest::leavesTheChoiceToTheRuntime()
 
 void LimitPanelTest::nothingToApply()
 {
-    m_costs.start({}, kx::LineTiming(), {});
+    m_costs.start({}, AnswerPace());
     QVERIFY(!button("Apply the &best")->isEnabled());
     QVERIFY(labels().contains("Predicted: nothing yet"));
 }

@@ -49,7 +49,8 @@ void PlanPictureTest::show(const QList<kx::AddressRange>& watched)
     QList<kx::PolledRange> polled;
     for (const kx::AddressRange& range : watched)
         polled << kx::PolledRange{range, 0};
-    m_picture->setPlan(kx::plannedPolls(polled, rules, nullptr), kx::WatchedRanges(watched), rules);
+    m_picture->setPlan(kx::plannedPolls(polled, rules, nullptr), kx::WatchedRanges(watched),
+                       serialCost(rules));
 }
 
 void PlanPictureTest::aBarForEachRequest()

@@ -1,0 +1,91 @@
+#include "kxpanel/line/limit/answer_times.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const size_t LATEST = 31; // answers, whatever their length
+const size_t LATEST_OF_A_LENGTH = 9;
+const int LENGTHS_APART = 16; // bytes; from less the time of one cannot be told
+
+template <typename Numbers>
+auto medianOf(Numbers numbers)
+{
+    const auto middle = numbers.begin() + static_cast<std::ptrdiff_t>(numbers.size() / 2);
+    std::nth_element(numbers.begin(), middle, numbers.end());
+    return *middle;
+}
+
+} // namespace
+
+void AnswerTimes::keep(Latest* latest, qint64 time, size_t most)
+{
+    latest->push_back(time);
+    if (latest->size() > most)
+        latest->pop_front();
+}
+
+void AnswerTimes::add(int station, int bytes, qint64 time)
+{
+    Station& answered = m_stations[station];
+    keep(&answered.latest, time, LATEST);
+    keep(&answered.byBytes[bytes], time, LATEST_OF_A_LENGTH);
+}
+
+AnswerPace AnswerTimes::pace(const kx::LineTiming& line, bool isNetwork) const
+{
+    AnswerPace pace;
+    pace.line = line;
+    pace.isNetwork = isNetwork;
+    for (const auto& [number, station] : m_stations)
+        pace.turnarounds.insert(number, medianOf(station.latest));
+    if (!isNetwork)
+        return pace;
+    pace.perByte = perByte(line);
+    for (const auto& [number, station] : m_stations) {
+        std::vector<double> rests;
+        for (const Length& length : lengthsOf(station))
+            rests.push_back(length.time - pace.perByte * length.bytes);
+        pace.each.insert(number, std::max(std::llround(medianOf(rests)), 0LL));
+    }
+    return pace;
+}
+
+/// By what answers of other lengths took longer or less. When all are alike, as the serial line has
+/// it that the gateway is said to have, unless they came sooner: then there is none.
+double AnswerTimes::perByte(const kx::LineTiming& line) const
+{
+    const double character = static_cast<double>(line.transmissionTime(1000)) / 1000;
+    std::vector<double> slopes;
+    bool isSooner = false;
+    for (const auto& [number, station] : m_stations) {
+        const std::vector<Length> lengths = lengthsOf(station);
+        for (size_t i = 0; i < lengths.size(); ++i) {
+            isSooner = isSooner || lengths[i].time < character * lengths[i].bytes;
+            for (size_t j = i + 1; j < lengths.size(); ++j) {
+                const int apart = lengths[j].bytes - lengths[i].bytes;
+                if (apart >= LENGTHS_APART)
+                    slopes.push_back((lengths[j].time - lengths[i].time) / apart);
+            }
+        }
+    }
+    if (!slopes.empty())
+        return std::max(medianOf(slopes), 0.0);
+    return isSooner ? 0 : character;
+}
+
+/// Rising.
+std::vector<AnswerTimes::Length> AnswerTimes::lengthsOf(const Station& station)
+{
+    std::vector<Length> lengths;
+    for (const auto& [bytes, times] : station.byBytes)
+        lengths.push_back({bytes, static_cast<double>(medianOf(times))});
+    return lengths;
+}
+
+} // namespace kxpanel

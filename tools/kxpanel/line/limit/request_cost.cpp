@@ -1,0 +1,72 @@
+#include "kxpanel/line/limit/request_cost.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+const int BITS_PER_REGISTER = 16;
+
+kx::StationRules stationRules(int maxWords)
+{
+    kx::StationRules rules;
+    rules.maxWords = maxWords;
+    rules.maxBits = bitsFor(maxWords);
+    return rules;
+}
+
+RequestCost networkCost(const AnswerPace& pace)
+{
+    const qint64 slowest = *std::max_element(pace.each.begin(), pace.each.end());
+    return [pace, slowest](const kx::PlannedRequest& request) {
+        kx::CycleCost cost;
+        cost.requests = 1;
+        cost.bytesSent = request.bytesSent;
+        cost.bytesExpected = request.bytesExpected;
+        const int bytes = request.bytesSent + request.bytesExpected;
+        cost.duration =
+            pace.each.value(request.station, slowest) + std::llround(pace.perByte * bytes);
+        return cost;
+    };
+}
+
+} // namespace
+
+RequestCost serialCost(const kx::ReadRules& rules)
+{
+    return [rules](const kx::PlannedRequest& request) {
+        const kx::PlanTiming timing{rules.line, rules.of(request.station).turnaround};
+        return costOf(timing, 1, request.bytesSent, request.bytesExpected);
+    };
+}
+
+RequestCost requestCost(const AnswerPace& pace)
+{
+    const bool isKnownNetwork = pace.isNetwork && !pace.each.isEmpty();
+    return isKnownNetwork ? networkCost(pace)
+                          : serialCost(limitedRules(kx::MOST_REGISTERS_PER_READ, pace));
+}
+
+kx::ReadRules limitedRules(int maxWords, const AnswerPace& pace)
+{
+    kx::ReadRules rules;
+    rules.line = pace.line;
+    rules.usual = stationRules(maxWords);
+    for (auto station = pace.turnarounds.begin(); station != pace.turnarounds.end(); ++station) {
+        kx::StationRules own = rules.usual;
+        own.turnaround = *station;
+        rules.stations.insert(station.key(), own);
+    }
+    return rules;
+}
+
+int bitsFor(int maxWords)
+{
+    return std::min(maxWords * BITS_PER_REGISTER, kx::MOST_COILS_PER_READ);
+}
+
+} // namespace kxpanel
