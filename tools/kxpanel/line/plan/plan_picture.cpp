@@ -54,27 +54,28 @@ double PlanPicture::labelWidth() const
     return fontMetrics().horizontalAdvance(QStringLiteral("0000 32CV "));
 }
 
-double PlanPicture::gap() const
+PlanPicture::Measures PlanPicture::measures() const
 {
-    const double room = width() - labelWidth();
-    return std::min(fontMetrics().averageCharWidth() * 0.75, room / 4 / std::max(m_mostBars, 1));
+    Measures measures;
+    measures.height = fontMetrics().height();
+    measures.labels = labelWidth();
+    const double room = width() - measures.labels;
+    const double character = fontMetrics().averageCharWidth();
+    measures.gap = std::min(character * 0.75, room / 4 / std::max(m_mostBars, 1));
+    const double free = room - measures.gap * (m_mostBars + 1);
+    measures.scale = m_widest > 0 ? std::clamp(free / m_widest, 0.0, character * 2.0) : 0;
+    return measures;
 }
 
-double PlanPicture::scale() const
-{
-    const double room = width() - labelWidth() - gap() * (m_mostBars + 1);
-    const double widestRegister = fontMetrics().averageCharWidth() * 2.0;
-    return m_widest > 0 ? std::clamp(room / m_widest, 0.0, widestRegister) : 0;
-}
-
-QRectF PlanPicture::barRect(int index) const
+QRectF PlanPicture::barRect(int index, const Measures& measures) const
 {
     const Place& place = m_places.at(index);
     const PlanBar& bar = barOf(place);
-    const double height = fontMetrics().height();
-    const double left = labelWidth() + gap() * (place.bar + 1) + place.before * scale();
-    const double width = std::max(widthOf(bar.request, bar.request.count) * scale(), 1.0);
-    return {left, place.row * double(rowHeight()) + height / 4, width, height};
+    const double left =
+        measures.labels + measures.gap * (place.bar + 1) + place.before * measures.scale;
+    const double width = std::max(widthOf(bar.request, bar.request.count) * measures.scale, 1.0);
+    const double top = place.row * double(rowHeight()) + measures.height / 4;
+    return {left, top, width, measures.height};
 }
 
 QSize PlanPicture::sizeHint() const
@@ -92,33 +93,42 @@ void PlanPicture::paintEvent(QPaintEvent* event)
         painter.drawText(rect(), Qt::AlignCenter, tr("Nothing is watched"));
         return;
     }
+    const Measures size = measures();
     const int first = std::max(event->rect().top() / rowHeight(), 0);
     const int last = event->rect().bottom() / rowHeight();
     for (int row = first; row <= std::min(last, static_cast<int>(m_rows.size()) - 1); ++row) {
-        const QRectF place(0, row * double(rowHeight()), labelWidth() - gap(),
+        const QRectF place(0, row * double(rowHeight()), size.labels - size.gap,
                            fontMetrics().height() * 1.5);
         painter.drawText(
             place, Qt::AlignRight | Qt::AlignVCenter,
             QStringLiteral("%1 %2").arg(QString::number(m_rows.at(row).station),
                                         QString::fromLatin1(m_rows.at(row).type->name)));
     }
-    for (int index = 0; index < m_places.size(); ++index) {
-        if (m_places.at(index).row >= first && m_places.at(index).row <= last)
-            paintBar(&painter, index);
-    }
-    paintAddresses(&painter, first, last);
+    const int firstBar = firstBarOf(first);
+    const int endBar = firstBarOf(last + 1);
+    for (int index = firstBar; index < endBar; ++index)
+        paintBar(&painter, index, barRect(index, size));
+    paintAddresses(&painter, firstBar, endBar, size);
 }
 
-void PlanPicture::paintAddresses(QPainter* painter, int firstRow, int lastRow) const
+int PlanPicture::firstBarOf(int row) const
+{
+    const auto found = std::partition_point(m_places.begin(), m_places.end(),
+                                            [row](const Place& place) { return place.row < row; });
+    return static_cast<int>(found - m_places.begin());
+}
+
+void PlanPicture::paintAddresses(QPainter* painter, int firstBar, int endBar,
+                                 const Measures& measures) const
 {
     painter->setPen(palette().color(QPalette::Text));
     double used = 0; // up to where an address stands in the row
-    for (int index = 0; index < m_places.size(); ++index) {
+    for (int index = firstBar; index < endBar; ++index) {
         const Place& place = m_places.at(index);
         if (place.bar == 0)
             used = 0;
-        const QRectF bar = barRect(index);
-        if (place.row < firstRow || place.row > lastRow || bar.left() < used)
+        const QRectF bar = barRect(index, measures);
+        if (bar.left() < used)
             continue;
         const kx::PlannedRequest& request = barOf(place).request;
         const QString text = kx::addressText(request.type, request.firstAddress());
@@ -129,10 +139,9 @@ void PlanPicture::paintAddresses(QPainter* painter, int firstRow, int lastRow) c
     }
 }
 
-void PlanPicture::paintBar(QPainter* painter, int index) const
+void PlanPicture::paintBar(QPainter* painter, int index, const QRectF& whole) const
 {
     const PlanBar& bar = barOf(m_places.at(index));
-    const QRectF whole = barRect(index);
     const LineColours colours = lineColours(palette());
     const double unit = whole.width() / bar.request.count;
     for (const bool isAsked : {false, true}) { // what is asked for is seen, however narrow
@@ -153,8 +162,9 @@ void PlanPicture::paintBar(QPainter* painter, int index) const
 
 int PlanPicture::barAt(const QPointF& point) const
 {
+    const Measures size = measures();
     for (int index = 0; index < m_places.size(); ++index) {
-        if (barRect(index).contains(point))
+        if (barRect(index, size).contains(point))
             return index;
     }
     return -1;

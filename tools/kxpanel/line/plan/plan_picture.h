@@ -27,7 +27,7 @@ public:
     int selected() const { return m_selected; }
     int bars() const { return static_cast<int>(m_places.size()); }
     /// Where a bar is drawn.
-    QRectF barRect(int index) const;
+    QRectF barRect(int index) const { return barRect(index, measures()); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -55,16 +55,27 @@ private:
     {
         return m_rows.at(place.row).bars.at(place.bar);
     }
+    /// In pixels. Texts are measured for it, which is dear for each of thousands of bars.
+    struct Measures {
+        double height; ///< of a bar
+        double labels; ///< width
+        double gap;
+        double scale; ///< width of a register
+    };
+
     int rowHeight() const;
     double labelWidth() const;
-    double gap() const;
-    double scale() const;
+    Measures measures() const;
+    QRectF barRect(int index, const Measures& measures) const;
     int barAt(const QPointF& point) const;
     void tell(int index);
     void select(int index);
-    void paintBar(QPainter* painter, int index) const;
+    void paintBar(QPainter* painter, int index, const QRectF& whole) const;
     /// Of the first of each request, where there is room.
-    void paintAddresses(QPainter* painter, int firstRow, int lastRow) const;
+    void paintAddresses(QPainter* painter, int firstBar, int endBar,
+                        const Measures& measures) const;
+    /// The first bar of a row or of one behind it.
+    int firstBarOf(int row) const;
 
     QVector<PlanRow> m_rows;
     QVector<Place> m_places; ///< of each bar
