@@ -26,7 +26,7 @@ QTableView* makeRecipeTable(RecipeOrder* order, QWidget* parent)
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->setDefaultSectionSize(table->fontMetrics().height() * 5 / 4);
     const int character = table->fontMetrics().averageCharWidth();
-    const int widths[RecipeModel::COLUMNS] = {20, 30, 10, 14, 24, 24}; // characters
+    const int widths[RecipeModel::COLUMNS] = {24, 30, 10, 14, 24, 24}; // characters
     for (int column = 0; column < RecipeModel::COLUMNS; ++column)
         table->setColumnWidth(column, widths[column] * character);
     return table;
