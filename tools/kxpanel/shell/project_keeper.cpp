@@ -103,7 +103,8 @@ void ProjectKeeper::open(const QString& path)
     Project project;
     QStringList faults;
     if (!m_file.open(path, &project, &faults)) {
-        recent().remove(path);
+        if (!QFileInfo::exists(path))
+            recent().remove(path);
         emit failed(faults.join(QLatin1Char('\n')));
         return;
     }

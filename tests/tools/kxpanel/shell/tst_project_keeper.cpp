@@ -21,6 +21,7 @@ private slots:
     void aChangeIsSeen();
     void savedAndOpened();
     void whatCannotBeReadChangesNothing();
+    void aBrokenFileStaysARecentOne();
     void whatCannotBeSavedStaysUnsaved();
     void aTagsFileIsNoProject();
     void leavingAsks_data();
@@ -121,6 +122,21 @@ void ProjectKeeperTest::whatCannotBeReadChangesNothing()
     QVERIFY2(fault.startsWith(path("broken.kxpanel") + QStringLiteral(": ")), qPrintable(fault));
     QCOMPARE(m_station, 5);
     QCOMPARE(m_keeper->path(), QString());
+}
+
+// It will be mended; one that is gone will not come back.
+void ProjectKeeperTest::aBrokenFileStaysARecentOne()
+{
+    m_keeper->saveAs();
+    emit m_window->findChild<QFileDialog*>()->fileSelected(path("c.kxpanel"));
+    QFile file(path("c.kxpanel"));
+    QVERIFY(file.open(QIODevice::WriteOnly)); // empty now
+    file.close();
+    m_keeper->open(path("c.kxpanel"));
+    QCOMPARE(m_keeper->recentFiles(), QStringList{path("c.kxpanel")});
+    QVERIFY(file.remove());
+    m_keeper->open(path("c.kxpanel"));
+    QCOMPARE(m_keeper->recentFiles(), QStringList());
 }
 
 // Also when it is saved before anybody looked whether something changed.
