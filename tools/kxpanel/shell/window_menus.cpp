@@ -73,8 +73,13 @@ void WindowMenus::showRecentFiles()
 {
     m_recent->clear();
     const QStringList files = m_project->recentFiles();
+    QStringList names;
+    for (const QString& path : files)
+        names << QFileInfo(path).fileName();
     for (const QString& path : files) {
         QString name = QFileInfo(path).fileName();
+        if (names.count(name) > 1) // in folders that tell them apart
+            name = path;
         QAction* const action =
             m_recent->addAction(name.replace(QLatin1Char('&'), QLatin1String("&&")));
         action->setStatusTip(path);

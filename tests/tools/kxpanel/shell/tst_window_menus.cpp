@@ -6,6 +6,7 @@
 #include "kxpanel/shell/version_text.h"
 
 #include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
@@ -66,6 +67,7 @@ private slots:
     void whatIsInThem();
     void editIsOfThePageShown();
     void recentFilesCanBeOpened();
+    void recentFilesOfOneNameAreToldApart();
     void aFileThatIsGoneLeavesTheMenu();
     void aboutTellsAllVersions();
 
@@ -166,6 +168,17 @@ void WindowMenusTest::recentFilesCanBeOpened()
     recent->actions().last()->trigger();
     QCOMPARE(m_window->project()->path(), one);
     QCOMPARE(textsOf(recent), (QStringList{"one.kxpanel", "R&&D.kxpanel"}));
+}
+
+void WindowMenusTest::recentFilesOfOneNameAreToldApart()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath("line & 2"));
+    const QString one = project("filling.kxpanel");
+    const QString other = project("line & 2/filling.kxpanel");
+    for (const QString& path : {one, other, project("third.kxpanel")})
+        m_window->project()->open(path);
+    QCOMPARE(textsOf(menu("Open &recent")),
+             (QStringList{"third.kxpanel", QString(other).replace("&", "&&"), one}));
 }
 
 void WindowMenusTest::aFileThatIsGoneLeavesTheMenu()
