@@ -20,35 +20,21 @@ bool ProjectFile::open(const QString& path, Project* project, QStringList* fault
             *faults << path + QLatin1String(": ") + fault;
         return false;
     }
-    m_seen = content;
+    m_seen.see(path, content);
     keep(path, projectText(*project));
     return true;
 }
 
 bool ProjectFile::save(const QString& path, const Project& project, QString* error)
 {
-    if (path == m_path && !isAsSeen(error))
+    if (!m_seen.mayReplace(path, error))
         return false;
     const QByteArray text = projectText(project);
     if (!kx::replaceFile(path, text, error))
         return false;
-    m_seen = text;
+    m_seen.see(path, text);
     keep(path, text);
     return true;
-}
-
-/// Of a file that is gone, or cannot be read, whoever writes it knows more.
-bool ProjectFile::isAsSeen(QString* error)
-{
-    QByteArray content;
-    QString fault;
-    if (!kx::readTextFile(m_path, &content, &fault) || content == m_seen)
-        return true;
-    m_seen = content;
-    *error = tr("%1: another program has changed it since; save once more to replace it, or save "
-                "as another file")
-                 .arg(m_path);
-    return false;
 }
 
 void ProjectFile::begin(const Project& project)

@@ -2,6 +2,7 @@
 #define KX_KXPANEL_PROJECT_PROJECT_FILE_H
 
 #include "kxpanel/project/project.h"
+#include "kxpanel/project/seen_file.h"
 
 #include <QtCore/QObject>
 
@@ -44,11 +45,10 @@ signals:
 
 private:
     void keep(const QString& path, const QByteArray& text);
-    bool isAsSeen(QString* error);
 
     QString m_path;
     QByteArray m_text; ///< of the project as it is in the file
-    QByteArray m_seen; ///< what the file held when it was last read or written here
+    SeenFile m_seen;
     bool m_isChanged = false;
 };
 

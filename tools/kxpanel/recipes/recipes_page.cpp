@@ -99,6 +99,7 @@ bool RecipesPage::take(QString path)
     }
     close();
     m_file = file;
+    m_seen.see(path, text);
     m_path = std::move(path);
     m_isOpen = true;
     m_model->setRows(file.rows());
@@ -141,10 +142,13 @@ void RecipesPage::save(const QString& path)
     QString error;
     if (!m_model->isRead())
         return;
-    if (!kx::replaceRecipeFile(path, m_file.withValues(m_model->values()), &error))
+    const QByteArray text = m_file.withValues(m_model->values());
+    if (!m_seen.mayReplace(path, &error) || !kx::replaceRecipeFile(path, text, &error))
         return complain(error);
-    if (QFileInfo(path) == QFileInfo(m_path))
+    if (QFileInfo(path) == QFileInfo(m_path)) {
+        m_seen.see(path, text);
         m_model->takeValues();
+    }
     m_isUnsaved = false;
     refresh();
     complain(QString());

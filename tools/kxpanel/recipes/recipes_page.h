@@ -1,6 +1,7 @@
 #ifndef KX_KXPANEL_RECIPES_RECIPES_PAGE_H
 #define KX_KXPANEL_RECIPES_RECIPES_PAGE_H
 
+#include "kxpanel/project/seen_file.h"
 #include "kxpanel/recipes/recipe_run.h"
 #include "kxpanel/window/page.h"
 #include "panel/recipe/recipe_file.h"
@@ -83,6 +84,7 @@ private:
     RecipeOrder* m_order;
     RecipeRun* m_run = nullptr; ///< null without a machine
     kx::RecipeFile m_file;
+    SeenFile m_seen;
     QString m_path; ///< of the file, also of one that a project names and that could not be opened
     bool m_isOpen = false;
     int m_station = 1;

@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>kxpanel::ProjectFile</name>
+    <name>kxpanel::SeenFile</name>
     <message>
         <source>%1: another program has changed it since; save once more to replace it, or save as another file</source>
         <translation>%1: ein anderes Programm hat die Datei inzwischen geändert; zum Ersetzen nochmals speichern, oder in einer anderen Datei speichern</translation>

@@ -35,6 +35,7 @@ private slots:
     void saysWhyNothingCanBeSent();
     void savesWhatWasRead();
     void whatIsSavedOverItsFileIsInTheFile();
+    void whatAnotherProgramSavedIsNotReplacedUnseen();
     void aBadFileLeavesTheOpenOne();
     void rowsMayNameTags();
     void withoutALineItSaysSo();
@@ -229,6 +230,31 @@ void RecipesPageTest::whatIsSavedOverItsFileIsInTheFile()
     QCOMPARE(cells(0), (QStringList{"= same", "Second limit", "1", "D111", "1200", "1200"}));
     QCOMPARE(cells(1), (QStringList{"= same", "Lamp", "1", "M20", "1", "1"}));
     QCOMPARE(counts(), QString("filling.csv: 2 value(s), 2 the same"));
+}
+
+// A spreadsheet may have the file open, too.
+void RecipesPageTest::whatAnotherProgramSavedIsNotReplacedUnseen()
+{
+    connectLine();
+    const QString path = store("name,address,value\nSecond limit,D111,1300\n");
+    m_page->open(path);
+    press(Qt::Key_R);
+    QTRY_COMPARE_WITH_TIMEOUT(cells(0).last(), QString("1200"), 20000);
+    const QByteArray others("name,address,value\nSecond limit,D111,1300\nLamp,M20,1\n");
+    store(others);
+    press(Qt::Key_E);
+    auto* const dialog = m_page->findChild<QFileDialog*>();
+    emit dialog->fileSelected(path);
+    QVERIFY2(fault().startsWith(QString::fromUtf8("✗ ") + path + ": another program has changed"),
+             qPrintable(fault()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), others);
+    QVERIFY(counts().endsWith("; what was read is not saved"));
+    emit dialog->fileSelected(path); // now it is known
+    QCOMPARE(fault(), QString());
+    emit dialog->fileSelected(path); // its own
+    QCOMPARE(fault(), QString());
 }
 
 void RecipesPageTest::aBadFileLeavesTheOpenOne()
