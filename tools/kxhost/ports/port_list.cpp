@@ -2,9 +2,12 @@
 
 #include "kxhost/ports/simulated_ports.h"
 
+#include <QtCore/QFileInfo>
+#include <QtCore/QStringList>
 #include <QtSerialPort/QSerialPortInfo>
 
 #include <algorithm>
+#include <unistd.h>
 
 namespace kx
 {
@@ -41,6 +44,22 @@ QList<PortEntry> listedPorts(const OpenDevices& devices)
         }
     }
     return ports;
+}
+
+QString holdersText(const QString& port)
+{
+    const QString device = QFileInfo(port).canonicalFilePath();
+    QList<qint64> others = {getpid()};
+    for (const PortEntry& simulated : simulatedPorts()) {
+        if (simulated.port == device)
+            others << simulated.simulator.process;
+    }
+    QStringList programs;
+    for (const PortHolder& holder : OpenDevices().holdersOf(device)) {
+        if (!others.contains(holder.process))
+            programs << QStringLiteral("%1 (pid %2)").arg(holder.program).arg(holder.process);
+    }
+    return programs.join(QLatin1String(", "));
 }
 
 } // namespace kx

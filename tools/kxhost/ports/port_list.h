@@ -25,6 +25,10 @@ struct PortEntry {
 /// Serial ports by name, then the pseudo-terminals of running simulators by number. Opens none.
 QList<PortEntry> listedPorts(const OpenDevices& devices);
 
+/// "minicom (pid 12), kxhost (pid 34)": the programs that have a port open now, without this one
+/// and the simulator that made it. Empty when none is known.
+QString holdersText(const QString& port);
+
 } // namespace kx
 
 #endif

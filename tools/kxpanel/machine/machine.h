@@ -107,6 +107,7 @@ private:
     void close(const QString& reason);
     void failLater(const QString& reason);
     void onOpened();
+    QString holders() const;
     void simulateStations();
     void beginSession();
     void beginWork(std::unique_ptr<MachineSession> work);

@@ -2,6 +2,7 @@
 
 #include "addresses/request_limits.h"
 #include "kxhost/commands/connection.h"
+#include "kxhost/ports/port_list.h"
 #include "kxpanel/machine/machine_jobs.h"
 #include "kxpanel/machine/machine_parts.h"
 
@@ -36,9 +37,17 @@ void Machine::open(const kx::ConnectionOptions& options, bool readsValues)
     m_parts->status.isNetwork = connection->line()->timing().baud <= 0;
     connect(connection, &kx::Connection::opened, this, &Machine::onOpened);
     connect(connection, &kx::Connection::failed, this,
-            [this](const kx::Failure& failure) { failLater(failure.text); });
+            [this](const kx::Failure& failure) { failLater(failure.text + holders()); });
     tellLine(LineState::Opening, QString());
     connection->open();
+}
+
+/// Who has the serial port, behind the reason why it cannot be opened; empty: nobody.
+QString Machine::holders() const
+{
+    const QString programs =
+        m_parts->status.isNetwork ? QString() : kx::holdersText(m_parts->status.name);
+    return programs.isEmpty() ? programs : tr("; in use by %1").arg(programs);
 }
 
 /// Whom a person asks answers.

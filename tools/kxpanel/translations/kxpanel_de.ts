@@ -1529,6 +1529,10 @@
         <translation>die Leitung ist nicht offen</translation>
     </message>
     <message>
+        <source>; in use by %1</source>
+        <translation>; belegt durch %1</translation>
+    </message>
+    <message>
         <source>%1; name its file with --library</source>
         <translation>%1; ihre Datei mit --library nennen</translation>
     </message>
