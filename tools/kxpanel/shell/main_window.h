@@ -59,6 +59,7 @@ private:
     void addTags(const QString& path);
     void showTitle();
     void restorePlace();
+    void fitIntoScreen();
     void showMissed(const Missed& missed);
     void askToClose();
     void closeEvent(QCloseEvent* event) override;

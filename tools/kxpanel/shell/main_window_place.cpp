@@ -9,6 +9,7 @@
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QTabWidget>
 
 namespace kxpanel
@@ -40,11 +41,31 @@ void MainWindow::restorePlace()
     const QSize wanted(usual.width() * fontMetrics().horizontalAdvance(QLatin1Char('0')),
                        usual.height() * fontMetrics().lineSpacing());
     resize(wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
-    restoreGeometry(m_settings->value(geometrySetting()).toByteArray());
+    if (restoreGeometry(m_settings->value(geometrySetting()).toByteArray()))
+        fitIntoScreen(); // else the desktop finds a place
     for (Page* const page : m_pages)
         page->setPlace(m_settings->value(placeSetting(page)).toByteArray());
     if (Page* const last = page(m_settings->value(pageSetting()).toString()))
         m_tabs->setCurrentWidget(last);
+}
+
+/// The place may be of a screen that was larger, or is gone.
+void MainWindow::fitIntoScreen()
+{
+    if (isMaximized() || isFullScreen())
+        return;
+    const QScreen* const there = QGuiApplication::screenAt(geometry().center());
+    const QRect all = (there ? there : QGuiApplication::primaryScreen())->availableGeometry();
+    const int side = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect room = all.adjusted(side, title, -side, -side); // of what is within the frame
+    resize(size().boundedTo(room.size().expandedTo(minimumSizeHint())));
+    QRect place = geometry();
+    place.moveRight(qMin(place.right(), room.right()));
+    place.moveBottom(qMin(place.bottom(), room.bottom()));
+    place.moveLeft(qMax(place.left(), room.left()));
+    place.moveTop(qMax(place.top(), room.top()));
+    setGeometry(place);
 }
 
 /// Each question comes when the one before is answered; whoever stays answers none of the rest.
