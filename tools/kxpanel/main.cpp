@@ -128,7 +128,7 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
     QSettings settings;
     std::vector<PageMaker> pages = pageMakers();
     pages.insert(pages.begin() + 1, makerOf<TrendPage>()); // beside the values
-    const MachineThread machine;
+    MachineThread machine;
     MainWindow window(machine.machine(), &settings, pages);
     const kx::Interrupt interrupt; // a second one ends the program at once
     QObject::connect(&interrupt, &kx::Interrupt::interrupted, &window,
@@ -136,6 +136,7 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
     window.show();
     window.begin(options);
     end.exitCode = run();
+    machine.stop(); // before the pages, of which jobs know, go
     return end.exitCode;
 }
 

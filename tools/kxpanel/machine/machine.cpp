@@ -37,7 +37,13 @@ Machine::Machine(QObject* parent, const Clocks& clocks)
 
 Machine::~Machine()
 {
+    end();
+}
+
+void Machine::end()
+{
     close(QString());
+    m_parts->clockTicks.stop();
 }
 
 void Machine::takeListener(QObject* listener, Backlog* backlog)

@@ -54,6 +54,8 @@ public:
     void openLine(const kx::ConnectionOptions& options, bool readsValues = true);
     /// Ends all jobs and closes the line.
     void closeLine();
+    /// The same at once, for good. In the machine's thread, behind all else that is asked of it.
+    void end();
     /// Replaces what is polled, also while the line is open. What is known of addresses that stay
     /// is kept. On a simulated line each of their stations answers.
     void setValues(const QList<WatchedValue>& values);

@@ -16,17 +16,20 @@ class MachineThread
 public:
     /// @param most as of Backlog
     explicit MachineThread(int most = Backlog::USUAL_MOST);
-    /// Waits until the line is closed.
+    /// As stop().
     ~MachineThread();
     Q_DISABLE_COPY(MachineThread)
 
-    Machine* machine() const { return m_machine; }
+    Machine* machine() const { return m_machine.get(); }
+    /// Ends the thread, and waits for it: what the machine is asked for from then on is not done.
+    /// So those who ask may be deleted, of which jobs know.
+    void stop();
 
 private:
     Backlog m_backlog;
     QObject m_listener;
     QThread m_thread;
-    Machine* m_machine; ///< deleted by its thread
+    std::unique_ptr<Machine> m_machine;
 };
 
 } // namespace kxpanel

@@ -18,6 +18,7 @@ private slots:
     void whatWaitsForAThreadThatStandsStillIsBounded();
     void itsEndClosesTheLine();
     void itsEndDeletesTheJobsThatRun();
+    void nothingIsBegunBehindItsEnd();
 };
 
 namespace
@@ -102,6 +103,27 @@ void MachineThreadTest::itsEndDeletesTheJobsThatRun()
     QTRY_VERIFY(isMade);
     thread.reset();
     QVERIFY(job.isNull());
+}
+
+void MachineThreadTest::nothingIsBegunBehindItsEnd()
+{
+    MachineThread thread;
+    const MachineLog log(thread.machine());
+    thread.machine()->openLine(simulated());
+    QTRY_COMPARE(log.states.value(1), QString("open"));
+    thread.stop();
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(log.states.last(), QString("closed"));
+    bool isMade = false;
+    thread.machine()->startJob(7, [&isMade](kx::Session*) {
+        isMade = true;
+        return nullptr;
+    });
+    thread.machine()->openLine(simulated());
+    thread.stop(); // is over
+    QTest::qWait(50);
+    QVERIFY(!isMade);
+    QCOMPARE(log.states.last(), QString("closed"));
 }
 
 QTEST_MAIN(MachineThreadTest)
