@@ -48,10 +48,15 @@ QString GatewayAdvice::text() const
         (m_isLost ? Text::tr("the connection to %1 is lost and no station has answered")
                   : Text::tr("nothing came from %1"))
             .arg(m_name);
-    return m_spoken == GatewayProtocol::Rtu
-               ? Text::tr("%1; if it is a Modbus TCP server, use %2").arg(fact, m_names.tcp)
-               : Text::tr("%1; if it passes the serial line's bytes on, use %2")
-                     .arg(fact, m_names.rtu);
+    const QString advice =
+        m_spoken == GatewayProtocol::Rtu
+            ? Text::tr("%1; if it is a Modbus TCP server, use %2").arg(fact, m_names.tcp)
+            : Text::tr("%1; if it passes the serial line's bytes on, use %2")
+                  .arg(fact, m_names.rtu);
+    if (m_isLost)
+        return advice;
+    // Many take one connection at a time.
+    return Text::tr("%1; else it may be serving another program").arg(advice);
 }
 
 void AdviceGiver::operator()(GatewayAdvice* advice) const

@@ -3253,6 +3253,10 @@
         <translation>%1; reicht es die Bytes der seriellen Leitung durch, %2 nehmen</translation>
     </message>
     <message>
+        <source>%1; else it may be serving another program</source>
+        <translation>%1; sonst bedient es vielleicht ein anderes Programm</translation>
+    </message>
+    <message>
         <source>must be a whole number of milliseconds from %1 to %2</source>
         <translation>muss eine ganze Zahl von Millisekunden von %1 bis %2 sein</translation>
     </message>

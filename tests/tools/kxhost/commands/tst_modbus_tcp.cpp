@@ -180,8 +180,10 @@ void ModbusTcpTest::aServerThatClosesTheConnection()
 void ModbusTcpTest::aServerThatSaysNothing()
 {
     PlayedServer server([](QTcpSocket* peer) { peer->readAll(); });
-    const QString advice = "kxhost: nothing came from " + server.address()
-                           + "; if it is a Modbus TCP server, use --protocol tcp\n";
+    const QString advice =
+        "kxhost: nothing came from " + server.address()
+        + "; if it is a Modbus TCP server, use --protocol tcp; else it may be serving "
+          "another program\n";
     RunningWatch scan({"scan", "--tcp", server.address(), "--stations", "1-2", "--timeout", "50"});
     QCOMPARE(scan.exitCode(), 1);
     QCOMPARE(QString::fromUtf8(scan.errors()), advice);

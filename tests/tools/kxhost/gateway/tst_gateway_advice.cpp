@@ -24,7 +24,8 @@ const Came LOST = {ReplyKind::Lost, ""};
 
 const char* const TCP_FRAMES = "box:502 answers with Modbus TCP frames; use --protocol tcp";
 const char* const SILENT =
-    "nothing came from box:502; if it is a Modbus TCP server, use --protocol tcp";
+    "nothing came from box:502; if it is a Modbus TCP server, use --protocol tcp; else it may be "
+    "serving another program";
 const char* const CLOSED = "the connection to box:502 is lost and no station has answered; if it "
                            "is a Modbus TCP server, use --protocol tcp";
 
@@ -70,7 +71,8 @@ void GatewayAdviceTest::whatIsToBeTried_data()
     row("a value, then closed", rtu, {VALUE, LOST}, "");
     row("asked in Modbus TCP, a value", tcp, {VALUE}, "");
     row("asked in Modbus TCP, silence", tcp, {NOTHING},
-        "nothing came from box:502; if it passes the serial line's bytes on, use --protocol rtu");
+        "nothing came from box:502; if it passes the serial line's bytes on, use --protocol rtu; "
+        "else it may be serving another program");
     row("asked in Modbus TCP, closed", tcp, {LOST},
         "the connection to box:502 is lost and no station has answered; if it passes the serial "
         "line's bytes on, use --protocol rtu");
