@@ -56,9 +56,8 @@ void MainWindow::fitIntoScreen()
         return;
     const QScreen* const there = QGuiApplication::screenAt(geometry().center());
     const QRect all = (there ? there : QGuiApplication::primaryScreen())->availableGeometry();
-    const int side = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    const QRect room = all.adjusted(side, title, -side, -side); // of what is within the frame
+    const QRect room = all.adjusted(0, title, 0, 0); // of what is within the frame
     resize(size().boundedTo(room.size().expandedTo(minimumSizeHint())));
     QRect place = geometry();
     place.moveRight(qMin(place.right(), room.right()));
