@@ -2181,6 +2181,10 @@
         <translation>Die ersten %1 seiner %2 Werte werden gezeigt</translation>
     </message>
     <message>
+        <source>Of its old values only some are shown, the lowest and highest among them</source>
+        <translation>Von seinen alten Werten werden nur einige gezeigt, darunter die niedrigsten und höchsten</translation>
+    </message>
+    <message>
         <source>%1 (recorded)</source>
         <translation>%1 (aufgezeichnet)</translation>
     </message>

@@ -17,9 +17,19 @@ namespace
 const int SLICE = 20;    // milliseconds
 const int AT_ONCE = 256; // events between two looks at the clock
 
+/// For each of some channels, a power of two.
+int samplesEach(int channels, int most)
+{
+    int samples = TrendStore::USUAL_SAMPLES;
+    while (samples * 2 <= most / std::max(channels, 1))
+        samples *= 2;
+    return samples;
+}
+
 } // namespace
 
-TrendFileReader::TrendFileReader(QObject* parent) : QObject(parent)
+TrendFileReader::TrendFileReader(QObject* parent, int mostSamples)
+    : QObject(parent), m_mostSamples(mostSamples)
 {
     connect(&m_timer, &QTimer::timeout, this, &TrendFileReader::readSlice);
 }
@@ -34,7 +44,9 @@ bool TrendFileReader::open(const QString& path, QString* error)
     m_range = TrendRange();
     m_remark.clear();
     m_setBack = 0;
-    for (const kx::RecordedTag& tag : m_reader->tags().mid(0, TrendChannels::MOST)) {
+    const QList<kx::RecordedTag> tags = m_reader->tags().mid(0, TrendChannels::MOST);
+    const int samples = samplesEach(static_cast<int>(tags.size()), m_mostSamples);
+    for (const kx::RecordedTag& tag : tags) {
         TrendChannel channel;
         kx::AddressRange range;
         kx::ValueFormat format;
@@ -47,7 +59,7 @@ bool TrendFileReader::open(const QString& path, QString* error)
         channel.unit = tag.unit;
         channel.isDigital =
             kx::parseValueAddress(tag.address, &range, &format, &fault) && isDigital(range, format);
-        channel.store = std::make_shared<TrendStore>();
+        channel.store = std::make_shared<TrendStore>(samples);
         m_channels << channel;
     }
     m_timer.start(0);
@@ -102,6 +114,8 @@ void TrendFileReader::finish()
         remarks << tr("The first %1 of its %2 values are shown")
                        .arg(m_channels.size())
                        .arg(m_reader->tags().size());
+    if (isThinned())
+        remarks << tr("Of its old values only some are shown, the lowest and highest among them");
     if (m_setBack > 0)
         remarks << tr("Its clock was set back by %1; what was before is not shown")
                        .arg(spanText(m_setBack));
@@ -111,6 +125,13 @@ void TrendFileReader::finish()
     m_remark = remarks.join(QLatin1String("; "));
     m_reader.reset();
     emit finished();
+}
+
+bool TrendFileReader::isThinned() const
+{
+    return std::any_of(m_channels.begin(), m_channels.end(), [](const TrendChannel& channel) {
+        return channel.store->begin() < channel.store->exactSince();
+    });
 }
 
 } // namespace kxpanel

@@ -18,7 +18,11 @@ class TrendFileReader : public QObject
     Q_OBJECT
 
 public:
-    explicit TrendFileReader(QObject* parent = nullptr);
+    /// Of all channels together, about 40 bytes each: a week of three values each second.
+    static constexpr int MOST_SAMPLES = 1 << 21;
+
+    /// @param mostSamples that are kept as they are; beyond, those of some are
+    explicit TrendFileReader(QObject* parent = nullptr, int mostSamples = MOST_SAMPLES);
 
     /// Gives up a file that is being read. False, and one line in `*error`, when it is no
     /// recording.
@@ -28,8 +32,8 @@ public:
     /// As many as a plot holds; their numbers fall from -1 on.
     const QList<TrendChannel>& channels() const { return m_channels; }
     TrendRange range() const { return m_range; }
-    /// What is to be said of it: the rest of its values, a row that was cut off, why it ended; one
-    /// line, or nothing.
+    /// What is to be said of it: the rest of its values, that not all of their reads are kept, a
+    /// row that was cut off, why it ended; one line, or nothing.
     QString remark() const { return m_remark; }
 
 signals:
@@ -39,8 +43,10 @@ private:
     void readSlice();
     void take(const kx::RecordedEvent& event);
     void beginAt(qint64 time, qint64 back);
+    bool isThinned() const;
     void finish();
 
+    int m_mostSamples;
     std::unique_ptr<kx::RecordingReader> m_reader;
     QTimer m_timer;
     QList<TrendChannel> m_channels;

@@ -26,9 +26,10 @@ class TrendStore
 {
 public:
     static constexpr qint64 STEP_BACK = 60000; ///< milliseconds
+    static constexpr int USUAL_SAMPLES = 8192;
 
     /// @param samples that are kept as they are; a power of two, 64 or more
-    explicit TrendStore(int samples = 8192);
+    explicit TrendStore(int samples = USUAL_SAMPLES);
 
     /// A read, in constant time. The clock may have been set back: by up to STEP_BACK the time of
     /// the sample before is taken, by more all begins anew.
@@ -60,7 +61,7 @@ public:
     QVector<TrendSample> samples(qint64 from, qint64 to) const;
 
     qint64 bytes() const;
-    static qint64 mostBytes(int samples = 8192);
+    static qint64 mostBytes(int samples = USUAL_SAMPLES);
 
 private:
     struct Place {

@@ -2,6 +2,7 @@
 
 #include "kxpanel/trend/files/trend_file_writer.h"
 
+#include <QtCore/QDateTime>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QSignalSpy>
@@ -50,6 +51,8 @@ class TrendFileReaderTest : public QObject
 private slots:
     void aRecordingBecomesChannels();
     void whatWasSavedIsOpened();
+    void eachValueOfALongRecordingIsKept();
+    void ofMoreThanThereIsRoomForSomeAreKept();
     void onlySoManyChannels();
     void whatIsNoRecordingIsRefused();
     void anEmptyRecordingSaysSo();
@@ -66,6 +69,19 @@ private:
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
         QCOMPARE(file.write(content), qint64(content.size()));
+    }
+
+    /// One value each second, which goes up by one.
+    QString countedFile(int rows)
+    {
+        QByteArray content = "time,D1@1,gaps\n";
+        for (int row = 0; row < rows; ++row) {
+            const QDateTime time = QDateTime::fromMSecsSinceEpoch(TEN + 1000 * row, Qt::UTC);
+            content +=
+                time.toString(Qt::ISODate).toLatin1() + ',' + QByteArray::number(row) + ",\n";
+        }
+        write(pathOf("counted.csv"), content);
+        return pathOf("counted.csv");
     }
 
     void read(TrendFileReader* reader, const QString& path)
@@ -127,6 +143,28 @@ void TrendFileReaderTest::whatWasSavedIsOpened()
         QCOMPARE(again.store->between(TEN, TEN + 1).lowest.value, 0.30000000000000004);
         QCOMPARE(again.unit, QString("mm"));
     }
+}
+
+/// The file has them, so zooming in shows them.
+void TrendFileReaderTest::eachValueOfALongRecordingIsKept()
+{
+    TrendFileReader reader;
+    read(&reader, countedFile(20000));
+    const TrendStore& store = *reader.channels().at(0).store;
+    QCOMPARE(store.exactSince(), TEN);
+    QCOMPARE(store.samples(TEN, TEN + 20000000).size(), 20000);
+    QCOMPARE(reader.remark(), QString());
+}
+
+void TrendFileReaderTest::ofMoreThanThereIsRoomForSomeAreKept()
+{
+    TrendFileReader reader(nullptr, 16384);
+    read(&reader, countedFile(20000));
+    const TrendStore& store = *reader.channels().at(0).store;
+    QCOMPARE(store.begin(), TEN);
+    QCOMPARE(store.exactSince(), TEN + 1000 * (20000 - 16384));
+    QCOMPARE(reader.remark(),
+             QString("Of its old values only some are shown, the lowest and highest among them"));
 }
 
 void TrendFileReaderTest::onlySoManyChannels()
