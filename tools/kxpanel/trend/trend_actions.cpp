@@ -2,6 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QAction>
+#include <QtWidgets/QToolBar>
 #include <QtWidgets/QWidget>
 
 namespace kxpanel
@@ -120,6 +121,27 @@ TrendActions makeTrendActions(QWidget* page, QWidget* plot)
     maker.makeFiles(&actions);
     Maker::shorten(&actions);
     return actions;
+}
+
+QToolBar* makeTrendBar(const QString& title, const TrendActions& actions, QWidget* spans)
+{
+    QToolBar* bar = new QToolBar(title);
+    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    bar->addAction(actions.live);
+    bar->addAction(actions.toNow);
+    bar->addWidget(spans);
+    bar->addSeparator();
+    for (QAction* action :
+         {actions.zoomIn, actions.zoomOut, actions.earlier, actions.later, actions.fitValues})
+        bar->addAction(action);
+    bar->addSeparator();
+    for (QAction* action : {actions.firstCursor, actions.secondCursor, actions.clearCursors})
+        bar->addAction(action);
+    bar->addSeparator();
+    for (QAction* action :
+         {actions.open, actions.showRecording, actions.exportPicture, actions.exportValues})
+        bar->addAction(action);
+    return bar;
 }
 
 } // namespace kxpanel

@@ -5,6 +5,7 @@
 #include <QtGui/QKeySequence>
 
 class QAction;
+class QToolBar;
 class QWidget;
 
 namespace kxpanel
@@ -35,6 +36,10 @@ struct TrendActions {
 /// @param page owns them
 /// @param plot has the focus when their keys are meant
 TrendActions makeTrendActions(QWidget* page, QWidget* plot);
+
+/// The bar above a plot, which becomes the layout's that takes it.
+/// @param spans how much time is shown; the bar's from now on
+QToolBar* makeTrendBar(const QString& title, const TrendActions& actions, QWidget* spans);
 
 } // namespace kxpanel
 

@@ -54,7 +54,7 @@ TrendLegendView::TrendLegendView(TrendLegend* legend, QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 5 / 4);
     for (int column = 0; column < TrendLegend::ColumnCount; ++column)
-        setColumnWidth(column, character * 12);
+        setColumnWidth(column, character * 18); // "(recorder stopped)"
     setColumnWidth(TrendLegend::Unit, character * 9);
     setColumnWidth(TrendLegend::Axis, character * 9);
     horizontalHeader()->setMinimumSectionSize(character * 8);

@@ -71,7 +71,7 @@ void TrendPage::build()
     parts->setCollapsible(0, false);
     QVBoxLayout* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
-    rows->addWidget(makeBar());
+    rows->addWidget(makeTrendBar(windowTitle(), m_actions, m_spans));
     rows->addWidget(parts, 1);
     QHBoxLayout* foot = new QHBoxLayout;
     foot->addWidget(m_state, 1);
@@ -79,27 +79,6 @@ void TrendPage::build()
     rows->addLayout(foot);
     const int legend = m_table->sizeHint().height();
     parts->setSizes({3 * legend, legend});
-}
-
-QToolBar* TrendPage::makeBar()
-{
-    QToolBar* bar = new QToolBar(tr("Trend"));
-    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    bar->addAction(m_actions.live);
-    bar->addAction(m_actions.toNow);
-    bar->addWidget(m_spans);
-    bar->addSeparator();
-    for (QAction* action : {m_actions.zoomIn, m_actions.zoomOut, m_actions.earlier, m_actions.later,
-                            m_actions.fitValues})
-        bar->addAction(action);
-    bar->addSeparator();
-    for (QAction* action : {m_actions.firstCursor, m_actions.secondCursor, m_actions.clearCursors})
-        bar->addAction(action);
-    bar->addSeparator();
-    for (QAction* action :
-         {m_actions.open, m_actions.showRecording, m_actions.exportPicture, m_actions.exportValues})
-        bar->addAction(action);
-    return bar;
 }
 
 void TrendPage::connectActions()

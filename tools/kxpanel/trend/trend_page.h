@@ -13,7 +13,6 @@
 #include <QtCore/QTimer>
 
 class QLabel;
-class QToolBar;
 
 namespace kxpanel
 {
@@ -48,7 +47,6 @@ protected:
 
 private:
     void build();
-    QToolBar* makeBar();
     void connectActions();
     void connectModels();
     void connectMachine(Machine* machine);

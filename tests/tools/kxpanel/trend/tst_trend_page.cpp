@@ -848,6 +848,9 @@ void TrendPageTest::theLegendShowsFiveValues()
     const QTableView* const table = window.page.findChild<QTableView*>();
     const int rows = table->viewport()->height() / table->verticalHeader()->defaultSectionSize();
     QVERIFY2(rows >= 5, qPrintable(QString::number(rows)));
+    const QString longest = "(recorder stopped)";
+    for (const int column : {TrendLegend::Now, TrendLegend::First, TrendLegend::Second})
+        QVERIFY(table->columnWidth(column) > table->fontMetrics().horizontalAdvance(longest));
 }
 
 void TrendPageTest::aRecordingIsOpened()

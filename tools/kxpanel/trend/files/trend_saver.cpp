@@ -9,8 +9,11 @@ TrendSaver::TrendSaver(QObject* parent) : QObject(parent) {}
 
 TrendSaver::~TrendSaver()
 {
-    if (m_thread)
-        m_thread->wait();
+    if (!m_thread)
+        return;
+    m_thread->wait();
+    if (!m_error.isEmpty()) // there is no window to say it in any more
+        qWarning("%s", qPrintable(m_error));
 }
 
 void TrendSaver::save(const TrendExport& recording)

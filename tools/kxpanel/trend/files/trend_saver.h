@@ -19,7 +19,7 @@ class TrendSaver : public QObject
 
 public:
     explicit TrendSaver(QObject* parent = nullptr);
-    /// Waits until what is being written is whole.
+    /// Waits until what is being written is whole; what went wrong goes to stderr.
     ~TrendSaver() override;
 
     /// Not while one is being saved; ended() comes once.

@@ -37,7 +37,7 @@ void describe(const WatchedValue& value, TrendChannel* channel)
 {
     const kx::Tag& tag = value.tag;
     channel->number = value.number;
-    channel->name = TagList::shownName(value);
+    channel->name = TagList::shownName(value).simplified(); // one line, whatever was pasted
     channel->tagName = tag.name;
     channel->station = tag.range.station;
     channel->address = meaningOf(tag);

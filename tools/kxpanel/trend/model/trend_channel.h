@@ -30,7 +30,7 @@ enum class TrendAxis {
 /// One value of a plot.
 struct TrendChannel {
     int number = 0;  ///< of the watched value; below 0: from a recorded file
-    QString name;    ///< as shown
+    QString name;    ///< as shown, one line
     QString tagName; ///< of its tag; empty: none
     int station = 0;
     QString address; ///< with its format, without the station: "D100/float"

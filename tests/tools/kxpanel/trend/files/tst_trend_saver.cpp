@@ -1,6 +1,7 @@
 #include "kxpanel/trend/files/trend_saver.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -40,6 +41,7 @@ private slots:
     void theCallerGoesOnMeanwhile();
     void tellsWhatWentWrong();
     void whatIsBeingSavedIsWholeAtTheEnd();
+    void whatGoesWrongAtTheEndIsSaid();
 };
 
 void TrendSaverTest::theCallerGoesOnMeanwhile_data()
@@ -85,6 +87,14 @@ void TrendSaverTest::whatIsBeingSavedIsWholeAtTheEnd()
         saver.save(exportTo(folder.filePath("day.csv"), 20000));
     }
     QCOMPARE(linesOf(folder.filePath("day.csv")), 20001); // with the heading
+}
+
+void TrendSaverTest::whatGoesWrongAtTheEndIsSaid()
+{
+    const QTemporaryDir folder;
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("/no/where\\.csv: "));
+    TrendSaver saver;
+    saver.save(exportTo(folder.filePath("no/where.csv"), 1));
 }
 
 QTEST_GUILESS_MAIN(TrendSaverTest)

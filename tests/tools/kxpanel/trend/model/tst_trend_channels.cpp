@@ -104,7 +104,7 @@ private slots:
 void TrendChannelsTest::takesValuesOfTheListIn()
 {
     const QList<int> numbers = watch({tagOf("Pressure", "D100@2/s16*0.1,min=0,unit=bar"),
-                                      tagOf("", "X17@1"), tagOf("Bit", "D100.5@1")});
+                                      tagOf("", "X17@1"), tagOf("Bit\nof it", "D100.5@1")});
     QSignalSpy changes(m_channels, &TrendChannels::channelsChanged);
     QCOMPARE(m_channels->add(numbers), QString());
     QCOMPARE(changes.size(), 1);
@@ -118,6 +118,8 @@ void TrendChannelsTest::takesValuesOfTheListIn()
     QCOMPARE(m_channels->list().at(1).tagName, QString());
     QVERIFY(m_channels->list().at(1).isDigital);
     QVERIFY(m_channels->list().at(2).isDigital);
+    QCOMPARE(m_channels->list().at(2).name, QString("Bit of it"));
+    QCOMPARE(m_channels->list().at(2).tagName, QString("Bit\nof it"));
 }
 
 void TrendChannelsTest::takesEachInOnce()
