@@ -131,60 +131,6 @@ void TrendChannels::finishChange()
     emit channelsChanged();
 }
 
-void TrendChannels::takeReadings(const QVector<Reading>& readings, qint64 now)
-{
-    bool isAnyTaken = false;
-    for (const Reading& reading : readings) {
-        const int index = indexOf(reading.number);
-        const WatchedValue* value = index < 0 ? nullptr : m_tags->find(reading.number);
-        if (value == nullptr || !suits(reading, *value))
-            continue;
-        leaveOutMissed(reading, m_channels.at(index));
-        takeReading(reading, value->tag.format, now, &m_channels[index]);
-        isAnyTaken = true;
-    }
-    m_missed = Missed();
-    if (isAnyTaken)
-        emit samplesAdded();
-}
-
-/// Of a value that was read while nothing was told only the latest is known; of one that was not,
-/// nothing is missed.
-void TrendChannels::leaveOutMissed(const Reading& reading, const TrendChannel& channel) const
-{
-    const bool isRead = reading.state == kx::WatchState::Ok;
-    const bool isFirst = channel.readAt <= m_missed.from;
-    const bool isMissed = m_missed.from > 0 && isFirst
-                          && (!isRead || reading.readAt > m_missed.from)
-                          && reading.readAt <= m_missed.to;
-    if (isMissed && !channel.store->isEmpty())
-        channel.store->append(m_missed.from, gapValue(kx::GapReason::NotRead));
-}
-
-void TrendChannels::takeMissed(const Missed& missed)
-{
-    m_missed = missed.isRest ? Missed() : missed;
-    if (missed.isRest)
-        leaveOut(missed.from, kx::GapReason::NotRead);
-}
-
-void TrendChannels::takeLine(const LineStatus& status, qint64 now)
-{
-    if (status.state != LineState::Open)
-        leaveOut(now, kx::GapReason::LineLost);
-}
-
-/// A gap of all that are read.
-void TrendChannels::leaveOut(qint64 from, kx::GapReason reason)
-{
-    for (const TrendChannel& channel : qAsConst(m_channels)) {
-        if (channel.endsAt < 0 && !channel.store->isEmpty())
-            channel.store->append(from, gapValue(reason));
-    }
-    if (!m_channels.isEmpty())
-        emit samplesAdded();
-}
-
 /// A value that means something else now begins anew, and goes on when it means the same again.
 void TrendChannels::followTags()
 {

@@ -81,6 +81,7 @@ private:
     QList<TrendChannel> m_channels;
     QHash<int, int> m_indexes; ///< by number
     Missed m_missed;           ///< before the next readings
+    bool m_isLineLost = false; ///< why there is no answer
     TrendShelf m_shelf;        ///< what left
     TrendWanted m_wanted;      ///< of a layout, not in the watch list
 };

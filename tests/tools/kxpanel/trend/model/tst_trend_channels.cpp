@@ -214,6 +214,10 @@ void TrendChannelsTest::aLostLineLeavesAGapUntilTheNextRead()
     status.state = LineState::Interrupted;
     m_channels->takeLine(status, 6000);
     m_channels->takeLine(status, 6500);
+    // The machine says so of each value that cannot be read.
+    m_channels->takeReadings({failureOf(numbers.at(0), kx::WatchState::NoAnswer)}, 6600);
+    status.state = LineState::Open;
+    m_channels->takeLine(status, 7500);
     m_channels->takeReadings({readingOf(numbers.at(0), 7, 8000)}, 8000);
     QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 6000 line lost, 8000 7"));
     // What was never read has no gap to begin with.
