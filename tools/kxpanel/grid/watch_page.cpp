@@ -218,6 +218,8 @@ void WatchPage::showAll()
     if (m_writer.waiting() > 0)
         return m_writer.callOff();
     m_filterLine->clear();
+    if (m_addLine->edit()->hasFocus())
+        m_addLine->edit()->clear();
     showFaults({});
     say(QString(), false);
     m_table->setFocus();

@@ -20,6 +20,7 @@ private slots:
     void init() { makePage(); }
     void cleanup() { m_page.reset(); }
     void typedAddressesAreAdded();
+    void escapeTakesBackATypedAddress();
     void undoesAndRedoes();
     void keysOfTheTableAreItsAlone();
     void movesRows();
@@ -38,6 +39,20 @@ void WatchPageActionsTest::typedAddressesAreAdded()
     QCOMPARE(m_tags->size(), 7);
     QCOMPARE(m_table->selectedNumbers(), (QList<int>{5, 6, 7}));
     QCOMPARE(message(), QStringLiteral("3 values added"));
+}
+
+// Its reason goes with it.
+void WatchPageActionsTest::escapeTakesBackATypedAddress()
+{
+    QTest::keyClick(m_table, Qt::Key_Insert);
+    auto* const edit = m_page->findChild<AddLine*>()->edit();
+    QTest::keyClicks(edit, QStringLiteral("D9999"));
+    QVERIFY(!message().isEmpty());
+    QTest::keyClick(edit, Qt::Key_Escape);
+    QCOMPARE(edit->text(), QString());
+    QCOMPARE(message(), QString());
+    QVERIFY(m_table->hasFocus());
+    QCOMPARE(m_tags->size(), 4);
 }
 
 void WatchPageActionsTest::undoesAndRedoes()
