@@ -56,6 +56,7 @@ protected:
 private:
     void makeColumnActions();
     void setUsualColumns();
+    int usualWidth(int column) const;
     QJsonArray columnsLayout() const;
     void takeColumn(int column, const QJsonObject& shape);
     QList<int> selectedRows() const;

@@ -8,6 +8,7 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QSet>
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QStyle>
 
 #include <array>
 
@@ -56,12 +57,26 @@ void WatchTable::setUsualColumns()
 {
     for (int column = 0; column < WatchModel::ColumnCount; ++column) {
         horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), column);
-        const int usual =
-            SHAPES.at(static_cast<std::size_t>(column)).width * fontMetrics().averageCharWidth();
-        setColumnWidth(column, qMax(usual, horizontalHeader()->sectionSizeHint(column)));
+        setColumnWidth(column,
+                       qMax(usualWidth(column), horizontalHeader()->sectionSizeHint(column)));
     }
     for (QAction* const action : columnActions())
         action->setChecked(true);
+}
+
+/// Pixels. A state is seen whole in each language, but for the reason of one.
+int WatchTable::usualWidth(int column) const
+{
+    int width =
+        SHAPES.at(static_cast<std::size_t>(column)).width * fontMetrics().averageCharWidth();
+    if (column != WatchModel::State)
+        return width;
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    for (const CellState state : ALL_STATES) {
+        const QString text = stateSymbol(state) + QLatin1Char(' ') + stateText(state, nullptr);
+        width = qMax(width, fontMetrics().horizontalAdvance(text) + 2 * margin);
+    }
+    return width;
 }
 
 /// Members that a newer program put into a column stay, and so do columns that only it knows.

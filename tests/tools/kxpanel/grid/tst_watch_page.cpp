@@ -1,6 +1,7 @@
 // Mouse and keyboard on the page.
 
 #include "kxpanel/grid/edit/filter_line.h"
+#include "kxpanel/grid/edit/watch_delegate.h"
 #include "kxpanel/grid/edit/write_bar.h"
 #include "kxpanel/grid/model/watch_filter.h"
 #include "tools/kxpanel/grid/watch_page_fixture.h"
@@ -20,13 +21,14 @@ namespace
 {
 
 /// A language with long words.
-class LongHeadings : public QTranslator
+class LongTexts : public QTranslator
 {
 public:
     bool isEmpty() const override { return false; }
     QString translate(const char* context, const char* text, const char*, int) const override
     {
         return qstrcmp(context, "kxpanel::WatchModel") == 0
+                       || qstrcmp(context, "kxpanel::Cell") == 0
                    ? QStringLiteral("as long as three words, %1").arg(QLatin1String(text))
                    : QString();
     }
@@ -47,6 +49,9 @@ private slots:
     void rowsOfAnotherProgramAreNotMoved();
     void manyAreSelectedAsOne();
     void namesAreNoMarkup();
+    void switchesAreSeenOnSelectedRows_data();
+    void switchesAreSeenOnSelectedRows();
+    void statesAreNotCutOff();
     void goesByTheClockOfTheLine();
     void agesGoOnWhenTheClockIsSetBack();
     void withoutALineNothingIsKnown();
@@ -144,6 +149,40 @@ void WatchPageTest::namesAreNoMarkup()
 }
 
 /// The system's was set back by an hour while the line was open.
+void WatchPageTest::switchesAreSeenOnSelectedRows_data()
+{
+    QTest::addColumn<int>("bit");
+    QTest::addColumn<bool>("isSelected");
+    QTest::newRow("off, selected") << 0 << true;
+    QTest::newRow("on, selected") << 1 << true;
+    QTest::newRow("off") << 0 << false;
+    QTest::newRow("on") << 1 << false;
+}
+
+// Grey or green on the colour of selected rows would hardly be seen.
+void WatchPageTest::switchesAreSeenOnSelectedRows()
+{
+    QFETCH(int, bit);
+    QFETCH(bool, isSelected);
+    read(3, {bit});
+    m_table->select({isSelected ? 3 : 4});
+    QStyleOptionViewItem option;
+    option.rect = m_table->visualRect(cell(2, WatchModel::Value));
+    option.fontMetrics = m_table->fontMetrics();
+    const QRect body = switchRect(option);
+    const QImage picture = m_table->viewport()->grab().toImage();
+    const QPoint knob(bit == 0 ? body.left() + body.height() / 2 : body.right() - body.height() / 2,
+                      body.center().y());
+    const QColor seen = picture.pixelColor(knob * picture.devicePixelRatio());
+    const QPalette palette = m_table->palette();
+    const QColor ground = palette.color(bit == 1 ? QPalette::Highlight : QPalette::HighlightedText);
+    if (isSelected)
+        QCOMPARE(seen, ground);
+    else
+        QCOMPARE(seen, bit == 1 ? palette.color(QPalette::Base)
+                                : stateColor(CellState::NeverRead, palette));
+}
+
 void WatchPageTest::goesByTheClockOfTheLine()
 {
     const qint64 now = QDateTime::currentMSecsSinceEpoch() + 3600000;
@@ -281,13 +320,27 @@ void WatchPageTest::layoutIsKept()
 
 void WatchPageTest::headingsAreNotCutOff()
 {
-    LongHeadings language;
+    LongTexts language;
     QCoreApplication::installTranslator(&language);
     const WatchPage page({m_machine.get(), m_tags.get()});
     const auto* const table = page.findChild<WatchTable*>();
     for (int column = 0; column < WatchModel::ColumnCount; ++column)
         QVERIFY2(table->columnWidth(column) >= table->horizontalHeader()->sectionSizeHint(column),
                  qPrintable(QString::number(column)));
+}
+
+// But for the reason of one that was not written, which the tool tip and the message tell.
+void WatchPageTest::statesAreNotCutOff()
+{
+    LongTexts language;
+    QCoreApplication::installTranslator(&language);
+    const WatchPage page({m_machine.get(), m_tags.get()});
+    const auto* const table = page.findChild<WatchTable*>();
+    const QString widest =
+        stateSymbol(CellState::NotWritten) + QStringLiteral(" as long as three words, not written");
+    QVERIFY2(table->columnWidth(WatchModel::State)
+                 >= table->fontMetrics().horizontalAdvance(widest) + 6,
+             qPrintable(QString::number(table->columnWidth(WatchModel::State))));
 }
 
 void WatchPageTest::aPageThatIsNotSeenPaintsNothing()

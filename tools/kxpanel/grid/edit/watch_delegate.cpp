@@ -128,8 +128,11 @@ void WatchDelegate::paintSwitch(QPainter* painter, const QStyleOptionViewItem& o
     const CellState state = stateOf(index);
     const bool isKnown =
         state == CellState::Ok || state == CellState::Changed || state == CellState::Written;
-    const QColor color = isOn && isKnown ? stateColor(CellState::Ok, option.palette)
-                                         : stateColor(CellState::NeverRead, option.palette);
+    const bool isSelected = option.state & QStyle::State_Selected;
+    const QColor color = isSelected        ? option.palette.color(QPalette::HighlightedText)
+                         : isOn && isKnown ? stateColor(CellState::Ok, option.palette)
+                                           : stateColor(CellState::NeverRead, option.palette);
+    const QBrush ground = option.palette.brush(isSelected ? QPalette::Highlight : QPalette::Base);
     const QRectF body = QRectF(switchRect(option)).adjusted(0.5, 0.5, -0.5, -0.5);
     const qreal size = body.height();
     painter->save();
@@ -138,7 +141,7 @@ void WatchDelegate::paintSwitch(QPainter* painter, const QStyleOptionViewItem& o
     painter->setBrush(isOn && isEditable ? QBrush(color) : QBrush(Qt::NoBrush));
     painter->drawRoundedRect(body, size / 2, size / 2);
     const QRectF knob(isOn ? body.right() - size : body.left(), body.top(), size, size);
-    painter->setBrush(isOn && isEditable ? option.palette.brush(QPalette::Base) : QBrush(color));
+    painter->setBrush(isOn && isEditable ? ground : QBrush(color));
     const qreal rim = size / 6;
     painter->drawEllipse(knob.adjusted(rim, rim, -rim, -rim));
     painter->restore();

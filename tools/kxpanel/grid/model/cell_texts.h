@@ -20,6 +20,10 @@ enum class CellState {
     NoAnswer,
 };
 
+const CellState ALL_STATES[] = {CellState::Ok,         CellState::Changed, CellState::NeverRead,
+                                CellState::Offline,    CellState::Waiting, CellState::Written,
+                                CellState::NotWritten, CellState::Refused, CellState::NoAnswer};
+
 /// @param write the value's latest, or null
 /// @param now milliseconds since 1970 in UTC
 /// @param isOnline whether a line is open
