@@ -73,12 +73,11 @@ const ValueWrite* ValueWriter::writeOf(int number) const
 
 void ValueWriter::callOff()
 {
-    for (const int number : QList<int>(m_waiting)) {
+    for (const int number : std::exchange(m_waiting, {})) {
         ValueWrite& write = m_writes[number];
         write.phase = ValueWrite::Failed;
         write.reason = tr("called off before it was sent");
         write.endedAt = m_now();
-        m_waiting.removeAll(number);
         emit changed(number);
         tellEnd(ValueWrite(write));
     }
