@@ -41,6 +41,15 @@ bool hasProcess(const QList<PortHolder>& holders, qint64 process)
 
 } // namespace
 
+qint64 lockingProcess(const QString& device, const QString& locks)
+{
+    QString name = QFileInfo(device).canonicalFilePath();
+    if (name.startsWith(QLatin1String(DEVICES)))
+        name = name.mid(static_cast<int>(qstrlen(DEVICES)));
+    name.replace(QLatin1Char('/'), QLatin1Char('_'));
+    return firstLine(locks + QLatin1String("/LCK..") + name).toLongLong();
+}
+
 OpenDevices::OpenDevices(const QString& processes, const QString& locks) : m_locks(locks)
 {
     for (const QString& name : QDir(processes).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
@@ -88,11 +97,7 @@ QList<PortHolder> OpenDevices::holdersOf(const QString& device) const
 // A lock may have stayed behind; of a program that can be looked into, its files tell more.
 void OpenDevices::addLock(const QString& device, QList<PortHolder>* holders) const
 {
-    QString name = QFileInfo(device).canonicalFilePath();
-    if (name.startsWith(QLatin1String(DEVICES)))
-        name = name.mid(static_cast<int>(qstrlen(DEVICES)));
-    name.replace(QLatin1Char('/'), QLatin1Char('_'));
-    const qint64 process = firstLine(m_locks + QLatin1String("/LCK..") + name).toLongLong();
+    const qint64 process = lockingProcess(device, m_locks);
     for (const PortHolder& unseen : m_unseen) {
         if (unseen.process == process && !hasProcess(*holders, process))
             *holders << unseen;

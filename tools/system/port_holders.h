@@ -13,13 +13,18 @@ struct PortHolder {
     qint64 process = 0; ///< its number
 };
 
+/// The number of the process whose lock a port has; it may have ended. 0 without a lock. Links are
+/// followed.
+/// @param locks where programs lock ports: a file LCK..ttyUSB0 holds the process's number
+qint64 lockingProcess(const QString& device, const QString& locks = QStringLiteral("/run/lock"));
+
 /// The devices that were open when it was made. No port is opened for that, since opening one
 /// may reset the device behind it.
 class OpenDevices
 {
 public:
     /// @param processes where the system shows its processes
-    /// @param locks     where programs lock ports: a file LCK..ttyUSB0 holds the process's number
+    /// @param locks     as of lockingProcess()
     explicit OpenDevices(const QString& processes = QStringLiteral("/proc"),
                          const QString& locks = QStringLiteral("/run/lock"));
 

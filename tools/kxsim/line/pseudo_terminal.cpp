@@ -1,8 +1,12 @@
 #include "kxsim/line/pseudo_terminal.h"
 
+#include "system/port_holders.h"
 #include "system/translated_text.h"
 
+#include <QtCore/QVector>
+
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <stdlib.h>
@@ -16,6 +20,7 @@ namespace
 {
 
 const size_t LONGEST_NAME = 128;
+const int MOST_LOCKED = 16; // terminals in a row
 
 bool makeRaw(int terminal)
 {
@@ -32,16 +37,37 @@ void closeIfOpen(int descriptor)
         close(descriptor);
 }
 
+/// A program that had a terminal of this number may have closed it and not yet taken its lock away:
+/// the next host would find it locked.
+bool isLocked(const QString& name)
+{
+    const qint64 process = kx::lockingProcess(name);
+    return process > 0 && (kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM);
+}
+
 } // namespace
 
 std::unique_ptr<PseudoTerminal> PseudoTerminal::open(QString* error)
 {
     std::unique_ptr<PseudoTerminal> terminal(new PseudoTerminal);
-    if (terminal->openBothEnds())
+    if (terminal->openUnlocked())
         return terminal;
     *error = kx::Text::tr("cannot open a pseudo-terminal: %1")
                  .arg(QString::fromLocal8Bit(std::strerror(errno)));
     return nullptr;
+}
+
+bool PseudoTerminal::openUnlocked()
+{
+    QVector<int> locked; // open for so long that the next one has another number
+    bool isOpen = openBothEnds();
+    while (isOpen && isLocked(m_name) && locked.size() < 2 * MOST_LOCKED) {
+        locked << m_hostEnd << m_descriptor;
+        isOpen = openBothEnds();
+    }
+    for (const int descriptor : locked)
+        closeIfOpen(descriptor);
+    return isOpen;
 }
 
 bool PseudoTerminal::openBothEnds()
@@ -68,7 +94,7 @@ bool PseudoTerminal::reopen()
     const int oldHostEnd = m_hostEnd;
     m_hostEnd = -1;
     // The link leads to the new device before hosts lose the old one.
-    const bool isOpen = openBothEnds() && m_link.turnTo(m_name);
+    const bool isOpen = openUnlocked() && m_link.turnTo(m_name);
     closeIfOpen(oldHostEnd);
     closeIfOpen(oldDescriptor);
     return isOpen;

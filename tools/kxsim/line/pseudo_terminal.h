@@ -27,6 +27,7 @@ public:
 
 private:
     PseudoTerminal() = default;
+    bool openUnlocked();
     bool openBothEnds();
 
     int m_hostEnd = -1; ///< held open, so that the line outlives a host that closes it
