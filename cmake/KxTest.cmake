@@ -4,7 +4,7 @@
 include(CheckLinkerFlag)
 check_linker_flag(CXX -fuse-ld=lld KX_HAS_LLD)
 if(KX_HAS_LLD)
-  set(KX_TEST_LINKER -fuse-ld=lld)
+  set(KX_TEST_LINKER -fuse-ld=lld -Wl,--threads=1) # several programs are linked at once
 else()
   check_linker_flag(CXX -fuse-ld=gold KX_HAS_GOLD)
   if(KX_HAS_GOLD)
