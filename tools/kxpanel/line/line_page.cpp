@@ -124,7 +124,7 @@ void LinePage::onCounted()
 /// What was predicted holds no more.
 bool LinePage::hasOtherPace() const
 {
-    return isVisible() && m_isPredicted && m_costs.isFinished()
+    return isVisible() && m_isPredicted && !m_costs.isWorking()
            && areFarApart(m_pace, m_answers.pace(m_timing, m_isNetwork));
 }
 

@@ -8,8 +8,8 @@ namespace kxpanel
 namespace
 {
 
-const double FAR_OFF = 1.0 / 8; // of the time
-const double FAR_ENOUGH = 300;  // microseconds
+const double FAR_OFF = 1.0 / 4; // of the time
+const double FAR_ENOUGH = 500;  // microseconds
 const double FAR_PER_BYTE = 10; // microseconds, of which there are dozens to hundreds
 
 bool isSameLine(const kx::LineTiming& one, const kx::LineTiming& other)

@@ -41,16 +41,21 @@ LimitCosts::~LimitCosts()
 
 bool LimitCosts::start(const QList<kx::PolledRange>& watched, const AnswerPace& pace)
 {
-    if (m_stop && m_pace == pace && areSame(m_watched, watched))
+    const bool isSameList = m_stop && areSame(m_watched, watched);
+    if (isSameList && m_pace == pace)
         return false;
     if (m_stop)
         *m_stop = true;
     m_stop = std::make_shared<std::atomic<bool>>(false);
     m_watched = watched;
     m_pace = pace;
-    m_results.clear();
-    m_isFinished = watched.isEmpty();
-    if (!m_isFinished)
+    m_coming.clear();
+    if (!isSameList || !m_isFinished) {
+        m_results.clear();
+        m_isFinished = watched.isEmpty();
+    }
+    m_isWorking = !watched.isEmpty();
+    if (m_isWorking)
         m_pool.start([this, watched, pace, stop = m_stop] { work(watched, pace, stop); });
     emit advanced();
     return true;
@@ -91,8 +96,14 @@ void LimitCosts::take(const QList<kx::LengthResult>& results, const Stop& stop)
 {
     if (stop != m_stop)
         return; // of what is asked no more
-    m_results += results;
-    m_isFinished = m_results.size() == kx::MOST_REGISTERS_PER_READ;
+    QList<kx::LengthResult>& known = m_isFinished ? m_coming : m_results;
+    known += results;
+    m_isWorking = known.size() < kx::MOST_REGISTERS_PER_READ;
+    if (m_isFinished && m_isWorking)
+        return;
+    if (m_isFinished)
+        m_results.swap(m_coming);
+    m_isFinished = !m_isWorking;
     emit advanced();
 }
 

@@ -25,7 +25,8 @@ public:
     /// Gives up what is not known yet.
     ~LimitCosts() override;
 
-    /// Begins anew, unless it is what it works on, or has worked out.
+    /// Begins anew, unless it is what it works on, or has worked out. When the pace alone is
+    /// another, what is known stays until all of the new is.
     /// @param watched with the intervals at which they are read
     /// @return it begins
     bool start(const QList<kx::PolledRange>& watched, const AnswerPace& pace);
@@ -33,6 +34,8 @@ public:
     /// By rising limit from 1 on; as many as are known so far.
     const QList<kx::LengthResult>& results() const { return m_results; }
     bool isFinished() const { return m_isFinished; }
+    /// As when it is not finished, or on others that are to take the place of what is known.
+    bool isWorking() const { return m_isWorking; }
     /// The lowest limit of the shortest cycle; 0 until all are known, and when nothing is watched.
     int best() const;
     /// Of a limit; null while it is not known.
@@ -51,7 +54,9 @@ private:
     QList<kx::PolledRange> m_watched;
     AnswerPace m_pace;
     QList<kx::LengthResult> m_results;
+    QList<kx::LengthResult> m_coming; ///< while what is known stays
     bool m_isFinished = true;
+    bool m_isWorking = false;
     Stop m_stop;        ///< of the work that goes on, or went on last
     QThreadPool m_pool; ///< one thread; the last to be made, so that it ends first
 };

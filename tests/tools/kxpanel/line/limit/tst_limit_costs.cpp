@@ -35,6 +35,7 @@ private slots:
     void stopsAtNothing();
     void beginsAnew();
     void worksOnceOnTheSame();
+    void whatIsKnownStaysUntilTheNewIs();
     void isGivenUpWithItsOwner();
     void theBestIsTheLeastTime_data();
     void theBestIsTheLeastTime();
@@ -100,6 +101,28 @@ void LimitCostsTest::worksOnceOnTheSame()
     QVERIFY(costs.start({seldom}, pace));
     QVERIFY(costs.start({}, pace));
     QVERIFY(!costs.start({}, pace));
+}
+
+void LimitCostsTest::whatIsKnownStaysUntilTheNewIs()
+{
+    LimitCosts costs;
+    AnswerPace pace;
+    costs.start({registers(100, 40)}, pace);
+    QTRY_VERIFY(costs.isFinished());
+    QVERIFY(!costs.isWorking());
+    const qint64 before = costs.of(125)->cost.duration;
+    pace.turnarounds.insert(1, 15000); // 10 ms more than is usual
+    QSignalSpy advanced(&costs, &LimitCosts::advanced);
+    QVERIFY(costs.start({registers(100, 40)}, pace));
+    advanced.clear();
+    QVERIFY(costs.isWorking());
+    QCOMPARE(costs.best(), 40);
+    QCOMPARE(costs.of(125)->cost.duration, before);
+    QTRY_VERIFY(!costs.isWorking());
+    QCOMPARE(advanced.count(), 1);
+    QVERIFY(costs.isFinished());
+    QCOMPARE(costs.results().size(), 125);
+    QCOMPARE(costs.of(125)->cost.duration, before + 10000);
 }
 
 void LimitCostsTest::isGivenUpWithItsOwner()
