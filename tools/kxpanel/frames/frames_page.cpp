@@ -66,7 +66,7 @@ void FramesPage::makeActions()
     pause->setCheckable(true);
     connect(pause, &QAction::toggled, m_model, &FramesModel::setPaused);
     QAction* save = pageAction(this, tr("Save..."), QStringLiteral("Ctrl+E"),
-                               tr("Save the exchanges shown as text or JSON lines"));
+                               tr("Save the exchanges shown as text, JSON lines or a capture"));
     connect(save, &QAction::triggered, this, &FramesPage::askWhereToSave);
     QAction* clear =
         pageAction(this, tr("Clear"), QStringLiteral("Ctrl+L"), tr("Forget all exchanges"));
@@ -148,12 +148,14 @@ void FramesPage::showCounts()
 void FramesPage::askWhereToSave()
 {
     auto* dialog = new QFileDialog(this, tr("Save frames"), QStringLiteral("frames.txt"),
-                                   tr("Text (*.txt);;JSON lines (*.jsonl)"));
+                                   tr("Text (*.txt);;JSON lines (*.jsonl);;Capture (*.pcap)"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("txt"));
     connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
-        const bool isJson = filter.contains(QLatin1String("*.jsonl"));
-        dialog->setDefaultSuffix(isJson ? QStringLiteral("jsonl") : QStringLiteral("txt"));
+        for (const char* const suffix : {"txt", "jsonl", "pcap"}) {
+            if (filter.contains(QLatin1String("*.") + QLatin1String(suffix)))
+                dialog->setDefaultSuffix(QLatin1String(suffix));
+        }
     });
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QFileDialog::fileSelected, this, &FramesPage::save);

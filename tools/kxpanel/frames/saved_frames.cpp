@@ -1,12 +1,38 @@
 #include "kxpanel/frames/saved_frames.h"
 
+#include "exchange/replies/reply_verdict.h"
+#include "kxpanel/exchanges/exchange_words.h"
+#include "listen/capture_format.h"
 #include "panel/files/replaced_file.h"
 #include "panel/text/frame_text.h"
 
 #include <QtCore/QJsonDocument>
 
+#include <algorithm>
+
 namespace kxpanel
 {
+
+namespace
+{
+
+/// @param time milliseconds since 1970
+QByteArray packet(const QByteArray& bytes, bool isRequest, qint64 time)
+{
+    const qint64 millisecond = 1000; // microseconds
+    kx::HeardPiece piece;
+    piece.bytes = bytes;
+    piece.isFrame = kx::endsWithItsCrc(bytes);
+    piece.isRequest = isRequest;
+    return bytes.isEmpty() ? QByteArray() : kx::capturePacket(piece, time * millisecond);
+}
+
+bool endsIn(const QString& path, const char* ending)
+{
+    return path.endsWith(QLatin1String(ending), Qt::CaseInsensitive);
+}
+
+} // namespace
 
 QByteArray framesAsText(const QVector<Exchange>& exchanges)
 {
@@ -27,10 +53,26 @@ QByteArray framesAsJson(const QVector<Exchange>& exchanges)
     return text;
 }
 
+QByteArray framesAsCapture(const QVector<Exchange>& exchanges)
+{
+    QByteArray capture = kx::captureHeader();
+    for (const Exchange& exchange : exchanges) {
+        if (exchange.replyKind == kx::ReplyKind::NotSent
+            || exchange.replyKind == kx::ReplyKind::NeverSilent)
+            continue;
+        const int before = std::max(bytesBeforeAnswer(exchange), 0);
+        capture += packet(exchange.request, true, exchange.sentAt)
+                   + packet(exchange.reply.left(before), false, exchange.finishedAt)
+                   + packet(exchange.reply.mid(before), false, exchange.finishedAt);
+    }
+    return capture;
+}
+
 bool saveFrames(const QString& path, const QVector<Exchange>& exchanges, QString* error)
 {
-    const bool isJson = path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive)
-                        || path.endsWith(QLatin1String(".jsonl"), Qt::CaseInsensitive);
+    if (endsIn(path, ".pcap"))
+        return kx::replaceFile(path, framesAsCapture(exchanges), error);
+    const bool isJson = endsIn(path, ".json") || endsIn(path, ".jsonl");
     return kx::replaceFile(path, isJson ? framesAsJson(exchanges) : framesAsText(exchanges), error);
 }
 

@@ -12,7 +12,12 @@ QByteArray framesAsText(const QVector<Exchange>& exchanges);
 /// A JSON object per line, as `kxhost --frames --json` prints them.
 QByteArray framesAsJson(const QVector<Exchange>& exchanges);
 
-/// Replaces a file: with JSON where its name ends in ".json" or ".jsonl", else with text.
+/// A capture as `kxhost listen --pcap` writes it; frames were on the line when their exchange began
+/// and ended. Requests that were not sent are left out.
+QByteArray framesAsCapture(const QVector<Exchange>& exchanges);
+
+/// Replaces a file: with JSON where its name ends in ".json" or ".jsonl", with a capture where it
+/// ends in ".pcap", else with text.
 /// @return false and one line in `*error` that names the file
 bool saveFrames(const QString& path, const QVector<Exchange>& exchanges, QString* error);
 

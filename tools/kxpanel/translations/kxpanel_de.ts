@@ -808,8 +808,8 @@
         <translation>Speichern ...</translation>
     </message>
     <message>
-        <source>Save the exchanges shown as text or JSON lines</source>
-        <translation>Den gezeigten Austausch als Text oder JSON-Zeilen speichern</translation>
+        <source>Save the exchanges shown as text, JSON lines or a capture</source>
+        <translation>Den gezeigten Austausch als Text, JSON-Zeilen oder Mitschnitt speichern</translation>
     </message>
     <message>
         <source>Clear</source>
@@ -835,8 +835,8 @@
         <translation>Telegramme speichern</translation>
     </message>
     <message>
-        <source>Text (*.txt);;JSON lines (*.jsonl)</source>
-        <translation>Text (*.txt);;JSON-Zeilen (*.jsonl)</translation>
+        <source>Text (*.txt);;JSON lines (*.jsonl);;Capture (*.pcap)</source>
+        <translation>Text (*.txt);;JSON-Zeilen (*.jsonl);;Mitschnitt (*.pcap)</translation>
     </message>
     <message numerus="yes">
         <source>%n exchange(s) saved in %1</source>

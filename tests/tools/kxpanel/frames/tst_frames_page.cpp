@@ -260,6 +260,8 @@ void FramesPageTest::theChosenFilterNamesTheFile()
     QCOMPARE(dialog->defaultSuffix(), QString("txt"));
     emit dialog->filterSelected(dialog->nameFilters().at(1));
     QCOMPARE(dialog->defaultSuffix(), QString("jsonl"));
+    emit dialog->filterSelected(dialog->nameFilters().at(2));
+    QCOMPARE(dialog->defaultSuffix(), QString("pcap"));
     emit dialog->filterSelected(dialog->nameFilters().at(0));
     QCOMPARE(dialog->defaultSuffix(), QString("txt"));
 }

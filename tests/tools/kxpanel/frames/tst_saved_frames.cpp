@@ -1,6 +1,7 @@
 #include "kxpanel/frames/saved_frames.h"
 
 #include "../sample_exchanges.h"
+#include "support/driver_fixture.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
@@ -16,6 +17,7 @@ private slots:
     void initTestCase() { qputenv("TZ", "CET-1"); }
     void asText();
     void asJson();
+    void asCapture();
     void theNameTellsWhich_data();
     void theNameTellsWhich();
     void aFileThatCannotBeWritten();
@@ -54,14 +56,39 @@ void SavedFramesTest::asJson()
                  "\"result\":\"repeated\",\"sent\":\"2026-11-22T10:00:00.000Z\"}\n"));
 }
 
+void SavedFramesTest::asCapture()
+{
+    Exchange stray = answeredPoll();
+    stray.reply.prepend("\x55\xAA", 2); // in no frame
+    Exchange notSent = answeredPoll();
+    notSent.replyKind = kx::ReplyKind::NotSent;
+    // Each packet: 2026-11-22 10:00:00, microseconds, its length twice; tags that name the
+    // protocol, and of a frame the ports: from 50000 to 502 for a request, back for a reply.
+    const QByteArray request = bytes("20 BD 02 6B 00 00 00 00 30 00 00 00 30 00 00 00 "
+                                     "00 0C 00 08 6D 62 72 74 75 00 00 00 00 18 00 04 00 00 00 02 "
+                                     "00 19 00 04 00 00 C3 50 00 1A 00 04 00 00 01 F6 00 00 00 00 "
+                                     "01 03 00 64 00 02 85 D4");
+    const QByteArray noise = bytes("20 BD 02 6B 30 75 00 00 0E 00 00 00 0E 00 00 00 "
+                                   "00 0C 00 04 64 61 74 61 00 00 00 00 55 AA");
+    const QByteArray reply = bytes("20 BD 02 6B 30 75 00 00 31 00 00 00 31 00 00 00 "
+                                   "00 0C 00 08 6D 62 72 74 75 00 00 00 00 18 00 04 00 00 00 02 "
+                                   "00 19 00 04 00 00 01 F6 00 1A 00 04 00 00 C3 50 00 00 00 00 "
+                                   "01 03 04 04 D2 00 11 9B 36");
+    const QByteArray header = bytes("D4 C3 B2 A1 02 00 04 00 00 00 00 00 00 00 00 00 "
+                                    "FF FF 00 00 FC 00 00 00");
+    QCOMPARE(framesAsCapture({stray, notSent, unansweredPoll()}).toHex(' '),
+             (header + request + noise + reply + request).toHex(' '));
+}
+
 void SavedFramesTest::theNameTellsWhich_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("isJson");
-    QTest::newRow("text") << QString("frames.txt") << false;
-    QTest::newRow("no ending") << QString("frames") << false;
-    QTest::newRow("JSON lines") << QString("frames.jsonl") << true;
-    QTest::newRow("JSON in capitals") << QString("FRAMES.JSON") << true;
+    QTest::addColumn<char>("first");
+    QTest::newRow("text") << QString("frames.txt") << '1'; // of its time
+    QTest::newRow("no ending") << QString("frames") << '1';
+    QTest::newRow("JSON lines") << QString("frames.jsonl") << '{';
+    QTest::newRow("JSON in capitals") << QString("FRAMES.JSON") << '{';
+    QTest::newRow("a capture") << QString("frames.pcap") << '\xD4';
 }
 
 void SavedFramesTest::theNameTellsWhich()
@@ -70,7 +97,7 @@ void SavedFramesTest::theNameTellsWhich()
     QTemporaryDir folder;
     QString error;
     QVERIFY(saveFrames(folder.filePath(name), {answeredPoll()}, &error));
-    QTEST(contentOf(folder.filePath(name)).startsWith('{'), "isJson");
+    QTEST(contentOf(folder.filePath(name)).at(0), "first");
 }
 
 void SavedFramesTest::aFileThatCannotBeWritten()
