@@ -143,15 +143,18 @@ QVariant WatchModel::editTextOf(const WatchedValue& value, int column) const
 
 QString WatchModel::toolTipOf(const WatchedValue& value, int column) const
 {
-    const ValueWrite* const write = m_writer->writeOf(value.number);
-    if (column == Value && !(write && write->phase == ValueWrite::Failed)) {
-        const QString reason = ValueWriter::readOnlyReason(value.tag);
-        const QString unit = value.tag.format.unit;
-        const QString text =
-            textOf(value, Value) + (unit.isEmpty() ? unit : QLatin1Char(' ') + unit);
-        return reason.isEmpty() ? text : text + QLatin1Char('\n') + reason;
-    }
-    return textOf(value, column == Value ? static_cast<int>(State) : column);
+    if (column != Value)
+        return textOf(value, column);
+    QString text = textOf(value, Value);
+    const QString unit = value.tag.format.unit;
+    if (!text.isEmpty() && !unit.isEmpty())
+        text += QLatin1Char(' ') + unit;
+    const CellState state = stateAt(rowOf(value.number));
+    const bool holds = state == CellState::Ok || state == CellState::Changed;
+    QStringList lines = {text, holds ? QString() : textOf(value, State),
+                         ValueWriter::readOnlyReason(value.tag)};
+    lines.removeAll(QString());
+    return lines.join(QLatin1Char('\n'));
 }
 
 QVariant WatchModel::headerData(int section, Qt::Orientation orientation, int role) const

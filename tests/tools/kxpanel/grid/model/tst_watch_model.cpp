@@ -25,6 +25,8 @@ private slots:
     void wrongEditsSayWhy();
     void aValueIsWritten();
     void inputsCannotBeEdited();
+    void toolTipsSayWhetherTheValueHolds();
+    void theToolTipOfAFailedWriteReturnsToTheValue();
     void selectionsStayWithTheirRows();
     void rowsComeAndGoInRuns();
     void veryManyRunsGoAtOnce();
@@ -190,6 +192,42 @@ void WatchModelTest::inputsCannotBeEdited()
                 .data(Qt::ToolTipRole)
                 .toString()
                 .contains(QLatin1String("X17 is an input and can only be read")));
+}
+
+void WatchModelTest::toolTipsSayWhetherTheValueHolds()
+{
+    const auto toolTip = [this] {
+        return m_model->index(0, WatchModel::Value).data(Qt::ToolTipRole).toString();
+    };
+    QCOMPARE(toolTip(), QString::fromUtf8("\u25CB never read"));
+    m_tags.takeReadings({readingOf(1, {125}, 4600)});
+    QCOMPARE(toolTip(), QStringLiteral("12.5 bar"));
+    Reading silent = readingOf(1, {125}, 1000);
+    silent.state = kx::WatchState::NoAnswer;
+    m_tags.takeReadings({silent});
+    QCOMPARE(toolTip(), QString::fromUtf8("12.5 bar\n\u26A0 no answer"));
+}
+
+void WatchModelTest::theToolTipOfAFailedWriteReturnsToTheValue()
+{
+    qint64 now = 5000;
+    int ticket = 0;
+    ValueWriter writer(&m_tags, [&ticket](int number, const JobMaker&) { ticket = number; });
+    WatchModel model(&m_tags, &writer, &m_undo);
+    writer.setClock([&now] { return now; });
+    model.setClock([&now] { return now; });
+    const auto toolTip = [&model] {
+        return model.index(0, WatchModel::Value).data(Qt::ToolTipRole).toString();
+    };
+    m_tags.takeReadings({readingOf(1, {125}, 4600)});
+    QVERIFY(model.setData(model.index(0, WatchModel::Value), QStringLiteral("13")));
+    kx::Failure failure;
+    failure.kind = kx::FailureKind::NoReply;
+    failure.text = QStringLiteral("no reply");
+    writer.onJobEnded(ticket, failure);
+    QCOMPARE(toolTip(), QString::fromUtf8("12.5 bar\n\u2717 not written: no reply"));
+    now += 60000;
+    QCOMPARE(toolTip(), QStringLiteral("12.5 bar"));
 }
 
 void WatchModelTest::selectionsStayWithTheirRows()
