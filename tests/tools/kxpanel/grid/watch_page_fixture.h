@@ -11,6 +11,7 @@
 
 #include <QtTest/QSignalSpy>
 
+#include <QtCore/QDateTime>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
