@@ -12,6 +12,7 @@
 #include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
+#include <utility>
 
 namespace kxsim
 {
@@ -62,7 +63,7 @@ bool PseudoTerminal::openUnlocked()
     QVector<int> locked; // open for so long that the next one has another number
     bool isOpen = openBothEnds();
     while (isOpen && isLocked(m_name) && locked.size() < 2 * MOST_LOCKED) {
-        locked << m_hostEnd << m_descriptor;
+        locked << std::exchange(m_hostEnd, -1) << m_descriptor;
         isOpen = openBothEnds();
     }
     for (const int descriptor : locked)
