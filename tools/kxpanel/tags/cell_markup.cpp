@@ -5,6 +5,8 @@
 #include <QtCore/QMimeData>
 #include <QtCore/QRegularExpression>
 
+#include <algorithm>
+
 namespace kxpanel
 {
 
@@ -17,8 +19,9 @@ const int EXACT_DIGITS = 15; // of a spreadsheet's numbers
 bool isExactNumber(const QString& text)
 {
     static const QRegularExpression number(QStringLiteral("\\A-?(0|[1-9][0-9]*)(\\.[0-9]+)?\\z"));
-    static const QRegularExpression digit(QStringLiteral("[0-9]"));
-    return number.match(text).hasMatch() && text.count(digit) <= EXACT_DIGITS;
+    const auto isDigit = [](const QChar& character) { return character.isDigit(); };
+    return number.match(text).hasMatch()
+           && std::count_if(text.begin(), text.end(), isDigit) <= EXACT_DIGITS;
 }
 
 /// "0.00" of two decimals.
@@ -31,27 +34,33 @@ QString formatOf(const QString& number)
 /// Blanks beside others, and those at an end, would be left out.
 QString markupOf(const QString& text)
 {
+    const QString escaped = text.toHtmlEscaped();
+    if (!escaped.startsWith(BLANK) && !escaped.endsWith(BLANK)
+        && !escaped.contains(QLatin1String("  ")))
+        return escaped;
     QString markup;
-    bool isAlone = false;
-    for (const QChar& character : text.toHtmlEscaped()) {
-        if (character == BLANK && !isAlone)
+    for (int i = 0; i < static_cast<int>(escaped.size()); ++i) {
+        const bool isAlone = i > 0 && escaped.at(i - 1) != BLANK && i + 1 < escaped.size();
+        if (escaped.at(i) == BLANK && !isAlone)
             markup += QLatin1String("&#32;");
         else
-            markup += character;
-        isAlone = character != BLANK;
+            markup += escaped.at(i);
     }
-    if (markup.endsWith(BLANK))
-        markup.replace(markup.size() - 1, 1, QStringLiteral("&#32;"));
     return markup;
 }
 
 /// 1033 is English of the USA, and @ the format of texts.
-QString cellMarkup(const Cell& cell)
+void appendCell(const Cell& cell, QString* markup)
 {
-    if (cell.isNumber && isExactNumber(cell.text))
-        return QStringLiteral("<td sdval=\"%1\" sdnum=\"1033;0;%2\">%1</td>")
-            .arg(cell.text, formatOf(cell.text));
-    return QStringLiteral("<td sdnum=\"1033;0;@\">") + markupOf(cell.text) + QLatin1String("</td>");
+    if (cell.isNumber && isExactNumber(cell.text)) {
+        *markup += QStringLiteral("<td sdval=\"%1\" sdnum=\"1033;0;%2\">%1")
+                       .arg(cell.text, formatOf(cell.text));
+    } else {
+        *markup += QLatin1String("<td sdnum=\"1033;0;@\">");
+        if (!cell.text.isEmpty())
+            *markup += markupOf(cell.text);
+    }
+    *markup += QLatin1String("</td>");
 }
 
 } // namespace
@@ -63,7 +72,7 @@ QString cellsMarkup(const QList<QList<Cell>>& rows)
     for (const QList<Cell>& row : rows) {
         markup += QLatin1String("<tr>");
         for (const Cell& cell : row)
-            markup += cellMarkup(cell);
+            appendCell(cell, &markup);
         markup += QLatin1String("</tr>\n");
     }
     return markup + QLatin1String("</table></body></html>\n");
