@@ -343,7 +343,8 @@ void MainWindowTest::whatWasMissedIsSaid()
     QVERIFY(m_window->messages()->text().endsWith("what was read meanwhile."));
     emit m_machine->machine()->missed({start, start + 7200000, 0, true});
     QCOMPARE(m_window->messages()->text(),
-             QString("The computer slept from 10:20:30 to 12:20:30. Nothing was read meanwhile."));
+             QString("The computer or this program rested from 10:20:30 to 12:20:30. Nothing was "
+                     "read meanwhile."));
 }
 
 // Also while no line is open, so that nobody reads them again.

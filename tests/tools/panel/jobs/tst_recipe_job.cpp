@@ -10,6 +10,9 @@ using namespace kx;
 namespace
 {
 
+// Milliseconds. A loaded machine delivers the answers within it.
+const int REPLY_TIMEOUT = 500;
+
 // Blocks D0 and D9 of station 1, then coil M5 in a pass of its own.
 const char ROWS[] = "name,station,register,address,type,value\n"
                     "a,1,D,0,uint16,5\nb,1,D,9,uint16,6\nc,1,M,5,bit,1\n";
@@ -65,7 +68,7 @@ void RecipeJobTest::begin(const QByteArray& rows, int maxWords)
     m_session.reset();
     m_line = std::make_unique<ScriptedLine>();
     SessionSettings settings;
-    settings.exchange = {50, 20, 5};
+    settings.exchange = {REPLY_TIMEOUT, 20, 5};
     settings.retries = 2;
     settings.maxWords = maxWords;
     m_session = Session::create(entryPoints, m_line.get(), settings, &error);
@@ -184,7 +187,7 @@ void RecipeJobTest::abortLowersTheRequest()
     QCOMPARE(m_transfer->failure().text, QStringLiteral("interrupted"));
     QCOMPARE(m_transfer->blockMaybeDone(), QStringLiteral("D0:1@1"));
     QCOMPARE(m_transfer->blocksDone(), (QStringList{"M5:1@1"}));
-    QTest::qWait(100); // twice the reply time-out
+    QTest::qWait(2 * REPLY_TIMEOUT);
     QCOMPARE(m_line->written.size(), 2);
     m_transfer->abort(QStringLiteral("again"));
     QCOMPARE(finished.size(), 1);

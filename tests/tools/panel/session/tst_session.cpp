@@ -10,6 +10,9 @@ using namespace kx;
 namespace
 {
 
+// Milliseconds. A loaded machine delivers the answers within it.
+const int REPLY_TIMEOUT = 500;
+
 AddressRange range(const char* address)
 {
     AddressRange range;
@@ -98,7 +101,7 @@ void SessionTest::init()
     m_session.reset();
     m_line = std::make_unique<ScriptedLine>();
     m_settings = SessionSettings();
-    m_settings.exchange = {50, 20, 5};
+    m_settings.exchange = {REPLY_TIMEOUT, 20, 5};
     m_settings.retries = 1;
     makeSession();
 }
