@@ -130,12 +130,15 @@ int showWindow(int argc, char** argv, const WindowOptions& options)
     pages.insert(pages.begin() + 1, makerOf<TrendPage>()); // beside the values
     MachineThread machine;
     MainWindow window(machine.machine(), &settings, pages);
-    const kx::Interrupt interrupt; // a second one ends the program at once
-    QObject::connect(&interrupt, &kx::Interrupt::interrupted, &window,
-                     [&] { closeBy(interrupt.signal(), &window); });
-    window.show();
-    window.begin(options);
-    end.exitCode = run();
+    {
+        const kx::Interrupt interrupt; // a second one ends the program at once
+        QObject::connect(&interrupt, &kx::Interrupt::interrupted, &window,
+                         [&] { closeBy(interrupt.signal(), &window); });
+        window.show();
+        window.begin(options);
+        end.exitCode = run();
+    }
+    // A line that is slow to close does not keep the first signal from ending it.
     machine.stop(); // before the pages, of which jobs know, go
     return end.exitCode;
 }

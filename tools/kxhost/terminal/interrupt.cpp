@@ -70,10 +70,14 @@ void Interrupt::request()
 void Interrupt::onSignal()
 {
     char byte = 0;
-    if (read(pipeEnds[0], &byte, 1) == 1)
-        m_signal = byte;
+    while (::read(pipeEnds[0], &byte, 1) == 1) {
+        if (m_signal != SIGTERM)
+            m_signal = byte;
+    }
     m_notifier->setEnabled(false);
     setHandlers(SIG_DFL);
+    if (m_signal == SIGTERM)
+        std::signal(SIGHUP, SIG_IGN); // the end of a desktop's session may send both
     emit interrupted();
 }
 

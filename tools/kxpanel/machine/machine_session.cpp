@@ -18,6 +18,7 @@ const int COUNTING_TIME = 500;    // milliseconds
 const int EXCHANGE_WEIGHT = 5;    // readings, by the memory they take
 const qint64 LONGEST_REST = 2000; // milliseconds, which a busy computer may take
 const qint64 LONGEST_LOOK = 5;    // milliseconds; else something else ran between clock and clock
+const int MOST_LOOKS = 10;
 
 } // namespace
 
@@ -139,15 +140,21 @@ QString MachineSession::faultNow() const
 /// A program that was stopped, or a computer that slept, has read nothing meanwhile.
 void MachineSession::lookAtClocks()
 {
-    const qint64 before = m_session->elapsed();
-    const SystemTimes now = m_clocks();
-    const qint64 after = m_session->elapsed();
+    SystemTimes now = {};
+    qint64 session = 0;
+    for (int look = 0; look < MOST_LOOKS; ++look) {
+        const qint64 before = m_session->elapsed();
+        now = m_clocks();
+        session = m_session->elapsed();
+        if (session - before <= LONGEST_LOOK)
+            break;
+    }
     const qint64 rest = m_awakeAt < 0 ? 0 : now.steady - m_awakeAt;
     const bool hasRested = rest > LONGEST_REST;
     m_awakeAt = now.steady;
     if (hasRested && !areBehind())
         tellGathered(); // what was read before it
-    const qint64 by = after - before > LONGEST_LOOK ? 0 : m_times.look(after, now);
+    const qint64 by = m_times.look(session, now);
     if (by != 0)
         moveTimes(by);
     if (hasRested)
@@ -156,9 +163,10 @@ void MachineSession::lookAtClocks()
 
 void MachineSession::noteRest(qint64 from)
 {
-    m_missed.isRest = true;
-    if (m_missed.from == 0)
+    if (m_missed.from == 0) { // else it is part of what was missed anyway
+        m_missed.isRest = true;
         m_missed.from = from;
+    }
     gather();
 }
 
@@ -193,6 +201,7 @@ void MachineSession::onGathered()
         return tellGathered();
     if (m_missed.from == 0)
         m_missed.from = m_clocks().timeOfDay - GATHERING_TIME;
+    m_missed.isRest = false; // something was read since
     m_values.forgetEarlier();
     gather();
 }

@@ -35,7 +35,6 @@ public:
     void markRead(const kx::WatchList& list, const kx::AddressRange& polled);
     /// Of each value its latest alone is left to tell.
     void forgetEarlier();
-    bool hasMarked() const { return !m_marked.isEmpty(); }
 
     /// Changes of the marked values in the order of their reads, then what the list knows of them
     /// now. They are marked no more.

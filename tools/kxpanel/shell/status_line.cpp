@@ -3,6 +3,8 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QStatusBar>
 
+#include <limits>
+
 namespace kxpanel
 {
 
@@ -46,7 +48,8 @@ void StatusLine::takeStatus(const LineStatus& status)
 void StatusLine::takeCounts(const kx::WatchSummary& summary)
 {
     const kx::Statistics& counts = summary.statistics;
-    QStringList texts{tr("%n cycle(s)", nullptr, static_cast<int>(summary.cycles))};
+    const qint64 cycles = qMin<qint64>(summary.cycles, std::numeric_limits<int>::max());
+    QStringList texts{tr("%n cycle(s)", nullptr, static_cast<int>(cycles))};
     if (counts.repeated > 0)
         texts << tr("%1 repeated").arg(counts.repeated);
     if (counts.failed > 0)
