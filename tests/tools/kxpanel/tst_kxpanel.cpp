@@ -212,7 +212,7 @@ void KxpanelTest::aSessionsEndMaySendTwoSignals()
     signalProcess(panel.processId(), SIGHUP);
     if (isHeldUp)
         signalProcess(panel.processId(), SIGCONT);
-    QVERIFY(panel.waitForFinished());
+    QTRY_COMPARE_WITH_TIMEOUT(panel.state(), QProcess::NotRunning, 20000);
     QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(panel.exitCode(), 0);
 }

@@ -1,5 +1,6 @@
 #include "kxpanel/line/cycle/line_record.h"
 
+#include "exchange/loop_clock.h"
 #include "kxpanel/exchanges/exchange_words.h"
 
 #include <algorithm>
@@ -10,14 +11,14 @@ namespace kxpanel
 namespace
 {
 
-const qint64 MILLISECOND = 1000; // microseconds
 const int REPLIES_BEFORE_USUAL = 16;
 
 } // namespace
 
 bool isLateReply(qint64 turnaround, qint64 usual, const kx::LineTiming& timing)
 {
-    return turnaround > 2 * usual && turnaround > usual + std::max(timing.frameGap(), MILLISECOND);
+    return turnaround > 2 * usual
+           && turnaround > usual + std::max(timing.frameGap(), kx::MICROSECONDS_PER_MILLISECOND);
 }
 
 void LineRecord::add(const Exchange& exchange, const kx::LineTiming& timing)

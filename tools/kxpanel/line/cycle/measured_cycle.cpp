@@ -1,5 +1,7 @@
 #include "kxpanel/line/cycle/measured_cycle.h"
 
+#include "exchange/loop_clock.h"
+
 namespace kxpanel
 {
 
@@ -7,8 +9,7 @@ namespace
 {
 
 const size_t CYCLES = 3;
-const qint64 TIME = 2000;        // milliseconds
-const qint64 MILLISECOND = 1000; // microseconds
+const qint64 TIME = 2000; // milliseconds
 
 } // namespace
 
@@ -32,7 +33,9 @@ void MeasuredCycle::forget()
 qint64 MeasuredCycle::average() const
 {
     const auto cycles = static_cast<qint64>(m_begins.size()) - 1;
-    return cycles < 1 ? 0 : (m_begins.back() - m_begins.front()) * MILLISECOND / cycles;
+    return cycles < 1
+               ? 0
+               : (m_begins.back() - m_begins.front()) * kx::MICROSECONDS_PER_MILLISECOND / cycles;
 }
 
 } // namespace kxpanel

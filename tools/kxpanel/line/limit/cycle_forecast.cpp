@@ -1,5 +1,6 @@
 #include "kxpanel/line/limit/cycle_forecast.h"
 
+#include "exchange/loop_clock.h"
 #include "panel/plan/piece_request.h"
 #include "panel/polling/poll_schedule.h"
 
@@ -13,8 +14,7 @@ namespace kxpanel
 namespace
 {
 
-const qint64 MILLISECOND = 1000; // microseconds
-const int MOST_REQUESTS = 2000;  // of those that are averaged: the rest would change little
+const int MOST_REQUESTS = 2000; // of those that are averaged: the rest would change little
 
 qint64 share(qint64 sum, int cycles)
 {
@@ -31,7 +31,8 @@ public:
         for (int index = 0; index < m_schedule.size(); ++index) {
             const kx::PolledRange& poll = m_schedule.poll(index);
             m_costs.push_back(requestCost(kx::requestFor(poll.range)));
-            m_longestInterval = std::max(m_longestInterval, poll.interval * MILLISECOND);
+            m_longestInterval =
+                std::max(m_longestInterval, poll.interval * kx::MICROSECONDS_PER_MILLISECOND);
         }
     }
 
