@@ -48,7 +48,7 @@ QString GatewayAdvice::text() const
         (m_isLost ? Text::tr("the connection to %1 is lost and no station has answered")
                   : Text::tr("nothing came from %1"))
             .arg(m_name);
-    const QString advice =
+    QString advice =
         m_spoken == GatewayProtocol::Rtu
             ? Text::tr("%1; if it is a Modbus TCP server, use %2").arg(fact, m_names.tcp)
             : Text::tr("%1; if it passes the serial line's bytes on, use %2")

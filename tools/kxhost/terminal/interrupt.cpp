@@ -72,7 +72,7 @@ void Interrupt::onSignal()
     char byte = 0;
     while (::read(pipeEnds[0], &byte, 1) == 1) {
         if (m_signal != SIGTERM)
-            m_signal = byte;
+            m_signal = static_cast<unsigned char>(byte);
     }
     m_notifier->setEnabled(false);
     setHandlers(SIG_DFL);

@@ -20,8 +20,8 @@ namespace kxpanel
 namespace
 {
 
-const int CYCLES = 3; // shown
-const double ZOOM_STEP = 1.5;
+const int SHOWN_CYCLES = 3;
+const double BUTTON_ZOOM = 1.5;
 
 QLabel* wordsLabel(QWidget* parent)
 {
@@ -99,12 +99,13 @@ void LinePage::makeActions()
             [this](bool paused) { m_picture->setLive(!paused); });
     connect(m_picture, &CyclePicture::liveChanged, this, &LinePage::onLiveChanged);
     QAction* in = pageAction(this, tr("Zoom in"), QKeySequence::ZoomIn, tr("Show less time"));
-    connect(in, &QAction::triggered, m_picture, [this] { m_picture->zoom(1 / ZOOM_STEP); });
+    connect(in, &QAction::triggered, m_picture, [this] { m_picture->zoom(1 / BUTTON_ZOOM); });
     QAction* out = pageAction(this, tr("Zoom out"), QKeySequence::ZoomOut, tr("Show more time"));
-    connect(out, &QAction::triggered, m_picture, [this] { m_picture->zoom(ZOOM_STEP); });
+    connect(out, &QAction::triggered, m_picture, [this] { m_picture->zoom(BUTTON_ZOOM); });
     QAction* cycles = pageAction(this, tr("Cycles"), QStringLiteral("Ctrl+0"),
                                  tr("Show as much time as the latest three cycles took"));
-    connect(cycles, &QAction::triggered, m_picture, [this] { m_picture->showCycles(CYCLES); });
+    connect(cycles, &QAction::triggered, m_picture,
+            [this] { m_picture->showCycles(SHOWN_CYCLES); });
     findChild<QToolBar*>()->addActions({m_pause, in, out, cycles});
 }
 

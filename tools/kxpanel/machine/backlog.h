@@ -12,7 +12,7 @@ class Backlog
 {
 public:
     /// In readings, of each some hundred bytes: many lists of 10,000 values, or minutes of a line.
-    static const int USUAL_MOST = 50000;
+    static constexpr int USUAL_MOST = 50000;
 
     explicit Backlog(int most = USUAL_MOST) : m_most(most) {}
 

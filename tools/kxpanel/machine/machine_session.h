@@ -24,7 +24,7 @@ class MachineSession : public QObject
 
 public:
     /// Exchanges that are kept for listeners that stand still: the latest.
-    static const int MOST_KEPT = 5000;
+    static constexpr int MOST_KEPT = 5000;
 
     /// @param session not started; its line must outlive this
     /// @param advice null: without a gateway

@@ -34,7 +34,7 @@ QString formatOf(const QString& number)
 /// Blanks beside others, and those at an end, would be left out.
 QString markupOf(const QString& text)
 {
-    const QString escaped = text.toHtmlEscaped();
+    QString escaped = text.toHtmlEscaped();
     if (!escaped.startsWith(BLANK) && !escaped.endsWith(BLANK)
         && !escaped.contains(QLatin1String("  ")))
         return escaped;
