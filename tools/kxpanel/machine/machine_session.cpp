@@ -121,8 +121,12 @@ void MachineSession::tellLink(const QList<kx::LinkEvent>& events)
         emit linkChanged(m_isLost, fault);
 }
 
+/// What was read and what was missed before it is told before it: listeners end their curves there.
 void MachineSession::setLost(bool isLost)
 {
+    lookAtClocks();
+    if (!areBehind())
+        tellGathered();
     m_isLost = isLost;
     if (isLost)
         m_values.markAll();

@@ -25,6 +25,8 @@ private slots:
     void timesFollowTheClockThatIsSet();
     void timesFollowASleep();
     void aSleepIsTold();
+    void aSleepIsToldBeforeTheLineThatItLost();
+    void whatWasReadIsToldBeforeTheLineIsLost();
 
 private:
     void start(int most, int mostKept);
@@ -34,7 +36,8 @@ private:
     std::unique_ptr<MachineLine> m_line;
     std::unique_ptr<Backlog> m_backlog;
     std::unique_ptr<MachineSession> m_session;
-    QStringList m_order;     ///< what was told, in order: "exchanges", "readings", "missed"
+    QStringList m_order;     ///< what was told, in order: "exchanges", "readings", "missed",
+                             ///< "lost", "open"
     QList<qint64> m_numbers; ///< of the exchanges told
     QMap<int, Reading> m_readings;
     QVector<Reading> m_allReadings;
@@ -109,6 +112,8 @@ void MachineSessionTest::start(int most, int mostKept)
         m_order << "missed";
         m_missed << missed;
     });
+    connect(m_session.get(), &MachineSession::linkChanged, this,
+            [this](bool isLost) { m_order << (isLost ? "lost" : "open"); });
     connect(m_session.get(), &MachineSession::counted, this, [this] { ++m_counts; });
     connect(m_session.get(), &MachineSession::cycleFinished, this,
             [this](qint64 cycles) { m_cycles = cycles; });
@@ -271,6 +276,34 @@ void MachineSessionTest::aSleepIsTold()
     QVERIFY(qAbs(m_missed.first().to - asleep - 7200000) < 2000);
     pass(20);
     QCOMPARE(m_missed.size(), 1);
+}
+
+/// An adapter that is gone when the computer wakes up: what is drawn ends where the sleep began.
+void MachineSessionTest::aSleepIsToldBeforeTheLineThatItLost()
+{
+    start(1000000, 1000);
+    pass(20);
+    m_order.clear();
+    m_slept = 3600000;
+    emit m_line->connection->line()->interrupted();
+    m_order.removeAll("exchanges");
+    m_order.removeAll("readings");
+    QCOMPARE(m_order, (QStringList{"missed", "lost"}));
+    QVERIFY(m_missed.first().isRest);
+    const qint64 slept = m_missed.first().to - m_missed.first().from;
+    QVERIFY2(slept >= 3600000 && slept < 3602000, qPrintable(QString::number(slept)));
+}
+
+void MachineSessionTest::whatWasReadIsToldBeforeTheLineIsLost()
+{
+    start(1000000, 1000);
+    pass(20);
+    QTRY_VERIFY(m_session->exchanges() > m_numbers.size());
+    emit m_line->connection->line()->interrupted();
+    QCOMPARE(m_order.mid(m_order.size() - 3), (QStringList{"exchanges", "readings", "lost"}));
+    QCOMPARE(qint64(m_numbers.size()), m_session->exchanges());
+    QCOMPARE(m_readings.value(2).state, kx::WatchState::Ok);
+    QTRY_COMPARE(m_readings.value(2).state, kx::WatchState::NoAnswer);
 }
 
 QTEST_MAIN(MachineSessionTest)

@@ -14,8 +14,9 @@ namespace kxpanel
 namespace
 {
 
-const int SLICE = 20;    // milliseconds
-const int AT_ONCE = 256; // events between two looks at the clock
+const int SLICE = 20;           // milliseconds
+const int AT_ONCE = 256;        // events between two looks at the clock
+const qint64 STEP_BACK = 60000; // milliseconds; of a clock set back by no more nothing is lost
 
 /// For each of some channels, a power of two.
 int samplesEach(int channels, int most)
@@ -83,7 +84,7 @@ void TrendFileReader::readSlice()
 void TrendFileReader::take(const kx::RecordedEvent& event)
 {
     const qint64 back = m_range.to - 1 - event.time;
-    if (m_range.to == 0 || back > TrendStore::STEP_BACK)
+    if (m_range.to == 0 || back > STEP_BACK)
         beginAt(event.time, back);
     m_range.to = std::max(m_range.to, event.time + 1);
     if (event.tag >= m_channels.size())

@@ -52,8 +52,6 @@ TrendStore::TrendStore(int samples)
 
 void TrendStore::append(qint64 time, double value)
 {
-    if (!isEmpty() && time < end() - STEP_BACK)
-        clear();
     if (!isEmpty() && isSame(m_samples.at(m_samples.end() - 1).value, value))
         return;
     m_samples.append({isEmpty() ? time : std::max(time, end()), value});

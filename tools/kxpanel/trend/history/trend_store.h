@@ -25,14 +25,13 @@ namespace kxpanel
 class TrendStore
 {
 public:
-    static constexpr qint64 STEP_BACK = 60000; ///< milliseconds
     static constexpr int USUAL_SAMPLES = 8192;
 
     /// @param samples that are kept as they are; a power of two, 64 or more
     explicit TrendStore(int samples = USUAL_SAMPLES);
 
-    /// A read, in constant time. The clock may have been set back: by up to STEP_BACK the time of
-    /// the sample before is taken, by more all begins anew.
+    /// A read, in constant time. One that is earlier than the sample before takes that one's time:
+    /// it was told late. Of a clock that was set back, shift() or clear() comes first.
     /// @param value gapValue() or notANumber() when there is none
     void append(qint64 time, double value);
     void clear();

@@ -24,7 +24,7 @@ namespace
 QString samplesOf(const TrendChannels& channels, int number)
 {
     QStringList texts;
-    for (const TrendSample& sample : channels.find(number)->store->samples(0, 1000000)) {
+    for (const TrendSample& sample : channels.find(number)->store->samples(0, 10000000)) {
         kx::GapReason reason = kx::GapReason::NotYetRead;
         QString text = QString::number(sample.value);
         if (sample.isGap())
@@ -62,6 +62,10 @@ private slots:
     void ofWhatWasNotReadMeanwhileNothingIsMissed();
     void severalReadsAfterAPauseHaveOneGap();
     void aRestLeavesAGapInAll();
+    void aRestToldBehindALostLineClearsNothing();
+    void whatWasMissedBehindAFailureClearsNothing();
+    void aReadThatIsTakenLateClearsNothing_data();
+    void aReadThatIsTakenLateClearsNothing();
     void followsNamesAndUnits();
     void anotherMeaningBeginsAnew();
     void whatLeavesTheListLeavesThePlot();
@@ -291,6 +295,60 @@ void TrendChannelsTest::aRestLeavesAGapInAll()
     QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString("5000 8, 6000 not read, 90100 8"));
     QCOMPARE(samplesOf(*m_channels, numbers.at(2)), QString());
     QCOMPARE(samplesOf(*m_channels, -1), QString("1000 3"));
+}
+
+void TrendChannelsTest::aRestToldBehindALostLineClearsNothing()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    LineStatus lost;
+    lost.state = LineState::Interrupted;
+    m_channels->takeLine(lost, 3605000);
+    kxpanel::Missed missed{6000, 3605500, 0};
+    missed.isRest = true;
+    m_channels->takeMissed(missed);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)),
+             QString("5000 7, 3605000 line lost, 3605000 not read"));
+}
+
+void TrendChannelsTest::whatWasMissedBehindAFailureClearsNothing()
+{
+    const QList<int> numbers = watch({tagOf("", "D1@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    m_channels->takeReadings({failureOf(numbers.at(0), kx::WatchState::NoAnswer)}, 95000);
+    m_channels->takeMissed({6000, 94000, 12});
+    m_channels->takeReadings({readingOf(numbers.at(0), 8, 93000)}, 95000);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)),
+             QString("5000 7, 95000 no answer, 95000 not read, 95000 8"));
+}
+
+void TrendChannelsTest::aReadThatIsTakenLateClearsNothing_data()
+{
+    QTest::addColumn<bool>("isLost");
+    QTest::addColumn<QString>("samples");
+    QTest::newRow("behind a failure") << false << "5000 7, 95000 no answer, 95000 8, 96000 9";
+    QTest::newRow("behind a lost line") << true << "5000 7, 95000 line lost, 95000 8, 96000 9";
+}
+
+/// The window stood still for 90 s, and has its own time for what failed.
+void TrendChannelsTest::aReadThatIsTakenLateClearsNothing()
+{
+    QFETCH(bool, isLost);
+    QFETCH(QString, samples);
+    const QList<int> numbers = watch({tagOf("", "D1@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    LineStatus status;
+    status.state = isLost ? LineState::Interrupted : LineState::Open;
+    m_channels->takeLine(status, 95000);
+    m_channels->takeReadings({failureOf(numbers.at(0), kx::WatchState::NoAnswer)}, 95000);
+    status.state = LineState::Open;
+    m_channels->takeLine(status, 95000);
+    m_channels->takeReadings({readingOf(numbers.at(0), 8, 20000)}, 95000);
+    m_channels->takeReadings({readingOf(numbers.at(0), 9, 96000)}, 96000);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)), samples);
 }
 
 void TrendChannelsTest::followsNamesAndUnits()
