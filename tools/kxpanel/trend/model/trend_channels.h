@@ -67,6 +67,8 @@ private:
     void followTags();
     void takeWanted();
     void leaveOut(qint64 from, kx::GapReason reason);
+    bool isOfLostLine(const Reading& reading) const;
+    static void endAtLoss(const TrendChannel& channel);
     void leaveOutMissed(const Reading& reading, const TrendChannel& channel) const;
     void addOne(int number, qint64 now);
     TrendChannel followed(const TrendChannel& before, const WatchedValue& value);

@@ -12,16 +12,34 @@ void TrendChannels::takeReadings(const QVector<Reading>& readings, qint64 now)
     for (const Reading& reading : readings) {
         const int index = indexOf(reading.number);
         const WatchedValue* value = index < 0 ? nullptr : m_tags->find(reading.number);
-        const bool isOfLostLine = m_isLineLost && reading.state == kx::WatchState::NoAnswer;
-        if (value == nullptr || !suits(reading, *value) || isOfLostLine)
+        if (value == nullptr || !suits(reading, *value))
             continue;
+        isAnyTaken = true;
+        if (isOfLostLine(reading)) {
+            endAtLoss(m_channels.at(index));
+            continue;
+        }
         leaveOutMissed(reading, m_channels.at(index));
         takeReading(reading, value->tag.format, now, &m_channels[index]);
-        isAnyTaken = true;
     }
     m_missed = Missed();
     if (isAnyTaken)
         emit samplesAdded();
+}
+
+/// Whatever a station said last, it says no more.
+bool TrendChannels::isOfLostLine(const Reading& reading) const
+{
+    return m_isLineLost
+           && (reading.state == kx::WatchState::NoAnswer
+               || reading.state == kx::WatchState::Refused);
+}
+
+/// Reads of just before a loss may be told behind it: the last of them does not go on either.
+void TrendChannels::endAtLoss(const TrendChannel& channel)
+{
+    if (!channel.store->isEmpty())
+        channel.store->append(channel.store->end(), gapValue(kx::GapReason::LineLost));
 }
 
 /// Of a value that was read while nothing was told only the latest is known; of one that was not,

@@ -18,6 +18,8 @@ using kxpanel::TrendChannel;
 using kxpanel::TrendChannels;
 using kxpanel::TrendSample;
 
+Q_DECLARE_METATYPE(kx::WatchState)
+
 namespace
 {
 
@@ -58,6 +60,8 @@ private slots:
     void aListThatIsEditedTellsNothingNew();
     void aReadOfOtherRegistersIsNone();
     void aLostLineLeavesAGapUntilTheNextRead();
+    void theLastReadsOfALostLineDoNotLast_data();
+    void theLastReadsOfALostLineDoNotLast();
     void whatWasMissedIsAGap();
     void ofWhatWasNotReadMeanwhileNothingIsMissed();
     void severalReadsAfterAPauseHaveOneGap();
@@ -226,6 +230,31 @@ void TrendChannelsTest::aLostLineLeavesAGapUntilTheNextRead()
     QCOMPARE(samplesOf(*m_channels, numbers.at(0)), QString("5000 7, 6000 line lost, 8000 7"));
     // What was never read has no gap to begin with.
     QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString());
+}
+
+void TrendChannelsTest::theLastReadsOfALostLineDoNotLast_data()
+{
+    QTest::addColumn<kx::WatchState>("state");
+    QTest::newRow("read until then") << kx::WatchState::NoAnswer;
+    QTest::newRow("refused meanwhile") << kx::WatchState::Refused;
+}
+
+/// They were gathered when it was lost, and are told behind it.
+void TrendChannelsTest::theLastReadsOfALostLineDoNotLast()
+{
+    QFETCH(kx::WatchState, state);
+    const QList<int> numbers = watch({tagOf("", "D1@1"), tagOf("", "D2@1")});
+    m_channels->add(numbers);
+    m_channels->takeReadings({readingOf(numbers.at(0), 7, 5000)}, 5000);
+    LineStatus lost;
+    lost.state = LineState::Interrupted;
+    m_channels->takeLine(lost, 6000);
+    m_channels->takeReadings({readingOf(numbers.at(0), 8, 5990), failureOf(numbers.at(0), state),
+                              readingOf(numbers.at(1), 9, 5990), failureOf(numbers.at(1), state)},
+                             6050);
+    QCOMPARE(samplesOf(*m_channels, numbers.at(0)),
+             QString("5000 7, 6000 line lost, 6000 8, 6000 line lost"));
+    QCOMPARE(samplesOf(*m_channels, numbers.at(1)), QString("5990 9, 5990 line lost"));
 }
 
 void TrendChannelsTest::whatWasMissedIsAGap()
