@@ -18,8 +18,9 @@ class TrendFileReader : public QObject
     Q_OBJECT
 
 public:
-    /// Of all channels together, about 40 bytes each: a week of three values each second.
-    static constexpr int MOST_SAMPLES = 1 << 21;
+    /// Of all channels together: six days of a value that changes each second. With the spans above
+    /// them they take up to 113 MB.
+    static constexpr int MOST_SAMPLES = 1 << 19;
 
     /// @param mostSamples that are kept as they are; beyond, those of some are
     explicit TrendFileReader(QObject* parent = nullptr, int mostSamples = MOST_SAMPLES);

@@ -52,6 +52,7 @@ private slots:
     void aRecordingBecomesChannels();
     void whatWasSavedIsOpened();
     void eachValueOfALongRecordingIsKept();
+    void theLongestRecordingTakesBoundedMemory();
     void ofMoreThanThereIsRoomForSomeAreKept();
     void onlySoManyChannels();
     void whatIsNoRecordingIsRefused();
@@ -154,6 +155,16 @@ void TrendFileReaderTest::eachValueOfALongRecordingIsKept()
     QCOMPARE(store.exactSince(), TEN);
     QCOMPARE(store.samples(TEN, TEN + 20000000).size(), 20000);
     QCOMPARE(reader.remark(), QString());
+}
+
+/// With the spans above the samples, however long a recording is.
+void TrendFileReaderTest::theLongestRecordingTakesBoundedMemory()
+{
+    const qint64 most = 128 * 1024 * 1024;
+    const qint64 ofOne = TrendStore::mostBytes(TrendFileReader::MOST_SAMPLES);
+    QVERIFY2(ofOne < most, qPrintable(QString::number(ofOne)));
+    const qint64 ofAll = 64 * TrendStore::mostBytes(); // none has less
+    QVERIFY2(ofAll < most, qPrintable(QString::number(ofAll)));
 }
 
 void TrendFileReaderTest::ofMoreThanThereIsRoomForSomeAreKept()
