@@ -3,6 +3,7 @@
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tags/tag_list.h"
 #include "kxpanel/trend/plot/trend_drop.h"
+#include "kxpanel/trend/plot/trend_picture.h"
 #include "kxpanel/trend/plot/trend_plot.h"
 #include "tools/kxpanel/mouse_moves.h"
 #include "tools/kxpanel/trend/model/trend_tags.h"
@@ -140,6 +141,16 @@ QByteArray svgOf(Window& window, const QString& path)
     window.page.files()->savePicture(path);
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray svgOf(TrendPlot* plot, const TrendLegend& legend)
+{
+    QTemporaryDir folder;
+    QFile file(folder.filePath("plot.svg"));
+    QString error;
+    const bool isSaved =
+        kxpanel::saveTrendPicture(file.fileName(), plot, legend, QString(), &error);
+    return isSaved && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -901,19 +912,25 @@ void TrendPageTest::aRecordingCountsUntilItsEnd()
     channel.store->append(10000, 700);
     kxpanel::TrendChannel lane = channel;
     lane.number = -2;
+    lane.name = QStringLiteral("Tank");
     lane.wanted = kxpanel::TrendAxis::Lane;
     TagList tags;
     kxpanel::TrendChannels channels(&tags);
     channels.setRecorded({channel, lane});
     kxpanel::TrendView view;
     TrendPlot plot(&channels, &view);
+    const TrendLegend legend(&channels, &view);
     plot.resize(600, 400);
-    view.show(0, 60000);
+    view.show(20000, 60000);
     plot.refresh();
     QVERIFY(plot.shownValues(TrendSide::Left).high > 700);
+    QVERIFY(svgOf(&plot, legend).contains(">Tank  700 ")); // the lane's lowest and highest
     view.show(20001, 60000);
     plot.refresh();
     QVERIFY(plot.shownValues(TrendSide::Left).high < 700);
+    const QByteArray behind = svgOf(&plot, legend);
+    QCOMPARE(behind.count(">Tank"), 2); // one of them the legend's
+    QVERIFY(!behind.contains(">Tank  700 "));
 }
 
 void TrendPageTest::aFileThatCannotBeReadLeavesTheOneBeingRead()
