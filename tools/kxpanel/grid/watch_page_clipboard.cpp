@@ -26,6 +26,13 @@ QLocale ofTheDesktop()
     return QLocale::system();
 }
 
+/// Of what the program itself copied: numbers as it writes them.
+QLocale localeOf(const QMimeData* copied)
+{
+    const bool isOwn = copied && copied->hasFormat(QString::fromLatin1(TAGS_MIME_TYPE));
+    return isOwn ? QLocale::c() : ofTheDesktop();
+}
+
 } // namespace
 
 void WatchPage::copySelected()
@@ -52,10 +59,12 @@ void WatchPage::cutSelected()
 /// Rows behind the current one, or at the end; what is no address are values of selected rows.
 void WatchPage::paste()
 {
-    const QString text = QApplication::clipboard()->text();
+    const QClipboard& clipboard = *QApplication::clipboard();
+    const QString text = clipboard.text();
     QList<kx::Tag> tags;
     QString fault;
-    if (parseTagsText(text, m_addLine->station(), &tags, &fault, ofTheDesktop()))
+    const QLocale locale = localeOf(clipboard.mimeData());
+    if (parseTagsText(text, m_addLine->station(), &tags, &fault, locale))
         addTags(tags, qMin(m_table->currentModelRow() + 1, m_model->rowCount()));
     else if (!pasteValues(text))
         say(tr("Nothing pasted: %1").arg(fault), true);

@@ -1,10 +1,22 @@
 #include "kxpanel/tags/cell_numbers.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QLocale>
 #include <QtCore/QRegularExpression>
 
 namespace kxpanel
 {
+
+namespace
+{
+
+bool mayHaveThousands(const QString& cell, const QLocale& locale)
+{
+    static const QRegularExpression number(QStringLiteral("\\A[-+]?[1-9][0-9]{0,2}\\.[0-9]{3}\\z"));
+    return QString(locale.groupSeparator()) == QLatin1String(".") && number.match(cell).hasMatch();
+}
+
+} // namespace
 
 QString withDecimalPoint(const QString& cell, const QLocale& locale)
 {
@@ -15,10 +27,14 @@ QString withDecimalPoint(const QString& cell, const QLocale& locale)
                : cell;
 }
 
-bool mayHaveThousands(const QString& cell, const QLocale& locale)
+QString thousandsFault(const QString& cell, const QLocale& locale)
 {
-    static const QRegularExpression number(QStringLiteral("\\A[-+]?[1-9][0-9]{0,2}\\.[0-9]{3}\\z"));
-    return QString(locale.groupSeparator()) == QLatin1String(".") && number.match(cell).hasMatch();
+    if (!mayHaveThousands(cell, locale))
+        return QString();
+    return QCoreApplication::translate("kxpanel::Cells",
+                                       "the point in %1 may stand for thousands; let the "
+                                       "spreadsheet show no thousands, or type the value")
+        .arg(cell);
 }
 
 } // namespace kxpanel

@@ -12,8 +12,9 @@ namespace kxpanel
 /// "12,5" as "12.5" where numbers have a decimal comma. All else stays as it is.
 QString withDecimalPoint(const QString& cell, const QLocale& locale);
 
-/// Whether a point in it may stand for thousands: "1.234" where these are written so.
-bool mayHaveThousands(const QString& cell, const QLocale& locale);
+/// Why a number is in doubt: "1.234" is 1234 where a point stands between thousands. Empty: it is
+/// not.
+QString thousandsFault(const QString& cell, const QLocale& locale);
 
 } // namespace kxpanel
 

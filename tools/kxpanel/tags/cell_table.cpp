@@ -131,6 +131,12 @@ bool parseCells(const QString& text, QList<QStringList>* rows, QString* fault)
     return true;
 }
 
+QString rowFault(int row, const QString& reason)
+{
+    return QCoreApplication::translate("kxpanel::Cells", "row %1: %2")
+        .arg(QString::number(row), reason);
+}
+
 QString inOneLine(QString text)
 {
     for (QChar& character : text) {

@@ -17,6 +17,9 @@ QString cellsText(const QStringList& cells);
 /// @return false and one line in `*fault` that names the row
 bool parseCells(const QString& text, QList<QStringList>* rows, QString* fault);
 
+/// "row 3: REASON", in the window's language. @param row from 1
+QString rowFault(int row, const QString& reason);
+
 /// The text in one line: line breaks and all other characters of control but tabs become blanks.
 /// Spreadsheets copy such ones in place of a tab.
 QString inOneLine(QString text);

@@ -97,8 +97,7 @@ bool tagsOfRows(const QList<QStringList>& rows, int station, QList<kx::Tag>* tag
         kx::Tag tag;
         QString reason;
         if (!takeRow(row, common, station, &tag, &reason)) {
-            *fault = translated(QT_TRANSLATE_NOOP("kxpanel::Cells", "row %1: %2"))
-                         .arg(QString::number(row.number), reason);
+            *fault = rowFault(row.number, reason);
             return false;
         }
         taken << tag;

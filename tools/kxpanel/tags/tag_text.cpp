@@ -9,6 +9,8 @@
 #include "panel/files/csv_fields.h"
 #include "panel/values/value_address.h"
 
+#include <QtCore/QMimeData>
+
 namespace kxpanel
 {
 
@@ -82,22 +84,43 @@ bool isOfNumbers(const QString& column)
     return names.contains(column.trimmed());
 }
 
-/// Rows below a header as a tags file with tabs; a row of a comment alone is none.
-QString fileOfRows(const QList<QStringList>& rows, const QStringList& header, const QLocale& locale)
+bool isComment(const QStringList& cells)
 {
-    QString text;
-    for (const QStringList& cells : rows) {
-        const bool isComment =
-            cells.first().startsWith(QLatin1Char('#')) && isEmptyRow(cells.mid(1));
-        QStringList fields;
-        for (const QString& cell : isComment ? QStringList() : cells) {
-            const QString field = inOneLine(cell);
-            const bool isNumber = isOfNumbers(header.value(static_cast<int>(fields.size())));
-            fields << (isNumber ? withDecimalPoint(field.trimmed(), locale) : field);
+    return cells.first().startsWith(QLatin1Char('#')) && isEmptyRow(cells.mid(1));
+}
+
+/// Cells below a header as a tags file's fields; why not in `*reason`.
+QStringList fileFields(const QStringList& cells, const QStringList& header, const QLocale& locale,
+                       QString* reason)
+{
+    QStringList fields;
+    for (const QString& cell : cells) {
+        const QString field = inOneLine(cell);
+        if (!isOfNumbers(header.value(static_cast<int>(fields.size())))) {
+            fields << field;
+            continue;
         }
-        text += cellsText(fields);
+        if (reason->isEmpty())
+            *reason = thousandsFault(field.trimmed(), locale);
+        fields << withDecimalPoint(field.trimmed(), locale);
     }
-    return text;
+    return fields;
+}
+
+/// Rows below a header as a tags file with tabs; a row of a comment alone is none.
+bool fileOfRows(const QList<QStringList>& rows, const QStringList& header, const QLocale& locale,
+                QString* text, QString* fault)
+{
+    for (int i = 0; i < rows.size(); ++i) {
+        QString reason;
+        const QStringList cells = isComment(rows.at(i)) ? QStringList() : rows.at(i);
+        *text += cellsText(fileFields(cells, header, locale, &reason));
+        if (!reason.isEmpty()) {
+            *fault = rowFault(i + 1, reason);
+            return false;
+        }
+    }
+    return true;
 }
 
 bool parseFile(const QString& text, int station, QList<kx::Tag>* tags, QString* fault)
@@ -152,7 +175,9 @@ QMimeData* tagsData(const QList<kx::Tag>& tags)
         for (const QString& field : row)
             rows.last() << Cell{field};
     }
-    return cellsData(rows);
+    QMimeData* const data = cellsData(rows);
+    data->setData(QString::fromLatin1(TAGS_MIME_TYPE), "1"); // that it is there says all
+    return data;
 }
 
 QByteArray tagsFileText(const QList<kx::Tag>& tags)
@@ -174,8 +199,10 @@ bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QStri
         first = rows.at(i);
     if (hasFileHeader(first))
         return parseFile(text, station, tags, fault);
-    return hasHeader(first) ? parseFile(fileOfRows(rows, first, locale), station, tags, fault)
-                            : tagsOfRows(rows, station, tags, fault);
+    if (!hasHeader(first))
+        return tagsOfRows(rows, station, tags, fault);
+    QString file;
+    return fileOfRows(rows, first, locale, &file, fault) && parseFile(file, station, tags, fault);
 }
 
 } // namespace kxpanel

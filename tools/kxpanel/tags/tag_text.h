@@ -11,6 +11,9 @@ class QMimeData;
 namespace kxpanel
 {
 
+/// Goes with rows that the program copies: their numbers have a decimal point in each language.
+const char TAGS_MIME_TYPE[] = "application/x-kxpanel-tags";
+
 /// Reads an address with its format, such as "D100:4@2/s16*0.1,unit=bar".
 /// @param station of an address that names none
 /// @return false and the parser's reason in `*fault`, in one line without the address in front;
@@ -25,7 +28,7 @@ QString typedText(const kx::Tag& tag);
 QString tagsText(const QList<kx::Tag>& tags);
 
 /// The same for the clipboard and for a drag, also as HTML, in which spreadsheets leave each cell
-/// as it is. The caller's.
+/// as it is, and marked with TAGS_MIME_TYPE. The caller's.
 QMimeData* tagsData(const QList<kx::Tag>& tags);
 
 /// The same as the bytes of a tags file, separated by commas.
@@ -34,7 +37,9 @@ QByteArray tagsFileText(const QList<kx::Tag>& tags);
 /// Tags out of rows with a tags file's header, or of rows without any, in which each has one cell
 /// with an address: what stands before it is the name, what stands behind it the comment. Where
 /// more cells could be an address, it is the one of the column that has addresses in all rows.
-/// @param locale of the spreadsheet: numbers below a header may have its decimal comma
+/// @param locale of the spreadsheet: numbers below a header may have its decimal comma, and are
+///        refused where they may have points between thousands; QLocale::c() where the rows are
+///        the program's own
 /// @return false and one line in `*fault` that names the row
 bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault,
                    const QLocale& locale = QLocale::c());

@@ -27,6 +27,7 @@ private slots:
     void decimalCommasOfTheDesktopAreTaken();
     void aTextIsPastedOnCellsOfValuesAlone();
     void thousandsAreNotTakenForDecimals();
+    void copiedLimitsAreTakenAsTheyAre();
     void valuesThatDoNotFitAreNotPasted_data();
     void valuesThatDoNotFitAreNotPasted();
 };
@@ -169,6 +170,22 @@ void WatchPageClipboardTest::thousandsAreNotTakenForDecimals()
     QCOMPARE(message().mid(2),
              QStringLiteral("Nothing pasted: the point in 1.234 may stand for thousands; let the "
                             "spreadsheet show no thousands, or type the value"));
+    QApplication::clipboard()->setText(QStringLiteral("name\taddress\tmax\nFlow\tD7\t1.234\n"));
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(m_tags->size(), 2);
+    QVERIFY2(message().contains(QLatin1String("Nothing pasted: row 2: the point in 1.234 may ")),
+             qPrintable(message()));
+}
+
+void WatchPageClipboardTest::copiedLimitsAreTakenAsTheyAre()
+{
+    m_tags->setValues({{1, tagOf("D0/*2.125,min=-1.500,max=16.125", "Level")}});
+    go(0);
+    QTest::keyClick(m_table, Qt::Key_C, Qt::ControlModifier);
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QVERIFY2(m_tags->size() == 2, qPrintable(message()));
+    QCOMPARE(typedText(m_tags->values().at(1).tag),
+             QStringLiteral("D0@1/*2.125,min=-1.5,max=16.125"));
 }
 
 void WatchPageClipboardTest::valuesThatDoNotFitAreNotPasted_data()

@@ -21,6 +21,8 @@ private slots:
     void pastes();
     void refuses_data();
     void refuses();
+    void thousandsAreNotTakenForDecimals_data();
+    void thousandsAreNotTakenForDecimals();
 };
 
 void TagTextTest::aTypedAddressIsATag()
@@ -185,6 +187,36 @@ void TagTextTest::refuses()
     QVERIFY(!parseTagsText(text, 1, &tags, &fault));
     QVERIFY2(fault.startsWith(begin), qPrintable(fault));
     QCOMPARE(tags.size(), 1);
+}
+
+void TagTextTest::thousandsAreNotTakenForDecimals_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("doubtful"); // row and cell
+    QTest::newRow("a limit") << "name\taddress\tmax\nPump\tD0\t1.23\nFlow\tD1\t1.234\n"
+                             << "row 3: the point in 1.234";
+    QTest::newRow("a lower one, behind a comment")
+        << "name\taddress\tmin\n# tank 2\nFlow\tD0\t-12.500\n"
+        << "row 3: the point in -12.500";
+    QTest::newRow("a scale") << "name\tscale\taddress\nFlow\t 2.000 \tD0\n"
+                             << "row 2: the point in 2.000";
+    QTest::newRow("an offset below an empty row") << "\nname\taddress\toffset\nFlow\tD0\t100.000\n"
+                                                  << "row 3: the point in 100.000";
+}
+
+// A spreadsheet in German shows 1234 as 1.234 where it shows thousands; the program's own copies
+// are in no language.
+void TagTextTest::thousandsAreNotTakenForDecimals()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, doubtful);
+    QList<kx::Tag> tags;
+    QString fault;
+    QVERIFY(!parseTagsText(text, 1, &tags, &fault, QLocale(QLocale::German)));
+    QCOMPARE(fault, doubtful
+                        + QStringLiteral(" may stand for thousands; let the spreadsheet show no "
+                                         "thousands, or type the value"));
+    QVERIFY2(parseTagsText(text, 1, &tags, &fault, QLocale::c()), qPrintable(fault));
 }
 
 QTEST_GUILESS_MAIN(TagTextTest)

@@ -50,12 +50,7 @@ QString typedValue(const kx::Tag& tag, const QString& cell, const QLocale& local
 
 QString thousandsFault(const kx::Tag& tag, const QString& cell, const QLocale& locale)
 {
-    if (tag.format.kind == kx::ValueKind::Ascii || !mayHaveThousands(cell, locale))
-        return QString();
-    return translated(QT_TRANSLATE_NOOP("kxpanel::Cells",
-                                        "the point in %1 may stand for thousands; let the "
-                                        "spreadsheet show no thousands, or type the value"))
-        .arg(cell);
+    return tag.format.kind == kx::ValueKind::Ascii ? QString() : thousandsFault(cell, locale);
 }
 
 bool looksLikeNumber(const QString& cell)

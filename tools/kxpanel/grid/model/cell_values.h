@@ -18,8 +18,7 @@ bool parseColumn(const QString& text, QStringList* cells, QString* fault);
 /// decimal comma copy "12,5", which becomes "12.5". All else stays as it is.
 QString typedValue(const kx::Tag& tag, const QString& cell, const QLocale& locale);
 
-/// Why a cell is no value of the tag though it looks like one: "1.234" is
-/// 1234 where a point stands between thousands. Empty: it is not in doubt.
+/// Why a cell is in doubt as a value of the tag, as each number may be; a text never is.
 QString thousandsFault(const kx::Tag& tag, const QString& cell, const QLocale& locale);
 
 /// Whether it begins with a digit, or a sign and a digit.
