@@ -106,6 +106,7 @@ private:
     int runsGone() const;
     void reorder();
     void insertNew();
+    int runsNew() const;
     void onWriteChanged(int number);
 
     TagList* m_tags;

@@ -13,7 +13,7 @@ namespace kxpanel
 namespace
 {
 
-const int MOST_RUNS = 100; // of rows that go at once
+const int MOST_RUNS = 100; // of rows that go or come at once
 
 } // namespace
 
@@ -81,9 +81,18 @@ void WatchModel::reorder()
     emit layoutChanged();
 }
 
+/// Begins anew as removeGone() does: where rows are sorted, each run sorts them all.
 void WatchModel::insertNew()
 {
     const QList<WatchedValue>& values = m_tags->values();
+    if (runsNew() > MOST_RUNS) {
+        beginResetModel();
+        m_numbers.clear();
+        for (const WatchedValue& value : values)
+            m_numbers << value.number;
+        endResetModel();
+        return;
+    }
     for (int first = 0; first < values.size(); ++first) {
         if (numberAt(first) == values.at(first).number)
             continue;
@@ -99,6 +108,21 @@ void WatchModel::insertNew()
         endInsertRows();
         first = end;
     }
+}
+
+/// The rows that are known come in the order of the list.
+int WatchModel::runsNew() const
+{
+    int runs = 0;
+    int known = 0; // rows that were passed
+    bool wasNew = false;
+    for (const WatchedValue& value : m_tags->values()) {
+        const bool isNew = numberAt(known) != value.number;
+        runs += isNew && !wasNew ? 1 : 0;
+        known += isNew ? 0 : 1;
+        wasNew = isNew;
+    }
+    return runs;
 }
 
 } // namespace kxpanel

@@ -29,10 +29,15 @@ private slots:
     void rowsComeBackToTheirPlace();
     void newRowsFollowThoseThatAreSorted();
     void manyRowsGoAndComeAtOnce();
+    void manyRemovedRowsComeBackAtOnce();
     void dropsNeedTheListsOrder();
 
 private:
     QString rows() const;
+    int numberAt(int row) const
+    {
+        return m_filter->index(row, 0).data(WatchModel::NumberRole).toInt();
+    }
 
     TagList m_tags;
     QUndoStack m_undo;
@@ -222,6 +227,37 @@ void WatchFilterTest::manyRowsGoAndComeAtOnce()
     QCOMPARE(changed.size(), 2);
     m_filter->setText(QStringLiteral(" ")); // hides none
     QCOMPARE(changed.size(), 2);
+}
+
+// Each run of them would be sorted in by itself, the removal's as the undo's.
+void WatchFilterTest::manyRemovedRowsComeBackAtOnce()
+{
+    m_tags.setValues({});
+    const QList<int> numbers = m_tags.insert(0, {tagOf("D0:5000")});
+    QVector<Reading> readings;
+    for (int row = 0; row < 5000; ++row)
+        readings << readingOf(numbers.at(row), {5000 - row});
+    m_tags.takeReadings(readings);
+    m_filter->sort(WatchModel::Value); // the last of the list is the first row
+    QList<int> everySecond;
+    for (int row = 0; row < 5000; row += 2)
+        everySecond << numbers.at(row);
+    int signalsOfViews = 0;
+    const auto count = [&signalsOfViews] { ++signalsOfViews; };
+    connect(m_filter.get(), &QAbstractItemModel::layoutChanged, this, count);
+    connect(m_filter.get(), &QAbstractItemModel::modelReset, this, count);
+    connect(m_filter.get(), &QAbstractItemModel::rowsInserted, this, count);
+    connect(m_filter.get(), &QAbstractItemModel::rowsRemoved, this, count);
+    m_undo.push(new RemoveTags(&m_tags, everySecond));
+    QCOMPARE(m_filter->rowCount(), 2500);
+    QCOMPARE(signalsOfViews, 1);
+    m_undo.undo();
+    QCOMPARE(m_filter->rowCount(), 5000);
+    QCOMPARE(signalsOfViews, 2);
+    for (int row = 0; row < 5000; ++row)
+        QCOMPARE(numberAt(row), numbers.at(4999 - row));
+    QCOMPARE(m_filter->index(0, WatchModel::Value).data().toString(), QStringLiteral("1"));
+    QCOMPARE(m_filter->index(4998, WatchModel::Value).data().toString(), QStringLiteral("4999"));
 }
 
 void WatchFilterTest::dropsNeedTheListsOrder()
