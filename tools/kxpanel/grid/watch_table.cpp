@@ -5,7 +5,6 @@
 #include "kxpanel/grid/model/watch_model.h"
 
 #include <QAction> // in another module since Qt 6
-#include <QtCore/QMimeData>
 #include <QtGui/QDrag>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QHeaderView>

@@ -162,15 +162,4 @@ void TagList::shiftReadings(qint64 by)
         emit readingsChanged(rows);
 }
 
-void TagList::forgetReadings()
-{
-    QVector<int> rows;
-    for (int row = 0; row < size(); ++row) {
-        m_readings[row] = nothingKnown(m_values.at(row).number);
-        rows << row;
-    }
-    if (!rows.isEmpty())
-        emit readingsChanged(rows);
-}
-
 } // namespace kxpanel

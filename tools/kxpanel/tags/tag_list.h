@@ -55,8 +55,6 @@ public slots:
     void takeReadings(const QVector<kxpanel::Reading>& readings);
     /// As Machine::clockSet().
     void shiftReadings(qint64 by);
-    /// Nothing is known of any value.
-    void forgetReadings();
 
 signals:
     /// Values came, went, moved or were edited: numbers that were known may be gone.

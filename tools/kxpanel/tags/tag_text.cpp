@@ -159,14 +159,6 @@ QString typedText(const kx::Tag& tag)
     return kx::valueAddressText(tag.range, tag.format);
 }
 
-QString tagsText(const QList<kx::Tag>& tags)
-{
-    QString text;
-    for (const QStringList& row : rowsOf(tags))
-        text += cellsText(row);
-    return text;
-}
-
 QMimeData* tagsData(const QList<kx::Tag>& tags)
 {
     QList<QList<Cell>> rows;

@@ -23,12 +23,10 @@ bool parseTypedTag(const QString& typed, int station, kx::Tag* tag, QString* fau
 /// What parseTypedTag() takes: "D100@2/s16*0.1,unit=bar".
 QString typedText(const kx::Tag& tag);
 
-/// Rows of a tags file with its header, as cells of a spreadsheet. What has no name has its address
-/// as one, with the station where that is taken: a tags file takes no name twice.
-QString tagsText(const QList<kx::Tag>& tags);
-
-/// The same for the clipboard and for a drag, also as HTML, in which spreadsheets leave each cell
-/// as it is, and marked with TAGS_MIME_TYPE. The caller's.
+/// Rows of a tags file with its header for the clipboard and for a drag, as cells of a spreadsheet,
+/// also as HTML, in which spreadsheets leave each cell as it is, and marked with TAGS_MIME_TYPE.
+/// What has no name has its address as one, with the station where that is taken: a tags file takes
+/// no name twice. The caller's.
 QMimeData* tagsData(const QList<kx::Tag>& tags);
 
 /// The same as the bytes of a tags file, separated by commas.

@@ -148,7 +148,6 @@ void WatchPageTest::namesAreNoMarkup()
              qPrintable(tip));
 }
 
-/// The system's was set back by an hour while the line was open.
 void WatchPageTest::switchesAreSeenOnSelectedRows_data()
 {
     QTest::addColumn<int>("bit");
@@ -183,6 +182,7 @@ void WatchPageTest::switchesAreSeenOnSelectedRows()
                                 : stateColor(CellState::NeverRead, palette));
 }
 
+// The system's was set back by an hour while the line was open.
 void WatchPageTest::goesByTheClockOfTheLine()
 {
     const qint64 now = QDateTime::currentMSecsSinceEpoch() + 3600000;

@@ -37,7 +37,6 @@ private slots:
     void aReadingOfOtherRegistersIsLeftOut();
     void tellsWhichRowsWereRead();
     void timesGoWithTheClock();
-    void forgetsAll();
 };
 
 void TagListTest::aCountBecomesSingleValues()
@@ -174,18 +173,6 @@ void TagListTest::tellsWhichRowsWereRead()
     QCOMPARE(list.reading(3).raw, QList<qint64>{4});
     list.takeReadings({readingOf(9, {3})});
     QCOMPARE(read.size(), 1);
-}
-
-void TagListTest::forgetsAll()
-{
-    TagList list;
-    list.insert(0, {tagOf("D0"), tagOf("D1")});
-    list.takeReadings({readingOf(1, {1}), readingOf(2, {2})});
-    QSignalSpy read(&list, &TagList::readingsChanged);
-    list.forgetReadings();
-    QCOMPARE(read.first().first().value<QVector<int>>(), (QVector<int>{0, 1}));
-    QVERIFY(list.reading(1).raw.isEmpty());
-    QCOMPARE(list.reading(2).number, 2);
 }
 
 void TagListTest::timesGoWithTheClock()

@@ -6,6 +6,16 @@
 
 using namespace kxpanel;
 
+namespace
+{
+
+QString copiedText(const QList<kx::Tag>& tags)
+{
+    return std::unique_ptr<QMimeData>(tagsData(tags))->text();
+}
+
+} // namespace
+
 class TagTextTest : public QObject
 {
     Q_OBJECT
@@ -51,7 +61,7 @@ void TagTextTest::tagsAreRowsOfASpreadsheet()
 {
     kx::Tag tag = tagOf("D100@2/s16*0.1,unit=bar", "Pressure");
     tag.comment = QStringLiteral("after \"the\"\nfilter");
-    QCOMPARE(tagsText({tag}),
+    QCOMPARE(copiedText({tag}),
              QStringLiteral("name\tstation\taddress\tcount\tevery\tformat\torder\tscale\toffset\t"
                             "unit\tdecimals\tmin\tmax\tcomment\n"
                             "Pressure\t2\tD100\t\t\ts16\t\t0.1\t\tbar\t\t\t\t"
@@ -64,7 +74,7 @@ void TagTextTest::whatIsCopiedIsPasted()
     named.comment = QStringLiteral("#1 \tafter \"the\" filter ");
     QList<kx::Tag> tags;
     QString fault;
-    QVERIFY2(parseTagsText(tagsText({named, tagOf("M7"), tagOf("D120.5")}), 1, &tags, &fault),
+    QVERIFY2(parseTagsText(copiedText({named, tagOf("M7"), tagOf("D120.5")}), 1, &tags, &fault),
              qPrintable(fault));
     QCOMPARE(tags.size(), 3);
     QCOMPARE(tags.at(0).name, named.name);
@@ -78,7 +88,6 @@ void TagTextTest::spreadsheetsLeaveTextsAsTheyAre()
 {
     const QList<kx::Tag> tags = {tagOf("D100/s16*0.1", "=1+1"), tagOf("D0", "007")};
     const std::unique_ptr<QMimeData> data(tagsData(tags));
-    QCOMPARE(data->text(), tagsText(tags));
     const QString begin = QStringLiteral("<tr><td sdnum=\"1033;0;@\">");
     const QString html = data->html();
     QVERIFY2(html.contains(begin + "=1+1</td>"), qPrintable(html));
@@ -95,7 +104,7 @@ void TagTextTest::whatHasNoNameIsPastedToo()
                                    tagOf("M7", "D100")};
     QList<kx::Tag> tags;
     QString fault;
-    QVERIFY2(parseTagsText(tagsText(copied), 1, &tags, &fault), qPrintable(fault));
+    QVERIFY2(parseTagsText(copiedText(copied), 1, &tags, &fault), qPrintable(fault));
     QCOMPARE(tags.size(), 4);
     for (int i = 0; i < 4; ++i)
         QCOMPARE(typedText(tags.at(i)), typedText(copied.at(i)));
