@@ -4,6 +4,7 @@
 
 #include <QtCore/QMimeData>
 #include <QtCore/QRegularExpression>
+#include <QtCore/QVariant>
 
 #include <algorithm>
 
@@ -63,6 +64,36 @@ void appendCell(const Cell& cell, QString* markup)
     *markup += QLatin1String("</td>");
 }
 
+const char MARKUP_TYPE[] = "text/html";
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+using DataType = QMetaType;
+#else
+using DataType = QVariant::Type;
+#endif
+
+/// Makes the HTML each time that it is asked for.
+class CellsData : public QMimeData
+{
+public:
+    explicit CellsData(const QList<QList<Cell>>& rows) : m_rows(rows) {}
+
+    QStringList formats() const override
+    {
+        return QMimeData::formats() << QString::fromLatin1(MARKUP_TYPE);
+    }
+
+protected:
+    QVariant retrieveData(const QString& format, DataType type) const override
+    {
+        return format == QLatin1String(MARKUP_TYPE) ? cellsMarkup(m_rows)
+                                                    : QMimeData::retrieveData(format, type);
+    }
+
+private:
+    QList<QList<Cell>> m_rows;
+};
+
 } // namespace
 
 QString cellsMarkup(const QList<QList<Cell>>& rows)
@@ -87,9 +118,8 @@ QMimeData* cellsData(const QList<QList<Cell>>& rows)
             texts << cell.text;
         text += cellsText(texts);
     }
-    auto* const data = new QMimeData;
+    auto* const data = new CellsData(rows);
     data->setText(text);
-    data->setHtml(cellsMarkup(rows));
     return data;
 }
 

@@ -20,7 +20,8 @@ struct Cell {
 /// decimals. A pure function.
 QString cellsMarkup(const QList<QList<Cell>>& rows);
 
-/// The same for the clipboard and for drags, as text, too. The caller's.
+/// The same for the clipboard and for drags, as text, too. It is made HTML when a program asks for
+/// that: of thousands of rows this takes a while. The caller's.
 QMimeData* cellsData(const QList<QList<Cell>>& rows);
 
 } // namespace kxpanel

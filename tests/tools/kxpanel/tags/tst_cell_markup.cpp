@@ -1,6 +1,9 @@
 #include "kxpanel/tags/cell_markup.h"
 
+#include <QtCore/QMimeData>
 #include <QtTest/QTest>
+
+#include <memory>
 
 using namespace kxpanel;
 
@@ -12,6 +15,7 @@ private slots:
     void cells_data();
     void cells();
     void rowsOfATable();
+    void copiesAreTextAndMarkup();
 };
 
 // What a spreadsheet made of the same as text: 7, 2, 10, a date, a text where decimals have a
@@ -78,6 +82,20 @@ void CellMarkupTest::rowsOfATable()
                             "<tr><td sdnum=\"1033;0;@\">Flow</td>"
                             "<td sdval=\"7\" sdnum=\"1033;0;0\">7</td></tr>\n"
                             "</table></body></html>\n"));
+}
+
+// The clipboard asks for the bytes of a format.
+void CellMarkupTest::copiesAreTextAndMarkup()
+{
+    const QList<QList<Cell>> rows = {{{"Größe", false}, {"7", true}}};
+    const std::unique_ptr<QMimeData> data(cellsData(rows));
+    data->setData(QStringLiteral("application/x-more"), "1");
+    QCOMPARE(data->formats(), (QStringList{"text/plain", "application/x-more", "text/html"}));
+    QVERIFY(data->hasHtml());
+    QCOMPARE(data->html(), cellsMarkup(rows));
+    QCOMPARE(data->data(QStringLiteral("text/html")), cellsMarkup(rows).toUtf8());
+    QCOMPARE(data->data(QStringLiteral("text/plain")), QByteArray("Größe\t7\n"));
+    QCOMPARE(data->data(QStringLiteral("application/x-more")), QByteArray("1"));
 }
 
 QTEST_GUILESS_MAIN(CellMarkupTest)
