@@ -2,6 +2,8 @@
 
 #include "kxpanel/frames/saved_frames.h"
 
+#include <QtCore/QMutexLocker>
+
 namespace kxpanel
 {
 
@@ -13,18 +15,31 @@ FrameSaver::FrameSaver(QObject* parent) : QObject(parent)
 FrameSaver::~FrameSaver()
 {
     m_pool.waitForDone();
+    const QMutexLocker locker(&m_mutex);
+    for (const Saved& saved : m_untold) {
+        if (!saved.error.isEmpty()) // there is no window to say it in any more
+            qWarning("%s", qPrintable(saved.error));
+    }
 }
 
 void FrameSaver::save(const QString& path, const QVector<Exchange>& exchanges)
 {
     m_pool.start([this, path, exchanges] {
-        QString error;
-        saveFrames(path, exchanges, &error);
-        const int count = static_cast<int>(exchanges.size());
-        QMetaObject::invokeMethod(
-            this, [this, path, count, error] { emit ended(path, count, error); },
-            Qt::QueuedConnection);
+        Saved saved{path, static_cast<int>(exchanges.size()), QString()};
+        saveFrames(path, exchanges, &saved.error);
+        const QMutexLocker locker(&m_mutex);
+        m_untold.enqueue(saved);
+        QMetaObject::invokeMethod(this, &FrameSaver::tell, Qt::QueuedConnection);
     });
+}
+
+/// Once for each that is saved.
+void FrameSaver::tell()
+{
+    QMutexLocker locker(&m_mutex);
+    const Saved saved = m_untold.dequeue();
+    locker.unlock();
+    emit ended(saved.path, saved.exchanges, saved.error);
 }
 
 } // namespace kxpanel

@@ -3,7 +3,9 @@
 
 #include "kxpanel/machine/machine_events.h"
 
+#include <QtCore/QMutex>
 #include <QtCore/QObject>
+#include <QtCore/QQueue>
 #include <QtCore/QThreadPool>
 
 namespace kxpanel
@@ -16,7 +18,8 @@ class FrameSaver : public QObject
 
 public:
     explicit FrameSaver(QObject* parent = nullptr);
-    /// Waits until what is being written is whole.
+    /// Waits until what is being written is whole; what went wrong and was not told goes to
+    /// stderr.
     ~FrameSaver() override;
 
     /// As saveFrames(), after what is being saved; ended() comes once for each.
@@ -27,7 +30,17 @@ signals:
     void ended(const QString& path, int exchanges, const QString& error);
 
 private:
-    QThreadPool m_pool; ///< one thread
+    struct Saved {
+        QString path;
+        int exchanges;
+        QString error;
+    };
+
+    void tell();
+
+    QMutex m_mutex;         ///< of what is untold
+    QQueue<Saved> m_untold; ///< in the order in which they were saved
+    QThreadPool m_pool;     ///< one thread
 };
 
 } // namespace kxpanel
