@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace kxpanel
 {
@@ -11,6 +12,7 @@ namespace
 
 const size_t LATEST = 31; // answers, whatever their length
 const size_t LATEST_OF_A_LENGTH = 9;
+const qint64 STAYS = 500;     // answers of the station, without one of the length
 const int LENGTHS_APART = 16; // bytes; from less the time of one cannot be told
 
 template <typename Numbers>
@@ -34,7 +36,11 @@ void AnswerTimes::add(int station, int bytes, qint64 time)
 {
     Station& answered = m_stations[station];
     keep(&answered.latest, time, LATEST);
-    keep(&answered.byBytes[bytes], time, LATEST_OF_A_LENGTH);
+    Answers& ofLength = answered.byBytes[bytes];
+    keep(&ofLength.latest, time, LATEST_OF_A_LENGTH);
+    ofLength.last = ++answered.count;
+    for (auto it = answered.byBytes.begin(); it != answered.byBytes.end();)
+        it = answered.count - it->second.last < STAYS ? std::next(it) : answered.byBytes.erase(it);
 }
 
 AnswerPace AnswerTimes::pace(const kx::LineTiming& line, bool isNetwork) const
@@ -83,8 +89,8 @@ double AnswerTimes::perByte(const kx::LineTiming& line) const
 std::vector<AnswerTimes::Length> AnswerTimes::lengthsOf(const Station& station)
 {
     std::vector<Length> lengths;
-    for (const auto& [bytes, times] : station.byBytes)
-        lengths.push_back({bytes, static_cast<double>(medianOf(times))});
+    for (const auto& [bytes, answers] : station.byBytes)
+        lengths.push_back({bytes, static_cast<double>(medianOf(answers.latest))});
     return lengths;
 }
 

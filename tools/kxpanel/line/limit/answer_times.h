@@ -26,9 +26,15 @@ public:
 private:
     using Latest = std::deque<qint64>; ///< microseconds
 
+    struct Answers {
+        Latest latest;
+        qint64 last = 0; ///< the station's, counted from 1
+    };
+
     struct Station {
         Latest latest;
-        std::map<int, Latest> byBytes; ///< the same, by length
+        qint64 count = 0;               ///< of its answers
+        std::map<int, Answers> byBytes; ///< the same, by length; none that comes no more
     };
 
     struct Length {

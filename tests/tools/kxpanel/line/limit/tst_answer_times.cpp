@@ -26,6 +26,8 @@ private slots:
     void aNetworkWhoseLengthsTellNothing();
     void stationsOfANetwork();
     void oneThatIsLateChangesNothing();
+    void lengthsThatComeNoMoreAreForgotten();
+    void lengthsThatComeSeldomStay();
     void forgets();
 };
 
@@ -112,6 +114,36 @@ void AnswerTimesTest::oneThatIsLateChangesNothing()
     const AnswerPace pace = times.pace(serial(), true);
     QCOMPARE(pace.perByte, 500.0);
     QCOMPARE(pace.each, (QMap<int, qint64>{{1, 4000}}));
+}
+
+// As when a gateway was busy, and then a lower limit is in force.
+void AnswerTimesTest::lengthsThatComeNoMoreAreForgotten()
+{
+    AnswerTimes times;
+    for (const int bytes : {40, 60, 93})
+        times.add(1, bytes, 50000);
+    for (int i = 0; i < 400; ++i)
+        times.add(1, 33, 5000);
+    times.add(2, 60, 50000); // of another station, whose answers are counted apart
+    QCOMPARE(times.pace(serial(), true).each, (QMap<int, qint64>{{1, 50000}, {2, 50000}}));
+    for (int i = 400; i < 500; ++i)
+        times.add(1, 33, 5000);
+    QCOMPARE(times.pace(serial(), true).each, (QMap<int, qint64>{{1, 5000}, {2, 50000}}));
+}
+
+void AnswerTimesTest::lengthsThatComeSeldomStay()
+{
+    AnswerTimes times; // 500 us a byte and 4 ms
+    times.add(1, 60, 34000);
+    for (int i = 0; i < 499; ++i)
+        times.add(1, 20, 14000);
+    QCOMPARE(times.pace(serial(), true).perByte, 500.0);
+    times.add(1, 60, 34000); // the 500th behind
+    for (int i = 0; i < 499; ++i)
+        times.add(1, 20, 14000);
+    QCOMPARE(times.pace(serial(), true).perByte, 500.0);
+    times.add(1, 20, 14000); // and no more: sooner than on a serial line
+    QCOMPARE(times.pace(serial(), true).perByte, 0.0);
 }
 
 void AnswerTimesTest::forgets()
