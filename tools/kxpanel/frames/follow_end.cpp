@@ -24,8 +24,10 @@ void FollowEnd::onScrolled(int value)
 
 void FollowEnd::onRangeChanged()
 {
+    QScrollBar* bar = m_view->verticalScrollBar();
+    m_isAtEnd = m_isAtEnd || bar->value() >= bar->maximum(); // without a scroll when fewer rows fit
     if (m_isAtEnd)
-        m_view->verticalScrollBar()->setValue(m_view->verticalScrollBar()->maximum());
+        bar->setValue(bar->maximum());
 }
 
 void FollowEnd::onInserted()

@@ -34,6 +34,8 @@ private slots:
     void aFilterKeepsWhatIsSelected();
     void followsTheEndUnlessScrolledUp();
     void followsTheEndInLessRoom();
+    void followsTheEndAfterAllIsForgotten();
+    void followsTheEndOfFewerThanFit();
     void staysWhereItIsWhenRowsGo();
     void savesWhatIsShown();
     void whatIsBeingSavedIsSavedWhole();
@@ -205,6 +207,31 @@ void FramesPageTest::followsTheEndInLessRoom()
     m_page->resize(900, 500);
     QTRY_COMPARE(bar()->maximum(), before + 1);
     QCOMPARE(bar()->value(), 50);
+}
+
+void FramesPageTest::followsTheEndAfterAllIsForgotten()
+{
+    emit m_machine->exchanged(answeredPolls(200));
+    QTRY_VERIFY(bar()->maximum() > 100);
+    bar()->setValue(0);
+    QTest::keyClick(m_table, Qt::Key_L, Qt::ControlModifier);
+    QCoreApplication::processEvents();
+    emit m_machine->exchanged(answeredPolls(200));
+    QTRY_VERIFY(bar()->maximum() > 100);
+    QCOMPARE(bar()->value(), bar()->maximum());
+}
+
+void FramesPageTest::followsTheEndOfFewerThanFit()
+{
+    emit m_machine->exchanged(answeredPolls(200) + QVector<Exchange>{refusedWrite()});
+    QTRY_VERIFY(bar()->maximum() > 100);
+    bar()->setValue(0);
+    m_page->findChild<QLineEdit*>()->setText("y10");
+    QCoreApplication::processEvents();
+    QCOMPARE(bar()->maximum(), 0);
+    emit m_machine->exchanged(QVector<Exchange>(200, refusedWrite()));
+    QTRY_VERIFY(bar()->maximum() > 100);
+    QCOMPARE(bar()->value(), bar()->maximum());
 }
 
 void FramesPageTest::staysWhereItIsWhenRowsGo()
