@@ -25,8 +25,8 @@ FrameSaver::~FrameSaver()
 void FrameSaver::save(const QString& path, const QVector<Exchange>& exchanges)
 {
     m_pool.start([this, path, exchanges] {
-        Saved saved{path, static_cast<int>(exchanges.size()), QString()};
-        saveFrames(path, exchanges, &saved.error);
+        Saved saved{path, 0, QString()};
+        saved.exchanges = saveFrames(path, exchanges, &saved.error);
         const QMutexLocker locker(&m_mutex);
         m_untold.enqueue(saved);
         QMetaObject::invokeMethod(this, &FrameSaver::tell, Qt::QueuedConnection);

@@ -26,6 +26,7 @@ public:
     void save(const QString& path, const QVector<Exchange>& exchanges);
 
 signals:
+    /// @param exchanges as saveFrames() returns
     /// @param error one line that names the file; empty when all is saved
     void ended(const QString& path, int exchanges, const QString& error);
 

@@ -27,6 +27,12 @@ QByteArray packet(const QByteArray& bytes, bool isRequest, qint64 time)
     return bytes.isEmpty() ? QByteArray() : kx::capturePacket(piece, time * millisecond);
 }
 
+bool wasSent(const Exchange& exchange)
+{
+    return exchange.replyKind != kx::ReplyKind::NotSent
+           && exchange.replyKind != kx::ReplyKind::NeverSilent;
+}
+
 bool endsIn(const QString& path, const char* ending)
 {
     return path.endsWith(QLatin1String(ending), Qt::CaseInsensitive);
@@ -57,8 +63,7 @@ QByteArray framesAsCapture(const QVector<Exchange>& exchanges)
 {
     QByteArray capture = kx::captureHeader();
     for (const Exchange& exchange : exchanges) {
-        if (exchange.replyKind == kx::ReplyKind::NotSent
-            || exchange.replyKind == kx::ReplyKind::NeverSilent)
+        if (!wasSent(exchange))
             continue;
         const int before = std::max(bytesBeforeAnswer(exchange), 0);
         capture += packet(exchange.request, true, exchange.sentAt)
@@ -68,12 +73,16 @@ QByteArray framesAsCapture(const QVector<Exchange>& exchanges)
     return capture;
 }
 
-bool saveFrames(const QString& path, const QVector<Exchange>& exchanges, QString* error)
+int saveFrames(const QString& path, const QVector<Exchange>& exchanges, QString* error)
 {
-    if (endsIn(path, ".pcap"))
-        return kx::replaceFile(path, framesAsCapture(exchanges), error);
+    if (endsIn(path, ".pcap")) {
+        const auto sent = std::count_if(exchanges.begin(), exchanges.end(), &wasSent);
+        return kx::replaceFile(path, framesAsCapture(exchanges), error) ? static_cast<int>(sent)
+                                                                        : -1;
+    }
     const bool isJson = endsIn(path, ".json") || endsIn(path, ".jsonl");
-    return kx::replaceFile(path, isJson ? framesAsJson(exchanges) : framesAsText(exchanges), error);
+    const QByteArray text = isJson ? framesAsJson(exchanges) : framesAsText(exchanges);
+    return kx::replaceFile(path, text, error) ? static_cast<int>(exchanges.size()) : -1;
 }
 
 } // namespace kxpanel

@@ -18,8 +18,10 @@ QByteArray framesAsCapture(const QVector<Exchange>& exchanges);
 
 /// Replaces a file: with JSON where its name ends in ".json" or ".jsonl", with a capture where it
 /// ends in ".pcap", else with text.
-/// @return false and one line in `*error` that names the file
-bool saveFrames(const QString& path, const QVector<Exchange>& exchanges, QString* error);
+/// @return how many exchanges it has, of which a capture leaves some out; -1 and one line in
+/// `*error`
+///         that names the file when it could not be written
+int saveFrames(const QString& path, const QVector<Exchange>& exchanges, QString* error);
 
 } // namespace kxpanel
 

@@ -38,6 +38,7 @@ private slots:
     void followsTheEndOfFewerThanFit();
     void staysWhereItIsWhenRowsGo();
     void savesWhatIsShown();
+    void tellsHowManyOfACaptureWereSaved();
     void whatIsBeingSavedIsSavedWhole();
     void theChosenFilterNamesTheFile();
     void columnsAreOfThisComputer();
@@ -264,6 +265,20 @@ void FramesPageTest::savesWhatIsShown()
     emit dialog->fileSelected(folder.filePath("none/saved.txt"));
     QTRY_COMPARE(said.count(), 2);
     QVERIFY(said.at(1).at(0).toString().contains("none/saved.txt"));
+}
+
+void FramesPageTest::tellsHowManyOfACaptureWereSaved()
+{
+    Exchange notSent = answeredPoll();
+    notSent.replyKind = kx::ReplyKind::NotSent;
+    emit m_machine->exchanged({answeredPoll(), notSent, refusedWrite()});
+    QTest::keyClick(m_table, Qt::Key_E, Qt::ControlModifier);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("saved.pcap");
+    QSignalSpy said(m_page.get(), &Page::said);
+    emit m_page->findChild<QFileDialog*>()->fileSelected(path);
+    QTRY_COMPARE(said.count(), 1);
+    QCOMPARE(said.at(0).at(0).toString(), QString("2 exchange(s) saved in ") + path);
 }
 
 void FramesPageTest::whatIsBeingSavedIsSavedWhole()

@@ -20,6 +20,8 @@ private slots:
     void asCapture();
     void theNameTellsWhich_data();
     void theNameTellsWhich();
+    void tellsHowManyTheFileHas_data();
+    void tellsHowManyTheFileHas();
     void aFileThatCannotBeWritten();
 
 private:
@@ -96,8 +98,31 @@ void SavedFramesTest::theNameTellsWhich()
     QFETCH(QString, name);
     QTemporaryDir folder;
     QString error;
-    QVERIFY(saveFrames(folder.filePath(name), {answeredPoll()}, &error));
+    QCOMPARE(saveFrames(folder.filePath(name), {answeredPoll()}, &error), 1);
     QTEST(contentOf(folder.filePath(name)).at(0), "first");
+}
+
+void SavedFramesTest::tellsHowManyTheFileHas_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("saved");
+    QTest::newRow("text has all") << QString("frames.txt") << 4;
+    QTest::newRow("JSON lines have all") << QString("frames.jsonl") << 4;
+    QTest::newRow("a capture has what was on the line") << QString("frames.pcap") << 2;
+}
+
+void SavedFramesTest::tellsHowManyTheFileHas()
+{
+    QFETCH(QString, name);
+    Exchange notSent = answeredPoll();
+    notSent.replyKind = kx::ReplyKind::NotSent;
+    Exchange neverSilent = answeredPoll();
+    neverSilent.replyKind = kx::ReplyKind::NeverSilent;
+    QTemporaryDir folder;
+    QString error;
+    QTEST(saveFrames(folder.filePath(name),
+                     {answeredPoll(), notSent, neverSilent, unansweredPoll()}, &error),
+          "saved");
 }
 
 void SavedFramesTest::aFileThatCannotBeWritten()
@@ -105,7 +130,7 @@ void SavedFramesTest::aFileThatCannotBeWritten()
     QTemporaryDir folder;
     const QString path = folder.filePath("none/frames.txt");
     QString error;
-    QVERIFY(!saveFrames(path, {answeredPoll()}, &error));
+    QCOMPARE(saveFrames(path, {answeredPoll()}, &error), -1);
     QVERIFY(error.contains(path));
 }
 
