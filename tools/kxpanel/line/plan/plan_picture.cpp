@@ -11,6 +11,17 @@
 namespace kxpanel
 {
 
+namespace
+{
+
+bool isSameRequest(const kx::PlannedRequest& one, const kx::PlannedRequest& other)
+{
+    return one.station == other.station && one.type == other.type && one.address == other.address
+           && one.count == other.count;
+}
+
+} // namespace
+
 PlanPicture::PlanPicture(QWidget* parent) : QWidget(parent)
 {
     setMouseTracking(true);
@@ -24,6 +35,8 @@ PlanPicture::PlanPicture(QWidget* parent) : QWidget(parent)
 void PlanPicture::setPlan(const QList<kx::PolledRange>& polls, const kx::WatchedRanges& watched,
                           const RequestCost& cost)
 {
+    const kx::PlannedRequest before =
+        m_selected >= 0 ? barOf(m_places.at(m_selected)).request : kx::PlannedRequest();
     m_rows = planRows(polls, watched);
     m_cost = cost;
     m_places.clear();
@@ -39,7 +52,10 @@ void PlanPicture::setPlan(const QList<kx::PolledRange>& polls, const kx::Watched
         m_widest = std::max(m_widest, width);
         m_mostBars = std::max(m_mostBars, static_cast<int>(bars.size()));
     }
-    select(-1);
+    if (m_selected >= bars()
+        || (m_selected >= 0 && !isSameRequest(barOf(m_places.at(m_selected)).request, before)))
+        m_selected = -1;
+    tell(m_selected);
     updateGeometry();
     update();
 }

@@ -19,6 +19,7 @@ private slots:
     void aBarForEachRequest();
     void clickingSelects();
     void keysSelect();
+    void theSameRequestStaysSelected();
     void twoColours();
     void manyRequestsFit();
     void nothingIsWatched();
@@ -96,6 +97,34 @@ void PlanPictureTest::keysSelect()
     QCOMPARE(m_picture->selected(), 0);
     QCOMPARE(at.count(), 3);
     QCOMPARE(at.last().at(0).toPoint(), m_picture->barRect(0).center().toPoint());
+}
+
+void PlanPictureTest::theSameRequestStaysSelected()
+{
+    show({range("D", 100, 10, 1), range("D", 7000, 20, 1)});
+    QTest::keyClick(m_picture.get(), Qt::Key_Right);
+    QTest::keyClick(m_picture.get(), Qt::Key_Right);
+    QSignalSpy told(m_picture.get(), &PlanPicture::told);
+    QSignalSpy at(m_picture.get(), &PlanPicture::selectedAt);
+    show({range("D", 100, 12, 1), range("D", 7000, 20, 1)}); // beside it
+    QCOMPARE(m_picture->selected(), 1);
+    QCOMPARE(told.count(), 1); // its time may be another
+    QVERIFY(told.last().at(0).toString().startsWith("Station 1, D7000 to D7019: 20 registers"));
+    QCOMPARE(at.count(), 0); // nobody asked to see it
+    const auto isKept = [this](const kx::AddressRange& second) {
+        show({range("D", 100, 10, 1), range("D", 7000, 20, 1)});
+        QTest::mouseClick(m_picture.get(), Qt::LeftButton, Qt::NoModifier,
+                          m_picture->barRect(1).center().toPoint());
+        show({range("D", 100, 10, 1), second});
+        return m_picture->selected() == 1;
+    };
+    QVERIFY(isKept(range("D", 7000, 20, 1)));
+    QVERIFY(!isKept(range("D", 7000, 20, 2)));
+    QVERIFY(!isKept(range("CV", 7000, 20, 1)));
+    QVERIFY(!isKept(range("D", 7001, 20, 1)));
+    QVERIFY(!isKept(range("D", 7000, 21, 1)));
+    show({});
+    QCOMPARE(m_picture->selected(), -1);
 }
 
 void PlanPictureTest::twoColours()
