@@ -60,10 +60,12 @@ void LinePage::onExchanged(const QVector<Exchange>& exchanges)
         // What is looked at stays, until it is looked at no more.
         const bool waits = !m_picture->isLive() && (m_record.isFull() || m_waitingCount > 0);
         m_waitingCount += waits ? 1 : 0;
-        if (waits)
+        if (waits) {
             m_waiting.add(exchange);
-        else
+            m_record.hear(exchange);
+        } else {
             m_record.add(exchange, m_recordTiming);
+        }
     }
     m_picture->onRecordChanged();
     if (m_waitingCount > 0)

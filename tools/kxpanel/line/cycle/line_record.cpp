@@ -40,7 +40,7 @@ void LineRecord::add(const Exchange& exchange, const kx::LineTiming& timing)
         leave(stationOf(m_history.at(m_history.begin())));
     const int station = stationOf(exchange);
     ++m_kept[station];
-    hear(station, signOf(exchange));
+    hear(exchange);
     ReplyTimes& replies = m_replies[station];
     if (isStationsReply(exchange)) {
         mark.isLate = replies.count() >= REPLIES_BEFORE_USUAL
@@ -60,12 +60,13 @@ void LineRecord::leave(int station)
         m_kept.remove(station);
 }
 
-void LineRecord::hear(int station, StationSign sign)
+void LineRecord::hear(const Exchange& exchange)
 {
+    const StationSign sign = signOf(exchange);
     if (sign == StationSign::Silent)
-        m_silent.insert(station);
+        m_silent.insert(stationOf(exchange));
     else if (sign == StationSign::Heard)
-        m_silent.remove(station);
+        m_silent.remove(stationOf(exchange));
 }
 
 QList<int> LineRecord::silentStations() const

@@ -39,6 +39,8 @@ public:
     explicit LineRecord(int most = MOST) : m_history(most) {}
 
     void add(const Exchange& exchange, const kx::LineTiming& timing);
+    /// Which stations are silent, of an exchange that is not added, or later.
+    void hear(const Exchange& exchange);
     /// Forgets all, reply times as well: another line.
     void clear();
 
@@ -68,7 +70,6 @@ public:
 
 private:
     void leave(int station);
-    void hear(int station, StationSign sign);
 
     ExchangeHistory m_history;
     std::deque<Mark> m_marks; ///< of each exchange in the history
