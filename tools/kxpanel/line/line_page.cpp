@@ -95,9 +95,9 @@ void LinePage::onLineChanged(const LineStatus& status)
                                 || status.timing.bitsPerCharacter() != m_timing.bitsPerCharacter();
     const bool isOpen = status.state != LineState::Closed;
     m_limits->setInForce(isOpen ? status.longestRequest : 0, status.isAutomatic);
-    if (status.state != LineState::Open || status.longestRequest != m_longestRequest)
+    if (status.state != LineState::Open || status.sessions != m_sessions)
         m_cycle.forget();
-    m_longestRequest = status.longestRequest;
+    m_sessions = status.sessions;
     m_line = status.name;
     m_timing = status.timing;
     m_isNetwork = status.isNetwork;

@@ -62,10 +62,10 @@ private:
     kx::LineTiming m_timing;       ///< of the serial line, be it behind a gateway
     kx::LineTiming m_recordTiming; ///< of what this side sees of it
     bool m_isNetwork = false;
-    int m_longestRequest = 0; ///< in force, in registers
-    QList<int> m_silent;      ///< stations, when it was predicted last
-    QString m_line;           ///< its name
-    QTimer m_changes;         ///< gathers edits of the tags
+    int m_sessions = 0;  ///< of the line, that have begun
+    QList<int> m_silent; ///< stations, when it was predicted last
+    QString m_line;      ///< its name
+    QTimer m_changes;    ///< gathers edits of the tags
     bool m_isPredicted = false;
     CyclePicture* m_picture = nullptr;
     QLabel* m_shares = nullptr;

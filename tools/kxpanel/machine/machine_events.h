@@ -49,6 +49,7 @@ struct LineStatus {
     bool isNetwork = false;  ///< when characters are on the serial line is not known here
     int longestRequest = 0;  ///< in registers, that may be asked for; 0: not open yet
     bool isAutomatic = true; ///< within that, requests are as long as takes the least time
+    int sessions = 0;        ///< of the line that have begun; each polls from the start
 };
 
 /// One exchange on the line, without the kilobyte of its job.

@@ -102,6 +102,7 @@ void Machine::beginSession()
     if (!session)
         return failLater(error);
     m_parts->hasNewLimits = false;
+    ++m_parts->status.sessions;
     m_parts->status.longestRequest = options.session.maxWords;
     m_parts->status.isAutomatic = options.session.choosesLengths;
     std::unique_ptr<kx::GatewayAdvice> advice;

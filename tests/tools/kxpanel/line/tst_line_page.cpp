@@ -48,6 +48,7 @@ private slots:
     void predictsByWhatStationsTake();
     void predictsAgainWhenStationsTakeLonger();
     void measuresWhileThePictureIsPaused();
+    void aCycleThatNewLimitsBreakIsNotMeasured();
     void anIntervalIsNoCycle();
     void aNetworkIsPredictedByWholeReplies();
     void tellsWhatIsInForce();
@@ -201,6 +202,26 @@ void LinePageTest::measuresWhileThePictureIsPaused()
     emit m_machine->exchanged(polls.mid(5000));
     emit m_machine->counted(kx::WatchSummary());
     QVERIFY2(labels().contains("Measured: 100.0 ms per cycle"), qPrintable(labels()));
+}
+
+void LinePageTest::aCycleThatNewLimitsBreakIsNotMeasured()
+{
+    LineStatus status;
+    status.state = LineState::Open;
+    status.sessions = 1;
+    emit m_machine->lineChanged(status);
+    QVector<Exchange> polls = answeredPolls(6);
+    for (int i = 3; i < 6; ++i)
+        polls[i].sentAt += 1000; // while another session began
+    emit m_machine->exchanged(polls.mid(0, 3));
+    status.sessions = 2; // with the same limit
+    emit m_machine->lineChanged(status);
+    emit m_machine->exchanged(polls.mid(3, 2));
+    status.fault = QString("station 9 does not answer"); // which breaks no cycle
+    emit m_machine->lineChanged(status);
+    emit m_machine->exchanged(polls.mid(5));
+    emit m_machine->counted(kx::WatchSummary());
+    QVERIFY2(labels().contains("Measured: 50.0 ms per cycle"), qPrintable(labels()));
 }
 
 void LinePageTest::anIntervalIsNoCycle()

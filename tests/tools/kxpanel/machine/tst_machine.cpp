@@ -319,9 +319,11 @@ void MachineTest::limitsAreTakenAtOnce()
     QTRY_VERIFY(!m_log->exchanges.isEmpty());
     QCOMPARE(m_log->exchanges.last().range.values, 3);
     QCOMPARE(m_log->status.longestRequest, 125);
+    QCOMPARE(m_log->status.sessions, 1);
     m_machine->setLimits(2, 0);
     QTRY_VERIFY(m_log->exchanges.last().range.values < 3);
     QCOMPARE(m_log->status.longestRequest, 2);
+    QCOMPARE(m_log->status.sessions, 2);
     m_log->exchanges.clear();
     QTRY_VERIFY(m_log->exchanges.size() > 2);
     for (const Exchange& exchange : qAsConst(m_log->exchanges))
