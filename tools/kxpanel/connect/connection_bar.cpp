@@ -76,9 +76,9 @@ void ConnectionBar::makeActions()
 void ConnectionBar::layOut()
 {
     m_button = makeButton(m_connect, this);
-    m_state->setAccessibleName(tr("State of the line"));
+    m_state->setObjectName(QStringLiteral("lineState"));
     m_state->setTextFormat(Qt::PlainText);
-    m_message->setAccessibleName(tr("What is wrong with the line"));
+    m_message->setObjectName(QStringLiteral("lineFault"));
     m_message->hide();
     auto* const row = new QHBoxLayout;
     row->addWidget(m_fields, 1);

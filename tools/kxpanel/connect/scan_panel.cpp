@@ -72,7 +72,7 @@ void ScanPanel::makeWidgets()
     m_found->setSpacing(2);
     m_found->setMaximumHeight(fontMetrics().height() * 5);
     m_result = new QLabel(this);
-    m_result->setAccessibleName(tr("Result of the search"));
+    m_result->setObjectName(QStringLiteral("scanResult"));
     m_result->setTextFormat(Qt::PlainText); // what was typed is no markup
 }
 

@@ -69,7 +69,7 @@ void WatchPage::makeWidgets()
     m_message->setWordWrap(true);
     m_message->setTextFormat(Qt::PlainText); // names are no markup
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_message->setAccessibleName(tr("Message"));
+    m_message->setObjectName(QStringLiteral("message"));
     m_faults = new QPlainTextEdit(this);
     m_faults->setReadOnly(true);
     m_faults->setLineWrapMode(QPlainTextEdit::NoWrap);

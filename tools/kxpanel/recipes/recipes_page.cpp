@@ -49,8 +49,6 @@ RecipesPage::RecipesPage(const PageContext& context, QWidget* parent)
     }
     QToolBar* const bar = makeActions();
     m_counts->setTextFormat(Qt::PlainText); // a file may have any name
-    m_fault->setAccessibleName(tr("What went wrong"));
-    m_counts->setAccessibleName(tr("How file and controller go together"));
     auto* const box = new QVBoxLayout(this);
     box->addWidget(bar);
     box->addWidget(m_question);

@@ -20,7 +20,6 @@ const int MOST_ROWS = 8; // the pages need the room
 MessageBar::MessageBar(QWidget* parent) : QFrame(parent), m_text(new MessageLabel(this))
 {
     setFrameShape(QFrame::StyledPanel);
-    m_text->setAccessibleName(tr("What went wrong"));
     auto* const close = new QToolButton(this);
     close->setText(QStringLiteral("\u2715")); // a cross
     close->setAutoRaise(true);

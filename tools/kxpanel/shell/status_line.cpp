@@ -11,21 +11,22 @@ namespace kxpanel
 StatusLine::StatusLine(const Machine* machine, QStatusBar* bar)
     : QObject(bar),
       m_bar(bar),
-      m_line(addLabel(tr("Line"))),
-      m_counts(addLabel(tr("Requests and cycles since the line was opened"))),
-      m_speed(addLabel(tr("Requests per second, and share of the time in which characters occupy "
+      m_line(addLabel("line", tr("Line"))),
+      m_counts(addLabel("counts", tr("Requests and cycles since the line was opened"))),
+      m_speed(addLabel("speed",
+                       tr("Requests per second, and share of the time in which characters occupy "
                           "the line")))
 {
     connect(machine, &Machine::lineChanged, this, &StatusLine::takeStatus);
     connect(machine, &Machine::counted, this, &StatusLine::takeCounts);
 }
 
-QLabel* StatusLine::addLabel(const QString& name)
+QLabel* StatusLine::addLabel(const char* objectName, const QString& tip)
 {
     auto* const label = new QLabel(m_bar);
     label->setTextFormat(Qt::PlainText); // a port may have any name
-    label->setAccessibleName(name);
-    label->setToolTip(name);
+    label->setObjectName(QLatin1String(objectName));
+    label->setToolTip(tip);
     m_bar->addPermanentWidget(label);
     return label;
 }

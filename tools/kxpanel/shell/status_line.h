@@ -23,7 +23,8 @@ public:
     void say(const QString& text);
 
 private:
-    QLabel* addLabel(const QString& name);
+    /// @param tip what its text means; a name to be said would hide the text
+    QLabel* addLabel(const char* objectName, const QString& tip);
     void takeStatus(const LineStatus& status);
     void takeCounts(const kx::WatchSummary& summary);
 

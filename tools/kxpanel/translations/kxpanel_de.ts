@@ -370,14 +370,6 @@
         <translation>Alle Stationen der Leitung fragen, ob sie da sind (%1)</translation>
     </message>
     <message>
-        <source>State of the line</source>
-        <translation>Zustand der Leitung</translation>
-    </message>
-    <message>
-        <source>What is wrong with the line</source>
-        <translation>Was an der Leitung nicht stimmt</translation>
-    </message>
-    <message>
         <source>&amp;Cancel</source>
         <translation>A&amp;bbrechen</translation>
     </message>
@@ -1581,10 +1573,6 @@
 <context>
     <name>kxpanel::MessageBar</name>
     <message>
-        <source>What went wrong</source>
-        <translation>Was schiefging</translation>
-    </message>
-    <message>
         <source>Close the message</source>
         <translation>Die Meldung schließen</translation>
     </message>
@@ -1825,14 +1813,6 @@
         <translation>Rezepte</translation>
     </message>
     <message>
-        <source>What went wrong</source>
-        <translation>Was schiefging</translation>
-    </message>
-    <message>
-        <source>How file and controller go together</source>
-        <translation>Wie Datei und Steuerung übereinstimmen</translation>
-    </message>
-    <message>
         <source>Open recipe</source>
         <translation>Rezept öffnen</translation>
     </message>
@@ -1991,10 +1971,6 @@
     <message>
         <source>Click a station to use it for addresses that name none</source>
         <translation>Eine Station anklicken, um sie für Adressen ohne Station zu nehmen</translation>
-    </message>
-    <message>
-        <source>Result of the search</source>
-        <translation>Ergebnis der Suche</translation>
     </message>
     <message>
         <source>Stati&amp;ons</source>
@@ -2575,10 +2551,6 @@
     <message>
         <source>Watch</source>
         <translation>Werte</translation>
-    </message>
-    <message>
-        <source>Message</source>
-        <translation>Meldung</translation>
     </message>
     <message>
         <source>%1 = %2 written</source>

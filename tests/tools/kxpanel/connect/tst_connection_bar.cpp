@@ -45,9 +45,13 @@ private:
         }
         qFatal("no %s", name);
     }
-    QString state() const { return named<QLabel>("State of the line")->text().mid(2); }
-    QString fault() const { return named<QLabel>("What is wrong with the line")->text(); }
-    QString result() const { return named<QLabel>("Result of the search")->text(); }
+    const QLabel* label(const char* name) const
+    {
+        return m_bar->findChild<QLabel*>(QLatin1String(name));
+    }
+    QString state() const { return label("lineState")->text().mid(2); }
+    QString fault() const { return label("lineFault")->text(); }
+    QString result() const { return label("scanResult")->text(); }
     void scan(const char* stations, int milliseconds);
     QStringList found() const;
 
@@ -94,9 +98,9 @@ void ConnectionBarTest::aWrongFieldIsSaidBelow()
     named<QComboBox>("Speed")->setEditText(QStringLiteral("fast"));
     m_bar->connectAction()->trigger();
     QCOMPARE(fault(), QStringLiteral("Speed 'fast': must be 1 to 4000000 bits per second"));
-    QVERIFY(named<QLabel>("What is wrong with the line")->isVisible());
+    QVERIFY(label("lineFault")->isVisible());
     named<QComboBox>("Speed")->setEditText(QStringLiteral("9600"));
-    QVERIFY(!named<QLabel>("What is wrong with the line")->isVisible());
+    QVERIFY(!label("lineFault")->isVisible());
     QCOMPARE(m_log->states, QStringList());
 }
 
@@ -257,7 +261,7 @@ void ConnectionBarTest::limitsAreKeptForTheNextTime()
 
 void ConnectionBarTest::whatIsWrongIsNoMarkup()
 {
-    QCOMPARE(named<QLabel>("What is wrong with the line")->textFormat(), Qt::PlainText);
+    QCOMPARE(label("lineFault")->textFormat(), Qt::PlainText);
 }
 
 QTEST_MAIN(ConnectionBarTest)

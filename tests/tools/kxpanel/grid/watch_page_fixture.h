@@ -66,11 +66,7 @@ inline void WatchPageFixture::makePage()
 
 inline QString WatchPageFixture::message() const
 {
-    for (const QLabel* const label : m_page->findChildren<QLabel*>()) {
-        if (label->accessibleName() == QLatin1String("Message"))
-            return label->text();
-    }
-    return QString();
+    return m_page->findChild<QLabel*>(QStringLiteral("message"))->text();
 }
 
 } // namespace kxpanel

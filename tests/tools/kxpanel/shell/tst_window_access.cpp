@@ -41,6 +41,7 @@ private slots:
     void everyActionHasAText_data() { languages(); }
     void everyActionHasAText();
     void noLabelTakesMarkup();
+    void everyLabelIsReadByItsText();
     void tabReachesEveryControl();
 
 private:
@@ -254,6 +255,18 @@ void WindowAccessTest::noLabelTakesMarkup()
             obeying << label->text() + " of " + label->parentWidget()->metaObject()->className();
     }
     QCOMPARE(obeying.join(", "), QString());
+}
+
+// What a label is called would be read in place of what it says.
+void WindowAccessTest::everyLabelIsReadByItsText()
+{
+    QStringList hidden;
+    for (QLabel* const label : m_window->findChildren<QLabel*>()) {
+        label->setText(QStringLiteral("ready"));
+        if (nameOf(label) != QLatin1String("ready"))
+            hidden << nameOf(label);
+    }
+    QCOMPARE(hidden.join(", "), QString());
 }
 
 void WindowAccessTest::tabReachesEveryControl()

@@ -131,15 +131,6 @@ private:
     std::unique_ptr<QLockFile> m_lock;
 };
 
-const QLabel* labelOf(const QWidget* window, const char* name)
-{
-    for (const QLabel* const label : window->findChildren<QLabel*>()) {
-        if (label->accessibleName() == QLatin1String(name))
-            return label;
-    }
-    qFatal("no %s", name);
-}
-
 } // namespace
 
 using OptionsOf = std::function<kx::ConnectionOptions(Peer*)>;
@@ -215,8 +206,8 @@ void WindowConnectingTest::goesOn()
     options.connection.session.exchange.replyTimeout = 50;
     options.connects = true;
     window->begin(options);
-    const auto* const stateLabel = labelOf(window.get(), "State of the line");
-    const auto* const faultLabel = labelOf(window.get(), "What is wrong with the line");
+    const auto* const stateLabel = window->findChild<QLabel*>(QStringLiteral("lineState"));
+    const auto* const faultLabel = window->findChild<QLabel*>(QStringLiteral("lineFault"));
     QTRY_VERIFY2(stateLabel->text().endsWith(state), qPrintable(stateLabel->text()));
     QTRY_VERIFY2(faultLabel->text().contains(fault), qPrintable(faultLabel->text()));
     QTest::qWait(300);
