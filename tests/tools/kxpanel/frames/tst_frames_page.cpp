@@ -243,7 +243,7 @@ void FramesPageTest::staysWhereItIsWhenRowsGo()
     emit m_machine->exchanged(answeredPolls(30));
     QCoreApplication::processEvents();
     QCOMPARE(m_table->model()->rowCount(), 20000);
-    QCOMPARE(bar()->value(), 70); // the same exchange, 30 rows further up
+    QCOMPARE(bar()->value(), 70);          // the same exchange, 30 rows further up
     bar()->setValue(bar()->maximum() - 5); // so near to the end that less than a batch is left
     const int nearEnd = bar()->value();
     emit m_machine->exchanged(answeredPolls(30));
