@@ -7,10 +7,12 @@
 
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
+#include <QtCore/QHash>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtTest/QTest>
 
 #include <algorithm>
@@ -48,17 +50,26 @@ qint64 lastTime(const QString& path)
 }
 
 /// Without the gaps of a recorder that stood still, as one does whose disk takes long to write:
-/// nothing else comes of it for two seconds.
+/// nothing else comes of it for two seconds. A value that is the same behind it is left out, too.
 QStringList withoutRests(const QStringList& events)
 {
     QStringList left;
+    QHash<QString, QString> latest; // by tag
+    QSet<QString> resting;          // tags
     for (auto event = events.begin(); event != events.end(); ++event) {
+        const QString tag = event->section(QLatin1Char(' '), 1, 1);
+        const QString what = event->section(QLatin1Char(' '), 2);
         const qint64 begin = timeOf(*event);
         const auto next = std::find_if(
             event, events.end(), [begin](const QString& later) { return timeOf(later) != begin; });
         const bool isLong = next != events.end() && timeOf(*next) - begin > 2 * SECOND;
-        if (!isLong || !event->endsWith(QLatin1String(" [not read]")))
+        if (isLong && what == QLatin1String("[not read]")) {
+            resting << tag;
+            continue;
+        }
+        if (!resting.remove(tag) || latest.value(tag) != what)
             left << *event;
+        latest[tag] = what;
     }
     return left;
 }
