@@ -460,7 +460,8 @@ void LinePageTest::sharesAgreeWithWhatTheRuntimeCounts()
         });
     QVERIFY(answered > 0);
     const qint64 transmitted = qRound64(load * double(to - from));
-    QVERIFY2(transmitted >= 96875 * answered, qPrintable(words)); // 93 characters each
+    // 93 characters each, which take more than a millisecond each.
+    QVERIFY2(transmitted > 93000 * answered, qPrintable(words));
 }
 
 QTEST_MAIN(LinePageTest)
