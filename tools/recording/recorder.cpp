@@ -2,6 +2,8 @@
 
 #include <QtCore/QFileInfo>
 
+#include <algorithm>
+
 namespace kx
 {
 
@@ -56,17 +58,30 @@ void Recorder::beginGap(State* state, GapReason reason)
     state->isNew = true;
 }
 
-void Recorder::sample(qint64 now)
+void Recorder::beginGapsOfUnread()
 {
     for (State& state : m_states) {
         if (!state.isNew && !state.isGap)
             beginGap(&state, GapReason::NotRead);
     }
-    recordNews(now);
+}
+
+void Recorder::sample(qint64 now)
+{
+    beginGapsOfUnread();
+    recordNew(now);
     m_lastSample = now;
 }
 
 void Recorder::recordNews(qint64 now)
+{
+    if (std::any_of(m_states.cbegin(), m_states.cend(),
+                    [](const State& state) { return state.isNew && !state.isGap; }))
+        beginGapsOfUnread();
+    recordNew(now);
+}
+
+void Recorder::recordNew(qint64 now)
 {
     recordMissed(now);
     for (int tag = 0; tag < m_states.size(); ++tag) {

@@ -38,8 +38,8 @@ public:
     /// each gap that began. A tag that has neither a read nor a gap begins one, "not read"; so do
     /// all when the clock shows that more than two distances have passed.
     void sample(qint64 now);
-    /// Between two samples, before the line or the recorder ends: records what sample() would, but
-    /// finds no gaps.
+    /// Between two samples, before the line or the recorder ends: a sample if any tag was read
+    /// since the one before; else the gaps that began.
     void recordNews(qint64 now);
     /// Nobody has read since then, since the program was stopped or the machine suspended: gaps
     /// "not read" of all tags that have a value.
@@ -71,6 +71,8 @@ private:
     bool openFile(qint64 now, QString* error);
     bool openNextFile(qint64 now);
     static void beginGap(State* state, GapReason reason);
+    void beginGapsOfUnread();
+    void recordNew(qint64 now);
     void recordMissed(qint64 now);
     void record(qint64 now, int tag);
     void recordAll(qint64 now);

@@ -29,7 +29,8 @@ private slots:
     void samplesAreWhatWasReadSinceTheOneBefore();
     void aSampleThatIsMissingIsAGap_data() { kinds(); }
     void aSampleThatIsMissingIsAGap();
-    void whatIsRecordedOutOfTurnMissesNothing();
+    void whatIsRecordedOutOfTurnIsASample();
+    void nothingReadOutOfTurnIsNoSample();
     void aGapBetweenTwoSamplesIsNone();
     void aGapIsNeverAnOldValue();
     void samplesThatWereMissedAreAGap_data() { kinds(); }
@@ -128,7 +129,7 @@ void RecorderTest::aSampleThatIsMissingIsAGap()
 }
 
 // When the line is lost or the recorder stops, between two samples.
-void RecorderTest::whatIsRecordedOutOfTurnMissesNothing()
+void RecorderTest::whatIsRecordedOutOfTurnIsASample()
 {
     const QString path = m_folder.path("out_of_turn.csv");
     Recorder recorder(settingsFor(path, true));
@@ -144,8 +145,26 @@ void RecorderTest::whatIsRecordedOutOfTurnMissesNothing()
     recorder.finish(START + 2100);
     QCOMPARE(eventsOf(path),
              QStringList({"0 0 [not yet read]", "0 1 [not yet read]", "1000 0 1", "1000 1 7",
-                          "1200 0 2", "2000 1 [not read]", "2000 0 [line lost]",
+                          "1200 0 2", "1200 1 [not read]", "2000 0 [line lost]",
                           "2100 0 [recorder stopped]", "2100 1 [recorder stopped]"}));
+}
+
+void RecorderTest::nothingReadOutOfTurnIsNoSample()
+{
+    const QString path = m_folder.path("no_news.csv");
+    Recorder recorder(settingsFor(path, true));
+    QString error;
+    QVERIFY(recorder.open(pumpTags(), START, &error));
+    recorder.onRead(START + 10, 0, number("1"));
+    recorder.onRead(START + 20, 1, number("7"));
+    recorder.sample(START + 1000);
+    recorder.onGap(START + 1100, 0, GapReason::NoAnswer);
+    recorder.recordNews(START + 1200);
+    recorder.finish(START + 1200);
+    QCOMPARE(eventsOf(path),
+             QStringList({"0 0 [not yet read]", "0 1 [not yet read]", "1000 0 1", "1000 1 7",
+                          "1200 0 [no answer]", "1200 0 [recorder stopped]",
+                          "1200 1 [recorder stopped]"}));
 }
 
 void RecorderTest::aGapBetweenTwoSamplesIsNone()

@@ -80,12 +80,12 @@ void RecordRun::onSample()
 }
 
 /// What was read since the last sample, when there will be no other one.
-void RecordRun::takeNews()
+void RecordRun::takeNews(qint64 now)
 {
     if (m_options.recording.every == 0)
         return;
     takeReads();
-    m_recorder.recordNews(timeOfDay());
+    m_recorder.recordNews(now);
 }
 
 void RecordRun::onServe()
@@ -163,9 +163,10 @@ void RecordRun::onLink(const LinkEvent& event)
 void RecordRun::loseLine()
 {
     noticeRest();
-    takeNews();
+    const qint64 now = timeOfDay();
+    takeNews(now);
     for (int index = 0; index < m_watch.list().entries().size(); ++index)
-        m_recorder.onGap(timeOfDay(), index, GapReason::LineLost);
+        m_recorder.onGap(now, index, GapReason::LineLost);
     m_isLineLost = true;
     m_fresh.skip(m_watch.list().entries());
     m_mayBeBack = true;
@@ -202,8 +203,9 @@ void RecordRun::finish()
     m_serve.stop();
     m_sample.stop();
     noticeRest();
-    takeNews();
-    m_recorder.finish(timeOfDay());
+    const qint64 now = timeOfDay();
+    takeNews(now);
+    m_recorder.finish(now);
     if (m_failure.isEmpty())
         m_failure = m_recorder.failure();
     printSummary();

@@ -43,7 +43,7 @@ private:
     void noticeRest();
     void onServe();
     void onSample();
-    void takeNews();
+    void takeNews(qint64 now);
     void takeReads();
     void takeReturns();
     void startSampling();
