@@ -12,6 +12,8 @@
 namespace kx
 {
 
+class VirtualClock;
+
 /// Bytes that arrive so many milliseconds after a request.
 struct Arrival {
     int after;
@@ -21,7 +23,8 @@ struct Arrival {
 class ScriptedLine : public Line
 {
 public:
-    ScriptedLine() { m_clock.start(); }
+    /// @param clock the time of the answers; it outlives the line. None: the system's
+    explicit ScriptedLine(VirtualClock* clock = nullptr);
 
     QString name() const override { return QString::fromLatin1("script"); }
     LineTiming timing() const override { return characters; }
@@ -42,7 +45,8 @@ public:
     void interrupt();
     void reopen();
 
-    qint64 now() const { return m_clock.elapsed(); }
+    /// Milliseconds since the clock, or the line, was made.
+    qint64 now() const;
 
     LineTiming characters = {0, 8, 0, 1}; ///< a network unless a test says otherwise
     QList<QByteArray> written;
@@ -56,7 +60,8 @@ public:
     bool isLostWhenDiscarding = false;
 
 private:
-    QElapsedTimer m_clock;
+    VirtualClock* m_clock;
+    QElapsedTimer m_sinceMade;
     bool m_isOpen = true;
     QList<QList<Arrival>> m_answers;
 };

@@ -5,7 +5,7 @@
 #include "exchange/lines/line.h"
 #include "kxsim/faults/line_faults.h"
 #include "kxsim/requests/request_server.h"
-#include "tools/faults/virtual_clock.h"
+#include "tools/exchange/virtual_clock.h"
 
 namespace kx
 {

@@ -4,7 +4,7 @@
 #include "exchange/exchange_loop.h"
 #include "support/driver_fixture.h"
 #include "tools/exchange/scripted_driver.h"
-#include "tools/faults/virtual_clock.h"
+#include "tools/exchange/virtual_clock.h"
 
 #include <QtTest/QTest>
 

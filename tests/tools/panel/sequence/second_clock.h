@@ -2,7 +2,7 @@
 #ifndef KX_TESTS_TOOLS_PANEL_SEQUENCE_SECOND_CLOCK_H
 #define KX_TESTS_TOOLS_PANEL_SEQUENCE_SECOND_CLOCK_H
 
-#include "tools/faults/virtual_clock.h"
+#include "tools/exchange/virtual_clock.h"
 
 #include <QtCore/QPointer>
 

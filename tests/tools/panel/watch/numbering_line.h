@@ -3,7 +3,7 @@
 #define KX_TESTS_TOOLS_PANEL_WATCH_NUMBERING_LINE_H
 
 #include "exchange/lines/line.h"
-#include "tools/faults/virtual_clock.h"
+#include "tools/exchange/virtual_clock.h"
 #include "tools/panel/watch/numbering_controller.h"
 
 #include <QtCore/QSet>

@@ -1,4 +1,4 @@
-#include "tools/faults/virtual_clock.h"
+#include "tools/exchange/virtual_clock.h"
 
 namespace kx
 {

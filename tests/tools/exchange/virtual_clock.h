@@ -1,7 +1,7 @@
 /// Time that passes only from one event to the next, so that runs take no longer than
 /// their work and give the same result on every machine.
-#ifndef KX_TESTS_TOOLS_FAULTS_VIRTUAL_CLOCK_H
-#define KX_TESTS_TOOLS_FAULTS_VIRTUAL_CLOCK_H
+#ifndef KX_TESTS_TOOLS_EXCHANGE_VIRTUAL_CLOCK_H
+#define KX_TESTS_TOOLS_EXCHANGE_VIRTUAL_CLOCK_H
 
 #include "exchange/loop_clock.h"
 
