@@ -311,8 +311,9 @@ void LeastTimeTest::eightyThousandCoilsCostTenTimesEightThousand()
             qFatal("nothing is read");
         return std::clock() - begin;
     };
+    // A hundred times as much if each were looked for among all.
     const double times = growth(cost, 8000, 80000);
-    QVERIFY2(times < 16, qPrintable(QString::number(times)));
+    QVERIFY2(times < 30, qPrintable(QString::number(times)));
 }
 
 QTEST_APPLESS_MAIN(LeastTimeTest)
