@@ -8,6 +8,7 @@
 #include "kxpanel/trend/model/trend_colours.h"
 #include "kxpanel/trend/plot/trend_plot.h"
 #include "kxpanel/trend/trend_page.h"
+#include "tools/kxpanel/frames.h"
 #include "tools/kxpanel/trend/model/trend_tags.h"
 #include "tools/kxpanel/value_drags.h"
 
@@ -84,7 +85,7 @@ void TrendWindowTest::aValueIsDraggedFromTheGridOverItsTab()
     QCOMPARE(shown.text(0, TrendLegend::Name), QString("Level"));
     emit shown.machine.valuesRead({readingOf(shown.window->tags()->values().at(1).number, 80,
                                              QDateTime::currentMSecsSinceEpoch() - 30000)});
-    QTest::qWait(120); // two frames
+    passFrames(2);
     QCOMPARE(shown.text(0, TrendLegend::Now), QString("40"));
     const QImage picture = shown.plot()->canvas()->grab().toImage();
     const QColor curve = trendColour(0, shown.plot()->palette().color(QPalette::Base));
@@ -145,7 +146,7 @@ void TrendWindowTest::aRemovedValueComesBackByUndo()
     QCOMPARE(shown.text(1, TrendLegend::Name), QString("Level"));
     QCOMPARE(trend->layout().value("channels").toArray().size(), 3);
     shown.window->showPage(trend);
-    QTest::qWait(120);                                                // two frames
+    passFrames(2);
     QCOMPARE(shown.text(1, TrendLegend::Now), QString("(not read)")); // since it went
     watch->undoStack()->redo();
     QCOMPARE(shown.legend()->rowCount(), 2);
