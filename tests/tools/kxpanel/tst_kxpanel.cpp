@@ -41,6 +41,14 @@ bool catches(const QProcess& program, int signal)
     return (caught.section('\n', 0, 0).trimmed().toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
 }
 
+QString endOf(QProcess* program)
+{
+    return QStringLiteral("%1 %2: %3")
+        .arg(program->exitStatus() == QProcess::CrashExit ? "signal" : "exit code")
+        .arg(program->exitCode())
+        .arg(QString::fromLocal8Bit(program->readAllStandardError()));
+}
+
 /// Without what Qt says that it could not draw while the display went away.
 QByteArray withoutDrawing(const QByteArray& errors)
 {
@@ -224,6 +232,7 @@ void KxpanelTest::aNameServerThatDoesNotAnswerHoldsNothingUp()
     QProcess panel;
     panel.setProcessEnvironment(withSilentResolver(environment()));
     panel.start(KXPANEL_PROGRAM, {"-platform", "offscreen", "--tcp", "silent.example"});
+    QVERIFY(panel.waitForStarted()); // before that, it has the handlers of this test
     QTRY_VERIFY_WITH_TIMEOUT(catches(panel, SIGTERM), 20000);
     QVERIFY(!panel.waitForFinished(500)); // it asks the name server
     signalProcess(panel.processId(), SIGTERM);
@@ -275,7 +284,7 @@ void KxpanelTest::aProjectThatCannotBeReadEndsNothing()
     }
     QProcess panel;
     start(&panel, {"-platform", "offscreen", "--project", path});
-    QVERIFY(!panel.waitForFinished(1500));
+    QVERIFY2(!panel.waitForFinished(1500), qPrintable(endOf(&panel)));
     signalProcess(panel.processId(), SIGTERM);
     QVERIFY(panel.waitForFinished());
     QCOMPARE(panel.exitCode(), 0);
