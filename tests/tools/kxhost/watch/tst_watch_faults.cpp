@@ -85,7 +85,7 @@ void WatchFaultsTest::everyKindIsSurvivedAndCounted()
             "--cycles %1 --timeout %2 --port %3")
             .arg(QString::number(cycles), QString::number(timeout), kxsim.line());
     const CommandResult result = runCommand(words(arguments));
-    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.exitCode == 0, qPrintable((result.output + result.errors).join("\n")));
     const QJsonObject summary = summaryOf(result);
     QVERIFY(kxsim.count(fault) > 0);
     QCOMPARE(summary[group].toObject()[count].toInt(-1), kxsim.count(fault));
