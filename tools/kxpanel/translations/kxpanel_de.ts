@@ -2223,6 +2223,10 @@
         <translation>%1 wird gelesen …</translation>
     </message>
     <message>
+        <source>%1 is no longer read</source>
+        <translation>%1 wird nicht weiter gelesen</translation>
+    </message>
+    <message>
         <source>%1 is still being saved</source>
         <translation>%1 wird noch gespeichert</translation>
     </message>

@@ -64,7 +64,17 @@ void TrendFiles::showRecording()
     m_recorded = m_reader.range();
     showWhole();
     emit said(remarkOn(shown));
-    emit opened();
+    emit recordingChanged(true);
+}
+
+void TrendFiles::close()
+{
+    if (m_reader.isReading())
+        emit said(tr("%1 is no longer read").arg(m_path));
+    m_reader.close();
+    m_parts.channels->setRecorded({});
+    m_recorded = TrendRange();
+    emit recordingChanged(false);
 }
 
 void TrendFiles::showWhole()

@@ -36,6 +36,8 @@ public:
 
     /// Shows a recording instead of one that was opened before; said() comes when it is read.
     void open(const QString& path);
+    /// Takes the recording away; one that is being read is not shown either.
+    void close();
     /// All of the time of the recording that is opened.
     void showWhole();
     void savePicture(const QString& path);
@@ -45,8 +47,8 @@ public:
 signals:
     /// One line.
     void said(const QString& text);
-    /// A recording is shown.
-    void opened();
+    /// A recording is shown, or none any more.
+    void recordingChanged(bool isShown);
 
 private:
     QFileDialog* ask(const QString& title, const QString& filter, const QString& suffix,

@@ -106,8 +106,7 @@ void TrendPage::connectActions()
     on(m_actions.clearCursors, [this] { m_view.clearCursors(); });
     on(m_actions.open, [this] { m_files.askToOpen(); });
     on(m_actions.showRecording, [this] { m_files.showWhole(); });
-    connect(&m_files, &TrendFiles::opened, this,
-            [this] { m_actions.showRecording->setEnabled(true); });
+    connect(&m_files, &TrendFiles::recordingChanged, m_actions.showRecording, &QAction::setEnabled);
     on(m_actions.exportPicture, [this] { m_files.askToSavePicture(); });
     on(m_actions.exportValues, [this] { m_files.askToSaveValues(); });
     on(m_actions.remove, [this] { m_channels.remove(m_table->selected()); });
@@ -232,6 +231,7 @@ QJsonObject TrendPage::layout() const
 void TrendPage::setLayout(const QJsonObject& layout)
 {
     Page::setLayout(layout);
+    m_files.close();
     m_view.reset();
     m_channels.setLayout(layout.value(QLatin1String("channels")).toArray());
     const double span = layout.value(QLatin1String("span")).toDouble();

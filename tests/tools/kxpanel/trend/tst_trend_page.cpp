@@ -141,6 +141,21 @@ struct Window {
     qint64 to() const { return plot->timeAt(plot->canvas()->width()); }
 };
 
+/// D1 of station 1, over a second.
+struct Recording {
+    QTemporaryDir folder;
+    QString path = folder.filePath("a.csv");
+
+    Recording()
+    {
+        QFile file(path);
+        const QByteArray rows =
+            "time,D1@1,gaps\n2026-11-23T10:00:00.000Z,1,\n2026-11-23T10:00:01.000Z,2,\n";
+        if (!file.open(QIODevice::WriteOnly) || file.write(rows) != rows.size())
+            qFatal("the recording cannot be made");
+    }
+};
+
 QByteArray svgOf(Window& window, const QString& path)
 {
     window.page.files()->savePicture(path);
@@ -203,6 +218,8 @@ private slots:
     void aRecordingIsOpened();
     void aRecordingCountsUntilItsEnd();
     void aFileThatCannotBeReadLeavesTheOneBeingRead();
+    void aRecordingGoesWithItsProject();
+    void aFileBeingReadIsNotShownInAnotherProject();
     void allHaveKeysTipsAndNames();
 };
 
@@ -959,17 +976,45 @@ void TrendPageTest::aRecordingCountsUntilItsEnd()
 
 void TrendPageTest::aFileThatCannotBeReadLeavesTheOneBeingRead()
 {
-    QTemporaryDir folder;
-    QFile file(folder.filePath("a.csv"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("time,D1@1,gaps\n2026-11-23T10:00:00.000Z,1,\n2026-11-23T10:00:01.000Z,2,\n");
-    file.close();
+    const Recording recording;
     Window window;
-    window.page.files()->open(file.fileName());
-    window.page.files()->open(folder.filePath("none.csv"));
+    window.page.files()->open(recording.path);
+    window.page.files()->open(recording.folder.filePath("none.csv"));
     QTRY_COMPARE(window.legend->rowCount(), 1);
-    QVERIFY2(window.said.last().at(0).toString().startsWith(file.fileName()),
+    QVERIFY2(window.said.last().at(0).toString().startsWith(recording.path),
              qPrintable(window.said.last().at(0).toString()));
+}
+
+void TrendPageTest::aRecordingGoesWithItsProject()
+{
+    const Recording recording;
+    Window window;
+    window.drop({window.numbers.at(0)});
+    const QJsonObject project = window.page.layout();
+    window.page.files()->open(recording.path);
+    QTRY_COMPARE(window.legend->rowCount(), 2);
+    QVERIFY(window.action("showRecording")->isEnabled());
+    window.page.setLayout(project);
+    QCOMPARE(window.legend->rowCount(), 1);
+    QCOMPARE(window.text(0, TrendLegend::Name), QString("Pressure"));
+    QVERIFY(!window.action("showRecording")->isEnabled());
+    window.key(Qt::Key_R);
+    QVERIFY(window.action("live")->isChecked());
+    window.page.files()->open(recording.path); // which may come back
+    QTRY_COMPARE(window.legend->rowCount(), 2);
+    QVERIFY(window.action("showRecording")->isEnabled());
+}
+
+void TrendPageTest::aFileBeingReadIsNotShownInAnotherProject()
+{
+    const Recording recording;
+    Window window;
+    window.page.files()->open(recording.path);
+    window.page.setLayout({});
+    window.waitUntilDrawn();
+    QCOMPARE(window.legend->rowCount(), 0);
+    QVERIFY(window.action("live")->isChecked());
+    QCOMPARE(window.said.last().at(0).toString(), recording.path + " is no longer read");
 }
 
 void TrendPageTest::allHaveKeysTipsAndNames()

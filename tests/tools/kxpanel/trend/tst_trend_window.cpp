@@ -4,6 +4,7 @@
 #include "kxpanel/grid/watch_table.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/shell/main_window.h"
+#include "kxpanel/shell/project_keeper.h"
 #include "kxpanel/shell/shortcut_list.h"
 #include "kxpanel/trend/model/trend_colours.h"
 #include "kxpanel/trend/plot/trend_plot.h"
@@ -49,6 +50,20 @@ struct Shown {
     TrendLegend* legend() const { return window->findChild<TrendLegend*>(); }
     TrendPlot* plot() const { return window->findChild<TrendPlot*>(); }
     QTabBar* tabs() const { return window->findChild<QTabWidget*>()->tabBar(); }
+    QString names() const
+    {
+        QStringList names;
+        for (int row = 0; row < legend()->rowCount(); ++row)
+            names << text(row, TrendLegend::Name);
+        return names.join(", ");
+    }
+    QString madeFile(const QString& name, const QByteArray& content) const
+    {
+        QFile file(folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("a file cannot be made");
+        return file.fileName();
+    }
     QString text(int row, int column) const
     {
         return legend()->index(row, column).data().toString();
@@ -66,6 +81,7 @@ private slots:
     void keysWorkAsSoonAsThePageIsChosen();
     void noShortcutIsTwice();
     void aRemovedValueComesBackByUndo();
+    void eachProjectHasItsOwnPlot();
 };
 
 /// With one hand on the mouse: hold a row over the tab until its page is shown, and let go over the
@@ -150,6 +166,49 @@ void TrendWindowTest::aRemovedValueComesBackByUndo()
     QCOMPARE(shown.text(1, TrendLegend::Now), QString("(not read)")); // since it went
     watch->undoStack()->redo();
     QCOMPARE(shown.legend()->rowCount(), 2);
+}
+
+/// A recording is of the project over which it was opened: a file that cannot be read changes
+/// nothing, another project has its own values alone, and nothing brings the others back.
+void TrendWindowTest::eachProjectHasItsOwnPlot()
+{
+    Shown shown;
+    const QString recording = shown.madeFile(
+        "a.csv", "time,D1@1,gaps\n2026-11-23T10:00:00.000Z,1,\n2026-11-23T10:00:01.000Z,2,\n");
+    const QString broken = shown.madeFile("broken.kxpanel", "{\"format\": ");
+    const QString another = shown.madeFile("another.kxpanel",
+                                           R"({"format": "kxpanel project", "version": 1,
+            "tags": [{"name": "Flow", "address": "D7"}],
+            "pages": {"trend": {"channels": [{"name": "Flow", "station": 1, "address": "D7"}]}}})");
+    ProjectKeeper* const project = shown.window->project();
+    auto* const trend = qobject_cast<TrendPage*>(shown.window->page("trend"));
+    const QUndoStack* const undo =
+        qobject_cast<WatchPage*>(shown.window->page("watch"))->undoStack();
+    const QAction* const showRecording = shown.window->findChild<QAction*>("showRecording");
+    trend->addValues({shown.window->tags()->values().at(0).number});
+    shown.table()->select({shown.window->tags()->values().at(1).number});
+    QTest::keyClick(shown.table(), Qt::Key_Delete);
+    trend->files()->open(recording);
+    QTRY_COMPARE(shown.names(), QString("Pressure, D1 (recorded)"));
+
+    project->open(broken);
+    QCOMPARE(shown.names(), QString("Pressure, D1 (recorded)"));
+    QVERIFY(showRecording->isEnabled());
+    QVERIFY(undo->canUndo());
+
+    project->open(another);
+    QCOMPARE(shown.names(), QString("Flow"));
+    QVERIFY(!showRecording->isEnabled());
+    QVERIFY(!undo->canUndo());
+    QVERIFY(!project->isChanged());
+
+    trend->files()->open(recording);
+    QTRY_COMPARE(shown.names(), QString("Flow, D1 (recorded)"));
+    project->settle();
+    project->beginNew();
+    QCOMPARE(shown.names(), QString());
+    QVERIFY(!undo->canUndo());
+    QVERIFY(!project->isChanged());
 }
 
 QTEST_MAIN(TrendWindowTest)

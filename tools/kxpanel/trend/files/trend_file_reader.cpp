@@ -40,11 +40,8 @@ bool TrendFileReader::open(const QString& path, QString* error)
     std::unique_ptr<kx::RecordingReader> reader = kx::openRecording(path, error);
     if (!reader)
         return false;
+    close();
     m_reader = std::move(reader);
-    m_channels.clear();
-    m_range = TrendRange();
-    m_remark.clear();
-    m_setBack = 0;
     const QList<kx::RecordedTag> tags = m_reader->tags().mid(0, TrendChannels::MOST);
     const int samples = samplesEach(static_cast<int>(tags.size()), m_mostSamples);
     for (const kx::RecordedTag& tag : tags) {
@@ -65,6 +62,16 @@ bool TrendFileReader::open(const QString& path, QString* error)
     }
     m_timer.start(0);
     return true;
+}
+
+void TrendFileReader::close()
+{
+    m_timer.stop();
+    m_reader.reset();
+    m_channels.clear();
+    m_range = TrendRange();
+    m_remark.clear();
+    m_setBack = 0;
 }
 
 void TrendFileReader::readSlice()

@@ -28,6 +28,8 @@ public:
     /// Gives up a file that is being read. False, and one line in `*error`, when it is no
     /// recording.
     bool open(const QString& path, QString* error);
+    /// Gives up a file that is being read, and forgets what was.
+    void close();
     bool isReading() const { return m_timer.isActive(); }
 
     /// As many as a plot holds; their numbers fall from -1 on.
