@@ -2239,8 +2239,12 @@
         <translation>%1 ist gespeichert</translation>
     </message>
     <message>
-        <source>%1 is saved; of old values only some are kept, the lowest and highest among them</source>
-        <translation>%1 ist gespeichert; von alten Werten sind nur einige behalten, darunter die niedrigsten und höchsten</translation>
+        <source>of old values only some are kept, the lowest and highest among them</source>
+        <translation>von alten Werten sind nur einige behalten, darunter die niedrigsten und höchsten</translation>
+    </message>
+    <message>
+        <source>some numbers have more digits than the 17 that are written</source>
+        <translation>einige Zahlen haben mehr als die 17 Stellen, die geschrieben sind</translation>
     </message>
     <message>
         <source>The plot has room for %1 of its values</source>

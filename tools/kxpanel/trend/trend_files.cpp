@@ -123,13 +123,13 @@ void TrendFiles::saveValues(const QString& path)
 void TrendFiles::saySaved(const QString& error)
 {
     if (!error.isEmpty())
-        emit said(error);
-    else if (m_saver.isThinned())
-        emit said(tr("%1 is saved; of old values only some are kept, the lowest and highest among "
-                     "them")
-                      .arg(m_saver.path()));
-    else
-        emit said(tr("%1 is saved").arg(m_saver.path()));
+        return emit said(error);
+    QStringList remarks = {tr("%1 is saved").arg(m_saver.path())};
+    if (m_saver.isThinned())
+        remarks << tr("of old values only some are kept, the lowest and highest among them");
+    if (m_saver.isRounded())
+        remarks << tr("some numbers have more digits than the 17 that are written");
+    emit said(remarks.join(QLatin1String("; ")));
 }
 
 } // namespace kxpanel

@@ -1,6 +1,7 @@
 #include "kxpanel/trend/files/trend_file_reader.h"
 
 #include "kxpanel/trend/model/trend_channels.h"
+#include "kxpanel/trend/model/trend_number.h"
 #include "kxpanel/trend/model/trend_text.h"
 #include "panel/values/value_address.h"
 
@@ -25,6 +26,18 @@ int samplesEach(int channels, int most)
     while (samples * 2 <= most / std::max(channels, 1))
         samples *= 2;
     return samples;
+}
+
+/// A database holds a long number as a text.
+TrendSample sampleOf(const kx::RecordedEvent& event, int places)
+{
+    const QString& text = event.value.text;
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    if (!isNumber || !(event.value.isNumber || isLong(number, places)))
+        return {event.time, notANumber()};
+    return isLong(number, places) ? longSample(event.time, number, text, places)
+                                  : TrendSample(event.time, number);
 }
 
 } // namespace
@@ -55,8 +68,10 @@ bool TrendFileReader::open(const QString& path, QString* error)
         channel.station = tag.station;
         channel.address = tag.address;
         channel.unit = tag.unit;
-        channel.isDigital =
-            kx::parseValueAddress(tag.address, &range, &format, &fault) && isDigital(range, format);
+        if (kx::parseValueAddress(tag.address, &range, &format, &fault)) {
+            channel.isDigital = isDigital(range, format);
+            channel.places = placesOf(format);
+        }
         channel.store = std::make_shared<TrendStore>(samples);
         m_channels << channel;
     }
@@ -96,10 +111,9 @@ void TrendFileReader::take(const kx::RecordedEvent& event)
     m_range.to = std::max(m_range.to, event.time + 1);
     if (event.tag >= m_channels.size())
         return;
-    bool isNumber = event.value.isNumber;
-    const double number = isNumber ? event.value.text.toDouble(&isNumber) : 0;
-    const double value = event.isGap ? gapValue(event.reason) : isNumber ? number : notANumber();
-    m_channels.at(event.tag).store->append(event.time, value);
+    const TrendChannel& channel = m_channels.at(event.tag);
+    channel.store->append(event.isGap ? TrendSample(event.time, gapValue(event.reason))
+                                      : sampleOf(event, channel.places));
 }
 
 /// One axis cannot show a time twice, so all begin anew.

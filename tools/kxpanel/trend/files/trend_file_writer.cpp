@@ -1,11 +1,11 @@
 #include "kxpanel/trend/files/trend_file_writer.h"
 
+#include "kxpanel/trend/model/trend_number.h"
 #include "recording/recording_writer.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QLocale>
 #include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
 
@@ -32,14 +32,14 @@ QVector<TrendSample> samplesIn(const TrendStore& store, const TrendRange& range)
         return samples;
     for (const TrendSample& sample : store.samples(range.from, range.to)) {
         const bool endsAnother =
-            !samples.isEmpty() && samples.last().time < range.from && sample.time <= range.from;
+            !samples.isEmpty() && samples.last().time() < range.from && sample.time() <= range.from;
         if (endsAnother)
             samples.clear();
-        if (sample.time < range.to)
+        if (sample.time() < range.to)
             samples << sample;
     }
     if (!samples.isEmpty())
-        samples.first().time = std::max(samples.first().time, range.from);
+        samples.first().setTime(std::max(samples.first().time(), range.from));
     return samples;
 }
 
@@ -60,22 +60,21 @@ QVector<TrendRow> rowsOf(const QList<TrendChannel>& channels, const TrendRange& 
 QVector<TrendRow> inTime(QVector<TrendRow> rows)
 {
     std::stable_sort(rows.begin(), rows.end(), [](const TrendRow& one, const TrendRow& other) {
-        return one.sample.time < other.sample.time;
+        return one.sample.time() < other.sample.time();
     });
     return rows;
 }
 
-void record(const TrendRow& row, kx::RecordingWriter* writer)
+void record(const TrendRow& row, int places, kx::RecordingWriter* writer)
 {
     kx::GapReason reason = kx::GapReason::NotYetRead;
     const TrendSample& sample = row.sample;
     if (!sample.isGap())
-        writer->sample(sample.time, row.tag,
-                       {QString::number(sample.value, 'g', QLocale::FloatingPointShortest), true});
+        writer->sample(sample.time(), row.tag, {fileText(sample, places), true});
     else if (gapReasonOf(sample.value, &reason))
-        writer->gap(sample.time, row.tag, reason);
+        writer->gap(sample.time(), row.tag, reason);
     else
-        writer->sample(sample.time, row.tag, {QStringLiteral("nan"), false});
+        writer->sample(sample.time(), row.tag, {QStringLiteral("nan"), false});
 }
 
 /// One of two of the same station and address, by which a recording tells them apart.
@@ -97,7 +96,7 @@ bool writeRows(const QString& path, const TrendExport& gathered, QString* error)
     if (!writer->open(path, gathered.tags, error))
         return false;
     for (const TrendRow& row : inTime(gathered.rows))
-        record(row, writer.get());
+        record(row, gathered.places.at(row.tag), writer.get());
     const bool isWhole = writer->close();
     *error = writer->failure();
     return isWhole;
@@ -117,6 +116,7 @@ bool gatherTrend(const QString& path, const QList<TrendChannel>& channels, const
         shown << channel;
         gathered->tags << kx::RecordedTag{channel.tagName, channel.station, channel.address,
                                           channel.unit};
+        gathered->places << channel.places;
         gathered->isThinned |= channel.store->begin() < channel.store->exactSince()
                                && range.from < channel.store->exactSince();
     }
@@ -131,6 +131,8 @@ bool gatherTrend(const QString& path, const QList<TrendChannel>& channels, const
         return false;
     }
     gathered->rows = rowsOf(shown, range, now);
+    gathered->isRounded = std::any_of(gathered->rows.cbegin(), gathered->rows.cend(),
+                                      [](const TrendRow& row) { return row.sample.isRounded(); });
     return true;
 }
 

@@ -17,9 +17,12 @@ struct TrendExport {
     QString path;
     QList<kx::RecordedTag> tags;
     QVector<TrendRow> rows; ///< of one tag after the other
+    QList<int> places;      ///< placesOf() the tags' formats
     /// Part of it is so old that only the first, last, lowest and highest of several reads are
     /// left.
     bool isThinned = false;
+    /// Some numbers have more digits than are left of them.
+    bool isRounded = false;
 };
 
 /// Takes what the channels that are shown were in a range, with what held at its beginning.

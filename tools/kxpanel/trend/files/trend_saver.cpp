@@ -20,6 +20,7 @@ void TrendSaver::save(const TrendExport& recording)
 {
     m_path = recording.path;
     m_isThinned = recording.isThinned;
+    m_isRounded = recording.isRounded;
     m_error.clear();
     m_thread.reset(QThread::create([this, recording] { writeTrend(recording, &m_error); }));
     connect(m_thread.get(), &QThread::finished, this, &TrendSaver::finish);

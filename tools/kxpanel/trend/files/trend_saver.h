@@ -28,6 +28,7 @@ public:
     /// The one being saved, or saved last.
     const QString& path() const { return m_path; }
     bool isThinned() const { return m_isThinned; }
+    bool isRounded() const { return m_isRounded; }
 
 signals:
     /// @param error one line; empty when all is saved
@@ -39,6 +40,7 @@ private:
     std::unique_ptr<QThread> m_thread;
     QString m_path;
     bool m_isThinned = false;
+    bool m_isRounded = false;
     QString m_error; ///< the thread's until it has ended
 };
 

@@ -51,7 +51,7 @@ private:
 
     void addExtremes(double x, const TrendSpan& column)
     {
-        const bool isLowFirst = column.lowest.time <= column.highest.time;
+        const bool isLowFirst = column.lowest.time() <= column.highest.time();
         add(x, (isLowFirst ? column.lowest : column.highest).value);
         add(x, (isLowFirst ? column.highest : column.lowest).value);
     }

@@ -25,12 +25,12 @@ inline const TrendSpan& asSpan(const TrendSpan& span)
 
 inline qint64 timeOf(const TrendSample& sample)
 {
-    return sample.time;
+    return sample.time();
 }
 
 inline qint64 timeOf(const TrendSpan& span)
 {
-    return span.first.time;
+    return span.first.time();
 }
 
 /// Of the newest SPAN_GROWTH items.

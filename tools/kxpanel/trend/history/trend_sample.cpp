@@ -33,6 +33,15 @@ double notANumber()
     return nanWith(NOT_A_NUMBER);
 }
 
+bool TrendSample::isSame(const TrendSample& other) const
+{
+    quint64 mine = 0; // of gaps, too, which never equal
+    quint64 others = 0;
+    std::memcpy(&mine, &value, sizeof mine);
+    std::memcpy(&others, &other.value, sizeof others);
+    return mine == others && fine() == other.fine();
+}
+
 bool gapReasonOf(double gap, kx::GapReason* reason)
 {
     quint64 bits = 0;
@@ -54,9 +63,9 @@ void TrendSpan::add(const TrendSample& sample)
             gap = sample;
         return;
     }
-    if (!hasValues() || sample.value < lowest.value)
+    if (!hasValues() || sample.isBelow(lowest))
         lowest = sample;
-    if (!highest.isThere() || sample.value > highest.value)
+    if (!highest.isThere() || highest.isBelow(sample))
         highest = sample;
 }
 
@@ -73,9 +82,9 @@ void TrendSpan::add(const TrendSpan& later)
         gap = later.gap;
     if (!later.hasValues())
         return;
-    if (!hasValues() || later.lowest.value < lowest.value)
+    if (!hasValues() || later.lowest.isBelow(lowest))
         lowest = later.lowest;
-    if (!highest.isThere() || later.highest.value > highest.value)
+    if (!highest.isThere() || highest.isBelow(later.highest))
         highest = later.highest;
 }
 

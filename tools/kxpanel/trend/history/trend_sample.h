@@ -6,21 +6,63 @@
 #include "recording/recorded.h"
 
 #include <cmath>
-#include <limits>
 
 namespace kxpanel
 {
 
-const qint64 NO_TIME = std::numeric_limits<qint64>::min();
+/// Before all times, which may be as late as the year 9999.
+const qint64 NO_TIME = -(qint64(1) << 48);
 
 /// A value lasts until the next one, as does a gap.
-struct TrendSample {
-    qint64 time = NO_TIME; ///< NO_TIME: there is none
-    double value = 0;      ///< gapValue(): there is no value from now on
+class TrendSample
+{
+public:
+    /// The most that fine() tells, either way.
+    static constexpr int MOST_FINE = (1 << 14) - 1;
+    /// fine() of a number that has more digits than can be told.
+    static constexpr int ROUNDED = -MOST_FINE - 1;
 
-    bool isThere() const { return time != NO_TIME; }
+    TrendSample() = default;
+    TrendSample(qint64 time, double number, int fine = 0)
+        : value(number), m_place(placeOf(time) << FINE_BITS | quint64(fine - ROUNDED))
+    {
+    }
+
+    double value = 0; ///< gapValue(): there is no value from now on
+
+    /// NO_TIME: there is none.
+    qint64 time() const { return static_cast<qint64>(m_place >> FINE_BITS) + NO_TIME; }
+    void setTime(qint64 time) { *this = TrendSample(time, value, fine()); }
+    /// What a number of many digits is above `value`, in its last digit; else 0, or ROUNDED.
+    int fine() const { return static_cast<int>(m_place & FINE_MASK) + ROUNDED; }
+
+    bool isRounded() const { return fine() == ROUNDED; }
+    bool isThere() const { return m_place >> FINE_BITS != 0; }
     bool isGap() const { return std::isnan(value); }
-    void shift(qint64 milliseconds) { time += isThere() ? milliseconds : 0; }
+    /// Of two that are no gaps.
+    bool isBelow(const TrendSample& other) const
+    {
+        return value < other.value || (value == other.value && fine() < other.fine());
+    }
+    /// The same value, or gap.
+    bool isSame(const TrendSample& other) const;
+    void shift(qint64 milliseconds)
+    {
+        if (isThere())
+            setTime(time() + milliseconds);
+    }
+
+private:
+    static constexpr int FINE_BITS = 15; // beside the 49 of a time, so that it takes no memory
+    static constexpr quint64 FINE_MASK = (quint64(1) << FINE_BITS) - 1;
+
+    static quint64 placeOf(qint64 time)
+    {
+        return static_cast<quint64>(qBound(NO_TIME, time, -NO_TIME - 1) - NO_TIME);
+    }
+
+    quint64 m_place =
+        quint64(-ROUNDED); ///< milliseconds since NO_TIME, and fine() in the lowest bits
 };
 
 struct TrendRange {

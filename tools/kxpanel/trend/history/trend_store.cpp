@@ -3,7 +3,6 @@
 #include "kxpanel/trend/history/trend_rings.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace kxpanel
 {
@@ -13,32 +12,20 @@ namespace
 
 const int LEVELS = 5;
 
-quint64 bitsOf(double value)
-{
-    quint64 bits = 0;
-    std::memcpy(&bits, &value, sizeof bits);
-    return bits;
-}
-
-/// Of gaps, too, which never equal.
-bool isSame(double a, double b)
-{
-    return bitsOf(a) == bitsOf(b);
-}
-
 void addOnce(const TrendSample& sample, QVector<TrendSample>* samples)
 {
-    if (!sample.isThere() || (!samples->isEmpty() && sample.time < samples->last().time))
+    if (!sample.isThere() || (!samples->isEmpty() && sample.time() < samples->last().time()))
         return;
-    if (samples->isEmpty() || !isSame(samples->last().value, sample.value))
+    if (samples->isEmpty() || !samples->last().isSame(sample))
         *samples << sample;
 }
 
 void addSpan(const TrendSpan& span, QVector<TrendSample>* samples)
 {
     TrendSample kept[] = {span.first, span.lowest, span.highest, span.gap, span.last};
-    std::stable_sort(std::begin(kept) + 1, std::end(kept) - 1,
-                     [](const TrendSample& a, const TrendSample& b) { return a.time < b.time; });
+    std::stable_sort(
+        std::begin(kept) + 1, std::end(kept) - 1,
+        [](const TrendSample& a, const TrendSample& b) { return a.time() < b.time(); });
     for (const TrendSample& sample : kept)
         addOnce(sample, samples);
 }
@@ -50,11 +37,14 @@ TrendStore::TrendStore(int samples)
 {
 }
 
-void TrendStore::append(qint64 time, double value)
+void TrendStore::append(const TrendSample& sample)
 {
-    if (!isEmpty() && isSame(m_samples.at(m_samples.end() - 1).value, value))
+    if (!isEmpty() && m_samples.at(m_samples.end() - 1).isSame(sample))
         return;
-    m_samples.append({isEmpty() ? time : std::max(time, end()), value});
+    TrendSample next = sample;
+    if (!isEmpty() && sample.time() < end())
+        next.setTime(end());
+    m_samples.append(next);
     qint64 count = m_samples.end();
     for (int level = 0; level < LEVELS && count % SPAN_GROWTH == 0; ++level, count /= SPAN_GROWTH) {
         const std::size_t index = static_cast<std::size_t>(level);
@@ -83,17 +73,17 @@ qint64 TrendStore::begin() const
     if (isEmpty())
         return NO_TIME;
     qint64 next = 0;
-    return spanFrom(oldest(), oldest() + 1, &next).first.time;
+    return spanFrom(oldest(), oldest() + 1, &next).first.time();
 }
 
 qint64 TrendStore::exactSince() const
 {
-    return isEmpty() ? NO_TIME : m_samples.at(m_samples.first()).time;
+    return isEmpty() ? NO_TIME : m_samples.at(m_samples.first()).time();
 }
 
 qint64 TrendStore::end() const
 {
-    return isEmpty() ? NO_TIME : m_samples.at(m_samples.end() - 1).time;
+    return isEmpty() ? NO_TIME : m_samples.at(m_samples.end() - 1).time();
 }
 
 /// The number of the oldest sample that a span knows of.
@@ -133,7 +123,7 @@ qint64 TrendStore::numberFrom(const Place& before, qint64 time) const
         return oldest();
     const qint64 next = before.number + 1;
     const bool isAtTime = before.width == 1 && next < m_samples.end() && m_samples.keeps(next)
-                          && m_samples.at(next).time == time;
+                          && m_samples.at(next).time() == time;
     return isAtTime ? next : before.number;
 }
 

@@ -32,8 +32,9 @@ public:
 
     /// A read, in constant time. One that is earlier than the sample before takes that one's time:
     /// it was told late. Of a clock that was set back, shift() or clear() comes first.
+    void append(const TrendSample& sample);
     /// @param value gapValue() or notANumber() when there is none
-    void append(qint64 time, double value);
+    void append(qint64 time, double value) { append(TrendSample(time, value)); }
     void clear();
     /// Moves all that there is, in time that grows with it.
     void shift(qint64 milliseconds);

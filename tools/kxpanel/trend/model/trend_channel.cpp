@@ -1,6 +1,7 @@
 #include "kxpanel/trend/model/trend_channel.h"
 
 #include "kxpanel/tags/tag_list.h"
+#include "kxpanel/trend/model/trend_number.h"
 #include "panel/values/value_address.h"
 #include "registers/register_types.h"
 
@@ -43,6 +44,7 @@ void describe(const WatchedValue& value, TrendChannel* channel)
     channel->address = meaningOf(tag);
     channel->unit = tag.format.unit;
     channel->isDigital = isDigital(tag.range, tag.format);
+    channel->places = placesOf(tag.format);
 }
 
 void assignAxes(QList<TrendChannel>* channels)

@@ -36,6 +36,7 @@ struct TrendChannel {
     QString address; ///< with its format, without the station: "D100/float"
     QString unit;
     bool isDigital = false; ///< 0 or 1
+    int places = -1;        ///< placesOf() its format
     int look = 0;           ///< trendPen()
     bool isShown = true;
     TrendAxis wanted = TrendAxis::Automatic;

@@ -1,6 +1,6 @@
 #include "kxpanel/trend/model/trend_legend.h"
 
-#include "kxpanel/trend/model/trend_text.h"
+#include "kxpanel/trend/model/trend_number.h"
 
 namespace kxpanel
 {
@@ -43,8 +43,8 @@ QString trendValueText(const TrendChannel& channel, qint64 time, qint64 now)
         return QString();
     if (!span.hasValues())
         return gapReason(span.last);
-    const QString low = numberText(span.lowest.value);
-    const QString high = numberText(span.highest.value);
+    const QString low = numberText(span.lowest, channel.places);
+    const QString high = numberText(span.highest, channel.places);
     const QString values = low == high ? low : TrendLegend::tr("%1 to %2").arg(low, high);
     return span.hasGap() ? values + QLatin1Char(' ') + gapReason(span.gap) : values;
 }
@@ -118,14 +118,14 @@ QString TrendLegend::textOf(const TrendChannel& channel, int column) const
     case Second:
         return at(1);
     case Difference:
-        return differenceText(channel);
+        return textOfDifference(channel);
     default:
         return axisName(channel.axis);
     }
 }
 
 /// A number where both are one each, else why there is none.
-QString TrendLegend::differenceText(const TrendChannel& channel) const
+QString TrendLegend::textOfDifference(const TrendChannel& channel) const
 {
     if (!m_view->difference())
         return QString();
@@ -136,8 +136,8 @@ QString TrendLegend::differenceText(const TrendChannel& channel) const
     if (first.isEmpty() || second.isEmpty())
         return tr("(no value)");
     const bool areExact =
-        first.lowest.value == first.highest.value && second.lowest.value == second.highest.value;
-    return areExact ? numberText(second.last.value - first.last.value) : tr("(not exact)");
+        first.lowest.isSame(first.highest) && second.lowest.isSame(second.highest);
+    return areExact ? differenceText(first.last, second.last, channel.places) : tr("(not exact)");
 }
 
 QVariant TrendLegend::data(const QModelIndex& index, int role) const

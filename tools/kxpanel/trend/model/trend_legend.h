@@ -38,7 +38,7 @@ private:
     void onChannels();
     void onCursors();
     QString textOf(const TrendChannel& channel, int column) const;
-    QString differenceText(const TrendChannel& channel) const;
+    QString textOfDifference(const TrendChannel& channel) const;
 
     TrendChannels* m_channels;
     const TrendView* m_view;

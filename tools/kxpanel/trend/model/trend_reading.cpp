@@ -1,24 +1,41 @@
 #include "kxpanel/trend/model/trend_reading.h"
 
+#include "kxpanel/trend/model/trend_number.h"
 #include "panel/values/value_codec.h"
 
 namespace kxpanel
 {
 
-double numberOf(const Reading& reading, const kx::ValueFormat& format)
+namespace
+{
+
+/// With all digits, whatever of them is shown.
+QString wholeText(kx::ValueFormat format, const QList<qint64>& raw)
+{
+    format.decimals = -1;
+    return kx::valueText(format, raw);
+}
+
+} // namespace
+
+TrendSample sampleOf(const Reading& reading, const kx::ValueFormat& format, qint64 time)
 {
     double number = 0;
     switch (reading.state) {
     case kx::WatchState::NeverRead:
-        return gapValue(kx::GapReason::NotYetRead);
+        return {time, gapValue(kx::GapReason::NotYetRead)};
     case kx::WatchState::NoAnswer:
-        return gapValue(kx::GapReason::NoAnswer);
+        return {time, gapValue(kx::GapReason::NoAnswer)};
     case kx::WatchState::Refused:
-        return gapValue(kx::GapReason::Refused);
+        return {time, gapValue(kx::GapReason::Refused)};
     case kx::WatchState::Ok:
         break;
     }
-    return kx::valueNumber(format, reading.raw, &number) ? number : notANumber();
+    if (!kx::valueNumber(format, reading.raw, &number))
+        return {time, notANumber()};
+    const int places = placesOf(format);
+    return isLong(number, places) ? longSample(time, number, wholeText(format, reading.raw), places)
+                                  : TrendSample(time, number);
 }
 
 void takeReading(const Reading& reading, const kx::ValueFormat& format, qint64 now,
@@ -29,7 +46,7 @@ void takeReading(const Reading& reading, const kx::ValueFormat& format, qint64 n
         return;
     if (isRead)
         channel->readAt = reading.readAt;
-    channel->store->append(isRead ? reading.readAt : now, numberOf(reading, format));
+    channel->store->append(sampleOf(reading, format, isRead ? reading.readAt : now));
 }
 
 } // namespace kxpanel

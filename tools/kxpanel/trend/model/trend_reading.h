@@ -8,7 +8,7 @@ namespace kxpanel
 {
 
 /// The number that a reading shows, notANumber(), or the gap for the reason why there is none.
-double numberOf(const Reading& reading, const kx::ValueFormat& format);
+TrendSample sampleOf(const Reading& reading, const kx::ValueFormat& format, qint64 time);
 
 /// Takes a reading into a channel, unless it had that read already: a list that is edited makes
 /// all come again.

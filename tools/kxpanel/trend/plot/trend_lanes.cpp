@@ -1,7 +1,7 @@
 #include "kxpanel/trend/plot/trend_lanes.h"
 
 #include "kxpanel/trend/model/trend_colours.h"
-#include "kxpanel/trend/model/trend_text.h"
+#include "kxpanel/trend/model/trend_number.h"
 
 #include <qwt_plot.h>
 
@@ -50,8 +50,8 @@ QString labelOf(const TrendChannel& channel, const TrendView& view)
     if (!span.hasValues())
         return channel.name;
     return QStringLiteral("%1  %2 … %3 %4")
-        .arg(channel.name, numberText(span.lowest.value), numberText(span.highest.value),
-             channel.unit);
+        .arg(channel.name, numberText(span.lowest, channel.places),
+             numberText(span.highest, channel.places), channel.unit);
 }
 
 /// How much of the height of the plot's letters a lane has.

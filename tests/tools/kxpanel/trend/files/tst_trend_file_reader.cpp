@@ -37,7 +37,7 @@ QString samplesOf(const TrendChannel& channel)
         QString text = QString::number(sample.value);
         if (sample.isGap())
             text = kxpanel::gapReasonOf(sample.value, &reason) ? kx::gapText(reason) : "no number";
-        texts << QStringLiteral("%1 %2").arg(QString::number(sample.time - TEN), text);
+        texts << QStringLiteral("%1 %2").arg(QString::number(sample.time() - TEN), text);
     }
     return texts.join(", ");
 }
@@ -51,6 +51,7 @@ class TrendFileReaderTest : public QObject
 private slots:
     void aRecordingBecomesChannels();
     void whatWasSavedIsOpened();
+    void longNumbersComeBackToTheirLastDigit();
     void eachValueOfALongRecordingIsKept();
     void theLongestRecordingTakesBoundedMemory();
     void ofMoreThanThereIsRoomForSomeAreKept();
@@ -144,6 +145,33 @@ void TrendFileReaderTest::whatWasSavedIsOpened()
         QCOMPARE(again.store->between(TEN, TEN + 1).lowest.value, 0.30000000000000004);
         QCOMPARE(again.unit, QString("mm"));
     }
+}
+
+/// As tables and as databases, of which these have no whole numbers from 2^63 on.
+void TrendFileReaderTest::longNumbersComeBackToTheirLastDigit()
+{
+    const QByteArray rows =
+        "time,D1/u64@1,D5/s64*0.001@1,D9/u64@2,gaps\n"
+        "2026-11-23T10:00:00.000Z,9007199254740993,-9223372036854775.808,1000000000000000,\n"
+        "2026-11-23T10:00:01.000Z,18446744073709551615,0.001,10000000000000000000,\n"
+        "2026-11-23T10:00:02.000Z,18446744073709551614,9223372036854775.807,"
+        "12345678901234567890,\n"
+        "2026-11-23T10:00:02.001Z,,,,recorder stopped\n";
+    write(pathOf("long.csv"), rows);
+    QString from = pathOf("long.csv");
+    for (const char* const name : {"copy.sqlite", "copy.csv"}) {
+        TrendFileReader reader;
+        read(&reader, from);
+        QString error;
+        kxpanel::TrendExport gathered;
+        QVERIFY(kxpanel::gatherTrend(pathOf(name), reader.channels(), {TEN, TEN + 2001}, TEN + 9000,
+                                     &gathered, &error));
+        QVERIFY2(kxpanel::writeTrend(gathered, &error), qPrintable(error));
+        from = pathOf(name);
+    }
+    QFile copy(from);
+    QVERIFY(copy.open(QIODevice::ReadOnly));
+    QCOMPARE(copy.readAll(), rows);
 }
 
 /// The file has them, so zooming in shows them.

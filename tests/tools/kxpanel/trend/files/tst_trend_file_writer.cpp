@@ -52,6 +52,7 @@ private slots:
     void writesWhatIsShown();
     void theEndIsWhereNothingMoreIsKnown();
     void saysWhatIsThinned();
+    void saysWhatHasMoreDigits();
     void whatWasBeforeTheRangeStaysOutOfIt();
     void replacesAFile();
     void faults();
@@ -142,6 +143,24 @@ void TrendFileWriterTest::saysWhatIsThinned()
 
 /// Of old values spans are left, and a range begins within one: what was lowest before it was not
 /// so when it began.
+void TrendFileWriterTest::saysWhatHasMoreDigits()
+{
+    for (const int fine : {-1, kxpanel::TrendSample::ROUNDED}) {
+        TrendChannel counter = channelOf("", "D1/u64");
+        counter.places = 0;
+        counter.store->append({TEN, 1e19, fine});
+        kxpanel::TrendExport gathered;
+        QString error;
+        QVERIFY(kxpanel::gatherTrend(pathOf("long.csv"), {counter}, {TEN, TEN + 1}, TEN, &gathered,
+                                     &error));
+        QCOMPARE(gathered.isRounded, fine != -1);
+        QVERIFY2(kxpanel::writeTrend(gathered, &error), qPrintable(error));
+        QCOMPARE(contentOf(pathOf("long.csv")).split('\n').at(1),
+                 fine == -1 ? QByteArray("2026-11-23T10:00:00.000Z,9999999999999999999,")
+                            : QByteArray("2026-11-23T10:00:00.000Z,1e+19,"));
+    }
+}
+
 void TrendFileWriterTest::whatWasBeforeTheRangeStaysOutOfIt()
 {
     TrendChannel channel = channelOf("", "D1");

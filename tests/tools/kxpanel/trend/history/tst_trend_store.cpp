@@ -3,6 +3,7 @@
 #include <QtTest/QTest>
 
 #include <algorithm>
+#include <limits>
 #include <random>
 
 using kxpanel::TrendSample;
@@ -28,16 +29,17 @@ public:
     {
         TrendSpan span;
         for (int index = 0; index < m_samples.size(); ++index) {
-            const qint64 time = m_samples.at(index).time;
+            const qint64 time = m_samples.at(index).time();
             const bool isLast = index + 1 == m_samples.size();
-            const bool holdsAtFrom = time < from && (isLast || m_samples.at(index + 1).time > from);
+            const bool holdsAtFrom =
+                time < from && (isLast || m_samples.at(index + 1).time() > from);
             if (holdsAtFrom || (time >= from && time < to))
                 span.add(m_samples.at(index));
         }
         return span;
     }
 
-    qint64 time(int index) const { return m_samples.at(index).time; }
+    qint64 time(int index) const { return m_samples.at(index).time(); }
     int size() const { return static_cast<int>(m_samples.size()); }
 
 private:
@@ -53,7 +55,7 @@ qint64 below(std::mt19937* random, qint64 limit)
 
 QString textOf(const TrendSample& sample)
 {
-    return sample.isThere() ? QStringLiteral("%1@%2").arg(sample.value).arg(sample.time)
+    return sample.isThere() ? QStringLiteral("%1@%2").arg(sample.value).arg(sample.time())
                             : QStringLiteral("-");
 }
 
@@ -91,6 +93,8 @@ private slots:
     void losesNoExtremeWithAge();
     void columnsAtAnyRateHoldWhatWasRead_data();
     void columnsAtAnyRateHoldWhatWasRead();
+    void extremesOfLongNumbersAreThoseOfTheirLastDigits();
+    void timesToTheEndOfTheCalendar();
     void oneSpikeIsSeenAtEachZoom();
     void samplesOfOldTimesAreSomeThatWereRead();
     void memoryIsFlatOverAnHourOfAThousandValues();
@@ -190,7 +194,7 @@ void TrendStoreTest::allMovesWithTheClock()
     const QVector<TrendSample> others = moved.samples(0, 200000);
     QCOMPARE(others.size(), samples.size());
     for (int index = 0; index < samples.size(); ++index)
-        QCOMPARE(others.at(index).time, samples.at(index).time - 60000);
+        QCOMPARE(others.at(index).time(), samples.at(index).time() - 60000);
     moved.append(50000, 5); // goes on behind it
     QCOMPARE(moved.begin(), store.begin() - 60000);
     TrendStore empty;
@@ -300,6 +304,43 @@ void TrendStoreTest::columnsAtAnyRateHoldWhatWasRead()
     }
 }
 
+/// Where the double is the same for all.
+void TrendStoreTest::extremesOfLongNumbersAreThoseOfTheirLastDigits()
+{
+    TrendStore store(64);
+    for (int step = 0; step < 2000; ++step)
+        store.append(TrendSample(10 * step, 1e19, step == 30 ? -700 : step == 50 ? 900 : step % 5));
+    const TrendSpan all = store.between(0, 20000);
+    QCOMPARE(all.lowest.fine(), -700);
+    QCOMPARE(all.lowest.time(), qint64(300));
+    QCOMPARE(all.highest.fine(), 900);
+    QCOMPARE(all.highest.time(), qint64(500));
+    QCOMPARE(all.last.fine(), 4);
+    QCOMPARE(store.between(19990, 20000).lowest.fine(), 4);
+}
+
+void TrendStoreTest::timesToTheEndOfTheCalendar()
+{
+    const qint64 last = 253402300799999; // 9999-12-31T23:59:59.999Z
+    const TrendSample sample(last, -0.0, TrendSample::MOST_FINE);
+    QCOMPARE(sample.time(), last);
+    QCOMPARE(sample.fine(), 16383);
+    const TrendSample first(0, 1, -TrendSample::MOST_FINE);
+    QCOMPARE(first.time(), qint64(0));
+    QCOMPARE(first.fine(), -16383);
+    QVERIFY(first.isThere());
+    QVERIFY(!TrendSample().isThere());
+    QVERIFY(!TrendSample().isRounded());
+    TrendStore store;
+    store.append(0, 1);
+    store.append(last, 2);
+    QCOMPARE(store.end(), last);
+    store.shift(-1);
+    QCOMPARE(store.begin(), qint64(-1));
+    store.shift(std::numeric_limits<qint64>::max() / 2); // a clock that is set to nonsense
+    QVERIFY(store.end() > last);
+}
+
 void TrendStoreTest::oneSpikeIsSeenAtEachZoom()
 {
     TrendStore store(256);
@@ -315,7 +356,7 @@ void TrendStoreTest::oneSpikeIsSeenAtEachZoom()
         QVERIFY2(high >= 1, qPrintable(QString::number(step)));
         QCOMPARE(columns.at(50).highest.value, 1000.0);
     }
-    QCOMPARE(store.between(0, 400000).highest.time, spike);
+    QCOMPARE(store.between(0, 400000).highest.time(), spike);
 }
 
 void TrendStoreTest::samplesOfOldTimesAreSomeThatWereRead()
@@ -331,11 +372,11 @@ void TrendStoreTest::samplesOfOldTimesAreSomeThatWereRead()
     const QVector<TrendSample> samples = store.samples(0, 200000);
     qint64 before = -1;
     for (const TrendSample& sample : samples) {
-        QVERIFY(sample.time >= before);
-        QCOMPARE(sample.value, read.value(sample.time, -1));
-        before = sample.time;
+        QVERIFY(sample.time() >= before);
+        QCOMPARE(sample.value, read.value(sample.time(), -1));
+        before = sample.time();
     }
-    QCOMPARE(samples.last().time, qint64(199990));
+    QCOMPARE(samples.last().time(), qint64(199990));
     QVERIFY(samples.size() >= 64 + 4 * 16);
     QVERIFY(samples.size() < 64 + 5 * 4 * 32);
 }

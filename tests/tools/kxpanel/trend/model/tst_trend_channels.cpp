@@ -30,7 +30,7 @@ QString samplesOf(const TrendChannels& channels, int number)
         QString text = QString::number(sample.value);
         if (sample.isGap())
             text = kxpanel::gapReasonOf(sample.value, &reason) ? kx::gapText(reason) : "no number";
-        texts << QStringLiteral("%1 %2").arg(QString::number(sample.time), text);
+        texts << QStringLiteral("%1 %2").arg(QString::number(sample.time()), text);
     }
     return texts.join(", ");
 }

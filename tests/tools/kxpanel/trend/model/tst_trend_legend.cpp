@@ -46,6 +46,8 @@ private slots:
     void showsWhatIsAndWhatWas();
     void differenceNeedsTwoNumbers();
     void largeNumbersAreShownToTheirLastDigit();
+    void longNumbersAreExact_data();
+    void longNumbersAreExact();
     void aBoxHidesACurve();
     void aSelectionOutlivesNewValues();
     void oldValuesMayBeARange();
@@ -106,6 +108,85 @@ void TrendLegendTest::largeNumbersAreShownToTheirLastDigit()
     legend.view.setCursor(1, 3960);
     legend.channels.takeReadings({readingOf(numbers.at(0), 4294967292, 3955)}, 3955);
     QCOMPARE(legend.text(2, TrendLegend::Difference), QString("-3"));
+}
+
+void TrendLegendTest::longNumbersAreExact_data()
+{
+    using Words = QList<qint64>; // low first
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<Words>("first");
+    QTest::addColumn<Words>("second");
+    QTest::addColumn<QString>("firstText");
+    QTest::addColumn<QString>("secondText");
+    QTest::addColumn<QString>("difference");
+
+    const Words most = {0xFFFF, 0xFFFF, 0xFFFF, 0xFFFF};
+    QTest::newRow("a counter of 54 bits, one on")
+        << "D10@1/u64" << Words{0, 0, 0, 0x20} << Words{1, 0, 0, 0x20} << "9007199254740992"
+        << "9007199254740993"
+        << "1";
+    QTest::newRow("the highest, one less")
+        << "D10@1/u64" << Words{0xFFFE, 0xFFFF, 0xFFFF, 0xFFFF} << most << "18446744073709551614"
+        << "18446744073709551615"
+        << "1";
+    QTest::newRow("from the highest to 0")
+        << "D10@1/u64" << most << Words{0, 0, 0, 0} << "18446744073709551615"
+        << "0"
+        << "-18446744073709551615";
+    QTest::newRow("the lowest of all with a sign, and the highest")
+        << "D10@1/s64" << Words{0, 0, 0, 0x8000} << Words{0xFFFF, 0xFFFF, 0xFFFF, 0x7FFF}
+        << "-9223372036854775808"
+        << "9223372036854775807"
+        << "18446744073709551615";
+    QTest::newRow("scaled, with an offset")
+        << "D10@1/u64*0.001+0.0005" << Words{0xFFFE, 0xFFFF, 0xFFFF, 0xFFFF} << most
+        << "18446744073709551.6145"
+        << "18446744073709551.6155"
+        << "0.001";
+    QTest::newRow("turned round") << "D10@1/u64*-0.5" << Words{0xFFFE, 0xFFFF, 0xFFFF, 0xFFFF}
+                                  << most << "-9223372036854775807"
+                                  << "-9223372036854775807.5"
+                                  << "-0.5";
+    QTest::newRow("sixteen digits, which a double has")
+        << "D10@1/u64" << Words{0x7FFF, 0xA4C6, 0x8D7E, 3} << Words{0x8000, 0xA4C6, 0x8D7E, 3}
+        << "999999999999999"
+        << "1000000000000000"
+        << "1";
+    QTest::newRow("a counter of 32 bits with a long scale")
+        << "D10@1/u32*0.12345678" << Words{0xFFFE, 0xFFFF} << Words{0xFFFF, 0xFFFF}
+        << "530242832.32255332"
+        << "530242832.4460101"
+        << "0.12345678";
+    QTest::newRow("a difference of digits far behind the point")
+        << "D10@1/s32*0.0001" << Words{0x0001, 0x7000} << Words{0x0003, 0x7000} << "187904.8193"
+        << "187904.8195"
+        << "0.0002";
+    QTest::newRow("more digits than there is room for")
+        << "D10@1/u64*1234.567" << most << Words{0, 0, 0, 0}
+        << QString(QChar(0x2248)) + "2.27737414908474e+22"
+        << "0" << QString(QChar(0x2248)) + "-2.27737414908474e+22";
+}
+
+void TrendLegendTest::longNumbersAreExact()
+{
+    QFETCH(QString, address);
+    QFETCH(QList<qint64>, first);
+    QFETCH(QList<qint64>, second);
+    Legend legend;
+    const QList<int> numbers = legend.tags.insert(2, {tagOf("Long", address.toLatin1())});
+    legend.channels.add(numbers);
+    kxpanel::Reading reading = readingOf(numbers.at(0), 0, 3000);
+    reading.raw = first;
+    legend.channels.takeReadings({reading}, 3000);
+    reading.raw = second;
+    reading.readAt = 3500;
+    legend.channels.takeReadings({reading}, 3500);
+    legend.view.setCursor(0, 3100);
+    legend.view.setCursor(1, 3600);
+    QTEST(legend.text(2, TrendLegend::First), "firstText");
+    QTEST(legend.text(2, TrendLegend::Second), "secondText");
+    QTEST(legend.text(2, TrendLegend::Now), "secondText");
+    QTEST(legend.text(2, TrendLegend::Difference), "difference");
 }
 
 void TrendLegendTest::aBoxHidesACurve()

@@ -44,11 +44,11 @@ private slots:
         channel.readAt = 4000; // the same value
         shelf.put(channel, 0, TrendShelf::Return::WhenAsked);
         const kxpanel::TrendSpan kept = channel.store->between(0, 9000);
-        QCOMPARE(kept.gap.time, qint64(4001));
+        QCOMPARE(kept.gap.time(), qint64(4001));
         shelf.shift(-500);
         const TrendChannel back = *shelf.take(channel);
         QCOMPARE(back.readAt, qint64(3500));
-        QCOMPARE(back.store->between(0, 9000).gap.time, qint64(3501));
+        QCOMPARE(back.store->between(0, 9000).gap.time(), qint64(3501));
     }
 
     void thoseThatComeBackAloneAreInTheirOrder()
