@@ -13,6 +13,7 @@ namespace
 
 const char QUOTE = '"';
 const char ESCAPE = '\\';
+const int DEEPEST = 1024; // objects in each other that Qt reads
 
 /// @param begin of a text, which is its quote
 /// @return behind the quote that ends it
@@ -43,7 +44,7 @@ QString textOf(const QByteArray& quoted)
 int repeatedMember(const QByteArray& text, QString* name)
 {
     QVector<QSet<QString>> names; // of the objects around, and empty ones of arrays
-    for (int at = 0; at < text.size(); ++at) {
+    for (int at = 0; at < text.size() && names.size() <= DEEPEST; ++at) {
         const char character = text.at(at);
         if (character == '{' || character == '[') {
             names.append(QSet<QString>());

@@ -9,7 +9,7 @@ namespace kxpanel
 
 /// Finds the first member whose name its object has already: a reader takes the last one and says
 /// nothing.
-/// @param text is JSON
+/// @param text JSON, which may be broken or deeper than Qt reads; then it is looked at so far
 /// @return where its name begins, in bytes; negative: there is none
 int repeatedMember(const QByteArray& text, QString* name);
 

@@ -45,24 +45,25 @@ QString placeOf(const QByteArray& text, qint64 offset)
 /// The whole, which says itself a project of a version that is known.
 bool parseWhole(const QByteArray& text, QJsonObject* whole, QStringList* faults)
 {
+    QString name;
+    const int twice = repeatedMember(text, &name);
+    if (twice >= 0) { // before Qt reads it, which would keep the memory of the first one for ever
+        *faults << placeOf(text, twice + 1) + QLatin1String(": ")
+                       + translated(QT_TRANSLATE_NOOP("kxpanel::Project",
+                                                      "the member '%1' is there twice"))
+                             .arg(name);
+        return false;
+    }
     QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    *whole = QJsonDocument::fromJson(text, &error).object();
     const int zero = static_cast<int>(text.indexOf('\0'));
     if (zero >= 0 && error.error == QJsonParseError::NoError) {
         error.error = QJsonParseError::IllegalValue; // Qt takes it and does not give it back
         error.offset = zero + 1;
     }
-    QString name;
-    const int twice = error.error == QJsonParseError::NoError ? repeatedMember(text, &name) : -1;
-    *whole = document.object();
     const QJsonValue version = whole->value(member("version"));
     if (error.error != QJsonParseError::NoError)
         *faults << placeOf(text, error.offset) + QLatin1String(": ") + error.errorString();
-    else if (twice >= 0)
-        *faults << placeOf(text, twice + 1) + QLatin1String(": ")
-                       + translated(QT_TRANSLATE_NOOP("kxpanel::Project",
-                                                      "the member '%1' is there twice"))
-                             .arg(name);
     else if (whole->value(member("format")).toString() != QLatin1String(FORMAT))
         *faults << translated(
             QT_TRANSLATE_NOOP("kxpanel::Project", "format: this is no project of kxpanel"));

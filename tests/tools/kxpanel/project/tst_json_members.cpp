@@ -39,6 +39,10 @@ void JsonMembersTest::findsTheFirst_data()
     row("a text with quotes", R"({"a":"\",\"a\":","b":"}"})", -1, "");
     row("a text that ends with a backslash", R"({"a":"\\","a":2})", 10, "a");
     row("written in two ways", R"({"pr\u00fcfen":1,"prüfen":2})", 17, "prüfen");
+    row("broken behind it", R"({"a":1,"a":)", 7, "a");
+    row("without an end", R"({"a":1,"a)", -1, "");
+    QTest::newRow("deeper than can be read")
+        << QByteArray(R"({"a":)").repeated(100000) + R"("b":1,"b":2)" << -1 << "";
     row("names that differ in case", R"({"a":1,"A":2})", -1, "");
 }
 

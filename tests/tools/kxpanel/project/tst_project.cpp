@@ -137,6 +137,11 @@ void ProjectTest::refuses_data()
     row("a member that is there twice, once in other letters",
         project(R"("later": {"baud": 1, "b\u0061ud": 2})"),
         "line 1, column 66: the member 'baud' is there twice");
+    row("a member that is there twice, which is why it is broken",
+        "{\"tags\": [{\"name\": \"A\",\n  \"name\": \"B\"}],\n}",
+        "line 2, column 3: the member 'name' is there twice");
+    row("more in each other than can be read", QByteArray(100000, '['),
+        "line 1, column 1025: too deeply nested document");
     row("another file", "{\"some\": 1}", "format: this is no project of kxpanel");
     row("an array", "[1]", "format: this is no project of kxpanel");
     row("no version", R"({"format": "kxpanel project"})", "version: must be a number, 1 or more");
