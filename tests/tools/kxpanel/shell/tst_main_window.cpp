@@ -1,6 +1,7 @@
 // The whole window, by keyboard and mouse, with kxsim as a process.
 
 #include "kxpanel/connect/connection_bar.h"
+#include "kxpanel/grid/watch_table.h"
 #include "kxpanel/machine/machine_thread.h"
 #include "kxpanel/project/connection_json.h"
 #include "kxpanel/project/project.h"
@@ -14,6 +15,8 @@
 #include "tools/kxsim/kxsim_process.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
 #include <QtCore/QMimeData>
 #include <QtCore/QSet>
 #include <QtCore/QSettings>
@@ -46,6 +49,7 @@ private slots:
     void aTypedAddressIsRead();
     void aLostLineComesBack();
     void aProjectIsSavedAndOpened();
+    void whatALaterProgramKeepsStays();
     void theDemonstrationIsWhole();
     void aFileDroppedOnThePagesIsOpened();
     void aBrokenProjectIsSaidInside();
@@ -208,6 +212,59 @@ void MainWindowTest::aProjectIsSavedAndOpened()
     QCOMPARE(m_window->connectionBar()->options().timing.baud, 19200);
     QTest::qWait(300);
     QVERIFY(!m_window->isWindowModified()); // reading it changed nothing
+}
+
+/// Through opening, an edit that is undone, and saving.
+void MainWindowTest::whatALaterProgramKeepsStays()
+{
+    const QByteArray text = R"({"format": "kxpanel project", "version": 1,
+        "later": {"of the project": [1, 9007199254740991, 0.1, null]},
+        "connection": {"port": "/dev/ttyUSB0", "later": "of the line"},
+        "tags": [{"name": "A", "address": "D0", "later": "of A"},
+                 {"name": "B", "address": "D1", "later": "of B"}],
+        "pages": {"unheard": {"later": 6},
+                  "watch": {"later": 1, "filter": {"text": ""}},
+                  "line": {"later": 2}, "frames": {"later": 3}, "health": {"later": 4},
+                  "recipes": {"later": 5}}})";
+    const QString path = m_folder.filePath("later.kxpanel");
+    const auto whole = [&path] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object()
+                                              : QJsonObject();
+    };
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(text), qint64(text.size()));
+    file.close();
+    const QJsonObject before = whole();
+    m_window->begin(WindowOptions());
+    m_window->project()->open(path);
+    QCOMPARE(m_window->messages()->text(), QString());
+
+    auto* const table = m_window->findChild<WatchTable*>();
+    table->select({m_window->tags()->values().at(0).number});
+    table->setFocus();
+    QTest::keyClick(table, Qt::Key_Delete);
+    QCOMPARE(m_window->tags()->size(), 1);
+    action("Undo")->trigger();
+    QCOMPARE(m_window->tags()->size(), 2);
+    m_window->tags()->insert(1, {watched(1, "D7").tag});
+    m_window->project()->save();
+    QCOMPARE(m_window->messages()->text(), QString());
+
+    const QJsonObject after = whole();
+    QCOMPARE(after["later"], before["later"]);
+    QCOMPARE(after["connection"].toObject()["later"].toString(), QString("of the line"));
+    const QJsonArray tags = after["tags"].toArray();
+    QCOMPARE(tags.size(), 3);
+    QCOMPARE(tags.at(0).toObject()["later"].toString(), QString("of A"));
+    QVERIFY(!tags.at(1).toObject().contains("later"));
+    QCOMPARE(tags.at(2).toObject()["later"].toString(), QString("of B"));
+    const QJsonObject pages = before["pages"].toObject();
+    for (auto page = pages.begin(); page != pages.end(); ++page) {
+        const QJsonObject kept = after["pages"].toObject()[page.key()].toObject();
+        QVERIFY2(kept["later"] == page.value().toObject()["later"], qPrintable(page.key()));
+    }
 }
 
 void MainWindowTest::theDemonstrationIsWhole()
