@@ -30,6 +30,12 @@ bool ProjectFile::save(const QString& path, const Project& project, QString* err
     if (!m_seen.mayReplace(path, error))
         return false;
     const QByteArray text = projectText(project);
+    if (text.size() > kx::LARGEST_TEXT_FILE) {
+        *error = tr("%1: would be larger than %2 MiB, the most that can be opened again; leave "
+                    "values out or shorten comments")
+                     .arg(path, QString::number(kx::LARGEST_TEXT_FILE / 1024 / 1024));
+        return false;
+    }
     if (!kx::replaceFile(path, text, error))
         return false;
     m_seen.see(path, text);

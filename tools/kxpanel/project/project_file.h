@@ -29,7 +29,7 @@ public:
     ///         changes then
     bool open(const QString& path, Project* project, QStringList* faults);
     /// Replaces the file as a whole, or leaves it as it was: also the first time after another
-    /// program has changed what was opened or saved here.
+    /// program has changed what was opened or saved here, and when it could not be opened again.
     /// @return false and one line in `*error` that begins with the path
     bool save(const QString& path, const Project& project, QString* error);
     /// A project without a file.

@@ -1690,6 +1690,13 @@
     </message>
 </context>
 <context>
+    <name>kxpanel::ProjectFile</name>
+    <message>
+        <source>%1: would be larger than %2 MiB, the most that can be opened again; leave values out or shorten comments</source>
+        <translation>%1: wäre größer als %2 MiB, die sich höchstens wieder öffnen lassen; Werte weglassen oder Kommentare kürzen</translation>
+    </message>
+</context>
+<context>
     <name>kxpanel::ProjectKeeper</name>
     <message>
         <source>unnamed project</source>

@@ -1,5 +1,6 @@
 #include "kxpanel/project/project_file.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QSignalSpy>
@@ -15,6 +16,8 @@ private slots:
     void tellsWhatIsUnsaved();
     void aBrokenFileChangesNothing();
     void aFileThatCannotBeWrittenStaysUnsaved();
+    void whatCouldNotBeOpenedIsNotWritten();
+    void aLinkStaysOne();
     void whatAnotherWindowSavedIsNotReplacedUnseen();
     void aFileThatIsGoneIsMadeAgain();
 };
@@ -101,6 +104,51 @@ void ProjectFileTest::aFileThatCannotBeWrittenStaysUnsaved()
     QVERIFY(!error.isEmpty());
     QVERIFY(file.isChanged());
     QCOMPARE(file.path(), QString());
+}
+
+void ProjectFileTest::whatCouldNotBeOpenedIsNotWritten()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.kxpanel"));
+    const int rest = 150; // of what stands around the text
+    Project project;
+    ProjectFile file;
+    QString error;
+    QStringList faults;
+    project.extra[QLatin1String("long")] = QString(16 * 1024 * 1024 - rest, QLatin1Char('a'));
+    QVERIFY2(file.save(path, project, &error), qPrintable(error));
+    QVERIFY(ProjectFile().open(path, &project, &faults));
+    project.extra[QLatin1String("long")] = QString(16 * 1024 * 1024, QLatin1Char('b'));
+    file.note(project);
+    QVERIFY(!file.save(path, project, &error));
+    QCOMPARE(error, path
+                        + ": would be larger than 16 MiB, the most that can be opened again; leave "
+                          "values out or shorten comments");
+    QVERIFY(file.isChanged());
+    QVERIFY(ProjectFile().open(path, &project, &faults)); // as it was
+    QCOMPARE(project.extra[QLatin1String("long")].toString().at(0), QChar('a'));
+}
+
+/// Also one that another program put there since, and the file may be elsewhere.
+void ProjectFileTest::aLinkStaysOne()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("link.kxpanel"));
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("shared")));
+    QVERIFY(QFile::link(QStringLiteral("shared/line3.kxpanel"), path)); // which is not there yet
+    Project project;
+    ProjectFile file;
+    QString error;
+    QStringList faults;
+    for (const int station : {7, 8}) {
+        project.connection.station = station;
+        QVERIFY2(file.save(path, project, &error), qPrintable(error));
+        QVERIFY(QFileInfo(path).isSymLink());
+        Project read;
+        QVERIFY(ProjectFile().open(folder.filePath(QStringLiteral("shared/line3.kxpanel")), &read,
+                                   &faults));
+        QCOMPARE(read.connection.station, station);
+    }
 }
 
 // Else the last one to save takes away what the others did, and nobody is told.
