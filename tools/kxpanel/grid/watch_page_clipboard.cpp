@@ -33,6 +33,11 @@ QLocale localeOf(const QMimeData* copied)
     return isOwn ? QLocale::c() : ofTheDesktop();
 }
 
+CellNotes notesOfClipboard()
+{
+    return CellNotes([] { return QApplication::clipboard()->mimeData()->html(); });
+}
+
 } // namespace
 
 void WatchPage::copySelected()
@@ -64,7 +69,7 @@ void WatchPage::paste()
     QList<kx::Tag> tags;
     QString fault;
     const QLocale locale = localeOf(clipboard.mimeData());
-    if (parseTagsText(text, m_addLine->station(), &tags, &fault, locale))
+    if (parseTagsText(text, m_addLine->station(), &tags, &fault, locale, notesOfClipboard()))
         addTags(tags, qMin(m_table->currentModelRow() + 1, m_model->rowCount()));
     else if (!pasteValues(text))
         say(tr("Nothing pasted: %1").arg(fault), true);
@@ -91,13 +96,18 @@ bool WatchPage::askToPaste(const QString& text, QString* fault)
         return false;
     const int count = static_cast<int>(texts.size());
     QList<QPair<WatchedValue, QString>> values;
+    CellNotes notes = notesOfClipboard();
     for (const int number : rowsForValues(count)) {
         const WatchedValue& value = *m_context.tags->find(number);
-        const QString& cell = texts.at(count == 1 ? 0 : static_cast<int>(values.size()));
+        const int row = count == 1 ? 0 : static_cast<int>(values.size());
+        const QString& cell = texts.at(row);
         *fault = thousandsFault(value.tag, cell, ofTheDesktop());
-        if (!fault->isEmpty())
+        const std::optional<QString> typed = fault->isEmpty()
+                                                 ? typedValue(value.tag, cell, ofTheDesktop())
+                                                 : notes.numberIn(row, {cell}, 0);
+        if (!typed)
             return false;
-        values << qMakePair(value, typedValue(value.tag, cell, ofTheDesktop()));
+        values << qMakePair(value, *typed);
     }
     *fault = tr("%n values for other rows: select as many, or the first of them", nullptr, count);
     return !values.isEmpty() && m_writeBar->askEach(values, fault);

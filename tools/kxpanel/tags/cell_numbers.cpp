@@ -10,6 +10,8 @@ namespace kxpanel
 namespace
 {
 
+const QLatin1Char POINT('.');
+
 bool mayHaveThousands(const QString& cell, const QLocale& locale)
 {
     static const QRegularExpression number(QStringLiteral("\\A[-+]?[1-9][0-9]{0,2}\\.[0-9]{3}\\z"));
@@ -31,10 +33,12 @@ QString thousandsFault(const QString& cell, const QLocale& locale)
 {
     if (!mayHaveThousands(cell, locale))
         return QString();
+    const QString decimal = QString(cell).replace(POINT, QLatin1Char(','));
+    const QString whole = QString(cell).remove(POINT);
     return QCoreApplication::translate("kxpanel::Cells",
-                                       "the point in %1 may stand for thousands; let the "
-                                       "spreadsheet show no thousands, or type the value")
-        .arg(cell);
+                                       "the point in %1 may stand for thousands; write %2 or %3 "
+                                       "in the spreadsheet")
+        .arg(cell, decimal, whole);
 }
 
 } // namespace kxpanel

@@ -89,32 +89,54 @@ bool isComment(const QStringList& cells)
     return cells.first().startsWith(QLatin1Char('#')) && isEmptyRow(cells.mid(1));
 }
 
-/// Cells below a header as a tags file's fields; why not in `*reason`.
-QStringList fileFields(const QStringList& cells, const QStringList& header, const QLocale& locale,
-                       QString* reason)
+/// Reads cells below a header as a tags file's fields.
+class FieldReader
 {
-    QStringList fields;
-    for (const QString& cell : cells) {
-        const QString field = inOneLine(cell);
-        if (!isOfNumbers(header.value(static_cast<int>(fields.size())))) {
-            fields << field;
-            continue;
-        }
-        if (reason->isEmpty())
-            *reason = thousandsFault(field.trimmed(), locale);
-        fields << withDecimalPoint(field.trimmed(), locale);
+public:
+    FieldReader(const QStringList& header, const QLocale& locale, CellNotes notes)
+        : m_header(header), m_locale(locale), m_notes(std::move(notes))
+    {
     }
-    return fields;
-}
+
+    /// @param row from 0
+    /// @param reason why not all can be read; else unchanged
+    QStringList fieldsOf(int row, const QStringList& cells, QString* reason)
+    {
+        QStringList fields;
+        for (const QString& cell : cells) {
+            const int column = static_cast<int>(fields.size());
+            const QString field = inOneLine(cell);
+            fields << (isOfNumbers(m_header.value(column)) ? numberOf(row, cells, column, reason)
+                                                           : field);
+        }
+        return fields;
+    }
+
+private:
+    QString numberOf(int row, const QStringList& cells, int column, QString* reason)
+    {
+        const QString field = inOneLine(cells.at(column)).trimmed();
+        const QString fault = thousandsFault(field, m_locale);
+        if (fault.isEmpty())
+            return withDecimalPoint(field, m_locale);
+        const std::optional<QString> number = m_notes.numberIn(row, cells, column);
+        if (!number && reason->isEmpty())
+            *reason = fault;
+        return number.value_or(field);
+    }
+
+    QStringList m_header;
+    QLocale m_locale;
+    CellNotes m_notes;
+};
 
 /// Rows below a header as a tags file with tabs; a row of a comment alone is none.
-bool fileOfRows(const QList<QStringList>& rows, const QStringList& header, const QLocale& locale,
-                QString* text, QString* fault)
+bool fileOfRows(const QList<QStringList>& rows, FieldReader reader, QString* text, QString* fault)
 {
     for (int i = 0; i < rows.size(); ++i) {
         QString reason;
         const QStringList cells = isComment(rows.at(i)) ? QStringList() : rows.at(i);
-        *text += cellsText(fileFields(cells, header, locale, &reason));
+        *text += cellsText(reader.fieldsOf(i, cells, &reason));
         if (!reason.isEmpty()) {
             *fault = rowFault(i + 1, reason);
             return false;
@@ -181,7 +203,7 @@ QByteArray tagsFileText(const QList<kx::Tag>& tags)
 }
 
 bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault,
-                   const QLocale& locale)
+                   const QLocale& locale, CellNotes notes)
 {
     QList<QStringList> rows;
     if (!parseCells(text, &rows, fault))
@@ -194,7 +216,8 @@ bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QStri
     if (!hasHeader(first))
         return tagsOfRows(rows, station, tags, fault);
     QString file;
-    return fileOfRows(rows, first, locale, &file, fault) && parseFile(file, station, tags, fault);
+    return fileOfRows(rows, FieldReader(first, locale, std::move(notes)), &file, fault)
+           && parseFile(file, station, tags, fault);
 }
 
 } // namespace kxpanel

@@ -2,6 +2,7 @@
 #ifndef KX_KXPANEL_TAGS_TAG_TEXT_H
 #define KX_KXPANEL_TAGS_TAG_TEXT_H
 
+#include "kxpanel/tags/cell_notes.h"
 #include "panel/files/tags_file.h"
 
 #include <QtCore/QLocale>
@@ -36,11 +37,11 @@ QByteArray tagsFileText(const QList<kx::Tag>& tags);
 /// with an address: what stands before it is the name, what stands behind it the comment. Where
 /// more cells could be an address, it is the one of the column that has addresses in all rows.
 /// @param locale of the spreadsheet: numbers below a header may have its decimal comma, and are
-///        refused where they may have points between thousands; QLocale::c() where the rows are
-///        the program's own
+///        refused where they may have points between thousands and `notes` do not tell;
+///        QLocale::c() where the rows are the program's own
 /// @return false and one line in `*fault` that names the row
 bool parseTagsText(const QString& text, int station, QList<kx::Tag>* tags, QString* fault,
-                   const QLocale& locale = QLocale::c());
+                   const QLocale& locale = QLocale::c(), CellNotes notes = CellNotes());
 
 } // namespace kxpanel
 

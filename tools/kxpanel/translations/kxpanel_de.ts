@@ -320,8 +320,8 @@
         <translation>Zeile %1 ist leer</translation>
     </message>
     <message>
-        <source>the point in %1 may stand for thousands; let the spreadsheet show no thousands, or type the value</source>
-        <translation>der Punkt in %1 kann für Tausender stehen; ohne Tausenderpunkte kopieren oder den Wert eintippen</translation>
+        <source>the point in %1 may stand for thousands; write %2 or %3 in the spreadsheet</source>
+        <translation>der Punkt in %1 kann Tausender trennen; in der Tabelle %2 oder %3 schreiben</translation>
     </message>
     <message>
         <source>row %1: a quote is not closed</source>

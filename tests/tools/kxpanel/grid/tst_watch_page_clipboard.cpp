@@ -27,6 +27,7 @@ private slots:
     void decimalCommasOfTheDesktopAreTaken();
     void aTextIsPastedOnCellsOfValuesAlone();
     void thousandsAreNotTakenForDecimals();
+    void whatASpreadsheetSaysOfAPointIsTaken();
     void copiedLimitsAreTakenAsTheyAre();
     void valuesThatDoNotFitAreNotPasted_data();
     void valuesThatDoNotFitAreNotPasted();
@@ -168,13 +169,55 @@ void WatchPageClipboardTest::thousandsAreNotTakenForDecimals()
     QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
     QVERIFY(!bar->isVisible());
     QCOMPARE(message().mid(2),
-             QStringLiteral("Nothing pasted: the point in 1.234 may stand for thousands; let the "
-                            "spreadsheet show no thousands, or type the value"));
+             QStringLiteral("Nothing pasted: the point in 1.234 may stand for thousands; write "
+                            "1,234 or 1234 in the spreadsheet"));
     QApplication::clipboard()->setText(QStringLiteral("name\taddress\tmax\nFlow\tD7\t1.234\n"));
     QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(m_tags->size(), 2);
     QVERIFY2(message().contains(QLatin1String("Nothing pasted: row 2: the point in 1.234 may ")),
              qPrintable(message()));
+}
+
+/// As a spreadsheet in German gives back rows that were copied here, beside a number with points
+/// between its thousands.
+void WatchPageClipboardTest::whatASpreadsheetSaysOfAPointIsTaken()
+{
+    const auto copy = [](const QString& text, const QString& markup) {
+        auto* const data = new QMimeData; // the clipboard's
+        data->setText(text);
+        data->setHtml(markup);
+        QApplication::clipboard()->setMimeData(data);
+    };
+    m_tags->setValues({{1, tagOf("D0/float", "Flow")}, {2, tagOf("D2/float", "Return")}});
+    copy("name\taddress\tscale\tmax\nLevel\tD7\t2.125\t16.125\n",
+         R"(<table cellspacing="0" border="0">
+	<colgroup span="4" width="89"></colgroup>
+	<tr>
+		<td height="18" align="left" sdnum="1031;0;@"><font face="DejaVu Serif">name</font></td>
+		<td align="left" sdnum="1031;0;@"><font face="DejaVu Serif">address</font></td>
+		<td align="left" sdnum="1031;0;@"><font face="DejaVu Serif">scale</font></td>
+		<td align="left" sdnum="1031;0;@"><font face="DejaVu Serif">max</font></td>
+	</tr>
+	<tr>
+		<td height="18" align="left" sdnum="1031;0;@"><font face="DejaVu Serif">Level</font></td>
+		<td align="left" sdnum="1031;0;@"><font face="DejaVu Serif">D7</font></td>
+		<td align="left" sdnum="1031;0;@"><font face="DejaVu Serif">2.125</font></td>
+		<td align="right" sdval="16125" sdnum="1031;0;#.##0">16.125</td>
+	</tr>
+</table>)");
+    m_table->select({1, 2});
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QVERIFY2(m_tags->size() == 3, qPrintable(message()));
+    QCOMPARE(typedText(m_tags->values().at(1).tag), QStringLiteral("D7@1/*2.125,max=16125"));
+
+    copy("2.125\n1.234\n", R"(<table><tr><td sdnum="1031;0;@">2.125</td></tr>
+                               <tr><td sdval="1234" sdnum="1031;0;#.##0">1.234</td></tr></table>)");
+    m_table->select({1, 2});
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    auto* const bar = m_page->findChild<WriteBar*>();
+    QVERIFY2(bar->isVisible(), qPrintable(message()));
+    QCOMPARE(bar->findChildren<QLabel*>().first()->text(),
+             QStringLiteral("Write 2 values of station 1: Flow = 2.125, Return = 1234."));
 }
 
 void WatchPageClipboardTest::copiedLimitsAreTakenAsTheyAre()

@@ -202,15 +202,20 @@ void TagTextTest::thousandsAreNotTakenForDecimals_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("doubtful"); // row and cell
+    QTest::addColumn<QString>("instead");
     QTest::newRow("a limit") << "name\taddress\tmax\nPump\tD0\t1.23\nFlow\tD1\t1.234\n"
-                             << "row 3: the point in 1.234";
+                             << "row 3: the point in 1.234"
+                             << "1,234 or 1234";
     QTest::newRow("a lower one, behind a comment")
         << "name\taddress\tmin\n# tank 2\nFlow\tD0\t-12.500\n"
-        << "row 3: the point in -12.500";
+        << "row 3: the point in -12.500"
+        << "-12,500 or -12500";
     QTest::newRow("a scale") << "name\tscale\taddress\nFlow\t 2.000 \tD0\n"
-                             << "row 2: the point in 2.000";
+                             << "row 2: the point in 2.000"
+                             << "2,000 or 2000";
     QTest::newRow("an offset below an empty row") << "\nname\taddress\toffset\nFlow\tD0\t100.000\n"
-                                                  << "row 3: the point in 100.000";
+                                                  << "row 3: the point in 100.000"
+                                                  << "100,000 or 100000";
 }
 
 // A spreadsheet in German shows 1234 as 1.234 where it shows thousands; the program's own copies
@@ -219,12 +224,12 @@ void TagTextTest::thousandsAreNotTakenForDecimals()
 {
     QFETCH(QString, text);
     QFETCH(QString, doubtful);
+    QFETCH(QString, instead);
     QList<kx::Tag> tags;
     QString fault;
     QVERIFY(!parseTagsText(text, 1, &tags, &fault, QLocale(QLocale::German)));
-    QCOMPARE(fault, doubtful
-                        + QStringLiteral(" may stand for thousands; let the spreadsheet show no "
-                                         "thousands, or type the value"));
+    QCOMPARE(fault,
+             doubtful + " may stand for thousands; write " + instead + " in the spreadsheet");
     QVERIFY2(parseTagsText(text, 1, &tags, &fault, QLocale::c()), qPrintable(fault));
 }
 

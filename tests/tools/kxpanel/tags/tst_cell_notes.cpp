@@ -1,0 +1,110 @@
+#include "kxpanel/tags/cell_notes.h"
+
+#include <QtTest/QTest>
+
+using kxpanel::CellNotes;
+
+class CellNotesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void numbers_data();
+    void numbers();
+    void cellsAreThoseAtTheirPlace();
+    void aTableWithSpansSaysNothing();
+    void textsWithCommasAreNoneOfOurs();
+    void isAskedForOnce();
+};
+
+void CellNotesTest::numbers_data()
+{
+    QTest::addColumn<QString>("markup");
+    QTest::addColumn<QString>("number"); // empty: not said
+    const auto row = [](const char* name, const char* markup, const char* number) {
+        QTest::newRow(name) << QString::fromUtf8(markup) << QString::fromLatin1(number);
+    };
+    row("nothing", "", "");
+    row("thousands", R"(<tr><td sdval="16125" sdnum="1031;0;#.##0">16.125</td></tr>)", "16125");
+    row("a decimal point by its format",
+        R"(<tr><td align="right" sdval="16,125" sdnum="1031;0;[$-409]0.000">16.125</td></tr>)",
+        "16.125");
+    row("thousands with a rest that is not shown",
+        R"(<tr><td sdval="16125,4" sdnum="1031;0;#.##0">16.125</td></tr>)", "");
+    row("a number of a spreadsheet in English",
+        R"(<tr><td sdval="16.125" sdnum="1033;0;0.000">16.125</td></tr>)", "");
+    row("a text", R"(<tr><td sdnum="1031;0;@">16.125</td></tr>)", "16.125");
+    row("a text in letters of a kind",
+        "<TR>\n\t<TD HEIGHT=\"18\" SDNUM=\"1031;0;@\"><FONT "
+        "FACE=\"A&gt;B\">\n16.125</FONT></TD>\n</TR>",
+        "16.125");
+    row("a text beside a format with a bracket",
+        R"(<tr><td sdnum="1031;0;[>9]0;@">16.125</td></tr>)", "16.125");
+    row("a header's cell", R"(<tr><th sdnum="1031;0;@">16.125</th></tr>)", "16.125");
+    row("of a kind that is not said", R"(<tr><td align="left">16.125</td></tr>)", "");
+    row("of a format that is no text's", R"(<tr><td sdnum="1031;">16.125</td></tr>)", "");
+    row("another number", R"(<tr><td sdval="7" sdnum="1031;0;#.##0">16.125</td></tr>)", "");
+    row("another text", R"(<tr><td sdnum="1031;0;@">16.126</td></tr>)", "");
+    row("not in a row", R"(<td sdnum="1031;0;@">16.125</td>)", "");
+    row("without an end", R"(<tr><td sdnum="1031;0;@">16.125)", "");
+}
+
+void CellNotesTest::numbers()
+{
+    QFETCH(QString, markup);
+    CellNotes notes([markup] { return markup; });
+    QTEST(notes.numberIn(0, {" 16.125 "}, 0).value_or(QString()), "number");
+    QVERIFY(!CellNotes().numberIn(0, {"16.125"}, 0));
+}
+
+void CellNotesTest::cellsAreThoseAtTheirPlace()
+{
+    CellNotes notes([] {
+        return QStringLiteral("<table><tr><td>max</td><td>min</td></tr>"
+                              "<tr><td sdval=\"-1234\">-1.234</td><td sdnum=\"1031;0;@\">-1.234"
+                              "</td></tr><tr></tr></table>");
+    });
+    QCOMPARE(notes.numberIn(1, {"-1.234", "-1.234"}, 0), QString("-1234"));
+    QCOMPARE(notes.numberIn(1, {"-1.234", "-1.234"}, 1), QString("-1.234"));
+    QVERIFY(!notes.numberIn(1, {"-1.234"}, 0)); // the text has other cells
+    QVERIFY(!notes.numberIn(2, {"-1.234", "-1.234"}, 0));
+    QVERIFY(!notes.numberIn(3, {"-1.234", "-1.234"}, 0));
+}
+
+void CellNotesTest::aTableWithSpansSaysNothing()
+{
+    CellNotes notes([] {
+        return QStringLiteral("<tr><td colspan=\"2\">Tank</td><td sdval=\"1234\">1.234</td></tr>");
+    });
+    QVERIFY(!notes.numberIn(0, {"Tank", "", "1.234"}, 2));
+    QVERIFY(!notes.numberIn(0, {"Tank", "1.234", "1.234"}, 1));
+}
+
+/// Somebody has typed into them, and may have typed thousands, too.
+void CellNotesTest::textsWithCommasAreNoneOfOurs()
+{
+    CellNotes notes([] {
+        return QStringLiteral("<tr><td sdnum=\"1031;0;@\">1.234</td>"
+                              "<td sdnum=\"1031;0;@\">12,5</td>"
+                              "<td sdval=\"1234\" sdnum=\"1031;0;#.##0\">1.234</td></tr>");
+    });
+    QVERIFY(!notes.numberIn(0, {"1.234", "12,5", "1.234"}, 0));
+    QCOMPARE(notes.numberIn(0, {"1.234", "12,5", "1.234"}, 2), QString("1234"));
+}
+
+/// Of many rows it is long, and comes from another program.
+void CellNotesTest::isAskedForOnce()
+{
+    int asked = 0;
+    CellNotes notes([&asked] {
+        ++asked;
+        return QString();
+    });
+    QCOMPARE(asked, 0);
+    QVERIFY(!notes.numberIn(0, {"1.234"}, 0));
+    QVERIFY(!notes.numberIn(1, {"1.234"}, 0));
+    QCOMPARE(asked, 1);
+}
+
+QTEST_GUILESS_MAIN(CellNotesTest)
+#include "tst_cell_notes.moc"

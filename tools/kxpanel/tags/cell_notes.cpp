@@ -1,0 +1,80 @@
+#include "kxpanel/tags/cell_notes.h"
+
+#include <QtCore/QRegularExpression>
+
+namespace kxpanel
+{
+
+namespace
+{
+
+/// Empty: it has none.
+QString attributeOf(const QString& attributes, const char* name)
+{
+    const QRegularExpression attribute(
+        QStringLiteral("\\b%1=\"([^\"]*)\"").arg(QLatin1String(name)),
+        QRegularExpression::CaseInsensitiveOption);
+    return attribute.match(attributes).captured(1);
+}
+
+QString withoutMarkup(QString content)
+{
+    static const QRegularExpression element(QStringLiteral("<[^>]*>"));
+    return content.remove(element).trimmed();
+}
+
+bool hasDecimalComma(const QString& text)
+{
+    static const QRegularExpression number(QStringLiteral("\\A[-+]?[0-9]+,[0-9]+\\z"));
+    return number.match(text).hasMatch();
+}
+
+} // namespace
+
+CellNotes::CellNotes(std::function<QString()> markup) : m_markup(std::move(markup)) {}
+
+/// Of a table in which cells span others nothing is known: it has fewer cells than its text.
+void CellNotes::read()
+{
+    static const QRegularExpression part(
+        QStringLiteral("<tr\\b|<t[dh]\\b((?:[^>\"]|\"[^\"]*\")*+)>(.*?)</t[dh]>"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    const QString markup = m_markup();
+    QRegularExpressionMatchIterator parts = part.globalMatch(markup);
+    while (parts.hasNext()) {
+        const QRegularExpressionMatch found = parts.next();
+        if (found.lastCapturedIndex() == 0) {
+            m_rows << QList<Note>();
+            continue;
+        }
+        const QString attributes = found.captured(1);
+        const bool isText = attributeOf(attributes, "sdnum").endsWith(QLatin1String(";@"));
+        const Note note = {withoutMarkup(found.captured(2)), attributeOf(attributes, "sdval"),
+                           isText};
+        m_hasCommas |= isText && hasDecimalComma(note.text);
+        if (!m_rows.isEmpty())
+            m_rows.last() << note;
+    }
+}
+
+std::optional<QString> CellNotes::numberIn(int row, const QStringList& cells, int column)
+{
+    if (m_markup) {
+        read();
+        m_markup = nullptr;
+    }
+    const QList<Note> notes = m_rows.value(row);
+    const QString cell = cells.at(column).trimmed();
+    if (notes.size() != cells.size() || notes.at(column).text != cell)
+        return std::nullopt;
+    const Note& note = notes.at(column);
+    const QString whole = QString(cell).remove(QLatin1Char('.'));
+    if (note.number == whole)
+        return whole;
+    if (note.number == QString(cell).replace(QLatin1Char('.'), QLatin1Char(',')))
+        return cell;
+    return note.number.isEmpty() && note.isText && !m_hasCommas ? std::optional<QString>(cell)
+                                                                : std::nullopt;
+}
+
+} // namespace kxpanel
