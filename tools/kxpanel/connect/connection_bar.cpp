@@ -80,6 +80,7 @@ void ConnectionBar::layOut()
     m_state->setTextFormat(Qt::PlainText);
     m_message->setObjectName(QStringLiteral("lineFault"));
     m_message->hide();
+    keepMessageRow();
     auto* const row = new QHBoxLayout;
     row->addWidget(m_fields, 1);
     row->addWidget(m_button);
@@ -92,6 +93,18 @@ void ConnectionBar::layOut()
     column->addWidget(m_message);
     column->addWidget(m_scanPanel);
     m_scanPanel->hide();
+}
+
+/// Faults come and go by themselves, and what stands below, such as switches, must not move.
+void ConnectionBar::keepMessageRow()
+{
+    QSizePolicy policy = m_message->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_message->setSizePolicy(policy);
+    const QString shown = m_message->text();
+    m_message->say(QStringLiteral("-")); // without a text it is less high
+    m_message->setMinimumHeight(m_message->sizeHint().height());
+    m_message->say(shown);
 }
 
 void ConnectionBar::setOptions(const kx::ConnectionOptions& options)
@@ -162,6 +175,8 @@ void ConnectionBar::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         showStatus();
+    else if (event->type() == QEvent::FontChange)
+        keepMessageRow();
 }
 
 } // namespace kxpanel

@@ -51,6 +51,7 @@ signals:
 private:
     void makeActions();
     void layOut();
+    void keepMessageRow();
     void toggleLine();
     void takeStatus(const LineStatus& status);
     void showStatus();

@@ -28,8 +28,8 @@ MainWindow::MainWindow(Machine* machine, QSettings* settings, const std::vector<
     : m_machine(machine),
       m_settings(settings),
       m_connection(new ConnectionBar(machine, this)),
-      m_messages(new MessageBar(this)),
       m_tabs(new QTabWidget(this)),
+      m_messages(new MessageBar(this)),
       m_status(new StatusLine(machine, statusBar())),
       m_project(new ProjectKeeper({[this](Project* project) { collect(project); },
                                    [this](const Project& project) { showProject(project); }},
@@ -55,8 +55,8 @@ void MainWindow::makeContents()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_connection);
-    column->addWidget(m_messages);
     column->addWidget(m_tabs, 1);
+    column->addWidget(m_messages); // comes by itself, and what is above it must not move
     m_tabs->setDocumentMode(true);
     m_tabs->tabBar()->setAcceptDrops(true); // values are dragged from page to page
     m_tabs->tabBar()->setChangeCurrentOnDrag(true);

@@ -73,8 +73,8 @@ private:
     QList<Page*> m_pages;
     WatchPage* m_watch = nullptr;
     ConnectionBar* m_connection;
-    MessageBar* m_messages;
     QTabWidget* m_tabs;
+    MessageBar* m_messages;
     StatusLine* m_status;
     ProjectKeeper* m_project;
     WindowMenus* m_menus;

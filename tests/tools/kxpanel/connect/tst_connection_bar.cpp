@@ -25,6 +25,7 @@ private slots:
     void aWrongFieldIsSaidBelow();
     void aPortThatCannotBeOpenedIsSaidBelow();
     void aLostLineShowsAtOnce();
+    void aLostLineMovesNothing();
     void aScanFindsStations();
     void aScanGivesTheLineBack();
     void aCancelledScanGivesTheLineBack();
@@ -124,6 +125,18 @@ void ConnectionBarTest::aLostLineShowsAtOnce()
     QCOMPARE(m_bar->connectAction()->text(), QStringLiteral("Dis&connect"));
     emit m_machine->lineChanged({LineState::Open, QStringLiteral("/dev/ttyS0"), QString(), {}});
     QCOMPARE(fault(), QString());
+}
+
+// Whoever is about to press a bit's switch below would hit that of another row.
+void ConnectionBarTest::aLostLineMovesNothing()
+{
+    const int height = m_bar->sizeHint().height();
+    emit m_machine->lineChanged(
+        {LineState::Interrupted, QStringLiteral("/dev/ttyS0"), QStringLiteral("line lost"), {}});
+    QVERIFY(label("lineFault")->isVisible());
+    QCOMPARE(m_bar->sizeHint().height(), height);
+    emit m_machine->lineChanged({LineState::Open, QStringLiteral("/dev/ttyS0"), QString(), {}});
+    QCOMPARE(m_bar->sizeHint().height(), height);
 }
 
 void ConnectionBarTest::scan(const char* stations, int milliseconds)

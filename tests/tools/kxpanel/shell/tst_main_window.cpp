@@ -26,6 +26,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLayout>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
@@ -57,6 +58,7 @@ private slots:
     void closingWhileAWriteIsUnderWayAsks();
     void aProjectOfAnotherLineDisconnects();
     void whatWasMissedIsSaid();
+    void whatIsSaidMovesNoPage();
     void readingsGoWithTheClock();
     void itFitsASmallScreen();
     void settingsThatCannotBeKeptAreSaid();
@@ -402,6 +404,20 @@ void MainWindowTest::whatWasMissedIsSaid()
     QCOMPARE(m_window->messages()->text(),
              QString("The computer or this program rested from 10:20:30 to 12:20:30. Nothing was "
                      "read meanwhile."));
+}
+
+// Whoever is about to press a bit's switch would hit that of another row.
+void MainWindowTest::whatIsSaidMovesNoPage()
+{
+    const auto* const watch = m_window->page("watch");
+    const auto place = [&] {
+        m_window->centralWidget()->layout()->activate();
+        return watch->mapTo(m_window.get(), QPoint());
+    };
+    const QPoint before = place();
+    emit m_machine->machine()->missed({0, 90000, 1});
+    QVERIFY(m_window->messages()->isVisible());
+    QCOMPARE(place(), before);
 }
 
 // Also while no line is open, so that nobody reads them again.
