@@ -25,12 +25,16 @@ void WatchPage::editCurrent()
     const QModelIndex index = m_table->currentIndex();
     if (!index.isValid())
         return;
-    if (index.flags() & Qt::ItemIsEditable)
+    if (index.flags() & Qt::ItemIsEditable) {
         m_table->edit(index);
-    else
-        say(tr("%1 cannot be edited")
-                .arg(m_model->headerData(index.column(), Qt::Horizontal).toString()),
-            true);
+        return;
+    }
+    const WatchedValue* const value = m_model->valueAt(m_filter->mapToSource(index).row());
+    say(value && index.column() == WatchModel::Value
+            ? ValueWriter::readOnlyReason(value->tag)
+            : tr("%1 cannot be edited")
+                  .arg(m_model->headerData(index.column(), Qt::Horizontal).toString()),
+        true);
 }
 
 void WatchPage::writeSelected()

@@ -22,6 +22,7 @@ private slots:
     void spaceSwitchesAKnownBit();
     void clicksOnTheSwitchAlone();
     void whatIsNotKnownIsNotSwitched();
+    void whatCanOnlyBeReadSaysWhy();
     void severalAskFirst();
     void writesThatFailAreAllTold();
     void whatIsSelectedIsSwitched();
@@ -134,6 +135,16 @@ void WatchPageWritesTest::whatIsNotKnownIsNotSwitched()
     QCOMPARE(message().mid(2), QStringLiteral("X17 is an input and can only be read"));
     QCoreApplication::processEvents();
     QCOMPARE(m_ended->size(), 0);
+}
+
+void WatchPageWritesTest::whatCanOnlyBeReadSaysWhy()
+{
+    go(1);
+    QTest::keyClick(m_table, Qt::Key_F2);
+    QCOMPARE(message().mid(2), QStringLiteral("X17 is an input and can only be read"));
+    go(1, WatchModel::Raw);
+    QTest::keyClick(m_table, Qt::Key_F2);
+    QCOMPARE(message().mid(2), QStringLiteral("Raw cannot be edited"));
 }
 
 void WatchPageWritesTest::severalAskFirst()
