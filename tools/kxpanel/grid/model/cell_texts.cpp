@@ -98,14 +98,16 @@ bool isNews(const ValueWrite* write, const Reading& reading)
 
 } // namespace
 
-CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 now, bool isOnline)
+CellState cellStateOf(const WatchedValue& value, const Reading& reading, const ValueWrite* write,
+                      qint64 now, bool isOnline)
 {
     if (isUnderWay(write))
         return CellState::Waiting;
     const bool isOk = reading.state == kx::WatchState::Ok;
     if (write && write->phase == ValueWrite::Failed && now - write->endedAt < SHOWN_AS_NOT_WRITTEN)
         return CellState::NotWritten;
-    if (write && isOk && now - write->endedAt < SHOWN_AS_WRITTEN)
+    const bool isNew = write && isOk && now - write->endedAt < SHOWN_AS_WRITTEN;
+    if (isNew && valueCellText(value, reading, write) == write->text) // else changed since
         return CellState::Written;
     if (!isOk)
         return stateOf(reading.state);

@@ -27,8 +27,8 @@ const CellState ALL_STATES[] = {CellState::Ok,         CellState::Changed, CellS
 /// @param write the value's latest, or null
 /// @param now milliseconds since 1970 in UTC
 /// @param isOnline whether a line is open
-CellState cellStateOf(const Reading& reading, const ValueWrite* write, qint64 now,
-                      bool isOnline = true);
+CellState cellStateOf(const WatchedValue& value, const Reading& reading, const ValueWrite* write,
+                      qint64 now, bool isOnline = true);
 
 /// One character, which tells the states apart without colour.
 QString stateSymbol(CellState state);

@@ -24,6 +24,16 @@ bool isOf(const kx::Assignment& assignment, const kx::Tag& tag)
            && assignment.bit == tag.format.bit;
 }
 
+/// As the controller will give it back: what is typed below 0 into registers without a sign.
+kx::TagAssignment asRead(const kx::TagAssignment& assignment)
+{
+    kx::TagAssignment read = assignment;
+    const RegisterClass registers = read.assignment.range.type->registerClass;
+    for (qint64& value : read.assignment.values)
+        value &= registers == DOUBLE_WORD_CLASS ? 0xFFFFFFFF : 0xFFFF;
+    return read;
+}
+
 } // namespace
 
 ValueWriter::ValueWriter(const TagList* tags, const JobStarter& startJob, QObject* parent)
@@ -58,7 +68,7 @@ void ValueWriter::write(int number, const kx::TagAssignment& assignment)
     ValueWrite write;
     write.assignment = assignment.assignment;
     write.name = assignment.tag.name;
-    write.text = kx::valuesText(assignment);
+    write.text = kx::valuesText(asRead(assignment));
     m_writes[number] = write;
     emit changed(number);
     if (m_ticket == 0)

@@ -61,8 +61,14 @@ int WatchModel::rowOf(int number) const
 
 CellState WatchModel::stateAt(int row) const
 {
-    const int number = numberAt(row);
-    return cellStateOf(m_tags->reading(number), m_writer->writeOf(number), m_now(), m_isOnline);
+    const WatchedValue* const value = valueAt(row);
+    return value ? stateOf(*value) : CellState::NeverRead;
+}
+
+CellState WatchModel::stateOf(const WatchedValue& value) const
+{
+    return cellStateOf(value, m_tags->reading(value.number), m_writer->writeOf(value.number),
+                       m_now(), m_isOnline);
 }
 
 QVariant WatchModel::data(const QModelIndex& index, int role) const
@@ -114,7 +120,7 @@ QString WatchModel::textOf(const WatchedValue& value, int column) const
     case Unit:
         return tag.format.unit;
     case State: {
-        const CellState state = cellStateOf(reading, write, m_now(), m_isOnline);
+        const CellState state = stateOf(value);
         return stateSymbol(state) + QLatin1Char(' ') + stateText(state, write);
     }
     case Age:

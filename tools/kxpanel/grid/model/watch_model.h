@@ -96,6 +96,7 @@ signals:
 private:
     struct Edit;
 
+    CellState stateOf(const WatchedValue& value) const;
     QString textOf(const WatchedValue& value, int column) const;
     QVariant editTextOf(const WatchedValue& value, int column) const;
     bool parseEdit(const WatchedValue& value, int column, const QString& text, Edit* edit,

@@ -10,6 +10,11 @@ namespace
 
 const qint64 NOW = 1000000; // milliseconds
 
+WatchedValue d0()
+{
+    return {1, tagOf("D0")};
+}
+
 Reading failed(kx::WatchState state, const QList<qint64>& raw)
 {
     Reading reading = readingOf(1, raw, NOW - 5000);
@@ -77,8 +82,15 @@ void CellTextsTest::states_data()
     row("changed a second ago", changedAgo(1000), {}, "ok");
     row("silent", failed(kx::WatchState::NoAnswer, {5}), {}, "no answer");
     row("refused", failed(kx::WatchState::Refused, {}), {}, "refused");
-    row("just written", ok, {writeOf(ValueWrite::Confirmed, 2999)}, "written");
-    row("written some time ago", ok, {writeOf(ValueWrite::Confirmed, 3000)}, "ok");
+    const Reading seven = readingOf(1, {7}, NOW); // as it was written
+    row("just written", seven, {writeOf(ValueWrite::Confirmed, 2999)}, "written");
+    row("written some time ago", seven, {writeOf(ValueWrite::Confirmed, 3000)}, "ok");
+    row("written, not read since", readingOf(1, {5}, NOW - 200),
+        {writeOf(ValueWrite::Confirmed, 100)}, "written");
+    row("written, then changed by the controller", changedAgo(0),
+        {writeOf(ValueWrite::Confirmed, 100)}, "changed");
+    row("written, and set back before it was read", ok, {writeOf(ValueWrite::Confirmed, 100)},
+        "ok");
     row("written, and silent since", failed(kx::WatchState::NoAnswer, {5}),
         {writeOf(ValueWrite::Confirmed)}, "no answer");
     row("not written", ok, {writeOf(ValueWrite::Failed, 9999)}, "not written: no reply");
@@ -88,13 +100,13 @@ void CellTextsTest::states_data()
 void CellTextsTest::withoutALineNothingIsOk()
 {
     const auto state = [](const Reading& reading, const ValueWrite* write) {
-        return stateText(cellStateOf(reading, write, NOW, false), write);
+        return stateText(cellStateOf(d0(), reading, write, NOW, false), write);
     };
     const ValueWrite waiting = writeOf(ValueWrite::Waiting);
     const ValueWrite written = writeOf(ValueWrite::Confirmed, 100);
     QCOMPARE(state(changedAgo(100), nullptr), QStringLiteral("no line"));
     QCOMPARE(state(changedAgo(5000), nullptr), QStringLiteral("no line"));
-    QCOMPARE(state(changedAgo(5000), &written), QStringLiteral("written"));
+    QCOMPARE(state(readingOf(1, {7}, NOW), &written), QStringLiteral("written"));
     QCOMPARE(state(changedAgo(5000), &waiting), QString::fromUtf8("writing\u2026"));
     QCOMPARE(state(Reading(), nullptr), QStringLiteral("never read"));
     QCOMPARE(state(failed(kx::WatchState::NoAnswer, {5}), nullptr), QStringLiteral("no answer"));
@@ -105,7 +117,7 @@ void CellTextsTest::states()
     QFETCH(Reading, reading);
     QFETCH(QList<ValueWrite>, writes);
     const ValueWrite* const write = writes.isEmpty() ? nullptr : &writes.first();
-    QTEST(stateText(cellStateOf(reading, write, NOW), write), "text");
+    QTEST(stateText(cellStateOf(d0(), reading, write, NOW), write), "text");
 }
 
 void CellTextsTest::everyStateHasASymbolOfItsOwn()
@@ -115,7 +127,7 @@ void CellTextsTest::everyStateHasASymbolOfItsOwn()
         symbols.insert(stateSymbol(static_cast<CellState>(state)));
     QCOMPARE(symbols.size(), 9);
     const ValueWrite waiting = writeOf(ValueWrite::Waiting);
-    QVERIFY(cellStateOf(Reading(), &waiting, NOW) == CellState::Waiting);
+    QVERIFY(cellStateOf(d0(), Reading(), &waiting, NOW) == CellState::Waiting);
 }
 
 void CellTextsTest::values_data()

@@ -28,6 +28,8 @@ private slots:
     void saysWhatCanOnlyBeRead_data();
     void saysWhatCanOnlyBeRead();
     void aWriteIsConfirmed();
+    void aWriteIsToldAsItWillBeRead_data();
+    void aWriteIsToldAsItWillBeRead();
     void aWriteEndsByTheClockOfTheLine();
     void aWriteFailsWithItsReason();
     void writesOneAfterTheOther();
@@ -54,7 +56,8 @@ void ValueWriterTest::init()
 {
     m_tags.setValues({{1, tagOf("D0", "Speed")},
                       {2, tagOf("D100/s16*0.1,min=0,max=16", "Pressure")},
-                      {3, tagOf("D120.5")}});
+                      {3, tagOf("D120.5")},
+                      {4, tagOf("32CV200")}});
     m_tickets.clear();
     m_writer.reset(
         new ValueWriter(&m_tags, [this](int ticket, const JobMaker&) { m_tickets << ticket; }));
@@ -135,6 +138,31 @@ void ValueWriterTest::aWriteIsConfirmed()
 }
 
 /// Else a system's clock that was set forward would hide all that is read after a write.
+void ValueWriterTest::aWriteIsToldAsItWillBeRead_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a word") << 1 << "65535"
+                            << "65535";
+    QTest::newRow("a word below 0") << 1 << "-32768"
+                                    << "32768";
+    QTest::newRow("a counter below 0") << 4 << "-1"
+                                       << "4294967295";
+    QTest::newRow("a word with a sign") << 2 << "12.46"
+                                        << "12.5";
+    QTest::newRow("a bit of a word") << 3 << "1"
+                                     << "1";
+}
+
+void ValueWriterTest::aWriteIsToldAsItWillBeRead()
+{
+    QFETCH(int, number);
+    QFETCH(QString, typed);
+    write(number, qPrintable(typed));
+    QTEST(m_writer->writeOf(number)->text, "text");
+}
+
 void ValueWriterTest::aWriteEndsByTheClockOfTheLine()
 {
     m_writer->setClock([]() { return qint64(4000); });
