@@ -3913,6 +3913,10 @@
         <translation>Station %1 antwortet nicht</translation>
     </message>
     <message>
+        <source>stations %1 do not answer</source>
+        <translation>Stationen %1 antworten nicht</translation>
+    </message>
+    <message>
         <source>station %1 answers again</source>
         <translation>Station %1 antwortet wieder</translation>
     </message>

@@ -63,6 +63,24 @@ QString shortenedText(const LinkEvent& event)
         countedText(event.rules.maxBits, "%1 coil", QT_TRANSLATE_N_NOOP("kx", "%1 coils")));
 }
 
+/// "1-3, 7".
+/// @param stations rising
+QString stationRuns(const QList<int>& stations)
+{
+    QStringList runs;
+    for (int first = 0, next = 0; first < stations.size(); first = next) {
+        for (next = first + 1; next < stations.size(); ++next) {
+            if (stations.at(next) != stations.at(next - 1) + 1)
+                break;
+        }
+        const QString run = QString::number(stations.at(first));
+        runs << (next - first == 1
+                     ? run
+                     : run + QLatin1Char('-') + QString::number(stations.at(next - 1)));
+    }
+    return runs.join(QLatin1String(", "));
+}
+
 } // namespace
 
 QString linkEventText(const LinkEvent& event)
@@ -153,8 +171,10 @@ QString LinkState::faultText() const
         faults << linkEventText({LinkEvent::LineNeverSilent});
     QList<int> stations(m_silentStations.begin(), m_silentStations.end());
     std::sort(stations.begin(), stations.end());
-    for (const int station : stations)
-        faults << linkEventText({LinkEvent::StationSilent, station});
+    if (stations.size() == 1)
+        faults << linkEventText({LinkEvent::StationSilent, stations.first()});
+    else if (!stations.isEmpty())
+        faults << Text::tr("stations %1 do not answer").arg(stationRuns(stations));
     return faults.join(QLatin1String("; "));
 }
 

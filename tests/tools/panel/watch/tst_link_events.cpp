@@ -14,6 +14,7 @@ private slots:
     void eventsAreToldOncePerChange_data();
     void eventsAreToldOncePerChange();
     void stationsAreToldApart();
+    void manySilentStationsTakeOneRow();
     void theLineIsToldApartFromItsFirstOpening();
     void textAndJson_data();
     void textAndJson();
@@ -95,11 +96,21 @@ void LinkEventsTest::stationsAreToldApart()
     link.onExchange(record(ReplyKind::None, REPLY_FAILED, 7));
     QCOMPARE(textOf(link.onExchange(record(ReplyKind::None, REPLY_FAILED, 2))),
              QStringLiteral("station 2 does not answer"));
-    QCOMPARE(link.faultText(),
-             QStringLiteral("station 2 does not answer; station 7 does not answer"));
+    QCOMPARE(link.faultText(), QStringLiteral("stations 2, 7 do not answer"));
     QCOMPARE(textOf(link.onExchange(record(ReplyKind::Good, REPLY_ACCEPTED, 7))),
              QStringLiteral("station 7 answers again"));
     QCOMPARE(link.faultText(), QStringLiteral("station 2 does not answer"));
+}
+
+void LinkEventsTest::manySilentStationsTakeOneRow()
+{
+    LinkState link;
+    for (const int station : {247, 16, 14, 15, 1, 2, 9})
+        link.onExchange(record(ReplyKind::None, REPLY_FAILED, station));
+    QCOMPARE(link.faultText(), QStringLiteral("stations 1-2, 9, 14-16, 247 do not answer"));
+    link.onLineLost();
+    QCOMPARE(link.faultText(),
+             QStringLiteral("line lost; stations 1-2, 9, 14-16, 247 do not answer"));
 }
 
 void LinkEventsTest::theLineIsToldApartFromItsFirstOpening()
