@@ -84,7 +84,7 @@ void WatchPage::makeWidgets()
     m_table->setItemDelegate(delegate);
     connect(delegate, &WatchDelegate::explained, this,
             [this](const QString& reason) { explain(reason, true); });
-    connect(delegate, &WatchDelegate::switchAsked, this, &WatchPage::switchBit);
+    connect(delegate, &WatchDelegate::switchAsked, this, &WatchPage::switchClicked);
     connect(delegate, &WatchDelegate::editingBegan, this, [this](const QModelIndex& index) {
         m_filter->keep(index.data(WatchModel::NumberRole).toInt());
     });

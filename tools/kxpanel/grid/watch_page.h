@@ -78,6 +78,7 @@ private:
     void editCurrent();
     void writeSelected();
     void switchSelected();
+    void switchClicked(const QModelIndex& index);
     void switchBit(const QModelIndex& index);
     void sortAgain();
     void listOrder();

@@ -62,6 +62,14 @@ void WatchPage::switchSelected()
         switchBit(m_table->cellOf(numbers.first()));
 }
 
+void WatchPage::switchClicked(const QModelIndex& index)
+{
+    if (m_table->hasJustMoved())
+        say(tr("The rows have just moved; press the switch again"), true);
+    else
+        switchBit(index);
+}
+
 /// What is not known now is not switched: nobody could tell what would be written.
 void WatchPage::switchBit(const QModelIndex& index)
 {

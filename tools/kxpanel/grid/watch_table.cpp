@@ -3,6 +3,7 @@
 #include "kxpanel/grid/drag_picture.h"
 #include "kxpanel/grid/model/watch_filter.h"
 #include "kxpanel/grid/model/watch_model.h"
+#include "kxpanel/machine/session_times.h"
 
 #include <QAction> // in another module since Qt 6
 #include <QtGui/QDrag>
@@ -12,8 +13,18 @@
 namespace kxpanel
 {
 
+namespace
+{
+
+const qint64 AIM_TIME = 500; // milliseconds from the look at a switch to its release
+
+} // namespace
+
 WatchTable::WatchTable(WatchModel* model, WatchFilter* filter, QWidget* parent)
-    : QTableView(parent), m_model(model), m_filter(filter)
+    : QTableView(parent),
+      m_model(model),
+      m_filter(filter),
+      m_now([] { return systemTimes().steady; })
 {
     setModel(filter);
     setAccessibleName(tr("Watched values"));
@@ -41,6 +52,7 @@ WatchTable::WatchTable(WatchModel* model, WatchFilter* filter, QWidget* parent)
     makeColumnActions();
     connect(filter, &WatchFilter::rowsAboutToChange, this, &WatchTable::keepSelection);
     connect(filter, &WatchFilter::rowsChanged, this, &WatchTable::restoreSelection);
+    connect(filter, &WatchFilter::rowsChanged, this, [this] { m_movedAt = m_now(); });
     connect(header, &QHeaderView::sectionResized, this, &WatchTable::layoutChanged);
     connect(header, &QHeaderView::sectionMoved, this, &WatchTable::layoutChanged);
     connect(header, &QHeaderView::sortIndicatorChanged, this, &WatchTable::layoutChanged);
@@ -59,6 +71,21 @@ void WatchTable::makeColumnActions()
     }
     horizontalHeader()->addActions(m_columnActions);
     horizontalHeader()->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void WatchTable::resizeEvent(QResizeEvent* event)
+{
+    const int offset = verticalOffset();
+    QTableView::resizeEvent(event);
+    const int top = viewport()->mapTo(window(), QPoint()).y();
+    if (isVisible() && (top != m_top || verticalOffset() != offset))
+        m_movedAt = m_now();
+    m_top = top;
+}
+
+bool WatchTable::hasJustMoved() const
+{
+    return m_movedAt >= 0 && m_now() - m_movedAt < AIM_TIME;
 }
 
 /// Takes names along: a picture of whole rows hides where it goes. Nothing is taken away here; a

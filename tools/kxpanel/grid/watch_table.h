@@ -7,6 +7,8 @@
 #include <QtCore/QJsonObject>
 #include <QtWidgets/QTableView>
 
+#include <functional>
+
 namespace kxpanel
 {
 
@@ -35,6 +37,12 @@ public:
     /// What is shown of the selected rows, for a spreadsheet, as text and as HTML. The caller's.
     QMimeData* selectedData() const;
 
+    /// Whether rows have moved so shortly before that nobody can have aimed at where they are now:
+    /// by a filter, or by something that came above them.
+    bool hasJustMoved() const;
+    /// By which rows move: milliseconds that only rise. Else the system's.
+    void setClock(const std::function<qint64()>& milliseconds) { m_now = milliseconds; }
+
     /// Paints the rows that are seen anew.
     void refreshVisible();
 
@@ -47,6 +55,7 @@ signals:
     void layoutChanged();
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void startDrag(Qt::DropActions actions) override;
     // Rows that another program drags have numbers that mean other values here.
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -68,8 +77,11 @@ private:
     WatchModel* m_model;
     WatchFilter* m_filter;
     QList<QAction*> m_columnActions;
-    QList<int> m_kept;    ///< numbers that are selected while rows come and go
-    QJsonObject m_layout; ///< as the project had it, with members of others
+    QList<int> m_kept; ///< numbers that are selected while rows come and go
+    std::function<qint64()> m_now;
+    qint64 m_movedAt = -1; ///< by the clock; -1: never
+    int m_top = 0;         ///< of the rows' room, in the window
+    QJsonObject m_layout;  ///< as the project had it, with members of others
 };
 
 } // namespace kxpanel

@@ -2753,6 +2753,10 @@
         <translation>%1 kann nicht geändert werden</translation>
     </message>
     <message>
+        <source>The rows have just moved; press the switch again</source>
+        <translation>Die Zeilen sind gerade verrutscht; den Schalter noch einmal betätigen</translation>
+    </message>
+    <message>
         <source>The value of %1 is not known now; type 0 or 1 to write it</source>
         <translation>Der Wert von %1 ist jetzt nicht bekannt; 0 oder 1 eingeben, um ihn zu schreiben</translation>
     </message>

@@ -2,8 +2,10 @@
 
 #include "kxpanel/grid/edit/watch_delegate.h"
 #include "kxpanel/grid/edit/write_bar.h"
+#include "kxpanel/grid/model/watch_filter.h"
 #include "tools/kxpanel/grid/watch_page_fixture.h"
 
+#include <QtWidgets/QLayout>
 #include <QtWidgets/QPlainTextEdit>
 
 using namespace kxpanel;
@@ -21,6 +23,8 @@ private slots:
     void aWrongValueIsExplainedAndNotSent();
     void spaceSwitchesAKnownBit();
     void clicksOnTheSwitchAlone();
+    void rowsThatHaveJustMovedAreNotSwitched_data();
+    void rowsThatHaveJustMovedAreNotSwitched();
     void whatIsNotKnownIsNotSwitched();
     void whatCanOnlyBeReadSaysWhy();
     void severalAskFirst();
@@ -121,6 +125,47 @@ void WatchPageWritesTest::clicksOnTheSwitchAlone()
                       switchRect(option).center());
     QTRY_COMPARE(m_ended->size(), 1);
     QVERIFY2(message().contains(QLatin1String("Pump = 1 not written: ")), qPrintable(message()));
+}
+
+void WatchPageWritesTest::rowsThatHaveJustMovedAreNotSwitched_data()
+{
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<int>("above"); // pixels that something takes there
+    QTest::addColumn<int>("below"); // the same
+    QTest::addColumn<int>("ago");   // milliseconds
+    QTest::addColumn<int>("writes");
+    QTest::newRow("rows above went") << "Pump" << 0 << 0 << 499 << 0;
+    QTest::newRow("something came above") << "" << 60 << 0 << 499 << 0;
+    QTest::newRow("something came below") << "" << 0 << 60 << 0 << 1;
+    QTest::newRow("rows above went long ago") << "Pump" << 0 << 0 << 500 << 1;
+    QTest::newRow("something came above long ago") << "" << 60 << 0 << 500 << 1;
+}
+
+// Who aims at a switch would hit that of the row that came there.
+void WatchPageWritesTest::rowsThatHaveJustMovedAreNotSwitched()
+{
+    QFETCH(QString, filter);
+    QFETCH(int, above);
+    QFETCH(int, below);
+    QFETCH(int, ago);
+    read(3, {0});
+    const int height = m_table->height();
+    m_page->findChild<WatchFilter*>()->setText(filter);
+    QMargins margins = m_page->QWidget::layout()->contentsMargins();
+    margins += QMargins(0, above, 0, below);
+    m_page->QWidget::layout()->setContentsMargins(margins);
+    QTRY_COMPARE(m_table->height(), height - above - below);
+    m_now += ago;
+    QStyleOptionViewItem option;
+    option.rect = m_table->visualRect(m_table->cellOf(3));
+    option.fontMetrics = m_table->fontMetrics();
+    QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      switchRect(option).center());
+    QTRY_VERIFY(!message().isEmpty());
+    QTEST(static_cast<int>(m_ended->size()), "writes");
+    QCOMPARE(message().endsWith(QLatin1String("The rows have just moved; press the switch again")),
+             m_ended->isEmpty());
+    QCOMPARE(m_table->hasJustMoved(), m_ended->isEmpty()); // a message moves nothing
 }
 
 void WatchPageWritesTest::whatIsNotKnownIsNotSwitched()

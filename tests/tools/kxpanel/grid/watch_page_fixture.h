@@ -43,6 +43,7 @@ protected:
     std::unique_ptr<TagList> m_tags;
     std::unique_ptr<WatchPage> m_page;
     WatchTable* m_table = nullptr;
+    qint64 m_now = 0;                    ///< milliseconds, of the table
     std::unique_ptr<QSignalSpy> m_ended; ///< Machine::jobEnded
 };
 
@@ -56,12 +57,14 @@ inline void WatchPageFixture::makePage()
                        {4, tagOf("D0")}});
     m_page.reset(new WatchPage({m_machine.get(), m_tags.get()}));
     m_table = m_page->findChild<WatchTable*>();
+    m_table->setClock([this] { return m_now; });
     m_ended.reset(new QSignalSpy(m_machine.get(), &Machine::jobEnded));
     m_page->resize(1000, 500);
     m_page->show();
     QApplication::setActiveWindow(m_page.get());
     QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
     m_table->setFocus();
+    m_now += 1000; // what is seen has been seen for long
 }
 
 inline QString WatchPageFixture::message() const
