@@ -10,9 +10,12 @@
 #include <QAction>      // of QtWidgets in Qt 5, of QtGui in Qt 6
 #include <QActionGroup> // the same
 #include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSettings>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
+
+#include <algorithm>
 
 namespace kxpanel
 {
@@ -23,6 +26,22 @@ namespace
 QString themeSetting()
 {
     return QStringLiteral("theme");
+}
+
+/// Keys that a field or a button may want for itself are not.
+bool isForTheWindow(const QKeySequence& shortcut)
+{
+    static const QRegularExpression pattern(QStringLiteral("Ctrl\\+|F[0-9]+$"));
+    return pattern.match(shortcut.toString(QKeySequence::PortableText)).hasMatch();
+}
+
+/// What the menu shows works while the page is shown, wherever the keyboard is.
+void widen(QAction* action)
+{
+    const QList<QKeySequence> shortcuts = action->shortcuts();
+    if (action->shortcutContext() == Qt::WidgetWithChildrenShortcut && !shortcuts.isEmpty()
+        && std::all_of(shortcuts.begin(), shortcuts.end(), isForTheWindow))
+        action->setShortcutContext(Qt::WindowShortcut);
 }
 
 } // namespace
@@ -92,6 +111,10 @@ void WindowMenus::showRecentFiles()
 void WindowMenus::makeEditMenu()
 {
     m_edit = m_window->menuBar()->addMenu(tr("&Edit"));
+    for (const Page* const page : m_window->pages()) {
+        for (QAction* const action : page->actions())
+            widen(action);
+    }
     connect(m_edit, &QMenu::aboutToShow, this, &WindowMenus::showPageActions); // by other names
     showPageActions();
 }

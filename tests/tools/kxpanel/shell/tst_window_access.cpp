@@ -43,6 +43,8 @@ private slots:
     void noLabelTakesMarkup();
     void everyLabelIsReadByItsText();
     void tabReachesEveryControl();
+    void keysOfAPageWorkBesideIt_data();
+    void keysOfAPageWorkBesideIt();
 
 private:
     static void languages();
@@ -290,6 +292,35 @@ void WindowAccessTest::tabReachesEveryControl()
         }
         QVERIFY2(missed.isEmpty(), qPrintable(page->key() + ": " + missed.join(", ")));
     }
+}
+
+void WindowAccessTest::keysOfAPageWorkBesideIt_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<bool>("works");
+    QTest::newRow("Ctrl+F, values")
+        << "watch" << int(Qt::Key_F) << Qt::KeyboardModifiers(Qt::ControlModifier) << true;
+    QTest::newRow("Ctrl+F, frames")
+        << "frames" << int(Qt::Key_F) << Qt::KeyboardModifiers(Qt::ControlModifier) << true;
+    QTest::newRow("Ins, which is typed")
+        << "watch" << int(Qt::Key_Insert) << Qt::KeyboardModifiers() << false;
+}
+
+// Such as after a press on Connect.
+void WindowAccessTest::keysOfAPageWorkBesideIt()
+{
+    QFETCH(QString, page);
+    QFETCH(int, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    Page* const shown = m_window->page(page);
+    showPage(shown);
+    auto* const button = m_window->connectionBar()->findChild<QToolButton*>();
+    button->setFocus();
+    QVERIFY(button->hasFocus());
+    QTest::keyClick(button, static_cast<Qt::Key>(key), modifiers);
+    QTEST(shown->isAncestorOf(m_window->focusWidget()), "works");
 }
 
 QTEST_MAIN(WindowAccessTest)
