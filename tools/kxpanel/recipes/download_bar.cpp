@@ -35,7 +35,7 @@ DownloadBar::DownloadBar(QWidget* parent) : QFrame(parent), m_question(new QLabe
     m_question->setObjectName(QStringLiteral("question"));
     m_question->setTextFormat(Qt::PlainText);
     m_question->setWordWrap(true);
-    auto* const send = new QPushButton(tr("Down&load"), this);
+    auto* const send = new QPushButton(tr("&Download"), this);
     send->setAutoDefault(true);
     send->setToolTip(tr("Send the values to the controller"));
     m_cancel = new QPushButton(tr("&Cancel"), this); // behind the other also for the Tab key

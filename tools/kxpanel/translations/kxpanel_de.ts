@@ -371,7 +371,7 @@
     </message>
     <message>
         <source>&amp;Cancel</source>
-        <translation>A&amp;bbrechen</translation>
+        <translation>Abb&amp;rechen</translation>
     </message>
     <message>
         <source>Dis&amp;connect</source>
@@ -455,10 +455,10 @@
     </message>
     <message>
         <source>&amp;Cancel</source>
-        <translation>A&amp;bbrechen</translation>
+        <translation>Abb&amp;rechen</translation>
     </message>
     <message>
-        <source>Down&amp;load</source>
+        <source>&amp;Download</source>
         <translation>&amp;Senden</translation>
     </message>
     <message>
@@ -2958,7 +2958,7 @@
     </message>
     <message>
         <source>&amp;Write</source>
-        <translation>&amp;Schreiben</translation>
+        <translation>Schre&amp;iben</translation>
     </message>
     <message>
         <source>Value to write to all</source>
@@ -2966,7 +2966,7 @@
     </message>
     <message>
         <source>&amp;Cancel</source>
-        <translation>A&amp;bbrechen</translation>
+        <translation>Abb&amp;rechen</translation>
     </message>
     <message>
         <source>Write nothing (Esc)</source>
