@@ -36,8 +36,9 @@ void FaultyLine::open()
 
 void FaultyLine::write(const QByteArray& bytes)
 {
-    m_clock->after(m_settings.timing.transmissionTime(bytes.size())
-                       + m_settings.processing * MICROSECONDS,
+    const int station = static_cast<quint8>(bytes.at(0));
+    const int processing = m_settings.processingOf.value(station, m_settings.processing);
+    m_clock->after(m_settings.timing.transmissionTime(bytes.size()) + processing * MICROSECONDS,
                    [this, bytes] { serve(bytes); });
 }
 

@@ -7,6 +7,8 @@
 #include "kxsim/requests/request_server.h"
 #include "tools/exchange/virtual_clock.h"
 
+#include <QtCore/QHash>
+
 namespace kx
 {
 
@@ -15,8 +17,9 @@ struct FaultyLineSettings {
     QList<int> stations = {1};
     kxsim::FaultPlan faults;
     LineTiming timing;
-    int processing = 5;    ///< milliseconds from a request to its reply
-    bool trickles = false; ///< bytes arrive two by two, as the line carries them
+    int processing = 5;           ///< milliseconds from a request to its reply
+    QHash<int, int> processingOf; ///< the same of stations that take another time
+    bool trickles = false;        ///< bytes arrive two by two, as the line carries them
 };
 
 class FaultyLine : public Line

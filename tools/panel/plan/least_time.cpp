@@ -1,5 +1,6 @@
 #include "panel/plan/least_time.h"
 
+#include "panel/plan/plan_timing.h"
 #include "panel/plan/whole_values.h"
 #include "registers/register_types.h"
 
@@ -26,15 +27,16 @@ struct PieceCost {
     bool maySpanGaps = true;
 };
 
-PieceCost costOf(const RegisterType* type, const ReadRules& rules, const StationRules& station)
+PieceCost costOf(const RegisterType* type, int number, const ReadRules& rules)
 {
+    const StationRules station = rules.of(number);
     const bool isBits = type->registerClass == BIT_CLASS;
     // Of 1,000 characters, so that what is rounded up does not count.
     const qint64 character = rules.line.transmissionTime(NANOSECONDS_PER_MICROSECOND);
-    const qint64 gap = rules.line.frameGap();
+    const qint64 pauses = timingAt(number, rules).wait() + rules.line.frameGap();
     PieceCost cost;
-    cost.each = (READ_REQUEST_BYTES + READ_REPLY_BYTES) * character
-                + (std::max(station.turnaround, gap) + gap) * NANOSECONDS_PER_MICROSECOND;
+    cost.each =
+        (READ_REQUEST_BYTES + READ_REPLY_BYTES) * character + pauses * NANOSECONDS_PER_MICROSECOND;
     cost.blockSize = isBits ? COILS_PER_BYTE : 1;
     cost.block = isBits ? character : registersPerAddress(type) * BYTES_PER_REGISTER * character;
     cost.most = isBits ? station.maxBits : station.maxWords / registersPerAddress(type);
@@ -141,7 +143,7 @@ class PieceMaker
 {
 public:
     PieceMaker(const AddressRange& of, const ReadRules& rules)
-        : m_of(of), m_cost(costOf(of.type, rules, rules.of(of.station)))
+        : m_of(of), m_cost(costOf(of.type, of.station, rules))
     {
     }
 

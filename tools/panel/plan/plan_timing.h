@@ -3,19 +3,25 @@
 #define KX_PANEL_PLAN_PLAN_TIMING_H
 
 #include "addresses/export.h"
-#include "exchange/lines/line_timing.h"
+#include "panel/plan/read_rules.h"
 
 #include <QtCore/QtGlobal>
 
 namespace kx
 {
 
-struct PlanTiming {
+struct KXRUNTIME_EXPORT PlanTiming {
     LineTiming line;
-    /// Microseconds from the end of a request to the first character of the reply.
-    /// The station must first hear the frame gap, so it counts at least that.
+    // As of StationRules.
     qint64 turnaround = 5000;
+    bool isMeasured = false;
+
+    /// Microseconds from the end of a request to the first character of the reply, as they count.
+    qint64 wait() const;
 };
+
+/// At a station that keeps the rules.
+KXRUNTIME_EXPORT PlanTiming timingAt(int station, const ReadRules& rules);
 
 struct KXRUNTIME_EXPORT CycleCost {
     int requests = 0;

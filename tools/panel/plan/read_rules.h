@@ -16,19 +16,21 @@ const int COILS_OF_ANY = 128;
 
 /// How a station wants to be asked.
 struct StationRules {
-    /// Microseconds from the end of a request to the first character of the reply. The station
-    /// must first hear the frame gap, so it counts at least that.
+    /// Microseconds from the end of a request to the first character of the reply. Unless it was
+    /// measured, at least the frame gap counts, which the station must hear first.
     qint64 turnaround = 5000;
     int maxWords = MOST_REGISTERS_PER_READ; ///< registers of one request; a 32CV is never cut
     int maxBits = MOST_COILS_PER_READ;      ///< coils of one request
     /// Addresses that nobody wants may be read along.
     bool maySpanGaps = true;
+    bool isMeasured = false; ///< the turnaround: the station answers so soon, whatever the gap
 };
 
 inline bool operator==(const StationRules& one, const StationRules& other)
 {
     return one.turnaround == other.turnaround && one.maxWords == other.maxWords
-           && one.maxBits == other.maxBits && one.maySpanGaps == other.maySpanGaps;
+           && one.maxBits == other.maxBits && one.maySpanGaps == other.maySpanGaps
+           && one.isMeasured == other.isMeasured;
 }
 
 struct ReadRules {

@@ -1,5 +1,6 @@
 #include "panel/polling/learned_rules.h"
 
+#include "panel/plan/plan_timing.h"
 #include "registers/register_types.h"
 
 #include <cmath>
@@ -54,11 +55,12 @@ bool LearnedRules::takeTurnarounds()
 {
     bool isFarOff = false;
     for (auto station = m_stations.cbegin(); station != m_stations.cend(); ++station) {
-        const auto planned = static_cast<double>(m_rules.of(station.key()).turnaround);
+        const auto planned = static_cast<double>(timingAt(station.key(), m_rules).wait());
         const double off = std::abs(station->turnaround - planned);
         if (station->turnaround >= 0 && off > FAR_ENOUGH && off > planned * FAR_OFF) {
             StationRules rules = m_rules.of(station.key());
             rules.turnaround = std::llround(station->turnaround);
+            rules.isMeasured = true;
             m_rules.stations.insert(station.key(), rules);
             isFarOff = true;
         }

@@ -13,6 +13,7 @@ class PlanTimingTest : public QObject
 private slots:
     void oneExchangeTakes_data();
     void oneExchangeTakes();
+    void aStationThatWasSeenToAnswerBeforeTheGap();
     void everyRequestOfACycleWaits();
     void theLineLoadIsTheShareOfBusyTime();
 };
@@ -55,6 +56,18 @@ void PlanTimingTest::oneExchangeTakes()
     QCOMPARE(cost.requests, 1);
     QCOMPARE(cost.bytesSent, qint64(8));
     QCOMPARE(cost.bytesExpected, qint64(25));
+}
+
+void PlanTimingTest::aStationThatWasSeenToAnswerBeforeTheGap()
+{
+    ReadRules rules; // 9600 baud, 8N1
+    rules.stations[2].turnaround = 800;
+    rules.stations[3].turnaround = 800;
+    rules.stations[3].isMeasured = true;
+    QCOMPARE(timingAt(1, rules).wait(), qint64(5000)); // as usual
+    QCOMPARE(timingAt(2, rules).wait(), qint64(3646));
+    QCOMPARE(timingAt(3, rules).wait(), qint64(800));
+    QCOMPARE(costOf(timingAt(3, rules), 1, 8, 25).duration, qint64(34375 + 800 + 3646));
 }
 
 void PlanTimingTest::everyRequestOfACycleWaits()

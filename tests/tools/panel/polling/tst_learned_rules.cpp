@@ -18,6 +18,7 @@ private slots:
     void whatWasAnsweredIsNotTooLong();
     void turnaroundsAreTakenOverWhenTheyAreFarOff_data();
     void turnaroundsAreTakenOverWhenTheyAreFarOff();
+    void aWaitThatWasAssumedIsFarOff();
     void aMillisecondIsNotWorthAnotherPlan();
     void turnaroundsAreSmoothed();
 };
@@ -113,6 +114,23 @@ void LearnedRulesTest::turnaroundsAreTakenOverWhenTheyAreFarOff()
     QCOMPARE(learned.takeTurnarounds(), isTaken);
     QCOMPARE(learned.rules().of(3).turnaround, isTaken ? qMax(measured, qint64(0)) : qint64(5000));
     QVERIFY(!learned.takeTurnarounds()); // once
+}
+
+// At 2400 baud 14584 us count, the frame gap, until a reply has come sooner.
+void LearnedRulesTest::aWaitThatWasAssumedIsFarOff()
+{
+    LearnedRules learned{ReadRules()};
+    LineTiming line;
+    line.baud = 2400;
+    learned.setLine(line);
+    learned.onAnswer(range("D0@2"), 11000); // not by a quarter
+    QVERIFY(!learned.takeTurnarounds());
+    QVERIFY(!learned.rules().of(2).isMeasured);
+    learned.onAnswer(range("D0@3"), 5000);
+    QVERIFY(learned.takeTurnarounds());
+    QCOMPARE(learned.rules().of(3).turnaround, qint64(5000));
+    QVERIFY(learned.rules().of(3).isMeasured);
+    QVERIFY(!learned.takeTurnarounds());
 }
 
 void LearnedRulesTest::aMillisecondIsNotWorthAnotherPlan()

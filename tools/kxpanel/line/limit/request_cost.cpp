@@ -39,8 +39,8 @@ RequestCost networkCost(const AnswerPace& pace)
 RequestCost serialCost(const kx::ReadRules& rules)
 {
     return [rules](const kx::PlannedRequest& request) {
-        const kx::PlanTiming timing{rules.line, rules.of(request.station).turnaround};
-        return costOf(timing, 1, request.bytesSent, request.bytesExpected);
+        return costOf(timingAt(request.station, rules), 1, request.bytesSent,
+                      request.bytesExpected);
     };
 }
 
@@ -59,6 +59,7 @@ kx::ReadRules limitedRules(int maxWords, const AnswerPace& pace)
     for (auto station = pace.turnarounds.begin(); station != pace.turnarounds.end(); ++station) {
         kx::StationRules own = rules.usual;
         own.turnaround = *station;
+        own.isMeasured = true;
         rules.stations.insert(station.key(), own);
     }
     return rules;

@@ -46,10 +46,11 @@ void RequestCostTest::rules()
 void RequestCostTest::aSerialLine()
 {
     AnswerPace pace;
-    pace.turnarounds = {{3, 12000}};
+    pace.turnarounds = {{2, 800}, {3, 12000}};
     const RequestCost cost = requestCost(pace);
     QCOMPARE(cost(tenRegisters(3)).duration, qint64(34375 + 12000 + 3646)); // and a frame gap
     QCOMPARE(cost(tenRegisters(1)).duration, qint64(34375 + 5000 + 3646));
+    QCOMPARE(cost(tenRegisters(2)).duration, qint64(34375 + 800 + 3646)); // before a frame gap
     QCOMPARE(cost(tenRegisters(1)).busy, qint64(34375));
 }
 
