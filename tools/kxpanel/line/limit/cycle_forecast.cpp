@@ -14,7 +14,11 @@ namespace kxpanel
 namespace
 {
 
-const int MOST_REQUESTS = 2000; // of those that are averaged: the rest would change little
+// In times of the longest interval. Polls that come later than they are due wait for each other
+// in ways that differ from cycle to cycle, and at first all are due at once.
+const int UNTIL_SETTLED = 10;
+const int AVERAGED = 20;
+const int MOST_REQUESTS = 2000; // of either: the rest would change little
 
 qint64 share(qint64 sum, int cycles)
 {
@@ -38,18 +42,15 @@ public:
 
     kx::CycleCost average()
     {
-        // At first all that have an interval are due at once: one of two that are sent is such a
-        // one.
-        const int all = m_longestInterval > 0 ? 2 * m_schedule.size() : 0;
-        while (m_sum.requests < all)
-            runCycle();
+        if (m_longestInterval > 0)
+            settle();
         const qint64 begin = m_now;
         m_sum = kx::CycleCost();
         int cycles = 0;
         do {
             runCycle();
             ++cycles;
-        } while (m_now < begin + m_longestInterval && m_sum.requests < MOST_REQUESTS);
+        } while (m_now < begin + AVERAGED * m_longestInterval && m_sum.requests < MOST_REQUESTS);
         m_sum.requests = static_cast<int>(share(m_sum.requests, cycles));
         m_sum.bytesSent = share(m_sum.bytesSent, cycles);
         m_sum.bytesExpected = share(m_sum.bytesExpected, cycles);
@@ -59,6 +60,14 @@ public:
     }
 
 private:
+    void settle()
+    {
+        const int each = 2 * m_schedule.size(); // of two that are sent one had been due at first
+        while (m_sum.requests < each
+               || (m_now < UNTIL_SETTLED * m_longestInterval && m_sum.requests < MOST_REQUESTS))
+            runCycle();
+    }
+
     void runCycle()
     {
         while (!sendNext()) {

@@ -31,6 +31,8 @@ class PredictedCycleTest : public QObject
 private slots:
     void isMeasured_data();
     void isMeasured();
+    void withIntervalsIsMeasured_data();
+    void withIntervalsIsMeasured();
 };
 
 void PredictedCycleTest::isMeasured_data()
@@ -67,6 +69,45 @@ void PredictedCycleTest::isMeasured()
         QStringLiteral("predicted %1, measured %2 us").arg(predicted).arg(measured);
     // What is sent and what comes are rounded up to whole microseconds, each by itself.
     QVERIFY2(qAbs(predicted - measured) <= 20, qPrintable(words));
+}
+
+void PredictedCycleTest::withIntervalsIsMeasured_data()
+{
+    QTest::addColumn<int>("baud");
+    QTest::addColumn<int>("processing"); // milliseconds
+    QTest::addColumn<QString>("ranges");
+    QTest::addColumn<qint64>("off"); // thousandths
+    const QString kept = QStringLiteral("D0:10/400 D500:4/1000 M0/2000");
+    QTest::newRow("intervals alone, 9600 baud") << 9600 << 5 << kept << qint64(0);
+    QTest::newRow("intervals alone, 115200 baud") << 115200 << 0 << kept << qint64(0);
+    const QString between =
+        QStringLiteral("D0:10 D500:4 M0:8 D2000:4/500 D3000/1000 M900:3/1000 D6000@2/1000");
+    QTest::newRow("between others, 2400 baud") << 2400 << 20 << between << qint64(10);
+    QTest::newRow("between others, 9600 baud") << 9600 << 5 << between << qint64(10);
+    QTest::newRow("between others, 19200 baud") << 19200 << 1 << between << qint64(10);
+    QTest::newRow("between others, 115200 baud") << 115200 << 20 << between << qint64(10);
+    // Which of them waits for which differs from cycle to cycle.
+    const QString many = QStringLiteral("D0:100/50 D500:100/100 M0/100");
+    QTest::newRow("too many, 9600 baud") << 9600 << 5 << many << qint64(20);
+    QTest::newRow("too many, 19200 baud") << 19200 << 5 << many << qint64(20);
+    QTest::newRow("too many, 115200 baud") << 115200 << 20 << many << qint64(20);
+    QTest::newRow("just enough, 115200 baud") << 115200 << 5 << many << qint64(0);
+}
+
+void PredictedCycleTest::withIntervalsIsMeasured()
+{
+    QFETCH(int, baud);
+    QFETCH(int, processing);
+    QFETCH(QString, ranges);
+    QFETCH(qint64, off);
+    kx::FaultyLineSettings line = threeStations(baud);
+    line.processing = processing;
+    TimedPolling polling(line, polledRanges(ranges), 0);
+    const qint64 predicted = polling.predicted();
+    const qint64 measured = polling.measured(20, 60000);
+    const QString words =
+        QStringLiteral("predicted %1, measured %2 us").arg(predicted).arg(measured);
+    QVERIFY2(qAbs(predicted - measured) <= 20 + off * measured / 1000, qPrintable(words));
 }
 
 QTEST_GUILESS_MAIN(PredictedCycleTest)
