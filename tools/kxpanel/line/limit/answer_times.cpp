@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <numeric>
 
 namespace kxpanel
 {
@@ -10,7 +11,7 @@ namespace kxpanel
 namespace
 {
 
-const size_t LATEST = 31; // answers, whatever their length
+const size_t LATEST = 50; // answers, whatever their length
 const size_t LATEST_OF_A_LENGTH = 9;
 const qint64 STAYS = 500;     // answers of the station, without one of the length
 const int LENGTHS_APART = 16; // bytes; from less the time of one cannot be told
@@ -23,21 +24,22 @@ auto medianOf(Numbers numbers)
     return *middle;
 }
 
-} // namespace
-
-void AnswerTimes::keep(Latest* latest, qint64 time, size_t most)
+template <typename Value>
+void pushLatest(std::deque<Value>* latest, const Value& value, size_t most)
 {
-    latest->push_back(time);
+    latest->push_back(value);
     if (latest->size() > most)
         latest->pop_front();
 }
 
+} // namespace
+
 void AnswerTimes::add(int station, int bytes, qint64 time)
 {
     Station& answered = m_stations[station];
-    keep(&answered.latest, time, LATEST);
+    pushLatest(&answered.latest, {bytes, time}, LATEST);
     Answers& ofLength = answered.byBytes[bytes];
-    keep(&ofLength.latest, time, LATEST_OF_A_LENGTH);
+    pushLatest(&ofLength.latest, time, LATEST_OF_A_LENGTH);
     ofLength.last = ++answered.count;
     for (auto it = answered.byBytes.begin(); it != answered.byBytes.end();)
         it = answered.count - it->second.last < STAYS ? std::next(it) : answered.byBytes.erase(it);
@@ -49,17 +51,27 @@ AnswerPace AnswerTimes::pace(const kx::LineTiming& line, bool isNetwork) const
     pace.line = line;
     pace.isNetwork = isNetwork;
     for (const auto& [number, station] : m_stations)
-        pace.turnarounds.insert(number, medianOf(station.latest));
+        pace.turnarounds.insert(number, eachOf(station, 0));
     if (!isNetwork)
         return pace;
     pace.perByte = perByte(line);
-    for (const auto& [number, station] : m_stations) {
-        std::vector<double> rests;
-        for (const Length& length : lengthsOf(station))
-            rests.push_back(length.time - pace.perByte * length.bytes);
-        pace.each.insert(number, std::max(std::llround(medianOf(rests)), 0LL));
-    }
+    for (const auto& [number, station] : m_stations)
+        pace.each.insert(number, eachOf(station, pace.perByte));
     return pace;
+}
+
+/// On average, since a cycle takes what its answers take together; but for the longest and the
+/// shortest, so that one that is late changes nothing.
+qint64 AnswerTimes::eachOf(const Station& station, double perByte)
+{
+    std::vector<double> rests;
+    for (const Answer& answer : station.latest)
+        rests.push_back(static_cast<double>(answer.time) - perByte * answer.bytes);
+    std::sort(rests.begin(), rests.end());
+    const std::ptrdiff_t leftOut = rests.size() > 2 ? 1 : 0;
+    const double sum = std::accumulate(rests.begin() + leftOut, rests.end() - leftOut, 0.0);
+    const auto count = static_cast<double>(rests.size()) - 2.0 * static_cast<double>(leftOut);
+    return std::max(std::llround(sum / count), 0LL);
 }
 
 /// By what answers of other lengths took longer or less. When all are alike, as the serial line has

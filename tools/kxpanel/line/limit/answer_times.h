@@ -24,15 +24,18 @@ public:
     AnswerPace pace(const kx::LineTiming& line, bool isNetwork) const;
 
 private:
-    using Latest = std::deque<qint64>; ///< microseconds
+    struct Answer {
+        int bytes;
+        qint64 time; ///< microseconds
+    };
 
     struct Answers {
-        Latest latest;
-        qint64 last = 0; ///< the station's, counted from 1
+        std::deque<qint64> latest; ///< microseconds
+        qint64 last = 0;           ///< the station's, counted from 1
     };
 
     struct Station {
-        Latest latest;
+        std::deque<Answer> latest;
         qint64 count = 0;               ///< of its answers
         std::map<int, Answers> byBytes; ///< the same, by length; none that comes no more
     };
@@ -42,7 +45,7 @@ private:
         double time; ///< usual one
     };
 
-    static void keep(Latest* latest, qint64 time, size_t most);
+    static qint64 eachOf(const Station& station, double perByte);
     static std::vector<Length> lengthsOf(const Station& station);
     double perByte(const kx::LineTiming& line) const;
 

@@ -21,6 +21,7 @@ class AnswerTimesTest : public QObject
 
 private slots:
     void turnaroundsAreThoseOfLate();
+    void whatTakesLongNowAndThenCounts();
     void aNetworkByAnswersOfOtherLengths();
     void aNetworkWhoseLengthsTellNothing_data();
     void aNetworkWhoseLengthsTellNothing();
@@ -36,17 +37,35 @@ void AnswerTimesTest::turnaroundsAreThoseOfLate()
     AnswerTimes times;
     for (int i = 0; i < 100; ++i)
         times.add(1, 20, 5000);
-    for (int i = 0; i < 15; ++i)
+    for (int i = 0; i < 49; ++i)
         times.add(1, 90, 8000);
     times.add(3, 20, 1200);
     AnswerPace pace = times.pace(serial(), false);
-    QCOMPARE(pace.turnarounds, (QMap<int, qint64>{{1, 5000}, {3, 1200}}));
-    times.add(1, 90, 8000); // the 16th of the latest 31
-    pace = times.pace(serial(), false);
-    QCOMPARE(pace.turnarounds.value(1), qint64(8000));
+    QCOMPARE(pace.turnarounds, (QMap<int, qint64>{{1, 8000}, {3, 1200}}));
+    for (int i = 0; i < 12; ++i)
+        times.add(1, 20, 5000);
+    pace = times.pace(serial(), false); // 37 and 11 of the latest 50, but for one of each
+    QCOMPARE(pace.turnarounds.value(1), qint64(7313));
     QVERIFY(!pace.isNetwork);
     QCOMPARE(pace.line.baud, 9600);
     QVERIFY(pace.each.isEmpty());
+}
+
+// A cycle takes what its replies take together.
+void AnswerTimesTest::whatTakesLongNowAndThenCounts()
+{
+    AnswerTimes times;
+    for (int i = 0; i < 50; ++i)
+        times.add(1, 20, i % 10 == 9 ? 95000 : 5000); // five
+    // Four of 95 ms and 44 of 5 ms.
+    QCOMPARE(times.pace(serial(), false).turnarounds.value(1), qint64(12500));
+    AnswerTimes network; // 500 us a byte and as much
+    for (int i = 0; i < 50; ++i) {
+        const int bytes = i % 2 == 0 ? 20 : 60;
+        network.add(1, bytes, 500 * bytes + (i % 10 == 9 ? 95000 : 5000));
+    }
+    QCOMPARE(network.pace(serial(), true).perByte, 500.0);
+    QCOMPARE(network.pace(serial(), true).each.value(1), qint64(12500));
 }
 
 void AnswerTimesTest::aNetworkByAnswersOfOtherLengths()
@@ -72,11 +91,11 @@ void AnswerTimesTest::aNetworkWhoseLengthsTellNothing_data()
     QTest::newRow("all are alike: as the serial line behind it has it")
         << qint64(30000) << 20 << qint64(30000) << qint64(1041667) << qint64(9167);
     QTest::newRow("too little apart")
-        << qint64(30000) << 35 << qint64(46000) << qint64(1041667) << qint64(9542);
+        << qint64(30000) << 35 << qint64(46000) << qint64(1041667) << qint64(9354);
     QTest::newRow("sooner than on a serial line")
         << qint64(400) << 20 << qint64(400) << qint64(0) << qint64(400);
     QTest::newRow("the longer ones are quicker")
-        << qint64(400) << 90 << qint64(200) << qint64(0) << qint64(400);
+        << qint64(400) << 90 << qint64(200) << qint64(0) << qint64(300);
 }
 
 void AnswerTimesTest::aNetworkWhoseLengthsTellNothing()
@@ -120,14 +139,15 @@ void AnswerTimesTest::oneThatIsLateChangesNothing()
 void AnswerTimesTest::lengthsThatComeNoMoreAreForgotten()
 {
     AnswerTimes times;
-    for (const int bytes : {40, 60, 93})
-        times.add(1, bytes, 50000);
+    times.add(1, 40, 30000);
+    times.add(1, 93, 83000);
     for (int i = 0; i < 400; ++i)
         times.add(1, 33, 5000);
     times.add(2, 60, 50000); // of another station, whose answers are counted apart
-    QCOMPARE(times.pace(serial(), true).each, (QMap<int, qint64>{{1, 50000}, {2, 50000}}));
+    QCOMPARE(times.pace(serial(), true).perByte, 1300.0); // from 33 bytes to 93
     for (int i = 400; i < 500; ++i)
         times.add(1, 33, 5000);
+    QCOMPARE(times.pace(serial(), true).perByte, 0.0);
     QCOMPARE(times.pace(serial(), true).each, (QMap<int, qint64>{{1, 5000}, {2, 50000}}));
 }
 
