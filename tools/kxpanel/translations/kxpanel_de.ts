@@ -1231,7 +1231,7 @@
     </message>
     <message>
         <source>Polls with requests of this length at most from now on (Alt+A)</source>
-        <translation>Fragt von jetzt an mit Anfragen höchstens dieser Länge ab (Alt+A)</translation>
+        <translation>Fragt von jetzt an mit Anfragen höchstens dieser Länge ab (Alt+W)</translation>
     </message>
     <message>
         <source>A&amp;utomatic</source>
@@ -1269,8 +1269,8 @@
         <translation>Bes&amp;te anwenden</translation>
     </message>
     <message>
-        <source>The lowest limit with the shortest cycle (Alt+B)</source>
-        <translation>Die niedrigste Grenze mit dem kürzesten Zyklus (Alt+B)</translation>
+        <source>The limit with the shortest cycle: of equal ones that which leaves the line the most time, then the lowest (Alt+B)</source>
+        <translation>Die Grenze mit dem kürzesten Zyklus: von gleichen die, bei der die Leitung am längsten frei bleibt, dann die niedrigste (Alt+T)</translation>
     </message>
     <message numerus="yes">
         <source>Predicted: %1 per cycle, %n requests</source>

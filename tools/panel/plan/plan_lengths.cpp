@@ -10,7 +10,8 @@ namespace
 
 bool isBetter(const LengthResult& one, const LengthResult& other)
 {
-    return std::tie(one.unread, one.cost.duration) < std::tie(other.unread, other.cost.duration);
+    return std::tie(one.unread, one.cost.duration, one.cost.needed)
+           < std::tie(other.unread, other.cost.duration, other.cost.needed);
 }
 
 } // namespace

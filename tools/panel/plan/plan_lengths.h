@@ -29,7 +29,7 @@ KXRUNTIME_EXPORT LengthResult resultOf(const Plan& plan, const WatchedRanges& wa
                                        const PlanTiming& timing);
 
 /// The index of the best: it reads the most of what is asked for, in the shortest
-/// cycle, at the lowest limit. -1 for an empty list.
+/// cycle, of which its requests need the least, at the lowest limit. -1 for an empty list.
 KXRUNTIME_EXPORT int bestOf(const QList<LengthResult>& results);
 
 /// The rows worth showing of results in rising order of limits: the first and the

@@ -29,7 +29,8 @@ CycleCost costOf(const PlanTiming& timing, int requests, qint64 bytesSent, qint6
     cost.bytesSent = bytesSent;
     cost.bytesExpected = bytesExpected;
     cost.busy = timing.line.transmissionTime(bytesSent + bytesExpected);
-    cost.duration = cost.busy + requests * (timing.wait() + timing.line.frameGap());
+    cost.needed = cost.busy + requests * (timing.wait() + timing.line.frameGap());
+    cost.duration = cost.needed;
     return cost;
 }
 

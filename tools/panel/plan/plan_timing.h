@@ -28,6 +28,9 @@ struct KXRUNTIME_EXPORT CycleCost {
     qint64 bytesSent = 0;
     qint64 bytesExpected = 0;
     qint64 busy = 0;     ///< microseconds in which characters occupy the line
+    /// Microseconds that its requests take, with replies and pauses; in what is left of the
+    /// duration nothing is due.
+    qint64 needed = 0;
     qint64 duration = 0; ///< microseconds
 
     /// Share of the time, 0 to 1, in which characters occupy the line.

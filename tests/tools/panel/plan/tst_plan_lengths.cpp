@@ -74,6 +74,12 @@ void PlanLengthsTest::theBestReadsAllInTheShortestTime_data()
     QTest::newRow("the shortest cycle")
         << Results{result(1, 300), result(2, 100), result(3, 200)} << 1;
     QTest::newRow("the lowest of equal limits") << Results{result(1, 100), result(2, 100)} << 0;
+    LengthResult needsLess = result(2, 100);
+    needsLess.cost.needed = 90;
+    LengthResult needsAll = result(1, 100);
+    needsAll.cost.needed = 100;
+    QTest::newRow("the one that leaves time of equal cycles")
+        << Results{needsAll, needsLess, needsLess} << 1;
     QTest::newRow("a shorter cycle that leaves values unread loses")
         << Results{result(1, 300), result(2, 100, 1)} << 0;
     QTest::newRow("the least unread when all leave some")

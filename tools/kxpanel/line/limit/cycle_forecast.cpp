@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace kxpanel
@@ -35,8 +36,9 @@ public:
         for (int index = 0; index < m_schedule.size(); ++index) {
             const kx::PolledRange& poll = m_schedule.poll(index);
             m_costs.push_back(requestCost(kx::requestFor(poll.range)));
-            m_longestInterval =
-                std::max(m_longestInterval, poll.interval * kx::MICROSECONDS_PER_MILLISECOND);
+            const qint64 interval = poll.interval * kx::MICROSECONDS_PER_MILLISECOND;
+            m_longestInterval = std::max(m_longestInterval, interval);
+            m_shortestInterval = std::min(m_shortestInterval, interval);
         }
     }
 
@@ -45,6 +47,7 @@ public:
         if (m_longestInterval > 0)
             settle();
         const qint64 begin = m_now;
+        const qint64 missed = m_schedule.missed();
         m_sum = kx::CycleCost();
         int cycles = 0;
         do {
@@ -55,7 +58,10 @@ public:
         m_sum.bytesSent = share(m_sum.bytesSent, cycles);
         m_sum.bytesExpected = share(m_sum.bytesExpected, cycles);
         m_sum.busy = share(m_sum.busy, cycles);
-        m_sum.duration = share(m_now - begin, cycles);
+        m_sum.needed = share(m_sum.needed, cycles);
+        // Some of the cycles wait for other polls, and the next ones are as much shorter.
+        const bool isKept = m_shortestInterval > 0 && m_schedule.missed() == missed;
+        m_sum.duration = isKept ? m_shortestInterval : share(m_now - begin, cycles);
         return m_sum;
     }
 
@@ -89,12 +95,14 @@ private:
         m_sum.bytesSent += cost.bytesSent;
         m_sum.bytesExpected += cost.bytesExpected;
         m_sum.busy += cost.busy;
+        m_sum.needed += cost.needed;
         return m_schedule.end(index, kx::PollSchedule::Outcome::Answered, m_now).endsCycle;
     }
 
     kx::PollSchedule m_schedule;
     std::vector<kx::CycleCost> m_costs; ///< of each poll
-    qint64 m_longestInterval = 0;       ///< microseconds
+    qint64 m_longestInterval = 0;       ///< microseconds, as the shortest
+    qint64 m_shortestInterval = std::numeric_limits<qint64>::max(); ///< 0: some have none
     qint64 m_now = 0;
     kx::CycleCost m_sum;
 };

@@ -144,7 +144,8 @@ void LimitPanel::showCosts()
     const int best = m_costs->best();
     m_best->setEnabled(best > 0);
     m_best->setText(best > 0 ? tr("Apply the &best: %1").arg(best) : tr("Apply the &best"));
-    m_best->setToolTip(tr("The lowest limit with the shortest cycle (Alt+B)"));
+    m_best->setToolTip(tr("The limit with the shortest cycle: of equal ones that which leaves the "
+                          "line the most time, then the lowest (Alt+B)"));
     const kx::LengthResult* result = m_costs->of(chosen());
     m_predicted->setText((result ? predictedWords(result->cost) : tr("Predicted: nothing yet"))
                          + m_leftOut);

@@ -28,8 +28,9 @@ RequestCost networkCost(const AnswerPace& pace)
         cost.bytesSent = request.bytesSent;
         cost.bytesExpected = request.bytesExpected;
         const int bytes = request.bytesSent + request.bytesExpected;
-        cost.duration =
+        cost.needed =
             pace.each.value(request.station, slowest) + std::llround(pace.perByte * bytes);
+        cost.duration = cost.needed;
         return cost;
     };
 }

@@ -80,12 +80,18 @@ void CycleForecastTest::intervalsAlone()
     QCOMPARE(cost.duration, qint64(500000)); // the shortest
     QCOMPARE(cost.requests, 3);              // two, and one in each other cycle
     QVERIFY(qAbs(cost.busy - (2 * BUSY + BUSY / 2)) < 2);
+    QVERIFY(qAbs(cost.needed - (2 * TEN_REGISTERS + TEN_REGISTERS / 2)) < 2);
+    // Of cycles that wait for the one between them some are longer, and others as much shorter.
+    const kx::CycleCost drifting =
+        forecastCycle({poll(100, 300), poll(7000, 700), poll(4000, 1100)}, serialCost({}));
+    QCOMPARE(drifting.duration, qint64(300000));
 }
 
 void CycleForecastTest::intervalsThatCannotBeKept()
 {
     const kx::CycleCost cost = forecastCycle({poll(100, 50), poll(7000, 50)}, serialCost({}));
     QCOMPARE(cost.duration, 2 * TEN_REGISTERS);
+    QCOMPARE(cost.needed, 2 * TEN_REGISTERS);
     // Each takes its turn with the other that is always there.
     const kx::CycleCost mixed = forecastCycle({poll(100, 0), poll(7000, 10)}, serialCost({}));
     QCOMPARE(mixed.duration, 2 * TEN_REGISTERS);

@@ -1,6 +1,7 @@
 // What is predicted of a cycle beside what it takes: a session polls simulated controllers in
 // virtual time, of which nothing else takes any.
 
+#include "kxpanel/line/limit/limit_costs.h"
 #include "tools/kxpanel/line/limit/timed_polling.h"
 
 #include <QtTest/QTest>
@@ -33,6 +34,8 @@ private slots:
     void isMeasured();
     void withIntervalsIsMeasured_data();
     void withIntervalsIsMeasured();
+    void theBestLimitTakesLeast_data();
+    void theBestLimitTakesLeast();
 };
 
 void PredictedCycleTest::isMeasured_data()
@@ -108,6 +111,56 @@ void PredictedCycleTest::withIntervalsIsMeasured()
     const QString words =
         QStringLiteral("predicted %1, measured %2 us").arg(predicted).arg(measured);
     QVERIFY2(qAbs(predicted - measured) <= 20 + off * measured / 1000, qPrintable(words));
+}
+
+void PredictedCycleTest::theBestLimitTakesLeast_data()
+{
+    QTest::addColumn<int>("baud");
+    QTest::addColumn<int>("processing"); // milliseconds
+    QTest::addColumn<QString>("ranges");
+    QTest::addColumn<bool>("isKept"); // the cycle is an interval
+    QTest::addColumn<int>("best");
+    const QString runs = QStringLiteral("D0:10 D14:3 D24 D40:30 M0:20 M90:3");
+    QTest::newRow("gaps, 9600 baud, quick") << 9600 << 0 << runs << false << 30;
+    QTest::newRow("gaps, 9600 baud, slow") << 9600 << 20 << runs << false << 70;
+    QTest::newRow("one long run") << 9600 << 5 << QStringLiteral("D0:120") << false << 120;
+    QTest::newRow("coils and registers") // 300 coils are 19 registers
+        << 19200 << 5 << QStringLiteral("M0:300 X0:40 D0:12 32CV200:4") << false << 19;
+    QTest::newRow("three stations")
+        << 19200 << 5 << QStringLiteral("D0:30 D100:3 D0:10@2 D14@2 M0:100@3") << false << 30;
+    QTest::newRow("intervals between others")
+        << 9600 << 5 << QStringLiteral("D0:30 D500:4 M0:80 D2000:40/500") << false << 40;
+    QTest::newRow("intervals that are kept")
+        << 19200 << 5 << QStringLiteral("D0:30/300 D500:9/700 M0/1100") << true << 30;
+    QTest::newRow("intervals that cannot be kept")
+        << 9600 << 5 << QStringLiteral("D0:30/20 D500:9/20 M0:80/40") << false << 30;
+}
+
+void PredictedCycleTest::theBestLimitTakesLeast()
+{
+    QFETCH(int, baud);
+    QFETCH(int, processing);
+    QFETCH(QString, ranges);
+    QFETCH(bool, isKept);
+    kx::FaultyLineSettings line = threeStations(baud);
+    line.processing = processing;
+    const QList<kx::PolledRange> watched = polledRanges(ranges);
+    LimitCosts costs;
+    costs.start(watched, TimedPolling(line, watched, 0).pace());
+    QTRY_VERIFY(costs.isFinished());
+    QTEST(costs.best(), "best");
+    QList<qint64> measured;
+    for (int limit = 1; limit <= kx::MOST_REGISTERS_PER_READ; ++limit)
+        measured << TimedPolling(line, watched, limit).measured(10, isKept ? 30000 : 5000);
+    const qint64 ofBest = measured.at(costs.best() - 1);
+    for (int limit = 1; limit <= kx::MOST_REGISTERS_PER_READ; ++limit) {
+        const qint64 time = measured.at(limit - 1);
+        const qint64 off = isKept ? time / 100 : 20; // as cycles wait for other polls; as above
+        QVERIFY2(time >= ofBest - off, qPrintable(QString::number(limit)));
+        // The lowest limit of them, or the one with which an interval leaves the most time.
+        QVERIFY2(isKept || limit >= costs.best() || time > ofBest + off,
+                 qPrintable(QString::number(limit)));
+    }
 }
 
 QTEST_GUILESS_MAIN(PredictedCycleTest)
