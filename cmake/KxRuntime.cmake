@@ -17,6 +17,7 @@ set(KX_RUNTIME_HEADERS
   panel/jobs/scan_reply.h panel/jobs/write_job.h
   panel/plan/least_time.h panel/plan/plan_driver.h panel/plan/plan_lengths.h
   panel/plan/plan_request.h panel/plan/plan_timing.h panel/plan/ranges_beyond.h panel/plan/read_rules.h
+  panel/plan/time_out_rules.h
   panel/plan/watch_plan.h panel/plan/watched_ranges.h panel/polling/polled_range.h
   panel/recipe/recipe_cells.h panel/recipe/recipe_file.h panel/recipe/recipe_layout.h
   panel/recipe/recipe_storage.h panel/recipe/recipe_value.h

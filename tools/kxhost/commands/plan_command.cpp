@@ -2,6 +2,8 @@
 
 #include "addresses/request_limits.h"
 #include "exchange/driver_lease.h"
+#include "exchange/exchange_settings.h"
+#include "exchange/loop_clock.h"
 #include "kxhost/commands/connection.h"
 #include "kxhost/options/command_parser.h"
 #include "kxhost/options/offline_options.h"
@@ -10,6 +12,7 @@
 #include "kxhost/terminal/exit_codes.h"
 #include "kxhost/views/plan_json.h"
 #include "kxhost/views/plan_text.h"
+#include "panel/plan/time_out_rules.h"
 #include "panel/plan/watch_plan.h"
 
 namespace kx
@@ -105,7 +108,8 @@ int runPlan(const QStringList& arguments)
         return exitCode;
     const WatchedRanges watched(options.watched);
     const QList<LengthResult> lengths = lengthsOf(entryPoints, options, watched);
-    const Plan chosen = chosenPlan(options.watched, rulesOf(options));
+    const qint64 timeOut = ExchangeSettings().replyTimeout * MICROSECONDS_PER_MILLISECOND;
+    const Plan chosen = chosenPlan(options.watched, rulesWithin(timeOut, rulesOf(options)));
     const LengthResult ofChosen = resultOf(chosen, watched, options.timing);
     std::optional<Plan> plan = chosen;
     if (!options.lengths.choosesLengths)

@@ -1,5 +1,6 @@
 #include "kxpanel/line/line_page.h"
 
+#include "exchange/loop_clock.h"
 #include "kxpanel/actions/page_action.h"
 #include "kxpanel/exchanges/exchange_words.h"
 #include "kxpanel/exchanges/station_sign.h"
@@ -101,6 +102,7 @@ void LinePage::onLineChanged(const LineStatus& status)
     m_line = status.name;
     m_timing = status.timing;
     m_isNetwork = status.isNetwork;
+    m_replyTimeout = status.replyTimeout * kx::MICROSECONDS_PER_MILLISECOND;
     m_recordTiming = status.timing;
     m_recordTiming.baud = m_isNetwork ? 0 : m_timing.baud;
     if (isAnother || hasOtherTiming) {
@@ -126,8 +128,14 @@ void LinePage::onCounted()
 /// What was predicted holds no more.
 bool LinePage::hasOtherPace() const
 {
-    return isVisible() && m_isPredicted && !m_costs.isWorking()
-           && areFarApart(m_pace, m_answers.pace(m_timing, m_isNetwork));
+    return isVisible() && m_isPredicted && !m_costs.isWorking() && areFarApart(m_pace, paceNow());
+}
+
+AnswerPace LinePage::paceNow() const
+{
+    AnswerPace pace = m_answers.pace(m_timing, m_isNetwork);
+    pace.replyTimeout = m_replyTimeout;
+    return pace;
 }
 
 void LinePage::onValuesChanged()
@@ -142,7 +150,7 @@ void LinePage::predict()
     if (!m_context.tags || !isVisible())
         return;
     m_silent = m_record.silentStations();
-    const AnswerPace pace = m_answers.pace(m_timing, m_isNetwork);
+    const AnswerPace pace = paceNow();
     if (areFarApart(m_pace, pace))
         m_pace = pace;
     const QList<kx::PolledRange> polled = polledRanges(*m_context.tags);

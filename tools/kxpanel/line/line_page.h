@@ -44,6 +44,7 @@ private:
     void onLineChanged(const LineStatus& status);
     void onCounted();
     bool hasOtherPace() const;
+    AnswerPace paceNow() const;
     void onValuesChanged();
     void predict();
     void showPlan();
@@ -61,6 +62,7 @@ private:
     qint64 m_waitingCount = 0;     ///< with those that are forgotten
     kx::LineTiming m_timing;       ///< of the serial line, be it behind a gateway
     kx::LineTiming m_recordTiming; ///< of what this side sees of it
+    qint64 m_replyTimeout = 0;     ///< microseconds; 0: not known
     bool m_isNetwork = false;
     int m_sessions = 0;  ///< of the line, that have begun
     QList<int> m_silent; ///< stations, when it was predicted last

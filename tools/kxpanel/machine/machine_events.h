@@ -46,6 +46,7 @@ struct LineStatus {
     QString name;  ///< of the line: "/dev/ttyUSB0", "gateway:8888", "simulated controller"
     QString fault; ///< what is wrong with the line or its stations, one line; empty: nothing
     kx::LineTiming timing;   ///< of the serial line, be it behind a gateway
+    int replyTimeout = 0;    ///< milliseconds from the end of a request; 0: not open yet
     bool isNetwork = false;  ///< when characters are on the serial line is not known here
     int longestRequest = 0;  ///< in registers, that may be asked for; 0: not open yet
     bool isAutomatic = true; ///< within that, requests are as long as takes the least time

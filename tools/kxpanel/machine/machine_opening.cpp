@@ -34,6 +34,7 @@ void Machine::open(const kx::ConnectionOptions& options, bool readsValues)
     m_parts->status.name = m_parts->line->name;
     kx::Connection* const connection = m_parts->line->connection.get();
     m_parts->status.timing = m_parts->options.session.timingOf(connection->line()->timing());
+    m_parts->status.replyTimeout = m_parts->options.session.exchange.replyTimeout;
     m_parts->status.isNetwork = connection->line()->timing().baud <= 0;
     connect(connection, &kx::Connection::opened, this, &Machine::onOpened);
     connect(connection, &kx::Connection::failed, this,

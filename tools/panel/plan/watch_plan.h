@@ -12,7 +12,7 @@
 namespace kx
 {
 
-/// As with SessionSettings::choosesLengths. The plan's limit is 0.
+/// As with SessionSettings::choosesLengths, for rules as of rulesWithin(). The plan's limit is 0.
 KXRUNTIME_EXPORT Plan chosenPlan(const QList<AddressRange>& watched, const ReadRules& rules);
 
 /// As without: registers as the driver joins them up to `maxWords`, see askForPlan(); coils, and

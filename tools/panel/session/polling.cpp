@@ -1,6 +1,7 @@
 #include "panel/session/polling.h"
 
 #include "data/reply_handling.h"
+#include "panel/plan/time_out_rules.h"
 #include "panel/polling/poll_plan.h"
 #include "panel/session/driver_values.h"
 
@@ -83,10 +84,13 @@ int Polling::replace(const QList<PolledRange>& ranges)
 int Polling::plan()
 {
     m_learned.setLine(m_settings.timingOf(m_line->timing()));
+    ReadRules rules = m_learned.rules();
     RegisterPlanner registers;
     if (!m_settings.choosesLengths)
         registers = [this](const QList<AddressRange>& ranges) { return m_port->joined(ranges); };
-    const QList<PolledRange> polls = plannedPolls(m_ranges, m_learned.rules(), registers);
+    else if (m_line->timing().baud > 0) // how fast the line behind a gateway is, is but said
+        rules = rulesWithin(m_settings.exchange.replyTimeout * MICROSECONDS_PER_MILLISECOND, rules);
+    const QList<PolledRange> polls = plannedPolls(m_ranges, rules, registers);
     m_port->poll(polls);
     m_plannedAt = m_clock->now();
     return static_cast<int>(polls.size());

@@ -48,6 +48,7 @@ private slots:
     void theSliderShowsItsPlan();
     void measuresBesideWhatIsPredicted();
     void predictsByWhatStationsTake();
+    void predictsWhatComesWithinTheTimeOut();
     void predictsAgainWhenStationsTakeLonger();
     void measuresWhileThePictureIsPaused();
     void aCycleThatNewLimitsBreakIsNotMeasured();
@@ -178,6 +179,18 @@ void LinePageTest::predictsByWhatStationsTake()
     emit m_machine->exchanged(polls);
     emit m_machine->counted(kx::WatchSummary());
     QTRY_VERIFY(labels().contains("Predicted: 115.5 ms per cycle")); // 10 ms more than usual
+}
+
+// 120 registers take 255 ms at 9600 baud.
+void LinePageTest::predictsWhatComesWithinTheTimeOut()
+{
+    watch(120);
+    QTRY_VERIFY(labels().contains("Predicted: 272.2 ms per cycle, 1 request"));
+    LineStatus status;
+    status.name = QString("/dev/ttyUSB7");
+    status.replyTimeout = 200;
+    emit m_machine->lineChanged(status);
+    QTRY_VERIFY(labels().contains("Predicted: 294.4 ms per cycle, 2 requests"));
 }
 
 void LinePageTest::predictsAgainWhenStationsTakeLonger()
@@ -409,6 +422,7 @@ void LinePageTest::appliedLimitsAreInForce()
         return exchange.kind == CYCLIC_READ_JOB ? int(exchange.request.at(5)) : 0;
     };
     QTRY_VERIFY(!log.exchanges.isEmpty());
+    QCOMPARE(log.status.replyTimeout, 500);
     QCOMPARE(registersOf(log.exchanges.first()), 40); // as takes the least time
     auto* limits = m_page->findChild<LimitPanel*>();
     limits->setChosen(16);

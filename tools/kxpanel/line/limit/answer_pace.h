@@ -13,6 +13,7 @@ struct AnswerPace {
     kx::LineTiming line; ///< serial line, be it behind a gateway
     /// From the end of a request to the first character of its reply; on a network to its end.
     QMap<int, qint64> turnarounds;
+    qint64 replyTimeout = 0; ///< in which replies on a serial line must come; 0: not known
     bool isNetwork = false;
     // Of a network: what its serial line, its gateway and the station take together.
     double perByte = 0;     ///< of request and reply

@@ -1,5 +1,7 @@
 #include "kxpanel/line/limit/request_cost.h"
 
+#include "panel/plan/time_out_rules.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -63,7 +65,7 @@ kx::ReadRules limitedRules(int maxWords, const AnswerPace& pace)
         own.isMeasured = true;
         rules.stations.insert(station.key(), own);
     }
-    return rules;
+    return pace.isNetwork || pace.replyTimeout <= 0 ? rules : rulesWithin(pace.replyTimeout, rules);
 }
 
 int bitsFor(int maxWords)

@@ -14,7 +14,6 @@ namespace
 {
 
 const qint64 UNTIL_PLANNED_ANEW = 12000000; // microseconds; a session does so every five seconds
-const int REPLY_TIME_OUT = 3000;            // milliseconds; the longest reply at 2400 baud is 1.2 s
 
 } // namespace
 
@@ -39,11 +38,15 @@ QList<kx::PolledRange> polledRanges(const QString& words)
 }
 
 TimedPolling::TimedPolling(const kx::FaultyLineSettings& line,
-                           const QList<kx::PolledRange>& watched, int maxWords)
-    : m_line(line, &m_clock), m_timing(line.timing), m_watched(watched), m_maxWords(maxWords)
+                           const QList<kx::PolledRange>& watched, int maxWords, int replyTimeout)
+    : m_line(line, &m_clock),
+      m_timing(line.timing),
+      m_watched(watched),
+      m_maxWords(maxWords),
+      m_replyTimeout(replyTimeout)
 {
     kx::SessionSettings settings = limited(kx::SessionSettings(), maxWords, bitsFor(maxWords));
-    settings.exchange.replyTimeout = REPLY_TIME_OUT;
+    settings.exchange.replyTimeout = replyTimeout;
     kx::DriverEntryPoints driver;
     QString error;
     if (kx::loadDriver(QString::fromLocal8Bit(KX_DRIVER_FILE), &driver, &error))
@@ -77,6 +80,13 @@ qint64 TimedPolling::measured(int cycles, qint64 atLeast)
            && m_clock.step()) {
     }
     return (m_ends.last() - m_ends.first()) / (m_ends.size() - 1);
+}
+
+AnswerPace TimedPolling::pace() const
+{
+    AnswerPace pace = m_answers.pace(m_timing, false);
+    pace.replyTimeout = m_replyTimeout * kx::MICROSECONDS_PER_MILLISECOND;
+    return pace;
 }
 
 qint64 TimedPolling::predicted() const

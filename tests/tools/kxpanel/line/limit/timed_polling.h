@@ -21,15 +21,16 @@ class TimedPolling
 public:
     /// Polls until it plans by what stations take.
     /// @param maxWords longest request; 0: as takes the least time
+    /// @param replyTimeout milliseconds; the longest reply at 2400 baud takes 1.2 s
     TimedPolling(const kx::FaultyLineSettings& line, const QList<kx::PolledRange>& watched,
-                 int maxWords);
+                 int maxWords, int replyTimeout = 2000);
 
     /// Microseconds from the end of a cycle to that of the next, on average over so many, and over
     /// so many milliseconds at least.
     qint64 measured(int cycles = 3, qint64 atLeast = 0);
     /// The same as it is foreseen, by the answers so far.
     qint64 predicted() const;
-    AnswerPace pace() const { return m_answers.pace(m_timing, false); }
+    AnswerPace pace() const;
 
 private:
     void onExchange(const kx::ExchangeRecord& record);
@@ -39,6 +40,7 @@ private:
     kx::LineTiming m_timing;
     QList<kx::PolledRange> m_watched;
     int m_maxWords;
+    int m_replyTimeout;
     std::unique_ptr<kx::Session> m_session;
     AnswerTimes m_answers;
     QList<qint64> m_ends; ///< of cycles, microseconds

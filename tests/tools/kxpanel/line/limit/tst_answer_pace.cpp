@@ -54,6 +54,9 @@ void AnswerPaceTest::farApart_data()
     other.line.parityBits = 1;
     QTest::newRow("other characters") << other << true;
     other = usual();
+    other.replyTimeout = 300000;
+    QTest::newRow("another time-out") << other << true;
+    other = usual();
     other.perByte = 10;
     QTest::newRow("a little for each byte") << other << false;
     other.perByte = 11;

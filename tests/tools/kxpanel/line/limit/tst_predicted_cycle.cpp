@@ -16,6 +16,8 @@ struct WatchList {
     const char* ranges;
 };
 
+const int TIME_OUT = 1000; // milliseconds
+
 const WatchList EACH_CYCLE[] = {
     {"few long requests", "D0:120 D1000:120"},
     {"many short requests", "D0 D500 D1000 D1500 D2000 D2500 D3000 D3500 M0 M900 X0 Y0 32CV200"},
@@ -124,6 +126,8 @@ void PredictedCycleTest::theBestLimitTakesLeast_data()
     QTest::newRow("gaps, 9600 baud, quick") << 9600 << 0 << runs << false << 30;
     QTest::newRow("gaps, 9600 baud, slow") << 9600 << 20 << runs << false << 70;
     QTest::newRow("one long run") << 9600 << 5 << QStringLiteral("D0:120") << false << 120;
+    QTest::newRow("longer replies come too late")
+        << 1200 << 5 << QStringLiteral("D0:120") << false << 40;
     QTest::newRow("coils and registers") // 300 coils are 19 registers
         << 19200 << 5 << QStringLiteral("M0:300 X0:40 D0:12 32CV200:4") << false << 19;
     QTest::newRow("three stations")
@@ -146,12 +150,13 @@ void PredictedCycleTest::theBestLimitTakesLeast()
     line.processing = processing;
     const QList<kx::PolledRange> watched = polledRanges(ranges);
     LimitCosts costs;
-    costs.start(watched, TimedPolling(line, watched, 0).pace());
+    costs.start(watched, TimedPolling(line, watched, 0, TIME_OUT).pace());
     QTRY_VERIFY(costs.isFinished());
     QTEST(costs.best(), "best");
     QList<qint64> measured;
     for (int limit = 1; limit <= kx::MOST_REGISTERS_PER_READ; ++limit)
-        measured << TimedPolling(line, watched, limit).measured(10, isKept ? 30000 : 5000);
+        measured
+            << TimedPolling(line, watched, limit, TIME_OUT).measured(10, isKept ? 30000 : 5000);
     const qint64 ofBest = measured.at(costs.best() - 1);
     for (int limit = 1; limit <= kx::MOST_REGISTERS_PER_READ; ++limit) {
         const qint64 time = measured.at(limit - 1);

@@ -40,7 +40,13 @@ void RequestCostTest::rules()
     QCOMPARE(rules.of(3).turnaround, qint64(1200));
     QCOMPARE(rules.of(3).maxWords, 10);
     QCOMPARE(rules.of(4).turnaround, qint64(5000)); // it has not answered
-    QCOMPARE(bitsFor(125), 2000);                   // as many as Modbus allows
+    pace.replyTimeout = 200000; // of 150 ms, less 1.2 and 5: 142 and 139 characters
+    QCOMPARE(limitedRules(125, pace).of(3).maxWords, 68);
+    QCOMPARE(limitedRules(125, pace).of(4).maxWords, 67);
+    QCOMPARE(limitedRules(10, pace).of(4).maxWords, 10);
+    pace.isNetwork = true; // the line behind it may be quicker
+    QCOMPARE(limitedRules(125, pace).of(4).maxWords, 125);
+    QCOMPARE(bitsFor(125), 2000); // as many as Modbus allows
 }
 
 void RequestCostTest::aSerialLine()
