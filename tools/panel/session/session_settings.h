@@ -16,7 +16,8 @@ struct SessionSettings {
     int maxWords = 32;           ///< longest request, in registers
     int maxBits = MOST_COILS_PER_READ; ///< longest poll of coils
     /// Polls are no longer than takes the least time on the line, than each station answers, and
-    /// than comes within the time-out on a serial line; maxWords and maxBits are the most. Else the driver joins registers up to maxWords.
+    /// than comes within the time-out on a serial line; maxWords and maxBits are the most. Else the
+    /// driver joins registers up to maxWords.
     bool choosesLengths = false;
     /// Of the serial line behind a gateway, which the session cannot know.
     int gatewayBaud = 9600;
