@@ -3,10 +3,7 @@
 #include "addresses/request_limits.h"
 #include "exchange/lines/mbap_frames.h"
 #include "exchange/replies/reply_verdict.h"
-
-#include <QtCore/QtEndian>
-
-#include <cstring>
+#include "exchange/replies/driver_request.h"
 
 namespace kx
 {
@@ -14,42 +11,11 @@ namespace kx
 namespace
 {
 
-const int ADDRESS_AND_QUANTITY = 6; // bytes up to the end of both
-const int QUANTITY = 4;             // the byte at which it stands
-const int READ_OVERHEAD = 5;        // station, function, byte count, CRC
-const int WRITE_ECHO_LENGTH = 8;
 const int LOOPBACK = 8; // the function that sends the request back, as single writes do
 
 int functionOf(const QByteArray& frame)
 {
     return static_cast<unsigned char>(frame.at(1));
-}
-
-bool isRead(int function)
-{
-    return function >= 1 && function <= 4;
-}
-
-/// The length of a good reply; 0 when the request tells too little.
-int expectedLength(const QByteArray& request)
-{
-    if (request.size() < ADDRESS_AND_QUANTITY)
-        return 0;
-    const int function = functionOf(request);
-    const int quantity = qFromBigEndian<quint16>(request.constData() + QUANTITY);
-    if (isRead(function))
-        return READ_OVERHEAD + (function <= 2 ? (quantity + 7) / 8 : quantity * BYTES_PER_REGISTER);
-    const bool isWrite = function == 5 || function == 6 || function == 15 || function == 16;
-    return isWrite ? WRITE_ECHO_LENGTH : 0;
-}
-
-FRAME_PRO driverRequest(const QByteArray& request)
-{
-    FRAME_PRO asked = FRAME_PRO();
-    asked.sendLen = static_cast<int>(qMin<qint64>(request.size(), FRAME_SIZE));
-    asked.recvLen = expectedLength(request);
-    std::memcpy(asked.frame, request.constData(), static_cast<size_t>(asked.sendLen));
-    return asked;
 }
 
 /// A frame that says where it ends, or all of the bytes.
@@ -70,9 +36,10 @@ RawResult resultOf(const QByteArray& request, const QByteArray& frame)
         return RawResult::Exception;
     if (functionOf(frame) != functionOf(request))
         return RawResult::Other;
-    if (expectedLength(request) == 0)
+    const FRAME_PRO asked = driverRequest(request);
+    if (asked.recvLen == 0)
         return RawResult::Good;
-    const Judgement judgement = judgeReply(driverRequest(request), frame);
+    const Judgement judgement = judgeReply(asked, frame);
     return judgement.verdict == Verdict::Good ? RawResult::Good : RawResult::Other;
 }
 
