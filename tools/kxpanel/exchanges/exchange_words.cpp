@@ -2,6 +2,7 @@
 
 #include "listen/frame_shape.h"
 #include "listen/heard_text.h"
+#include "panel/text/reply_faults.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -15,20 +16,22 @@ struct Words {
     Q_DECLARE_TR_FUNCTIONS(kxpanel::ExchangeWords)
 };
 
-kx::HeardExchange heardOf(const Exchange& exchange, bool withReply)
+/// @param reply without it the request alone counts
+kx::HeardExchange heardOf(const Exchange& exchange, const QByteArray& reply = QByteArray())
 {
     kx::HeardExchange heard;
-    heard.kind = withReply ? kx::HeardKind::Answered : kx::HeardKind::Open;
+    heard.kind = reply.isEmpty() ? kx::HeardKind::Open : kx::HeardKind::Answered;
     heard.request.bytes = exchange.request;
-    if (withReply)
-        heard.reply.bytes = exchange.reply;
+    heard.reply.bytes = reply;
     return heard;
 }
 
-QString valueWords(const Exchange& exchange)
+QString valueWords(const Exchange& exchange, const QByteArray& reply)
 {
+    if (kx::actionOf(exchange.request) == kx::HeardAction::Write)
+        return Words::tr("confirmed");
     QStringList texts;
-    for (const kx::HeardRange& range : kx::rangesOf(heardOf(exchange, true)))
+    for (const kx::HeardRange& range : kx::rangesOf(heardOf(exchange, reply)))
         texts << kx::valuesText(range);
     return texts.join(QLatin1String(", "));
 }
@@ -56,30 +59,24 @@ QString kindWords(JobKind kind)
 
 QString requestWords(const Exchange& exchange)
 {
-    return exchange.request.isEmpty() ? QString() : kx::actionText(heardOf(exchange, false));
+    return exchange.request.isEmpty() ? QString() : kx::actionText(heardOf(exchange));
 }
 
 QString replyWords(const Exchange& exchange)
 {
-    if (exchange.replyKind == kx::ReplyKind::Exception)
-        return exchange.reason;
     if (exchange.reply.isEmpty())
-        return QString();
-    // Where replies of other requests came as well, which bytes are the values is not told.
-    if (exchange.replyKind != kx::ReplyKind::Good || bytesBeforeAnswer(exchange) != 0)
-        return Words::tr("%n byte(s)", nullptr, static_cast<int>(exchange.reply.size()));
-    return kx::actionOf(exchange.request) == kx::HeardAction::Write ? Words::tr("confirmed")
-                                                                    : valueWords(exchange);
-}
-
-int bytesBeforeAnswer(const Exchange& exchange)
-{
-    const int size = static_cast<int>(exchange.reply.size());
-    for (int before = 0; before < size; ++before) {
-        if (kx::answerLength(exchange.request, exchange.reply.mid(before)) == size - before)
-            return before;
-    }
-    return -1;
+        return exchange.replyKind == kx::ReplyKind::Exception ? exchange.reason : QString();
+    const kx::ExchangeRecord record = recordOf(exchange);
+    QStringList words;
+    if (exchange.replyKind == kx::ReplyKind::Exception)
+        words << exchange.reason;
+    if (exchange.replyKind == kx::ReplyKind::Good)
+        words << valueWords(exchange, kx::answerAmong(kx::partsOfReply(record)));
+    words << kx::replyFaults(record, kx::forPeople);
+    words.removeAll(QString());
+    return words.isEmpty()
+               ? Words::tr("%n byte(s)", nullptr, static_cast<int>(exchange.reply.size()))
+               : words.join(QLatin1String("; "));
 }
 
 int stationOf(const Exchange& exchange)

@@ -13,13 +13,9 @@ QString kindWords(JobKind kind);
 /// "read D100:4", "write Y10 = 1"; empty when nothing was sent.
 QString requestWords(const Exchange& exchange);
 
-/// What came: the values read, such as "1234 17 5 0", "confirmed", the exception, or how many
-/// bytes; empty when nothing did. Translated but for the library's own texts.
+/// What came: the values read, such as "1234 17 5 0", "confirmed" or the exception, and what is
+/// wrong with it: "CRC 9B 37 instead of 9B 36"; empty when nothing did.
 QString replyWords(const Exchange& exchange);
-
-/// Bytes of other frames, or of none, that stand before the request's answer in what came; -1:
-/// there is no answer, or something behind it.
-int bytesBeforeAnswer(const Exchange& exchange);
 
 /// Of the request; 0 when nothing was sent.
 int stationOf(const Exchange& exchange);

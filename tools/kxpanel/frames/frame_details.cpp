@@ -2,6 +2,7 @@
 
 #include "kxpanel/exchanges/exchange_words.h"
 #include "panel/text/frame_text.h"
+#include "panel/text/reply_faults.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -38,28 +39,86 @@ QStringList fieldRows(const QString& named)
     return rows;
 }
 
+/// @param named its fields; empty: it has none
 QStringList frameRows(const QString& heading, const QByteArray& frame, const QString& named)
 {
     QStringList rows = {heading};
-    if (named != kx::hexText(frame)) // else no field has a name
+    if (!named.isEmpty())
         rows += fieldRows(named);
     return rows + hexRows(frame);
 }
 
-QStringList replyRows(const Exchange& exchange)
+/// The fields of a frame, of other bytes what is wrong with them.
+QString partText(const kx::ReplyPart& part, const QString& faults)
+{
+    if (!part.isFrame())
+        return faults;
+    return part.kind == kx::PartKind::Echo ? kx::requestText(part.bytes)
+                                           : kx::replyText(part.bytes);
+}
+
+bool isReply(const kx::ReplyPart& part)
+{
+    return part.kind == kx::PartKind::Answer || part.kind == kx::PartKind::Damaged;
+}
+
+/// The reply itself, or that none came.
+QStringList ownReplyRows(const Exchange& exchange, const QVector<kx::ReplyPart>& parts)
 {
     const QString time = timeOfDay(exchange.finishedAt);
-    if (exchange.reply.isEmpty())
+    const auto reply = std::find_if(parts.begin(), parts.end(), &isReply);
+    if (reply == parts.end())
         return {Words::tr("No reply until %1").arg(time)};
-    const int size = static_cast<int>(exchange.reply.size());
-    const int before = std::max(bytesBeforeAnswer(exchange), 0);
+    const int size = static_cast<int>(reply->bytes.size());
+    const QString faults = kx::partFaults(exchange.request, *reply, QByteArray(), kx::forPeople);
     QStringList rows =
-        frameRows(Words::tr("Reply, over at %1, %n byte(s)", nullptr, size - before).arg(time),
-                  exchange.reply.mid(before), kx::replyText(exchange.reply.mid(before)));
-    if (before > 0)
-        rows << QString() << Words::tr("Before it came %n byte(s)", nullptr, before)
-             << hexRows(exchange.reply.left(before));
+        frameRows(Words::tr("Reply, over at %1, %n byte(s)", nullptr, size).arg(time), reply->bytes,
+                  partText(*reply, faults));
+    if (reply->kind == kx::PartKind::Answer && !faults.isEmpty())
+        rows.insert(1, QLatin1String("  ") + faults);
     return rows;
+}
+
+enum class Beside { Instead, Before, Behind };
+
+QString besideHeading(Beside place, int size)
+{
+    switch (place) {
+    case Beside::Before:
+        return Words::tr("Before it came %n byte(s): %1", nullptr, size);
+    case Beside::Behind:
+        return Words::tr("Behind it came %n byte(s): %1", nullptr, size);
+    case Beside::Instead:
+        break;
+    }
+    return Words::tr("Instead came %n byte(s): %1", nullptr, size);
+}
+
+/// What came before the reply, behind it, or in place of it.
+QStringList besideRows(const Exchange& exchange, const QVector<kx::ReplyPart>& parts)
+{
+    QStringList rows;
+    const QByteArray answer = kx::answerAmong(parts);
+    const bool hasReply = std::any_of(parts.begin(), parts.end(), &isReply);
+    Beside place = hasReply ? Beside::Before : Beside::Instead;
+    for (const kx::ReplyPart& part : parts) {
+        if (isReply(part)) {
+            place = Beside::Behind;
+            continue;
+        }
+        const QString faults = kx::partFaults(exchange.request, part, answer, kx::forPeople);
+        const QString heading = besideHeading(place, static_cast<int>(part.bytes.size()));
+        rows << QString();
+        rows += frameRows(heading.arg(faults), part.bytes,
+                          part.isFrame() ? partText(part, faults) : QString());
+    }
+    return rows;
+}
+
+QStringList replyRows(const Exchange& exchange)
+{
+    const QVector<kx::ReplyPart> parts = kx::partsOfReply(recordOf(exchange));
+    return ownReplyRows(exchange, parts) + besideRows(exchange, parts);
 }
 
 } // namespace
@@ -78,7 +137,8 @@ QString detailsText(const Exchange& exchange)
     rows += frameRows(Words::tr("Request, sent %1, %n byte(s)", nullptr,
                                 static_cast<int>(exchange.request.size()))
                           .arg(timeOfDay(exchange.sentAt)),
-                      exchange.request, kx::requestText(exchange.request));
+                      exchange.request,
+                      exchange.request.isEmpty() ? QString() : kx::requestText(exchange.request));
     rows << QString();
     rows += replyRows(exchange);
     return rows.join(QLatin1Char('\n'));

@@ -1,7 +1,7 @@
 #include "kxpanel/frames/saved_frames.h"
 
+#include "exchange/replies/reply_parts.h"
 #include "exchange/replies/reply_verdict.h"
-#include "kxpanel/exchanges/exchange_words.h"
 #include "listen/capture_format.h"
 #include "panel/files/replaced_file.h"
 #include "panel/text/frame_text.h"
@@ -17,14 +17,23 @@ namespace
 {
 
 /// @param time milliseconds since 1970
-QByteArray packet(const QByteArray& bytes, bool isRequest, qint64 time)
+QByteArray packet(const QByteArray& bytes, bool isFrame, bool isRequest, qint64 time)
 {
     const qint64 millisecond = 1000; // microseconds
     kx::HeardPiece piece;
     piece.bytes = bytes;
-    piece.isFrame = kx::endsWithItsCrc(bytes);
+    piece.isFrame = isFrame;
     piece.isRequest = isRequest;
-    return bytes.isEmpty() ? QByteArray() : kx::capturePacket(piece, time * millisecond);
+    return kx::capturePacket(piece, time * millisecond);
+}
+
+QByteArray replyPackets(const Exchange& exchange)
+{
+    QByteArray packets;
+    for (const kx::ReplyPart& part : kx::partsOfReply(recordOf(exchange)))
+        packets += packet(part.bytes, part.isFrame(), part.kind == kx::PartKind::Echo,
+                          exchange.finishedAt);
+    return packets;
 }
 
 bool wasSent(const Exchange& exchange)
@@ -65,10 +74,9 @@ QByteArray framesAsCapture(const QVector<Exchange>& exchanges)
     for (const Exchange& exchange : exchanges) {
         if (!wasSent(exchange))
             continue;
-        const int before = std::max(bytesBeforeAnswer(exchange), 0);
-        capture += packet(exchange.request, true, exchange.sentAt)
-                   + packet(exchange.reply.left(before), false, exchange.finishedAt)
-                   + packet(exchange.reply.mid(before), false, exchange.finishedAt);
+        capture +=
+            packet(exchange.request, kx::endsWithItsCrc(exchange.request), true, exchange.sentAt)
+            + replyPackets(exchange);
     }
     return capture;
 }

@@ -23,6 +23,7 @@ Exchange exchangeOf(const kx::ExchangeRecord& record, qint64 number)
     exchange.isFinal = record.result != REPLY_RETRY;
     exchange.result = record.result;
     exchange.exceptionCode = record.exceptionCode;
+    exchange.foreignReplies = record.foreignReplies;
     exchange.errorText = record.errorText;
     exchange.outcome = kx::outcomeText(record);
     exchange.reason = kx::reasonText(record);
@@ -39,6 +40,7 @@ kx::ExchangeRecord recordOf(const Exchange& exchange)
     record.reply = exchange.reply;
     record.replyKind = exchange.replyKind;
     record.exceptionCode = exchange.exceptionCode;
+    record.foreignReplies = exchange.foreignReplies;
     record.result = exchange.result;
     record.errorText = exchange.errorText;
     record.repeated = exchange.wasRepeated;

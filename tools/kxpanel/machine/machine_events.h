@@ -66,6 +66,7 @@ struct Exchange {
     bool isFinal = true;      ///< else it is sent once more
     int result = 0;           ///< of intf_dealRcvFrame(), see ReplyResult
     int exceptionCode = 0;    ///< with ReplyKind::Exception
+    int foreignReplies = 0;   ///< frames thrown away while waiting for the reply
     QString errorText;        ///< the driver's, when it failed for good
     QString outcome;          ///< as outcomeText()
     QString reason;           ///< as reasonText()
@@ -88,7 +89,7 @@ struct Missed {
 
 Exchange exchangeOf(const kx::ExchangeRecord& record, qint64 number);
 
-/// The record that it was made of, but for the job and the count of foreign replies.
+/// The record that it was made of, but for the job.
 kx::ExchangeRecord recordOf(const Exchange& exchange);
 
 /// Lets all of these cross threads; may be called many times.

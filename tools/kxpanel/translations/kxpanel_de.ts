@@ -687,10 +687,24 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>Before it came %n byte(s)</source>
+        <source>Before it came %n byte(s): %1</source>
         <translation>
-            <numerusform>Davor kam %n Byte</numerusform>
-            <numerusform>Davor kamen %n Bytes</numerusform>
+            <numerusform>Davor kam %n Byte: %1</numerusform>
+            <numerusform>Davor kamen %n Byte: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Behind it came %n byte(s): %1</source>
+        <translation>
+            <numerusform>Dahinter kam %n Byte: %1</numerusform>
+            <numerusform>Dahinter kamen %n Byte: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Instead came %n byte(s): %1</source>
+        <translation>
+            <numerusform>Stattdessen kam %n Byte: %1</numerusform>
+            <numerusform>Stattdessen kamen %n Byte: %1</numerusform>
         </translation>
     </message>
 </context>
@@ -3681,6 +3695,42 @@
     <message>
         <source>CRC %1</source>
         <translation>CRC %1</translation>
+    </message>
+    <message>
+        <source>bytes in no frame (%1)</source>
+        <translation>Bytes in keinem Telegramm (%1)</translation>
+    </message>
+    <message>
+        <source>cut short: %1 of %2 bytes</source>
+        <translation>abgeschnitten: %1 von %2 Byte</translation>
+    </message>
+    <message>
+        <source>%1 bytes instead of %2</source>
+        <translation>%1 Byte statt %2</translation>
+    </message>
+    <message>
+        <source>the reply once more</source>
+        <translation>die Antwort noch einmal</translation>
+    </message>
+    <message>
+        <source>reply of station %1</source>
+        <translation>Antwort von Station %1</translation>
+    </message>
+    <message>
+        <source>reply to function %1</source>
+        <translation>Antwort auf Funktion %1</translation>
+    </message>
+    <message>
+        <source>echo of the request</source>
+        <translation>Echo der Anfrage</translation>
+    </message>
+    <message>
+        <source>the reply</source>
+        <translation>die Antwort</translation>
+    </message>
+    <message>
+        <source>%1, then %2</source>
+        <translation>%1, dann %2</translation>
     </message>
     <message>
         <source>accepted</source>

@@ -106,10 +106,24 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>Before it came %n byte(s)</source>
+        <source>Before it came %n byte(s): %1</source>
         <translation>
-            <numerusform>Before it came %n byte</numerusform>
-            <numerusform>Before it came %n bytes</numerusform>
+            <numerusform>Before it came %n byte: %1</numerusform>
+            <numerusform>Before it came %n bytes: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Behind it came %n byte(s): %1</source>
+        <translation>
+            <numerusform>Behind it came %n byte: %1</numerusform>
+            <numerusform>Behind it came %n bytes: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Instead came %n byte(s): %1</source>
+        <translation>
+            <numerusform>Instead came %n byte: %1</numerusform>
+            <numerusform>Instead came %n bytes: %1</numerusform>
         </translation>
     </message>
 </context>

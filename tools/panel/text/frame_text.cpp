@@ -5,6 +5,7 @@
 #include "exchange/reason_words.h"
 #include "exchange/replies/reply_verdict.h"
 #include "panel/text/json_time.h"
+#include "panel/text/reply_faults.h"
 
 namespace kx
 {
@@ -147,6 +148,9 @@ QStringList exchangeRows(const ExchangeRecord& record)
         (record.repeated ? Text::tr("%1 request %2 (again)") : Text::tr("%1 request %2"))
             .arg(timeText(record.sentAt), requestText(record.request));
     QString answer = outcomeText(record);
+    const QString faults = replyFaults(record, forPeople);
+    if (!faults.isEmpty() && faults != reasonWords(record, forPeople))
+        answer.prepend(faults + QLatin1String(": "));
     if (!record.reply.isEmpty())
         answer.prepend(replyText(record.reply) + QLatin1String(": "));
     return {request, Text::tr("%1 reply   %2").arg(timeText(record.finishedAt), answer)};
@@ -162,6 +166,7 @@ QJsonObject exchangeJson(const ExchangeRecord& record)
     json[QLatin1String("requestFields")] = requestWords(record.request, forPrograms);
     json[QLatin1String("reply")] = hexText(record.reply);
     json[QLatin1String("replyFields")] = replyWords(record.reply, forPrograms);
+    json[QLatin1String("replyFaults")] = replyFaults(record, forPrograms);
     json[QLatin1String("outcome")] = reasonWords(record, forPrograms);
     json[QLatin1String("result")] = forPrograms(resultName(record.result));
     json[QLatin1String("repeated")] = record.repeated;

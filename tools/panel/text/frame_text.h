@@ -25,9 +25,11 @@ KXRUNTIME_EXPORT QString replyText(const QByteArray& reply);
 /// repeated", "exception 2 (illegal data address), failed: 5,1,100,D".
 KXRUNTIME_EXPORT QString outcomeText(const ExchangeRecord& record);
 
-/// One time-stamped line for the request, one for the reply.
+/// One time-stamped line for the request, one for the reply: what came, what is wrong with it if
+/// anything is ("CRC 9B 37 instead of 9B 36"), and its outcome.
 KXRUNTIME_EXPORT QStringList exchangeRows(const ExchangeRecord& record);
 
+/// The same as an object. "replyFaults" is what is wrong with what came.
 KXRUNTIME_EXPORT QJsonObject exchangeJson(const ExchangeRecord& record);
 
 } // namespace kx

@@ -31,6 +31,8 @@ private slots:
     void namesOfATagsFileAreShown();
     void longRangesAreCut();
     void framesAreShown();
+    void framesSayWhatIsWrong_data();
+    void framesSayWhatIsWrong();
     void badInputSendsNothing_data();
     void badInputSendsNothing();
 };
@@ -169,6 +171,37 @@ void ReadCommandTest::framesAreShown()
                  "request station 01, function 03, address 00 64, quantity 00 01, CRC C5 D5")),
              qPrintable(result.output.at(0)));
     QCOMPARE(result.output.at(2), QStringLiteral("1 D100 1234"));
+}
+
+void ReadCommandTest::framesSayWhatIsWrong_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QString>("row"); // of the reply, behind its time
+    const auto row = [](const char* fault, const char* text) {
+        QTest::newRow(fault) << QString::fromLatin1(fault) << QString::fromLatin1(text);
+    };
+    // What is damaged, and where, follows from the seed. Station, function, byte count, value, CRC.
+    row("corrupt",
+        "01 03 02 04 D2 32 D9: CRC 32 D9 instead of 3A D9: bad reply, failed: 7,1,100,D");
+    row("truncate", "01: cut short: 1 of 7 bytes: short reply, failed: 1,1,100,D");
+    row("other-station", "station 02, function 03, byte count 02, data 04 D2, CRC 7E D9: "
+                         "reply of station 2: reply of another request, failed: 0,1,100,D");
+    row("exception", "station 01, function 83, exception 06, CRC C1 32: "
+                     "exception 6 (busy), failed: 5,1,100,D");
+    row("echo", "01 03 00 64 00 01 C5 D5 01 03 02 04 D2 3A D9: "
+                "echo of the request, then the reply: good, accepted");
+}
+
+void ReadCommandTest::framesSayWhatIsWrong()
+{
+    QFETCH(QString, fault);
+    QFETCH(QString, row);
+    const KxsimProcess controller(
+        {"--still", "--set", "D100=1234", "--fault", fault + ":1", "--fault-seed", "5"});
+    const CommandResult result =
+        readFrom(controller, {"D100", "--frames", "--retries", "1", "--timeout", "300"});
+    QVERIFY2(result.output.value(1).endsWith(QStringLiteral(" reply   ") + row),
+             qPrintable(result.output.join('\n')));
 }
 
 void ReadCommandTest::badInputSendsNothing_data()

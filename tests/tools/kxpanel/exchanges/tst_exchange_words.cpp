@@ -41,12 +41,38 @@ void ExchangeWordsTest::requestsAndReplies_data()
     written.replyKind = kx::ReplyKind::Good;
     row("a write", written, "write Y10 = 1", "confirmed");
     Exchange behindAnother = answeredPoll();
-    behindAnother.reply.prepend(bytes("01 03 04 00 07 00 08 0A 34")); // of an earlier request
-    row("a reply behind another's", behindAnother, "read D100:2", "18 byte(s)");
+    behindAnother.reply.prepend(bytes("01 03 04 00 07 00 08 4A 34")); // of an earlier request
+    behindAnother.foreignReplies = 1;
+    row("a reply behind another's", behindAnother, "read D100:2",
+        "1234 17; reply of another request, then the reply");
+    Exchange echoed = answeredPoll();
+    echoed.reply.prepend(echoed.request);
+    row("a reply behind the echo", echoed, "read D100:2",
+        "1234 17; echo of the request, then the reply");
+    Exchange twice = answeredPoll();
+    twice.reply += twice.reply;
+    row("a reply that came twice", twice, "read D100:2",
+        "1234 17; the reply, then the reply once more");
     Exchange damaged = answeredPoll();
     damaged.reply = bytes("01 03 04");
     damaged.replyKind = kx::ReplyKind::Short;
-    row("cut short", damaged, "read D100:2", "3 byte(s)");
+    row("cut short", damaged, "read D100:2", "cut short: 3 of 9 bytes");
+    damaged.reply = bytes("01 03 04 04 D2 00 11 9B 37");
+    damaged.replyKind = kx::ReplyKind::Bad;
+    row("a wrong CRC", damaged, "read D100:2", "CRC 9B 37 instead of 9B 36");
+    damaged.reply = bytes("02 03 04 04 D2 00 11 A8 36");
+    damaged.replyKind = kx::ReplyKind::Foreign;
+    damaged.foreignReplies = 1;
+    row("another station's", damaged, "read D100:2", "reply of station 2");
+    Exchange refusedBehindNoise = refusedWrite();
+    refusedBehindNoise.reply.prepend('\x55');
+    row("refused behind noise", refusedBehindNoise, "write Y10 = 1",
+        "exception 2 (illegal data address); bytes in no frame (55), then the reply");
+    Exchange modbusTcp = answeredPoll();
+    // Transaction, protocol, length, station, function, byte count, two registers.
+    modbusTcp.reply = bytes("00 01 00 00 00 07 01 03 04 04 D2 00 11");
+    modbusTcp.replyKind = kx::ReplyKind::Bad;
+    row("in another protocol", modbusTcp, "read D100:2", "13 byte(s)");
     Exchange notSent;
     notSent.replyKind = kx::ReplyKind::NotSent;
     row("not sent", notSent, "", "");
@@ -54,7 +80,7 @@ void ExchangeWordsTest::requestsAndReplies_data()
     other.request = bytes("01 2B 0E 01 00 70 77");
     other.reply = bytes("01 2B 0E");
     other.replyKind = kx::ReplyKind::Bad;
-    row("a function of no address", other, "function 43", "3 byte(s)");
+    row("a function of no address", other, "function 43", "bytes in no frame (01 2B 0E)");
 }
 
 void ExchangeWordsTest::requestsAndReplies()

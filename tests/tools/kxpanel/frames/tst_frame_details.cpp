@@ -19,6 +19,9 @@ private slots:
     void namesFieldsOfEachFunction_data();
     void namesFieldsOfEachFunction();
     void bytesBeforeTheReply();
+    void bytesBehindTheReply();
+    void theEchoBeforeTheReply();
+    void framesInsteadOfTheReply();
 };
 
 void FrameDetailsTest::answered()
@@ -57,9 +60,10 @@ void FrameDetailsTest::withoutReply()
 void FrameDetailsTest::longFrames()
 {
     Exchange exchange = answeredPoll();
-    exchange.reply = QByteArray(18, 'A'); // of no frame, so without names
+    exchange.reply = QByteArray(18, 'A'); // in no frame, so without names
     QVERIFY(detailsText(exchange).endsWith(
-        "18 byte(s)\n  0000  41 41 41 41 41 41 41 41 41 41 41 41 41 41 41 41\n  0016  41 41"));
+        "18 byte(s)\n  bytes in no frame (41 41 41 41 41 41 41 41 ...)\n  0000  41 41 41 41 41 41 "
+        "41 41 41 41 41 41 41 41 41 41\n  0016  41 41"));
 }
 
 void FrameDetailsTest::namesFieldsOfEachFunction_data()
@@ -100,11 +104,22 @@ void FrameDetailsTest::namesFieldsOfEachFunction_data()
     QTest::newRow("cut short") << "01 03 00 64 00 02 85 D4"
                                << "01 03 04 04"
                                << "station 01|function 03|address 00 64|quantity 00 02|CRC 85 D4"
-                               << "";
+                               << "cut short: 4 of 9 bytes";
     QTest::newRow("a wrong CRC") << "01 03 00 64 00 02 85 D4"
                                  << "01 03 04 04 D2 00 11 9B 37"
                                  << "station 01|function 03|address 00 64|quantity 00 02|CRC 85 D4"
-                                 << "";
+                                 << "CRC 9B 37 instead of 9B 36";
+    QTest::newRow("a damaged station")
+        << "01 03 00 64 00 02 85 D4"
+        << "05 03 04 04 D2 00 11 9B 36"
+        << "station 01|function 03|address 00 64|quantity 00 02|CRC 85 D4"
+        << "station 05 instead of 01|CRC 9B 36 instead of DE F6";
+    QTest::newRow("a wrong byte count")
+        << "01 03 00 64 00 02 85 D4"
+        << "01 03 05 04 D2 00 11 A6 F6"
+        << "station 01|function 03|address 00 64|quantity 00 02|CRC 85 D4"
+        << "byte count 05 instead of 04|station 01|function 03|byte count 05|data 04 D2 00 11|CRC "
+           "A6 F6";
 }
 
 void FrameDetailsTest::namesFieldsOfEachFunction()
@@ -134,6 +149,25 @@ void FrameDetailsTest::bytesBeforeTheReply()
 {
     Exchange exchange = answeredPoll();
     exchange.reply.prepend(bytes("01 03 04 00 07")); // of an earlier reply
+    QVERIFY2(detailsText(exchange).endsWith(
+                 "\n"
+                 "Reply, over at 11:00:00.030, 9 byte(s)\n"
+                 "  station 01\n"
+                 "  function 03\n"
+                 "  byte count 04\n"
+                 "  data 04 D2 00 11\n"
+                 "  CRC 9B 36\n"
+                 "  0000  01 03 04 04 D2 00 11 9B 36\n"
+                 "\n"
+                 "Before it came 5 byte(s): bytes in no frame (01 03 04 00 07)\n"
+                 "  0000  01 03 04 00 07"),
+             qPrintable(detailsText(exchange)));
+}
+
+void FrameDetailsTest::bytesBehindTheReply()
+{
+    Exchange exchange = answeredPoll();
+    exchange.reply += exchange.reply + bytes("AA");
     QVERIFY2(detailsText(exchange).endsWith("\n"
                                             "Reply, over at 11:00:00.030, 9 byte(s)\n"
                                             "  station 01\n"
@@ -143,8 +177,52 @@ void FrameDetailsTest::bytesBeforeTheReply()
                                             "  CRC 9B 36\n"
                                             "  0000  01 03 04 04 D2 00 11 9B 36\n"
                                             "\n"
-                                            "Before it came 5 byte(s)\n"
-                                            "  0000  01 03 04 00 07"),
+                                            "Behind it came 9 byte(s): the reply once more\n"
+                                            "  station 01\n"
+                                            "  function 03\n"
+                                            "  byte count 04\n"
+                                            "  data 04 D2 00 11\n"
+                                            "  CRC 9B 36\n"
+                                            "  0000  01 03 04 04 D2 00 11 9B 36\n"
+                                            "\n"
+                                            "Behind it came 1 byte(s): bytes in no frame (AA)\n"
+                                            "  0000  AA"),
+             qPrintable(detailsText(exchange)));
+}
+
+// An echo has the fields of a request.
+void FrameDetailsTest::theEchoBeforeTheReply()
+{
+    Exchange exchange = answeredPoll();
+    exchange.reply.prepend(exchange.request);
+    QVERIFY2(detailsText(exchange).endsWith("  0000  01 03 04 04 D2 00 11 9B 36\n"
+                                            "\n"
+                                            "Before it came 8 byte(s): echo of the request\n"
+                                            "  station 01\n"
+                                            "  function 03\n"
+                                            "  address 00 64\n"
+                                            "  quantity 00 02\n"
+                                            "  CRC 85 D4\n"
+                                            "  0000  01 03 00 64 00 02 85 D4"),
+             qPrintable(detailsText(exchange)));
+}
+
+void FrameDetailsTest::framesInsteadOfTheReply()
+{
+    Exchange exchange = unansweredPoll();
+    exchange.reply = bytes("02 03 04 04 D2 00 11 A8 36");
+    exchange.replyKind = kx::ReplyKind::Foreign;
+    exchange.foreignReplies = 1;
+    QVERIFY2(detailsText(exchange).endsWith("\n"
+                                            "No reply until 11:00:00.300\n"
+                                            "\n"
+                                            "Instead came 9 byte(s): reply of station 2\n"
+                                            "  station 02\n"
+                                            "  function 03\n"
+                                            "  byte count 04\n"
+                                            "  data 04 D2 00 11\n"
+                                            "  CRC A8 36\n"
+                                            "  0000  02 03 04 04 D2 00 11 A8 36"),
              qPrintable(detailsText(exchange)));
 }
 

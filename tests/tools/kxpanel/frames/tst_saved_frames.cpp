@@ -17,7 +17,9 @@ private slots:
     void initTestCase() { qputenv("TZ", "CET-1"); }
     void asText();
     void asJson();
+    void sayWhatIsWrong();
     void asCapture();
+    void anEchoInACapture();
     void theNameTellsWhich_data();
     void theNameTellsWhich();
     void tellsHowManyTheFileHas_data();
@@ -49,13 +51,28 @@ void SavedFramesTest::asText()
 
 void SavedFramesTest::asJson()
 {
-    QCOMPARE(framesAsJson({unansweredPoll()}),
-             QByteArray(
-                 "{\"event\":\"exchange\",\"finished\":\"2026-11-22T10:00:00.300Z\","
-                 "\"outcome\":\"no reply\",\"repeated\":false,\"reply\":\"\",\"replyFields\":\"\","
-                 "\"request\":\"01 03 00 64 00 02 85 D4\",\"requestFields\":\"station 01, "
-                 "function 03, address 00 64, quantity 00 02, CRC 85 D4\","
-                 "\"result\":\"repeated\",\"sent\":\"2026-11-22T10:00:00.000Z\"}\n"));
+    QCOMPARE(
+        framesAsJson({unansweredPoll()}),
+        QByteArray(
+            "{\"event\":\"exchange\",\"finished\":\"2026-11-22T10:00:00.300Z\","
+            "\"outcome\":\"no "
+            "reply\",\"repeated\":false,\"reply\":\"\",\"replyFaults\":\"\",\"replyFields\":\"\","
+            "\"request\":\"01 03 00 64 00 02 85 D4\",\"requestFields\":\"station 01, "
+            "function 03, address 00 64, quantity 00 02, CRC 85 D4\","
+            "\"result\":\"repeated\",\"sent\":\"2026-11-22T10:00:00.000Z\"}\n"));
+}
+
+void SavedFramesTest::sayWhatIsWrong()
+{
+    Exchange damaged = answeredPoll();
+    damaged.reply = bytes("01 03 04 04");
+    damaged.replyKind = kx::ReplyKind::Short;
+    QVERIFY(framesAsText({damaged}).contains(" reply   01 03 04 04: cut short: 4 of 9 bytes: "));
+    QVERIFY(framesAsJson({damaged}).contains("\"replyFaults\":\"cut short: 4 of 9 bytes\""));
+    Exchange tooSoon = answeredPoll();
+    tooSoon.replyKind = kx::ReplyKind::Foreign;
+    tooSoon.foreignReplies = 1;
+    QVERIFY(framesAsJson({tooSoon}).contains("\"replyFaults\":\"reply of another request\""));
 }
 
 void SavedFramesTest::asCapture()
@@ -80,6 +97,18 @@ void SavedFramesTest::asCapture()
                                     "FF FF 00 00 FC 00 00 00");
     QCOMPARE(framesAsCapture({stray, notSent, unansweredPoll()}).toHex(' '),
              (header + request + noise + reply + request).toHex(' '));
+}
+
+// It is a request's frame, whoever sent it: to a reader's port 502, which the reply comes from.
+void SavedFramesTest::anEchoInACapture()
+{
+    Exchange echoed = answeredPoll();
+    echoed.reply.prepend(echoed.request);
+    const QByteArray toPort502 = bytes("00 19 00 04 00 00 C3 50 00 1A 00 04 00 00 01 F6");
+    const QByteArray fromPort502 = bytes("00 19 00 04 00 00 01 F6 00 1A 00 04 00 00 C3 50");
+    const QByteArray capture = framesAsCapture({echoed});
+    QCOMPARE(capture.count(toPort502), 2);
+    QCOMPARE(capture.count(fromPort502), 1);
 }
 
 void SavedFramesTest::theNameTellsWhich_data()

@@ -3,6 +3,7 @@
 #include "addresses/count_fault.h"
 #include "exchange/failure.h"
 #include "panel/text/frame_text.h"
+#include "panel/text/reply_faults.h"
 #include "panel/values/value_address.h"
 #include "recording/recorded.h"
 
@@ -149,6 +150,16 @@ kx::ExchangeRecord unanswered()
     record.request = QByteArray::fromHex("01030000000AC5CD");
     record.replyKind = kx::ReplyKind::None;
     record.result = 8; // the driver asks again
+    return record;
+}
+
+/// One whose reply has a wrong CRC and a byte more.
+kx::ExchangeRecord damaged()
+{
+    kx::ExchangeRecord record;
+    record.request = QByteArray::fromHex("010300640001C5D5");
+    record.reply = QByteArray::fromHex("010302000578480D");
+    record.replyKind = kx::ReplyKind::Bad;
     return record;
 }
 
@@ -326,6 +337,8 @@ void TranslationsTest::textsOfTheRuntimeLibrary()
     QCOMPARE(kx::outcomeText(unanswered()), QString("keine Antwort, wiederholt"));
     QCOMPARE(kx::requestText(unanswered().request),
              QString("Station 01, Funktion 03, Adresse 00 00, Anzahl 00 0A, CRC C5 CD"));
+    QCOMPARE(kx::replyFaults(damaged(), kx::forPeople),
+             QString("CRC 78 48 statt 78 47, 8 Byte statt 7"));
     QCOMPARE(kx::gapWords(kx::GapReason::Refused), QString("abgelehnt"));
 }
 
@@ -337,6 +350,8 @@ void TranslationsTest::whatProgramsReadStaysEnglish()
     QCOMPARE(json["result"].toString(), QString("repeated"));
     QCOMPARE(json["requestFields"].toString(),
              QString("station 01, function 03, address 00 00, quantity 00 0A, CRC C5 CD"));
+    QCOMPARE(kx::exchangeJson(damaged())["replyFaults"].toString(),
+             QString("CRC 78 48 instead of 78 47, 8 bytes instead of 7"));
     QCOMPARE(kx::gapText(kx::GapReason::Refused), QString("refused"));
 }
 

@@ -20,7 +20,9 @@ private slots:
     void outcomes();
     void lines();
     void linesOfARepeatedRequestWithoutReply();
+    void linesOfADamagedReply();
     void json();
+    void jsonOfADamagedReply();
 
 private:
     static ExchangeRecord accepted();
@@ -166,6 +168,17 @@ void FrameTextTest::linesOfARepeatedRequestWithoutReply()
              }));
 }
 
+void FrameTextTest::linesOfADamagedReply()
+{
+    ExchangeRecord record = accepted();
+    record.reply = bytes("01 03 02 00 05 78 48"); // the last byte of its CRC is another
+    record.replyKind = ReplyKind::Bad;
+    record.result = 8;
+    QCOMPARE(exchangeRows(record).last(),
+             QString::fromLatin1("11:11:12.045 reply   01 03 02 00 05 78 48: CRC 78 48 instead of "
+                                 "78 47: bad reply, repeated"));
+}
+
 void FrameTextTest::json()
 {
     const QJsonObject json = exchangeJson(accepted());
@@ -177,9 +190,19 @@ void FrameTextTest::json()
     QCOMPARE(text("reply"), QString::fromLatin1("01 03 02 00 05 78 47"));
     QCOMPARE(text("outcome"), QString::fromLatin1("good"));
     QCOMPARE(text("result"), QString::fromLatin1("accepted"));
+    QCOMPARE(json[QLatin1String("replyFaults")], QJsonValue(QString::fromLatin1("")));
     QCOMPARE(json[QLatin1String("repeated")].toBool(true), false);
     QVERIFY(text("requestFields").startsWith(QLatin1String("station 01, function 03, address")));
     QVERIFY(text("replyFields").startsWith(QLatin1String("station 01, function 03, byte count")));
+}
+
+void FrameTextTest::jsonOfADamagedReply()
+{
+    ExchangeRecord record = accepted();
+    record.reply = bytes("01 03 02");
+    record.replyKind = ReplyKind::Short;
+    QCOMPARE(exchangeJson(record)[QLatin1String("replyFaults")],
+             QJsonValue(QString::fromLatin1("cut short: 3 of 7 bytes")));
 }
 
 QTEST_GUILESS_MAIN(FrameTextTest)
