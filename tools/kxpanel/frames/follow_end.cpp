@@ -14,7 +14,6 @@ FollowEnd::FollowEnd(QTableView* view) : QObject(view), m_view(view)
     const QAbstractItemModel* model = view->model();
     connect(model, &QAbstractItemModel::rowsInserted, this, &FollowEnd::onInserted);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &FollowEnd::onRemoved);
-    connect(model, &QAbstractItemModel::modelReset, view, &QTableView::scrollToBottom);
 }
 
 void FollowEnd::onScrolled(int value)

@@ -158,8 +158,13 @@ const Exchange& FramesModel::exchange(int row) const
 
 int FramesModel::rowOf(qint64 place) const
 {
-    const auto found = std::lower_bound(m_rows.begin(), m_rows.end(), place);
-    return found != m_rows.end() && *found == place ? static_cast<int>(found - m_rows.begin()) : -1;
+    const int row = rowFrom(place);
+    return row < rowCount() && placeOf(row) == place ? row : -1;
+}
+
+int FramesModel::rowFrom(qint64 place) const
+{
+    return static_cast<int>(std::lower_bound(m_rows.begin(), m_rows.end(), place) - m_rows.begin());
 }
 
 QVector<Exchange> FramesModel::shown() const

@@ -47,6 +47,8 @@ public:
     qint64 placeOf(int row) const { return m_rows[static_cast<size_t>(row)]; }
     /// -1: it is not shown.
     int rowOf(qint64 place) const;
+    /// The first row of that place or a later one; rowCount() if there is none.
+    int rowFrom(qint64 place) const;
     /// The exchanges shown, the oldest first.
     QVector<Exchange> shown() const;
     /// Exchanges kept, shown or not.

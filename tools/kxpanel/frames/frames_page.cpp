@@ -7,6 +7,7 @@
 #include "kxpanel/frames/frame_details.h"
 #include "kxpanel/frames/frame_saver.h"
 #include "kxpanel/frames/frames_model.h"
+#include "kxpanel/frames/reading_place.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tables/column_widths.h"
 
@@ -56,6 +57,8 @@ FramesPage::FramesPage(const PageContext& context, QWidget* parent)
     showCounts();
 }
 
+FramesPage::~FramesPage() = default;
+
 void FramesPage::makeActions()
 {
     QAction* find =
@@ -101,16 +104,19 @@ QTableView* FramesPage::makeTable()
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &FramesPage::showDetails);
     new FollowEnd(m_table);
+    m_place = std::make_unique<ReadingPlace>(m_table, m_model);
     return m_table;
 }
 
 void FramesPage::onFilterChosen()
 {
     const qint64 selected = m_selected;
+    m_place->mark(selected);
     m_model->setFilter(m_filters->filter());
     const int row = m_model->rowOf(selected);
     if (row >= 0)
         m_table->selectRow(row);
+    m_place->goBack();
 }
 
 void FramesPage::showDetails(const QModelIndex& current)

@@ -3,6 +3,8 @@
 
 #include "kxpanel/window/page.h"
 
+#include <memory>
+
 class QLabel;
 class QPlainTextEdit;
 class QTableView;
@@ -13,6 +15,7 @@ namespace kxpanel
 class FilterBar;
 class FrameSaver;
 class FramesModel;
+class ReadingPlace;
 
 /// Requests and replies as they come, and all of the one that is selected.
 class FramesPage : public Page
@@ -21,6 +24,7 @@ class FramesPage : public Page
 
 public:
     explicit FramesPage(const PageContext& context, QWidget* parent = nullptr);
+    ~FramesPage() override;
 
     QString key() const override { return QStringLiteral("frames"); }
     QByteArray place() const override;
@@ -43,6 +47,7 @@ private:
     FilterBar* m_filters;
     FrameSaver* m_saver;
     QTableView* m_table = nullptr;
+    std::unique_ptr<ReadingPlace> m_place;
     QPlainTextEdit* m_details = nullptr;
     QLabel* m_counts = nullptr;
     qint64 m_selected = -1; ///< its place, -1: none

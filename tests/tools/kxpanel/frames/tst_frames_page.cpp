@@ -32,6 +32,11 @@ private slots:
     void countsWhatHadNoRoom();
     void whatIsReadStaysWhenItsRowGoes();
     void aFilterKeepsWhatIsSelected();
+    void aFilterKeepsWhatIsSelectedInView();
+    void aFilterKeepsWhatStandsOnTop();
+    void aFilterFollowsTheEndOfWhoIsThere();
+    void aFilterOfFewRowsKeepsThePlace();
+    void aFilterLeavesTheNearestOfWhatItHides();
     void followsTheEndUnlessScrolledUp();
     void followsTheEndInLessRoom();
     void followsTheEndAfterAllIsForgotten();
@@ -176,6 +181,89 @@ void FramesPageTest::aFilterKeepsWhatIsSelected()
     text->setText("d100"); // which it is not
     QVERIFY(!m_table->currentIndex().isValid());
     QCOMPARE(details->toPlainText(), QString());
+}
+
+namespace
+{
+
+/// Polls of which each tenth, from the first on, is a refused write.
+QVector<Exchange> mixedExchanges(int count)
+{
+    QVector<Exchange> exchanges = answeredPolls(count);
+    for (int i = 0; i < count; i += 10)
+        exchanges[i] = refusedWrite();
+    return exchanges;
+}
+
+} // namespace
+
+void FramesPageTest::aFilterKeepsWhatIsSelectedInView()
+{
+    emit m_machine->exchanged(mixedExchanges(1000)); // with 100 writes
+    QTRY_VERIFY(bar()->maximum() > 900);
+    bar()->setValue(496);
+    m_table->selectRow(500); // the 51st write, 4 rows from the top
+    auto* text = m_page->findChild<QLineEdit*>();
+    text->setText("y10");
+    QCOMPARE(m_table->currentIndex().row(), 50);
+    QCOMPARE(bar()->value(), 46);
+    emit m_machine->exchanged({refusedWrite()});
+    QCoreApplication::processEvents();
+    QCOMPARE(bar()->value(), 46); // it is read, so the end is not followed
+    text->clear();
+    QCOMPARE(m_table->currentIndex().row(), 500);
+    QCOMPARE(bar()->value(), 496);
+}
+
+void FramesPageTest::aFilterKeepsWhatStandsOnTop()
+{
+    emit m_machine->exchanged(mixedExchanges(1000));
+    QTRY_VERIFY(bar()->maximum() > 900);
+    m_table->selectRow(999);
+    bar()->setValue(300); // away from what is selected
+    m_page->findChild<QLineEdit*>()->setText("y10");
+    QCOMPARE(bar()->value(), 30);
+    m_page->findChild<QLineEdit*>()->clear();
+    QCOMPARE(bar()->value(), 300);
+}
+
+void FramesPageTest::aFilterFollowsTheEndOfWhoIsThere()
+{
+    emit m_machine->exchanged(mixedExchanges(1000));
+    QTRY_VERIFY(bar()->maximum() > 900);
+    for (const char* const text : {"y10", "d100", ""}) {
+        m_page->findChild<QLineEdit*>()->setText(text);
+        QVERIFY(bar()->maximum() > 10);
+        QCOMPARE(bar()->value(), bar()->maximum());
+    }
+}
+
+// All of them are in view, which makes nobody who reads at the end of all.
+void FramesPageTest::aFilterOfFewRowsKeepsThePlace()
+{
+    QVector<Exchange> exchanges = answeredPolls(1000);
+    exchanges[400] = refusedWrite();
+    emit m_machine->exchanged(exchanges);
+    QTRY_VERIFY(bar()->maximum() > 900);
+    bar()->setValue(300);
+    m_page->findChild<QLineEdit*>()->setText("y10");
+    QCOMPARE(bar()->maximum(), 0);
+    m_page->findChild<QLineEdit*>()->clear();
+    QCOMPARE(bar()->value(), 300);
+    m_page->findChild<QLineEdit*>()->setText("y10");
+    m_table->selectRow(0);
+    m_page->findChild<QLineEdit*>()->clear();
+    QCOMPARE(m_table->currentIndex().row(), 400);
+    QCOMPARE(bar()->value(), 400); // it stood on top
+}
+
+void FramesPageTest::aFilterLeavesTheNearestOfWhatItHides()
+{
+    emit m_machine->exchanged(mixedExchanges(1000));
+    QTRY_VERIFY(bar()->maximum() > 900);
+    bar()->setValue(303);
+    m_page->findChild<QLineEdit*>()->setText("y10");
+    QCOMPARE(bar()->value(), 31); // of the row 310
 }
 
 void FramesPageTest::followsTheEndUnlessScrolledUp()
