@@ -12,6 +12,8 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QToolButton>
 
+#include <algorithm>
+
 namespace kxpanel
 {
 
@@ -81,15 +83,18 @@ void ConnectionBar::layOut()
     m_message->setObjectName(QStringLiteral("lineFault"));
     m_message->hide();
     keepMessageRow();
-    auto* const row = new QHBoxLayout;
-    row->addWidget(m_fields, 1);
-    row->addWidget(m_button);
-    row->addWidget(m_state);
-    row->addWidget(makeButton(m_scan, this));
+    m_row = new QHBoxLayout;
+    m_row->addWidget(m_fields, 1);
+    m_buttons = new QHBoxLayout;
+    m_row->addLayout(m_buttons);
+    m_buttons->addWidget(m_button);
+    m_buttons->addWidget(m_state);
+    m_buttons->addWidget(makeButton(m_scan, this));
+    m_buttons->addStretch(1);
     m_scanPanel = new ScanPanel(m_machine, m_fields, this); // behind the buttons for the Tab key
     connect(m_scan, &QAction::toggled, m_scanPanel, &ScanPanel::setOpen);
     auto* const column = new QVBoxLayout(this);
-    column->addLayout(row);
+    column->addLayout(m_row);
     column->addWidget(m_message);
     column->addWidget(m_scanPanel);
     m_scanPanel->hide();
@@ -105,6 +110,32 @@ void ConnectionBar::keepMessageRow()
     m_message->say(QStringLiteral("-")); // without a text it is less high
     m_message->setMinimumHeight(m_message->sizeHint().height());
     m_message->say(shown);
+}
+
+void ConnectionBar::arrange()
+{
+    const QMargins margins = layout()->contentsMargins();
+    const int room = width() - margins.left() - margins.right();
+    const int oneRow =
+        m_fields->minimumSizeHint().width() + m_row->spacing() + m_buttons->minimumSize().width();
+    m_row->setDirection(oneRow <= room ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+QSize ConnectionBar::minimumSizeHint() const
+{
+    const QMargins margins = layout()->contentsMargins();
+    const int widest =
+        std::max({m_fields->minimumSizeHint().width(), m_buttons->minimumSize().width(),
+                  m_scanPanel->isHidden() ? 0 : m_scanPanel->minimumSizeHint().width()});
+    return {widest + margins.left() + margins.right(), QWidget::minimumSizeHint().height()};
+}
+
+bool ConnectionBar::event(QEvent* event)
+{
+    const bool isTaken = QWidget::event(event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)
+        arrange();
+    return isTaken;
 }
 
 void ConnectionBar::setOptions(const kx::ConnectionOptions& options)

@@ -7,6 +7,7 @@
 #include <QtWidgets/QWidget>
 
 class QAction;
+class QBoxLayout;
 class QLabel;
 class QToolButton;
 
@@ -41,6 +42,8 @@ public:
     /// Shows and hides the scan.
     QAction* scanAction() const { return m_scan; }
     const LineStatus& status() const { return m_status; }
+    /// As narrow as in two rows.
+    QSize minimumSizeHint() const override;
 
 signals:
     /// A person has changed what a project keeps.
@@ -52,11 +55,14 @@ private:
     void makeActions();
     void layOut();
     void keepMessageRow();
+    /// Buttons beside the fields, or below them where they lack the room.
+    void arrange();
     void toggleLine();
     void takeStatus(const LineStatus& status);
     void showStatus();
     /// Below the fields; empty takes it away.
     void say(const QString& fault);
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
     Machine* m_machine;
@@ -64,6 +70,8 @@ private:
     PortWatch m_ports;
     LineFields* m_fields;
     ScanPanel* m_scanPanel = nullptr;
+    QBoxLayout* m_row = nullptr;     ///< fields and buttons
+    QBoxLayout* m_buttons = nullptr; ///< with the line's state
     QAction* m_connect;
     QAction* m_scan;
     QToolButton* m_button;

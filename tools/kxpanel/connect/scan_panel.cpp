@@ -74,6 +74,8 @@ void ScanPanel::makeWidgets()
     m_result = new QLabel(this);
     m_result->setObjectName(QStringLiteral("scanResult"));
     m_result->setTextFormat(Qt::PlainText); // what was typed is no markup
+    m_result->setWordWrap(true);
+    m_result->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // the window is no wider
 }
 
 void ScanPanel::layOut()
@@ -89,7 +91,7 @@ void ScanPanel::layOut()
     row->addWidget(m_timeout);
     row->addWidget(m_start);
     row->addWidget(m_progress, 1);
-    row->addWidget(m_result);
+    row->addWidget(m_result, 1);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(row);

@@ -7,6 +7,7 @@
 #include "kxpanel/project/project.h"
 #include "kxpanel/shell/file_drop.h"
 #include "kxpanel/shell/message_bar.h"
+#include "kxpanel/shell/page_scroll.h"
 #include "kxpanel/shell/project_keeper.h"
 #include "kxpanel/shell/status_line.h"
 #include "kxpanel/shell/window_menus.h"
@@ -66,9 +67,9 @@ void MainWindow::makeContents()
 void MainWindow::makePages(const std::vector<PageMaker>& makers)
 {
     for (const PageMaker& maker : makers) {
-        Page* const made = maker({m_machine, &m_tags}, m_tabs);
+        Page* const made = maker({m_machine, &m_tags}, nullptr);
         m_pages << made;
-        m_tabs->addTab(made, made->windowTitle());
+        m_tabs->addTab(new PageScroll(made, m_tabs), made->windowTitle());
         connect(made, &Page::layoutChanged, m_project, &ProjectKeeper::touch);
         connect(made, &Page::said, m_status, &StatusLine::say);
         connect(m_connection, &ConnectionBar::stationChosen, made, &Page::setStation);
@@ -127,12 +128,12 @@ Page* MainWindow::page(const QString& key) const
 
 Page* MainWindow::currentPage() const
 {
-    return qobject_cast<Page*>(m_tabs->currentWidget());
+    return m_pages.value(m_tabs->currentIndex());
 }
 
 void MainWindow::showPage(Page* page)
 {
-    m_tabs->setCurrentWidget(page);
+    m_tabs->setCurrentIndex(static_cast<int>(m_pages.indexOf(page)));
     page->mainPart()->setFocus();
 }
 

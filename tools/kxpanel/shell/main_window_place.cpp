@@ -46,7 +46,7 @@ void MainWindow::restorePlace()
     for (Page* const page : m_pages)
         page->setPlace(m_settings->value(placeSetting(page)).toByteArray());
     if (Page* const last = page(m_settings->value(pageSetting()).toString()))
-        m_tabs->setCurrentWidget(last);
+        m_tabs->setCurrentIndex(static_cast<int>(m_pages.indexOf(last)));
 }
 
 /// The place may be of a screen that was larger, or is gone.

@@ -27,6 +27,7 @@ QLabel* StatusLine::addLabel(const char* objectName, const QString& tip)
     label->setTextFormat(Qt::PlainText); // a port may have any name
     label->setObjectName(QLatin1String(objectName));
     label->setToolTip(tip);
+    label->setMinimumWidth(1); // a name of any length makes the window no wider
     m_bar->addPermanentWidget(label);
     return label;
 }

@@ -21,7 +21,6 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QTabWidget>
 
 using namespace kxpanel;
 
@@ -117,7 +116,7 @@ void WindowStoryTest::aValueIsTypedWrittenAndSentByARecipe()
     auto* const recipes = qobject_cast<RecipesPage*>(m_window->page("recipes"));
     QVERIFY(recipes);
     recipes->open(file.fileName());
-    m_window->findChild<QTabWidget*>()->setCurrentWidget(recipes);
+    m_window->showPage(recipes);
     recipes->mainPart()->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_D, Qt::ControlModifier);
     QVERIFY(recipes->findChild<QLabel*>("question")->isVisible());
