@@ -185,7 +185,8 @@ void Machine::tellLine(LineState state, const QString& fault)
 /// A session tells of it by itself; then this only goes along.
 void Machine::lookAtClocks()
 {
-    const SystemTimes now = m_parts->clocks();
+    const Clocks& clocks = m_parts->clocks;
+    const SystemTimes now = lookAtOnce([&clocks] { return clocks().steady; }, clocks).system;
     const qint64 by = m_parts->times.look(now.steady, now);
     if (by != 0 && !m_parts->work)
         emit clockSet(by);

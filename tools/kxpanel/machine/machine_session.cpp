@@ -17,8 +17,6 @@ const int GATHERING_TIME = 50;    // milliseconds
 const int COUNTING_TIME = 500;    // milliseconds
 const int EXCHANGE_WEIGHT = 5;    // readings, by the memory they take
 const qint64 LONGEST_REST = 2000; // milliseconds, which a busy computer may take
-const qint64 LONGEST_LOOK = 5;    // milliseconds; else something else ran between clock and clock
-const int MOST_LOOKS = 10;
 
 } // namespace
 
@@ -80,7 +78,8 @@ void MachineSession::setValues(const QList<WatchedValue>& values)
 void MachineSession::start()
 {
     m_session->start();
-    m_times.look(m_session->elapsed(), m_clocks());
+    const ClockLook first = lookAtOnce([this] { return m_session->elapsed(); }, m_clocks);
+    m_times.look(first.session, first.system);
     m_counting.start();
 }
 
@@ -144,15 +143,7 @@ QString MachineSession::faultNow() const
 /// A program that was stopped, or a computer that slept, has read nothing meanwhile.
 void MachineSession::lookAtClocks()
 {
-    SystemTimes now = {};
-    qint64 session = 0;
-    for (int look = 0; look < MOST_LOOKS; ++look) {
-        const qint64 before = m_session->elapsed();
-        now = m_clocks();
-        session = m_session->elapsed();
-        if (session - before <= LONGEST_LOOK)
-            break;
-    }
+    const auto [session, now] = lookAtOnce([this] { return m_session->elapsed(); }, m_clocks);
     const qint64 rest = m_awakeAt < 0 ? 0 : now.steady - m_awakeAt;
     const bool hasRested = rest > LONGEST_REST;
     m_awakeAt = now.steady;

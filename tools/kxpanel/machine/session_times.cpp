@@ -12,7 +12,9 @@ namespace kxpanel
 namespace
 {
 
-const qint64 LEAST_STEP = 50; // milliseconds; clocks are looked at one after the other
+const qint64 LEAST_STEP = 50;  // milliseconds; clocks are looked at one after the other
+const qint64 LONGEST_LOOK = 5; // milliseconds; else something else ran between clock and clock
+const int MOST_LOOKS = 10;
 
 bool isStep(qint64 milliseconds)
 {
@@ -29,6 +31,19 @@ SystemTimes systemTimes()
     clock_gettime(CLOCK_BOOTTIME, &steady);
     return {steady.tv_sec * millisecondsPerSecond + steady.tv_nsec / nanosecondsPerMillisecond,
             QDateTime::currentMSecsSinceEpoch()};
+}
+
+ClockLook lookAtOnce(const std::function<qint64()>& session, const Clocks& system)
+{
+    ClockLook look = {};
+    for (int attempt = 0; attempt < MOST_LOOKS; ++attempt) {
+        const qint64 before = session();
+        look.system = system();
+        look.session = session();
+        if (look.session - before <= LONGEST_LOOK)
+            break;
+    }
+    return look;
 }
 
 qint64 SessionTimes::look(qint64 session, const SystemTimes& now)

@@ -19,6 +19,16 @@ SystemTimes systemTimes();
 /// systemTimes(), or what stands in for it.
 using Clocks = std::function<SystemTimes()>;
 
+struct ClockLook {
+    qint64 session; ///< on a session's clock, in milliseconds
+    SystemTimes system;
+};
+
+/// All clocks at one moment: looks again when something else ran between clock and clock, which
+/// would seem to be a step of one of them.
+/// @param session returns milliseconds of a clock that nobody sets
+ClockLook lookAtOnce(const std::function<qint64()>& session, const Clocks& system);
+
 /// When it was what a session's clock timed, in the time of day that counts now: that clock stands
 /// still while the computer sleeps, and the time of day may be set.
 ///

@@ -2,6 +2,7 @@
 
 #include "tools/kxpanel/machine_fixture.h"
 
+#include <QtCore/QThread>
 #include <QtTest/QTest>
 
 using namespace kxpanel;
@@ -17,6 +18,7 @@ private slots:
         m_steps.clear();
     }
     void isToldWhileNoLineIsOpen();
+    void aMachineThatStandsStillSetsNoClock();
     void isToldOnceOfAnOpenLine();
 
 private:
@@ -54,6 +56,21 @@ void MachineClocksTest::isToldWhileNoLineIsOpen()
     machine.openLine(serialPort(QStringLiteral("/dev/none")));
     QTRY_COMPARE(log.states.size(), 2);
     QCOMPARE(seconds(), (QList<qint64>{3600, -7200})); // though it was set a moment ago
+}
+
+// Between the looks at two clocks something else may run.
+void MachineClocksTest::aMachineThatStandsStillSetsNoClock()
+{
+    int looks = 0;
+    Machine machine(nullptr, [&looks] {
+        const qint64 steady = systemTimes().steady;
+        if (++looks % 5 == 0)
+            QThread::msleep(100);
+        return SystemTimes{steady, systemTimes().timeOfDay};
+    });
+    listen(&machine);
+    QTRY_VERIFY(looks >= 15);
+    QCOMPARE(m_steps, QList<qint64>());
 }
 
 void MachineClocksTest::isToldOnceOfAnOpenLine()
