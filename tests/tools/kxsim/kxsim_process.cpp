@@ -5,7 +5,7 @@
 namespace
 {
 
-const int PATIENCE_MILLISECONDS = 10000;
+const int PATIENCE_MILLISECONDS = 30000;
 
 } // namespace
 
@@ -26,14 +26,14 @@ KxsimProcess::~KxsimProcess()
 
 QString KxsimProcess::ask(const QString& command)
 {
-    tell(command);
+    m_process.write(command.toUtf8() + '\n');
+    m_process.waitForBytesWritten(PATIENCE_MILLISECONDS);
     return readLine();
 }
 
 void KxsimProcess::tell(const QString& command)
 {
-    m_process.write(command.toUtf8() + '\n');
-    m_process.waitForBytesWritten(PATIENCE_MILLISECONDS);
+    ask(command + QStringLiteral("\nfaults"));
 }
 
 QString KxsimProcess::lastAnswer(const QString& command)

@@ -17,7 +17,7 @@ public:
 
     /// Sends one command and returns its answer of one line.
     QString ask(const QString& command);
-    /// Sends a command that has no answer.
+    /// Sends a command that has no answer, and returns when it was carried out.
     void tell(const QString& command);
     /// Sends a command without the end of its line, then closes standard input.
     QString lastAnswer(const QString& command);
