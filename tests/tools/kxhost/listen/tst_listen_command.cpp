@@ -107,9 +107,9 @@ void ListenCommandTest::hearsAMasterAndItsController()
     HeardLine line(simulator);
     RunningWatch listening(words("listen", line.listener));
     QVERIFY(listening.waitForOutput("; Ctrl-C ends\n"));
-    RunningWatch reading(words("read D100:2 X17 32CV200", line.master));
+    RunningWatch reading(words("read D100:2 X17 32CV200 --timeout 9000", line.master));
     QCOMPARE(reading.exitCode(), 0);
-    RunningWatch writing(words("write Y10=1 D200=1,2,3", line.master));
+    RunningWatch writing(words("write Y10=1 D200=1,2,3 --timeout 9000", line.master));
     QCOMPARE(writing.exitCode(), 0);
     RunningWatch asking(words("read D0@9 --timeout 50 --retries 1", line.master));
     QCOMPARE(asking.exitCode(), 1);

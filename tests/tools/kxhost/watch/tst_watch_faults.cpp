@@ -59,13 +59,13 @@ void WatchFaultsTest::everyKindIsSurvivedAndCounted_data()
         QTest::newRow(fault) << QString::fromLatin1(fault) << cycles << timeout
                              << QString::fromLatin1(group) << QString::fromLatin1(count);
     };
-    row("deaf", 4, 600, "badReplies", "none");
-    row("silence", 4, 600, "badReplies", "none");
+    row("deaf", 3, 1500, "badReplies", "none");
+    row("silence", 3, 1500, "badReplies", "none");
     row("corrupt", 20, 9000, "badReplies", "damaged");
-    row("truncate", 4, 600, "badReplies", "short");
+    row("truncate", 3, 1500, "badReplies", "short");
     row("extra-before", 20, 9000, "badReplies", "damaged");
     row("duplicate", 20, 9000, "thrownAway", "duplicates");
-    row("other-station", 4, 600, "badReplies", "foreign");
+    row("other-station", 3, 1500, "badReplies", "foreign");
     row("exception", 20, 9000, "badReplies", "refused");
     row("echo", 20, 9000, "thrownAway", "echoes");
     row("close", 10, 400, "badReplies", "lineLost");

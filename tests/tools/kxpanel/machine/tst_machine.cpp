@@ -415,9 +415,11 @@ void MachineTest::aBusyMainThreadFindsNoTimeOut()
     const MachineThread thread;
     const MachineLog log(thread.machine());
     thread.machine()->setValues({watched(1, "D110")});
-    thread.machine()->openLine(simulated());
+    kx::ConnectionOptions options = simulated();
+    options.session.exchange.replyTimeout = 2000;
+    thread.machine()->openLine(options);
     QTRY_VERIFY(log.cycles >= 1);
-    QThread::msleep(3000);         // with time-outs of half a second
+    QThread::msleep(3000);         // longer than a time-out
     QTRY_VERIFY(log.cycles >= 20); // it went on meanwhile
     QTRY_VERIFY(!log.summaries.isEmpty());
     QCOMPARE(log.summaries.last().statistics.accepted, log.summaries.last().statistics.requests);
