@@ -20,7 +20,7 @@ namespace kx
 namespace
 {
 
-const int PATIENCE = 10000; // milliseconds
+const int PATIENCE = 30000; // milliseconds
 const int COLUMNS = 80;
 
 [[noreturn]] void becomeHost(int terminal, QList<QByteArray> words, const QByteArray& kind)

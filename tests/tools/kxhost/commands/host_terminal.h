@@ -24,10 +24,10 @@ public:
     ~HostTerminal();
 
     void type(const QByteArray& keys);
-    /// Reads until `text` was shown since the start or forget(); false after 10 seconds.
+    /// Reads until `text` was shown since the start or forget(); false after half a minute.
     bool waitFor(const QByteArray& text);
     void forget() { m_output.clear(); }
-    /// Reads until the program ends; -1 when it crashed or goes on for 10 seconds.
+    /// Reads until the program ends; -1 when it crashed or goes on for half a minute.
     int exitCode();
 
     /// All that was shown so far, or since forget().

@@ -11,7 +11,7 @@ namespace kx
 namespace
 {
 
-const int PATIENCE = 10000; // milliseconds
+const int PATIENCE = 30000; // milliseconds
 
 } // namespace
 

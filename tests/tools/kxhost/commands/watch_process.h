@@ -29,7 +29,7 @@ public:
     explicit RunningWatch(const QStringList& arguments);
     ~RunningWatch();
 
-    /// Each false, or -1, when it takes longer than 10 seconds.
+    /// Each false, or -1, when it takes longer than half a minute.
     bool waitForOutput(const char* text);
     bool waitForOutputEnd(const char* text);
     int exitCode();
