@@ -12,6 +12,9 @@
 namespace kx
 {
 
+/// Of a simulator, so that many requests take seconds: a test that ends them comes in time.
+inline const QStringList SLOWLY = {"--still", "--turnaround", "50ms"};
+
 class DumpFixture
 {
 public:

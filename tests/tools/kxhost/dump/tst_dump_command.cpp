@@ -140,7 +140,7 @@ void DumpCommandTest::aFullDiskLeavesNoFile()
 
 void DumpCommandTest::anInterruptLeavesNoFile()
 {
-    const DumpFixture fixture({});
+    const DumpFixture fixture({}, SLOWLY);
     QProcess host;
     host.start(KX_HOST_PROGRAM,
                {"dump", "D0:8000", "--frames", "--port", fixture.port(), "--to", fixture.path()});

@@ -279,7 +279,7 @@ void RestoreCommandTest::interruptAtTheQuestion()
 // Every other register, so that each takes a request.
 void RestoreCommandTest::interruptBetweenWrites()
 {
-    DumpFixture fixture({});
+    DumpFixture fixture({}, SLOWLY);
     QCOMPARE(fixture.dump({"D0:400"}).exitCode, 0);
     for (int address = 0; address < 400; address += 2)
         fixture.controller().tell(QString("set D%1=1").arg(address));
@@ -331,7 +331,7 @@ void RestoreCommandTest::aLineLostInTheMiddle()
     QStringList presets;
     for (int address = 0; address < 400; address += 2)
         presets << QString("D%1=1").arg(address);
-    auto fixture = std::make_unique<DumpFixture>(presets);
+    auto fixture = std::make_unique<DumpFixture>(presets, SLOWLY);
     const QByteArray kept = before.stored();
     QProcess host;
     host.start(KX_HOST_PROGRAM, {"restore", before.path(), "--port", fixture->port(), "--yes"});
