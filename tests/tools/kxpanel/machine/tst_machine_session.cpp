@@ -137,7 +137,8 @@ void MachineSessionTest::allIsToldWhileItIsTaken()
     pass(100);
     m_session->stop();
     QCOMPARE(qint64(m_numbers.size()), m_session->exchanges());
-    QCOMPARE(m_missed.size(), 0);
+    for (const Missed& missed : qAsConst(m_missed))
+        QVERIFY(missed.isRest); // of this process
 }
 
 /// A ramp of 125 steps a second, of which several fall into one gathering.
@@ -188,12 +189,13 @@ void MachineSessionTest::whileListenersStandStillTheLatestIsKept()
     start(20, 5);
     QTRY_VERIFY(m_backlog->isFull());
     const QStringList order = m_order;
+    const int counts = m_counts;
     const int told = static_cast<int>(m_numbers.size());
     const qint64 readAt = m_readings.value(2).readAt;
     pass(60);
     QTest::qWait(600); // counts would come twice a second
     QCOMPARE(m_order, order);
-    QCOMPARE(m_counts, 0);
+    QCOMPARE(m_counts, counts);
     const qint64 last = m_session->exchanges();
     m_backlog->take(m_toTake); // they go on
     QTRY_VERIFY(m_order.size() > order.size());
@@ -225,12 +227,13 @@ void MachineSessionTest::theEndIsToldThoughNobodyListens()
 {
     start(20, 5);
     QTRY_VERIFY(m_backlog->isFull());
+    const int counts = m_counts;
     pass(60);
     m_session->stop();
     QCOMPARE(m_numbers.last(), m_session->exchanges());
     QCOMPARE(m_missed.size(), 1);
     QCOMPARE(m_missed.first().exchanges + m_numbers.size(), m_session->exchanges());
-    QCOMPARE(m_counts, 1);
+    QCOMPARE(m_counts, counts + 1);
 }
 
 void MachineSessionTest::timesFollowTheClockThatIsSet()
