@@ -19,7 +19,10 @@ const char SEVEN_ROWS[] = "name,station,register,address,type,value\n"
                           "d,1,D,30,uint16,4\ne,1,D,40,uint16,5\nf,1,D,50,uint16,6\n"
                           "g,9,D,0,uint16,7\n";
 
-/// Three hundred registers: ten blocks, a quarter of a second and more.
+/// Of a controller, so that what ends a recipe comes before its end.
+const QStringList SLOWLY = {"--turnaround", "200ms"};
+
+/// Three hundred registers: ten blocks.
 QByteArray longRecipe()
 {
     QByteArray text = "name,station,register,address,type,value\n";
@@ -123,11 +126,11 @@ void RecipeFailuresTest::lineThatDiesLeavesTheFileAndTheNextCommandWorks()
     QFETCH(QByteArray, direction);
     const QString link = fixture.pathOf("line");
     const QStringList options = {"--still", "--symlink", link};
-    auto controller = std::make_unique<KxsimProcess>(options);
+    auto controller = std::make_unique<KxsimProcess>(options + SLOWLY);
     fixture.store(longRecipe());
     QProcess host;
     host.start(QStringLiteral(KX_HOST_PROGRAM),
-               {"recipe", direction, fixture.path(), "--port", link, "--timeout", "100"});
+               {"recipe", direction, fixture.path(), "--port", link});
     while (!host.canReadLine() && host.waitForReadyRead())
         continue;
     QCOMPARE(host.readLine().trimmed(), QByteArray("1/10 D0:32@1"));
@@ -148,7 +151,7 @@ void RecipeFailuresTest::lineThatDiesLeavesTheFileAndTheNextCommandWorks()
 void RecipeFailuresTest::interruptLeavesTheFile()
 {
     const RecipeFixture fixture;
-    const KxsimProcess controller({"--still"});
+    const KxsimProcess controller(QStringList{"--still"} + SLOWLY);
     fixture.store(longRecipe());
     QProcess host;
     host.start(QStringLiteral(KX_HOST_PROGRAM),
