@@ -153,7 +153,7 @@ void WorkerThreadTest::nothingStaysBehind()
     Worker worker;
     auto* const connection = new Connection(controller.settings(isGateway, patience));
     auto* const loop = new ExchangeLoop(scripted.entryPoints(), connection->line(),
-                                        ExchangeSettings{250, 100, 5, -1, 0});
+                                        ExchangeSettings{1500, 100, 5, -1, 0});
     worker.adopt(loop);
     worker.adopt(connection);
     connect(loop, &ExchangeLoop::exchanged, this,
