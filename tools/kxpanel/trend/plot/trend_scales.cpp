@@ -26,9 +26,12 @@ public:
                                                            : QStringLiteral("yyyy-MM"));
         const QList<double> ticks = scaleDiv().ticks(QwtScaleDiv::MajorTick);
         const bool hasDate = value == ticks.value(0) || time.time() == QTime(0, 0);
+        const QString offset = offsetText(time);
         // A second row always, so that the scale keeps its height while dates come and go.
         return time.toString(formatOf(interval)) + QLatin1Char('\n')
-               + (hasDate ? time.toString(QStringLiteral("yyyy-MM-dd")) : QStringLiteral(" "));
+               + (hasDate            ? time.toString(QStringLiteral("yyyy-MM-dd"))
+                  : offset.isEmpty() ? QStringLiteral(" ")
+                                     : offset);
     }
 
 private:

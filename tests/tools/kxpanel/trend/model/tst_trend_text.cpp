@@ -9,6 +9,10 @@ class TrendTextTest : public QObject
 {
     Q_OBJECT
 
+public:
+    /// Central Europe, without asking the computer's own table of zones.
+    static void initMain() { qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3"); }
+
 private slots:
     void spans_data()
     {
@@ -45,7 +49,48 @@ private slots:
                  QString("Cursor 1: 2026-11-23 10:03:12.345    Cursor 2: 2026-11-23 10:03:15.000"
                          "    Difference: 2.655 s"));
     }
+
+    void longDifferencesAreExact()
+    {
+        TrendView view;
+        const QDateTime first(QDate(2026, 11, 23), QTime(10, 0));
+        view.setCursor(0, first.toMSecsSinceEpoch());
+        const auto difference = [&](qint64 milliseconds) {
+            view.setCursor(1, first.addMSecs(milliseconds).toMSecsSinceEpoch());
+            return kxpanel::cursorText(view).section("Difference: ", 1);
+        };
+        QCOMPARE(difference(3600000), QString("1 h"));
+        QCOMPARE(difference(3630250), QString("1 h 30.25 s"));
+        QCOMPARE(difference(93930001), QString("26 h 5 min 30.001 s"));
+        QCOMPARE(difference(-3600001), QString("-1 h 1 ms"));
+    }
+
+    /// Where the clock was set back, an hour is there twice.
+    void timesThatAreThereTwice()
+    {
+        TrendView view;
+        const QDateTime first(QDate(2026, 10, 25), QTime(0, 30), Qt::UTC);
+        view.setCursor(0, first.toMSecsSinceEpoch());
+        view.setCursor(1, first.addSecs(3600).toMSecsSinceEpoch());
+        QCOMPARE(kxpanel::cursorText(view),
+                 QString("Cursor 1: 2026-10-25 02:30:00.000 UTC+2    "
+                         "Cursor 2: 2026-10-25 02:30:00.000 UTC+1    Difference: 1 h"));
+        const auto offsetAt = [](int hours, int minutes, int seconds = 0) {
+            return kxpanel::offsetText(
+                QDateTime(QDate(2026, 10, 25), QTime(hours, minutes, seconds), Qt::UTC)
+                    .toLocalTime());
+        };
+        QCOMPARE(offsetAt(23, 59), QString());
+        QCOMPARE(offsetAt(0, 0), QString("UTC+2"));
+        QCOMPARE(offsetAt(0, 59, 59), QString("UTC+2"));
+        QCOMPARE(offsetAt(1, 0), QString("UTC+1"));
+        QCOMPARE(offsetAt(1, 59, 59), QString("UTC+1"));
+        QCOMPARE(offsetAt(2, 0), QString());
+        const QDateTime forward(QDate(2026, 3, 29), QTime(1, 0), Qt::UTC);
+        for (const int minutes : {-90, -1, 0, 1, 90})
+            QCOMPARE(kxpanel::offsetText(forward.addSecs(60 * minutes).toLocalTime()), QString());
+    }
 };
 
-QTEST_APPLESS_MAIN(TrendTextTest)
+QTEST_GUILESS_MAIN(TrendTextTest)
 #include "tst_trend_text.moc"
