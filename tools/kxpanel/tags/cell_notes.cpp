@@ -9,12 +9,18 @@ namespace
 {
 
 /// Empty: it has none.
-QString attributeOf(const QString& attributes, const char* name)
+QString numberOf(const QString& attributes)
 {
-    const QRegularExpression attribute(
-        QStringLiteral("\\b%1=\"([^\"]*)\"").arg(QLatin1String(name)),
-        QRegularExpression::CaseInsensitiveOption);
-    return attribute.match(attributes).captured(1);
+    static const QRegularExpression number(QStringLiteral("\\bsdval=\"([^\"]*)\""),
+                                           QRegularExpression::CaseInsensitiveOption);
+    return number.match(attributes).captured(1);
+}
+
+bool isOfTexts(const QString& attributes)
+{
+    static const QRegularExpression format(QStringLiteral("\\bsdnum=\"[^\"]*;@\""),
+                                           QRegularExpression::CaseInsensitiveOption);
+    return format.match(attributes).hasMatch();
 }
 
 QString withoutMarkup(QString content)
@@ -37,8 +43,9 @@ CellNotes::CellNotes(std::function<QString()> markup) : m_markup(std::move(marku
 void CellNotes::read()
 {
     static const QRegularExpression part(
-        QStringLiteral("<tr\\b|<t[dh]\\b((?:[^>\"]|\"[^\"]*\")*+)>(.*?)</t[dh]>"),
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+        QStringLiteral("<tr\\b|<t[dh]\\b((?:[^>\"]++|\"[^\"]*\")*+)>"
+                       "((?:[^<]++|<(?!/?t[dhr]\\b))*+)"),
+        QRegularExpression::CaseInsensitiveOption);
     const QString markup = m_markup();
     QRegularExpressionMatchIterator parts = part.globalMatch(markup);
     while (parts.hasNext()) {
@@ -48,10 +55,9 @@ void CellNotes::read()
             continue;
         }
         const QString attributes = found.captured(1);
-        const bool isText = attributeOf(attributes, "sdnum").endsWith(QLatin1String(";@"));
-        const Note note = {withoutMarkup(found.captured(2)), attributeOf(attributes, "sdval"),
-                           isText};
-        m_hasCommas |= isText && hasDecimalComma(note.text);
+        const Note note = {withoutMarkup(found.captured(2)), numberOf(attributes),
+                           isOfTexts(attributes)};
+        m_hasCommas |= note.isText && hasDecimalComma(note.text);
         if (!m_rows.isEmpty())
             m_rows.last() << note;
     }

@@ -14,6 +14,7 @@ private slots:
     void cellsAreThoseAtTheirPlace();
     void aTableWithSpansSaysNothing();
     void textsWithCommasAreNoneOfOurs();
+    void manyCellsAreRead();
     void isAskedForOnce();
 };
 
@@ -46,7 +47,9 @@ void CellNotesTest::numbers_data()
     row("another number", R"(<tr><td sdval="7" sdnum="1031;0;#.##0">16.125</td></tr>)", "");
     row("another text", R"(<tr><td sdnum="1031;0;@">16.126</td></tr>)", "");
     row("not in a row", R"(<td sdnum="1031;0;@">16.125</td>)", "");
-    row("without an end", R"(<tr><td sdnum="1031;0;@">16.125)", "");
+    row("whose end is left out", R"(<tr><td sdnum="1031;0;@">16.125<tr><td>8)", "16.125");
+    row("the last one", R"(<table><tr><td sdnum="1031;0;@">16.125</table></body>)", "16.125");
+    row("with quotes that are not closed", R"(<tr><td sdnum="1031;0;@>16.125</td></tr>)", "");
 }
 
 void CellNotesTest::numbers()
@@ -90,6 +93,14 @@ void CellNotesTest::textsWithCommasAreNoneOfOurs()
     });
     QVERIFY(!notes.numberIn(0, {"1.234", "12,5", "1.234"}, 0));
     QCOMPARE(notes.numberIn(0, {"1.234", "12,5", "1.234"}, 2), QString("1234"));
+}
+
+/// Without ends, of which each cell would look for its own to the end of all: for hours.
+void CellNotesTest::manyCellsAreRead()
+{
+    const QString cells = QStringLiteral("<tr><td sdval=\"1234\">1.234").repeated(100000);
+    CellNotes notes([cells] { return cells; });
+    QCOMPARE(notes.numberIn(99999, {"1.234"}, 0), QString("1234"));
 }
 
 /// Of many rows it is long, and comes from another program.
