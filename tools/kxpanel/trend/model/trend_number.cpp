@@ -43,7 +43,9 @@ kx::Decimal shownNumber(const TrendSample& sample, int places)
 
 int placesOf(const kx::ValueFormat& format)
 {
-    return kx::isFloating(format) ? -1 : std::max(format.scale.places(), format.offset.places());
+    return kx::isFloating(format) || format.kind == kx::ValueKind::Ascii
+               ? -1
+               : std::max(format.scale.places(), format.offset.places());
 }
 
 bool isLong(double number, int places)

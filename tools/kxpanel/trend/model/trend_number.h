@@ -9,7 +9,7 @@ namespace kxpanel
 {
 
 /// Digits behind the point that numbers of a format have at most; negative: any, as floating ones
-/// have, which are shown with 15 digits.
+/// have, which are shown with 15 digits, or it is none of numbers.
 int placesOf(const kx::ValueFormat& format);
 
 /// Whether a number may have more digits than the double that is nearest to it.

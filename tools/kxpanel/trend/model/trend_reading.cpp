@@ -10,7 +10,7 @@ namespace
 {
 
 /// With all digits, whatever of them is shown.
-QString wholeText(kx::ValueFormat format, const QList<qint64>& raw)
+QString allDigits(kx::ValueFormat format, const QList<qint64>& raw)
 {
     format.decimals = -1;
     return kx::valueText(format, raw);
@@ -34,7 +34,7 @@ TrendSample sampleOf(const Reading& reading, const kx::ValueFormat& format, qint
     if (!kx::valueNumber(format, reading.raw, &number))
         return {time, notANumber()};
     const int places = placesOf(format);
-    return isLong(number, places) ? longSample(time, number, wholeText(format, reading.raw), places)
+    return isLong(number, places) ? longSample(time, number, allDigits(format, reading.raw), places)
                                   : TrendSample(time, number);
 }
 

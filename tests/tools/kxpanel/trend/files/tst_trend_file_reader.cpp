@@ -52,6 +52,7 @@ private slots:
     void aRecordingBecomesChannels();
     void whatWasSavedIsOpened();
     void longNumbersComeBackToTheirLastDigit();
+    void textsOfDigitsAreNoNumbers();
     void eachValueOfALongRecordingIsKept();
     void theLongestRecordingTakesBoundedMemory();
     void ofMoreThanThereIsRoomForSomeAreKept();
@@ -172,6 +173,17 @@ void TrendFileReaderTest::longNumbersComeBackToTheirLastDigit()
     QFile copy(from);
     QVERIFY(copy.open(QIODevice::ReadOnly));
     QCOMPARE(copy.readAll(), rows);
+}
+
+/// A batch's name of digits is no counter.
+void TrendFileReaderTest::textsOfDigitsAreNoNumbers()
+{
+    write(pathOf("batch.csv"), "time,Batch D1/ascii:8@1,D9/u64@1,gaps\n"
+                               "2026-11-23T10:00:00.000Z,\"1234567890123456\",\"text\",\n");
+    TrendFileReader reader;
+    read(&reader, pathOf("batch.csv"));
+    for (const TrendChannel& channel : reader.channels())
+        QCOMPARE(samplesOf(channel), QString("0 no number"));
 }
 
 /// The file has them, so zooming in shows them.

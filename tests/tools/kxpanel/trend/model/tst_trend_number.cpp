@@ -32,6 +32,7 @@ void TrendNumberTest::placesOfAFormat_data()
     QTest::newRow("by the offset") << "D10@1/u64*0.25+0.125" << 3;
     QTest::newRow("shown with fewer") << "D10@1/u64*2.5,decimals=0" << 1;
     QTest::newRow("floating") << "D10@1/double" << -1;
+    QTest::newRow("text") << "D10@1/ascii:4" << -1;
     QTest::newRow("floating, scaled") << "D10@1/float*0.1" << -1;
 }
 
