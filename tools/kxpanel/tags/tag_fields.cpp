@@ -28,7 +28,7 @@ QString orderText(const kx::ValueFormat& format)
     return words.join(QLatin1Char(' '));
 }
 
-QString numberText(const kx::Decimal& number, int usual)
+QString textUnlessUsual(const kx::Decimal& number, int usual)
 {
     return number.compare(kx::Decimal(usual)) == 0 ? QString() : number.text();
 }
@@ -66,8 +66,8 @@ QStringList tagFields(const kx::Tag& tag)
         tag.interval < 0 ? QString() : QStringLiteral("%1ms").arg(tag.interval),
         kindText(format),
         orderText(format),
-        numberText(format.scale, 1),
-        numberText(format.offset, 0),
+        textUnlessUsual(format.scale, 1),
+        textUnlessUsual(format.offset, 0),
         format.unit,
         format.decimals < 0 ? QString() : QString::number(format.decimals),
         boundText(format.lowest),
