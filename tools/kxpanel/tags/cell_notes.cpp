@@ -79,8 +79,8 @@ std::optional<QString> CellNotes::numberIn(int row, const QStringList& cells, in
         return whole;
     if (note.number == QString(cell).replace(QLatin1Char('.'), QLatin1Char(',')))
         return cell;
-    return note.number.isEmpty() && note.isText && !m_hasCommas ? std::optional<QString>(cell)
-                                                                : std::nullopt;
+    const bool isOurs = note.isText && !m_hasCommas && !cell.endsWith(QLatin1Char('0'));
+    return note.number.isEmpty() && isOurs ? std::optional<QString>(cell) : std::nullopt;
 }
 
 } // namespace kxpanel

@@ -25,7 +25,8 @@ public:
     CellNotes() = default;
 
     /// A number with one point of which thousandsFault() does not know what it is: with a decimal
-    /// point, or without any. A text is as it is written, unless others have a decimal comma.
+    /// point, or without any. A text is as kxpanel wrote it, unless others have a decimal comma or
+    /// it ends with a 0: then somebody has typed it, who may mean thousands.
     /// @param row from 0, of all rows of the copy
     /// @param cells of that row
     /// @return nothing where the HTML does not say it

@@ -14,6 +14,7 @@ private slots:
     void cellsAreThoseAtTheirPlace();
     void aTableWithSpansSaysNothing();
     void textsWithCommasAreNoneOfOurs();
+    void textsWithAZeroAtTheEndAreNoneOfOurs();
     void manyCellsAreRead();
     void isAskedForOnce();
 };
@@ -93,6 +94,20 @@ void CellNotesTest::textsWithCommasAreNoneOfOurs()
     });
     QVERIFY(!notes.numberIn(0, {"1.234", "12,5", "1.234"}, 0));
     QCOMPARE(notes.numberIn(0, {"1.234", "12,5", "1.234"}, 2), QString("1234"));
+}
+
+/// No number of kxpanel's ends with one behind the point, so somebody typed it.
+void CellNotesTest::textsWithAZeroAtTheEndAreNoneOfOurs()
+{
+    CellNotes notes([] {
+        return QStringLiteral("<tr><td sdnum=\"1031;0;@\">20.000</td>"
+                              "<td sdnum=\"1031;0;@\">20.001</td>"
+                              "<td sdval=\"20000\" sdnum=\"1031;0;#.##0\">20.000</td></tr>");
+    });
+    const QStringList cells = {"20.000", "20.001", "20.000"};
+    QVERIFY(!notes.numberIn(0, cells, 0));
+    QCOMPARE(notes.numberIn(0, cells, 1), QString("20.001"));
+    QCOMPARE(notes.numberIn(0, cells, 2), QString("20000"));
 }
 
 /// Without ends, of which each cell would look for its own to the end of all: for hours.
