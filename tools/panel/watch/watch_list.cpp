@@ -150,8 +150,9 @@ QList<int> WatchList::onRead(const VARIABLE& job, const ValueSource& valuesOf, q
         entry.readAt = now;
         ++entry.reads;
         // Zero is what the driver's cache starts with: reading it is no change. Nor does the driver
-        // report what another read has brought before, of a part of a value alone.
-        const bool isToTake = !entry.isKnown || entry.width > 1;
+        // report what another read has brought before, of a part of a value alone; and what it
+        // reports comes later, when whoever is back was told already.
+        const bool isToTake = !entry.isKnown || entry.width > 1 || isBack;
         if ((isToTake && takeValues(&entry, valuesOf(entry), now)) || isBack)
             toTell << index;
     }

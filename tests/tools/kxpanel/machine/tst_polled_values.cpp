@@ -17,6 +17,7 @@ private slots:
     void eachChangeIsTold();
     void ofThoseWhoStandStillTheLatestIsKept();
     void whatWasReadBeforeTheLineWasLostIsTold();
+    void whatWasReadBeforeASilenceIsNotReadBehindIt();
     void changesOutliveAnotherList();
     void aTimeIsOfTheClockOnTheWall();
     void whatWasNeverReadHasNoValue();
@@ -169,6 +170,18 @@ void PolledValuesTest::whatWasReadBeforeTheLineWasLostIsTold()
     QCOMPARE(textOf(values.takeMarked(list, SessionTimes(), true)), QString("6@110 -"));
     values.markAll(); // nothing new
     QCOMPARE(textOf(values.takeMarked(list, SessionTimes(), true)), QString("-"));
+}
+
+// A trend would show what the controller had before it was switched off as its first value behind.
+void PolledValuesTest::whatWasReadBeforeASilenceIsNotReadBehindIt()
+{
+    kx::WatchList list;
+    PolledValues values = polled({"D100"}, &list);
+    poll(&values, &list, 5, 100);
+    values.takeNews(list, list.onSilence(1));
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("5@100 -"));
+    poll(&values, &list, 6, 120);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("6@120"));
 }
 
 void PolledValuesTest::changesOutliveAnotherList()

@@ -32,6 +32,7 @@ private slots:
     void changeOfAnAddressNotWatchedIsNone();
     void failureAndRecovery();
     void aSilentStationsEntriesAreAllUnanswered();
+    void whoIsBackHasTheValueOfNow();
     void readsInAnyOrderOfTheListAreToldInIts();
     void readsBesideTheTypeCoverWhatIsInIt_data();
     void readsBesideTheTypeCoverWhatIsInIt();
@@ -285,6 +286,20 @@ void WatchListTest::aSilentStationsEntriesAreAllUnanswered()
     QCOMPARE(list.entries().at(2).state, WatchState::NeverRead);
     QCOMPARE(list.onSilence(1), QList<int>());
     QCOMPARE(list.onRead(job(1, "D", 100, 2), always(4), 60), QList<int>({0, 1}));
+}
+
+// The driver's report of the change comes behind the read.
+void WatchListTest::whoIsBackHasTheValueOfNow()
+{
+    WatchList list({tagOf("D100")});
+    list.onRead(job(1, "D", 100, 1), always(4), 50);
+    list.onSilence(1);
+    QCOMPARE(list.onRead(job(1, "D", 100, 1), always(9), 60), QList<int>{0});
+    QCOMPARE(list.entries().at(0).state, WatchState::Ok);
+    QCOMPARE(list.entries().at(0).value, qint64(9));
+    QCOMPARE(list.entries().at(0).readAt, qint64(60));
+    QCOMPARE(list.entries().at(0).changedAt, qint64(60));
+    QCOMPARE(list.onChange(1, d(), 100, always(9), 60), QList<int>()); // is told already
 }
 
 void WatchListTest::readsInAnyOrderOfTheListAreToldInIts()
