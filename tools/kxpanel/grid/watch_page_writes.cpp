@@ -15,7 +15,10 @@ namespace
 
 QString failureText(const ValueWrite& write)
 {
-    return WatchPage::tr("%1 = %2 not written: %3").arg(write.name, write.text, write.reason);
+    const QString text =
+        write.mayBeDone ? WatchPage::tr("%1 = %2 not confirmed: %3; the controller may have it")
+                        : WatchPage::tr("%1 = %2 not written: %3");
+    return text.arg(write.name, write.text, write.reason);
 }
 
 } // namespace
@@ -123,7 +126,7 @@ void WatchPage::onWritesEnded(int written, const QList<ValueWrite>& failed)
     if (failed.isEmpty())
         say(tr("%n values written", nullptr, all), false);
     else
-        say(tr("%1 of %n values not written", nullptr, all).arg(failed.size()), true);
+        say(tr("%1 of %n values not confirmed", nullptr, all).arg(failed.size()), true);
 }
 
 } // namespace kxpanel

@@ -285,6 +285,10 @@
         <translation>nicht geschrieben</translation>
     </message>
     <message>
+        <source>not confirmed</source>
+        <translation>nicht bestätigt</translation>
+    </message>
+    <message>
         <source>refused</source>
         <translation>abgelehnt</translation>
     </message>
@@ -2586,6 +2590,10 @@
         <translation>%1 = %2 geschrieben</translation>
     </message>
     <message>
+        <source>%1 = %2 not confirmed: %3; the controller may have it</source>
+        <translation>%1 = %2 nicht bestätigt: %3; die Steuerung hat es vielleicht</translation>
+    </message>
+    <message>
         <source>%1 = %2 not written: %3</source>
         <translation>%1 = %2 nicht geschrieben: %3</translation>
     </message>
@@ -2827,10 +2835,10 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%1 of %n values not written</source>
+        <source>%1 of %n values not confirmed</source>
         <translation>
-            <numerusform>%1 von %n Wert nicht geschrieben</numerusform>
-            <numerusform>%1 von %n Werten nicht geschrieben</numerusform>
+            <numerusform>%1 von %n Wert nicht bestätigt</numerusform>
+            <numerusform>%1 von %n Werten nicht bestätigt</numerusform>
         </translation>
     </message>
 </context>

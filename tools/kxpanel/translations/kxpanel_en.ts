@@ -435,10 +435,10 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%1 of %n values not written</source>
+        <source>%1 of %n values not confirmed</source>
         <translation>
-            <numerusform>%1 of %n value not written</numerusform>
-            <numerusform>%1 of %n values not written</numerusform>
+            <numerusform>%1 of %n value not confirmed</numerusform>
+            <numerusform>%1 of %n values not confirmed</numerusform>
         </translation>
     </message>
 </context>

@@ -34,6 +34,7 @@ private slots:
     void escapeCallsOffWhatWaits();
     void editsOfTheListAndEscapeCallAQuestionOff();
     void aControllerConfirmsAWrite();
+    void aWriteWithoutAReplyMayBeDone();
 };
 
 void WatchPageWritesTest::enterWritesAndSaysWhyNot()
@@ -215,7 +216,7 @@ void WatchPageWritesTest::writesThatFailAreAllTold()
     QTest::keyClicks(bar->edit(), QStringLiteral("1"));
     QTest::keyClick(bar->edit(), Qt::Key_Return);
     QTRY_COMPARE(m_ended->size(), 2);
-    QCOMPARE(message().mid(2), QStringLiteral("2 of 2 values not written"));
+    QCOMPARE(message().mid(2), QStringLiteral("2 of 2 values not confirmed"));
     const QStringList faults =
         m_page->findChild<QPlainTextEdit*>()->toPlainText().split(QLatin1Char('\n'));
     QCOMPARE(faults.size(), 2);
@@ -296,6 +297,28 @@ void WatchPageWritesTest::aControllerConfirmsAWrite()
     QTRY_COMPARE(state(0), QStringLiteral("written"));
     QCOMPARE(message(), QStringLiteral("Limit = 12.5 written"));
     QTRY_COMPARE(m_tags->reading(9).raw, QList<qint64>{125});
+}
+
+// Of a reply that is lost the controller knows nothing: it has the value.
+void WatchPageWritesTest::aWriteWithoutAReplyMayBeDone()
+{
+    m_tags->setValues({{9, tagOf("D7000/s16*0.1", "Limit")}});
+    kx::ConnectionOptions options = simulated();
+    options.faults.chances = {{kxsim::Fault::Silence, 1}};
+    options.session.retries = 1;
+    options.session.exchange.replyTimeout = 50;
+    const MachineLog log(m_machine.get());
+    m_machine->openLine(options);
+    QTRY_VERIFY(log.states.contains(QStringLiteral("open")));
+    go(0);
+    QTest::keyClick(m_table, Qt::Key_F2);
+    QTest::keyClicks(editor(), QStringLiteral("12.5"));
+    QTest::keyClick(editor(), Qt::Key_Return);
+    QTRY_COMPARE(m_ended->size(), 1);
+    QTRY_COMPARE(
+        message().mid(2),
+        QStringLiteral("Limit = 12.5 not confirmed: no reply; the controller may have it"));
+    QCOMPARE(state(0), QStringLiteral("not confirmed: no reply"));
 }
 
 QTEST_MAIN(WatchPageWritesTest)

@@ -34,6 +34,27 @@ kx::TagAssignment asRead(const kx::TagAssignment& assignment)
     return read;
 }
 
+/// Of a job that has begun: whether its request may have been carried out. A controller that gets
+/// one late, or whose reply is lost, has done it.
+bool leavesOpen(kx::FailureKind kind)
+{
+    switch (kind) {
+    case kx::FailureKind::None:
+    case kx::FailureKind::Exception:
+    case kx::FailureKind::NotWhole:
+    case kx::FailureKind::NeverSilent:
+    case kx::FailureKind::CannotOpen:
+    case kx::FailureKind::DriverInUse:
+    case kx::FailureKind::OutOfRange:
+    case kx::FailureKind::TooLong:
+    case kx::FailureKind::NotWritable:
+    case kx::FailureKind::QueueFull:
+        return false;
+    default:
+        return true;
+    }
+}
+
 } // namespace
 
 ValueWriter::ValueWriter(const TagList* tags, const JobStarter& startJob, QObject* parent)
@@ -124,7 +145,9 @@ void ValueWriter::writeNext()
     m_underWay = write;
     const kx::Assignment assignment = write.assignment;
     emit changed(m_writing);
-    m_startJob(m_ticket, [assignment](kx::Session* session) {
+    m_hasBegun = std::make_shared<std::atomic<bool>>(false);
+    m_startJob(m_ticket, [assignment, hasBegun = m_hasBegun](kx::Session* session) {
+        *hasBegun = true;
         return std::unique_ptr<kx::Job>(
             new kx::WriteJob(session, QList<kx::Assignment>{assignment}));
     });
@@ -146,6 +169,7 @@ void ValueWriter::onJobEnded(int ticket, const kx::Failure& failure)
     m_ticket = 0;
     m_underWay.phase = failure.isNone() ? ValueWrite::Confirmed : ValueWrite::Failed;
     m_underWay.reason = failure.text;
+    m_underWay.mayBeDone = *m_hasBegun && leavesOpen(failure.kind);
     m_underWay.endedAt = m_now();
     const auto write = m_writes.find(m_writing);
     // Its value may have gone, or another one may have been asked for, and waits.

@@ -7,6 +7,9 @@
 #include <QtCore/QHash>
 #include <QtCore/QQueue>
 
+#include <atomic>
+#include <memory>
+
 namespace kxpanel
 {
 
@@ -22,10 +25,11 @@ struct ValueWrite {
 
     Phase phase = Waiting;
     kx::Assignment assignment;
-    QString name;       ///< of the value, as shown when the write was asked for
-    QString text;       ///< as the value will be shown
-    QString reason;     ///< why it failed, one line
-    qint64 endedAt = 0; ///< milliseconds since 1970 in UTC, when it was confirmed or failed
+    QString name;           ///< of the value, as shown when the write was asked for
+    QString text;           ///< as the value will be shown
+    QString reason;         ///< why it failed, one line
+    bool mayBeDone = false; ///< it failed, and the controller may have it all the same
+    qint64 endedAt = 0;     ///< milliseconds since 1970 in UTC, when it was confirmed or failed
 };
 
 /// Writes values one after the other, in the order in which they were asked for: the bits of a word
@@ -87,13 +91,14 @@ private:
     const TagList* m_tags;
     JobStarter m_startJob;
     std::function<qint64()> m_now;
-    QQueue<int> m_waiting;           ///< numbers of values
-    QHash<int, ValueWrite> m_writes; ///< by number of the value
-    int m_ticket = 0;                ///< of the write under way; 0: none
-    int m_writing = 0;               ///< number of its value
-    ValueWrite m_underWay;           ///< the write itself, which outlives its value
-    int m_written = 0;               ///< since none was under way
-    QList<ValueWrite> m_failed;      ///< the same
+    QQueue<int> m_waiting;                         ///< numbers of values
+    QHash<int, ValueWrite> m_writes;               ///< by number of the value
+    int m_ticket = 0;                              ///< of the write under way; 0: none
+    int m_writing = 0;                             ///< number of its value
+    ValueWrite m_underWay;                         ///< the write itself, which outlives its value
+    std::shared_ptr<std::atomic<bool>> m_hasBegun; ///< its job was made, in the machine's thread
+    int m_written = 0;                             ///< since none was under way
+    QList<ValueWrite> m_failed;                    ///< the same
 };
 
 } // namespace kxpanel
