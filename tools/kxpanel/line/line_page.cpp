@@ -156,7 +156,9 @@ void LinePage::predict()
     const QList<kx::PolledRange> polled = polledRanges(*m_context.tags);
     const QList<int> leftOut = stationsAmong(m_silent, polled);
     m_limits->setSilent(leftOut);
-    if (m_costs.start(rangesWithout(polled, leftOut), m_pace))
+    const QList<kx::PolledRange> predicted = rangesWithout(polled, leftOut);
+    m_limits->setAssumed(assumedWait(predicted, m_pace));
+    if (m_costs.start(predicted, m_pace))
         showPlan();
 }
 

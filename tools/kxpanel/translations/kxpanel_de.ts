@@ -1287,6 +1287,10 @@
         <translation>Bes&amp;te anwenden</translation>
     </message>
     <message>
+        <source>; assumed, until stations answer, that they take %1 for each reply</source>
+        <translation>; angenommen, bis Stationen antworten, dass sie %1 für jede Antwort brauchen</translation>
+    </message>
+    <message>
         <source>The limit with the shortest cycle: of equal ones that which leaves the line the most time, then the lowest (Alt+B)</source>
         <translation>Die Grenze mit dem kürzesten Zyklus: von gleichen die, bei der die Leitung am längsten frei bleibt, dann die niedrigste (Alt+T)</translation>
     </message>

@@ -173,12 +173,14 @@ void LinePageTest::predictsByWhatStationsTake()
 {
     watch(40);
     QTRY_VERIFY(labels().contains("Predicted: 105.5 ms per cycle"));
+    QVERIFY2(labels().contains("they take 5.0 ms for each reply\n"), qPrintable(labels()));
     QVector<Exchange> polls = answeredPolls(6);
     for (Exchange& poll : polls)
         poll.turnaround = 15000;
     emit m_machine->exchanged(polls);
     emit m_machine->counted(kx::WatchSummary());
     QTRY_VERIFY(labels().contains("Predicted: 115.5 ms per cycle")); // 10 ms more than usual
+    QVERIFY2(!labels().contains("assumed"), qPrintable(labels()));
 }
 
 // 120 registers take 255 ms at 9600 baud.
@@ -391,8 +393,10 @@ void LinePageTest::silentStationsDoNotCount()
     QTRY_VERIFY(labels().contains("Predicted: 211.0 ms per cycle, 2 requests"));
     emit m_machine->exchanged({lastTryOf(9)});
     emit m_machine->counted(kx::WatchSummary());
-    QTRY_VERIFY2(labels().contains("Predicted: 105.5 ms per cycle, 1 requests, line used 91.8 %; "
-                                   "without 1 silent station(s): 9"),
+    QTRY_VERIFY2(labels().contains(
+                     "Predicted: 105.5 ms per cycle, 1 requests, line used 91.8 %; assumed, until "
+                     "stations answer, that they take 5.0 ms for each reply; "
+                     "without 1 silent station(s): 9"),
                  qPrintable(labels()));
     QCOMPARE(plan()->bars(), 2); // it is asked now and then
 }

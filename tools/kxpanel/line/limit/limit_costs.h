@@ -36,7 +36,8 @@ public:
     bool isFinished() const { return m_isFinished; }
     /// As when it is not finished, or on others that are to take the place of what is known.
     bool isWorking() const { return m_isWorking; }
-    /// The limit of the shortest cycle, as kx::bestOf(); 0 until all are known, and when nothing is watched.
+    /// The limit of the shortest cycle, as kx::bestOf(); 0 until all are known, and when nothing is
+    /// watched.
     int best() const;
     /// Of a limit; null while it is not known.
     const kx::LengthResult* of(int maxWords) const;

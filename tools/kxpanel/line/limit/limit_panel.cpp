@@ -139,6 +139,14 @@ void LimitPanel::setSilent(const QList<int>& stations)
     showCosts();
 }
 
+void LimitPanel::setAssumed(qint64 wait)
+{
+    m_assumed = wait > 0 ? tr("; assumed, until stations answer, that they take %1 for each reply")
+                               .arg(timeWords(wait))
+                         : QString();
+    showCosts();
+}
+
 void LimitPanel::showCosts()
 {
     const int best = m_costs->best();
@@ -147,8 +155,9 @@ void LimitPanel::showCosts()
     m_best->setToolTip(tr("The limit with the shortest cycle: of equal ones that which leaves the "
                           "line the most time, then the lowest (Alt+B)"));
     const kx::LengthResult* result = m_costs->of(chosen());
-    m_predicted->setText((result ? predictedWords(result->cost) : tr("Predicted: nothing yet"))
-                         + m_leftOut);
+    m_predicted->setText(
+        (result ? predictedWords(result->cost) + m_assumed : tr("Predicted: nothing yet"))
+        + m_leftOut);
 }
 
 QString LimitPanel::predictedWords(const kx::CycleCost& cost)

@@ -38,6 +38,8 @@ public:
     void setInForce(int longest, bool isAutomatic);
     /// @param stations whose requests are not among those predicted, rising
     void setSilent(const QList<int>& stations);
+    /// @param wait microseconds to a reply of stations that have not answered yet; 0: all have
+    void setAssumed(qint64 wait);
 
 signals:
     /// The limit under the slider is another.
@@ -58,6 +60,7 @@ private:
     QSlider* m_slider = nullptr;
     QSpinBox* m_number = nullptr;
     QString m_leftOut; ///< of what is predicted, in words
+    QString m_assumed; ///< the same
     QLabel* m_predicted;
     QLabel* m_measured;
     QLabel* m_inForce;

@@ -68,6 +68,19 @@ kx::ReadRules limitedRules(int maxWords, const AnswerPace& pace)
     return pace.isNetwork || pace.replyTimeout <= 0 ? rules : rulesWithin(pace.replyTimeout, rules);
 }
 
+qint64 assumedWait(const QList<kx::PolledRange>& polled, const AnswerPace& pace)
+{
+    const auto isKnown = [&pace](const kx::PolledRange& one) {
+        return pace.turnarounds.contains(one.range.station);
+    };
+    if ((pace.isNetwork && !pace.each.isEmpty())
+        || std::all_of(polled.begin(), polled.end(), isKnown))
+        return 0;
+    kx::PlanTiming usual;
+    usual.line = pace.line;
+    return usual.wait();
+}
+
 int bitsFor(int maxWords)
 {
     return std::min(maxWords * BITS_PER_REGISTER, kx::MOST_COILS_PER_READ);

@@ -5,6 +5,7 @@
 #include "panel/plan/plan_request.h"
 #include "panel/plan/plan_timing.h"
 #include "panel/plan/read_rules.h"
+#include "panel/polling/polled_range.h"
 
 #include <functional>
 
@@ -24,6 +25,10 @@ RequestCost requestCost(const AnswerPace& pace);
 
 /// By which a session plans requests of so many registers at most.
 kx::ReadRules limitedRules(int maxWords, const AnswerPace& pace);
+
+/// Microseconds that stations are assumed to take for a reply, some of which have not answered yet;
+/// 0: all have, or on a network one, from which the others are foreseen.
+qint64 assumedWait(const QList<kx::PolledRange>& polled, const AnswerPace& pace);
 
 /// Coils of a request whose reply is as long as that of so many registers.
 int bitsFor(int maxWords);

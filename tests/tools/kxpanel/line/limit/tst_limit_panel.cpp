@@ -104,6 +104,12 @@ void LimitPanelTest::tellsWhatIsNotPredicted()
     QVERIFY2(labels().contains("line used 91.8 %; without 2 silent station(s): 9, 12"),
              qPrintable(labels()));
     m_panel->setSilent({});
+    m_panel->setAssumed(5000);
+    QVERIFY2(
+        labels().contains("; assumed, until stations answer, that they take 5.0 ms for each reply"),
+        qPrintable(labels()));
+    m_panel->setAssumed(0);
+    QVERIFY(!labels().contains("assumed"));
     QVERIFY(labels().contains("line used 91.8 %\n"));
 }
 

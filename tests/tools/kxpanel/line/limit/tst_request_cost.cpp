@@ -28,6 +28,7 @@ private slots:
     void aSerialLine();
     void aNetwork();
     void aNetworkOfWhichNothingIsKnown();
+    void whatIsAssumed();
 };
 
 void RequestCostTest::rules()
@@ -82,6 +83,23 @@ void RequestCostTest::aNetworkOfWhichNothingIsKnown()
     AnswerPace pace;
     pace.isNetwork = true;
     QCOMPARE(requestCost(pace)(tenRegisters(1)).duration, qint64(34375 + 5000 + 3646));
+}
+
+void RequestCostTest::whatIsAssumed()
+{
+    const auto pollOf = [](int station) { return kx::PolledRange{{nullptr, 0, 1, station}, 0}; };
+    AnswerPace pace;
+    QCOMPARE(assumedWait({}, pace), qint64(0));
+    QCOMPARE(assumedWait({pollOf(1)}, pace), qint64(5000));
+    pace.line.baud = 2400; // a frame gap
+    QCOMPARE(assumedWait({pollOf(1)}, pace), qint64(14584));
+    pace.turnarounds = {{1, 800}};
+    QCOMPARE(assumedWait({pollOf(1)}, pace), qint64(0));
+    QCOMPARE(assumedWait({pollOf(1), pollOf(2)}, pace), qint64(14584));
+    pace.isNetwork = true;
+    QCOMPARE(assumedWait({pollOf(1), pollOf(2)}, pace), qint64(14584));
+    pace.each = {{1, 800}};
+    QCOMPARE(assumedWait({pollOf(1), pollOf(2)}, pace), qint64(0));
 }
 
 QTEST_GUILESS_MAIN(RequestCostTest)
