@@ -1,6 +1,7 @@
 #include "kxpanel/frames/frames_model.h"
 
 #include "kxpanel/exchanges/exchange_words.h"
+#include "kxpanel/tables/plain_headings.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPalette>
@@ -51,8 +52,7 @@ QVariant FramesModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return text(shown, index.column());
     case Qt::TextAlignmentRole:
-        return QVariant(Qt::AlignVCenter
-                        | (isNumber(index.column()) ? Qt::AlignRight : Qt::AlignLeft));
+        return columnAlignment(isNumber(index.column()));
     case Qt::ForegroundRole:
         if (index.column() == Outcome && !shown.wasAccepted)
             return verdictColour(verdictOf(shown), QGuiApplication::palette());
@@ -89,6 +89,8 @@ QVariant FramesModel::text(const Exchange& exchange, int column) const
 
 QVariant FramesModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+        return columnAlignment(isNumber(section));
     if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return QAbstractTableModel::headerData(section, orientation, role);
     const bool isTip = role == Qt::ToolTipRole;

@@ -10,6 +10,7 @@
 #include "kxpanel/frames/reading_place.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tables/column_widths.h"
+#include "kxpanel/tables/plain_headings.h"
 
 #include <QtGui/QFontDatabase>
 #include <QtWidgets/QFileDialog>
@@ -96,6 +97,7 @@ QTableView* FramesPage::makeTable()
     rows->hide();
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->setDefaultSectionSize(m_table->fontMetrics().height() * 5 / 4);
+    showPlainHeadings(m_table);
     fitColumns(m_table, {timeOfDay(0), QStringLiteral("247"), kindWords(RECIPE_WRITE_JOB),
                          QStringLiteral("write D1000:10"), QStringLiteral("1234 1234 1234 1234"),
                          QStringLiteral("+ reply of another request, repeated"),
@@ -187,6 +189,7 @@ QByteArray FramesPage::place() const
 void FramesPage::setPlace(const QByteArray& place)
 {
     m_table->horizontalHeader()->restoreState(place);
+    showPlainHeadings(m_table);
 }
 
 } // namespace kxpanel

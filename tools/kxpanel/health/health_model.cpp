@@ -3,6 +3,7 @@
 #include "kxpanel/exchanges/exchange_verdict.h"
 #include "kxpanel/exchanges/exchange_words.h"
 #include "kxpanel/health/health_words.h"
+#include "kxpanel/tables/plain_headings.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPalette>
@@ -33,7 +34,7 @@ QVariant HealthModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return healthTip(stationOfRow(index.row()), health(index.row()));
     case Qt::TextAlignmentRole:
-        return QVariant(Qt::AlignVCenter | (isState ? Qt::AlignLeft : Qt::AlignRight));
+        return columnAlignment(!isState);
     case Qt::ForegroundRole:
         if (isState && health(index.row()).isSilent)
             return verdictColour(ExchangeVerdict::Failed, QGuiApplication::palette());
@@ -92,6 +93,8 @@ QVariant HealthModel::headerData(int section, Qt::Orientation orientation, int r
         return QVariant();
     if (role == Qt::DisplayRole)
         return healthHeading(section).heading;
+    if (role == Qt::TextAlignmentRole)
+        return columnAlignment(section != State);
     return role == Qt::ToolTipRole ? QVariant(healthHeading(section).tip) : QVariant();
 }
 

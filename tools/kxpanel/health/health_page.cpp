@@ -6,6 +6,7 @@
 #include "kxpanel/health/histogram_view.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tables/column_widths.h"
+#include "kxpanel/tables/plain_headings.h"
 
 #include <QtCore/QTime>
 #include <QtWidgets/QHeaderView>
@@ -82,7 +83,7 @@ QWidget* HealthPage::makeTable()
                         ? QStringLiteral("123.4 ms")
                         : QStringLiteral("12345"));
     samples[HealthModel::State] = stateWords(StationHealth());
-    m_table->horizontalHeader()->setHighlightSections(false); // all cells of a row are selected
+    showPlainHeadings(m_table);
     fitColumns(m_table, samples);
     connect(m_model, &HealthModel::rowsInserted, this, &HealthPage::selectFirst);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,

@@ -3,6 +3,7 @@
 #include "addresses/address_text.h"
 #include "kxpanel/actions/plain_tool_tip.h"
 #include "kxpanel/exchanges/exchange_verdict.h"
+#include "kxpanel/tables/plain_headings.h"
 #include "panel/recipe/recipe_row.h"
 #include "panel/values/value_address.h"
 
@@ -36,6 +37,12 @@ QString stateWords(RecipeState state)
     return QStringLiteral("= ") + RecipeModel::tr("same");
 }
 
+bool isStationOrValue(int column)
+{
+    return column == RecipeModel::Station || column == RecipeModel::InFile
+           || column == RecipeModel::InController;
+}
+
 } // namespace
 
 int RecipeModel::rowCount(const QModelIndex& parent) const
@@ -58,10 +65,8 @@ QVariant RecipeModel::data(const QModelIndex& index, int role) const
         return text(index.row(), column);
     case Qt::ToolTipRole:
         return plainToolTip(tip(index.row(), column));
-    case Qt::TextAlignmentRole: {
-        const bool isRight = column == Station || column == InFile || column == InController;
-        return QVariant(Qt::AlignVCenter | (isRight ? Qt::AlignRight : Qt::AlignLeft));
-    }
+    case Qt::TextAlignmentRole:
+        return columnAlignment(isStationOrValue(column));
     case Qt::ForegroundRole:
         if (state(index.row()) == RecipeState::Differs
             && (column == State || column == InController))
@@ -109,6 +114,8 @@ QString RecipeModel::tip(int row, int column) const
 
 QVariant RecipeModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+        return columnAlignment(isStationOrValue(section));
     if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return QAbstractTableModel::headerData(section, orientation, role);
     const bool isTip = role == Qt::ToolTipRole;

@@ -2,6 +2,7 @@
 
 #include "kxpanel/recipes/recipe_model.h"
 #include "kxpanel/recipes/recipe_order.h"
+#include "kxpanel/tables/plain_headings.h"
 
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QTableView>
@@ -26,10 +27,20 @@ QTableView* makeRecipeTable(RecipeOrder* order, QWidget* parent)
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->setDefaultSectionSize(table->fontMetrics().height() * 5 / 4);
     const int character = table->fontMetrics().averageCharWidth();
-    const int widths[RecipeModel::COLUMNS] = {24, 30, 10, 14, 24, 24}; // characters
+    const int widths[RecipeModel::COLUMNS] = {20, 30, 10, 14, 24, 24}; // characters
     for (int column = 0; column < RecipeModel::COLUMNS; ++column)
         table->setColumnWidth(column, widths[column] * character);
+    layOutHeadings(table);
     return table;
+}
+
+void layOutHeadings(QTableView* table)
+{
+    const int shortest = 8; // characters
+    showPlainHeadings(table);
+    QHeaderView* const headings = table->horizontalHeader();
+    headings->setMinimumSectionSize(shortest * table->fontMetrics().averageCharWidth());
+    headings->setSectionResizeMode(RecipeModel::Name, QHeaderView::Stretch);
 }
 
 } // namespace kxpanel

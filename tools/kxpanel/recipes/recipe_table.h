@@ -13,6 +13,10 @@ class RecipeOrder;
 /// @param order must outlive it
 QTableView* makeRecipeTable(RecipeOrder* order, QWidget* parent);
 
+/// Names take the room that is left. To be called again when the header got its place from an
+/// earlier run.
+void layOutHeadings(QTableView* table);
+
 } // namespace kxpanel
 
 #endif

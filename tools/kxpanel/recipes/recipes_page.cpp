@@ -227,6 +227,7 @@ QByteArray RecipesPage::place() const
 void RecipesPage::setPlace(const QByteArray& place)
 {
     m_table->horizontalHeader()->restoreState(place);
+    layOutHeadings(m_table);
 }
 
 } // namespace kxpanel

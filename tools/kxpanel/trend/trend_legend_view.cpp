@@ -1,5 +1,6 @@
 #include "kxpanel/trend/trend_legend_view.h"
 
+#include "kxpanel/tables/plain_headings.h"
 #include "kxpanel/trend/model/trend_colours.h"
 
 #include <QtGui/QContextMenuEvent>
@@ -57,6 +58,7 @@ TrendLegendView::TrendLegendView(TrendLegend* legend, QWidget* parent)
         setColumnWidth(column, character * 18); // "(recorder stopped)"
     setColumnWidth(TrendLegend::Unit, character * 9);
     setColumnWidth(TrendLegend::Axis, character * 9);
+    showPlainHeadings(this);
     horizontalHeader()->setMinimumSectionSize(character * 8);
     horizontalHeader()->setSectionResizeMode(TrendLegend::Name, QHeaderView::Stretch);
 }

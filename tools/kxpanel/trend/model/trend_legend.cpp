@@ -1,5 +1,6 @@
 #include "kxpanel/trend/model/trend_legend.h"
 
+#include "kxpanel/tables/plain_headings.h"
 #include "kxpanel/trend/model/trend_number.h"
 
 namespace kxpanel
@@ -32,6 +33,12 @@ QString axisName(TrendAxis axis)
     default:
         return TrendLegend::tr("lane");
     }
+}
+
+bool holdsReadings(int column)
+{
+    return column == TrendLegend::Now || column == TrendLegend::First
+           || column == TrendLegend::Second || column == TrendLegend::Difference;
 }
 
 } // namespace
@@ -154,11 +161,8 @@ QVariant TrendLegend::data(const QModelIndex& index, int role) const
         return channel->look;
     if (role == Qt::ToolTipRole)
         return tr("%1 of station %2").arg(channel->address, QString::number(channel->station));
-    const bool isNumber = index.column() == Now || index.column() == First
-                          || index.column() == Second || index.column() == Difference;
-    if (role == Qt::TextAlignmentRole && isNumber)
-        return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
-    return QVariant();
+    return role == Qt::TextAlignmentRole ? columnAlignment(holdsReadings(index.column()))
+                                         : QVariant();
 }
 
 bool TrendLegend::setData(const QModelIndex& index, const QVariant& value, int role)
@@ -171,6 +175,8 @@ bool TrendLegend::setData(const QModelIndex& index, const QVariant& value, int r
 
 QVariant TrendLegend::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+        return columnAlignment(holdsReadings(section));
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return QVariant();
     const QString names[] = {tr("Name"),     tr("Now"),        tr("Unit"), tr("Cursor 1"),
