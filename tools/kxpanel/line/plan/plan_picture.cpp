@@ -1,6 +1,7 @@
 #include "kxpanel/line/plan/plan_picture.h"
 
 #include "kxpanel/line/colours/line_colours.h"
+#include "kxpanel/line/plan/plan_labels.h"
 #include "registers/register_types.h"
 
 #include <QtGui/QMouseEvent>
@@ -120,11 +121,11 @@ void PlanPicture::paintEvent(QPaintEvent* event)
             QStringLiteral("%1 %2").arg(QString::number(m_rows.at(row).station),
                                         QString::fromLatin1(m_rows.at(row).type->name)));
     }
-    const int firstBar = firstBarOf(first);
     const int endBar = firstBarOf(last + 1);
-    for (int index = firstBar; index < endBar; ++index)
+    for (int index = firstBarOf(first); index < endBar; ++index)
         paintBar(&painter, index, barRect(index, size));
-    paintAddresses(&painter, firstBar, endBar, size);
+    for (int row = first; row <= std::min(last, static_cast<int>(m_rows.size()) - 1); ++row)
+        paintAddresses(&painter, row, size);
 }
 
 int PlanPicture::firstBarOf(int row) const
@@ -134,25 +135,25 @@ int PlanPicture::firstBarOf(int row) const
     return static_cast<int>(found - m_places.begin());
 }
 
-void PlanPicture::paintAddresses(QPainter* painter, int firstBar, int endBar,
-                                 const Measures& measures) const
+void PlanPicture::paintAddresses(QPainter* painter, int row, const Measures& measures) const
 {
-    painter->setPen(palette().color(QPalette::Text));
-    double used = 0; // up to where an address stands in the row
-    for (int index = firstBar; index < endBar; ++index) {
-        const Place& place = m_places.at(index);
-        if (place.bar == 0)
-            used = 0;
-        const QRectF bar = barRect(index, measures);
-        if (bar.left() < used)
-            continue;
-        const kx::PlannedRequest& request = barOf(place).request;
-        const QString text = kx::addressText(request.type, request.firstAddress());
-        const double width = fontMetrics().horizontalAdvance(text + QLatin1Char(' '));
-        used = bar.left() + width;
-        painter->drawText(QRectF(bar.left(), bar.bottom(), width, bar.height()), Qt::AlignLeft,
-                          text);
+    const QVector<PlanBar>& bars = m_rows.at(row).bars;
+    const int firstBar = firstBarOf(row);
+    const int count = static_cast<int>(bars.size());
+    QVector<BarPlace> places;
+    for (int bar = 0; bar < count; ++bar) {
+        const QRectF place = barRect(firstBar + bar, measures);
+        places << BarPlace{place.left(), place.right()};
     }
+    const QFontMetricsF metrics(font());
+    const QVector<PlanLabel> labels =
+        planLabels(bars, places, width(),
+                   [&metrics](const QString& text) { return metrics.horizontalAdvance(text); });
+    painter->setPen(palette().color(QPalette::Text));
+    const double top = barRect(firstBar, measures).bottom();
+    for (const PlanLabel& label : labels)
+        painter->drawText(QRectF(label.left, top, width() - label.left, measures.height),
+                          Qt::AlignLeft, label.text);
 }
 
 void PlanPicture::paintBar(QPainter* painter, int index, const QRectF& whole) const

@@ -71,9 +71,8 @@ private:
     void tell(int index);
     void select(int index);
     void paintBar(QPainter* painter, int index, const QRectF& whole) const;
-    /// Of the first of each request, where there is room.
-    void paintAddresses(QPainter* painter, int firstBar, int endBar,
-                        const Measures& measures) const;
+    /// Of the first and the last of each request, where there is room.
+    void paintAddresses(QPainter* painter, int row, const Measures& measures) const;
     /// The first bar of a row or of one behind it.
     int firstBarOf(int row) const;
 
