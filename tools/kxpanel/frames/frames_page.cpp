@@ -10,6 +10,7 @@
 #include "kxpanel/frames/reading_place.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/tables/column_widths.h"
+#include "kxpanel/tables/fill_column.h"
 #include "kxpanel/tables/plain_headings.h"
 
 #include <QtGui/QFontDatabase>
@@ -102,7 +103,8 @@ QTableView* FramesPage::makeTable()
                          QStringLiteral("write D1000:10"), QStringLiteral("1234 1234 1234 1234"),
                          QStringLiteral("+ reply of another request, repeated"),
                          QStringLiteral("123.4 ms"), QStringLiteral("1234 ms")});
-    m_table->horizontalHeader()->setSectionResizeMode(FramesModel::Reply, QHeaderView::Stretch);
+    m_replies =
+        new FillColumn(m_table, FramesModel::Reply, m_table->columnWidth(FramesModel::Reply));
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &FramesPage::showDetails);
     new FollowEnd(m_table);
@@ -190,6 +192,7 @@ void FramesPage::setPlace(const QByteArray& place)
 {
     m_table->horizontalHeader()->restoreState(place);
     showPlainHeadings(m_table);
+    m_replies->fit();
 }
 
 } // namespace kxpanel

@@ -12,6 +12,7 @@ class QTableView;
 namespace kxpanel
 {
 
+class FillColumn;
 class FilterBar;
 class FrameSaver;
 class FramesModel;
@@ -47,6 +48,7 @@ private:
     FilterBar* m_filters;
     FrameSaver* m_saver;
     QTableView* m_table = nullptr;
+    FillColumn* m_replies = nullptr;
     std::unique_ptr<ReadingPlace> m_place;
     QPlainTextEdit* m_details = nullptr;
     QLabel* m_counts = nullptr;

@@ -2,6 +2,7 @@
 
 #include "kxpanel/recipes/recipe_model.h"
 #include "kxpanel/recipes/recipe_order.h"
+#include "kxpanel/tables/fill_column.h"
 #include "kxpanel/tables/plain_headings.h"
 
 #include <QtWidgets/QHeaderView>
@@ -30,17 +31,17 @@ QTableView* makeRecipeTable(RecipeOrder* order, QWidget* parent)
     const int widths[RecipeModel::COLUMNS] = {20, 30, 10, 14, 24, 24}; // characters
     for (int column = 0; column < RecipeModel::COLUMNS; ++column)
         table->setColumnWidth(column, widths[column] * character);
-    layOutHeadings(table);
+    showPlainHeadings(table);
+    const int shortestName = 16; // characters
+    new FillColumn(table, RecipeModel::Name, shortestName * character);
     return table;
 }
 
-void layOutHeadings(QTableView* table)
+void restoreHeadings(QTableView* table, const QByteArray& place)
 {
-    const int shortest = 8; // characters
+    table->horizontalHeader()->restoreState(place);
     showPlainHeadings(table);
-    QHeaderView* const headings = table->horizontalHeader();
-    headings->setMinimumSectionSize(shortest * table->fontMetrics().averageCharWidth());
-    headings->setSectionResizeMode(RecipeModel::Name, QHeaderView::Stretch);
+    table->findChild<FillColumn*>()->fit();
 }
 
 } // namespace kxpanel

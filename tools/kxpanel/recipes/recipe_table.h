@@ -13,9 +13,8 @@ class RecipeOrder;
 /// @param order must outlive it
 QTableView* makeRecipeTable(RecipeOrder* order, QWidget* parent);
 
-/// Names take the room that is left. To be called again when the header got its place from an
-/// earlier run.
-void layOutHeadings(QTableView* table);
+/// @param place of that table's header, as it was saved in an earlier run
+void restoreHeadings(QTableView* table, const QByteArray& place);
 
 } // namespace kxpanel
 

@@ -226,8 +226,7 @@ QByteArray RecipesPage::place() const
 
 void RecipesPage::setPlace(const QByteArray& place)
 {
-    m_table->horizontalHeader()->restoreState(place);
-    layOutHeadings(m_table);
+    restoreHeadings(m_table, place);
 }
 
 } // namespace kxpanel

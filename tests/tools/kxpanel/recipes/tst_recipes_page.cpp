@@ -462,12 +462,12 @@ void RecipesPageTest::columnsAreOfThisComputer()
 {
     QSignalSpy changed(m_page.get(), &Page::layoutChanged);
     const QJsonObject layout = m_page->layout();
-    m_table->horizontalHeader()->resizeSection(1, 321);
+    m_table->horizontalHeader()->resizeSection(4, 321);
     QCOMPARE(changed.count(), 0); // no project has them
     QCOMPARE(m_page->layout(), layout);
     RecipesPage other((PageContext()));
     other.setPlace(m_page->place());
-    QCOMPARE(other.findChild<QTableView*>()->columnWidth(1), 321);
+    QCOMPARE(other.findChild<QTableView*>()->columnWidth(4), 321);
 }
 
 void RecipesPageTest::aMissingFileOfAProjectIsKept()
