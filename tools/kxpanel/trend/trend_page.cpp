@@ -58,6 +58,7 @@ void TrendPage::build()
 {
     m_table->addAction(m_actions.remove);
     m_plot->setAccessibleName(tr("Trend of values"));
+    m_plot->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding); // and shrinking, too
     m_state->setTextFormat(Qt::PlainText);
     m_state->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_state->setObjectName(QStringLiteral("cursors")); // a name to be said would hide the text

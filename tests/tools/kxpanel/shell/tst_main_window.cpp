@@ -490,7 +490,7 @@ void MainWindowTest::columnsAreKeptOnThisComputer()
         return m_window->page(QString(page))->findChild<QTableView*>()->horizontalHeader();
     };
     for (const char* const page : {"frames", "recipes"})
-        header(page)->resizeSection(1, 234);
+        header(page)->resizeSection(3, 234);
     m_window->tags()->insert(0, {watched(1, "D100").tag}); // the project is looked at
     QTRY_VERIFY(m_window->isWindowModified());
     m_window->tags()->setValues({});
@@ -498,7 +498,7 @@ void MainWindowTest::columnsAreKeptOnThisComputer()
     m_window->close();
     makeWindow();
     for (const char* const page : {"frames", "recipes"})
-        QCOMPARE(header(page)->sectionSize(1), 234);
+        QCOMPARE(header(page)->sectionSize(3), 234);
 }
 
 void MainWindowTest::pagesHaveShortcuts()
