@@ -8,6 +8,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QSocketNotifier>
 
+#include <cerrno>
 #include <unistd.h>
 
 namespace kx
@@ -152,11 +153,16 @@ void SerialLine::onError(QSerialPort::SerialPortError error)
     const bool wasOpen = m_port.isOpen();
     // What the system says of a port that died depends on the call that met it first.
     const QString reason =
-        wasOpen
-            ? Text::tr("the port was closed or unplugged")
-            : Text::tr("cannot open the port: %1").arg(m_port.errorString() + accessAdvice(m_name));
+        wasOpen ? Text::tr("the port was closed or unplugged")
+                : Text::tr("cannot open the port: %1").arg(openingFault() + accessAdvice(m_name));
     close();
     emit failed(QStringLiteral("%1: %2").arg(m_name, reason));
+}
+
+/// While another program tries the same name in vain, a port that is not there is locked.
+QString SerialLine::openingFault() const
+{
+    return QFileInfo::exists(m_name) ? m_port.errorString() : qt_error_string(ENOENT);
 }
 
 } // namespace kx

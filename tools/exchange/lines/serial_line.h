@@ -40,6 +40,7 @@ private:
     bool switchModes();
     void watchPort(bool watches);
     void onError(QSerialPort::SerialPortError error);
+    QString openingFault() const;
 
     QSerialPort m_port{this};
     BoundedReader m_reader{&m_port, this};

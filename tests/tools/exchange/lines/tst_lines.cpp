@@ -2,6 +2,7 @@
 #include "exchange/lines/tcp_line.h"
 #include "tools/exchange/lines/pseudo_terminal.h"
 
+#include <QtCore/QLockFile>
 #include <QtCore/QSocketNotifier>
 #include <QtNetwork/QTcpServer>
 #include <QtTest/QTest>
@@ -111,6 +112,7 @@ private slots:
     void bareNameIsLookedForInDevFirst_data();
     void bareNameIsLookedForInDevFirst();
     void serialThatIsNotThere();
+    void serialThatIsNotThereAndTriedByAnother();
     void serialThatGoesAway();
     void serialFloodIsTakenInPieces();
     void networkCarriesBytesBothWays();
@@ -349,9 +351,23 @@ void LinesTest::serialThatIsNotThere()
     Listener listener(&line);
     line.open();
     QCOMPARE(listener.opened, 0);
-    QCOMPARE(listener.errors.size(), 1);
-    QVERIFY2(listener.errors.first().startsWith(name + QLatin1String(": cannot open the port: ")),
-             qPrintable(listener.errors.first()));
+    QCOMPARE(
+        listener.errors,
+        QStringList(name + QLatin1String(": cannot open the port: No such file or directory")));
+}
+
+// The name is locked before the port is looked for.
+void LinesTest::serialThatIsNotThereAndTriedByAnother()
+{
+    const QString name = QString::fromLatin1("/dev/kx-tried-port");
+    QLockFile lock(QStringLiteral("/var/lock/LCK..kx-tried-port"));
+    QVERIFY(lock.tryLock());
+    SerialLine line(name, LineTiming(), QSerialPort::NoParity);
+    Listener listener(&line);
+    line.open();
+    QCOMPARE(
+        listener.errors,
+        QStringList(name + QLatin1String(": cannot open the port: No such file or directory")));
 }
 
 void LinesTest::serialThatGoesAway()
