@@ -140,7 +140,7 @@ void WatchTerminalTest::controlZGivesTheTerminalBackUntilFg()
     terminal->type("\n"); // lets the shell bring it back
     QVERIFY(terminal->waitFor("\x1b[?1049h"));
     QVERIFY(terminal->waitFor("          77      0x004D"));
-    QVERIFY(!terminal->echoes());
+    QVERIFY(QTest::qWaitFor([&] { return !terminal->echoes(); }));
     terminal->type("D100=78\r");
     QVERIFY(terminal->waitFor("D100 at station 1: confirmed"));
     terminal->type("\x03"); // Ctrl-C
