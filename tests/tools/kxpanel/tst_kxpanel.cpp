@@ -121,7 +121,7 @@ void KxpanelTest::withoutADisplay()
     panel.setProcessEnvironment(environment);
     panel.start(KXPANEL_PROGRAM, {"--simulate"});
     QVERIFY(panel.waitForFinished());
-    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
     QCOMPARE(panel.exitCode(), 3);
     const QByteArray error = panel.readAllStandardError();
     QVERIFY2(error.startsWith("kxpanel: cannot open a window: no display"), error.constData());
@@ -157,7 +157,7 @@ void KxpanelTest::signalsCloseTheWindow()
     QTRY_VERIFY_WITH_TIMEOUT(hasOpen(panel, simulator.portName()), 20000);
     signalProcess(panel.processId(), signal);
     QVERIFY(panel.waitForFinished());
-    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
     QCOMPARE(panel.exitCode(), 0);
     QVERIFY(QFile::exists(settings)); // the window's place was kept
 }
@@ -187,14 +187,14 @@ void KxpanelTest::whoEndsTheSessionIsNotAsked()
     signalProcess(panel.processId(), signal);
     if (isAsked) {
         QTRY_VERIFY_WITH_TIMEOUT(!catches(panel, signal), 20000); // it was taken
-        QVERIFY(!panel.waitForFinished(500));
+        QVERIFY2(!panel.waitForFinished(500), qPrintable(endOf(&panel)));
         signalProcess(panel.processId(), signal); // a second one ends it at once
         QVERIFY(panel.waitForFinished());
         QCOMPARE(panel.exitStatus(), QProcess::CrashExit);
         return;
     }
     QVERIFY(panel.waitForFinished());
-    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
     QCOMPARE(panel.exitCode(), 0);
 }
 
@@ -221,7 +221,7 @@ void KxpanelTest::aSessionsEndMaySendTwoSignals()
     if (isHeldUp)
         signalProcess(panel.processId(), SIGCONT);
     QTRY_COMPARE_WITH_TIMEOUT(panel.state(), QProcess::NotRunning, 20000);
-    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
     QCOMPARE(panel.exitCode(), 0);
 }
 
@@ -237,7 +237,7 @@ void KxpanelTest::aNameServerThatDoesNotAnswerHoldsNothingUp()
     QVERIFY(!panel.waitForFinished(500)); // it asks the name server
     signalProcess(panel.processId(), SIGTERM);
     QVERIFY(panel.waitForFinished(10000));
-    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
     QCOMPARE(panel.exitCode(), 0);
     QVERIFY(QFile::exists(settings));
 }
@@ -257,7 +257,7 @@ void KxpanelTest::itEndsWithItsDisplay()
     QTRY_VERIFY_WITH_TIMEOUT(hasOpen(panel, simulator.portName()), 20000);
     screen.kill();
     QVERIFY(panel.waitForFinished());
-    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
+    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
     QCOMPARE(withoutDrawing(panel.readAllStandardError()),
              QByteArray("kxpanel: the display has gone away; the window is closed, and what was "
                         "not saved is lost\n"));
