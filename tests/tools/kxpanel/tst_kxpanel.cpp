@@ -121,7 +121,7 @@ void KxpanelTest::withoutADisplay()
     panel.setProcessEnvironment(environment);
     panel.start(KXPANEL_PROGRAM, {"--simulate"});
     QVERIFY(panel.waitForFinished());
-    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(panel.exitCode(), 3);
     const QByteArray error = panel.readAllStandardError();
     QVERIFY2(error.startsWith("kxpanel: cannot open a window: no display"), error.constData());
@@ -157,7 +157,7 @@ void KxpanelTest::signalsCloseTheWindow()
     QTRY_VERIFY_WITH_TIMEOUT(hasOpen(panel, simulator.portName()), 20000);
     signalProcess(panel.processId(), signal);
     QVERIFY(panel.waitForFinished());
-    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(panel.exitCode(), 0);
     QVERIFY(QFile::exists(settings)); // the window's place was kept
 }
@@ -194,7 +194,7 @@ void KxpanelTest::whoEndsTheSessionIsNotAsked()
         return;
     }
     QVERIFY(panel.waitForFinished());
-    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(panel.exitCode(), 0);
 }
 
@@ -221,7 +221,7 @@ void KxpanelTest::aSessionsEndMaySendTwoSignals()
     if (isHeldUp)
         signalProcess(panel.processId(), SIGCONT);
     QTRY_COMPARE_WITH_TIMEOUT(panel.state(), QProcess::NotRunning, 20000);
-    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(panel.exitCode(), 0);
 }
 
@@ -237,7 +237,7 @@ void KxpanelTest::aNameServerThatDoesNotAnswerHoldsNothingUp()
     QVERIFY(!panel.waitForFinished(500)); // it asks the name server
     signalProcess(panel.processId(), SIGTERM);
     QVERIFY(panel.waitForFinished(10000));
-    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(panel.exitCode(), 0);
     QVERIFY(QFile::exists(settings));
 }
@@ -257,7 +257,7 @@ void KxpanelTest::itEndsWithItsDisplay()
     QTRY_VERIFY_WITH_TIMEOUT(hasOpen(panel, simulator.portName()), 20000);
     screen.kill();
     QVERIFY(panel.waitForFinished());
-    QVERIFY2(panel.exitStatus() == QProcess::NormalExit, qPrintable(endOf(&panel)));
+    QCOMPARE(panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(withoutDrawing(panel.readAllStandardError()),
              QByteArray("kxpanel: the display has gone away; the window is closed, and what was "
                         "not saved is lost\n"));
