@@ -42,7 +42,8 @@ public:
     /// Of two that are no gaps.
     bool isBelow(const TrendSample& other) const
     {
-        return value < other.value || (value == other.value && fine() < other.fine());
+        const bool isFinerBelow = (m_place & FINE_MASK) < (other.m_place & FINE_MASK);
+        return value < other.value || (value == other.value && isFinerBelow);
     }
     /// The same value, or gap.
     bool isSame(const TrendSample& other) const;
