@@ -99,12 +99,18 @@ void MachineSession::onExchange(const kx::ExchangeRecord& record)
     m_exchanges << exchangeOf(record, ++m_exchangeCount);
     keepLatest();
     if (record.job.kind == CYCLIC_READ_JOB && record.result == REPLY_ACCEPTED)
-        m_values.markRead(m_watch.list(), kx::rangeOf(record.job));
+        takeAnswer(kx::rangeOf(record.job));
     gather();
     if (m_advice)
         m_advice->onExchange(record);
     const bool isOfValues = m_stations.contains(record.job.station);
     tellLink(isOfValues ? m_link.onExchange(record) : QList<kx::LinkEvent>());
+}
+
+void MachineSession::takeAnswer(const kx::AddressRange& polled)
+{
+    if (polled.type)
+        m_values.markRead(m_watch.list(), polled, m_session->answeredValues(polled));
 }
 
 void MachineSession::tellLink(const QList<kx::LinkEvent>& events)

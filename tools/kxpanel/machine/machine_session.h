@@ -62,6 +62,7 @@ signals:
 
 private:
     void onExchange(const kx::ExchangeRecord& record);
+    void takeAnswer(const kx::AddressRange& polled);
     void tellLink(const QList<kx::LinkEvent>& events);
     QString faultNow() const;
     bool areBehind() const { return m_backlog && m_backlog->isFull(); }

@@ -67,6 +67,7 @@ void PolledValues::takeList(const kx::WatchList& list)
         m_places.push_back({entry.station, entry.type, entry.address, entry.width, index++});
     std::sort(m_places.begin(), m_places.end(), isBefore);
     m_isMarked.assign(m_places.size(), false);
+    m_answered.assign(m_places.size(), {});
     m_marked.clear();
     for (const Reading& news : qAsConst(m_news))
         keepEarlier(news);
@@ -96,7 +97,7 @@ void PolledValues::takeNews(const kx::WatchList& list, const QList<int>& indexes
         const auto before = m_news.constFind(index);
         if (before != m_news.constEnd())
             keepEarlier(*before);
-        m_news.insert(index, readingOf(list.entries().at(index)));
+        m_news.insert(index, readingAt(list, index));
     }
 }
 
@@ -112,7 +113,18 @@ void PolledValues::forgetEarlier()
     m_earlier.clear();
 }
 
-void PolledValues::markRead(const kx::WatchList& list, const kx::AddressRange& polled)
+/// The driver shows what is being written until it has failed, and the list with it.
+Reading PolledValues::readingAt(const kx::WatchList& list, int index) const
+{
+    Reading reading = readingOf(list.entries().at(index));
+    const QList<qint64>& answered = m_answered[static_cast<size_t>(index)];
+    if (!answered.isEmpty())
+        reading.raw = answered;
+    return reading;
+}
+
+void PolledValues::markRead(const kx::WatchList& list, const kx::AddressRange& polled,
+                            const QList<qint64>& answered)
 {
     if (!polled.type)
         return;
@@ -127,7 +139,9 @@ void PolledValues::markRead(const kx::WatchList& list, const kx::AddressRange& p
         mark({place->index});
         const auto news = m_news.find(place->index);
         if (news != m_news.end()) // it may have been read since, and was the same
-            *news = readingOf(list.entries().at(place->index));
+            *news = readingAt(list, place->index);
+        m_answered[static_cast<size_t>(place->index)] =
+            answered.mid(place->address - polled.address, place->width);
     }
 }
 
@@ -139,7 +153,7 @@ QVector<Reading> PolledValues::takeMarked(const kx::WatchList& list, const Sessi
     for (const Reading& earlier : qAsConst(m_earlier))
         readings << dated(earlier, times);
     for (const int index : qAsConst(m_marked)) {
-        const Reading latest = dated(readingOf(list.entries().at(index)), times);
+        const Reading latest = dated(readingAt(list, index), times);
         const bool isPast = isCutOff && latest.state == kx::WatchState::Ok;
         if (isPast && m_news.contains(index))
             readings << latest;

@@ -30,9 +30,12 @@ public:
     /// They are marked; what was to be told of them before, and was good, stays to be told.
     /// @param indexes in the list, which has taken what is new of them
     void takeNews(const kx::WatchList& list, const QList<int>& indexes);
-    /// A poll was answered: each value that it covers has another age.
+    /// A poll was answered: each value that it covers has another age, and is what was answered
+    /// whatever is being written.
     /// @param list before it takes what was read
-    void markRead(const kx::WatchList& list, const kx::AddressRange& polled);
+    /// @param answered one per address of the poll
+    void markRead(const kx::WatchList& list, const kx::AddressRange& polled,
+                  const QList<qint64>& answered);
     /// Of each value its latest alone is left to tell.
     void forgetEarlier();
 
@@ -53,11 +56,14 @@ private:
     };
     static bool isBefore(const Place& one, const Place& other);
     void keepEarlier(const Reading& reading);
+    /// With times of the list's clock.
+    Reading readingAt(const kx::WatchList& list, int index) const;
 
     QList<WatchedValue> m_values;
     std::vector<Place> m_places; ///< by station, type and address
     std::vector<bool> m_isMarked;
-    QVector<int> m_marked; ///< indexes
+    std::vector<QList<qint64>> m_answered; ///< by index; of one that was not read since: none
+    QVector<int> m_marked;                 ///< indexes
     // Their times are of the list's clock until they are told.
     QHash<int, Reading> m_news; ///< what is to be told of a value that changed, by index
     QVector<Reading> m_earlier; ///< which others followed

@@ -77,6 +77,10 @@ public:
     /// several registers, ValueChange::request tells whether they are of one reply.
     /// None for a range that does not exist.
     QList<qint64> values(const AddressRange& range) const;
+    /// What the station answered to the latest request, an accepted read or poll of this range:
+    /// also of addresses for which values() gives one that is being written. Within exchanged()
+    /// alone.
+    QList<qint64> answeredValues(const AddressRange& range) const;
 
     /// Reads a range once, ahead of what is polled; readFinished() tells its end. Reads are
     /// done in their order. The range must be of one station and fit one request, see readPieces();

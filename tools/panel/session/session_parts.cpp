@@ -68,6 +68,11 @@ qint64 Session::missedPolls() const
     return m_parts->port.polls().schedule().missed();
 }
 
+QList<qint64> Session::answeredValues(const AddressRange& range) const
+{
+    return rangeRefusal(range).isNone() ? m_parts->port.answeredValues(range) : QList<qint64>();
+}
+
 QList<qint64> Session::values(const AddressRange& range) const
 {
     return rangeRefusal(range).isNone() ? m_parts->port.values(range) : QList<qint64>();

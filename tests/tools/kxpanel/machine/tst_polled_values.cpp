@@ -18,6 +18,7 @@ private slots:
     void ofThoseWhoStandStillTheLatestIsKept();
     void whatWasReadBeforeTheLineWasLostIsTold();
     void whatWasReadBeforeASilenceIsNotReadBehindIt();
+    void whatIsWrittenIsNotRead();
     void changesOutliveAnotherList();
     void aTimeIsOfTheClockOnTheWall();
     void whatWasNeverReadHasNoValue();
@@ -48,7 +49,7 @@ void poll(PolledValues* values, kx::WatchList* list, qint64 value, qint64 at)
     job.regType = QStringLiteral("D");
     job.address = 100;
     job.count = 1;
-    values->markRead(*list, watched(1, "D100").tag.range);
+    values->markRead(*list, watched(1, "D100").tag.range, {value});
     values->takeNews(*list, list->onRead(job, source, at));
     values->takeNews(*list, list->onChange(1, job.regType, 100, source, at));
 }
@@ -114,7 +115,7 @@ void PolledValuesTest::whatAPollCoversIsMarked()
         polled({"D100", "D101", "D102/float", "D101", "D100@2", "CV100", "M100"}, &list);
     QCOMPARE(numbersOf(values.takeMarked(list, SessionTimes())),
              (QList<int>{1, 2, 3, 4, 5, 6, 7})); // new
-    values.markRead(list, watched(1, poll.constData()).tag.range);
+    values.markRead(list, watched(1, poll.constData()).tag.range, {});
     QTEST(numbersOf(values.takeMarked(list, SessionTimes())), "numbers");
 }
 
@@ -182,6 +183,36 @@ void PolledValuesTest::whatWasReadBeforeASilenceIsNotReadBehindIt()
     QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("5@100 -"));
     poll(&values, &list, 6, 120);
     QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("6@120"));
+}
+
+// The driver shows what is written until that has failed: a trend would have a pulse that no
+// controller had.
+void PolledValuesTest::whatIsWrittenIsNotRead()
+{
+    kx::WatchList list;
+    PolledValues values = polled({"D100"}, &list);
+    poll(&values, &list, 5, 100);
+    values.takeMarked(list, SessionTimes());
+    const auto shows = [&](qint64 value, qint64 at) {
+        values.takeNews(
+            list,
+            list.onChange(
+                1, "D", 100, [value](const kx::WatchEntry&) { return QList<qint64>{value}; }, at));
+    };
+    shows(7, 110); // asked for
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("5@100"));
+    VARIABLE job = VARIABLE();
+    job.station = 1;
+    job.regType = QStringLiteral("D");
+    job.address = 100;
+    job.count = 1;
+    values.markRead(list, watched(1, "D100").tag.range, {5}); // of a poll that was on its way
+    list.onRead(
+        job, [](const kx::WatchEntry&) { return QList<qint64>{7}; }, 120);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("5@120"));
+    shows(5, 130); // refused
+    poll(&values, &list, 5, 140);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("5@140"));
 }
 
 void PolledValuesTest::changesOutliveAnotherList()
