@@ -124,11 +124,12 @@ QString stateSymbol(CellState state)
 
 QString stateText(CellState state, const ValueWrite* write)
 {
-    const QString text = translated(STATES[static_cast<int>(state)].text);
+    QString text = translated(STATES[static_cast<int>(state)].text);
     if (state != CellState::NotWritten || !write)
         return text;
-    const QString open = translated(QT_TRANSLATE_NOOP("kxpanel::Cell", "not confirmed"));
-    return (write->mayBeDone ? open : text) + QLatin1String(": ") + write->reason;
+    if (write->mayBeDone)
+        text = translated(QT_TRANSLATE_NOOP("kxpanel::Cell", "not confirmed"));
+    return text + QLatin1String(": ") + write->reason;
 }
 
 QString valueCellText(const WatchedValue& value, const Reading& reading, const ValueWrite* write)
