@@ -102,6 +102,10 @@ void LinePage::onLineChanged(const LineStatus& status)
     m_line = status.name;
     m_timing = status.timing;
     m_isNetwork = status.isNetwork;
+    if (status.shortened != m_shortened) {
+        m_shortened = status.shortened;
+        onValuesChanged();
+    }
     m_replyTimeout = status.replyTimeout * kx::MICROSECONDS_PER_MILLISECOND;
     m_recordTiming = status.timing;
     m_recordTiming.baud = m_isNetwork ? 0 : m_timing.baud;
@@ -134,6 +138,7 @@ bool LinePage::hasOtherPace() const
 AnswerPace LinePage::paceNow() const
 {
     AnswerPace pace = m_answers.pace(m_timing, m_isNetwork);
+    pace.shortened = m_shortened;
     pace.replyTimeout = m_replyTimeout;
     return pace;
 }

@@ -59,10 +59,11 @@ private:
     LimitCosts m_costs;
     /// While paused, what the record has no more room for.
     ExchangeHistory m_waiting{LineRecord::MOST};
-    qint64 m_waitingCount = 0;     ///< with those that are forgotten
-    kx::LineTiming m_timing;       ///< of the serial line, be it behind a gateway
-    kx::LineTiming m_recordTiming; ///< of what this side sees of it
-    qint64 m_replyTimeout = 0;     ///< microseconds; 0: not known
+    qint64 m_waitingCount = 0;               ///< with those that are forgotten
+    kx::LineTiming m_timing;                 ///< of the serial line, be it behind a gateway
+    kx::LineTiming m_recordTiming;           ///< of what this side sees of it
+    QMap<int, kx::StationRules> m_shortened; ///< as LineStatus::shortened
+    qint64 m_replyTimeout = 0;               ///< microseconds; 0: not known
     bool m_isNetwork = false;
     int m_sessions = 0;  ///< of the line, that have begun
     QList<int> m_silent; ///< stations, when it was predicted last

@@ -116,6 +116,7 @@ private:
     void endSession();
     void useLimits();
     void onLinkChanged(bool isLost, const QString& fault);
+    void onRequestsShortened(int station, const kx::StationRules& rules);
     void onJobEnded(int ticket, const kx::Failure& failure);
     void tellLine(LineState state, const QString& fault);
     void lookAtClocks();

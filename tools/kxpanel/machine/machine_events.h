@@ -4,9 +4,11 @@
 
 #include "exchange/replies/exchange_record.h"
 #include "panel/files/tags_file.h"
+#include "panel/plan/read_rules.h"
 #include "panel/text/summary_text.h"
 #include "panel/watch/watch_list.h"
 
+#include <QtCore/QMap>
 #include <QtCore/QVector>
 
 namespace kxpanel
@@ -50,7 +52,9 @@ struct LineStatus {
     bool isNetwork = false;  ///< when characters are on the serial line is not known here
     int longestRequest = 0;  ///< in registers, that may be asked for; 0: not open yet
     bool isAutomatic = true; ///< within that, requests are as long as takes the least time
-    int sessions = 0;        ///< of the line that have begun; each polls from the start
+    /// How stations are asked that refused a request since the session began.
+    QMap<int, kx::StationRules> shortened = {};
+    int sessions = 0; ///< of the line that have begun; each polls from the start
 };
 
 /// One exchange on the line, without the kilobyte of its job.

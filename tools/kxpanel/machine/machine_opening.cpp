@@ -104,6 +104,7 @@ void Machine::beginSession()
         return failLater(error);
     m_parts->hasNewLimits = false;
     ++m_parts->status.sessions;
+    m_parts->status.shortened.clear();
     m_parts->status.longestRequest = options.session.maxWords;
     m_parts->status.isAutomatic = options.session.choosesLengths;
     std::unique_ptr<kx::GatewayAdvice> advice;
@@ -129,6 +130,7 @@ void Machine::beginWork(std::unique_ptr<MachineSession> work)
     connect(begun, &MachineSession::clockSet, this, &Machine::clockSet);
     connect(begun, &MachineSession::told, this, &Machine::told);
     connect(begun, &MachineSession::linkChanged, this, &Machine::onLinkChanged);
+    connect(begun, &MachineSession::requestsShortened, this, &Machine::onRequestsShortened);
     tellLine(LineState::Open, QString());
     if (m_parts->readsValues)
         m_parts->work->setValues(m_parts->values);
@@ -165,6 +167,12 @@ void Machine::onLinkChanged(bool isLost, const QString& fault)
         return m_parts->lostForLong.start(session.retries * session.exchange.replyTimeout);
     m_parts->lostForLong.stop();
     call([this] { useLimits(); });
+}
+
+void Machine::onRequestsShortened(int station, const kx::StationRules& rules)
+{
+    m_parts->status.shortened.insert(station, rules);
+    tellLine(m_parts->status.state, m_parts->status.fault);
 }
 
 void Machine::onJobEnded(int ticket, const kx::Failure& failure)

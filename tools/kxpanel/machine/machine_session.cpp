@@ -40,6 +40,8 @@ MachineSession::MachineSession(std::unique_ptr<kx::Session> session,
         gather();
     });
     connect(&m_watch, &kx::Watch::exchanged, this, &MachineSession::onExchange);
+    connect(m_session.get(), &kx::Session::requestsShortened, this,
+            &MachineSession::requestsShortened);
     connect(m_session->line(), &kx::Line::interrupted, this, [this] { setLost(true); });
     connect(m_session->line(), &kx::Line::opened, this, [this] { setLost(false); });
     connect(&m_watch, &kx::Watch::cycleFinished, this, [this](qint64 cycles) {

@@ -59,6 +59,8 @@ signals:
     void told(int amount);
     /// @param fault as LineStatus::fault
     void linkChanged(bool isLost, const QString& fault);
+    /// As kx::Session::requestsShortened().
+    void requestsShortened(int station, const kx::StationRules& rules);
 
 private:
     void onExchange(const kx::ExchangeRecord& record);

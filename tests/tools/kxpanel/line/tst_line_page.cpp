@@ -49,6 +49,7 @@ private slots:
     void measuresBesideWhatIsPredicted();
     void predictsByWhatStationsTake();
     void predictsWhatComesWithinTheTimeOut();
+    void predictsWhatStationsDoNotRefuse();
     void predictsAgainWhenStationsTakeLonger();
     void measuresWhileThePictureIsPaused();
     void aCycleThatNewLimitsBreakIsNotMeasured();
@@ -193,6 +194,17 @@ void LinePageTest::predictsWhatComesWithinTheTimeOut()
     status.replyTimeout = 200;
     emit m_machine->lineChanged(status);
     QTRY_VERIFY(labels().contains("Predicted: 294.4 ms per cycle, 2 requests"));
+}
+
+void LinePageTest::predictsWhatStationsDoNotRefuse()
+{
+    watch(40);
+    QTRY_VERIFY(labels().contains("Predicted: 105.5 ms per cycle, 1 requests"));
+    LineStatus status;
+    status.shortened[1].maxWords = 16; // 16, 16 and 8: 119 characters
+    emit m_machine->lineChanged(status);
+    QTRY_VERIFY2(labels().contains("Predicted: 149.9 ms per cycle, 3 requests"),
+                 qPrintable(labels()));
 }
 
 void LinePageTest::predictsAgainWhenStationsTakeLonger()

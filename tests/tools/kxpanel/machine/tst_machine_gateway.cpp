@@ -1,8 +1,10 @@
 // Gateways that do not answer as a person expects.
 
+#include "exchange/lines/frame_crc.h"
 #include "tools/kxpanel/machine_fixture.h"
 
 #include <QtNetwork/QTcpServer>
+#include <QtNetwork/QTcpSocket>
 #include <QtTest/QTest>
 
 using namespace kxpanel;
@@ -15,6 +17,7 @@ private slots:
     void oneThatNeverAnswersIsAdvised_data();
     void oneThatNeverAnswersIsAdvised();
     void oneThatRefusesIsSaidSo();
+    void stationsThatRefuseLongRequestsAreKnown();
 };
 
 namespace
@@ -28,6 +31,15 @@ kx::ConnectionOptions gatewayAt(quint16 port)
     options.gateway.port = port;
     options.session.exchange.replyTimeout = 20;
     return options;
+}
+
+/// Of a station that answers no more than 16 registers at once.
+QByteArray replyOfSixteen(const QByteArray& request)
+{
+    const int count = static_cast<quint8>(request.at(5));
+    if (count > 16)
+        return kx::withCrc(request.left(1) + QByteArray::fromHex("8303")); // illegal data value
+    return kx::withCrc(request.left(2) + static_cast<char>(2 * count) + QByteArray(2 * count, '\0'));
 }
 
 } // namespace
@@ -74,6 +86,33 @@ void MachineGatewayTest::oneThatRefusesIsSaidSo()
     QTRY_COMPARE(log.states.size(), 2);
     QCOMPARE(log.states.last(),
              QStringLiteral("closed: 127.0.0.1:%1: cannot connect: Connection refused").arg(port));
+}
+
+void MachineGatewayTest::stationsThatRefuseLongRequestsAreKnown()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    connect(&server, &QTcpServer::newConnection, this, [&server] {
+        QTcpSocket* const socket = server.nextPendingConnection();
+        connect(socket, &QTcpSocket::readyRead, socket,
+                [socket] { socket->write(replyOfSixteen(socket->readAll())); });
+    });
+    kx::ConnectionOptions options = gatewayAt(server.serverPort());
+    options.session.exchange.replyTimeout = 2000;
+    QList<WatchedValue> values;
+    for (int i = 0; i < 40; ++i)
+        values << watched(1 + i, QByteArray("D" + QByteArray::number(100 + i)).constData());
+    Machine machine;
+    const MachineLog log(&machine);
+    machine.setValues(values);
+    machine.openLine(options);
+    QTRY_COMPARE(log.status.shortened.value(1).maxWords, 16);
+    QVERIFY(log.status.shortened.value(1).maySpanGaps);
+    QCOMPARE(log.status.shortened.size(), 1);
+    QCOMPARE(log.status.replyTimeout, 2000);
+    machine.setLimits(16, 256); // another session learns anew
+    QTRY_COMPARE(log.status.sessions, 2);
+    QVERIFY(log.status.shortened.isEmpty());
 }
 
 QTEST_MAIN(MachineGatewayTest)

@@ -40,14 +40,16 @@ bool areFar(const QMap<int, qint64>& one, const QMap<int, qint64>& other)
 bool operator==(const AnswerPace& one, const AnswerPace& other)
 {
     return isSameLine(one.line, other.line) && one.turnarounds == other.turnarounds
-           && one.replyTimeout == other.replyTimeout && one.isNetwork == other.isNetwork
-           && one.perByte == other.perByte && one.each == other.each;
+           && one.replyTimeout == other.replyTimeout && one.shortened == other.shortened
+           && one.isNetwork == other.isNetwork && one.perByte == other.perByte
+           && one.each == other.each;
 }
 
 bool areFarApart(const AnswerPace& one, const AnswerPace& other)
 {
     return !isSameLine(one.line, other.line) || one.isNetwork != other.isNetwork
-           || one.replyTimeout != other.replyTimeout || areFar(one.turnarounds, other.turnarounds)
+           || one.replyTimeout != other.replyTimeout || one.shortened != other.shortened
+           || areFar(one.turnarounds, other.turnarounds)
            || isFar(one.perByte, other.perByte, FAR_PER_BYTE) || areFar(one.each, other.each);
 }
 

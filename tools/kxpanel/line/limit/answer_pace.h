@@ -3,6 +3,8 @@
 
 #include "exchange/lines/line_timing.h"
 
+#include "panel/plan/read_rules.h"
+
 #include <QtCore/QMap>
 
 namespace kxpanel
@@ -13,6 +15,8 @@ struct AnswerPace {
     kx::LineTiming line; ///< serial line, be it behind a gateway
     /// From the end of a request to the first character of its reply; on a network to its end.
     QMap<int, qint64> turnarounds;
+    /// How stations are asked that refused a request.
+    QMap<int, kx::StationRules> shortened;
     qint64 replyTimeout = 0; ///< in which replies on a serial line must come; 0: not known
     bool isNetwork = false;
     // Of a network: what its serial line, its gateway and the station take together.

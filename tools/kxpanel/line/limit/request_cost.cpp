@@ -65,6 +65,13 @@ kx::ReadRules limitedRules(int maxWords, const AnswerPace& pace)
         own.isMeasured = true;
         rules.stations.insert(station.key(), own);
     }
+    for (auto station = pace.shortened.begin(); station != pace.shortened.end(); ++station) {
+        kx::StationRules own = rules.of(station.key());
+        own.maxWords = std::min(own.maxWords, station->maxWords);
+        own.maxBits = std::min(own.maxBits, station->maxBits);
+        own.maySpanGaps = station->maySpanGaps;
+        rules.stations.insert(station.key(), own);
+    }
     return pace.isNetwork || pace.replyTimeout <= 0 ? rules : rulesWithin(pace.replyTimeout, rules);
 }
 

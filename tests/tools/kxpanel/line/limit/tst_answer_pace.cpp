@@ -57,6 +57,9 @@ void AnswerPaceTest::farApart_data()
     other.replyTimeout = 300000;
     QTest::newRow("another time-out") << other << true;
     other = usual();
+    other.shortened[1].maxWords = 16;
+    QTest::newRow("one that refuses") << other << true;
+    other = usual();
     other.perByte = 10;
     QTest::newRow("a little for each byte") << other << false;
     other.perByte = 11;

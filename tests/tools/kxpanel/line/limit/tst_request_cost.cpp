@@ -41,6 +41,15 @@ void RequestCostTest::rules()
     QCOMPARE(rules.of(3).turnaround, qint64(1200));
     QCOMPARE(rules.of(3).maxWords, 10);
     QCOMPARE(rules.of(4).turnaround, qint64(5000)); // it has not answered
+    pace.shortened[3].maxWords = 16;
+    pace.shortened[5].maySpanGaps = false;
+    QCOMPARE(limitedRules(125, pace).of(3).maxWords, 16);
+    QCOMPARE(limitedRules(125, pace).of(3).turnaround, qint64(1200));
+    QCOMPARE(limitedRules(10, pace).of(3).maxWords, 10);
+    QVERIFY(!limitedRules(10, pace).of(5).maySpanGaps);
+    QCOMPARE(limitedRules(10, pace).of(5).maxWords, 10);
+    QVERIFY(limitedRules(10, pace).of(4).maySpanGaps);
+    pace.shortened.clear();
     pace.replyTimeout = 200000; // of 150 ms, less 1.2 and 5: 142 and 139 characters
     QCOMPARE(limitedRules(125, pace).of(3).maxWords, 68);
     QCOMPARE(limitedRules(125, pace).of(4).maxWords, 67);
