@@ -39,7 +39,8 @@ QByteArray replyOfSixteen(const QByteArray& request)
     const int count = static_cast<quint8>(request.at(5));
     if (count > 16)
         return kx::withCrc(request.left(1) + QByteArray::fromHex("8303")); // illegal data value
-    return kx::withCrc(request.left(2) + static_cast<char>(2 * count) + QByteArray(2 * count, '\0'));
+    return kx::withCrc(request.left(2) + static_cast<char>(2 * count)
+                       + QByteArray(2 * count, '\0'));
 }
 
 } // namespace
