@@ -11,14 +11,14 @@ namespace
 {
 
 /// What is for the reply, of the time-out.
-const qint64 PARTS = 3;
-const qint64 OF_PARTS = 4;
+const qint64 REPLY_PARTS = 3;
+const qint64 TIME_OUT_PARTS = 4;
 const qint64 CHARACTERS = 1000; // so that what is rounded up does not count
 
-StationRules shortened(const StationRules& station, const LineTiming& line, qint64 timeOut)
+StationRules answeredWithin(const StationRules& station, const LineTiming& line, qint64 timeOut)
 {
     const PlanTiming timing = {line, station.turnaround, station.isMeasured};
-    const qint64 time = std::max(timeOut * PARTS / OF_PARTS - timing.wait(), qint64(0));
+    const qint64 time = std::max(timeOut * REPLY_PARTS / TIME_OUT_PARTS - timing.wait(), qint64(0));
     const qint64 characters = time * CHARACTERS / line.transmissionTime(CHARACTERS);
     const qint64 bytes = std::max(characters - READ_REPLY_BYTES, qint64(BYTES_PER_REGISTER));
     StationRules own = station;
@@ -34,9 +34,9 @@ ReadRules rulesWithin(qint64 timeOut, const ReadRules& rules)
     if (rules.line.baud <= 0)
         return rules;
     ReadRules within = rules;
-    within.usual = shortened(rules.usual, rules.line, timeOut);
+    within.usual = answeredWithin(rules.usual, rules.line, timeOut);
     for (StationRules& station : within.stations)
-        station = shortened(station, rules.line, timeOut);
+        station = answeredWithin(station, rules.line, timeOut);
     return within;
 }
 
