@@ -82,8 +82,9 @@ void CycleForecastTest::intervalsAlone()
     QVERIFY(qAbs(cost.busy - (2 * BUSY + BUSY / 2)) < 2);
     QVERIFY(qAbs(cost.needed - (2 * TEN_REGISTERS + TEN_REGISTERS / 2)) < 2);
     // Of cycles that wait for the one between them some are longer, and others as much shorter.
-    const kx::CycleCost drifting =
-        forecastCycle({poll(100, 300), poll(7000, 700), poll(4000, 1100)}, serialCost({}));
+    const kx::CycleCost drifting = forecastCycle(
+        {poll(100, 300), poll(7000, 530), poll(4000, 1370), poll(2000, 1370), poll(5000, 1370)},
+        serialCost({}));
     QCOMPARE(drifting.duration, qint64(300000));
 }
 
