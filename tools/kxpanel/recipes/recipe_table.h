@@ -1,6 +1,8 @@
 #ifndef KX_KXPANEL_RECIPES_RECIPE_TABLE_H
 #define KX_KXPANEL_RECIPES_RECIPE_TABLE_H
 
+#include <QtCore/QByteArray>
+
 class QTableView;
 class QWidget;
 

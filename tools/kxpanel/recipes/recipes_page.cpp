@@ -147,6 +147,7 @@ void RecipesPage::save(const QString& path)
         m_seen.see(path, text);
         m_model->takeValues();
     }
+    m_question->hide(); // it was about other values, or that these are not saved
     m_isUnsaved = false;
     refresh();
     complain(QString());

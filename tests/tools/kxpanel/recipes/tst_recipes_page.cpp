@@ -48,6 +48,7 @@ private slots:
     void aDownloadOfWhichNothingWasSentKeepsWhatWasRead();
     void anotherFileEndsADownloadAloud();
     void theQuestionGoesWithItsLine();
+    void theQuestionGoesWithItsValues();
     void tellsOfWhichLineTheValuesAre();
     void keepsFileAndFilterInAProject();
     void columnsAreOfThisComputer();
@@ -424,6 +425,25 @@ void RecipesPageTest::theQuestionGoesWithItsLine()
     QVERIFY(question->isVisible());
     m_thread->machine()->closeLine();
     QTRY_VERIFY(!question->isVisible());
+}
+
+// What would be sent would be what was read, which nobody was asked about.
+void RecipesPageTest::theQuestionGoesWithItsValues()
+{
+    connectLine();
+    const QString path = store("address,value\nD100,5\n");
+    m_page->open(path);
+    press(Qt::Key_R);
+    QTRY_VERIFY(counts().contains("1 differ(s)"));
+    press(Qt::Key_D);
+    const auto* question = m_page->findChild<QLabel*>("question");
+    QVERIFY(question->isVisible());
+    press(Qt::Key_E);
+    emit m_page->findChild<QFileDialog*>()->fileSelected(path);
+    QVERIFY(counts().contains("1 the same"));
+    QVERIFY(!question->isVisible());
+    press(Qt::Key_D); // asks again, of what the file has now
+    QVERIFY(question->isVisible());
 }
 
 void RecipesPageTest::tellsOfWhichLineTheValuesAre()

@@ -80,6 +80,6 @@ void PlanLabelsTest::standWhereTheyFit()
     QTEST(texts.join(' '), "labels");
 }
 
-QTEST_APPLESS_MAIN(PlanLabelsTest)
+QTEST_GUILESS_MAIN(PlanLabelsTest)
 
 #include "tst_plan_labels.moc"
