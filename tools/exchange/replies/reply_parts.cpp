@@ -1,8 +1,8 @@
 #include "exchange/replies/reply_parts.h"
 
 #include "addresses/request_limits.h"
-#include "exchange/replies/reply_verdict.h"
 #include "exchange/replies/driver_request.h"
+#include "exchange/replies/reply_verdict.h"
 
 #include <algorithm>
 

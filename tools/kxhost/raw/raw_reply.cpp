@@ -2,8 +2,8 @@
 
 #include "addresses/request_limits.h"
 #include "exchange/lines/mbap_frames.h"
-#include "exchange/replies/reply_verdict.h"
 #include "exchange/replies/driver_request.h"
+#include "exchange/replies/reply_verdict.h"
 
 namespace kx
 {
