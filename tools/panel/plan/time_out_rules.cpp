@@ -18,7 +18,10 @@ const qint64 CHARACTERS = 1000; // so that what is rounded up does not count
 StationRules answeredWithin(const StationRules& station, const LineTiming& line, qint64 timeOut)
 {
     const PlanTiming timing = {line, station.turnaround, station.isMeasured};
-    const qint64 time = std::max(timeOut * REPLY_PARTS / TIME_OUT_PARTS - timing.wait(), qint64(0));
+    const qint64 ofMost = timeOut * REPLY_PARTS / TIME_OUT_PARTS - timing.wait();
+    // Requests of a register each would cost a slow one many waits, and make it no quicker.
+    const qint64 ofSlow = (timeOut - timing.wait()) / 2;
+    const qint64 time = std::max({ofMost, ofSlow, qint64(0)});
     const qint64 characters = time * CHARACTERS / line.transmissionTime(CHARACTERS);
     const qint64 bytes = std::max(characters - READ_REPLY_BYTES, qint64(BYTES_PER_REGISTER));
     StationRules own = station;

@@ -47,10 +47,16 @@ void TimeOutRulesTest::eachStationByItsOwnTurnaround()
     ReadRules rules;
     rules.stations[2].turnaround = 100000; // 150 ms less 100 are 48 characters
     rules.stations[3].maxWords = 16;       // as it answers
+    // Half of the 52 ms that it leaves are 24 characters.
+    rules.stations[4].turnaround = 148000;
+    rules.stations[5].turnaround = 200000; // no answer comes in time
     const ReadRules within = rulesWithin(200000, rules);
     QCOMPARE(within.of(1).maxWords, 67);
     QCOMPARE(within.of(2).maxWords, 21);
     QCOMPARE(within.of(2).turnaround, qint64(100000));
+    QCOMPARE(within.of(4).maxWords, 9);
+    QCOMPARE(within.of(4).maxBits, 152);
+    QCOMPARE(within.of(5).maxWords, 1);
     QCOMPARE(within.of(3).maxWords, 16);
     QCOMPARE(within.of(3).maxBits, 1072);
     QCOMPARE(within.line.baud, rules.line.baud);
