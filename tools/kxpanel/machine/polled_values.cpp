@@ -38,6 +38,15 @@ Reading dated(Reading reading, const SessionTimes& times)
     return reading;
 }
 
+/// Of one bit of a word the others do not count.
+bool isOther(const kx::WatchEntry& entry, const QList<qint64>& before, const QList<qint64>& now)
+{
+    if (before.isEmpty() || now.isEmpty())
+        return false;
+    const int bit = entry.valueFormat().bit;
+    return bit < 0 ? before != now : ((before.first() ^ now.first()) >> bit & 1) != 0;
+}
+
 } // namespace
 
 QList<kx::Tag> PolledValues::tags() const
@@ -68,6 +77,7 @@ void PolledValues::takeList(const kx::WatchList& list)
     std::sort(m_places.begin(), m_places.end(), isBefore);
     m_isMarked.assign(m_places.size(), false);
     m_answered.assign(m_places.size(), {});
+    m_isChange.assign(m_places.size(), false);
     m_marked.clear();
     for (const Reading& news : qAsConst(m_news))
         keepEarlier(news);
@@ -98,6 +108,7 @@ void PolledValues::takeNews(const kx::WatchList& list, const QList<int>& indexes
         if (before != m_news.constEnd())
             keepEarlier(*before);
         m_news.insert(index, readingAt(list, index));
+        m_isChange[static_cast<size_t>(index)] = false;
     }
 }
 
@@ -137,12 +148,20 @@ void PolledValues::markRead(const kx::WatchList& list, const kx::AddressRange& p
         if (place->address + place->width > end)
             continue;
         mark({place->index});
-        const auto news = m_news.find(place->index);
-        if (news != m_news.end()) // it may have been read since, and was the same
-            *news = readingAt(list, place->index);
-        m_answered[static_cast<size_t>(place->index)] =
-            answered.mid(place->address - polled.address, place->width);
+        takeAnswer(list, place->index, answered.mid(place->address - polled.address, place->width));
     }
+}
+
+void PolledValues::takeAnswer(const kx::WatchList& list, int index, const QList<qint64>& answered)
+{
+    const auto at = static_cast<size_t>(index);
+    const auto news = m_news.find(index);
+    if (m_isChange[at] && news != m_news.end())
+        keepEarlier(*news);
+    if (m_isChange[at] || news != m_news.end()) // it may have been read since, and was the same
+        m_news.insert(index, readingAt(list, index));
+    m_isChange[at] = isOther(list.entries().at(index), m_answered[at], answered);
+    m_answered[at] = answered;
 }
 
 QVector<Reading> PolledValues::takeMarked(const kx::WatchList& list, const SessionTimes& times,
@@ -155,12 +174,14 @@ QVector<Reading> PolledValues::takeMarked(const kx::WatchList& list, const Sessi
     for (const int index : qAsConst(m_marked)) {
         const Reading latest = dated(readingAt(list, index), times);
         const bool isPast = isCutOff && latest.state == kx::WatchState::Ok;
-        if (isPast && m_news.contains(index))
+        const auto at = static_cast<size_t>(index);
+        if (isPast && (m_news.contains(index) || m_isChange[at]))
             readings << latest;
         readings << latest;
         if (isPast)
             readings.last().state = kx::WatchState::NoAnswer;
-        m_isMarked[static_cast<size_t>(index)] = false;
+        m_isMarked[at] = false;
+        m_isChange[at] = false;
     }
     m_marked.clear();
     forgetEarlier();

@@ -56,6 +56,9 @@ private:
     };
     static bool isBefore(const Place& one, const Place& other);
     void keepEarlier(const Reading& reading);
+    /// Of what is written the list tells nothing new when it is read: such a change becomes news
+    /// when the next read follows.
+    void takeAnswer(const kx::WatchList& list, int index, const QList<qint64>& answered);
     /// With times of the list's clock.
     Reading readingAt(const kx::WatchList& list, int index) const;
 
@@ -63,6 +66,7 @@ private:
     std::vector<Place> m_places; ///< by station, type and address
     std::vector<bool> m_isMarked;
     std::vector<QList<qint64>> m_answered; ///< by index; of one that was not read since: none
+    std::vector<bool> m_isChange;          ///< by index: the answer, which is not in the news yet
     QVector<int> m_marked;                 ///< indexes
     // Their times are of the list's clock until they are told.
     QHash<int, Reading> m_news; ///< what is to be told of a value that changed, by index

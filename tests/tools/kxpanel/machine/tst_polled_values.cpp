@@ -19,6 +19,7 @@ private slots:
     void whatWasReadBeforeTheLineWasLostIsTold();
     void whatWasReadBeforeASilenceIsNotReadBehindIt();
     void whatIsWrittenIsNotRead();
+    void whatWasWrittenAndReadIsToldThoughItHasGone();
     void changesOutliveAnotherList();
     void aTimeIsOfTheClockOnTheWall();
     void whatWasNeverReadHasNoValue();
@@ -213,6 +214,25 @@ void PolledValuesTest::whatIsWrittenIsNotRead()
     shows(5, 130); // refused
     poll(&values, &list, 5, 140);
     QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("5@140"));
+}
+
+// A command that the controller takes back at once: the driver tells of no change when it is read,
+// having shown it since it was asked for.
+void PolledValuesTest::whatWasWrittenAndReadIsToldThoughItHasGone()
+{
+    kx::WatchList list;
+    PolledValues values = polled({"D100"}, &list);
+    poll(&values, &list, 0, 100);
+    values.takeNews(list,
+                    list.onChange(
+                        1, "D", 100, [](const kx::WatchEntry&) { return QList<qint64>{1}; }, 110));
+    values.takeMarked(list, SessionTimes());
+    poll(&values, &list, 1, 120);
+    poll(&values, &list, 1, 130);
+    poll(&values, &list, 0, 140);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("1@130 0@140"));
+    poll(&values, &list, 0, 150);
+    QCOMPARE(textOf(values.takeMarked(list, SessionTimes())), QString("0@150"));
 }
 
 void PolledValuesTest::changesOutliveAnotherList()
