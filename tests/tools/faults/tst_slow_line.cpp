@@ -1,5 +1,6 @@
 // Long replies that a slow line carries for longer than a time-out.
 
+#include "panel/jobs/read_job.h"
 #include "tools/faults/faulty_run.h"
 
 #include <QtTest/QTest>
@@ -13,6 +14,7 @@ class SlowLineTest : public QObject
 private slots:
     void repliesComeWithinTheirTimeOut_data();
     void repliesComeWithinTheirTimeOut();
+    void repliesToOneReadComeWithinTheirTimeOut();
 };
 
 void SlowLineTest::repliesComeWithinTheirTimeOut_data()
@@ -54,6 +56,26 @@ void SlowLineTest::repliesComeWithinTheirTimeOut()
     run.runUntil([&] { return isOver || run.session().statistics().requests > 20; });
     QTEST(asked, "asked");
     QCOMPARE(run.session().statistics().requests, qint64(asked.size()));
+}
+
+void SlowLineTest::repliesToOneReadComeWithinTheirTimeOut()
+{
+    FaultyRunSettings settings;
+    settings.line.timing.baud = 1200;
+    settings.line.trickles = true;
+    settings.session.choosesLengths = true;
+    settings.session.maxWords = MOST_REGISTERS_PER_READ;
+    FaultyRun run(settings);
+    Tag tag;
+    tag.range = rangeOf("D0:120@1");
+    ReadJob job(&run.session(), {tag});
+    QStringList asked;
+    connect(&run.session(), &Session::exchanged, this,
+            [&](const ExchangeRecord& record) { asked << QString::number(record.job.count); });
+    job.start();
+    run.runUntil([&] { return job.hasEnded(); });
+    QCOMPARE(asked, (QStringList{"40", "40", "40"}));
+    QVERIFY(job.failure().isNone());
 }
 
 QTEST_GUILESS_MAIN(SlowLineTest)

@@ -1,8 +1,10 @@
 #include "panel/jobs/read_job.h"
 
 #include "addresses/request_limits.h"
+#include "exchange/loop_clock.h"
 #include "panel/jobs/wanted_values.h"
 #include "panel/plan/least_time.h"
+#include "panel/plan/time_out_rules.h"
 #include "panel/plan/whole_values.h"
 #include "registers/register_types.h"
 
@@ -25,6 +27,8 @@ ReadRules rulesOf(const Session& session)
     rules.line = settings.timingOf(session.line()->timing());
     rules.usual.maxWords = settings.maxWords;
     rules.usual.maxBits = std::min(settings.maxBits, settings.maxWords * BITS_PER_WORD);
+    if (settings.choosesLengths && session.line()->timing().baud > 0) // as polls
+        return rulesWithin(settings.exchange.replyTimeout * MICROSECONDS_PER_MILLISECOND, rules);
     return rules;
 }
 

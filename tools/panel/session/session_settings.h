@@ -17,7 +17,7 @@ struct SessionSettings {
     int maxBits = MOST_COILS_PER_READ; ///< longest poll of coils
     /// Polls are no longer than takes the least time on the line, than each station answers, and
     /// than comes within the time-out on a serial line; maxWords and maxBits are the most. Else the
-    /// driver joins registers up to maxWords.
+    /// driver joins registers up to maxWords. A ReadJob's requests come within the time-out, too.
     bool choosesLengths = false;
     /// Of the serial line behind a gateway, which the session cannot know.
     int gatewayBaud = 9600;
