@@ -8,6 +8,7 @@
 #include <QtCore/QElapsedTimer>
 
 #include <algorithm>
+#include <cmath>
 
 namespace kxpanel
 {
@@ -34,7 +35,8 @@ TrendSample sampleOf(const kx::RecordedEvent& event, int places)
     const QString& text = event.value.text;
     bool isNumber = false;
     const double number = text.toDouble(&isNumber);
-    if (!isNumber || !(event.value.isNumber || isLong(number, places)))
+    const bool isNamed = !std::isfinite(number); // "nan", as it is saved, or "inf"
+    if (!isNumber || isNamed || !(event.value.isNumber || isLong(number, places)))
         return {event.time, notANumber()};
     return isLong(number, places) ? longSample(event.time, number, text, places)
                                   : TrendSample(event.time, number);

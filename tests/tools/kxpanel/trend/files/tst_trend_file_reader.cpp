@@ -53,6 +53,8 @@ private slots:
     void whatWasSavedIsOpened();
     void longNumbersComeBackToTheirLastDigit();
     void textsOfDigitsAreNoNumbers();
+    void namesOfNumbersAreNoNumbers_data();
+    void namesOfNumbersAreNoNumbers();
     void eachValueOfALongRecordingIsKept();
     void theLongestRecordingTakesBoundedMemory();
     void ofMoreThanThereIsRoomForSomeAreKept();
@@ -182,6 +184,28 @@ void TrendFileReaderTest::textsOfDigitsAreNoNumbers()
                                "2026-11-23T10:00:00.000Z,\"1234567890123456\",\"text\",\n");
     TrendFileReader reader;
     read(&reader, pathOf("batch.csv"));
+    QCOMPARE(reader.channels().size(), 2);
+    for (const TrendChannel& channel : reader.channels())
+        QCOMPARE(samplesOf(channel), QString("0 no number"));
+}
+
+void TrendFileReaderTest::namesOfNumbersAreNoNumbers_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("none") << QByteArray("nan"); // as a trend is saved
+    QTest::newRow("infinite") << QByteArray("inf");
+    QTest::newRow("infinite below") << QByteArray("-inf");
+}
+
+/// Neither are they a gap.
+void TrendFileReaderTest::namesOfNumbersAreNoNumbers()
+{
+    QFETCH(QByteArray, name);
+    write(pathOf("names.csv"), "time,D1@1,D2/float@1,gaps\n2026-11-23T10:00:00.000Z,\"" + name
+                                   + "\",\"" + name + "\",\n");
+    TrendFileReader reader;
+    read(&reader, pathOf("names.csv"));
+    QCOMPARE(reader.channels().size(), 2);
     for (const TrendChannel& channel : reader.channels())
         QCOMPARE(samplesOf(channel), QString("0 no number"));
 }
