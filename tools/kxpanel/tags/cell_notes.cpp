@@ -29,9 +29,11 @@ QString withoutMarkup(QString content)
     return content.remove(element).trimmed();
 }
 
-bool hasDecimalComma(const QString& text)
+/// As somebody types it: with a decimal comma, or more points than a decimal one.
+bool isTyped(const QString& text)
 {
-    static const QRegularExpression number(QStringLiteral("\\A[-+]?[0-9]+,[0-9]+\\z"));
+    static const QRegularExpression number(
+        QStringLiteral("\\A[-+]?[0-9]+(?:(?:\\.[0-9]{3})*,[0-9]+|(?:\\.[0-9]{3}){2,})\\z"));
     return number.match(text).hasMatch();
 }
 
@@ -39,11 +41,12 @@ bool hasDecimalComma(const QString& text)
 
 CellNotes::CellNotes(std::function<QString()> markup) : m_markup(std::move(markup)) {}
 
+/// A cell's mark ends before the next one begins, so that each is looked at a few times at most.
 /// Of a table in which cells span others nothing is known: it has fewer cells than its text.
 void CellNotes::read()
 {
     static const QRegularExpression part(
-        QStringLiteral("<tr\\b|<t[dh]\\b((?:[^>\"]++|\"[^\"]*\")*+)>"
+        QStringLiteral("<tr\\b|<t[dh]\\b((?:[^<>\"]++|\"[^\"]*\")*+)>"
                        "((?:[^<]++|<(?!/?t[dhr]\\b))*+)"),
         QRegularExpression::CaseInsensitiveOption);
     const QString markup = m_markup();
@@ -57,7 +60,7 @@ void CellNotes::read()
         const QString attributes = found.captured(1);
         const Note note = {withoutMarkup(found.captured(2)), numberOf(attributes),
                            isOfTexts(attributes)};
-        m_hasCommas |= note.isText && hasDecimalComma(note.text);
+        m_areTyped |= note.isText && isTyped(note.text);
         if (!m_rows.isEmpty())
             m_rows.last() << note;
     }
@@ -79,7 +82,7 @@ std::optional<QString> CellNotes::numberIn(int row, const QStringList& cells, in
         return whole;
     if (note.number == QString(cell).replace(QLatin1Char('.'), QLatin1Char(',')))
         return cell;
-    const bool isOurs = note.isText && !m_hasCommas && !cell.endsWith(QLatin1Char('0'));
+    const bool isOurs = note.isText && !m_areTyped && !cell.endsWith(QLatin1Char('0'));
     return note.number.isEmpty() && isOurs ? std::optional<QString>(cell) : std::nullopt;
 }
 

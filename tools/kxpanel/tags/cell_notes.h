@@ -26,7 +26,8 @@ public:
 
     /// A number with one point of which thousandsFault() does not know what it is: with a decimal
     /// point, or without any. A text is as kxpanel wrote it, unless others have a decimal comma or
-    /// it ends with a 0: then somebody has typed it, who may mean thousands.
+    /// more points than one, or it ends with a 0: then somebody has typed it, who may mean
+    /// thousands.
     /// @param row from 0, of all rows of the copy
     /// @param cells of that row
     /// @return nothing where the HTML does not say it
@@ -43,7 +44,7 @@ private:
 
     std::function<QString()> m_markup;
     QList<QList<Note>> m_rows;
-    bool m_hasCommas = false; ///< texts with a decimal comma
+    bool m_areTyped = false; ///< some texts, with a decimal comma or points between thousands
 };
 
 } // namespace kxpanel

@@ -13,9 +13,12 @@ private slots:
     void numbers();
     void cellsAreThoseAtTheirPlace();
     void aTableWithSpansSaysNothing();
-    void textsWithCommasAreNoneOfOurs();
+    void textsThatSomebodyTypedAreNoneOfOurs_data();
+    void textsThatSomebodyTypedAreNoneOfOurs();
     void textsWithAZeroAtTheEndAreNoneOfOurs();
     void manyCellsAreRead();
+    void muchThatIsNoTableIsRead_data();
+    void muchThatIsNoTableIsRead();
     void isAskedForOnce();
 };
 
@@ -84,16 +87,27 @@ void CellNotesTest::aTableWithSpansSaysNothing()
     QVERIFY(!notes.numberIn(0, {"Tank", "1.234", "1.234"}, 1));
 }
 
-/// Somebody has typed into them, and may have typed thousands, too.
-void CellNotesTest::textsWithCommasAreNoneOfOurs()
+void CellNotesTest::textsThatSomebodyTypedAreNoneOfOurs_data()
 {
-    CellNotes notes([] {
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("a decimal comma") << "12,5";
+    QTest::newRow("one behind thousands") << "1.250,5";
+    QTest::newRow("one behind millions") << "-1.250.000,5";
+    QTest::newRow("millions") << "1.250.000";
+}
+
+/// Somebody has typed into them, and may have typed thousands, too.
+void CellNotesTest::textsThatSomebodyTypedAreNoneOfOurs()
+{
+    QFETCH(QString, typed);
+    CellNotes notes([typed] {
         return QStringLiteral("<tr><td sdnum=\"1031;0;@\">1.234</td>"
-                              "<td sdnum=\"1031;0;@\">12,5</td>"
-                              "<td sdval=\"1234\" sdnum=\"1031;0;#.##0\">1.234</td></tr>");
+                              "<td sdnum=\"1031;0;@\">%1</td>"
+                              "<td sdval=\"1234\" sdnum=\"1031;0;#.##0\">1.234</td></tr>")
+            .arg(typed);
     });
-    QVERIFY(!notes.numberIn(0, {"1.234", "12,5", "1.234"}, 0));
-    QCOMPARE(notes.numberIn(0, {"1.234", "12,5", "1.234"}, 2), QString("1234"));
+    QVERIFY(!notes.numberIn(0, {"1.234", typed, "1.234"}, 0));
+    QCOMPARE(notes.numberIn(0, {"1.234", typed, "1.234"}, 2), QString("1234"));
 }
 
 /// No number of kxpanel's ends with one behind the point, so somebody typed it.
@@ -116,6 +130,25 @@ void CellNotesTest::manyCellsAreRead()
     const QString cells = QStringLiteral("<tr><td sdval=\"1234\">1.234").repeated(100000);
     CellNotes notes([cells] { return cells; });
     QCOMPARE(notes.numberIn(99999, {"1.234"}, 0), QString("1234"));
+}
+
+void CellNotesTest::muchThatIsNoTableIsRead_data()
+{
+    QTest::addColumn<QString>("piece");
+    QTest::newRow("cells that are not closed") << "<td ";
+    QTest::newRow("cells in quotes") << "<td \"<td\" ";
+    QTest::newRow("cells with a quote") << "<td \"";
+    QTest::newRow("elements that are not closed") << "<b ";
+}
+
+/// Each would look for its end to the end of all.
+void CellNotesTest::muchThatIsNoTableIsRead()
+{
+    QFETCH(QString, piece);
+    const QString markup =
+        "<tr><td sdval=\"1234\">1.234</td></tr><tr><td>" + piece.repeated(1000000);
+    CellNotes notes([markup] { return markup; });
+    QCOMPARE(notes.numberIn(0, {"1.234"}, 0), QString("1234"));
 }
 
 /// Of many rows it is long, and comes from another program.
