@@ -359,8 +359,10 @@ void LinesTest::serialThatIsNotThere()
 // The name is locked before the port is looked for.
 void LinesTest::serialThatIsNotThereAndTriedByAnother()
 {
-    const QString name = QString::fromLatin1("/dev/kx-tried-port");
-    QLockFile lock(QStringLiteral("/var/lock/LCK..kx-tried-port"));
+    // Of this test alone: others may run beside it.
+    const QString port = QStringLiteral("kx-tried-port-%1").arg(QCoreApplication::applicationPid());
+    const QString name = QLatin1String("/dev/") + port;
+    QLockFile lock(QLatin1String("/var/lock/LCK..") + port);
     QVERIFY(lock.tryLock());
     SerialLine line(name, LineTiming(), QSerialPort::NoParity);
     Listener listener(&line);
