@@ -137,7 +137,6 @@ void ValueWriterTest::aWriteIsConfirmed()
     QCOMPARE(ended.size(), 1);
 }
 
-/// Else a system's clock that was set forward would hide all that is read after a write.
 void ValueWriterTest::aWriteIsToldAsItWillBeRead_data()
 {
     QTest::addColumn<int>("number");
@@ -163,6 +162,7 @@ void ValueWriterTest::aWriteIsToldAsItWillBeRead()
     QTEST(m_writer->writeOf(number)->text, "text");
 }
 
+/// Else a system's clock that was set forward would hide all that is read after a write.
 void ValueWriterTest::aWriteEndsByTheClockOfTheLine()
 {
     m_writer->setClock([]() { return qint64(4000); });
