@@ -3,7 +3,32 @@
 #include <QtCore/QDateTime>
 #include <QtTest/QTest>
 
+#include <ctime>
+
 using kxpanel::TrendView;
+
+namespace
+{
+
+/// Local time elsewhere, while it is there.
+class ZoneOf
+{
+public:
+    explicit ZoneOf(const QByteArray& zone) : m_usual(qgetenv("TZ")) { take(zone); }
+    ~ZoneOf() { take(m_usual); }
+    Q_DISABLE_COPY(ZoneOf)
+
+private:
+    static void take(const QByteArray& zone)
+    {
+        qputenv("TZ", zone);
+        tzset();
+    }
+
+    QByteArray m_usual;
+};
+
+} // namespace
 
 class TrendTextTest : public QObject
 {
@@ -89,6 +114,41 @@ private slots:
         const QDateTime forward(QDate(2026, 3, 29), QTime(1, 0), Qt::UTC);
         for (const int minutes : {-90, -1, 0, 1, 90})
             QCOMPARE(kxpanel::offsetText(forward.addSecs(60 * minutes).toLocalTime()), QString());
+    }
+
+    void timesThatAreThereTwiceElsewhere_data()
+    {
+        QTest::addColumn<QByteArray>("zone");
+        QTest::addColumn<QDateTime>("back"); // in UTC
+        QTest::addColumn<int>("doubled");    // minutes
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("behind");
+        QTest::newRow("set by half an hour")
+            << QByteArray("LHST-10:30LHDT-11,M10.1.0,M4.1.0")
+            << QDateTime(QDate(2026, 4, 4), QTime(15, 0), Qt::UTC) << 30 << "UTC+11"
+            << "UTC+10:30";
+        QTest::newRow("west, with half an hour")
+            << QByteArray("NST3:30NDT,M3.2.0,M11.1.0")
+            << QDateTime(QDate(2026, 11, 1), QTime(4, 30), Qt::UTC) << 60 << "UTC-2:30"
+            << "UTC-3:30";
+    }
+
+    void timesThatAreThereTwiceElsewhere()
+    {
+        QFETCH(QByteArray, zone);
+        QFETCH(QDateTime, back);
+        QFETCH(int, doubled);
+        const ZoneOf place(zone);
+        const auto offsetAt = [back](int minutes) {
+            return kxpanel::offsetText(
+                QDateTime::fromMSecsSinceEpoch(back.toMSecsSinceEpoch() + 60000 * minutes));
+        };
+        QCOMPARE(offsetAt(-doubled - 1), QString());
+        QTEST(offsetAt(-doubled), "before");
+        QTEST(offsetAt(-1), "before");
+        QTEST(offsetAt(0), "behind");
+        QTEST(offsetAt(doubled - 1), "behind");
+        QCOMPARE(offsetAt(doubled), QString());
     }
 };
 
