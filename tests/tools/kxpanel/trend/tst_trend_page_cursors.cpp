@@ -15,6 +15,10 @@ class TrendPageCursorsTest : public QObject
 {
     Q_OBJECT
 
+public:
+    /// Where no time is there twice, which would be shown with its offset.
+    static void initMain() { qputenv("TZ", "UTC"); }
+
 private slots:
     void cursorsByKeyAndMouse();
     void cursorsStayWhereTheyAreSeen();
