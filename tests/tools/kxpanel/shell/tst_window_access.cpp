@@ -3,10 +3,8 @@
 #include "kxpanel/connect/connection_bar.h"
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/shell/main_window.h"
-#ifdef KX_HAS_PLOTS
-#include "kxpanel/trend/trend_page.h"
-#endif
 #include "kxpanel/translations/translations.h"
+#include "tools/kxpanel/shell/all_pages.h"
 
 #include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
 #include <QtCore/QSettings>
@@ -104,16 +102,6 @@ QStringList markedTexts(const QWidget* part)
             texts << button->text();
     }
     return texts;
-}
-
-/// As the program has them, as far as they can be built.
-std::vector<PageMaker> allPages()
-{
-    std::vector<PageMaker> pages = pageMakers();
-#ifdef KX_HAS_PLOTS
-    pages.insert(pages.begin() + 1, makerOf<TrendPage>());
-#endif
-    return pages;
 }
 
 QString nameOf(QWidget* control)

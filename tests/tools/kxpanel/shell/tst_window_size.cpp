@@ -4,10 +4,8 @@
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/shell/main_window.h"
 #include "kxpanel/shell/message_bar.h"
-#ifdef KX_HAS_PLOTS
-#include "kxpanel/trend/trend_page.h"
-#endif
 #include "kxpanel/translations/translations.h"
+#include "tools/kxpanel/shell/all_pages.h"
 
 #include <QAction> // of QtWidgets in Qt 5, of QtGui in Qt 6
 #include <QtCore/QSettings>
@@ -24,16 +22,6 @@ namespace
 {
 
 const QSize SMALL(800, 480); // pixels
-
-/// As the program has them, as far as they can be built.
-std::vector<PageMaker> allPages()
-{
-    std::vector<PageMaker> pages = pageMakers();
-#ifdef KX_HAS_PLOTS
-    pages.insert(pages.begin() + 1, makerOf<TrendPage>());
-#endif
-    return pages;
-}
 
 kx::ConnectionOptions lineOf(const QString& kind)
 {

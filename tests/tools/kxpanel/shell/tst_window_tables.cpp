@@ -5,9 +5,7 @@
 #include "kxpanel/machine/machine.h"
 #include "kxpanel/recipes/recipes_page.h"
 #include "kxpanel/shell/main_window.h"
-#ifdef KX_HAS_PLOTS
-#include "kxpanel/trend/trend_page.h"
-#endif
+#include "tools/kxpanel/shell/all_pages.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QSettings>
@@ -17,21 +15,6 @@
 #include <QtWidgets/QTableView>
 
 using namespace kxpanel;
-
-namespace
-{
-
-/// As the program has them, as far as they can be built.
-std::vector<PageMaker> allPages()
-{
-    std::vector<PageMaker> pages = pageMakers();
-#ifdef KX_HAS_PLOTS
-    pages.insert(pages.begin() + 1, makerOf<TrendPage>());
-#endif
-    return pages;
-}
-
-} // namespace
 
 class WindowTablesTest : public QObject
 {
