@@ -15,6 +15,12 @@ PageScroll::PageScroll(QWidget* page, QWidget* parent) : QScrollArea(parent)
     connect(qApp, &QApplication::focusChanged, this, &PageScroll::showFocus);
 }
 
+/// What has the keyboard loses it when QWidget's destructor hides it.
+PageScroll::~PageScroll()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void PageScroll::fit()
 {
     const QSize least = widget()->minimumSizeHint();

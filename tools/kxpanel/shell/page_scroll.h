@@ -16,6 +16,7 @@ class PageScroll : public QScrollArea
 public:
     /// @param page the area's from now on
     explicit PageScroll(QWidget* page, QWidget* parent = nullptr);
+    ~PageScroll() override;
 
 private:
     // Not setWidgetResizable(): of a page with text that wraps it takes the height that the page

@@ -20,6 +20,7 @@ TrendExport exportTo(const QString& path, int rows)
     TrendExport recording;
     recording.path = path;
     recording.tags << kx::RecordedTag{QStringLiteral("Level"), 1, QStringLiteral("D1"), QString()};
+    recording.places << 0;
     for (int row = 0; row < rows; ++row)
         recording.rows << kxpanel::TrendRow{{TEN + row, static_cast<double>(row)}, 0};
     return recording;
