@@ -71,7 +71,6 @@ void TrendPage::build()
     parts->setStretchFactor(0, 1);
     parts->setCollapsible(0, false);
     QVBoxLayout* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(makeTrendBar(windowTitle(), m_actions, m_spans));
     rows->addWidget(parts, 1);
     QHBoxLayout* foot = new QHBoxLayout;
