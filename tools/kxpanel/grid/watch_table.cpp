@@ -77,14 +77,23 @@ void WatchTable::resizeEvent(QResizeEvent* event)
 {
     const int offset = verticalOffset();
     QTableView::resizeEvent(event);
+    if (isVisible() && verticalOffset() != offset)
+        m_movedAt = m_now();
+    noteTop();
+}
+
+/// Where the page is no smaller for what came above it, nothing tells the table that it moved.
+void WatchTable::noteTop()
+{
     const int top = viewport()->mapTo(window(), QPoint()).y();
-    if (isVisible() && (top != m_top || verticalOffset() != offset))
+    if (isVisible() && top != m_top)
         m_movedAt = m_now();
     m_top = top;
 }
 
-bool WatchTable::hasJustMoved() const
+bool WatchTable::hasJustMoved()
 {
+    noteTop();
     return m_movedAt >= 0 && m_now() - m_movedAt < AIM_TIME;
 }
 
@@ -167,6 +176,7 @@ QMimeData* WatchTable::selectedData() const
 
 void WatchTable::refreshVisible()
 {
+    noteTop();
     const int first = rowAt(0);
     if (first < 0)
         return;

@@ -39,7 +39,7 @@ public:
 
     /// Whether rows have moved so shortly before that nobody can have aimed at where they are now:
     /// by a filter, or by something that came above them.
-    bool hasJustMoved() const;
+    bool hasJustMoved();
     /// By which rows move: milliseconds that only rise. Else the system's.
     void setClock(const std::function<qint64()>& milliseconds) { m_now = milliseconds; }
 
@@ -73,6 +73,8 @@ private:
     QList<Cell> cellsOfRow(int row) const;
     void keepSelection();
     void restoreSelection();
+
+    void noteTop();
 
     WatchModel* m_model;
     WatchFilter* m_filter;

@@ -5,6 +5,7 @@
 #include "kxpanel/grid/model/watch_filter.h"
 #include "tools/kxpanel/grid/watch_page_fixture.h"
 
+#include <QtCore/QScopeGuard>
 #include <QtWidgets/QLayout>
 #include <QtWidgets/QPlainTextEdit>
 
@@ -25,6 +26,7 @@ private slots:
     void clicksOnTheSwitchAlone();
     void rowsThatHaveJustMovedAreNotSwitched_data();
     void rowsThatHaveJustMovedAreNotSwitched();
+    void rowsThatMovedWithThePageAreNotSwitched();
     void whatIsNotKnownIsNotSwitched();
     void whatCanOnlyBeReadSaysWhy();
     void severalAskFirst();
@@ -35,7 +37,20 @@ private slots:
     void editsOfTheListAndEscapeCallAQuestionOff();
     void aControllerConfirmsAWrite();
     void aWriteWithoutAReplyMayBeDone();
+
+private:
+    /// Its switch, by the mouse.
+    void pressPump();
 };
+
+void WatchPageWritesTest::pressPump()
+{
+    QStyleOptionViewItem option;
+    option.rect = m_table->visualRect(m_table->cellOf(3));
+    option.fontMetrics = m_table->fontMetrics();
+    QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      switchRect(option).center());
+}
 
 void WatchPageWritesTest::enterWritesAndSaysWhyNot()
 {
@@ -157,16 +172,34 @@ void WatchPageWritesTest::rowsThatHaveJustMovedAreNotSwitched()
     m_page->QWidget::layout()->setContentsMargins(margins);
     QTRY_COMPARE(m_table->height(), height - above - below);
     m_now += ago;
-    QStyleOptionViewItem option;
-    option.rect = m_table->visualRect(m_table->cellOf(3));
-    option.fontMetrics = m_table->fontMetrics();
-    QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      switchRect(option).center());
+    pressPump();
     QTRY_VERIFY(!message().isEmpty());
     QTEST(static_cast<int>(m_ended->size()), "writes");
     QCOMPARE(message().endsWith(QLatin1String("The rows have just moved; press the switch again")),
              m_ended->isEmpty());
-    QCOMPARE(m_table->hasJustMoved(), m_ended->isEmpty()); // a message moves nothing
+    const bool hasMoved = m_table->hasJustMoved();
+    QCOMPARE(hasMoved, m_ended->isEmpty()); // a message moves nothing
+}
+
+// On a small screen the page is as small as it can be: what comes above it makes it no smaller.
+void WatchPageWritesTest::rowsThatMovedWithThePageAreNotSwitched()
+{
+    read(3, {0});
+    QWidget window;
+    m_page->setParent(&window);
+    const auto takeBack = qScopeGuard([this] { m_page->setParent(nullptr); });
+    window.resize(m_page->width(), m_page->height() + 60);
+    window.show();
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    m_now += 1000;
+    m_page->move(0, 60);
+    pressPump();
+    QCoreApplication::processEvents();
+    QCOMPARE(m_ended->size(), 0);
+    m_now += 500;
+    pressPump();
+    QTRY_COMPARE(m_ended->size(), 1);
 }
 
 void WatchPageWritesTest::whatIsNotKnownIsNotSwitched()
