@@ -325,7 +325,7 @@
     </message>
     <message>
         <source>the point in %1 may stand for thousands; write %2 or %3 in the spreadsheet</source>
-        <translation>der Punkt in %1 kann Tausender trennen; in der Tabelle %2 oder %3 schreiben</translation>
+        <translation>der Punkt in %1 kann Tausender trennen; in der Tabellenkalkulation %2 oder %3 schreiben</translation>
     </message>
     <message>
         <source>row %1: a quote is not closed</source>
