@@ -67,7 +67,7 @@ void WatchPage::switchSelected()
 
 void WatchPage::switchClicked(const QModelIndex& index)
 {
-    if (m_table->hasJustMoved())
+    if (m_table->hasJustMoved(index))
         say(tr("The rows have just moved; press the switch again"), true);
     else
         switchBit(index);

@@ -52,7 +52,8 @@ WatchTable::WatchTable(WatchModel* model, WatchFilter* filter, QWidget* parent)
     makeColumnActions();
     connect(filter, &WatchFilter::rowsAboutToChange, this, &WatchTable::keepSelection);
     connect(filter, &WatchFilter::rowsChanged, this, &WatchTable::restoreSelection);
-    connect(filter, &WatchFilter::rowsChanged, this, [this] { m_movedAt = m_now(); });
+    connect(filter, &WatchFilter::rowsAboutToChange, this, &WatchTable::keepPlaces);
+    connect(filter, &WatchFilter::rowsChanged, this, &WatchTable::noteRows);
     connect(header, &QHeaderView::sectionResized, this, &WatchTable::layoutChanged);
     connect(header, &QHeaderView::sectionMoved, this, &WatchTable::layoutChanged);
     connect(header, &QHeaderView::sortIndicatorChanged, this, &WatchTable::layoutChanged);
@@ -91,10 +92,49 @@ void WatchTable::noteTop()
     m_top = top;
 }
 
-bool WatchTable::hasJustMoved()
+/// Pixels from the top by the numbers of the rows that are seen.
+QHash<int, int> WatchTable::placesSeen() const
+{
+    QHash<int, int> places;
+    const int first = rowAt(0);
+    for (int row = qMax(first, 0); first >= 0 && row < m_filter->rowCount(); ++row) {
+        const int place = rowViewportPosition(row);
+        if (place >= viewport()->height())
+            break;
+        places.insert(m_filter->index(row, 0).data(WatchModel::NumberRole).toInt(), place);
+    }
+    return places;
+}
+
+void WatchTable::keepPlaces()
+{
+    m_places = placesSeen();
+}
+
+/// Where rows come and go all the time, those that stay in their place can be switched.
+void WatchTable::noteRows()
+{
+    executeDelayedItemsLayout();
+    const qint64 now = m_now();
+    QHash<int, qint64> moved;
+    const QHash<int, int> places = placesSeen();
+    for (auto place = places.cbegin(); place != places.cend(); ++place) {
+        const qint64 before = m_rowMovedAt.value(place.key(), -1);
+        const auto kept = m_places.constFind(place.key());
+        if (kept == m_places.cend() || *kept != place.value())
+            moved.insert(place.key(), now);
+        else if (before >= 0 && now - before < AIM_TIME)
+            moved.insert(place.key(), before);
+    }
+    m_rowMovedAt = moved;
+}
+
+bool WatchTable::hasJustMoved(const QModelIndex& cell)
 {
     noteTop();
-    return m_movedAt >= 0 && m_now() - m_movedAt < AIM_TIME;
+    const int number = cell.data(WatchModel::NumberRole).toInt();
+    const qint64 movedAt = qMax(m_movedAt, m_rowMovedAt.value(number, -1));
+    return movedAt >= 0 && m_now() - movedAt < AIM_TIME;
 }
 
 /// Takes names along: a picture of whole rows hides where it goes. Nothing is taken away here; a

@@ -3,6 +3,7 @@
 
 #include "kxpanel/tags/cell_markup.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
 #include <QtWidgets/QTableView>
@@ -37,9 +38,9 @@ public:
     /// What is shown of the selected rows, for a spreadsheet, as text and as HTML. The caller's.
     QMimeData* selectedData() const;
 
-    /// Whether rows have moved so shortly before that nobody can have aimed at where they are now:
-    /// by a filter, or by something that came above them.
-    bool hasJustMoved();
+    /// Whether the cell's row has moved so shortly before that nobody can have aimed at where it is
+    /// now: by a filter, or by something that came above it.
+    bool hasJustMoved(const QModelIndex& cell);
     /// By which rows move: milliseconds that only rise. Else the system's.
     void setClock(const std::function<qint64()>& milliseconds) { m_now = milliseconds; }
 
@@ -75,15 +76,20 @@ private:
     void restoreSelection();
 
     void noteTop();
+    QHash<int, int> placesSeen() const;
+    void keepPlaces();
+    void noteRows();
 
     WatchModel* m_model;
     WatchFilter* m_filter;
     QList<QAction*> m_columnActions;
     QList<int> m_kept; ///< numbers that are selected while rows come and go
     std::function<qint64()> m_now;
-    qint64 m_movedAt = -1; ///< by the clock; -1: never
-    int m_top = 0;         ///< of the rows' room, in the window
-    QJsonObject m_layout;  ///< as the project had it, with members of others
+    qint64 m_movedAt = -1;           ///< all rows, by the clock; -1: never
+    QHash<int, qint64> m_rowMovedAt; ///< those of lately alone, by number
+    QHash<int, int> m_places;        ///< placesSeen() before rows come and go
+    int m_top = 0;                   ///< of the rows' room, in the window
+    QJsonObject m_layout;            ///< as the project had it, with members of others
 };
 
 } // namespace kxpanel

@@ -153,6 +153,7 @@ void WatchPageWritesTest::rowsThatHaveJustMovedAreNotSwitched_data()
     QTest::newRow("rows above went") << "Pump" << 0 << 0 << 499 << 0;
     QTest::newRow("something came above") << "" << 60 << 0 << 499 << 0;
     QTest::newRow("something came below") << "" << 0 << 60 << 0 << 1;
+    QTest::newRow("rows below went") << "1" << 0 << 0 << 0 << 1;
     QTest::newRow("rows above went long ago") << "Pump" << 0 << 0 << 500 << 1;
     QTest::newRow("something came above long ago") << "" << 60 << 0 << 500 << 1;
 }
@@ -177,7 +178,7 @@ void WatchPageWritesTest::rowsThatHaveJustMovedAreNotSwitched()
     QTEST(static_cast<int>(m_ended->size()), "writes");
     QCOMPARE(message().endsWith(QLatin1String("The rows have just moved; press the switch again")),
              m_ended->isEmpty());
-    const bool hasMoved = m_table->hasJustMoved();
+    const bool hasMoved = m_table->hasJustMoved(m_table->cellOf(3));
     QCOMPARE(hasMoved, m_ended->isEmpty()); // a message moves nothing
 }
 
