@@ -27,7 +27,7 @@ struct KXRUNTIME_EXPORT CycleCost {
     int requests = 0;
     qint64 bytesSent = 0;
     qint64 bytesExpected = 0;
-    qint64 busy = 0;     ///< microseconds in which characters occupy the line
+    qint64 busy = 0; ///< microseconds in which characters occupy the line
     /// Microseconds that its requests take, with replies and pauses; in what is left of the
     /// duration nothing is due.
     qint64 needed = 0;
