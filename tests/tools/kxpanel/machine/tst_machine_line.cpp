@@ -4,7 +4,6 @@
 #include "tools/kxsim/kxsim_process.h"
 
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
@@ -113,8 +112,8 @@ void MachineLineTest::whoHasThePortIsNamed()
     QProcess other;
     other.start("sh", {"-c", "exec 3<>" + port + "; echo open; exec sleep 60"});
     QVERIFY(other.waitForReadyRead());
-    const QFileInfo program(QStringLiteral("/proc/%1/exe").arg(other.processId()));
-    QTRY_COMPARE(QFileInfo(program.symLinkTarget()).fileName(), QString("sleep")); // no more sh
+    const QString program = QStringLiteral("/proc/%1/exe").arg(other.processId());
+    QTRY_VERIFY(QFile::symLinkTarget(program).endsWith("/sleep")); // no more sh
     QFile lock("/var/lock/LCK.." + QString(port).mid(5).replace('/', '_'));
     QVERIFY(lock.open(QIODevice::WriteOnly)); // as of a program that takes its turn
     lock.write(QByteArray::number(other.processId()) + "\nsleep\n");
