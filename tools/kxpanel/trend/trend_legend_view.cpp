@@ -6,6 +6,7 @@
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyledItemDelegate>
 
 namespace kxpanel
@@ -67,7 +68,8 @@ QSize TrendLegendView::sizeHint() const
 {
     const int rows = 5;
     const int height = horizontalHeader()->sizeHint().height()
-                       + rows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
+                       + rows * verticalHeader()->defaultSectionSize() + 2 * frameWidth()
+                       + horizontalScrollBar()->sizeHint().height(); // in a narrow window
     return QSize(QTableView::sizeHint().width(), height);
 }
 
